@@ -1,0 +1,41 @@
+# Compiler settings shared by every target of the project.
+
+# Assertions stay on in every build type, so no NDEBUG anywhere.
+set(CMAKE_CXX_FLAGS_RELEASE "-O2 -g1")
+set(CMAKE_CXX_FLAGS_DEBUG "-O0 -g")
+if(NOT CMAKE_BUILD_TYPE)
+  set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
+endif()
+
+add_library(tarka_options INTERFACE)
+target_compile_options(tarka_options INTERFACE
+  -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
+  -fno-semantic-interposition)
+if(TARKA_SANITIZE)
+  target_compile_options(tarka_options INTERFACE
+    -fsanitize=${TARKA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+  target_link_options(tarka_options INTERFACE -fsanitize=${TARKA_SANITIZE})
+endif()
+
+find_program(CCACHE_PROGRAM ccache)
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+  set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
+endif()
+
+# tarka_add_library(<target> <export name> <sources> [<libraries>...])
+# One shared library of the project, usable from the build tree and from an installed copy.
+function(tarka_add_library target export_name sources)
+  add_library(${target} SHARED ${sources})
+  add_library(Tarka::${export_name} ALIAS ${target})
+  set_target_properties(${target} PROPERTIES
+    EXPORT_NAME ${export_name}
+    VERSION ${PROJECT_VERSION}
+    SOVERSION ${PROJECT_VERSION_MAJOR})
+  target_include_directories(${target} PUBLIC
+    $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
+    $<INSTALL_INTERFACE:include>)
+  target_compile_features(${target} PUBLIC cxx_std_20)
+  target_link_libraries(${target}
+    PUBLIC ${ARGN} $<BUILD_INTERFACE:tarka_llvm_headers>
+    PRIVATE $<BUILD_INTERFACE:tarka_options>)
+endfunction()

@@ -1,0 +1,55 @@
+//===- Names.h - user words and qualified names -----------------*- C++ -*-===//
+//
+// A user word as the programmer wrote it, and a word with its OF/IN qualifiers.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_NAMES_H
+#define TARKA_AST_NAMES_H
+
+#include "AST/Node.h"
+
+namespace tarka {
+
+/// One user word. User words compare in upper case: the parser folds them once and keeps the
+/// spelling of the source as the second text.
+class Word : public Node {
+public:
+  /// \p second is the spelling as written; it is empty for words that the compiler makes.
+  Word(const Node *at, llvm::StringRef text, llvm::StringRef second)
+      : Node(at), data(&internString(text)), spelling(&internString(second)) {}
+  /// The same for texts that are interned already, see internString().
+  Word(const SourceRange &where, const std::string *text, const std::string *second)
+      : Node(where), data(text), spelling(second) {}
+
+  /// The text of the word, in upper case when it is a user word.
+  const std::string &getWordData() const { return *data; }
+  /// The spelling as written; empty when the compiler made the word.
+  const std::string &getSpelling() const { return *spelling; }
+  /// What to show to a person: the spelling, or the text where there is none.
+  const std::string &getDisplayName() const { return spelling->empty() ? *data : *spelling; }
+
+private:
+  const std::string *data;
+  const std::string *spelling;
+};
+
+/// A word with its qualifiers, in the order written: the name itself first, then the qualifiers,
+/// nearest first.
+class QualifiedWord : public Node {
+public:
+  explicit QualifiedWord(const Node *at) : Node(at) {}
+  /// Takes over the words of \p words, which may be null.
+  QualifiedWord(const Node *at, std::list<Word *> *words) : Node(at) {
+    if (words)
+      names.splice(names.end(), *words);
+  }
+
+  void addNames(Word *word) { names.push_back(word); }
+
+  TARKA_LIST(Word, names, Names);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_NAMES_H
