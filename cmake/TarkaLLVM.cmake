@@ -1,14 +1,27 @@
-# LLVM, and how it is linked.
+# LLVM, and how it is linked: the one definition of the target Tarka::LLVM, used by the build and, in
+# an installed copy, by TarkaConfig.cmake.
 #
 # No Tarka library contains LLVM code: the shared libraries leave LLVM's symbols undefined, and the
-# program that is linked in the end brings the one copy. `tarka` takes it from the static component
-# archives (only the objects it needs, so that it starts fast and stays small); a program that uses
-# LLVM itself takes whichever copy it already has.
-find_package(LLVM 19 REQUIRED CONFIG)
+# program that is linked in the end brings the one copy. By default it takes that copy from the
+# static component archives: the linker pulls in the objects that something refers to, those that
+# the shared libraries need included, and exports them to the libraries. With
+# `set(Tarka_LLVM SHARED)` before find_package(Tarka) the copy is libLLVM.so: the right choice for a
+# program that links it anyway, and for a plugin whose host program is linked without CMake.
+find_package(LLVM 19.1 REQUIRED CONFIG)
 
-add_library(tarka_llvm_headers INTERFACE)
-target_include_directories(tarka_llvm_headers SYSTEM INTERFACE ${LLVM_INCLUDE_DIRS})
-separate_arguments(TARKA_LLVM_DEFINITIONS NATIVE_COMMAND "${LLVM_DEFINITIONS}")
-target_compile_definitions(tarka_llvm_headers INTERFACE ${TARKA_LLVM_DEFINITIONS})
+add_library(Tarka::LLVM INTERFACE IMPORTED)
+separate_arguments(_tarka_llvm_definitions NATIVE_COMMAND "${LLVM_DEFINITIONS}")
+set_target_properties(Tarka::LLVM PROPERTIES
+  INTERFACE_INCLUDE_DIRECTORIES "${LLVM_INCLUDE_DIRS}"
+  INTERFACE_COMPILE_OPTIONS "${_tarka_llvm_definitions}"
+  # The archives name libraries (Z3 among them) that only objects nobody asks for would use.
+  INTERFACE_LINK_OPTIONS "LINKER:--as-needed")
+unset(_tarka_llvm_definitions)
 
-llvm_map_components_to_libnames(TARKA_LLVM_LIBS support core)
+if(Tarka_LLVM STREQUAL "SHARED")
+  set_target_properties(Tarka::LLVM PROPERTIES INTERFACE_LINK_LIBRARIES LLVM)
+else()
+  # Programs get the archives; libraries stay without, or there would be several copies.
+  set_target_properties(Tarka::LLVM PROPERTIES INTERFACE_LINK_LIBRARIES
+    "$<$<STREQUAL:$<TARGET_PROPERTY:TYPE>,EXECUTABLE>:LLVMCore;LLVMSupport>")
+endif()

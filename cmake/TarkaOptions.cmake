@@ -25,6 +25,13 @@ endif()
 # tarka_add_library(<target> <export name> <sources> [<libraries>...])
 # One shared library of the project, usable from the build tree and from an installed copy.
 function(tarka_add_library target export_name sources)
+  if(NOT sources)
+    # A folder that has no sources stands for a library without code.
+    add_library(${target} INTERFACE)
+    add_library(Tarka::${export_name} ALIAS ${target})
+    target_link_libraries(${target} INTERFACE ${ARGN})
+    return()
+  endif()
   add_library(${target} SHARED ${sources})
   add_library(Tarka::${export_name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES
@@ -33,9 +40,9 @@ function(tarka_add_library target export_name sources)
     SOVERSION ${PROJECT_VERSION_MAJOR})
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
-    $<INSTALL_INTERFACE:include>)
+    $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tarka>)
   target_compile_features(${target} PUBLIC cxx_std_20)
   target_link_libraries(${target}
-    PUBLIC ${ARGN} $<BUILD_INTERFACE:tarka_llvm_headers>
+    PUBLIC ${ARGN} Tarka::LLVM
     PRIVATE $<BUILD_INTERFACE:tarka_options>)
 endfunction()
