@@ -78,24 +78,91 @@ private:
   SourceRange range;
 };
 
+/// What a constructor does with a list that it is given: takes the elements over, so that the list
+/// is empty afterwards. \p given may be null, which stands for an empty list.
+template <typename Element> std::list<Element> takeOver(std::list<Element> *given) {
+  std::list<Element> elements;
+  if (given)
+    elements.swap(*given);
+  return elements;
+}
+
+/// The list behind \p list; where there is none, an empty list that all such nodes share.
+template <typename Element> std::list<Element> &listOrEmpty(std::list<Element> *list) {
+  static std::list<Element> empty;
+  return list ? *list : empty;
+}
+
+/// A new empty list in the memory of the nodes.
+template <typename Element> std::list<Element> *makeList() {
+  return new (allocateForever(sizeof(std::list<Element>))) std::list<Element>;
+}
+
 /// Declares the accessors of a list of pointers that the class keeps in place:
-/// get<Name>Begin(), get<Name>End(), get<Name>Size(), get<Name>List() and add<Name>().
+/// get<Name>Begin(), get<Name>End(), get<Name>Size() and get<Name>Elements().
 #define TARKA_LIST(Type, member, Name)                                                             \
 public:                                                                                            \
-  std::list<Type *>::iterator get##Name##Begin() { return member.begin(); }                        \
-  std::list<Type *>::iterator get##Name##End() { return member.end(); }                            \
-  std::size_t get##Name##Size() const { return member.size(); }                                    \
-  std::list<Type *> &get##Name##Elements() { return member; }                                      \
-  const std::list<Type *> &get##Name##Elements() const { return member; }                          \
+  std::list<Type *>::iterator get##Name##Begin() {                                                 \
+    return member.begin();                                                                         \
+  }                                                                                                \
+  std::list<Type *>::iterator get##Name##End() {                                                   \
+    return member.end();                                                                           \
+  }                                                                                                \
+  std::size_t get##Name##Size() const {                                                            \
+    return member.size();                                                                          \
+  }                                                                                                \
+  std::list<Type *> &get##Name##Elements() {                                                       \
+    return member;                                                                                 \
+  }                                                                                                \
+  const std::list<Type *> &get##Name##Elements() const {                                           \
+    return member;                                                                                 \
+  }                                                                                                \
                                                                                                    \
 private:                                                                                           \
   std::list<Type *> member
 
+/// The same with add<Item>(), which appends one element.
+#define TARKA_LIST_ADD(Type, member, Name, Item)                                                   \
+public:                                                                                            \
+  void add##Item(Type *item) {                                                                     \
+    member.push_back(item);                                                                        \
+  }                                                                                                \
+  TARKA_LIST(Type, member, Name)
+
+/// The same for a list that most nodes of the class leave empty: it costs a pointer until the first
+/// element is added. A list that a constructor is given is kept, not taken over.
+#define TARKA_LAZY_LIST(Type, member, Name, Item)                                                  \
+public:                                                                                            \
+  std::list<Type *>::iterator get##Name##Begin() {                                                 \
+    return listOrEmpty(member).begin();                                                            \
+  }                                                                                                \
+  std::list<Type *>::iterator get##Name##End() {                                                   \
+    return listOrEmpty(member).end();                                                              \
+  }                                                                                                \
+  std::size_t get##Name##Size() const {                                                            \
+    return listOrEmpty(member).size();                                                             \
+  }                                                                                                \
+  const std::list<Type *> &get##Name##Elements() const {                                           \
+    return listOrEmpty(member);                                                                    \
+  }                                                                                                \
+  void add##Item(Type *item) {                                                                     \
+    if (!member)                                                                                   \
+      member = makeList<Type *>();                                                                 \
+    member->push_back(item);                                                                       \
+  }                                                                                                \
+                                                                                                   \
+private:                                                                                           \
+  std::list<Type *> *member = nullptr
+
 /// Declares get<Name>() and set<Name>() of one member with its initial value.
 #define TARKA_FIELD(Type, member, Name, initial)                                                   \
 public:                                                                                            \
-  std::type_identity_t<Type> get##Name() const { return member; }                                  \
-  void set##Name(Type value) { member = value; }                                                   \
+  std::type_identity_t<Type> get##Name() const {                                                   \
+    return member;                                                                                 \
+  }                                                                                                \
+  void set##Name(Type value) {                                                                     \
+    member = value;                                                                                \
+  }                                                                                                \
                                                                                                    \
 private:                                                                                           \
   Type member = initial
@@ -103,8 +170,12 @@ private:                                                                        
 /// Declares is<Name>() and setIs<Name>() of one flag.
 #define TARKA_FLAG(member, Name, initial)                                                          \
 public:                                                                                            \
-  bool is##Name() const { return member; }                                                         \
-  void setIs##Name(bool value) { member = value; }                                                 \
+  bool is##Name() const {                                                                          \
+    return member;                                                                                 \
+  }                                                                                                \
+  void setIs##Name(bool value) {                                                                   \
+    member = value;                                                                                \
+  }                                                                                                \
                                                                                                    \
 private:                                                                                           \
   bool member = initial
