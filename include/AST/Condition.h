@@ -112,7 +112,9 @@ public:
   ClauseClass *getClauseClass() const { return clauseClass; }
   void setClauseClass(ClauseClass *clause) { clauseClass = clause; }
 
-  static bool classof(const Condition *c) { return c->Condition::getType() == ConditionType::Class; }
+  static bool classof(const Condition *c) {
+    return c->Condition::getType() == ConditionType::Class;
+  }
 
 private:
   Expression *left;

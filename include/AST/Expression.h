@@ -178,8 +178,8 @@ class ArithmeticExpression : public Expression {
 public:
   /// \p second is null for a unary operator. \p parenthesised tells that the expression stands in
   /// parentheses of its own in the source.
-  ArithmeticExpression(const Node *at, ArithmeticExprType op, Expression *first,
-                       Expression *second, bool parenthesised)
+  ArithmeticExpression(const Node *at, ArithmeticExprType op, Expression *first, Expression *second,
+                       bool parenthesised)
       : Expression(at, ExpressionType::Arithmetic), operand1(first), operand2(second) {
     subtype = static_cast<std::uint8_t>(op);
     flag = parenthesised;

@@ -220,18 +220,18 @@ enum class IntrinsicType : std::uint8_t {
   Tan = 58,
   Variance = 59,
   YearToYyyy = 60,
-  HexToChar = 61,  ///< alphanumeric
-  BitOf = 62,      ///< alphanumeric
-  BitToChar = 63,  ///< alphanumeric
-  Uuid4 = 64,      ///< alphanumeric
-  LowerCase = 65,  ///< the category of its arguments
-  UpperCase = 66,  ///< the category of its arguments
-  Reverse = 67,    ///< the category of its arguments
-  Trim = 68,       ///< the category of its arguments
+  HexToChar = 61,   ///< alphanumeric
+  BitOf = 62,       ///< alphanumeric
+  BitToChar = 63,   ///< alphanumeric
+  Uuid4 = 64,       ///< alphanumeric
+  LowerCase = 65,   ///< the category of its arguments
+  UpperCase = 66,   ///< the category of its arguments
+  Reverse = 67,     ///< the category of its arguments
+  Trim = 68,        ///< the category of its arguments
   Concatenate = 69, ///< the category of its arguments
-  Substitute = 70, ///< the category of its arguments
-  Usubstr = 71,    ///< the category of its arguments
-  NationalOf = 72, ///< national
+  Substitute = 70,  ///< the category of its arguments
+  Usubstr = 71,     ///< the category of its arguments
+  NationalOf = 72,  ///< national
 };
 
 enum class ConditionType : std::uint8_t {
@@ -363,14 +363,14 @@ enum class ExceptionHandlerType : std::uint8_t {
 };
 
 enum class AcceptFromType : std::uint8_t {
-  None = 0,          ///< no FROM phrase
-  Device = 1,        ///< FROM a mnemonic name or an environment name
-  Date = 2,          ///< FROM DATE
-  DateYyyymmdd = 3,  ///< FROM DATE YYYYMMDD
-  Day = 4,           ///< FROM DAY
-  DayYyyyddd = 5,    ///< FROM DAY YYYYDDD
-  DayOfWeek = 6,     ///< FROM DAY-OF-WEEK
-  Time = 7,          ///< FROM TIME
+  None = 0,         ///< no FROM phrase
+  Device = 1,       ///< FROM a mnemonic name or an environment name
+  Date = 2,         ///< FROM DATE
+  DateYyyymmdd = 3, ///< FROM DATE YYYYMMDD
+  Day = 4,          ///< FROM DAY
+  DayYyyyddd = 5,   ///< FROM DAY YYYYDDD
+  DayOfWeek = 6,    ///< FROM DAY-OF-WEEK
+  Time = 7,         ///< FROM TIME
 };
 
 /// The formats of ADD and SUBTRACT.
@@ -397,8 +397,8 @@ enum class EvalObjectType : std::uint8_t {
   Condition = 2,
   True = 3,
   False = 4,
-  Expression = 5,    ///< [NOT] operand
-  Range = 6,         ///< [NOT] operand THROUGH operand
+  Expression = 5, ///< [NOT] operand
+  Range = 6,      ///< [NOT] operand THROUGH operand
 };
 enum class EvalWhenType : std::uint8_t { When = 1, Other = 2 };
 
@@ -460,11 +460,11 @@ enum class PerformTestType : std::uint8_t { Before = 1, After = 2 };
 enum class SearchType : std::uint8_t { Serial = 1, Binary = 2 };
 
 enum class SetItemType : std::uint8_t {
-  To = 1,         ///< SET ... TO value
-  UpBy = 2,       ///< SET ... UP BY
-  DownBy = 3,     ///< SET ... DOWN BY
-  Switch = 4,     ///< SET mnemonic-name TO ON or OFF
-  Condition = 5,  ///< SET condition-name TO TRUE or FALSE
+  To = 1,        ///< SET ... TO value
+  UpBy = 2,      ///< SET ... UP BY
+  DownBy = 3,    ///< SET ... DOWN BY
+  Switch = 4,    ///< SET mnemonic-name TO ON or OFF
+  Condition = 5, ///< SET condition-name TO TRUE or FALSE
 };
 enum class SetToValueType : std::uint8_t {
   Expression = 1,
@@ -485,9 +485,9 @@ enum class StopType : std::uint8_t { Run = 1, Literal = 2 };
 enum class StringDelimiterType : std::uint8_t { None = 0, Size = 1, Operand = 2 };
 
 enum class WriteAdvType : std::uint8_t {
-  Lines = 1,     ///< ADVANCING operand LINES
-  Page = 2,      ///< ADVANCING PAGE
-  Mnemonic = 3,  ///< ADVANCING mnemonic-name
+  Lines = 1,    ///< ADVANCING operand LINES
+  Page = 2,     ///< ADVANCING PAGE
+  Mnemonic = 3, ///< ADVANCING mnemonic-name
 };
 
 /// When a USE procedure runs. Only exception declaratives are registered at run time.
@@ -594,9 +594,9 @@ enum class ReportGroupType : std::uint8_t {
 enum class SourceExprType : std::uint8_t { Identifier = 1, Arithmetic = 2, Sum = 3, Literal = 4 };
 enum class PresentType : std::uint8_t {
   None = 0,
-  Condition = 1,   ///< PRESENT WHEN condition
-  NewPage = 2,     ///< PRESENT AFTER NEW PAGE
-  Control = 3,     ///< PRESENT AFTER control-id
+  Condition = 1,     ///< PRESENT WHEN condition
+  NewPage = 2,       ///< PRESENT AFTER NEW PAGE
+  Control = 3,       ///< PRESENT AFTER control-id
   ControlOrPage = 4, ///< PRESENT AFTER control-id OR PAGE
   PageOrControl = 5,
 };

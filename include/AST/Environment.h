@@ -1,0 +1,485 @@
+//===- Environment.h - the environment division -----------------*- C++ -*-===//
+//
+// CONFIGURATION SECTION and INPUT-OUTPUT SECTION with all their paragraphs and
+// clauses. A clause that the source does not have is null.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_ENVIRONMENT_H
+#define TARKA_AST_ENVIRONMENT_H
+
+#include "AST/Expression.h"
+#include "llvm/ADT/DenseMap.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// SOURCE-COMPUTER and OBJECT-COMPUTER
+//===----------------------------------------------------------------------===//
+
+/// SOURCE-COMPUTER. name WITH DEBUGGING MODE.
+class ParaSourceComputer : public Node {
+public:
+  using Node::Node;
+
+  TARKA_FIELD(Word *, computerName, ComputerName, nullptr);
+  TARKA_FLAG(debuggingMode, DebuggingMode, false);
+};
+
+/// MEMORY SIZE integer WORDS, CHARACTERS or MODULES.
+class ClauseMemorySize : public Node {
+public:
+  ClauseMemorySize(const Node *at, NumericLiteralExpression *literal) : Node(at), size(literal) {}
+  NumericLiteralExpression *getSize() const { return size; }
+
+private:
+  NumericLiteralExpression *size;
+};
+
+/// PROGRAM COLLATING SEQUENCE IS alphabet-name.
+class ClauseSequence : public Node {
+public:
+  ClauseSequence(const Node *at, Word *alphabetName) : Node(at), sequence(alphabetName) {}
+  Word *getSequence() const { return sequence; }
+
+private:
+  Word *sequence;
+};
+
+/// SEGMENT-LIMIT IS priority-number.
+class ClauseSegmentLimit : public Node {
+public:
+  ClauseSegmentLimit(const Node *at, NumericLiteralExpression *literal)
+      : Node(at), limit(literal) {}
+  NumericLiteralExpression *getLimit() const { return limit; }
+
+private:
+  NumericLiteralExpression *limit;
+};
+
+/// OBJECT-COMPUTER.
+class ParaObjectComputer : public Node {
+public:
+  using Node::Node;
+
+  TARKA_FIELD(Word *, computerName, ComputerName, nullptr);
+  TARKA_FIELD(ClauseMemorySize *, memSize, MemSize, nullptr);
+  TARKA_FIELD(ClauseSequence *, sequence, Sequence, nullptr);
+  TARKA_FIELD(ClauseSegmentLimit *, segment, Segment, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// SPECIAL-NAMES
+//===----------------------------------------------------------------------===//
+
+/// environment-name IS mnemonic-name ON STATUS IS condition OFF STATUS IS condition.
+class ClauseEnvName : public Node {
+public:
+  ClauseEnvName(const Node *at, Word *name) : Node(at), environmentName(name) {}
+
+  Word *getEnvironmentName() const { return environmentName; }
+  /// What kind of name the environment name is, by its text.
+  EnvNameType getEnvNameType() const;
+
+  TARKA_FIELD(Word *, mnemonicName, MnemonicName, nullptr);
+  TARKA_FIELD(Word *, onCondition, OnCondition, nullptr);
+  TARKA_FIELD(Word *, offCondition, OffCondition, nullptr);
+  Word *environmentName;
+};
+
+/// literal THRU literal, or literal ALSO literal ALSO literal.
+class PhrsAlphabet : public Node {
+public:
+  PhrsAlphabet(const Node *at, LiteralExpression *first) : Node(at), literal(first) {}
+
+  LiteralExpression *getLiteral() const { return literal; }
+  void addAlso(LiteralExpression *also) { alsoList.push_back(also); }
+
+  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral, nullptr);
+  TARKA_LIST(LiteralExpression, alsoList, AlsoList);
+  LiteralExpression *literal;
+};
+
+/// ALPHABET alphabet-name IS ...
+class ClauseAlphabet : public Node {
+public:
+  ClauseAlphabet(const Node *at, Word *name, AlphabetType kind)
+      : Node(at), type(kind), alphabetName(name) {}
+
+  AlphabetType getType() const { return type; }
+  Word *getAlphabetName() const { return alphabetName; }
+  void addAlpha(PhrsAlphabet *phrase) { alphaList.push_back(phrase); }
+
+  /// The characters of HIGH-VALUE and LOW-VALUE under this alphabet.
+  char getHighValue() const { return highValue; }
+  void setHighValue(char value) { highValue = value; }
+  char getLowValue() const { return lowValue; }
+  void setLowValue(char value) { lowValue = value; }
+
+private:
+  AlphabetType type;
+  char highValue = '\xff';
+  char lowValue = '\0';
+
+  TARKA_LIST(PhrsAlphabet, alphaList, AlphaList);
+  Word *alphabetName;
+};
+
+/// symbolic-character ... IS integer ...
+class PhrsSymbolic : public Node {
+public:
+  using Node::Node;
+
+  void addSource(Word *name) { sourceList.push_back(name); }
+  void addInteger(NumericLiteralExpression *ordinal) { integerList.push_back(ordinal); }
+
+  /// The names of the symbolic characters.
+  TARKA_LIST(Word, sourceList, SourceList);
+  TARKA_LIST(NumericLiteralExpression, integerList, IntegerList);
+};
+
+/// SYMBOLIC CHARACTERS phrases IN alphabet-name.
+class ClauseSymbolic : public Node {
+public:
+  using Node::Node;
+
+  void addSymbolic(PhrsSymbolic *phrase) { symbolicList.push_back(phrase); }
+
+  TARKA_LIST(PhrsSymbolic, symbolicList, SymbolicList);
+  TARKA_FIELD(Word *, alphabetName, AlphabetName, nullptr);
+};
+
+/// literal THRU literal.
+class PhrsClass : public Node {
+public:
+  PhrsClass(const Node *at, LiteralExpression *first) : Node(at), literal(first) {}
+
+  LiteralExpression *getLiteral() const { return literal; }
+
+  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral, nullptr);
+  LiteralExpression *literal;
+};
+
+/// CLASS class-name IS phrases.
+class ClauseClass : public Node {
+public:
+  ClauseClass(const Node *at, Word *name) : Node(at), className(name) {}
+
+  Word *getClassName() const { return className; }
+  void addLiteral(PhrsClass *phrase) { literalList.push_back(phrase); }
+
+  TARKA_LIST(PhrsClass, literalList, LiteralList);
+  Word *className;
+};
+
+/// CURRENCY SIGN IS literal WITH PICTURE SYMBOL literal.
+class ClauseCurrency : public Node {
+public:
+  ClauseCurrency(const Node *at, LiteralExpression *sign, LiteralExpression *symbol)
+      : Node(at), signLiteral(sign), symbolLiteral(symbol) {}
+
+  LiteralExpression *getSignLiteral() const { return signLiteral; }
+  /// Null when the sign itself is the symbol.
+  LiteralExpression *getSymbolLiteral() const { return symbolLiteral; }
+
+private:
+  LiteralExpression *signLiteral;
+  LiteralExpression *symbolLiteral;
+};
+
+/// DECIMAL-POINT IS COMMA.
+class ClauseDecimalPoint : public Node {
+public:
+  using Node::Node;
+};
+
+/// SPECIAL-NAMES. Look-ups compare the texts of the words exactly and answer with the first clause
+/// of that name, or null.
+class ParaSpecialNames : public Node {
+public:
+  using Node::Node;
+
+  void addEnvName(ClauseEnvName *clause) { envNames.push_back(clause); }
+  void addAlphabet(ClauseAlphabet *clause) { alphabets.push_back(clause); }
+  void addSymbolic(ClauseSymbolic *clause) { symbolics.push_back(clause); }
+  void addClass(ClauseClass *clause) { classes.push_back(clause); }
+  void addCurrency(ClauseCurrency *clause) { currencies.push_back(clause); }
+
+  ClauseAlphabet *findClauseAlphabetByWord(const Word *name) const;
+  ClauseClass *findClauseClassByWord(const Word *name) const;
+  /// By mnemonic name.
+  ClauseEnvName *findClauseEnvNameByWord(const Word *mnemonicName) const;
+  /// Every clause whose ON or OFF condition has that name, in source order.
+  std::list<ClauseEnvName *> findClauseEnvNameByCondName(const Word *conditionName) const;
+  /// The clause that defines a symbolic character of that name.
+  ClauseSymbolic *findClauseSymbolicByWord(const Word *symbolicCharacter) const;
+
+  TARKA_LIST(ClauseEnvName, envNames, EnvNameList);
+  TARKA_LIST(ClauseAlphabet, alphabets, AlphabetList);
+  TARKA_LIST(ClauseSymbolic, symbolics, SymbolicList);
+  TARKA_LIST(ClauseClass, classes, ClassList);
+  TARKA_LIST(ClauseCurrency, currencies, CurrencyList);
+  TARKA_FIELD(ClauseDecimalPoint *, decimalPoint, DecimalPoint, nullptr);
+};
+
+class ConfigurationSection : public Node {
+public:
+  using Node::Node;
+
+  TARKA_FIELD(ParaSourceComputer *, sourceComputer, SourceComputer, nullptr);
+  TARKA_FIELD(ParaObjectComputer *, objectComputer, ObjectComputer, nullptr);
+  TARKA_FIELD(ParaSpecialNames *, specialNames, SpecialNames, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// FILE-CONTROL
+//===----------------------------------------------------------------------===//
+
+/// ASSIGN TO assignment-name ...
+class ClauseAssign : public Node {
+public:
+  using Node::Node;
+
+  /// Words and literals, in source order.
+  void addAssignment(Node *name) { assignments.push_back(name); }
+
+  TARKA_LIST(Node, assignments, AssignmentList);
+};
+
+/// RESERVE integer AREAS. The count is null for RESERVE NO ALTERNATE AREAS.
+class ClauseReserve : public Node {
+public:
+  ClauseReserve(const Node *at, NumericLiteralExpression *count) : Node(at), reserveCount(count) {}
+  NumericLiteralExpression *getReserveCount() const { return reserveCount; }
+
+private:
+  NumericLiteralExpression *reserveCount;
+};
+
+/// ORGANIZATION IS ...
+class ClauseOrganization : public Node {
+public:
+  ClauseOrganization(const Node *at, OrganizationType kind) : Node(at), type(kind) {}
+  OrganizationType getType() const { return type; }
+
+private:
+  OrganizationType type;
+};
+
+/// PADDING CHARACTER IS literal or data-name.
+class ClausePadding : public Node {
+public:
+  ClausePadding(const Node *at, Expression *padding) : Node(at), character(padding) {}
+  Expression *getCharacter() const { return character; }
+
+private:
+  Expression *character;
+};
+
+/// RECORD DELIMITER IS STANDARD-1 or assignment-name.
+class ClauseRecordDelimiter : public Node {
+public:
+  ClauseRecordDelimiter(const Node *at, Word *delimiter) : Node(at), name(delimiter) {}
+  Word *getName() const { return name; }
+
+private:
+  Word *name;
+};
+
+/// ACCESS MODE IS ...
+class ClauseAccess : public Node {
+public:
+  ClauseAccess(const Node *at, AccessType kind) : Node(at), type(kind) {}
+  AccessType getType() const { return type; }
+
+private:
+  AccessType type;
+};
+
+/// FILE STATUS IS data-name data-name.
+class ClauseStatus : public Node {
+public:
+  ClauseStatus(const Node *at, DataIdentifierExpression *first, DataIdentifierExpression *second)
+      : Node(at), status1(first), status2(second) {}
+  DataIdentifierExpression *getStatus_1() const { return status1; }
+  /// Null when only one data-name is given.
+  DataIdentifierExpression *getStatus_2() const { return status2; }
+
+private:
+  DataIdentifierExpression *status1;
+  DataIdentifierExpression *status2;
+};
+
+/// PASSWORD IS data-name.
+class ClausePassWord : public Node {
+public:
+  ClausePassWord(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
+  DataIdentifierExpression *getDataName() const { return dataName; }
+
+private:
+  DataIdentifierExpression *dataName;
+};
+
+/// RECORD KEY IS data-name PASSWORD IS data-name.
+class ClauseRecordKey : public Node {
+public:
+  ClauseRecordKey(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
+  DataIdentifierExpression *getDataName() const { return dataName; }
+
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
+  DataIdentifierExpression *dataName;
+};
+
+/// RELATIVE KEY IS data-name.
+class ClauseRelativeKey : public Node {
+public:
+  ClauseRelativeKey(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
+  DataIdentifierExpression *getDataName() const { return dataName; }
+
+private:
+  DataIdentifierExpression *dataName;
+};
+
+/// ALTERNATE RECORD KEY IS data-name PASSWORD IS data-name WITH DUPLICATES.
+class ClauseAlternate : public Node {
+public:
+  ClauseAlternate(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
+  DataIdentifierExpression *getDataName() const { return dataName; }
+
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
+  TARKA_FLAG(duplicates, Duplicates, false);
+  DataIdentifierExpression *dataName;
+};
+
+/// One SELECT entry.
+class ParaFileControl : public Node {
+public:
+  ParaFileControl(const Node *at, Word *name) : Node(at), fileName(name) {}
+
+  /// The file's name; the position's own file name is Node::getFileName().
+  Word *getFileName() const { return fileName; }
+  /// The organization that holds: the clause's, or sequential where there is none.
+  OrganizationType getOrganizationType() const {
+    return organization ? organization->getType() : OrganizationType::Sequential;
+  }
+  void addAlternate(ClauseAlternate *key) { alternates.push_back(key); }
+
+  TARKA_FLAG(optional, Optional, false);
+  TARKA_FIELD(ClauseAssign *, assign, Assign, nullptr);
+  TARKA_FIELD(ClauseReserve *, reserve, Reserve, nullptr);
+  TARKA_FIELD(ClauseOrganization *, organization, Organization, nullptr);
+  TARKA_FIELD(ClausePadding *, padding, Padding, nullptr);
+  TARKA_FIELD(ClauseRecordDelimiter *, recordDelimiter, RecordDelimiter, nullptr);
+  TARKA_FIELD(ClauseAccess *, access, Access, nullptr);
+  TARKA_FIELD(ClauseStatus *, status, Status, nullptr);
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
+  TARKA_FIELD(ClauseRecordKey *, recordKey, RecordKey, nullptr);
+  TARKA_FIELD(ClauseRelativeKey *, relativeKey, RelativeKey, nullptr);
+  TARKA_LIST(ClauseAlternate, alternates, AlternateList);
+  Word *fileName;
+};
+
+//===----------------------------------------------------------------------===//
+// I-O-CONTROL
+//===----------------------------------------------------------------------===//
+
+/// RERUN ON name EVERY integer RECORDS OF file-name, or EVERY END OF REEL OF file-name.
+class ClauseRerun : public Node {
+public:
+  using Node::Node;
+
+  /// The name after ON; when it turns out to be no file, the check moves it to the assignment.
+  TARKA_FIELD(FileIdentifierExpression *, onName, FileName, nullptr);
+  TARKA_FIELD(Word *, assignment, Assignment, nullptr);
+  TARKA_FIELD(NumericLiteralExpression *, recordCount, RecordCount, nullptr);
+  TARKA_FIELD(FileIdentifierExpression *, everyFileName, EveryFileName, nullptr);
+  /// EVERY END OF REEL or UNIT in place of a record count.
+  TARKA_FLAG(endOfReel, EndOfReel, false);
+};
+
+/// SAME RECORD AREA FOR file-name ...
+class ClauseSame : public Node {
+public:
+  ClauseSame(const Node *at, SameType kind) : Node(at), type(kind) {}
+
+  SameType getType() const { return type; }
+  void addFileName(IdentifierExpression *name) { fileNames.push_back(name); }
+
+private:
+  SameType type;
+
+  TARKA_LIST(IdentifierExpression, fileNames, FileNameList);
+};
+
+/// file-name POSITION integer.
+class PrsMultipleFile : public Node {
+public:
+  /// \p where may be null.
+  PrsMultipleFile(const Node *at, FileIdentifierExpression *name, NumericLiteralExpression *where)
+      : Node(at), fileName(name), position(where) {}
+  FileIdentifierExpression *getFileName() const { return fileName; }
+  NumericLiteralExpression *getPosition() const { return position; }
+
+private:
+  FileIdentifierExpression *fileName;
+  NumericLiteralExpression *position;
+};
+
+/// MULTIPLE FILE TAPE CONTAINS ...
+class ClauseMultipleFile : public Node {
+public:
+  using Node::Node;
+
+  void addMultipleFile(PrsMultipleFile *phrase) { multipleFiles.push_back(phrase); }
+
+  TARKA_LIST(PrsMultipleFile, multipleFiles, MultipleFileList);
+};
+
+/// APPLY WRITE-ONLY ON file-name ...
+class ClauseApplyWriteOnly : public Node {
+public:
+  using Node::Node;
+
+  void addFileName(IdentifierExpression *name) { fileNames.push_back(name); }
+
+  TARKA_LIST(IdentifierExpression, fileNames, FileNameList);
+};
+
+/// One entry of I-O-CONTROL: one of the clauses is set.
+class ParaIOControl : public Node {
+public:
+  using Node::Node;
+
+  TARKA_FIELD(ClauseRerun *, rerun, Rerun, nullptr);
+  TARKA_FIELD(ClauseSame *, same, Same, nullptr);
+  TARKA_FIELD(ClauseMultipleFile *, multipleFile, MultipleFile, nullptr);
+  TARKA_FIELD(ClauseApplyWriteOnly *, applyWriteOnly, ApplyWriteOnly, nullptr);
+};
+
+class InputOutputSection : public Node {
+public:
+  using Node::Node;
+
+  void addFileControl(ParaFileControl *entry);
+  void addIOControl(ParaIOControl *entry) { ioControls.push_back(entry); }
+
+  /// The first SELECT entry of that name, or null.
+  ParaFileControl *findFileControlByName(const Word &name) const;
+
+  TARKA_LIST(ParaFileControl, fileControls, FileControlList);
+  TARKA_LIST(ParaIOControl, ioControls, IOControlList);
+  /// By the interned name.
+  llvm::DenseMap<const std::string *, ParaFileControl *> fileControlIndex;
+};
+
+class EnvironmentDivision : public Node {
+public:
+  using Node::Node;
+
+  TARKA_FIELD(ConfigurationSection *, configurationSection, ConfigurationSection, nullptr);
+  TARKA_FIELD(InputOutputSection *, inputOutputSection, InputOutputSection, nullptr);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_ENVIRONMENT_H

@@ -1,0 +1,162 @@
+//===- Procedure.h - the procedure division ---------------------*- C++ -*-===//
+//
+// The structure above the statements: declaratives, sections, paragraphs and
+// sentences, and the header of the procedure division.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_PROCEDURE_H
+#define TARKA_AST_PROCEDURE_H
+
+#include "AST/Forward.h"
+#include "AST/Names.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+class Parameter;
+class UseStatement;
+
+/// Statements up to a period.
+class Sentence : public Node {
+public:
+  using Node::Node;
+
+  void addStmt(Statement *statement) { statements.push_back(statement); }
+
+  TARKA_LIST(Statement, statements, Stmt);
+};
+
+/// A paragraph. Its end may be the end of a performed range: then control can return from it.
+class Paragraph : public Node {
+public:
+  Paragraph(const Node *at, Word *name) : Node(at), paragraphName(name) {}
+
+  Word *getParagraphName() const { return paragraphName; }
+  void addSent(Sentence *sentence) { sentences.push_back(sentence); }
+
+  bool isPerformThru() const { return performThru; }
+  void setIsPerformThru(bool value) { performThru = value; }
+  /// The source line of the last PERFORM whose range ends here; 0 when there is none.
+  int getPerformLine() const { return performLine; }
+  void setPerformLine(int line) { performLine = line; }
+  /// The block that the paragraph starts in; null before the graph is built.
+  CFGBlock *getStartBlock() const { return startBlock; }
+  void setStartBlock(CFGBlock *block) { startBlock = block; }
+
+private:
+  bool performThru = false;
+
+  TARKA_LIST(Sentence, sentences, Sent);
+  Word *paragraphName;
+  CFGBlock *startBlock = nullptr;
+  int performLine = 0;
+};
+
+/// A section with its priority number, the sentences before its first paragraph, and its
+/// paragraphs.
+class Section : public Node {
+public:
+  Section(const Node *at, Word *name) : Node(at), sectionName(name) {}
+
+  Word *getSectionName() const { return sectionName; }
+  /// Null when the header has no priority number.
+  NumericLiteralExpression *getPriorityNumExpr() const { return priorityNumber; }
+  void setPriorityNumExpr(NumericLiteralExpression *number) { priorityNumber = number; }
+  void addSent(Sentence *sentence) { sentences.push_back(sentence); }
+  void addPara(Paragraph *paragraph) {
+    paragraphs.push_back(paragraph);
+    paragraphIndex[&paragraph->getParagraphName()->getWordData()].push_back(paragraph);
+  }
+
+  /// The section's paragraphs of that name, in source order.
+  llvm::ArrayRef<Paragraph *> findParagraphs(const std::string &name) const;
+
+  /// A second section \p copyName with this section's sentences and paragraphs, for use within the
+  /// declaratives. \p name is this section's own name.
+  Section *createCopySection(Word *name, Word *copyName);
+
+  bool isPerformThru() const { return performThru; }
+  void setIsPerformThru(bool value) { performThru = value; }
+  int getPerformLine() const { return performLine; }
+  void setPerformLine(int line) { performLine = line; }
+  CFGBlock *getStartBlock() const { return startBlock; }
+  void setStartBlock(CFGBlock *block) { startBlock = block; }
+
+private:
+  bool performThru = false;
+
+  TARKA_LIST(Sentence, sentences, Sent);
+  TARKA_LIST(Paragraph, paragraphs, Para);
+  Word *sectionName;
+  NumericLiteralExpression *priorityNumber = nullptr;
+  CFGBlock *startBlock = nullptr;
+  int performLine = 0;
+  llvm::DenseMap<const std::string *, llvm::SmallVector<Paragraph *, 1>> paragraphIndex;
+};
+
+/// One section of the DECLARATIVES with its USE statement.
+class Declaratives : public Node {
+public:
+  /// \p use is null for a section that only belongs to the declarative before it.
+  Declaratives(const Node *at, Section *procedures, UseStatement *use)
+      : Node(at), section(procedures), useStmt(use) {}
+
+  Section *getSection() const { return section; }
+  UseStatement *getUseStmt() const { return useStmt; }
+
+private:
+  Section *section;
+  UseStatement *useStmt;
+};
+
+/// PROCEDURE DIVISION ... RETURNING data-name.
+class Returning : public Node {
+public:
+  /// \p item may be null.
+  Returning(const Node *at, DataIdentifierExpression *item) : Node(at), returnItem(item) {}
+
+  DataIdentifierExpression *getReturnItem() const { return returnItem; }
+
+private:
+  DataIdentifierExpression *returnItem;
+};
+
+/// The procedure division. Names of procedures are found through an index that is kept as
+/// sections and paragraphs are added.
+class ProcedureDivision : public Node {
+public:
+  using Node::Node;
+
+  void addParameter(Parameter *parameter) { parameters.push_back(parameter); }
+  /// Null when the header has no RETURNING phrase.
+  Returning *getReturning() const { return returning; }
+  void setReturning(Returning *phrase) { returning = phrase; }
+
+  void addDeclaratives(Declaratives *declarative) { declaratives.push_back(declarative); }
+  /// Declaratives by kind, as the check of the division splits them.
+  void addBaseDeclaratives(Declaratives *declarative) { baseDeclaratives.push_back(declarative); }
+  void addRptDeclaratives(Declaratives *declarative) { rptDeclaratives.push_back(declarative); }
+  /// Sections that the checks copied into the declaratives.
+  void addRenameSection(Section *section) { renameSections.push_back(section); }
+
+  void addSent(Sentence *sentence) { sentences.push_back(sentence); }
+  void addPara(Paragraph *paragraph) { paragraphs.push_back(paragraph); }
+  void addSect(Section *section) { sections.push_back(section); }
+
+  TARKA_LIST(Parameter, parameters, Parameter);
+  TARKA_LIST(Declaratives, declaratives, Decl);
+  TARKA_LIST(Declaratives, baseDeclaratives, BaseDecl);
+  TARKA_LIST(Declaratives, rptDeclaratives, RptDecl);
+  TARKA_LIST(Section, renameSections, RenameSectionList);
+  TARKA_LIST(Sentence, sentences, Sent);
+  TARKA_LIST(Paragraph, paragraphs, Para);
+  TARKA_LIST(Section, sections, Sect);
+  Returning *returning = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_PROCEDURE_H

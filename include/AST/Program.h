@@ -1,0 +1,93 @@
+//===- Program.h - compilation, source units, identification ----*- C++ -*-===//
+//
+// The top of the tree: one compilation, its programs with their divisions and
+// nested programs, and the identification division.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_PROGRAM_H
+#define TARKA_AST_PROGRAM_H
+
+#include "AST/DataDivision.h"
+#include "AST/Environment.h"
+#include "AST/Kinds.h"
+#include "AST/Procedure.h"
+
+namespace tarka {
+
+/// PROGRAM-ID. name IS COMMON INITIAL RECURSIVE PROGRAM.
+class ProgramIdParagraph : public Node {
+public:
+  /// \p name keeps its spelling; a literal keeps its quotes.
+  ProgramIdParagraph(const Node *at, Word *name, ProgramIdType kind)
+      : Node(at), type(kind), programName(name) {}
+
+  /// COMMON wins over INITIAL and RECURSIVE, which are told by the flags.
+  ProgramIdType getType() const { return type; }
+  Word *getProgramName() const { return programName; }
+
+private:
+  ProgramIdType type;
+
+  TARKA_FLAG(initial, Initial, false);
+  TARKA_FLAG(recursive, Recursive, false);
+  Word *programName;
+};
+
+class IdentificationDivision : public Node {
+public:
+  IdentificationDivision(const Node *at, ProgramIdParagraph *programId)
+      : Node(at), programIdPara(programId) {}
+
+  ProgramIdParagraph *getProgramIDPara() const { return programIdPara; }
+
+private:
+  ProgramIdParagraph *programIdPara;
+};
+
+/// One program with its divisions and the programs nested in it.
+class SourceUnit : public Node {
+public:
+  SourceUnit(const Node *at, IdentificationDivision *identification, SourceUnit *outer)
+      : Node(at), idDivision(identification), parent(outer) {}
+
+  IdentificationDivision *getIDDivision() const { return idDivision; }
+  /// The unit that this one is nested in; null for an outermost one.
+  SourceUnit *getParent() const { return parent; }
+  bool isNested() const { return parent != nullptr; }
+  /// The text of PROGRAM-ID: as spelt, with the quotes of a literal.
+  const std::string &getSourceUnitName() const {
+    return idDivision->getProgramIDPara()->getProgramName()->getWordData();
+  }
+  void addNested(SourceUnit *unit) { nestedUnits.push_back(unit); }
+
+  /// The programs that may be called from this unit by being contained in it or in an outer one.
+  void addCallableList(const std::string &name) { callableList.push_back(name); }
+  const std::list<std::string> &getCallableList() const { return callableList; }
+
+  /// Divisions that the source does not have are null.
+  TARKA_FIELD(EnvironmentDivision *, environmentDivision, EnvironmentDivision, nullptr);
+  TARKA_FIELD(DataDivision *, dataDivision, DataDivision, nullptr);
+  TARKA_FIELD(ProcedureDivision *, procDivision, ProcDivision, nullptr);
+  TARKA_LIST(SourceUnit, nestedUnits, NestedList);
+  IdentificationDivision *idDivision;
+  SourceUnit *parent;
+  std::list<std::string> callableList;
+};
+
+/// One compilation.
+class Program : public Node {
+public:
+  /// \p input is the name of the input, by which the graph's module is named.
+  explicit Program(llvm::StringRef input) : inputName(&internString(input)) {}
+
+  const std::string &getInputName() const { return *inputName; }
+  void addSourceUnit(SourceUnit *unit) { sourceUnits.push_back(unit); }
+
+  TARKA_LIST(SourceUnit, sourceUnits, SourceUnitList);
+  const std::string *inputName;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_PROGRAM_H
