@@ -7,7 +7,11 @@
 # the shared libraries need included, and exports them to the libraries. With
 # `set(Tarka_LLVM SHARED)` before find_package(Tarka) the copy is libLLVM.so: the right choice for a
 # program that links it anyway, and for a plugin whose host program is linked without CMake.
-find_package(LLVM 19.1 REQUIRED CONFIG)
+#
+# Whoever includes this file has called find_package(LLVM) before.
+if(TARGET Tarka::LLVM)
+  return()
+endif()
 
 add_library(Tarka::LLVM INTERFACE IMPORTED)
 separate_arguments(_tarka_llvm_definitions NATIVE_COMMAND "${LLVM_DEFINITIONS}")

@@ -10,6 +10,7 @@ endif()
 add_library(tarka_options INTERFACE)
 target_compile_options(tarka_options INTERFACE
   -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
+  -Wimplicit-fallthrough -Wsuggest-override
   -fno-semantic-interposition)
 if(TARKA_SANITIZE)
   target_compile_options(tarka_options INTERFACE
@@ -28,6 +29,7 @@ function(tarka_add_library target export_name sources)
   if(NOT sources)
     # A folder that has no sources stands for a library without code.
     add_library(${target} INTERFACE)
+    set_target_properties(${target} PROPERTIES EXPORT_NAME ${export_name})
     add_library(Tarka::${export_name} ALIAS ${target})
     target_link_libraries(${target} INTERFACE ${ARGN})
     return()
@@ -36,6 +38,7 @@ function(tarka_add_library target export_name sources)
   add_library(Tarka::${export_name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES
     EXPORT_NAME ${export_name}
+    INSTALL_RPATH "$ORIGIN"
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
   target_include_directories(${target} PUBLIC

@@ -1,0 +1,20 @@
+# tarka_add_test(<name> <command> [<argument>...])
+# One entry of ctest. The names of a sanitizer build carry a prefix, so that one run can show the
+# tests of both builds.
+function(tarka_add_test name)
+  if(TARKA_SANITIZE)
+    string(PREPEND name sanitize.)
+  endif()
+  add_test(NAME ${name} COMMAND ${ARGN})
+  set_tests_properties(${name} PROPERTIES TIMEOUT 600)
+  if(TARKA_SANITIZE)
+    set_tests_properties(${name} PROPERTIES ENVIRONMENT "${TARKA_SANITIZER_ENVIRONMENT}")
+  endif()
+endfunction()
+
+# Every report is fatal and comes with a stack.
+set(TARKA_SANITIZER_ENVIRONMENT
+  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+  UBSAN_OPTIONS=print_stacktrace=1
+  ASAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer
+  UBSAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer)

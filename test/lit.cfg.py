@@ -1,0 +1,26 @@
+# The suite of COBOL programs: each says in a comment how it is run.
+#
+#     *> RUN: %tarka check --verify %s
+#
+# %tarka is the program, %FileCheck (or plain FileCheck) LLVM's, %examples the folder of examples;
+# %s, %S, %t and the rest are lit's own.
+
+import os
+
+import lit.formats
+
+config.name = "Tarka"
+config.test_format = lit.formats.ShTest(execute_external=False)
+config.suffixes = [".cbl", ".cob", ".test"]
+config.excludes = ["Inputs", "consumer"]
+config.test_source_root = os.path.dirname(__file__)
+
+# Sanitizer settings reach the program only if they are passed on.
+for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "ASAN_SYMBOLIZER_PATH", "UBSAN_SYMBOLIZER_PATH"):
+    if name in os.environ:
+        config.environment[name] = os.environ[name]
+
+config.substitutions.append(("%tarka", config.tarka))
+config.substitutions.append(("%FileCheck", config.filecheck))
+config.substitutions.append((r"(?<![\w%./-])FileCheck\b", config.filecheck))
+config.substitutions.append(("%examples", config.examples))
