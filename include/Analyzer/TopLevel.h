@@ -1,0 +1,138 @@
+//===- TopLevel.h - the compilation context ---------------------*- C++ -*-===//
+//
+// What every stage of the analysis shares for one compilation: the program, the
+// source unit and the data sections being checked, the state that the graph
+// builder threads between statements, and facts of the environment division.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_ANALYZER_TOPLEVEL_H
+#define TARKA_ANALYZER_TOPLEVEL_H
+
+#include "AST/Forward.h"
+#include <list>
+#include <string>
+
+namespace llvm {
+class LLVMContext;
+class Module;
+} // namespace llvm
+
+namespace tarka {
+
+class CFGFunc;
+
+/// The one LLVM context of the process. It lives to the end of the process, as the module in it.
+llvm::LLVMContext &globalContext();
+
+/// The compilation context: one for the process, made on first use and never destroyed. Nothing in
+/// it is reset between source units; whoever owns a field sets it anew.
+class TopLevel {
+public:
+  /// The context. The first call makes it, with \p id as the identifier of the compilation; later
+  /// calls ignore \p id, so that the analysis itself asks with an empty one.
+  static TopLevel *getTopLevelInstance(std::string id);
+
+  TopLevel(const TopLevel &) = delete;
+  TopLevel &operator=(const TopLevel &) = delete;
+
+  /// The identifier of the compilation: the name of its input.
+  const std::string &getID() const { return id; }
+  /// The module of the compilation, named by the identifier.
+  llvm::Module *getModule() const { return module; }
+
+  /// The block in which the sentence being lowered began: where NEXT SENTENCE goes on from.
+  void setCurrentSentenceCFGBlock(CFGBlock *block) { currentSentenceBlock = block; }
+  CFGBlock *getCurrentSentenceCFGBlock() const { return currentSentenceBlock; }
+
+  /// The function whose graph is being built.
+  void setCurrentCFGFunction(CFGFunc *function) { currentCFGFunction = function; }
+  CFGFunc *getCurrentCFGFunction() const { return currentCFGFunction; }
+
+  /// The source unit being checked.
+  void setCurrentSourceUnit(SourceUnit *unit) { currentSourceUnit = unit; }
+  SourceUnit *getCurrentSourceUnit() const { return currentSourceUnit; }
+
+  /// The compilation being checked.
+  void setCurrentProgram(Program *program) { currentProgram = program; }
+  Program *getCurrentProgram() const { return currentProgram; }
+
+  /// The entries of the section being checked, level 01 and 77 at the top; null outside of one.
+  void setCurrentDescSection(std::list<DataDescription *> *section) {
+    currentDescSection = section;
+  }
+  std::list<DataDescription *> *getCurrentDescSection() const { return currentDescSection; }
+  /// The same entries with all their children, in source order.
+  void setCurrentFlatSection(std::list<DataDescription *> *section) {
+    currentFlatSection = section;
+  }
+  std::list<DataDescription *> *getCurrentFlatSection() const { return currentFlatSection; }
+
+  /// The continuation blocks of the PERFORMs being lowered, innermost last. removePerformAfter()
+  /// and getPerformAfterEnd() need a list, so an earlier addPerformAfter().
+  void addPerformAfter(CFGBlock *block);
+  void removePerformAfter();
+  std::list<CFGBlock *>::iterator getPerformAfterEnd();
+
+  /// The collating tables made from ALPHABET clauses; null when there are none.
+  void addColseq(int *table);
+  std::list<int *> *getColseqList() const { return colseqs; }
+
+  /// Set while the sentence being lowered contains NEXT SENTENCE.
+  void setHaveNextSentence(bool have) { haveNextSentence = have; }
+  bool getHaveNextSentence() const { return haveNextSentence; }
+
+  /// Set when SPECIAL-NAMES defines the name of an UPSI switch.
+  void setHaveUPSI(bool have) { haveUPSI = have; }
+  bool getHaveUPSI() const { return haveUPSI; }
+
+  /// Set when "," is the decimal separator of PICTURE strings and numeric literals.
+  void setIsDecimalPointComma(bool comma) { decimalPointIsComma = comma; }
+  bool getIsDecimalPointComma() const { return decimalPointIsComma; }
+
+  /// The function made of the report declaratives, which stands outside the module's list.
+  void setRptDeclCFGFunction(CFGFunc *function) { rptDeclCFGFunction = function; }
+  CFGFunc *getRptDeclCFGFunction() const { return rptDeclCFGFunction; }
+
+  /// Statements that the checks generate for report declaratives and hand on; null when there are
+  /// none.
+  void addStmtToDummyListUsedMove(Statement *statement);
+  std::list<Statement *> *getDummyListUsedMove() const { return dummyListUsedMove; }
+
+private:
+  explicit TopLevel(std::string compilation);
+
+  // The record is shared with the stages behind the analysis. What has no accessor here is theirs,
+  // and only gets its initial value.
+  std::string firstText;
+  std::string serialText = "0000000000000000";
+  std::string id;
+  llvm::Module *module;
+  [[maybe_unused]] void *reserved1 = nullptr;
+  [[maybe_unused]] void *reserved2 = nullptr;
+  [[maybe_unused]] void *reserved3 = nullptr;
+  CFGBlock *currentSentenceBlock = nullptr;
+  CFGFunc *currentCFGFunction = nullptr;
+  std::string furtherText;
+  SourceUnit *currentSourceUnit = nullptr;
+  Program *currentProgram = nullptr;
+  std::list<DataDescription *> *currentDescSection = nullptr;
+  std::list<DataDescription *> *currentFlatSection = nullptr;
+  std::list<CFGBlock *> *performAfters = nullptr;
+  std::list<int *> *colseqs = nullptr;
+  bool haveNextSentence = false;
+  [[maybe_unused]] void *reserved4 = nullptr;
+  [[maybe_unused]] void *reserved5 = nullptr;
+  [[maybe_unused]] void *reserved6 = nullptr;
+  [[maybe_unused]] bool reservedFlag = false;
+  [[maybe_unused]] int reservedCount = 0;
+  bool haveUPSI = false;
+  bool decimalPointIsComma = false;
+  CFGFunc *rptDeclCFGFunction = nullptr;
+  std::list<Statement *> *dummyListUsedMove = nullptr;
+  [[maybe_unused]] void *reserved7 = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_ANALYZER_TOPLEVEL_H
