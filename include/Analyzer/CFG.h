@@ -1,0 +1,292 @@
+//===- CFG.h - the control-flow graph ---------------------------*- C++ -*-===//
+//
+// What the analyzer hands to the code generator: one module for a compilation,
+// one function for a source unit, each with a graph of named blocks whose
+// elements point back into the checked tree. The records only hold what the
+// builder decided; docs/cfg.md says which shape stands for which construct.
+//
+// Names of blocks are a contract and are not unique: every IF has its
+// "tkdummy_then". A lookup by name gives the block that was made first.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_ANALYZER_CFG_H
+#define TARKA_ANALYZER_CFG_H
+
+#include "AST/Forward.h"
+#include "AST/Node.h"
+#include "llvm/ADT/DenseMap.h"
+#include <array>
+
+namespace tarka {
+
+class CFGFunc;
+class CFGGraph;
+class CFGModule;
+class Parameter;
+class Returning;
+
+/// A record of the graph: it lives in the arena and is never freed.
+struct CFGRecord {
+  static void *operator new(std::size_t size) { return allocateForever(size, alignof(void *)); }
+  static void operator delete(void *) {}
+};
+
+/// One element of a block. Exactly one of its three descriptions and its statement is set, by type.
+class CFGElem : public CFGRecord {
+public:
+  enum class ElemType : std::uint8_t {
+    Statement = 0,
+    DataDeclaration = 1,
+    FileDeclaration = 2,
+    ReportDeclaration = 3,
+  };
+
+  CFGElem(ElemType kind, DataDescription *dataDescription, FileDescription *fileDescription,
+          Statement *statement, CFGBlock *holder, ReportDescription *reportDescription)
+      : type(kind), data(dataDescription), file(fileDescription), stmt(statement), block(holder),
+        report(reportDescription) {}
+
+  ElemType getType() const { return type; }
+  DataDescription *getData() const { return data; }
+  FileDescription *getFile() const { return file; }
+  Statement *getStmt() const { return stmt; }
+  ReportDescription *getReport() const { return report; }
+  /// The block that holds the element.
+  CFGBlock *getBlock() const { return block; }
+
+private:
+  ElemType type;
+  DataDescription *data;
+  FileDescription *file;
+  Statement *stmt;
+  CFGBlock *block;
+  ReportDescription *report;
+};
+
+enum class CFGBlockType : std::uint8_t {
+  Ordinary = 0,
+  Procedure = 1, ///< the first block of a paragraph or a section
+};
+
+/// The ways in which one block points at another.
+enum class CFGLink : std::uint8_t {
+  Successor,
+  Then,
+  Else,
+  End,
+  Next,
+  OnSize,
+  NotOnSize,
+  Inline,
+  After,
+  Return,
+};
+inline constexpr std::size_t cfgLinkCount = 10;
+
+/// Declares get<Name>Block() and add<Name>Block(), which replaces what was there.
+#define TARKA_CFG_LINK(Name)                                                                       \
+  CFGBlock *get##Name##Block() const {                                                             \
+    return getLink(CFGLink::Name);                                                                 \
+  }                                                                                                \
+  void add##Name##Block(CFGBlock *target) {                                                        \
+    links[static_cast<std::size_t>(CFGLink::Name)] = target;                                       \
+  }
+
+/// A run of elements that is entered at its beginning only.
+///
+/// A block without terminator falls through to its successor or, where it has none, to the block
+/// made after it in the same graph.
+class CFGBlock : public CFGRecord {
+public:
+  /// A block outside of every list; \p owner may be null. CFGGraph::addBlock() adds it.
+  CFGBlock(const std::string &blockName, CFGGraph *owner)
+      : name(&internString(blockName)), graph(owner) {}
+
+  const std::string &getName() const { return *name; }
+
+  void addCFGElemStmt(Statement *statement);
+  void addCFGElemDecl(DataDescription *data);
+  void addCFGElemFileDecl(FileDescription *file);
+  void addCFGElemReportDecl(ReportDescription *report);
+  const std::list<CFGElem *> &getElements() const { return elements; }
+
+  /// Whether the block ends in a transfer of control.
+  bool getHaveTerminator() const { return haveTerminator; }
+  void setHaveTerminator(bool value) { haveTerminator = value; }
+  CFGBlockType getBlockType() const { return blockType; }
+  void setBlockType(CFGBlockType type) { blockType = type; }
+
+  /// The graph that the block belongs to; null until a block made without one is added to one.
+  CFGGraph *getGraph() const { return graph; }
+  /// The block's place in its graph's list, from 0; -1 while it is in no list.
+  int getPlace() const { return place; }
+
+  /// The block in which control continues.
+  TARKA_CFG_LINK(Successor)
+  /// The true branch of a condition, or the exception branch of a statement.
+  TARKA_CFG_LINK(Then)
+  /// The false branch, or the branch without exception.
+  TARKA_CFG_LINK(Else)
+  /// Where the branches of a compound statement join.
+  TARKA_CFG_LINK(End)
+  /// For the first block of a sentence: the block after the sentence, target of NEXT SENTENCE.
+  TARKA_CFG_LINK(Next)
+  /// ON SIZE ERROR.
+  TARKA_CFG_LINK(OnSize)
+  /// NOT ON SIZE ERROR.
+  TARKA_CFG_LINK(NotOnSize)
+  /// The body of an inline PERFORM.
+  TARKA_CFG_LINK(Inline)
+  /// What comes after a PERFORM, or after a declarative entered from an input-output statement.
+  TARKA_CFG_LINK(After)
+  /// Where a performed range or a declarative returns to.
+  TARKA_CFG_LINK(Return)
+
+  /// Any of them; null when it is not set.
+  CFGBlock *getLink(CFGLink link) const { return links[static_cast<std::size_t>(link)]; }
+
+private:
+  friend class CFGGraph;
+
+  void addElement(CFGElem::ElemType type, DataDescription *data, FileDescription *file,
+                  Statement *statement, ReportDescription *report);
+
+  const std::string *name;
+  std::list<CFGElem *> elements;
+  CFGGraph *graph;
+  std::array<CFGBlock *, cfgLinkCount> links{};
+  int place = -1;
+  bool haveTerminator = false;
+  CFGBlockType blockType = CFGBlockType::Ordinary;
+};
+
+#undef TARKA_CFG_LINK
+
+/// The blocks of one function, in the order in which they were made.
+class CFGGraph : public CFGRecord {
+public:
+  /// Makes a block at the end of the list. Other blocks of that name stay as they are.
+  CFGBlock *createBlock(const std::string &name);
+  /// The first block of exactly that name, case included; null when there is none.
+  CFGBlock *findBlock(const std::string &name);
+  /// Appends a block that was made by itself, and takes it for this graph's own.
+  void addBlock(CFGBlock *block);
+
+  const std::list<CFGBlock *> &getBlockList() const { return blocks; }
+
+private:
+  std::list<CFGBlock *> blocks;
+  /// The first block of each name, made when the first name is looked up: the builder itself never
+  /// asks, and many a graph is never asked at all.
+  llvm::DenseMap<llvm::StringRef, CFGBlock *> firstOfName;
+  /// The last block that the index knows; the end of the list before the first lookup.
+  std::list<CFGBlock *>::iterator lastIndexed = blocks.end();
+};
+
+/// An ENTRY statement: a further way into its function.
+class CFGEntry : public CFGRecord {
+public:
+  /// \p place counts the entries of the function from 1.
+  CFGEntry(const std::string &entryName, const std::string &functionName, int place)
+      : name(&internString(entryName)), funcName(&internString(functionName)), index(place) {}
+
+  const std::string &getName() const { return *name; }
+  const std::string &getFuncName() const { return *funcName; }
+  int getIndex() const { return index; }
+
+  /// Puts the range before the parameters that are there.
+  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
+    parameters.insert(parameters.begin(), first, last);
+  }
+  const std::list<Parameter *> &getParams() const { return parameters; }
+
+  Returning *getReturning() const { return returning; }
+  void setReturning(Returning *phrase) { returning = phrase; }
+  CFGBlock *getEntryBlock() const { return entryBlock; }
+  void setEntryBlock(CFGBlock *block) { entryBlock = block; }
+  CFGFunc *getFunc() const { return func; }
+  void setFunc(CFGFunc *function) { func = function; }
+
+private:
+  const std::string *name;
+  const std::string *funcName;
+  std::list<Parameter *> parameters;
+  Returning *returning = nullptr;
+  CFGBlock *entryBlock = nullptr;
+  CFGFunc *func = nullptr;
+  int index;
+};
+
+/// One source unit, or the declaratives of the report writer.
+class CFGFunc : public CFGRecord {
+public:
+  CFGFunc(const std::string &functionName, CFGModule *owner, SourceUnit *unit)
+      : name(&internString(functionName)), module(owner), sourceUnit(unit) {}
+
+  /// The program's name without the quotes of a literal.
+  const std::string &getName() const { return *name; }
+  CFGModule *getModule() const { return module; }
+
+  /// Puts the range before the parameters that are there.
+  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
+    parameters.insert(parameters.begin(), first, last);
+  }
+  const std::list<Parameter *> &getParams() const { return parameters; }
+  Returning *getReturning() const { return returning; }
+  void setReturning(Returning *phrase) { returning = phrase; }
+
+  CFGGraph *getBody() const { return body; }
+  void setBody(CFGGraph *graph) { body = graph; }
+  SourceUnit *getSourceUnit() const { return sourceUnit; }
+  void setSourceUnit(SourceUnit *unit) { sourceUnit = unit; }
+
+  void addEntry(CFGEntry *entry) { entries.push_back(entry); }
+  std::size_t getEntryListSize() const { return entries.size(); }
+  const std::list<CFGEntry *> &getEntryList() const { return entries; }
+
+  /// The sections of the USE BEFORE REPORTING declaratives; null but for their function.
+  std::list<Section *> *getSectionList() const { return sectionList; }
+  /// Keeps \p sections itself, and forgets an earlier list.
+  void setSectionList(std::list<Section *> *sections) { sectionList = sections; }
+
+private:
+  const std::string *name;
+  std::list<Parameter *> parameters;
+  Returning *returning = nullptr;
+  CFGGraph *body = nullptr;
+  CFGModule *module;
+  SourceUnit *sourceUnit;
+  std::list<CFGEntry *> entries;
+  std::list<Section *> *sectionList = nullptr;
+};
+
+/// One compilation.
+class CFGModule : public CFGRecord {
+public:
+  explicit CFGModule(const std::string &inputName) : name(&internString(inputName)) {}
+
+  /// The name of the compilation's input.
+  const std::string &getName() const { return *name; }
+
+  /// Appends the range to the WORKING-STORAGE entries of all source units.
+  void insertGlobalVar(std::list<DataDescription *>::iterator first,
+                       std::list<DataDescription *>::iterator last) {
+    globalVars.insert(globalVars.end(), first, last);
+  }
+  const std::list<DataDescription *> &getGlobalVars() const { return globalVars; }
+
+  void addFunc(CFGFunc *function) { functions.push_back(function); }
+  /// The functions of the source units, in the order of the source. The function of the report
+  /// declaratives is not among them, see TopLevel::getRptDeclCFGFunction().
+  const std::list<CFGFunc *> &getFuncList() const { return functions; }
+
+private:
+  const std::string *name;
+  std::list<DataDescription *> globalVars;
+  std::list<CFGFunc *> functions;
+};
+
+} // namespace tarka
+
+#endif // TARKA_ANALYZER_CFG_H
