@@ -1,0 +1,88 @@
+//===- Diagnostics.h - the messages of the front end ------------*- C++ -*-===//
+//
+// What the front end has to say about the source. Numbers, severities and texts
+// are in one table, Diagnostics.def; code names a message by its enumerator.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_DIAGNOSTICS_H
+#define TARKA_PARSE_DIAGNOSTICS_H
+
+#include "AST/Node.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/Support/FormatVariadic.h"
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarka {
+
+enum class DiagnosticSeverity : uint8_t { Fatal, Error, Warning, Info };
+
+/// A message of the front end. The value is its number.
+enum class DiagnosticId : uint16_t {
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text) Enumerator = Number,
+#include "Parse/Diagnostics.def"
+};
+
+/// What the table says about one message.
+struct DiagnosticInfo {
+  DiagnosticId id;
+  DiagnosticSeverity severity;
+  const char *text; ///< in the style of llvm::formatv
+};
+
+/// Every message, by number in ascending order of the table.
+llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable();
+
+/// The entry of \p id.
+const DiagnosticInfo &infoOf(DiagnosticId id);
+
+/// The word that the report uses: "fatal", "error", "warning" or "info".
+llvm::StringRef severityName(DiagnosticSeverity severity);
+
+/// One message that was reported.
+struct DiagnosticEntry {
+  DiagnosticId id;
+  DiagnosticSeverity severity;
+  SourceRange place;
+  std::string message;
+
+  unsigned getNumber() const { return static_cast<unsigned>(id); }
+};
+
+/// Collects what the front end reports, in the order in which it was reported. After a thousand
+/// errors one closing message is added, and everything later is dropped.
+class FrontEndDiagnostics {
+public:
+  static constexpr unsigned maxErrors = 1000;
+
+  /// Reports \p id at \p place with the values of its {0}, {1} ...
+  template <typename... Arguments>
+  void report(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
+    if (isSilent)
+      return;
+    const DiagnosticInfo &info = infoOf(id);
+    add(info, place, llvm::formatv(info.text, std::forward<Arguments>(arguments)...).str());
+  }
+
+  llvm::ArrayRef<DiagnosticEntry> getEntries() const { return entries; }
+  bool hasErrors() const { return errorCount != 0; }
+  /// The number of errors and fatal errors reported so far.
+  unsigned getErrorCount() const { return errorCount; }
+  /// Whether a fatal error was reported: the text that follows is not worth reading.
+  bool hasFatalError() const { return fatalSeen; }
+
+private:
+  void add(const DiagnosticInfo &info, const SourceRange &place, std::string message);
+
+  std::vector<DiagnosticEntry> entries;
+  unsigned errorCount = 0;
+  bool fatalSeen = false;
+  bool isSilent = false;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_DIAGNOSTICS_H

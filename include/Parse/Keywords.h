@@ -1,0 +1,97 @@
+//===- Keywords.h - reserved words and the table of words -------*- C++ -*-===//
+//
+// The words that the language gives a meaning to (Keywords.def), and the table
+// that every word of a program is looked up in once: the entry gives the word in
+// upper case, interned, and the keyword that it is, if it is one.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_KEYWORDS_H
+#define TARKA_PARSE_KEYWORDS_H
+
+#include "llvm/ADT/StringRef.h"
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace tarka {
+
+/// Every word of the table in Keywords.def. The name is the word in UpperCamelCase without its
+/// hyphens: END-PERFORM is Keyword::EndPerform.
+enum class Keyword : uint16_t {
+  None = 0,
+#define KEYWORD(Enumerator, Text, Flags) Enumerator,
+#include "Parse/Keywords.def"
+};
+
+/// What the table says about a keyword. A keyword without ContextSensitive is reserved.
+enum KeywordFlag : uint16_t {
+  KF_None = 0,
+  KF_ContextSensitive = 1,    ///< a user word except where the syntax asks for the keyword
+  KF_OsvsOnly = 2,            ///< a keyword of OS/VS COBOL only, otherwise a user word
+  KF_Verb = 4,                ///< begins a statement
+  KF_FigurativeConstant = 8,  ///< ZERO, SPACES, ALL ...
+  KF_SpecialRegister = 16,    ///< RETURN-CODE, TALLY ...
+  KF_ScopeTerminator = 32,    ///< END-IF ...
+  KF_Header = 64,             ///< a word that begins a division, section or paragraph header
+  KF_CommentParagraph = 128,  ///< AUTHOR ...: what follows its period is a comment-entry
+  KF_CompilerDirecting = 256, ///< COPY, REPLACE, EJECT ...
+};
+
+/// The flags of \p keyword as the table gives them.
+uint16_t flagsOf(Keyword keyword);
+
+/// The word in upper case; empty for None.
+llvm::StringRef textOf(Keyword keyword);
+
+inline bool isReserved(Keyword keyword) {
+  return keyword != Keyword::None && !(flagsOf(keyword) & KF_ContextSensitive);
+}
+inline bool isVerb(Keyword keyword) {
+  return flagsOf(keyword) & KF_Verb;
+}
+inline bool isFigurativeConstant(Keyword keyword) {
+  return flagsOf(keyword) & KF_FigurativeConstant;
+}
+inline bool isSpecialRegister(Keyword keyword) {
+  return flagsOf(keyword) & KF_SpecialRegister;
+}
+inline bool isScopeTerminator(Keyword keyword) {
+  return flagsOf(keyword) & KF_ScopeTerminator;
+}
+
+/// A word as the table keeps it.
+struct WordEntry {
+  const std::string *text; ///< upper case, see internString()
+  Keyword keyword;
+};
+
+/// The words of a compilation. Words that differ only in case have the same entry.
+class WordTable {
+public:
+  /// A table that holds the keywords; those of OS/VS COBOL only when \p osvs.
+  explicit WordTable(bool osvs);
+  ~WordTable();
+  WordTable(const WordTable &) = delete;
+  WordTable &operator=(const WordTable &) = delete;
+
+  /// The entry of \p spelling, made when there is none yet. Entries never move.
+  const WordEntry &lookup(llvm::StringRef spelling) { return find(spelling); }
+
+private:
+  struct Slot {
+    uint32_t hash = 0;
+    WordEntry *entry = nullptr;
+  };
+
+  WordEntry &find(llvm::StringRef spelling);
+  void grow();
+
+  std::unique_ptr<Slot[]> slots;
+  uint32_t mask;
+  uint32_t used = 0;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_KEYWORDS_H

@@ -1,0 +1,61 @@
+//===- ParseOptions.h - what the front end can be told ----------*- C++ -*-===//
+//
+// The options of reading and parsing, and the bounds that keep every input from
+// running away with time or memory.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_PARSEOPTIONS_H
+#define TARKA_PARSE_PARSEOPTIONS_H
+
+#include "llvm/ADT/IntrusiveRefCntPtr.h"
+#include "llvm/Support/VirtualFileSystem.h"
+#include <cstdint>
+#include <string>
+#include <utility>
+#include <vector>
+
+namespace tarka {
+
+/// How the lines of a source are laid out.
+enum class SourceFormat : uint8_t {
+  Auto,  ///< found out from the content of the file
+  Fixed, ///< sequence number, indicator in column 7, areas A and B, columns 73 on ignored
+  Free   ///< every column is program text
+};
+
+/// Bounds of what one compilation may ask for.
+struct ParseLimits {
+  /// COPY inside copied text.
+  unsigned copyDepth = 100;
+  /// COPY statements carried out in all.
+  unsigned copyExpansions = 100'000;
+  /// Tokens made by REPLACE and REPLACING in all.
+  uint64_t replacementTokens = 20'000'000;
+  /// >>IF and >>EVALUATE inside one another.
+  unsigned directiveDepth = 256;
+};
+
+/// The options of the front end.
+struct ParseOptions {
+  /// Where copybooks are looked for, in this order, before the directory of the including file
+  /// and the current directory.
+  std::vector<std::string> includeDirectories;
+  SourceFormat format = SourceFormat::Auto;
+  /// Compilation variables for >>IF and >>EVALUATE: name and value. A value of digits is a
+  /// number, an empty one only says that the variable is defined.
+  std::vector<std::pair<std::string, std::string>> defines;
+  /// Read debugging lines even where the program does not say WITH DEBUGGING MODE.
+  bool debuggingLines = false;
+  /// The words of OS/VS COBOL are reserved.
+  bool osvs = false;
+  bool cics = false;
+  bool sql = false;
+  /// The file system to read from; null is the real one.
+  llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;
+  ParseLimits limits;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_PARSEOPTIONS_H

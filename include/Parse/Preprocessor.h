@@ -1,0 +1,93 @@
+//===- Preprocessor.h - the token stream that a parser reads ----*- C++ -*-===//
+//
+// The tokens of a compilation in the order in which the compiler is to see them:
+// copybooks put in their place, REPLACING and REPLACE carried out, directives
+// obeyed. Tokens are made when somebody asks for them and are not kept.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_PREPROCESSOR_H
+#define TARKA_PARSE_PREPROCESSOR_H
+
+#include "Parse/Diagnostics.h"
+#include "Parse/Keywords.h"
+#include "Parse/SourceFile.h"
+#include "Parse/Token.h"
+#include <array>
+#include <cassert>
+#include <memory>
+
+namespace tarka {
+
+class Preprocessor;
+
+/// The tokens of one compilation.
+///
+/// What the stream sees to by itself, so that no look-ahead can come in between:
+/// - The string after PIC or PICTURE [IS] is one PictureString.
+/// - EXEC and EXECUTE come as EXEC, the word after it, one EmbeddedText, END-EXEC.
+/// - A comment-entry (the text after the period of AUTHOR, DATE-WRITTEN ... in an
+///   identification division) is left out.
+/// - Separator commas and semicolons, comments, listing statements are left out.
+class TokenStream {
+public:
+  /// How many tokens peek() can look at, the next one included.
+  static constexpr unsigned lookAhead = 64;
+
+  /// Reads \p main. \p files and \p diagnostics must outlive the stream.
+  TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+  ~TokenStream();
+
+  /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference
+  /// is good until the stream is asked for something else.
+  const Token &peek(unsigned n = 0) {
+    assert(n < lookAhead && "looks too far ahead");
+    if (n >= count)
+      fill(n + 1);
+    return ring[(first + n) % lookAhead];
+  }
+
+  /// Takes the next token off the stream.
+  Token next() {
+    Token token = peek();
+    skip();
+    return token;
+  }
+
+  /// Leaves the next token out.
+  void skip() {
+    if (count == 0)
+      fill(1);
+    last = ring[first].place;
+    first = (first + 1) % lookAhead;
+    --count;
+  }
+
+  bool atEnd() { return peek().is(TokenKind::EndOfFile); }
+
+  /// The place of the token that was taken last: where a construct ends.
+  const SourceRange &getLastPlace() const { return last; }
+
+  /// Reads debugging lines from the next line on (WITH DEBUGGING MODE).
+  void setDebuggingMode(bool on);
+  /// Reads 1,5 as one number from the next token on that was not looked at yet.
+  void setDecimalPointIsComma(bool on);
+
+  /// Leaves tokens out up to the next paragraph, section or division header. The stream does this
+  /// by itself after the comment paragraphs of an identification division; this is for text that
+  /// stands where only a header may.
+  void skipCommentEntry();
+
+private:
+  void fill(unsigned wanted);
+
+  std::unique_ptr<Preprocessor> source;
+  std::array<Token, lookAhead> ring;
+  unsigned first = 0;
+  unsigned count = 0;
+  SourceRange last;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_PREPROCESSOR_H

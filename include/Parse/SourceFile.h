@@ -1,0 +1,87 @@
+//===- SourceFile.h - source files and where they are found -----*- C++ -*-===//
+//
+// A file of source text in memory, and the manager that reads files through a
+// virtual file system, each of them once, and finds copybooks.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_SOURCEFILE_H
+#define TARKA_PARSE_SOURCEFILE_H
+
+#include "AST/Node.h"
+#include "Parse/ParseOptions.h"
+#include "llvm/ADT/SmallVector.h"
+#include "llvm/ADT/StringMap.h"
+#include "llvm/ADT/StringRef.h"
+#include "llvm/Support/ErrorOr.h"
+#include "llvm/Support/MemoryBuffer.h"
+#include <memory>
+#include <string>
+
+namespace tarka {
+
+/// The text of one file. It stays in memory and at its address until the process ends.
+class SourceFile {
+public:
+  SourceFile(llvm::StringRef name, std::unique_ptr<llvm::MemoryBuffer> contents);
+
+  /// The name as it was given or found.
+  llvm::StringRef getName() const { return name; }
+  /// The number for SourceRange::file.
+  unsigned getNumber() const { return number; }
+  /// The text without a byte-order mark. A byte 0 follows the last one.
+  llvm::StringRef getText() const { return text; }
+  /// Where the first byte stands that shows that the file is not text at all; npos when it is.
+  size_t getBinaryOffset() const { return binaryOffset; }
+
+private:
+  llvm::StringRef name;
+  unsigned number;
+  std::unique_ptr<llvm::MemoryBuffer> contents;
+  llvm::StringRef text;
+  size_t binaryOffset;
+};
+
+/// The layout that the lines of \p text have: Fixed or Free. Where the lines would do for either,
+/// it is \p otherwise.
+SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise = SourceFormat::Fixed);
+
+/// Reads files, keeps them, and finds copybooks.
+class SourceManager {
+public:
+  explicit SourceManager(const ParseOptions &options);
+  ~SourceManager();
+
+  const ParseOptions &getOptions() const { return options; }
+
+  /// The file \p path, read from the file system the first time. An error code says why it cannot
+  /// be read: it is missing, a directory, not accessible ...; reporting that is the caller's.
+  llvm::ErrorOr<const SourceFile *> open(llvm::StringRef path);
+
+  /// A file \p name that holds \p text and exists in memory only.
+  const SourceFile &addText(llvm::StringRef name, llvm::StringRef text);
+
+  /// The copybook \p textName of \p library (empty when not given) as \p includer would copy it:
+  /// the include directories, the directory of the includer and the current directory are
+  /// searched, with the name as written, in upper and in lower case, plain and with the usual
+  /// extensions. A name with a directory in it is taken as a path as well.
+  llvm::ErrorOr<const SourceFile *> findCopybook(llvm::StringRef textName, llvm::StringRef library,
+                                                 const SourceFile &includer);
+
+  /// The directories that findCopybook() searches, as a message shows them.
+  std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
+
+private:
+  llvm::SmallVector<std::string, 8> searchDirectories(llvm::StringRef library,
+                                                      const SourceFile &includer) const;
+
+  const ParseOptions &options;
+  llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;
+  llvm::StringMap<const SourceFile *> files;
+  /// Where a copybook was found before, by text-name, library and the includer's directory.
+  llvm::StringMap<std::string> found;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_SOURCEFILE_H

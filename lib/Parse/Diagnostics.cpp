@@ -1,0 +1,62 @@
+//===- Diagnostics.cpp - the messages of the front end --------------------===//
+
+#include "Parse/Diagnostics.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/Support/ErrorHandling.h"
+
+namespace tarka {
+
+static const DiagnosticInfo table[] = {
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text)                                   \
+  {DiagnosticId::Enumerator, DiagnosticSeverity::Severity, Text},
+#include "Parse/Diagnostics.def"
+};
+
+llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable() {
+  return table;
+}
+
+const DiagnosticInfo &infoOf(DiagnosticId id) {
+  // Two messages with one number would be two equal case labels, which does not compile.
+  switch (id) {
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text) case DiagnosticId::Enumerator:
+#include "Parse/Diagnostics.def"
+    break;
+  }
+  const auto *info =
+      llvm::find_if(table, [id](const DiagnosticInfo &entry) { return entry.id == id; });
+  assert(info != std::end(table) && "a message that is not in the table");
+  return *info;
+}
+
+llvm::StringRef severityName(DiagnosticSeverity severity) {
+  switch (severity) {
+  case DiagnosticSeverity::Fatal:
+    return "fatal";
+  case DiagnosticSeverity::Error:
+    return "error";
+  case DiagnosticSeverity::Warning:
+    return "warning";
+  case DiagnosticSeverity::Info:
+    return "info";
+  }
+  llvm_unreachable("not a severity");
+}
+
+void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &place,
+                              std::string message) {
+  entries.push_back({info.id, info.severity, place, std::move(message)});
+  if (info.severity == DiagnosticSeverity::Fatal)
+    fatalSeen = true;
+  if (info.severity == DiagnosticSeverity::Fatal || info.severity == DiagnosticSeverity::Error)
+    ++errorCount;
+  // Past the bound one last message says that there is more.
+  if (errorCount < maxErrors)
+    return;
+  isSilent = true;
+  const DiagnosticInfo &closing = infoOf(DiagnosticId::TooManyErrors);
+  entries.push_back({closing.id, closing.severity, place, closing.text});
+  fatalSeen = true;
+}
+
+} // namespace tarka

@@ -1,0 +1,74 @@
+//===- Token.cpp - one word, literal or mark of the source ----------------===//
+
+#include "Parse/Token.h"
+#include "llvm/Support/ErrorHandling.h"
+
+namespace tarka {
+
+llvm::StringRef describe(TokenKind kind) {
+  switch (kind) {
+  case TokenKind::EndOfFile:
+    return "the end of the file";
+  case TokenKind::Word:
+    return "a word";
+  case TokenKind::IntegerLiteral:
+    return "an integer";
+  case TokenKind::NumericLiteral:
+    return "a numeric literal";
+  case TokenKind::AlphanumericLiteral:
+    return "a literal";
+  case TokenKind::PictureString:
+    return "a picture character-string";
+  case TokenKind::Period:
+    return "a period";
+  case TokenKind::LParen:
+    return "'('";
+  case TokenKind::RParen:
+    return "')'";
+  case TokenKind::Colon:
+    return "':'";
+  case TokenKind::Plus:
+    return "'+'";
+  case TokenKind::Minus:
+    return "'-'";
+  case TokenKind::Star:
+    return "'*'";
+  case TokenKind::Slash:
+    return "'/'";
+  case TokenKind::Power:
+    return "'**'";
+  case TokenKind::Equal:
+    return "'='";
+  case TokenKind::Less:
+    return "'<'";
+  case TokenKind::Greater:
+    return "'>'";
+  case TokenKind::LessEqual:
+    return "'<='";
+  case TokenKind::GreaterEqual:
+    return "'>='";
+  case TokenKind::NotEqual:
+    return "'<>'";
+  case TokenKind::Ampersand:
+    return "'&'";
+  case TokenKind::Comma:
+    return "','";
+  case TokenKind::PseudoText:
+    return "'=='";
+  case TokenKind::EmbeddedText:
+    return "embedded text";
+  case TokenKind::Other:
+    return "a character";
+  }
+  llvm_unreachable("not a kind of token");
+}
+
+const std::string *Token::getInternedText() const {
+  return word ? word->text : &internString(text);
+}
+
+const std::string *Token::getInternedSpelling() const {
+  return word && *word->text == spelling ? word->text : &internString(spelling);
+}
+
+} // namespace tarka
