@@ -30,7 +30,16 @@ class SubscriptModifier;
 class ReferenceModifier;
 
 class Condition;
+
 class Statement;
+class ExceptionHandler;
+class MoveStatement;
+class PerformStatement;
+class UseStatement;
+class EvaluateSubject;
+class EvaluateWhen;
+class Parameter;
+class UseProcedure;
 
 class DataDescription;
 class FileDescription;

@@ -512,6 +512,14 @@ enum class UseFileMode : std::uint8_t {
 /// The LABEL declaratives.
 enum class UseLabelType : std::uint8_t { None = 0, File = 1, Reel = 2, Unit = 3 };
 
+/// The LABEL declaratives that say which label they handle.
+enum class UseLabelPosition : std::uint8_t { None = 0, Beginning = 1, Ending = 2 };
+
+/// What an item becomes in the document of XML GENERATE.
+enum class XmlNodeType : std::uint8_t { None = 0, Attribute = 1, Element = 2, Content = 3 };
+/// The items that EVERY of XML GENERATE ... SUPPRESS speaks of.
+enum class XmlSuppressClass : std::uint8_t { All = 0, Numeric = 1, NonNumeric = 2 };
+
 /// PROGRAM-ID attributes. INITIAL and RECURSIVE beside COMMON are flags of the paragraph.
 enum class ProgramIdType : std::uint8_t { None = 0, Initial = 1, Common = 2, Recursive = 3 };
 

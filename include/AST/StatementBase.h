@@ -1,0 +1,83 @@
+//===- StatementBase.h - what all statements share --------------*- C++ -*-===//
+//
+// The base of all statements, and the phrases that hold imperative statements.
+//
+// A list that a constructor of a statement is given belongs to the statement
+// from then on. Members that hold one byte stand first in every class: they
+// fill the room that the kind code leaves in front of the first pointer.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_STATEMENTBASE_H
+#define TARKA_AST_STATEMENTBASE_H
+
+#include "AST/Forward.h"
+#include "AST/Kinds.h"
+#include "AST/Names.h"
+#include "llvm/Support/Casting.h"
+#include <list>
+#include <utility>
+
+namespace tarka {
+
+/// A statement. The kind code tells the classes apart.
+///
+/// Many statements have formats, which their own getType() tells; it hides this one, so the kind
+/// of such a statement is to be asked through a Statement.
+class Statement : public Node {
+public:
+  Statement(const Node *at, StatementType type) : Node(at), kind(type) {}
+
+  StatementType getType() const { return kind; }
+
+private:
+  StatementType kind;
+};
+
+/// The base of the class for the one kind \p Code: it sets the kind code and tests for it.
+template <StatementType Code, class Base = Statement> class StatementOf : public Base {
+public:
+  static constexpr StatementType Kind = Code;
+
+  static bool classof(const Statement *s) { return s->getType() == Code; }
+
+protected:
+  explicit StatementOf(const Node *at) : Base(at, Code) {}
+};
+
+/// [NOT] ON EXCEPTION, AT END, ON SIZE ERROR, INVALID KEY, ON OVERFLOW or AT END-OF-PAGE, with
+/// its imperative statements.
+class ExceptionHandler : public Node {
+public:
+  ExceptionHandler(const Node *at, ExceptionHandlerType which, bool isNot,
+                   std::list<Statement *> *statements = nullptr)
+      : Node(at), type(which), notOn(isNot), imperStmts(takeOver(statements)) {}
+
+  TARKA_FIELD(ExceptionHandlerType, type, Type, ExceptionHandlerType::OnException);
+  /// True for the NOT form.
+  TARKA_FLAG(notOn, NotOn, false);
+  TARKA_LIST_ADD(Statement, imperStmts, ImperStmtList, ImperStmt);
+};
+
+/// The procedures that a procedure-name, or two with THROUGH, stand for. Set by the check; all
+/// null before. Of a section and a paragraph at the same end at most one is set.
+class ProcedureRange {
+public:
+  /// Records what procedure-name-1 stands for, and at the second call what procedure-name-2 does.
+  void addSection(Section *section) { (hasBegin() ? thruSection : beginSection) = section; }
+  void addParagraph(Paragraph *paragraph) {
+    (hasBegin() ? thruParagraph : beginParagraph) = paragraph;
+  }
+
+  TARKA_FIELD(Section *, beginSection, BeginSection, nullptr);
+  TARKA_FIELD(Paragraph *, beginParagraph, BeginParagraph, nullptr);
+  TARKA_FIELD(Section *, thruSection, ThruSection, nullptr);
+  TARKA_FIELD(Paragraph *, thruParagraph, ThruParagraph, nullptr);
+
+private:
+  bool hasBegin() const { return beginSection || beginParagraph; }
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_STATEMENTBASE_H

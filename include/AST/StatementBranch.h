@@ -1,0 +1,423 @@
+//===- StatementBranch.h - statements that direct control -------*- C++ -*-===//
+//
+// CALL and its kin, GO TO, PERFORM, ALTER, the EXIT forms, GOBACK, STOP, IF,
+// EVALUATE, SEARCH, ON, CONTINUE, NEXT SENTENCE, EXEC and TRACE.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_STATEMENTBRANCH_H
+#define TARKA_AST_STATEMENTBRANCH_H
+
+#include "AST/StatementBase.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Programs
+//===----------------------------------------------------------------------===//
+
+/// One argument of CALL: [BY {REFERENCE | CONTENT | VALUE}] {operand | OMITTED}
+class Argument : public Node {
+public:
+  /// \p operand is null when \p isLeftOut.
+  Argument(const Node *at, ArgType how, Expression *operand, bool isLeftOut)
+      : Node(at), type(how), omitted(isLeftOut), expr(operand) {}
+
+  TARKA_FIELD(ArgType, type, Type, ArgType::Reference);
+  /// True for OMITTED.
+  TARKA_FLAG(omitted, Omitted, false);
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+};
+
+/// One item of USING in the PROCEDURE DIVISION header or in ENTRY: [BY {REFERENCE | VALUE}] item
+class Parameter : public Node {
+public:
+  Parameter(const Node *at, ParameterType how, Expression *item)
+      : Node(at), type(how), expr(item) {}
+
+  TARKA_FIELD(ParameterType, type, Type, ParameterType::Reference);
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+};
+
+/// CALL program [USING argument...] [RETURNING identifier]
+///   [ON OVERFLOW statements] [[NOT] ON EXCEPTION statements]...
+class CallStatement : public StatementOf<StatementType::Call> {
+public:
+  CallStatement(const Node *at, Expression *program) : StatementOf(at), procedureName(program) {}
+
+  void addArgumentFront(Argument *argument) { arguments.push_front(argument); }
+  void setExceptHandler(std::list<ExceptionHandler *> *handlers) { exceptHandlers = handlers; }
+
+  /// The literal or identifier that names the program.
+  TARKA_FIELD(Expression *, procedureName, ProcedureName, nullptr);
+  TARKA_LIST_ADD(Argument, arguments, ArgumentList, Argument);
+  /// Null without RETURNING.
+  TARKA_FIELD(IdentifierExpression *, returnItem, Return, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, exceptHandlers, ExceptHandler, ExceptHandler);
+  /// Items that the check records for the called program beside the arguments.
+  TARKA_LAZY_LIST(IdentifierExpression, params, ParamList, Param);
+  /// The MOVE that precedes the call of a DL/I interface; null for other calls.
+  TARKA_FIELD(Statement *, moveStmt, MoveStmt, nullptr);
+};
+
+/// CANCEL program...
+class CancelStatement : public StatementOf<StatementType::Cancel> {
+public:
+  explicit CancelStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(Expression, programs, ProgramList, Program);
+};
+
+/// ENTRY literal [USING parameter...]
+class EntryStatement : public StatementOf<StatementType::Entry> {
+public:
+  EntryStatement(const Node *at, LiteralExpression *name) : StatementOf(at), entryLiteral(name) {}
+
+  TARKA_FIELD(LiteralExpression *, entryLiteral, EntryLiteral, nullptr);
+  TARKA_LIST_ADD(Parameter, parameters, Parameter, Parameter);
+};
+
+/// EXIT PROGRAM
+class ExitProgramStatement : public StatementOf<StatementType::ExitProgram> {
+public:
+  explicit ExitProgramStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// GOBACK
+class GobackStatement : public StatementOf<StatementType::Goback> {
+public:
+  explicit GobackStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// STOP {RUN | literal}
+class StopStatement : public StatementOf<StatementType::Stop> {
+public:
+  /// \p text is null for STOP RUN.
+  StopStatement(const Node *at, StopType format, LiteralExpression *text = nullptr)
+      : StatementOf(at), type(format), literal(text) {}
+
+  TARKA_FIELD(StopType, type, Type, StopType::Run);
+  TARKA_FIELD(LiteralExpression *, literal, Literal, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// Procedures
+//===----------------------------------------------------------------------===//
+
+/// A target of GO TO as the check found it; one of the two is null.
+class GotoProcedure : public Node {
+public:
+  GotoProcedure(Section *targetSection, Paragraph *targetParagraph)
+      : section(targetSection), paragraph(targetParagraph) {}
+
+  TARKA_FIELD(Section *, section, Section, nullptr);
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph, nullptr);
+};
+
+/// GO TO [procedure-name]
+/// GO TO procedure-name... DEPENDING ON identifier
+class GotoStatement : public StatementOf<StatementType::Goto> {
+public:
+  explicit GotoStatement(const Node *at) : StatementOf(at) {}
+
+  /// Empty in a GO TO that ALTER is to set.
+  TARKA_LIST_ADD(QualifiedWord, procedureNames, ProcedureNameList, ProcedureName);
+  /// Null without DEPENDING ON.
+  TARKA_FIELD(IdentifierExpression *, dependingName, DependingName, nullptr);
+  /// What the names stand for, in their order; set by the check.
+  TARKA_LAZY_LIST(GotoProcedure, procedures, ProcedureList, Procedure);
+};
+
+/// procedure-name-1 TO [PROCEED TO] procedure-name-2
+class AlterItem : public Node {
+public:
+  AlterItem(const Node *at, QualifiedWord *source, QualifiedWord *destination)
+      : Node(at), srcProcName(source), dstProcName(destination) {}
+
+  TARKA_FIELD(QualifiedWord *, srcProcName, SrcProcName, nullptr);
+  TARKA_FIELD(QualifiedWord *, dstProcName, DstProcName, nullptr);
+  /// What the names stand for; null before the check, which sets one of the two destinations.
+  TARKA_FIELD(Paragraph *, srcParagraph, SrcParagraph, nullptr);
+  TARKA_FIELD(Section *, dstSection, DstSection, nullptr);
+  TARKA_FIELD(Paragraph *, dstParagraph, DstParagraph, nullptr);
+};
+
+/// ALTER {procedure-name TO [PROCEED TO] procedure-name}...
+class AlterStatement : public StatementOf<StatementType::Alter> {
+public:
+  explicit AlterStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(AlterItem, items, AlterList, AlterItem);
+};
+
+/// procedure-name-1 [THROUGH procedure-name-2], with the procedures that the names stand for.
+class PerformProcedure : public Node, public ProcedureRange {
+public:
+  /// \p thru is null without THROUGH.
+  PerformProcedure(const Node *at, QualifiedWord *begin, QualifiedWord *thru)
+      : Node(at), procedureName1(begin), procedureName2(thru) {}
+
+  TARKA_FIELD(QualifiedWord *, procedureName1, ProcedureName1, nullptr);
+  TARKA_FIELD(QualifiedWord *, procedureName2, ProcedureName2, nullptr);
+};
+
+/// WITH TEST {BEFORE | AFTER}
+class PerformTest : public Node {
+public:
+  PerformTest(const Node *at, PerformTestType when) : Node(at), type(when) {}
+
+  TARKA_FIELD(PerformTestType, type, Type, PerformTestType::Before);
+};
+
+/// {VARYING | AFTER} identifier FROM operand BY operand UNTIL condition
+class PerformVarying : public Node {
+public:
+  PerformVarying(const Node *at, Expression *varying, Expression *from, Expression *by,
+                 Condition *until)
+      : Node(at), varyingIdentifier(varying), fromIdentifier(from), byIdentifier(by),
+        untilCondition(until) {}
+
+  TARKA_FIELD(Expression *, varyingIdentifier, VaryingIdentifier, nullptr);
+  TARKA_FIELD(Expression *, fromIdentifier, FromIdentifier, nullptr);
+  TARKA_FIELD(Expression *, byIdentifier, ByIdentifier, nullptr);
+  TARKA_FIELD(Condition *, untilCondition, UntilCondition, nullptr);
+};
+
+/// PERFORM [procedure-name [THROUGH procedure-name]]
+///   [operand TIMES | [WITH TEST {BEFORE | AFTER}] UNTIL condition
+///    | [WITH TEST {BEFORE | AFTER}] VARYING phrase [AFTER phrase]...]
+///   [statements END-PERFORM]
+class PerformStatement : public StatementOf<StatementType::Perform> {
+public:
+  PerformStatement(const Node *at, PerformStmtType format) : StatementOf(at), type(format) {}
+  /// What the statement does not say is null.
+  PerformStatement(const Node *at, PerformStmtType format, PerformProcedure *procedure,
+                   std::list<Statement *> *statements, Expression *times, PerformTest *test,
+                   std::list<PerformVarying *> *varying, Condition *until)
+      : StatementOf(at), type(format), procedureName(procedure), inlineStatements(statements),
+        timesInteger(times), performTest(test), phrases(varying), untilCondition(until) {}
+
+  TARKA_FIELD(PerformStmtType, type, Type, PerformStmtType::Simple);
+  /// Null in the inline form.
+  TARKA_FIELD(PerformProcedure *, procedureName, ProcedureName, nullptr);
+  /// Empty in the out-of-line form.
+  TARKA_LAZY_LIST(Statement, inlineStatements, InlineStatements, InlineStatement);
+  /// Null without TIMES.
+  TARKA_FIELD(Expression *, timesInteger, TimesInteger, nullptr);
+  /// Null where WITH TEST is not written, which means BEFORE.
+  TARKA_FIELD(PerformTest *, performTest, PerformTest, nullptr);
+  /// The VARYING phrase, then the AFTER phrases.
+  TARKA_LAZY_LIST(PerformVarying, phrases, PhraseList, Phrase);
+  /// The condition of UNTIL without VARYING; null otherwise.
+  TARKA_FIELD(Condition *, untilCondition, UntilCondition, nullptr);
+};
+
+/// EXIT, the end point of a procedure.
+class ExitStatement : public StatementOf<StatementType::Exit> {
+public:
+  explicit ExitStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// EXIT PARAGRAPH
+class ExitParagraphStatement : public StatementOf<StatementType::ExitParagraph> {
+public:
+  explicit ExitParagraphStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// EXIT SECTION
+class ExitSectionStatement : public StatementOf<StatementType::ExitSection> {
+public:
+  explicit ExitSectionStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// EXIT PERFORM [CYCLE]
+class ExitPerformStatement : public StatementOf<StatementType::ExitPerform> {
+public:
+  ExitPerformStatement(const Node *at, bool isCycle) : StatementOf(at), cycle(isCycle) {}
+
+  TARKA_FLAG(cycle, Cycle, false);
+  /// Where control goes on after the innermost inline PERFORM around the statement; null before
+  /// the graph is built.
+  TARKA_FIELD(CFGBlock *, afterBlock, AfterBlock, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// Decisions
+//===----------------------------------------------------------------------===//
+
+/// CONTINUE
+class ContinueStatement : public StatementOf<StatementType::Continue> {
+public:
+  explicit ContinueStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// NEXT SENTENCE
+class NextSentenceStatement : public StatementOf<StatementType::NextSentence> {
+public:
+  explicit NextSentenceStatement(const Node *at) : StatementOf(at) {}
+
+  /// The first block of the sentence around the statement; its next field leads past the
+  /// sentence. Null before the graph is built.
+  TARKA_FIELD(CFGBlock *, sentenceBlock, SentenceBlock, nullptr);
+};
+
+/// IF condition [THEN] statements [ELSE statements]
+class IfStatement : public StatementOf<StatementType::If> {
+public:
+  explicit IfStatement(const Node *at, Condition *test = nullptr)
+      : StatementOf(at), condition(test) {}
+  /// \p otherwise is null without ELSE.
+  IfStatement(const Node *at, Condition *test, std::list<Statement *> *then,
+              std::list<Statement *> *otherwise)
+      : StatementOf(at), condition(test), ifStmts(takeOver(then)), elseStmts(otherwise) {}
+
+  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  TARKA_LIST_ADD(Statement, ifStmts, IfStmtList, IfStmt);
+  /// Empty without ELSE.
+  TARKA_LAZY_LIST(Statement, elseStmts, ElseStmtList, ElseStmt);
+};
+
+/// What EVALUATE and ALSO are followed by: operand, condition, TRUE or FALSE.
+class EvaluateSubject : public Node {
+public:
+  EvaluateSubject(const Node *at, EvalSubjectType which, Expression *operand, Condition *condition)
+      : Node(at), type(which), expr(operand), cond(condition) {}
+
+  TARKA_FIELD(EvalSubjectType, type, Type, EvalSubjectType::Expression);
+  /// Null unless the subject is an operand.
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  /// Null unless the subject is a condition.
+  TARKA_FIELD(Condition *, cond, Cond, nullptr);
+};
+
+/// What WHEN and ALSO are followed by: ANY, condition, TRUE, FALSE, or
+/// [NOT] operand [THROUGH operand].
+class EvaluateObject : public Node {
+public:
+  EvaluateObject(const Node *at, EvalObjectType which) : Node(at), type(which) {}
+
+  TARKA_FIELD(EvalObjectType, type, Type, EvalObjectType::Any);
+  /// True when NOT is written before an operand or a range.
+  TARKA_FLAG(notObject, Not, false);
+  /// Null unless the object is a condition.
+  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  /// The operand, or the first one of a range; null otherwise.
+  TARKA_FIELD(Expression *, frontExpression, FrontExpression, nullptr);
+  /// The second operand of a range; null otherwise.
+  TARKA_FIELD(Expression *, rearExpression, RearExpression, nullptr);
+};
+
+/// WHEN {object [ALSO object]... | OTHER}
+class EvaluateWhen : public Node {
+public:
+  EvaluateWhen(const Node *at, EvalWhenType which) : Node(at), type(which) {}
+
+  TARKA_FIELD(EvalWhenType, type, Type, EvalWhenType::When);
+  /// Empty for OTHER.
+  TARKA_LIST_ADD(EvaluateObject, whenObjs, WhenObjList, WhenObj);
+};
+
+/// One or more WHEN phrases with the statements that they share.
+class EvaluateCase : public Node {
+public:
+  explicit EvaluateCase(const Node *at) : Node(at) {}
+
+  std::list<EvaluateWhen *> *getWhenList() { return &whens; }
+  std::list<Statement *> *getWhenStmtList() { return &whenStmts; }
+
+  TARKA_LIST_ADD(EvaluateWhen, whens, WhenList, When);
+  TARKA_LIST_ADD(Statement, whenStmts, WhenStmtList, WhenStmt);
+};
+
+/// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
+///   [WHEN OTHER statements]
+class EvaluateStatement : public StatementOf<StatementType::Evaluate> {
+public:
+  explicit EvaluateStatement(const Node *at) : StatementOf(at) {}
+
+  std::list<EvaluateSubject *> *getSubjectList() { return &subjects; }
+
+  TARKA_LIST_ADD(EvaluateSubject, subjects, SubjectList, Subject);
+  TARKA_LIST_ADD(EvaluateCase, cases, WhenCaseList, WhenCase);
+};
+
+/// WHEN condition {statements | NEXT SENTENCE}
+class SearchWhen : public Node {
+public:
+  SearchWhen(const Node *at, Condition *test) : Node(at), condition(test) {}
+
+  std::list<Statement *> *getStatementList() { return &statements; }
+
+  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  TARKA_LIST_ADD(Statement, statements, StatementList, Statement);
+};
+
+/// SEARCH table [VARYING identifier] [AT END statements] {WHEN condition statements}...
+/// SEARCH ALL table [AT END statements] WHEN condition statements
+class SearchStatement : public StatementOf<StatementType::Search> {
+public:
+  SearchStatement(const Node *at, SearchType format, IdentifierExpression *table)
+      : StatementOf(at), type(format), searchIdentifier(table) {}
+
+  TARKA_FIELD(SearchType, type, Type, SearchType::Serial);
+  TARKA_FIELD(IdentifierExpression *, searchIdentifier, SearchIdentifier, nullptr);
+  /// Null without VARYING.
+  TARKA_FIELD(IdentifierExpression *, varyingIdentifier, VaryingIdentifier, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, atHandlers, AtHandler, AtHandler);
+  TARKA_LIST_ADD(SearchWhen, whens, WhenList, When);
+  /// The conditions that step through a sorted table, made by the check.
+  TARKA_LAZY_LIST(Condition, conditions, CondList, CondList);
+  /// The block that steps the index; null before the graph is built.
+  TARKA_FIELD(CFGBlock *, indexChangeBlock, IndexChangeBlock, nullptr);
+};
+
+/// ON integer [AND EVERY integer] [UNTIL integer] statements [{ELSE | OTHERWISE} statements]
+class OnStatement : public StatementOf<StatementType::On> {
+public:
+  OnStatement(const Node *at, Expression *count) : StatementOf(at), onExpr(count) {}
+
+  TARKA_FIELD(Expression *, onExpr, OnExpr, nullptr);
+  /// Null without EVERY.
+  TARKA_FIELD(Expression *, everyExpr, EveryExpr, nullptr);
+  /// Null without UNTIL.
+  TARKA_FIELD(Expression *, untilExpr, UntilExpr, nullptr);
+  /// The statements that are run when the count fits.
+  TARKA_LIST_ADD(Statement, untilStmts, UntilStmtList, UntilStmt);
+  /// Empty without ELSE.
+  TARKA_LAZY_LIST(Statement, elseStmts, ElseStmtList, ElseStmt);
+  /// The ADD that counts and the condition on the count, made by the check; null before.
+  TARKA_FIELD(Statement *, addStmt, AddStmt, nullptr);
+  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// Other languages and tracing
+//===----------------------------------------------------------------------===//
+
+/// EXEC language text END-EXEC
+class ExecStatement : public StatementOf<StatementType::Exec> {
+public:
+  /// \p body is what stands between the name of the language and END-EXEC.
+  ExecStatement(const Node *at, ExecType language, llvm::StringRef body)
+      : StatementOf(at), type(language), text(&internString(body)) {}
+
+  TARKA_FIELD(ExecType, type, Type, ExecType::Other);
+
+public:
+  const std::string &getText() const { return *text; }
+
+private:
+  const std::string *text;
+};
+
+/// {READY | RESET} TRACE
+class TraceStatement : public StatementOf<StatementType::Trace> {
+public:
+  TraceStatement(const Node *at, TraceType which) : StatementOf(at), type(which) {}
+
+  TARKA_FIELD(TraceType, type, Type, TraceType::Ready);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_STATEMENTBRANCH_H

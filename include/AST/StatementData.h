@@ -1,0 +1,369 @@
+//===- StatementData.h - statements that move data --------------*- C++ -*-===//
+//
+// ACCEPT, DISPLAY, MOVE, SET, INITIALIZE, INSPECT, STRING, UNSTRING, and the
+// OS/VS statements TRANSFORM, EXAMINE and EXHIBIT.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_STATEMENTDATA_H
+#define TARKA_AST_STATEMENTDATA_H
+
+#include "AST/StatementBase.h"
+
+namespace tarka {
+
+/// FROM {mnemonic-name | environment-name | DATE [YYYYMMDD] | DAY [YYYYDDD] | DAY-OF-WEEK | TIME}
+class AcceptFrom : public Node {
+public:
+  /// \p name is null unless the source is a device.
+  AcceptFrom(const Node *at, AcceptFromType which, Word *name = nullptr)
+      : Node(at), type(which), fromName(name) {}
+
+  TARKA_FIELD(AcceptFromType, type, Type, AcceptFromType::None);
+  TARKA_FIELD(Word *, fromName, FromName, nullptr);
+};
+
+/// ACCEPT identifier [FROM source]
+class AcceptStatement : public StatementOf<StatementType::Accept> {
+public:
+  /// \p from is null without FROM.
+  AcceptStatement(const Node *at, IdentifierExpression *receiver, AcceptFrom *from = nullptr)
+      : StatementOf(at), variable(receiver), fromType(from) {}
+
+  TARKA_FIELD(IdentifierExpression *, variable, Variable, nullptr);
+  TARKA_FIELD(AcceptFrom *, fromType, FromType, nullptr);
+};
+
+/// DISPLAY operand... [UPON name] [WITH NO ADVANCING]
+class DisplayStatement : public StatementOf<StatementType::Display> {
+public:
+  explicit DisplayStatement(const Node *at, std::list<Expression *> *items = nullptr)
+      : StatementOf(at), operands(takeOver(items)) {}
+
+  TARKA_FLAG(noAdvancing, NoAdvancing, false);
+  TARKA_LIST_ADD(Expression, operands, IdenLiterList, IdenLiter);
+  /// Null without UPON.
+  TARKA_FIELD(Word *, uponName, UponName, nullptr);
+};
+
+/// MOVE [CORRESPONDING] operand TO identifier...
+class MoveStatement : public StatementOf<StatementType::Move> {
+public:
+  MoveStatement(const Node *at, Expression *sender, std::list<IdentifierExpression *> *receivers,
+                bool isCorresponding)
+      : StatementOf(at), corresponding(isCorresponding), source(sender),
+        targets(takeOver(receivers)) {}
+
+  TARKA_FLAG(corresponding, Corresponding, false);
+  TARKA_FIELD(Expression *, source, Source, nullptr);
+  TARKA_LIST_ADD(IdentifierExpression, targets, TargetList, Target);
+  /// The rule of each receiving operand, in their order; null before the check. Shorter than the
+  /// receiving list after an error.
+  TARKA_FIELD(std::list<MoveRule> *, moveRules, MoveRuleList, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// SET
+//===----------------------------------------------------------------------===//
+
+/// What follows TO, UP BY or DOWN BY: operand, ENTRY operand, NULL, ON, OFF, TRUE or FALSE.
+class SetToValue : public Node {
+public:
+  /// \p value is null for the words that stand for themselves.
+  SetToValue(const Node *at, SetToValueType which, Expression *value = nullptr)
+      : Node(at), type(which), toExpr(value) {}
+
+  TARKA_FIELD(SetToValueType, type, Type, SetToValueType::Expression);
+  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
+};
+
+/// One receiving list of SET with what it is set to:
+///   {identifier | ADDRESS OF identifier}... {TO | UP BY | DOWN BY} value
+///   mnemonic-name... TO {ON | OFF}
+///   condition-name... TO {TRUE | FALSE}
+class SetItem : public Node {
+public:
+  SetItem(const Node *at, SetItemType format) : Node(at), type(format) {}
+
+  TARKA_FIELD(SetItemType, type, Type, SetItemType::To);
+  TARKA_FIELD(SetToValue *, toValue, ToValue, nullptr);
+  /// The receiving operands, and the names of switches as they are written.
+  TARKA_LAZY_LIST(Expression, operands, SetList, Set);
+  /// The condition-names, each a ConditionNameCondition.
+  TARKA_LAZY_LIST(Condition, conditions, CondList, Cond);
+  /// The switches that the names of the switch format stand for; set by the check.
+  TARKA_LAZY_LIST(Word, mnemonicNames, MnemonicNameList, MnemonicName);
+};
+
+/// SET {receiver... TO value}...
+class SetStatement : public StatementOf<StatementType::Set> {
+public:
+  explicit SetStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(SetItem, items, ItemList, Item);
+};
+
+//===----------------------------------------------------------------------===//
+// INITIALIZE
+//===----------------------------------------------------------------------===//
+
+/// category DATA BY operand
+class InitializeReplacingItem : public Node {
+public:
+  InitializeReplacingItem(const Node *at, InitializeReplacingType category, Expression *value)
+      : Node(at), type(category), byExpr(value) {}
+
+  TARKA_FIELD(InitializeReplacingType, type, Type, InitializeReplacingType::Alphanumeric);
+  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+};
+
+/// INITIALIZE identifier... [WITH FILLER] [{ALL | category} TO VALUE]
+///   [THEN REPLACING {category DATA BY operand}...] [THEN TO DEFAULT]
+class InitializeStatement : public StatementOf<StatementType::Initialize> {
+public:
+  explicit InitializeStatement(const Node *at) : StatementOf(at) {}
+
+  /// The categories that TO VALUE is written for.
+  void addValueCategory(InitializeReplacingType category) {
+    valueCategories |= std::uint16_t(1u << unsigned(category));
+  }
+  bool hasValueCategory(InitializeReplacingType category) const {
+    return allToValue || (valueCategories >> unsigned(category) & 1) != 0;
+  }
+
+  TARKA_FLAG(filler, Filler, false);
+  /// True for ALL TO VALUE.
+  TARKA_FLAG(allToValue, AllToValue, false);
+  /// True for THEN TO DEFAULT.
+  TARKA_FLAG(toDefault, ToDefault, false);
+  TARKA_LIST_ADD(IdentifierExpression, identifiers, IdentifierList, Identifier);
+  TARKA_LAZY_LIST(InitializeReplacingItem, replacing, ReplacingList, Replacing);
+
+private:
+  std::uint16_t valueCategories = 0;
+};
+
+//===----------------------------------------------------------------------===//
+// INSPECT
+//===----------------------------------------------------------------------===//
+
+/// {BEFORE | AFTER} INITIAL operand
+class InspectRegion : public Node {
+public:
+  InspectRegion(const Node *at, InspRegType side, Expression *limit)
+      : Node(at), type(side), expr(limit) {}
+
+  TARKA_FIELD(InspRegType, type, Type, InspRegType::Before);
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+};
+
+/// What is counted after ALL or LEADING: operand [region]...
+class TallyingRegion : public Node {
+public:
+  TallyingRegion(const Node *at, Expression *operand, std::list<InspectRegion *> *limits)
+      : Node(at), expr(operand), regions(limits) {}
+
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_LAZY_LIST(InspectRegion, regions, RegionPhraseList, RegionPhrase);
+};
+
+/// CHARACTERS [region]...
+/// {ALL | LEADING} {operand [region]...}...
+class TallyingItemFor : public Node {
+public:
+  /// The regions belong to CHARACTERS, the operands to ALL and LEADING; the other list is null.
+  TallyingItemFor(const Node *at, InspTailType which, std::list<InspectRegion *> *limits,
+                  std::list<TallyingRegion *> *operands)
+      : Node(at), type(which), regions(limits), tallied(operands) {}
+
+  TARKA_FIELD(InspTailType, type, Type, InspTailType::Characters);
+  TARKA_LAZY_LIST(InspectRegion, regions, InspectRegionList, InspectRegion);
+  TARKA_LAZY_LIST(TallyingRegion, tallied, TallyingRegionList, TallyingRegion);
+};
+
+/// identifier FOR item...
+class TallyingItem : public Node {
+public:
+  TallyingItem(const Node *at, IdentifierExpression *counter, std::list<TallyingItemFor *> *items)
+      : Node(at), identifier(counter), tallyingFor(takeOver(items)) {}
+
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
+  TARKA_LIST_ADD(TallyingItemFor, tallyingFor, TallyingForList, TallyingFor);
+};
+
+/// operand BY operand [region]...
+class ReplacingRegion : public Node {
+public:
+  ReplacingRegion(const Node *at, Expression *operand, Expression *by,
+                  std::list<InspectRegion *> *limits)
+      : Node(at), expr(operand), byExpr(by), regions(limits) {}
+
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+  TARKA_LAZY_LIST(InspectRegion, regions, RegionList, Region);
+};
+
+/// CHARACTERS BY operand [region]...
+/// {ALL | LEADING | FIRST} {operand BY operand [region]...}...
+class ReplacingItem : public Node {
+public:
+  /// The operand and the regions belong to CHARACTERS, the replacements to the other forms; what
+  /// does not belong to the form is null.
+  ReplacingItem(const Node *at, InspReplType which, Expression *by,
+                std::list<InspectRegion *> *limits, std::list<ReplacingRegion *> *replacements)
+      : Node(at), type(which), expr(by), regions(limits), replaced(replacements) {}
+
+  TARKA_FIELD(InspReplType, type, Type, InspReplType::Characters);
+  /// What CHARACTERS are replaced by; null in the other forms.
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_LAZY_LIST(InspectRegion, regions, InspectRegionList, InspectRegion);
+  TARKA_LAZY_LIST(ReplacingRegion, replaced, ReplacingRegionList, ReplacingRegion);
+};
+
+/// CONVERTING operand TO operand [region]...
+class ConvertingItem : public Node {
+public:
+  ConvertingItem(const Node *at, Expression *from, Expression *to,
+                 std::list<InspectRegion *> *limits)
+      : Node(at), expr(from), toExpr(to), regions(limits) {}
+
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
+  TARKA_LAZY_LIST(InspectRegion, regions, RegionList, Region);
+};
+
+/// INSPECT identifier [TALLYING item...] [REPLACING item...]
+/// INSPECT identifier CONVERTING operand TO operand [region]...
+class InspectStatement : public StatementOf<StatementType::Inspect> {
+public:
+  /// The phrases that are not written are null.
+  InspectStatement(const Node *at, IdentifierExpression *inspected,
+                   std::list<TallyingItem *> *tallies, std::list<ReplacingItem *> *replacements,
+                   ConvertingItem *conversion)
+      : StatementOf(at), identifier(inspected), tallying(tallies), replacing(replacements),
+        converting(conversion) {}
+
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
+  TARKA_LAZY_LIST(TallyingItem, tallying, TallyingList, Tallying);
+  TARKA_LAZY_LIST(ReplacingItem, replacing, ReplacingList, Replacing);
+  TARKA_FIELD(ConvertingItem *, converting, Converting, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// STRING and UNSTRING
+//===----------------------------------------------------------------------===//
+
+/// operand... [DELIMITED BY {operand | SIZE}]
+class StringItem : public Node {
+public:
+  explicit StringItem(const Node *at) : Node(at) {}
+
+  TARKA_FIELD(StringDelimiterType, type, Type, StringDelimiterType::None);
+  TARKA_LIST_ADD(Expression, stringNames, StringNameList, StringName);
+  /// Null unless an operand is the delimiter.
+  TARKA_FIELD(Expression *, delimitedName, DelimitedName, nullptr);
+};
+
+/// STRING item... INTO identifier [WITH POINTER identifier] [[NOT] ON OVERFLOW statements]...
+class StringStatement : public StatementOf<StatementType::String> {
+public:
+  explicit StringStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(StringItem, items, ItemList, Item);
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
+  /// Null without POINTER.
+  TARKA_FIELD(IdentifierExpression *, withPointer, WithPointerIdentifier, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, OverflowHandler, OverflowHandler);
+};
+
+/// [ALL] operand, after DELIMITED BY or OR
+class UnstringDelimitedItem : public Node {
+public:
+  UnstringDelimitedItem(const Node *at, Expression *operand, bool isAll)
+      : Node(at), all(isAll), delimiter(operand) {}
+
+  TARKA_FLAG(all, All, false);
+  TARKA_FIELD(Expression *, delimiter, Delimiter, nullptr);
+};
+
+/// identifier [DELIMITER IN identifier] [COUNT IN identifier]
+class UnstringIntoItem : public Node {
+public:
+  UnstringIntoItem(const Node *at, IdentifierExpression *target)
+      : Node(at), targetIdentifier(target) {}
+
+  TARKA_FIELD(IdentifierExpression *, targetIdentifier, TargetIdentifier, nullptr);
+  /// Null without DELIMITER IN, COUNT IN.
+  TARKA_FIELD(IdentifierExpression *, delimiter, Delimiter, nullptr);
+  TARKA_FIELD(IdentifierExpression *, countIdentifier, CountIdentifier, nullptr);
+};
+
+/// UNSTRING identifier [DELIMITED BY [ALL] operand [OR [ALL] operand]...] INTO item...
+///   [WITH POINTER identifier] [TALLYING IN identifier] [[NOT] ON OVERFLOW statements]...
+class UnstringStatement : public StatementOf<StatementType::Unstring> {
+public:
+  UnstringStatement(const Node *at, IdentifierExpression *source)
+      : StatementOf(at), sourceIdentifier(source) {}
+
+  TARKA_FIELD(IdentifierExpression *, sourceIdentifier, SourceIdentifier, nullptr);
+  TARKA_LAZY_LIST(UnstringDelimitedItem, delimiters, DelimiterList, Delimiter);
+  TARKA_LIST_ADD(UnstringIntoItem, intoItems, IntoList, Into);
+  /// Null without POINTER, TALLYING.
+  TARKA_FIELD(IdentifierExpression *, withPointerId, WithPointerId, nullptr);
+  TARKA_FIELD(IdentifierExpression *, tallyingId, TallyingId, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, OverflowHandler, OverflowHandler);
+};
+
+//===----------------------------------------------------------------------===//
+// OS/VS
+//===----------------------------------------------------------------------===//
+
+/// TRANSFORM identifier CHARACTERS FROM operand TO operand
+class TransformStatement : public StatementOf<StatementType::Transform> {
+public:
+  TransformStatement(const Node *at, Expression *transformed, Expression *from, Expression *to)
+      : StatementOf(at), transformExpr(transformed), fromExpr(from), toExpr(to) {}
+
+  TARKA_FIELD(Expression *, transformExpr, TransformExpr, nullptr);
+  TARKA_FIELD(Expression *, fromExpr, FromExpr, nullptr);
+  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
+  /// The INSPECT that does the work, made by the check; null before.
+  TARKA_FIELD(Statement *, inspectStmt, InspectStmt, nullptr);
+};
+
+/// EXAMINE identifier TALLYING {ALL | LEADING | UNTIL FIRST} operand [REPLACING BY operand]
+/// EXAMINE identifier REPLACING {ALL | LEADING | [UNTIL] FIRST} operand BY operand
+class ExamineStatement : public StatementOf<StatementType::Examine> {
+public:
+  ExamineStatement(const Node *at, ExamineType format, Expression *examined)
+      : StatementOf(at), examType(format), examineExpr(examined) {}
+
+  TARKA_FIELD(ExamineType, examType, ExamType, ExamineType::Tallying);
+  TARKA_FIELD(ExamineOptionType, optionType, OptionType, ExamineOptionType::All);
+  TARKA_FIELD(Expression *, examineExpr, ExamineExpr, nullptr);
+  /// The operand that is looked for.
+  TARKA_FIELD(Expression *, optExpr, OptExpr, nullptr);
+  /// Null where nothing is replaced.
+  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+  /// The INSPECT that does the work and the MOVE before it that clears TALLY, made by the check;
+  /// null before, and the MOVE where nothing is counted.
+  TARKA_FIELD(Statement *, inspectStmt, InspectStmt, nullptr);
+  TARKA_FIELD(Statement *, moveStmt, MoveStmt, nullptr);
+};
+
+/// EXHIBIT {NAMED | CHANGED | CHANGED NAMED} operand... [UPON name]
+class ExhibitStatement : public StatementOf<StatementType::Exhibit> {
+public:
+  ExhibitStatement(const Node *at, ExhibitType format) : StatementOf(at), exhibitType(format) {}
+
+  TARKA_FIELD(ExhibitType, exhibitType, ExhibitType, ExhibitType::Named);
+  TARKA_LIST_ADD(Expression, operands, ExhibitExprList, ExhibitExpr);
+  /// Null without UPON.
+  TARKA_FIELD(Word *, uponName, UponName, nullptr);
+  /// The statements that do the work, made by the check.
+  TARKA_LAZY_LIST(Statement, convertStmts, ConvertStmtList, ConvertStmt);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_STATEMENTDATA_H

@@ -1,0 +1,338 @@
+//===- StatementFile.h - input-output statements ----------------*- C++ -*-===//
+//
+// OPEN, CLOSE, READ, WRITE, REWRITE, DELETE, START, RETURN, RELEASE, SORT,
+// MERGE and USE.
+//
+// In these classes getFileName() is the file that a statement names. It hides
+// the name of the source file, which is to be asked through a Node.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_STATEMENTFILE_H
+#define TARKA_AST_STATEMENTFILE_H
+
+#include "AST/StatementBase.h"
+
+namespace tarka {
+
+/// The base of the statements that can enter a USE procedure.
+class FileStatement : public Statement {
+public:
+  /// True when a USE procedure may run in the course of the statement; set by the check.
+  bool getIsDeclaratives() const { return declaratives; }
+  void setIsDeclaratives(bool value) { declaratives = value; }
+
+  static bool classof(const Statement *s) {
+    switch (s->getType()) {
+    case StatementType::Open:
+    case StatementType::Close:
+    case StatementType::Read:
+    case StatementType::Write:
+    case StatementType::Rewrite:
+    case StatementType::Delete:
+    case StatementType::Start:
+    case StatementType::Return:
+    case StatementType::Release:
+      return true;
+    default:
+      return false;
+    }
+  }
+
+protected:
+  using Statement::Statement;
+
+private:
+  bool declaratives = false;
+};
+
+/// file-name [REVERSED | WITH NO REWIND]
+class OpenFile : public Node {
+public:
+  OpenFile(const Node *at, FileIdentifierExpression *file, OpenOption how = OpenOption::None)
+      : Node(at), option(how), fileName(file) {}
+
+  TARKA_FIELD(OpenOption, option, Option, OpenOption::None);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+};
+
+/// {INPUT | OUTPUT | I-O | EXTEND} file...
+class OpenItem : public Node {
+public:
+  OpenItem(const Node *at, OpenType mode) : Node(at), type(mode) {}
+
+  TARKA_FIELD(OpenType, type, Type, OpenType::Input);
+  TARKA_LIST_ADD(OpenFile, files, FileList, File);
+};
+
+/// OPEN {{INPUT | OUTPUT | I-O | EXTEND} file...}...
+class OpenStatement : public StatementOf<StatementType::Open, FileStatement> {
+public:
+  explicit OpenStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(OpenItem, items, ItemList, Item);
+};
+
+/// file-name [{REEL | UNIT} [FOR REMOVAL | WITH NO REWIND] | WITH NO REWIND | WITH LOCK]
+class CloseFile : public Node {
+public:
+  CloseFile(const Node *at, FileIdentifierExpression *file, CloseOption how = CloseOption::None)
+      : Node(at), option(how), fileName(file) {}
+
+  TARKA_FIELD(CloseOption, option, Option, CloseOption::None);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+};
+
+/// CLOSE file...
+class CloseStatement : public StatementOf<StatementType::Close, FileStatement> {
+public:
+  explicit CloseStatement(const Node *at) : StatementOf(at) {}
+
+  TARKA_LIST_ADD(CloseFile, files, CloseFileList, CloseFile);
+};
+
+/// READ file-name [NEXT] RECORD [INTO identifier] [KEY IS data-name]
+///   [[NOT] AT END statements]... [[NOT] INVALID KEY statements]...
+class ReadStatement : public StatementOf<StatementType::Read, FileStatement> {
+public:
+  ReadStatement(const Node *at, FileIdentifierExpression *file) : StatementOf(at), fileName(file) {}
+
+  /// True for NEXT, written or meant.
+  TARKA_FLAG(nextRecord, NextRecord, false);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  /// Null without INTO, KEY.
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
+  TARKA_FIELD(IdentifierExpression *, keyName, KeyName, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, ErrorList, Error);
+};
+
+/// {BEFORE | AFTER} ADVANCING {operand [LINES] | mnemonic-name | PAGE}
+class WriteAdvancing : public Node {
+public:
+  /// \p amount is null for PAGE. A mnemonic-name is an identifier until the check looks it up.
+  WriteAdvancing(const Node *at, WriteAdvType which, Expression *amount, bool isBefore)
+      : Node(at), type(which), before(isBefore), operand(amount) {}
+
+  TARKA_FIELD(WriteAdvType, type, Type, WriteAdvType::Lines);
+  /// True when the record is written before the paper moves.
+  TARKA_FLAG(before, Before, false);
+  TARKA_FIELD(Expression *, operand, Value, nullptr);
+  /// Null unless the check found a mnemonic-name.
+  TARKA_FIELD(Word *, mnemonicName, MnemonicName, nullptr);
+};
+
+/// AFTER POSITIONING operand [LINES]
+class WritePositioning : public Node {
+public:
+  WritePositioning(const Node *at, Expression *lines) : Node(at), lineExpr(lines) {}
+
+  TARKA_FIELD(Expression *, lineExpr, LineExpr, nullptr);
+};
+
+/// WRITE record-name [FROM identifier] [ADVANCING phrase | POSITIONING phrase]
+///   [[NOT] AT END-OF-PAGE statements]... [[NOT] INVALID KEY statements]...
+class WriteStatement : public StatementOf<StatementType::Write, FileStatement> {
+public:
+  WriteStatement(const Node *at, IdentifierExpression *record)
+      : StatementOf(at), recordName(record) {}
+
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  /// Null without FROM.
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
+  /// At most one of the two is set.
+  TARKA_FIELD(WriteAdvancing *, advancing, Advancing, nullptr);
+  TARKA_FIELD(WritePositioning *, positioning, Positioning, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, ExceptionHandlerList, ExceptionHandler);
+};
+
+/// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]...
+class RewriteStatement : public StatementOf<StatementType::Rewrite, FileStatement> {
+public:
+  RewriteStatement(const Node *at, IdentifierExpression *record)
+      : StatementOf(at), recordName(record) {}
+
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  /// Null without FROM.
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+};
+
+/// DELETE file-name RECORD [[NOT] INVALID KEY statements]...
+class DeleteStatement : public StatementOf<StatementType::Delete, FileStatement> {
+public:
+  DeleteStatement(const Node *at, FileIdentifierExpression *file)
+      : StatementOf(at), fileName(file) {}
+
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+};
+
+/// KEY IS relation data-name
+class StartKey : public Node {
+public:
+  StartKey(const Node *at, RelationalConditionType how, IdentifierExpression *name)
+      : Node(at), relation(how), dataName(name) {}
+
+  /// Equal, Greater, NotLess or GreaterOrEqual.
+  TARKA_FIELD(RelationalConditionType, relation, Relation, RelationalConditionType::Equal);
+  TARKA_FIELD(IdentifierExpression *, dataName, DataName, nullptr);
+};
+
+/// START file-name [KEY IS relation data-name] [[NOT] INVALID KEY statements]...
+class StartStatement : public StatementOf<StatementType::Start, FileStatement> {
+public:
+  StartStatement(const Node *at, FileIdentifierExpression *file)
+      : StatementOf(at), fileName(file) {}
+
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  /// Null without KEY.
+  TARKA_FIELD(StartKey *, key, Key, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+};
+
+//===----------------------------------------------------------------------===//
+// Sorting
+//===----------------------------------------------------------------------===//
+
+/// RETURN file-name RECORD [INTO identifier] AT END statements [NOT AT END statements]
+class ReturnStatement : public StatementOf<StatementType::Return, FileStatement> {
+public:
+  ReturnStatement(const Node *at, FileIdentifierExpression *file)
+      : StatementOf(at), fileName(file) {}
+
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  /// Null without INTO.
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
+  TARKA_LAZY_LIST(ExceptionHandler, handlers, EndHandler, EndHandler);
+};
+
+/// RELEASE record-name [FROM identifier]
+class ReleaseStatement : public StatementOf<StatementType::Release, FileStatement> {
+public:
+  ReleaseStatement(const Node *at, IdentifierExpression *record)
+      : StatementOf(at), recordName(record) {}
+
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  /// Null without FROM.
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
+};
+
+/// ON {ASCENDING | DESCENDING} KEY data-name...
+class SortKey : public Node {
+public:
+  SortKey(const Node *at, SortOrder direction) : Node(at), order(direction) {}
+
+  TARKA_FIELD(SortOrder, order, Order, SortOrder::Ascending);
+  TARKA_LIST_ADD(IdentifierExpression, keyNames, KeyNameList, KeyName);
+};
+
+/// {USING | GIVING} file-name...
+/// {INPUT | OUTPUT} PROCEDURE IS procedure-name [THROUGH procedure-name]
+class SortIO : public Node {
+public:
+  SortIO(const Node *at, SortIOType format) : Node(at), type(format) {}
+
+  /// Records what the first procedure-name stands for, then what the second does.
+  void addSection(Section *section) { range.addSection(section); }
+  void addParagraph(Paragraph *paragraph) { range.addParagraph(paragraph); }
+
+  /// The first and the last procedure; set by the check, and null where the name stands for a
+  /// procedure of the other kind or is not written.
+  Section *getFromSection() const { return range.getBeginSection(); }
+  void setFromSection(Section *section) { range.setBeginSection(section); }
+  Paragraph *getFromParagraph() const { return range.getBeginParagraph(); }
+  void setFromParagraph(Paragraph *paragraph) { range.setBeginParagraph(paragraph); }
+  Section *getToSection() const { return range.getThruSection(); }
+  void setToSection(Section *section) { range.setThruSection(section); }
+  Paragraph *getToParagraph() const { return range.getThruParagraph(); }
+  void setToParagraph(Paragraph *paragraph) { range.setThruParagraph(paragraph); }
+
+  TARKA_FIELD(SortIOType, type, Type, SortIOType::Files);
+  /// Empty in the procedure format.
+  TARKA_LAZY_LIST(FileIdentifierExpression, fileNames, FileNameList, FileName);
+  /// Null in the file format; the second also without THROUGH.
+  TARKA_FIELD(QualifiedWord *, fromProcedureName, FromProcedureName, nullptr);
+  TARKA_FIELD(QualifiedWord *, toProcedureName, ToProcedureName, nullptr);
+
+private:
+  ProcedureRange range;
+};
+
+/// SORT file-name key... [WITH DUPLICATES IN ORDER] [COLLATING SEQUENCE IS alphabet-name]
+///   {USING file... | INPUT PROCEDURE ...} {GIVING file... | OUTPUT PROCEDURE ...}
+class SortStatement : public StatementOf<StatementType::Sort> {
+public:
+  SortStatement(const Node *at, FileIdentifierExpression *file) : StatementOf(at), fileName(file) {}
+
+  TARKA_FLAG(duplicates, Duplicates, false);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_LIST_ADD(SortKey, keys, KeyList, Key);
+  /// Null without COLLATING SEQUENCE.
+  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName, nullptr);
+  /// The clause that defines the alphabet; set by the check, null before.
+  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause, nullptr);
+  TARKA_FIELD(SortIO *, input, Input, nullptr);
+  TARKA_FIELD(SortIO *, output, Output, nullptr);
+};
+
+/// MERGE file-name key... [COLLATING SEQUENCE IS alphabet-name]
+///   USING file... {GIVING file... | OUTPUT PROCEDURE ...}
+class MergeStatement : public StatementOf<StatementType::Merge> {
+public:
+  MergeStatement(const Node *at, FileIdentifierExpression *file)
+      : StatementOf(at), fileName(file) {}
+
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_LIST_ADD(SortKey, keys, KeySeq, KeySeq);
+  /// Null without COLLATING SEQUENCE.
+  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName, nullptr);
+  /// The clause that defines the alphabet; set by the check, null before.
+  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause, nullptr);
+  TARKA_FIELD(SortIO *, input, Input, nullptr);
+  TARKA_FIELD(SortIO *, output, Output, nullptr);
+};
+
+//===----------------------------------------------------------------------===//
+// Declaratives
+//===----------------------------------------------------------------------===//
+
+/// A procedure that USE FOR DEBUGGING names, as the check found it; one of the two is null.
+class UseProcedure : public Node {
+public:
+  explicit UseProcedure(const Node *at) : Node(at) {}
+
+  TARKA_FIELD(Section *, section, Section, nullptr);
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph, nullptr);
+};
+
+/// USE [GLOBAL] AFTER STANDARD {EXCEPTION | ERROR} PROCEDURE ON
+///   {file-name... | INPUT | OUTPUT | I-O | EXTEND} [GIVING data-name...]
+/// USE [GLOBAL] {AFTER | BEFORE} STANDARD [BEGINNING | ENDING] [FILE | REEL | UNIT]
+///   LABEL PROCEDURE ON {file-name... | INPUT | OUTPUT | I-O | EXTEND}
+/// USE [GLOBAL] BEFORE REPORTING group...
+/// USE FOR DEBUGGING ON {procedure-name... | ALL PROCEDURES}
+class UseStatement : public StatementOf<StatementType::Use> {
+public:
+  UseStatement(const Node *at, UseTimingType when) : StatementOf(at), timingType(when) {}
+
+  TARKA_FIELD(UseTimingType, timingType, TimingType, UseTimingType::None);
+  /// None when files are named.
+  TARKA_FIELD(UseFileMode, fileMode, FileMode, UseFileMode::None);
+  TARKA_FIELD(UseLabelType, labelType, LabelType, UseLabelType::None);
+  TARKA_FIELD(UseLabelPosition, labelPosition, LabelPosition, UseLabelPosition::None);
+  TARKA_FLAG(global, Global, false);
+  /// True for FOR DEBUGGING ON ALL PROCEDURES.
+  TARKA_FLAG(allProcedures, AllProcedures, false);
+  TARKA_LAZY_LIST(IdentifierExpression, files, FileList, File);
+  /// The items of GIVING.
+  TARKA_LAZY_LIST(IdentifierExpression, givingItems, GivingList, Giving);
+  /// The groups of BEFORE REPORTING.
+  TARKA_LAZY_LIST(IdentifierExpression, reports, ReportList, Report);
+  /// The names of FOR DEBUGGING, and what they stand for; the latter null before the check.
+  TARKA_LAZY_LIST(Word, procedures, ProcedureList, Procedure);
+  TARKA_FIELD(std::list<UseProcedure *> *, useProcedures, UseProcedureList, nullptr);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_STATEMENTFILE_H

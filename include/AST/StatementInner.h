@@ -1,0 +1,74 @@
+//===- StatementInner.h - statements of the graph ---------------*- C++ -*-===//
+//
+// The statements that stand in no source text: the graph builder makes them for
+// what the code generator has to do between the programmer's statements. They
+// point at lists of the tree and take nothing over.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_STATEMENTINNER_H
+#define TARKA_AST_STATEMENTINNER_H
+
+#include "AST/StatementBase.h"
+
+namespace tarka {
+
+/// At the start of the declaratives: branch to the section of a registered exception declarative.
+class InnerBranchStatement : public StatementOf<StatementType::InnerBranch> {
+public:
+  InnerBranchStatement(const Node *at, std::list<Section *> *declaratives)
+      : StatementOf(at), sections(declaratives) {}
+
+  TARKA_LAZY_LIST(Section, sections, SectionList, Section);
+};
+
+/// The end of a procedure that ends a performed range, or of the body of an inline PERFORM:
+/// return to the performer. One of the three is set, the others are null.
+class InnerExitStatement : public StatementOf<StatementType::InnerExit> {
+public:
+  InnerExitStatement(const Node *at, Section *endOfSection, Paragraph *endOfParagraph,
+                     PerformStatement *endOfPerform)
+      : StatementOf(at), section(endOfSection), paragraph(endOfParagraph), perform(endOfPerform) {}
+
+  TARKA_FIELD(Section *, section, Section, nullptr);
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph, nullptr);
+  TARKA_FIELD(PerformStatement *, perform, PerformStmt, nullptr);
+};
+
+/// Registers one USE AFTER EXCEPTION declarative.
+class InnerRegisterExceptionStatement : public StatementOf<StatementType::InnerRegisterException> {
+public:
+  InnerRegisterExceptionStatement(const Node *at, Declaratives *declarative)
+      : StatementOf(at), declaratives(declarative) {}
+
+  TARKA_FIELD(Declaratives *, declaratives, Declaratives, nullptr);
+};
+
+/// One WHEN test of an EVALUATE.
+class InnerWhenStatement : public StatementOf<StatementType::InnerWhen> {
+public:
+  InnerWhenStatement(const Node *at, EvalWhenType which, std::list<EvaluateWhen *> *caseWhens,
+                     std::list<Statement *> *caseStatements,
+                     std::list<EvaluateSubject *> *caseSubjects)
+      : StatementOf(at), type(which), whens(caseWhens), whenStmts(caseStatements),
+        subjects(caseSubjects) {}
+
+  TARKA_FIELD(EvalWhenType, type, Type, EvalWhenType::When);
+  TARKA_LAZY_LIST(EvaluateWhen, whens, WhenList, When);
+  TARKA_LAZY_LIST(Statement, whenStmts, WhenStmtList, WhenStmt);
+  TARKA_LAZY_LIST(EvaluateSubject, subjects, SubjectList, Subject);
+};
+
+/// One WHEN test of a SEARCH.
+class InnerSearchWhenStatement : public StatementOf<StatementType::InnerSearchWhen> {
+public:
+  InnerSearchWhenStatement(const Node *at, Condition *test, std::list<Statement *> *statements)
+      : StatementOf(at), condition(test), stmts(statements) {}
+
+  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  TARKA_LAZY_LIST(Statement, stmts, StmtList, Stmt);
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_STATEMENTINNER_H

@@ -1,0 +1,151 @@
+//===- StatementTest.cpp - kinds, room and lists of statements ------------===//
+
+#include "AST/Statement.h"
+#include "gtest/gtest.h"
+#include <set>
+
+using namespace tarka;
+using llvm::isa;
+
+namespace {
+
+template <class... Classes> struct ClassList {
+  /// Calls \p visit with the kind of each class and with its own test for a statement.
+  template <class Visitor> static void forEach(Visitor visit) {
+    (visit(Classes::Kind, [](const Statement &s) { return isa<Classes>(s); }), ...);
+  }
+};
+
+using AllStatements = ClassList<
+    AcceptStatement, AddStatement, AlterStatement, CallStatement, CancelStatement, CloseStatement,
+    ComputeStatement, ContinueStatement, DeleteStatement, DisplayStatement, DivideStatement,
+    EntryStatement, EvaluateStatement, ExitStatement, ExitProgramStatement, GotoStatement,
+    GobackStatement, IfStatement, InitializeStatement, InspectStatement, MergeStatement,
+    MoveStatement, MultiplyStatement, OpenStatement, PerformStatement, ReadStatement,
+    ReleaseStatement, ReturnStatement, RewriteStatement, SearchStatement, SetStatement,
+    SortStatement, StartStatement, StopStatement, StringStatement, SubtractStatement,
+    UnstringStatement, UseStatement, WriteStatement, XMLGenerateStatement, XMLParseStatement,
+    NextSentenceStatement, ExitParagraphStatement, ExitSectionStatement, InnerBranchStatement,
+    InnerExitStatement, InnerRegisterExceptionStatement, InnerWhenStatement,
+    InnerSearchWhenStatement, ExecStatement, TraceStatement, RwGenerateStatement,
+    RwInitiateStatement, RwTerminateStatement, RwSuppressStatement, ExitPerformStatement,
+    OnStatement, TransformStatement, ExamineStatement, ExhibitStatement>;
+
+// The codes 12, 15, 16, 59 and 0 belong to no statement; every other one to exactly one class.
+TEST(StatementTest, EveryKindHasOneClass) {
+  const std::set<int> unused = {0, 12, 15, 16, 59};
+  for (int code = 0; code <= 64; ++code) {
+    const auto kind = static_cast<StatementType>(code);
+    const Statement statement(nullptr, kind);
+    int claims = 0;
+    AllStatements::forEach([&](StatementType own, auto matches) {
+      EXPECT_EQ(matches(statement), own == kind) << "code " << code;
+      claims += matches(statement);
+    });
+    EXPECT_EQ(claims, unused.count(code) ? 0 : 1) << "code " << code;
+  }
+}
+
+TEST(StatementTest, FamiliesKnowTheirMembers) {
+  std::set<int> arithmetic, file;
+  for (int code = 0; code <= 64; ++code) {
+    const Statement statement(nullptr, static_cast<StatementType>(code));
+    if (isa<ArithmeticStatement>(statement))
+      arithmetic.insert(code);
+    if (isa<FileStatement>(statement))
+      file.insert(code);
+  }
+  EXPECT_EQ(arithmetic, (std::set<int>{2, 7, 11, 26, 39}));
+  EXPECT_EQ(file, (std::set<int>{6, 9, 27, 29, 30, 31, 32, 36, 42}));
+}
+
+// A program has a million statements: the kind code, the format and the flags must fit in behind
+// the position.
+TEST(StatementTest, OneByteMembersTakeNoRoom) {
+  EXPECT_EQ(sizeof(ContinueStatement), sizeof(Node));
+  EXPECT_EQ(sizeof(ExitPerformStatement), sizeof(Node) + sizeof(void *));
+  EXPECT_EQ(sizeof(MoveStatement), sizeof(Node) + 2 * sizeof(void *) + sizeof(std::list<int>));
+  EXPECT_EQ(sizeof(IfStatement), sizeof(Node) + 2 * sizeof(void *) + sizeof(std::list<int>));
+  EXPECT_EQ(sizeof(ReadStatement), sizeof(Node) + 4 * sizeof(void *));
+}
+
+TEST(StatementTest, ConstructorsTakeListsAndPosition) {
+  SourceRange where;
+  where.beginLine = 7;
+  const Node at(where);
+  ContinueStatement first(&at), second(&at);
+  std::list<Statement *> then = {&first}, otherwise = {&second, &first};
+  IfStatement both(&at, nullptr, &then, &otherwise);
+  IfStatement neither(&at, nullptr, nullptr, nullptr);
+  EXPECT_EQ(both.getBeginLineNo(), 7);
+  EXPECT_EQ(both.getIfStmtListElements(), (std::list<Statement *>{&first}));
+  EXPECT_EQ(both.getElseStmtListElements(), (std::list<Statement *>{&second, &first}));
+  EXPECT_EQ(neither.getIfStmtListSize(), 0u);
+  EXPECT_EQ(neither.getElseStmtListBegin(), neither.getElseStmtListEnd());
+}
+
+// Lists that do not exist share one empty list; adding to one must not show in another.
+TEST(StatementTest, ListsThatComeLateAreTheirOwn) {
+  PerformStatement outOfLine(nullptr, PerformStmtType::Simple);
+  PerformStatement empty(nullptr, PerformStmtType::Simple, nullptr, nullptr, nullptr, nullptr,
+                         nullptr, nullptr);
+  ContinueStatement body(nullptr);
+  EXPECT_EQ(empty.getInlineStatementsSize(), 0u);
+  empty.addInlineStatement(&body);
+  EXPECT_EQ(empty.getInlineStatementsSize(), 1u);
+  EXPECT_EQ(*empty.getInlineStatementsBegin(), &body);
+  EXPECT_EQ(outOfLine.getInlineStatementsSize(), 0u);
+}
+
+// Inner tests point at the lists of the EVALUATE, which must keep them.
+TEST(StatementTest, InnerStatementsLeaveTheTreeWhole) {
+  EvaluateStatement evaluate(nullptr);
+  EvaluateSubject subject(nullptr, EvalSubjectType::True, nullptr, nullptr);
+  EvaluateWhen when(nullptr, EvalWhenType::Other);
+  ContinueStatement body(nullptr);
+  EvaluateCase theCase(nullptr);
+  evaluate.addSubject(&subject);
+  theCase.addWhen(&when);
+  theCase.addWhenStmt(&body);
+  for (int round = 0; round < 2; ++round) {
+    InnerWhenStatement inner(&evaluate, when.getType(), theCase.getWhenList(),
+                             theCase.getWhenStmtList(), evaluate.getSubjectList());
+    EXPECT_EQ(inner.getWhenStmtListSize(), 1u);
+    EXPECT_EQ(inner.getSubjectListSize(), 1u);
+    EXPECT_EQ(inner.getType(), EvalWhenType::Other);
+  }
+  EXPECT_EQ(theCase.getWhenStmtListSize(), 1u);
+  EXPECT_EQ(evaluate.getSubjectListSize(), 1u);
+}
+
+// PERFORM paragraph THROUGH section: the section is the end although it is the first section.
+TEST(StatementTest, RangesKeepTheirEndsApart) {
+  Node place;
+  auto *section = reinterpret_cast<Section *>(&place);
+  auto *paragraph = reinterpret_cast<Paragraph *>(&place);
+  PerformProcedure mixed(nullptr, nullptr, nullptr);
+  mixed.addParagraph(paragraph);
+  mixed.addSection(section);
+  EXPECT_EQ(mixed.getBeginParagraph(), paragraph);
+  EXPECT_EQ(mixed.getBeginSection(), nullptr);
+  EXPECT_EQ(mixed.getThruSection(), section);
+  EXPECT_EQ(mixed.getThruParagraph(), nullptr);
+
+  SortIO single(nullptr, SortIOType::Procedure);
+  single.addSection(section);
+  EXPECT_EQ(single.getFromSection(), section);
+  EXPECT_EQ(single.getToSection(), nullptr);
+}
+
+TEST(StatementTest, InitializeRemembersCategories) {
+  InitializeStatement some(nullptr), all(nullptr);
+  some.addValueCategory(InitializeReplacingType::Dbcs);
+  some.addValueCategory(InitializeReplacingType::Alphabetic);
+  all.setIsAllToValue(true);
+  EXPECT_TRUE(some.hasValueCategory(InitializeReplacingType::Dbcs));
+  EXPECT_TRUE(some.hasValueCategory(InitializeReplacingType::Alphabetic));
+  EXPECT_FALSE(some.hasValueCategory(InitializeReplacingType::Numeric));
+  EXPECT_TRUE(all.hasValueCategory(InitializeReplacingType::Numeric));
+}
+
+} // namespace
