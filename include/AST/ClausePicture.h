@@ -9,13 +9,12 @@
 #ifndef TARKA_AST_CLAUSEPICTURE_H
 #define TARKA_AST_CLAUSEPICTURE_H
 
+#include "AST/Forward.h"
 #include "AST/Kinds.h"
 #include "AST/Names.h"
 #include "AST/Node.h"
 
 namespace tarka {
-
-class LiteralExpression;
 
 /// What a PICTURE character string says. Counts that pass the range of int stop at its end.
 struct PictureInfo {
