@@ -1,0 +1,109 @@
+//===- TarkaErrorHandler.cpp - diagnostics and their report ---------------===//
+
+#include "AST/Node.h"
+#include "Analyzer/ErrorHandler.h"
+#include "llvm/Support/ErrorHandling.h"
+#include "llvm/Support/raw_ostream.h"
+#include <cstdarg>
+#include <cstdio>
+#include <unistd.h>
+
+namespace tarka {
+
+const ErrorInfo ErrorInfoStruct[DiagnosticCount + 1] = {
+#define DIAGNOSTIC(name, number, format) {number, format},
+#include "Analyzer/Diagnostics.def"
+    {0, ""},
+};
+
+namespace {
+
+/// The message of \p code. Nearly all fit the buffer; a longer one, made so by its argument, is
+/// formatted again at its full length.
+std::string formatMessage(ErrorCode code, va_list arguments) {
+  const char *format = errorInfo(code).format;
+  char buffer[256];
+  va_list again;
+  va_copy(again, arguments);
+  int length = std::vsnprintf(buffer, sizeof buffer, format, arguments);
+  std::string message;
+  if (length >= 0 && static_cast<std::size_t>(length) < sizeof buffer) {
+    message = buffer;
+  } else if (length >= 0) {
+    message.resize(static_cast<std::size_t>(length));
+    std::vsnprintf(message.data(), message.size() + 1, format, again);
+  }
+  va_end(again);
+  return message;
+}
+
+const char *severityWord(ErrorEntry::ErrorSeverity severity) {
+  switch (severity) {
+  case ErrorEntry::Fatal:
+    return "fatal";
+  case ErrorEntry::Error:
+    return "error";
+  case ErrorEntry::Warning:
+    return "warning";
+  case ErrorEntry::Info:
+    return "info";
+  }
+  llvm_unreachable("invalid Severity used");
+}
+
+/// Writes to the standard error stream through \p write, in large pieces. A stream that cannot be
+/// written to is no reason to end the program.
+template <typename Writer> void toStandardError(Writer write) {
+  std::fflush(stderr);
+  llvm::raw_fd_ostream out(STDERR_FILENO, /*shouldClose=*/false);
+  out.SetBufferSize(1 << 16);
+  write(out);
+  out.flush();
+  out.clear_error();
+}
+
+} // namespace
+
+void ErrorEntry::print(llvm::raw_ostream &out) const {
+  out << node->getFileName() << ':' << node->getBeginLineNo() << ':' << node->getBeginCharPos()
+      << " - " << node->getEndLineNo() << ':' << node->getEndCharPos() << ' '
+      << severityWord(severity) << ' ' << number << " : " << message << '\n';
+}
+
+void ErrorEntry::errorReport() const {
+  toStandardError([this](llvm::raw_ostream &out) { print(out); });
+}
+
+ErrorHandler::~ErrorHandler() {
+  for (ErrorEntry *entry : entries)
+    delete entry;
+}
+
+void ErrorHandler::PushError(ErrorCode code, Node *node, ...) {
+  va_list arguments;
+  va_start(arguments, node);
+  std::string message = formatMessage(code, arguments);
+  va_end(arguments);
+  entries.push_back(
+      new ErrorEntry(ErrorEntry::Error, node, errorInfo(code).number, std::move(message)));
+  ++errorCount;
+}
+
+void ErrorHandler::PushWarn(ErrorCode code, Node *node, ...) {
+  va_list arguments;
+  va_start(arguments, node);
+  std::string message = formatMessage(code, arguments);
+  va_end(arguments);
+  entries.push_back(
+      new ErrorEntry(ErrorEntry::Warning, node, errorInfo(code).number, std::move(message)));
+  ++warningCount;
+}
+
+void ErrorHandler::Report() {
+  toStandardError([this](llvm::raw_ostream &out) {
+    for (const ErrorEntry *entry : entries)
+      entry->print(out);
+  });
+}
+
+} // namespace tarka
