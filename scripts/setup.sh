@@ -40,9 +40,18 @@ else
 fi
 
 echo "setup: installing" $missing
-$as_root apt-get -qq update || give_up "apt-get update failed"
-$as_root env DEBIAN_FRONTEND=noninteractive \
-  apt-get -qq -y install --no-install-recommends $missing </dev/null || give_up "apt-get install failed"
+log=$(mktemp)
+trap 'rm -f "$log"' EXIT
+apt_get() {
+  $as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 "$@" </dev/null >"$log" 2>&1
+}
+
+# The lists may be recent enough, so that a failure to renew them decides nothing yet.
+apt_get update || tail -n 5 "$log" >&2
+if ! apt_get install --no-install-recommends $missing; then
+  tail -n 20 "$log" >&2
+  give_up "apt-get install failed"
+fi
 
 missing=$(missing_packages)
 [ -z "$missing" ] || give_up "apt-get install left something out"
