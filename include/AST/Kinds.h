@@ -610,6 +610,10 @@ enum class PresentType : std::uint8_t {
   PageOrControl = 5,
 };
 enum class NextGroupType : std::uint8_t { None = 0, Line = 1, Plus = 2, NextPage = 3 };
+/// What CONTROL names beside its data items.
+enum class ControlOption : std::uint8_t { None = 0, Final = 1 };
+/// Which part of a report item stands in the column that COLUMN gives.
+enum class ColumnAlignment : std::uint8_t { Left = 1, Center = 2, Right = 3 };
 enum class ResetType : std::uint8_t { None = 0, Final = 1, Identifier = 2 };
 
 /// What a data item's accesses mean to the report writer's code generator.

@@ -160,8 +160,8 @@ public:                                                                         
   std::type_identity_t<Type> get##Name() const {                                                   \
     return member;                                                                                 \
   }                                                                                                \
-  void set##Name(Type value) {                                                                     \
-    member = value;                                                                                \
+  void set##Name(Type newValue) {                                                                  \
+    member = newValue;                                                                             \
   }                                                                                                \
                                                                                                    \
 private:                                                                                           \
@@ -173,8 +173,8 @@ public:                                                                         
   bool is##Name() const {                                                                          \
     return member;                                                                                 \
   }                                                                                                \
-  void setIs##Name(bool value) {                                                                   \
-    member = value;                                                                                \
+  void setIs##Name(bool newValue) {                                                                \
+    member = newValue;                                                                             \
   }                                                                                                \
                                                                                                    \
 private:                                                                                           \

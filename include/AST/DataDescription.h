@@ -1,0 +1,315 @@
+//===- DataDescription.h - data description entries -------------*- C++ -*-===//
+//
+// One data description entry: what is written (level, name, clauses), its place
+// in the record, and what the checks find out. Offsets and sizes come from the
+// storage layout, which is kept with the groups (see StorageLayout.h).
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_DATADESCRIPTION_H
+#define TARKA_AST_DATADESCRIPTION_H
+
+#include "AST/DataClauses.h"
+
+namespace tarka {
+
+class GroupLayout;
+
+/// One data description entry of level 01 to 49, 66, 77 or 88.
+///
+/// The parent tells where an entry belongs; only what stands in the parent's list of children takes
+/// part in its storage. An index name has the parent of its table and no place in that list.
+class DataDescription : public Node {
+public:
+  explicit DataDescription(const Node *at) : Node(at) {}
+
+  unsigned getLevelNum() const { return levelNum; }
+  void setLevelNum(unsigned level) { levelNum = level; }
+  /// Null for an entry without a name, until the checks call it FILLER.
+  Word *getDataName() const { return dataName; }
+  /// Keeps the index of the data division right when the entry is known there.
+  void setDataName(Word *name);
+  DescType getType() const { return type; }
+
+  // The tree.
+
+  /// Null for an entry of level 01 or 77, and for a condition name once it has left the children.
+  DataDescription *getParent() const { return parent; }
+  void setParent(DataDescription *group) { parent = group; }
+  void removeParent() { parent = nullptr; }
+  /// The entry that following getParent() leads to.
+  DataDescription *getRootDesc();
+  const DataDescription *getRootDesc() const;
+
+  std::list<DataDescription *>::iterator getChildrenBegin() {
+    return listOrEmpty(children).begin();
+  }
+  std::list<DataDescription *>::iterator getChildrenEnd() { return listOrEmpty(children).end(); }
+  std::size_t getChildrenSize() const { return children ? children->size() : 0; }
+  const std::list<DataDescription *> &getChildrenElements() const { return listOrEmpty(children); }
+  /// The list itself, never null. Whoever changes it directly, and not with one of the functions
+  /// below, sets the parent of what is new and says so with childrenChanged().
+  std::list<DataDescription *> *getChildrenList();
+  /// Replaces the list. \p list is kept, not copied; null stands for no children.
+  void setChildrenList(std::list<DataDescription *> *list);
+  /// Appends \p child and makes this entry its parent.
+  void addChildren(DataDescription *child);
+  /// Puts \p child in front of \p before, one of the children, and makes this entry its parent.
+  /// Takes the same time wherever \p before stands, once its offset is known.
+  void insertChildBefore(DataDescription *before, DataDescription *child);
+  /// Says that the list of children was changed directly.
+  void childrenChanged();
+  /// Says that a clause of this entry was changed in place, by decoding its PICTURE for example.
+  void clauseChanged();
+
+  /// True when there are children; condition names count as long as they stand among them.
+  bool isGroupItem() const { return children && !children->empty(); }
+  /// True when there are children that are data, hence not condition names alone.
+  bool hasSubordinateData() const;
+
+  // Clauses, null when absent. Setting one that matters to storage renews the layout.
+
+  ClausePicture *getPicture() const { return picture; }
+  void setPicture(ClausePicture *clause);
+  ClauseUsage *getUsage() const { return usage; }
+  void setUsage(ClauseUsage *clause);
+  ClauseOccurs *getOccurs() const { return occurs; }
+  void setOccurs(ClauseOccurs *clause);
+  ClauseRedefines *getRedefines() const { return redefines; }
+  void setRedefines(ClauseRedefines *clause);
+  ClauseValue *getValue() const { return value; }
+  void setValue(ClauseValue *clause) { value = clause; }
+  ClauseSign *getSign() const { return rareParts().sign; }
+  void setSign(ClauseSign *clause);
+  ClauseGroupUsage *getGroupUsage() const { return rareParts().groupUsage; }
+  void setGroupUsage(ClauseGroupUsage *clause);
+  ClauseRenames *getRenames() const { return rareParts().renames; }
+  void setRenames(ClauseRenames *clause) { setRare(&RareParts::renames, clause); }
+  ClauseBlankZero *getBlankZero() const { return rareParts().blankZero; }
+  void setBlankZero(ClauseBlankZero *clause) { setRare(&RareParts::blankZero, clause); }
+  ClauseExternal *getExternal() const { return rareParts().external; }
+  void setExternal(ClauseExternal *clause) { setRare(&RareParts::external, clause); }
+  ClauseGlobal *getGlobal() const { return rareParts().global; }
+  void setGlobal(ClauseGlobal *clause) { setRare(&RareParts::global, clause); }
+  ClauseJustified *getJustified() const { return rareParts().justified; }
+  void setJustified(ClauseJustified *clause) { setRare(&RareParts::justified, clause); }
+  ClauseSynchronized *getSynchronized() const { return rareParts().synchronized; }
+  void setSynchronized(ClauseSynchronized *clause) { setRare(&RareParts::synchronized, clause); }
+  ClauseDateFormat *getDateFormat() const { return rareParts().dateFormat; }
+  void setDateFormat(ClauseDateFormat *clause) { setRare(&RareParts::dateFormat, clause); }
+  ClauseVolatile *getVolatile() const { return rareParts().isVolatile; }
+  void setVolatile(ClauseVolatile *clause) { setRare(&RareParts::isVolatile, clause); }
+
+  // What follows from the clauses.
+
+  /// The entry's own USAGE, or that of the nearest group that has one. Without any, NATIONAL for a
+  /// national picture and in a GROUP-USAGE NATIONAL group, DISPLAY-1 for a DBCS picture, DISPLAY
+  /// otherwise. A condition name has the usage of its conditional variable; a level 66 that of the
+  /// renamed item, DISPLAY when it renames several items or a group.
+  UsageType getUsageType() const;
+  /// A group is alphanumeric, or national under GROUP-USAGE; an item with a PICTURE has the
+  /// category of the PICTURE; without one the usage decides. Unclassified when nothing tells. A
+  /// condition name has the category of its conditional variable; a level 66 that of the renamed
+  /// item, alphanumeric when it renames several items.
+  DataCategory getDataCategory() const;
+  /// True when SIGN IS SEPARATE holds for the item, by its own clause or that of the nearest group
+  /// that has one, and the item is signed.
+  bool hasSeparateSign() const;
+
+  // Condition names.
+
+  /// The conditional variable of a condition name; null for every other entry.
+  DataDescription *getCondNameParent() const { return rareParts().condNameParent; }
+  void setCondNameParent(DataDescription *variable) {
+    setRare(&RareParts::condNameParent, variable);
+  }
+  /// Appends to the condition names of this conditional variable.
+  void addCondNameChildren(DataDescription *conditionName);
+  std::list<DataDescription *>::iterator getCondNameChildrenBegin() {
+    return listOrEmpty(rareParts().condNames).begin();
+  }
+  std::list<DataDescription *>::iterator getCondNameChildrenEnd() {
+    return listOrEmpty(rareParts().condNames).end();
+  }
+  std::size_t getCondNameChildrenSize() const { return getCondNameChildrenElements().size(); }
+  const std::list<DataDescription *> &getCondNameChildrenElements() const {
+    return listOrEmpty(rareParts().condNames);
+  }
+
+  // REDEFINES.
+
+  /// The entry that this one redefines: never one that redefines another itself. Null when there is
+  /// none or the checks have not linked it.
+  DataDescription *getRedefineObject() const { return rareParts().redefineObject; }
+  void setRedefineObject(DataDescription *object);
+  /// Appends to the entries that redefine this one.
+  void addRedefineSubject(DataDescription *subject);
+  const std::list<DataDescription *> &getRedefineSubjectElements() const {
+    return listOrEmpty(rareParts().redefineSubjects);
+  }
+  /// True when the entry redefines another one: it has a REDEFINES clause or an object.
+  bool isRedefineSubject() const { return redefines || getRedefineObject(); }
+
+  // Where the entry lives.
+
+  /// As set; else the file or report section for an entry with a file or report description; else
+  /// that of the group; else working-storage, where what the compiler makes goes.
+  StorageType getStorageType() const;
+  void setStorageType(StorageType storageType) { storage = storageType; }
+  /// The FD or SD of a record, found from the entries below it too; null outside the file section.
+  FileDescription *getFileDescription() const;
+  void setFileDescription(FileDescription *file) { setRare(&RareParts::file, file); }
+  /// The RD of a report group, found from the entries below it too; null outside the report
+  /// section.
+  ReportDescription *getReportDescription() const;
+  void setReportDescription(ReportDescription *report) { setRare(&RareParts::report, report); }
+
+  // Storage. All sizes and offsets are in bytes; what passes the range of the type stays at its
+  // end, see isTooLarge().
+
+  /// From the start of the record, with every table before the entry at its largest; of an entry in
+  /// a table, that of its first occurrence. 0 for a record itself.
+  std::int64_t getOffset() const;
+  /// One occurrence, with every table inside at its largest: of a record, its whole length.
+  std::int64_t getAllocSize() const;
+  /// All occurrences together.
+  std::int64_t getTotalAllocSize() const;
+  /// One occurrence of an elementary item; of a group the same as getAllocSize().
+  std::int64_t getElemAllocSize() const;
+  /// One occurrence, with every OCCURS DEPENDING ON table inside at its smallest.
+  std::int64_t getMinAllocSize() const;
+  /// The size of the entry is beyond what can be counted.
+  bool isTooLarge() const;
+
+  /// What the checks noted as the offset, in bytes; below 0 while they have not.
+  std::int64_t getOffsetSize() const { return offsetSize; }
+  void setOffsetSize(std::int64_t bytes) { offsetSize = bytes; }
+
+  // What the checks find out.
+
+  /// Carries an initial value, or a subordinate does.
+  bool haveValue() const { return haveValueFlag; }
+  void setHaveValue(bool flag) { haveValueFlag = flag; }
+  /// Made by the checks: an index name.
+  bool getIsCompilerMade() const { return compilerMade; }
+  void setIsCompilerMade(bool flag) { compilerMade = flag; }
+  /// A table with a SYNCHRONIZED item in it.
+  bool getOccursSync() const { return occursSync; }
+  void setOccursSync(bool flag) { occursSync = flag; }
+  bool isDualVar() const { return dualVar; }
+  void setIsDualVar(bool flag) { dualVar = flag; }
+  /// True when an OCCURS DEPENDING ON table stands below the entry, whether the checks have marked
+  /// the entry or not.
+  bool checkContainsOdo() const;
+  void setContainsOdo(bool flag) { containsOdo = flag; }
+  /// How report declaratives use the item, see AccessWay.
+  int getAccessWay() const { return accessWay; }
+  void setAccessWay(int way) { accessWay = static_cast<std::uint8_t>(way); }
+
+  /// The reports that use the item; each once, in the order of first use.
+  std::list<ReportDescription *>::iterator getUsedRDListBegin() {
+    return listOrEmpty(rareParts().usedReports).begin();
+  }
+  std::list<ReportDescription *>::iterator getUsedRDListEnd() {
+    return listOrEmpty(rareParts().usedReports).end();
+  }
+  std::size_t getUsedRDListSize() const { return listOrEmpty(rareParts().usedReports).size(); }
+  void addUsedRD(ReportDescription *report);
+  /// The report items that take their value from this one.
+  const std::list<ReportDataDescription *> &getGenDEElements() const {
+    return listOrEmpty(rareParts().reportItems);
+  }
+  void addGenDE(ReportDataDescription *item);
+
+  /// Appends to \p found every entry of this entry's tree, itself included, that bears \p name, in
+  /// source order.
+  void findItemByName(std::list<DataDescription *> *found, const std::string &name);
+
+  // The division.
+
+  /// The place of the entry among all entries of its data division, from 1, in source order; what
+  /// the compiler makes comes after what the programmer wrote. 0 while the division's index does
+  /// not know the entry.
+  unsigned getSourceOrder() const { return sourceOrder; }
+  /// The next record in the chain of records that the division keeps; null for the last one.
+  DataDescription *getNextDesc() const { return nextDesc; }
+
+protected:
+  DataDescription(const Node *at, DescType descType) : Node(at), type(descType) {}
+  /// A copy of what is written of \p entry and of where it lives; without children, condition names
+  /// and anything that the checks found out.
+  DataDescription(const DataDescription &entry, DescType descType);
+
+private:
+  friend class DataDivision;
+  friend class GroupLayout;
+
+  /// What few entries have.
+  struct RareParts {
+    ClauseSign *sign = nullptr;
+    ClauseGroupUsage *groupUsage = nullptr;
+    ClauseRenames *renames = nullptr;
+    ClauseBlankZero *blankZero = nullptr;
+    ClauseExternal *external = nullptr;
+    ClauseGlobal *global = nullptr;
+    ClauseJustified *justified = nullptr;
+    ClauseSynchronized *synchronized = nullptr;
+    ClauseDateFormat *dateFormat = nullptr;
+    ClauseVolatile *isVolatile = nullptr;
+    DataDescription *condNameParent = nullptr;
+    std::list<DataDescription *> *condNames = nullptr;
+    DataDescription *redefineObject = nullptr;
+    std::list<DataDescription *> *redefineSubjects = nullptr;
+    FileDescription *file = nullptr;
+    ReportDescription *report = nullptr;
+    DataDivision *division = nullptr; ///< of a root entry that the division's index knows
+    std::list<ReportDescription *> *usedReports = nullptr;
+    std::list<ReportDataDescription *> *reportItems = nullptr;
+  };
+
+  const RareParts &rareParts() const {
+    static constexpr RareParts none;
+    return rare ? *rare : none;
+  }
+  RareParts &makeRareParts();
+  template <typename Part> void setRare(Part *RareParts::*part, Part *what) {
+    if (rare || what)
+      makeRareParts().*part = what;
+  }
+  /// The division whose index knows this entry; null when none does.
+  DataDivision *findDivision();
+  /// Where USAGE, SIGN and GROUP-USAGE are inherited from: the parent, or the conditional variable.
+  const DataDescription *getOwner() const { return parent ? parent : getCondNameParent(); }
+  /// The item that decides what a level 66 holds: the renamed item when it renames one only.
+  const DataDescription *getSingleRenamed() const;
+
+  unsigned levelNum = 0;
+  DescType type = DescType::Data;
+  StorageType storage = StorageType::None;
+  std::uint8_t accessWay = 0;
+  bool haveValueFlag : 1 = false;
+  bool compilerMade : 1 = false;
+  bool occursSync : 1 = false;
+  bool dualVar : 1 = false;
+  bool containsOdo : 1 = false;
+  unsigned sourceOrder = 0;
+  Word *dataName = nullptr;
+  DataDescription *parent = nullptr;
+  std::list<DataDescription *> *children = nullptr;
+  ClausePicture *picture = nullptr;
+  ClauseUsage *usage = nullptr;
+  ClauseOccurs *occurs = nullptr;
+  ClauseRedefines *redefines = nullptr;
+  ClauseValue *value = nullptr;
+  RareParts *rare = nullptr;
+  DataDescription *nextDesc = nullptr;
+  /// Where the children lie; null for an entry without children and while nobody has asked.
+  mutable GroupLayout *layout = nullptr;
+  std::int64_t offsetSize = -1;
+  /// The entry's place in the layout of its parent; the layout knows whether it holds.
+  mutable unsigned layoutIndex = 0;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_DATADESCRIPTION_H

@@ -1,0 +1,122 @@
+//===- DataDivision.h - the DATA DIVISION -----------------------*- C++ -*-===//
+//
+// The sections of a data division, the index that finds entries by name, and
+// the chains of records that initialisation follows.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_DATADIVISION_H
+#define TARKA_AST_DATADIVISION_H
+
+#include "AST/FileDescription.h"
+#include "AST/ReportDescription.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/DenseMap.h"
+#include <vector>
+
+namespace tarka {
+
+/// The DATA DIVISION of a source unit.
+///
+/// A section list may be appended to directly; the index takes notice at the next question. It must
+/// not be changed otherwise: replace it whole instead.
+class DataDivision : public Node {
+public:
+  explicit DataDivision(const Node *at) : Node(at) {}
+
+  // WORKING-STORAGE.
+
+  std::list<DataDescription *>::iterator getWorkSectionBegin() {
+    return listOrEmpty(workSection).begin();
+  }
+  std::list<DataDescription *>::iterator getWorkSectionEnd() {
+    return listOrEmpty(workSection).end();
+  }
+  std::size_t getWorkSectionSize() const { return workSection ? workSection->size() : 0; }
+  /// The list itself; null when the division has no working-storage.
+  std::list<DataDescription *> *getWorkSection() const { return workSection; }
+  /// \p list is kept, not copied.
+  void setWorkSection(std::list<DataDescription *> *list);
+  /// Appends, making the list when there is none.
+  void addWorkSection(DataDescription *entry);
+  /// All entries of working-storage in source order, subordinates and condition names included.
+  /// Entries that were put between others after the first call are not in it; those appended to the
+  /// section are. Never null.
+  std::list<DataDescription *> *getWorkFlatList();
+
+  TARKA_LIST_ADD(DataDescription, localSection, LocalSection, LocalSection);
+  TARKA_LIST_ADD(DataDescription, linkSection, LinkSection, LinkSection);
+  TARKA_LIST_ADD(FileDescription, fileSection, FileSection, FileSection);
+  TARKA_LIST_ADD(ReportDescription, reportSection, ReportSection, ReportSection);
+
+public:
+  /// All entries with the name \p name, of every section and level: those of the file section
+  /// first, then working-storage, local-storage, linkage and report section, each in source order;
+  /// then what was added after the first question, in the order of adding. Null when there is none.
+  /// The list belongs to the index and grows with it.
+  std::list<DataDescription *> *findItemByName(const std::string &name);
+
+  /// The OCCURS DEPENDING ON tables of the division by DataDescription::getSourceOrder().
+  llvm::ArrayRef<DataDescription *> getVariableTables();
+
+  // The chains of working-storage records that initialisation follows, one for the records without
+  // an initial value and one for those with. setFirst... starts a chain with one record,
+  // setLast... links one more to its end; DataDescription::getNextDesc() leads from one to the
+  // next.
+
+  DataDescription *getFirstDesc() const { return plain.first; }
+  void setFirstDesc(DataDescription *record) { plain.start(record); }
+  DataDescription *getLastDesc() const { return plain.last; }
+  void setLastDesc(DataDescription *record) { plain.append(record); }
+  DataDescription *getFirstDescWithValue() const { return withValue.first; }
+  void setFirstDescWithValue(DataDescription *record) { withValue.start(record); }
+  DataDescription *getLastDescWithValue() const { return withValue.last; }
+  void setLastDescWithValue(DataDescription *record) { withValue.append(record); }
+
+private:
+  friend class DataDescription;
+  friend class FileDescription;
+  friend class ReportDescription;
+
+  struct Chain {
+    void start(DataDescription *record);
+    void append(DataDescription *record);
+
+    DataDescription *first = nullptr;
+    DataDescription *last = nullptr;
+  };
+
+  /// How far the index, or the flat list, has read a list that others append to.
+  template <typename Element> struct Progress {
+    std::size_t count = 0;
+    typename std::list<Element *>::iterator last;
+  };
+
+  void updateIndex();
+  void forgetIndex();
+  /// Enters \p root with everything below it, as far as it is not known already.
+  void indexRecord(DataDescription *root);
+  void indexName(DataDescription *entry);
+  void unindexName(DataDescription *entry);
+
+  std::list<DataDescription *> *workSection = nullptr;
+  std::list<DataDescription *> workFlatList;
+  Progress<DataDescription> flatWork;
+
+  /// By the address of the interned name.
+  llvm::DenseMap<const std::string *, std::list<DataDescription *> *> index;
+  std::vector<DataDescription *> variableTables;
+  unsigned indexedEntries = 0;
+  Progress<DataDescription> indexedWork;
+  Progress<DataDescription> indexedLocal;
+  Progress<DataDescription> indexedLink;
+  Progress<FileDescription> indexedFiles;
+  Progress<ReportDescription> indexedReports;
+
+  Chain plain;
+  Chain withValue;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_DATADIVISION_H

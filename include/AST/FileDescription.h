@@ -1,0 +1,192 @@
+//===- FileDescription.h - FD and SD entries --------------------*- C++ -*-===//
+//
+// A file description entry, its clauses and its records.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_FILEDESCRIPTION_H
+#define TARKA_AST_FILEDESCRIPTION_H
+
+#include "AST/DataDescription.h"
+
+namespace tarka {
+
+/// BLOCK CONTAINS. BLOCK CONTAINS n gives the maximum only, n TO m both.
+class ClauseBlock : public Node {
+public:
+  ClauseBlock(const Node *at, NumericLiteralExpression *min, NumericLiteralExpression *max,
+              BlockUnit blockUnit)
+      : Node(at), minLength(min), maxLength(max), unit(blockUnit) {}
+
+  /// Null when not written.
+  NumericLiteralExpression *getMinLength() const { return minLength; }
+  /// Null when not written.
+  NumericLiteralExpression *getMaxLength() const { return maxLength; }
+  BlockUnit getUnit() const { return unit; }
+
+private:
+  NumericLiteralExpression *minLength;
+  NumericLiteralExpression *maxLength;
+  BlockUnit unit;
+};
+
+/// RECORD CONTAINS and RECORD IS VARYING. RECORD CONTAINS n gives the minimum only, n TO m both: a
+/// clause with a maximum is one of variable-length records. Lengths are in bytes.
+class ClauseRecord : public Node {
+public:
+  /// \p min, \p max and \p dependingOn may be null.
+  ClauseRecord(const Node *at, NumericLiteralExpression *min, NumericLiteralExpression *max,
+               bool varying, IdentifierExpression *dependingOnItem)
+      : Node(at), dependingOn(dependingOnItem), isVarying(varying), minLength(min), maxLength(max) {
+  }
+
+  /// RECORD IS VARYING.
+  bool getIsVarying() const { return isVarying; }
+  /// The item of DEPENDING ON; null when there is none.
+  IdentifierExpression *getDependingOn() const { return dependingOn; }
+
+private:
+  IdentifierExpression *dependingOn;
+  bool isVarying;
+  /// The checks keep the lengths themselves, from records with OCCURS DEPENDING ON.
+  TARKA_FIELD(bool, forDetermineV, ForDetermineV, false);
+  TARKA_FIELD(NumericLiteralExpression *, minLength, MinLength, nullptr);
+  TARKA_FIELD(NumericLiteralExpression *, maxLength, MaxLength, nullptr);
+};
+
+/// LABEL RECORDS.
+class ClauseLabel : public Node {
+public:
+  ClauseLabel(const Node *at, LabelType labelType) : Node(at), type(labelType) {}
+
+  LabelType getType() const { return type; }
+
+  /// The data names of LABEL RECORDS ARE data-name ...; empty for the other kinds.
+  TARKA_LIST_ADD(Expression, dataNameList, DataNameList, DataName);
+  LabelType type;
+};
+
+/// One system-name IS value of VALUE OF.
+class ValueOfElem : public Node {
+public:
+  /// \p valueExpr is null when only the name is written.
+  ValueOfElem(const Node *at, Word *systemName, Expression *valueExpr)
+      : Node(at), fieldId(systemName), fieldIdLiteral(valueExpr) {}
+
+  Word *getFieldId() const { return fieldId; }
+  /// The value: a data item or a literal.
+  Expression *getFieldIdLiteral() const { return fieldIdLiteral; }
+
+private:
+  Word *fieldId;
+  Expression *fieldIdLiteral;
+};
+
+/// VALUE OF.
+class ClauseValueOf : public Node {
+public:
+  explicit ClauseValueOf(const Node *at) : Node(at) {}
+
+  TARKA_LIST_ADD(ValueOfElem, elements, FileValueOfElemList, FileValueOfElem);
+};
+
+/// DATA RECORDS.
+class ClauseDataRecord : public Node {
+public:
+  explicit ClauseDataRecord(const Node *at) : Node(at) {}
+
+  TARKA_LIST_ADD(Word, names, NameList, Name);
+};
+
+/// LINAGE.
+class ClauseLinage : public Node {
+public:
+  explicit ClauseLinage(const Node *at) : Node(at) {}
+
+  /// LINAGE IS n LINES.
+  TARKA_FIELD(Expression *, numOfLines, NumOfLines, nullptr);
+  /// WITH FOOTING AT; null when absent, like the two below.
+  TARKA_FIELD(Expression *, withFootingAt, WithFootingAt, nullptr);
+  /// LINES AT TOP.
+  TARKA_FIELD(Expression *, lineAtTop, LineAtTop, nullptr);
+  /// LINES AT BOTTOM.
+  TARKA_FIELD(Expression *, lineAtBottom, LineAtBottom, nullptr);
+};
+
+/// RECORDING MODE.
+class ClauseRecordingMode : public Node {
+public:
+  ClauseRecordingMode(const Node *at, RecordingModeType mode) : Node(at), recordingType(mode) {}
+
+  TARKA_FIELD(RecordingModeType, recordingType, RecordingType, RecordingModeType::NotGiven);
+};
+
+/// CODE-SET.
+class ClauseCodeSet : public Node {
+public:
+  ClauseCodeSet(const Node *at, Word *alphabet) : Node(at), alphabetName(alphabet) {}
+
+  Word *getAlphabetName() const { return alphabetName; }
+
+private:
+  Word *alphabetName;
+};
+
+/// REPORT of a file.
+class ClauseReport : public Node {
+public:
+  explicit ClauseReport(const Node *at) : Node(at) {}
+
+  TARKA_LIST_ADD(ReportIdentifierExpression, reportNames, ReportNameList, ReportName);
+};
+
+/// An FD or SD entry.
+class FileDescription : public Node {
+public:
+  FileDescription(const Node *at, FileDescType descType, Word *name)
+      : Node(at), type(descType), fileName(name) {}
+
+  FileDescType getType() const { return type; }
+  /// The file's name, at which the diagnostics of the file point. The position's own file name is
+  /// Node::getFileName().
+  Word *getFileName() const { return fileName; }
+
+  /// The level-01 records, in source order.
+  std::list<DataDescription *>::iterator getDataRecordDescBegin() { return records.begin(); }
+  std::list<DataDescription *>::iterator getDataRecordDescEnd() { return records.end(); }
+  std::size_t getRecordDescSize() const { return records.size(); }
+  const std::list<DataDescription *> &getRecordDescElements() const { return records; }
+  /// Appends a record and makes this entry its file description.
+  void addRecordDesc(DataDescription *record);
+  /// Replaces the records.
+  void setRecordDesc(const std::list<DataDescription *> &list);
+
+  /// The SELECT entry; null until the checks find it.
+  TARKA_FIELD(ParaFileControl *, fileControl, FileControl, nullptr);
+  /// The LINAGE-COUNTER that the checks make; null without LINAGE.
+  TARKA_FIELD(DataDescription *, lineageCounter, LineageCounter, nullptr);
+
+  // Clauses, null when absent.
+  TARKA_FIELD(ClauseExternal *, external, External, nullptr);
+  TARKA_FIELD(ClauseGlobal *, global, Global, nullptr);
+  TARKA_FIELD(ClauseBlock *, block, Block, nullptr);
+  TARKA_FIELD(ClauseRecord *, record, Record, nullptr);
+  TARKA_FIELD(ClauseLabel *, label, Label, nullptr);
+  TARKA_FIELD(ClauseValueOf *, valueOf, ValueOf, nullptr);
+  TARKA_FIELD(ClauseDataRecord *, dataRecord, DataRecord, nullptr);
+  TARKA_FIELD(ClauseLinage *, linage, Linage, nullptr);
+  TARKA_FIELD(ClauseRecordingMode *, recordingMode, RecordingMode, nullptr);
+  TARKA_FIELD(ClauseCodeSet *, codeSet, CodeSet, nullptr);
+  TARKA_FIELD(ClauseReport *, report, Report, nullptr);
+
+  friend class DataDivision;
+  FileDescType type;
+  Word *fileName;
+  std::list<DataDescription *> records;
+  /// The division whose index knows the records; null while none does.
+  DataDivision *division = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_FILEDESCRIPTION_H

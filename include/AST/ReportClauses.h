@@ -1,0 +1,383 @@
+//===- ReportClauses.h - clauses of the report section ----------*- C++ -*-===//
+//
+// The clauses of report description entries (RD) and of report group entries.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_REPORTCLAUSES_H
+#define TARKA_AST_REPORTCLAUSES_H
+
+#include "AST/DataClauses.h"
+
+namespace tarka {
+
+class ClauseSource;
+class ClauseReportValue;
+
+//===----------------------------------------------------------------------===//
+// Clauses of the RD
+//===----------------------------------------------------------------------===//
+
+/// ALLOW [NO] SOURCE SUM CORR.
+class ClauseAllow : public Node {
+public:
+  ClauseAllow(const Node *at, bool isAllowed) : Node(at), allowed(isAllowed) {}
+
+  bool isAllowed() const { return allowed; }
+
+private:
+  bool allowed;
+};
+
+/// CODE: what distinguishes the lines of the report in its file.
+class ClauseCode : public Node {
+public:
+  ClauseCode(const Node *at, Expression *code) : Node(at), codeExpr(code) {}
+
+  /// A literal, a data item or a mnemonic name.
+  Expression *getCodeExpr() const { return codeExpr; }
+
+private:
+  Expression *codeExpr;
+};
+
+/// CONTROL. The controls stand in the order written, major first; FINAL is no member of the list.
+class ClauseControl : public Node {
+public:
+  ClauseControl(const Node *at, ControlOption controlOption) : Node(at), option(controlOption) {}
+
+  ControlOption getControlOption() const { return option; }
+  void setControlOption(ControlOption value) { option = value; }
+
+  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId);
+  ControlOption option;
+};
+
+/// LINE LIMIT: columns in a line.
+class ClauseLineLimit : public Node {
+public:
+  ClauseLineLimit(const Node *at, Expression *limit) : Node(at), lineLimitExpr(limit) {}
+
+  Expression *getLineLimitExpr() const { return lineLimitExpr; }
+
+private:
+  Expression *lineLimitExpr;
+};
+
+/// OVERFLOW PROCEDURE, of a SOURCE or SUM that does not fit.
+class ClauseOverflow : public Node {
+public:
+  ClauseOverflow(const Node *at, Expression *filling) : Node(at), literal(filling) {}
+
+  /// What fills the field; null for the other procedures.
+  Expression *getLiteral() const { return literal; }
+
+private:
+  Expression *literal;
+};
+
+/// PAGE LIMIT. The numbers are lines of the page, from 1, and null when not written.
+class ClausePageLimit : public Node {
+public:
+  explicit ClausePageLimit(const Node *at) : Node(at) {}
+
+  TARKA_FIELD(Expression *, pageLimit, PageLimit, nullptr);
+  /// n COLUMNS.
+  TARKA_FIELD(Expression *, columns, Columns, nullptr);
+  TARKA_FIELD(Expression *, heading, Heading, nullptr);
+  TARKA_FIELD(Expression *, firstDetail, FirstDetail, nullptr);
+  /// LAST CONTROL HEADING.
+  TARKA_FIELD(Expression *, lastControlHeading, LastControlHeading, nullptr);
+  TARKA_FIELD(Expression *, lastDetail, LastDetail, nullptr);
+  TARKA_FIELD(Expression *, footing, Footing, nullptr);
+};
+
+/// STYLE of a whole report, or of one item.
+class ClauseStyle : public Node {
+public:
+  explicit ClauseStyle(const Node *at) : Node(at) {}
+
+  /// UNDERLINE, HIGHLIGHT and the like.
+  TARKA_LIST_ADD(Word, styles, StyleList, Style);
+};
+
+//===----------------------------------------------------------------------===//
+// Clauses of report group entries
+//===----------------------------------------------------------------------===//
+
+/// TYPE.
+class ClauseType : public Node {
+public:
+  ClauseType(const Node *at, ReportGroupType group) : Node(at), typeOption(group) {}
+
+  ReportGroupType getTypeOption() const { return typeOption; }
+
+  /// CONTROL HEADING or CONTROL FOOTING FINAL.
+  TARKA_FIELD(bool, reportFinal, ReportFinal, false);
+  /// CONTROL HEADING ... OR PAGE.
+  TARKA_FLAG(orPage, OrPage, false);
+  /// The controls of a CONTROL HEADING or CONTROL FOOTING.
+  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId);
+  ReportGroupType typeOption;
+};
+
+/// One name FROM start BY step of VARYING.
+class VaryingPhrase : public Node {
+public:
+  /// \p fromExpr and \p byExpr are null when not written; both count as 1 then.
+  VaryingPhrase(const Node *at, Word *countName, Expression *fromExpr, Expression *byExpr)
+      : Node(at), name(countName), from(fromExpr), by(byExpr) {}
+
+  Word *getName() const { return name; }
+  Expression *getFromExpr() const { return from; }
+  Expression *getByExpr() const { return by; }
+
+private:
+  Word *name;
+  Expression *from;
+  Expression *by;
+};
+
+/// LINE.
+class ClauseLine : public Node {
+public:
+  explicit ClauseLine(const Node *at) : Node(at) {}
+
+  /// The phrases of VARYING; null when there are none.
+  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList, nullptr);
+  /// ON NEXT PAGE.
+  TARKA_FIELD(bool, nextPage, NextPage, false);
+  /// PLUS: the numbers count from the line before.
+  TARKA_FLAG(relative, Relative, false);
+  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers);
+};
+
+/// COLUMN.
+class ClauseColumn : public Node {
+public:
+  explicit ClauseColumn(const Node *at) : Node(at) {}
+
+  /// LEFT, CENTER or RIGHT: which part of the item stands in the column.
+  TARKA_FIELD(ColumnAlignment, alignment, Alignment, ColumnAlignment::Left);
+  /// PLUS: the numbers count from the end of the item before.
+  TARKA_FLAG(relative, Relative, false);
+  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers);
+};
+
+/// NEXT GROUP.
+class ClauseNextGroup : public Node {
+public:
+  /// \p count is null for NEXT PAGE.
+  ClauseNextGroup(const Node *at, NextGroupType nextType, Expression *count)
+      : Node(at), type(nextType), numberExpr(count) {}
+
+  NextGroupType getType() const { return type; }
+  /// The line, or the number of lines after PLUS.
+  Expression *getNumberExpr() const { return numberExpr; }
+
+private:
+  NextGroupType type;
+  Expression *numberExpr;
+};
+
+/// GROUP LIMIT: the last line that a group may begin on.
+class ClauseGroupLimit : public Node {
+public:
+  ClauseGroupLimit(const Node *at, Expression *limit) : Node(at), limitExpr(limit) {}
+
+  Expression *getLimitExpr() const { return limitExpr; }
+
+private:
+  Expression *limitExpr;
+};
+
+/// OCCURS of a report item: OCCURS [n TO] m TIMES [DEPENDING ON item] [STEP n].
+class ClauseReportOccurs : public Node {
+public:
+  explicit ClauseReportOccurs(const Node *at) : Node(at) {}
+
+  /// OCCURS as in other sections.
+  TARKA_FIELD(ClauseOccurs *, occurs, Occurs, nullptr);
+  /// STEP or WIDTH: lines or columns from one occurrence to the next; null when not written.
+  TARKA_FIELD(Expression *, stepExpr, StepExpr, nullptr);
+  /// The phrases of VARYING; null when there are none.
+  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList, nullptr);
+};
+
+/// REPEATED: groups side by side.
+class ClauseRepeated : public Node {
+public:
+  /// \p times and \p every are null when not written.
+  ClauseRepeated(const Node *at, Expression *times, Expression *every)
+      : Node(at), timesExpr(times), everyExpr(every) {}
+
+  Expression *getTimesExpr() const { return timesExpr; }
+  /// EVERY n COLUMNS.
+  Expression *getEveryExpr() const { return everyExpr; }
+
+private:
+  Expression *timesExpr;
+  Expression *everyExpr;
+};
+
+/// MULTIPLE PAGES, of a group that may go over pages.
+TARKA_BARE_CLAUSE(ClauseMultiple);
+
+/// WRAP: where a line goes on in the next one.
+class ClauseWrap : public Node {
+public:
+  explicit ClauseWrap(const Node *at) : Node(at) {}
+
+  /// AFTER COLUMN and TO COLUMN; null when not written.
+  TARKA_FIELD(Expression *, afterColumn, AfterColumn, nullptr);
+  TARKA_FIELD(Expression *, toColumn, ToColumn, nullptr);
+};
+
+/// FUNCTION: an item that a routine fills.
+class ClauseFunction : public Node {
+public:
+  ClauseFunction(const Node *at, Word *routine) : Node(at), functionName(routine) {}
+
+  Word *getFunctionName() const { return functionName; }
+
+  TARKA_LIST_ADD(Expression, arguments, ArgumentList, Argument);
+  Word *functionName;
+};
+
+/// SIGN of a report item.
+class ClauseReportSign : public Node {
+public:
+  ClauseReportSign(const Node *at, ClauseSign *clause) : Node(at), sign(clause) {}
+
+  ClauseSign *getSign() const { return sign; }
+
+private:
+  ClauseSign *sign;
+};
+
+/// VALUE of a report item.
+class ClauseReportValue : public Node {
+public:
+  /// Stands where \p clause stands.
+  explicit ClauseReportValue(ClauseValue *clause) : Node(clause), value(clause) {}
+
+  ClauseValue *getValue() const { return value; }
+
+private:
+  ClauseValue *value;
+};
+
+/// The operands of one SUM: names to add, and the detail groups after UPON.
+class SumClauseExpr : public Node {
+public:
+  explicit SumClauseExpr(const Node *at) : Node(at) {}
+
+  TARKA_LIST_ADD(Expression, names, NameList, Name);
+  TARKA_LIST_ADD(IdentifierExpression, upons, UponList, Upon);
+};
+
+/// SUM.
+class ClauseSum : public Node {
+public:
+  explicit ClauseSum(const Node *at) : Node(at) {}
+
+  /// ROUNDED.
+  TARKA_FIELD(bool, rounded, Rounded, false);
+  /// RESET ON.
+  TARKA_FIELD(ResetType, resetType, ResetType, ResetType::None);
+  TARKA_FIELD(IdentifierExpression *, resetControl, ResetControl, nullptr);
+  /// The item that the sum is kept in; null until the checks make it.
+  TARKA_FIELD(DataDescription *, sumDesc, SumDesc, nullptr);
+  TARKA_LIST_ADD(SumClauseExpr, sumExprs, SumExprList, SumExpr);
+};
+
+/// One operand of SOURCE.
+class SourceClauseExpr : public Node {
+public:
+  /// \p operand is null for SourceExprType::Sum, \p sum for all others.
+  SourceClauseExpr(const Node *at, SourceExprType type, Expression *operand,
+                   SumClauseExpr *sum = nullptr)
+      : Node(at), sourceExprType(type), sumExpr(sum), expr(operand) {}
+
+  SourceExprType getSourceExprType() const { return sourceExprType; }
+  SumClauseExpr *getSumExpr() const { return sumExpr; }
+
+private:
+  SourceExprType sourceExprType;
+  SumClauseExpr *sumExpr;
+  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+};
+
+/// SOURCE.
+class ClauseSource : public Node {
+public:
+  explicit ClauseSource(const Node *at) : Node(at) {}
+
+  /// Takes the elements of \p list over; null stands for an empty list.
+  void setSourceExprList(std::list<SourceClauseExpr *> *list) { sourceExprs = takeOver(list); }
+
+  /// ROUNDED.
+  TARKA_FIELD(bool, rounded, Rounded, false);
+  TARKA_LIST_ADD(SourceClauseExpr, sourceExprs, SourceExprList, SourceExpr);
+};
+
+/// The names of one operand of COUNT.
+class CountClauseExpr : public Node {
+public:
+  explicit CountClauseExpr(const Node *at) : Node(at) {}
+
+  TARKA_LIST_ADD(Expression, names, NameList, Name);
+};
+
+/// COUNT: how often groups or controls have been.
+class ClauseCount : public Node {
+public:
+  explicit ClauseCount(const Node *at) : Node(at) {}
+
+  /// What is counted, as the checks found it.
+  TARKA_LIST_ADD(Expression, countData, CountDataList, CountData);
+  TARKA_LIST_ADD(CountClauseExpr, countExprs, CountExprList, CountExpr);
+};
+
+/// What an item shows when a PRESENT clause holds.
+class PresentContents : public Node {
+public:
+  explicit PresentContents(const Node *at) : Node(at) {}
+
+  /// The control of the clause; null when there is none.
+  TARKA_FIELD(IdentifierExpression *, controlId, ControlId, nullptr);
+  // At most one of these is there.
+  TARKA_FIELD(ClauseFunction *, function, Function, nullptr);
+  TARKA_FIELD(ClauseSource *, source, Source, nullptr);
+  TARKA_FIELD(ClauseReportValue *, value, Value, nullptr);
+};
+
+/// PRESENT AFTER.
+class ClausePresentAfter : public PresentContents {
+public:
+  ClausePresentAfter(const Node *at, PresentType type) : PresentContents(at), afterType(type) {}
+
+  PresentType getAfterType() const { return afterType; }
+
+private:
+  PresentType afterType;
+};
+
+/// PRESENT WHEN.
+class ClausePresentWhen : public PresentContents {
+public:
+  /// \p cond is null unless \p type is PresentType::Condition.
+  ClausePresentWhen(const Node *at, PresentType type, Condition *cond)
+      : PresentContents(at), whenType(type), presentCond(cond) {}
+
+  PresentType getWhenType() const { return whenType; }
+  Condition *getPresentCond() const { return presentCond; }
+
+private:
+  PresentType whenType;
+  Condition *presentCond;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_REPORTCLAUSES_H

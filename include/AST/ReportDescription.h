@@ -1,0 +1,114 @@
+//===- ReportDescription.h - RD entries and report groups -------*- C++ -*-===//
+//
+// A report description entry, and the entries of its report groups.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_REPORTDESCRIPTION_H
+#define TARKA_AST_REPORTDESCRIPTION_H
+
+#include "AST/DataDescription.h"
+#include "AST/ReportClauses.h"
+
+namespace tarka {
+
+/// An entry of a report group. It needs neither PICTURE nor USAGE.
+class ReportDataDescription : public DataDescription {
+public:
+  explicit ReportDataDescription(const Node *at) : DataDescription(at, DescType::Report) {}
+  /// An entry with the name, level, clauses, parent and place of \p entry, without its children.
+  explicit ReportDataDescription(DataDescription *entry)
+      : DataDescription(*entry, DescType::Report) {}
+
+  static bool classof(const DataDescription *entry) { return entry->getType() == DescType::Report; }
+
+  // Clauses, null when absent.
+  TARKA_FIELD(ClauseColumn *, columnClause, ColumnClause, nullptr);
+  TARKA_FIELD(ClauseCount *, countClause, CountClause, nullptr);
+  TARKA_FIELD(ClauseFunction *, functionClause, FunctionClause, nullptr);
+  TARKA_FIELD(ClauseGroupLimit *, groupLimitClause, GroupLimitClause, nullptr);
+  TARKA_FIELD(ClauseLine *, lineClause, LineClause, nullptr);
+  TARKA_FIELD(ClauseMultiple *, multipleClause, MultipleClause, nullptr);
+  TARKA_FIELD(ClauseNextGroup *, nextGroupClause, NextGroupClause, nullptr);
+  TARKA_FIELD(ClauseRepeated *, repeatedClause, RepeatedClause, nullptr);
+  TARKA_FIELD(ClauseReportOccurs *, reportOccursClause, ReportOccursClause, nullptr);
+  TARKA_FIELD(ClauseReportSign *, reportSignClause, ReportSignClause, nullptr);
+  TARKA_FIELD(ClauseReportValue *, reportValueClause, ReportValueClause, nullptr);
+  TARKA_FIELD(ClauseSource *, sourceClause, SourceClause, nullptr);
+  TARKA_FIELD(ClauseStyle *, styleClause, StyleClause, nullptr);
+  TARKA_FIELD(ClauseSum *, sumClause, SumClause, nullptr);
+  TARKA_FIELD(ClauseType *, typeClause, TypeClause, nullptr);
+  TARKA_FIELD(ClauseWrap *, wrapClause, WrapClause, nullptr);
+  /// GROUP INDICATE.
+  TARKA_FLAG(groupIndicate, GroupIndicate, false);
+  TARKA_LIST_ADD(ClausePresentAfter, presentAfters, ClausePresentAfterList, ClausePresentAfter);
+  TARKA_LIST_ADD(ClausePresentWhen, presentWhens, ClausePresentWhenList, ClausePresentWhen);
+
+  /// The number of the USE BEFORE REPORTING procedure of the group, from 1; 0 when it has none.
+  TARKA_FIELD(int, declIndex, DeclIndex, 0);
+
+  // What the checks find out. "Head" is an entry that begins a line, "line" the line that an entry
+  // stands in.
+  TARKA_FIELD(ReportDataDescription *, currHeadDesc, CurrHeadDesc, nullptr);
+  TARKA_FIELD(ReportDataDescription *, prevHeadDesc, PrevHeadDesc, nullptr);
+  TARKA_FIELD(ReportDataDescription *, currLineDesc, CurrLineDesc, nullptr);
+  /// The lines of a group, and the items of a line, in the order of the page.
+  TARKA_LIST_ADD(ReportDataDescription, lineDescs, LineDescList, LineDesc);
+  TARKA_LIST_ADD(ReportDataDescription, colDescs, ColDescList, ColDesc);
+  /// The COUNT operands that refer to this entry.
+  TARKA_LIST_ADD(Expression, countExprs, CountExprList, CountExpr);
+
+public:
+  /// Exchanges the last two lines of the group; nothing happens when there are fewer.
+  void swapLineDesc();
+};
+
+/// An RD entry.
+class ReportDescription : public Node {
+public:
+  ReportDescription(const Node *at, Word *name) : Node(at), reportName(name) {}
+
+  Word *getReportName() const { return reportName; }
+
+  /// The level-01 entries of the report groups, in source order.
+  std::list<ReportDataDescription *>::iterator getRecordListBegin() { return records.begin(); }
+  std::list<ReportDataDescription *>::iterator getRecordListEnd() { return records.end(); }
+  std::size_t getRecordListSize() const { return records.size(); }
+  const std::list<ReportDataDescription *> &getRecordListElements() const { return records; }
+  /// Appends a report group and makes this entry its report description.
+  void addRecord(ReportDataDescription *group);
+
+  // Clauses, null when absent.
+  TARKA_FIELD(ClauseGlobal *, global, Global, nullptr);
+  TARKA_FIELD(ClauseAllow *, allowClause, AllowClause, nullptr);
+  TARKA_FIELD(ClauseCode *, codeClause, CodeClause, nullptr);
+  TARKA_FIELD(ClauseControl *, controlClause, ControlClause, nullptr);
+  TARKA_FIELD(ClauseLineLimit *, lineLimitClause, LineLimitClause, nullptr);
+  TARKA_FIELD(ClauseOverflow *, overflowClause, OverflowClause, nullptr);
+  TARKA_FIELD(ClausePageLimit *, pageLimitClause, PageLimitClause, nullptr);
+  TARKA_FIELD(ClauseStyle *, rdStyleClause, RdStyleClause, nullptr);
+
+  /// The file that the report is written to; null until the checks find it.
+  TARKA_FIELD(FileDescription *, fileDescription, FileDescription, nullptr);
+  /// How many USE BEFORE REPORTING procedures the report has so far.
+  TARKA_FIELD(int, declIndexCnt, DeclIndexCnt, 0);
+
+  // The groups by their type, as the checks sort them.
+  TARKA_LIST_ADD(ReportDataDescription, reportHeadings, RHDescList, RHDesc);
+  TARKA_LIST_ADD(ReportDataDescription, pageHeadings, PHDescList, PHDesc);
+  TARKA_LIST_ADD(ReportDataDescription, controlHeadings, CHDescList, CHDesc);
+  TARKA_LIST_ADD(ReportDataDescription, details, DEDescList, DEDesc);
+  TARKA_LIST_ADD(ReportDataDescription, controlFootings, CFDescList, CFDesc);
+  TARKA_LIST_ADD(ReportDataDescription, pageFootings, PFDescList, PFDesc);
+  TARKA_LIST_ADD(ReportDataDescription, reportFootings, RFDescList, RFDesc);
+
+  friend class DataDivision;
+  Word *reportName;
+  std::list<ReportDataDescription *> records;
+  /// The division whose index knows the groups; null while none does.
+  DataDivision *division = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_REPORTDESCRIPTION_H
