@@ -26,14 +26,6 @@ endif()
 # tarka_add_library(<target> <export name> <sources> [<libraries>...])
 # One shared library of the project, usable from the build tree and from an installed copy.
 function(tarka_add_library target export_name sources)
-  if(NOT sources)
-    # A folder that has no sources stands for a library without code.
-    add_library(${target} INTERFACE)
-    set_target_properties(${target} PROPERTIES EXPORT_NAME ${export_name})
-    add_library(Tarka::${export_name} ALIAS ${target})
-    target_link_libraries(${target} INTERFACE ${ARGN})
-    return()
-  endif()
   add_library(${target} SHARED ${sources})
   add_library(Tarka::${export_name} ALIAS ${target})
   set_target_properties(${target} PROPERTIES

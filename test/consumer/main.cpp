@@ -1,14 +1,17 @@
 //===- main.cpp - a program that uses Tarka and LLVM -----------------------===//
 
-#include "AST/Node.h"
-#include "llvm/IR/LLVMContext.h"
+#include "Analyzer/TopLevel.h"
+#include "llvm/IR/DerivedTypes.h"
 #include "llvm/IR/Module.h"
+#include "llvm/IR/Verifier.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/TargetParser/Host.h"
 
+/// Adds to the module that Tarka made, with LLVM called from both sides.
 int main() {
-  llvm::LLVMContext context;
-  llvm::Module module(tarka::internString("PAYROLL"), context);
+  llvm::Module &module = *tarka::TopLevel::getTopLevelInstance("PAYROLL")->getModule();
   module.setTargetTriple(llvm::sys::getDefaultTargetTriple());
-  llvm::outs() << module.getName() << " for " << module.getTargetTriple() << '\n';
+  module.getOrInsertFunction("MAIN", llvm::Type::getVoidTy(tarka::globalContext()));
+  llvm::outs() << module;
+  return llvm::verifyModule(module, &llvm::errs());
 }

@@ -25,7 +25,8 @@ rm -rf "$work"
 cmake -S "$source" -B "$work" -G Ninja -DCMAKE_PREFIX_PATH="$prefix" -DCMAKE_CXX_COMPILER="$compiler" \
   -DTarka_LLVM="$llvm" >/dev/null
 cmake --build "$work"
-"$work/consumer"
+"$work/consumer" | tee "$work/output"
+grep -q 'declare void @MAIN' "$work/output" || fail "the module lacks its function"
 
 # No library of Tarka brings a copy, and they do need one.
 libraries=$(find "$prefix" -name 'libtarka*.so')
