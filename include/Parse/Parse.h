@@ -1,0 +1,31 @@
+//===- Parse.h - from a source file to a tree -------------------*- C++ -*-===//
+//
+// The door of the front end: reads one compilation and builds its tree.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_PARSE_H
+#define TARKA_PARSE_PARSE_H
+
+#include "Parse/Diagnostics.h"
+#include "Parse/ParseOptions.h"
+#include "llvm/ADT/StringRef.h"
+#include "llvm/Support/ErrorOr.h"
+
+namespace tarka {
+
+class Program;
+
+/// Reads the compilation in file \p path and builds its tree. Everything that is wrong with the
+/// source goes to \p diagnostics; what could not be read is left out of the tree whole, so that the
+/// tree is complete for the checker. \p inputName is the name of the compilation, by which its
+/// graph will be named.
+///
+/// Fails only when the file itself cannot be read. The tree lives until the process ends.
+llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inputName,
+                                      const ParseOptions &options,
+                                      FrontEndDiagnostics &diagnostics);
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_PARSE_H

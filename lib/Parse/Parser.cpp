@@ -1,0 +1,234 @@
+//===- Parser.cpp - tokens, names and literals ----------------------------===//
+
+#include "Parser.h"
+#include "llvm/ADT/SmallString.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Tokens
+//===----------------------------------------------------------------------===//
+
+std::string Parser::describe(const Token &token) {
+  if (token.is(TokenKind::EndOfFile))
+    return "the end of the file";
+  if (token.is(TokenKind::Period))
+    return "a period";
+  // A token of a line of a megabyte is shown by its beginning.
+  constexpr std::size_t shown = 60;
+  std::string text = ("'" + token.spelling.take_front(shown)).str();
+  if (token.spelling.size() > shown)
+    text += "...";
+  return text + "'";
+}
+
+std::nullptr_t Parser::expected(llvm::StringRef what) {
+  return error(DiagnosticId::Expected, here(), what, describe(peek()));
+}
+
+bool Parser::expect(Keyword keyword) {
+  if (accept(keyword))
+    return true;
+  expected(textOf(keyword));
+  return false;
+}
+
+bool Parser::expect(TokenKind kind) {
+  if (accept(kind))
+    return true;
+  expected(tarka::describe(kind));
+  return false;
+}
+
+Node Parser::from(const SourceRange &begin) {
+  SourceRange range = begin;
+  const SourceRange &last = stream.getLastPlace();
+  // A construct that began in one file and ended in another (a copybook in its middle) is shown
+  // with the file in which it began: its end is that of its first token.
+  if (last.file == begin.file &&
+      (last.endLine > range.endLine ||
+       (last.endLine == range.endLine && last.endColumn > range.endColumn))) {
+    range.endLine = last.endLine;
+    range.endColumn = last.endColumn;
+  }
+  return Node(range);
+}
+
+void Parser::skipPastPeriod() {
+  while (!at(TokenKind::EndOfFile))
+    if (accept(TokenKind::Period))
+      return;
+    else
+      stream.skip();
+}
+
+//===----------------------------------------------------------------------===//
+// Names
+//===----------------------------------------------------------------------===//
+
+Word *Parser::takeWord() {
+  const Token &token = peek();
+  Word *word =
+      token.isWord()
+          ? new Word(token.place, token.getInternedText(), token.getInternedSpelling())
+          : new Word(token.place, &internString(token.text), &internString(token.spelling));
+  stream.skip();
+  return word;
+}
+
+Word *Parser::parseUserWord(llvm::StringRef what) {
+  if (peek().isUserWord())
+    return takeWord();
+  if (peek().isWord())
+    return error(DiagnosticId::ReservedWord, here(), what, peek().spelling);
+  return expected(what);
+}
+
+Word *Parser::parseProcedureWord() {
+  if (at(TokenKind::IntegerLiteral))
+    return takeWord();
+  return parseUserWord("a procedure-name");
+}
+
+QualifiedWord *Parser::parseQualifiedWord(llvm::StringRef what) {
+  SourceRange begin = here();
+  Word *name = parseUserWord(what);
+  if (!name)
+    return nullptr;
+  std::list<Word *> names{name};
+  while (acceptAny(Keyword::Of, Keyword::In)) {
+    Word *qualifier = parseUserWord("the name that qualifies");
+    if (!qualifier)
+      return nullptr;
+    names.push_back(qualifier);
+  }
+  Node at = from(begin);
+  return new QualifiedWord(&at, &names);
+}
+
+QualifiedWord *Parser::parseProcedureName() {
+  SourceRange begin = here();
+  Word *name = parseProcedureWord();
+  if (!name)
+    return nullptr;
+  std::list<Word *> names{name};
+  // More than one qualifier is none of the language, but the checker has the message for it.
+  while (acceptAny(Keyword::Of, Keyword::In)) {
+    Word *section = parseProcedureWord();
+    if (!section)
+      return nullptr;
+    names.push_back(section);
+  }
+  Node at = from(begin);
+  return new QualifiedWord(&at, &names);
+}
+
+//===----------------------------------------------------------------------===//
+// Literals
+//===----------------------------------------------------------------------===//
+
+bool Parser::atNumericLiteral() {
+  if (at(TokenKind::Plus, TokenKind::Minus))
+    return peek().isJoinedToNext() && peek(1).isNumber();
+  return peek().isNumber();
+}
+
+bool Parser::atLiteral() {
+  return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
+         peek().isFigurativeConstant() ||
+         (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText()));
+}
+
+NumericLiteralExpression *Parser::parseNumericLiteral() {
+  if (!atNumericLiteral())
+    return expected("a number");
+  SourceRange begin = here();
+  llvm::SmallString<40> text;
+  if (at(TokenKind::Plus, TokenKind::Minus)) {
+    text = peek().spelling;
+    stream.skip();
+  }
+  text += peek().spelling;
+  stream.skip();
+  Node at = from(begin);
+  auto *literal = new NumericLiteralExpression(&at, text);
+  if (decimalPointIsComma)
+    literal->convertDecimalPoint(literal->getData());
+  return literal;
+}
+
+NonNumericLiteralExpression *Parser::parseNonNumericLiteral() {
+  if (!at(TokenKind::AlphanumericLiteral))
+    return expected("a literal in quotes");
+  Node at(here());
+  auto *literal = new NonNumericLiteralExpression(&at, peek().text);
+  stream.skip();
+  return literal;
+}
+
+static FigurativeType figurativeTypeOf(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::Zero:
+  case Keyword::Zeros:
+  case Keyword::Zeroes:
+    return FigurativeType::Zero;
+  case Keyword::Space:
+  case Keyword::Spaces:
+    return FigurativeType::Space;
+  case Keyword::HighValue:
+  case Keyword::HighValues:
+    return FigurativeType::HighValue;
+  case Keyword::LowValue:
+  case Keyword::LowValues:
+    return FigurativeType::LowValue;
+  case Keyword::Quote:
+  case Keyword::Quotes:
+    return FigurativeType::Quote;
+  case Keyword::Null:
+  case Keyword::Nulls:
+    return FigurativeType::Null;
+  case Keyword::All:
+    return FigurativeType::AllLiteral;
+  default:
+    return FigurativeType::None;
+  }
+}
+
+FigurativeLiteralExpression *Parser::parseFigurativeConstant() {
+  SourceRange begin = here();
+  if (accept(Keyword::All)) {
+    Depth level(*this);
+    if (level.isTooDeep())
+      return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
+    LiteralExpression *inner = atLiteral() ? parseLiteral() : expected("the literal of ALL");
+    if (!inner)
+      return nullptr;
+    Node at = from(begin);
+    return new FigurativeLiteralExpression(&at, FigurativeType::AllLiteral, inner);
+  }
+  if (FigurativeType type = figurativeTypeOf(peek().keyword); type != FigurativeType::None) {
+    Node at(begin);
+    stream.skip();
+    return new FigurativeLiteralExpression(&at, type, nullptr);
+  }
+  if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
+    Node at(begin);
+    auto *symbol = new FigurativeLiteralExpression(&at, FigurativeType::SymbolicCharacter, nullptr);
+    symbol->setSymbolName(peek().text);
+    stream.skip();
+    return symbol;
+  }
+  return expected("a figurative constant");
+}
+
+LiteralExpression *Parser::parseLiteral() {
+  if (atNumericLiteral())
+    return parseNumericLiteral();
+  if (at(TokenKind::AlphanumericLiteral))
+    return parseNonNumericLiteral();
+  if (atLiteral())
+    return parseFigurativeConstant();
+  return expected("a literal");
+}
+
+} // namespace tarka
