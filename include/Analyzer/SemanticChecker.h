@@ -1,0 +1,462 @@
+//===- SemanticChecker.h - the checks of the language -----------*- C++ -*-===//
+//
+// The walk over a program and every check on it, grouped by the file in
+// lib/Analyzer that holds them.
+//
+// Every check gives true when nothing is wrong below its node. A failed child
+// makes the result false but never stops the walk of its siblings. The checks
+// also complete the tree in place: they bind names, fill in clauses and add
+// entries and statements.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_ANALYZER_SEMANTICCHECKER_H
+#define TARKA_ANALYZER_SEMANTICCHECKER_H
+
+#include "AST/Forward.h"
+#include "AST/Kinds.h"
+#include "Analyzer/ErrorHandler.h"
+#include <cstdint>
+#include <list>
+#include <string>
+
+namespace tarka {
+
+// The environment division.
+class ClauseCurrency;
+class ClauseSymbolic;
+class EnvironmentDivision;
+class ParaIOControl;
+class ParaObjectComputer;
+class ParaSourceComputer;
+class ParaSpecialNames;
+class PhrsClass;
+class PhrsSymbolic;
+
+// The data division.
+class ClausePicture;
+class ClauseSign;
+class ClauseValue;
+
+// Conditions.
+class AbbrRelationalCondition;
+class ClassCondition;
+class CombinedCondition;
+class ConditionNameCondition;
+class NegatedCondition;
+class RelationalCondition;
+class SignCondition;
+class SwitchCondition;
+
+// The procedure division.
+class ExceptionHandler;
+class Parameter;
+class PerformVarying;
+class Returning;
+class AcceptStatement;
+class AddStatement;
+class AlterStatement;
+class CallStatement;
+class CancelStatement;
+class CloseStatement;
+class ComputeStatement;
+class ContinueStatement;
+class DeleteStatement;
+class DisplayStatement;
+class DivideStatement;
+class EntryStatement;
+class EvaluateStatement;
+class ExamineStatement;
+class ExhibitStatement;
+class GobackStatement;
+class GotoStatement;
+class IfStatement;
+class InitializeStatement;
+class InspectStatement;
+class MergeStatement;
+class MoveStatement;
+class MultiplyStatement;
+class OnStatement;
+class OpenStatement;
+class PerformStatement;
+class ReadStatement;
+class ReleaseStatement;
+class ReturnStatement;
+class RewriteStatement;
+class RwGenerateStatement;
+class RwInitiateStatement;
+class RwSuppressStatement;
+class RwTerminateStatement;
+class SearchStatement;
+class SetStatement;
+class SortStatement;
+class StartStatement;
+class StopStatement;
+class StringStatement;
+class SubtractStatement;
+class TransformStatement;
+class UnstringStatement;
+class UseStatement;
+class WriteStatement;
+class XMLGenerateStatement;
+class XMLParseStatement;
+
+/// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
+class SemanticChecker {
+public:
+  explicit SemanticChecker(ErrorHandler *handler) : errorHandler(handler) {}
+  SemanticChecker(const SemanticChecker &) = delete;
+  SemanticChecker &operator=(const SemanticChecker &) = delete;
+
+  //===--------------------------------------------------------------------===//
+  // Reporting
+  //===--------------------------------------------------------------------===//
+
+  /// Pushes an error at \p node and gives false, the result of the check that failed. \p text is
+  /// for the few messages that take one.
+  bool report(ErrorCode code, Node *node, const char *text = nullptr) {
+    errorHandler->PushError(code, node, text);
+    return false;
+  }
+  /// Pushes a warning at \p node. A warning is no failure.
+  void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
+  ErrorHandler *getErrorHandler() const { return errorHandler; }
+
+  //===--------------------------------------------------------------------===//
+  // State of the walk
+  //===--------------------------------------------------------------------===//
+
+  /// The section whose statements are being checked, or null.
+  Section *getOuterSection() const { return outerSection; }
+  void setOuterSection(Section *section) { outerSection = section; }
+
+  /// Set while the USE statement of a declarative is checked.
+  bool getIsDeclaratives() const { return isDeclaratives; }
+  void setIsDeclaratives(bool on) { isDeclaratives = on; }
+
+  /// Set while the section of a declarative is checked.
+  bool getInDeclaratives() const { return inDeclaratives; }
+  void setInDeclaratives(bool on) { inDeclaratives = on; }
+
+  /// The report whose description, or whose USE BEFORE REPORTING declarative, is being checked.
+  ReportDescription *getCurrentRD() const { return currentRD; }
+  void setCurrentRD(ReportDescription *report) { currentRD = report; }
+  /// True when \p report is the current report, or there is none.
+  bool checkCurrentRD(const ReportDescription *report) const {
+    return !currentRD || currentRD == report;
+  }
+
+  /// The report items that have a SOURCE clause. Begin and End may only be asked for when there is
+  /// one.
+  void addUsedSrc(ReportDataDescription *item);
+  std::list<ReportDataDescription *>::iterator getUsedSrcListBegin();
+  std::list<ReportDataDescription *>::iterator getUsedSrcListEnd();
+  std::size_t getUsedSrcListSize() const { return usedSrcList ? usedSrcList->size() : 0; }
+
+  /// The largest item, in bytes, that an XML PARSE of the current source unit reads; 1 when there
+  /// is no such statement.
+  std::uint64_t getXmlTextSize() const { return xmlTextSize; }
+  void setXmlTextSize(std::uint64_t bytes) { xmlTextSize = bytes; }
+  /// The XML-TEXT register of the current source unit; null when it has none of its own.
+  DataDescription *getXmlTextRegister() const { return xmlTextRegister; }
+  void setXmlTextRegister(DataDescription *entry) { xmlTextRegister = entry; }
+
+  /// Notes an index name that was given a parent; freeIndex() takes the parents away again when
+  /// the program has been checked, so that no later stage takes the entry for a child.
+  void addIndexFreeList(DataDescription *entry);
+  void freeIndex();
+
+  /// The names of the ENTRY statements met so far. Names are the same when their texts are.
+  void addEntryName(LiteralExpression *name);
+  bool findEntryNames(LiteralExpression *name);
+
+  //===--------------------------------------------------------------------===//
+  // Programs, divisions and procedures: SemanticChecker.cpp
+  //===--------------------------------------------------------------------===//
+
+  /// Checks one compilation: the door of the analysis.
+  bool semanticCheck(Program &program);
+  /// Checks a program and the programs nested in it.
+  bool semanticCheck(SourceUnit &unit);
+  /// Makes the program \p name callable from \p unit and everything nested in it.
+  bool setCallableSource(SourceUnit &unit, std::string name);
+  bool semanticCheck(DataDivision &division);
+  bool semanticCheck(ProcedureDivision &division);
+  bool semanticCheck(Declaratives &declarative);
+  bool semanticCheck(UseStatement &use);
+  bool semanticCheck(Section &section);
+  /// \p section is the one around the paragraph or sentence, null outside of sections.
+  bool semanticCheck(Paragraph &paragraph, Section *section);
+  bool semanticCheck(Sentence &sentence, Section *section);
+  bool semanticCheck(Returning &returning);
+
+  //===--------------------------------------------------------------------===//
+  // Special registers: SpecialRegisters.cpp
+  //===--------------------------------------------------------------------===//
+
+  /// Appends an entry for every special register to \p list and remembers XML-TEXT.
+  void createSpecialRegister(std::list<DataDescription *> *list);
+
+  //===--------------------------------------------------------------------===//
+  // Environment division: SCDivisionEnvironment.cpp
+  //===--------------------------------------------------------------------===//
+
+  bool semanticCheck(EnvironmentDivision &division);
+  bool semanticCheck(ParaSourceComputer &paragraph);
+  bool semanticCheck(ParaObjectComputer &paragraph);
+  bool semanticCheck(ParaSpecialNames &paragraph);
+  bool semanticCheck(ParaFileControl &entry);
+  bool semanticCheck(ParaIOControl &entry);
+
+  bool checkClauseEnvName(ClauseEnvName &clause);
+  bool checkLiteralValue(LiteralExpression *literal);
+  bool checkClauseAlphabet(ClauseAlphabet &clause);
+  bool checkPhraseSymbolic(PhrsSymbolic &phrase);
+  bool checkClauseSymbolic(ClauseSymbolic &clause);
+  bool checkPhraseClass(PhrsClass &phrase);
+  bool checkClauseClass(ClauseClass &clause);
+  bool checkClauseCurrency(ClauseCurrency &clause);
+
+  bool checkClauseAssign(ParaFileControl &entry);
+  bool checkClauseReserve(ParaFileControl &entry);
+  bool checkClauseOrganization(ParaFileControl &entry);
+  bool checkClausePadding(ParaFileControl &entry);
+  bool checkClauseRecordDelimiter(ParaFileControl &entry);
+  bool checkClauseAccess(ParaFileControl &entry);
+  bool checkClauseStatus(ParaFileControl &entry);
+  bool checkClauseRecordKey(ParaFileControl &entry);
+  bool checkClauseRelativeKey(ParaFileControl &entry);
+  bool checkClauseAlternateList(ParaFileControl &entry);
+
+  bool checkClauseRerun(ParaIOControl &entry);
+  bool checkClauseSame(ParaIOControl &entry);
+  bool checkClauseMultipleFile(ParaIOControl &entry);
+  bool checkClauseApplyWriteOnly(ParaIOControl &entry);
+
+  //===--------------------------------------------------------------------===//
+  // Data description entries: SCDataDescription*.cpp
+  //===--------------------------------------------------------------------===//
+
+  /// Checks one entry and everything below it.
+  bool semanticCheck(DataDescription &entry);
+  bool checkLevelNumber(DataDescription &entry);
+  bool check88LevelDataDescription(DataDescription &entry);
+  bool checkClauseBlank(DataDescription &entry);
+  bool checkClauseExternal(DataDescription &entry);
+  bool checkClauseGlobal(DataDescription &entry);
+  bool checkClauseJustified(DataDescription &entry);
+  bool checkClauseGroupUsage(DataDescription &entry);
+  bool checkClauseUsage(DataDescription &entry);
+
+  bool checkClausePicture(DataDescription &entry);
+  /// Applies one CURRENCY SIGN clause to a picture; true when the picture uses its symbol.
+  bool convertCurrencyString(ClausePicture *picture, ClauseCurrency *currency);
+  /// True when \p symbol may be a currency symbol; diagnostics point at \p literal.
+  bool checkValidString(char symbol, Expression *literal);
+
+  bool checkClauseOccurs(DataDescription &entry);
+
+  bool checkClauseSynchronized(DataDescription &entry);
+  /// The boundary in bytes that SYNCHRONIZED asks for; 0 for a usage that cannot be aligned.
+  int getSlackDivisor(DataDescription *entry);
+  /// The entry that fills up to the boundary of \p item from \p offset; null when none is needed.
+  DataDescription *createSlackBytes(DataDescription *item, int offset);
+  /// The boundary that one occurrence of a table needs.
+  int getMaxOccursSyncSize(DataDescription *group);
+  bool addOccursSlackBytes(DataDescription &entry);
+  /// Adds the sizes of the elementary items below \p node and before \p target to \p bytes; true
+  /// when \p target was met.
+  bool getSyncAllocBytes(DataDescription *node, int *bytes, DataDescription *target);
+
+  bool checkClauseValue(DataDescription &entry);
+  bool checkClauseValue(ClauseValue *clause);
+  bool checkGroupValue(DataDescription *subordinate);
+  bool checkLiteralValue(DataDescription *entry, LiteralExpression *literal);
+  /// The literal that a symbolic character stands for; null when \p name is none.
+  LiteralExpression *convertSymbolicValue(Word *name);
+  bool checkInitSpace(DataDescription &entry);
+
+  bool checkClauseRenames(DataDescription &entry);
+  bool checkDataRenames(DataDescription *renamed);
+  bool checkClauseSign(DataDescription &entry);
+  bool checkSignElement(DataDescription *item, ClauseSign *inherited);
+
+  bool checkClauseRedifines(DataDescription &entry);
+  bool checkClauseDateFormat(DataDescription &entry);
+
+  //===--------------------------------------------------------------------===//
+  // File description entries: SCFileDescription.cpp
+  //===--------------------------------------------------------------------===//
+
+  bool semanticCheck(FileDescription &file);
+  bool checkClauseGlobalFile(FileDescription &file);
+  bool checkClauseExternalFile(FileDescription &file);
+  bool checkClauseBlock(FileDescription &file);
+  bool checkClauseRecord(FileDescription &file);
+  bool checkClauseLabel(FileDescription &file);
+  bool checkClauseValueOf(FileDescription &file);
+  bool checkClauseDataRecord(FileDescription &file);
+  bool checkClauseLinage(FileDescription &file);
+  bool checkClauseRecordingMode(FileDescription &file);
+  bool checkClauseCodeSet(FileDescription &file);
+  bool checkClauseReport(FileDescription &file);
+  bool checkUnsigendInteger(Expression *expression);
+  /// Widens the record lengths of \p file for a record of variable length.
+  void determineRecordingModeV(DataDescription &record, FileDescription &file);
+
+  //===--------------------------------------------------------------------===//
+  // Report description entries: SCReportDescription*.cpp
+  //===--------------------------------------------------------------------===//
+
+  bool semanticCheck(ReportDescription &report);
+
+  //===--------------------------------------------------------------------===//
+  // Operands: SCExpr*.cpp
+  //===--------------------------------------------------------------------===//
+
+  bool semanticCheck(Expression &expression);
+  bool semanticCheck(LiteralExpression &literal);
+  bool semanticCheck(IdentifierExpression &identifier);
+  /// Binds a data reference to its entry. \p silentIfUndefined: a name that is not found is no
+  /// error, the caller decides. \p preferReportItem: of an item of the report section and another
+  /// of the same name the former is meant.
+  bool semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined = false,
+                     bool preferReportItem = false);
+  bool checkSubscriptModifier(DataIdentifierExpression &identifier);
+  bool checkReferenceModifier(Expression &expression);
+  /// Notes how a report declarative uses the item.
+  bool checkDataAccessWayForRptDecl(DataIdentifierExpression &identifier);
+  /// True when the SOURCE of \p item is subscripted by \p entry.
+  bool findUsedSrc(DataDescription *entry, ReportDataDescription *item);
+  /// Makes the MOVE of \p source to the report item \p target that no statement writes.
+  void addDummyStmtForReportDeclaratives(DataIdentifierExpression *source, DataDescription *target);
+
+  bool semanticCheck(NumericLiteralExpression &literal);
+  bool semanticCheck(NonNumericLiteralExpression &literal);
+  bool semanticCheck(FigurativeLiteralExpression &literal);
+
+  bool semanticCheck(FunctionIdentifierExpression &function);
+  bool checkAllowArgument(FunctionIdentifierExpression &function);
+  bool checkFunctionNumval(FunctionIdentifierExpression &function);
+
+  bool semanticCheck(FileIdentifierExpression &file);
+  bool semanticCheck(SpecialRegisterIdentifierExpression &specialRegister);
+  bool semanticCheck(ReportIdentifierExpression &report);
+
+  bool semanticCheck(ArithmeticExpression &expression);
+  bool semanticCheck(AbbrRelationCombinedExpression &expression);
+
+  //===--------------------------------------------------------------------===//
+  // Conditions: SCCondition.cpp
+  //===--------------------------------------------------------------------===//
+
+  bool semanticCheck(Condition &condition);
+  bool semanticCheck(ConditionNameCondition &condition);
+  bool semanticCheck(SwitchCondition &condition);
+  bool semanticCheck(RelationalCondition &condition);
+  bool semanticCheck(ClassCondition &condition);
+  bool semanticCheck(SignCondition &condition);
+  bool semanticCheck(NegatedCondition &condition);
+  bool semanticCheck(CombinedCondition &condition);
+  bool semanticCheck(AbbrRelationalCondition &condition);
+  bool checkCompareable(Expression *left, Expression *right, RelationalConditionType relation);
+  bool checkNationalCmpFiguExpr(Expression *left, Expression *right);
+  /// True when two groups have the same shape and elementary items of the same kinds and sizes.
+  bool checkSameGroup(DataDescription *left, DataDescription *right);
+
+  //===--------------------------------------------------------------------===//
+  // Statements: SCStmt*.cpp
+  //===--------------------------------------------------------------------===//
+
+  /// Checks a statement of any kind.
+  bool semanticCheck(Statement &statement);
+  /// Checks the imperative statements of a phrase such as ON SIZE ERROR.
+  bool semanticCheck(ExceptionHandler &handler);
+
+  /// How a MOVE of a sender to \p receiver is done; MoveRule::Illegal, with a diagnostic, when it
+  /// may not be.
+  MoveRule getMoveRule(DataCategory sender, IdentifierExpression *receiver);
+  MoveRule getMoveRule(Expression *sender, IdentifierExpression *receiver);
+
+  bool semanticCheck(AcceptStatement &statement);
+  bool semanticCheck(AddStatement &statement);
+  bool semanticCheck(AlterStatement &statement);
+  bool semanticCheck(CallStatement &statement);
+  bool semanticCheck(CancelStatement &statement);
+  bool semanticCheck(CloseStatement &statement);
+  bool semanticCheck(ComputeStatement &statement);
+  bool semanticCheck(ContinueStatement &statement);
+  bool semanticCheck(DeleteStatement &statement);
+  bool semanticCheck(DisplayStatement &statement);
+  bool semanticCheck(DivideStatement &statement);
+  bool semanticCheck(EntryStatement &statement);
+  bool semanticCheck(EvaluateStatement &statement);
+  bool semanticCheck(ExamineStatement &statement);
+  bool semanticCheck(ExhibitStatement &statement);
+  bool semanticCheck(GobackStatement &statement);
+  bool semanticCheck(GotoStatement &statement);
+  bool semanticCheck(IfStatement &statement);
+  bool semanticCheck(InitializeStatement &statement);
+  bool semanticCheck(InspectStatement &statement);
+  bool semanticCheck(MergeStatement &statement);
+  bool semanticCheck(MoveStatement &statement);
+  bool semanticCheck(MultiplyStatement &statement);
+  bool semanticCheck(OnStatement &statement);
+  bool semanticCheck(OpenStatement &statement);
+  bool semanticCheck(PerformStatement &statement);
+  bool semanticCheck(ReadStatement &statement);
+  bool semanticCheck(ReleaseStatement &statement);
+  bool semanticCheck(ReturnStatement &statement);
+  bool semanticCheck(RewriteStatement &statement);
+  bool semanticCheck(RwGenerateStatement &statement);
+  bool semanticCheck(RwInitiateStatement &statement);
+  bool semanticCheck(RwSuppressStatement &statement);
+  bool semanticCheck(RwTerminateStatement &statement);
+  bool semanticCheck(SearchStatement &statement);
+  bool semanticCheck(SetStatement &statement);
+  bool semanticCheck(SortStatement &statement);
+  bool semanticCheck(StartStatement &statement);
+  bool semanticCheck(StopStatement &statement);
+  bool semanticCheck(StringStatement &statement);
+  bool semanticCheck(SubtractStatement &statement);
+  bool semanticCheck(TransformStatement &statement);
+  bool semanticCheck(UnstringStatement &statement);
+  bool semanticCheck(WriteStatement &statement);
+  bool semanticCheck(XMLGenerateStatement &statement);
+  bool semanticCheck(XMLParseStatement &statement);
+
+  /// A USING item of ENTRY.
+  bool semanticCheck(Parameter *parameter);
+
+  /// The section that \p name means, or null; a name that no section has is no error.
+  /// \p statement is the referring statement, which may be null.
+  Section *findSectionFromQualWord(QualifiedWord *name, Statement *statement);
+  /// The paragraph that \p name means; null, with a diagnostic, when there is no such one.
+  Paragraph *findParagraphFromQualWord(QualifiedWord *name, Statement *statement);
+
+private:
+  // SemanticChecker.cpp
+  bool isFileNameOfProgram(SourceUnit &unit);
+  void makeCallable(SourceUnit &unit);
+  void sizeXmlText();
+  bool checkUsingItem(Expression *item);
+  void splitDeclaratives(ProcedureDivision &division);
+  bool checkUseFile(UseStatement &use, IdentifierExpression &name);
+  bool checkUseReporting(UseStatement &use);
+  bool checkUseProcedures(UseStatement &use);
+
+  std::list<LiteralExpression *> *entryNames = nullptr;
+  ErrorHandler *errorHandler;
+  std::list<DataDescription *> *indexFreeList = nullptr;
+  Section *outerSection = nullptr;
+  bool isDeclaratives = false;
+  bool inDeclaratives = false;
+  ReportDescription *currentRD = nullptr;
+  std::list<ReportDataDescription *> *usedSrcList = nullptr;
+  std::uint64_t xmlTextSize = 1;
+  DataDescription *xmlTextRegister = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_ANALYZER_SEMANTICCHECKER_H
