@@ -7,9 +7,12 @@ if(NOT CMAKE_BUILD_TYPE)
   set(CMAKE_BUILD_TYPE Release CACHE STRING "" FORCE)
 endif()
 
+# GCC would also warn of a constructor's parameter that is named like the member it initializes.
+set(TARKA_SHADOW_WARNING $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)
+
 add_library(tarka_options INTERFACE)
 target_compile_options(tarka_options INTERFACE
-  -Wall -Wextra -Werror -Wshadow -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
+  -Wall -Wextra -Werror ${TARKA_SHADOW_WARNING} -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
   -Wimplicit-fallthrough -Wsuggest-override
   -fno-semantic-interposition)
 if(TARKA_SANITIZE)
