@@ -1,6 +1,6 @@
 # tarka_add_test(<name> <command> [<argument>...])
 # One entry of ctest. The names of a sanitizer build carry a prefix, so that one run can show the
-# tests of both builds.
+# tests of both builds; the variable tarka_test_name tells the caller the name in full.
 function(tarka_add_test name)
   if(TARKA_SANITIZE)
     string(PREPEND name sanitize.)
@@ -10,6 +10,7 @@ function(tarka_add_test name)
   if(TARKA_SANITIZE)
     set_tests_properties(${name} PROPERTIES ENVIRONMENT "${TARKA_SANITIZER_ENVIRONMENT}")
   endif()
+  set(tarka_test_name ${name} PARENT_SCOPE)
 endfunction()
 
 # Every report is fatal and comes with a stack.
