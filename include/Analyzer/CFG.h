@@ -100,7 +100,7 @@ inline constexpr std::size_t cfgLinkCount = 10;
 class CFGBlock : public CFGRecord {
 public:
   /// A block outside of every list; \p owner may be null. CFGGraph::addBlock() adds it.
-  CFGBlock(const std::string &blockName, CFGGraph *owner)
+  CFGBlock(llvm::StringRef blockName, CFGGraph *owner)
       : name(&internString(blockName)), graph(owner) {}
 
   const std::string &getName() const { return *name; }
@@ -167,9 +167,9 @@ private:
 class CFGGraph : public CFGRecord {
 public:
   /// Makes a block at the end of the list. Other blocks of that name stay as they are.
-  CFGBlock *createBlock(const std::string &name);
+  CFGBlock *createBlock(llvm::StringRef name);
   /// The first block of exactly that name, case included; null when there is none.
-  CFGBlock *findBlock(const std::string &name);
+  CFGBlock *findBlock(llvm::StringRef name);
   /// Appends a block that was made by itself, and takes it for this graph's own.
   void addBlock(CFGBlock *block);
 
