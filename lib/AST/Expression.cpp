@@ -1,0 +1,130 @@
+//===- Expression.cpp - categories of operands ----------------------------===//
+
+#include "AST/Expression.h"
+#include "AST/ClausePicture.h"
+#include "AST/DataDescription.h"
+#include "AST/IntrinsicFunctions.h"
+
+namespace tarka {
+
+namespace {
+
+/// Part of an item's characters: national for a national item, DBCS for a DBCS item, alphanumeric
+/// for every other.
+DataCategory categoryOfPart(const DataDescription &item) {
+  switch (item.getUsageType()) {
+  case UsageType::National:
+    return DataCategory::National;
+  case UsageType::Display1:
+    return DataCategory::Dbcs;
+  default:
+    return DataCategory::Alphanumeric;
+  }
+}
+
+/// Whether the entry can hold nothing but integers.
+bool holdsIntegers(const DataDescription &item) {
+  switch (item.getDataCategory()) {
+  case DataCategory::Index:
+    return true;
+  case DataCategory::Numeric:
+    return !item.getPicture() || item.getPicture()->getScale() <= 0;
+  default:
+    return false;
+  }
+}
+
+bool isFloat(DataCategory category) {
+  return category == DataCategory::ExternalFloat || category == DataCategory::InternalFloat;
+}
+
+} // namespace
+
+DataCategory ArithmeticExpression::getDataCategory() const {
+  // Chains of operators lean to the left, so only the right side is a call.
+  for (const Expression *operand = this; operand;) {
+    const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(operand);
+    if (!arithmetic)
+      return isFloat(operand->getDataCategory()) ? DataCategory::InternalFloat
+                                                 : DataCategory::Numeric;
+    if (arithmetic->operand2 && isFloat(arithmetic->operand2->getDataCategory()))
+      return DataCategory::InternalFloat;
+    operand = arithmetic->operand1;
+  }
+  return DataCategory::Numeric;
+}
+
+bool ArithmeticExpression::isInteger() const {
+  for (const Expression *operand = this; operand;) {
+    const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(operand);
+    if (!arithmetic)
+      return operand->isInteger();
+    // A quotient has decimal places, and so has a power with a negative exponent.
+    if (arithmetic->getOperator() == ArithmeticExprType::Divide ||
+        arithmetic->getOperator() == ArithmeticExprType::Power)
+      return false;
+    if (arithmetic->operand2 && !arithmetic->operand2->isInteger())
+      return false;
+    operand = arithmetic->operand1;
+  }
+  return true;
+}
+
+DataCategory DataIdentifierExpression::getDataCategory() const {
+  if (!description)
+    return DataCategory::Unclassified;
+  return referenceMod ? categoryOfPart(*description) : description->getDataCategory();
+}
+
+bool DataIdentifierExpression::isInteger() const {
+  return description && !referenceMod && holdsIntegers(*description);
+}
+
+bool FunctionIdentifierExpression::isInteger() const {
+  switch (getIntrinsicType()) {
+  case IntrinsicType::Abs:
+  case IntrinsicType::Max:
+  case IntrinsicType::Min:
+  case IntrinsicType::Range:
+  case IntrinsicType::Sum:
+    // What these give has the decimal places of what they are given.
+    for (const Expression *argument : arguments)
+      if (!argument->isInteger())
+        return false;
+    return true;
+  default:
+    const IntrinsicFunction *function =
+        name ? findIntrinsicFunction(name->getWordData()) : nullptr;
+    return function && function->isInteger;
+  }
+}
+
+DataCategory SpecialRegisterIdentifierExpression::getDataCategory() const {
+  switch (getType()) {
+  case SpecialRegisterType::AddressOf:
+    return DataCategory::Pointer;
+  case SpecialRegisterType::LengthOf:
+  case SpecialRegisterType::LinageCounter:
+  case SpecialRegisterType::PageCounter:
+  case SpecialRegisterType::LineCounter:
+    return DataCategory::Numeric;
+  default:
+    if (!description)
+      return DataCategory::Unclassified;
+    return referenceMod ? categoryOfPart(*description) : description->getDataCategory();
+  }
+}
+
+bool SpecialRegisterIdentifierExpression::isInteger() const {
+  switch (getType()) {
+  case SpecialRegisterType::LengthOf:
+  case SpecialRegisterType::LinageCounter:
+  case SpecialRegisterType::PageCounter:
+  case SpecialRegisterType::LineCounter:
+    return true;
+  default:
+    return description && !referenceMod && holdsIntegers(*description);
+  }
+}
+
+} // namespace tarka
