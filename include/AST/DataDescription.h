@@ -22,6 +22,8 @@ class GroupLayout;
 class DataDescription : public Node {
 public:
   explicit DataDescription(const Node *at) : Node(at) {}
+  DataDescription(const DataDescription &) = delete;
+  DataDescription &operator=(const DataDescription &) = delete;
 
   unsigned getLevelNum() const { return levelNum; }
   void setLevelNum(unsigned level) { levelNum = level; }
@@ -37,6 +39,9 @@ public:
   DataDescription *getParent() const { return parent; }
   void setParent(DataDescription *group) { parent = group; }
   void removeParent() { parent = nullptr; }
+  /// The entry that this one takes USAGE, SIGN and the like over from: its parent, or its
+  /// conditional variable.
+  const DataDescription *getOwner() const { return parent ? parent : getCondNameParent(); }
   /// The entry that following getParent() leads to.
   DataDescription *getRootDesc();
   const DataDescription *getRootDesc() const;
@@ -231,8 +236,6 @@ public:
   /// the compiler makes comes after what the programmer wrote. 0 while the division's index does
   /// not know the entry.
   unsigned getSourceOrder() const { return sourceOrder; }
-  /// The next record in the chain of records that the division keeps; null for the last one.
-  DataDescription *getNextDesc() const { return nextDesc; }
 
 protected:
   DataDescription(const Node *at, DescType descType) : Node(at), type(descType) {}
@@ -262,7 +265,6 @@ private:
     std::list<DataDescription *> *redefineSubjects = nullptr;
     FileDescription *file = nullptr;
     ReportDescription *report = nullptr;
-    DataDivision *division = nullptr; ///< of a root entry that the division's index knows
     std::list<ReportDescription *> *usedReports = nullptr;
     std::list<ReportDataDescription *> *reportItems = nullptr;
   };
@@ -276,10 +278,7 @@ private:
     if (rare || what)
       makeRareParts().*part = what;
   }
-  /// The division whose index knows this entry; null when none does.
-  DataDivision *findDivision();
-  /// Where USAGE, SIGN and GROUP-USAGE are inherited from: the parent, or the conditional variable.
-  const DataDescription *getOwner() const { return parent ? parent : getCondNameParent(); }
+  const DataDescription *getStorageItem() const;
   /// The item that decides what a level 66 holds: the renamed item when it renames one only.
   const DataDescription *getSingleRenamed() const;
 
@@ -302,7 +301,8 @@ private:
   ClauseRedefines *redefines = nullptr;
   ClauseValue *value = nullptr;
   RareParts *rare = nullptr;
-  DataDescription *nextDesc = nullptr;
+  /// The division whose index knows this entry; null while none does.
+  DataDivision *division = nullptr;
   /// Where the children lie; null for an entry without children and while nobody has asked.
   mutable GroupLayout *layout = nullptr;
   std::int64_t offsetSize = -1;

@@ -37,17 +37,24 @@ public:
   std::list<DataDescription *> *getWorkSection() const { return workSection; }
   /// \p list is kept, not copied.
   void setWorkSection(std::list<DataDescription *> *list);
-  /// Appends, making the list when there is none.
+  /// Appends, making the list when there is none, and sets the storage type.
   void addWorkSection(DataDescription *entry);
   /// All entries of working-storage in source order, subordinates and condition names included.
   /// Entries that were put between others after the first call are not in it; those appended to the
   /// section are. Never null.
   std::list<DataDescription *> *getWorkFlatList();
 
-  TARKA_LIST_ADD(DataDescription, localSection, LocalSection, LocalSection);
-  TARKA_LIST_ADD(DataDescription, linkSection, LinkSection, LinkSection);
-  TARKA_LIST_ADD(FileDescription, fileSection, FileSection, FileSection);
-  TARKA_LIST_ADD(ReportDescription, reportSection, ReportSection, ReportSection);
+  // The other sections. A record that is added takes on the storage type of its section.
+
+  void addLocalSection(DataDescription *entry);
+  void addLinkSection(DataDescription *entry);
+  void addFileSection(FileDescription *file) { fileSection.push_back(file); }
+  void addReportSection(ReportDescription *report) { reportSection.push_back(report); }
+
+  TARKA_LIST(DataDescription, localSection, LocalSection);
+  TARKA_LIST(DataDescription, linkSection, LinkSection);
+  TARKA_LIST(FileDescription, fileSection, FileSection);
+  TARKA_LIST(ReportDescription, reportSection, ReportSection);
 
 public:
   /// All entries with the name \p name, of every section and level: those of the file section
@@ -61,30 +68,25 @@ public:
 
   // The chains of working-storage records that initialisation follows, one for the records without
   // an initial value and one for those with. setFirst... starts a chain with one record,
-  // setLast... links one more to its end; DataDescription::getNextDesc() leads from one to the
-  // next.
+  // setLast... links one more to its end.
 
-  DataDescription *getFirstDesc() const { return plain.first; }
-  void setFirstDesc(DataDescription *record) { plain.start(record); }
-  DataDescription *getLastDesc() const { return plain.last; }
-  void setLastDesc(DataDescription *record) { plain.append(record); }
-  DataDescription *getFirstDescWithValue() const { return withValue.first; }
-  void setFirstDescWithValue(DataDescription *record) { withValue.start(record); }
-  DataDescription *getLastDescWithValue() const { return withValue.last; }
-  void setLastDescWithValue(DataDescription *record) { withValue.append(record); }
+  /// Null while the chain is empty.
+  DataDescription *getFirstDesc() const { return plain.empty() ? nullptr : plain.front(); }
+  void setFirstDesc(DataDescription *record) { plain.assign(1, record); }
+  void setLastDesc(DataDescription *record) { plain.push_back(record); }
+  llvm::ArrayRef<DataDescription *> getDescChain() const { return plain; }
+  /// Null while the chain is empty.
+  DataDescription *getFirstDescWithValue() const {
+    return withValue.empty() ? nullptr : withValue.front();
+  }
+  void setFirstDescWithValue(DataDescription *record) { withValue.assign(1, record); }
+  void setLastDescWithValue(DataDescription *record) { withValue.push_back(record); }
+  llvm::ArrayRef<DataDescription *> getDescChainWithValue() const { return withValue; }
 
 private:
   friend class DataDescription;
   friend class FileDescription;
   friend class ReportDescription;
-
-  struct Chain {
-    void start(DataDescription *record);
-    void append(DataDescription *record);
-
-    DataDescription *first = nullptr;
-    DataDescription *last = nullptr;
-  };
 
   /// How far the index, or the flat list, has read a list that others append to.
   template <typename Element> struct Progress {
@@ -92,7 +94,11 @@ private:
     typename std::list<Element *>::iterator last;
   };
 
+  template <typename Element, typename Reader>
+  static void readOn(std::list<Element *> &list, Progress<Element> &progress, Reader read);
+
   void updateIndex();
+  /// Forgets everything; the next question begins anew.
   void forgetIndex();
   /// Enters \p root with everything below it, as far as it is not known already.
   void indexRecord(DataDescription *root);
@@ -113,8 +119,8 @@ private:
   Progress<FileDescription> indexedFiles;
   Progress<ReportDescription> indexedReports;
 
-  Chain plain;
-  Chain withValue;
+  std::vector<DataDescription *> plain;
+  std::vector<DataDescription *> withValue;
 };
 
 } // namespace tarka

@@ -1,0 +1,334 @@
+//===- DataDescription.cpp - data description entries ---------------------===//
+
+#include "AST/DataDescription.h"
+#include "AST/DataDivision.h"
+#include "AST/DataTree.h"
+#include "AST/Expression.h"
+#include "AST/StorageLayout.h"
+#include <new>
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Clauses that compute
+//===----------------------------------------------------------------------===//
+
+std::int64_t ClauseOccurs::getMax() const {
+  return maxExpr ? maxExpr->getIntegerValue() : 0;
+}
+
+std::int64_t ClauseOccurs::getMin() const {
+  return minExpr ? minExpr->getIntegerValue() : 0;
+}
+
+//===----------------------------------------------------------------------===//
+// The entry and its place
+//===----------------------------------------------------------------------===//
+
+DataDescription::DataDescription(const DataDescription &entry, DescType descType)
+    : Node(&entry), levelNum(entry.levelNum), type(descType), storage(entry.storage),
+      dataName(entry.dataName), parent(entry.parent), picture(entry.picture), usage(entry.usage),
+      occurs(entry.occurs), redefines(entry.redefines), value(entry.value) {
+  if (!entry.rare)
+    return;
+  RareParts &parts = makeRareParts();
+  parts = *entry.rare;
+  parts.condNameParent = nullptr;
+  parts.condNames = nullptr;
+  parts.redefineObject = nullptr;
+  parts.redefineSubjects = nullptr;
+  parts.usedReports = nullptr;
+  parts.reportItems = nullptr;
+}
+
+DataDescription::RareParts &DataDescription::makeRareParts() {
+  if (!rare)
+    rare = new (allocateForever(sizeof(RareParts))) RareParts;
+  return *rare;
+}
+
+void DataDescription::setDataName(Word *name) {
+  if (division)
+    division->unindexName(this);
+  dataName = name;
+  if (division)
+    division->indexName(this);
+}
+
+const DataDescription *DataDescription::getRootDesc() const {
+  const DataDescription *entry = this;
+  while (entry->parent)
+    entry = entry->parent;
+  return entry;
+}
+
+DataDescription *DataDescription::getRootDesc() {
+  return const_cast<DataDescription *>(std::as_const(*this).getRootDesc());
+}
+
+std::list<DataDescription *> *DataDescription::getChildrenList() {
+  if (!children)
+    children = makeList<DataDescription *>();
+  return children;
+}
+
+void DataDescription::setChildrenList(std::list<DataDescription *> *list) {
+  children = list;
+  childrenChanged();
+}
+
+void DataDescription::addChildren(DataDescription *child) {
+  getChildrenList()->push_back(child);
+  child->parent = this;
+  GroupLayout::childAdded(*this, nullptr);
+  if (division)
+    division->indexRecord(child);
+}
+
+void DataDescription::insertChildBefore(DataDescription *before, DataDescription *child) {
+  getChildrenList()->insert(GroupLayout::placeOf(*this, *before), child);
+  child->parent = this;
+  GroupLayout::childAdded(*this, before);
+  if (division)
+    division->indexRecord(child);
+}
+
+void DataDescription::childrenChanged() {
+  GroupLayout::listChanged(*this);
+  if (division)
+    division->indexRecord(this);
+}
+
+bool DataDescription::hasSubordinateData() const {
+  return children && llvm::any_of(*children, [](const DataDescription *child) {
+           return child->levelNum != 88;
+         });
+}
+
+void DataDescription::findItemByName(std::list<DataDescription *> *found, const std::string &name) {
+  forEachEntry(this, [&](DataDescription *entry) {
+    if (entry->dataName && entry->dataName->getWordData() == name)
+      found->push_back(entry);
+  });
+}
+
+//===----------------------------------------------------------------------===//
+// Clauses that matter to storage
+//===----------------------------------------------------------------------===//
+
+/// Throws away the layout of \p top and of the groups below it that take over what has changed at
+/// \p top: not of those that \p hasOwn says have a clause of their own.
+template <typename Predicate> static void renewInheritors(DataDescription *top, Predicate hasOwn) {
+  forEachEntryIf(top, [&](DataDescription *entry) {
+    if (entry != top && hasOwn(*entry))
+      return false;
+    if (entry->isGroupItem())
+      GroupLayout::listChanged(*entry);
+    return true;
+  });
+  GroupLayout::itemChanged(*top);
+}
+
+void DataDescription::clauseChanged() {
+  renewInheritors(this, [](const DataDescription &) { return false; });
+}
+
+void DataDescription::setPicture(ClausePicture *clause) {
+  picture = clause;
+  GroupLayout::itemChanged(*this);
+}
+
+void DataDescription::setOccurs(ClauseOccurs *clause) {
+  occurs = clause;
+  GroupLayout::itemChanged(*this);
+}
+
+void DataDescription::setRedefines(ClauseRedefines *clause) {
+  redefines = clause;
+  GroupLayout::itemChanged(*this);
+}
+
+void DataDescription::setRedefineObject(DataDescription *object) {
+  setRare(&RareParts::redefineObject, object);
+  GroupLayout::itemChanged(*this);
+}
+
+/// The USAGE that holds for \p entry by its own clause or that of a group; None without any.
+static UsageType writtenUsage(const DataDescription *entry) {
+  for (; entry; entry = entry->getOwner()) {
+    if (entry->getUsage())
+      return entry->getUsage()->getType();
+    if (entry->getGroupUsage())
+      return UsageType::National;
+  }
+  return UsageType::None;
+}
+
+void DataDescription::setUsage(ClauseUsage *clause) {
+  // Handing the clause of a group down to its subordinates changes nothing for storage, and must
+  // not cost another walk for every level.
+  UsageType before = writtenUsage(this);
+  usage = clause;
+  if (writtenUsage(this) != before)
+    renewInheritors(this, [](const DataDescription &entry) { return entry.usage != nullptr; });
+}
+
+void DataDescription::setGroupUsage(ClauseGroupUsage *clause) {
+  UsageType before = writtenUsage(this);
+  setRare(&RareParts::groupUsage, clause);
+  if (writtenUsage(this) != before)
+    renewInheritors(this, [](const DataDescription &entry) { return entry.usage != nullptr; });
+}
+
+/// SIGN ... SEPARATE holds for \p entry by its own clause or that of a group.
+static bool writtenSeparate(const DataDescription *entry) {
+  for (; entry; entry = entry->getOwner())
+    if (entry->getSign())
+      return entry->getSign()->isSeperate();
+  return false;
+}
+
+void DataDescription::setSign(ClauseSign *clause) {
+  bool before = writtenSeparate(this);
+  setRare(&RareParts::sign, clause);
+  if (writtenSeparate(this) != before)
+    renewInheritors(this, [](const DataDescription &entry) { return entry.getSign() != nullptr; });
+}
+
+//===----------------------------------------------------------------------===//
+// What follows from the clauses
+//===----------------------------------------------------------------------===//
+
+UsageType DataDescription::getUsageType() const {
+  if (levelNum == 66) {
+    const DataDescription *renamed = getSingleRenamed();
+    bool isItem = renamed && !renamed->hasSubordinateData();
+    return isItem ? renamed->getUsageType() : UsageType::Display;
+  }
+  const DataDescription *item = getStorageItem();
+  if (UsageType written = writtenUsage(item); written != UsageType::None)
+    return written;
+  switch (item->picture ? item->picture->getDataCategory() : DataCategory::Unclassified) {
+  case DataCategory::National:
+  case DataCategory::NationalEdited:
+    return UsageType::National;
+  case DataCategory::Dbcs:
+    return UsageType::Display1;
+  default:
+    return UsageType::Display;
+  }
+}
+
+bool DataDescription::hasSeparateSign() const {
+  if (!picture || !picture->isSigned() || !writtenSeparate(this))
+    return false;
+  UsageType usageType = getUsageType();
+  return usageType == UsageType::Display || usageType == UsageType::National;
+}
+
+/// The category of an item that has a usage and no PICTURE.
+static DataCategory categoryOfUsage(UsageType usage) {
+  switch (usage) {
+  case UsageType::Index:
+    return DataCategory::Index;
+  case UsageType::Pointer:
+  case UsageType::ProcedurePointer:
+  case UsageType::FunctionPointer:
+    return DataCategory::Pointer;
+  case UsageType::Comp1:
+  case UsageType::Comp2:
+    return DataCategory::InternalFloat;
+  default:
+    return DataCategory::Unclassified;
+  }
+}
+
+DataCategory DataDescription::getDataCategory() const {
+  if (levelNum == 66) {
+    const DataDescription *renamed = getSingleRenamed();
+    return renamed ? renamed->getDataCategory() : DataCategory::Alphanumeric;
+  }
+  const DataDescription *item = getStorageItem();
+  if (item->hasSubordinateData()) {
+    // What is subordinate to a national group is national as well.
+    for (const DataDescription *group = item; group; group = group->parent)
+      if (group->getGroupUsage())
+        return DataCategory::National;
+    return DataCategory::Alphanumeric;
+  }
+  return item->picture ? item->picture->getDataCategory() : categoryOfUsage(item->getUsageType());
+}
+
+//===----------------------------------------------------------------------===//
+// Condition names, redefinitions, sections
+//===----------------------------------------------------------------------===//
+
+/// Appends to a list that is made when its first element comes.
+template <typename Element> static void appendTo(std::list<Element> *&list, Element element) {
+  if (!list)
+    list = makeList<Element>();
+  list->push_back(element);
+}
+
+void DataDescription::addCondNameChildren(DataDescription *conditionName) {
+  appendTo(makeRareParts().condNames, conditionName);
+  if (division)
+    division->indexRecord(conditionName);
+}
+
+void DataDescription::addRedefineSubject(DataDescription *subject) {
+  appendTo(makeRareParts().redefineSubjects, subject);
+}
+
+StorageType DataDescription::getStorageType() const {
+  for (const DataDescription *entry = this; entry; entry = entry->getOwner()) {
+    if (entry->storage != StorageType::None)
+      return entry->storage;
+    if (entry->rareParts().file)
+      return StorageType::File;
+    if (entry->rareParts().report)
+      return StorageType::Report;
+  }
+  return StorageType::WorkingStorage;
+}
+
+FileDescription *DataDescription::getFileDescription() const {
+  for (const DataDescription *entry = this; entry; entry = entry->getOwner())
+    if (FileDescription *file = entry->rareParts().file)
+      return file;
+  return nullptr;
+}
+
+ReportDescription *DataDescription::getReportDescription() const {
+  for (const DataDescription *entry = this; entry; entry = entry->getOwner())
+    if (ReportDescription *report = entry->rareParts().report)
+      return report;
+  return nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// What the checks find out
+//===----------------------------------------------------------------------===//
+
+bool DataDescription::checkContainsOdo() const {
+  if (containsOdo)
+    return true;
+  bool found = false;
+  forEachEntryIf(const_cast<DataDescription *>(this), [&](const DataDescription *entry) {
+    if (entry != this && entry->occurs && entry->occurs->isVariableTable())
+      found = true;
+    return !found;
+  });
+  return found;
+}
+
+void DataDescription::addUsedRD(ReportDescription *report) {
+  if (!llvm::is_contained(listOrEmpty(rareParts().usedReports), report))
+    appendTo(makeRareParts().usedReports, report);
+}
+
+void DataDescription::addGenDE(ReportDataDescription *item) {
+  appendTo(makeRareParts().reportItems, item);
+}
+
+} // namespace tarka
