@@ -4,6 +4,8 @@ PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := build
+# The builds below use every processor by themselves.
+.NOTPARALLEL:
 .PHONY: help setup build sanitize demo test bench install lint format clean
 
 help:
@@ -20,12 +22,15 @@ help:
 setup:
 	@scripts/setup.sh
 
-build: setup
-	@test -f build/release/build.ninja || cmake --preset release
+# A preset is configured when its directory is new or the presets have changed.
+build/%/build.ninja: CMakePresets.json | setup
+	@cmake --preset $*
+	@touch $@
+
+build: build/release/build.ninja
 	@cmake --build --preset release -j $(JOBS)
 
-sanitize: setup
-	@test -f build/sanitize/build.ninja || cmake --preset sanitize
+sanitize: build/sanitize/build.ninja
 	@cmake --build --preset sanitize -j $(JOBS)
 
 demo: build
@@ -45,7 +50,7 @@ install: build
 
 lint: setup
 	@scripts/format.sh
-	@test -f build/clang/build.ninja || cmake --preset clang
+	@cmake --preset clang >/dev/null
 	@run-clang-tidy-19 -quiet -j $(JOBS) -p build/clang
 
 format: setup
