@@ -440,8 +440,7 @@ private:
   void makeCallable(SourceUnit &unit);
   void sizeXmlText();
   bool checkUsingItem(Expression *item);
-  void splitDeclaratives(ProcedureDivision &division);
-  bool checkUseFile(UseStatement &use, IdentifierExpression &name);
+  bool checkUseFile(IdentifierExpression &name);
   bool checkUseReporting(UseStatement &use);
   bool checkUseProcedures(UseStatement &use);
 
