@@ -57,7 +57,9 @@ struct Token {
     FirstOnLine = 4,     ///< the first token of its line
     FromReplacement = 8, ///< was put there by REPLACE or REPLACING
     JoinedToNext = 16,   ///< the next character is not a space (only for Plus and Minus)
-    Continued = 32       ///< stands on more than one line
+    Continued = 32,      ///< stands on more than one line
+    AfterComma = 64,     ///< a separator comma or semicolon stands before it
+    FixedForm = 128      ///< stands on a line of fixed form
   };
 
   /// A word in upper case, interned; the text as written of anything else, put together where it
@@ -85,6 +87,8 @@ struct Token {
   bool isFirstOnLine() const { return has(FirstOnLine); }
   bool isFromReplacement() const { return has(FromReplacement); }
   bool isJoinedToNext() const { return has(JoinedToNext); }
+  bool isAfterComma() const { return has(AfterComma); }
+  bool isInFixedForm() const { return has(FixedForm); }
 
   bool isWord() const { return kind == TokenKind::Word; }
   /// A word that can name something of the programmer's: no keyword, or one that is a keyword

@@ -81,6 +81,9 @@ private:
 
   /// Skips to behind the next period, or to the end of the file.
   void skipPastPeriod();
+  /// The keyword with any of \p flags (KF_Verb ...) that \p word was most likely meant to be; empty
+  /// when none is near.
+  static llvm::StringRef suggestKeyword(llvm::StringRef word, uint16_t flags);
 
   //===--------------------------------------------------------------------===//
   // Names and literals (Parser.cpp)
@@ -166,11 +169,26 @@ private:
 
   /// With PROCEDURE DIVISION next. Never null.
   ProcedureDivision *parseProcedureDivision();
+  /// Whether a statement begins with the next token.
+  bool atStatement();
   /// The statement whose verb is next, its END- form included. Null after a message; then the
-  /// tokens up to the next place to resume are gone.
+  /// tokens up to the next place to resume are gone, and with them the phrases and the END- word
+  /// of the statement. A function that parses one statement need not recover by itself.
   Statement *parseStatement();
-  /// Statements as long as verbs follow.
+  /// Statements as long as verbs follow. What is no statement and ends none of the statements
+  /// around is reported and skipped.
   void parseStatements(std::list<Statement *> &statements);
+  /// The phrases of \p allowed in any order, with or without NOT, each with its statements:
+  /// [ON] SIZE ERROR, [ON] OVERFLOW, [ON] EXCEPTION, [AT] END, INVALID [KEY],
+  /// [AT] {END-OF-PAGE | EOP}. A phrase given twice is left for the statement around.
+  /// False after a message; statements that could not be read within a phrase are no failure.
+  bool parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
+                             std::initializer_list<ExceptionHandlerType> allowed);
+  /// The END- word of a statement, which may be left out.
+  bool acceptScopeEnd(Keyword endWord) { return accept(endWord); }
+  /// EXEC language text END-EXEC where no statement can stand, among data entries; the period
+  /// after it is taken too. False when none is next.
+  bool skipEmbeddedBlock();
 
   //===--------------------------------------------------------------------===//
   // Statements (ParseStatement*.cpp): each with its verb next
