@@ -93,8 +93,7 @@ bool FunctionIdentifierExpression::isInteger() const {
         return false;
     return true;
   default:
-    const IntrinsicFunction *function =
-        name ? findIntrinsicFunction(name->getWordData()) : nullptr;
+    const IntrinsicFunction *function = name ? findIntrinsicFunction(name->getWordData()) : nullptr;
     return function && function->isInteger;
   }
 }
