@@ -311,7 +311,7 @@ public:
   bool semanticCheck(ReportDescription &report);
 
   //===--------------------------------------------------------------------===//
-  // Operands: SCExpr*.cpp
+  // Operands: SCExpr.cpp, SCLiteral.cpp, SCFunction.cpp
   //===--------------------------------------------------------------------===//
 
   bool semanticCheck(Expression &expression);
@@ -443,6 +443,15 @@ private:
   bool checkUseFile(IdentifierExpression &name);
   bool checkUseReporting(UseStatement &use);
   bool checkUseProcedures(UseStatement &use);
+
+  // SCExpr.cpp, SCLiteral.cpp
+  void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);
+  bool bindQualified(DataIdentifierExpression &identifier,
+                     const std::list<DataDescription *> &candidates);
+  bool bindUnqualified(DataIdentifierExpression &identifier,
+                       const std::list<DataDescription *> &candidates, bool preferReportItem);
+  bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
+  bool checkAllLiteral(FigurativeLiteralExpression &literal);
 
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
