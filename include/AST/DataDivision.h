@@ -12,6 +12,8 @@
 #include "AST/ReportDescription.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/DenseSet.h"
+#include <memory>
 #include <vector>
 
 namespace tarka {
@@ -62,6 +64,12 @@ public:
   /// then what was added after the first question, in the order of adding. Null when there is none.
   /// The list belongs to the index and grows with it.
   std::list<DataDescription *> *findItemByName(const std::string &name);
+  /// Of these entries those that stand in a group, file or report named \p qualifier, at any depth,
+  /// in the same order. Valid until the next question.
+  llvm::ArrayRef<DataDescription *> findItemByQualifiedName(const std::string &name,
+                                                            const std::string &qualifier);
+  /// True when a file or report of the division bears \p name.
+  bool isFileOrReportName(const std::string &name);
 
   /// The OCCURS DEPENDING ON tables of the division by DataDescription::getSourceOrder().
   llvm::ArrayRef<DataDescription *> getVariableTables();
@@ -105,12 +113,20 @@ private:
   void indexName(DataDescription *entry);
   void unindexName(DataDescription *entry);
 
+  /// The entries of one name by every name that can qualify them. Most names never need it.
+  struct QualifiedNames {
+    Progress<DataDescription> read;
+    llvm::DenseMap<const std::string *, std::vector<DataDescription *>> byQualifier;
+  };
+
   std::list<DataDescription *> *workSection = nullptr;
   std::list<DataDescription *> workFlatList;
   Progress<DataDescription> flatWork;
 
   /// By the address of the interned name.
   llvm::DenseMap<const std::string *, std::list<DataDescription *> *> index;
+  llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
+  llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;
   unsigned indexedEntries = 0;
   Progress<DataDescription> indexedWork;

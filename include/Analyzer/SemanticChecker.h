@@ -16,6 +16,7 @@
 #include "AST/Forward.h"
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
+#include "llvm/ADT/ArrayRef.h"
 #include <cstdint>
 #include <list>
 #include <string>
@@ -447,7 +448,7 @@ private:
   // SCExpr.cpp, SCLiteral.cpp
   void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);
   bool bindQualified(DataIdentifierExpression &identifier,
-                     const std::list<DataDescription *> &candidates);
+                     llvm::ArrayRef<DataDescription *> candidates);
   bool bindUnqualified(DataIdentifierExpression &identifier,
                        const std::list<DataDescription *> &candidates, bool preferReportItem);
   bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);

@@ -64,6 +64,39 @@ std::list<DataDescription *> *DataDivision::findItemByName(const std::string &na
   return index.lookup(&internString(name));
 }
 
+llvm::ArrayRef<DataDescription *>
+DataDivision::findItemByQualifiedName(const std::string &name, const std::string &qualifier) {
+  std::list<DataDescription *> *homonyms = findItemByName(name);
+  if (!homonyms)
+    return {};
+  std::unique_ptr<QualifiedNames> &names = qualifiedIndex[&internString(name)];
+  if (!names)
+    names = std::make_unique<QualifiedNames>();
+  readOn(*homonyms, names->read, [&](DataDescription *entry) {
+    auto note = [&](const Word *word) {
+      std::vector<DataDescription *> &entries = names->byQualifier[&word->getWordData()];
+      if (entries.empty() || entries.back() != entry)
+        entries.push_back(entry);
+    };
+    for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
+      if (group->getDataName())
+        note(group->getDataName());
+    if (const FileDescription *file = entry->getFileDescription())
+      note(file->getFileName());
+    if (const ReportDescription *report = entry->getReportDescription())
+      note(report->getReportName());
+  });
+  auto found = names->byQualifier.find(&internString(qualifier));
+  if (found == names->byQualifier.end())
+    return {};
+  return found->second;
+}
+
+bool DataDivision::isFileOrReportName(const std::string &name) {
+  updateIndex();
+  return fileAndReportNames.contains(&internString(name));
+}
+
 llvm::ArrayRef<DataDescription *> DataDivision::getVariableTables() {
   updateIndex();
   return variableTables;
@@ -73,6 +106,7 @@ void DataDivision::updateIndex() {
   auto readRecord = [this](DataDescription *record) { indexRecord(record); };
   readOn(fileSection, indexedFiles, [&](FileDescription *file) {
     file->division = this;
+    fileAndReportNames.insert(&file->getFileName()->getWordData());
     llvm::for_each(file->records, readRecord);
   });
   readOn(listOrEmpty(workSection), indexedWork, readRecord);
@@ -80,6 +114,7 @@ void DataDivision::updateIndex() {
   readOn(linkSection, indexedLink, readRecord);
   readOn(reportSection, indexedReports, [&](ReportDescription *report) {
     report->division = this;
+    fileAndReportNames.insert(&report->getReportName()->getWordData());
     llvm::for_each(report->records, readRecord);
   });
 }
@@ -103,6 +138,8 @@ void DataDivision::forgetIndex() {
     llvm::for_each(report->records, forgetRecord);
   }
   index.clear();
+  qualifiedIndex.clear();
+  fileAndReportNames.clear();
   variableTables.clear();
   indexedEntries = 0;
   indexedWork = indexedLocal = indexedLink = {};
@@ -136,6 +173,7 @@ void DataDivision::unindexName(DataDescription *entry) {
     return;
   if (std::list<DataDescription *> *homonyms = index.lookup(&entry->getDataName()->getWordData()))
     homonyms->remove(entry);
+  qualifiedIndex.erase(&entry->getDataName()->getWordData());
 }
 
 //===----------------------------------------------------------------------===//

@@ -76,26 +76,52 @@ bool SemanticChecker::semanticCheck(IdentifierExpression &identifier) {
 
 namespace {
 
-using EntryList = std::list<DataDescription *>;
+/// The entries of a data division that bear one name; none when there is no division.
+struct Candidates {
+  DataDivision *division = nullptr;
+  std::list<DataDescription *> *entries = nullptr;
+};
 
-EntryList *findIn(SourceUnit &unit, const std::string &name) {
+Candidates findIn(SourceUnit &unit, const std::string &name) {
   DataDivision *division = unit.getDataDivision();
-  EntryList *found = division ? division->findItemByName(name) : nullptr;
-  return found && !found->empty() ? found : nullptr;
+  std::list<DataDescription *> *found = division ? division->findItemByName(name) : nullptr;
+  return found && !found->empty() ? Candidates{division, found} : Candidates{};
 }
 
 /// The entries that \p name can mean: those of the program itself, else those of the nearest
 /// program around it whose first entry of the name is in a GLOBAL record. That only the first one
 /// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
-EntryList *findCandidates(const std::string &name) {
+Candidates findCandidates(const std::string &name) {
   SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  if (EntryList *own = findIn(*unit, name))
+  if (Candidates own = findIn(*unit, name); own.division)
     return own;
   for (SourceUnit *outer = unit->getParent(); outer; outer = outer->getParent())
-    if (EntryList *found = findIn(*outer, name))
-      if (found->front()->getRootDesc()->getGlobal())
+    if (Candidates found = findIn(*outer, name); found.division)
+      if (found.entries->front()->getRootDesc()->getGlobal())
         return found;
-  return nullptr;
+  return {};
+}
+
+/// Of the entries that bear the first of \p words those that the qualifiers after it can mean: of
+/// many the ones that stand below the qualifier that fewest of them stand below.
+llvm::SmallVector<DataDescription *, 8> narrow(const Candidates &candidates,
+                                               const std::list<Word *> &words) {
+  constexpr std::size_t few = 8;
+  if (candidates.entries->size() <= few)
+    return {candidates.entries->begin(), candidates.entries->end()};
+  DataDivision &division = *candidates.division;
+  llvm::ArrayRef<DataDescription *> best;
+  for (auto qualifier = std::next(words.begin()); qualifier != words.end(); ++qualifier) {
+    const std::string &text = (*qualifier)->getWordData();
+    llvm::ArrayRef<DataDescription *> below =
+        division.findItemByQualifiedName(words.front()->getWordData(), text);
+    if (qualifier == std::next(words.begin()) || below.size() < best.size())
+      best = below;
+    // What follows the name of a file or report need not fit.
+    if (division.isFileOrReportName(text))
+      break;
+  }
+  return {best.begin(), best.end()};
 }
 
 /// The name that qualifies a record of the file or report section from outside: of its FD or RD.
@@ -147,14 +173,14 @@ bool isReportEntry(const DataDescription *entry) {
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
                                     bool preferReportItem) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
-  EntryList *candidates = findCandidates(words.front()->getWordData());
-  if (!candidates) {
+  Candidates candidates = findCandidates(words.front()->getWordData());
+  if (!candidates.division) {
     if (!silentIfUndefined)
       report(ErrorCode::IdentifierUndefined, &identifier);
     return false;
   }
-  bool ok = words.size() > 1 ? bindQualified(identifier, *candidates)
-                             : bindUnqualified(identifier, *candidates, preferReportItem);
+  bool ok = words.size() > 1 ? bindQualified(identifier, narrow(candidates, words))
+                             : bindUnqualified(identifier, *candidates.entries, preferReportItem);
   // What is wrong with the modifiers is reported, but the name is bound all the same.
   if (identifier.getSubscriptMod())
     checkSubscriptModifier(identifier);
@@ -176,7 +202,7 @@ void SemanticChecker::bindTo(DataIdentifierExpression &identifier, DataDescripti
 }
 
 bool SemanticChecker::bindQualified(DataIdentifierExpression &identifier,
-                                    const std::list<DataDescription *> &candidates) {
+                                    llvm::ArrayRef<DataDescription *> candidates) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
   int count = 0;
   for (DataDescription *candidate : candidates) {
