@@ -17,7 +17,6 @@
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
 #include "llvm/ADT/ArrayRef.h"
-#include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
 #include <string>
@@ -51,7 +50,6 @@ class SignCondition;
 class SwitchCondition;
 
 // The procedure division.
-class AlterItem;
 class ExceptionHandler;
 class Parameter;
 class PerformVarying;
@@ -456,17 +454,6 @@ private:
   bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
   bool checkAllLiteral(FigurativeLiteralExpression &literal);
 
-  // SCStmtBranch.cpp
-  Section *copyIntoDeclaratives(Section &section, QualifiedWord &name, Statement *statement);
-  Paragraph *findParagraphInSections(QualifiedWord &name, const std::string &paragraphName,
-                                     const std::string &sectionName);
-  Paragraph *reportNotUnique(QualifiedWord &name);
-  Paragraph *reportNoProcedure(QualifiedWord &name);
-  bool resolvePerformRange(PerformStatement &statement);
-  bool checkPerformTimes(Expression &times);
-  bool checkPerformVarying(PerformVarying &phrase);
-  bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
-
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
   std::list<DataDescription *> *indexFreeList = nullptr;
@@ -477,8 +464,6 @@ private:
   std::list<ReportDataDescription *> *usedSrcList = nullptr;
   std::uint64_t xmlTextSize = 1;
   DataDescription *xmlTextRegister = nullptr;
-  /// The texts of entryNames.
-  llvm::StringSet<> entryTexts;
 };
 
 } // namespace tarka

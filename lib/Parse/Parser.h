@@ -28,6 +28,9 @@
 #include "Parse/ParseOptions.h"
 #include "Parse/Preprocessor.h"
 #include "llvm/ADT/StringSet.h"
+#include <functional>
+#include <initializer_list>
+#include <optional>
 
 namespace tarka {
 
@@ -78,6 +81,18 @@ private:
   SourceRange here() { return peek().place; }
   /// The place from \p begin to the end of the last token taken, as the position of a new node.
   Node from(const SourceRange &begin);
+
+  /// A new node from \p begin to the last token taken.
+  template <typename T, typename... Arguments>
+  T *make(const SourceRange &begin, Arguments &&...arguments) {
+    Node place = from(begin);
+    return new T(&place, std::forward<Arguments>(arguments)...);
+  }
+  /// Lets the place of \p node reach to the end of the last token taken.
+  template <typename T> T *complete(T *node) {
+    node->setRange(from(node->getRange()).getRange());
+    return node;
+  }
 
   /// Skips to behind the next period, or to the end of the file.
   void skipPastPeriod();
@@ -244,6 +259,113 @@ private:
   Statement *parseWrite();
   Statement *parseXml();
   UseStatement *parseUse();
+
+  //===--------------------------------------------------------------------===//
+  // Parts of statements
+  //===--------------------------------------------------------------------===//
+
+  /// Gives to \p owner one element after the other of those that \p parse reads, at least one and
+  /// as long as \p atAnother tells of a further one. False after a message.
+  template <typename Owner, typename Base, typename Element, typename Parse, typename AtAnother>
+  bool parseSeries(Owner &owner, void (Base::*add)(Element *), Parse parse, AtAnother atAnother) {
+    do {
+      Element *element = std::invoke(parse, this);
+      if (!element)
+        return false;
+      (owner.*add)(element);
+    } while (std::invoke(atAnother, this));
+    return true;
+  }
+  template <typename Owner, typename Base>
+  bool parseOperands(Owner &owner, void (Base::*add)(Expression *)) {
+    auto parse = [](Parser *parser) { return parser->parseOperand(); };
+    return parseSeries(owner, add, parse, &Parser::atOperand);
+  }
+  template <typename Owner, typename Base>
+  bool parseIdentifiers(Owner &owner, void (Base::*add)(IdentifierExpression *)) {
+    auto parse = [](Parser *parser) { return parser->parseIdentifier(); };
+    return parseSeries(owner, add, parse, &Parser::atIdentifier);
+  }
+  template <typename Owner, typename Base>
+  bool parseFileNames(Owner &owner, void (Base::*add)(FileIdentifierExpression *)) {
+    return parseSeries(owner, add, &Parser::parseFileName, &Parser::atName);
+  }
+  template <typename Owner, typename Base>
+  bool parseReportNames(Owner &owner, void (Base::*add)(ReportIdentifierExpression *)) {
+    return parseSeries(owner, add, &Parser::parseReportName, &Parser::atName);
+  }
+  template <typename Owner, typename Base>
+  bool parseReceivers(Owner &owner, void (Base::*add)(RoundedOperand *)) {
+    return parseSeries(owner, add, &Parser::parseReceiver, &Parser::atOperand);
+  }
+  /// Whether a name of the programmer's is next.
+  bool atName() { return peek().isUserWord(); }
+
+  /// The end of a statement: its END- word.
+  template <typename T> T *finish(T *statement, Keyword endWord) {
+    acceptScopeEnd(endWord);
+    return complete(statement);
+  }
+  /// The end of a statement: its exception phrases and its END- word. Null after a message.
+  template <typename T, typename Base>
+  T *finish(T *statement, void (Base::*addHandler)(ExceptionHandler *),
+            std::initializer_list<ExceptionHandlerType> allowed, Keyword endWord) {
+    std::list<ExceptionHandler *> handlers;
+    if (!parseExceptionPhrases(handlers, allowed))
+      return nullptr;
+    for (ExceptionHandler *handler : handlers)
+      (statement->*addHandler)(handler);
+    return finish(statement, endWord);
+  }
+
+  // Arithmetic
+  RoundedOperand *parseReceiver();
+  bool parseReceivers(std::list<RoundedOperand *> &receivers);
+  Expression *soleOperand(const std::list<RoundedOperand *> &operands);
+  template <typename T> T *finishArithmetic(T *statement, Keyword endWord);
+
+  // Data
+  AcceptFrom *parseAcceptFrom();
+  SetItem *parseSetItem();
+  SetToValue *parseSetToValue();
+  bool parseInitializeToValue(InitializeStatement &initialize);
+  bool parseInitializeReplacing(InitializeStatement &initialize);
+
+  // Strings
+  StringItem *parseStringItem();
+  bool parsePointerPhrase(IdentifierExpression *&pointer);
+  bool parseUnstringDelimiters(UnstringStatement &unstring);
+  UnstringIntoItem *parseUnstringInto();
+  bool parseInspectRegions(std::list<InspectRegion *> *&regions);
+  bool atInspectMode();
+  bool atTallyingCounter();
+  TallyingItemFor *parseTallyingFor();
+  TallyingItem *parseTallyingItem();
+  ReplacingItem *parseReplacingItem();
+  ConvertingItem *parseConvertingItem();
+
+  // Input-output
+  OpenFile *parseOpenFile();
+  CloseFile *parseCloseFile();
+  std::optional<RelationalConditionType> parseStartRelation();
+  bool parseFromPhrase(IdentifierExpression *&from);
+  bool parseWriteAdvancing(WriteStatement &write);
+  bool atSortKey();
+  SortKey *parseSortKey();
+  bool parseCollatingSequence(Word *&alphabet);
+  SortIO *parseSortIO(Keyword filesWord, Keyword procedureWord);
+
+  // XML
+  bool atWith(Keyword keyword);
+  bool acceptWith(Keyword keyword);
+  Statement *parseXmlGenerate(const SourceRange &begin);
+  Statement *parseXmlParse(const SourceRange &begin);
+  bool parseXmlNamespace(XMLGenerateStatement &generate);
+  XMLNameItem *parseXmlNameItem();
+  XmlNodeType acceptXmlNodeType();
+  XMLTypeItem *parseXmlTypeItem();
+  bool atXmlSuppressItem();
+  XMLSuppressItem *parseXmlSuppressItem();
 
   //===--------------------------------------------------------------------===//
   // What the program declares (ParseProgram.cpp)

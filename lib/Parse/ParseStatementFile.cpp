@@ -1,0 +1,450 @@
+//===- ParseStatementFile.cpp - input-output, SORT and MERGE --------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// OPEN and CLOSE
+//===----------------------------------------------------------------------===//
+
+/// file-name [REVERSED | [WITH] NO REWIND]
+OpenFile *Parser::parseOpenFile() {
+  SourceRange begin = here();
+  FileIdentifierExpression *name = parseFileName();
+  if (!name)
+    return nullptr;
+  auto *file = make<OpenFile>(begin, name);
+  if (accept(Keyword::Reversed)) {
+    file->setOption(OpenOption::Reversed);
+  } else if (at(Keyword::With, Keyword::No)) {
+    accept(Keyword::With);
+    if (!expect(Keyword::No) || !expect(Keyword::Rewind))
+      return nullptr;
+    file->setOption(OpenOption::NoRewind);
+  }
+  // How OS/VS leaves a tape between its volumes; nothing depends on it.
+  acceptAny(Keyword::Leave, Keyword::Reread, Keyword::Disp);
+  return complete(file);
+}
+
+/// The mode in which OPEN opens the files behind \p keyword.
+static std::optional<OpenType> openModeOf(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::Input:
+    return OpenType::Input;
+  case Keyword::Output:
+    return OpenType::Output;
+  case Keyword::IO:
+    return OpenType::InputOutput;
+  case Keyword::Extend:
+    return OpenType::Extend;
+  default:
+    return std::nullopt;
+  }
+}
+
+/// OPEN {{INPUT | OUTPUT | I-O | EXTEND} {file-name [REVERSED | [WITH] NO REWIND]}...}...
+Statement *Parser::parseOpen() {
+  SourceRange begin = here();
+  accept(Keyword::Open);
+  auto *open = make<OpenStatement>(begin);
+  auto mode = openModeOf(peek().keyword);
+  if (!mode)
+    return expected("INPUT, OUTPUT, I-O or EXTEND");
+  for (; mode; mode = openModeOf(peek().keyword)) {
+    auto *item = make<OpenItem>(here(), *mode);
+    stream.skip();
+    if (!parseSeries(*item, &OpenItem::addFile, &Parser::parseOpenFile, &Parser::atName))
+      return nullptr;
+    open->addItem(complete(item));
+  }
+  return complete(open);
+}
+
+/// file-name [{REEL | UNIT} [[FOR] REMOVAL | [WITH] NO REWIND] | [WITH] {NO REWIND | LOCK}]
+CloseFile *Parser::parseCloseFile() {
+  SourceRange begin = here();
+  FileIdentifierExpression *name = parseFileName();
+  if (!name)
+    return nullptr;
+  auto *file = make<CloseFile>(begin, name);
+  bool isReel = acceptAny(Keyword::Reel, Keyword::Unit);
+  if (isReel)
+    file->setOption(CloseOption::Reel);
+
+  if (isReel && at(Keyword::For, Keyword::Removal)) {
+    accept(Keyword::For);
+    if (!expect(Keyword::Removal))
+      return nullptr;
+    file->setOption(CloseOption::ReelRemoval);
+    return complete(file);
+  }
+  bool with = accept(Keyword::With);
+  if (accept(Keyword::No)) {
+    if (!expect(Keyword::Rewind))
+      return nullptr;
+    file->setOption(isReel ? CloseOption::ReelNoRewind : CloseOption::NoRewind);
+  } else if (!isReel && accept(Keyword::Lock)) {
+    file->setOption(CloseOption::Lock);
+  } else if (!acceptAny(Keyword::Positioning, Keyword::Disp) && with) {
+    // The two words are of OS/VS and say how to leave a tape; nothing depends on them.
+    return expected(isReel ? "NO REWIND" : "NO REWIND or LOCK");
+  }
+  return complete(file);
+}
+
+/// CLOSE {file-name [option]}...
+Statement *Parser::parseClose() {
+  SourceRange begin = here();
+  accept(Keyword::Close);
+  auto *close = make<CloseStatement>(begin);
+  return parseSeries(*close, &CloseStatement::addCloseFile, &Parser::parseCloseFile,
+                     &Parser::atName)
+             ? complete(close)
+             : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// READ and START
+//===----------------------------------------------------------------------===//
+
+/// READ file-name [NEXT] [RECORD] [INTO identifier] [KEY [IS] data-name]
+///   [[NOT] AT END statements]... [[NOT] INVALID KEY statements]... [END-READ]
+Statement *Parser::parseRead() {
+  SourceRange begin = here();
+  accept(Keyword::Read);
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *read = make<ReadStatement>(begin, file);
+  read->setIsNextRecord(accept(Keyword::Next));
+  accept(Keyword::Record);
+  if (accept(Keyword::Into)) {
+    read->setIntoIdentifier(parseIdentifier());
+    if (!read->getIntoIdentifier())
+      return nullptr;
+  }
+  if (accept(Keyword::Key)) {
+    accept(Keyword::Is);
+    read->setKeyName(parseIdentifier("the data-name of the key"));
+    if (!read->getKeyName())
+      return nullptr;
+  }
+  return finish(read, &ReadStatement::addError,
+                {ExceptionHandlerType::AtEnd, ExceptionHandlerType::InvalidKey}, Keyword::EndRead);
+}
+
+/// EQUAL [TO], =, GREATER [THAN], >, NOT LESS [THAN], NOT <, GREATER [THAN] OR EQUAL [TO] or >=:
+/// the relations that can place a file. Empty after a message.
+std::optional<RelationalConditionType> Parser::parseStartRelation() {
+  if (accept(TokenKind::Equal))
+    return RelationalConditionType::Equal;
+  if (accept(TokenKind::GreaterEqual))
+    return RelationalConditionType::GreaterOrEqual;
+  if (accept(Keyword::Equal)) {
+    accept(Keyword::To);
+    return RelationalConditionType::Equal;
+  }
+  if (accept(TokenKind::Greater) || accept(Keyword::Greater)) {
+    accept(Keyword::Than);
+    if (!accept(Keyword::Or))
+      return RelationalConditionType::Greater;
+    if (!accept(TokenKind::Equal) && !expect(Keyword::Equal))
+      return std::nullopt;
+    accept(Keyword::To);
+    return RelationalConditionType::GreaterOrEqual;
+  }
+  if (accept(Keyword::Not)) {
+    if (!accept(TokenKind::Less) && !expect(Keyword::Less))
+      return std::nullopt;
+    accept(Keyword::Than);
+    return RelationalConditionType::NotLess;
+  }
+  expected("EQUAL, GREATER, NOT LESS or GREATER OR EQUAL");
+  return std::nullopt;
+}
+
+/// START file-name [KEY [IS] relation data-name] [[NOT] INVALID KEY statements]... [END-START]
+Statement *Parser::parseStart() {
+  SourceRange begin = here();
+  accept(Keyword::Start);
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *start = make<StartStatement>(begin, file);
+  if (at(Keyword::Key)) {
+    SourceRange keyBegin = here();
+    accept(Keyword::Key);
+    accept(Keyword::Is);
+    auto relation = parseStartRelation();
+    IdentifierExpression *name = relation ? parseIdentifier("the data-name of the key") : nullptr;
+    if (!name)
+      return nullptr;
+    start->setKey(make<StartKey>(keyBegin, *relation, name));
+  }
+  return finish(start, &StartStatement::addInvalidKeyHandler, {ExceptionHandlerType::InvalidKey},
+                Keyword::EndStart);
+}
+
+//===----------------------------------------------------------------------===//
+// WRITE, REWRITE and DELETE
+//===----------------------------------------------------------------------===//
+
+/// FROM identifier, if it is next. False after a message.
+bool Parser::parseFromPhrase(IdentifierExpression *&from) {
+  if (!accept(Keyword::From))
+    return true;
+  from = parseIdentifier();
+  return from;
+}
+
+/// {BEFORE | AFTER} [ADVANCING] {operand [LINE | LINES] | mnemonic-name | PAGE}
+/// AFTER POSITIONING operand [LINE | LINES]
+bool Parser::parseWriteAdvancing(WriteStatement &write) {
+  SourceRange begin = here();
+  bool isBefore = at(Keyword::Before);
+  acceptAny(Keyword::Before, Keyword::After);
+  if (!isBefore && accept(Keyword::Positioning)) {
+    Expression *amount = parseOperand();
+    if (!amount)
+      return false;
+    acceptAny(Keyword::Line, Keyword::Lines);
+    write.setPositioning(make<WritePositioning>(begin, amount));
+    return true;
+  }
+  accept(Keyword::Advancing);
+  if (accept(Keyword::Page)) {
+    write.setAdvancing(make<WriteAdvancing>(begin, WriteAdvType::Page, nullptr, isBefore));
+    return true;
+  }
+  // A mnemonic-name is told from the name of a data item only when names are looked up.
+  Expression *amount = parseOperand("a number of lines, a mnemonic-name or PAGE");
+  if (!amount)
+    return false;
+  acceptAny(Keyword::Line, Keyword::Lines);
+  write.setAdvancing(make<WriteAdvancing>(begin, WriteAdvType::Lines, amount, isBefore));
+  return true;
+}
+
+/// WRITE record-name [FROM identifier] [ADVANCING phrase | POSITIONING phrase]
+///   [[NOT] AT END-OF-PAGE statements]... [[NOT] INVALID KEY statements]... [END-WRITE]
+Statement *Parser::parseWrite() {
+  SourceRange begin = here();
+  accept(Keyword::Write);
+  IdentifierExpression *record = parseIdentifier("a record-name");
+  if (!record)
+    return nullptr;
+  auto *write = make<WriteStatement>(begin, record);
+  IdentifierExpression *from = nullptr;
+  if (!parseFromPhrase(from))
+    return nullptr;
+  write->setFromIdentifier(from);
+  if (at(Keyword::Before, Keyword::After) && !parseWriteAdvancing(*write))
+    return nullptr;
+  return finish(write, &WriteStatement::addExceptionHandler,
+                {ExceptionHandlerType::EndOfPage, ExceptionHandlerType::InvalidKey},
+                Keyword::EndWrite);
+}
+
+/// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]... [END-REWRITE]
+Statement *Parser::parseRewrite() {
+  SourceRange begin = here();
+  accept(Keyword::Rewrite);
+  IdentifierExpression *record = parseIdentifier("a record-name");
+  if (!record)
+    return nullptr;
+  auto *rewrite = make<RewriteStatement>(begin, record);
+  IdentifierExpression *from = nullptr;
+  if (!parseFromPhrase(from))
+    return nullptr;
+  rewrite->setFromIdentifier(from);
+  return finish(rewrite, &RewriteStatement::addInvalidKeyHandler,
+                {ExceptionHandlerType::InvalidKey}, Keyword::EndRewrite);
+}
+
+/// DELETE file-name [RECORD] [[NOT] INVALID KEY statements]... [END-DELETE]
+Statement *Parser::parseDelete() {
+  SourceRange begin = here();
+  accept(Keyword::Delete);
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *statement = make<DeleteStatement>(begin, file);
+  accept(Keyword::Record);
+  return finish(statement, &DeleteStatement::addInvalidKeyHandler,
+                {ExceptionHandlerType::InvalidKey}, Keyword::EndDelete);
+}
+
+//===----------------------------------------------------------------------===//
+// RETURN and RELEASE
+//===----------------------------------------------------------------------===//
+
+/// RETURN file-name [RECORD] [INTO identifier] [AT] END statements [NOT [AT] END statements]
+///   [END-RETURN]
+Statement *Parser::parseReturn() {
+  SourceRange begin = here();
+  accept(Keyword::Return);
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *statement = make<ReturnStatement>(begin, file);
+  accept(Keyword::Record);
+  if (accept(Keyword::Into)) {
+    statement->setIntoIdentifier(parseIdentifier());
+    if (!statement->getIntoIdentifier())
+      return nullptr;
+  }
+  // Nothing but AT END can tell the program that the last record was returned.
+  if (!at(Keyword::At, Keyword::End, Keyword::Not))
+    return expected("AT END");
+  return finish(statement, &ReturnStatement::addEndHandler, {ExceptionHandlerType::AtEnd},
+                Keyword::EndReturn);
+}
+
+/// RELEASE record-name [FROM identifier]
+Statement *Parser::parseRelease() {
+  SourceRange begin = here();
+  accept(Keyword::Release);
+  IdentifierExpression *record = parseIdentifier("a record-name");
+  if (!record)
+    return nullptr;
+  auto *release = make<ReleaseStatement>(begin, record);
+  IdentifierExpression *from = nullptr;
+  if (!parseFromPhrase(from))
+    return nullptr;
+  release->setFromIdentifier(from);
+  return complete(release);
+}
+
+//===----------------------------------------------------------------------===//
+// SORT and MERGE
+//===----------------------------------------------------------------------===//
+
+/// Whether [ON] {ASCENDING | DESCENDING} is next.
+bool Parser::atSortKey() {
+  return peek(at(Keyword::On) ? 1 : 0).isOneOf(Keyword::Ascending, Keyword::Descending);
+}
+
+/// [ON] {ASCENDING | DESCENDING} [KEY] data-name...
+SortKey *Parser::parseSortKey() {
+  SourceRange begin = here();
+  accept(Keyword::On);
+  SortOrder order = at(Keyword::Descending) ? SortOrder::Descending : SortOrder::Ascending;
+  if (!acceptAny(Keyword::Ascending, Keyword::Descending))
+    return expected("ASCENDING or DESCENDING");
+  accept(Keyword::Key);
+  auto *key = make<SortKey>(begin, order);
+  return parseIdentifiers(*key, &SortKey::addKeyName) ? complete(key) : nullptr;
+}
+
+/// [[COLLATING] SEQUENCE [IS] alphabet-name], if it is next. False after a message.
+bool Parser::parseCollatingSequence(Word *&alphabet) {
+  if (!at(Keyword::Collating, Keyword::Sequence))
+    return true;
+  accept(Keyword::Collating);
+  if (!expect(Keyword::Sequence))
+    return false;
+  accept(Keyword::Is);
+  alphabet = parseUserWord("an alphabet-name");
+  return alphabet;
+}
+
+/// {USING | GIVING} file-name...
+/// {INPUT | OUTPUT} PROCEDURE [IS] procedure-name [{THROUGH | THRU} procedure-name]
+SortIO *Parser::parseSortIO(Keyword filesWord, Keyword procedureWord) {
+  SourceRange begin = here();
+  if (accept(filesWord)) {
+    auto *files = make<SortIO>(begin, SortIOType::Files);
+    return parseFileNames(*files, &SortIO::addFileName) ? complete(files) : nullptr;
+  }
+  accept(procedureWord);
+  if (!expect(Keyword::Procedure))
+    return nullptr;
+  accept(Keyword::Is);
+  auto *procedure = make<SortIO>(begin, SortIOType::Procedure);
+  procedure->setFromProcedureName(parseProcedureName());
+  if (!procedure->getFromProcedureName())
+    return nullptr;
+  if (acceptAny(Keyword::Through, Keyword::Thru)) {
+    procedure->setToProcedureName(parseProcedureName());
+    if (!procedure->getToProcedureName())
+      return nullptr;
+  }
+  return complete(procedure);
+}
+
+/// SORT file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
+///   [[WITH] DUPLICATES [IN] [ORDER]] [[COLLATING] SEQUENCE [IS] alphabet-name]
+///   {USING file-name... | INPUT PROCEDURE ...} {GIVING file-name... | OUTPUT PROCEDURE ...}
+Statement *Parser::parseSort() {
+  SourceRange begin = here();
+  accept(Keyword::Sort);
+  // A table that is sorted where it stands can be qualified and subscripted; a file cannot.
+  if (peek(1).isOneOf(Keyword::Of, Keyword::In, TokenKind::LParen))
+    return error(DiagnosticId::SortOfTable, here());
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *sort = make<SortStatement>(begin, file);
+  if (!parseSeries(*sort, &SortStatement::addKey, &Parser::parseSortKey, &Parser::atSortKey))
+    return nullptr;
+
+  if (at(Keyword::With, Keyword::Duplicates)) {
+    accept(Keyword::With);
+    if (!expect(Keyword::Duplicates))
+      return nullptr;
+    accept(Keyword::In);
+    accept(Keyword::Order);
+    sort->setIsDuplicates(true);
+  }
+  Word *alphabet = nullptr;
+  if (!parseCollatingSequence(alphabet))
+    return nullptr;
+  sort->setSeqAlphaName(alphabet);
+
+  if (!at(Keyword::Using, Keyword::Input)) {
+    if (!isFileName(file->getFileName()->getWordData()))
+      return error(DiagnosticId::SortOfTable, file->getRange());
+    return expected("USING or INPUT PROCEDURE");
+  }
+  sort->setInput(parseSortIO(Keyword::Using, Keyword::Input));
+  if (!sort->getInput())
+    return nullptr;
+  if (!at(Keyword::Giving, Keyword::Output))
+    return expected("GIVING or OUTPUT PROCEDURE");
+  sort->setOutput(parseSortIO(Keyword::Giving, Keyword::Output));
+  return sort->getOutput() ? complete(sort) : nullptr;
+}
+
+/// MERGE file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
+///   [[COLLATING] SEQUENCE [IS] alphabet-name] USING file-name file-name...
+///   {GIVING file-name... | OUTPUT PROCEDURE ...}
+Statement *Parser::parseMerge() {
+  SourceRange begin = here();
+  accept(Keyword::Merge);
+  FileIdentifierExpression *file = parseFileName();
+  if (!file)
+    return nullptr;
+  auto *merge = make<MergeStatement>(begin, file);
+  if (!parseSeries(*merge, &MergeStatement::addKeySeq, &Parser::parseSortKey, &Parser::atSortKey))
+    return nullptr;
+  Word *alphabet = nullptr;
+  if (!parseCollatingSequence(alphabet))
+    return nullptr;
+  merge->setSeqAlphaName(alphabet);
+
+  if (!at(Keyword::Using))
+    return expected("USING");
+  merge->setInput(parseSortIO(Keyword::Using, Keyword::Using));
+  if (!merge->getInput())
+    return nullptr;
+  if (merge->getInput()->getFileNameListSize() < 2)
+    return expected("the second file of the merge");
+  if (!at(Keyword::Giving, Keyword::Output))
+    return expected("GIVING or OUTPUT PROCEDURE");
+  merge->setOutput(parseSortIO(Keyword::Giving, Keyword::Output));
+  return merge->getOutput() ? complete(merge) : nullptr;
+}
+
+} // namespace tarka

@@ -1,0 +1,47 @@
+//===- ParseStatementReport.cpp - statements of the report writer ---------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+/// INITIATE report-name...
+Statement *Parser::parseInitiate() {
+  SourceRange begin = here();
+  accept(Keyword::Initiate);
+  auto *initiate = make<RwInitiateStatement>(begin);
+  return parseReportNames(*initiate, &RwInitiateStatement::addInitiateName) ? complete(initiate)
+                                                                            : nullptr;
+}
+
+/// TERMINATE report-name...
+Statement *Parser::parseTerminate() {
+  SourceRange begin = here();
+  accept(Keyword::Terminate);
+  auto *terminate = make<RwTerminateStatement>(begin);
+  return parseReportNames(*terminate, &RwTerminateStatement::addTerminateName) ? complete(terminate)
+                                                                               : nullptr;
+}
+
+/// GENERATE {report-name | detail-group [{OF | IN} report-name]}
+///
+/// A name alone is a report or a group, which the check finds out; a qualified one is a group.
+Statement *Parser::parseGenerate() {
+  SourceRange begin = here();
+  accept(Keyword::Generate);
+  IdentifierExpression *name = nullptr;
+  if (peek(1).isOneOf(Keyword::Of, Keyword::In))
+    name = parseDataName("a report-name or the name of a detail group");
+  else
+    name = parseReportName();
+  return name ? make<RwGenerateStatement>(begin, name) : nullptr;
+}
+
+/// SUPPRESS [PRINTING]
+Statement *Parser::parseSuppress() {
+  SourceRange begin = here();
+  accept(Keyword::Suppress);
+  accept(Keyword::Printing);
+  return make<RwSuppressStatement>(begin);
+}
+
+} // namespace tarka
