@@ -124,8 +124,15 @@ private:
   DataIdentifierExpression *returnItem;
 };
 
-/// The procedure division. Names of procedures are found through an index that is kept as
-/// sections and paragraphs are added.
+/// A paragraph with the section around it.
+struct ParagraphInSection {
+  Section *section;
+  Paragraph *paragraph;
+};
+
+/// The procedure division. Names of procedures are found through an index, in source order. It
+/// takes notice of new sections and declaratives at the next question; their paragraphs must be
+/// complete by then.
 class ProcedureDivision : public Node {
 public:
   using Node::Node;
@@ -146,6 +153,17 @@ public:
   void addPara(Paragraph *paragraph) { paragraphs.push_back(paragraph); }
   void addSect(Section *section) { sections.push_back(section); }
 
+  /// The sections of that name outside of the declaratives.
+  llvm::ArrayRef<Section *> findSections(const std::string &name);
+  /// The sections of that name within the declaratives.
+  llvm::ArrayRef<Section *> findDeclarativeSections(const std::string &name);
+  /// The copied sections of that name.
+  llvm::ArrayRef<Section *> findRenameSections(const std::string &name);
+  /// The paragraphs of that name that stand in no section.
+  llvm::ArrayRef<Paragraph *> findParagraphs(const std::string &name);
+  /// The paragraphs of that name in the sections outside of the declaratives.
+  llvm::ArrayRef<ParagraphInSection> findSectionParagraphs(const std::string &name);
+
   TARKA_LIST(Parameter, parameters, Parameter);
   TARKA_LIST(Declaratives, declaratives, Decl);
   TARKA_LIST(Declaratives, baseDeclaratives, BaseDecl);
@@ -155,6 +173,25 @@ public:
   TARKA_LIST(Paragraph, paragraphs, Para);
   TARKA_LIST(Section, sections, Sect);
   Returning *returning = nullptr;
+
+  /// Procedures by their interned names.
+  template <typename Procedure> struct NameIndex {
+    llvm::DenseMap<const std::string *, llvm::SmallVector<Procedure, 1>> byName;
+    std::size_t read = 0; ///< how many elements of the division's list are in it
+
+    void add(const Word *name, Procedure procedure) {
+      byName[&name->getWordData()].push_back(procedure);
+    }
+    llvm::ArrayRef<Procedure> find(const std::string &name) const {
+      auto found = byName.find(&internString(name));
+      return found == byName.end() ? llvm::ArrayRef<Procedure>() : found->second;
+    }
+  };
+  NameIndex<Section *> sectionIndex;
+  NameIndex<Section *> declarativeIndex;
+  NameIndex<Section *> renameIndex;
+  NameIndex<Paragraph *> paragraphIndex;
+  NameIndex<ParagraphInSection> sectionParagraphIndex;
 };
 
 } // namespace tarka

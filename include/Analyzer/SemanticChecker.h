@@ -17,6 +17,7 @@
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
 #include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
 #include <string>
@@ -50,6 +51,7 @@ class SignCondition;
 class SwitchCondition;
 
 // The procedure division.
+class AlterItem;
 class ExceptionHandler;
 class Parameter;
 class PerformVarying;
@@ -454,6 +456,17 @@ private:
   bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
   bool checkAllLiteral(FigurativeLiteralExpression &literal);
 
+  // SCStmtBranch.cpp
+  Section *copyIntoDeclaratives(Section &section, QualifiedWord &name, Statement *statement);
+  Paragraph *findParagraphInSections(QualifiedWord &name, const std::string &paragraphName,
+                                     const std::string &sectionName);
+  Paragraph *reportNotUnique(QualifiedWord &name);
+  Paragraph *reportNoProcedure(QualifiedWord &name);
+  bool resolvePerformRange(PerformStatement &statement);
+  bool checkPerformTimes(Expression &times);
+  bool checkPerformVarying(PerformVarying &phrase);
+  bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
+
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
   std::list<DataDescription *> *indexFreeList = nullptr;
@@ -464,6 +477,8 @@ private:
   std::list<ReportDataDescription *> *usedSrcList = nullptr;
   std::uint64_t xmlTextSize = 1;
   DataDescription *xmlTextRegister = nullptr;
+  /// The texts of entryNames.
+  llvm::StringSet<> entryTexts;
 };
 
 } // namespace tarka
