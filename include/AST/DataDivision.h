@@ -13,6 +13,7 @@
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/SmallVector.h"
 #include <memory>
 #include <vector>
 
@@ -71,6 +72,9 @@ public:
   /// True when a file or report of the division bears \p name.
   bool isFileOrReportName(const std::string &name);
 
+  /// The FD and SD entries with the name \p name, in source order.
+  llvm::ArrayRef<FileDescription *> findFiles(const std::string &name);
+
   /// The OCCURS DEPENDING ON tables of the division by DataDescription::getSourceOrder().
   llvm::ArrayRef<DataDescription *> getVariableTables();
 
@@ -128,6 +132,9 @@ private:
   llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
   llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;
+  /// FD and SD entries by the address of the interned name, as far as they are entered.
+  llvm::DenseMap<const std::string *, llvm::SmallVector<FileDescription *, 1>> fileIndex;
+  std::size_t fileIndexSize = 0;
   unsigned indexedEntries = 0;
   Progress<DataDescription> indexedWork;
   Progress<DataDescription> indexedLocal;

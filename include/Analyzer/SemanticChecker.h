@@ -344,7 +344,10 @@ public:
 
   bool semanticCheck(FileIdentifierExpression &file);
   bool semanticCheck(SpecialRegisterIdentifierExpression &specialRegister);
-  bool semanticCheck(ReportIdentifierExpression &report);
+  bool semanticCheck(ReportIdentifierExpression &identifier);
+  /// The report of that name: one of the current source unit, or a GLOBAL one of a unit around it;
+  /// null when there is none.
+  ReportDescription *findReport(const std::string &name);
 
   bool semanticCheck(ArithmeticExpression &expression);
   bool semanticCheck(AbbrRelationCombinedExpression &expression);
@@ -446,6 +449,9 @@ private:
   bool checkUseFile(IdentifierExpression &name);
   bool checkUseReporting(UseStatement &use);
   bool checkUseProcedures(UseStatement &use);
+
+  // SCExprIdentifiers.cpp
+  bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
 
   // SCExpr.cpp, SCLiteral.cpp
   void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);

@@ -210,4 +210,18 @@ void ReportDataDescription::swapLineDesc() {
   std::iter_swap(std::prev(last), last);
 }
 
+llvm::ArrayRef<FileDescription *> DataDivision::findFiles(const std::string &name) {
+  // Files are only ever appended, so those behind the count are new.
+  if (fileIndexSize != fileSection.size()) {
+    for (auto file = std::next(fileSection.begin(), fileIndexSize); file != fileSection.end();
+         ++file)
+      fileIndex[&(*file)->getFileName()->getWordData()].push_back(*file);
+    fileIndexSize = fileSection.size();
+  }
+  auto found = fileIndex.find(&internString(name));
+  if (found == fileIndex.end())
+    return {};
+  return found->second;
+}
+
 } // namespace tarka

@@ -107,6 +107,19 @@ DataCategory SpecialRegisterIdentifierExpression::getDataCategory() const {
   case SpecialRegisterType::PageCounter:
   case SpecialRegisterType::LineCounter:
     return DataCategory::Numeric;
+  case SpecialRegisterType::XmlNText:
+  case SpecialRegisterType::XmlNNamespace:
+  case SpecialRegisterType::XmlNNamespacePrefix:
+    return DataCategory::National;
+  case SpecialRegisterType::XmlNamespace:
+  case SpecialRegisterType::XmlNamespacePrefix:
+  case SpecialRegisterType::DebugItem:
+    return DataCategory::Alphanumeric;
+  case SpecialRegisterType::JnienvPtr:
+    return DataCategory::Pointer;
+  case SpecialRegisterType::JsonCode:
+  case SpecialRegisterType::JsonStatus:
+    return DataCategory::Numeric;
   default:
     if (!description)
       return DataCategory::Unclassified;

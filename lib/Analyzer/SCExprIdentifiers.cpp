@@ -1,0 +1,153 @@
+//===- SCExprIdentifiers.cpp - file, report and register identifiers ------===//
+
+#include "AST/DataDescription.h"
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "Analyzer/SemanticChecker.h"
+#include "Analyzer/TopLevel.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+namespace {
+
+SourceUnit *currentUnit() {
+  return TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+}
+
+} // namespace
+
+//===----------------------------------------------------------------------===//
+// Files
+//===----------------------------------------------------------------------===//
+
+/// The files of that name: those of the unit itself, else the GLOBAL ones of the nearest unit
+/// around it that has any.
+static llvm::SmallVector<FileDescription *, 2> findFiles(SourceUnit *unit,
+                                                         const std::string &name) {
+  llvm::SmallVector<FileDescription *, 2> found;
+  for (bool isOuter = false; unit && found.empty(); unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (FileDescription *file : division->findFiles(name))
+        if (!isOuter || file->getGlobal())
+          found.push_back(file);
+  return found;
+}
+
+bool SemanticChecker::semanticCheck(FileIdentifierExpression &identifier) {
+  llvm::SmallVector<FileDescription *, 2> found =
+      findFiles(currentUnit(), identifier.getFileName()->getWordData());
+  if (found.empty())
+    return report(ErrorCode::FileNameUndefined, &identifier);
+  identifier.setFileDescription(found.front());
+  if (found.size() > 1)
+    return report(ErrorCode::FileNameNotUnique, &identifier);
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Reports
+//===----------------------------------------------------------------------===//
+
+ReportDescription *SemanticChecker::findReport(const std::string &name) {
+  bool isOuter = false;
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (ReportDescription *report : division->getReportSectionElements())
+        if (report->getReportName()->getWordData() == name && (!isOuter || report->getGlobal()))
+          return report;
+  return nullptr;
+}
+
+bool SemanticChecker::semanticCheck(ReportIdentifierExpression &identifier) {
+  ReportDescription *found = findReport(identifier.getReportName()->getWordData());
+  if (!found)
+    return report(ErrorCode::IdentifierUndefined, &identifier);
+  identifier.setReportDescription(found);
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Special registers
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// The files with LINAGE that can be seen from the unit: its own, else the GLOBAL ones of the
+/// nearest unit around it that has any.
+llvm::SmallVector<FileDescription *, 2> filesWithLinage(SourceUnit *unit) {
+  llvm::SmallVector<FileDescription *, 2> found;
+  for (bool isOuter = false; unit && found.empty(); unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (FileDescription *file : division->getFileSectionElements())
+        if (file->getLinage() && (!isOuter || file->getGlobal()))
+          found.push_back(file);
+  return found;
+}
+
+} // namespace
+
+bool SemanticChecker::checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister) {
+  if (FileIdentifierExpression *file = specialRegister.getFileExpr()) {
+    if (!semanticCheck(*file))
+      return false;
+    if (!file->getFileDescription()->getLinage())
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    specialRegister.setDataDescription(file->getFileDescription()->getLineageCounter());
+    return true;
+  }
+  llvm::SmallVector<FileDescription *, 2> files = filesWithLinage(currentUnit());
+  if (files.empty())
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  if (files.size() > 1)
+    return report(ErrorCode::LinageCounterNotQualified, &specialRegister);
+  specialRegister.setDataDescription(files.front()->getLineageCounter());
+  return true;
+}
+
+bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &specialRegister) {
+  switch (specialRegister.getType()) {
+  case SpecialRegisterType::AddressOf:
+  case SpecialRegisterType::LengthOf: {
+    Expression *operand = specialRegister.getIdent();
+    if (!operand)
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    if (!semanticCheck(*operand))
+      return false;
+    if (auto *identifier = llvm::dyn_cast<IdentifierExpression>(operand))
+      specialRegister.setDataDescription(identifier->getDataDescription());
+    return true;
+  }
+  case SpecialRegisterType::LinageCounter:
+    return checkLinageCounter(specialRegister);
+  case SpecialRegisterType::PageCounter:
+  case SpecialRegisterType::LineCounter:
+    return !specialRegister.getReportExpr() || semanticCheck(*specialRegister.getReportExpr());
+  default:
+    break;
+  }
+
+  // Every other register is an entry that the checks have added to working-storage.
+  Word *word = specialRegister.getRegisterWord();
+  if (!word)
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent()) {
+    DataDivision *division = unit->getDataDivision();
+    std::list<DataDescription *> *entries =
+        division ? division->findItemByName(word->getWordData()) : nullptr;
+    if (entries && !entries->empty()) {
+      specialRegister.setDataDescription(entries->front());
+      break;
+    }
+  }
+  // Some registers have no entry: their category is known all the same.
+  if (specialRegister.getDataCategory() == DataCategory::Unclassified)
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  if (ReferenceModifier *modifier = specialRegister.getReferenceMod())
+    for (Expression *part : {modifier->getFromExpr(), modifier->getCountExpr()})
+      if (part)
+        semanticCheck(*part);
+  return true;
+}
+
+} // namespace tarka

@@ -1,0 +1,394 @@
+//===- SCStmtOperands.cpp - the operands of statements --------------------===//
+//
+// Statements whose operands are bound and checked one by one, in the order in
+// which they are written, so that every name in a program stands for something.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/Condition.h"
+#include "AST/Expression.h"
+#include "AST/Statement.h"
+#include "Analyzer/SemanticChecker.h"
+
+namespace tarka {
+
+namespace {
+
+/// Checks one part of a statement after the other and keeps the result of all. Null parts, phrases
+/// that are not written, are right.
+class OperandCheck {
+public:
+  explicit OperandCheck(SemanticChecker &checkerOfAll) : checker(checkerOfAll) {}
+
+  template <typename Part> OperandCheck &one(Part *part) {
+    if (part)
+      result &= checker.semanticCheck(*part);
+    return *this;
+  }
+  template <typename Part> OperandCheck &all(const std::list<Part *> &parts) {
+    for (Part *part : parts)
+      one(part);
+    return *this;
+  }
+  OperandCheck &receiver(RoundedOperand *receiver) {
+    return receiver ? one(receiver->first) : *this;
+  }
+  OperandCheck &receivers(const std::list<RoundedOperand *> &list) {
+    for (RoundedOperand *operand : list)
+      receiver(operand);
+    return *this;
+  }
+  OperandCheck &regions(const std::list<InspectRegion *> &list) {
+    for (InspectRegion *region : list)
+      one(region->getExpr());
+    return *this;
+  }
+  operator bool() const { return result; }
+
+private:
+  SemanticChecker &checker;
+  bool result = true;
+};
+
+} // namespace
+
+//===----------------------------------------------------------------------===//
+// Arithmetic
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(AddStatement &statement) {
+  return OperandCheck(*this)
+      .all(statement.getOperandListElements())
+      .one(statement.getToOperand())
+      .receivers(statement.getToListElements())
+      .receivers(statement.getGivingListElements())
+      .one(statement.getCorrespondingExpr())
+      .receiver(statement.getToRoundExpr())
+      .all(statement.getSizeErrorHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(SubtractStatement &statement) {
+  return OperandCheck(*this)
+      .all(statement.getOperandListElements())
+      .one(statement.getFromExpr())
+      .receivers(statement.getFromListElements())
+      .receivers(statement.getGivingListElements())
+      .one(statement.getCorrExpr())
+      .receiver(statement.getFromRoundExpr())
+      .all(statement.getSizeErrorHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(MultiplyStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getOperand())
+      .one(statement.getByOperand())
+      .receivers(statement.getByListElements())
+      .receivers(statement.getGivingListElements())
+      .all(statement.getSizeErrorHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(DivideStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getOperand())
+      .one(statement.getIntoExpr())
+      .one(statement.getByExpr())
+      .receivers(statement.getToListElements())
+      .receivers(statement.getGivingListElements())
+      .one(statement.getRemainderExpr())
+      .all(statement.getSizeErrorHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(ComputeStatement &statement) {
+  return OperandCheck(*this)
+      .receivers(statement.getOperandListElements())
+      .one(statement.getArithmeticExpression())
+      .all(statement.getSizeErrorHandlerElements());
+}
+
+//===----------------------------------------------------------------------===//
+// Control
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(IfStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getCondition())
+      .all(statement.getIfStmtListElements())
+      .all(statement.getElseStmtListElements());
+}
+
+bool SemanticChecker::semanticCheck(EvaluateStatement &statement) {
+  OperandCheck check(*this);
+  for (EvaluateSubject *subject : statement.getSubjectListElements())
+    check.one(subject->getExpr()).one(subject->getCond());
+  for (EvaluateCase *oneCase : statement.getWhenCaseListElements()) {
+    for (EvaluateWhen *when : oneCase->getWhenListElements())
+      for (EvaluateObject *object : when->getWhenObjListElements())
+        check.one(object->getCondition())
+            .one(object->getFrontExpression())
+            .one(object->getRearExpression());
+    check.all(oneCase->getWhenStmtListElements());
+  }
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(SearchStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getSearchIdentifier())
+      .one(statement.getVaryingIdentifier())
+      .all(statement.getAtHandlerElements());
+  for (SearchWhen *when : statement.getWhenListElements())
+    check.one(when->getCondition()).all(when->getStatementListElements());
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(OnStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getOnExpr())
+      .one(statement.getEveryExpr())
+      .one(statement.getUntilExpr())
+      .all(statement.getUntilStmtListElements())
+      .all(statement.getElseStmtListElements());
+}
+
+bool SemanticChecker::semanticCheck(StopStatement &statement) {
+  return OperandCheck(*this).one(statement.getLiteral());
+}
+
+/// A name that is no data item is the name of the program itself.
+bool SemanticChecker::semanticCheck(CallStatement &statement) {
+  OperandCheck check(*this);
+  auto *name = llvm::dyn_cast_if_present<DataIdentifierExpression>(statement.getProcedureName());
+  if (name && !name->getSubscriptMod() && !name->getReferenceMod() &&
+      name->getQualifiedWord()->getNamesSize() == 1) {
+    if (!semanticCheck(*name, true, false))
+      statement.setProcedureName(new NonNumericLiteralExpression(
+          name, (*name->getQualifiedWord()->getNamesBegin())->getDisplayName()));
+  } else {
+    check.one(statement.getProcedureName());
+  }
+  for (Argument *argument : statement.getArgumentListElements())
+    check.one(argument->getExpr());
+  return check.one(statement.getReturn()).all(statement.getExceptHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(CancelStatement &statement) {
+  return OperandCheck(*this).all(statement.getProgramListElements());
+}
+
+//===----------------------------------------------------------------------===//
+// Data
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(AcceptStatement &statement) {
+  return OperandCheck(*this).one(statement.getVariable());
+}
+
+bool SemanticChecker::semanticCheck(DisplayStatement &statement) {
+  return OperandCheck(*this).all(statement.getIdenLiterListElements());
+}
+
+bool SemanticChecker::semanticCheck(SetStatement &statement) {
+  OperandCheck check(*this);
+  for (SetItem *item : statement.getItemListElements()) {
+    // The names of switches are mnemonic names, not data.
+    if (item->getType() != SetItemType::Switch)
+      check.all(item->getSetListElements());
+    check.all(item->getCondListElements());
+    if (item->getToValue())
+      check.one(item->getToValue()->getToExpr());
+  }
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(InitializeStatement &statement) {
+  OperandCheck check(*this);
+  check.all(statement.getIdentifierListElements());
+  for (InitializeReplacingItem *item : statement.getReplacingListElements())
+    check.one(item->getByExpr());
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(InspectStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getIdentifier());
+  for (TallyingItem *item : statement.getTallyingListElements()) {
+    check.one(item->getIdentifier());
+    for (TallyingItemFor *phrase : item->getTallyingForListElements()) {
+      check.regions(phrase->getInspectRegionListElements());
+      for (TallyingRegion *tallied : phrase->getTallyingRegionListElements())
+        check.one(tallied->getExpr()).regions(tallied->getRegionPhraseListElements());
+    }
+  }
+  for (ReplacingItem *item : statement.getReplacingListElements()) {
+    check.one(item->getExpr()).regions(item->getInspectRegionListElements());
+    for (ReplacingRegion *replaced : item->getReplacingRegionListElements())
+      check.one(replaced->getExpr())
+          .one(replaced->getByExpr())
+          .regions(replaced->getRegionListElements());
+  }
+  if (ConvertingItem *converting = statement.getConverting())
+    check.one(converting->getExpr())
+        .one(converting->getToExpr())
+        .regions(converting->getRegionListElements());
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(StringStatement &statement) {
+  OperandCheck check(*this);
+  for (StringItem *item : statement.getItemListElements())
+    check.all(item->getStringNameListElements()).one(item->getDelimitedName());
+  return check.one(statement.getIntoIdentifier())
+      .one(statement.getWithPointerIdentifier())
+      .all(statement.getOverflowHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(UnstringStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getSourceIdentifier());
+  for (UnstringDelimitedItem *item : statement.getDelimiterListElements())
+    check.one(item->getDelimiter());
+  for (UnstringIntoItem *item : statement.getIntoListElements())
+    check.one(item->getTargetIdentifier())
+        .one(item->getDelimiter())
+        .one(item->getCountIdentifier());
+  return check.one(statement.getWithPointerId())
+      .one(statement.getTallyingId())
+      .all(statement.getOverflowHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(TransformStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getTransformExpr())
+      .one(statement.getFromExpr())
+      .one(statement.getToExpr());
+}
+
+bool SemanticChecker::semanticCheck(ExamineStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getExamineExpr())
+      .one(statement.getOptExpr())
+      .one(statement.getByExpr());
+}
+
+bool SemanticChecker::semanticCheck(ExhibitStatement &statement) {
+  return OperandCheck(*this).all(statement.getExhibitExprListElements());
+}
+
+//===----------------------------------------------------------------------===//
+// Files
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(OpenStatement &statement) {
+  OperandCheck check(*this);
+  for (OpenItem *item : statement.getItemListElements())
+    for (OpenFile *file : item->getFileListElements())
+      check.one(file->getFileName());
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(CloseStatement &statement) {
+  OperandCheck check(*this);
+  for (CloseFile *file : statement.getCloseFileListElements())
+    check.one(file->getFileName());
+  return check;
+}
+
+bool SemanticChecker::semanticCheck(ReadStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getFileName())
+      .one(statement.getIntoIdentifier())
+      .one(statement.getKeyName())
+      .all(statement.getErrorListElements());
+}
+
+/// After ADVANCING, a name that is no data item is a mnemonic name.
+bool SemanticChecker::semanticCheck(WriteStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getRecordName()).one(statement.getFromIdentifier());
+  if (WriteAdvancing *advancing = statement.getAdvancing()) {
+    auto *name = llvm::dyn_cast_if_present<DataIdentifierExpression>(advancing->getValue());
+    if (!name)
+      check.one(advancing->getValue());
+    else if (!semanticCheck(*name, true, false)) {
+      advancing->setMnemonicName(*name->getQualifiedWord()->getNamesBegin());
+      advancing->setType(WriteAdvType::Mnemonic);
+    }
+  }
+  if (WritePositioning *positioning = statement.getPositioning())
+    check.one(positioning->getLineExpr());
+  return check.all(statement.getExceptionHandlerListElements());
+}
+
+bool SemanticChecker::semanticCheck(RewriteStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getRecordName())
+      .one(statement.getFromIdentifier())
+      .all(statement.getInvalidKeyHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(DeleteStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getFileName())
+      .all(statement.getInvalidKeyHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(StartStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getFileName())
+      .one(statement.getKey() ? statement.getKey()->getDataName() : nullptr)
+      .all(statement.getInvalidKeyHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(ReturnStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getFileName())
+      .one(statement.getIntoIdentifier())
+      .all(statement.getEndHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(ReleaseStatement &statement) {
+  return OperandCheck(*this).one(statement.getRecordName()).one(statement.getFromIdentifier());
+}
+
+//===----------------------------------------------------------------------===//
+// XML and reports
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(XMLGenerateStatement &statement) {
+  return OperandCheck(*this)
+      .one(statement.getGenIdent())
+      .one(statement.getFromIdent())
+      .one(statement.getCountIdent())
+      .one(statement.getCodePage())
+      .one(statement.getNameSpaceExpr())
+      .one(statement.getPrefixExpr())
+      .all(statement.getOnExcpHandlerElements());
+}
+
+bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
+  // A name without qualifiers is that of a report, or of a group of a report.
+  auto *name = llvm::dyn_cast_if_present<ReportIdentifierExpression>(statement.getFileName());
+  if (!name)
+    return OperandCheck(*this).one(statement.getFileName());
+  if (findReport(name->getReportName()->getWordData()))
+    return semanticCheck(*name);
+  std::list<Word *> words{name->getReportName()};
+  auto *group =
+      new DataIdentifierExpression(name, new QualifiedWord(name, &words), nullptr, nullptr);
+  statement.setFileName(group);
+  return semanticCheck(*group, false, true);
+}
+
+bool SemanticChecker::semanticCheck(RwInitiateStatement &statement) {
+  return OperandCheck(*this).all(statement.getInitiateNameListElements());
+}
+
+bool SemanticChecker::semanticCheck(RwTerminateStatement &statement) {
+  return OperandCheck(*this).all(statement.getTerminateNameListElements());
+}
+
+bool SemanticChecker::semanticCheck(RwSuppressStatement &) {
+  return true;
+}
+
+} // namespace tarka
