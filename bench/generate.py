@@ -1,0 +1,105 @@
+#!/usr/bin/env python3
+"""Writes an ordinary COBOL program of any size, for measurements.
+
+The knobs are independent of each other, so that growth in one direction can be
+looked at alone. The program is correct: checking it reports nothing.
+"""
+
+import argparse
+import random
+import sys
+
+
+def data_items(out, items, depth, group):
+    """Records of `group` items each, the items `depth` groups below the record."""
+    pictures = ("PIC X(20)", "PIC S9(7)V99 COMP-3", "PIC 9(5)", "PIC S9(8) COMP", "PIC ZZ,ZZ9.99-")
+    made = 0
+    record = 0
+    while made < items:
+        record += 1
+        out.append(f"       01  RECORD-{record}.")
+        level = 5
+        for nested in range(depth):
+            out.append(f"           {min(level, 48):02d}  GROUP-{record}-{nested}.")
+            level += 1
+        for _ in range(min(group, items - made)):
+            made += 1
+            out.append(f"           {min(level, 49):02d}  ITEM-{made:<12} {pictures[made % 5]}.")
+
+
+def statements(out, rng, paragraph, count, items, nesting):
+    """`count` lines of the statements that programs are made of."""
+
+    # Of every five items the second to fourth are numeric, the first is edited, the fifth text.
+    def numeric():
+        k = rng.randrange(max(1, items // 5)) * 5
+        return f"ITEM-{min(k + rng.choice((1, 2, 3)), items)}" if items >= 5 else "COUNTER"
+
+    def text():
+        k = rng.randrange(max(1, items // 5)) * 5
+        return f"ITEM-{min(k + 5, items)}" if items >= 5 else "TEXT-1"
+
+    lines = 0
+    while lines < count:
+        kind = rng.randrange(8)
+        if kind <= 2:
+            out.append(f"           MOVE {numeric()} TO {numeric()}.")
+            lines += 1
+        elif kind == 3:
+            out.append(f"           ADD 1 TO {numeric()}.")
+            lines += 1
+        elif kind == 4:
+            out.append(f"           MOVE {text()} TO {text()}.")
+            lines += 1
+        elif kind == 5:
+            out.append(f"           COMPUTE {numeric()} = {numeric()} * 2 + 1.")
+            lines += 1
+        elif kind == 6:
+            out.append(f"           PERFORM PARAGRAPH-{paragraph}.")
+            lines += 1
+        else:
+            for level in range(nesting):
+                indent = " " * (11 + min(level, 12))
+                out.append(f"{indent}IF {numeric()} > 10")
+            out.append(f"           MOVE ZERO TO {numeric()}")
+            for level in range(nesting):
+                out.append("           END-IF")
+            out[-1] += "."
+            lines += 2 * nesting + 1
+
+
+def generate(lines, items, paragraphs, depth, group, nesting, seed=1):
+    """The lines of a program; `lines` is the size of the procedure division."""
+    rng = random.Random(seed)
+    out = [
+        "       IDENTIFICATION DIVISION.",
+        "       PROGRAM-ID. BENCH.",
+        "       DATA DIVISION.",
+        "       WORKING-STORAGE SECTION.",
+        "       77  COUNTER PIC 9(5).",
+        "       77  TEXT-1 PIC X(20).",
+    ]
+    data_items(out, items, depth, group)
+    out += ["       PROCEDURE DIVISION.", "       MAIN-PARAGRAPH.", "           STOP RUN."]
+    for paragraph in range(1, paragraphs + 1):
+        out.append(f"       PARAGRAPH-{paragraph}.")
+        statements(out, rng, rng.randrange(1, paragraphs + 1), max(1, lines // paragraphs), items,
+                   nesting)
+    return out
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("--lines", type=int, default=10000, help="lines of statements")
+    parser.add_argument("--items", type=int, default=1000, help="elementary items")
+    parser.add_argument("--paragraphs", type=int, default=100)
+    parser.add_argument("--depth", type=int, default=2, help="groups above an item")
+    parser.add_argument("--group", type=int, default=50, help="items in a group")
+    parser.add_argument("--nesting", type=int, default=1, help="IFs inside one another")
+    parser.add_argument("--seed", type=int, default=1)
+    arguments = parser.parse_args()
+    sys.stdout.write("\n".join(generate(**vars(arguments))) + "\n")
+
+
+if __name__ == "__main__":
+    main()

@@ -1,0 +1,108 @@
+#!/usr/bin/env python3
+"""Measures `tarka check` and `tarka cfg` on generated programs of growing size.
+
+Prints a table for each direction of growth: time as a ratio to what `LC_ALL=C wc`
+takes on the same file, peak memory in bytes a line, and how much the time grew
+against the size. Each time is the best of several runs.
+"""
+
+import argparse
+import os
+import subprocess
+import sys
+import tempfile
+import time
+
+from generate import generate
+
+TYPICAL = dict(lines=100_000, items=5_000, paragraphs=2_000, depth=2, group=50, nesting=1)
+
+
+def measure(command, runs):
+    """The best wall time in seconds and the peak memory in bytes of a command."""
+    best = float("inf")
+    peak = 0
+    environment = dict(os.environ, LC_ALL="C")
+    for _ in range(runs):
+        start = time.perf_counter()
+        process = subprocess.Popen(
+            command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment
+        )
+        _, status, usage = os.wait4(process.pid, 0)
+        best = min(best, time.perf_counter() - start)
+        if status != 0:
+            sys.exit(f"bench: {' '.join(command)} ended with status {os.waitstatus_to_exitcode(status)}")
+        peak = max(peak, usage.ru_maxrss * 1024)
+    return best, peak
+
+
+def table(title, tarka, command, sizes, runs, folder):
+    print(f"\n{title}")
+    print(f"{'lines':>9} {'MB':>6} {'wc ms':>7} {'ms':>8} {'x wc':>6} {'bytes/line':>10} {'growth':>7}")
+    before = None
+    for knobs in sizes:
+        path = os.path.join(folder, "bench.cbl")
+        with open(path, "w", encoding="ascii") as source:
+            text = generate(**knobs)
+            source.write("\n".join(text) + "\n")
+        lines = len(text)
+        del text
+        size = os.path.getsize(path)
+        wc, _ = measure(["wc", path], runs)
+        seconds, peak = measure([tarka, *command, path], runs)
+        growth = ""
+        if before:
+            growth = f"{(seconds / before[1]) / (size / before[0]):.2f}"
+        print(
+            f"{lines:>9} {size / 1e6:>6.1f} {wc * 1e3:>7.1f} {seconds * 1e3:>8.1f} "
+            f"{seconds / wc:>6.1f} {peak / lines:>10.0f} {growth:>7}",
+            flush=True,
+        )
+        before = size, seconds
+
+
+def grow(**changes):
+    """The typical program with some knobs turned, one program for each value."""
+    count = len(next(iter(changes.values())))
+    return [dict(TYPICAL, **{name: values[i] for name, values in changes.items()}) for i in range(count)]
+
+
+def main():
+    parser = argparse.ArgumentParser(description=__doc__)
+    parser.add_argument("tarka", help="the program to measure")
+    parser.add_argument("--runs", type=int, default=3)
+    parser.add_argument("--quick", action="store_true", help="small sizes only")
+    arguments = parser.parse_args()
+    scale = 10 if arguments.quick else 1
+
+    def to(*values):
+        return [max(1, value // scale) for value in values]
+
+    print("growth is the time's growth over the size's: 1.00 is linear")
+    with tempfile.TemporaryDirectory() as folder:
+        def show(title, command, sizes):
+            table(title, arguments.tarka, command, sizes, arguments.runs, folder)
+
+        show("check: everything grows", ["check"], grow(
+            lines=to(125_000, 250_000, 500_000, 1_000_000),
+            items=to(6_000, 12_000, 25_000, 50_000),
+            paragraphs=to(1_250, 2_500, 5_000, 10_000)))
+        show("check: items", ["check"], grow(
+            lines=to(1_000, 1_000, 1_000), items=to(100_000, 200_000, 400_000)))
+        show("check: items in one group", ["check"], grow(
+            lines=to(1_000, 1_000, 1_000), items=to(50_000, 100_000, 200_000),
+            group=to(50_000, 100_000, 200_000)))
+        show("check: depth of groups", ["check"], grow(
+            lines=to(1_000, 1_000, 1_000), items=to(50_000, 50_000, 50_000), group=[1, 1, 1],
+            depth=[10, 20, 40]))
+        show("check: paragraphs", ["check"], grow(
+            lines=to(200_000, 200_000, 200_000), paragraphs=to(10_000, 50_000, 100_000)))
+        show("check: nesting of IF", ["check"], grow(
+            lines=to(100_000, 100_000, 100_000), nesting=[10, 100, 500]))
+        show("cfg: everything grows", ["cfg"], grow(
+            lines=to(125_000, 250_000, 500_000), items=to(6_000, 12_000, 25_000),
+            paragraphs=to(1_250, 2_500, 5_000)))
+
+
+if __name__ == "__main__":
+    main()
