@@ -238,9 +238,7 @@ bool SemanticChecker::checkPerformTimes(Expression &times) {
   if (!semanticCheck(times))
     return false;
   const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(&times);
-  bool isBelowOne =
-      literal && (literal->getIntegerValue() < 1 || literal->getData().front() == '-');
-  if (!times.isInteger() || isBelowOne)
+  if (!times.isInteger() || (literal && literal->getIntegerValue() < 1))
     return report(ErrorCode::PerformTimesNotPositive, &times);
   return true;
 }
@@ -297,8 +295,8 @@ bool SemanticChecker::checkPerformVarying(PerformVarying &phrase) {
 // ALTER
 //===----------------------------------------------------------------------===//
 
-/// ALTER never passes, even when nothing is wrong with it: on purpose, no graph is made of a
-/// program whose branches change at run time.
+/// ALTER never passes, even when nothing is wrong with it. That is on purpose: a program whose
+/// branches change at run time is not to go on to later stages.
 bool SemanticChecker::semanticCheck(AlterStatement &statement) {
   for (AlterItem *item : statement.getAlterListElements())
     if (!resolveAlterItem(*item, statement))
