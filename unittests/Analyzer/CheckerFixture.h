@@ -23,6 +23,7 @@ class CheckerTest : public testing::Test {
 protected:
   ErrorHandler handler;
   SemanticChecker checker{&handler};
+  const Node nowhere;
   CompileOption &options = *CompileOption::getCompileOptionInstance();
 
   ~CheckerTest() override { context().setCurrentSourceUnit(nullptr); }

@@ -151,7 +151,7 @@ TEST_F(WalkTest, DeclarativesAreSortedByTheirUse) {
   auto *sales = new ReportDescription(nullptr, word("SALES"));
   std::vector<ReportDataDescription *> groups;
   for (const char *groupName : {"G1", "G2"}) {
-    auto *group = new ReportDataDescription(nullptr);
+    auto *group = new ReportDataDescription(&nowhere);
     group->setLevelNum(1);
     group->setDataName(word(groupName));
     sales->addRecord(group);
