@@ -33,6 +33,8 @@ public:
   llvm::StringRef getText() const { return text; }
   /// Where the first byte stands that shows that the file is not text at all; npos when it is.
   size_t getBinaryOffset() const { return binaryOffset; }
+  /// The form of its lines, see detectSourceFormat(); \p otherwise where they do not tell.
+  SourceFormat getFormat(SourceFormat otherwise) const;
 
 private:
   llvm::StringRef name;
@@ -40,6 +42,8 @@ private:
   std::unique_ptr<llvm::MemoryBuffer> contents;
   llvm::StringRef text;
   size_t binaryOffset;
+  mutable SourceFormat format = SourceFormat::Auto;
+  mutable bool formatIsKnown = false;
 };
 
 /// The layout that the lines of \p text have: Fixed or Free. Where the lines would do for either,

@@ -1,0 +1,154 @@
+//===- Lexer.h - from lines of program text to tokens -----------*- C++ -*-===//
+//
+// Two floors. The scanner makes a token of the characters of one line and knows
+// nothing of files. The lexer takes lines from a LineReader, gives tokens their
+// places, and sees to what the language decides by the words before: picture
+// strings, embedded text, comment-entries, listing statements and directives.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_LEXER_H
+#define TARKA_PARSE_LEXER_H
+
+#include "Parse/Directives.h"
+#include "Parse/Keywords.h"
+#include "Parse/LineReader.h"
+#include "Parse/Token.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+/// What all the lexers of one compilation share.
+struct LexerContext {
+  LexerContext(const ParseOptions &options, FrontEndDiagnostics &diagnostics)
+      : options(options), diagnostics(diagnostics), words(options.osvs), variables(options.defines),
+        debuggingMode(options.debuggingLines) {}
+
+  const ParseOptions &options;
+  FrontEndDiagnostics &diagnostics;
+  WordTable words;
+  CompilationVariables variables;
+  bool debuggingMode;
+  bool decimalPointIsComma = false;
+  /// A program begins with its identification division, where comment-entries may stand.
+  bool inIdentificationDivision = true;
+};
+
+/// Makes tokens of a piece of text. It sets everything in a token but its place.
+class Scanner {
+public:
+  /// Commas that separate nothing are tokens when \p keepsCommas.
+  Scanner(WordTable &words, bool keepsCommas) : words(words), keepsCommas(keepsCommas) {}
+
+  void setText(const char *begin, const char *end) {
+    cursor = begin;
+    textEnd = end;
+    previous = TokenKind::EndOfFile;
+  }
+  void setKeepsCommas(bool on) { keepsCommas = on; }
+  void setDecimalPointIsComma(bool on) { decimalPoint = on ? ',' : '.'; }
+
+  /// Makes the next token; false at the end of the text.
+  bool scan(Token &token);
+
+  const char *getCursor() const { return cursor; }
+  const char *getEnd() const { return textEnd; }
+  void setCursor(const char *at) { cursor = at; }
+  /// Whether the literal scanned last had no closing quote.
+  bool isLiteralOpen() const { return literalIsOpen; }
+
+private:
+  void finish(Token &token, TokenKind kind, const char *begin);
+  void scanWord(Token &token, const char *begin);
+  void scanNumber(Token &token, const char *begin);
+  void scanLiteral(Token &token, const char *begin);
+  void scanMark(Token &token, const char *begin);
+  bool beginsFraction(bool afterSpace) const;
+
+  WordTable &words;
+  const char *cursor = nullptr;
+  const char *textEnd = nullptr;
+  TokenKind previous = TokenKind::EndOfFile;
+  char decimalPoint = '.';
+  bool keepsCommas;
+  bool literalIsOpen = false;
+};
+
+/// The part of a blank-delimited string that is a picture character-string: a final period, comma
+/// or semicolon is a separator.
+llvm::StringRef pictureIn(llvm::StringRef text);
+
+/// The tokens of one file.
+class Lexer {
+public:
+  Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain);
+
+  /// Makes the next token. The end of the file repeats itself.
+  void next(Token &token);
+
+  SourceFormat getFormat() const { return lines.getFormat(); }
+
+  /// Takes over what the context says about the decimal point, in the middle of a line too.
+  void updateDecimalPoint() { scanner.setDecimalPointIsComma(context.decimalPointIsComma); }
+
+  /// Says that pseudo-text is being read: it is taken as it is, keywords have no effect on it, and
+  /// every comma counts.
+  void setInPseudoText(bool on) {
+    inPseudoText = on;
+    scanner.setKeepsCommas(on);
+  }
+
+  /// Passes over text up to the next paragraph, section or division header.
+  void skipCommentEntry();
+
+private:
+  enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText };
+
+  bool nextLine();
+  bool readLine();
+  void setPlace(Token &token);
+  bool checkToken(Token &token);
+  bool actOnKeyword(Token &token);
+  bool readPicture(Token &token);
+  void readEmbeddedText(Token &token);
+  void skipListingStatement(bool hasLiteral);
+  void skipSourceUpdate(const Token &token);
+  bool skipToLineEnd();
+  void reportNotText(const char *first, const char *last);
+  bool isHeaderLine() const;
+
+  // Directives.
+  struct Conditional {
+    DirectiveOperand subject; ///< what an EVALUATE compares; a condition for IF
+    SourceRange place;
+    bool isEvaluate = false;
+    bool wasTaken = false;   ///< a branch was read
+    bool lastBranch = false; ///< ELSE or WHEN OTHER was seen
+  };
+  bool isDirective() const;
+  bool obeyDirective();
+  void obeyConditional(llvm::StringRef name, DirectiveText &text);
+  void beginConditional(llvm::StringRef name, DirectiveText &text);
+  bool belongsToOpen(llvm::StringRef name);
+  bool takesBranch(llvm::StringRef name, DirectiveText &text);
+  void skipBranches();
+  void setSourceFormat(DirectiveText &text);
+  SourceRange placeOfLine();
+
+  const SourceFile &file;
+  LexerContext &context;
+  LineReader lines;
+  Scanner scanner;
+  llvm::SmallVector<Conditional, 4> conditionals;
+  State state = State::Plain;
+  Keyword previousKeyword = Keyword::None;
+  bool atLineStart = false;
+  bool inPseudoText = false;
+  bool controlByteSeen = false;
+  bool isBasis = false;
+  bool isAtEnd = false;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_LEXER_H

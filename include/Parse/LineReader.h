@@ -1,0 +1,134 @@
+//===- LineReader.h - lines of program text ---------------------*- C++ -*-===//
+//
+// Knows how lines are laid out in fixed and in free form, which of them hold
+// program text, and how a line is continued on the next. Above it, text is just
+// text; every position in it can be traced back to its place in the file.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_LINEREADER_H
+#define TARKA_PARSE_LINEREADER_H
+
+#include "Parse/Diagnostics.h"
+#include "Parse/SourceFile.h"
+#include "llvm/ADT/SmallString.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+/// Reads the lines of program text of one file. Comment lines, blank lines and, unless they are
+/// asked for, debugging lines are passed over. In fixed form a line and its continuation lines
+/// are one.
+class LineReader {
+public:
+  /// \p isMain says that compiler options (CBL and PROCESS lines) may stand before the program.
+  LineReader(const SourceFile &file, SourceFormat format, FrontEndDiagnostics &diagnostics,
+             bool isMain);
+
+  /// Moves on to the next line; false at the end of the file.
+  bool next();
+
+  /// The text of the line, from column 8 (fixed form) or 1 (free form) without the spaces at its
+  /// end. It is not empty.
+  const char *begin() const { return textBegin; }
+  const char *end() const { return textEnd; }
+
+  /// Whether \p at lies in area A; in free form every position does.
+  bool isInAreaA(const char *at) const { return at < areaB; }
+
+  SourceFormat getFormat() const { return format; }
+  /// Changes the form from the next line on.
+  void setFormat(SourceFormat newFormat) { format = newFormat; }
+  void setDebuggingMode(bool on) { debugging = on; }
+  /// Whether faults in the layout of lines are passed over (in text that is left out).
+  void setQuiet(bool on) { quiet = on; }
+
+  /// Whether the line holds bytes that are no characters.
+  bool hasControlBytes() const { return controlBytes; }
+
+  /// The place of the characters from \p first to \p last, both in the line and inclusive.
+  SourceRange rangeOf(const char *first, const char *last) {
+    if (isPlain) {
+      unsigned column = static_cast<unsigned>(first - lineStart) + 1;
+      return {fileNumber, lineNumber, column, lineNumber,
+              column + static_cast<unsigned>(last - first)};
+    }
+    return rangeOfUnplain(first, last);
+  }
+  /// The place behind the last line of the file.
+  SourceRange endOfFile() const;
+
+private:
+  /// A line as it stands in the file.
+  struct PhysicalLine {
+    const char *start = nullptr;
+    const char *end = nullptr; ///< behind the last character, before the line's end
+    unsigned number = 0;
+    bool isPlain = true; ///< a byte is a column: no tab, no character of several bytes
+    bool controlBytes = false;
+  };
+  /// The parts of a line in fixed form.
+  struct FixedLine {
+    char indicator = ' ';
+    const char *text = nullptr;  ///< column 8
+    const char *areaB = nullptr; ///< column 12
+    const char *limit = nullptr; ///< behind column 72 or the line's end
+  };
+  /// A piece of a continued line: where it begins in the joined text and in the file.
+  struct Segment {
+    size_t offset;
+    const char *source;
+    const char *lineStart;
+    const char *lineEnd;
+    unsigned line;
+  };
+
+  bool readPhysicalLine(PhysicalLine &line);
+  static FixedLine divide(const PhysicalLine &line);
+  static unsigned columnBehind(const PhysicalLine &line, const char *at);
+  bool acceptFixed(const PhysicalLine &line);
+  bool acceptFree(const PhysicalLine &line);
+  bool acceptIndicator(const PhysicalLine &line, FixedLine &parts);
+  bool isOptionsLine(const PhysicalLine &line) const;
+  bool isContinued() const;
+  void joinContinuations(const PhysicalLine &line, const char *limit);
+  void take(const PhysicalLine &line, const char *begin, const char *end);
+  void report(DiagnosticId id, const PhysicalLine &line, const char *at, llvm::StringRef text = {});
+  SourceRange rangeOfUnplain(const char *first, const char *last);
+  void locate(const char *at, unsigned &line, unsigned &column);
+  unsigned columnOf(const char *start, const char *at);
+
+  FrontEndDiagnostics &diagnostics;
+  const unsigned fileNumber;
+  SourceFormat format;
+  bool debugging = false;
+  bool quiet = false;
+  /// Whether a CBL or PROCESS line may still come.
+  bool optionsMayCome;
+
+  /// The first byte that was not read yet, and the end of the file.
+  const char *position;
+  const char *const fileEnd;
+  unsigned linesRead = 0;
+
+  // The line that is being read.
+  const char *textBegin = nullptr;
+  const char *textEnd = nullptr;
+  const char *areaB = nullptr;
+  const char *lineStart = nullptr;
+  unsigned lineNumber = 0;
+  bool isPlain = true;
+  bool controlBytes = false;
+  /// The pieces of a continued line, empty when it is not continued.
+  llvm::SmallVector<Segment, 4> segments;
+  size_t currentSegment = 0;
+
+  // Columns are counted on from the place that was asked for last.
+  const char *countedLine = nullptr;
+  const char *countedTo = nullptr;
+  unsigned countedColumns = 0;
+};
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_LINEREADER_H

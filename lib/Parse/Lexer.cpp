@@ -1,0 +1,401 @@
+//===- Lexer.cpp - the tokens of one file ---------------------------------===//
+
+#include "Parse/Lexer.h"
+#include "CharacterTable.h"
+#include "llvm/ADT/SmallString.h"
+#include "llvm/ADT/StringExtras.h"
+#include <cstring>
+
+namespace tarka {
+
+/// How a message shows the bytes [first, last]: a printable text as it is, anything else in
+/// hexadecimal.
+static std::string showBytes(const char *first, const char *last) {
+  llvm::StringRef bytes(first, last - first + 1);
+  return "X'" + llvm::toHex(bytes.take_front(16)) + "'";
+}
+
+Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
+    : file(file), context(context), lines(file, format, context.diagnostics, isMain),
+      scanner(context.words, /*keepsCommas=*/false) {
+  if (file.getBinaryOffset() == llvm::StringRef::npos)
+    return;
+  // One message stands for all that could be said about a file that is no text.
+  llvm::StringRef before = file.getText().take_front(file.getBinaryOffset());
+  unsigned line = static_cast<unsigned>(before.count('\n')) + 1;
+  unsigned column =
+      static_cast<unsigned>(before.size() - (before.rfind('\n') + 1)) + 1; // npos + 1 is 0
+  const char *byte = before.end();
+  context.diagnostics.report(DiagnosticId::BinaryFile,
+                             SourceRange{file.getNumber(), line, column, line, column},
+                             showBytes(byte, byte));
+  isAtEnd = true;
+}
+
+void Lexer::setPlace(Token &token) {
+  token.place = lines.rangeOf(token.spelling.begin(), token.spelling.end() - 1);
+  if (token.place.beginLine != token.place.endLine)
+    token.flags |= Token::Continued;
+  if (atLineStart) {
+    atLineStart = false;
+    token.flags |= Token::FirstOnLine | Token::PrecededBySpace;
+    if (lines.isInAreaA(token.spelling.begin()))
+      token.flags |= Token::AreaA;
+  }
+}
+
+/// Moves on to the next line of text and gives it to the scanner.
+bool Lexer::readLine() {
+  lines.setDebuggingMode(context.debuggingMode);
+  if (isAtEnd || !lines.next()) {
+    isAtEnd = true;
+    return false;
+  }
+  atLineStart = true;
+  scanner.setText(lines.begin(), lines.end());
+  scanner.setDecimalPointIsComma(context.decimalPointIsComma);
+  return true;
+}
+
+/// Moves on to the next line that is not a directive.
+bool Lexer::nextLine() {
+  while (readLine()) {
+    if (!isDirective() || !obeyDirective())
+      return true;
+  }
+  for (const Conditional &conditional : conditionals)
+    context.diagnostics.report(DiagnosticId::DirectiveWithoutEnd, conditional.place,
+                               conditional.isEvaluate ? "EVALUATE" : "IF",
+                               conditional.isEvaluate ? "END-EVALUATE" : "END-IF");
+  conditionals.clear();
+  return false;
+}
+
+void Lexer::next(Token &token) {
+  switch (state) {
+  case State::Picture:
+    if (readPicture(token))
+      return;
+    break;
+  case State::EmbeddedText:
+    readEmbeddedText(token);
+    return;
+  case State::Plain:
+  case State::EmbeddedWord:
+    break;
+  }
+  for (;;) {
+    if (!scanner.scan(token)) {
+      if (nextLine())
+        continue;
+      token = Token();
+      token.flags = Token::PrecededBySpace | Token::FirstOnLine;
+      token.place = lines.endOfFile();
+      return;
+    }
+    setPlace(token);
+    if (checkToken(token))
+      return;
+  }
+}
+
+/// Does what \p token calls for; false when it is not for the parser.
+bool Lexer::checkToken(Token &token) {
+  if (token.keyword != Keyword::None) {
+    bool isKept = inPseudoText || actOnKeyword(token);
+    previousKeyword = token.keyword;
+    return isKept;
+  }
+  // EXEC and any word, then text of another language.
+  if (state == State::EmbeddedWord)
+    state = token.isWord() ? State::EmbeddedText : State::Plain;
+
+  Keyword before = std::exchange(previousKeyword, Keyword::None);
+  switch (token.kind) {
+  case TokenKind::Period:
+    if (context.inIdentificationDivision && (flagsOf(before) & KF_CommentParagraph)) {
+      scanner.setCursor(scanner.getEnd());
+      skipCommentEntry();
+    }
+    return true;
+  case TokenKind::AlphanumericLiteral:
+    if (scanner.isLiteralOpen())
+      context.diagnostics.report(
+          DiagnosticId::UnclosedLiteral, token.place,
+          token.text.ltrim("XNGZUBxngzub").starts_with("\"") ? "quotation mark" : "apostrophe");
+    if (lines.hasControlBytes())
+      for (const char &byte : token.text)
+        // Shift codes stand around double-byte characters.
+        if (classOf(byte) == CharacterClass::NotText && static_cast<unsigned char>(byte) < 0x20 &&
+            byte != 0x0E && byte != 0x0F)
+          reportNotText(&byte, &byte);
+    return true;
+  case TokenKind::Star:
+    // *CBL and *CONTROL are lines for the listing, also where column 7 is blank.
+    if (token.isFirstOnLine()) {
+      llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
+      llvm::StringRef word = rest.take_while(isWordCharacter);
+      if (word.equals_insensitive("CBL") || word.equals_insensitive("CONTROL"))
+        return skipToLineEnd();
+    }
+    return true;
+  case TokenKind::Other:
+    if (classOf(token.text.front()) == CharacterClass::NotText) {
+      const char *last = scanner.getCursor();
+      while (last < scanner.getEnd() && classOf(*last) == CharacterClass::NotText)
+        ++last;
+      scanner.setCursor(last);
+      reportNotText(token.text.begin(), last - 1);
+      return false;
+    }
+    return true;
+  default:
+    return true;
+  }
+}
+
+/// Does what a keyword calls for besides being one; false when it is not for the parser.
+bool Lexer::actOnKeyword(Token &token) {
+  if (state == State::EmbeddedWord) {
+    state = State::EmbeddedText;
+    return true;
+  }
+  switch (token.keyword) {
+  case Keyword::Pic:
+  case Keyword::Picture:
+    state = State::Picture;
+    return true;
+  case Keyword::Exec:
+  case Keyword::Execute:
+    state = State::EmbeddedWord;
+    return true;
+  case Keyword::Division:
+    context.inIdentificationDivision =
+        previousKeyword == Keyword::Id || previousKeyword == Keyword::Identification;
+    return true;
+  case Keyword::Eject:
+  case Keyword::Skip1:
+  case Keyword::Skip2:
+  case Keyword::Skip3:
+    skipListingStatement(/*hasLiteral=*/false);
+    return false;
+  case Keyword::Title:
+    if (!token.isFirstOnLine())
+      return true;
+    skipListingStatement(/*hasLiteral=*/true);
+    return false;
+  case Keyword::Basis:
+    isBasis = true;
+    skipSourceUpdate(token);
+    return false;
+  case Keyword::Insert:
+    skipSourceUpdate(token);
+    return false;
+  case Keyword::Delete:
+    if (!isBasis || !token.isFirstOnLine())
+      return true;
+    skipSourceUpdate(token);
+    return false;
+  default:
+    return true;
+  }
+}
+
+bool Lexer::skipToLineEnd() {
+  scanner.setCursor(scanner.getEnd());
+  return false;
+}
+
+/// EJECT, SKIP1 to SKIP3 and TITLE arrange a listing. They stand on a line of their own, with or
+/// without a period.
+void Lexer::skipListingStatement(bool hasLiteral) {
+  Token token;
+  const char *before = scanner.getCursor();
+  if (hasLiteral) {
+    if (scanner.scan(token) && token.is(TokenKind::AlphanumericLiteral)) {
+      before = scanner.getCursor();
+    } else {
+      context.diagnostics.report(DiagnosticId::TitleLiteralExpected, placeOfLine());
+      scanner.setCursor(before);
+    }
+  }
+  if (!scanner.scan(token) || !token.is(TokenKind::Period))
+    scanner.setCursor(before);
+}
+
+/// BASIS, INSERT and DELETE change a program that is stored elsewhere.
+void Lexer::skipSourceUpdate(const Token &token) {
+  context.diagnostics.report(DiagnosticId::SourceUpdateStatement, token.place, token.text);
+  skipToLineEnd();
+}
+
+void Lexer::reportNotText(const char *first, const char *last) {
+  SourceRange place = lines.rangeOf(first, last);
+  // Characters outside ASCII are faults of their own; of stray control bytes there may be many.
+  if (static_cast<unsigned char>(*first) >= 0x80) {
+    context.diagnostics.report(DiagnosticId::CharacterNotAllowed, place,
+                               llvm::StringRef(first, last - first + 1).take_front(40));
+    return;
+  }
+  if (!controlByteSeen)
+    context.diagnostics.report(DiagnosticId::ControlByte, place, showBytes(first, first));
+  controlByteSeen = true;
+}
+
+/// Reads what stands after PICTURE: IS, SYMBOL (of a currency sign), or the character-string.
+/// False when the text does not begin with any of them.
+bool Lexer::readPicture(Token &token) {
+  const char *at = scanner.getCursor();
+  for (;;) {
+    while (at < scanner.getEnd() && isBlank(*at))
+      ++at;
+    if (at < scanner.getEnd() && !llvm::StringRef(at, scanner.getEnd() - at).starts_with("*>"))
+      break;
+    if (!nextLine()) {
+      state = State::Plain;
+      return false;
+    }
+    at = scanner.getCursor();
+  }
+  scanner.setCursor(at);
+  llvm::StringRef text(at, scanner.getEnd() - at);
+  text = text.take_until(isBlank);
+  if (text.equals_insensitive("IS") || text.equals_insensitive("SYMBOL")) {
+    if (!text.equals_insensitive("IS"))
+      state = State::Plain;
+    scanner.scan(token);
+    token.flags |= Token::PrecededBySpace;
+    setPlace(token);
+    return true;
+  }
+  state = State::Plain;
+  text = pictureIn(text);
+  if (text.empty()) {
+    context.diagnostics.report(DiagnosticId::MissingPicture, lines.rangeOf(at, at),
+                               textOf(Keyword::Picture));
+    return false;
+  }
+  scanner.setCursor(text.end());
+  token.kind = TokenKind::PictureString;
+  token.keyword = previousKeyword = Keyword::None;
+  token.word = nullptr;
+  token.text = token.spelling = text;
+  token.flags = Token::PrecededBySpace;
+  setPlace(token);
+  return true;
+}
+
+/// Reads what stands before END-EXEC as one token, which may be empty.
+void Lexer::readEmbeddedText(Token &token) {
+  state = State::Plain;
+  constexpr llvm::StringLiteral terminator = "END-EXEC";
+  const SourceRange start = placeOfLine();
+  llvm::SmallString<256> joined;
+  SourceRange place;
+  const char *firstByte = nullptr;
+  const char *lastByte = nullptr;
+  unsigned pieces = 0;
+  bool isTerminated = false;
+
+  auto append = [&](llvm::StringRef piece) {
+    llvm::StringRef trimmed = piece.trim(" \t\f\v");
+    if (trimmed.empty())
+      return;
+    SourceRange range = lines.rangeOf(trimmed.begin(), trimmed.end() - 1);
+    if (pieces++ == 0) {
+      place = range;
+      firstByte = trimmed.begin();
+    } else {
+      joined += '\n';
+    }
+    // Indentation inside the text stays, for languages in which lines matter.
+    joined += pieces == 1 ? trimmed : piece.rtrim(" \t\f\v");
+    place.endLine = range.endLine;
+    place.endColumn = range.endColumn;
+    lastByte = trimmed.end();
+  };
+
+  for (;;) {
+    llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
+    size_t end = 0;
+    for (;; ++end) {
+      end = rest.find_insensitive(terminator, end);
+      if (end == llvm::StringRef::npos)
+        break;
+      llvm::StringRef after = rest.substr(end + terminator.size());
+      if ((end == 0 || !isWordCharacter(rest[end - 1])) &&
+          (after.empty() || !isWordCharacter(after.front())))
+        break;
+    }
+    append(rest.take_front(end));
+    isTerminated = end != llvm::StringRef::npos;
+    if (isTerminated) {
+      // Its token is to know that a space stands before it.
+      bool isAfterSpace = end > 0 && isBlank(rest[end - 1]);
+      scanner.setCursor(rest.begin() + end - isAfterSpace);
+      if (pieces == 0)
+        place = lines.rangeOf(rest.begin() + end, rest.begin() + end);
+      break;
+    }
+    scanner.setCursor(scanner.getEnd());
+    if (!nextLine())
+      break;
+  }
+  if (!isTerminated) {
+    context.diagnostics.report(DiagnosticId::UnclosedEmbeddedText, start, "text");
+    if (pieces == 0)
+      place = lines.endOfFile();
+  }
+
+  token = Token();
+  token.kind = TokenKind::EmbeddedText;
+  token.flags = Token::PrecededBySpace;
+  token.place = place;
+  atLineStart = atLineStart && isTerminated && pieces == 0;
+  if (pieces == 1) {
+    token.text = llvm::StringRef(firstByte, lastByte - firstByte);
+  } else if (pieces > 1) {
+    char *text = static_cast<char *>(allocateForever(joined.size(), 1));
+    std::memcpy(text, joined.data(), joined.size());
+    token.text = llvm::StringRef(text, joined.size());
+    token.flags |= Token::Continued;
+  }
+  token.spelling = token.text;
+}
+
+/// Whether the line that was just read begins with a header: in fixed form anything in area A, in
+/// free form the name of a paragraph that may follow, or the header of a division.
+bool Lexer::isHeaderLine() const {
+  llvm::StringRef text(lines.begin(), lines.end() - lines.begin());
+  llvm::StringRef first = text.ltrim(" \t\f\v");
+  if (lines.getFormat() != SourceFormat::Free)
+    return lines.isInAreaA(first.begin());
+  llvm::StringRef word = first.take_while(isWordCharacter);
+  Keyword keyword = context.words.lookup(word).keyword;
+  if (!(flagsOf(keyword) & KF_Header))
+    return false;
+  switch (keyword) {
+  case Keyword::Identification:
+  case Keyword::Id:
+  case Keyword::Environment:
+  case Keyword::Data:
+  case Keyword::Procedure: {
+    llvm::StringRef second = first.drop_front(word.size()).ltrim(" \t");
+    return second.take_while(isWordCharacter).equals_insensitive("DIVISION");
+  }
+  default:
+    // The name of a paragraph, which its period makes one.
+    return first.drop_front(word.size()).ltrim(" \t").starts_with(".");
+  }
+}
+
+void Lexer::skipCommentEntry() {
+  if (atLineStart && isHeaderLine())
+    return;
+  do {
+    if (!nextLine())
+      return;
+  } while (!isHeaderLine());
+}
+
+} // namespace tarka

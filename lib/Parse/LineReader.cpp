@@ -1,0 +1,408 @@
+//===- LineReader.cpp - lines of program text -----------------------------===//
+
+#include "Parse/LineReader.h"
+#include "CharacterTable.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include <algorithm>
+#include <cstring>
+
+namespace tarka {
+
+namespace {
+
+constexpr unsigned indicatorColumn = 7;
+constexpr unsigned textColumn = 8;
+constexpr unsigned areaBColumn = 12;
+constexpr unsigned lastTextColumn = 72;
+constexpr unsigned tabWidth = 8;
+
+bool isContinuationByte(char c) {
+  return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
+}
+
+/// The column behind the character that \p c begins, which stands in \p column.
+unsigned advanceColumn(unsigned column, char c) {
+  if (c == '\t')
+    return (column - 1) / tabWidth * tabWidth + tabWidth + 1;
+  return column + !isContinuationByte(c);
+}
+
+const char *skipBlanks(const char *from, const char *end) {
+  while (from < end && isBlank(*from))
+    ++from;
+  return from;
+}
+
+const char *trimEnd(const char *begin, const char *end) {
+  while (end > begin && isBlank(end[-1]))
+    --end;
+  return end;
+}
+
+bool beginsWith(const char *at, const char *end, llvm::StringRef text) {
+  return llvm::StringRef(at, end - at).starts_with(text);
+}
+
+/// Whether a chunk of eight bytes holds one below 0x20 or above 0x7F.
+bool holdsUnusual(uint64_t chunk) {
+  constexpr uint64_t ones = 0x0101010101010101;
+  constexpr uint64_t highs = 0x8080808080808080;
+  return (((chunk - ones * 0x20) & ~chunk) | chunk) & highs;
+}
+
+/// Follows literals through text that comes in pieces, to know whether one is open at its end.
+class LiteralTracker {
+public:
+  void read(llvm::StringRef text) {
+    for (size_t i = 0; i < text.size(); ++i) {
+      char c = text[i];
+      closed = open && c == open ? c : 0;
+      if (open)
+        open = closed ? 0 : open;
+      else if (c == '"' || c == '\'')
+        open = c;
+      else if (c == '*' && text.substr(i).starts_with("*>"))
+        return;
+    }
+  }
+  /// The quote that would close the literal; 0 when none is open.
+  char openQuote() const { return open; }
+  /// The quote that the text ends with, if it closed a literal.
+  char quoteJustClosed() const { return closed; }
+
+private:
+  char open = 0;
+  char closed = 0;
+};
+
+} // namespace
+
+LineReader::LineReader(const SourceFile &file, SourceFormat format,
+                       FrontEndDiagnostics &diagnostics, bool isMain)
+    : diagnostics(diagnostics), fileNumber(file.getNumber()), format(format),
+      optionsMayCome(isMain), position(file.getText().begin()), fileEnd(file.getText().end()) {}
+
+bool LineReader::next() {
+  PhysicalLine line;
+  while (readPhysicalLine(line)) {
+    if (optionsMayCome && isOptionsLine(line))
+      continue;
+    if (format == SourceFormat::Free ? acceptFree(line) : acceptFixed(line)) {
+      optionsMayCome = false;
+      return true;
+    }
+  }
+  return false;
+}
+
+SourceRange LineReader::endOfFile() const {
+  unsigned line = std::max(linesRead, 1u);
+  return {fileNumber, line, 1, line, 1};
+}
+
+/// Reads up to the next line's end: LF, CR LF or CR.
+bool LineReader::readPhysicalLine(PhysicalLine &line) {
+  if (position == fileEnd)
+    return false;
+  line.start = position;
+  line.number = ++linesRead;
+  line.isPlain = true;
+  line.controlBytes = false;
+  const char *at = position;
+  for (;;) {
+    // Eight bytes at a time over what is plain text.
+    while (fileEnd - at >= 8) {
+      uint64_t chunk;
+      std::memcpy(&chunk, at, 8);
+      if (holdsUnusual(chunk))
+        break;
+      at += 8;
+    }
+    while (at < fileEnd && static_cast<unsigned char>(*at - 0x20) < 0x60)
+      ++at;
+    if (at == fileEnd || *at == '\n' || *at == '\r')
+      break;
+    if (*at == '\t' || static_cast<unsigned char>(*at) >= 0x80)
+      line.isPlain = false;
+    else if (!isBlank(*at))
+      line.controlBytes = true;
+    ++at;
+  }
+  line.end = at;
+  if (at < fileEnd && *at == '\r')
+    ++at;
+  if (at < fileEnd && *at == '\n' && (at == line.end || at[-1] == '\r'))
+    ++at;
+  position = at;
+  return true;
+}
+
+/// Finds the parts of a line in fixed form. Columns count characters, and a tab goes on to the
+/// next multiple of eight.
+LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
+  FixedLine parts;
+  if (line.isPlain) {
+    size_t length = line.end - line.start;
+    auto columnAt = [&](size_t column) { return line.start + std::min(length, column - 1); };
+    if (length >= indicatorColumn)
+      parts.indicator = line.start[indicatorColumn - 1];
+    parts.text = columnAt(textColumn);
+    parts.areaB = columnAt(areaBColumn);
+    parts.limit = columnAt(lastTextColumn + 1);
+    return parts;
+  }
+  parts.text = parts.areaB = parts.limit = line.end;
+  unsigned column = 1;
+  for (const char *at = line.start; at < line.end; ++at) {
+    if (!isContinuationByte(*at)) {
+      if (column == indicatorColumn)
+        parts.indicator = *at == '\t' ? ' ' : *at;
+      if (column >= textColumn)
+        parts.text = std::min(parts.text, at);
+      if (column >= areaBColumn)
+        parts.areaB = std::min(parts.areaB, at);
+      if (column > lastTextColumn) {
+        parts.limit = at;
+        break;
+      }
+    }
+    column = advanceColumn(column, *at);
+  }
+  return parts;
+}
+
+/// The column in which the character at \p at stands or would stand.
+unsigned LineReader::columnBehind(const PhysicalLine &line, const char *at) {
+  if (line.isPlain)
+    return static_cast<unsigned>(at - line.start) + 1;
+  unsigned column = 1;
+  for (const char *from = line.start; from < at; ++from)
+    column = advanceColumn(column, *from);
+  return column;
+}
+
+void LineReader::report(DiagnosticId id, const PhysicalLine &line, const char *at,
+                        llvm::StringRef text) {
+  if (quiet)
+    return;
+  unsigned column = columnOf(line.start, at);
+  diagnostics.report(id, SourceRange{fileNumber, line.number, column, line.number, column}, text);
+}
+
+/// Makes [begin, end) of \p line the text to read.
+void LineReader::take(const PhysicalLine &line, const char *begin, const char *end) {
+  textBegin = begin;
+  textEnd = end;
+  lineStart = line.start;
+  lineNumber = line.number;
+  isPlain = line.isPlain;
+  controlBytes = line.controlBytes;
+  segments.clear();
+}
+
+bool LineReader::acceptFree(const PhysicalLine &line) {
+  const char *begin = skipBlanks(line.start, line.end);
+  const char *end = trimEnd(begin, line.end);
+  if (begin == end || beginsWith(begin, end, "*>"))
+    return false;
+  take(line, line.start, end);
+  areaB = end;
+  return true;
+}
+
+bool LineReader::acceptFixed(const PhysicalLine &line) {
+  FixedLine parts = divide(line);
+  // A directive that changes the form is usually written for the form that it changes to.
+  const char *directive = skipBlanks(line.start, parts.text);
+  if (beginsWith(directive, line.end, ">>") && directive < parts.text) {
+    parts.text = parts.areaB = directive;
+    parts.limit = line.end;
+  } else if (parts.indicator != ' ' && !acceptIndicator(line, parts)) {
+    return false;
+  }
+  const char *end = trimEnd(parts.text, parts.limit);
+  const char *first = skipBlanks(parts.text, end);
+  if (first == end || beginsWith(first, end, "*>"))
+    return false;
+  take(line, parts.text, end);
+  areaB = parts.areaB;
+  if (isContinued())
+    joinContinuations(line, parts.limit);
+  return true;
+}
+
+/// Whether a line whose column 7 is not blank holds program text.
+bool LineReader::acceptIndicator(const PhysicalLine &line, FixedLine &parts) {
+  const char *at = parts.text > line.start ? parts.text - 1 : parts.text;
+  switch (parts.indicator) {
+  case '*':
+  case '/':
+    return false;
+  case 'D':
+  case 'd':
+    return debugging;
+  case '-':
+    report(DiagnosticId::NothingToContinue, line, at);
+    return true;
+  default:
+    break;
+  }
+  if (classOf(parts.indicator) == CharacterClass::Blank)
+    return true;
+  report(DiagnosticId::UnknownIndicator, line, at, llvm::StringRef(&parts.indicator, 1));
+  // Program text that begins a column too early is read all the same.
+  if (isWordCharacter(parts.indicator) && parts.text < parts.limit && isWordCharacter(*parts.text))
+    parts.text = at;
+  return true;
+}
+
+/// A line CBL or PROCESS, which may begin in any column, after a sequence number or without one.
+bool LineReader::isOptionsLine(const PhysicalLine &line) const {
+  llvm::StringRef text(line.start, line.end - line.start);
+  text = text.ltrim("0123456789 \t");
+  llvm::StringRef word = text.take_while(isWordCharacter);
+  return word.equals_insensitive("CBL") || word.equals_insensitive("PROCESS");
+}
+
+/// Whether the next line that is neither comment nor blank continues the line just read.
+bool LineReader::isContinued() const {
+  const char *at = position;
+  while (at < fileEnd) {
+    const char *lineEnd = at;
+    PhysicalLine line;
+    line.start = at;
+    while (lineEnd < fileEnd && *lineEnd != '\n' && *lineEnd != '\r' &&
+           lineEnd - at < indicatorColumn) {
+      line.isPlain &= *lineEnd >= ' ';
+      ++lineEnd;
+    }
+    // The indicator itself, where nothing odd stands before it.
+    if (line.isPlain && lineEnd - at == indicatorColumn && at[indicatorColumn - 1] == '-')
+      return true;
+    // Otherwise only lines that do not count have others behind them that might.
+    lineEnd = std::find_if(lineEnd, fileEnd, [](char c) { return c == '\n' || c == '\r'; });
+    line.end = lineEnd;
+    line.isPlain = line.isPlain && !std::memchr(at, '\t', lineEnd - at);
+    FixedLine parts = divide(line);
+    if (parts.indicator == '-')
+      return true;
+    const char *first = skipBlanks(parts.text, parts.limit);
+    bool isComment = parts.indicator == '*' || parts.indicator == '/' ||
+                     ((parts.indicator == 'D' || parts.indicator == 'd') && !debugging) ||
+                     first == parts.limit || beginsWith(first, parts.limit, "*>");
+    if (!isComment)
+      return false;
+    at = lineEnd + (lineEnd < fileEnd);
+    if (at < fileEnd && *lineEnd == '\r' && *at == '\n')
+      ++at;
+  }
+  return false;
+}
+
+/// Puts the text of \p line, which ends at \p limit, and of its continuation lines together.
+void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) {
+  llvm::SmallString<256> joined;
+  LiteralTracker literals;
+  PhysicalLine last = line;
+  const char *lastLimit = limit;
+  const char *begin = textBegin;
+  size_t areaASize = areaB - textBegin;
+  bool control = controlBytes;
+
+  auto append = [&](const PhysicalLine &from, const char *first, const char *end) {
+    segments.push_back({joined.size(), first, from.start, from.end, from.number});
+    llvm::StringRef text(first, end - first);
+    literals.read(text);
+    joined += text;
+  };
+  segments.clear();
+  append(line, begin, trimEnd(begin, limit));
+
+  do {
+    PhysicalLine more;
+    FixedLine parts;
+    do {
+      readPhysicalLine(more);
+      parts = divide(more);
+    } while (parts.indicator != '-');
+    control |= more.controlBytes;
+    const char *end = trimEnd(parts.text, parts.limit);
+    const char *first = skipBlanks(parts.text, end);
+    if (first < parts.areaB && first < end)
+      report(DiagnosticId::ContinuationInAreaA, more, first);
+
+    const char *written = segments.back().source + (joined.size() - segments.back().offset);
+    bool isFull = columnBehind(last, written) > lastTextColumn;
+    if (char quote = literals.openQuote()) {
+      // A literal that goes on has all the spaces up to column 72, and begins again with a quote.
+      joined += llvm::StringRef(written, lastLimit - written);
+      for (unsigned column = columnBehind(last, lastLimit); column <= lastTextColumn; ++column)
+        joined += ' ';
+      if (first < end && *first == quote)
+        ++first;
+      else
+        report(DiagnosticId::ContinuedLiteralWithoutQuote, more, first < end ? first : more.start,
+               quote == '"' ? "a quotation mark" : "an apostrophe");
+    } else if (char closed = literals.quoteJustClosed();
+               closed && isFull && beginsWith(first, end, std::string(2, closed))) {
+      // A quote inside a literal is written twice: once in column 72, and once behind the quote
+      // with which the literal begins again.
+      ++first;
+    }
+    append(more, first, end);
+    last = more;
+    lastLimit = parts.limit;
+  } while (isContinued());
+
+  // Tokens point into the joined text, so it stays.
+  char *text = static_cast<char *>(allocateForever(joined.size(), 1));
+  std::memcpy(text, joined.data(), joined.size());
+  textBegin = text;
+  textEnd = text + joined.size();
+  areaB = text + std::min(areaASize, joined.size());
+  isPlain = false;
+  controlBytes = control;
+  currentSegment = 0;
+}
+
+/// The column of the character at \p at in the line that begins at \p start: as many characters
+/// as there are up to there.
+unsigned LineReader::columnOf(const char *start, const char *at) {
+  const char *behind = at < fileEnd ? at + 1 : at;
+  if (countedLine != start || behind < countedTo) {
+    countedLine = countedTo = start;
+    countedColumns = 0;
+  }
+  countedColumns += std::count_if(countedTo, behind, [](char c) { return !isContinuationByte(c); });
+  countedTo = behind;
+  return std::max(countedColumns, 1u);
+}
+
+void LineReader::locate(const char *at, unsigned &line, unsigned &column) {
+  if (segments.empty()) {
+    line = lineNumber;
+    column = columnOf(lineStart, at);
+    return;
+  }
+  size_t offset = at - textBegin;
+  if (segments[currentSegment].offset > offset)
+    currentSegment = 0;
+  while (currentSegment + 1 < segments.size() && segments[currentSegment + 1].offset <= offset)
+    ++currentSegment;
+  const Segment &segment = segments[currentSegment];
+  line = segment.line;
+  // The spaces that a literal has up to column 72 need not stand in the file.
+  size_t room = segment.lineEnd - segment.source;
+  column = columnOf(segment.lineStart, segment.source + std::min(offset - segment.offset, room));
+}
+
+SourceRange LineReader::rangeOfUnplain(const char *first, const char *last) {
+  SourceRange range;
+  range.file = fileNumber;
+  locate(first, range.beginLine, range.beginColumn);
+  locate(last, range.endLine, range.endColumn);
+  return range;
+}
+
+} // namespace tarka

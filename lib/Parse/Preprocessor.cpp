@@ -1,0 +1,515 @@
+//===- Preprocessor.cpp - COPY, REPLACE and the token stream --------------===//
+
+#include "Parse/Preprocessor.h"
+#include "Parse/Lexer.h"
+#include "Replacer.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include <memory>
+#include <vector>
+
+namespace tarka {
+
+/// Carries out COPY and REPLACE. Copied text is read by a lexer of its own, on top of the one that
+/// met the COPY; a REPLACING belongs to the text that it was written for.
+class Preprocessor {
+public:
+  Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+
+  void next(Token &token);
+
+  void setDebuggingMode(bool on) { context.debuggingMode = on; }
+  void setDecimalPointIsComma(bool on);
+  void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
+
+private:
+  /// One file that is being read.
+  struct Level {
+    Level(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
+        : file(file), lexer(file, format, context, isMain) {}
+
+    void next(Token &token) {
+      if (!hasPushedBack) {
+        lexer.next(token);
+        return;
+      }
+      token = pushedBack;
+      hasPushedBack = false;
+    }
+    void pushBack(const Token &token) {
+      pushedBack = token;
+      hasPushedBack = true;
+    }
+
+    const SourceFile &file;
+    Lexer lexer;
+    std::unique_ptr<Replacer> replacer; ///< of the COPY that opened it, if it has REPLACING
+    Token pushedBack;
+    bool hasPushedBack = false;
+  };
+
+  struct CopyStatement {
+    SourceRange place; ///< of the text-name
+    std::string textName;
+    std::string library;
+    std::vector<Replacement> replacements;
+  };
+
+  void read(Token &token);
+  void readBelow(size_t level, Token &token);
+  void readReplaced(size_t level, Token &token);
+  void closeLevel();
+
+  void copy(const Token &copyWord);
+  bool readCopyStatement(const Token &copyWord, CopyStatement &statement);
+  bool readCopyName(Token &token, std::string &name);
+  void openCopybook(CopyStatement &statement);
+  std::string chainTo(const SourceFile &file) const;
+
+  void replace(const Token &replaceWord);
+  bool readReplacements(Token &token, llvm::StringRef statement, std::vector<Replacement> &pairs);
+  bool readReplacement(Token &token, llvm::StringRef statement, Replacement &pair);
+  bool readOperand(Token &token, llvm::SmallVectorImpl<Token> &tokens);
+  bool readPseudoText(const Token &opening, llvm::SmallVectorImpl<Token> &tokens);
+  bool makePartial(const Token &keyword, Replacement &pair);
+  void skipStatement(Token token);
+
+  /// The next token of the file on top, which COPY and REPLACE statements are read from.
+  void readRaw(Token &token) { levels.back()->next(token); }
+  /// Ends the text after a fault that makes reading on pointless.
+  void stop(const SourceRange &place) {
+    isStopped = true;
+    stopPlace = place;
+  }
+
+  SourceManager &files;
+  FrontEndDiagnostics &diagnostics;
+  LexerContext context;
+  std::vector<std::unique_ptr<Level>> levels;
+  unsigned replacingLevels = 0;
+  unsigned copyCount = 0;
+  uint64_t tokensMade = 0;
+  Replacer replacer; ///< of REPLACE
+  bool isStopped = false;
+  SourceRange stopPlace;
+  bool hasBegun = false;
+};
+
+Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files,
+                           FrontEndDiagnostics &diagnostics)
+    : files(files), diagnostics(diagnostics), context(files.getOptions(), diagnostics),
+      replacer(context, tokensMade) {
+  SourceFormat format = context.options.format;
+  if (format == SourceFormat::Auto)
+    format = main.getFormat(SourceFormat::Fixed);
+  levels.push_back(std::make_unique<Level>(main, format, context, /*isMain=*/true));
+}
+
+void Preprocessor::setDecimalPointIsComma(bool on) {
+  context.decimalPointIsComma = on;
+  for (const std::unique_ptr<Level> &level : levels)
+    level->lexer.updateDecimalPoint();
+}
+
+void Preprocessor::next(Token &token) {
+  while (!isStopped) {
+    if (replacer.isActive())
+      replacer.next(token, [this](Token &source) { read(source); });
+    else
+      read(token);
+    if (token.keyword != Keyword::Replace || token.isFromReplacement())
+      break;
+    replace(token);
+  }
+  if (tokensMade > context.options.limits.replacementTokens && !isStopped) {
+    diagnostics.report(DiagnosticId::ReplacementTooLarge, token.place,
+                       context.options.limits.replacementTokens);
+    stop(token.place);
+  }
+  if (isStopped) {
+    token = Token();
+    token.place = stopPlace;
+  }
+  if (!hasBegun && token.is(TokenKind::EndOfFile) && !diagnostics.hasErrors())
+    diagnostics.report(DiagnosticId::NothingToCompile, token.place);
+  hasBegun = true;
+}
+
+/// The next token of all the text, COPY carried out.
+void Preprocessor::read(Token &token) {
+  if (replacingLevels > 0) {
+    readBelow(0, token);
+    return;
+  }
+  for (;;) {
+    readRaw(token);
+    if (token.keyword == Keyword::Copy)
+      copy(token);
+    else if (token.is(TokenKind::EndOfFile) && levels.size() > 1)
+      closeLevel();
+    else
+      return;
+    if (isStopped || replacingLevels > 0) {
+      readBelow(0, token);
+      return;
+    }
+  }
+}
+
+/// The next token of the text of \p level and of what it copies.
+void Preprocessor::readBelow(size_t level, Token &token) {
+  for (;;) {
+    if (isStopped) {
+      token = Token();
+      return;
+    }
+    if (level + 1 < levels.size()) {
+      readReplaced(level + 1, token);
+      if (!token.is(TokenKind::EndOfFile) || isStopped)
+        return;
+      closeLevel();
+      continue;
+    }
+    levels[level]->next(token);
+    if (token.keyword != Keyword::Copy)
+      return;
+    copy(token);
+  }
+}
+
+/// The same after the replacement that the COPY of \p level asks for.
+void Preprocessor::readReplaced(size_t level, Token &token) {
+  if (Replacer *own = levels[level]->replacer.get())
+    own->next(token, [this, level](Token &source) { readBelow(level, source); });
+  else
+    readBelow(level, token);
+}
+
+void Preprocessor::closeLevel() {
+  replacingLevels -= levels.back()->replacer != nullptr;
+  levels.pop_back();
+}
+
+//===----------------------------------------------------------------------===//
+// COPY
+//===----------------------------------------------------------------------===//
+
+void Preprocessor::copy(const Token &copyWord) {
+  CopyStatement statement;
+  if (readCopyStatement(copyWord, statement))
+    openCopybook(statement);
+}
+
+/// COPY text-name [OF library] [SUPPRESS] [REPLACING pairs] .
+bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &statement) {
+  Token token;
+  readRaw(token);
+  statement.place = token.place;
+  if (!readCopyName(token, statement.textName)) {
+    diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place);
+    skipStatement(token);
+    return false;
+  }
+  readRaw(token);
+  if (token.is(Keyword::Of) || token.is(Keyword::In)) {
+    llvm::StringRef preposition = token.text;
+    SourceRange place = token.place;
+    readRaw(token);
+    if (!readCopyName(token, statement.library)) {
+      diagnostics.report(DiagnosticId::CopyLibraryExpected, place, preposition);
+      skipStatement(token);
+      return false;
+    }
+    readRaw(token);
+  }
+  if (token.is(Keyword::Suppress)) {
+    readRaw(token);
+    if (token.is(Keyword::Printing))
+      readRaw(token);
+  }
+  if (token.is(Keyword::Replacing)) {
+    readRaw(token);
+    if (!readReplacements(token, "REPLACING", statement.replacements)) {
+      skipStatement(token);
+      return true;
+    }
+  }
+  if (!token.is(TokenKind::Period)) {
+    diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place);
+    levels.back()->pushBack(token);
+  }
+  return true;
+}
+
+/// The name of a copybook or library: a word, or a literal that holds any name.
+bool Preprocessor::readCopyName(Token &token, std::string &name) {
+  if (token.is(TokenKind::AlphanumericLiteral)) {
+    name = token.text.trim("\"'").str();
+    return !name.empty();
+  }
+  name = token.spelling.str();
+  return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
+}
+
+/// Begins to read a copybook.
+void Preprocessor::openCopybook(CopyStatement &statement) {
+  const ParseLimits &limits = context.options.limits;
+  const Level &includer = *levels.back();
+  if (levels.size() > limits.copyDepth) {
+    diagnostics.report(DiagnosticId::CopyTooDeep, statement.place, limits.copyDepth);
+    stop(statement.place);
+    return;
+  }
+  if (copyCount++ == limits.copyExpansions) {
+    diagnostics.report(DiagnosticId::TooManyCopies, statement.place, limits.copyExpansions);
+    stop(statement.place);
+    return;
+  }
+  llvm::ErrorOr<const SourceFile *> file =
+      files.findCopybook(statement.textName, statement.library, includer.file);
+  if (!file) {
+    std::string shown = statement.textName;
+    if (!statement.library.empty())
+      shown += " of " + statement.library;
+    if (file.getError() == std::errc::no_such_file_or_directory)
+      diagnostics.report(DiagnosticId::CopybookNotFound, statement.place, shown,
+                         files.describeSearch(statement.library, includer.file));
+    else
+      diagnostics.report(DiagnosticId::CopybookUnreadable, statement.place, shown,
+                         file.getError().message());
+    return;
+  }
+  if (llvm::any_of(levels, [&](const auto &level) { return &level->file == *file; })) {
+    diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(**file));
+    return;
+  }
+  // Copied text is laid out like the text that copies it, unless its lines show something else.
+  SourceFormat format = includer.lexer.getFormat();
+  if (context.options.format == SourceFormat::Auto)
+    format = (*file)->getFormat(format);
+  levels.push_back(std::make_unique<Level>(**file, format, context, /*isMain=*/false));
+  if (!statement.replacements.empty()) {
+    levels.back()->replacer = std::make_unique<Replacer>(context, tokensMade);
+    levels.back()->replacer->setReplacements(std::move(statement.replacements));
+    ++replacingLevels;
+  }
+}
+
+/// How \p file, which is being read already, came to be copied again.
+std::string Preprocessor::chainTo(const SourceFile &file) const {
+  std::string chain;
+  bool isInside = false;
+  for (const std::unique_ptr<Level> &level : levels) {
+    isInside |= &level->file == &file;
+    if (isInside)
+      chain += level->file.getName().str() + " -> ";
+  }
+  return chain + file.getName().str();
+}
+
+//===----------------------------------------------------------------------===//
+// REPLACE, and the pairs of REPLACING
+//===----------------------------------------------------------------------===//
+
+/// REPLACE pairs . and REPLACE OFF .
+void Preprocessor::replace(const Token &replaceWord) {
+  std::vector<Replacement> pairs;
+  Token token;
+  readRaw(token);
+  if (token.is(Keyword::Off)) {
+    readRaw(token);
+  } else if (!readReplacements(token, "REPLACE", pairs)) {
+    skipStatement(token);
+    return;
+  }
+  replacer.setReplacements(std::move(pairs));
+  if (!token.is(TokenKind::Period)) {
+    diagnostics.report(DiagnosticId::ReplacePeriodExpected, replaceWord.place);
+    levels.back()->pushBack(token);
+  }
+}
+
+/// Reads pairs from \p token on, up to what belongs to no pair, which is then \p token.
+bool Preprocessor::readReplacements(Token &token, llvm::StringRef statement,
+                                    std::vector<Replacement> &pairs) {
+  do {
+    Replacement pair;
+    if (!readReplacement(token, statement, pair))
+      return false;
+    pairs.push_back(std::move(pair));
+  } while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile));
+  return true;
+}
+
+/// [LEADING|TRAILING] text BY text
+bool Preprocessor::readReplacement(Token &token, llvm::StringRef statement, Replacement &pair) {
+  Token keyword = token;
+  bool isPart = token.is(Keyword::Leading) || token.is(Keyword::Trailing);
+  if (isPart)
+    readRaw(token);
+  SourceRange place = token.place;
+  bool isPseudoText = token.is(TokenKind::PseudoText);
+  if (!readOperand(token, pair.from)) {
+    diagnostics.report(DiagnosticId::ReplaceOperandExpected, place, statement);
+    return false;
+  }
+  llvm::erase_if(pair.from, [](const Token &word) { return word.is(TokenKind::Comma); });
+  if (pair.from.empty() && isPseudoText) {
+    diagnostics.report(DiagnosticId::EmptyPseudoTextReplaced, place);
+    return false;
+  }
+  if (!token.is(Keyword::By)) {
+    diagnostics.report(DiagnosticId::ReplaceByExpected, token.place);
+    return false;
+  }
+  readRaw(token);
+  place = token.place;
+  if (!readOperand(token, pair.to)) {
+    diagnostics.report(DiagnosticId::ReplacementExpected, place);
+    return false;
+  }
+  return !isPart || makePartial(keyword, pair);
+}
+
+/// One side of a pair: pseudo-text, a literal, or an identifier with its qualifiers and subscripts.
+/// \p token is the first token of it, and after it the first one behind it.
+bool Preprocessor::readOperand(Token &token, llvm::SmallVectorImpl<Token> &tokens) {
+  auto take = [&] {
+    tokens.push_back(token);
+    readRaw(token);
+  };
+  switch (token.kind) {
+  case TokenKind::PseudoText:
+    if (!readPseudoText(token, tokens))
+      return false;
+    readRaw(token);
+    return true;
+  case TokenKind::AlphanumericLiteral:
+  case TokenKind::IntegerLiteral:
+  case TokenKind::NumericLiteral:
+    take();
+    return true;
+  case TokenKind::Plus:
+  case TokenKind::Minus:
+    take();
+    if (!token.isNumber())
+      return false;
+    take();
+    return true;
+  case TokenKind::Word:
+    if (token.is(Keyword::By))
+      return false;
+    take();
+    break;
+  default:
+    return false;
+  }
+  while (token.is(Keyword::Of) || token.is(Keyword::In)) {
+    take();
+    if (!token.isWord())
+      return false;
+    take();
+  }
+  while (token.is(TokenKind::LParen)) {
+    unsigned depth = 0;
+    do {
+      if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile))
+        return false;
+      depth += token.is(TokenKind::LParen);
+      depth -= token.is(TokenKind::RParen);
+      take();
+    } while (depth > 0);
+  }
+  return true;
+}
+
+/// The text between == and ==, of which \p opening is the first.
+bool Preprocessor::readPseudoText(const Token &opening, llvm::SmallVectorImpl<Token> &tokens) {
+  Lexer &lexer = levels.back()->lexer;
+  lexer.setInPseudoText(true);
+  Token token;
+  for (;;) {
+    lexer.next(token);
+    if (token.isOneOf(TokenKind::PseudoText, TokenKind::EndOfFile))
+      break;
+    tokens.push_back(token);
+  }
+  lexer.setInPseudoText(false);
+  if (token.is(TokenKind::EndOfFile))
+    diagnostics.report(DiagnosticId::UnclosedPseudoText, opening.place);
+  return true;
+}
+
+/// Makes \p pair one for parts of words: each side is one string without spaces, and only the
+/// replacing side may be empty.
+bool Preprocessor::makePartial(const Token &keyword, Replacement &pair) {
+  auto join = [](llvm::ArrayRef<Token> tokens, std::string &text) {
+    for (const Token &token : tokens) {
+      if (!text.empty() && token.isPrecededBySpace())
+        return false;
+      text += token.spelling;
+    }
+    return true;
+  };
+  if (!join(pair.from, pair.fromPart) || !join(pair.to, pair.toPart)) {
+    diagnostics.report(DiagnosticId::PartialWordOperand, keyword.place, keyword.text);
+    return false;
+  }
+  pair.fromPart = llvm::StringRef(pair.fromPart).upper();
+  // Marks are no part of a word: such text stands before or after words as words of its own.
+  bool isOfWord =
+      llvm::all_of(pair.fromPart, [](char c) { return llvm::isAlnum(c) || c == '-' || c == '_'; });
+  if (isOfWord)
+    pair.kind =
+        keyword.is(Keyword::Leading) ? Replacement::Kind::Leading : Replacement::Kind::Trailing;
+  return true;
+}
+
+/// Passes over the rest of a statement that cannot be read, from \p token to its period.
+void Preprocessor::skipStatement(Token token) {
+  while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile)) {
+    // A verb or a header shows that the period was forgotten.
+    if (token.isVerb() || token.isInAreaA()) {
+      levels.back()->pushBack(token);
+      return;
+    }
+    readRaw(token);
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// TokenStream
+//===----------------------------------------------------------------------===//
+
+TokenStream::TokenStream(const SourceFile &main, SourceManager &files,
+                         FrontEndDiagnostics &diagnostics)
+    : source(std::make_unique<Preprocessor>(main, files, diagnostics)) {}
+
+TokenStream::~TokenStream() = default;
+
+void TokenStream::fill(unsigned wanted) {
+  for (; count < wanted; ++count)
+    source->next(ring[(first + count) % lookAhead]);
+}
+
+void TokenStream::setDebuggingMode(bool on) {
+  source->setDebuggingMode(on);
+}
+
+void TokenStream::setDecimalPointIsComma(bool on) {
+  source->setDecimalPointIsComma(on);
+}
+
+void TokenStream::skipCommentEntry() {
+  auto isHeader = [](const Token &token) {
+    return token.is(TokenKind::EndOfFile) ||
+           (token.isInAreaA() && (flagsOf(token.keyword) & KF_Header));
+  };
+  // What was looked at already is part of the entry, unless a header is among it.
+  for (; count > 0; skip())
+    if (isHeader(peek()))
+      return;
+  source->skipCommentEntry();
+}
+
+} // namespace tarka

@@ -1,0 +1,230 @@
+//===- Scanner.cpp - from characters to tokens ----------------------------===//
+
+#include "CharacterTable.h"
+#include "Parse/Lexer.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include <cstring>
+
+namespace tarka {
+
+/// The letters that make what follows a literal of a special kind.
+static bool isLiteralPrefix(llvm::StringRef word) {
+  static constexpr llvm::StringLiteral prefixes[] = {"X", "N",  "NX", "G", "Z",
+                                                     "U", "UX", "B",  "BX"};
+  return word.size() <= 2 && llvm::any_of(prefixes, [word](llvm::StringRef prefix) {
+           return word.equals_insensitive(prefix);
+         });
+}
+
+llvm::StringRef pictureIn(llvm::StringRef text) {
+  if (!text.empty() && llvm::StringRef(".,;").contains(text.back()))
+    text = text.drop_back();
+  return text;
+}
+
+void Scanner::finish(Token &token, TokenKind kind, const char *begin) {
+  token.kind = previous = kind;
+  token.keyword = Keyword::None;
+  token.word = nullptr;
+  token.text = token.spelling = llvm::StringRef(begin, cursor - begin);
+}
+
+bool Scanner::scan(Token &token) {
+  token.flags = 0;
+  for (; cursor < textEnd; ++cursor) {
+    const char *begin = cursor;
+    switch (classOf(*cursor)) {
+    case CharacterClass::Blank:
+      token.flags |= Token::PrecededBySpace;
+      continue;
+
+    case CharacterClass::Separator:
+      if (*cursor == decimalPoint && beginsFraction(token.isPrecededBySpace())) {
+        scanNumber(token, begin);
+        return true;
+      }
+      if (keepsCommas && cursor + 1 < textEnd && !isBlank(cursor[1])) {
+        ++cursor;
+        finish(token, TokenKind::Comma, begin);
+        return true;
+      }
+      token.flags |= Token::PrecededBySpace;
+      continue;
+
+    case CharacterClass::Letter:
+      scanWord(token, begin);
+      return true;
+
+    case CharacterClass::Digit:
+      scanNumber(token, begin);
+      return true;
+
+    case CharacterClass::Quote:
+      scanLiteral(token, begin);
+      return true;
+
+    case CharacterClass::Mark:
+      // A floating comment takes the rest of the line.
+      if (*cursor == '*' && cursor + 1 < textEnd && cursor[1] == '>') {
+        cursor = textEnd;
+        return false;
+      }
+      if (*cursor == decimalPoint && beginsFraction(token.isPrecededBySpace()))
+        scanNumber(token, begin);
+      else
+        scanMark(token, begin);
+      return true;
+
+    case CharacterClass::Unknown:
+    case CharacterClass::NotText:
+      ++cursor;
+      finish(token, TokenKind::Other, begin);
+      return true;
+    }
+  }
+  return false;
+}
+
+/// Whether the decimal point at the cursor begins a number: a digit follows it, and it does not
+/// end something before it.
+bool Scanner::beginsFraction(bool afterSpace) const {
+  if (cursor + 1 >= textEnd || !isDigitCharacter(cursor[1]))
+    return false;
+  return afterSpace ||
+         (previous != TokenKind::Word && previous != TokenKind::RParen &&
+          previous != TokenKind::IntegerLiteral && previous != TokenKind::NumericLiteral &&
+          previous != TokenKind::AlphanumericLiteral);
+}
+
+void Scanner::scanWord(Token &token, const char *begin) {
+  while (cursor < textEnd && isWordCharacter(*cursor))
+    ++cursor;
+  if (cursor < textEnd && classOf(*cursor) == CharacterClass::Quote &&
+      isLiteralPrefix(llvm::StringRef(begin, cursor - begin))) {
+    scanLiteral(token, begin);
+    return;
+  }
+  // A hyphen joins two parts of a word; it does not end one.
+  while (cursor[-1] == '-')
+    --cursor;
+  finish(token, TokenKind::Word, begin);
+  token.word = &words.lookup(token.spelling);
+  token.keyword = token.word->keyword;
+  token.text = *token.word->text;
+}
+
+/// A number, or a word that begins with digits.
+void Scanner::scanNumber(Token &token, const char *begin) {
+  auto skipDigits = [this] {
+    while (cursor < textEnd && isDigitCharacter(*cursor))
+      ++cursor;
+  };
+  auto isDigitAt = [this](const char *at) { return at < textEnd && isDigitCharacter(*at); };
+
+  skipDigits();
+  if (cursor < textEnd && isWordCharacter(*cursor)) {
+    const char *after = cursor;
+    while (after < textEnd && *after == '-')
+      ++after;
+    if (after < textEnd && isWordCharacter(*after)) {
+      scanWord(token, begin);
+      return;
+    }
+  }
+  if (cursor == textEnd || *cursor != decimalPoint || !isDigitAt(cursor + 1)) {
+    finish(token, TokenKind::IntegerLiteral, begin);
+    return;
+  }
+  ++cursor;
+  skipDigits();
+  // The exponent of a floating-point literal.
+  if (cursor < textEnd && (*cursor == 'E' || *cursor == 'e')) {
+    const char *digits = cursor + 1;
+    if (digits < textEnd && (*digits == '+' || *digits == '-'))
+      ++digits;
+    if (isDigitAt(digits)) {
+      cursor = digits;
+      skipDigits();
+    }
+  }
+  finish(token, TokenKind::NumericLiteral, begin);
+}
+
+/// A literal in quotes; its prefix, if it has one, is scanned already. A quote inside is written
+/// twice.
+void Scanner::scanLiteral(Token &token, const char *begin) {
+  char quote = *cursor++;
+  literalIsOpen = false;
+  for (;;) {
+    const void *found = std::memchr(cursor, quote, textEnd - cursor);
+    if (!found) {
+      cursor = textEnd;
+      literalIsOpen = true;
+      break;
+    }
+    cursor = static_cast<const char *>(found) + 1;
+    if (cursor == textEnd || *cursor != quote)
+      break;
+    ++cursor;
+  }
+  finish(token, TokenKind::AlphanumericLiteral, begin);
+}
+
+void Scanner::scanMark(Token &token, const char *begin) {
+  char c = *cursor++;
+  char following = cursor < textEnd ? *cursor : ' ';
+  auto two = [this](TokenKind kind) {
+    ++cursor;
+    return kind;
+  };
+  TokenKind kind = TokenKind::Other;
+  switch (c) {
+  case '.':
+    kind = TokenKind::Period;
+    break;
+  case '(':
+    kind = TokenKind::LParen;
+    break;
+  case ')':
+    kind = TokenKind::RParen;
+    break;
+  case ':':
+    kind = TokenKind::Colon;
+    break;
+  case '&':
+    kind = TokenKind::Ampersand;
+    break;
+  case '/':
+    kind = TokenKind::Slash;
+    break;
+  case '+':
+  case '-': {
+    kind = c == '+' ? TokenKind::Plus : TokenKind::Minus;
+    bool isFraction =
+        following == decimalPoint && cursor + 1 < textEnd && isDigitCharacter(cursor[1]);
+    if (isDigitCharacter(following) || isFraction)
+      token.flags |= Token::JoinedToNext;
+    break;
+  }
+  case '*':
+    kind = following == '*' ? two(TokenKind::Power) : TokenKind::Star;
+    break;
+  case '=':
+    kind = following == '=' ? two(TokenKind::PseudoText) : TokenKind::Equal;
+    break;
+  case '<':
+    kind = following == '>'   ? two(TokenKind::NotEqual)
+           : following == '=' ? two(TokenKind::LessEqual)
+                              : TokenKind::Less;
+    break;
+  case '>':
+    kind = following == '=' ? two(TokenKind::GreaterEqual) : TokenKind::Greater;
+    break;
+  default:
+    break;
+  }
+  finish(token, kind, begin);
+}
+
+} // namespace tarka

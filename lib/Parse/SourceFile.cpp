@@ -1,0 +1,231 @@
+//===- SourceFile.cpp - source files and where they are found -------------===//
+
+#include "Parse/SourceFile.h"
+#include "CharacterTable.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/Support/Path.h"
+
+namespace tarka {
+
+namespace {
+
+constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
+
+/// Where the first byte of a file stands that shows it to be no text; npos for text. A stray
+/// control byte makes no binary file: one in sixteen, near the beginning, does.
+size_t findBinary(llvm::StringRef text) {
+  size_t first = llvm::StringRef::npos;
+  size_t count = 0;
+  llvm::StringRef sample = text.take_front(4096);
+  for (size_t i = 0; i < sample.size(); ++i) {
+    unsigned char byte = sample[i];
+    if (byte >= 0x20 || byte == '\n' || byte == '\r' || isBlank(sample[i]))
+      continue;
+    if (++count == 1)
+      first = i;
+  }
+  return count * 16 > sample.size() ? first : llvm::StringRef::npos;
+}
+
+/// Looks at lines for what only one of the two forms has.
+class FormatDetector {
+public:
+  void look(llvm::StringRef line) {
+    llvm::StringRef text = line.ltrim();
+    if (text.empty() || isOptions(text))
+      return;
+    size_t indent = line.size() - text.size();
+    if (text.starts_with(">>")) {
+      lookAtDirective(text);
+      return;
+    }
+    // A floating comment in columns 1 to 5 cannot be one in fixed form.
+    if (text.starts_with("*>")) {
+      if (indent < 6)
+        ++freeLines;
+      return;
+    }
+    if (line.contains('\t') || line.size() < 7)
+      return;
+    if (llvm::StringRef(" *-/Dd").contains(line[6])) {
+      // The sequence number, or an indicator with nothing before it.
+      bool isNumbered = llvm::all_of(line.take_front(6), llvm::isDigit);
+      bool isIndicated = line[6] != ' ' && llvm::all_of(line.take_front(6), isBlank);
+      fixedLines += isNumbered || (isIndicated && line[6] != 'D' && line[6] != 'd');
+    } else {
+      ++freeLines;
+    }
+    // A word that goes on across column 72.
+    if (line.size() > 80 && isWordCharacter(line[71]) && isWordCharacter(line[72]))
+      ++freeLines;
+  }
+
+  /// The form that a >>SOURCE directive names, if one was seen first.
+  SourceFormat decide(SourceFormat otherwise) const {
+    if (directed != SourceFormat::Auto)
+      return directed;
+    if (freeLines == fixedLines)
+      return otherwise;
+    return freeLines > fixedLines ? SourceFormat::Free : SourceFormat::Fixed;
+  }
+
+  bool isSure() const { return directed != SourceFormat::Auto || freeLines + fixedLines > 2000; }
+
+private:
+  static bool isOptions(llvm::StringRef text) {
+    llvm::StringRef word = text.ltrim("0123456789 ").take_while(isWordCharacter);
+    return word.equals_insensitive("CBL") || word.equals_insensitive("PROCESS");
+  }
+
+  void lookAtDirective(llvm::StringRef text) {
+    bool isFirst = freeLines + fixedLines == 0;
+    if (!isFirst || !text.drop_front(2).ltrim().starts_with_insensitive("SOURCE"))
+      return;
+    if (text.rtrim().ends_with_insensitive("FREE"))
+      directed = SourceFormat::Free;
+    else if (text.rtrim().ends_with_insensitive("FIXED"))
+      directed = SourceFormat::Fixed;
+  }
+
+  SourceFormat directed = SourceFormat::Auto;
+  unsigned freeLines = 0;
+  unsigned fixedLines = 0;
+};
+
+/// The endings that a copybook's name may have besides the one written.
+constexpr llvm::StringLiteral copybookExtensions[] = {
+    "", ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB", ".copy", ".COPY", ".inc", ".INC"};
+
+/// \p name as written, in upper and in lower case, each once.
+llvm::SmallVector<std::string, 3> spellingsOf(llvm::StringRef name) {
+  llvm::SmallVector<std::string, 3> spellings{name.str()};
+  for (std::string other : {name.upper(), name.lower()})
+    if (!llvm::is_contained(spellings, other))
+      spellings.push_back(std::move(other));
+  return spellings;
+}
+
+} // namespace
+
+SourceFile::SourceFile(llvm::StringRef fileName, std::unique_ptr<llvm::MemoryBuffer> buffer)
+    : name(internString(fileName)), number(internFileName(fileName)), contents(std::move(buffer)),
+      text(contents->getBuffer()) {
+  text.consume_front(byteOrderMark);
+  binaryOffset = findBinary(text);
+}
+
+SourceFormat SourceFile::getFormat(SourceFormat otherwise) const {
+  if (!formatIsKnown)
+    format = detectSourceFormat(text, SourceFormat::Auto);
+  formatIsKnown = true;
+  return format == SourceFormat::Auto ? otherwise : format;
+}
+
+SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {
+  FormatDetector detector;
+  while (!text.empty() && !detector.isSure()) {
+    size_t end = text.find_first_of("\r\n");
+    detector.look(text.substr(0, std::min<size_t>(end, 1000)).rtrim());
+    text = end == llvm::StringRef::npos ? llvm::StringRef() : text.substr(end + 1);
+  }
+  return detector.decide(otherwise);
+}
+
+SourceManager::SourceManager(const ParseOptions &options)
+    : options(options),
+      fileSystem(options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem()) {}
+
+SourceManager::~SourceManager() = default;
+
+llvm::ErrorOr<const SourceFile *> SourceManager::open(llvm::StringRef path) {
+  const SourceFile *&file = files[path];
+  if (file)
+    return file;
+  llvm::ErrorOr<std::unique_ptr<llvm::MemoryBuffer>> contents = fileSystem->getBufferForFile(path);
+  if (!contents)
+    return contents.getError();
+  file = new SourceFile(path, std::move(*contents));
+  return file;
+}
+
+const SourceFile &SourceManager::addText(llvm::StringRef name, llvm::StringRef text) {
+  const SourceFile *&file = files[name];
+  file = new SourceFile(name, llvm::MemoryBuffer::getMemBufferCopy(text, name));
+  return *file;
+}
+
+/// The directories to look in for what \p includer copies from \p library, in order.
+llvm::SmallVector<std::string, 8>
+SourceManager::searchDirectories(llvm::StringRef library, const SourceFile &includer) const {
+  llvm::SmallVector<std::string, 8> places(options.includeDirectories.begin(),
+                                           options.includeDirectories.end());
+  places.push_back(llvm::sys::path::parent_path(includer.getName()).str());
+  places.push_back("");
+  llvm::SmallVector<std::string, 8> directories;
+  auto add = [&](llvm::StringRef directory) {
+    std::string shown = directory.empty() ? "." : directory.str();
+    if (!llvm::is_contained(directories, shown))
+      directories.push_back(std::move(shown));
+  };
+  // A library is a directory inside each of them, and comes before them.
+  for (llvm::StringRef place : places) {
+    if (!library.empty())
+      for (const std::string &spelling : spellingsOf(library)) {
+        llvm::SmallString<128> inside(place);
+        llvm::sys::path::append(inside, spelling);
+        add(inside);
+      }
+  }
+  for (llvm::StringRef place : places)
+    add(place);
+  return directories;
+}
+
+std::string SourceManager::describeSearch(llvm::StringRef library,
+                                          const SourceFile &includer) const {
+  return llvm::join(searchDirectories(library, includer), ", ");
+}
+
+llvm::ErrorOr<const SourceFile *> SourceManager::findCopybook(llvm::StringRef textName,
+                                                              llvm::StringRef library,
+                                                              const SourceFile &includer) {
+  std::string key =
+      (textName + "\n" + library + "\n" + llvm::sys::path::parent_path(includer.getName())).str();
+  std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
+  // Nothing is looked for twice, found or not.
+  if (auto known = found.find(key); known != found.end()) {
+    if (known->second.empty())
+      return error;
+    return open(known->second);
+  }
+  auto attempt = [&](llvm::StringRef path) -> const SourceFile * {
+    llvm::ErrorOr<llvm::vfs::Status> status = fileSystem->status(path);
+    if (!status || status->isDirectory())
+      return nullptr;
+    llvm::ErrorOr<const SourceFile *> file = open(path);
+    if (!file) {
+      error = file.getError();
+      return nullptr;
+    }
+    found[key] = path.str();
+    return *file;
+  };
+
+  for (const std::string &directory : searchDirectories(library, includer))
+    for (const std::string &spelling : spellingsOf(textName))
+      for (llvm::StringRef extension : copybookExtensions) {
+        llvm::SmallString<128> path;
+        // The current directory is not shown in the names of files that are in it.
+        if (directory != "." && !llvm::sys::path::is_absolute(spelling))
+          path = directory;
+        llvm::sys::path::append(path, spelling + extension);
+        llvm::sys::path::remove_dots(path);
+        if (const SourceFile *file = attempt(path))
+          return file;
+      }
+  found[key] = "";
+  return error;
+}
+
+} // namespace tarka
