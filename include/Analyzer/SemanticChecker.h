@@ -17,6 +17,8 @@
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
 #include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
@@ -459,6 +461,7 @@ private:
                      llvm::ArrayRef<DataDescription *> candidates);
   bool bindUnqualified(DataIdentifierExpression &identifier,
                        const std::list<DataDescription *> &candidates, bool preferReportItem);
+  llvm::ArrayRef<ReportDataDescription *> findSourcesSubscriptedBy(DataDescription *entry);
   bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
   bool checkAllLiteral(FigurativeLiteralExpression &literal);
 
@@ -483,6 +486,11 @@ private:
   std::list<ReportDataDescription *> *usedSrcList = nullptr;
   std::uint64_t xmlTextSize = 1;
   DataDescription *xmlTextRegister = nullptr;
+  /// The items of usedSrcList by what their operands are subscripted by, and how many items were
+  /// read into it.
+  llvm::DenseMap<DataDescription *, llvm::SmallVector<ReportDataDescription *, 1>>
+      usedSrcBySubscript;
+  std::size_t usedSrcRead = 0;
   /// The texts of entryNames.
   llvm::StringSet<> entryTexts;
 };

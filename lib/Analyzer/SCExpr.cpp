@@ -366,32 +366,65 @@ bool SemanticChecker::checkDataAccessWayForRptDecl(DataIdentifierExpression &ide
   for (auto used = entry->getUsedRDListBegin(); used != entry->getUsedRDListEnd(); ++used)
     if (checkCurrentRD(*used))
       entry->setAccessWay(static_cast<int>(AccessWay::Used));
-  for (ReportDataDescription *item : listOrEmpty(usedSrcList))
+  for (ReportDataDescription *item : findSourcesSubscriptedBy(entry))
     findUsedSrc(entry, item);
   return true;
 }
 
+namespace {
+
+/// Calls \p use for every data identifier among the operands of SOURCE.
+template <typename Use> void forEachSource(ReportDataDescription &item, Use use) {
+  for (SourceClauseExpr *operand : item.getSourceClause()->getSourceExprListElements())
+    if (operand->getSourceExprType() == SourceExprType::Identifier)
+      if (auto *source = llvm::dyn_cast<DataIdentifierExpression>(operand->getExpr()))
+        use(*source);
+}
+
+/// Calls \p use for every entry that is a subscript of \p identifier.
+template <typename Use> void forEachSubscript(DataIdentifierExpression &identifier, Use use) {
+  if (!identifier.getSubscriptMod())
+    return;
+  for (Expression *subscript : identifier.getSubscriptMod()->getSubscriptElements())
+    if (auto *index = llvm::dyn_cast<DataIdentifierExpression>(subscript))
+      if (DataDescription *entry = index->getDataDescription())
+        use(entry);
+}
+
+} // namespace
+
+/// The report items with a SOURCE that is subscripted by \p entry. The report section has been
+/// checked, so its operands are bound, when a declarative asks.
+llvm::ArrayRef<ReportDataDescription *>
+SemanticChecker::findSourcesSubscriptedBy(DataDescription *entry) {
+  auto next = std::prev(listOrEmpty(usedSrcList).end(),
+                        static_cast<std::ptrdiff_t>(getUsedSrcListSize() - usedSrcRead));
+  for (; next != listOrEmpty(usedSrcList).end(); ++next, ++usedSrcRead)
+    forEachSource(**next, [&](DataIdentifierExpression &source) {
+      forEachSubscript(source, [&](DataDescription *subscript) {
+        auto &items = usedSrcBySubscript[subscript];
+        if (items.empty() || items.back() != *next)
+          items.push_back(*next);
+      });
+    });
+  auto found = usedSrcBySubscript.find(entry);
+  return found == usedSrcBySubscript.end() ? llvm::ArrayRef<ReportDataDescription *>()
+                                           : found->second;
+}
+
 bool SemanticChecker::findUsedSrc(DataDescription *entry, ReportDataDescription *item) {
   bool found = false;
-  DataIdentifierExpression *source = nullptr;
-  for (SourceClauseExpr *operand : item->getSourceClause()->getSourceExprListElements()) {
-    if (operand->getSourceExprType() != SourceExprType::Identifier)
-      continue;
-    auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand->getExpr());
-    if (!identifier)
-      continue;
-    source = identifier;
-    if (!identifier->getSubscriptMod())
-      continue;
-    for (Expression *subscript : identifier->getSubscriptMod()->getSubscriptElements())
-      if (auto *index = llvm::dyn_cast<DataIdentifierExpression>(subscript))
-        found |= index->getDataDescription() == entry;
-  }
+  DataIdentifierExpression *last = nullptr;
+  forEachSource(*item, [&](DataIdentifierExpression &source) {
+    last = &source;
+    forEachSubscript(source,
+                     [&](const DataDescription *subscript) { found |= subscript == entry; });
+  });
   // Of several operands of SOURCE the last one stands for the item.
-  if (found && source->getDataDescription()) {
-    source->getDataDescription()->setAccessWay(static_cast<int>(AccessWay::Used));
+  if (found && last->getDataDescription()) {
+    last->getDataDescription()->setAccessWay(static_cast<int>(AccessWay::Used));
     item->setAccessWay(static_cast<int>(AccessWay::Moved));
-    addDummyStmtForReportDeclaratives(source, item);
+    addDummyStmtForReportDeclaratives(last, item);
   }
   return found;
 }

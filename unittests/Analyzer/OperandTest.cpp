@@ -184,6 +184,53 @@ TEST_F(BindingTest, SubscriptsAndReferenceModifiers) {
   EXPECT_EQ(numbers(), (std::vector<int>{3528, 3301, 3301, 3316, 3316, 3313, 3314}));
 }
 
+TEST_F(BindingTest, ReportDeclarativesTellWhatTheyUse) {
+  DataDescription *record = entry(1, "R");
+  DataDescription *table = entry(5, "T", record, "9(4)");
+  table->setOccurs(new ClauseOccurs(nullptr));
+  DataDescription *index = entry(5, "N", record, "9(4)");
+  DataDescription *unused = entry(5, "U", record, "9(4)");
+  data->addWorkSection(record);
+  auto *sales = new ReportDescription(nullptr, word("SALES"));
+  ReportDataDescription *item = reportItem(sales, "ITEM");
+  item->setPicture(new ClausePicture(nullptr, word("9(4)")));
+  data->addReportSection(sales);
+
+  // ITEM is the SOURCE T(N).
+  auto *subscripts = new SubscriptModifier(nullptr);
+  subscripts->addSubscript(reference({"N"}));
+  auto *source = new ClauseSource(nullptr);
+  DataIdentifierExpression *operand = reference({"T"}, subscripts);
+  source->addSourceExpr(new SourceClauseExpr(nullptr, SourceExprType::Identifier, operand));
+  item->setSourceClause(source);
+  checker.setCurrentRD(sales);
+  EXPECT_TRUE(checker.semanticCheck(*operand));
+  EXPECT_NE(bind({"U"}), nullptr);
+  checker.addUsedSrc(item);
+  EXPECT_EQ(index->getUsedRDListSize(), 1u);
+
+  // In a declarative of the report the subscript is used, so the item must be moved again.
+  checker.setInDeclaratives(true);
+  std::size_t before = listOrEmpty(context().getDummyListUsedMove()).size();
+  EXPECT_NE(bind({"N"}), nullptr);
+  EXPECT_EQ(index->getAccessWay(), 1);
+  EXPECT_EQ(table->getAccessWay(), 1);
+  EXPECT_EQ(item->getAccessWay(), 2);
+  ASSERT_EQ(context().getDummyListUsedMove()->size(), before + 1);
+  auto *move = llvm::cast<MoveStatement>(context().getDummyListUsedMove()->back());
+  EXPECT_EQ(move->getSource(), operand);
+  EXPECT_EQ(move->getMoveRuleList()->size(), 1u);
+  EXPECT_NE(bind({"U"}), nullptr);
+  EXPECT_EQ(unused->getAccessWay(), 1);
+  EXPECT_EQ(context().getDummyListUsedMove()->size(), before + 1);
+
+  // In a declarative of another report it is not.
+  checker.setCurrentRD(new ReportDescription(nullptr, word("OTHER")));
+  unused->setAccessWay(0);
+  EXPECT_NE(bind({"U"}), nullptr);
+  EXPECT_EQ(unused->getAccessWay(), 0);
+}
+
 using LiteralTest = CheckerTest;
 
 TEST_F(LiteralTest, NumericLimits) {
