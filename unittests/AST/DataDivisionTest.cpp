@@ -18,7 +18,8 @@ Entries find(DataDivision &division, const char *name) {
 
 class NameIndex : public testing::Test {
 protected:
-  DataDivision division{nullptr};
+  // Like every node it lives to the end, and its lists with it.
+  DataDivision &division = *new DataDivision(nullptr);
 };
 
 TEST_F(NameIndex, AnswersInSourceOrderOverAllSections) {
@@ -114,8 +115,8 @@ TEST_F(NameIndex, FollowsANewWorkingStorage) {
   EXPECT_EQ(division.getWorkSectionBegin(), division.getWorkSectionEnd());
   division.addLinkSection(linkage);
   EXPECT_EQ(find(division, "A"), Entries{linkage});
-  auto *first = new std::list<DataDescription *>{old};
-  division.setWorkSection(first);
+  std::list<DataDescription *> first{old};
+  division.setWorkSection(&first);
   EXPECT_EQ(find(division, "A"), (Entries{linkage, old}));
   EXPECT_EQ(*division.getWorkFlatList(), (std::list<DataDescription *>{old}));
   auto *second = new std::list<DataDescription *>{made};
