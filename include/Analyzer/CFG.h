@@ -84,6 +84,11 @@ enum class CFGLink : std::uint8_t {
 };
 inline constexpr std::size_t cfgLinkCount = 10;
 
+/// What the links are called where they are shown, by CFGLink.
+inline constexpr llvm::StringLiteral cfgLinkNames[cfgLinkCount] = {
+    "successor", "then", "else", "end", "next", "onSize", "notOnSize", "inline", "after", "return",
+};
+
 /// Declares get<Name>Block() and add<Name>Block(), which replaces what was there.
 #define TARKA_CFG_LINK(Name)                                                                       \
   CFGBlock *get##Name##Block() const {                                                             \

@@ -1,0 +1,571 @@
+//===- CFGVerifier.cpp - is a graph whole ---------------------------------===//
+//
+// The verifier reads the tree by itself: it says which statements ought to be
+// in the graph without asking the builder, and then looks whether they are.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Analyzer/CFGVerifier.h"
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "AST/Statement.h"
+#include "AST/StatementNames.h"
+#include "Analyzer/CompileOption.h"
+#include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/MapVector.h"
+#include "llvm/ADT/StringSwitch.h"
+#include "llvm/ADT/Twine.h"
+#include "llvm/Support/raw_ostream.h"
+
+namespace tarka {
+
+namespace {
+
+/// "the IF of line 12"
+std::string nameOf(const Statement &statement) {
+  return ("the " + verbOf(statement.getType()) + " of line " +
+          llvm::Twine(statement.getBeginLineNo()))
+      .str();
+}
+
+/// The blocks that a synthesised PERFORM begins.
+bool isProcedurePhraseBlock(llvm::StringRef name) {
+  return name == "tkdummy_sort_input" || name == "tkdummy_sort_output" ||
+         name == "tkdummy_merge_then" || name == "tkdummy_xml_proc";
+}
+
+/// The blocks outside of procedures that the text before them runs into.
+bool isProcedureFrame(llvm::StringRef name) {
+  return llvm::StringSwitch<bool>(name)
+      .Cases("tkdummy_register_use", "tkdummy_declaratives", "tkdummy_end_declaratives",
+             "tkdummy_unnamed_sentence", "tkdummy_rpt_declaratives_end", true)
+      .Default(false);
+}
+
+/// A procedure as the end of a range, or as a target; one of the two is null.
+struct Procedure {
+  Section *section = nullptr;
+  Paragraph *paragraph = nullptr;
+
+  explicit operator bool() const { return section || paragraph; }
+  const Node *node() const {
+    return section ? static_cast<const Node *>(section) : static_cast<const Node *>(paragraph);
+  }
+  const std::string &name() const {
+    return (section ? section->getSectionName() : paragraph->getParagraphName())->getWordData();
+  }
+  CFGBlock *start() const {
+    return section ? section->getStartBlock() : paragraph->getStartBlock();
+  }
+};
+
+class Verifier {
+public:
+  explicit Verifier(CFGModule &checked) : module(checked) {}
+
+  std::vector<CFGFailure> run();
+
+private:
+  /// A graph with the function that it is the body of.
+  struct Body {
+    CFGGraph *graph;
+    const std::string &function;
+    SourceUnit *unit;
+    bool isReportDeclaratives;
+  };
+  struct Occurrence {
+    unsigned expected = 0;
+    unsigned found = 0;
+    const CFGBlock *block = nullptr;
+    const std::string *function = nullptr;
+  };
+
+  void fail(CFGRule rule, const CFGBlock *block, const llvm::Twine &message) {
+    failures.push_back({rule, *function, block, message.str()});
+  }
+
+  void collectBodies();
+  void indexBody(const Body &body);
+  void checkBody(const Body &body);
+  void checkElement(const CFGBlock *block, const CFGElem &element);
+  void checkLinks(const CFGGraph *graph, const CFGBlock *block);
+  void checkFallThrough(const Body &body, const CFGBlock *block, const CFGBlock *next,
+                        const llvm::DenseSet<llvm::StringRef> &declaratives);
+
+  void checkTargets(const CFGBlock *block, Statement &statement);
+  void checkTarget(const CFGBlock *block, const Statement &statement, Procedure target);
+  void checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
+                  Procedure end);
+  void checkSortPhrase(const CFGBlock *block, const Statement &statement, const SortIO *phrase);
+  void require(bool holds, const CFGBlock *block, const Statement &statement,
+               llvm::StringLiteral what) {
+    if (!holds)
+      fail(CFGRule::Target, block, nameOf(statement) + " has no " + what);
+  }
+
+  void expectUnit(SourceUnit &unit);
+  void expectProcedure(Procedure procedure, bool isPerformThru);
+  void expectSection(Section &section);
+  void expectParagraphs(const std::list<Paragraph *> &paragraphs);
+  void expectSentences(const std::list<Sentence *> &sentences);
+  void expectList(const std::list<Statement *> &statements);
+  void expect(Statement &statement);
+  void expectNested(Statement &statement);
+  void expectCall(CallStatement &call);
+  void expectPhrases(const std::list<ExceptionHandler *> &phrases);
+  void expectXmlPhrases(const std::list<ExceptionHandler *> &phrases);
+  void checkOccurrences();
+
+  CFGModule &module;
+  std::vector<CFGFailure> failures;
+  const std::string *function = nullptr;
+  llvm::SmallVector<Body> bodies;
+  llvm::DenseMap<const CFGBlock *, const CFGGraph *> listedIn;
+  /// The blocks that return to a performer, by the section, paragraph or PERFORM that ends there.
+  llvm::DenseMap<const Node *, const CFGBlock *> exits;
+  /// The sections that the report writer calls, which have no exit.
+  llvm::DenseSet<const Node *> reportSections;
+  llvm::MapVector<const Statement *, Occurrence> occurrences;
+  /// The procedure whose statements are being expected.
+  const CFGBlock *procedureStart = nullptr;
+};
+
+std::vector<CFGFailure> Verifier::run() {
+  collectBodies();
+  for (const Body &body : bodies)
+    indexBody(body);
+  for (const Body &body : bodies)
+    checkBody(body);
+  for (CFGFunc *func : module.getFuncList()) {
+    function = &func->getName();
+    if (SourceUnit *unit = func->getSourceUnit())
+      expectUnit(*unit);
+  }
+  checkOccurrences();
+  return std::move(failures);
+}
+
+/// The compilation context knows the last function of report declaratives only, so their graphs are
+/// found through the sections that they are made of.
+void Verifier::collectBodies() {
+  static const std::string &reportFunction = internString("tkdummy_rpt_decl_func");
+  for (CFGFunc *func : module.getFuncList()) {
+    function = &func->getName();
+    SourceUnit *unit = func->getSourceUnit();
+    if (func->getBody())
+      bodies.push_back({func->getBody(), func->getName(), unit, false});
+    else
+      fail(CFGRule::BlockInGraph, nullptr, "the function has no graph");
+
+    ProcedureDivision *division = unit ? unit->getProcDivision() : nullptr;
+    if (!division || !division->getRptDeclSize())
+      continue;
+    for (Declaratives *declarative : division->getRptDeclElements())
+      if (declarative->getUseStmt())
+        reportSections.insert(declarative->getSection());
+    CFGBlock *start = division->getRptDeclElements().front()->getSection()->getStartBlock();
+    if (start && start->getGraph())
+      bodies.push_back({start->getGraph(), reportFunction, unit, true});
+    else
+      fail(CFGRule::Target, start, "the report declaratives have no graph");
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// Blocks
+//===----------------------------------------------------------------------===//
+
+void Verifier::indexBody(const Body &body) {
+  function = &body.function;
+  for (CFGBlock *block : body.graph->getBlockList()) {
+    if (!listedIn.try_emplace(block, body.graph).second)
+      fail(CFGRule::BlockInGraph, block, "the block stands in a list twice");
+    for (CFGElem *element : block->getElements())
+      if (Statement *statement = element->getStmt())
+        if (auto *exit = llvm::dyn_cast<InnerExitStatement>(statement)) {
+          const Node *ended = exit->getPerformStmt();
+          if (!ended)
+            ended = Procedure{exit->getSection(), exit->getParagraph()}.node();
+          exits[ended] = block;
+        }
+  }
+}
+
+void Verifier::checkBody(const Body &body) {
+  function = &body.function;
+  llvm::DenseSet<llvm::StringRef> declaratives;
+  if (ProcedureDivision *division = body.unit ? body.unit->getProcDivision() : nullptr)
+    for (Declaratives *declarative : division->getDeclElements())
+      declaratives.insert(declarative->getSection()->getSectionName()->getWordData());
+
+  const std::list<CFGBlock *> &blocks = body.graph->getBlockList();
+  for (auto position = blocks.begin(); position != blocks.end();) {
+    const CFGBlock *block = *position++;
+    if (block->getGraph() != body.graph)
+      fail(CFGRule::BlockInGraph, block, "the block names another graph as its own");
+    for (const CFGElem *element : block->getElements())
+      checkElement(block, *element);
+    checkLinks(body.graph, block);
+    checkFallThrough(body, block, position == blocks.end() ? nullptr : *position, declaratives);
+  }
+}
+
+void Verifier::checkLinks(const CFGGraph *graph, const CFGBlock *block) {
+  for (std::size_t link = 0; link < cfgLinkCount; ++link)
+    if (const CFGBlock *target = block->getLink(static_cast<CFGLink>(link)))
+      if (listedIn.lookup(target) != graph)
+        fail(CFGRule::BlockInGraph, block,
+             "its " + cfgLinkNames[link] + " block " + target->getName() + " is not in the graph");
+}
+
+void Verifier::checkElement(const CFGBlock *block, const CFGElem &element) {
+  const bool set[] = {element.getStmt() != nullptr, element.getData() != nullptr,
+                      element.getFile() != nullptr, element.getReport() != nullptr};
+  const auto wanted = static_cast<std::size_t>(element.getType());
+  for (std::size_t type = 0; type < std::size(set); ++type)
+    if (set[type] != (type == wanted)) {
+      fail(CFGRule::ElementPointer, block, "the pointers of an element do not fit its type");
+      break;
+    }
+  if (element.getBlock() != block)
+    fail(CFGRule::ElementPointer, block, "an element names another block as its own");
+
+  if (Statement *statement = element.getStmt()) {
+    Occurrence &occurrence = occurrences[statement];
+    ++occurrence.found;
+    occurrence.block = block;
+    occurrence.function = function;
+    checkTargets(block, *statement);
+  }
+}
+
+void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const CFGBlock *next,
+                                const llvm::DenseSet<llvm::StringRef> &declaratives) {
+  if (block->getHaveTerminator() || block->getSuccessorBlock())
+    return;
+  if (!next) {
+    // Running off the end of a source unit ends the program; report declaratives have to return.
+    if (body.isReportDeclaratives)
+      fail(CFGRule::FallThrough, block, "there is no block to fall into");
+    return;
+  }
+  if (next->getBlockType() != CFGBlockType::Procedure && !isProcedureFrame(next->getName()) &&
+      !declaratives.contains(next->getName()))
+    fail(CFGRule::FallThrough, block,
+         "it falls into " + next->getName() + ", which begins no procedure");
+}
+
+//===----------------------------------------------------------------------===//
+// Targets and ranges
+//===----------------------------------------------------------------------===//
+
+void Verifier::checkTarget(const CFGBlock *block, const Statement &statement, Procedure target) {
+  if (!target)
+    fail(CFGRule::Target, block, nameOf(statement) + " names no procedure that is known");
+  else if (!listedIn.contains(target.start()))
+    fail(CFGRule::Target, block,
+         nameOf(statement) + " leads to " + target.name() + ", which has no start block");
+}
+
+void Verifier::checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
+                          Procedure end) {
+  checkTarget(block, statement, begin);
+  // Without THROUGH the range ends where it begins.
+  if (!end)
+    end = begin;
+  else
+    checkTarget(block, statement, end);
+  if (end && !exits.contains(end.node()) && !reportSections.contains(end.node()))
+    fail(CFGRule::RangeExit, block,
+         nameOf(statement) + " ends with " + end.name() + ", which has no exit block");
+}
+
+void Verifier::checkSortPhrase(const CFGBlock *block, const Statement &statement,
+                               const SortIO *phrase) {
+  if (phrase && phrase->getType() == SortIOType::Procedure)
+    checkRange(block, statement, {phrase->getFromSection(), phrase->getFromParagraph()},
+               {phrase->getToSection(), phrase->getToParagraph()});
+}
+
+void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
+  switch (statement.getType()) {
+  case StatementType::Goto:
+    for (GotoProcedure *target : llvm::cast<GotoStatement>(statement).getProcedureListElements())
+      checkTarget(block, statement, {target->getSection(), target->getParagraph()});
+    return;
+  case StatementType::Alter:
+    for (AlterItem *item : llvm::cast<AlterStatement>(statement).getAlterListElements()) {
+      checkTarget(block, statement, {nullptr, item->getSrcParagraph()});
+      checkTarget(block, statement, {item->getDstSection(), item->getDstParagraph()});
+    }
+    return;
+  case StatementType::Perform: {
+    auto &perform = llvm::cast<PerformStatement>(statement);
+    if (const PerformProcedure *range = perform.getProcedureName())
+      checkRange(block, statement, {range->getBeginSection(), range->getBeginParagraph()},
+                 {range->getThruSection(), range->getThruParagraph()});
+    else if (!exits.contains(&perform))
+      fail(CFGRule::RangeExit, block, "the body of " + nameOf(statement) + " has no exit");
+    return;
+  }
+  case StatementType::Sort: {
+    auto &sort = llvm::cast<SortStatement>(statement);
+    checkSortPhrase(block, statement, sort.getInput());
+    checkSortPhrase(block, statement, sort.getOutput());
+    return;
+  }
+  case StatementType::Merge:
+    return checkSortPhrase(block, statement, llvm::cast<MergeStatement>(statement).getOutput());
+  case StatementType::XmlParse: {
+    auto &parse = llvm::cast<XMLParseStatement>(statement);
+    return checkRange(block, statement, {parse.getBeginSection(), parse.getBeginParagraph()},
+                      {parse.getThruSection(), parse.getThruParagraph()});
+  }
+  case StatementType::NextSentence: {
+    const CFGBlock *sentence = llvm::cast<NextSentenceStatement>(statement).getSentenceBlock();
+    return require(sentence && sentence->getNextBlock(), block, statement,
+                   "block behind its sentence");
+  }
+  case StatementType::ExitPerform:
+    return require(listedIn.contains(llvm::cast<ExitPerformStatement>(statement).getAfterBlock()),
+                   block, statement, "PERFORM to leave");
+  case StatementType::ExitParagraph:
+  case StatementType::ExitSection:
+    return require(block->getAfterBlock(), block, statement, "procedure to leave");
+  case StatementType::Search:
+    return require(listedIn.contains(llvm::cast<SearchStatement>(statement).getIndexChangeBlock()),
+                   block, statement, "block that steps the index");
+  default:
+    return;
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// What the tree says should be there
+//===----------------------------------------------------------------------===//
+
+void Verifier::expectUnit(SourceUnit &unit) {
+  ProcedureDivision *division = unit.getProcDivision();
+  if (!division)
+    return;
+  for (Declaratives *declarative : division->getRptDeclElements())
+    expectSection(*declarative->getSection());
+  for (Declaratives *declarative : division->getBaseDeclElements())
+    expectSection(*declarative->getSection());
+  procedureStart = nullptr;
+  expectSentences(division->getSentElements());
+  expectParagraphs(division->getParaElements());
+  for (Section *section : division->getSectElements())
+    expectSection(*section);
+}
+
+void Verifier::expectSection(Section &section) {
+  expectProcedure({&section, nullptr}, section.isPerformThru());
+  expectSentences(section.getSentElements());
+  expectParagraphs(section.getParaElements());
+}
+
+void Verifier::expectParagraphs(const std::list<Paragraph *> &paragraphs) {
+  for (Paragraph *paragraph : paragraphs) {
+    expectProcedure({nullptr, paragraph}, paragraph->isPerformThru());
+    expectSentences(paragraph->getSentElements());
+  }
+}
+
+void Verifier::expectProcedure(Procedure procedure, bool isPerformThru) {
+  procedureStart = procedure.start();
+  if (!listedIn.contains(procedureStart))
+    fail(CFGRule::Target, procedureStart, procedure.name() + " has no start block");
+  if (!isPerformThru)
+    return;
+  const CFGBlock *exit = exits.lookup(procedure.node());
+  const std::string exitName = procedure.name() + "_exit";
+  if (!exit || exit->getName() != exitName || !exit->getHaveTerminator())
+    return fail(CFGRule::RangeExit, procedureStart,
+                procedure.name() + " ends a performed range and has no exit block");
+  const CFGBlock *after = exit->getSuccessorBlock();
+  if (!after || after->getName() != exitName + "_after")
+    fail(CFGRule::RangeExit, exit, "the exit has no block to go on in");
+}
+
+void Verifier::expectSentences(const std::list<Sentence *> &sentences) {
+  for (Sentence *sentence : sentences)
+    expectList(sentence->getStmtElements());
+}
+
+void Verifier::expectList(const std::list<Statement *> &statements) {
+  for (Statement *statement : statements)
+    expect(*statement);
+}
+
+void Verifier::expectPhrases(const std::list<ExceptionHandler *> &phrases) {
+  for (ExceptionHandler *phrase : phrases)
+    expectList(phrase->getImperStmtListElements());
+}
+
+/// Phrases of other kinds are passed over.
+void Verifier::expectXmlPhrases(const std::list<ExceptionHandler *> &phrases) {
+  for (ExceptionHandler *phrase : phrases)
+    if (phrase->getType() == ExceptionHandlerType::OnException)
+      expectList(phrase->getImperStmtListElements());
+}
+
+void Verifier::expectCall(CallStatement &call) {
+  const CompileOption *options = CompileOption::getCompileOptionInstance();
+  if (const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName())) {
+    if (options->isOptionDebug() && llvm::StringRef(name->getData()).starts_with("TKDEBUG_START"))
+      return;
+    for (bool enabled : {options->isOptionEnableCbltdli(), options->isOptionEnableAertdli()})
+      if (enabled && call.getMoveStmt())
+        expect(*call.getMoveStmt());
+  }
+  expectPhrases(call.getExceptHandlerElements());
+}
+
+/// Expects \p statement once more, with what is nested in it.
+void Verifier::expect(Statement &statement) {
+  switch (statement.getType()) {
+  // These are replaced: by an entry of the function, by statements that the checks made.
+  case StatementType::Entry:
+    return;
+  case StatementType::Transform:
+    return expect(*llvm::cast<TransformStatement>(statement).getInspectStmt());
+  case StatementType::Examine: {
+    auto &examine = llvm::cast<ExamineStatement>(statement);
+    if (examine.getMoveStmt())
+      expect(*examine.getMoveStmt());
+    return expect(*examine.getInspectStmt());
+  }
+  case StatementType::Exhibit:
+    return expectList(llvm::cast<ExhibitStatement>(statement).getConvertStmtListElements());
+  case StatementType::Evaluate:
+    for (EvaluateCase *evaluateCase :
+         llvm::cast<EvaluateStatement>(statement).getWhenCaseListElements())
+      expectList(evaluateCase->getWhenStmtListElements());
+    return;
+  default:
+    break;
+  }
+  Occurrence &occurrence = occurrences[&statement];
+  ++occurrence.expected;
+  if (!occurrence.function) {
+    occurrence.block = procedureStart;
+    occurrence.function = function;
+  }
+  expectNested(statement);
+}
+
+void Verifier::expectNested(Statement &statement) {
+  if (auto *arithmetic = llvm::dyn_cast<ArithmeticStatement>(&statement))
+    return expectPhrases(arithmetic->getSizeErrorHandlerElements());
+
+  switch (statement.getType()) {
+  case StatementType::If: {
+    auto &branch = llvm::cast<IfStatement>(statement);
+    expectList(branch.getIfStmtListElements());
+    return expectList(branch.getElseStmtListElements());
+  }
+  case StatementType::On: {
+    auto &on = llvm::cast<OnStatement>(statement);
+    if (on.getAddStmt())
+      expect(*on.getAddStmt());
+    expectList(on.getUntilStmtListElements());
+    return expectList(on.getElseStmtListElements());
+  }
+  case StatementType::Perform:
+    return expectList(llvm::cast<PerformStatement>(statement).getInlineStatementsElements());
+  case StatementType::Search: {
+    auto &search = llvm::cast<SearchStatement>(statement);
+    for (SearchWhen *when : search.getWhenListElements())
+      expectList(when->getStatementListElements());
+    return expectPhrases(search.getAtHandlerElements());
+  }
+  case StatementType::Call:
+    return expectCall(llvm::cast<CallStatement>(statement));
+  case StatementType::String:
+    return expectPhrases(llvm::cast<StringStatement>(statement).getOverflowHandlerElements());
+  case StatementType::Unstring:
+    return expectPhrases(llvm::cast<UnstringStatement>(statement).getOverflowHandlerElements());
+  case StatementType::Read:
+    return expectPhrases(llvm::cast<ReadStatement>(statement).getErrorListElements());
+  case StatementType::Return:
+    return expectPhrases(llvm::cast<ReturnStatement>(statement).getEndHandlerElements());
+  case StatementType::Write:
+    return expectPhrases(llvm::cast<WriteStatement>(statement).getExceptionHandlerListElements());
+  case StatementType::Rewrite:
+    return expectPhrases(llvm::cast<RewriteStatement>(statement).getInvalidKeyHandlerElements());
+  case StatementType::Start:
+    return expectPhrases(llvm::cast<StartStatement>(statement).getInvalidKeyHandlerElements());
+  case StatementType::Delete:
+    return expectPhrases(llvm::cast<DeleteStatement>(statement).getInvalidKeyHandlerElements());
+  case StatementType::XmlGenerate:
+    return expectXmlPhrases(llvm::cast<XMLGenerateStatement>(statement).getOnExcpHandlerElements());
+  case StatementType::XmlParse:
+    return expectXmlPhrases(llvm::cast<XMLParseStatement>(statement).getOnExcpHandlerElements());
+  default:
+    return;
+  }
+}
+
+/// Whether \p statement is one that the builder makes itself.
+bool isMadeByBuilder(const Statement &statement, const CFGBlock *block) {
+  switch (statement.getType()) {
+  case StatementType::InnerBranch:
+  case StatementType::InnerExit:
+  case StatementType::InnerRegisterException:
+  case StatementType::InnerWhen:
+  case StatementType::InnerSearchWhen:
+    return true;
+  case StatementType::Perform:
+    return isProcedurePhraseBlock(block->getName()) &&
+           block->getElements().front()->getStmt() == &statement;
+  default:
+    return false;
+  }
+}
+
+void Verifier::checkOccurrences() {
+  for (const auto &[statement, occurrence] : occurrences) {
+    unsigned expected = occurrence.expected;
+    if (!expected && isMadeByBuilder(*statement, occurrence.block))
+      expected = 1;
+    function = occurrence.function;
+    if (occurrence.found != expected)
+      fail(CFGRule::StatementOnce, occurrence.block,
+           nameOf(*statement) + " stands in " + llvm::Twine(occurrence.found) +
+               " elements instead of " + llvm::Twine(expected));
+  }
+}
+
+} // namespace
+
+std::vector<CFGFailure> verifyModule(CFGModule &module) {
+  return Verifier(module).run();
+}
+
+llvm::StringRef ruleName(CFGRule rule) {
+  switch (rule) {
+  case CFGRule::BlockInGraph:
+    return "BlockInGraph";
+  case CFGRule::ElementPointer:
+    return "ElementPointer";
+  case CFGRule::StatementOnce:
+    return "StatementOnce";
+  case CFGRule::FallThrough:
+    return "FallThrough";
+  case CFGRule::RangeExit:
+    return "RangeExit";
+  case CFGRule::Target:
+    return "Target";
+  }
+  return "";
+}
+
+llvm::raw_ostream &operator<<(llvm::raw_ostream &os, const CFGFailure &failure) {
+  os << failure.function << ": ";
+  if (failure.block)
+    os << failure.block->getName() << " (block " << failure.block->getPlace() << "): ";
+  return os << failure.message << " [" << ruleName(failure.rule) << ']';
+}
+
+} // namespace tarka

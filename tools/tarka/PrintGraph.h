@@ -1,0 +1,41 @@
+//===- PrintGraph.h - the graph as text, JSON and DOT -----------*- C++ -*-===//
+//
+// Prints the control-flow graph of a compilation. docs/cfg.md tells what each
+// form shows.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_TOOLS_PRINTGRAPH_H
+#define TARKA_TOOLS_PRINTGRAPH_H
+
+#include "Analyzer/CFG.h"
+#include <string>
+
+namespace llvm {
+class raw_ostream;
+}
+
+namespace tarka {
+
+/// Which part of the graph to print, and how closely to look.
+struct GraphView {
+  /// Only the function of this name, whatever its case; all when empty.
+  std::string function;
+  /// Only the blocks of the paragraphs and sections of this name; all when empty.
+  std::string paragraph;
+  /// Show a procedure as one thing, with the ways that lead from it to others. Not for JSON.
+  bool collapse = false;
+};
+
+// The function of the report declaratives comes last, when the compilation has one.
+
+/// A few lines for a block: its place in the list and its name, its elements, its links.
+void printGraphText(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
+/// One object for the module; blocks refer to each other by their places.
+void printGraphJson(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
+/// A cluster for a function, with the procedures as named groups in it, for Graphviz.
+void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
+
+} // namespace tarka
+
+#endif // TARKA_TOOLS_PRINTGRAPH_H
