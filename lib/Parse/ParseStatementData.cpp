@@ -47,7 +47,12 @@ Statement *Parser::parseDisplay() {
   SourceRange begin = here();
   accept(Keyword::Display);
   auto *display = make<DisplayStatement>(begin);
-  if (!parseOperands(*display, &DisplayStatement::addIdenLiter))
+  // END-DISPLAY is no reserved word, and so it could name something to be displayed.
+  auto parse = [](Parser *parser) { return parser->parseOperand(); };
+  auto atAnother = [](Parser *parser) {
+    return parser->atOperand() && !parser->at(Keyword::EndDisplay);
+  };
+  if (!parseSeries(*display, &DisplayStatement::addIdenLiter, parse, atAnother))
     return nullptr;
   if (accept(Keyword::Upon)) {
     display->setUponName(parseUserWord("a mnemonic-name or an environment-name"));

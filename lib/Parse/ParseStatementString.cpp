@@ -140,7 +140,8 @@ bool Parser::parseInspectRegions(std::list<InspectRegion *> *&regions) {
   while (at(Keyword::Before, Keyword::After)) {
     SourceRange begin = here();
     InspRegType side = at(Keyword::Before) ? InspRegType::Before : InspRegType::After;
-    if (regions && regions->front()->getType() == side) {
+    auto isSameSide = [&](InspectRegion *region) { return region->getType() == side; };
+    if (regions && llvm::any_of(*regions, isSameSide)) {
       error(DiagnosticId::PhraseTwice, begin, textOf(peek().keyword));
       return false;
     }
@@ -152,9 +153,6 @@ bool Parser::parseInspectRegions(std::list<InspectRegion *> *&regions) {
     if (!regions)
       regions = makeList<InspectRegion *>();
     regions->push_back(make<InspectRegion>(begin, side, limit));
-    // One of each is all that there can be.
-    if (regions->size() == 2)
-      break;
   }
   return true;
 }
