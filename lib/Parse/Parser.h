@@ -27,12 +27,30 @@
 #include "Parse/Diagnostics.h"
 #include "Parse/ParseOptions.h"
 #include "Parse/Preprocessor.h"
+#include "llvm/ADT/STLFunctionalExtras.h"
 #include "llvm/ADT/StringSet.h"
+#include <bitset>
 #include <functional>
 #include <initializer_list>
 #include <optional>
 
 namespace tarka {
+
+/// The clauses of one kind of entry or paragraph: for the messages about them, and for the place
+/// to go on at after a mistake.
+struct ClauseSet {
+  llvm::StringRef owner;            ///< "a data description entry"
+  llvm::ArrayRef<Keyword> keywords; ///< a word for each clause, as a message lists them
+  llvm::ArrayRef<Keyword> synonyms; ///< further words that a clause can begin with
+  bool endsAtLevelNumber = false;   ///< entries with level numbers follow
+
+  bool contains(Keyword keyword) const;
+};
+
+/// The clauses of a data description entry.
+extern const ClauseSet dataClauses;
+/// The clauses of an entry of a report group.
+extern const ClauseSet groupClauses;
 
 class Parser {
 public:
@@ -138,18 +156,222 @@ private:
   void parseEndProgram(SourceUnit *unit);
 
   //===--------------------------------------------------------------------===//
-  // Environment division (ParseEnvironment.cpp)
+  // Entries and clauses of the environment and data division (ParseClauses.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// The word of \p candidates that \p word was most likely meant to be; empty when none is near.
+  static llvm::StringRef suggestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates);
+  /// Whether a header of a paragraph, section or division is next, or the end of the file.
+  bool atHeader();
+  /// Whether something is next that cannot belong to an entry of \p clauses any more: a header, or
+  /// the first word or level number of another entry at the beginning of a line.
+  bool atEntryBoundary(const ClauseSet &clauses);
+  /// Whether a number begins a line and is most likely a level number, before which a period is
+  /// missing, and not a number that the clause before it needs.
+  bool atLevelNumber();
+  /// The period of an entry or header. A period that is missing is reported; then reading goes on
+  /// as if it stood there.
+  void expectPeriod();
+  /// Says that the next token begins no clause of \p clauses and skips it; gives false.
+  bool unknownClause(const ClauseSet &clauses);
+  /// Skips to a word that begins a clause of \p clauses, to a period or to the next entry.
+  void recoverToClause(const ClauseSet &clauses);
+  /// Skips to behind the next period or to the next entry.
+  void recoverToEntry(const ClauseSet &clauses);
+  /// Reads clauses with \p parseClause, which tells whether one could be read, up to the period
+  /// that ends the entry, and that too. The place from \p begin to the last token before the
+  /// period.
+  Node parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                    llvm::function_ref<bool()> parseClause);
+  /// The same for a paragraph, in which every clause may have a period of its own.
+  void parseParagraphClauses(const ClauseSet &clauses, llvm::function_ref<bool()> parseClause);
+  /// Says that \p what is not supported and skips the clause that begins with the next token;
+  /// gives true.
+  bool unsupportedClause(llvm::StringRef what, const ClauseSet &clauses);
+
+  /// Reads a clause that \p owner may have one of with \p parse and gives it to \p set. A second
+  /// one is reported, read and dropped. False when the clause could not be read.
+  template <typename Owner, typename Base, typename Clause>
+  bool parseOnce(Owner &owner, Clause *(Base::*get)() const, void (Base::*set)(Clause *),
+                 Clause *(Parser::*parse)()) {
+    bool isSecond = (owner.*get)() != nullptr;
+    if (isSecond)
+      error(DiagnosticId::ClauseTwice, here(), peek().spelling);
+    Clause *clause = (this->*parse)();
+    if (clause && !isSecond)
+      (owner.*set)(clause);
+    return clause != nullptr;
+  }
+  /// A clause of one word.
+  template <typename Clause> Clause *parseBareClause() {
+    Node at(here());
+    stream.skip();
+    return new Clause(&at);
+  }
+  /// Whether a word is next that is no keyword but is one here.
+  bool atWord(llvm::StringRef text) { return peek().isWord() && peek().text == text; }
+  /// A numeric literal, or a data-name. \p what names it in the message.
+  Expression *parseNumberOrDataName(llvm::StringRef what);
+
+  //===--------------------------------------------------------------------===//
+  // Environment division (ParseEnvironment.cpp, ParseFileControl.cpp)
   //===--------------------------------------------------------------------===//
 
   /// With ENVIRONMENT DIVISION next. Never null.
   EnvironmentDivision *parseEnvironmentDivision();
+  ConfigurationSection &configurationSectionOf(EnvironmentDivision &division);
+  InputOutputSection &inputOutputSectionOf(EnvironmentDivision &division);
+  /// A section header or a paragraph; false when neither is next.
+  bool parseEnvironmentPart(EnvironmentDivision &division);
+  /// A header of \p words words and its period.
+  void parseHeader(unsigned words);
+  void skipRepository();
+  void parseSourceComputer(ConfigurationSection &section);
+  void parseObjectComputer(ConfigurationSection &section);
+  ClauseMemorySize *parseMemorySize();
+  ClauseSequence *parseCollatingSequence();
+  ClauseSegmentLimit *parseSegmentLimit();
+  void parseSpecialNames(ConfigurationSection &section);
+  bool parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses);
+  bool atEnvironmentName();
+  ClauseEnvName *parseEnvironmentName();
+  bool atAlphabetWithoutKeyword();
+  ClauseAlphabet *parseAlphabet();
+  bool parseForAlphanumeric();
+  PhrsAlphabet *parseAlphabetPhrase();
+  ClauseSymbolic *parseSymbolicCharacters();
+  bool atSymbolicPhrase();
+  PhrsSymbolic *parseSymbolicPhrase();
+  ClauseClass *parseClass();
+  PhrsClass *parseClassPhrase();
+  ClauseCurrency *parseCurrency();
+  ClauseDecimalPoint *parseDecimalPoint();
+
+  void parseFileControl(InputOutputSection &section);
+  ParaFileControl *parseSelect();
+  bool parseSelectClause(ParaFileControl &file);
+  ClauseAssign *parseAssign();
+  ClauseReserve *parseReserve();
+  ClauseOrganization *parseOrganization();
+  ClausePadding *parsePadding();
+  ClauseRecordDelimiter *parseRecordDelimiter();
+  ClauseAccess *parseAccess();
+  ClauseStatus *parseFileStatus();
+  ClausePassWord *parsePassword();
+  ClauseRecordKey *parseRecordKey();
+  ClauseRelativeKey *parseRelativeKey();
+  ClauseAlternate *parseAlternateKey();
+  void parseIOControl(InputOutputSection &section);
+  bool parseIOControlClause(InputOutputSection &section);
+  ClauseRerun *parseRerun();
+  ClauseSame *parseSame();
+  ClauseMultipleFile *parseMultipleFile();
+  ClauseApplyWriteOnly *parseApplyWriteOnly();
 
   //===--------------------------------------------------------------------===//
-  // Data division (ParseData.cpp, ParseFile.cpp, ParseReport.cpp)
+  // Data division (ParseData.cpp, ParseDataClauses.cpp, ParseFile.cpp,
+  // ParseReport.cpp, ParseReportGroup.cpp)
   //===--------------------------------------------------------------------===//
 
   /// With DATA DIVISION next; fills the data division of the current unit. Never null.
   DataDivision *parseDataDivision();
+  /// Whether a section of the data division is next, with or without its header.
+  bool atDataSection();
+  void reportForeignSection();
+  /// \p seen are the sections of the division that were there already.
+  static constexpr unsigned sectionKinds = static_cast<unsigned>(StorageType::Report) + 1;
+  void parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen);
+  class RecordBuilder;
+  using AddRecord = llvm::function_ref<void(DataDescription *)>;
+  /// Reads entries with \p parseEntry as long as level numbers follow, puts them together to
+  /// records, and gives each of these to \p add when it is complete.
+  void parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*parseEntry)(),
+                    AddRecord add);
+  void parseDataRecords(StorageType storage, AddRecord add);
+  /// With a level number next. Null when the entry cannot stand in the tree.
+  DataDescription *parseDataEntry();
+  unsigned parseLevelNumber();
+  /// The name of an entry or FILLER; null when the entry has none.
+  Word *parseEntryName(const ClauseSet &clauses);
+  bool parseDataClause(DataDescription &entry);
+  ClausePicture *parsePicture();
+  ClauseUsage *parseUsage();
+  ClauseGroupUsage *parseGroupUsage();
+  ClauseValue *parseValue();
+  PhraseValue *parseValuePhrase();
+  bool parseValueOperand(LiteralExpression *&literal, Word *&word);
+  ClauseOccurs *parseOccurs();
+  /// [n TO] m TIMES
+  bool parseOccursBounds(ClauseOccurs &occurs);
+  Key *parseOccursKey();
+  bool parseIndexNames(ClauseOccurs &occurs);
+  ClauseRedefines *parseRedefines();
+  ClauseRenames *parseRenames();
+  ClauseBlankZero *parseBlankZero();
+  ClauseJustified *parseJustified();
+  ClauseSign *parseSign();
+  ClauseSynchronized *parseSynchronized();
+  ClauseDateFormat *parseDateFormat();
+
+  void parseFileSection(DataDivision &division);
+  FileDescription *parseFileDescription();
+  bool parseFileClause(FileDescription &file);
+  ClauseBlock *parseBlock();
+  ClauseRecord *parseRecord();
+  ClauseLabel *parseLabel();
+  ClauseValueOf *parseValueOf();
+  ValueOfElem *parseValueOfElement();
+  ClauseDataRecord *parseDataRecord();
+  ClauseLinage *parseLinage();
+  ClauseRecordingMode *parseRecordingMode();
+  ClauseCodeSet *parseCodeSet();
+  ClauseReport *parseReportClause();
+
+  void parseReportSection(DataDivision &division);
+  /// Reads report groups; \p report may be null.
+  void parseReportGroups(ReportDescription *report);
+  /// One entry of a report group, with its level number next.
+  DataDescription *parseReportGroupEntry();
+  ReportDescription *parseReportDescription();
+  bool parseReportDescriptionClause(ReportDescription &report);
+  ClauseAllow *parseAllow();
+  ClauseCode *parseCode();
+  ClauseControl *parseControl();
+  ClauseLineLimit *parseLineLimit();
+  ClauseOverflow *parseOverflow();
+  ClausePageLimit *parsePageLimit();
+  bool parsePageRegion(ClausePageLimit &page);
+  ClauseStyle *parseStyle();
+
+  bool atNameIn(const ClauseSet &clauses);
+  /// \p choice is the condition read last, for what the item shows under it.
+  bool parseReportGroupClause(ReportDataDescription &entry, PresentContents *&choice);
+  ClauseType *parseType();
+  ReportGroupType parseGroupType();
+  bool parseTypeControls(ClauseType &type);
+  ClauseLine *parseLine();
+  bool acceptPlus();
+  void acceptNumber();
+  bool atLineOrColumn(std::size_t count);
+  ClauseColumn *parseColumn();
+  ClauseNextGroup *parseNextGroup();
+  ClauseGroupLimit *parseGroupLimit();
+  ClauseReportOccurs *parseReportOccurs();
+  std::list<VaryingPhrase *> *parseVarying();
+  ClauseRepeated *parseRepeated();
+  ClauseMultiple *parseMultiple();
+  ClauseWrap *parseWrap();
+  bool parseReportContents(ReportDataDescription &entry, PresentContents *&choice);
+  ClauseSource *parseSource();
+  SourceClauseExpr *parseSourceOperand();
+  SumClauseExpr *parseSum();
+  ClauseSum *parseSumClause();
+  ClauseCount *parseCount();
+  ClauseFunction *parseFunctionClause();
+  ClauseReportSign *parseReportSign();
+  bool parsePresent(ReportDataDescription &entry, PresentContents *&choice);
+  ClausePresentWhen *parsePresentWhen(const SourceRange &begin, bool isAbsent);
+  ClausePresentAfter *parsePresentAfter(const SourceRange &begin);
 
   //===--------------------------------------------------------------------===//
   // Expressions (ParseExpression.cpp)

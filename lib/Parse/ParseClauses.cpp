@@ -1,0 +1,186 @@
+//===- ParseClauses.cpp - what all entries and their clauses share --------===//
+//
+// The entries of the environment and data division are clauses in any order up
+// to a period. A mistake costs the clause that it stands in: reading goes on at
+// the next word that begins a clause, and at the latest with the next entry.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parser.h"
+#include "llvm/ADT/StringExtras.h"
+
+namespace tarka {
+
+bool ClauseSet::contains(Keyword keyword) const {
+  return llvm::is_contained(keywords, keyword) || llvm::is_contained(synonyms, keyword);
+}
+
+//===----------------------------------------------------------------------===//
+// Where an entry ends
+//===----------------------------------------------------------------------===//
+
+bool Parser::atHeader() {
+  switch (peek().keyword) {
+  case Keyword::Identification:
+  case Keyword::Id:
+  case Keyword::ProgramId:
+  case Keyword::Environment:
+  case Keyword::Data:
+  case Keyword::Procedure:
+  case Keyword::End:
+    return atUnitBoundary();
+  case Keyword::SourceComputer:
+  case Keyword::ObjectComputer:
+  case Keyword::SpecialNames:
+  case Keyword::Repository:
+  case Keyword::FileControl:
+  case Keyword::IOControl:
+    return true;
+  case Keyword::None:
+  case Keyword::Communication:
+  case Keyword::Configuration:
+  case Keyword::File:
+  case Keyword::InputOutput:
+  case Keyword::Linkage:
+  case Keyword::LocalStorage:
+  case Keyword::Report:
+  case Keyword::WorkingStorage:
+    return at(TokenKind::EndOfFile) || (at(TokenKind::Word) && peek(1).is(Keyword::Section));
+  default:
+    return false;
+  }
+}
+
+bool Parser::atLevelNumber() {
+  if (!at(TokenKind::IntegerLiteral) || !peek().isFirstOnLine() || peek().spelling.size() > 2)
+    return false;
+  // A number that belongs to a clause is followed by another one, by the unit that it counts, or by
+  // what goes on with a list of values.
+  const Token &next = peek(1);
+  if (!next.isWord() || next.isFigurativeConstant())
+    return false;
+  if (next.isUserWord())
+    return !isSymbolicCharacter(*next.getInternedText());
+  return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
+                       Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
+                       Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,
+                       Keyword::Times, Keyword::To, Keyword::When);
+}
+
+bool Parser::atEntryBoundary(const ClauseSet &clauses) {
+  if (atHeader())
+    return true;
+  if (!peek().isFirstOnLine())
+    return false;
+  return at(Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Cd, Keyword::Select) ||
+         (clauses.endsAtLevelNumber && atLevelNumber());
+}
+
+void Parser::expectPeriod() {
+  if (accept(TokenKind::Period))
+    return;
+  error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+  // What else stands in the line of a header belongs to nothing.
+  while (!peek().isFirstOnLine() && !atHeader() &&
+         !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
+    if (accept(TokenKind::Period))
+      return;
+    else
+      stream.skip();
+}
+
+//===----------------------------------------------------------------------===//
+// Clauses
+//===----------------------------------------------------------------------===//
+
+Node Parser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                          llvm::function_ref<bool()> parseClause) {
+  bool wasReadable = true;
+  while (!at(TokenKind::Period)) {
+    if (atEntryBoundary(clauses)) {
+      if (wasReadable)
+        error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+      return from(begin);
+    }
+    wasReadable = parseClause();
+    if (!wasReadable)
+      recoverToClause(clauses);
+  }
+  Node place = from(begin);
+  accept(TokenKind::Period);
+  return place;
+}
+
+void Parser::parseParagraphClauses(const ClauseSet &clauses,
+                                   llvm::function_ref<bool()> parseClause) {
+  bool needsPeriod = false;
+  while (!atEntryBoundary(clauses)) {
+    needsPeriod = !accept(TokenKind::Period);
+    if (needsPeriod && !parseClause()) {
+      recoverToClause(clauses);
+      needsPeriod = false;
+    }
+  }
+  if (needsPeriod)
+    error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+}
+
+bool Parser::unknownClause(const ClauseSet &clauses) {
+  llvm::SmallVector<Keyword, 80> words(clauses.keywords);
+  words.append(clauses.synonyms.begin(), clauses.synonyms.end());
+  llvm::StringRef meant = peek().isWord() ? suggestKeyword(peek().text, words) : "";
+  if (!meant.empty()) {
+    error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, meant);
+  } else {
+    auto texts = llvm::map_range(clauses.keywords, textOf);
+    error(DiagnosticId::UnknownClause, here(), describe(peek()), clauses.owner,
+          llvm::join(texts, ", "));
+  }
+  stream.skip();
+  return false;
+}
+
+bool Parser::unsupportedClause(llvm::StringRef what, const ClauseSet &clauses) {
+  error(DiagnosticId::NotSupported, here(), what);
+  stream.skip();
+  recoverToClause(clauses);
+  return true;
+}
+
+void Parser::recoverToClause(const ClauseSet &clauses) {
+  while (!at(TokenKind::Period) && !clauses.contains(peek().keyword) && !atEntryBoundary(clauses))
+    stream.skip();
+}
+
+void Parser::recoverToEntry(const ClauseSet &clauses) {
+  while (!atEntryBoundary(clauses))
+    if (accept(TokenKind::Period))
+      return;
+    else
+      stream.skip();
+}
+
+llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates) {
+  // A slip is a letter too many, too few or wrong; in a longer word there may be two of them, as
+  // when letters change places. In a very short one every other word is near.
+  if (word.size() < 3 || word.size() > 30)
+    return {};
+  unsigned nearest = word.size() < 5 ? 2 : 3;
+  llvm::StringRef suggestion;
+  for (Keyword candidate : candidates) {
+    unsigned distance = word.edit_distance(textOf(candidate), true, nearest);
+    if (distance < nearest) {
+      nearest = distance;
+      suggestion = textOf(candidate);
+    }
+  }
+  return suggestion;
+}
+
+Expression *Parser::parseNumberOrDataName(llvm::StringRef what) {
+  if (atNumericLiteral())
+    return parseNumericLiteral();
+  return parseDataName(what);
+}
+
+} // namespace tarka

@@ -1,0 +1,327 @@
+//===- ParseData.cpp - data division, sections and entries ----------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// The division and its sections
+//===----------------------------------------------------------------------===//
+
+/// The division hangs in the tree before it is read, since conditions of the report section ask it
+/// for condition-names.
+DataDivision *Parser::parseDataDivision() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *division = new DataDivision(&place);
+  unit->setDataDivision(division);
+  if (accept(Keyword::Data)) {
+    accept(Keyword::Division);
+    expectPeriod();
+  }
+  std::bitset<sectionKinds> seen;
+  while (!atUnitBoundary()) {
+    if (accept(TokenKind::Period) || skipEmbeddedBlock())
+      continue;
+    if (atDataSection()) {
+      parseDataSection(*division, seen);
+      continue;
+    }
+    if (peek(1).is(Keyword::Section))
+      reportForeignSection();
+    else
+      expected("a section of the data division");
+    do
+      stream.skip();
+    while (!atHeader() && !atDataSection());
+  }
+  division->setRange(from(begin).getRange());
+  return division;
+}
+
+/// Whether a section of the data division is next. Where its header was forgotten, what only that
+/// section can hold tells it.
+bool Parser::atDataSection() {
+  if (at(Keyword::WorkingStorage, Keyword::LocalStorage, Keyword::Linkage, Keyword::File,
+         Keyword::Report))
+    return peek(1).is(Keyword::Section);
+  return peek().isFirstOnLine() && (at(Keyword::Fd, Keyword::Sd, Keyword::Rd) || atLevelNumber());
+}
+
+void Parser::reportForeignSection() {
+  if (at(Keyword::Communication) || atWord("SCREEN"))
+    error(DiagnosticId::NotSupported, here(), peek().text + " SECTION");
+  else
+    error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "data division");
+}
+
+/// The section that is next. The order of the sections does not matter to anybody, so any is good.
+void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen) {
+  struct SectionInfo {
+    Keyword header;
+    StorageType storage;
+    llvm::StringLiteral text;
+  };
+  static constexpr SectionInfo sections[] = {
+      {Keyword::WorkingStorage, StorageType::WorkingStorage, "WORKING-STORAGE SECTION"},
+      {Keyword::LocalStorage, StorageType::LocalStorage, "LOCAL-STORAGE SECTION"},
+      {Keyword::Linkage, StorageType::Linkage, "LINKAGE SECTION"},
+      {Keyword::File, StorageType::File, "FILE SECTION"},
+      {Keyword::Report, StorageType::Report, "REPORT SECTION"},
+  };
+  Keyword header = at(Keyword::Fd, Keyword::Sd) ? Keyword::File
+                   : at(Keyword::Rd)            ? Keyword::Report
+                   : peek().isWord()            ? peek().keyword
+                                                : Keyword::WorkingStorage;
+  const SectionInfo &section =
+      *llvm::find_if(sections, [&](const SectionInfo &one) { return one.header == header; });
+
+  unsigned kind = static_cast<unsigned>(section.storage);
+  if (!peek(1).is(Keyword::Section)) {
+    error(DiagnosticId::HeaderMissing, here(), section.text, describe(peek()));
+  } else {
+    if (seen.test(kind))
+      error(DiagnosticId::HeaderTwice, here(), section.text);
+    parseHeader(2);
+  }
+  seen.set(kind);
+
+  switch (section.storage) {
+  case StorageType::File:
+    parseFileSection(division);
+    return;
+  case StorageType::Report:
+    parseReportSection(division);
+    return;
+  case StorageType::LocalStorage:
+    parseDataRecords(section.storage,
+                     [&](DataDescription *record) { division.addLocalSection(record); });
+    return;
+  case StorageType::Linkage:
+    parseDataRecords(section.storage,
+                     [&](DataDescription *record) { division.addLinkSection(record); });
+    return;
+  default:
+    parseDataRecords(section.storage,
+                     [&](DataDescription *record) { division.addWorkSection(record); });
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// Records
+//===----------------------------------------------------------------------===//
+
+/// Puts entries together to records by their level numbers: an entry belongs to the nearest one
+/// before it that has a lower level. Wrong levels (00, 50 ...) and wrong orders of right ones take
+/// the place that their number gives them; the checker has the messages for them.
+class Parser::RecordBuilder {
+public:
+  RecordBuilder(Parser &theParser, AddRecord addRecord) : parser(theParser), give(addRecord) {}
+  ~RecordBuilder() { finish(); }
+  RecordBuilder(const RecordBuilder &) = delete;
+  RecordBuilder &operator=(const RecordBuilder &) = delete;
+
+  void add(DataDescription *entry) {
+    switch (entry->getLevelNum()) {
+    case 88:
+      addConditionName(entry);
+      return;
+    case 66:
+      addRenames(entry);
+      return;
+    case 1:
+    case 77:
+      isMisplaced = false;
+      begin(entry);
+      return;
+    default:
+      addSubordinate(entry);
+    }
+  }
+
+private:
+  /// A condition-name belongs to the item that it follows.
+  void addConditionName(DataDescription *entry) {
+    if (item)
+      item->addChildren(entry);
+    else
+      parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
+  }
+
+  /// Level 66 stands behind the last item of its record.
+  void addRenames(DataDescription *entry) {
+    if (!record || record->getLevelNum() == 77) {
+      parser.error(DiagnosticId::RenamesWithoutRecord, entry->getRange());
+      return;
+    }
+    record->addChildren(entry);
+    item = entry;
+    isRenamed = true;
+  }
+
+  void addSubordinate(DataDescription *entry) {
+    unsigned level = entry->getLevelNum();
+    while (!open.empty() && open.back()->getLevelNum() >= level)
+      open.pop_back();
+    if (open.empty()) {
+      // One message for a record without its beginning, however many items there are in it.
+      if (level > 1 && level < 50 && !isMisplaced) {
+        parser.error(DiagnosticId::LevelWithoutRecord, entry->getRange(), level);
+        isMisplaced = true;
+      }
+      begin(entry);
+      return;
+    }
+    if (isRenamed)
+      parser.error(DiagnosticId::LevelAfterRenames, entry->getRange(), level);
+    isRenamed = false;
+    open.back()->addChildren(entry);
+    open.push_back(entry);
+    item = entry;
+  }
+
+  void begin(DataDescription *entry) {
+    finish();
+    record = item = entry;
+    open.assign(1, entry);
+    isRenamed = false;
+  }
+
+  /// Hands the record over, which is complete.
+  void finish() {
+    if (record)
+      give(record);
+    record = nullptr;
+  }
+
+  Parser &parser;
+  AddRecord give;
+  DataDescription *record = nullptr;
+  /// The entry read last that is no condition-name.
+  DataDescription *item = nullptr;
+  /// The entries that the next one may be subordinate to, of ascending levels.
+  llvm::SmallVector<DataDescription *, 16> open;
+  bool isMisplaced = false;
+  bool isRenamed = false;
+};
+
+void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*parseEntry)(),
+                          AddRecord add) {
+  RecordBuilder records(*this, add);
+  while (true) {
+    if (at(TokenKind::IntegerLiteral)) {
+      if (DataDescription *entry = (this->*parseEntry)())
+        records.add(entry);
+    } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
+      continue;
+    } else if (atEntryBoundary(clauses)) {
+      return;
+    } else {
+      expected("a level number");
+      stream.skip();
+      recoverToEntry(clauses);
+    }
+  }
+}
+
+void Parser::parseDataRecords(StorageType storage, AddRecord add) {
+  parseRecords(dataClauses, &Parser::parseDataEntry, [&](DataDescription *record) {
+    record->setStorageType(storage);
+    add(record);
+  });
+}
+
+//===----------------------------------------------------------------------===//
+// Entries
+//===----------------------------------------------------------------------===//
+
+/// level-number [data-name | FILLER] clauses.
+DataDescription *Parser::parseDataEntry() {
+  SourceRange begin = here();
+  unsigned level = parseLevelNumber();
+  if (level == 78) {
+    error(DiagnosticId::NotSupported, begin, "level 78");
+    recoverToEntry(dataClauses);
+    return nullptr;
+  }
+  Node place(begin);
+  auto *entry = new DataDescription(&place);
+  entry->setLevelNum(level);
+
+  Word *name = nullptr;
+  if (level == 66 || level == 88) {
+    // These are nothing without their names.
+    name = parseUserWord(level == 88 ? "a condition-name" : "a data-name");
+    if (!name) {
+      recoverToEntry(dataClauses);
+      return nullptr;
+    }
+  } else {
+    name = parseEntryName(dataClauses);
+  }
+  if (name)
+    entry->setDataName(name);
+
+  Node whole = parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); });
+  entry->setRange(whole.getRange());
+  return entry;
+}
+
+/// Levels that the language does not have are the checker's to report. Past two digits they are
+/// all the same.
+unsigned Parser::parseLevelNumber() {
+  constexpr unsigned beyond = 100;
+  unsigned level = 0;
+  if (peek().text.getAsInteger(10, level) || level > beyond)
+    level = beyond;
+  stream.skip();
+  return level;
+}
+
+/// Whether the clause that begins with the keyword needs more words, so that another clause or a
+/// period cannot follow at once.
+static bool needsOperand(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::Blank:
+  case Keyword::Col:
+  case Keyword::Cols:
+  case Keyword::Columns:
+  case Keyword::Date:
+  case Keyword::GroupUsage:
+  case Keyword::Occurs:
+  case Keyword::Redefines:
+  case Keyword::Renames:
+  case Keyword::Sign:
+  case Keyword::Source:
+  case Keyword::Style:
+  case Keyword::Sum:
+  case Keyword::Type:
+  case Keyword::Usage:
+  case Keyword::Value:
+  case Keyword::Values:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// A keyword where the name of the entry may stand begins a clause of an entry without a name. It
+/// is meant as the name when there is no such clause, or when that would be cut off at once.
+Word *Parser::parseEntryName(const ClauseSet &clauses) {
+  if (!peek().isWord())
+    return nullptr;
+  if (peek().keyword == Keyword::None || at(Keyword::Filler))
+    return takeWord();
+  bool isClause = clauses.contains(peek().keyword) || at(Keyword::Is);
+  if (isClause && needsOperand(peek().keyword))
+    isClause = !peek(1).isOneOf(Keyword::Pic, Keyword::Picture) && !peek(1).is(TokenKind::Period);
+  if (isClause)
+    return nullptr;
+  if (peek().isUserWord())
+    return takeWord();
+  error(DiagnosticId::ReservedWord, here(), "a data-name", peek().spelling);
+  stream.skip();
+  return nullptr;
+}
+
+} // namespace tarka

@@ -1,0 +1,500 @@
+//===- ParseDataClauses.cpp - clauses of data description entries ---------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+static constexpr Keyword dataKeywords[] = {
+    Keyword::Blank,      Keyword::Date,      Keyword::External, Keyword::Global,
+    Keyword::GroupUsage, Keyword::Justified, Keyword::Occurs,   Keyword::Picture,
+    Keyword::Redefines,  Keyword::Renames,   Keyword::Sign,     Keyword::Synchronized,
+    Keyword::Usage,      Keyword::Value,     Keyword::Volatile};
+static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
+                                           Keyword::Values,
+                                           Keyword::Just,
+                                           Keyword::Sync,
+                                           Keyword::Leading,
+                                           Keyword::Trailing,
+                                           Keyword::Binary,
+                                           Keyword::Comp,
+                                           Keyword::Comp1,
+                                           Keyword::Comp2,
+                                           Keyword::Comp3,
+                                           Keyword::Comp4,
+                                           Keyword::Comp5,
+                                           Keyword::Computational,
+                                           Keyword::Computational1,
+                                           Keyword::Computational2,
+                                           Keyword::Computational3,
+                                           Keyword::Computational4,
+                                           Keyword::Computational5,
+                                           Keyword::Disp,
+                                           Keyword::Display,
+                                           Keyword::Display1,
+                                           Keyword::FunctionPointer,
+                                           Keyword::Index,
+                                           Keyword::National,
+                                           Keyword::Object,
+                                           Keyword::PackedDecimal,
+                                           Keyword::Pointer,
+                                           Keyword::ProcedurePointer,
+                                           Keyword::Dynamic,
+                                           Keyword::Type};
+constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
+                            /*endsAtLevelNumber=*/true};
+
+bool Parser::parseDataClause(DataDescription &entry) {
+  using Data = DataDescription;
+  switch (peek().keyword) {
+  case Keyword::Pic:
+  case Keyword::Picture:
+    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &Parser::parsePicture);
+  case Keyword::Value:
+  case Keyword::Values:
+    return parseOnce(entry, &Data::getValue, &Data::setValue, &Parser::parseValue);
+  case Keyword::Occurs:
+    return parseOnce(entry, &Data::getOccurs, &Data::setOccurs, &Parser::parseOccurs);
+  case Keyword::Redefines:
+    return parseOnce(entry, &Data::getRedefines, &Data::setRedefines, &Parser::parseRedefines);
+  case Keyword::Renames:
+    return parseOnce(entry, &Data::getRenames, &Data::setRenames, &Parser::parseRenames);
+  case Keyword::Usage:
+  case Keyword::Binary:
+  case Keyword::Comp:
+  case Keyword::Comp1:
+  case Keyword::Comp2:
+  case Keyword::Comp3:
+  case Keyword::Comp4:
+  case Keyword::Comp5:
+  case Keyword::Computational:
+  case Keyword::Computational1:
+  case Keyword::Computational2:
+  case Keyword::Computational3:
+  case Keyword::Computational4:
+  case Keyword::Computational5:
+  case Keyword::Disp:
+  case Keyword::Display:
+  case Keyword::Display1:
+  case Keyword::FunctionPointer:
+  case Keyword::Index:
+  case Keyword::National:
+  case Keyword::Object:
+  case Keyword::PackedDecimal:
+  case Keyword::Pointer:
+  case Keyword::Pointer24:
+  case Keyword::Pointer31:
+  case Keyword::Pointer32:
+  case Keyword::Pointer64:
+  case Keyword::ProcedurePointer:
+  case Keyword::Utf8:
+  case Keyword::Bit:
+    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+  case Keyword::GroupUsage:
+    return parseOnce(entry, &Data::getGroupUsage, &Data::setGroupUsage, &Parser::parseGroupUsage);
+  case Keyword::Sign:
+  case Keyword::Leading:
+  case Keyword::Trailing:
+    return parseOnce(entry, &Data::getSign, &Data::setSign, &Parser::parseSign);
+  case Keyword::Sync:
+  case Keyword::Synchronized:
+    return parseOnce(entry, &Data::getSynchronized, &Data::setSynchronized,
+                     &Parser::parseSynchronized);
+  case Keyword::Just:
+  case Keyword::Justified:
+    return parseOnce(entry, &Data::getJustified, &Data::setJustified, &Parser::parseJustified);
+  case Keyword::Blank:
+    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
+  case Keyword::Date:
+    return parseOnce(entry, &Data::getDateFormat, &Data::setDateFormat, &Parser::parseDateFormat);
+  case Keyword::External:
+    return parseOnce(entry, &Data::getExternal, &Data::setExternal,
+                     &Parser::parseBareClause<ClauseExternal>);
+  case Keyword::Global:
+    return parseOnce(entry, &Data::getGlobal, &Data::setGlobal,
+                     &Parser::parseBareClause<ClauseGlobal>);
+  case Keyword::Volatile:
+    return parseOnce(entry, &Data::getVolatile, &Data::setVolatile,
+                     &Parser::parseBareClause<ClauseVolatile>);
+  case Keyword::Is:
+    // IS EXTERNAL, IS GLOBAL
+    if (!peek(1).isOneOf(Keyword::External, Keyword::Global))
+      return unknownClause(dataClauses);
+    stream.skip();
+    return true;
+  case Keyword::Dynamic:
+  case Keyword::Type:
+    return unsupportedClause(textOf(peek().keyword), dataClauses);
+  default:
+    return unknownClause(dataClauses);
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// PICTURE and USAGE
+//===----------------------------------------------------------------------===//
+
+/// {PICTURE | PIC} [IS] character-string
+ClausePicture *Parser::parsePicture() {
+  SourceRange begin = here();
+  stream.skip();
+  accept(Keyword::Is);
+  // Where there is no string, the stream has said so: only there is it known what was looked for.
+  if (!at(TokenKind::PictureString))
+    return nullptr;
+  Word *string = takeWord();
+  Node at = from(begin);
+  return new ClausePicture(&at, string);
+}
+
+/// The usage that the keyword names; None for other keywords.
+static UsageType usageOf(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::Binary:
+    return UsageType::Binary;
+  case Keyword::Comp:
+  case Keyword::Computational:
+    return UsageType::Comp;
+  case Keyword::Comp1:
+  case Keyword::Computational1:
+    return UsageType::Comp1;
+  case Keyword::Comp2:
+  case Keyword::Computational2:
+    return UsageType::Comp2;
+  case Keyword::Comp3:
+  case Keyword::Computational3:
+    return UsageType::Comp3;
+  case Keyword::Comp4:
+  case Keyword::Computational4:
+    return UsageType::Comp4;
+  case Keyword::Comp5:
+  case Keyword::Computational5:
+    return UsageType::Comp5;
+  case Keyword::Disp:
+  case Keyword::Display:
+    return UsageType::Display;
+  case Keyword::Display1:
+    return UsageType::Display1;
+  case Keyword::Index:
+    return UsageType::Index;
+  case Keyword::National:
+    return UsageType::National;
+  case Keyword::PackedDecimal:
+    return UsageType::PackedDecimal;
+  case Keyword::Pointer:
+    return UsageType::Pointer;
+  case Keyword::ProcedurePointer:
+    return UsageType::ProcedurePointer;
+  case Keyword::FunctionPointer:
+    return UsageType::FunctionPointer;
+  default:
+    return UsageType::None;
+  }
+}
+
+/// The usage that is nearest to one that is not supported, so that an item of it can be judged all
+/// the same; None for other keywords.
+static UsageType usageInsteadOf(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::Bit:
+  case Keyword::Utf8:
+    return UsageType::Display;
+  case Keyword::Object:
+  case Keyword::Pointer24:
+  case Keyword::Pointer31:
+  case Keyword::Pointer32:
+  case Keyword::Pointer64:
+    return UsageType::Pointer;
+  default:
+    return UsageType::None;
+  }
+}
+
+/// [USAGE [IS]] usage [NATIVE]
+ClauseUsage *Parser::parseUsage() {
+  SourceRange begin = here();
+  if (accept(Keyword::Usage))
+    accept(Keyword::Is);
+  UsageType type = usageOf(peek().keyword);
+  if (type == UsageType::None) {
+    type = usageInsteadOf(peek().keyword);
+    if (type == UsageType::None)
+      return expected("a usage");
+    error(DiagnosticId::NotSupported, here(), "USAGE " + textOf(peek().keyword).str());
+  }
+  // OBJECT REFERENCE names a class.
+  if (accept(Keyword::Object)) {
+    accept(Keyword::Reference);
+    if (peek().isUserWord())
+      stream.skip();
+  } else {
+    stream.skip();
+  }
+  accept(Keyword::Native);
+  Node at = from(begin);
+  return new ClauseUsage(&at, type);
+}
+
+/// GROUP-USAGE [IS] NATIONAL
+ClauseGroupUsage *Parser::parseGroupUsage() {
+  SourceRange begin = here();
+  accept(Keyword::GroupUsage);
+  accept(Keyword::Is);
+  if (!expect(Keyword::National))
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseGroupUsage(&at);
+}
+
+/// [SIGN [IS]] {LEADING | TRAILING} [SEPARATE [CHARACTER]]
+ClauseSign *Parser::parseSign() {
+  SourceRange begin = here();
+  if (accept(Keyword::Sign))
+    accept(Keyword::Is);
+  bool isLeading = accept(Keyword::Leading);
+  if (!isLeading && !accept(Keyword::Trailing))
+    return expected("LEADING or TRAILING");
+  bool isSeparate = accept(Keyword::Separate);
+  if (isSeparate)
+    accept(Keyword::Character);
+  Node at = from(begin);
+  return new ClauseSign(&at, isLeading, isSeparate);
+}
+
+/// {SYNCHRONIZED | SYNC} [LEFT | RIGHT]
+ClauseSynchronized *Parser::parseSynchronized() {
+  SourceRange begin = here();
+  stream.skip();
+  Word *side = at(Keyword::Left, Keyword::Right) ? takeWord() : nullptr;
+  Node at = from(begin);
+  return new ClauseSynchronized(&at, side);
+}
+
+/// {JUSTIFIED | JUST} [RIGHT]
+ClauseJustified *Parser::parseJustified() {
+  SourceRange begin = here();
+  stream.skip();
+  accept(Keyword::Right);
+  Node at = from(begin);
+  return new ClauseJustified(&at);
+}
+
+/// BLANK [WHEN] {ZERO | ZEROS | ZEROES}
+ClauseBlankZero *Parser::parseBlankZero() {
+  SourceRange begin = here();
+  accept(Keyword::Blank);
+  accept(Keyword::When);
+  if (!acceptAny(Keyword::Zero, Keyword::Zeros, Keyword::Zeroes))
+    return expected("ZERO");
+  Node at = from(begin);
+  return new ClauseBlankZero(&at);
+}
+
+/// DATE FORMAT [IS] pattern
+ClauseDateFormat *Parser::parseDateFormat() {
+  SourceRange begin = here();
+  accept(Keyword::Date);
+  if (!expect(Keyword::Format))
+    return nullptr;
+  accept(Keyword::Is);
+  if (!peek().isWord())
+    return expected("a date pattern");
+  // In a pattern letters of both cases differ.
+  auto *pattern = new Word(here(), peek().getInternedSpelling(), peek().getInternedSpelling());
+  stream.skip();
+  Node at = from(begin);
+  return new ClauseDateFormat(&at, pattern);
+}
+
+//===----------------------------------------------------------------------===//
+// REDEFINES and RENAMES
+//===----------------------------------------------------------------------===//
+
+/// REDEFINES data-name
+ClauseRedefines *Parser::parseRedefines() {
+  SourceRange begin = here();
+  accept(Keyword::Redefines);
+  DataIdentifierExpression *object = parseDataName();
+  if (!object)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseRedefines(&at, object);
+}
+
+/// RENAMES data-name [{THROUGH | THRU} data-name]
+ClauseRenames *Parser::parseRenames() {
+  SourceRange begin = here();
+  accept(Keyword::Renames);
+  DataIdentifierExpression *first = parseDataName();
+  if (!first)
+    return nullptr;
+  DataIdentifierExpression *last = nullptr;
+  if (acceptAny(Keyword::Thru, Keyword::Through)) {
+    last = parseDataName();
+    if (!last)
+      return nullptr;
+  }
+  Node at = from(begin);
+  return new ClauseRenames(&at, first, last);
+}
+
+//===----------------------------------------------------------------------===//
+// OCCURS
+//===----------------------------------------------------------------------===//
+
+/// OCCURS bounds [DEPENDING ON data-name] [KEY phrases] [INDEXED BY names]
+ClauseOccurs *Parser::parseOccurs() {
+  SourceRange begin = here();
+  accept(Keyword::Occurs);
+  Node place(begin);
+  auto *occurs = new ClauseOccurs(&place);
+  if (!parseOccursBounds(*occurs))
+    return nullptr;
+  while (true) {
+    if (accept(Keyword::Depending)) {
+      accept(Keyword::On);
+      DataIdentifierExpression *object = parseDataName();
+      if (!object)
+        return nullptr;
+      occurs->setOdoName(object);
+    } else if (at(Keyword::Ascending, Keyword::Descending)) {
+      Key *key = parseOccursKey();
+      if (!key)
+        return nullptr;
+      occurs->addKey(key);
+    } else if (accept(Keyword::Indexed)) {
+      if (!parseIndexNames(*occurs))
+        return nullptr;
+    } else {
+      break;
+    }
+  }
+  occurs->setRange(from(begin).getRange());
+  return occurs;
+}
+
+/// [n TO] m [TIMES]. That there must be a number is a rule of the checker.
+bool Parser::parseOccursBounds(ClauseOccurs &occurs) {
+  bool isMissing = at(Keyword::Times, Keyword::Depending, Keyword::Ascending, Keyword::Descending,
+                      Keyword::Indexed) ||
+                   at(TokenKind::Period);
+  if (!isMissing && !at(Keyword::Unbounded)) {
+    NumericLiteralExpression *bound = parseNumericLiteral();
+    if (!bound)
+      return false;
+    occurs.setMaxExpr(bound);
+  }
+  if (accept(Keyword::To) && !at(Keyword::Unbounded)) {
+    NumericLiteralExpression *bound = parseNumericLiteral();
+    if (!bound)
+      return false;
+    occurs.setMinExpr(occurs.getMaxExpr());
+    occurs.setMaxExpr(bound);
+  }
+  if (at(Keyword::Unbounded)) {
+    error(DiagnosticId::NotSupported, here(), "UNBOUNDED");
+    stream.skip();
+  }
+  accept(Keyword::Times);
+  return true;
+}
+
+/// {ASCENDING | DESCENDING} [KEY] [IS] data-name ...
+Key *Parser::parseOccursKey() {
+  SourceRange begin = here();
+  SortOrder order = at(Keyword::Ascending) ? SortOrder::Ascending : SortOrder::Descending;
+  stream.skip();
+  accept(Keyword::Key);
+  accept(Keyword::Is);
+  Node place(begin);
+  Key *key = new Key(&place, order);
+  do {
+    DataIdentifierExpression *name = parseDataName();
+    if (!name)
+      return nullptr;
+    key->addData(name);
+  } while (peek().isUserWord());
+  key->setRange(from(begin).getRange());
+  return key;
+}
+
+/// INDEXED [BY] index-name ...
+bool Parser::parseIndexNames(ClauseOccurs &occurs) {
+  accept(Keyword::By);
+  do {
+    Word *name = parseUserWord("an index-name");
+    if (!name)
+      return false;
+    auto *qualified = new QualifiedWord(name);
+    qualified->addNames(name);
+    occurs.addIndex(new DataIdentifierExpression(name, qualified, nullptr, nullptr));
+  } while (peek().isUserWord());
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// VALUE
+//===----------------------------------------------------------------------===//
+
+/// {VALUE | VALUES} [IS | ARE] {value [{THROUGH | THRU} value]} ...
+/// [WHEN SET TO FALSE [IS] literal]
+ClauseValue *Parser::parseValue() {
+  SourceRange begin = here();
+  stream.skip();
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseValue(&place);
+  do {
+    PhraseValue *phrase = parseValuePhrase();
+    if (!phrase)
+      return nullptr;
+    clause->addPhraseValue(phrase);
+  } while (atLiteral() && !atLevelNumber());
+
+  if (at(Keyword::False) || (at(Keyword::When) && peek(1).isOneOf(Keyword::Set, Keyword::False))) {
+    accept(Keyword::When);
+    accept(Keyword::Set);
+    accept(Keyword::To);
+    if (!expect(Keyword::False))
+      return nullptr;
+    accept(Keyword::Is);
+    LiteralExpression *literal = parseLiteral();
+    if (!literal)
+      return nullptr;
+    clause->setFalseValue(literal);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+PhraseValue *Parser::parseValuePhrase() {
+  SourceRange begin = here();
+  LiteralExpression *literal = nullptr;
+  Word *word = nullptr;
+  if (!parseValueOperand(literal, word))
+    return nullptr;
+  Node place(begin);
+  auto *phrase = new PhraseValue(&place);
+  phrase->setLiteral1(literal);
+  phrase->setWord1(word);
+  if (acceptAny(Keyword::Thru, Keyword::Through)) {
+    if (!parseValueOperand(literal, word))
+      return nullptr;
+    phrase->setLiteral2(literal);
+    phrase->setWord2(word);
+  }
+  phrase->setRange(from(begin).getRange());
+  return phrase;
+}
+
+/// A literal, or the name of a symbolic character, for which the checks put the literal.
+bool Parser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
+  literal = nullptr;
+  word = nullptr;
+  if (peek().isUserWord() && atLiteral())
+    word = takeWord();
+  else
+    literal = parseLiteral();
+  return literal || word;
+}
+
+} // namespace tarka

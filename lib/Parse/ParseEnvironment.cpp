@@ -1,0 +1,558 @@
+//===- ParseEnvironment.cpp - environment division, configuration ---------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// The division
+//===----------------------------------------------------------------------===//
+
+/// The division and its parts hang in the tree before they are read: what they declare is looked up
+/// there while reading goes on.
+EnvironmentDivision *Parser::parseEnvironmentDivision() {
+  SourceRange begin = here();
+  accept(Keyword::Environment);
+  accept(Keyword::Division);
+  expectPeriod();
+  Node place(begin);
+  auto *division = new EnvironmentDivision(&place);
+  unit->setEnvironmentDivision(division);
+
+  while (!atUnitBoundary()) {
+    if (accept(TokenKind::Period) || parseEnvironmentPart(*division))
+      continue;
+    if (atDataSection()) {
+      error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
+      parseDataDivision();
+      break;
+    }
+    if (peek(1).is(Keyword::Section))
+      error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "environment division");
+    else
+      expected("a section or paragraph of the environment division");
+    do
+      stream.skip();
+    while (!atHeader());
+  }
+  division->setRange(from(begin).getRange());
+  return division;
+}
+
+bool Parser::parseEnvironmentPart(EnvironmentDivision &division) {
+  switch (peek().keyword) {
+  case Keyword::Configuration:
+    if (!peek(1).is(Keyword::Section))
+      return false;
+    if (division.getConfigurationSection())
+      error(DiagnosticId::HeaderTwice, here(), "CONFIGURATION SECTION");
+    configurationSectionOf(division);
+    parseHeader(2);
+    return true;
+  case Keyword::InputOutput:
+    if (!peek(1).is(Keyword::Section))
+      return false;
+    if (division.getInputOutputSection())
+      error(DiagnosticId::HeaderTwice, here(), "INPUT-OUTPUT SECTION");
+    inputOutputSectionOf(division);
+    parseHeader(2);
+    return true;
+  case Keyword::SourceComputer:
+    parseSourceComputer(configurationSectionOf(division));
+    return true;
+  case Keyword::ObjectComputer:
+    parseObjectComputer(configurationSectionOf(division));
+    return true;
+  case Keyword::SpecialNames:
+    parseSpecialNames(configurationSectionOf(division));
+    return true;
+  case Keyword::Repository:
+    configurationSectionOf(division);
+    skipRepository();
+    return true;
+  case Keyword::FileControl:
+    parseFileControl(inputOutputSectionOf(division));
+    return true;
+  case Keyword::IOControl:
+    parseIOControl(inputOutputSectionOf(division));
+    return true;
+  default:
+    return false;
+  }
+}
+
+void Parser::parseHeader(unsigned words) {
+  while (words--)
+    stream.skip();
+  expectPeriod();
+}
+
+/// The section, made when its header or, with a message, its first paragraph is next.
+ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &division) {
+  if (!division.getConfigurationSection()) {
+    if (!at(Keyword::Configuration))
+      error(DiagnosticId::HeaderMissing, here(), "CONFIGURATION SECTION", describe(peek()));
+    Node place(here());
+    division.setConfigurationSection(new ConfigurationSection(&place));
+  }
+  return *division.getConfigurationSection();
+}
+
+InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division) {
+  if (!division.getInputOutputSection()) {
+    if (!at(Keyword::InputOutput))
+      error(DiagnosticId::HeaderMissing, here(), "INPUT-OUTPUT SECTION", describe(peek()));
+    Node place(here());
+    division.setInputOutputSection(new InputOutputSection(&place));
+  }
+  return *division.getInputOutputSection();
+}
+
+/// The functions and classes that the paragraph names cannot be used without it, so it is nothing
+/// to pass over in silence.
+void Parser::skipRepository() {
+  SourceRange begin = here();
+  parseHeader(1);
+  bool isEmpty = atHeader();
+  while (!atHeader())
+    stream.skip();
+  if (!isEmpty)
+    error(DiagnosticId::NotSupported, begin, "REPOSITORY");
+}
+
+//===----------------------------------------------------------------------===//
+// SOURCE-COMPUTER and OBJECT-COMPUTER
+//===----------------------------------------------------------------------===//
+
+static constexpr Keyword sourceComputerKeywords[] = {Keyword::With};
+static constexpr Keyword sourceComputerSynonyms[] = {Keyword::Debugging};
+
+/// SOURCE-COMPUTER. [computer-name [WITH DEBUGGING MODE].]
+void Parser::parseSourceComputer(ConfigurationSection &section) {
+  SourceRange begin = here();
+  if (section.getSourceComputer())
+    error(DiagnosticId::HeaderTwice, here(), "SOURCE-COMPUTER");
+  Node place(begin);
+  auto *computer = new ParaSourceComputer(&place);
+  section.setSourceComputer(computer);
+  parseHeader(1);
+  if (atHeader())
+    return;
+
+  if (peek().isUserWord())
+    computer->setComputerName(takeWord());
+  const ClauseSet clauses{"SOURCE-COMPUTER", sourceComputerKeywords, sourceComputerSynonyms};
+  Node whole = parseClauses(begin, clauses, [&] {
+    if (!at(Keyword::With, Keyword::Debugging))
+      return unknownClause(clauses);
+    accept(Keyword::With);
+    if (!expect(Keyword::Debugging) || !expect(Keyword::Mode))
+      return false;
+    // Debugging lines are read from the next line on.
+    stream.setDebuggingMode(true);
+    computer->setIsDebuggingMode(true);
+    return true;
+  });
+  computer->setRange(whole.getRange());
+}
+
+static constexpr Keyword objectComputerKeywords[] = {Keyword::Memory, Keyword::Program,
+                                                     Keyword::SegmentLimit};
+static constexpr Keyword objectComputerSynonyms[] = {Keyword::Collating, Keyword::Sequence};
+
+/// OBJECT-COMPUTER. [computer-name clauses.]
+void Parser::parseObjectComputer(ConfigurationSection &section) {
+  SourceRange begin = here();
+  if (section.getObjectComputer())
+    error(DiagnosticId::HeaderTwice, here(), "OBJECT-COMPUTER");
+  Node place(begin);
+  auto *computer = new ParaObjectComputer(&place);
+  section.setObjectComputer(computer);
+  parseHeader(1);
+  if (atHeader())
+    return;
+
+  if (peek().isUserWord())
+    computer->setComputerName(takeWord());
+  const ClauseSet clauses{"OBJECT-COMPUTER", objectComputerKeywords, objectComputerSynonyms};
+  Node whole = parseClauses(begin, clauses, [&] {
+    switch (peek().keyword) {
+    case Keyword::Memory:
+      return parseOnce(*computer, &ParaObjectComputer::getMemSize, &ParaObjectComputer::setMemSize,
+                       &Parser::parseMemorySize);
+    case Keyword::Program:
+    case Keyword::Collating:
+    case Keyword::Sequence:
+      return parseOnce(*computer, &ParaObjectComputer::getSequence,
+                       &ParaObjectComputer::setSequence, &Parser::parseCollatingSequence);
+    case Keyword::SegmentLimit:
+      return parseOnce(*computer, &ParaObjectComputer::getSegment, &ParaObjectComputer::setSegment,
+                       &Parser::parseSegmentLimit);
+    default:
+      return unknownClause(clauses);
+    }
+  });
+  computer->setRange(whole.getRange());
+}
+
+/// MEMORY SIZE integer {WORDS | CHARACTERS | MODULES}
+ClauseMemorySize *Parser::parseMemorySize() {
+  SourceRange begin = here();
+  accept(Keyword::Memory);
+  accept(Keyword::Size);
+  NumericLiteralExpression *size = parseNumericLiteral();
+  if (!size)
+    return nullptr;
+  acceptAny(Keyword::Words, Keyword::Characters, Keyword::Modules);
+  Node at = from(begin);
+  return new ClauseMemorySize(&at, size);
+}
+
+/// PROGRAM COLLATING SEQUENCE IS alphabet-name
+ClauseSequence *Parser::parseCollatingSequence() {
+  SourceRange begin = here();
+  accept(Keyword::Program);
+  accept(Keyword::Collating);
+  if (!expect(Keyword::Sequence))
+    return nullptr;
+  accept(Keyword::Is);
+  Word *alphabet = parseUserWord("an alphabet-name");
+  if (!alphabet)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseSequence(&at, alphabet);
+}
+
+/// SEGMENT-LIMIT IS priority-number
+ClauseSegmentLimit *Parser::parseSegmentLimit() {
+  SourceRange begin = here();
+  accept(Keyword::SegmentLimit);
+  accept(Keyword::Is);
+  NumericLiteralExpression *limit = parseNumericLiteral();
+  if (!limit)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseSegmentLimit(&at, limit);
+}
+
+//===----------------------------------------------------------------------===//
+// SPECIAL-NAMES
+//===----------------------------------------------------------------------===//
+
+static constexpr Keyword specialNamesKeywords[] = {
+    Keyword::Alphabet, Keyword::Class, Keyword::Currency, Keyword::DecimalPoint, Keyword::Symbolic};
+static constexpr Keyword specialNamesSynonyms[] = {Keyword::XmlSchema, Keyword::Order};
+
+void Parser::parseSpecialNames(ConfigurationSection &section) {
+  SourceRange begin = here();
+  if (section.getSpecialNames()) {
+    error(DiagnosticId::HeaderTwice, here(), "SPECIAL-NAMES");
+  } else {
+    Node place(begin);
+    section.setSpecialNames(new ParaSpecialNames(&place));
+  }
+  ParaSpecialNames &names = *section.getSpecialNames();
+  parseHeader(1);
+  const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms};
+  parseParagraphClauses(clauses, [&] { return parseSpecialNamesClause(names, clauses); });
+  names.setRange(from(begin).getRange());
+}
+
+/// Gives a clause that was read to the paragraph; false when it could not be read.
+template <typename Clause>
+static bool addTo(ParaSpecialNames &names, void (ParaSpecialNames::*add)(Clause *),
+                  Clause *clause) {
+  if (clause)
+    (names.*add)(clause);
+  return clause != nullptr;
+}
+
+bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses) {
+  switch (peek().keyword) {
+  case Keyword::Alphabet:
+    return addTo(names, &ParaSpecialNames::addAlphabet, parseAlphabet());
+  case Keyword::Symbolic:
+    return addTo(names, &ParaSpecialNames::addSymbolic, parseSymbolicCharacters());
+  case Keyword::Class:
+    return addTo(names, &ParaSpecialNames::addClass, parseClass());
+  case Keyword::Currency:
+    return addTo(names, &ParaSpecialNames::addCurrency, parseCurrency());
+  case Keyword::DecimalPoint:
+    return parseOnce(names, &ParaSpecialNames::getDecimalPoint, &ParaSpecialNames::setDecimalPoint,
+                     &Parser::parseDecimalPoint);
+  case Keyword::XmlSchema:
+  case Keyword::Order:
+    return unsupportedClause(textOf(peek().keyword), clauses);
+  default:
+    break;
+  }
+  if (atWord("LOCALE"))
+    return unsupportedClause("LOCALE", clauses);
+  if (atAlphabetWithoutKeyword())
+    return addTo(names, &ParaSpecialNames::addAlphabet, parseAlphabet());
+  if (atEnvironmentName())
+    return addTo(names, &ParaSpecialNames::addEnvName, parseEnvironmentName());
+  return unknownClause(clauses);
+}
+
+/// Whether the next words could begin an environment-name clause. A misspelt keyword of another
+/// clause could as well, but is the more likely explanation of a name that no system has.
+bool Parser::atEnvironmentName() {
+  if (at(TokenKind::AlphanumericLiteral))
+    return peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
+  if (!peek().isUserWord())
+    return false;
+  Word name(here(), peek().getInternedText(), peek().getInternedSpelling());
+  if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
+    return true;
+  bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
+  return isFollowed && suggestKeyword(peek().text, specialNamesKeywords).empty();
+}
+
+/// environment-name [IS] [mnemonic-name] {ON | OFF} [STATUS] [IS] condition-name
+ClauseEnvName *Parser::parseEnvironmentName() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *clause = new ClauseEnvName(&place, takeWord());
+  bool hasIs = accept(Keyword::Is);
+  if (hasIs || !at(Keyword::On, Keyword::Off)) {
+    Word *mnemonic = parseUserWord("a mnemonic-name");
+    if (!mnemonic)
+      return nullptr;
+    clause->setMnemonicName(mnemonic);
+  }
+  while (at(Keyword::On, Keyword::Off)) {
+    bool isOn = at(Keyword::On);
+    if (isOn ? clause->getOnCondition() : clause->getOffCondition())
+      return error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+    stream.skip();
+    accept(Keyword::Status);
+    accept(Keyword::Is);
+    Word *condition = parseUserWord("a condition-name");
+    if (!condition)
+      return nullptr;
+    if (isOn)
+      clause->setOnCondition(condition);
+    else
+      clause->setOffCondition(condition);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// Whether an alphabet-name is next that older programs define without the word ALPHABET.
+bool Parser::atAlphabetWithoutKeyword() {
+  if (!peek().isUserWord())
+    return false;
+  unsigned behind = peek(1).is(Keyword::Is) ? 2 : 1;
+  return peek(behind).isOneOf(Keyword::Standard1, Keyword::Standard2, Keyword::Native) ||
+         (behind == 2 && peek(behind).is(TokenKind::AlphanumericLiteral));
+}
+
+/// [ALPHABET] alphabet-name [FOR ALPHANUMERIC] IS {STANDARD-1 | STANDARD-2 | NATIVE | EBCDIC |
+/// literals}
+ClauseAlphabet *Parser::parseAlphabet() {
+  SourceRange begin = here();
+  accept(Keyword::Alphabet);
+  Word *name = parseUserWord("an alphabet-name");
+  if (!name || !parseForAlphanumeric())
+    return nullptr;
+  accept(Keyword::Is);
+
+  AlphabetType type = AlphabetType::User;
+  if (accept(Keyword::Standard1))
+    type = AlphabetType::Standard1;
+  else if (accept(Keyword::Standard2))
+    type = AlphabetType::Standard2;
+  else if (accept(Keyword::Native))
+    type = AlphabetType::Native;
+  else if (!atLiteral()) {
+    // Which names of code pages there are is for the checker to judge.
+    Word *codeName =
+        parseUserWord("STANDARD-1, STANDARD-2, NATIVE, EBCDIC or a literal of the alphabet");
+    if (!codeName)
+      return nullptr;
+    type = codeName->getWordData() == "EBCDIC" ? AlphabetType::Ebcdic : AlphabetType::Unknown;
+  }
+  Node place(begin);
+  auto *clause = new ClauseAlphabet(&place, name, type);
+  while (type == AlphabetType::User && atLiteral()) {
+    PhrsAlphabet *phrase = parseAlphabetPhrase();
+    if (!phrase)
+      return nullptr;
+    clause->addAlpha(phrase);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// [FOR ALPHANUMERIC], which says nothing new. Alphabets and classes of national characters are
+/// another matter.
+bool Parser::parseForAlphanumeric() {
+  if (!accept(Keyword::For))
+    return true;
+  if (at(Keyword::National)) {
+    error(DiagnosticId::NotSupported, here(), "FOR NATIONAL");
+    return false;
+  }
+  return expect(Keyword::Alphanumeric);
+}
+
+/// literal [{THROUGH | THRU} literal | {ALSO literal} ...]
+PhrsAlphabet *Parser::parseAlphabetPhrase() {
+  SourceRange begin = here();
+  LiteralExpression *first = parseLiteral();
+  if (!first)
+    return nullptr;
+  Node place(begin);
+  auto *phrase = new PhrsAlphabet(&place, first);
+  if (acceptAny(Keyword::Thru, Keyword::Through)) {
+    LiteralExpression *last = parseLiteral();
+    if (!last)
+      return nullptr;
+    phrase->setThruLiteral(last);
+  }
+  while (accept(Keyword::Also)) {
+    LiteralExpression *also = parseLiteral();
+    if (!also)
+      return nullptr;
+    phrase->addAlso(also);
+  }
+  phrase->setRange(from(begin).getRange());
+  return phrase;
+}
+
+/// SYMBOLIC CHARACTERS {names [IS | ARE] integers} ... [IN alphabet-name]
+ClauseSymbolic *Parser::parseSymbolicCharacters() {
+  SourceRange begin = here();
+  accept(Keyword::Symbolic);
+  acceptAny(Keyword::Characters, Keyword::Character);
+  if (!parseForAlphanumeric())
+    return nullptr;
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseSymbolic(&place);
+  do {
+    PhrsSymbolic *phrase = parseSymbolicPhrase();
+    if (!phrase)
+      return nullptr;
+    clause->addSymbolic(phrase);
+  } while (atSymbolicPhrase());
+  if (accept(Keyword::In)) {
+    Word *alphabet = parseUserWord("an alphabet-name");
+    if (!alphabet)
+      return nullptr;
+    clause->setAlphabetName(alphabet);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// Whether names follow that have integers behind them. An environment-name clause begins with a
+/// name too, but has none.
+bool Parser::atSymbolicPhrase() {
+  unsigned names = 0;
+  while (names + 1 < TokenStream::lookAhead && peek(names).isUserWord())
+    ++names;
+  if (names == 0)
+    return false;
+  if (names + 1 == TokenStream::lookAhead || peek(names).is(TokenKind::IntegerLiteral))
+    return true;
+  return peek(names).isOneOf(Keyword::Is, Keyword::Are) &&
+         peek(names + 1).is(TokenKind::IntegerLiteral);
+}
+
+PhrsSymbolic *Parser::parseSymbolicPhrase() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *phrase = new PhrsSymbolic(&place);
+  do {
+    Word *name = parseUserWord("the name of a symbolic character");
+    if (!name)
+      return nullptr;
+    phrase->addSource(name);
+  } while (peek().isUserWord());
+  acceptAny(Keyword::Is, Keyword::Are);
+  do {
+    NumericLiteralExpression *ordinal = parseNumericLiteral();
+    if (!ordinal)
+      return nullptr;
+    phrase->addInteger(ordinal);
+  } while (atNumericLiteral());
+  phrase->setRange(from(begin).getRange());
+  return phrase;
+}
+
+/// CLASS class-name [FOR ALPHANUMERIC] IS {literal [{THROUGH | THRU} literal]} ...
+ClauseClass *Parser::parseClass() {
+  SourceRange begin = here();
+  accept(Keyword::Class);
+  Word *name = parseUserWord("a class-name");
+  if (!name || !parseForAlphanumeric())
+    return nullptr;
+  accept(Keyword::Is);
+  Node place(begin);
+  auto *clause = new ClauseClass(&place, name);
+  do {
+    PhrsClass *phrase = parseClassPhrase();
+    if (!phrase)
+      return nullptr;
+    clause->addLiteral(phrase);
+  } while (atLiteral());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+PhrsClass *Parser::parseClassPhrase() {
+  SourceRange begin = here();
+  LiteralExpression *first = parseLiteral();
+  if (!first)
+    return nullptr;
+  LiteralExpression *last = nullptr;
+  if (acceptAny(Keyword::Thru, Keyword::Through)) {
+    last = parseLiteral();
+    if (!last)
+      return nullptr;
+  }
+  Node at = from(begin);
+  auto *phrase = new PhrsClass(&at, first);
+  phrase->setThruLiteral(last);
+  return phrase;
+}
+
+/// CURRENCY [SIGN] [IS] literal [[WITH] PICTURE SYMBOL literal]
+ClauseCurrency *Parser::parseCurrency() {
+  SourceRange begin = here();
+  accept(Keyword::Currency);
+  accept(Keyword::Sign);
+  accept(Keyword::Is);
+  LiteralExpression *sign = parseLiteral();
+  if (!sign)
+    return nullptr;
+  LiteralExpression *symbol = nullptr;
+  accept(Keyword::With);
+  if (acceptAny(Keyword::Picture, Keyword::Pic)) {
+    if (!expect(Keyword::Symbol))
+      return nullptr;
+    symbol = parseLiteral();
+    if (!symbol)
+      return nullptr;
+  }
+  Node at = from(begin);
+  return new ClauseCurrency(&at, sign, symbol);
+}
+
+/// DECIMAL-POINT IS COMMA, which holds for the numbers behind it.
+ClauseDecimalPoint *Parser::parseDecimalPoint() {
+  SourceRange begin = here();
+  accept(Keyword::DecimalPoint);
+  accept(Keyword::Is);
+  if (!expect(Keyword::Comma))
+    return nullptr;
+  decimalPointIsComma = true;
+  stream.setDecimalPointIsComma(true);
+  Node at = from(begin);
+  return new ClauseDecimalPoint(&at);
+}
+
+} // namespace tarka

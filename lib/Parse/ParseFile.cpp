@@ -1,0 +1,345 @@
+//===- ParseFile.cpp - data division, file section ------------------------===//
+
+#include "Parser.h"
+#include "llvm/ADT/StringSwitch.h"
+
+namespace tarka {
+
+static constexpr Keyword fileKeywords[] = {Keyword::Block,    Keyword::CodeSet,  Keyword::Data,
+                                           Keyword::External, Keyword::Global,   Keyword::Label,
+                                           Keyword::Linage,   Keyword::Record,   Keyword::Report,
+                                           Keyword::Value,    Keyword::Recording};
+static constexpr Keyword fileSynonyms[] = {Keyword::Reports, Keyword::Totaled, Keyword::Totaling};
+static constexpr ClauseSet fileClauses{"a file description entry", fileKeywords, fileSynonyms,
+                                       /*endsAtLevelNumber=*/true};
+
+void Parser::parseFileSection(DataDivision &division) {
+  // One message for records without a file, however many there are.
+  bool isTold = false;
+  while (true) {
+    if (at(Keyword::Fd, Keyword::Sd)) {
+      // The records of a file that has no name are read, but belong nowhere.
+      FileDescription *file = parseFileDescription();
+      if (file)
+        division.addFileSection(file);
+      parseDataRecords(StorageType::File, [&](DataDescription *record) {
+        if (file)
+          file->addRecordDesc(record);
+      });
+    } else if (at(TokenKind::IntegerLiteral)) {
+      if (!isTold)
+        error(DiagnosticId::RecordWithoutFile, here());
+      isTold = true;
+      parseDataRecords(StorageType::File, [](DataDescription *) {});
+    } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
+      continue;
+    } else if (atEntryBoundary(fileClauses)) {
+      return;
+    } else {
+      expected("FD or SD");
+      stream.skip();
+      recoverToEntry(fileClauses);
+    }
+  }
+}
+
+/// {FD | SD} file-name clauses. Null when the entry has no name.
+FileDescription *Parser::parseFileDescription() {
+  SourceRange begin = here();
+  FileDescType type = at(Keyword::Fd) ? FileDescType::File : FileDescType::SortMerge;
+  stream.skip();
+  Word *name = parseUserWord("a file-name");
+  if (!name) {
+    recoverToEntry(fileClauses);
+    return nullptr;
+  }
+  Node place(begin);
+  auto *file = new FileDescription(&place, type, name);
+  Node whole = parseClauses(begin, fileClauses, [&] { return parseFileClause(*file); });
+  file->setRange(whole.getRange());
+  return file;
+}
+
+bool Parser::parseFileClause(FileDescription &file) {
+  using File = FileDescription;
+  switch (peek().keyword) {
+  case Keyword::Block:
+    return parseOnce(file, &File::getBlock, &File::setBlock, &Parser::parseBlock);
+  case Keyword::Record:
+    return parseOnce(file, &File::getRecord, &File::setRecord, &Parser::parseRecord);
+  case Keyword::Label:
+    return parseOnce(file, &File::getLabel, &File::setLabel, &Parser::parseLabel);
+  case Keyword::Value:
+    return parseOnce(file, &File::getValueOf, &File::setValueOf, &Parser::parseValueOf);
+  case Keyword::Data:
+    return parseOnce(file, &File::getDataRecord, &File::setDataRecord, &Parser::parseDataRecord);
+  case Keyword::Linage:
+    return parseOnce(file, &File::getLinage, &File::setLinage, &Parser::parseLinage);
+  case Keyword::Recording:
+    return parseOnce(file, &File::getRecordingMode, &File::setRecordingMode,
+                     &Parser::parseRecordingMode);
+  case Keyword::CodeSet:
+    return parseOnce(file, &File::getCodeSet, &File::setCodeSet, &Parser::parseCodeSet);
+  case Keyword::Report:
+  case Keyword::Reports:
+    return parseOnce(file, &File::getReport, &File::setReport, &Parser::parseReportClause);
+  case Keyword::External:
+    return parseOnce(file, &File::getExternal, &File::setExternal,
+                     &Parser::parseBareClause<ClauseExternal>);
+  case Keyword::Global:
+    return parseOnce(file, &File::getGlobal, &File::setGlobal,
+                     &Parser::parseBareClause<ClauseGlobal>);
+  case Keyword::Is:
+    // IS EXTERNAL, IS GLOBAL
+    if (!peek(1).isOneOf(Keyword::External, Keyword::Global))
+      return unknownClause(fileClauses);
+    stream.skip();
+    return true;
+  case Keyword::Totaled:
+  case Keyword::Totaling:
+    return unsupportedClause(textOf(peek().keyword), fileClauses);
+  default:
+    return unknownClause(fileClauses);
+  }
+}
+
+/// BLOCK [CONTAINS] [n TO] m [CHARACTERS | RECORDS]
+ClauseBlock *Parser::parseBlock() {
+  SourceRange begin = here();
+  accept(Keyword::Block);
+  accept(Keyword::Contains);
+  NumericLiteralExpression *min = nullptr;
+  NumericLiteralExpression *max = parseNumericLiteral();
+  if (!max)
+    return nullptr;
+  if (accept(Keyword::To)) {
+    min = max;
+    max = parseNumericLiteral();
+    if (!max)
+      return nullptr;
+  }
+  BlockUnit blockUnit = BlockUnit::Characters;
+  // RECORD may also begin the RECORD clause.
+  bool isRecord = at(Keyword::Record) &&
+                  !peek(1).isOneOf(Keyword::Contains, Keyword::Is, Keyword::Varying) &&
+                  !peek(1).isNumber();
+  if (isRecord || at(Keyword::Records)) {
+    stream.skip();
+    blockUnit = BlockUnit::Records;
+  } else {
+    acceptAny(Keyword::Characters, Keyword::Character);
+  }
+  Node at = from(begin);
+  return new ClauseBlock(&at, min, max, blockUnit);
+}
+
+/// RECORD [CONTAINS] n [TO m] [CHARACTERS], or
+/// RECORD [IS] VARYING [IN] [SIZE] [[FROM] n] [TO m] [CHARACTERS] [DEPENDING [ON] data-name]
+ClauseRecord *Parser::parseRecord() {
+  SourceRange begin = here();
+  accept(Keyword::Record);
+  acceptAny(Keyword::Contains, Keyword::Is);
+  bool isVarying = accept(Keyword::Varying);
+  if (isVarying) {
+    accept(Keyword::In);
+    accept(Keyword::Size);
+  }
+  NumericLiteralExpression *min = nullptr;
+  NumericLiteralExpression *max = nullptr;
+  if (!isVarying || accept(Keyword::From) || atNumericLiteral()) {
+    min = parseNumericLiteral();
+    if (!min)
+      return nullptr;
+  }
+  if (accept(Keyword::To)) {
+    max = parseNumericLiteral();
+    if (!max)
+      return nullptr;
+  }
+  acceptAny(Keyword::Characters, Keyword::Character);
+  DataIdentifierExpression *size = nullptr;
+  if (accept(Keyword::Depending)) {
+    accept(Keyword::On);
+    size = parseDataName();
+    if (!size)
+      return nullptr;
+  }
+  Node at = from(begin);
+  return new ClauseRecord(&at, min, max, isVarying, size);
+}
+
+/// LABEL {RECORD | RECORDS} [IS | ARE] {STANDARD | OMITTED | data-name ...}
+ClauseLabel *Parser::parseLabel() {
+  SourceRange begin = here();
+  accept(Keyword::Label);
+  acceptAny(Keyword::Record, Keyword::Records);
+  acceptAny(Keyword::Is, Keyword::Are);
+  LabelType type = LabelType::DataName;
+  if (accept(Keyword::Standard))
+    type = LabelType::Standard;
+  else if (accept(Keyword::Omitted))
+    type = LabelType::Omitted;
+  Node place(begin);
+  auto *clause = new ClauseLabel(&place, type);
+  if (type == LabelType::DataName) {
+    do {
+      DataIdentifierExpression *name = parseDataName("STANDARD, OMITTED or a data-name");
+      if (!name)
+        return nullptr;
+      clause->addDataName(name);
+    } while (peek().isUserWord());
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// VALUE OF {system-name [[IS] {data-name | literal}]} ...
+ClauseValueOf *Parser::parseValueOf() {
+  SourceRange begin = here();
+  accept(Keyword::Value);
+  if (!expect(Keyword::Of))
+    return nullptr;
+  Node place(begin);
+  auto *clause = new ClauseValueOf(&place);
+  do {
+    ValueOfElem *element = parseValueOfElement();
+    if (!element)
+      return nullptr;
+    clause->addFileValueOfElem(element);
+  } while (peek().isUserWord());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+ValueOfElem *Parser::parseValueOfElement() {
+  SourceRange begin = here();
+  // ID and IDENTIFICATION are fields of the labels of some systems.
+  Word *name = at(Keyword::Id, Keyword::Identification)
+                   ? takeWord()
+                   : parseUserWord("the name of a label field");
+  if (!name)
+    return nullptr;
+  Expression *value = nullptr;
+  bool hasIs = accept(Keyword::Is);
+  if (atLiteral())
+    value = parseLiteral();
+  else if (hasIs || peek().isUserWord())
+    value = parseDataName("a data-name or a literal");
+  if (hasIs && !value)
+    return nullptr;
+  Node at = from(begin);
+  return new ValueOfElem(&at, name, value);
+}
+
+/// DATA {RECORD | RECORDS} [IS | ARE] data-name ...
+ClauseDataRecord *Parser::parseDataRecord() {
+  SourceRange begin = here();
+  accept(Keyword::Data);
+  if (!acceptAny(Keyword::Record, Keyword::Records))
+    return expected("RECORD or RECORDS");
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseDataRecord(&place);
+  do {
+    Word *name = parseUserWord("a data-name");
+    if (!name)
+      return nullptr;
+    clause->addName(name);
+  } while (peek().isUserWord());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// LINAGE [IS] n [LINES] [[WITH] FOOTING [AT] n] [[LINES] [AT] TOP n] [[LINES] [AT] BOTTOM n]
+ClauseLinage *Parser::parseLinage() {
+  constexpr llvm::StringLiteral number = "a number of lines or a data-name";
+  SourceRange begin = here();
+  accept(Keyword::Linage);
+  accept(Keyword::Is);
+  Node place(begin);
+  auto *clause = new ClauseLinage(&place);
+  Expression *lines = parseNumberOrDataName(number);
+  if (!lines)
+    return nullptr;
+  clause->setNumOfLines(lines);
+  accept(Keyword::Lines);
+  while (at(Keyword::With, Keyword::Footing, Keyword::Lines, Keyword::At, Keyword::Top,
+            Keyword::Bottom)) {
+    acceptAny(Keyword::With, Keyword::Lines);
+    accept(Keyword::At);
+    Expression *(ClauseLinage::*get)() const = nullptr;
+    void (ClauseLinage::*set)(Expression *) = nullptr;
+    if (at(Keyword::Footing)) {
+      get = &ClauseLinage::getWithFootingAt;
+      set = &ClauseLinage::setWithFootingAt;
+    } else if (at(Keyword::Top)) {
+      get = &ClauseLinage::getLineAtTop;
+      set = &ClauseLinage::setLineAtTop;
+    } else if (at(Keyword::Bottom)) {
+      get = &ClauseLinage::getLineAtBottom;
+      set = &ClauseLinage::setLineAtBottom;
+    } else {
+      return expected("FOOTING, TOP or BOTTOM");
+    }
+    if ((clause->*get)())
+      return error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+    stream.skip();
+    accept(Keyword::At);
+    Expression *count = parseNumberOrDataName(number);
+    if (!count)
+      return nullptr;
+    (clause->*set)(count);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// RECORDING [MODE] [IS] mode
+ClauseRecordingMode *Parser::parseRecordingMode() {
+  SourceRange begin = here();
+  accept(Keyword::Recording);
+  accept(Keyword::Mode);
+  accept(Keyword::Is);
+  auto mode = llvm::StringSwitch<RecordingModeType>(peek().isWord() ? peek().text : "")
+                  .Cases("F", "FIXED", RecordingModeType::Fixed)
+                  .Cases("V", "VARIABLE", RecordingModeType::Variable)
+                  .Cases("S", "SPANNED", RecordingModeType::Spanned)
+                  .Cases("U", "UNDEFINED", RecordingModeType::Undefined)
+                  .Default(RecordingModeType::NotGiven);
+  if (mode == RecordingModeType::NotGiven)
+    return expected("F, V, S or U");
+  stream.skip();
+  Node at = from(begin);
+  return new ClauseRecordingMode(&at, mode);
+}
+
+/// CODE-SET [IS] alphabet-name
+ClauseCodeSet *Parser::parseCodeSet() {
+  SourceRange begin = here();
+  accept(Keyword::CodeSet);
+  accept(Keyword::Is);
+  Word *alphabet = parseUserWord("an alphabet-name");
+  if (!alphabet)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseCodeSet(&at, alphabet);
+}
+
+/// {REPORT | REPORTS} [IS | ARE] report-name ...
+ClauseReport *Parser::parseReportClause() {
+  SourceRange begin = here();
+  stream.skip();
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseReport(&place);
+  do {
+    ReportIdentifierExpression *name = parseReportName();
+    if (!name)
+      return nullptr;
+    clause->addReportName(name);
+  } while (peek().isUserWord());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+} // namespace tarka

@@ -1,0 +1,484 @@
+//===- ParseFileControl.cpp - environment division, input-output ----------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// FILE-CONTROL
+//===----------------------------------------------------------------------===//
+
+static constexpr Keyword selectKeywords[] = {
+    Keyword::Access,  Keyword::Alternate, Keyword::Assign,   Keyword::File,   Keyword::Organization,
+    Keyword::Padding, Keyword::Record,    Keyword::Relative, Keyword::Reserve};
+static constexpr Keyword selectSynonyms[] = {
+    Keyword::Indexed,    Keyword::Line,    Keyword::Password,  Keyword::Processing,
+    Keyword::Sequential, Keyword::Status,  Keyword::Actual,    Keyword::FileLimit,
+    Keyword::FileLimits, Keyword::Nominal, Keyword::TrackArea, Keyword::TrackLimit};
+
+static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selectSynonyms};
+
+void Parser::parseFileControl(InputOutputSection &section) {
+  parseHeader(1);
+  while (!atHeader() && !atDataSection()) {
+    if (accept(TokenKind::Period))
+      continue;
+    if (at(Keyword::Select)) {
+      if (ParaFileControl *file = parseSelect())
+        section.addFileControl(file);
+      continue;
+    }
+    expected("SELECT");
+    stream.skip();
+    recoverToEntry(selectClauses);
+  }
+}
+
+/// SELECT [OPTIONAL] file-name clauses.
+ParaFileControl *Parser::parseSelect() {
+  SourceRange begin = here();
+  unsigned errorsBefore = diagnostics.getErrorCount();
+  accept(Keyword::Select);
+  bool isOptional = accept(Keyword::Optional);
+  Word *name = parseUserWord("a file-name");
+  if (!name) {
+    recoverToEntry(selectClauses);
+    return nullptr;
+  }
+  Node place(begin);
+  auto *file = new ParaFileControl(&place, name);
+  file->setIsOptional(isOptional);
+  Node whole = parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); });
+  file->setRange(whole.getRange());
+  if (!file->getAssign() && diagnostics.getErrorCount() == errorsBefore)
+    error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
+  return file;
+}
+
+bool Parser::parseSelectClause(ParaFileControl &file) {
+  using File = ParaFileControl;
+  switch (peek().keyword) {
+  case Keyword::Assign:
+    return parseOnce(file, &File::getAssign, &File::setAssign, &Parser::parseAssign);
+  case Keyword::Reserve:
+    return parseOnce(file, &File::getReserve, &File::setReserve, &Parser::parseReserve);
+  case Keyword::Relative:
+    if (peek(1).isOneOf(Keyword::Key, Keyword::Is) || peek(1).isUserWord())
+      return parseOnce(file, &File::getRelativeKey, &File::setRelativeKey,
+                       &Parser::parseRelativeKey);
+    [[fallthrough]];
+  case Keyword::Organization:
+  case Keyword::Sequential:
+  case Keyword::Indexed:
+  case Keyword::Line:
+    return parseOnce(file, &File::getOrganization, &File::setOrganization,
+                     &Parser::parseOrganization);
+  case Keyword::Padding:
+    return parseOnce(file, &File::getPadding, &File::setPadding, &Parser::parsePadding);
+  case Keyword::Record:
+    if (peek(1).is(Keyword::Delimiter))
+      return parseOnce(file, &File::getRecordDelimiter, &File::setRecordDelimiter,
+                       &Parser::parseRecordDelimiter);
+    return parseOnce(file, &File::getRecordKey, &File::setRecordKey, &Parser::parseRecordKey);
+  case Keyword::Alternate:
+    if (ClauseAlternate *key = parseAlternateKey()) {
+      file.addAlternate(key);
+      return true;
+    }
+    return false;
+  case Keyword::Access:
+    return parseOnce(file, &File::getAccess, &File::setAccess, &Parser::parseAccess);
+  case Keyword::Password:
+    return parseOnce(file, &File::getPassWord, &File::setPassWord, &Parser::parsePassword);
+  case Keyword::File:
+  case Keyword::Status:
+    return parseOnce(file, &File::getStatus, &File::setStatus, &Parser::parseFileStatus);
+  case Keyword::Processing:
+  case Keyword::FileLimit:
+  case Keyword::FileLimits:
+    error(DiagnosticId::NoEffect, here(), textOf(peek().keyword));
+    stream.skip();
+    // PROCESSING MODE IS SEQUENTIAL has the word of another clause in it.
+    accept(Keyword::Mode);
+    acceptAny(Keyword::Is, Keyword::Are);
+    accept(Keyword::Sequential);
+    recoverToClause(selectClauses);
+    return true;
+  case Keyword::Actual:
+  case Keyword::Nominal:
+  case Keyword::TrackArea:
+  case Keyword::TrackLimit:
+    return unsupportedClause(textOf(peek().keyword), selectClauses);
+  default:
+    return unknownClause(selectClauses);
+  }
+}
+
+/// ASSIGN [TO] {[integer] name | literal} ... [FOR MULTIPLE {REEL | UNIT}]
+ClauseAssign *Parser::parseAssign() {
+  SourceRange begin = here();
+  accept(Keyword::Assign);
+  accept(Keyword::To);
+  Node place(begin);
+  auto *clause = new ClauseAssign(&place);
+  do {
+    if (at(TokenKind::AlphanumericLiteral)) {
+      clause->addAssignment(parseNonNumericLiteral());
+    } else if (at(TokenKind::IntegerLiteral)) {
+      clause->addAssignment(parseNumericLiteral());
+    } else {
+      Word *name = parseUserWord("an assignment-name");
+      if (!name)
+        return nullptr;
+      clause->addAssignment(name);
+    }
+    // A name with IS behind it is a clause whose keyword is misspelt.
+  } while ((peek().isUserWord() && !peek(1).is(Keyword::Is)) ||
+           at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral));
+  if (accept(Keyword::For)) {
+    if (!expect(Keyword::Multiple))
+      return nullptr;
+    if (!acceptAny(Keyword::Reel, Keyword::Unit))
+      return expected("REEL or UNIT");
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// RESERVE {integer | NO} [ALTERNATE] [AREA | AREAS]
+ClauseReserve *Parser::parseReserve() {
+  SourceRange begin = here();
+  accept(Keyword::Reserve);
+  NumericLiteralExpression *count = nullptr;
+  if (!accept(Keyword::No)) {
+    count = parseNumericLiteral();
+    if (!count)
+      return nullptr;
+  }
+  // ALTERNATE alone begins the next clause.
+  if (at(Keyword::Alternate) && peek(1).isOneOf(Keyword::Area, Keyword::Areas))
+    accept(Keyword::Alternate);
+  acceptAny(Keyword::Area, Keyword::Areas);
+  Node at = from(begin);
+  return new ClauseReserve(&at, count);
+}
+
+/// [ORGANIZATION [IS]] {SEQUENTIAL | INDEXED | RELATIVE | LINE SEQUENTIAL}
+ClauseOrganization *Parser::parseOrganization() {
+  SourceRange begin = here();
+  if (accept(Keyword::Organization))
+    accept(Keyword::Is);
+  OrganizationType type = OrganizationType::LineSequential;
+  if (accept(Keyword::Line)) {
+    if (!expect(Keyword::Sequential))
+      return nullptr;
+  } else if (accept(Keyword::Sequential)) {
+    type = OrganizationType::Sequential;
+  } else if (accept(Keyword::Indexed)) {
+    type = OrganizationType::Indexed;
+  } else if (accept(Keyword::Relative)) {
+    type = OrganizationType::Relative;
+  } else {
+    return expected("SEQUENTIAL, INDEXED, RELATIVE or LINE SEQUENTIAL");
+  }
+  Node at = from(begin);
+  return new ClauseOrganization(&at, type);
+}
+
+/// PADDING [CHARACTER] [IS] {data-name | literal}
+ClausePadding *Parser::parsePadding() {
+  SourceRange begin = here();
+  accept(Keyword::Padding);
+  accept(Keyword::Character);
+  accept(Keyword::Is);
+  Expression *character = nullptr;
+  if (atLiteral())
+    character = parseLiteral();
+  else
+    character = parseDataName("a data-name or a literal");
+  if (!character)
+    return nullptr;
+  Node at = from(begin);
+  return new ClausePadding(&at, character);
+}
+
+/// RECORD DELIMITER [IS] {STANDARD-1 | assignment-name}
+ClauseRecordDelimiter *Parser::parseRecordDelimiter() {
+  SourceRange begin = here();
+  accept(Keyword::Record);
+  accept(Keyword::Delimiter);
+  accept(Keyword::Is);
+  Word *name = at(Keyword::Standard1) ? takeWord() : parseUserWord("STANDARD-1 or a name");
+  if (!name)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseRecordDelimiter(&at, name);
+}
+
+/// ACCESS [MODE] [IS] {SEQUENTIAL | RANDOM | DYNAMIC}
+ClauseAccess *Parser::parseAccess() {
+  SourceRange begin = here();
+  accept(Keyword::Access);
+  accept(Keyword::Mode);
+  accept(Keyword::Is);
+  AccessType type = AccessType::None;
+  if (accept(Keyword::Sequential))
+    type = AccessType::Sequential;
+  else if (accept(Keyword::Random))
+    type = AccessType::Random;
+  else if (accept(Keyword::Dynamic))
+    type = AccessType::Dynamic;
+  else
+    return expected("SEQUENTIAL, RANDOM or DYNAMIC");
+  Node at = from(begin);
+  return new ClauseAccess(&at, type);
+}
+
+/// [FILE] STATUS [IS] data-name [data-name]
+ClauseStatus *Parser::parseFileStatus() {
+  SourceRange begin = here();
+  accept(Keyword::File);
+  if (!expect(Keyword::Status))
+    return nullptr;
+  accept(Keyword::Is);
+  DataIdentifierExpression *first = parseDataName();
+  if (!first)
+    return nullptr;
+  DataIdentifierExpression *second = nullptr;
+  // A name with IS behind it is a clause whose keyword is misspelt.
+  if (peek().isUserWord() && !peek(1).is(Keyword::Is)) {
+    second = parseDataName();
+    if (!second)
+      return nullptr;
+  }
+  Node at = from(begin);
+  return new ClauseStatus(&at, first, second);
+}
+
+/// PASSWORD [IS] data-name
+ClausePassWord *Parser::parsePassword() {
+  SourceRange begin = here();
+  accept(Keyword::Password);
+  accept(Keyword::Is);
+  DataIdentifierExpression *name = parseDataName();
+  if (!name)
+    return nullptr;
+  Node at = from(begin);
+  return new ClausePassWord(&at, name);
+}
+
+/// RECORD [KEY] [IS] data-name [PASSWORD [IS] data-name]
+ClauseRecordKey *Parser::parseRecordKey() {
+  SourceRange begin = here();
+  accept(Keyword::Record);
+  accept(Keyword::Key);
+  accept(Keyword::Is);
+  DataIdentifierExpression *name = parseDataName();
+  if (!name)
+    return nullptr;
+  ClausePassWord *password = nullptr;
+  if (at(Keyword::Password)) {
+    password = parsePassword();
+    if (!password)
+      return nullptr;
+  }
+  Node at = from(begin);
+  auto *clause = new ClauseRecordKey(&at, name);
+  clause->setPassWord(password);
+  return clause;
+}
+
+/// RELATIVE [KEY] [IS] data-name
+ClauseRelativeKey *Parser::parseRelativeKey() {
+  SourceRange begin = here();
+  accept(Keyword::Relative);
+  accept(Keyword::Key);
+  accept(Keyword::Is);
+  DataIdentifierExpression *name = parseDataName();
+  if (!name)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseRelativeKey(&at, name);
+}
+
+/// ALTERNATE [RECORD] [KEY] [IS] data-name [PASSWORD [IS] data-name] [[WITH] DUPLICATES]
+ClauseAlternate *Parser::parseAlternateKey() {
+  SourceRange begin = here();
+  accept(Keyword::Alternate);
+  accept(Keyword::Record);
+  accept(Keyword::Key);
+  accept(Keyword::Is);
+  DataIdentifierExpression *name = parseDataName();
+  if (!name)
+    return nullptr;
+  Node place(begin);
+  auto *clause = new ClauseAlternate(&place, name);
+  if (at(Keyword::Password)) {
+    ClausePassWord *password = parsePassword();
+    if (!password)
+      return nullptr;
+    clause->setPassWord(password);
+  }
+  if (accept(Keyword::With)) {
+    if (!expect(Keyword::Duplicates))
+      return nullptr;
+    clause->setIsDuplicates(true);
+  } else {
+    clause->setIsDuplicates(accept(Keyword::Duplicates));
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+//===----------------------------------------------------------------------===//
+// I-O-CONTROL
+//===----------------------------------------------------------------------===//
+
+static constexpr Keyword ioControlKeywords[] = {Keyword::Apply, Keyword::Multiple, Keyword::Rerun,
+                                                Keyword::Same};
+static constexpr ClauseSet ioControlClauses{"I-O-CONTROL", ioControlKeywords, {}};
+
+void Parser::parseIOControl(InputOutputSection &section) {
+  parseHeader(1);
+  parseParagraphClauses(ioControlClauses, [&] { return parseIOControlClause(section); });
+}
+
+/// Every clause is an entry of its own in the tree.
+bool Parser::parseIOControlClause(InputOutputSection &section) {
+  Node place(here());
+  ParaIOControl entry(&place);
+  bool isRead = false;
+  switch (peek().keyword) {
+  case Keyword::Rerun:
+    entry.setRerun(parseRerun());
+    isRead = entry.getRerun();
+    break;
+  case Keyword::Same:
+    entry.setSame(parseSame());
+    isRead = entry.getSame();
+    break;
+  case Keyword::Multiple:
+    entry.setMultipleFile(parseMultipleFile());
+    isRead = entry.getMultipleFile();
+    break;
+  case Keyword::Apply:
+    if (!peek(1).is(Keyword::WriteOnly) && peek(1).isWord()) {
+      // The other techniques only told the access methods of their time where to save time.
+      error(DiagnosticId::NoEffect, here(), "APPLY " + peek(1).spelling.str());
+      stream.skip();
+      recoverToClause(ioControlClauses);
+      return true;
+    }
+    entry.setApplyWriteOnly(parseApplyWriteOnly());
+    isRead = entry.getApplyWriteOnly();
+    break;
+  default:
+    return unknownClause(ioControlClauses);
+  }
+  if (!isRead)
+    return false;
+  entry.setRange(from(place.getRange()).getRange());
+  section.addIOControl(new ParaIOControl(entry));
+  return true;
+}
+
+/// RERUN [ON name] [EVERY {integer RECORDS | [END [OF]] {REEL | UNIT}} [OF] file-name]
+ClauseRerun *Parser::parseRerun() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *clause = new ClauseRerun(&place);
+  accept(Keyword::Rerun);
+  if (accept(Keyword::On)) {
+    // Whether it is a file or an assignment-name is for the checker to find out.
+    Word *name = parseUserWord("a file-name or an assignment-name");
+    if (!name)
+      return nullptr;
+    clause->setFileName(new FileIdentifierExpression(name, name));
+  }
+  if (accept(Keyword::Every)) {
+    if (atNumericLiteral()) {
+      clause->setRecordCount(parseNumericLiteral());
+      if (!expect(Keyword::Records))
+        return nullptr;
+    } else {
+      accept(Keyword::End);
+      accept(Keyword::Of);
+      if (!acceptAny(Keyword::Reel, Keyword::Unit))
+        return expected("a number of records, END OF REEL or END OF UNIT");
+      clause->setIsEndOfReel(true);
+    }
+    accept(Keyword::Of);
+    FileIdentifierExpression *file = parseFileName();
+    if (!file)
+      return nullptr;
+    clause->setEveryFileName(file);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// SAME [RECORD | SORT | SORT-MERGE] [AREA] [FOR] file-name ...
+ClauseSame *Parser::parseSame() {
+  SourceRange begin = here();
+  accept(Keyword::Same);
+  SameType type = SameType::None;
+  if (accept(Keyword::Record))
+    type = SameType::Record;
+  else if (accept(Keyword::Sort))
+    type = SameType::Sort;
+  else if (accept(Keyword::SortMerge))
+    type = SameType::SortMerge;
+  acceptAny(Keyword::Area, Keyword::Areas);
+  accept(Keyword::For);
+  Node place(begin);
+  auto *clause = new ClauseSame(&place, type);
+  // That the list must not be empty is a rule of the checker, here and below.
+  while (peek().isUserWord())
+    clause->addFileName(parseFileName());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// MULTIPLE FILE [TAPE] [CONTAINS] {file-name [POSITION [IS] integer]} ...
+ClauseMultipleFile *Parser::parseMultipleFile() {
+  SourceRange begin = here();
+  accept(Keyword::Multiple);
+  if (!expect(Keyword::File))
+    return nullptr;
+  accept(Keyword::Tape);
+  accept(Keyword::Contains);
+  Node place(begin);
+  auto *clause = new ClauseMultipleFile(&place);
+  while (peek().isUserWord()) {
+    SourceRange phrase = here();
+    FileIdentifierExpression *file = parseFileName();
+    NumericLiteralExpression *position = nullptr;
+    if (accept(Keyword::Position)) {
+      accept(Keyword::Is);
+      position = parseNumericLiteral();
+      if (!position)
+        return nullptr;
+    }
+    Node at = from(phrase);
+    clause->addMultipleFile(new PrsMultipleFile(&at, file, position));
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// APPLY WRITE-ONLY [ON] file-name ...
+ClauseApplyWriteOnly *Parser::parseApplyWriteOnly() {
+  SourceRange begin = here();
+  accept(Keyword::Apply);
+  if (!expect(Keyword::WriteOnly))
+    return nullptr;
+  accept(Keyword::On);
+  Node place(begin);
+  auto *clause = new ClauseApplyWriteOnly(&place);
+  while (peek().isUserWord())
+    clause->addFileName(parseFileName());
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+} // namespace tarka

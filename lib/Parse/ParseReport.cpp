@@ -1,0 +1,310 @@
+//===- ParseReport.cpp - data division, report section --------------------===//
+//
+// RD entries and their clauses, and the entries of report groups. The clauses of
+// the latter are in ParseReportGroup.cpp.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+static constexpr Keyword reportKeywords[] = {Keyword::Code, Keyword::Control,  Keyword::Global,
+                                             Keyword::Line, Keyword::Overflow, Keyword::Page,
+                                             Keyword::Style};
+static constexpr Keyword reportSynonyms[] = {Keyword::Controls, Keyword::With};
+static constexpr ClauseSet reportClauses{"a report description entry", reportKeywords,
+                                         reportSynonyms, /*endsAtLevelNumber=*/true};
+
+void Parser::parseReportSection(DataDivision &division) {
+  // One message for groups without a report, however many there are.
+  bool isTold = false;
+  while (true) {
+    if (at(Keyword::Rd)) {
+      // The groups of a report that has no name are read, but belong nowhere.
+      ReportDescription *report = parseReportDescription();
+      if (report)
+        division.addReportSection(report);
+      parseReportGroups(report);
+    } else if (at(TokenKind::IntegerLiteral)) {
+      if (!isTold)
+        error(DiagnosticId::GroupWithoutReport, here());
+      isTold = true;
+      parseReportGroups(nullptr);
+    } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
+      continue;
+    } else if (atEntryBoundary(reportClauses)) {
+      return;
+    } else {
+      expected("RD");
+      stream.skip();
+      recoverToEntry(reportClauses);
+    }
+  }
+}
+
+void Parser::parseReportGroups(ReportDescription *report) {
+  parseRecords(groupClauses, &Parser::parseReportGroupEntry, [&](DataDescription *group) {
+    group->setStorageType(StorageType::Report);
+    if (report)
+      report->addRecord(llvm::cast<ReportDataDescription>(group));
+  });
+}
+
+/// level-number [data-name] clauses.
+DataDescription *Parser::parseReportGroupEntry() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *entry = new ReportDataDescription(&place);
+  entry->setLevelNum(parseLevelNumber());
+  if (Word *name = parseEntryName(groupClauses))
+    entry->setDataName(name);
+  PresentContents *choice = nullptr;
+  Node whole =
+      parseClauses(begin, groupClauses, [&] { return parseReportGroupClause(*entry, choice); });
+  entry->setRange(whole.getRange());
+  return entry;
+}
+
+//===----------------------------------------------------------------------===//
+// RD
+//===----------------------------------------------------------------------===//
+
+/// RD report-name clauses. Null when the entry has no name.
+ReportDescription *Parser::parseReportDescription() {
+  SourceRange begin = here();
+  accept(Keyword::Rd);
+  Word *name = parseUserWord("a report-name");
+  if (!name) {
+    recoverToEntry(reportClauses);
+    return nullptr;
+  }
+  Node place(begin);
+  auto *report = new ReportDescription(&place, name);
+  Node whole =
+      parseClauses(begin, reportClauses, [&] { return parseReportDescriptionClause(*report); });
+  report->setRange(whole.getRange());
+  return report;
+}
+
+bool Parser::parseReportDescriptionClause(ReportDescription &report) {
+  using Report = ReportDescription;
+  switch (peek().keyword) {
+  case Keyword::Global:
+    return parseOnce(report, &Report::getGlobal, &Report::setGlobal,
+                     &Parser::parseBareClause<ClauseGlobal>);
+  case Keyword::Is:
+    if (!peek(1).is(Keyword::Global))
+      return unknownClause(reportClauses);
+    stream.skip();
+    return true;
+  case Keyword::With:
+  case Keyword::Code:
+    return parseOnce(report, &Report::getCodeClause, &Report::setCodeClause, &Parser::parseCode);
+  case Keyword::Control:
+  case Keyword::Controls:
+    return parseOnce(report, &Report::getControlClause, &Report::setControlClause,
+                     &Parser::parseControl);
+  case Keyword::Page:
+    return parseOnce(report, &Report::getPageLimitClause, &Report::setPageLimitClause,
+                     &Parser::parsePageLimit);
+  case Keyword::Line:
+    return parseOnce(report, &Report::getLineLimitClause, &Report::setLineLimitClause,
+                     &Parser::parseLineLimit);
+  case Keyword::Overflow:
+    return parseOnce(report, &Report::getOverflowClause, &Report::setOverflowClause,
+                     &Parser::parseOverflow);
+  case Keyword::Style:
+    return parseOnce(report, &Report::getRdStyleClause, &Report::setRdStyleClause,
+                     &Parser::parseStyle);
+  default:
+    if (atWord("ALLOW"))
+      return parseOnce(report, &Report::getAllowClause, &Report::setAllowClause,
+                       &Parser::parseAllow);
+    return unknownClause(reportClauses);
+  }
+}
+
+/// ALLOW [NO] SOURCE SUM {CORR | CORRESPONDING}
+ClauseAllow *Parser::parseAllow() {
+  SourceRange begin = here();
+  stream.skip();
+  bool isAllowed = !accept(Keyword::No);
+  if (!expect(Keyword::Source) || !expect(Keyword::Sum))
+    return nullptr;
+  if (!acceptAny(Keyword::Corr, Keyword::Corresponding))
+    return expected("CORR");
+  Node at = from(begin);
+  return new ClauseAllow(&at, isAllowed);
+}
+
+/// [WITH] CODE [IS] {literal | data-name | mnemonic-name}
+ClauseCode *Parser::parseCode() {
+  SourceRange begin = here();
+  accept(Keyword::With);
+  if (!expect(Keyword::Code))
+    return nullptr;
+  accept(Keyword::Is);
+  Expression *code = nullptr;
+  if (atLiteral())
+    code = parseLiteral();
+  else
+    code = parseDataName("a literal or a name");
+  if (!code)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseCode(&at, code);
+}
+
+/// {CONTROL | CONTROLS} [IS | ARE] [FINAL] [data-name ...]
+ClauseControl *Parser::parseControl() {
+  SourceRange begin = here();
+  stream.skip();
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  bool isFinal = accept(Keyword::Final);
+  auto *clause = new ClauseControl(&place, isFinal ? ControlOption::Final : ControlOption::None);
+  if (!isFinal && !peek().isUserWord())
+    return expected("FINAL or a data-name");
+  while (atNameIn(reportClauses)) {
+    DataIdentifierExpression *control = parseDataName();
+    if (!control)
+      return nullptr;
+    clause->addControlId(control);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// LINE {LIMIT | LIMITS} [IS | ARE] n [COLUMNS]
+ClauseLineLimit *Parser::parseLineLimit() {
+  SourceRange begin = here();
+  accept(Keyword::Line);
+  if (!acceptAny(Keyword::Limit, Keyword::Limits))
+    return expected("LIMIT");
+  acceptAny(Keyword::Is, Keyword::Are);
+  Expression *limit = parseNumberOrDataName("a number of columns");
+  if (!limit)
+    return nullptr;
+  acceptAny(Keyword::Columns, Keyword::Cols);
+  Node at = from(begin);
+  return new ClauseLineLimit(&at, limit);
+}
+
+/// OVERFLOW [PROCEDURE] [IS] {literal | word ...}
+ClauseOverflow *Parser::parseOverflow() {
+  SourceRange begin = here();
+  accept(Keyword::Overflow);
+  accept(Keyword::Procedure);
+  accept(Keyword::Is);
+  LiteralExpression *filling = nullptr;
+  if (atLiteral()) {
+    filling = parseLiteral();
+    if (!filling)
+      return nullptr;
+  } else if (accept(Keyword::Stop)) {
+    accept(Keyword::Run);
+  } else if (!accept(Keyword::Omitted)) {
+    return expected("a literal, OMITTED or STOP RUN");
+  }
+  Node at = from(begin);
+  return new ClauseOverflow(&at, filling);
+}
+
+/// PAGE [LIMIT [IS] | LIMITS [ARE]] [n [LINE | LINES]] [n COLUMNS] [HEADING n] [FIRST DETAIL n]
+/// [LAST CONTROL HEADING n] [LAST DETAIL n] [FOOTING n]
+ClausePageLimit *Parser::parsePageLimit() {
+  SourceRange begin = here();
+  accept(Keyword::Page);
+  acceptAny(Keyword::Limit, Keyword::Limits);
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClausePageLimit(&place);
+
+  // The two sizes of the page, told apart by their units.
+  while ((atNumericLiteral() && !atLevelNumber()) || atNameIn(reportClauses)) {
+    Expression *number = parseNumberOrDataName("a number of lines");
+    if (!number)
+      return nullptr;
+    bool isColumns = acceptAny(Keyword::Columns, Keyword::Cols, Keyword::Column, Keyword::Col);
+    if (!isColumns)
+      acceptAny(Keyword::Lines, Keyword::Line);
+    if (isColumns ? clause->getColumns() : clause->getPageLimit())
+      return error(DiagnosticId::ClauseTwice, number->getRange(), "the size of the page");
+    if (isColumns)
+      clause->setColumns(number);
+    else
+      clause->setPageLimit(number);
+  }
+
+  while (at(Keyword::Heading, Keyword::First, Keyword::Last, Keyword::Footing))
+    if (!parsePageRegion(*clause))
+      return nullptr;
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// One line of the page that PAGE LIMIT gives a meaning to.
+bool Parser::parsePageRegion(ClausePageLimit &page) {
+  using Page = ClausePageLimit;
+  SourceRange begin = here();
+  Expression *(Page::*get)() const = nullptr;
+  void (Page::*set)(Expression *) = nullptr;
+  if (accept(Keyword::Heading)) {
+    get = &Page::getHeading;
+    set = &Page::setHeading;
+  } else if (accept(Keyword::Footing)) {
+    get = &Page::getFooting;
+    set = &Page::setFooting;
+  } else if (accept(Keyword::First)) {
+    if (!acceptAny(Keyword::Detail, Keyword::De)) {
+      expected("DETAIL");
+      return false;
+    }
+    get = &Page::getFirstDetail;
+    set = &Page::setFirstDetail;
+  } else if (accept(Keyword::Last)) {
+    if (acceptAny(Keyword::Detail, Keyword::De)) {
+      get = &Page::getLastDetail;
+      set = &Page::setLastDetail;
+    } else if (acceptAny(Keyword::Ch, Keyword::Cf, Keyword::Control)) {
+      bool isFooting = accept(Keyword::Footing);
+      if (!isFooting)
+        accept(Keyword::Heading);
+      get = isFooting ? &Page::getFooting : &Page::getLastControlHeading;
+      set = isFooting ? &Page::setFooting : &Page::setLastControlHeading;
+    } else {
+      expected("DETAIL or CONTROL HEADING");
+      return false;
+    }
+  }
+  if ((page.*get)()) {
+    error(DiagnosticId::ClauseTwice, begin, "the line of the page");
+    return false;
+  }
+  accept(Keyword::Is);
+  Expression *line = parseNumberOrDataName("the number of a line");
+  if (!line)
+    return false;
+  (page.*set)(line);
+  return true;
+}
+
+/// STYLE [IS] style ...
+ClauseStyle *Parser::parseStyle() {
+  SourceRange begin = here();
+  accept(Keyword::Style);
+  accept(Keyword::Is);
+  Node place(begin);
+  auto *clause = new ClauseStyle(&place);
+  do {
+    Word *style = parseUserWord("a style");
+    if (!style)
+      return nullptr;
+    clause->addStyle(style);
+  } while (atNameIn(groupClauses));
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+} // namespace tarka

@@ -1,0 +1,680 @@
+//===- ParseReportGroup.cpp - clauses of report group entries -------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+static constexpr Keyword groupKeywords[] = {
+    Keyword::Blank,     Keyword::Column,  Keyword::Count,    Keyword::Function, Keyword::Group,
+    Keyword::Justified, Keyword::Line,    Keyword::Multiple, Keyword::Next,     Keyword::Occurs,
+    Keyword::Picture,   Keyword::Present, Keyword::Repeated, Keyword::Sign,     Keyword::Source,
+    Keyword::Style,     Keyword::Sum,     Keyword::Type,     Keyword::Usage,    Keyword::Value,
+    Keyword::Wrap};
+static constexpr Keyword groupSynonyms[] = {
+    Keyword::Absent, Keyword::Col,     Keyword::Cols,     Keyword::Columns,  Keyword::Just,
+    Keyword::Lines,  Keyword::Pic,     Keyword::Leading,  Keyword::Trailing, Keyword::Values,
+    Keyword::When,   Keyword::Display, Keyword::Display1, Keyword::National};
+constinit const ClauseSet groupClauses{"a report group entry", groupKeywords, groupSynonyms,
+                                       /*endsAtLevelNumber=*/true};
+
+/// Whether a name is next that begins no clause of \p clauses. Many of the report section's
+/// keywords are names everywhere else.
+bool Parser::atNameIn(const ClauseSet &clauses) {
+  return peek().isUserWord() && !clauses.contains(peek().keyword);
+}
+
+bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContents *&choice) {
+  using Group = ReportDataDescription;
+  using Data = DataDescription;
+  switch (peek().keyword) {
+  case Keyword::Type:
+    return parseOnce(entry, &Group::getTypeClause, &Group::setTypeClause, &Parser::parseType);
+  case Keyword::Line:
+  case Keyword::Lines:
+    return parseOnce(entry, &Group::getLineClause, &Group::setLineClause, &Parser::parseLine);
+  case Keyword::Next:
+    return parseOnce(entry, &Group::getNextGroupClause, &Group::setNextGroupClause,
+                     &Parser::parseNextGroup);
+  case Keyword::Column:
+  case Keyword::Columns:
+  case Keyword::Col:
+  case Keyword::Cols:
+    return parseOnce(entry, &Group::getColumnClause, &Group::setColumnClause, &Parser::parseColumn);
+  case Keyword::Source:
+  case Keyword::Value:
+  case Keyword::Values:
+  case Keyword::Function:
+    return parseReportContents(entry, choice);
+  case Keyword::Present:
+  case Keyword::Absent:
+  case Keyword::When:
+    return parsePresent(entry, choice);
+  case Keyword::Sum:
+    return parseOnce(entry, &Group::getSumClause, &Group::setSumClause, &Parser::parseSumClause);
+  case Keyword::Count:
+    return parseOnce(entry, &Group::getCountClause, &Group::setCountClause, &Parser::parseCount);
+  case Keyword::Group:
+    if (peek(1).is(Keyword::Limit))
+      return parseOnce(entry, &Group::getGroupLimitClause, &Group::setGroupLimitClause,
+                       &Parser::parseGroupLimit);
+    if (entry.isGroupIndicate())
+      error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+    stream.skip();
+    entry.setIsGroupIndicate(true);
+    return expect(Keyword::Indicate);
+  case Keyword::Occurs:
+    return parseOnce(entry, &Group::getReportOccursClause, &Group::setReportOccursClause,
+                     &Parser::parseReportOccurs);
+  case Keyword::Repeated:
+    return parseOnce(entry, &Group::getRepeatedClause, &Group::setRepeatedClause,
+                     &Parser::parseRepeated);
+  case Keyword::Multiple:
+    return parseOnce(entry, &Group::getMultipleClause, &Group::setMultipleClause,
+                     &Parser::parseMultiple);
+  case Keyword::Wrap:
+    return parseOnce(entry, &Group::getWrapClause, &Group::setWrapClause, &Parser::parseWrap);
+  case Keyword::Style:
+    return parseOnce(entry, &Group::getStyleClause, &Group::setStyleClause, &Parser::parseStyle);
+  case Keyword::Sign:
+  case Keyword::Leading:
+  case Keyword::Trailing:
+    return parseOnce(entry, &Group::getReportSignClause, &Group::setReportSignClause,
+                     &Parser::parseReportSign);
+  case Keyword::Pic:
+  case Keyword::Picture:
+    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &Parser::parsePicture);
+  case Keyword::Usage:
+  case Keyword::Display:
+  case Keyword::Display1:
+  case Keyword::National:
+    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+  case Keyword::Just:
+  case Keyword::Justified:
+    return parseOnce(entry, &Data::getJustified, &Data::setJustified, &Parser::parseJustified);
+  case Keyword::Blank:
+    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
+  default:
+    return unknownClause(groupClauses);
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// TYPE
+//===----------------------------------------------------------------------===//
+
+/// TYPE [IS] group-type
+ClauseType *Parser::parseType() {
+  SourceRange begin = here();
+  accept(Keyword::Type);
+  accept(Keyword::Is);
+  ReportGroupType type = parseGroupType();
+  if (type == ReportGroupType::None)
+    return nullptr;
+  Node place(begin);
+  auto *clause = new ClauseType(&place, type);
+  bool isControl =
+      type == ReportGroupType::ControlHeading || type == ReportGroupType::ControlFooting;
+  if (isControl && !parseTypeControls(*clause))
+    return nullptr;
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// The words of a group type or their abbreviation; None after a message.
+ReportGroupType Parser::parseGroupType() {
+  struct TypeWords {
+    Keyword abbreviation, first, second;
+    ReportGroupType type;
+  };
+  static constexpr TypeWords types[] = {
+      {Keyword::Rh, Keyword::Report, Keyword::Heading, ReportGroupType::ReportHeading},
+      {Keyword::Ph, Keyword::Page, Keyword::Heading, ReportGroupType::PageHeading},
+      {Keyword::Ch, Keyword::Control, Keyword::Heading, ReportGroupType::ControlHeading},
+      {Keyword::Cf, Keyword::Control, Keyword::Footing, ReportGroupType::ControlFooting},
+      {Keyword::Pf, Keyword::Page, Keyword::Footing, ReportGroupType::PageFooting},
+      {Keyword::Rf, Keyword::Report, Keyword::Footing, ReportGroupType::ReportFooting},
+  };
+  if (acceptAny(Keyword::De, Keyword::Detail))
+    return ReportGroupType::Detail;
+  for (const TypeWords &words : types) {
+    if (accept(words.abbreviation))
+      return words.type;
+    if (atSequence(words.first, words.second)) {
+      stream.skip();
+      stream.skip();
+      return words.type;
+    }
+  }
+  if (acceptAny(Keyword::Report, Keyword::Page, Keyword::Control))
+    expected("HEADING or FOOTING");
+  else
+    expected("the type of a report group");
+  return ReportGroupType::None;
+}
+
+/// [ON | FOR] {FINAL | data-name ...} [OR PAGE]
+bool Parser::parseTypeControls(ClauseType &type) {
+  acceptAny(Keyword::On, Keyword::For);
+  if (at(Keyword::All)) {
+    error(DiagnosticId::NotSupported, here(), "CONTROL FOOTING ALL");
+    return false;
+  }
+  if (accept(Keyword::Final))
+    type.setReportFinal(true);
+  while (atNameIn(groupClauses)) {
+    DataIdentifierExpression *control = parseDataName();
+    if (!control)
+      return false;
+    type.addControlId(control);
+  }
+  if (accept(Keyword::Or)) {
+    if (!expect(Keyword::Page))
+      return false;
+    type.setIsOrPage(true);
+  }
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// LINE, COLUMN, NEXT GROUP
+//===----------------------------------------------------------------------===//
+
+/// [PLUS | +], which makes the number behind it a relative one.
+bool Parser::acceptPlus() {
+  return acceptAny(Keyword::Plus, TokenKind::Plus);
+}
+
+/// LINE [NUMBER | NUMBERS] [IS | ARE] {[PLUS] n | [ON] NEXT PAGE} ... [VARYING phrases]
+ClauseLine *Parser::parseLine() {
+  SourceRange begin = here();
+  stream.skip();
+  acceptNumber();
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseLine(&place);
+  while (true) {
+    bool isOn = accept(Keyword::On);
+    if (atSequence(Keyword::Next, Keyword::Page)) {
+      stream.skip();
+      stream.skip();
+      clause->setNextPage(true);
+    } else if (isOn) {
+      return expected("NEXT PAGE");
+    } else if (atLineOrColumn(clause->getNumbersListSize())) {
+      if (acceptPlus())
+        clause->setIsRelative(true);
+      Expression *number = parseNumberOrDataName("the number of a line");
+      if (!number)
+        return nullptr;
+      clause->addNumbers(number);
+    } else {
+      break;
+    }
+  }
+  if (at(Keyword::Varying)) {
+    std::list<VaryingPhrase *> *varying = parseVarying();
+    if (!varying)
+      return nullptr;
+    clause->setVaryingList(varying);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// The word NUMBER or NUMBERS; only the first of them is reserved.
+void Parser::acceptNumber() {
+  if (at(Keyword::Number) || atWord("NUMBERS"))
+    stream.skip();
+}
+
+/// Whether a number of a LINE or COLUMN clause is next, of which \p count were read. A data-name
+/// can only be the first one: further words are more likely a mistake.
+bool Parser::atLineOrColumn(std::size_t count) {
+  if (atLevelNumber())
+    return false;
+  return at(Keyword::Plus) || at(TokenKind::Plus) || atNumericLiteral() ||
+         (count == 0 && atNameIn(groupClauses));
+}
+
+/// {COLUMN | COL} [NUMBER | NUMBERS] [LEFT | CENTER | RIGHT] [IS | ARE] {[PLUS] n} ...
+ClauseColumn *Parser::parseColumn() {
+  SourceRange begin = here();
+  stream.skip();
+  acceptNumber();
+  Node place(begin);
+  auto *clause = new ClauseColumn(&place);
+  if (accept(Keyword::Center))
+    clause->setAlignment(ColumnAlignment::Center);
+  else if (accept(Keyword::Right))
+    clause->setAlignment(ColumnAlignment::Right);
+  else
+    accept(Keyword::Left);
+  acceptAny(Keyword::Is, Keyword::Are);
+  while (atLineOrColumn(clause->getNumbersListSize())) {
+    if (acceptPlus())
+      clause->setIsRelative(true);
+    Expression *number = parseNumberOrDataName("the number of a column");
+    if (!number)
+      return nullptr;
+    clause->addNumbers(number);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// NEXT GROUP [IS] {[PLUS] n | [ON] NEXT PAGE}
+ClauseNextGroup *Parser::parseNextGroup() {
+  SourceRange begin = here();
+  accept(Keyword::Next);
+  if (!expect(Keyword::Group))
+    return nullptr;
+  accept(Keyword::Is);
+  accept(Keyword::On);
+  NextGroupType type = NextGroupType::Line;
+  Expression *number = nullptr;
+  if (accept(Keyword::Next)) {
+    if (!expect(Keyword::Page))
+      return nullptr;
+    type = NextGroupType::NextPage;
+  } else {
+    if (acceptPlus())
+      type = NextGroupType::Plus;
+    number = parseNumberOrDataName("the number of a line or NEXT PAGE");
+    if (!number)
+      return nullptr;
+  }
+  Node at = from(begin);
+  return new ClauseNextGroup(&at, type, number);
+}
+
+/// GROUP LIMIT [IS] n
+ClauseGroupLimit *Parser::parseGroupLimit() {
+  SourceRange begin = here();
+  accept(Keyword::Group);
+  accept(Keyword::Limit);
+  accept(Keyword::Is);
+  Expression *limit = parseNumberOrDataName("the number of a line");
+  if (!limit)
+    return nullptr;
+  Node at = from(begin);
+  return new ClauseGroupLimit(&at, limit);
+}
+
+//===----------------------------------------------------------------------===//
+// Repetition
+//===----------------------------------------------------------------------===//
+
+/// OCCURS bounds [DEPENDING ON data-name] [{STEP | WIDTH} n [LINES | COLUMNS]] [VARYING phrases]
+ClauseReportOccurs *Parser::parseReportOccurs() {
+  SourceRange begin = here();
+  ClauseOccurs *occurs = parseOccurs();
+  if (!occurs)
+    return nullptr;
+  Node place(begin);
+  auto *clause = new ClauseReportOccurs(&place);
+  clause->setOccurs(occurs);
+  if (acceptAny(Keyword::Step, Keyword::Width)) {
+    Expression *step = parseNumberOrDataName("a number of lines or columns");
+    if (!step)
+      return nullptr;
+    clause->setStepExpr(step);
+    acceptAny(Keyword::Lines, Keyword::Columns, Keyword::Cols);
+  }
+  if (at(Keyword::Varying)) {
+    std::list<VaryingPhrase *> *varying = parseVarying();
+    if (!varying)
+      return nullptr;
+    clause->setVaryingList(varying);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// VARYING {name [FROM expression] [BY expression]} ...
+std::list<VaryingPhrase *> *Parser::parseVarying() {
+  accept(Keyword::Varying);
+  auto *phrases = makeList<VaryingPhrase *>();
+  do {
+    SourceRange begin = here();
+    Word *name = parseUserWord("the name of a counter");
+    if (!name)
+      return nullptr;
+    Expression *start = nullptr;
+    if (accept(Keyword::From) && !(start = parseArithmeticExpression()))
+      return nullptr;
+    Expression *step = nullptr;
+    if (accept(Keyword::By) && !(step = parseArithmeticExpression()))
+      return nullptr;
+    Node at = from(begin);
+    phrases->push_back(new VaryingPhrase(&at, name, start, step));
+  } while (atNameIn(groupClauses));
+  return phrases;
+}
+
+/// REPEATED [n [TIMES]] [EVERY n [COLUMNS]]
+ClauseRepeated *Parser::parseRepeated() {
+  SourceRange begin = here();
+  accept(Keyword::Repeated);
+  Expression *times = nullptr;
+  if (!at(Keyword::Every)) {
+    times = parseNumberOrDataName("a number or EVERY");
+    if (!times)
+      return nullptr;
+    accept(Keyword::Times);
+  }
+  Expression *every = nullptr;
+  if (accept(Keyword::Every)) {
+    every = parseNumberOrDataName("a number of columns");
+    if (!every)
+      return nullptr;
+    acceptAny(Keyword::Columns, Keyword::Cols);
+  }
+  Node at = from(begin);
+  return new ClauseRepeated(&at, times, every);
+}
+
+/// MULTIPLE {PAGE | PAGES}
+ClauseMultiple *Parser::parseMultiple() {
+  SourceRange begin = here();
+  accept(Keyword::Multiple);
+  if (!at(Keyword::Page) && !atWord("PAGES"))
+    return expected("PAGES");
+  stream.skip();
+  Node at = from(begin);
+  return new ClauseMultiple(&at);
+}
+
+/// WRAP [AFTER [COLUMN] n] [TO [COLUMN] n]
+ClauseWrap *Parser::parseWrap() {
+  SourceRange begin = here();
+  accept(Keyword::Wrap);
+  Node place(begin);
+  auto *clause = new ClauseWrap(&place);
+  if (accept(Keyword::After)) {
+    acceptAny(Keyword::Column, Keyword::Col);
+    Expression *column = parseNumberOrDataName("the number of a column");
+    if (!column)
+      return nullptr;
+    clause->setAfterColumn(column);
+  }
+  if (accept(Keyword::To)) {
+    acceptAny(Keyword::Column, Keyword::Col);
+    Expression *column = parseNumberOrDataName("the number of a column");
+    if (!column)
+      return nullptr;
+    clause->setToColumn(column);
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+//===----------------------------------------------------------------------===//
+// What an item shows
+//===----------------------------------------------------------------------===//
+
+/// Whether the entry, or the choice, shows something already.
+template <typename Owner> static bool hasContents(const Owner &owner) {
+  if constexpr (std::is_base_of_v<PresentContents, Owner>)
+    return owner.getSource() || owner.getValue() || owner.getFunction();
+  else
+    return owner.getSourceClause() || owner.getReportValueClause() || owner.getFunctionClause();
+}
+
+/// Gives what the entry shows to the choice that the condition behind it makes.
+static void moveContents(ReportDataDescription &entry, PresentContents &choice) {
+  choice.setSource(entry.getSourceClause());
+  choice.setValue(entry.getReportValueClause());
+  choice.setFunction(entry.getFunctionClause());
+  entry.setSourceClause(nullptr);
+  entry.setReportValueClause(nullptr);
+  entry.setFunctionClause(nullptr);
+}
+
+/// SOURCE, VALUE or FUNCTION. An item may show one of several contents, each with its condition
+/// behind it; the contents then belong to the conditions. With one only, the condition tells
+/// whether the item is there at all.
+bool Parser::parseReportContents(ReportDataDescription &entry, PresentContents *&choice) {
+  if (hasContents(entry) && choice && !hasContents(*choice))
+    moveContents(entry, *choice);
+  else if (hasContents(entry))
+    error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+
+  if (at(Keyword::Source)) {
+    ClauseSource *source = parseSource();
+    if (source && !hasContents(entry))
+      entry.setSourceClause(source);
+    return source;
+  }
+  if (at(Keyword::Function)) {
+    ClauseFunction *function = parseFunctionClause();
+    if (function && !hasContents(entry))
+      entry.setFunctionClause(function);
+    return function;
+  }
+  ClauseValue *value = parseValue();
+  if (value && !hasContents(entry))
+    entry.setReportValueClause(new ClauseReportValue(value));
+  return value;
+}
+
+/// SOURCE [IS | ARE] operand ... [ROUNDED]
+ClauseSource *Parser::parseSource() {
+  SourceRange begin = here();
+  accept(Keyword::Source);
+  acceptAny(Keyword::Is, Keyword::Are);
+  Node place(begin);
+  auto *clause = new ClauseSource(&place);
+  do {
+    SourceClauseExpr *operand = parseSourceOperand();
+    if (!operand)
+      return nullptr;
+    clause->addSourceExpr(operand);
+  } while (atLiteral() ? !atLevelNumber() : atNameIn(groupClauses));
+  clause->setRounded(accept(Keyword::Rounded));
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// SUM operands, a literal, an identifier or an arithmetic expression.
+SourceClauseExpr *Parser::parseSourceOperand() {
+  SourceRange begin = here();
+  if (at(Keyword::Sum)) {
+    SumClauseExpr *sum = parseSum();
+    if (!sum)
+      return nullptr;
+    return new SourceClauseExpr(sum, SourceExprType::Sum, nullptr, sum);
+  }
+  Expression *operand = parseArithmeticExpression();
+  if (!operand)
+    return nullptr;
+  SourceExprType type = llvm::isa<ArithmeticExpression>(operand) ? SourceExprType::Arithmetic
+                        : llvm::isa<LiteralExpression>(operand)  ? SourceExprType::Literal
+                                                                 : SourceExprType::Identifier;
+  Node at = from(begin);
+  return new SourceClauseExpr(&at, type, operand);
+}
+
+/// SUM [OF] operand ... [UPON data-name ...]
+SumClauseExpr *Parser::parseSum() {
+  SourceRange begin = here();
+  accept(Keyword::Sum);
+  accept(Keyword::Of);
+  Node place(begin);
+  auto *sum = new SumClauseExpr(&place);
+  do {
+    Expression *operand = parseArithmeticExpression();
+    if (!operand)
+      return nullptr;
+    sum->addName(operand);
+  } while (atNameIn(groupClauses));
+  if (accept(Keyword::Upon)) {
+    do {
+      DataIdentifierExpression *detail = parseDataName();
+      if (!detail)
+        return nullptr;
+      sum->addUpon(detail);
+    } while (atNameIn(groupClauses));
+  }
+  sum->setRange(from(begin).getRange());
+  return sum;
+}
+
+/// {SUM operands} ... [RESET [ON] {FINAL | data-name}] [ROUNDED]
+ClauseSum *Parser::parseSumClause() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *clause = new ClauseSum(&place);
+  while (at(Keyword::Sum)) {
+    SumClauseExpr *sum = parseSum();
+    if (!sum)
+      return nullptr;
+    clause->addSumExpr(sum);
+  }
+  clause->setRounded(accept(Keyword::Rounded));
+  if (accept(Keyword::Reset)) {
+    accept(Keyword::On);
+    if (accept(Keyword::Final)) {
+      clause->setResetType(ResetType::Final);
+    } else {
+      DataIdentifierExpression *control = parseDataName("FINAL or a data-name");
+      if (!control)
+        return nullptr;
+      clause->setResetType(ResetType::Identifier);
+      clause->setResetControl(control);
+    }
+  }
+  if (accept(Keyword::Rounded))
+    clause->setRounded(true);
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+/// COUNT [OF] data-name ...
+ClauseCount *Parser::parseCount() {
+  SourceRange begin = here();
+  Node place(begin);
+  auto *clause = new ClauseCount(&place);
+  accept(Keyword::Count);
+  accept(Keyword::Of);
+  auto *operand = new CountClauseExpr(&place);
+  do {
+    DataIdentifierExpression *name = parseDataName();
+    if (!name)
+      return nullptr;
+    operand->addName(name);
+  } while (atNameIn(groupClauses));
+  operand->setRange(from(begin).getRange());
+  clause->addCountExpr(operand);
+  clause->setRange(operand->getRange());
+  return clause;
+}
+
+/// FUNCTION [IS] name [(argument ...)]
+ClauseFunction *Parser::parseFunctionClause() {
+  SourceRange begin = here();
+  accept(Keyword::Function);
+  accept(Keyword::Is);
+  Word *name = parseUserWord("the name of a function");
+  if (!name)
+    return nullptr;
+  Node place(begin);
+  auto *clause = new ClauseFunction(&place, name);
+  if (accept(TokenKind::LParen)) {
+    while (!accept(TokenKind::RParen)) {
+      Expression *argument = parseArithmeticExpression();
+      if (!argument)
+        return nullptr;
+      clause->addArgument(argument);
+    }
+  }
+  clause->setRange(from(begin).getRange());
+  return clause;
+}
+
+ClauseReportSign *Parser::parseReportSign() {
+  ClauseSign *sign = parseSign();
+  return sign ? new ClauseReportSign(sign, sign) : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// PRESENT
+//===----------------------------------------------------------------------===//
+
+/// [PRESENT | ABSENT] WHEN condition, or PRESENT [JUST] AFTER event
+bool Parser::parsePresent(ReportDataDescription &entry, PresentContents *&choice) {
+  SourceRange begin = here();
+  bool isAbsent = accept(Keyword::Absent);
+  accept(Keyword::Present);
+  // Once one condition has contents of its own, those before this one are for it.
+  bool isChoice = choice && hasContents(*choice);
+  if (accept(Keyword::When)) {
+    ClausePresentWhen *when = parsePresentWhen(begin, isAbsent);
+    if (!when)
+      return false;
+    entry.addClausePresentWhen(when);
+    choice = when;
+  } else {
+    if (isAbsent) {
+      error(DiagnosticId::NotSupported, begin, "ABSENT AFTER");
+      return false;
+    }
+    ClausePresentAfter *after = parsePresentAfter(begin);
+    if (!after)
+      return false;
+    entry.addClausePresentAfter(after);
+    choice = after;
+  }
+  if (isChoice)
+    moveContents(entry, *choice);
+  return true;
+}
+
+/// condition, or OTHER for what holds when none of the conditions before does.
+ClausePresentWhen *Parser::parsePresentWhen(const SourceRange &begin, bool isAbsent) {
+  if (accept(Keyword::Other)) {
+    Node at = from(begin);
+    return new ClausePresentWhen(&at, PresentType::None, nullptr);
+  }
+  Condition *condition = parseCondition();
+  if (!condition)
+    return nullptr;
+  if (isAbsent)
+    condition = new NegatedCondition(condition, condition);
+  Node at = from(begin);
+  return new ClausePresentWhen(&at, PresentType::Condition, condition);
+}
+
+/// [JUST] AFTER [NEW] {PAGE [OR data-name] | data-name [OR PAGE]}
+ClausePresentAfter *Parser::parsePresentAfter(const SourceRange &begin) {
+  accept(Keyword::Just);
+  if (!accept(Keyword::After))
+    return expected("WHEN or AFTER");
+  if (atWord("NEW"))
+    stream.skip();
+  PresentType type = PresentType::NewPage;
+  DataIdentifierExpression *control = nullptr;
+  if (accept(Keyword::Page)) {
+    if (accept(Keyword::Or)) {
+      type = PresentType::PageOrControl;
+      control = parseDataName();
+      if (!control)
+        return nullptr;
+    }
+  } else {
+    type = PresentType::Control;
+    control = parseDataName("PAGE or a data-name");
+    if (!control)
+      return nullptr;
+    if (accept(Keyword::Or)) {
+      if (!expect(Keyword::Page))
+        return nullptr;
+      type = PresentType::ControlOrPage;
+    }
+  }
+  Node at = from(begin);
+  auto *clause = new ClausePresentAfter(&at, type);
+  clause->setControlId(control);
+  return clause;
+}
+
+} // namespace tarka
