@@ -39,6 +39,7 @@ class PhrsSymbolic;
 
 // The data division.
 class ClausePicture;
+class ClauseRecord;
 class ClauseSign;
 class ClauseValue;
 
@@ -451,6 +452,13 @@ private:
   bool checkUseFile(IdentifierExpression &name);
   bool checkUseReporting(UseStatement &use);
   bool checkUseProcedures(UseStatement &use);
+
+  // SCFileDescription.cpp
+  bool checkFileRecords(FileDescription &file);
+  void settleRecordingMode(FileDescription &file);
+  bool checkFileLength(NumericLiteralExpression *length, ErrorCode notUnsigned);
+  bool checkRecordDependingOn(ClauseRecord &clause);
+  bool checkValueOfField(Expression &value);
 
   // SCExprIdentifiers.cpp
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
