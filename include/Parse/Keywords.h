@@ -66,6 +66,13 @@ struct WordEntry {
   Keyword keyword;
 };
 
+/// What a look-up gives: the entry, and what is asked of it most, at hand.
+struct WordLookup {
+  const WordEntry *entry;
+  llvm::StringRef text;
+  Keyword keyword;
+};
+
 /// The words of a compilation. Words that differ only in case have the same entry.
 class WordTable {
 public:
@@ -75,16 +82,21 @@ public:
   WordTable(const WordTable &) = delete;
   WordTable &operator=(const WordTable &) = delete;
 
-  /// The entry of \p spelling, made when there is none yet. Entries never move.
-  const WordEntry &lookup(llvm::StringRef spelling) { return find(spelling); }
+  /// Finds \p spelling, which is entered when it is not there yet. Entries never move.
+  WordLookup lookup(llvm::StringRef spelling);
 
 private:
+  /// Holds the text itself, so that a look-up goes to two places of memory only.
   struct Slot {
-    uint32_t hash = 0;
+    const char *text = nullptr;
     WordEntry *entry = nullptr;
+    uint32_t hash = 0;
+    uint16_t size = 0;
+    Keyword keyword = Keyword::None;
   };
 
-  WordEntry &find(llvm::StringRef spelling);
+  Slot &enter(llvm::StringRef spelling, Keyword keyword);
+  Slot &freeSlot(uint32_t hash);
   void grow();
 
   std::unique_ptr<Slot[]> slots;

@@ -3,6 +3,7 @@
 #include "Parse/Keywords.h"
 #include "AST/Node.h"
 #include "llvm/ADT/StringExtras.h"
+#include <cstdint>
 #include <cstring>
 #include <new>
 
@@ -23,24 +24,36 @@ constexpr KeywordInfo keywordTable[] = {
 
 constexpr uint32_t initialSlots = 1 << 12;
 
-/// Hashes eight characters at a time. Clearing bit 5 makes letters of both cases equal; what else
-/// it makes equal, the comparison tells apart.
+template <typename Chunk> uint64_t load(const char *from) {
+  Chunk chunk;
+  std::memcpy(&chunk, from, sizeof chunk);
+  return chunk;
+}
+
+/// Hashes eight characters at a time, the last eight over again where they do not come out even.
+/// Clearing bit 5 makes letters of both cases equal; what else it makes equal, the comparison
+/// tells apart.
 uint32_t hashFolded(llvm::StringRef text) {
   constexpr uint64_t fold = 0xDFDFDFDFDFDFDFDF;
   constexpr uint64_t multiplier = 0x9E3779B97F4A7C15;
-  uint64_t hash = text.size() * multiplier;
   const char *data = text.data();
-  size_t rest = text.size();
-  for (; rest >= 8; data += 8, rest -= 8) {
-    uint64_t chunk;
-    std::memcpy(&chunk, data, 8);
+  size_t size = text.size();
+  uint64_t hash = size * multiplier;
+  auto mix = [&hash](uint64_t chunk) {
     hash = (hash ^ (chunk & fold)) * multiplier;
     hash ^= hash >> 32;
+  };
+  if (size >= 8) {
+    for (size_t at = 0; at + 8 < size; at += 8)
+      mix(load<uint64_t>(data + at));
+    mix(load<uint64_t>(data + size - 8));
+  } else if (size >= 4) {
+    mix(load<uint32_t>(data) | load<uint32_t>(data + size - 4) << 32);
+  } else if (size > 0) {
+    mix(load<uint8_t>(data) | load<uint8_t>(data + size / 2) << 8 |
+        load<uint8_t>(data + size - 1) << 16);
   }
-  uint64_t chunk = 0;
-  std::memcpy(&chunk, data, rest);
-  hash = (hash ^ (chunk & fold)) * multiplier;
-  return static_cast<uint32_t>(hash >> 32);
+  return static_cast<uint32_t>(hash);
 }
 
 } // namespace
@@ -56,46 +69,56 @@ llvm::StringRef textOf(Keyword keyword) {
 WordTable::WordTable(bool osvs) : slots(new Slot[initialSlots]), mask(initialSlots - 1) {
   for (unsigned index = 1; index < std::size(keywordTable); ++index) {
     const KeywordInfo &info = keywordTable[index];
-    if ((info.flags & KF_OsvsOnly) && !osvs)
-      continue;
-    find(info.text).keyword = static_cast<Keyword>(index);
+    if (!(info.flags & KF_OsvsOnly) || osvs)
+      enter(info.text, static_cast<Keyword>(index));
   }
 }
 
 WordTable::~WordTable() = default;
 
-WordEntry &WordTable::find(llvm::StringRef spelling) {
+WordLookup WordTable::lookup(llvm::StringRef spelling) {
   uint32_t hash = hashFolded(spelling);
-  uint32_t index = hash & mask;
-  for (; slots[index].entry; index = (index + 1) & mask) {
-    if (slots[index].hash != hash)
+  for (uint32_t index = hash & mask; slots[index].entry; index = (index + 1) & mask) {
+    const Slot &slot = slots[index];
+    if (slot.hash != hash)
       continue;
-    const std::string &text = *slots[index].entry->text;
+    // A word of more characters than a slot can count is compared by its entry.
+    llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.entry->text;
     if (text == spelling || spelling.equals_insensitive(text))
-      return *slots[index].entry;
+      return {slot.entry, text, slot.keyword};
   }
-  // A new word: fold it, intern it, enter it.
-  const std::string &text = internString(spelling.upper());
-  auto *entry = new (allocateForever(sizeof(WordEntry))) WordEntry{&text, Keyword::None};
-  slots[index] = {hash, entry};
+  const Slot &slot = enter(spelling, Keyword::None);
+  return {slot.entry, *slot.entry->text, slot.keyword};
+}
+
+/// Folds, interns and enters a word that is not in the table.
+WordTable::Slot &WordTable::enter(llvm::StringRef spelling, Keyword keyword) {
   if (++used * 2 > mask)
     grow();
-  return *entry;
+  uint32_t hash = hashFolded(spelling);
+  const std::string &text = internString(spelling.upper());
+  auto *entry = new (allocateForever(sizeof(WordEntry))) WordEntry{&text, keyword};
+  uint16_t size = text.size() <= UINT16_MAX ? static_cast<uint16_t>(text.size()) : 0;
+  Slot &slot = freeSlot(hash);
+  slot = {text.data(), entry, hash, size, keyword};
+  return slot;
+}
+
+WordTable::Slot &WordTable::freeSlot(uint32_t hash) {
+  uint32_t index = hash & mask;
+  while (slots[index].entry)
+    index = (index + 1) & mask;
+  return slots[index];
 }
 
 void WordTable::grow() {
-  uint32_t newMask = mask * 2 + 1;
-  auto larger = std::make_unique<Slot[]>(size_t(newMask) + 1);
-  for (uint32_t old = 0; old <= mask; ++old) {
-    if (!slots[old].entry)
-      continue;
-    uint32_t index = slots[old].hash & newMask;
-    while (larger[index].entry)
-      index = (index + 1) & newMask;
-    larger[index] = slots[old];
-  }
-  slots = std::move(larger);
-  mask = newMask;
+  std::unique_ptr<Slot[]> old = std::move(slots);
+  uint32_t oldMask = mask;
+  mask = mask * 2 + 1;
+  slots = std::make_unique<Slot[]>(size_t(mask) + 1);
+  for (uint32_t index = 0; index <= oldMask; ++index)
+    if (old[index].entry)
+      freeSlot(old[index].hash) = old[index];
 }
 
 } // namespace tarka

@@ -53,8 +53,10 @@ std::pair<llvm::StringRef, llvm::StringRef> divideDirective(const char *begin, c
 } // namespace
 
 bool Lexer::isDirective() const {
-  llvm::StringRef text(lines.begin(), lines.end() - lines.begin());
-  return text.ltrim(" \t\f\v").starts_with(">>");
+  const char *at = lines.begin();
+  while (at + 1 < lines.end() && isBlank(*at))
+    ++at;
+  return at + 1 < lines.end() && at[0] == '>' && at[1] == '>';
 }
 
 SourceRange Lexer::placeOfLine() {

@@ -44,6 +44,12 @@ bool beginsWith(const char *at, const char *end, llvm::StringRef text) {
   return llvm::StringRef(at, end - at).starts_with(text);
 }
 
+uint64_t load8(const char *at) {
+  uint64_t chunk;
+  std::memcpy(&chunk, at, 8);
+  return chunk;
+}
+
 /// Whether a chunk of eight bytes holds one below 0x20 or above 0x7F.
 bool holdsUnusual(uint64_t chunk) {
   constexpr uint64_t ones = 0x0101010101010101;
@@ -113,9 +119,7 @@ bool LineReader::readPhysicalLine(PhysicalLine &line) {
   for (;;) {
     // Eight bytes at a time over what is plain text.
     while (fileEnd - at >= 8) {
-      uint64_t chunk;
-      std::memcpy(&chunk, at, 8);
-      if (holdsUnusual(chunk))
+      if (holdsUnusual(load8(at)))
         break;
       at += 8;
     }
@@ -269,6 +273,14 @@ bool LineReader::isOptionsLine(const PhysicalLine &line) const {
 bool LineReader::isContinued() const {
   const char *at = position;
   while (at < fileEnd) {
+    // Most lines tell by their first characters that they are text of their own.
+    if (fileEnd - at > 8 && !holdsUnusual(load8(at)) && at[indicatorColumn - 1] == ' ') {
+      const char *first = at + indicatorColumn;
+      while (first < fileEnd && *first == ' ')
+        ++first;
+      if (first < fileEnd && *first > ' ' && *first != '*')
+        return false;
+    }
     const char *lineEnd = at;
     PhysicalLine line;
     line.start = at;

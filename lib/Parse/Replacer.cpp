@@ -130,8 +130,8 @@ void Replacer::splitPicture(const Token &picture) {
     piece.flags = flags;
     piece.place = picture.place;
     // On one line, a picture string has as many columns as characters.
-    if (!(picture.flags & Token::Continued)) {
-      piece.place.beginColumn += piece.text.begin() - picture.text.begin();
+    if (!(picture.flags & (Token::Continued | Token::FromReplacement))) {
+      piece.place.beginColumn += piece.spelling.begin() - picture.spelling.begin();
       piece.place.endColumn = piece.place.beginColumn + piece.spelling.size() - 1;
     }
     window.push_back(piece);

@@ -109,9 +109,10 @@ void Scanner::scanWord(Token &token, const char *begin) {
   while (cursor[-1] == '-')
     --cursor;
   finish(token, TokenKind::Word, begin);
-  token.word = &words.lookup(token.spelling);
-  token.keyword = token.word->keyword;
-  token.text = *token.word->text;
+  WordLookup word = words.lookup(token.spelling);
+  token.word = word.entry;
+  token.keyword = word.keyword;
+  token.text = word.text;
 }
 
 /// A number, or a word that begins with digits.

@@ -35,6 +35,7 @@ public:
     llvm::StringRef text = line.ltrim();
     if (text.empty() || isOptions(text))
       return;
+    ++lines;
     size_t indent = line.size() - text.size();
     if (text.starts_with(">>")) {
       lookAtDirective(text);
@@ -70,7 +71,8 @@ public:
     return freeLines > fixedLines ? SourceFormat::Free : SourceFormat::Fixed;
   }
 
-  bool isSure() const { return directed != SourceFormat::Auto || freeLines + fixedLines > 2000; }
+  /// Whether more lines would hardly tell more.
+  bool isDone() const { return directed != SourceFormat::Auto || lines >= 2000; }
 
 private:
   static bool isOptions(llvm::StringRef text) {
@@ -89,6 +91,7 @@ private:
   }
 
   SourceFormat directed = SourceFormat::Auto;
+  unsigned lines = 0;
   unsigned freeLines = 0;
   unsigned fixedLines = 0;
 };
@@ -124,7 +127,7 @@ SourceFormat SourceFile::getFormat(SourceFormat otherwise) const {
 
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {
   FormatDetector detector;
-  while (!text.empty() && !detector.isSure()) {
+  while (!text.empty() && !detector.isDone()) {
     size_t end = text.find_first_of("\r\n");
     detector.look(text.substr(0, std::min<size_t>(end, 1000)).rtrim());
     text = end == llvm::StringRef::npos ? llvm::StringRef() : text.substr(end + 1);

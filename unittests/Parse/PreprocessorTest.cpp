@@ -121,7 +121,7 @@ TEST_F(PreprocessorTest, ReplacingInPictures) {
 }
 
 TEST_F(PreprocessorTest, ReplacedTextStandsWhereItReplaces) {
-  addFile("BOOK", "01 :T:-X.\n  A\nB PIC 9(:T:).");
+  addFile("BOOK", "01 :T:-X.\n  A\nB PIC X(:T:).");
   open("COPY BOOK REPLACING ==:T:== BY ==N==\n  ==A B== BY ==C D==.");
   EXPECT_EQ(placeOf(stream->peek(1)), "1:4-1:8");
   EXPECT_TRUE(stream->peek(1).isFromReplacement());
@@ -130,7 +130,7 @@ TEST_F(PreprocessorTest, ReplacedTextStandsWhereItReplaces) {
   EXPECT_EQ(placeOf(stream->peek(4)), "2:3-3:1");
   EXPECT_TRUE(stream->peek(3).isFirstOnLine());
   EXPECT_FALSE(stream->peek(4).isFirstOnLine());
-  EXPECT_EQ(stream->peek(6).text, "9(N)");
+  EXPECT_EQ(stream->peek(6).text, "X(N)");
   EXPECT_EQ(placeOf(stream->peek(6)), "3:7-3:12");
   EXPECT_EQ(fileNameOf(stream->peek(6).place.file), "BOOK");
 }
