@@ -210,7 +210,8 @@ private:
 // Identifiers
 //===----------------------------------------------------------------------===//
 
-/// The subscripts of a table reference.
+/// The subscripts of a table reference. ALL, by which a function is given every occurrence, is the
+/// figurative constant ZERO with the symbol name ALL.
 class SubscriptModifier : public Node {
 public:
   explicit SubscriptModifier(const Node *at) : Node(at) {}
@@ -328,6 +329,8 @@ public:
     return e->getExprType() == ExpressionType::FunctionIdentifier;
   }
 
+  /// LEADING or TRAILING among the arguments of TRIM; null where none is written.
+  TARKA_FIELD(Word *, argKeyword, ArgKeyword, nullptr);
   TARKA_LIST(Expression, arguments, FunctionArgList);
   Word *name;
   ReferenceModifier *referenceMod = nullptr;

@@ -4,6 +4,7 @@
 #define TARKA_AST_INTRINSICFUNCTIONS_H
 
 #include "AST/Kinds.h"
+#include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringRef.h"
 
 namespace tarka {
@@ -15,6 +16,9 @@ struct IntrinsicFunction {
   /// True when the result is always an integer.
   bool isInteger;
 };
+
+/// Every function, sorted by name.
+llvm::ArrayRef<IntrinsicFunction> intrinsicFunctions();
 
 /// The function of that name in upper case, or null when the language has none.
 const IntrinsicFunction *findIntrinsicFunction(llvm::StringRef name);

@@ -101,6 +101,10 @@ constexpr IntrinsicFunction functions[] = {
 
 } // namespace
 
+llvm::ArrayRef<IntrinsicFunction> intrinsicFunctions() {
+  return functions;
+}
+
 const IntrinsicFunction *findIntrinsicFunction(llvm::StringRef name) {
   const IntrinsicFunction *found =
       llvm::lower_bound(functions, name, [](const IntrinsicFunction &one, llvm::StringRef wanted) {

@@ -215,12 +215,17 @@ template <typename Predicate> static bool inScope(const SourceUnit *unit, Predic
   return false;
 }
 
-/// Whether \p declares holds for SPECIAL-NAMES of the unit or of one of the units around it.
+/// Whether \p declares holds for SPECIAL-NAMES of the unit or of one of the units around it, and
+/// the word \p name. This is asked for about every operand, mostly of programs without the
+/// paragraph.
 template <typename Predicate>
-static bool inSpecialNames(const SourceUnit *unit, Predicate declares) {
+static bool inSpecialNames(const SourceUnit *unit, const std::string &name, Predicate declares) {
   return inScope(unit, [&](const SourceUnit &one) {
     ParaSpecialNames *names = specialNamesOf(&one);
-    return names && declares(*names);
+    if (!names)
+      return false;
+    Word word(SourceRange(), &name, &name);
+    return declares(*names, word);
   });
 }
 
@@ -238,28 +243,27 @@ bool Parser::isConditionName(const std::string &name) const {
 }
 
 bool Parser::isSwitchName(const std::string &name) const {
-  Word word(static_cast<const Node *>(nullptr), name, "");
-  return inSpecialNames(unit, [&](const ParaSpecialNames &names) {
+  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
     return !names.findClauseEnvNameByCondName(&word).empty();
   });
 }
 
 bool Parser::isClassName(const std::string &name) const {
-  Word word(static_cast<const Node *>(nullptr), name, "");
-  return inSpecialNames(
-      unit, [&](const ParaSpecialNames &names) { return names.findClauseClassByWord(&word); });
+  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
+    return names.findClauseClassByWord(&word);
+  });
 }
 
 bool Parser::isSymbolicCharacter(const std::string &name) const {
-  Word word(static_cast<const Node *>(nullptr), name, "");
-  return inSpecialNames(
-      unit, [&](const ParaSpecialNames &names) { return names.findClauseSymbolicByWord(&word); });
+  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
+    return names.findClauseSymbolicByWord(&word);
+  });
 }
 
 bool Parser::isMnemonicName(const std::string &name) const {
-  Word word(static_cast<const Node *>(nullptr), name, "");
-  return inSpecialNames(
-      unit, [&](const ParaSpecialNames &names) { return names.findClauseEnvNameByWord(&word); });
+  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
+    return names.findClauseEnvNameByWord(&word);
+  });
 }
 
 bool Parser::isFileName(const std::string &name) const {

@@ -1,0 +1,463 @@
+//===- ParseExpression.cpp - operands and arithmetic expressions ----------===//
+
+#include "AST/IntrinsicFunctions.h"
+#include "Parser.h"
+#include "Spelling.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// What can be an operand
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// The registers that are no data entries of the program; None for RETURN-CODE, TALLY and the
+/// others that are.
+SpecialRegisterType registerTypeOf(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::LinageCounter:
+    return SpecialRegisterType::LinageCounter;
+  case Keyword::PageCounter:
+    return SpecialRegisterType::PageCounter;
+  case Keyword::LineCounter:
+    return SpecialRegisterType::LineCounter;
+  case Keyword::XmlNtext:
+    return SpecialRegisterType::XmlNText;
+  case Keyword::XmlNamespace:
+    return SpecialRegisterType::XmlNamespace;
+  case Keyword::XmlNnamespace:
+    return SpecialRegisterType::XmlNNamespace;
+  case Keyword::XmlNamespacePrefix:
+    return SpecialRegisterType::XmlNamespacePrefix;
+  case Keyword::XmlNnamespacePrefix:
+    return SpecialRegisterType::XmlNNamespacePrefix;
+  case Keyword::DebugItem:
+  case Keyword::DebugContents:
+  case Keyword::DebugLine:
+  case Keyword::DebugName:
+  case Keyword::DebugSub1:
+  case Keyword::DebugSub2:
+  case Keyword::DebugSub3:
+    return SpecialRegisterType::DebugItem;
+  case Keyword::Jnienvptr:
+    return SpecialRegisterType::JnienvPtr;
+  case Keyword::JsonCode:
+    return SpecialRegisterType::JsonCode;
+  case Keyword::JsonStatus:
+    return SpecialRegisterType::JsonStatus;
+  default:
+    return SpecialRegisterType::None;
+  }
+}
+
+/// A word that names a data item: the programmer's own, or a register that is a data entry.
+bool isDataName(const Token &token) {
+  if (token.isUserWord())
+    return true;
+  return isSpecialRegister(token.keyword) && !token.isOneOf(Keyword::Address, Keyword::Length) &&
+         registerTypeOf(token.keyword) == SpecialRegisterType::None;
+}
+
+} // namespace
+
+/// A name in area A before a period, and any name before SECTION, begins a procedure. Where the
+/// period of the sentence before it is missing, it must not be taken for an operand of that
+/// sentence. In free form every line begins in area A, which says nothing.
+bool Parser::atProcedureHeader() {
+  const Token &name = peek();
+  if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
+    return false;
+  bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
+  const Token &next = peek(1);
+  return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
+}
+
+bool Parser::atIdentifier() {
+  const Token &token = peek();
+  if (token.isUserWord())
+    return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText());
+  return isSpecialRegister(token.keyword) || token.is(Keyword::Function);
+}
+
+bool Parser::atOperand() {
+  if (at(TokenKind::Word))
+    return peek().isFigurativeConstant() || isSpecialRegister(peek().keyword) ||
+           at(Keyword::Function) || (peek().isUserWord() && !atProcedureHeader());
+  return atLiteral() && !atProcedureHeader();
+}
+
+Expression *Parser::parseOperand(llvm::StringRef what) {
+  if (atLiteral())
+    return parseLiteral();
+  return parseIdentifier(what);
+}
+
+IdentifierExpression *Parser::parseIdentifier(llvm::StringRef what) {
+  const Token &token = peek();
+  if (token.is(Keyword::Function))
+    return parseFunction();
+  if (isSpecialRegister(token.keyword) && !isDataName(token))
+    return parseSpecialRegister();
+  return parseDataIdentifier(what);
+}
+
+//===----------------------------------------------------------------------===//
+// Data items
+//===----------------------------------------------------------------------===//
+
+QualifiedWord *Parser::parseDataQualifiedWord(llvm::StringRef what) {
+  if (peek().isUserWord() && atProcedureHeader())
+    return expected(what);
+  if (peek().isUserWord() || !isDataName(peek()))
+    return parseQualifiedWord(what);
+  // A register: its word is reserved.
+  Node at(here());
+  auto *name = new QualifiedWord(&at);
+  name->addNames(takeWord());
+  return name;
+}
+
+DataIdentifierExpression *Parser::parseDataName(llvm::StringRef what) {
+  QualifiedWord *name = parseDataQualifiedWord(what);
+  return name ? new DataIdentifierExpression(name, name, nullptr, nullptr) : nullptr;
+}
+
+DataIdentifierExpression *Parser::parseDataIdentifier(llvm::StringRef what) {
+  QualifiedWord *name = parseDataQualifiedWord(what);
+  if (!name)
+    return nullptr;
+  SubscriptModifier *subscripts = nullptr;
+  ReferenceModifier *reference = nullptr;
+  if (atModifier() && !parseModifiers(subscripts, reference))
+    return nullptr;
+  Node at = from(name->getRange());
+  return new DataIdentifierExpression(&at, name, subscripts, reference);
+}
+
+/// A parenthesis behind a comma is the next operand of a list, as in MAX (A, (B + C)).
+bool Parser::atModifier() {
+  return at(TokenKind::LParen) && !peek().isAfterComma();
+}
+
+/// (subscript ...), (position : length), or the one followed by the other.
+bool Parser::parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference) {
+  while (!reference && atModifier()) {
+    SourceRange begin = here();
+    Depth level(*this);
+    if (level.isTooDeep()) {
+      error(DiagnosticId::NestedTooDeep, begin, maxDepth);
+      return false;
+    }
+    stream.skip();
+    // Only the colon behind the first expression tells what the parentheses hold.
+    Expression *first = nullptr;
+    if (!at(TokenKind::Colon) && !(first = parseSubscript()))
+      return false;
+    if (at(TokenKind::Colon)) {
+      if (!(reference = parseReferenceModifier(begin, first)))
+        return false;
+      continue;
+    }
+    if (subscripts) {
+      expected("':'");
+      return false;
+    }
+    Node position(begin);
+    subscripts = new SubscriptModifier(&position);
+    subscripts->addSubscript(first);
+    while (!accept(TokenKind::RParen)) {
+      if (!at(Keyword::All) && !at(TokenKind::Plus, TokenKind::Minus, TokenKind::LParen) &&
+          !atOperand()) {
+        expected("')'");
+        return false;
+      }
+      Expression *subscript = parseSubscript();
+      if (!subscript)
+        return false;
+      subscripts->addSubscript(subscript);
+    }
+    subscripts->setRange(from(begin).getRange());
+  }
+  return true;
+}
+
+/// ALL, which stands for every occurrence where a function takes a table, is kept as the constant
+/// ZERO under the name ALL: no occurrence has that number.
+Expression *Parser::parseSubscript() {
+  if (!at(Keyword::All))
+    return parseArithmeticExpression();
+  Node at(here());
+  auto *all = new FigurativeLiteralExpression(&at, FigurativeType::Zero, nullptr);
+  all->setSymbolName(peek().text);
+  stream.skip();
+  return all;
+}
+
+/// With the colon next. A missing position is for the checker to tell.
+ReferenceModifier *Parser::parseReferenceModifier(const SourceRange &begin, Expression *position) {
+  accept(TokenKind::Colon);
+  Expression *length = nullptr;
+  if (!at(TokenKind::RParen) && !(length = parseArithmeticExpression()))
+    return nullptr;
+  if (!expect(TokenKind::RParen))
+    return nullptr;
+  Node at = from(begin);
+  return new ReferenceModifier(&at, position, length);
+}
+
+FileIdentifierExpression *Parser::parseFileName() {
+  Word *name = atProcedureHeader() ? expected("a file-name") : parseUserWord("a file-name");
+  return name ? new FileIdentifierExpression(name, name) : nullptr;
+}
+
+ReportIdentifierExpression *Parser::parseReportName() {
+  Word *name = atProcedureHeader() ? expected("a report-name") : parseUserWord("a report-name");
+  return name ? new ReportIdentifierExpression(name, name) : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// Special registers
+//===----------------------------------------------------------------------===//
+
+/// ADDRESS OF item, LENGTH [OF] item, LINAGE-COUNTER [OF file], PAGE-COUNTER [OF report], and the
+/// registers that stand alone.
+IdentifierExpression *Parser::parseSpecialRegister() {
+  SourceRange begin = here();
+  Keyword keyword = peek().keyword;
+  if (keyword == Keyword::Address || keyword == Keyword::Length)
+    return parseAddressOrLength();
+
+  Word *word = takeWord();
+  SpecialRegisterType type = registerTypeOf(keyword);
+  FileIdentifierExpression *file = nullptr;
+  ReportIdentifierExpression *report = nullptr;
+  ReferenceModifier *reference = nullptr;
+  if (type == SpecialRegisterType::LinageCounter) {
+    if (acceptAny(Keyword::Of, Keyword::In) && !(file = parseFileName()))
+      return nullptr;
+  } else if (type == SpecialRegisterType::PageCounter || type == SpecialRegisterType::LineCounter) {
+    if (acceptAny(Keyword::Of, Keyword::In) && !(report = parseReportName()))
+      return nullptr;
+  } else if (atModifier()) {
+    SubscriptModifier *subscripts = nullptr;
+    if (!parseModifiers(subscripts, reference))
+      return nullptr;
+    if (subscripts)
+      return error(DiagnosticId::SubscriptedRegister, subscripts->getRange(), word->getWordData());
+  }
+  Node at = from(begin);
+  return new SpecialRegisterIdentifierExpression(&at, type, nullptr, word, file, reference,
+                                                 report ? report->getReportName() : nullptr,
+                                                 report);
+}
+
+IdentifierExpression *Parser::parseAddressOrLength() {
+  SourceRange begin = here();
+  bool isAddress = at(Keyword::Address);
+  Depth level(*this);
+  if (level.isTooDeep())
+    return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
+  Word *word = takeWord();
+  if (isAddress ? !expect(Keyword::Of) : (accept(Keyword::Of), false))
+    return nullptr;
+  Expression *operand = isAddress       ? parseDataIdentifier()
+                        : atLiteral()   ? static_cast<Expression *>(parseLiteral())
+                                        : parseIdentifier();
+  if (!operand)
+    return nullptr;
+  Node at = from(begin);
+  return new SpecialRegisterIdentifierExpression(
+      &at, isAddress ? SpecialRegisterType::AddressOf : SpecialRegisterType::LengthOf, operand,
+      word, nullptr, nullptr, nullptr, nullptr);
+}
+
+//===----------------------------------------------------------------------===//
+// Functions
+//===----------------------------------------------------------------------===//
+
+/// FUNCTION name [(argument ...)] [(position : length)]. Names of functions may be reserved words.
+FunctionIdentifierExpression *Parser::parseFunction() {
+  SourceRange begin = here();
+  accept(Keyword::Function);
+  if (!peek().isWord())
+    return expected("the name of a function");
+  Word *name = takeWord();
+  const IntrinsicFunction *function = findIntrinsicFunction(name->getWordData());
+  if (!function)
+    return reportUnknownFunction(*name);
+
+  Depth level(*this);
+  if (level.isTooDeep())
+    return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
+  auto *call = new FunctionIdentifierExpression(name, function->type, name);
+  SourceRange open = here();
+  if (atModifier()) {
+    accept(TokenKind::LParen);
+    if (!parseFunctionArguments(*call, open))
+      return nullptr;
+    open = here();
+    if (!call->getReferenceMod() && atModifier()) {
+      accept(TokenKind::LParen);
+      Expression *position = nullptr;
+      if (!at(TokenKind::Colon) && !(position = parseArithmeticExpression()))
+        return nullptr;
+      if (!at(TokenKind::Colon))
+        return expected("':'");
+      ReferenceModifier *reference = parseReferenceModifier(open, position);
+      if (!reference)
+        return nullptr;
+      call->setReferenceMod(reference);
+    }
+  }
+  call->setRange(from(begin).getRange());
+  return call;
+}
+
+/// The arguments up to and with the closing parenthesis. Behind the name of a function that has no
+/// arguments the parentheses may hold a reference modifier instead.
+bool Parser::parseFunctionArguments(FunctionIdentifierExpression &call, const SourceRange &open) {
+  while (!accept(TokenKind::RParen)) {
+    // TRIM says with a word which side it trims.
+    if (at(Keyword::Leading, Keyword::Trailing) && !call.getArgKeyword()) {
+      call.setArgKeyword(takeWord());
+      continue;
+    }
+    Expression *argument = nullptr;
+    if (!at(TokenKind::Colon)) {
+      if (!(argument = parseArithmeticExpression()))
+        return false;
+      if (!at(TokenKind::Colon)) {
+        call.addFunctionArg(argument);
+        continue;
+      }
+    }
+    if (call.getFunctionArgListSize() != 0 || call.getArgKeyword()) {
+      expected("')'");
+      return false;
+    }
+    ReferenceModifier *reference = parseReferenceModifier(open, argument);
+    call.setReferenceMod(reference);
+    return reference != nullptr;
+  }
+  return true;
+}
+
+std::nullptr_t Parser::reportUnknownFunction(const Word &name) {
+  SpellingMatch match(name.getWordData());
+  for (const IntrinsicFunction &function : intrinsicFunctions())
+    match.consider(function.name);
+  llvm::StringRef nearest = match.getNearest();
+  if (nearest.empty())
+    return error(DiagnosticId::UnknownFunction, name.getRange(), name.getDisplayName());
+  return error(DiagnosticId::MisspeltFunction, name.getRange(), name.getDisplayName(), nearest);
+}
+
+//===----------------------------------------------------------------------===//
+// Arithmetic expressions
+//===----------------------------------------------------------------------===//
+
+// Operators of one rank are taken in a loop, so that a chain of any length needs no recursion; only
+// parentheses nest.
+
+namespace {
+
+ArithmeticExprType operatorOf(TokenKind kind) {
+  switch (kind) {
+  case TokenKind::Plus:
+    return ArithmeticExprType::Add;
+  case TokenKind::Minus:
+    return ArithmeticExprType::Subtract;
+  case TokenKind::Star:
+    return ArithmeticExprType::Multiply;
+  case TokenKind::Slash:
+    return ArithmeticExprType::Divide;
+  default:
+    return ArithmeticExprType::Power;
+  }
+}
+
+} // namespace
+
+Expression *Parser::parseArithmeticExpression() {
+  return continueArithmetic(nullptr, here());
+}
+
+/// The sum that begins with \p first, which began at \p begin and of which more operands and
+/// operators may follow; null when nothing of it was read yet.
+Expression *Parser::continueArithmetic(Expression *first, const SourceRange &begin) {
+  Expression *sum = parseProduct(first, begin);
+  // In a list, a sign behind a comma belongs to the next operand: MAX (A, -1).
+  while (sum && at(TokenKind::Plus, TokenKind::Minus) && !peek().isAfterComma()) {
+    ArithmeticExprType op = operatorOf(peek().kind);
+    stream.skip();
+    sum = makeBinary(op, begin, sum, parseProduct(nullptr, here()));
+  }
+  return sum;
+}
+
+Expression *Parser::parseProduct(Expression *first, const SourceRange &begin) {
+  Expression *product = parsePower(first, begin);
+  while (product && at(TokenKind::Star, TokenKind::Slash)) {
+    ArithmeticExprType op = operatorOf(peek().kind);
+    stream.skip();
+    product = makeBinary(op, begin, product, parsePower(nullptr, here()));
+  }
+  return product;
+}
+
+Expression *Parser::parsePower(Expression *first, const SourceRange &begin) {
+  Expression *power = first ? first : parseSigned();
+  while (power && accept(TokenKind::Power))
+    power = makeBinary(ArithmeticExprType::Power, begin, power, parseSigned());
+  return power;
+}
+
+Expression *Parser::makeBinary(ArithmeticExprType op, const SourceRange &begin, Expression *left,
+                               Expression *right) {
+  if (!right)
+    return nullptr;
+  Node at = from(begin);
+  return new ArithmeticExpression(&at, op, left, right, /*parenthesised=*/false);
+}
+
+/// An operand with or without a sign. The sign of a number that it touches is part of the number.
+Expression *Parser::parseSigned() {
+  if (!at(TokenKind::Plus, TokenKind::Minus) || atNumericLiteral())
+    return parsePrimary();
+  SourceRange begin = here();
+  ArithmeticExprType op =
+      at(TokenKind::Plus) ? ArithmeticExprType::UnaryPlus : ArithmeticExprType::UnaryMinus;
+  stream.skip();
+  Expression *operand = parsePrimary();
+  if (!operand)
+    return nullptr;
+  Node at = from(begin);
+  return new ArithmeticExpression(&at, op, operand, nullptr, /*parenthesised=*/false);
+}
+
+Expression *Parser::parsePrimary() {
+  if (!at(TokenKind::LParen))
+    return parseOperand();
+  SourceRange begin = here();
+  Depth level(*this);
+  if (level.isTooDeep())
+    return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
+  stream.skip();
+  Expression *inner = parseArithmeticExpression();
+  if (!inner || !expect(TokenKind::RParen))
+    return nullptr;
+  return parenthesise(inner, begin);
+}
+
+/// Marks what stood in the parentheses that began at \p begin and just ended. A single operand is
+/// not changed by them.
+Expression *Parser::parenthesise(Expression *inner, const SourceRange &begin) {
+  if (auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(inner)) {
+    arithmetic->setIsParenthesised(true);
+    arithmetic->setRange(from(begin).getRange());
+  }
+  return inner;
+}
+
+} // namespace tarka

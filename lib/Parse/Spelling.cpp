@@ -1,0 +1,54 @@
+//===- Spelling.cpp - which word a misspelt one was meant to be -----------===//
+
+#include "Spelling.h"
+#include "llvm/ADT/SmallVector.h"
+#include <algorithm>
+
+namespace tarka {
+
+unsigned spellingTolerance(llvm::StringRef word) {
+  return std::max<unsigned>(1, (static_cast<unsigned>(word.size()) + 1) / 4);
+}
+
+unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned limit) {
+  size_t difference =
+      word.size() > wanted.size() ? word.size() - wanted.size() : wanted.size() - word.size();
+  if (difference > limit)
+    return limit + 1;
+  // Three rows of the table of distances between the beginnings of the two words.
+  size_t width = wanted.size() + 1;
+  llvm::SmallVector<unsigned, 32> beforeLast(width), last(width), row(width);
+  for (size_t j = 0; j < width; ++j)
+    last[j] = static_cast<unsigned>(j);
+  for (size_t i = 1; i <= word.size(); ++i) {
+    row[0] = static_cast<unsigned>(i);
+    for (size_t j = 1; j < width; ++j) {
+      bool isSame = word[i - 1] == wanted[j - 1];
+      row[j] = std::min({last[j] + 1, row[j - 1] + 1, last[j - 1] + (isSame ? 0u : 1u)});
+      bool isExchanged =
+          i > 1 && j > 1 && word[i - 1] == wanted[j - 2] && word[i - 2] == wanted[j - 1];
+      if (isExchanged)
+        row[j] = std::min(row[j], beforeLast[j - 2] + 1);
+    }
+    std::swap(beforeLast, last);
+    std::swap(last, row);
+  }
+  return last[wanted.size()];
+}
+
+SpellingMatch::SpellingMatch(llvm::StringRef misspelt)
+    : word(misspelt), limit(spellingTolerance(misspelt)) {}
+
+void SpellingMatch::consider(llvm::StringRef candidate) {
+  if (isExact)
+    return;
+  unsigned distance = spellingDistance(word, candidate, limit);
+  if (distance > limit)
+    return;
+  nearest = candidate;
+  isExact = distance == 0;
+  // From now on only a nearer one counts.
+  limit = distance == 0 ? 0 : distance - 1;
+}
+
+} // namespace tarka

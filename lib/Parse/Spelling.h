@@ -1,0 +1,34 @@
+//===- Spelling.h - which word a misspelt one was meant to be ---*- C++ -*-===//
+
+#ifndef TARKA_LIB_PARSE_SPELLING_H
+#define TARKA_LIB_PARSE_SPELLING_H
+
+#include "llvm/ADT/StringRef.h"
+
+namespace tarka {
+
+/// How many slips are believed in a word of this length.
+unsigned spellingTolerance(llvm::StringRef word);
+
+/// The number of slips that make \p wanted out of \p word: a character left out, put in, replaced,
+/// or two neighbours exchanged. Past \p limit any number above it.
+unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned limit);
+
+/// The candidate nearest to \p word within its tolerance; the first of equally near ones, empty
+/// when none is near.
+class SpellingMatch {
+public:
+  explicit SpellingMatch(llvm::StringRef word);
+  void consider(llvm::StringRef candidate);
+  llvm::StringRef getNearest() const { return nearest; }
+
+private:
+  llvm::StringRef word;
+  llvm::StringRef nearest;
+  unsigned limit; ///< a candidate farther away than this is no better than what was found
+  bool isExact = false;
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_SPELLING_H
