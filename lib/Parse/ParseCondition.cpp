@@ -75,9 +75,8 @@ std::optional<ClassConditionType> classOf(Keyword keyword) {
 
 /// The NOT form of a class is 8 above it.
 ClassConditionType classCondition(ClassConditionType kind, bool isNot) {
-  constexpr unsigned notForm =
-      static_cast<unsigned>(ClassConditionType::NotClassName) -
-      static_cast<unsigned>(ClassConditionType::ClassName);
+  constexpr unsigned notForm = static_cast<unsigned>(ClassConditionType::NotClassName) -
+                               static_cast<unsigned>(ClassConditionType::ClassName);
   return static_cast<ClassConditionType>(static_cast<unsigned>(kind) + (isNot ? notForm : 0));
 }
 
@@ -186,22 +185,21 @@ Parser::Comparand Parser::parseCombined(Abbreviation &abbreviation) {
   Comparand term = first;
   SourceRange termBegin = begin;
   for (;;) {
-    Condition *condition = term.expression ? conditionOf(term.expression, termBegin, abbreviation)
-                                           : term.condition;
+    Condition *condition =
+        term.expression ? conditionOf(term.expression, termBegin, abbreviation) : term.condition;
     if (!condition)
       return {};
     if (conjunction) {
-      Node at = from(conjunctionBegin);
-      conjunction = new CombinedCondition(&at, CombinedOperatorType::And, conjunction, condition);
+      conjunction = make<CombinedCondition>(conjunctionBegin, CombinedOperatorType::And,
+                                            conjunction, condition);
     } else {
       conjunction = condition;
       conjunctionBegin = termBegin;
     }
     if (!accept(Keyword::And)) {
       if (alternatives) {
-        Node at = from(begin);
-        alternatives = new CombinedCondition(&at, CombinedOperatorType::Or, alternatives,
-                                             conjunction);
+        alternatives =
+            make<CombinedCondition>(begin, CombinedOperatorType::Or, alternatives, conjunction);
       } else {
         alternatives = conjunction;
       }
@@ -244,17 +242,14 @@ Condition *Parser::parseNegated(Abbreviation &abbreviation) {
   // NOT C behind A > B says that A > C does not hold: the leaf takes the NOT in, what follows is
   // compared with > again.
   if (operand.expression && abbreviation.subject && !isNameOfCondition(operand.expression)) {
-    Node at = from(begin);
-    return new AbbrRelationalCondition(&at, negationOf(abbreviation.relation), /*written=*/false,
-                                       operand.expression);
+    return make<AbbrRelationalCondition>(begin, negationOf(abbreviation.relation),
+                                         /*written=*/false, operand.expression);
   }
-  Condition *condition = operand.expression
-                             ? conditionOf(operand.expression, begin, abbreviation)
-                             : operand.condition;
+  Condition *condition =
+      operand.expression ? conditionOf(operand.expression, begin, abbreviation) : operand.condition;
   if (!condition)
     return nullptr;
-  Node at = from(begin);
-  return new NegatedCondition(&at, condition);
+  return make<NegatedCondition>(begin, condition);
 }
 
 /// A relation without its subject, with the operator next.
@@ -264,8 +259,7 @@ Condition *Parser::parseAbbreviated(const SourceRange &begin, bool isNot,
   Expression *object = parseRelationObject(abbreviation.relation);
   if (!object)
     return nullptr;
-  Node at = from(begin);
-  return new AbbrRelationalCondition(&at, abbreviation.relation, /*written=*/true, object);
+  return make<AbbrRelationalCondition>(begin, abbreviation.relation, /*written=*/true, object);
 }
 
 /// A condition without AND, OR and NOT around it, or an expression.
@@ -324,31 +318,27 @@ Parser::Comparand Parser::parseRelation(Expression *subject, const SourceRange &
     Expression *object = parseRelationObject(abbreviation.relation);
     if (!object)
       return {};
-    Node at = from(begin);
-    return {new RelationalCondition(&at, abbreviation.relation, subject, object), nullptr};
+    return {make<RelationalCondition>(begin, abbreviation.relation, subject, object), nullptr};
   }
 
   // A class or sign has no operator that a later object could take over.
   if (std::optional<ClassConditionType> kind = classOf(peek().keyword)) {
     abbreviation.subject = nullptr;
     stream.skip();
-    Node at = from(begin);
-    return {new ClassCondition(&at, classCondition(*kind, isNot), subject, nullptr), nullptr};
+    return {make<ClassCondition>(begin, classCondition(*kind, isNot), subject, nullptr), nullptr};
   }
   if (std::optional<SignConditionType> sign = signOf(peek().keyword, isNot)) {
     abbreviation.subject = nullptr;
     stream.skip();
-    Node at = from(begin);
-    return {new SignCondition(&at, *sign, subject), nullptr};
+    return {make<SignCondition>(begin, *sign, subject), nullptr};
   }
   // Without IS or NOT, only a declared class-name is one: any other name begins what follows.
   if (peek().isUserWord() && !atProcedureHeader() &&
       (isWritten || isClassName(*peek().getInternedText()))) {
     abbreviation.subject = nullptr;
     Word *name = takeWord();
-    Node at = from(begin);
-    return {new ClassCondition(&at, classCondition(ClassConditionType::ClassName, isNot), subject,
-                               name),
+    return {make<ClassCondition>(begin, classCondition(ClassConditionType::ClassName, isNot),
+                                 subject, name),
             nullptr};
   }
   if (isWritten)
@@ -392,8 +382,7 @@ Expression *Parser::parseRelationObject(RelationalConditionType relation) {
 /// {AND | OR} [NOT] [operator] object. A written operator holds for the objects behind it.
 AbbrRelationItem *Parser::parseFurtherObject(RelationalConditionType &relation) {
   SourceRange begin = here();
-  CombinedOperatorType op =
-      at(Keyword::And) ? CombinedOperatorType::And : CombinedOperatorType::Or;
+  CombinedOperatorType op = at(Keyword::And) ? CombinedOperatorType::And : CombinedOperatorType::Or;
   stream.skip();
   SourceRange conditionBegin = here();
   bool isNot = accept(Keyword::Not);
@@ -407,14 +396,11 @@ AbbrRelationItem *Parser::parseFurtherObject(RelationalConditionType &relation) 
     return nullptr;
   // NOT before several objects negates what they say together, which no single relation does.
   bool isGroup = llvm::isa<AbbrRelationCombinedExpression>(object);
-  Node at = from(conditionBegin);
-  Condition *condition =
-      new AbbrRelationalCondition(&at, isNot && !isGroup ? negationOf(relation) : relation,
-                                  isWritten, object);
+  Condition *condition = make<AbbrRelationalCondition>(
+      conditionBegin, isNot && !isGroup ? negationOf(relation) : relation, isWritten, object);
   if (isNot && isGroup)
-    condition = new NegatedCondition(&at, condition);
-  Node itemAt = from(begin);
-  return new AbbrRelationItem(&itemAt, op, condition);
+    condition = make<NegatedCondition>(conditionBegin, condition);
+  return make<AbbrRelationItem>(begin, op, condition);
 }
 
 //===----------------------------------------------------------------------===//
@@ -446,8 +432,7 @@ Condition *Parser::conditionOf(Expression *operand, const SourceRange &begin,
   auto *name = llvm::dyn_cast<DataIdentifierExpression>(operand);
   bool isName = isNameOfCondition(operand);
   if (abbreviation.subject && !isName) {
-    Node at = from(begin);
-    return new AbbrRelationalCondition(&at, abbreviation.relation, /*written=*/false, operand);
+    return make<AbbrRelationalCondition>(begin, abbreviation.relation, /*written=*/false, operand);
   }
   // A name that is not declared as one is taken for one too: the checker says what it is instead.
   if (name && !name->getReferenceMod()) {

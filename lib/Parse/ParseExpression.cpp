@@ -131,8 +131,7 @@ DataIdentifierExpression *Parser::parseDataIdentifier(llvm::StringRef what) {
   ReferenceModifier *reference = nullptr;
   if (atModifier() && !parseModifiers(subscripts, reference))
     return nullptr;
-  Node at = from(name->getRange());
-  return new DataIdentifierExpression(&at, name, subscripts, reference);
+  return make<DataIdentifierExpression>(name->getRange(), name, subscripts, reference);
 }
 
 /// A parenthesis behind a comma is the next operand of a list, as in MAX (A, (B + C)).
@@ -202,8 +201,7 @@ ReferenceModifier *Parser::parseReferenceModifier(const SourceRange &begin, Expr
     return nullptr;
   if (!expect(TokenKind::RParen))
     return nullptr;
-  Node at = from(begin);
-  return new ReferenceModifier(&at, position, length);
+  return make<ReferenceModifier>(begin, position, length);
 }
 
 FileIdentifierExpression *Parser::parseFileName() {
@@ -246,10 +244,9 @@ IdentifierExpression *Parser::parseSpecialRegister() {
     if (subscripts)
       return error(DiagnosticId::SubscriptedRegister, subscripts->getRange(), word->getWordData());
   }
-  Node at = from(begin);
-  return new SpecialRegisterIdentifierExpression(&at, type, nullptr, word, file, reference,
-                                                 report ? report->getReportName() : nullptr,
-                                                 report);
+  return make<SpecialRegisterIdentifierExpression>(begin, type, nullptr, word, file, reference,
+                                                   report ? report->getReportName() : nullptr,
+                                                   report);
 }
 
 IdentifierExpression *Parser::parseAddressOrLength() {
@@ -261,14 +258,13 @@ IdentifierExpression *Parser::parseAddressOrLength() {
   Word *word = takeWord();
   if (isAddress ? !expect(Keyword::Of) : (accept(Keyword::Of), false))
     return nullptr;
-  Expression *operand = isAddress       ? parseDataIdentifier()
-                        : atLiteral()   ? static_cast<Expression *>(parseLiteral())
-                                        : parseIdentifier();
+  Expression *operand = isAddress     ? parseDataIdentifier()
+                        : atLiteral() ? static_cast<Expression *>(parseLiteral())
+                                      : parseIdentifier();
   if (!operand)
     return nullptr;
-  Node at = from(begin);
-  return new SpecialRegisterIdentifierExpression(
-      &at, isAddress ? SpecialRegisterType::AddressOf : SpecialRegisterType::LengthOf, operand,
+  return make<SpecialRegisterIdentifierExpression>(
+      begin, isAddress ? SpecialRegisterType::AddressOf : SpecialRegisterType::LengthOf, operand,
       word, nullptr, nullptr, nullptr, nullptr);
 }
 
@@ -417,8 +413,7 @@ Expression *Parser::makeBinary(ArithmeticExprType op, const SourceRange &begin, 
                                Expression *right) {
   if (!right)
     return nullptr;
-  Node at = from(begin);
-  return new ArithmeticExpression(&at, op, left, right, /*parenthesised=*/false);
+  return make<ArithmeticExpression>(begin, op, left, right, /*parenthesised=*/false);
 }
 
 /// An operand with or without a sign. The sign of a number that it touches is part of the number.
@@ -432,8 +427,7 @@ Expression *Parser::parseSigned() {
   Expression *operand = parsePrimary();
   if (!operand)
     return nullptr;
-  Node at = from(begin);
-  return new ArithmeticExpression(&at, op, operand, nullptr, /*parenthesised=*/false);
+  return make<ArithmeticExpression>(begin, op, operand, nullptr, /*parenthesised=*/false);
 }
 
 Expression *Parser::parsePrimary() {

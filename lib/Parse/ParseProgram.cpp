@@ -220,7 +220,7 @@ template <typename Predicate> static bool inScope(const SourceUnit *unit, Predic
 /// paragraph.
 template <typename Predicate>
 static bool inSpecialNames(const SourceUnit *unit, const std::string &name, Predicate declares) {
-  return inScope(unit, [&](const SourceUnit &one) {
+  return inScope(unit, [&](const SourceUnit &one) -> bool {
     ParaSpecialNames *names = specialNamesOf(&one);
     if (!names)
       return false;

@@ -1,6 +1,7 @@
 //===- Parser.cpp - tokens, names and literals ----------------------------===//
 
 #include "Parser.h"
+#include "Spelling.h"
 #include "llvm/ADT/SmallString.h"
 
 namespace tarka {
@@ -60,6 +61,15 @@ void Parser::skipPastPeriod() {
       return;
     else
       stream.skip();
+}
+
+llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {
+  SpellingMatch match(word);
+#define KEYWORD(Enumerator, Text, Flags)                                                           \
+  if ((Flags) & flags)                                                                             \
+    match.consider(Text);
+#include "Parse/Keywords.def"
+  return match.getNearest();
 }
 
 //===----------------------------------------------------------------------===//

@@ -54,8 +54,8 @@ extern const ClauseSet groupClauses;
 
 class Parser {
 public:
-  Parser(TokenStream &tokens, FrontEndDiagnostics &diagnostics, const ParseOptions &options)
-      : stream(tokens), diagnostics(diagnostics), options(options) {}
+  Parser(TokenStream &tokens, FrontEndDiagnostics &messages, const ParseOptions &parseOptions)
+      : stream(tokens), diagnostics(messages), options(parseOptions) {}
 
   /// Reads the whole compilation. Never null.
   Program *parse(llvm::StringRef inputName);
@@ -89,7 +89,8 @@ private:
   std::nullptr_t expected(llvm::StringRef what);
   template <typename... Arguments>
   std::nullptr_t error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
-    diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
+    if (!isSentenceAbandoned)
+      diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return nullptr;
   }
   /// How a message shows the token to a person.
@@ -393,6 +394,28 @@ private:
   DataIdentifierExpression *parseDataName(llvm::StringRef what = "a data-name");
   FileIdentifierExpression *parseFileName();
   ReportIdentifierExpression *parseReportName();
+  /// Whether the next word begins a paragraph or a section, so that it cannot be an operand.
+  bool atProcedureHeader();
+
+  QualifiedWord *parseDataQualifiedWord(llvm::StringRef what);
+  bool atModifier();
+  bool parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference);
+  Expression *parseSubscript();
+  ReferenceModifier *parseReferenceModifier(const SourceRange &begin, Expression *position);
+  IdentifierExpression *parseSpecialRegister();
+  IdentifierExpression *parseAddressOrLength();
+  FunctionIdentifierExpression *parseFunction();
+  bool parseFunctionArguments(FunctionIdentifierExpression &call, const SourceRange &open);
+  std::nullptr_t reportUnknownFunction(const Word &name);
+
+  Expression *continueArithmetic(Expression *first, const SourceRange &begin);
+  Expression *parseProduct(Expression *first, const SourceRange &begin);
+  Expression *parsePower(Expression *first, const SourceRange &begin);
+  Expression *parseSigned();
+  Expression *parsePrimary();
+  Expression *makeBinary(ArithmeticExprType op, const SourceRange &begin, Expression *left,
+                         Expression *right);
+  Expression *parenthesise(Expression *inner, const SourceRange &begin);
 
   //===--------------------------------------------------------------------===//
   // Conditions (ParseCondition.cpp)
@@ -400,12 +423,71 @@ private:
 
   Condition *parseCondition();
 
+  /// What the text turned out to be; both null after a message.
+  struct Comparand {
+    Condition *condition = nullptr;
+    Expression *expression = nullptr;
+
+    explicit operator bool() const { return condition || expression; }
+  };
+  /// A condition, or an expression that no relation follows. A name of a condition is a condition.
+  Comparand parseConditionOrExpression();
+
+  /// What a later object of a combined relation takes over from the relation before it.
+  struct Abbreviation {
+    Expression *subject = nullptr; ///< null where no relation comes before
+    RelationalConditionType relation = RelationalConditionType::Equal;
+  };
+  Comparand parseCombined(Abbreviation &abbreviation);
+  Comparand parseTerm(Abbreviation &abbreviation);
+  Condition *parseNegated(Abbreviation &abbreviation);
+  Condition *parseAbbreviated(const SourceRange &begin, bool isNot, Abbreviation &abbreviation);
+  Comparand parseSimple(Abbreviation &abbreviation);
+  Comparand parseParenthesised(Abbreviation &abbreviation);
+  Comparand parseRelation(Expression *subject, const SourceRange &begin,
+                          Abbreviation &abbreviation);
+  RelationalConditionType parseRelationalOperator(bool isNot);
+  RelationalConditionType parseRelationalWords(Keyword first);
+  Expression *parseRelationObject(RelationalConditionType relation);
+  AbbrRelationItem *parseFurtherObject(RelationalConditionType &relation);
+  bool isNameOfCondition(const Expression *operand);
+  Condition *namedCondition(DataIdentifierExpression *name);
+  Condition *conditionOf(Expression *operand, const SourceRange &begin, Abbreviation &abbreviation);
+
   //===--------------------------------------------------------------------===//
   // Procedure division (ParseProcedure.cpp)
   //===--------------------------------------------------------------------===//
 
   /// With PROCEDURE DIVISION next. Never null.
   ProcedureDivision *parseProcedureDivision();
+  void parseProcedureHeader(ProcedureDivision &division);
+  /// The items of USING in the header or in ENTRY.
+  bool parseParameters(std::list<Parameter *> &parameters);
+  void parseDeclaratives(ProcedureDivision &division);
+  void parseDeclarativeSection(ProcedureDivision &division);
+  Section *parseSectionHeader();
+  /// The paragraphs and sentences up to the next section or the end of the part.
+  template <typename Owner> void parseParagraphs(Owner &owner);
+  Paragraph *parseParagraph();
+  /// A sentence with its period; null when nothing of it is left after its mistakes.
+  Sentence *parseSentence();
+  void skipNote(bool isWholeParagraph);
+  enum class HeaderKind : uint8_t { None, Paragraph, Section };
+  /// What begins with the next token where a sentence may begin.
+  HeaderKind atHeader();
+  bool atEndDeclaratives() { return atSequence(Keyword::End, Keyword::Declaratives); }
+  Word *parseHeaderName();
+  bool atProcedureBody();
+  bool rejectDeclaratives();
+  UseStatement *parseUseException(const SourceRange &begin, bool isGlobal);
+  UseStatement *parseUseLabel(const SourceRange &begin, bool isGlobal, UseTimingType timing);
+  UseStatement *parseUseReporting(const SourceRange &begin, bool isGlobal);
+  UseStatement *parseUseDebugging(const SourceRange &begin);
+  bool parseUseFiles(UseStatement &use);
+
+  //===--------------------------------------------------------------------===//
+  // Statements in general (ParseStatement.cpp)
+  //===--------------------------------------------------------------------===//
   /// Whether a statement begins with the next token.
   bool atStatement();
   /// The statement whose verb is next, its END- form included. Null after a message; then the
@@ -426,6 +508,37 @@ private:
   /// EXEC language text END-EXEC where no statement can stand, among data entries; the period
   /// after it is taken too. False when none is next.
   bool skipEmbeddedBlock();
+
+  /// A phrase of imperative statements as its first words tell it.
+  struct PhraseStart {
+    ExceptionHandlerType type;
+    bool isNot;
+    unsigned length; ///< the tokens that introduce the phrase
+  };
+  std::optional<PhraseStart> atExceptionPhrase();
+  Statement *dispatchStatement();
+  std::nullptr_t rejectStatement();
+  std::nullptr_t rejectUse();
+  Statement *parseEnter();
+  Statement *parseService();
+  /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
+  bool endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds);
+  bool isOpen(Keyword endWord) const;
+  bool canTakeElse() const;
+  bool canTakeWhen() const;
+  bool canTakePhrase(ExceptionHandlerType type) const;
+  /// Skips to where a statement begins or the statement around, or the sentence, goes on.
+  void skipToStatement(bool passesWhen = false);
+  bool atResumption(bool passesWhen);
+  void recoverStatement(Keyword verb);
+  void abandonSentence();
+  /// The statements of a branch, of which there must be one.
+  bool parseBranch(std::list<Statement *> &statements);
+  /// For a function that has read its statement to the end, although with a mistake.
+  std::nullptr_t dropStatement() {
+    isRecovered = true;
+    return nullptr;
+  }
 
   //===--------------------------------------------------------------------===//
   // Statements (ParseStatement*.cpp): each with its verb next
@@ -486,12 +599,13 @@ private:
   // Parts of statements
   //===--------------------------------------------------------------------===//
 
-  /// Gives to \p owner one element after the other of those that \p parse reads, at least one and
-  /// as long as \p atAnother tells of a further one. False after a message.
+  /// Gives to \p owner one element after the other of those that \p parseOne reads, at least one
+  /// and as long as \p atAnother tells of a further one. False after a message.
   template <typename Owner, typename Base, typename Element, typename Parse, typename AtAnother>
-  bool parseSeries(Owner &owner, void (Base::*add)(Element *), Parse parse, AtAnother atAnother) {
+  bool parseSeries(Owner &owner, void (Base::*add)(Element *), Parse parseOne,
+                   AtAnother atAnother) {
     do {
-      Element *element = std::invoke(parse, this);
+      Element *element = std::invoke(parseOne, this);
       if (!element)
         return false;
       (owner.*add)(element);
@@ -500,13 +614,13 @@ private:
   }
   template <typename Owner, typename Base>
   bool parseOperands(Owner &owner, void (Base::*add)(Expression *)) {
-    auto parse = [](Parser *parser) { return parser->parseOperand(); };
-    return parseSeries(owner, add, parse, &Parser::atOperand);
+    auto parseOne = [](Parser *parser) { return parser->parseOperand(); };
+    return parseSeries(owner, add, parseOne, &Parser::atOperand);
   }
   template <typename Owner, typename Base>
   bool parseIdentifiers(Owner &owner, void (Base::*add)(IdentifierExpression *)) {
-    auto parse = [](Parser *parser) { return parser->parseIdentifier(); };
-    return parseSeries(owner, add, parse, &Parser::atIdentifier);
+    auto parseOne = [](Parser *parser) { return parser->parseIdentifier(); };
+    return parseSeries(owner, add, parseOne, &Parser::atIdentifier);
   }
   template <typename Owner, typename Base>
   bool parseFileNames(Owner &owner, void (Base::*add)(FileIdentifierExpression *)) {
@@ -521,7 +635,7 @@ private:
     return parseSeries(owner, add, &Parser::parseReceiver, &Parser::atOperand);
   }
   /// Whether a name of the programmer's is next.
-  bool atName() { return peek().isUserWord(); }
+  bool atName() { return peek().isUserWord() && !atProcedureHeader(); }
 
   /// The end of a statement: its END- word.
   template <typename T> T *finish(T *statement, Keyword endWord) {
@@ -539,6 +653,24 @@ private:
       (statement->*addHandler)(handler);
     return finish(statement, endWord);
   }
+
+  // Branches
+  Statement *parsePerformInline(PerformStatement *perform, bool isComplete);
+  bool parsePerformPhrase(PerformStatement &perform);
+  PerformVarying *parsePerformVarying();
+  bool atTimesPhrase();
+  bool atPerformPhrase();
+  bool parseCallArguments(CallStatement &call);
+  Argument *parseCallArgument(ArgType type, const SourceRange &begin);
+  bool parseElse(std::list<Statement *> &statements);
+  EvaluateSubject *parseEvaluateSubject();
+  EvaluateCase *parseEvaluateCase(EvaluateStatement &evaluate, bool &isComplete);
+  EvaluateWhen *parseEvaluateWhen(EvaluateStatement &evaluate);
+  EvaluateObject *parseEvaluateObject(const EvaluateSubject *subject);
+  EvaluateObject *parseEvaluateCondition(const SourceRange &begin, Condition *condition);
+  EvaluateObject *parseEvaluateOperand(const SourceRange &begin);
+  SearchWhen *parseSearchWhen();
+  AlterItem *parseAlterItem();
 
   // Arithmetic
   RoundedOperand *parseReceiver();
@@ -618,7 +750,7 @@ private:
   /// Counts one level of nesting as long as it lives.
   class Depth {
   public:
-    explicit Depth(Parser &parser) : parser(parser) { ++parser.depth; }
+    explicit Depth(Parser &owner) : parser(owner) { ++parser.depth; }
     ~Depth() { --parser.depth; }
     Depth(const Depth &) = delete;
     Depth &operator=(const Depth &) = delete;
@@ -634,6 +766,19 @@ private:
   SourceUnit *unit = nullptr; ///< The unit being read, its divisions attached as they begin.
   unsigned depth = 0;
   bool decimalPointIsComma = false;
+
+  /// A statement that is being read.
+  struct OpenStatement {
+    Keyword verb;
+    bool hasElse = false;
+  };
+  llvm::SmallVector<OpenStatement, 16> openStatements;
+  /// Set by a function that gave null for its statement but left nothing of it to skip.
+  bool isRecovered = false;
+  /// The END- word that may still come of a statement that could not be read.
+  Keyword abandonedEnd = Keyword::None;
+  /// The sentence nests too deep: it is read no further and nothing more is said about it.
+  bool isSentenceAbandoned = false;
 };
 
 } // namespace tarka

@@ -1,0 +1,387 @@
+//===- ParseProcedure.cpp - the procedure division ------------------------===//
+//
+// The header, the declaratives with USE, sections, paragraphs and sentences.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// The division
+//===----------------------------------------------------------------------===//
+
+ProcedureDivision *Parser::parseProcedureDivision() {
+  SourceRange begin = here();
+  Node position(begin);
+  auto *division = new ProcedureDivision(&position);
+  parseProcedureHeader(*division);
+  if (at(Keyword::Declaratives))
+    parseDeclaratives(*division);
+
+  Section *section = nullptr;
+  while (!atUnitBoundary()) {
+    if (atHeader() == HeaderKind::Section) {
+      section = parseSectionHeader();
+      division->addSect(section);
+    } else if (atEndDeclaratives()) {
+      error(DiagnosticId::EndDeclarativesWithoutStart, here());
+      skipPastPeriod();
+    } else if (at(Keyword::Declaratives)) {
+      error(DiagnosticId::DeclarativesOutOfPlace, here());
+      parseDeclaratives(*division);
+    }
+    if (section) {
+      parseParagraphs(*section);
+      complete(section);
+    } else {
+      parseParagraphs(*division);
+    }
+  }
+  return complete(division);
+}
+
+/// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
+void Parser::parseProcedureHeader(ProcedureDivision &division) {
+  accept(Keyword::Procedure);
+  accept(Keyword::Division);
+  bool isRead = true;
+  if (accept(Keyword::Using)) {
+    std::list<Parameter *> parameters;
+    isRead = parseParameters(parameters);
+    for (Parameter *parameter : parameters)
+      division.addParameter(parameter);
+  }
+  SourceRange begin = here();
+  if (isRead && accept(Keyword::Returning)) {
+    DataIdentifierExpression *item = parseDataName();
+    isRead = item != nullptr;
+    if (item)
+      division.setReturning(make<Returning>(begin, item));
+  }
+  if (isRead && expect(TokenKind::Period))
+    return;
+  // The header has had its message; the rest of its line says no more.
+  while (!at(TokenKind::Period, Keyword::Declaratives) && !atStatement() && !atProcedureHeader() &&
+         !atUnitBoundary())
+    stream.skip();
+  accept(TokenKind::Period);
+}
+
+/// {[BY] {REFERENCE | VALUE}] item...}... The way of passing holds until another one is written.
+bool Parser::parseParameters(std::list<Parameter *> &parameters) {
+  ParameterType type = ParameterType::Reference;
+  do {
+    SourceRange begin = here();
+    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Value)) {
+      expected("REFERENCE or VALUE");
+      return false;
+    }
+    if (accept(Keyword::Reference))
+      type = ParameterType::Reference;
+    else if (accept(Keyword::Value))
+      type = ParameterType::Value;
+    DataIdentifierExpression *item = parseDataName();
+    if (!item)
+      return false;
+    parameters.push_back(make<Parameter>(begin, type, item));
+  } while (at(Keyword::By, Keyword::Reference, Keyword::Value) || atName());
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Headers of sections and paragraphs
+//===----------------------------------------------------------------------===//
+
+/// Where a sentence may begin, a word before a period or before SECTION is the name of a procedure.
+/// In fixed form such a name begins in area A; a word in area B that comes near a verb is more
+/// likely that verb misspelt.
+Parser::HeaderKind Parser::atHeader() {
+  const Token name = peek();
+  if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
+    return HeaderKind::None;
+  if (peek(1).is(Keyword::Section))
+    return HeaderKind::Section;
+  bool isInOrder = name.isInAreaA() || !name.isInFixedForm();
+
+  if (peek(1).is(TokenKind::Period)) {
+    if (name.isUserWord() || !name.isWord())
+      return isInOrder || suggestKeyword(name.text, KF_Verb).empty() ? HeaderKind::Paragraph
+                                                                     : HeaderKind::None;
+    // A reserved word taken for a name; those that end or divide statements are something else.
+    bool isPartOfStatement =
+        isScopeTerminator(name.keyword) ||
+        name.isOneOf(Keyword::Else, Keyword::Otherwise, Keyword::When, Keyword::Declaratives);
+    return name.isInAreaA() && !isPartOfStatement ? HeaderKind::Paragraph : HeaderKind::None;
+  }
+  // The period of a name that has its line to itself was forgotten.
+  bool isAlone = name.isUserWord() && name.isInAreaA() && peek(1).isFirstOnLine() &&
+                 peek(1).isVerb() &&
+                 (name.isInFixedForm() || suggestKeyword(name.text, KF_Verb).empty());
+  return isAlone ? HeaderKind::Paragraph : HeaderKind::None;
+}
+
+/// The name in a header. A reserved word is reported and taken all the same, so that references to
+/// it are not reported as well.
+Word *Parser::parseHeaderName() {
+  const Token name = peek();
+  if (name.isWord() && !name.isUserWord())
+    error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
+  else if (name.isInFixedForm() && !name.isInAreaA())
+    error(DiagnosticId::ProcedureNameInAreaB, here(), name.spelling);
+  return takeWord();
+}
+
+/// name SECTION [priority-number].
+Section *Parser::parseSectionHeader() {
+  SourceRange begin = here();
+  Word *name = parseHeaderName();
+  accept(Keyword::Section);
+  auto *section = make<Section>(begin, name);
+  if (atNumericLiteral())
+    section->setPriorityNumExpr(parseNumericLiteral());
+  expect(TokenKind::Period);
+  return complete(section);
+}
+
+//===----------------------------------------------------------------------===//
+// Paragraphs and sentences
+//===----------------------------------------------------------------------===//
+
+/// Whether the sentences and paragraphs of a section can go on with the next token.
+bool Parser::atProcedureBody() {
+  return !atUnitBoundary() && !atEndDeclaratives() && !at(Keyword::Declaratives);
+}
+
+template <typename Owner> void Parser::parseParagraphs(Owner &owner) {
+  while (atProcedureBody()) {
+    // A period alone says nothing.
+    if (accept(TokenKind::Period))
+      continue;
+    HeaderKind header = atHeader();
+    if (header == HeaderKind::Section)
+      return;
+    if (header == HeaderKind::Paragraph)
+      owner.addPara(parseParagraph());
+    else if (Sentence *sentence = parseSentence())
+      owner.addSent(sentence);
+  }
+}
+
+/// name. sentence ...
+Paragraph *Parser::parseParagraph() {
+  SourceRange begin = here();
+  Word *name = parseHeaderName();
+  auto *paragraph = make<Paragraph>(begin, name);
+  expect(TokenKind::Period);
+  complete(paragraph);
+  if (at(Keyword::Note))
+    skipNote(/*isWholeParagraph=*/true);
+  while (atProcedureBody()) {
+    if (accept(TokenKind::Period))
+      continue;
+    if (atHeader() != HeaderKind::None)
+      break;
+    if (Sentence *sentence = parseSentence())
+      paragraph->addSent(sentence);
+  }
+  return complete(paragraph);
+}
+
+Sentence *Parser::parseSentence() {
+  SourceRange begin = here();
+  std::list<Statement *> statements;
+  parseStatements(statements);
+  if (!accept(TokenKind::Period))
+    expected("a period");
+  isSentenceAbandoned = false;
+  if (statements.empty())
+    return nullptr;
+  auto *sentence = make<Sentence>(begin);
+  sentence->getStmtElements().swap(statements);
+  return sentence;
+}
+
+/// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one.
+void Parser::skipNote(bool isWholeParagraph) {
+  while (!atUnitBoundary() && !atEndDeclaratives() && !atProcedureHeader() &&
+         (isWholeParagraph || !at(TokenKind::Period)))
+    stream.skip();
+}
+
+//===----------------------------------------------------------------------===//
+// Declaratives
+//===----------------------------------------------------------------------===//
+
+/// DECLARATIVES. section ... END DECLARATIVES.
+void Parser::parseDeclaratives(ProcedureDivision &division) {
+  SourceRange begin = here();
+  accept(Keyword::Declaratives);
+  expect(TokenKind::Period);
+  while (!atUnitBoundary() && !atEndDeclaratives()) {
+    if (atHeader() == HeaderKind::Section) {
+      parseDeclarativeSection(division);
+      continue;
+    }
+    expected("a section of the declaratives");
+    while (!atUnitBoundary() && !atEndDeclaratives() && !peek(1).is(Keyword::Section))
+      stream.skip();
+  }
+  if (!atEndDeclaratives()) {
+    error(DiagnosticId::DeclarativesWithoutEnd, begin);
+    return;
+  }
+  accept(Keyword::End);
+  accept(Keyword::Declaratives);
+  expect(TokenKind::Period);
+}
+
+/// A section and its USE sentence, which the section itself does not hold. A section without USE
+/// belongs to the declarative before it.
+void Parser::parseDeclarativeSection(ProcedureDivision &division) {
+  SourceRange begin = here();
+  Section *section = parseSectionHeader();
+  UseStatement *use = nullptr;
+  if (at(Keyword::Use)) {
+    use = parseUse();
+    if (use && !at(TokenKind::Period))
+      expected("a period");
+    while (!at(TokenKind::Period) && !atStatement() && !atProcedureHeader() && atProcedureBody())
+      stream.skip();
+    accept(TokenKind::Period);
+  }
+  do
+    parseParagraphs(*section);
+  while (at(Keyword::Declaratives) && rejectDeclaratives());
+  complete(section);
+  division.addDeclaratives(make<Declaratives>(begin, section, use));
+}
+
+/// DECLARATIVES within declaratives. Always true, the word is gone.
+bool Parser::rejectDeclaratives() {
+  error(DiagnosticId::DeclarativesOutOfPlace, here());
+  stream.skip();
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// USE
+//===----------------------------------------------------------------------===//
+
+UseStatement *Parser::parseUse() {
+  SourceRange begin = here();
+  accept(Keyword::Use);
+  bool isGlobal = accept(Keyword::Global);
+  if (at(Keyword::For, Keyword::Debugging))
+    return parseUseDebugging(begin);
+  if (accept(Keyword::Before)) {
+    if (at(Keyword::Reporting))
+      return parseUseReporting(begin, isGlobal);
+    return parseUseLabel(begin, isGlobal, UseTimingType::BeforeLabel);
+  }
+  accept(Keyword::After);
+  accept(Keyword::Standard);
+  if (at(Keyword::Exception, Keyword::Error))
+    return parseUseException(begin, isGlobal);
+  return parseUseLabel(begin, isGlobal, UseTimingType::AfterLabel);
+}
+
+/// ... AFTER [STANDARD] {EXCEPTION | ERROR} PROCEDURE [ON] files [GIVING item...]
+UseStatement *Parser::parseUseException(const SourceRange &begin, bool isGlobal) {
+  acceptAny(Keyword::Exception, Keyword::Error);
+  auto *use = make<UseStatement>(begin, UseTimingType::AfterException);
+  use->setIsGlobal(isGlobal);
+  if (!expect(Keyword::Procedure) || !parseUseFiles(*use))
+    return nullptr;
+  if (accept(Keyword::Giving) && !parseIdentifiers(*use, &UseStatement::addGiving))
+    return nullptr;
+  return complete(use);
+}
+
+/// ... {AFTER | BEFORE} [STANDARD] [BEGINNING | ENDING] [FILE | REEL | UNIT] LABEL PROCEDURE
+///   [ON] files
+UseStatement *Parser::parseUseLabel(const SourceRange &begin, bool isGlobal, UseTimingType timing) {
+  auto *use = make<UseStatement>(begin, timing);
+  use->setIsGlobal(isGlobal);
+  accept(Keyword::Standard);
+  if (accept(Keyword::Beginning))
+    use->setLabelPosition(UseLabelPosition::Beginning);
+  else if (accept(Keyword::Ending))
+    use->setLabelPosition(UseLabelPosition::Ending);
+  if (accept(Keyword::File))
+    use->setLabelType(UseLabelType::File);
+  else if (accept(Keyword::Reel))
+    use->setLabelType(UseLabelType::Reel);
+  else if (accept(Keyword::Unit))
+    use->setLabelType(UseLabelType::Unit);
+  if (!at(Keyword::Label))
+    return expected(timing == UseTimingType::AfterLabel ? "EXCEPTION, ERROR or LABEL"
+                                                        : "REPORTING or LABEL");
+  accept(Keyword::Label);
+  if (!expect(Keyword::Procedure) || !parseUseFiles(*use))
+    return nullptr;
+  return complete(use);
+}
+
+/// [ON] {INPUT | OUTPUT | I-O | EXTEND | file-name...}
+bool Parser::parseUseFiles(UseStatement &use) {
+  accept(Keyword::On);
+  if (accept(Keyword::Input))
+    use.setFileMode(UseFileMode::Input);
+  else if (accept(Keyword::Output))
+    use.setFileMode(UseFileMode::Output);
+  else if (accept(Keyword::IO))
+    use.setFileMode(UseFileMode::InputOutput);
+  else if (accept(Keyword::Extend))
+    use.setFileMode(UseFileMode::Extend);
+  else
+    return parseSeries(
+        use, &UseStatement::addFile,
+        [](Parser *parser) -> IdentifierExpression * { return parser->parseFileName(); },
+        &Parser::atName);
+  return true;
+}
+
+/// ... BEFORE REPORTING group...
+UseStatement *Parser::parseUseReporting(const SourceRange &begin, bool isGlobal) {
+  accept(Keyword::Reporting);
+  auto *use = make<UseStatement>(begin, UseTimingType::BeforeReporting);
+  use->setIsGlobal(isGlobal);
+  bool isRead = parseSeries(
+      *use, &UseStatement::addReport,
+      [](Parser *parser) -> IdentifierExpression * {
+        return parser->parseDataName("the name of a report group");
+      },
+      &Parser::atName);
+  return isRead ? complete(use) : nullptr;
+}
+
+/// USE [FOR] DEBUGGING [ON] {ALL PROCEDURES | procedure-name...}
+UseStatement *Parser::parseUseDebugging(const SourceRange &begin) {
+  accept(Keyword::For);
+  if (!expect(Keyword::Debugging))
+    return nullptr;
+  accept(Keyword::On);
+  auto *use = make<UseStatement>(begin, UseTimingType::ForDebugging);
+  if (accept(Keyword::All)) {
+    if (!expect(Keyword::Procedures))
+      return nullptr;
+    use->setIsAllProcedures(true);
+    return complete(use);
+  }
+  do {
+    // Files have no place here, which the checker tells about those that it finds among the files.
+    if (peek().isUserWord() && isFileName(*peek().getInternedText())) {
+      use->addFile(parseFileName());
+      continue;
+    }
+    QualifiedWord *name = parseProcedureName();
+    if (!name)
+      return nullptr;
+    use->addProcedure(*name->getNamesBegin());
+  } while (at(TokenKind::IntegerLiteral) || atName());
+  return complete(use);
+}
+
+} // namespace tarka

@@ -1,0 +1,540 @@
+//===- ParseStatement.cpp - statements in general -------------------------===//
+//
+// Which function reads which statement, lists of statements, the phrases that
+// hold statements, and what happens after a mistake.
+//
+// Recovery: a statement that could not be read is left out whole. Its function
+// gives null, and recoverStatement() skips the rest of it: up to the next verb,
+// word that a statement around waits for, or period, reading past the phrases
+// of the statement with what they hold. An END- word of the statement that comes
+// later, behind statements that it would have held, is passed over in silence.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// What the verbs have
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+constexpr unsigned bitOf(ExceptionHandlerType type) {
+  return 1u << static_cast<unsigned>(type);
+}
+
+constexpr unsigned sizeError = bitOf(ExceptionHandlerType::SizeError);
+constexpr unsigned atEnd = bitOf(ExceptionHandlerType::AtEnd);
+constexpr unsigned invalidKey = bitOf(ExceptionHandlerType::InvalidKey);
+constexpr unsigned overflow = bitOf(ExceptionHandlerType::Overflow);
+constexpr unsigned endOfPage = bitOf(ExceptionHandlerType::EndOfPage);
+constexpr unsigned onException = bitOf(ExceptionHandlerType::OnException);
+
+/// A statement that has an END- word, and the phrases with statements that it may have.
+struct ScopedVerb {
+  Keyword verb;
+  Keyword endWord;
+  unsigned phrases;
+};
+
+constexpr ScopedVerb scopedVerbs[] = {
+    {Keyword::Accept, Keyword::EndAccept, onException},
+    {Keyword::Add, Keyword::EndAdd, sizeError},
+    {Keyword::Call, Keyword::EndCall, overflow | onException},
+    {Keyword::Compute, Keyword::EndCompute, sizeError},
+    {Keyword::Delete, Keyword::EndDelete, invalidKey},
+    {Keyword::Display, Keyword::EndDisplay, onException},
+    {Keyword::Divide, Keyword::EndDivide, sizeError},
+    {Keyword::Evaluate, Keyword::EndEvaluate, 0},
+    {Keyword::If, Keyword::EndIf, 0},
+    {Keyword::Invoke, Keyword::EndInvoke, onException},
+    {Keyword::Json, Keyword::EndJson, onException},
+    {Keyword::Multiply, Keyword::EndMultiply, sizeError},
+    {Keyword::Perform, Keyword::EndPerform, 0},
+    {Keyword::Read, Keyword::EndRead, atEnd | invalidKey},
+    {Keyword::Receive, Keyword::EndReceive, 0},
+    {Keyword::Return, Keyword::EndReturn, atEnd},
+    {Keyword::Rewrite, Keyword::EndRewrite, invalidKey},
+    {Keyword::Search, Keyword::EndSearch, atEnd},
+    {Keyword::Start, Keyword::EndStart, invalidKey},
+    {Keyword::String, Keyword::EndString, overflow},
+    {Keyword::Subtract, Keyword::EndSubtract, sizeError},
+    {Keyword::Unstring, Keyword::EndUnstring, overflow},
+    {Keyword::Write, Keyword::EndWrite, invalidKey | endOfPage},
+    {Keyword::Xml, Keyword::EndXml, onException},
+};
+
+const ScopedVerb *scopeOf(Keyword verb) {
+  for (const ScopedVerb &scoped : scopedVerbs)
+    if (scoped.verb == verb)
+      return &scoped;
+  return nullptr;
+}
+
+/// The verb that the END- word \p endWord ends.
+Keyword verbOfEnd(Keyword endWord) {
+  for (const ScopedVerb &scoped : scopedVerbs)
+    if (scoped.endWord == endWord)
+      return scoped.verb;
+  return Keyword::None;
+}
+
+/// The verbs of OS/VS COBOL. Without its option they are words like any other.
+bool isOsvsVerb(llvm::StringRef word) {
+  for (Keyword verb :
+       {Keyword::Examine, Keyword::Exhibit, Keyword::Note, Keyword::Seek, Keyword::Transform})
+    if (word == textOf(verb))
+      return true;
+  return false;
+}
+
+} // namespace
+
+//===----------------------------------------------------------------------===//
+// Statements
+//===----------------------------------------------------------------------===//
+
+bool Parser::atStatement() {
+  const Token &token = peek();
+  if (token.isVerb())
+    return true;
+  // Words that are verbs only together with what follows.
+  switch (token.keyword) {
+  case Keyword::Next:
+    return peek(1).is(Keyword::Sentence);
+  case Keyword::Reset:
+    return peek(1).is(Keyword::Trace);
+  case Keyword::Suppress:
+    // XML GENERATE has a phrase SUPPRESS, which names something.
+    return peek(1).isOneOf(Keyword::Printing, Keyword::Else, TokenKind::Period) ||
+           peek(1).isVerb() || isScopeTerminator(peek(1).keyword);
+  case Keyword::On:
+    return options.osvs && (peek(1).isNumber() || peek(1).isUserWord());
+  default:
+    return false;
+  }
+}
+
+Statement *Parser::parseStatement() {
+  Depth level(*this);
+  if (level.isTooDeep()) {
+    error(DiagnosticId::NestedTooDeep, here(), maxDepth);
+    abandonSentence();
+    return nullptr;
+  }
+  Keyword verb = peek().keyword;
+  openStatements.push_back({verb});
+  Statement *statement = dispatchStatement();
+  openStatements.pop_back();
+  if (isSentenceAbandoned)
+    return nullptr;
+  if (!statement && !isRecovered)
+    recoverStatement(verb);
+  isRecovered = false;
+  return statement;
+}
+
+Statement *Parser::dispatchStatement() {
+  switch (peek().keyword) {
+  case Keyword::Accept:
+    return parseAccept();
+  case Keyword::Add:
+    return parseAdd();
+  case Keyword::Alter:
+    return parseAlter();
+  case Keyword::Call:
+    return parseCall();
+  case Keyword::Cancel:
+    return parseCancel();
+  case Keyword::Close:
+    return parseClose();
+  case Keyword::Compute:
+    return parseCompute();
+  case Keyword::Continue:
+    return parseContinue();
+  case Keyword::Delete:
+    return parseDelete();
+  case Keyword::Display:
+    return parseDisplay();
+  case Keyword::Divide:
+    return parseDivide();
+  case Keyword::Enter:
+    return parseEnter();
+  case Keyword::Entry:
+    return parseEntry();
+  case Keyword::Evaluate:
+    return parseEvaluate();
+  case Keyword::Examine:
+    return parseExamine();
+  case Keyword::Exec:
+  case Keyword::Execute:
+    return parseExec();
+  case Keyword::Exhibit:
+    return parseExhibit();
+  case Keyword::Exit:
+    return parseExit();
+  case Keyword::Generate:
+    return parseGenerate();
+  case Keyword::Go:
+    return parseGoto();
+  case Keyword::Goback:
+    return parseGoback();
+  case Keyword::If:
+    return parseIf();
+  case Keyword::Initialize:
+    return parseInitialize();
+  case Keyword::Initiate:
+    return parseInitiate();
+  case Keyword::Inspect:
+    return parseInspect();
+  case Keyword::Merge:
+    return parseMerge();
+  case Keyword::Move:
+    return parseMove();
+  case Keyword::Multiply:
+    return parseMultiply();
+  case Keyword::Next:
+    return parseNextSentence();
+  case Keyword::Note:
+    skipNote(/*isWholeParagraph=*/false);
+    return dropStatement();
+  case Keyword::On:
+    return parseOn();
+  case Keyword::Open:
+    return parseOpen();
+  case Keyword::Perform:
+    return parsePerform();
+  case Keyword::Read:
+    return parseRead();
+  case Keyword::Ready:
+  case Keyword::Reset:
+    return parseTrace();
+  case Keyword::Release:
+    return parseRelease();
+  case Keyword::Return:
+    return parseReturn();
+  case Keyword::Rewrite:
+    return parseRewrite();
+  case Keyword::Search:
+    return parseSearch();
+  case Keyword::Service:
+    return parseService();
+  case Keyword::Set:
+    return parseSet();
+  case Keyword::Sort:
+    return parseSort();
+  case Keyword::Start:
+    return parseStart();
+  case Keyword::Stop:
+    return parseStop();
+  case Keyword::String:
+    return parseString();
+  case Keyword::Subtract:
+    return parseSubtract();
+  case Keyword::Suppress:
+    return parseSuppress();
+  case Keyword::Terminate:
+    return parseTerminate();
+  case Keyword::Transform:
+    return parseTransform();
+  case Keyword::Unstring:
+    return parseUnstring();
+  case Keyword::Use:
+    return rejectUse();
+  case Keyword::Write:
+    return parseWrite();
+  case Keyword::Xml:
+    return parseXml();
+  default:
+    return rejectStatement();
+  }
+}
+
+/// A statement that the language has and the rest of the compiler does not.
+std::nullptr_t Parser::rejectStatement() {
+  error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
+  stream.skip();
+  return nullptr;
+}
+
+/// USE begins a section of the declaratives and stands nowhere else.
+std::nullptr_t Parser::rejectUse() {
+  error(DiagnosticId::UseOutsideDeclaratives, here());
+  while (!at(TokenKind::Period) && !atUnitBoundary())
+    stream.skip();
+  return dropStatement();
+}
+
+/// ENTER language [routine]: a remark only.
+Statement *Parser::parseEnter() {
+  SourceRange begin = here();
+  accept(Keyword::Enter);
+  if (!peek().isWord())
+    return expected("the name of a language");
+  while (peek().isWord() && !peek().isVerb() && !atProcedureHeader())
+    stream.skip();
+  return make<ContinueStatement>(begin);
+}
+
+/// SERVICE LABEL, SERVICE RELOAD item: left over from older systems and without effect.
+Statement *Parser::parseService() {
+  SourceRange begin = here();
+  accept(Keyword::Service);
+  if (accept(Keyword::Label))
+    return make<ContinueStatement>(begin);
+  if (!accept(Keyword::Reload))
+    return expected("LABEL or RELOAD");
+  return parseDataIdentifier() ? make<ContinueStatement>(begin) : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// Lists of statements
+//===----------------------------------------------------------------------===//
+
+void Parser::parseStatements(std::list<Statement *> &statements) {
+  llvm::SmallVector<Keyword, 4> abandonedEnds;
+  while (!isSentenceAbandoned) {
+    if (!atStatement()) {
+      if (endsStatements(abandonedEnds))
+        return;
+      continue;
+    }
+    Statement *statement = parseStatement();
+    if (statement)
+      statements.push_back(statement);
+    else if (abandonedEnd != Keyword::None)
+      abandonedEnds.push_back(abandonedEnd);
+    abandonedEnd = Keyword::None;
+  }
+}
+
+bool Parser::parseBranch(std::list<Statement *> &statements) {
+  unsigned errors = diagnostics.getErrorCount();
+  parseStatements(statements);
+  if (!statements.empty() || diagnostics.getErrorCount() != errors)
+    return true;
+  expected("a statement");
+  return false;
+}
+
+/// A list ends before a word that a statement around it waits for, and with the sentence. A
+/// contained statement without END- word ends with the one that contains it, so the word need not
+/// belong to the innermost statement.
+bool Parser::endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds) {
+  const Token &token = peek();
+  if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile))
+    return true;
+  Keyword keyword = token.keyword;
+  if (isScopeTerminator(keyword)) {
+    if (auto *abandoned = llvm::find(abandonedEnds, keyword); abandoned != abandonedEnds.end()) {
+      abandonedEnds.erase(abandoned);
+      stream.skip();
+      return false;
+    }
+    if (isOpen(keyword))
+      return true;
+    error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
+          textOf(keyword).drop_front(sizeof("END-") - 1));
+    stream.skip();
+    return false;
+  }
+  if (keyword == Keyword::Else || keyword == Keyword::Otherwise) {
+    if (canTakeElse())
+      return true;
+    error(DiagnosticId::ElseWithoutIf, here(), textOf(keyword));
+    stream.skip();
+    return false;
+  }
+  if (keyword == Keyword::When) {
+    if (canTakeWhen())
+      return true;
+    error(DiagnosticId::WhenWithoutEvaluate, here());
+    stream.skip();
+    skipToStatement();
+    return false;
+  }
+  if (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
+    if (canTakePhrase(phrase->type))
+      return true;
+    SourceRange begin = here();
+    for (unsigned n = 0; n < phrase->length; ++n)
+      stream.skip();
+    error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
+    return false;
+  }
+  if (atEndDeclaratives() || atUnitBoundary() || atProcedureHeader())
+    return true;
+
+  // A word that begins nothing.
+  if (!token.isWord()) {
+    expected("a statement");
+  } else if (isOsvsVerb(token.text)) {
+    error(DiagnosticId::OsvsStatement, here(), token.text);
+  } else if (llvm::StringRef meant = suggestKeyword(token.text, KF_Verb); !meant.empty()) {
+    error(DiagnosticId::MisspeltVerb, here(), describe(token), meant);
+  } else if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period)) {
+    // In free form a line that holds a name and a period is a paragraph's name, most likely.
+    return true;
+  } else {
+    error(DiagnosticId::NotAStatement, here(), describe(token));
+  }
+  stream.skip();
+  skipToStatement();
+  return false;
+}
+
+bool Parser::isOpen(Keyword endWord) const {
+  Keyword verb = verbOfEnd(endWord);
+  return llvm::any_of(llvm::reverse(openStatements),
+                      [verb](const OpenStatement &open) { return open.verb == verb; });
+}
+
+bool Parser::canTakeElse() const {
+  return llvm::any_of(llvm::reverse(openStatements), [](const OpenStatement &open) {
+    return (open.verb == Keyword::If || open.verb == Keyword::On) && !open.hasElse;
+  });
+}
+
+bool Parser::canTakeWhen() const {
+  return llvm::any_of(llvm::reverse(openStatements), [](const OpenStatement &open) {
+    return open.verb == Keyword::Evaluate || open.verb == Keyword::Search;
+  });
+}
+
+bool Parser::canTakePhrase(ExceptionHandlerType type) const {
+  return llvm::any_of(llvm::reverse(openStatements), [type](const OpenStatement &open) {
+    const ScopedVerb *scope = scopeOf(open.verb);
+    return scope && (scope->phrases & bitOf(type));
+  });
+}
+
+//===----------------------------------------------------------------------===//
+// Exception phrases
+//===----------------------------------------------------------------------===//
+
+/// [NOT] {[ON] {SIZE ERROR | OVERFLOW | EXCEPTION} | [AT] {END | END-OF-PAGE | EOP}
+///   | INVALID [KEY]}
+std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
+  if (!at(Keyword::Not, Keyword::On, Keyword::At, Keyword::Size, Keyword::Overflow,
+          Keyword::Exception, Keyword::End, Keyword::EndOfPage, Keyword::Eop, Keyword::Invalid))
+    return std::nullopt;
+  unsigned n = 0;
+  bool isNot = peek(n).is(Keyword::Not);
+  if (isNot)
+    ++n;
+  bool hasOn = peek(n).is(Keyword::On);
+  bool hasAt = peek(n).is(Keyword::At);
+  if (hasOn || hasAt)
+    ++n;
+  auto phrase = [&](ExceptionHandlerType type, unsigned words) {
+    return PhraseStart{type, isNot, n + words};
+  };
+  switch (peek(n).keyword) {
+  case Keyword::Size:
+    if (!hasAt && peek(n + 1).is(Keyword::Error))
+      return phrase(ExceptionHandlerType::SizeError, 2);
+    break;
+  case Keyword::Overflow:
+    if (!hasAt)
+      return phrase(ExceptionHandlerType::Overflow, 1);
+    break;
+  case Keyword::Exception:
+    if (!hasAt)
+      return phrase(ExceptionHandlerType::OnException, 1);
+    break;
+  case Keyword::End:
+    if (!hasOn && !peek(n + 1).isOneOf(Keyword::Program, Keyword::Declaratives))
+      return phrase(ExceptionHandlerType::AtEnd, 1);
+    break;
+  case Keyword::EndOfPage:
+  case Keyword::Eop:
+    if (!hasOn)
+      return phrase(ExceptionHandlerType::EndOfPage, 1);
+    break;
+  case Keyword::Invalid:
+    if (!hasOn && !hasAt)
+      return phrase(ExceptionHandlerType::InvalidKey, peek(n + 1).is(Keyword::Key) ? 2 : 1);
+    break;
+  default:
+    break;
+  }
+  return std::nullopt;
+}
+
+bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
+                                   std::initializer_list<ExceptionHandlerType> allowed) {
+  while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
+    bool isTaken = llvm::any_of(handlers, [&](const ExceptionHandler *handler) {
+      return handler->getType() == phrase->type && handler->isNotOn() == phrase->isNot;
+    });
+    if (isTaken || !llvm::is_contained(allowed, phrase->type))
+      return true;
+    SourceRange begin = here();
+    for (unsigned n = 0; n < phrase->length; ++n)
+      stream.skip();
+    unsigned errors = diagnostics.getErrorCount();
+    std::list<Statement *> statements;
+    parseStatements(statements);
+    // A phrase without statements is for the checker to tell, unless its statements were refused.
+    if (statements.empty() && diagnostics.getErrorCount() != errors)
+      statements.push_back(make<ContinueStatement>(begin));
+    handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));
+  }
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Recovery
+//===----------------------------------------------------------------------===//
+
+bool Parser::atResumption(bool passesWhen) {
+  const Token &token = peek();
+  if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::Otherwise) ||
+      isScopeTerminator(token.keyword) || (token.is(Keyword::When) && !passesWhen))
+    return true;
+  return atStatement() || atExceptionPhrase() || atProcedureHeader() || atEndDeclaratives() ||
+         atUnitBoundary();
+}
+
+void Parser::skipToStatement(bool passesWhen) {
+  while (!atResumption(passesWhen))
+    stream.skip();
+}
+
+/// Takes the rest of the statement \p verb, which could not be read, off the stream.
+void Parser::recoverStatement(Keyword verb) {
+  const ScopedVerb *scope = scopeOf(verb);
+  llvm::SmallVector<PhraseStart, 4> taken;
+  openStatements.push_back({verb});
+  for (;;) {
+    // XML GENERATE has a phrase WHEN of its own.
+    skipToStatement(/*passesWhen=*/verb == Keyword::Xml);
+    std::optional<PhraseStart> phrase = atExceptionPhrase();
+    if (!scope || !phrase || !(scope->phrases & bitOf(phrase->type)))
+      break;
+    bool isTaken = llvm::any_of(taken, [&](const PhraseStart &one) {
+      return one.type == phrase->type && one.isNot == phrase->isNot;
+    });
+    if (isTaken)
+      break;
+    taken.push_back(*phrase);
+    for (unsigned n = 0; n < phrase->length; ++n)
+      stream.skip();
+    std::list<Statement *> dropped;
+    parseStatements(dropped);
+  }
+  openStatements.pop_back();
+  abandonedEnd = scope && !accept(scope->endWord) ? scope->endWord : Keyword::None;
+}
+
+/// Gives up the sentence. The statements around the place all end at its period, in silence.
+void Parser::abandonSentence() {
+  isSentenceAbandoned = true;
+  while (!at(TokenKind::Period) && !atUnitBoundary() && !atProcedureHeader() &&
+         !atEndDeclaratives())
+    stream.skip();
+}
+
+} // namespace tarka

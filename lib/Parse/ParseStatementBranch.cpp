@@ -1,0 +1,637 @@
+//===- ParseStatementBranch.cpp - statements that direct control ----------===//
+
+#include "Parser.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Programs
+//===----------------------------------------------------------------------===//
+
+/// CALL program [USING argument...] [RETURNING identifier] [exception phrases] [END-CALL]
+Statement *Parser::parseCall() {
+  SourceRange begin = here();
+  accept(Keyword::Call);
+  Expression *program = parseOperand();
+  if (!program)
+    return nullptr;
+  auto *call = make<CallStatement>(begin, program);
+  if (accept(Keyword::Using) && !parseCallArguments(*call))
+    return nullptr;
+  if (acceptAny(Keyword::Returning, Keyword::Giving)) {
+    IdentifierExpression *item = parseIdentifier();
+    if (!item)
+      return nullptr;
+    call->setReturn(item);
+  }
+  return finish(call, &CallStatement::addExceptHandler,
+                {ExceptionHandlerType::Overflow, ExceptionHandlerType::OnException},
+                Keyword::EndCall);
+}
+
+/// {[[BY] {REFERENCE | CONTENT | VALUE}] {operand | OMITTED}...}... The way of passing holds until
+/// another one is written.
+bool Parser::parseCallArguments(CallStatement &call) {
+  ArgType type = ArgType::Reference;
+  do {
+    SourceRange begin = here();
+    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Content, Keyword::Value)) {
+      expected("REFERENCE, CONTENT or VALUE");
+      return false;
+    }
+    if (accept(Keyword::Reference))
+      type = ArgType::Reference;
+    else if (accept(Keyword::Content))
+      type = ArgType::Content;
+    else if (accept(Keyword::Value))
+      type = ArgType::Value;
+    Argument *argument = parseCallArgument(type, begin);
+    if (!argument)
+      return false;
+    call.addArgument(argument);
+  } while (
+      at(Keyword::By, Keyword::Reference, Keyword::Content, Keyword::Value, Keyword::Omitted) ||
+      atOperand());
+  return true;
+}
+
+/// One argument; \p begin is where it or the way of passing before it begins. A file is passed by
+/// its name.
+Argument *Parser::parseCallArgument(ArgType type, const SourceRange &begin) {
+  if (accept(Keyword::Omitted))
+    return make<Argument>(begin, type, nullptr, /*isLeftOut=*/true);
+  Expression *operand = nullptr;
+  if (peek().isUserWord() && isFileName(*peek().getInternedText()))
+    operand = parseFileName();
+  else
+    operand = parseOperand();
+  return operand ? make<Argument>(begin, type, operand, /*isLeftOut=*/false) : nullptr;
+}
+
+/// CANCEL program...
+Statement *Parser::parseCancel() {
+  SourceRange begin = here();
+  accept(Keyword::Cancel);
+  auto *cancel = make<CancelStatement>(begin);
+  if (!parseOperands(*cancel, &CancelStatement::addProgram))
+    return nullptr;
+  return complete(cancel);
+}
+
+/// ENTRY literal [USING parameter...]
+Statement *Parser::parseEntry() {
+  SourceRange begin = here();
+  accept(Keyword::Entry);
+  LiteralExpression *name = parseLiteral();
+  if (!name)
+    return nullptr;
+  auto *entry = make<EntryStatement>(begin, name);
+  if (accept(Keyword::Using)) {
+    std::list<Parameter *> parameters;
+    if (!parseParameters(parameters))
+      return nullptr;
+    for (Parameter *parameter : parameters)
+      entry->addParameter(parameter);
+  }
+  return complete(entry);
+}
+
+/// GOBACK
+Statement *Parser::parseGoback() {
+  SourceRange begin = here();
+  accept(Keyword::Goback);
+  return make<GobackStatement>(begin);
+}
+
+/// STOP {RUN | literal}
+Statement *Parser::parseStop() {
+  SourceRange begin = here();
+  accept(Keyword::Stop);
+  if (accept(Keyword::Run))
+    return make<StopStatement>(begin, StopType::Run);
+  if (!atLiteral())
+    return expected("RUN or a literal");
+  LiteralExpression *text = parseLiteral();
+  return text ? make<StopStatement>(begin, StopType::Literal, text) : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// Procedures
+//===----------------------------------------------------------------------===//
+
+/// GO [TO] [procedure-name]
+/// GO [TO] procedure-name... DEPENDING [ON] identifier
+Statement *Parser::parseGoto() {
+  SourceRange begin = here();
+  accept(Keyword::Go);
+  accept(Keyword::To);
+  auto *jump = make<GotoStatement>(begin);
+  auto atProcedureName = [&] { return at(TokenKind::IntegerLiteral) || peek().isUserWord(); };
+  while (atProcedureName() && !atProcedureHeader()) {
+    QualifiedWord *name = parseProcedureName();
+    if (!name)
+      return nullptr;
+    jump->addProcedureName(name);
+  }
+  if (accept(Keyword::Depending)) {
+    accept(Keyword::On);
+    IdentifierExpression *selector = parseIdentifier();
+    if (!selector)
+      return nullptr;
+    jump->setDependingName(selector);
+  } else if (jump->getProcedureNameListSize() > 1) {
+    return expected("DEPENDING");
+  }
+  // A target that is no name at all: GO TO alone, for ALTER to set, ends its sentence.
+  if (jump->getProcedureNameListSize() == 0 && !at(TokenKind::Period) && !atResumption(false))
+    return parseProcedureName(), nullptr;
+  return complete(jump);
+}
+
+/// ALTER {procedure-name TO [PROCEED TO] procedure-name}...
+Statement *Parser::parseAlter() {
+  SourceRange begin = here();
+  accept(Keyword::Alter);
+  auto *alter = make<AlterStatement>(begin);
+  auto atItem = [](Parser *parser) {
+    return parser->at(TokenKind::IntegerLiteral) || parser->atName();
+  };
+  if (!parseSeries(*alter, &AlterStatement::addAlterItem, &Parser::parseAlterItem, atItem))
+    return nullptr;
+  return complete(alter);
+}
+
+AlterItem *Parser::parseAlterItem() {
+  SourceRange begin = here();
+  QualifiedWord *source = parseProcedureName();
+  if (!source || !expect(Keyword::To))
+    return nullptr;
+  if (accept(Keyword::Proceed) && !expect(Keyword::To))
+    return nullptr;
+  QualifiedWord *destination = parseProcedureName();
+  return destination ? make<AlterItem>(begin, source, destination) : nullptr;
+}
+
+/// EXIT [PROGRAM | PARAGRAPH | SECTION | PERFORM [CYCLE]]
+Statement *Parser::parseExit() {
+  SourceRange begin = here();
+  accept(Keyword::Exit);
+  if (accept(Keyword::Program))
+    return make<ExitProgramStatement>(begin);
+  if (accept(Keyword::Paragraph))
+    return make<ExitParagraphStatement>(begin);
+  if (accept(Keyword::Section))
+    return make<ExitSectionStatement>(begin);
+  if (accept(Keyword::Perform)) {
+    bool isCycle = accept(Keyword::Cycle);
+    return make<ExitPerformStatement>(begin, isCycle);
+  }
+  if (at(Keyword::Method, Keyword::Function))
+    return error(DiagnosticId::UnsupportedStatement, here(),
+                 ("EXIT " + textOf(peek().keyword)).str());
+  return make<ExitStatement>(begin);
+}
+
+//===----------------------------------------------------------------------===//
+// PERFORM
+//===----------------------------------------------------------------------===//
+
+/// Whether an operand with TIMES behind it is next. A name can be that of a procedure just as well;
+/// what follows its qualifiers and subscripts tells.
+bool Parser::atTimesPhrase() {
+  if (isSpecialRegister(peek().keyword) || at(Keyword::Function))
+    return true;
+  if (!peek().isUserWord() && !peek().isNumber() && !at(TokenKind::Plus, TokenKind::Minus) &&
+      !peek().isFigurativeConstant())
+    return false;
+  unsigned n = at(TokenKind::Plus, TokenKind::Minus) ? 2 : 1;
+  constexpr unsigned bound = TokenStream::lookAhead - 2;
+  while (n < bound && peek(n).isOneOf(Keyword::Of, Keyword::In))
+    n += 2;
+  for (unsigned open = 0; n < bound; ++n) {
+    if (peek(n).is(TokenKind::LParen))
+      ++open;
+    else if (open == 0)
+      return peek(n).is(Keyword::Times);
+    else if (peek(n).is(TokenKind::RParen))
+      --open;
+    else if (peek(n).isOneOf(TokenKind::Period, TokenKind::EndOfFile))
+      return false;
+  }
+  // No name of a procedure has that many words behind it.
+  return true;
+}
+
+/// Whether a phrase that says how often, or until when, is next.
+bool Parser::atPerformPhrase() {
+  return at(Keyword::With, Keyword::Test, Keyword::Until, Keyword::Varying) || atTimesPhrase();
+}
+
+/// PERFORM procedure-name [THROUGH procedure-name] [phrase]
+/// PERFORM [phrase] statements END-PERFORM
+Statement *Parser::parsePerform() {
+  SourceRange begin = here();
+  accept(Keyword::Perform);
+  auto *perform = make<PerformStatement>(begin, PerformStmtType::Simple);
+  bool isOutOfLine = (at(TokenKind::IntegerLiteral) || peek().isUserWord()) && !atTimesPhrase();
+  if (!isOutOfLine)
+    return parsePerformInline(perform, !atPerformPhrase() || parsePerformPhrase(*perform));
+
+  SourceRange nameBegin = here();
+  QualifiedWord *name = parseProcedureName();
+  if (!name)
+    return nullptr;
+  QualifiedWord *thru = nullptr;
+  if (acceptAny(Keyword::Through, Keyword::Thru) && !(thru = parseProcedureName()))
+    return nullptr;
+  perform->setProcedureName(make<PerformProcedure>(nameBegin, name, thru));
+  if (atPerformPhrase() && !parsePerformPhrase(*perform))
+    return nullptr;
+  return complete(perform);
+}
+
+/// The statements and END-PERFORM; they are read even where the phrase before them could not be,
+/// which \p isComplete tells.
+Statement *Parser::parsePerformInline(PerformStatement *perform, bool isComplete) {
+  if (!isComplete)
+    skipToStatement();
+  std::list<Statement *> statements;
+  parseStatements(statements);
+  for (Statement *statement : statements)
+    perform->addInlineStatement(statement);
+  // One message is enough for a statement that did not get as far.
+  if (!accept(Keyword::EndPerform)) {
+    if (isComplete)
+      expect(Keyword::EndPerform);
+    isComplete = false;
+  }
+  return isComplete ? complete(perform) : dropStatement();
+}
+
+/// operand TIMES | [[WITH] TEST {BEFORE | AFTER}] {UNTIL condition | VARYING ... [AFTER ...]...}
+bool Parser::parsePerformPhrase(PerformStatement &perform) {
+  SourceRange begin = here();
+  if (at(Keyword::With, Keyword::Test)) {
+    accept(Keyword::With);
+    if (!expect(Keyword::Test))
+      return false;
+    bool isAfter = at(Keyword::After);
+    if (!isAfter && !at(Keyword::Before)) {
+      expected("BEFORE or AFTER");
+      return false;
+    }
+    stream.skip();
+    perform.setPerformTest(
+        make<PerformTest>(begin, isAfter ? PerformTestType::After : PerformTestType::Before));
+    if (!at(Keyword::Until, Keyword::Varying)) {
+      expected("UNTIL or VARYING");
+      return false;
+    }
+  }
+  if (accept(Keyword::Until)) {
+    perform.setType(PerformStmtType::Until);
+    perform.setUntilCondition(parseCondition());
+    return perform.getUntilCondition() != nullptr;
+  }
+  if (at(Keyword::Varying)) {
+    perform.setType(PerformStmtType::Varying);
+    return parseSeries(perform, &PerformStatement::addPhrase, &Parser::parsePerformVarying,
+                       [](Parser *parser) { return parser->at(Keyword::After); });
+  }
+  perform.setType(PerformStmtType::Times);
+  perform.setTimesInteger(parseOperand());
+  return perform.getTimesInteger() && expect(Keyword::Times);
+}
+
+/// {VARYING | AFTER} identifier FROM operand BY operand UNTIL condition
+PerformVarying *Parser::parsePerformVarying() {
+  SourceRange begin = here();
+  acceptAny(Keyword::Varying, Keyword::After);
+  Expression *varying = parseIdentifier();
+  if (!varying || !expect(Keyword::From))
+    return nullptr;
+  Expression *from = parseOperand();
+  if (!from || !expect(Keyword::By))
+    return nullptr;
+  Expression *by = parseOperand();
+  if (!by || !expect(Keyword::Until))
+    return nullptr;
+  Condition *until = parseCondition();
+  return until ? make<PerformVarying>(begin, varying, from, by, until) : nullptr;
+}
+
+//===----------------------------------------------------------------------===//
+// IF and ON
+//===----------------------------------------------------------------------===//
+
+/// CONTINUE
+Statement *Parser::parseContinue() {
+  SourceRange begin = here();
+  accept(Keyword::Continue);
+  return make<ContinueStatement>(begin);
+}
+
+/// NEXT SENTENCE
+Statement *Parser::parseNextSentence() {
+  SourceRange begin = here();
+  accept(Keyword::Next);
+  accept(Keyword::Sentence);
+  return make<NextSentenceStatement>(begin);
+}
+
+/// The branch behind ELSE, where there is one. From here on an ELSE belongs to a statement farther
+/// out.
+bool Parser::parseElse(std::list<Statement *> &statements) {
+  if (!acceptAny(Keyword::Else, Keyword::Otherwise))
+    return true;
+  openStatements.back().hasElse = true;
+  return parseBranch(statements);
+}
+
+/// IF condition [THEN] statements [ELSE statements] [END-IF]. The branches are read even where the
+/// condition could not be.
+Statement *Parser::parseIf() {
+  SourceRange begin = here();
+  accept(Keyword::If);
+  Condition *condition = parseCondition();
+  if (!condition)
+    while (!at(Keyword::Then) && !atResumption(/*passesWhen=*/false))
+      stream.skip();
+  accept(Keyword::Then);
+  std::list<Statement *> then;
+  bool isComplete = parseBranch(then) && condition;
+  std::list<Statement *> otherwise;
+  isComplete &= parseElse(otherwise);
+  accept(Keyword::EndIf);
+  if (!isComplete)
+    return dropStatement();
+  auto *statement = make<IfStatement>(begin, condition, &then, nullptr);
+  for (Statement *one : otherwise)
+    statement->addElseStmt(one);
+  return statement;
+}
+
+/// ON count [AND EVERY count] [UNTIL count] statements [{ELSE | OTHERWISE} statements]
+Statement *Parser::parseOn() {
+  SourceRange begin = here();
+  accept(Keyword::On);
+  Expression *count = parseOperand();
+  if (!count)
+    return nullptr;
+  auto *statement = make<OnStatement>(begin, count);
+  bool hasAnd = accept(Keyword::And);
+  if (hasAnd && !at(Keyword::Every))
+    return expected("EVERY");
+  if (accept(Keyword::Every)) {
+    statement->setEveryExpr(parseOperand());
+    if (!statement->getEveryExpr())
+      return nullptr;
+  }
+  if (accept(Keyword::Until)) {
+    statement->setUntilExpr(parseOperand());
+    if (!statement->getUntilExpr())
+      return nullptr;
+  }
+  std::list<Statement *> then, otherwise;
+  bool isComplete = parseBranch(then);
+  isComplete &= parseElse(otherwise);
+  if (!isComplete)
+    return dropStatement();
+  for (Statement *one : then)
+    statement->addUntilStmt(one);
+  for (Statement *one : otherwise)
+    statement->addElseStmt(one);
+  return complete(statement);
+}
+
+//===----------------------------------------------------------------------===//
+// EVALUATE
+//===----------------------------------------------------------------------===//
+
+/// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
+///   [WHEN OTHER statements] [END-EVALUATE]. What could not be read does not keep the rest from
+/// being read.
+Statement *Parser::parseEvaluate() {
+  SourceRange begin = here();
+  accept(Keyword::Evaluate);
+  auto *evaluate = make<EvaluateStatement>(begin);
+  bool isComplete =
+      parseSeries(*evaluate, &EvaluateStatement::addSubject, &Parser::parseEvaluateSubject,
+                  [](Parser *parser) { return parser->accept(Keyword::Also); });
+  if (!isComplete)
+    skipToStatement();
+  if (!at(Keyword::When)) {
+    if (isComplete)
+      expect(Keyword::When);
+    isComplete = false;
+    // The statements of the WHEN that is missing.
+    std::list<Statement *> dropped;
+    parseStatements(dropped);
+  }
+  bool hasOther = false;
+  while (at(Keyword::When)) {
+    if (hasOther) {
+      error(DiagnosticId::WhenAfterOther, here());
+      isComplete = false;
+    }
+    EvaluateCase *branch = parseEvaluateCase(*evaluate, isComplete);
+    evaluate->addWhenCase(branch);
+    hasOther = llvm::any_of(branch->getWhenListElements(), [](const EvaluateWhen *when) {
+      return when->getType() == EvalWhenType::Other;
+    });
+  }
+  accept(Keyword::EndEvaluate);
+  return isComplete ? complete(evaluate) : dropStatement();
+}
+
+EvaluateSubject *Parser::parseEvaluateSubject() {
+  SourceRange begin = here();
+  if (accept(Keyword::True))
+    return make<EvaluateSubject>(begin, EvalSubjectType::True, nullptr, nullptr);
+  if (accept(Keyword::False))
+    return make<EvaluateSubject>(begin, EvalSubjectType::False, nullptr, nullptr);
+  Comparand subject = parseConditionOrExpression();
+  if (!subject)
+    return nullptr;
+  EvalSubjectType type =
+      subject.condition ? EvalSubjectType::Condition : EvalSubjectType::Expression;
+  return make<EvaluateSubject>(begin, type, subject.expression, subject.condition);
+}
+
+/// The WHENs that share statements, and the statements. Clears \p isComplete after a message.
+EvaluateCase *Parser::parseEvaluateCase(EvaluateStatement &evaluate, bool &isComplete) {
+  SourceRange begin = here();
+  auto *branch = make<EvaluateCase>(begin);
+  while (at(Keyword::When)) {
+    if (EvaluateWhen *when = parseEvaluateWhen(evaluate)) {
+      branch->addWhen(when);
+      continue;
+    }
+    isComplete = false;
+    skipToStatement();
+  }
+  isComplete &= parseBranch(branch->getWhenStmtListElements());
+  return complete(branch);
+}
+
+/// WHEN {OTHER | object [ALSO object]...}
+EvaluateWhen *Parser::parseEvaluateWhen(EvaluateStatement &evaluate) {
+  SourceRange begin = here();
+  accept(Keyword::When);
+  if (accept(Keyword::Other))
+    return make<EvaluateWhen>(begin, EvalWhenType::Other);
+  auto *when = make<EvaluateWhen>(begin, EvalWhenType::When);
+  auto subject = evaluate.getSubjectListBegin();
+  do {
+    bool hasSubject = subject != evaluate.getSubjectListEnd();
+    EvaluateObject *object = parseEvaluateObject(hasSubject ? *subject : nullptr);
+    if (!object)
+      return nullptr;
+    when->addWhenObj(object);
+    if (hasSubject)
+      ++subject;
+  } while (accept(Keyword::Also));
+  return complete(when);
+}
+
+/// ANY, TRUE, FALSE, a condition, or [NOT] operand [THROUGH operand]. What a name alone is, the
+/// subject tells: beside an operand it is an operand, beside a truth value a condition.
+EvaluateObject *Parser::parseEvaluateObject(const EvaluateSubject *subject) {
+  SourceRange begin = here();
+  if (accept(Keyword::Any))
+    return make<EvaluateObject>(begin, EvalObjectType::Any);
+  if (accept(Keyword::True))
+    return make<EvaluateObject>(begin, EvalObjectType::True);
+  if (accept(Keyword::False))
+    return make<EvaluateObject>(begin, EvalObjectType::False);
+  if (subject && subject->getType() != EvalSubjectType::Expression)
+    return parseEvaluateCondition(begin, parseCondition());
+  return parseEvaluateOperand(begin);
+}
+
+EvaluateObject *Parser::parseEvaluateCondition(const SourceRange &begin, Condition *condition) {
+  if (!condition)
+    return nullptr;
+  auto *object = make<EvaluateObject>(begin, EvalObjectType::Condition);
+  object->setCondition(condition);
+  return object;
+}
+
+EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin) {
+  bool isNot = accept(Keyword::Not);
+  Comparand front;
+  if (isNot)
+    front.expression = parseArithmeticExpression();
+  else
+    front = parseConditionOrExpression();
+  if (!front)
+    return nullptr;
+  if (front.condition)
+    return parseEvaluateCondition(begin, front.condition);
+  Expression *rear = nullptr;
+  bool isRange = acceptAny(Keyword::Through, Keyword::Thru);
+  if (isRange && !(rear = parseArithmeticExpression()))
+    return nullptr;
+  auto *object =
+      make<EvaluateObject>(begin, isRange ? EvalObjectType::Range : EvalObjectType::Expression);
+  object->setIsNot(isNot);
+  object->setFrontExpression(front.expression);
+  object->setRearExpression(rear);
+  return object;
+}
+
+//===----------------------------------------------------------------------===//
+// SEARCH
+//===----------------------------------------------------------------------===//
+
+/// SEARCH [ALL] table [VARYING identifier] [[AT] END statements] {WHEN condition statements}...
+///   [END-SEARCH]. What could not be read does not keep the rest from being read.
+Statement *Parser::parseSearch() {
+  SourceRange begin = here();
+  accept(Keyword::Search);
+  SearchType type = accept(Keyword::All) ? SearchType::Binary : SearchType::Serial;
+  IdentifierExpression *table = parseIdentifier();
+  auto *search = make<SearchStatement>(begin, type, table);
+  bool isComplete = table != nullptr;
+  if (isComplete && accept(Keyword::Varying)) {
+    search->setVaryingIdentifier(parseIdentifier());
+    isComplete = search->getVaryingIdentifier() != nullptr;
+  }
+  if (!isComplete)
+    skipToStatement();
+  std::list<ExceptionHandler *> handlers;
+  parseExceptionPhrases(handlers, {ExceptionHandlerType::AtEnd});
+  for (ExceptionHandler *handler : handlers)
+    search->addAtHandler(handler);
+  if (!at(Keyword::When)) {
+    if (isComplete)
+      expect(Keyword::When);
+    isComplete = false;
+  }
+  while (at(Keyword::When)) {
+    SearchWhen *when = parseSearchWhen();
+    if (when)
+      search->addWhen(when);
+    isComplete &= when != nullptr;
+  }
+  accept(Keyword::EndSearch);
+  return isComplete ? complete(search) : dropStatement();
+}
+
+/// WHEN condition statements
+SearchWhen *Parser::parseSearchWhen() {
+  SourceRange begin = here();
+  accept(Keyword::When);
+  Condition *condition = parseCondition();
+  if (!condition)
+    skipToStatement();
+  std::list<Statement *> statements;
+  if (!parseBranch(statements) || !condition)
+    return nullptr;
+  auto *when = make<SearchWhen>(begin, condition);
+  when->getStatementList()->swap(statements);
+  return when;
+}
+
+//===----------------------------------------------------------------------===//
+// Other languages and tracing
+//===----------------------------------------------------------------------===//
+
+/// EXEC language text END-EXEC
+Statement *Parser::parseExec() {
+  SourceRange begin = here();
+  acceptAny(Keyword::Exec, Keyword::Execute);
+  if (!peek().isWord())
+    return expected("the name of a language");
+  ExecType type = at(Keyword::Cics)                   ? ExecType::Cics
+                  : at(Keyword::Sql, Keyword::Sqlims) ? ExecType::Sql
+                  : at(Keyword::Dli)                  ? ExecType::Dli
+                                                      : ExecType::Other;
+  stream.skip();
+  llvm::StringRef text;
+  if (at(TokenKind::EmbeddedText)) {
+    text = peek().text;
+    stream.skip();
+  }
+  // The stream has reported an END-EXEC that is missing.
+  accept(Keyword::EndExec);
+  return make<ExecStatement>(begin, type, text);
+}
+
+bool Parser::skipEmbeddedBlock() {
+  if (!at(Keyword::Exec, Keyword::Execute))
+    return false;
+  parseExec();
+  accept(TokenKind::Period);
+  return true;
+}
+
+/// {READY | RESET} TRACE
+Statement *Parser::parseTrace() {
+  SourceRange begin = here();
+  TraceType type = at(Keyword::Ready) ? TraceType::Ready : TraceType::Reset;
+  stream.skip();
+  return expect(Keyword::Trace) ? make<TraceStatement>(begin, type) : nullptr;
+}
+
+} // namespace tarka
