@@ -5,6 +5,7 @@
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
 #include <cstring>
+#include <utility>
 
 namespace tarka {
 
@@ -36,6 +37,8 @@ void Lexer::setPlace(Token &token) {
   token.place = lines.rangeOf(token.spelling.begin(), token.spelling.end() - 1);
   if (token.place.beginLine != token.place.endLine)
     token.flags |= Token::Continued;
+  if (lines.getFormat() != SourceFormat::Free)
+    token.flags |= Token::FixedForm;
   if (atLineStart) {
     atLineStart = false;
     token.flags |= Token::FirstOnLine | Token::PrecededBySpace;
@@ -84,8 +87,11 @@ void Lexer::next(Token &token) {
   case State::EmbeddedWord:
     break;
   }
+  // A comma at the end of a line stands before the first token of the next one.
+  uint8_t comma = 0;
   for (;;) {
     if (!scanner.scan(token)) {
+      comma |= token.flags & Token::AfterComma;
       if (nextLine())
         continue;
       token = Token();
@@ -93,6 +99,7 @@ void Lexer::next(Token &token) {
       token.place = lines.endOfFile();
       return;
     }
+    token.flags |= std::exchange(comma, uint8_t(0));
     setPlace(token);
     if (checkToken(token))
       return;

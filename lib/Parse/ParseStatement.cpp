@@ -125,9 +125,9 @@ Statement *Parser::parseStatement() {
     return nullptr;
   }
   Keyword verb = peek().keyword;
-  openStatements.push_back({verb});
+  enclosingStatements.push_back({verb});
   Statement *statement = dispatchStatement();
-  openStatements.pop_back();
+  enclosingStatements.pop_back();
   if (isSentenceAbandoned)
     return nullptr;
   if (!statement && !isRecovered)
@@ -387,24 +387,24 @@ bool Parser::endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds) {
 
 bool Parser::isOpen(Keyword endWord) const {
   Keyword verb = verbOfEnd(endWord);
-  return llvm::any_of(llvm::reverse(openStatements),
-                      [verb](const OpenStatement &open) { return open.verb == verb; });
+  return llvm::any_of(llvm::reverse(enclosingStatements),
+                      [verb](const EnclosingStatement &open) { return open.verb == verb; });
 }
 
 bool Parser::canTakeElse() const {
-  return llvm::any_of(llvm::reverse(openStatements), [](const OpenStatement &open) {
+  return llvm::any_of(llvm::reverse(enclosingStatements), [](const EnclosingStatement &open) {
     return (open.verb == Keyword::If || open.verb == Keyword::On) && !open.hasElse;
   });
 }
 
 bool Parser::canTakeWhen() const {
-  return llvm::any_of(llvm::reverse(openStatements), [](const OpenStatement &open) {
+  return llvm::any_of(llvm::reverse(enclosingStatements), [](const EnclosingStatement &open) {
     return open.verb == Keyword::Evaluate || open.verb == Keyword::Search;
   });
 }
 
 bool Parser::canTakePhrase(ExceptionHandlerType type) const {
-  return llvm::any_of(llvm::reverse(openStatements), [type](const OpenStatement &open) {
+  return llvm::any_of(llvm::reverse(enclosingStatements), [type](const EnclosingStatement &open) {
     const ScopedVerb *scope = scopeOf(open.verb);
     return scope && (scope->phrases & bitOf(type));
   });
@@ -507,7 +507,7 @@ void Parser::skipToStatement(bool passesWhen) {
 void Parser::recoverStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
   llvm::SmallVector<PhraseStart, 4> taken;
-  openStatements.push_back({verb});
+  enclosingStatements.push_back({verb});
   for (;;) {
     // XML GENERATE has a phrase WHEN of its own.
     skipToStatement(/*passesWhen=*/verb == Keyword::Xml);
@@ -525,7 +525,7 @@ void Parser::recoverStatement(Keyword verb) {
     std::list<Statement *> dropped;
     parseStatements(dropped);
   }
-  openStatements.pop_back();
+  enclosingStatements.pop_back();
   abandonedEnd = scope && !accept(scope->endWord) ? scope->endWord : Keyword::None;
 }
 

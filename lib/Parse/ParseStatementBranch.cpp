@@ -344,7 +344,7 @@ Statement *Parser::parseNextSentence() {
 bool Parser::parseElse(std::list<Statement *> &statements) {
   if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
-  openStatements.back().hasElse = true;
+  enclosingStatements.back().hasElse = true;
   return parseBranch(statements);
 }
 

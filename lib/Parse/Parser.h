@@ -768,11 +768,11 @@ private:
   bool decimalPointIsComma = false;
 
   /// A statement that is being read.
-  struct OpenStatement {
+  struct EnclosingStatement {
     Keyword verb;
     bool hasElse = false;
   };
-  llvm::SmallVector<OpenStatement, 16> openStatements;
+  llvm::SmallVector<EnclosingStatement, 16> enclosingStatements;
   /// Set by a function that gave null for its statement but left nothing of it to skip.
   bool isRecovered = false;
   /// The END- word that may still come of a statement that could not be read.

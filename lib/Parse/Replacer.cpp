@@ -222,7 +222,9 @@ void Replacer::put(llvm::ArrayRef<Token> tokens, const Token &first, const Token
   }
   SourceRange place = spanning(first.place, last.place);
   for (Token token : tokens) {
-    uint8_t own = token.flags & (Token::PrecededBySpace | Token::JoinedToNext);
+    uint8_t own =
+        (token.flags & (Token::PrecededBySpace | Token::JoinedToNext | Token::AfterComma)) |
+        (first.flags & Token::FixedForm);
     token.place = place;
     token.flags = Token::FromReplacement | (made.empty() ? flags : own);
     made.push_back(token);

@@ -49,7 +49,7 @@ bool Scanner::scan(Token &token) {
         finish(token, TokenKind::Comma, begin);
         return true;
       }
-      token.flags |= Token::PrecededBySpace;
+      token.flags |= Token::PrecededBySpace | Token::AfterComma;
       continue;
 
     case CharacterClass::Letter:
