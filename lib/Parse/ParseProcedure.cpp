@@ -22,7 +22,7 @@ ProcedureDivision *Parser::parseProcedureDivision() {
 
   Section *section = nullptr;
   while (!atUnitBoundary()) {
-    if (atHeader() == HeaderKind::Section) {
+    if (headerKind() == HeaderKind::Section) {
       section = parseSectionHeader();
       division->addSect(section);
     } else if (atEndDeclaratives()) {
@@ -97,7 +97,7 @@ bool Parser::parseParameters(std::list<Parameter *> &parameters) {
 /// Where a sentence may begin, a word before a period or before SECTION is the name of a procedure.
 /// In fixed form such a name begins in area A; a word in area B that comes near a verb is more
 /// likely that verb misspelt.
-Parser::HeaderKind Parser::atHeader() {
+Parser::HeaderKind Parser::headerKind() {
   const Token name = peek();
   if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
     return HeaderKind::None;
@@ -159,7 +159,7 @@ template <typename Owner> void Parser::parseParagraphs(Owner &owner) {
     // A period alone says nothing.
     if (accept(TokenKind::Period))
       continue;
-    HeaderKind header = atHeader();
+    HeaderKind header = headerKind();
     if (header == HeaderKind::Section)
       return;
     if (header == HeaderKind::Paragraph)
@@ -181,7 +181,7 @@ Paragraph *Parser::parseParagraph() {
   while (atProcedureBody()) {
     if (accept(TokenKind::Period))
       continue;
-    if (atHeader() != HeaderKind::None)
+    if (headerKind() != HeaderKind::None)
       break;
     if (Sentence *sentence = parseSentence())
       paragraph->addSent(sentence);
@@ -220,7 +220,7 @@ void Parser::parseDeclaratives(ProcedureDivision &division) {
   accept(Keyword::Declaratives);
   expect(TokenKind::Period);
   while (!atUnitBoundary() && !atEndDeclaratives()) {
-    if (atHeader() == HeaderKind::Section) {
+    if (headerKind() == HeaderKind::Section) {
       parseDeclarativeSection(division);
       continue;
     }

@@ -474,7 +474,7 @@ private:
   void skipNote(bool isWholeParagraph);
   enum class HeaderKind : uint8_t { None, Paragraph, Section };
   /// What begins with the next token where a sentence may begin.
-  HeaderKind atHeader();
+  HeaderKind headerKind();
   bool atEndDeclaratives() { return atSequence(Keyword::End, Keyword::Declaratives); }
   Word *parseHeaderName();
   bool atProcedureBody();
