@@ -19,7 +19,7 @@ bool ClauseSet::contains(Keyword keyword) const {
 // Where an entry ends
 //===----------------------------------------------------------------------===//
 
-bool Parser::atHeader() {
+bool Parser::atPartHeader() {
   switch (peek().keyword) {
   case Keyword::Identification:
   case Keyword::Id:
@@ -68,7 +68,7 @@ bool Parser::atLevelNumber() {
 }
 
 bool Parser::atEntryBoundary(const ClauseSet &clauses) {
-  if (atHeader())
+  if (atPartHeader())
     return true;
   if (!peek().isFirstOnLine())
     return false;
@@ -81,7 +81,7 @@ void Parser::expectPeriod() {
     return;
   error(DiagnosticId::PeriodMissing, here(), describe(peek()));
   // What else stands in the line of a header belongs to nothing.
-  while (!peek().isFirstOnLine() && !atHeader() &&
+  while (!peek().isFirstOnLine() && !atPartHeader() &&
          !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
     if (accept(TokenKind::Period))
       return;

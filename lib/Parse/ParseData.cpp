@@ -33,7 +33,7 @@ DataDivision *Parser::parseDataDivision() {
       expected("a section of the data division");
     do
       stream.skip();
-    while (!atHeader() && !atDataSection());
+    while (!atPartHeader() && !atDataSection());
   }
   division->setRange(from(begin).getRange());
   return division;

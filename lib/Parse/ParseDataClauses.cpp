@@ -41,7 +41,7 @@ static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
                                            Keyword::Dynamic,
                                            Keyword::Type};
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
-                            /*endsAtLevelNumber=*/true};
+                                      /*endsAtLevelNumber=*/true};
 
 bool Parser::parseDataClause(DataDescription &entry) {
   using Data = DataDescription;

@@ -33,7 +33,7 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
       expected("a section or paragraph of the environment division");
     do
       stream.skip();
-    while (!atHeader());
+    while (!atPartHeader());
   }
   division->setRange(from(begin).getRange());
   return division;
@@ -113,8 +113,8 @@ InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division) 
 void Parser::skipRepository() {
   SourceRange begin = here();
   parseHeader(1);
-  bool isEmpty = atHeader();
-  while (!atHeader())
+  bool isEmpty = atPartHeader();
+  while (!atPartHeader())
     stream.skip();
   if (!isEmpty)
     error(DiagnosticId::NotSupported, begin, "REPOSITORY");
@@ -136,7 +136,7 @@ void Parser::parseSourceComputer(ConfigurationSection &section) {
   auto *computer = new ParaSourceComputer(&place);
   section.setSourceComputer(computer);
   parseHeader(1);
-  if (atHeader())
+  if (atPartHeader())
     return;
 
   if (peek().isUserWord())
@@ -169,7 +169,7 @@ void Parser::parseObjectComputer(ConfigurationSection &section) {
   auto *computer = new ParaObjectComputer(&place);
   section.setObjectComputer(computer);
   parseHeader(1);
-  if (atHeader())
+  if (atPartHeader())
     return;
 
   if (peek().isUserWord())

@@ -20,7 +20,7 @@ static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selec
 
 void Parser::parseFileControl(InputOutputSection &section) {
   parseHeader(1);
-  while (!atHeader() && !atDataSection()) {
+  while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(Keyword::Select)) {

@@ -163,7 +163,7 @@ private:
   /// The word of \p candidates that \p word was most likely meant to be; empty when none is near.
   static llvm::StringRef suggestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates);
   /// Whether a header of a paragraph, section or division is next, or the end of the file.
-  bool atHeader();
+  bool atPartHeader();
   /// Whether something is next that cannot belong to an entry of \p clauses any more: a header, or
   /// the first word or level number of another entry at the beginning of a line.
   bool atEntryBoundary(const ClauseSet &clauses);
