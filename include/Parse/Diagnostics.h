@@ -42,6 +42,9 @@ const DiagnosticInfo &infoOf(DiagnosticId id);
 /// The word that the report uses: "fatal", "error", "warning" or "info".
 llvm::StringRef severityName(DiagnosticSeverity severity);
 
+/// \p text as a message can show it: as it is, or in hexadecimal where it is no printable UTF-8.
+std::string showText(llvm::StringRef text);
+
 /// One message that was reported.
 struct DiagnosticEntry {
   DiagnosticId id;

@@ -135,13 +135,13 @@ private:
   void setSourceFormat(DirectiveText &text);
   SourceRange placeOfLine();
 
-  const SourceFile &file;
   LexerContext &context;
   LineReader lines;
   Scanner scanner;
   llvm::SmallVector<Conditional, 4> conditionals;
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;
+  Token embedding; ///< the word after EXEC
   bool atLineStart = false;
   bool inPseudoText = false;
   bool controlByteSeen = false;

@@ -40,6 +40,8 @@ public:
   /// Changes the form from the next line on.
   void setFormat(SourceFormat newFormat) { format = newFormat; }
   void setDebuggingMode(bool on) { debugging = on; }
+  /// Says that a program ended: before the next one there may be CBL and PROCESS lines.
+  void expectOptions() { optionsMayCome = true; }
   /// Whether faults in the layout of lines are passed over (in text that is left out).
   void setQuiet(bool on) { quiet = on; }
 

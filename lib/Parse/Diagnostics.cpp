@@ -2,7 +2,9 @@
 
 #include "Parse/Diagnostics.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/ErrorHandling.h"
+#include "llvm/Support/JSON.h"
 
 namespace tarka {
 
@@ -41,6 +43,13 @@ llvm::StringRef severityName(DiagnosticSeverity severity) {
     return "info";
   }
   llvm_unreachable("not a severity");
+}
+
+std::string showText(llvm::StringRef text) {
+  bool hasControl = llvm::any_of(text, [](char c) { return static_cast<unsigned char>(c) < 0x20; });
+  if (!hasControl && llvm::json::isUTF8(text))
+    return text.str();
+  return "X'" + llvm::toHex(text.take_front(16)) + "'";
 }
 
 void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &place,

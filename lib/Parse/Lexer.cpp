@@ -9,15 +9,8 @@
 
 namespace tarka {
 
-/// How a message shows the bytes [first, last]: a printable text as it is, anything else in
-/// hexadecimal.
-static std::string showBytes(const char *first, const char *last) {
-  llvm::StringRef bytes(first, last - first + 1);
-  return "X'" + llvm::toHex(bytes.take_front(16)) + "'";
-}
-
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
-    : file(file), context(context), lines(file, format, context.diagnostics, isMain),
+    : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
   if (file.getBinaryOffset() == llvm::StringRef::npos)
     return;
@@ -29,7 +22,7 @@ Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context,
   const char *byte = before.end();
   context.diagnostics.report(DiagnosticId::BinaryFile,
                              SourceRange{file.getNumber(), line, column, line, column},
-                             showBytes(byte, byte));
+                             showText(llvm::StringRef(byte, 1)));
   isAtEnd = true;
 }
 
@@ -114,8 +107,10 @@ bool Lexer::checkToken(Token &token) {
     return isKept;
   }
   // EXEC and any word, then text of another language.
-  if (state == State::EmbeddedWord)
+  if (state == State::EmbeddedWord) {
     state = token.isWord() ? State::EmbeddedText : State::Plain;
+    embedding = token;
+  }
 
   Keyword before = std::exchange(previousKeyword, Keyword::None);
   switch (token.kind) {
@@ -165,6 +160,7 @@ bool Lexer::checkToken(Token &token) {
 bool Lexer::actOnKeyword(Token &token) {
   if (state == State::EmbeddedWord) {
     state = State::EmbeddedText;
+    embedding = token;
     return true;
   }
   switch (token.keyword) {
@@ -179,6 +175,10 @@ bool Lexer::actOnKeyword(Token &token) {
   case Keyword::Division:
     context.inIdentificationDivision =
         previousKeyword == Keyword::Id || previousKeyword == Keyword::Identification;
+    return true;
+  case Keyword::Program:
+    if (previousKeyword == Keyword::End)
+      lines.expectOptions();
     return true;
   case Keyword::Eject:
   case Keyword::Skip1:
@@ -241,11 +241,12 @@ void Lexer::reportNotText(const char *first, const char *last) {
   // Characters outside ASCII are faults of their own; of stray control bytes there may be many.
   if (static_cast<unsigned char>(*first) >= 0x80) {
     context.diagnostics.report(DiagnosticId::CharacterNotAllowed, place,
-                               llvm::StringRef(first, last - first + 1).take_front(40));
+                               showText(llvm::StringRef(first, last - first + 1)));
     return;
   }
   if (!controlByteSeen)
-    context.diagnostics.report(DiagnosticId::ControlByte, place, showBytes(first, first));
+    context.diagnostics.report(DiagnosticId::ControlByte, place,
+                               showText(llvm::StringRef(first, 1)));
   controlByteSeen = true;
 }
 
@@ -296,7 +297,6 @@ bool Lexer::readPicture(Token &token) {
 void Lexer::readEmbeddedText(Token &token) {
   state = State::Plain;
   constexpr llvm::StringLiteral terminator = "END-EXEC";
-  const SourceRange start = placeOfLine();
   llvm::SmallString<256> joined;
   SourceRange place;
   const char *firstByte = nullptr;
@@ -349,7 +349,7 @@ void Lexer::readEmbeddedText(Token &token) {
       break;
   }
   if (!isTerminated) {
-    context.diagnostics.report(DiagnosticId::UnclosedEmbeddedText, start, "text");
+    context.diagnostics.report(DiagnosticId::UnclosedEmbeddedText, embedding.place, embedding.text);
     if (pieces == 0)
       place = lines.endOfFile();
   }

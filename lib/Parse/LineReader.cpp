@@ -254,7 +254,7 @@ bool LineReader::acceptIndicator(const PhysicalLine &line, FixedLine &parts) {
   }
   if (classOf(parts.indicator) == CharacterClass::Blank)
     return true;
-  report(DiagnosticId::UnknownIndicator, line, at, llvm::StringRef(&parts.indicator, 1));
+  report(DiagnosticId::UnknownIndicator, line, at, showText(llvm::StringRef(&parts.indicator, 1)));
   // Program text that begins a column too early is read all the same.
   if (isWordCharacter(parts.indicator) && parts.text < parts.limit && isWordCharacter(*parts.text))
     parts.text = at;

@@ -304,8 +304,10 @@ TEST_F(LexerTest, ListingStatementsAndOptions) {
                    "           BASIS OLDPROG\n"
                    "           DELETE 1-5\n"
                    "           INSERT 7\n"
-                   "       B.\n"),
-            "A . B .");
+                   "       END PROGRAM B.\n"
+                   "PROCESS RENT\n"
+                   "       C.\n"),
+            "A . END PROGRAM B . C .");
   EXPECT_EQ(reported(), "88@10 88@11 88@12");
 }
 
