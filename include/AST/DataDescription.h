@@ -26,7 +26,11 @@ public:
   DataDescription &operator=(const DataDescription &) = delete;
 
   unsigned getLevelNum() const { return levelNum; }
-  void setLevelNum(unsigned level) { levelNum = level; }
+  void setLevelNum(unsigned level) {
+    levelNum = level;
+    if (parent)
+      parent->subordinateData = Subordinates::Unknown;
+  }
   /// Null for an entry without a name, until the checks call it FILLER.
   Word *getDataName() const { return dataName; }
   /// Keeps the index of the data division right when the entry is known there.
@@ -291,6 +295,9 @@ private:
   bool occursSync : 1 = false;
   bool dualVar : 1 = false;
   bool containsOdo : 1 = false;
+  /// What hasSubordinateData() has found out.
+  enum class Subordinates : std::uint8_t { Unknown, ConditionNames, Data };
+  mutable Subordinates subordinateData : 2 = Subordinates::Unknown;
   unsigned sourceOrder = 0;
   Word *dataName = nullptr;
   DataDescription *parent = nullptr;

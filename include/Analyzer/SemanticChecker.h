@@ -22,6 +22,7 @@
 #include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
+#include <memory>
 #include <string>
 
 namespace tarka {
@@ -266,7 +267,7 @@ public:
   /// The boundary in bytes that SYNCHRONIZED asks for; 0 for a usage that cannot be aligned.
   int getSlackDivisor(DataDescription *entry);
   /// The entry that fills up to the boundary of \p item from \p offset; null when none is needed.
-  DataDescription *createSlackBytes(DataDescription *item, int offset);
+  DataDescription *createSlackBytes(DataDescription *item, std::int64_t offset);
   /// The boundary that one occurrence of a table needs.
   int getMaxOccursSyncSize(DataDescription *group);
   bool addOccursSlackBytes(DataDescription &entry);
@@ -275,11 +276,19 @@ public:
   bool getSyncAllocBytes(DataDescription *node, int *bytes, DataDescription *target);
 
   bool checkClauseValue(DataDescription &entry);
+  /// The values of a clause that no entry has of its own: symbolic characters become literals, and
+  /// every literal is checked.
   bool checkClauseValue(ClauseValue *clause);
   bool checkGroupValue(DataDescription *subordinate);
+  /// Holds the initial value of \p entry against its category and size, and notes that the entry
+  /// and the groups around it have one.
   bool checkLiteralValue(DataDescription *entry, LiteralExpression *literal);
-  /// The literal that a symbolic character stands for; null when \p name is none.
+  /// Pointers may only be NULL, and nothing else may.
+  bool checkHaveNullValue(const DataDescription *entry, LiteralExpression *literal);
+  /// The figurative constant that a symbolic character stands for; null, with a diagnostic, when
+  /// \p name is none.
   LiteralExpression *convertSymbolicValue(Word *name);
+  /// Notes that an entry without VALUE gets an initial value all the same.
   bool checkInitSpace(DataDescription &entry);
 
   bool checkClauseRenames(DataDescription &entry);
@@ -463,6 +472,43 @@ private:
   // SCExprIdentifiers.cpp
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
 
+  // SCDataDescription.cpp
+  void checkSubordinates(DataDescription &entry);
+  bool checkUsageOfData(DataDescription &entry, UsageType usage);
+
+  // SCDataPicture.cpp
+  bool checkPictureCategory(DataDescription &entry, const ClausePicture &picture);
+  bool checkCurrencySymbol(ClausePicture &picture);
+
+  // SCDataOccurs.cpp
+  enum class KeyResult { Right, Wrong, OutsideTable };
+  bool checkOccursBounds(DataDescription &table);
+  /// Whether the keys are right; OutsideTable as soon as one is no item of the table.
+  KeyResult checkOccursKeys(DataDescription &table);
+  KeyResult checkOccursKey(DataDescription &table, Expression *key);
+  void createIndexNames(DataDescription &table);
+  bool checkOccursDepending(DataDescription &table);
+
+  // SCDataRedefines.cpp
+  struct RedefinableEntries;
+  RedefinableEntries *findRedefinable(const DataDescription &subject,
+                                      const std::list<DataDescription *> &list);
+  DataDescription *findRedefinedEntry(DataDescription &subject, const std::string &name);
+  bool checkRedefinition(DataDescription &subject, const DataDescription &object);
+
+  // SCDataValue.cpp
+  bool convertSymbolicValues(ClauseValue &clause);
+  bool checkGroupLiteral(DataDescription &group, const ClauseValue &clause);
+  bool checkConditionValues(DataDescription &conditionName, ClauseValue &clause, bool ok);
+  bool checkInitialValue(const DataDescription &entry, LiteralExpression &literal);
+  bool checkCharacterValue(const DataDescription &entry, LiteralExpression &literal);
+  bool checkNationalValue(const DataDescription &entry, LiteralExpression &literal);
+  bool checkDbcsValue(const DataDescription &entry, LiteralExpression &literal);
+  bool checkNumericValue(const DataDescription &entry, LiteralExpression &literal);
+  bool checkScaledValue(const ClausePicture &picture, llvm::StringRef integer,
+                        llvm::StringRef decimals, LiteralExpression &literal);
+  bool checkValueLength(const DataDescription &entry, LiteralExpression &literal);
+
   // SCExpr.cpp, SCLiteral.cpp
   void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);
   bool bindQualified(DataIdentifierExpression &identifier,
@@ -499,6 +545,17 @@ private:
   llvm::DenseMap<DataDescription *, llvm::SmallVector<ReportDataDescription *, 1>>
       usedSrcBySubscript;
   std::size_t usedSrcRead = 0;
+  /// The entries of one list that stand before the last REDEFINES looked at in it, by their names:
+  /// of the same name the nearest.
+  struct RedefinableEntries {
+    explicit RedefinableEntries(const std::list<DataDescription *> &list) : next(list.begin()) {}
+
+    std::list<DataDescription *>::const_iterator next;
+    llvm::DenseMap<const std::string *, DataDescription *> byName;
+  };
+  /// By the address of the list.
+  llvm::DenseMap<const std::list<DataDescription *> *, std::unique_ptr<RedefinableEntries>>
+      redefinableEntries;
   /// The texts of entryNames.
   llvm::StringSet<> entryTexts;
 };

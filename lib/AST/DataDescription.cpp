@@ -69,6 +69,7 @@ DataDescription *DataDescription::getRootDesc() {
 std::list<DataDescription *> *DataDescription::getChildrenList() {
   if (!children)
     children = makeList<DataDescription *>();
+  subordinateData = Subordinates::Unknown;
   return children;
 }
 
@@ -80,6 +81,7 @@ void DataDescription::setChildrenList(std::list<DataDescription *> *list) {
 void DataDescription::addChildren(DataDescription *child) {
   getChildrenList()->push_back(child);
   child->parent = this;
+  subordinateData = Subordinates::Unknown;
   GroupLayout::childAdded(*this, nullptr);
   if (division)
     division->indexRecord(child);
@@ -88,21 +90,27 @@ void DataDescription::addChildren(DataDescription *child) {
 void DataDescription::insertChildBefore(DataDescription *before, DataDescription *child) {
   getChildrenList()->insert(GroupLayout::placeOf(*this, *before), child);
   child->parent = this;
+  subordinateData = Subordinates::Unknown;
   GroupLayout::childAdded(*this, before);
   if (division)
     division->indexRecord(child);
 }
 
 void DataDescription::childrenChanged() {
+  subordinateData = Subordinates::Unknown;
   GroupLayout::listChanged(*this);
   if (division)
     division->indexRecord(this);
 }
 
 bool DataDescription::hasSubordinateData() const {
-  return children && llvm::any_of(*children, [](const DataDescription *child) {
-           return child->levelNum != 88;
-         });
+  // An item may have any number of condition names, and each of them asks what it belongs to.
+  if (subordinateData == Subordinates::Unknown) {
+    auto isData = [](const DataDescription *child) { return child->levelNum != 88; };
+    subordinateData = llvm::any_of(listOrEmpty(children), isData) ? Subordinates::Data
+                                                                  : Subordinates::ConditionNames;
+  }
+  return subordinateData == Subordinates::Data;
 }
 
 void DataDescription::findItemByName(std::list<DataDescription *> *found, const std::string &name) {

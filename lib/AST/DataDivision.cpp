@@ -73,18 +73,18 @@ DataDivision::findItemByQualifiedName(const std::string &name, const std::string
   if (!names)
     names = std::make_unique<QualifiedNames>();
   readOn(*homonyms, names->read, [&](DataDescription *entry) {
-    auto note = [&](const Word *word) {
-      std::vector<DataDescription *> &entries = names->byQualifier[&word->getWordData()];
+    auto note = [&](const std::string &text) {
+      std::vector<DataDescription *> &entries = names->byQualifier[&text];
       if (entries.empty() || entries.back() != entry)
         entries.push_back(entry);
     };
+    // What has no name yet will be called FILLER by the checks.
     for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
-      if (group->getDataName())
-        note(group->getDataName());
+      note(group->getDataName() ? group->getDataName()->getWordData() : internString("FILLER"));
     if (const FileDescription *file = entry->getFileDescription())
-      note(file->getFileName());
+      note(file->getFileName()->getWordData());
     if (const ReportDescription *report = entry->getReportDescription())
-      note(report->getReportName());
+      note(report->getReportName()->getWordData());
   });
   auto found = names->byQualifier.find(&internString(qualifier));
   if (found == names->byQualifier.end())

@@ -1,0 +1,154 @@
+//===- SCDataSynchronized.cpp - alignment and slack bytes -----------------===//
+//
+// A SYNCHRONIZED item starts on a boundary that suits its usage. The checks do
+// not move it: they put an entry called SLACK-BYTES in front of it, and at the
+// end of an occurrence of a table, so that the storage layout does.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/DataDescription.h"
+#include "Analyzer/SemanticChecker.h"
+#include "llvm/Support/MathExtras.h"
+#include <algorithm>
+#include <limits>
+
+namespace tarka {
+
+/// An entry that fills \p bytes. It is an item like any other afterwards, so it is not marked as
+/// made by the compiler.
+static DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes) {
+  auto *slack = new DataDescription(nullptr);
+  slack->setLevelNum(level);
+  slack->setDataName(new Word(nullptr, "SLACK-BYTES", ""));
+  auto *picture = new Word(nullptr, "X(" + std::to_string(bytes) + ")", "");
+  slack->setPicture(new ClausePicture(nullptr, picture));
+  slack->setUsage(new ClauseUsage(nullptr, UsageType::Display));
+  return slack;
+}
+
+int SemanticChecker::getSlackDivisor(DataDescription *entry) {
+  switch (entry->getUsageType()) {
+  case UsageType::Binary:
+  case UsageType::Comp:
+  case UsageType::Comp4:
+  case UsageType::Comp5: {
+    // Items of ten digits and more are aligned on 4 as well, on purpose.
+    const ClausePicture *picture = entry->getPicture();
+    return picture && picture->getDigitNum() >= 5 ? 4 : 2;
+  }
+  case UsageType::Comp1:
+  case UsageType::Index:
+  case UsageType::Pointer:
+  case UsageType::ProcedurePointer:
+  case UsageType::FunctionPointer:
+    return 4;
+  case UsageType::Comp2:
+    return 8;
+  default:
+    report(ErrorCode::SynchronizedUsage, entry);
+    return 0;
+  }
+}
+
+DataDescription *SemanticChecker::createSlackBytes(DataDescription *item, std::int64_t offset) {
+  const int boundary = getSlackDivisor(item);
+  if (boundary == 0 || offset % boundary == 0)
+    return nullptr;
+  return makeSlackEntry(item->getLevelNum(), boundary - offset % boundary);
+}
+
+//===----------------------------------------------------------------------===//
+// In front of an item
+//===----------------------------------------------------------------------===//
+
+/// Usages that have no boundary; SYNCHRONIZED says nothing there.
+static bool needsNoAlignment(UsageType usage) {
+  switch (usage) {
+  case UsageType::Display:
+  case UsageType::Display1:
+  case UsageType::National:
+  case UsageType::Comp3:
+  case UsageType::PackedDecimal:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
+  if (entry.getLevelNum() == 1 && entry.isGroupItem()) {
+    // The children have been checked already: the clauses are for the stages that follow.
+    for (DataDescription *child : entry.getChildrenElements())
+      child->setSynchronized(new ClauseSynchronized(nullptr, nullptr));
+    return true;
+  }
+  DataDescription *group = entry.getParent();
+  if (!group || needsNoAlignment(entry.getUsageType()))
+    return true;
+  const std::int64_t offset = entry.getOffset();
+  if (offset == 0)
+    return true;
+  DataDescription *slack = createSlackBytes(&entry, offset);
+  if (!slack)
+    return true;
+  // A group starts where its first item does. That only one level is climbed is on purpose.
+  const bool startsGroup = *group->getChildrenBegin() == &entry;
+  if (startsGroup && group->getLevelNum() != 1 && group->getParent())
+    group->getParent()->insertChildBefore(group, slack);
+  else
+    group->insertChildBefore(&entry, slack);
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// At the end of an occurrence
+//===----------------------------------------------------------------------===//
+
+int SemanticChecker::getMaxOccursSyncSize(DataDescription *group) {
+  int size = 0;
+  for (DataDescription *child : group->getChildrenElements()) {
+    // What a subgroup needs takes the place of what came before, even of more: on purpose.
+    if (child->isGroupItem())
+      size = getMaxOccursSyncSize(child);
+    // The boundary is asked for twice, on purpose.
+    if (child->getSynchronized() && getSlackDivisor(child) > size)
+      size = getSlackDivisor(child);
+  }
+  return size;
+}
+
+bool SemanticChecker::addOccursSlackBytes(DataDescription &entry) {
+  const int boundary = getMaxOccursSyncSize(&entry);
+  // None of the SYNCHRONIZED items in the table may have a boundary.
+  if (boundary == 0)
+    return true;
+  const std::int64_t rest = entry.getAllocSize() % boundary;
+  if (rest == 0)
+    return true;
+  const DataDescription *last = entry.getChildrenElements().back();
+  entry.addChildren(makeSlackEntry(last->getLevelNum(), boundary - rest));
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Sizes before an item
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::getSyncAllocBytes(DataDescription *node, int *bytes,
+                                        DataDescription *target) {
+  if (node == target)
+    return true;
+  if (!node->isGroupItem()) {
+    const std::int64_t size =
+        std::min<std::int64_t>(node->getElemAllocSize(), std::numeric_limits<int>::max());
+    if (llvm::AddOverflow(*bytes, static_cast<int>(size), *bytes))
+      *bytes = std::numeric_limits<int>::max();
+    return false;
+  }
+  for (DataDescription *child : node->getChildrenElements())
+    if (getSyncAllocBytes(child, bytes, target))
+      return true;
+  return false;
+}
+
+} // namespace tarka
