@@ -461,6 +461,7 @@ private:
   bool checkUseFile(IdentifierExpression &name);
   bool checkUseReporting(UseStatement &use);
   bool checkUseProcedures(UseStatement &use);
+  bool checkSentences(const std::list<Sentence *> &sentences, Section *section);
 
   // SCFileDescription.cpp
   bool checkFileRecords(FileDescription &file);

@@ -234,8 +234,7 @@ bool SemanticChecker::semanticCheck(ProcedureDivision &division) {
     ok &= semanticCheck(*declarative);
   }
 
-  for (Sentence *sentence : division.getSentElements())
-    ok &= semanticCheck(*sentence, nullptr);
+  ok &= checkSentences(division.getSentElements(), nullptr);
   for (Paragraph *paragraph : division.getParaElements())
     ok &= semanticCheck(*paragraph, nullptr);
   for (Section *section : division.getSectElements()) {
@@ -379,16 +378,20 @@ bool SemanticChecker::semanticCheck(Section &section) {
     if (number < 0 || number > 99)
       ok = report(ErrorCode::PriorityNumberRange, priority);
   }
-  for (Sentence *sentence : section.getSentElements())
-    ok &= semanticCheck(*sentence, &section);
+  ok &= checkSentences(section.getSentElements(), &section);
   for (Paragraph *paragraph : section.getParaElements())
     ok &= semanticCheck(*paragraph, &section);
   return ok;
 }
 
 bool SemanticChecker::semanticCheck(Paragraph &paragraph, Section *section) {
+  return checkSentences(paragraph.getSentElements(), section);
+}
+
+/// A sentence that is missing passes.
+bool SemanticChecker::checkSentences(const std::list<Sentence *> &sentences, Section *section) {
   bool ok = true;
-  for (Sentence *sentence : paragraph.getSentElements())
+  for (Sentence *sentence : sentences)
     if (sentence)
       ok &= semanticCheck(*sentence, section);
   return ok;
