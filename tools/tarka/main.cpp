@@ -1,9 +1,9 @@
-//===- main.cpp - the tarka program ----------------------------------------===//
+//===- main.cpp - the tarka program ---------------------------------------===//
 
-#include <CLI/CLI.hpp>
+#include "CommandLine.h"
+#include "Driver.h"
 
 int main(int argc, char **argv) {
-  CLI::App app("Analyses COBOL source", "tarka");
-  app.set_version_flag("--version", "tarka " TARKA_VERSION);
-  CLI11_PARSE(app, argc, argv);
+  tarka::CommandLineResult line = tarka::readCommandLine(argc, argv);
+  return line.request ? tarka::carryOut(*line.request) : line.exitStatus;
 }

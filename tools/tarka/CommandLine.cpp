@@ -1,0 +1,120 @@
+//===- CommandLine.cpp - reading the command line -------------------------===//
+
+#include "CommandLine.h"
+#include <CLI/CLI.hpp>
+#include <map>
+
+namespace tarka {
+
+namespace {
+
+const std::map<std::string, SourceFormat> sourceFormats{
+    {"auto", SourceFormat::Auto}, {"fixed", SourceFormat::Fixed}, {"free", SourceFormat::Free}};
+
+const std::map<std::string, OutputFormat> graphFormats{
+    {"text", OutputFormat::Text}, {"json", OutputFormat::Json}, {"dot", OutputFormat::Dot}};
+
+/// NAME=VALUE, or NAME alone.
+void addDefinition(Request &request, const std::string &definition) {
+  std::string::size_type equals = definition.find('=');
+  if (equals == 0)
+    throw CLI::ValidationError("-D", "a name is missing in '" + definition +
+                                         "'; write -D NAME=VALUE or -D NAME");
+  if (equals == std::string::npos)
+    request.parse.defines.emplace_back(definition, "");
+  else
+    request.parse.defines.emplace_back(definition.substr(0, equals), definition.substr(equals + 1));
+}
+
+/// What every command takes: the files, how to read them, and the compile options.
+void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
+  auto *files = app.add_option("FILE", request.files, "the source to read")->required();
+  if (severalFiles)
+    files->option_text("FILE...");
+  else
+    files->expected(1);
+  app.add_option("-I", request.parse.includeDirectories,
+                 "a directory with copybooks; may be given several times")
+      ->option_text("DIR")
+      ->allow_extra_args(false);
+  app.add_option_function<std::vector<std::string>>(
+         "-D",
+         [&request](const std::vector<std::string> &definitions) {
+           for (const std::string &definition : definitions)
+             addDefinition(request, definition);
+         },
+         "a compilation variable for >>IF and >>EVALUATE")
+      ->option_text("NAME[=VALUE]")
+      ->allow_extra_args(false);
+  app.add_option("--source-format", request.parse.format, "the layout of the lines (auto)")
+      ->option_text("fixed|free|auto")
+      ->transform(CLI::Transformer(sourceFormats).description(""))
+      ->check(CLI::IsMember(sourceFormats).description(""));
+
+  const char *group = "Compile options";
+  app.add_flag("--check-file-id", request.checkFileId, "PROGRAM-ID must be the name of the file")
+      ->group(group);
+  app.add_flag("--dateproc", request.dateproc, "honour DATE FORMAT clauses")->group(group);
+  app.add_flag("--debug", request.debug, "debugging mode")->group(group);
+  app.add_flag("--dual", request.dual, "mark dual variables")->group(group);
+  app.add_flag("--init", request.init, "items without VALUE are initialised")->group(group);
+  app.add_flag("--enable-cbltdli", request.enableCbltdli, "calls of CBLTDLI are DL/I calls")
+      ->group(group);
+  app.add_flag("--enable-aertdli", request.enableAertdli, "calls of AERTDLI are DL/I calls")
+      ->group(group);
+  app.add_flag("--enable-rw", request.enableRw, "the report writer's registers and identifiers")
+      ->group(group);
+  app.add_flag("--enable-osvs", request.parse.osvs, "the words and statements of OS/VS COBOL")
+      ->group(group);
+}
+
+} // namespace
+
+CommandLineResult readCommandLine(int argc, char **argv) {
+  CommandLineResult result;
+  Request request;
+
+  CLI::App app("Tarka analyses COBOL source.\n"
+               "When only files are given, they are checked.",
+               "tarka");
+  app.set_version_flag("--version", "tarka " TARKA_VERSION);
+  app.require_subcommand(1);
+
+  CLI::App *check = app.add_subcommand("check", "report what is wrong with each FILE");
+  addCommonOptions(*check, request, true);
+  check->add_flag("--verify", request.verify,
+                  "compare the report with the expectations in the source: *> expect: NUMBER");
+  check->add_option("-j", request.jobs, "files to check at the same time (one a processor)")
+      ->option_text("N")
+      ->check(CLI::Range(1, 1024).description(""));
+
+  CLI::App *cfg = app.add_subcommand("cfg", "print the control-flow graph of FILE");
+  addCommonOptions(*cfg, request, false);
+  cfg->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json|dot")
+      ->transform(CLI::Transformer(graphFormats).description(""))
+      ->check(CLI::IsMember(graphFormats).description(""));
+  cfg->add_flag("--keep-going", request.keepGoing, "build the graph though the checks failed");
+
+  // tarka FILE... is tarka check FILE...
+  std::vector<std::string> arguments(argv + 1, argv + argc);
+  auto isForTheProgram = [&](const std::string &word) {
+    return word == "check" || word == "cfg" || word == "--help" || word == "-h" ||
+           word == "--version";
+  };
+  if (!arguments.empty() && !isForTheProgram(arguments.front()))
+    arguments.insert(arguments.begin(), "check");
+  std::reverse(arguments.begin(), arguments.end());
+
+  try {
+    app.parse(arguments);
+  } catch (const CLI::ParseError &error) {
+    result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
+    return result;
+  }
+  request.command = cfg->parsed() ? Command::Cfg : Command::Check;
+  result.request = std::move(request);
+  return result;
+}
+
+} // namespace tarka

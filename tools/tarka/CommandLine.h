@@ -1,0 +1,59 @@
+//===- CommandLine.h - what the program was asked to do ---------*- C++ -*-===//
+
+#ifndef TARKA_TOOLS_COMMANDLINE_H
+#define TARKA_TOOLS_COMMANDLINE_H
+
+#include "Parse/ParseOptions.h"
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tarka {
+
+/// The exit status of the program. Above Unusable it is an internal failure.
+enum ExitStatus : int {
+  ExitClean = 0,    ///< nothing wrong
+  ExitFindings = 1, ///< an error was reported, or the checks did not succeed
+  ExitUnusable = 2, ///< the command line was wrong or a file could not be read
+  ExitInternal = 3, ///< a worker crashed, or output could not be written
+};
+
+enum class Command { Check, Cfg };
+enum class OutputFormat { Text, Json, Dot };
+
+/// What the command line asked for.
+struct Request {
+  Command command = Command::Check;
+  std::vector<std::string> files;
+  ParseOptions parse;
+
+  // The compile options.
+  bool checkFileId = false;
+  bool dateproc = false;
+  bool debug = false;
+  bool dual = false;
+  bool init = false;
+  bool enableCbltdli = false;
+  bool enableAertdli = false;
+  bool enableRw = false;
+
+  // check
+  bool verify = false;
+  unsigned jobs = 0; ///< 0 is one for each processor
+
+  // cfg
+  OutputFormat format = OutputFormat::Text;
+  bool keepGoing = false;
+};
+
+/// Reads the command line. Gives the request, or the exit status with which to end at once: after
+/// --help and --version, and after a message to standard error when the command line is wrong.
+struct CommandLineResult {
+  std::optional<Request> request;
+  int exitStatus = ExitClean;
+};
+CommandLineResult readCommandLine(int argc, char **argv);
+
+} // namespace tarka
+
+#endif // TARKA_TOOLS_COMMANDLINE_H

@@ -1,0 +1,153 @@
+//===- Driver.cpp - carrying out a command --------------------------------===//
+
+#include "Driver.h"
+#include "AST/Program.h"
+#include "Analyzer/CFGBuilder.h"
+#include "Analyzer/CFGVerifier.h"
+#include "Analyzer/CompileOption.h"
+#include "Analyzer/ErrorHandler.h"
+#include "Analyzer/SemanticChecker.h"
+#include "Analyzer/TopLevel.h"
+#include "Parse/Parse.h"
+#include "PrintGraph.h"
+#include "Verify.h"
+#include "Workers.h"
+#include "llvm/Support/Path.h"
+#include "llvm/Support/raw_ostream.h"
+#include "llvm/Support/thread.h"
+
+namespace tarka {
+
+namespace {
+
+/// The tree is walked by recursion, as deep as the source nests and as long as its chains of
+/// operators are; this much stack is reserved for it, and what is not used costs nothing.
+constexpr unsigned stackSize = 1u << 30;
+
+void setCompileOptions(const Request &request) {
+  CompileOption *options = CompileOption::getCompileOptionInstance();
+  options->setCheckFileID(request.checkFileId);
+  options->setOptionDateproc(request.dateproc);
+  options->setOptionDebug(request.debug);
+  options->setOptionDual(request.dual);
+  options->setOptionInit(request.init);
+  options->setOptionEnableCbltdli(request.enableCbltdli);
+  options->setOptionEnableAertdli(request.enableAertdli);
+  options->setOptionEnableRw(request.enableRw);
+  options->setOptionEnableOsvs(request.parse.osvs);
+}
+
+/// One file on its way through reading, checks and graph.
+class Compilation {
+public:
+  Compilation(const Request &request, const std::string &file) : request(request), file(file) {}
+
+  /// Carries out the command on the file and gives the exit status.
+  int run();
+
+private:
+  void report();
+  int printGraph();
+  bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
+
+  const Request &request;
+  const std::string &file;
+  FrontEndDiagnostics frontEnd;
+  ErrorHandler handler;
+  Program *program = nullptr;
+  bool checksSucceeded = false;
+};
+
+int Compilation::run() {
+  setCompileOptions(request);
+  llvm::StringRef baseName = llvm::sys::path::filename(file);
+  TopLevel::getTopLevelInstance(baseName.str());
+
+  llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
+  if (!parsed) {
+    llvm::errs() << "tarka: cannot read " << file << ": " << parsed.getError().message() << '\n';
+    return ExitUnusable;
+  }
+  program = *parsed;
+  SemanticChecker checker(&handler);
+  checksSucceeded = checker.semanticCheck(*program);
+
+  if (request.verify)
+    return verifyReport(file, frontEnd, handler, llvm::errs()) ? ExitClean : ExitFindings;
+  report();
+  if (request.command == Command::Cfg)
+    return printGraph();
+  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
+}
+
+/// What the front end found comes first, then what the checks found, in one form.
+void Compilation::report() {
+  llvm::raw_ostream &out = llvm::errs();
+  out.SetBuffered();
+  for (const DiagnosticEntry &entry : frontEnd.getEntries())
+    out << fileNameOf(entry.place.file) << ':' << entry.place.beginLine << ':'
+        << entry.place.beginColumn << " - " << entry.place.endLine << ':' << entry.place.endColumn
+        << ' ' << severityName(entry.severity) << ' ' << entry.getNumber() << " : " << entry.message
+        << '\n';
+  out.flush();
+  handler.Report();
+}
+
+int Compilation::printGraph() {
+  bool failed = hasErrors() || !checksSucceeded;
+  if (failed && !request.keepGoing) {
+    llvm::errs() << "tarka: no graph of " << file << " is printed: "
+                 << (hasErrors() ? "the errors above come first"
+                                 : "the checks did not succeed, though no message says why (an "
+                                   "ALTER statement, for one, always makes them fail)")
+                 << "; --keep-going prints it all the same\n";
+    return ExitFindings;
+  }
+
+  CFGModule *module = CFGBuilder().createModule(*program);
+  std::vector<std::string> faults = verifyModule(*module, *program);
+  for (const std::string &fault : faults)
+    llvm::errs() << "tarka: the graph of " << file << " is wrong: " << fault << '\n';
+  if (!faults.empty())
+    return ExitInternal;
+
+  GraphView view;
+  switch (request.format) {
+  case OutputFormat::Text:
+    printGraphText(llvm::outs(), *module, view);
+    break;
+  case OutputFormat::Json:
+    printGraphJson(llvm::outs(), *module, view);
+    break;
+  case OutputFormat::Dot:
+    printGraphDot(llvm::outs(), *module, view);
+    break;
+  }
+  llvm::outs().flush();
+  if (llvm::outs().has_error()) {
+    llvm::errs() << "tarka: cannot write the graph: " << llvm::outs().error().message() << '\n';
+    llvm::outs().clear_error();
+    return ExitInternal;
+  }
+  return failed ? ExitFindings : ExitClean;
+}
+
+/// Carries out the command on one file in this process.
+int runHere(const Request &request, const std::string &file) {
+  int status = ExitInternal;
+  llvm::thread worker(std::optional<unsigned>(stackSize),
+                      [&] { status = Compilation(request, file).run(); });
+  worker.join();
+  return status;
+}
+
+} // namespace
+
+int carryOut(const Request &request) {
+  if (request.files.size() == 1)
+    return runHere(request, request.files.front());
+  return runWorkers(request.files, request.jobs,
+                    [&](const std::string &file) { return runHere(request, file); });
+}
+
+} // namespace tarka

@@ -1,0 +1,19 @@
+//===- Driver.h - carrying out a command ------------------------*- C++ -*-===//
+
+#ifndef TARKA_TOOLS_DRIVER_H
+#define TARKA_TOOLS_DRIVER_H
+
+#include "CommandLine.h"
+
+namespace tarka {
+
+/// Carries out the request and gives the exit status. Reports go to standard error, what was asked
+/// to be printed to standard output.
+///
+/// There is one compilation in a process: for several files a worker process is started for each,
+/// so that a crash or a runaway costs that file only. Their reports come in the order of the files.
+int carryOut(const Request &request);
+
+} // namespace tarka
+
+#endif // TARKA_TOOLS_DRIVER_H

@@ -1,0 +1,115 @@
+//===- Workers.cpp - a process for each file ------------------------------===//
+
+#include "Workers.h"
+#include "CommandLine.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/Support/Errno.h"
+#include "llvm/Support/raw_ostream.h"
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <sys/mman.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+namespace tarka {
+
+namespace {
+
+/// One file's worker: the memory files that take what it prints, and how it ended.
+struct Worker {
+  int out = -1;
+  int err = -1;
+  int waitStatus = 0;
+  bool started = false;
+  bool ended = false;
+};
+
+/// Copies what a worker printed to \p target. False when it cannot be written.
+bool copyOut(int memoryFile, int target) {
+  if (memoryFile < 0)
+    return true;
+  char buffer[1 << 16];
+  off_t offset = 0;
+  bool written = true;
+  for (ssize_t got; (got = pread(memoryFile, buffer, sizeof buffer, offset)) > 0; offset += got)
+    for (ssize_t done = 0; written && done < got;) {
+      ssize_t count = write(target, buffer + done, got - done);
+      if (count < 0 && errno == EINTR)
+        continue;
+      written = count > 0;
+      done += count;
+    }
+  close(memoryFile);
+  return written;
+}
+
+/// Passes on what the worker printed, tells of its death if it died, and gives its exit status.
+int finish(Worker &worker, const std::string &file) {
+  bool written = copyOut(worker.out, STDOUT_FILENO);
+  written &= copyOut(worker.err, STDERR_FILENO);
+  if (!written)
+    return ExitInternal;
+  if (!worker.started) {
+    llvm::errs() << "tarka: " << file << ": no process could be started for it\n";
+    return ExitInternal;
+  }
+  if (WIFSIGNALED(worker.waitStatus)) {
+    llvm::errs() << "tarka: " << file << ": internal failure ("
+                 << strsignal(WTERMSIG(worker.waitStatus)) << ")\n";
+    return ExitInternal;
+  }
+  return WEXITSTATUS(worker.waitStatus);
+}
+
+} // namespace
+
+int runWorkers(const std::vector<std::string> &files, unsigned jobs,
+               llvm::function_ref<int(const std::string &)> work) {
+  if (jobs == 0)
+    jobs = std::max(1u, std::thread::hardware_concurrency());
+
+  std::vector<Worker> workers(files.size());
+  llvm::DenseMap<pid_t, std::size_t> running;
+  std::size_t next = 0, printed = 0;
+  int status = ExitClean;
+
+  while (printed < files.size()) {
+    // Start workers while there is room.
+    while (next < files.size() && running.size() < jobs) {
+      Worker &worker = workers[next];
+      worker.out = memfd_create("out", MFD_CLOEXEC);
+      worker.err = memfd_create("err", MFD_CLOEXEC);
+      pid_t child = fork();
+      if (child == 0) {
+        dup2(worker.out, STDOUT_FILENO);
+        dup2(worker.err, STDERR_FILENO);
+        int result = work(files[next]);
+        llvm::outs().flush();
+        _exit(result);
+      }
+      worker.started = child > 0;
+      worker.ended = !worker.started;
+      if (child > 0)
+        running[child] = next;
+      ++next;
+    }
+
+    // Take one that has ended.
+    int waitStatus;
+    pid_t ended = running.empty() ? 0 : waitpid(-1, &waitStatus, 0);
+    if (auto found = running.find(ended); ended > 0 && found != running.end()) {
+      workers[found->second].waitStatus = waitStatus;
+      workers[found->second].ended = true;
+      running.erase(found);
+    }
+
+    // Print what is complete, in the order of the files.
+    for (; printed < files.size() && workers[printed].ended; ++printed)
+      status = std::max(status, finish(workers[printed], files[printed]));
+  }
+  return status;
+}
+
+} // namespace tarka
