@@ -94,6 +94,12 @@ CommandLineResult readCommandLine(int argc, char **argv) {
       ->option_text("text|json|dot")
       ->transform(CLI::Transformer(graphFormats).description(""))
       ->check(CLI::IsMember(graphFormats).description(""));
+  cfg->add_option("--function", request.view.function, "only this program's function")
+      ->option_text("NAME");
+  cfg->add_option("--paragraph", request.view.paragraph,
+                  "only the blocks of the paragraphs and sections of this name")
+      ->option_text("NAME");
+  cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure (text and dot)");
   cfg->add_flag("--keep-going", request.keepGoing, "build the graph though the checks failed");
 
   // tarka FILE... is tarka check FILE...

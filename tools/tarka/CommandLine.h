@@ -4,6 +4,7 @@
 #define TARKA_TOOLS_COMMANDLINE_H
 
 #include "Parse/ParseOptions.h"
+#include "PrintGraph.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -43,6 +44,7 @@ struct Request {
 
   // cfg
   OutputFormat format = OutputFormat::Text;
+  GraphView view;
   bool keepGoing = false;
 };
 

@@ -105,22 +105,21 @@ int Compilation::printGraph() {
   }
 
   CFGModule *module = CFGBuilder().createModule(*program);
-  std::vector<std::string> faults = verifyModule(*module, *program);
-  for (const std::string &fault : faults)
-    llvm::errs() << "tarka: the graph of " << file << " is wrong: " << fault << '\n';
-  if (!faults.empty())
+  std::vector<CFGFailure> failures = verifyModule(*module);
+  for (const CFGFailure &failure : failures)
+    llvm::errs() << "tarka: the graph of " << file << " is wrong: " << failure << '\n';
+  if (!failures.empty())
     return ExitInternal;
 
-  GraphView view;
   switch (request.format) {
   case OutputFormat::Text:
-    printGraphText(llvm::outs(), *module, view);
+    printGraphText(llvm::outs(), *module, request.view);
     break;
   case OutputFormat::Json:
-    printGraphJson(llvm::outs(), *module, view);
+    printGraphJson(llvm::outs(), *module, request.view);
     break;
   case OutputFormat::Dot:
-    printGraphDot(llvm::outs(), *module, view);
+    printGraphDot(llvm::outs(), *module, request.view);
     break;
   }
   llvm::outs().flush();
