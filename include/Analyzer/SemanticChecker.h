@@ -35,6 +35,8 @@ class ParaIOControl;
 class ParaObjectComputer;
 class ParaSourceComputer;
 class ParaSpecialNames;
+class ClausePassWord;
+class PhrsAlphabet;
 class PhrsClass;
 class PhrsSymbolic;
 
@@ -469,8 +471,14 @@ private:
   bool checkFileLength(NumericLiteralExpression *length, ErrorCode notUnsigned);
   bool checkRecordDependingOn(ClauseRecord &clause);
   bool checkValueOfField(Expression &value);
+  // SCDivisionEnvironment.cpp
+  bool checkAlphabetLiteral(LiteralExpression *literal, DataCategory reference, bool isThru);
+  bool checkAlphabetPhrase(PhrsAlphabet &phrase, DataCategory reference);
+  bool checkFileStatus(DataIdentifierExpression &status);
+  bool checkPassword(ClausePassWord &clause);
 
   // SCExprIdentifiers.cpp
+  llvm::SmallVector<FileDescription *, 2> findFiles(FileIdentifierExpression &identifier);
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
 
   // SCDataDescription.cpp

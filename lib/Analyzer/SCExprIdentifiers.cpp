@@ -23,20 +23,23 @@ SourceUnit *currentUnit() {
 
 /// The files of that name: those of the unit itself, else the GLOBAL ones of the nearest unit
 /// around it that has any.
-static llvm::SmallVector<FileDescription *, 2> findFiles(SourceUnit *unit,
-                                                         const std::string &name) {
+llvm::SmallVector<FileDescription *, 2>
+SemanticChecker::findFiles(FileIdentifierExpression &identifier) {
+  const std::string &name = identifier.getFileName()->getWordData();
   llvm::SmallVector<FileDescription *, 2> found;
-  for (bool isOuter = false; unit && found.empty(); unit = unit->getParent(), isOuter = true)
+  bool isOuter = false;
+  for (SourceUnit *unit = currentUnit(); unit && found.empty(); unit = unit->getParent()) {
     if (DataDivision *division = unit->getDataDivision())
       for (FileDescription *file : division->findFiles(name))
         if (!isOuter || file->getGlobal())
           found.push_back(file);
+    isOuter = true;
+  }
   return found;
 }
 
 bool SemanticChecker::semanticCheck(FileIdentifierExpression &identifier) {
-  llvm::SmallVector<FileDescription *, 2> found =
-      findFiles(currentUnit(), identifier.getFileName()->getWordData());
+  llvm::SmallVector<FileDescription *, 2> found = findFiles(identifier);
   if (found.empty())
     return report(ErrorCode::FileNameUndefined, &identifier);
   identifier.setFileDescription(found.front());
