@@ -232,6 +232,9 @@ class SortIO : public Node {
 public:
   SortIO(const Node *at, SortIOType format) : Node(at), type(format) {}
 
+  /// The procedures of the procedure format.
+  ProcedureRange &getProcedures() { return range; }
+
   /// Records what the first procedure-name stands for, then what the second does.
   void addSection(Section *section) { range.addSection(section); }
   void addParagraph(Paragraph *paragraph) { range.addParagraph(paragraph); }

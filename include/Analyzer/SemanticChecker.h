@@ -61,6 +61,7 @@ class AlterItem;
 class ExceptionHandler;
 class Parameter;
 class PerformVarying;
+class ProcedureRange;
 class Returning;
 class AcceptStatement;
 class AddStatement;
@@ -98,6 +99,7 @@ class RwSuppressStatement;
 class RwTerminateStatement;
 class SearchStatement;
 class SetStatement;
+class SortIO;
 class SortStatement;
 class StartStatement;
 class StopStatement;
@@ -534,7 +536,9 @@ private:
                                      const std::string &sectionName);
   Paragraph *reportNotUnique(QualifiedWord &name);
   Paragraph *reportNoProcedure(QualifiedWord &name);
-  bool resolvePerformRange(PerformStatement &statement);
+  bool resolveRange(ProcedureRange &range, QualifiedWord *begin, QualifiedWord *thru,
+                    Statement &statement);
+  bool checkSortIO(SortIO *phrase, Statement &statement);
   bool checkPerformTimes(Expression &times);
   bool checkPerformVarying(PerformVarying &phrase);
   bool resolveAlterItem(AlterItem &item, AlterStatement &statement);

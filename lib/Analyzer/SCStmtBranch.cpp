@@ -175,7 +175,9 @@ bool SemanticChecker::semanticCheck(PerformStatement &statement) {
     for (Statement *inner : statement.getInlineStatementsElements())
       ok &= semanticCheck(*inner);
   } else if (statement.getProcedureName()) {
-    if (!resolvePerformRange(statement))
+    PerformProcedure *procedures = statement.getProcedureName();
+    if (!resolveRange(*procedures, procedures->getProcedureName1(), procedures->getProcedureName2(),
+                      statement))
       return false;
   } else {
     // An empty inline PERFORM does nothing, which CONTINUE says.
@@ -207,10 +209,10 @@ template <typename Procedure> void markPerformEnd(Procedure *procedure, int line
 
 } // namespace
 
-/// Finds the procedures of the range and marks the one that ends it. The last PERFORM that ends at
-/// a procedure leaves its line there.
-bool SemanticChecker::resolvePerformRange(PerformStatement &statement) {
-  PerformProcedure &range = *statement.getProcedureName();
+/// Finds the procedures of the range and marks the one that ends it. The last statement whose range
+/// ends at a procedure leaves its line there.
+bool SemanticChecker::resolveRange(ProcedureRange &range, QualifiedWord *begin, QualifiedWord *thru,
+                                   Statement &statement) {
   auto resolve = [&](QualifiedWord *name, bool isEnd) {
     Section *section = findSectionFromQualWord(name, &statement);
     Paragraph *paragraph = section ? nullptr : findParagraphFromQualWord(name, &statement);
@@ -225,9 +227,9 @@ bool SemanticChecker::resolvePerformRange(PerformStatement &statement) {
     }
     return section || paragraph;
   };
-  if (range.getProcedureName2())
-    return resolve(range.getProcedureName1(), false) && resolve(range.getProcedureName2(), true);
-  if (!resolve(range.getProcedureName1(), true))
+  if (thru)
+    return resolve(begin, false) && resolve(thru, true);
+  if (!resolve(begin, true))
     return false;
   range.setThruSection(range.getBeginSection());
   range.setThruParagraph(range.getBeginParagraph());

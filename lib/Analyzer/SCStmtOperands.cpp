@@ -6,9 +6,12 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/Condition.h"
+#include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
+#include <algorithm>
+#include <cstdint>
 
 namespace tarka {
 
@@ -350,6 +353,38 @@ bool SemanticChecker::semanticCheck(ReleaseStatement &statement) {
   return OperandCheck(*this).one(statement.getRecordName()).one(statement.getFromIdentifier());
 }
 
+/// An input or output procedure is run like a performed range.
+bool SemanticChecker::checkSortIO(SortIO *phrase, Statement &statement) {
+  if (!phrase)
+    return true;
+  if (phrase->getType() == SortIOType::Procedure)
+    return resolveRange(phrase->getProcedures(), phrase->getFromProcedureName(),
+                        phrase->getToProcedureName(), statement);
+  return OperandCheck(*this).all(phrase->getFileNameListElements());
+}
+
+bool SemanticChecker::semanticCheck(SortStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getFileName());
+  for (SortKey *key : statement.getKeyListElements())
+    check.all(key->getKeyNameListElements());
+  bool result = check;
+  result &= checkSortIO(statement.getInput(), statement);
+  result &= checkSortIO(statement.getOutput(), statement);
+  return result;
+}
+
+bool SemanticChecker::semanticCheck(MergeStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getFileName());
+  for (SortKey *key : statement.getKeySeqElements())
+    check.all(key->getKeyNameListElements());
+  bool result = check;
+  result &= checkSortIO(statement.getInput(), statement);
+  result &= checkSortIO(statement.getOutput(), statement);
+  return result;
+}
+
 //===----------------------------------------------------------------------===//
 // XML and reports
 //===----------------------------------------------------------------------===//
@@ -363,6 +398,22 @@ bool SemanticChecker::semanticCheck(XMLGenerateStatement &statement) {
       .one(statement.getNameSpaceExpr())
       .one(statement.getPrefixExpr())
       .all(statement.getOnExcpHandlerElements());
+}
+
+/// The processing procedure is run like a performed range. The register XML-TEXT will have to hold
+/// the largest document that the source unit parses.
+bool SemanticChecker::semanticCheck(XMLParseStatement &statement) {
+  OperandCheck check(*this);
+  check.one(statement.getParseIdent())
+      .one(statement.getCodePage())
+      .one(statement.getValidatingIdent());
+  if (DataDescription *document =
+          statement.getParseIdent() ? statement.getParseIdent()->getDataDescription() : nullptr)
+    setXmlTextSize(std::max<std::uint64_t>(getXmlTextSize(), document->getAllocSize()));
+  bool result = check;
+  result &= resolveRange(statement, statement.getParseProcedure(), statement.getThruProcedure(),
+                         statement);
+  return OperandCheck(*this).all(statement.getOnExcpHandlerElements()) && result;
 }
 
 bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
