@@ -44,6 +44,7 @@ class PhrsSymbolic;
 class ClausePicture;
 class ClauseRecord;
 class ClauseSign;
+class ClauseSource;
 class ClauseValue;
 
 // Conditions.
@@ -478,6 +479,10 @@ private:
   bool checkAlphabetPhrase(PhrsAlphabet &phrase, DataCategory reference);
   bool checkFileStatus(DataIdentifierExpression &status);
   bool checkPassword(ClausePassWord &clause);
+
+  // SCReportDescription.cpp
+  bool checkClauseSource(ClauseSource &clause);
+  bool checkReportEntry(ReportDataDescription &entry);
 
   // SCExprIdentifiers.cpp
   llvm::SmallVector<FileDescription *, 2> findFiles(FileIdentifierExpression &identifier);
