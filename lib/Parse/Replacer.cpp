@@ -239,7 +239,7 @@ void Replacer::readAgain(bool asPicture) {
   for (const Token &token : run) {
     text += token.spelling.empty() ? token.text : token.isWord() ? token.spelling : token.text;
     ends.push_back(text.size());
-    inherited |= token.flags & Token::FromReplacement;
+    inherited |= token.flags & (Token::FromReplacement | Token::FixedForm);
   }
   const llvm::StringRef kept = copyForever(text);
   llvm::SmallVector<Token, 16> old(run.begin(), run.end());
