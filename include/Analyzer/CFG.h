@@ -106,7 +106,9 @@ class CFGBlock : public CFGRecord {
 public:
   /// A block outside of every list; \p owner may be null. CFGGraph::addBlock() adds it.
   CFGBlock(llvm::StringRef blockName, CFGGraph *owner)
-      : name(&internString(blockName)), graph(owner) {}
+      : CFGBlock(&internString(blockName), owner) {}
+  /// The same with a name that lives forever, such as that of a Word.
+  CFGBlock(const std::string *blockName, CFGGraph *owner) : name(blockName), graph(owner) {}
 
   const std::string &getName() const { return *name; }
 
@@ -172,7 +174,9 @@ private:
 class CFGGraph : public CFGRecord {
 public:
   /// Makes a block at the end of the list. Other blocks of that name stay as they are.
-  CFGBlock *createBlock(llvm::StringRef name);
+  CFGBlock *createBlock(llvm::StringRef name) { return createBlock(&internString(name)); }
+  /// The same with a name that lives forever, such as that of a Word.
+  CFGBlock *createBlock(const std::string *name);
   /// The first block of exactly that name, case included; null when there is none.
   CFGBlock *findBlock(llvm::StringRef name);
   /// Appends a block that was made by itself, and takes it for this graph's own.

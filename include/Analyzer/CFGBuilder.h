@@ -98,7 +98,13 @@ private:
   void startProcedure(Word *name, Section &section, CFGBlockType type);
   void startProcedure(Word *name, Paragraph &paragraph);
   CFGBlock *appendTerminator(Statement *statement);
-  CFGBlock *makeTerminatorBlock(llvm::StringRef name);
+  CFGBlock *makeTerminatorBlock(const std::string *name);
+  CFGBlock *makeTerminatorBlock(llvm::StringRef name) {
+    return makeTerminatorBlock(&internString(name));
+  }
+  static const std::string *makeName(const llvm::Twine &name);
+  static const std::string *makeLineName(llvm::StringRef prefix, const Node *statement,
+                                         llvm::StringRef suffix);
   void lowerList(const StatementList &statements);
   CFGBlock *lowerBranch(llvm::StringRef name, const StatementList &statements);
   void lowerPhrase(CFGBlock *start, ExceptionHandler *phrase, bool isNot, const BranchNames &names,

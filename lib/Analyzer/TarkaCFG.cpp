@@ -10,6 +10,7 @@
 #include "Analyzer/CFG.h"
 #include "Analyzer/CFGBuilder.h"
 #include "Analyzer/TopLevel.h"
+#include "llvm/ADT/Twine.h"
 #include <cassert>
 #include <iterator>
 
@@ -40,7 +41,7 @@ void CFGBlock::addCFGElemReportDecl(ReportDescription *report) {
   addElement(CFGElem::ElemType::ReportDeclaration, nullptr, nullptr, nullptr, report);
 }
 
-CFGBlock *CFGGraph::createBlock(llvm::StringRef name) {
+CFGBlock *CFGGraph::createBlock(const std::string *name) {
   CFGBlock *block = new CFGBlock(name, this);
   addBlock(block);
   return block;
@@ -79,6 +80,12 @@ CFGBlock *CFGBuilder::continueInNewBlock(llvm::StringRef name) {
   return continueOn(graph->createBlock(name));
 }
 
+/// A name that is put together lives in the arena: it is hardly ever made twice, so that looking
+/// for an equal one would be in vain.
+const std::string *CFGBuilder::makeName(const llvm::Twine &name) {
+  return new (allocateForever(sizeof(std::string))) std::string(name.str());
+}
+
 /// Appends \p statement, which ends its block; gives that block.
 CFGBlock *CFGBuilder::appendTerminator(Statement *statement) {
   currentBlock->addCFGElemStmt(statement);
@@ -86,7 +93,7 @@ CFGBlock *CFGBuilder::appendTerminator(Statement *statement) {
   return currentBlock;
 }
 
-CFGBlock *CFGBuilder::makeTerminatorBlock(llvm::StringRef name) {
+CFGBlock *CFGBuilder::makeTerminatorBlock(const std::string *name) {
   CFGBlock *block = graph->createBlock(name);
   block->setHaveTerminator(true);
   return block;
@@ -266,12 +273,12 @@ void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
 //===----------------------------------------------------------------------===//
 
 void CFGBuilder::startProcedure(Word *name, Section &section, CFGBlockType type) {
-  continueInNewBlock(name->getWordData())->setBlockType(type);
+  continueOn(graph->createBlock(&name->getWordData()))->setBlockType(type);
   section.setStartBlock(currentBlock);
 }
 
 void CFGBuilder::startProcedure(Word *name, Paragraph &paragraph) {
-  continueInNewBlock(name->getWordData())->setBlockType(CFGBlockType::Procedure);
+  continueOn(graph->createBlock(&name->getWordData()))->setBlockType(CFGBlockType::Procedure);
   paragraph.setStartBlock(currentBlock);
 }
 
@@ -308,11 +315,11 @@ void CFGBuilder::lowerSentences(const std::list<Sentence *> &sentences) {
 /// one where control goes on that came here by falling through.
 void CFGBuilder::lowerProcedureExit(const std::string &name, Node *position, Section *section,
                                     Paragraph *paragraph) {
-  std::string exitName = name + "_exit";
+  const std::string *exitName = makeName(name + "_exit");
   CFGBlock *last = currentBlock;
-  last->addSuccessorBlock(continueInNewBlock(exitName));
+  last->addSuccessorBlock(continueOn(graph->createBlock(exitName)));
   CFGBlock *exit = appendTerminator(new InnerExitStatement(position, section, paragraph, nullptr));
-  exit->addSuccessorBlock(continueInNewBlock(exitName + "_after"));
+  exit->addSuccessorBlock(continueOn(graph->createBlock(makeName(*exitName + "_after"))));
 }
 
 void CFGBuilder::analysisSentence(Sentence &sentence) {

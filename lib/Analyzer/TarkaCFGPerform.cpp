@@ -20,8 +20,9 @@ static TopLevel &context() {
 }
 
 /// A name that tells the line of a statement: two statements of one line have the same.
-static std::string lineName(llvm::StringRef prefix, const Node *statement, llvm::StringRef suffix) {
-  return (prefix + llvm::Twine(statement->getBeginLineNo()) + suffix).str();
+const std::string *CFGBuilder::makeLineName(llvm::StringRef prefix, const Node *statement,
+                                            llvm::StringRef suffix) {
+  return makeName(prefix + llvm::Twine(statement->getBeginLineNo()) + suffix);
 }
 
 //===----------------------------------------------------------------------===//
@@ -37,7 +38,7 @@ CFGBlock *CFGBuilder::makePerformReturn(PerformStatement *statement, CFGBlock *a
   case PerformStmtType::Times:
   case PerformStmtType::Until:
   case PerformStmtType::Varying:
-    return makeTerminatorBlock(lineName("tkdummy_perform_", statement, "_line_return"));
+    return makeTerminatorBlock(makeLineName("tkdummy_perform_", statement, "_line_return"));
   }
   assert(0 && "Unreachable");
   return after;
@@ -49,7 +50,7 @@ void CFGBuilder::analysisPerformStmt(PerformStatement *statement) {
     return lowerInlinePerform(statement, start);
 
   // The range stays where it is; its last procedure has the exit that leads back.
-  CFGBlock *after = new CFGBlock(lineName("tkdummy_perform_", statement, "_line_after"), graph);
+  CFGBlock *after = new CFGBlock(makeLineName("tkdummy_perform_", statement, "_line_after"), graph);
   start->addAfterBlock(after);
   start->addSuccessorBlock(after);
   start->addReturnBlock(makePerformReturn(statement, after));
@@ -60,7 +61,7 @@ void CFGBuilder::analysisPerformStmt(PerformStatement *statement) {
 void CFGBuilder::lowerInlinePerform(PerformStatement *statement, CFGBlock *start) {
   CFGBlock *body = graph->createBlock("tkdummy_perform_inline");
   start->addInlineBlock(body);
-  CFGBlock *after = new CFGBlock(lineName("tkdummy_perform_", statement, "_line_after"), graph);
+  CFGBlock *after = new CFGBlock(makeLineName("tkdummy_perform_", statement, "_line_after"), graph);
   start->addAfterBlock(after);
   start->addReturnBlock(makePerformReturn(statement, after));
 
@@ -198,7 +199,7 @@ void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   CFGBlock *result = makeTerminatorBlock("tarkka_xml_parse_result_cond");
   afterProcedure->addSuccessorBlock(result);
   CFGBlock *exception =
-      makeTerminatorBlock(lineName("tkdummy_", statement, "_line_xml_exception_cond"));
+      makeTerminatorBlock(makeLineName("tkdummy_", statement, "_line_xml_exception_cond"));
   parser->addElseBlock(exception);
   result->addThenBlock(parser);
   result->addElseBlock(exception);
