@@ -340,9 +340,13 @@ void CFGBuilder::analysisSentence(Sentence &sentence) {
 //===----------------------------------------------------------------------===//
 
 void CFGBuilder::analysisStatement(Statement &statement) {
-  // A kind that no statement of the language has; USE stands in front of its section only.
+  // A kind that no statement of the language has, and USE, which stands in front of its section
+  // only.
   constexpr auto unusedKind = static_cast<StatementType>(16);
-  assert(statement.getType() != unusedKind && "not implemented");
+  if (statement.getType() == unusedKind || statement.getType() == StatementType::Use) {
+    assert(0 && "not implemented");
+    return;
+  }
 
   switch (statement.getType()) {
   case StatementType::Add:
@@ -413,9 +417,6 @@ void CFGBuilder::analysisStatement(Statement &statement) {
     return analysisXmlGenerateStmt(llvm::cast<XMLGenerateStatement>(&statement));
   case StatementType::XmlParse:
     return analysisXmlParseStmt(llvm::cast<XMLParseStatement>(&statement));
-  case StatementType::Use:
-    assert(0 && "not implemented");
-    return;
   default:
     // STOP RUN among them: it is an element like any other.
     currentBlock->addCFGElemStmt(&statement);

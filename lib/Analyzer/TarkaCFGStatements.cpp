@@ -197,8 +197,8 @@ void CFGBuilder::lowerInputOutput(FileStatement *statement, const HandlerList &p
 
   BlockList ends;
   for (ExceptionHandler *phrase : phrases) {
-    assert((!shape.invalidKeyOnly || phrase->getType() == ExceptionHandlerType::InvalidKey) &&
-           "not allow");
+    if (shape.invalidKeyOnly && phrase->getType() != ExceptionHandlerType::InvalidKey)
+      assert(0 && "not allow");
     lowerPhrase(start, phrase, phrase->isNotOn(), shape.branches, ends);
   }
   joinAt(shape.end, start, ends);
@@ -277,12 +277,14 @@ void CFGBuilder::lowerCallPhrases(CallStatement *statement, CFGBlock *notFound,
     if (isCallException(phrase)) {
       notFound->addSuccessorBlock(lowerBranch("tkdummy_call_exception", statements));
       hasException = true;
-    } else {
-      assert(phrase->getType() == ExceptionHandlerType::OnException && "not allow");
+    } else if (phrase->getType() == ExceptionHandlerType::OnException) {
       CFGBlock *branch = lowerBranch("tkdummy_call_not_exception", statements);
       for (CFGBlock *block : found)
         block->addSuccessorBlock(branch);
       hasNotException = true;
+    } else {
+      assert(0 && "not allow");
+      continue;
     }
     ends.push_back(currentBlock);
   }

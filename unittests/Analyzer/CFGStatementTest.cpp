@@ -209,3 +209,19 @@ TEST(CFGStatement, CallUnderOptions) {
       << shape;
   EXPECT_EQ(failures, "");
 }
+
+TEST(CFGStatementDeathTest, WhatTheChecksKeepAwayStopsTheBuilder) {
+  testing::GTEST_FLAG(death_test_style) = "fast";
+  auto *rewrite = make<RewriteStatement>(1, nullptr);
+  rewrite->addInvalidKeyHandler(phrase(Phrase::AtEnd));
+  EXPECT_DEATH(shapeOf({rewrite}), "0 && \"not allow\"");
+  CallStatement *call = callLiteral("'SUB'");
+  call->addExceptHandler(phrase(Phrase::AtEnd));
+  EXPECT_DEATH(shapeOf({call}), "0 && \"not allow\"");
+  auto *loop = make<PerformStatement>(1, static_cast<PerformStmtType>(5));
+  EXPECT_DEATH(shapeOf({loop}), "0 && \"Unreachable\"");
+  EXPECT_DEATH(shapeOf({make<Statement>(1, static_cast<StatementType>(16))}),
+               "0 && \"not implemented\"");
+  EXPECT_DEATH(shapeOf({make<UseStatement>(1, UseTimingType::AfterException)}),
+               "0 && \"not implemented\"");
+}
