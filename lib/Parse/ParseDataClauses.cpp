@@ -143,7 +143,10 @@ ClausePicture *Parser::parsePicture() {
     return nullptr;
   Word *string = takeWord();
   Node at = from(begin);
-  return new ClausePicture(&at, string);
+  auto *picture = new ClausePicture(&at, string);
+  if (decimalPointIsComma)
+    picture->decodePicture(/*decimalPointIsComma=*/true);
+  return picture;
 }
 
 /// The usage that the keyword names; None for other keywords.
