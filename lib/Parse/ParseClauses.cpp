@@ -148,8 +148,11 @@ bool Parser::unsupportedClause(llvm::StringRef what, const ClauseSet &clauses) {
 }
 
 void Parser::recoverToClause(const ClauseSet &clauses) {
-  while (!at(TokenKind::Period) && !clauses.contains(peek().keyword) && !atEntryBoundary(clauses))
+  while (!at(TokenKind::Period) && !clauses.contains(peek().keyword) && !atEntryBoundary(clauses)) {
+    if (clauses.beginsWithName && peek().isFirstOnLine() && atEnvironmentName())
+      return;
     stream.skip();
+  }
 }
 
 void Parser::recoverToEntry(const ClauseSet &clauses) {

@@ -33,7 +33,7 @@ DataDivision *Parser::parseDataDivision() {
       expected("a section of the data division");
     do
       stream.skip();
-    while (!atPartHeader() && !atDataSection());
+    while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
   }
   division->setRange(from(begin).getRange());
   return division;

@@ -41,7 +41,7 @@ static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
                                            Keyword::Dynamic,
                                            Keyword::Type};
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
-                                      /*endsAtLevelNumber=*/true};
+                                      /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
 
 bool Parser::parseDataClause(DataDescription &entry) {
   using Data = DataDescription;
@@ -138,9 +138,14 @@ ClausePicture *Parser::parsePicture() {
   SourceRange begin = here();
   stream.skip();
   accept(Keyword::Is);
-  // Where there is no string, the stream has said so: only there is it known what was looked for.
-  if (!at(TokenKind::PictureString))
-    return nullptr;
+  if (!at(TokenKind::PictureString)) {
+    // The stream, which looks for the string, has said so already where it knew of the clause.
+    bool isTold = llvm::any_of(diagnostics.getEntries(), [&](const DiagnosticEntry &entry) {
+      return entry.id == DiagnosticId::MissingPicture && entry.place.file == begin.file &&
+             entry.place.beginLine >= begin.beginLine;
+    });
+    return isTold ? nullptr : expected("a picture character-string");
+  }
   Word *string = takeWord();
   Node at = from(begin);
   auto *picture = new ClausePicture(&at, string);

@@ -253,7 +253,8 @@ void Parser::parseSpecialNames(ConfigurationSection &section) {
   }
   ParaSpecialNames &names = *section.getSpecialNames();
   parseHeader(1);
-  const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms};
+  const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms,
+                          /*beginsWithName=*/true};
   parseParagraphClauses(clauses, [&] { return parseSpecialNamesClause(names, clauses); });
   names.setRange(from(begin).getRange());
 }
@@ -323,14 +324,17 @@ ClauseEnvName *Parser::parseEnvironmentName() {
   }
   while (at(Keyword::On, Keyword::Off)) {
     bool isOn = at(Keyword::On);
-    if (isOn ? clause->getOnCondition() : clause->getOffCondition())
-      return error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+    bool isSecond = isOn ? clause->getOnCondition() : clause->getOffCondition();
+    if (isSecond)
+      error(DiagnosticId::ClauseTwice, here(), describe(peek()));
     stream.skip();
     accept(Keyword::Status);
     accept(Keyword::Is);
     Word *condition = parseUserWord("a condition-name");
     if (!condition)
       return nullptr;
+    if (isSecond)
+      continue;
     if (isOn)
       clause->setOnCondition(condition);
     else

@@ -11,7 +11,7 @@ static constexpr Keyword fileKeywords[] = {Keyword::Block,    Keyword::CodeSet, 
                                            Keyword::Value,    Keyword::Recording};
 static constexpr Keyword fileSynonyms[] = {Keyword::Reports, Keyword::Totaled, Keyword::Totaling};
 static constexpr ClauseSet fileClauses{"a file description entry", fileKeywords, fileSynonyms,
-                                       /*endsAtLevelNumber=*/true};
+                                       /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
 
 void Parser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
@@ -281,14 +281,16 @@ ClauseLinage *Parser::parseLinage() {
     } else {
       return expected("FOOTING, TOP or BOTTOM");
     }
-    if ((clause->*get)())
-      return error(DiagnosticId::ClauseTwice, here(), describe(peek()));
+    bool isSecond = (clause->*get)() != nullptr;
+    if (isSecond)
+      error(DiagnosticId::ClauseTwice, here(), describe(peek()));
     stream.skip();
     accept(Keyword::At);
     Expression *count = parseNumberOrDataName(number);
     if (!count)
       return nullptr;
-    (clause->*set)(count);
+    if (!isSecond)
+      (clause->*set)(count);
   }
   clause->setRange(from(begin).getRange());
   return clause;

@@ -14,7 +14,8 @@ static constexpr Keyword reportKeywords[] = {Keyword::Code, Keyword::Control,  K
                                              Keyword::Style};
 static constexpr Keyword reportSynonyms[] = {Keyword::Controls, Keyword::With};
 static constexpr ClauseSet reportClauses{"a report description entry", reportKeywords,
-                                         reportSynonyms, /*endsAtLevelNumber=*/true};
+                                         reportSynonyms, /*beginsWithName=*/false,
+                                         /*endsAtLevelNumber=*/true};
 
 void Parser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
@@ -230,8 +231,8 @@ ClausePageLimit *Parser::parsePageLimit() {
     if (!isColumns)
       acceptAny(Keyword::Lines, Keyword::Line);
     if (isColumns ? clause->getColumns() : clause->getPageLimit())
-      return error(DiagnosticId::ClauseTwice, number->getRange(), "the size of the page");
-    if (isColumns)
+      error(DiagnosticId::ClauseTwice, number->getRange(), "this number");
+    else if (isColumns)
       clause->setColumns(number);
     else
       clause->setPageLimit(number);
@@ -248,6 +249,7 @@ ClausePageLimit *Parser::parsePageLimit() {
 bool Parser::parsePageRegion(ClausePageLimit &page) {
   using Page = ClausePageLimit;
   SourceRange begin = here();
+  std::string word = describe(peek());
   Expression *(Page::*get)() const = nullptr;
   void (Page::*set)(Expression *) = nullptr;
   if (accept(Keyword::Heading)) {
@@ -278,15 +280,14 @@ bool Parser::parsePageRegion(ClausePageLimit &page) {
       return false;
     }
   }
-  if ((page.*get)()) {
-    error(DiagnosticId::ClauseTwice, begin, "the line of the page");
-    return false;
-  }
   accept(Keyword::Is);
   Expression *line = parseNumberOrDataName("the number of a line");
   if (!line)
     return false;
-  (page.*set)(line);
+  if ((page.*get)())
+    error(DiagnosticId::ClauseTwice, begin, word);
+  else
+    (page.*set)(line);
   return true;
 }
 

@@ -15,7 +15,7 @@ static constexpr Keyword groupSynonyms[] = {
     Keyword::Lines,  Keyword::Pic,     Keyword::Leading,  Keyword::Trailing, Keyword::Values,
     Keyword::When,   Keyword::Display, Keyword::Display1, Keyword::National};
 constinit const ClauseSet groupClauses{"a report group entry", groupKeywords, groupSynonyms,
-                                       /*endsAtLevelNumber=*/true};
+                                       /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
 
 /// Whether a name is next that begins no clause of \p clauses. Many of the report section's
 /// keywords are names everywhere else.
@@ -94,7 +94,7 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::Blank:
     return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
   default:
-    return unknownClause(groupClauses);
+    return atWord("SOURCES") ? parseReportContents(entry, choice) : unknownClause(groupClauses);
   }
 }
 
@@ -439,7 +439,7 @@ bool Parser::parseReportContents(ReportDataDescription &entry, PresentContents *
   else if (hasContents(entry))
     error(DiagnosticId::ClauseTwice, here(), describe(peek()));
 
-  if (at(Keyword::Source)) {
+  if (at(Keyword::Source) || atWord("SOURCES")) {
     ClauseSource *source = parseSource();
     if (source && !hasContents(entry))
       entry.setSourceClause(source);
@@ -457,10 +457,10 @@ bool Parser::parseReportContents(ReportDataDescription &entry, PresentContents *
   return value;
 }
 
-/// SOURCE [IS | ARE] operand ... [ROUNDED]
+/// {SOURCE | SOURCES} [IS | ARE] operand ... [ROUNDED]
 ClauseSource *Parser::parseSource() {
   SourceRange begin = here();
-  accept(Keyword::Source);
+  stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
   Node place(begin);
   auto *clause = new ClauseSource(&place);
@@ -469,7 +469,8 @@ ClauseSource *Parser::parseSource() {
     if (!operand)
       return nullptr;
     clause->addSourceExpr(operand);
-  } while (atLiteral() ? !atLevelNumber() : atNameIn(groupClauses));
+    // An entry with SOURCE has no SUM clause, so SUM behind it is one more operand.
+  } while (at(Keyword::Sum) || (atLiteral() ? !atLevelNumber() : atNameIn(groupClauses)));
   clause->setRounded(accept(Keyword::Rounded));
   clause->setRange(from(begin).getRange());
   return clause;

@@ -42,6 +42,7 @@ struct ClauseSet {
   llvm::StringRef owner;            ///< "a data description entry"
   llvm::ArrayRef<Keyword> keywords; ///< a word for each clause, as a message lists them
   llvm::ArrayRef<Keyword> synonyms; ///< further words that a clause can begin with
+  bool beginsWithName = false;      ///< environment names begin a clause too
   bool endsAtLevelNumber = false;   ///< entries with level numbers follow
 
   bool contains(Keyword keyword) const;
@@ -197,7 +198,7 @@ private:
                  Clause *(Parser::*parse)()) {
     bool isSecond = (owner.*get)() != nullptr;
     if (isSecond)
-      error(DiagnosticId::ClauseTwice, here(), peek().spelling);
+      error(DiagnosticId::ClauseTwice, here(), describe(peek()));
     Clause *clause = (this->*parse)();
     if (clause && !isSecond)
       (owner.*set)(clause);
