@@ -367,22 +367,29 @@ bool Parser::endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds) {
   if (atEndDeclaratives() || atUnitBoundary() || atProcedureHeader())
     return true;
 
-  // A word that begins nothing.
+  if (!reportNoStatement())
+    return true;
+  stream.skip();
+  skipToStatement();
+  return false;
+}
+
+bool Parser::reportNoStatement() {
+  const Token &token = peek();
   if (!token.isWord()) {
     expected("a statement");
   } else if (isOsvsVerb(token.text)) {
     error(DiagnosticId::OsvsStatement, here(), token.text);
-  } else if (llvm::StringRef meant = suggestKeyword(token.text, KF_Verb); !meant.empty()) {
+  } else if (llvm::StringRef meant = suggestKeyword(token.text, KF_Verb);
+             token.isUserWord() && !meant.empty()) {
     error(DiagnosticId::MisspeltVerb, here(), describe(token), meant);
   } else if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period)) {
     // In free form a line that holds a name and a period is a paragraph's name, most likely.
-    return true;
+    return false;
   } else {
     error(DiagnosticId::NotAStatement, here(), describe(token));
   }
-  stream.skip();
-  skipToStatement();
-  return false;
+  return true;
 }
 
 bool Parser::isOpen(Keyword endWord) const {

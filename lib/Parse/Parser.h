@@ -524,6 +524,9 @@ private:
   Statement *parseService();
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds);
+  /// Reports the next token as one that begins nothing. False, without a message, where it may be
+  /// the name of a paragraph.
+  bool reportNoStatement();
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;
@@ -638,10 +641,12 @@ private:
   /// Whether a name of the programmer's is next.
   bool atName() { return peek().isUserWord() && !atProcedureHeader(); }
 
-  /// The end of a statement: its END- word.
+  /// The end of a statement: its END- word. Null after a message where neither this nor anything
+  /// else follows that can stand behind a statement; so the phrases and the END- word further on
+  /// are skipped with the statement.
   template <typename T> T *finish(T *statement, Keyword endWord) {
-    acceptScopeEnd(endWord);
-    return complete(statement);
+    bool isEnded = acceptScopeEnd(endWord) || atResumption(/*passesWhen=*/false);
+    return isEnded || !reportNoStatement() ? complete(statement) : nullptr;
   }
   /// The end of a statement: its exception phrases and its END- word. Null after a message.
   template <typename T, typename Base>

@@ -225,6 +225,11 @@ TEST(StatementParseTest, WrongArithmetic) {
   EXPECT_EQ(messageOf("DIVIDE A INTO B REMAINDER E"),
             "4:17 REMAINDER goes with exactly one quotient after GIVING");
   EXPECT_EQ(messageOf("COMPUTE A B"), "4:12 '=' is expected here, but a period was found");
+  // What is left over hides no phrase of the statement from it.
+  EXPECT_EQ(messageOf("READ F INTO A B AT END CONTINUE NOT AT END CONTINUE END-READ"),
+            "4:15 a statement cannot begin with 'B'");
+  EXPECT_EQ(messageOf("ADD 1 TO A = B ON SIZE ERROR CONTINUE END-ADD"),
+            "4:12 a statement is expected here, but '=' was found");
   // The statement is left out with its phrase; the one behind it is there.
   Parsed parsed("ADD 1 ON SIZE ERROR CONTINUE END-ADD MOVE A TO B.");
   ASSERT_EQ(parsed.statements.size(), 1u);
