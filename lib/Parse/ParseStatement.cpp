@@ -12,6 +12,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "Parser.h"
+#include <utility>
 
 namespace tarka {
 
@@ -118,15 +119,19 @@ bool Parser::atStatement() {
 }
 
 Statement *Parser::parseStatement() {
+  return parseStatementOf(peek().keyword);
+}
+
+/// The statement of \p verb. The verb is next, or it was misspelt and is gone.
+Statement *Parser::parseStatementOf(Keyword verb) {
   Depth level(*this);
   if (level.isTooDeep()) {
     error(DiagnosticId::NestedTooDeep, here(), maxDepth);
     abandonSentence();
     return nullptr;
   }
-  Keyword verb = peek().keyword;
   enclosingStatements.push_back({verb});
-  Statement *statement = dispatchStatement();
+  Statement *statement = dispatchStatement(verb);
   enclosingStatements.pop_back();
   if (isSentenceAbandoned)
     return nullptr;
@@ -136,8 +141,8 @@ Statement *Parser::parseStatement() {
   return statement;
 }
 
-Statement *Parser::dispatchStatement() {
-  switch (peek().keyword) {
+Statement *Parser::dispatchStatement(Keyword verb) {
+  switch (verb) {
   case Keyword::Accept:
     return parseAccept();
   case Keyword::Add:
@@ -255,7 +260,10 @@ Statement *Parser::dispatchStatement() {
 /// A statement that the language has and the rest of the compiler does not.
 std::nullptr_t Parser::rejectStatement() {
   error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
+  bool hasSecondWord = at(Keyword::Json) && peek(1).isOneOf(Keyword::Generate, Keyword::Parse);
   stream.skip();
+  if (hasSecondWord)
+    stream.skip();
   return nullptr;
 }
 
@@ -294,42 +302,47 @@ Statement *Parser::parseService() {
 //===----------------------------------------------------------------------===//
 
 void Parser::parseStatements(std::list<Statement *> &statements) {
-  llvm::SmallVector<Keyword, 4> abandonedEnds;
+  StatementList list;
   while (!isSentenceAbandoned) {
-    if (!atStatement()) {
-      if (endsStatements(abandonedEnds))
-        return;
-      continue;
+    if (atStatement()) {
+      list.lastVerb = peek().keyword;
+      if (Statement *statement = parseStatement())
+        statements.push_back(statement);
+    } else if (endsStatements(list)) {
+      return;
     }
-    Statement *statement = parseStatement();
-    if (statement)
-      statements.push_back(statement);
-    else if (abandonedEnd != Keyword::None)
-      abandonedEnds.push_back(abandonedEnd);
-    abandonedEnd = Keyword::None;
+    if (abandonedEnd != Keyword::None)
+      list.abandonedEnds.push_back(std::exchange(abandonedEnd, Keyword::None));
   }
 }
 
 bool Parser::parseBranch(std::list<Statement *> &statements) {
+  SourceRange begin = here();
   unsigned errors = diagnostics.getErrorCount();
   parseStatements(statements);
-  if (!statements.empty() || diagnostics.getErrorCount() != errors)
+  if (!statements.empty())
     return true;
-  expected("a statement");
-  return false;
+  if (diagnostics.getErrorCount() == errors) {
+    expected("a statement");
+    return false;
+  }
+  // Its statements were refused one by one, with a message each.
+  statements.push_back(new ContinueStatement(new Node(begin)));
+  return true;
 }
 
 /// A list ends before a word that a statement around it waits for, and with the sentence. A
 /// contained statement without END- word ends with the one that contains it, so the word need not
 /// belong to the innermost statement.
-bool Parser::endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds) {
+bool Parser::endsStatements(StatementList &list) {
   const Token &token = peek();
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile))
     return true;
   Keyword keyword = token.keyword;
   if (isScopeTerminator(keyword)) {
-    if (auto *abandoned = llvm::find(abandonedEnds, keyword); abandoned != abandonedEnds.end()) {
-      abandonedEnds.erase(abandoned);
+    auto *abandoned = llvm::find(list.abandonedEnds, keyword);
+    if (abandoned != list.abandonedEnds.end()) {
+      list.abandonedEnds.erase(abandoned);
       stream.skip();
       return false;
     }
@@ -367,35 +380,47 @@ bool Parser::endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds) {
   if (atEndDeclaratives() || atUnitBoundary() || atProcedureHeader())
     return true;
 
-  if (!reportNoStatement())
+  // In free form a line that holds a name and a period is a paragraph's name, most likely.
+  if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period) &&
+      suggestKeyword(token.text, KF_Verb).empty())
     return true;
-  stream.skip();
-  skipToStatement();
+  rejectWord(list.lastVerb);
   return false;
 }
 
-bool Parser::reportNoStatement() {
-  const Token &token = peek();
-  if (!token.isWord()) {
-    expected("a statement");
-  } else if (isOsvsVerb(token.text)) {
-    error(DiagnosticId::OsvsStatement, here(), token.text);
-  } else if (llvm::StringRef meant = suggestKeyword(token.text, KF_Verb);
-             token.isUserWord() && !meant.empty()) {
-    error(DiagnosticId::MisspeltVerb, here(), describe(token), meant);
-  } else if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period)) {
-    // In free form a line that holds a name and a period is a paragraph's name, most likely.
-    return false;
+/// Reports a word that begins no statement. It is a misspelt verb, or something that was not
+/// understood of the statement before it, whose verb is \p lastVerb.
+void Parser::rejectWord(Keyword lastVerb) {
+  const Token word = stream.next();
+  llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
+  if (word.isWord() && isOsvsVerb(word.text)) {
+    error(DiagnosticId::OsvsStatement, word.place, word.text);
+    recoverStatement(Keyword::None);
+  } else if (!meant.empty()) {
+    error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
+    const ScopedVerb *verb = llvm::find_if(
+        scopedVerbs, [meant](const ScopedVerb &one) { return textOf(one.verb) == meant; });
+    if (verb == std::end(scopedVerbs))
+      recoverStatement(Keyword::None);
+    else if (verb->phrases == 0 || verb->verb == Keyword::Search)
+      // ELSE, WHEN and END- words of the statement are to find it.
+      parseStatementOf(verb->verb);
+    else
+      recoverStatement(verb->verb);
   } else {
-    error(DiagnosticId::NotAStatement, here(), describe(token));
+    if (word.isWord())
+      error(DiagnosticId::NotAStatement, word.place, describe(word));
+    else
+      error(DiagnosticId::Expected, word.place, "a statement", describe(word));
+    recoverStatement(lastVerb);
   }
-  return true;
 }
 
 bool Parser::isOpen(Keyword endWord) const {
   Keyword verb = verbOfEnd(endWord);
-  return llvm::any_of(llvm::reverse(enclosingStatements),
-                      [verb](const EnclosingStatement &open) { return open.verb == verb; });
+  return llvm::any_of(llvm::reverse(enclosingStatements), [verb](const EnclosingStatement &open) {
+    return open.verb == verb || open.verb == Keyword::None;
+  });
 }
 
 bool Parser::canTakeElse() const {
@@ -413,7 +438,7 @@ bool Parser::canTakeWhen() const {
 bool Parser::canTakePhrase(ExceptionHandlerType type) const {
   return llvm::any_of(llvm::reverse(enclosingStatements), [type](const EnclosingStatement &open) {
     const ScopedVerb *scope = scopeOf(open.verb);
-    return scope && (scope->phrases & bitOf(type));
+    return open.verb == Keyword::None || (scope && (scope->phrases & bitOf(type)));
   });
 }
 
@@ -486,7 +511,7 @@ bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
     parseStatements(statements);
     // A phrase without statements is for the checker to tell, unless its statements were refused.
     if (statements.empty() && diagnostics.getErrorCount() != errors)
-      statements.push_back(make<ContinueStatement>(begin));
+      statements.push_back(new ContinueStatement(new Node(begin)));
     handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));
   }
   return true;
@@ -510,16 +535,17 @@ void Parser::skipToStatement(bool passesWhen) {
     stream.skip();
 }
 
-/// Takes the rest of the statement \p verb, which could not be read, off the stream.
+/// Takes the rest of the statement \p verb, which could not be read, off the stream. None stands
+/// for a statement that nobody knows: phrases that no statement around could have are its own.
 void Parser::recoverStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
+  unsigned own = scope ? scope->phrases : 0;
   llvm::SmallVector<PhraseStart, 4> taken;
-  enclosingStatements.push_back({verb});
   for (;;) {
     // XML GENERATE has a phrase WHEN of its own.
     skipToStatement(/*passesWhen=*/verb == Keyword::Xml);
     std::optional<PhraseStart> phrase = atExceptionPhrase();
-    if (!scope || !phrase || !(scope->phrases & bitOf(phrase->type)))
+    if (!phrase || (!(own & bitOf(phrase->type)) && canTakePhrase(phrase->type)))
       break;
     bool isTaken = llvm::any_of(taken, [&](const PhraseStart &one) {
       return one.type == phrase->type && one.isNot == phrase->isNot;
@@ -530,10 +556,14 @@ void Parser::recoverStatement(Keyword verb) {
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
     std::list<Statement *> dropped;
+    enclosingStatements.push_back({verb});
     parseStatements(dropped);
+    enclosingStatements.pop_back();
   }
-  enclosingStatements.pop_back();
-  abandonedEnd = scope && !accept(scope->endWord) ? scope->endWord : Keyword::None;
+  if (scope)
+    abandonedEnd = accept(scope->endWord) ? Keyword::None : scope->endWord;
+  else if (isScopeTerminator(peek().keyword) && !isOpen(peek().keyword))
+    stream.skip();
 }
 
 /// Gives up the sentence. The statements around the place all end at its period, in silence.

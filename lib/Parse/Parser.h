@@ -517,16 +517,21 @@ private:
     unsigned length; ///< the tokens that introduce the phrase
   };
   std::optional<PhraseStart> atExceptionPhrase();
-  Statement *dispatchStatement();
+  Statement *parseStatementOf(Keyword verb);
+  Statement *dispatchStatement(Keyword verb);
   std::nullptr_t rejectStatement();
   std::nullptr_t rejectUse();
   Statement *parseEnter();
   Statement *parseService();
+  /// What is remembered along a list of statements.
+  struct StatementList {
+    Keyword lastVerb = Keyword::None;
+    /// The END- words that may still come of statements that could not be read.
+    llvm::SmallVector<Keyword, 4> abandonedEnds;
+  };
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
-  bool endsStatements(llvm::SmallVectorImpl<Keyword> &abandonedEnds);
-  /// Reports the next token as one that begins nothing. False, without a message, where it may be
-  /// the name of a paragraph.
-  bool reportNoStatement();
+  bool endsStatements(StatementList &list);
+  void rejectWord(Keyword lastVerb);
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;
@@ -641,12 +646,10 @@ private:
   /// Whether a name of the programmer's is next.
   bool atName() { return peek().isUserWord() && !atProcedureHeader(); }
 
-  /// The end of a statement: its END- word. Null after a message where neither this nor anything
-  /// else follows that can stand behind a statement; so the phrases and the END- word further on
-  /// are skipped with the statement.
+  /// The end of a statement: its END- word.
   template <typename T> T *finish(T *statement, Keyword endWord) {
-    bool isEnded = acceptScopeEnd(endWord) || atResumption(/*passesWhen=*/false);
-    return isEnded || !reportNoStatement() ? complete(statement) : nullptr;
+    acceptScopeEnd(endWord);
+    return complete(statement);
   }
   /// The end of a statement: its exception phrases and its END- word. Null after a message.
   template <typename T, typename Base>
@@ -775,7 +778,7 @@ private:
 
   /// A statement that is being read.
   struct EnclosingStatement {
-    Keyword verb;
+    Keyword verb; ///< None for a word that nobody knows: any phrase and END- word may be its own
     bool hasElse = false;
   };
   llvm::SmallVector<EnclosingStatement, 16> enclosingStatements;
