@@ -306,10 +306,16 @@ void Parser::parseStatements(std::list<Statement *> &statements) {
   while (!isSentenceAbandoned) {
     if (atStatement()) {
       list.lastVerb = peek().keyword;
-      if (Statement *statement = parseStatement())
+      list.lastIsWrong = false;
+      Statement *statement = parseStatement();
+      if (statement)
         statements.push_back(statement);
+      list.lastIsKept = statement != nullptr;
     } else if (endsStatements(list)) {
       return;
+    } else if (list.lastIsWrong && list.lastIsKept) {
+      statements.pop_back();
+      list.lastIsKept = false;
     }
     if (abandonedEnd != Keyword::None)
       list.abandonedEnds.push_back(std::exchange(abandonedEnd, Keyword::None));
@@ -384,13 +390,13 @@ bool Parser::endsStatements(StatementList &list) {
   if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period) &&
       suggestKeyword(token.text, KF_Verb).empty())
     return true;
-  rejectWord(list.lastVerb);
+  rejectWord(list);
   return false;
 }
 
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
-/// understood of the statement before it, whose verb is \p lastVerb.
-void Parser::rejectWord(Keyword lastVerb) {
+/// understood of the statement before it; with it that one is wrong as well.
+void Parser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isWord() && isOsvsVerb(word.text)) {
@@ -412,7 +418,9 @@ void Parser::rejectWord(Keyword lastVerb) {
       error(DiagnosticId::NotAStatement, word.place, describe(word));
     else
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
-    recoverStatement(lastVerb);
+    // A name at the beginning of a line is more likely meant for a verb.
+    list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
+    recoverStatement(list.lastVerb);
   }
 }
 

@@ -525,13 +525,15 @@ private:
   Statement *parseService();
   /// What is remembered along a list of statements.
   struct StatementList {
-    Keyword lastVerb = Keyword::None;
+    Keyword lastVerb = Keyword::None; ///< of the statement that was read last
+    bool lastIsKept = false;          ///< it is in the list
+    bool lastIsWrong = false;         ///< what follows it was not understood
     /// The END- words that may still come of statements that could not be read.
     llvm::SmallVector<Keyword, 4> abandonedEnds;
   };
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(StatementList &list);
-  void rejectWord(Keyword lastVerb);
+  void rejectWord(StatementList &list);
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;

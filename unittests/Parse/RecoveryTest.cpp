@@ -31,7 +31,7 @@ TEST_F(RecoveryTest, AStatementIsLeftOutWithItsPhrasesAndItsEnd) {
   expectRest("ADD A TO B (ON SIZE ERROR CONTINUE NOT SIZE ERROR EXIT END-ADD GOBACK.", "201@1:13",
              "[goback]");
   expectRest("ADD A TO B ) ON SIZE ERROR CONTINUE NOT SIZE ERROR EXIT END-ADD GOBACK.", "200@1:12",
-             "[#2 goback]");
+             "[goback]");
   // The END- word comes behind what the statement would have held.
   expectRest("COMPUTE A = ( DISPLAY B END-COMPUTE GOBACK.", "201@1:15", "[display goback]");
   expectRest("IF A = B READ 5 CONTINUE END-READ EXIT END-IF GOBACK.", "200@1:15",
@@ -70,7 +70,9 @@ TEST_F(RecoveryTest, WordsThatBeginNothing) {
   EXPECT_EQ(message(), "a statement cannot begin with 'DISPLA'; was DISPLAY meant?");
   expectRest("FROBNICATE A B. GOBACK.", "420@1:1", "[goback]");
   expectRest("TO A. 5 GOBACK. ( EXIT.", "420@1:1 200@1:7 200@1:17", "[goback]\n[exit]");
-  expectRest("CONTINUE\nPROCEED. GOBACK.", "420@2:1", "[continue]\n[goback]");
+  // Is it a verb or a remainder? A name that begins a line leaves the statement before it alone.
+  expectRest("CONTINUE\nFROBNICATE A. EXIT PROCEED A. GOBACK.", "420@2:1 420@2:20",
+             "[continue]\n[goback]");
 }
 
 TEST_F(RecoveryTest, AMisspeltVerbTakesWhatBelongsToItsStatement) {
