@@ -14,6 +14,9 @@ const std::map<std::string, SourceFormat> sourceFormats{
 const std::map<std::string, OutputFormat> graphFormats{
     {"text", OutputFormat::Text}, {"json", OutputFormat::Json}, {"dot", OutputFormat::Dot}};
 
+const std::map<std::string, OutputFormat> layoutFormats{{"text", OutputFormat::Text},
+                                                        {"json", OutputFormat::Json}};
+
 /// NAME=VALUE, or NAME alone.
 void addDefinition(Request &request, const std::string &definition) {
   std::string::size_type equals = definition.find('=');
@@ -102,11 +105,26 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure (text and dot)");
   cfg->add_flag("--keep-going", request.keepGoing, "build the graph though the checks failed");
 
+  CLI::App *layout =
+      app.add_subcommand("layout", "print where the bytes of the records of FILE lie");
+  addCommonOptions(*layout, request, false);
+  layout->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json")
+      ->transform(CLI::Transformer(layoutFormats).description(""))
+      ->check(CLI::IsMember(layoutFormats).description(""));
+  layout->add_option("--record", request.layout.record, "only the records of this name")
+      ->option_text("NAME")
+      ->check([](const std::string &name) {
+        return name.empty() ? std::string("a name is missing") : std::string();
+      });
+  layout->add_flag("--all", request.layout.all, "the special registers too");
+  layout->add_flag("--keep-going", request.keepGoing, "print the layout though there are errors");
+
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](const std::string &word) {
-    return word == "check" || word == "cfg" || word == "--help" || word == "-h" ||
-           word == "--version";
+    return word == "check" || word == "cfg" || word == "layout" || word == "--help" ||
+           word == "-h" || word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front()))
     arguments.insert(arguments.begin(), "check");
@@ -118,7 +136,9 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     return result;
   }
-  request.command = cfg->parsed() ? Command::Cfg : Command::Check;
+  request.command = cfg->parsed()      ? Command::Cfg
+                    : layout->parsed() ? Command::Layout
+                                       : Command::Check;
   result.request = std::move(request);
   return result;
 }

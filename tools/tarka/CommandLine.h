@@ -5,6 +5,7 @@
 
 #include "Parse/ParseOptions.h"
 #include "PrintGraph.h"
+#include "PrintLayout.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,7 +20,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg };
+enum class Command { Check, Cfg, Layout };
 enum class OutputFormat { Text, Json, Dot };
 
 /// What the command line asked for.
@@ -42,10 +43,11 @@ struct Request {
   bool verify = false;
   unsigned jobs = 0; ///< 0 is one for each processor
 
-  // cfg
+  // cfg, layout
   OutputFormat format = OutputFormat::Text;
-  GraphView view;
   bool keepGoing = false;
+  GraphView view;
+  LayoutView layout;
 };
 
 /// Reads the command line. Gives the request, or the exit status with which to end at once: after

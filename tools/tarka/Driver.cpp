@@ -10,6 +10,7 @@
 #include "Analyzer/TopLevel.h"
 #include "Parse/Parse.h"
 #include "PrintGraph.h"
+#include "PrintLayout.h"
 #include "Verify.h"
 #include "Workers.h"
 #include "llvm/Support/Path.h"
@@ -37,7 +38,18 @@ void setCompileOptions(const Request &request) {
   options->setOptionEnableOsvs(request.parse.osvs);
 }
 
-/// One file on its way through reading, checks and graph.
+/// Sends off what was printed; false, with a message, when it could not be written.
+bool flushOutput(llvm::StringRef what) {
+  llvm::outs().flush();
+  if (!llvm::outs().has_error())
+    return true;
+  llvm::errs() << "tarka: cannot write the " << what << ": " << llvm::outs().error().message()
+               << '\n';
+  llvm::outs().clear_error();
+  return false;
+}
+
+/// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
   Compilation(const Request &request, const std::string &file) : request(request), file(file) {}
@@ -48,6 +60,7 @@ public:
 private:
   void report();
   int printGraph();
+  int printLayout();
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
@@ -77,6 +90,8 @@ int Compilation::run() {
   report();
   if (request.command == Command::Cfg)
     return printGraph();
+  if (request.command == Command::Layout)
+    return printLayout();
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
@@ -122,13 +137,32 @@ int Compilation::printGraph() {
     printGraphDot(llvm::outs(), *module, request.view);
     break;
   }
-  llvm::outs().flush();
-  if (llvm::outs().has_error()) {
-    llvm::errs() << "tarka: cannot write the graph: " << llvm::outs().error().message() << '\n';
-    llvm::outs().clear_error();
+  if (!flushOutput("graph"))
     return ExitInternal;
-  }
   return failed ? ExitFindings : ExitClean;
+}
+
+/// Checks that fail without a message say nothing against the records, so only errors stand in the
+/// way of the layout.
+int Compilation::printLayout() {
+  if (hasErrors() && !request.keepGoing) {
+    llvm::errs() << "tarka: no layout of " << file
+                 << " is printed: the errors above come first; --keep-going prints it all the "
+                    "same\n";
+    return ExitFindings;
+  }
+  if (!request.layout.record.empty())
+    if (auto missing = explainMissingRecord(*program, request.layout.record)) {
+      llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+      return ExitUnusable;
+    }
+  if (request.format == OutputFormat::Json)
+    printLayoutJson(llvm::outs(), *program, request.layout);
+  else
+    printLayoutText(llvm::outs(), *program, request.layout);
+  if (!flushOutput("layout"))
+    return ExitInternal;
+  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
 /// Carries out the command on one file in this process.

@@ -29,13 +29,14 @@ void forEachRow(const DataDescription &entry, unsigned depth, Visitor visit) {
 // What the text says of an entry
 //===----------------------------------------------------------------------===//
 
-/// The words of a description, which lines may be broken between. Its parts are set off by commas.
+/// A description: parts that are set off by commas, each of some words.
 class Description {
 public:
   /// Begins a part with \p words.
   Description &part(const llvm::Twine &text) {
-    if (!words.empty())
-      words.back() += ',';
+    if (!parts.empty())
+      parts.back().back() += ',';
+    parts.emplace_back();
     return add(text);
   }
   /// Goes on with more words.
@@ -44,18 +45,19 @@ public:
     llvm::SmallVector<llvm::StringRef, 8> pieces;
     llvm::StringRef(whole).split(pieces, ' ', -1, /*KeepEmpty=*/false);
     for (llvm::StringRef piece : pieces)
-      words.push_back(piece.str());
+      parts.back().push_back(piece.str());
     return *this;
   }
   /// Goes on with \p text, which stays together although it may hold blanks.
   Description &addWhole(std::string text) {
-    words.push_back(std::move(text));
+    parts.back().push_back(std::move(text));
     return *this;
   }
-  llvm::ArrayRef<std::string> getWords() const { return words; }
+  bool empty() const { return parts.empty(); }
+  llvm::ArrayRef<std::vector<std::string>> getParts() const { return parts; }
 
 private:
-  std::vector<std::string> words;
+  std::vector<std::vector<std::string>> parts;
 };
 
 /// "20 bytes", or "20 to 200 bytes".
@@ -150,7 +152,7 @@ Description describe(const DataDescription &entry) {
   describeData(text, entry);
   describeClauses(text, entry);
   if (isMadeByCompiler(entry))
-    text.part("made by the compiler");
+    text.part("compiler-made");
   return text;
 }
 
@@ -161,10 +163,13 @@ Description describe(const FileDescription &file) {
   if (const ClauseRecord *clause = file.getRecord()) {
     const NumericLiteralExpression *min = clause->getMinLength();
     const NumericLiteralExpression *max = clause->getMaxLength();
-    if (min || max)
-      text.part("RECORD").add(min ? min->getData() : "");
-    if (max)
-      text.add("TO " + max->getData());
+    if (min && max)
+      text.part("records of " + byteRange(min->getIntegerValue(), max->getIntegerValue()));
+    else if (max)
+      text.part("records of up to " + max->getData() + " bytes");
+    else if (min)
+      text.part(clause->getIsVarying() ? "records of at least" : "records of")
+          .add(min->getData() + " bytes");
   }
   if (file.getExternal())
     text.part("EXTERNAL");
@@ -216,6 +221,12 @@ unsigned digitCount(std::int64_t number, unsigned base = 10) {
   for (; number >= base; number /= base)
     ++count;
   return count;
+}
+
+/// At least four digits, which keeps the offsets of ordinary records in line.
+std::string hexadecimal(std::int64_t number) {
+  std::string digits = llvm::utohexstr(static_cast<std::uint64_t>(number));
+  return std::string(4 - std::min<std::size_t>(digits.size(), 4), '0') + digits;
 }
 
 /// Writes rows of at most 100 columns. The columns are as wide as what they hold.
@@ -284,15 +295,16 @@ void Table::printBroken(llvm::StringRef text, unsigned column, unsigned width) {
   }
 }
 
+/// Breaks lines between parts where it can, within a part where that is too long for a line, and
+/// within a word where even that is.
 void Table::printDescription(const Description &description) {
   const unsigned column = descriptionColumn();
-  const unsigned width = LineWidth - column;
+  const std::size_t width = LineWidth - column;
   std::size_t used = 0;
-  for (const std::string &word : description.getWords()) {
-    const bool continues = used != 0 && used + 1 + word.size() <= width;
+  auto makeRoom = [&](std::size_t needed) {
     if (used == 0) {
       os << "  ";
-    } else if (continues) {
+    } else if (used + 1 + needed <= width) {
       os << ' ';
       ++used;
     } else {
@@ -300,8 +312,18 @@ void Table::printDescription(const Description &description) {
       os.indent(column);
       used = 0;
     }
-    printBroken(word, column, width);
-    used += word.size() > width ? width : word.size();
+  };
+  for (const std::vector<std::string> &part : description.getParts()) {
+    std::size_t length = part.size() - 1;
+    for (const std::string &word : part)
+      length += word.size();
+    bool isFirst = true;
+    for (const std::string &word : part) {
+      makeRoom(isFirst && length <= width ? length : word.size());
+      printBroken(word, column, width);
+      used += std::min(word.size(), width);
+      isFirst = false;
+    }
   }
 }
 
@@ -317,7 +339,7 @@ void Table::print(const Row &row, const Description &description) {
     os.indent(lineWidth + 2);
     item = "";
   }
-  const bool isLast = row.bytes < 0 && description.getWords().empty();
+  const bool isLast = row.bytes < 0 && description.empty();
   os << llvm::left_justify(item, isLast ? 0 : itemWidth);
   if (!isLast) {
     os << "  ";
@@ -325,8 +347,7 @@ void Table::print(const Row &row, const Description &description) {
       os.indent(offsetWidth + 2 + hexWidth);
     else
       os << llvm::format_decimal(row.offset, offsetWidth) << "  "
-         << llvm::right_justify(llvm::utohexstr(row.offset, false, std::min(hexWidth, 4u)),
-                                hexWidth);
+         << llvm::right_justify(hexadecimal(row.offset), hexWidth);
     os << "  ";
     if (row.bytes < 0)
       os.indent(bytesWidth);
