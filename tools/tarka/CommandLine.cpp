@@ -17,6 +17,22 @@ const std::map<std::string, OutputFormat> graphFormats{
 const std::map<std::string, OutputFormat> layoutFormats{{"text", OutputFormat::Text},
                                                         {"json", OutputFormat::Json}};
 
+/// Turns one of \p names into its value, whatever its case.
+template <typename Value> CLI::Validator oneOf(const std::map<std::string, Value> &names) {
+  auto convert = [&names](std::string &text) -> std::string {
+    std::string all;
+    for (const auto &[name, value] : names) {
+      if (CLI::detail::to_lower(text) == name) {
+        text = std::to_string(static_cast<int>(value));
+        return "";
+      }
+      all += (all.empty() ? "" : ", ") + name;
+    }
+    return "'" + text + "' is none of " + all;
+  };
+  return CLI::Validator(convert, "");
+}
+
 /// NAME=VALUE, or NAME alone.
 void addDefinition(Request &request, const std::string &definition) {
   std::string::size_type equals = definition.find('=');
@@ -51,8 +67,7 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
       ->allow_extra_args(false);
   app.add_option("--source-format", request.parse.format, "the layout of the lines (auto)")
       ->option_text("fixed|free|auto")
-      ->transform(CLI::Transformer(sourceFormats).description(""))
-      ->check(CLI::IsMember(sourceFormats).description(""));
+      ->transform(oneOf(sourceFormats));
 
   const char *group = "Compile options";
   app.add_flag("--check-file-id", request.checkFileId, "PROGRAM-ID must be the name of the file")
@@ -95,8 +110,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   addCommonOptions(*cfg, request, false);
   cfg->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json|dot")
-      ->transform(CLI::Transformer(graphFormats).description(""))
-      ->check(CLI::IsMember(graphFormats).description(""));
+      ->transform(oneOf(graphFormats));
   cfg->add_option("--function", request.view.function, "only this program's function")
       ->option_text("NAME");
   cfg->add_option("--paragraph", request.view.paragraph,
@@ -110,8 +124,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   addCommonOptions(*layout, request, false);
   layout->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json")
-      ->transform(CLI::Transformer(layoutFormats).description(""))
-      ->check(CLI::IsMember(layoutFormats).description(""));
+      ->transform(oneOf(layoutFormats));
   layout->add_option("--record", request.layout.record, "only the records of this name")
       ->option_text("NAME")
       ->check([](const std::string &name) {

@@ -35,6 +35,11 @@ bool isMadeByCompiler(const DataDescription &entry) {
   return entry.getRange().beginLine == 0;
 }
 
+const FileDescription *linageFile(const DataDescription &entry) {
+  const FileDescription *file = entry.getFileDescription();
+  return file && file->getLineageCounter() == &entry ? file : nullptr;
+}
+
 bool isImplicitRedefinition(const DataDescription &entry) {
   return entry.getRedefines() && !entry.getParent() && entry.getStorageType() == StorageType::File;
 }

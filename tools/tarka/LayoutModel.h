@@ -51,6 +51,8 @@ llvm::StringRef entryName(const DataDescription &entry);
 SourceRange placeOf(const DataDescription &entry);
 /// No entry of the source stands behind it.
 bool isMadeByCompiler(const DataDescription &entry);
+/// The file that the entry is the LINAGE-COUNTER of; null for every other entry.
+const FileDescription *linageFile(const DataDescription &entry);
 /// A record of a file that shares the area of the first one without a REDEFINES clause.
 bool isImplicitRedefinition(const DataDescription &entry);
 

@@ -1,6 +1,7 @@
 //===- PrintLayout.cpp - records as a table and as JSON -------------------===//
 
 #include "PrintLayout.h"
+#include "AST/StorageLayout.h"
 #include "LayoutModel.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
@@ -60,10 +61,15 @@ private:
   std::vector<std::vector<std::string>> parts;
 };
 
+/// A size or an offset, which may be beyond what can be counted.
+std::string sizeText(std::int64_t bytes) {
+  return bytes == MaxStorageSize ? "too large" : std::to_string(bytes);
+}
+
 /// "20 bytes", or "20 to 200 bytes".
 std::string byteRange(std::int64_t min, std::int64_t max) {
-  std::string text = min == max ? "" : std::to_string(min) + " to ";
-  return text + std::to_string(max) + (max == 1 ? " byte" : " bytes");
+  const char *unit = max == MaxStorageSize ? "" : max == 1 ? " byte" : " bytes";
+  return (min == max ? "" : sizeText(min) + " to ") + sizeText(max) + unit;
 }
 
 void describeValues(Description &text, const ClauseValue &clause) {
@@ -104,7 +110,9 @@ void describeData(Description &text, const DataDescription &entry) {
   }
   llvm::StringRef usage = usageName(entry.getUsageType());
   if (entry.getPicture())
-    text.part("PIC " + entry.getPicture()->getCharStringWord()->getWordData()).add(usage);
+    text.part("")
+        .addWhole("PIC " + entry.getPicture()->getCharStringWord()->getWordData())
+        .add(usage);
   else
     text.part(usage);
   if (!category.empty() && !category.equals_insensitive(usage))
@@ -153,6 +161,8 @@ Description describe(const DataDescription &entry) {
   describeClauses(text, entry);
   if (isMadeByCompiler(entry))
     text.part("compiler-made");
+  if (const FileDescription *file = linageFile(entry))
+    text.add("for " + file->getFileName()->getDisplayName());
   return text;
 }
 
@@ -216,15 +226,10 @@ Row makeRow(const RecordGroup &group) {
   return row;
 }
 
-unsigned digitCount(std::int64_t number, unsigned base = 10) {
-  unsigned count = 1;
-  for (; number >= base; number /= base)
-    ++count;
-  return count;
-}
-
 /// At least four digits, which keeps the offsets of ordinary records in line.
 std::string hexadecimal(std::int64_t number) {
+  if (number < 0 || number == MaxStorageSize)
+    return "";
   std::string digits = llvm::utohexstr(static_cast<std::uint64_t>(number));
   return std::string(4 - std::min<std::size_t>(digits.size(), 4), '0') + digits;
 }
@@ -236,6 +241,8 @@ public:
 
   /// Makes the columns wide enough for \p row.
   void fit(const Row &row);
+  /// Comes after the last row to fit and before the first to print.
+  void settle();
   void printHeader();
   void print(const Row &row, const Description &description);
 
@@ -262,11 +269,19 @@ private:
 };
 
 void Table::fit(const Row &row) {
-  lineWidth = std::max(lineWidth, digitCount(row.place.beginLine));
-  itemWidth = std::min(LongestItem, std::max<unsigned>(itemWidth, row.item.size()));
-  offsetWidth = std::max(offsetWidth, digitCount(row.offset));
-  hexWidth = std::max(hexWidth, digitCount(row.offset, 16));
-  bytesWidth = std::max(bytesWidth, digitCount(row.bytes));
+  lineWidth = std::max<unsigned>(lineWidth, std::to_string(row.place.beginLine).size());
+  itemWidth = std::max<unsigned>(itemWidth, row.item.size());
+  offsetWidth = std::max<unsigned>(offsetWidth, sizeText(row.offset).size());
+  hexWidth = std::max<unsigned>(hexWidth, hexadecimal(row.offset).size());
+  bytesWidth = std::max<unsigned>(bytesWidth, sizeText(row.bytes).size());
+}
+
+/// Leaves room for the description, however large the numbers are.
+void Table::settle() {
+  constexpr unsigned shortestDescription = 24;
+  const unsigned others = descriptionColumn() - itemWidth;
+  const unsigned room = LineWidth - shortestDescription - std::min(others, 60u);
+  itemWidth = std::min({itemWidth, LongestItem, room});
 }
 
 void Table::printHeader() {
@@ -288,42 +303,43 @@ void Table::printFileOf(const Row &row) {
 /// \p text in lines of at most \p width, each but the first after \p column blanks.
 void Table::printBroken(llvm::StringRef text, unsigned column, unsigned width) {
   os << text.take_front(width);
-  for (text = text.drop_front(std::min<std::size_t>(width, text.size())); !text.empty();
-       text = text.drop_front(std::min<std::size_t>(width, text.size()))) {
+  while (text.size() > width) {
+    text = text.drop_front(width);
     os << '\n';
     os.indent(column) << text.take_front(width);
   }
 }
 
-/// Breaks lines between parts where it can, within a part where that is too long for a line, and
-/// within a word where even that is.
+/// Breaks lines between parts where it can, and within a part where that is too long for a line. A
+/// word that is too long even so has a line to itself, which may begin further to the left; only
+/// what is too long for that line as well is broken.
 void Table::printDescription(const Description &description) {
   const unsigned column = descriptionColumn();
   const std::size_t width = LineWidth - column;
+  const std::size_t fullWidth = LineWidth - lineWidth - 2;
   std::size_t used = 0;
-  auto makeRoom = [&](std::size_t needed) {
-    if (used == 0) {
+  auto print = [&](llvm::StringRef word, std::size_t needed) {
+    const bool isLong = word.size() > width;
+    unsigned at = isLong ? LineWidth - std::min(word.size(), fullWidth) : column;
+    if (used == 0 && !isLong) {
       os << "  ";
-    } else if (used + 1 + needed <= width) {
+    } else if (used != 0 && used + 1 + needed <= width) {
       os << ' ';
       ++used;
     } else {
       os << '\n';
-      os.indent(column);
+      os.indent(at);
       used = 0;
     }
+    printBroken(word, at, LineWidth - at);
+    used += isLong ? width : word.size();
   };
   for (const std::vector<std::string> &part : description.getParts()) {
     std::size_t length = part.size() - 1;
     for (const std::string &word : part)
       length += word.size();
-    bool isFirst = true;
-    for (const std::string &word : part) {
-      makeRoom(isFirst && length <= width ? length : word.size());
-      printBroken(word, column, width);
-      used += std::min(word.size(), width);
-      isFirst = false;
-    }
+    for (const std::string &word : part)
+      print(word, &word == &part.front() && length <= width ? length : word.size());
   }
 }
 
@@ -346,13 +362,13 @@ void Table::print(const Row &row, const Description &description) {
     if (row.offset < 0)
       os.indent(offsetWidth + 2 + hexWidth);
     else
-      os << llvm::format_decimal(row.offset, offsetWidth) << "  "
+      os << llvm::right_justify(sizeText(row.offset), offsetWidth) << "  "
          << llvm::right_justify(hexadecimal(row.offset), hexWidth);
     os << "  ";
     if (row.bytes < 0)
       os.indent(bytesWidth);
     else
-      os << llvm::format_decimal(row.bytes, bytesWidth);
+      os << llvm::right_justify(sizeText(row.bytes), bytesWidth);
   }
   printDescription(description);
   os << '\n';
@@ -416,6 +432,8 @@ void TextPrinter::printUnit(const SourceUnit &unit, llvm::ArrayRef<LayoutSection
         });
     }
 
+  table.settle();
+
   for (const LayoutSection &section : sections) {
     if (section.recordCount() == 0 && !section.groups.front().file)
       continue;
@@ -450,7 +468,7 @@ void TextPrinter::printTotals() {
   constexpr unsigned sectionWidth = 23;
   for (const Total &total : totals) {
     programWidth = std::max<unsigned>(programWidth, total.program.size());
-    bytesWidth = std::max(bytesWidth, digitCount(total.bytes));
+    bytesWidth = std::max<unsigned>(bytesWidth, sizeText(total.bytes).size());
   }
   programWidth = std::min(programWidth, 36u);
   os << "OVERVIEW\n"
@@ -464,7 +482,7 @@ void TextPrinter::printTotals() {
       os << llvm::left_justify(total.program, programWidth);
     os << "  " << llvm::left_justify(total.section, sectionWidth) << "  "
        << llvm::format_decimal(total.records, 7) << "  "
-       << llvm::format_decimal(total.bytes, bytesWidth);
+       << llvm::right_justify(sizeText(total.bytes), bytesWidth);
     if (!total.remark.empty())
       os << "  " << total.remark;
     os << '\n';
@@ -496,7 +514,11 @@ private:
   /// Leaves the field out when there is no text.
   void text(llvm::StringRef key, llvm::StringRef value) {
     if (!value.empty())
-      json.attribute(key, llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value));
+      json.attribute(key, valid(value));
+  }
+  /// JSON is UTF-8, which a source need not be.
+  static std::string valid(llvm::StringRef value) {
+    return llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value);
   }
   /// Leaves the field out when it does not hold.
   void flag(llvm::StringRef key, bool holds) {
@@ -588,6 +610,8 @@ void JsonPrinter::printEntry(const DataDescription &entry) {
     text("name", entryName(entry));
     printPlace(placeOf(entry));
     flag("compilerMade", isMadeByCompiler(entry));
+    if (const FileDescription *file = linageFile(entry))
+      text("forFile", file->getFileName()->getDisplayName());
     if (entry.getLevelNum() == 88) {
       if (entry.getValue())
         printValues(*entry.getValue());
@@ -653,7 +677,7 @@ void JsonPrinter::printOccurs(const DataDescription &entry) {
     if (occurs.getIndexListSize() != 0)
       json.attributeArray("indexes", [&] {
         for (const DataIdentifierExpression *index : occurs.getIndexListElements())
-          json.value(operandText(index));
+          json.value(valid(operandText(index)));
       });
   });
 }

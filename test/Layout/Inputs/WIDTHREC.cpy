@@ -1,0 +1,2 @@
+       01  COPIED.
+           05  COPIED-ITEM PIC X.
