@@ -2,10 +2,11 @@
 #
 #     *> RUN: %tarka check --verify %s
 #
-# %tarka is the program, %FileCheck (or plain FileCheck) LLVM's, %examples the folder of examples;
-# %s, %S, %t and the rest are lit's own.
+# %tarka is the program, %FileCheck (or plain FileCheck) LLVM's, %examples the folder of examples,
+# %python the interpreter that runs lit; %s, %S, %t and the rest are lit's own.
 
 import os
+import sys
 
 import lit.formats
 
@@ -24,3 +25,4 @@ config.substitutions.append(("%tarka", config.tarka))
 config.substitutions.append(("%FileCheck", config.filecheck))
 config.substitutions.append((r"(?<![\w%./-])FileCheck\b", config.filecheck))
 config.substitutions.append(("%examples", config.examples))
+config.substitutions.append(("%python", sys.executable))

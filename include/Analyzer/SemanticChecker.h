@@ -22,6 +22,7 @@
 #include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
+#include <map>
 #include <memory>
 #include <string>
 
@@ -79,6 +80,7 @@ class EntryStatement;
 class EvaluateStatement;
 class ExamineStatement;
 class ExhibitStatement;
+class FileStatement;
 class GobackStatement;
 class GotoStatement;
 class IfStatement;
@@ -548,6 +550,21 @@ private:
   bool checkPerformVarying(PerformVarying &phrase);
   bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
 
+  // SCStmtDeclaratives.cpp
+  /// The procedures of USE AFTER EXCEPTION of one unit: modes as bits by UseFileMode, files with
+  /// whether the procedure is GLOBAL.
+  struct ExceptionProcedures {
+    unsigned modes = 0;
+    unsigned globalModes = 0;
+    llvm::DenseMap<const FileDescription *, bool> files;
+  };
+  const ExceptionProcedures &exceptionProceduresOf(SourceUnit &unit);
+  bool hasExceptionProcedure(const FileDescription *file, llvm::ArrayRef<UseFileMode> modes);
+  void markDeclaratives(FileStatement &statement, const FileDescription *file,
+                        llvm::ArrayRef<UseFileMode> modes);
+  void markDeclaratives(FileStatement &statement, IdentifierExpression *record,
+                        llvm::ArrayRef<UseFileMode> modes);
+
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
   std::list<DataDescription *> *indexFreeList = nullptr;
@@ -574,6 +591,7 @@ private:
   /// By the address of the list.
   llvm::DenseMap<const std::list<DataDescription *> *, std::unique_ptr<RedefinableEntries>>
       redefinableEntries;
+  std::map<const SourceUnit *, ExceptionProcedures> exceptionProcedures;
   /// The texts of entryNames.
   llvm::StringSet<> entryTexts;
 };

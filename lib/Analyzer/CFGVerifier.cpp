@@ -304,7 +304,7 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
     if (const PerformProcedure *range = perform.getProcedureName())
       checkRange(block, statement, {range->getBeginSection(), range->getBeginParagraph()},
                  {range->getThruSection(), range->getThruParagraph()});
-    else if (!exits.contains(&perform))
+    else if (perform.getInlineStatementsSize() && !exits.contains(&perform))
       fail(CFGRule::RangeExit, block, "the body of " + nameOf(statement) + " has no exit");
     return;
   }
@@ -429,15 +429,25 @@ void Verifier::expect(Statement &statement) {
   case StatementType::Entry:
     return;
   case StatementType::Transform:
-    return expect(*llvm::cast<TransformStatement>(statement).getInspectStmt());
+    if (Statement *inspect = llvm::cast<TransformStatement>(statement).getInspectStmt())
+      return expect(*inspect);
+    break;
   case StatementType::Examine: {
     auto &examine = llvm::cast<ExamineStatement>(statement);
+    if (!examine.getMoveStmt() && !examine.getInspectStmt())
+      break;
     if (examine.getMoveStmt())
       expect(*examine.getMoveStmt());
-    return expect(*examine.getInspectStmt());
+    if (examine.getInspectStmt())
+      expect(*examine.getInspectStmt());
+    return;
   }
-  case StatementType::Exhibit:
-    return expectList(llvm::cast<ExhibitStatement>(statement).getConvertStmtListElements());
+  case StatementType::Exhibit: {
+    auto &exhibit = llvm::cast<ExhibitStatement>(statement);
+    if (!exhibit.getConvertStmtListSize())
+      break;
+    return expectList(exhibit.getConvertStmtListElements());
+  }
   case StatementType::Evaluate:
     for (EvaluateCase *evaluateCase :
          llvm::cast<EvaluateStatement>(statement).getWhenCaseListElements())

@@ -53,6 +53,25 @@ private:
   bool result = true;
 };
 
+/// The description that a file-name was bound to; null when there is none.
+const FileDescription *describedBy(const FileIdentifierExpression *name) {
+  return name ? name->getFileDescription() : nullptr;
+}
+
+UseFileMode useModeOf(OpenType mode) {
+  switch (mode) {
+  case OpenType::Input:
+    return UseFileMode::Input;
+  case OpenType::Output:
+    return UseFileMode::Output;
+  case OpenType::InputOutput:
+    return UseFileMode::InputOutput;
+  case OpenType::Extend:
+    return UseFileMode::Extend;
+  }
+  return UseFileMode::None;
+}
+
 } // namespace
 
 //===----------------------------------------------------------------------===//
@@ -284,24 +303,34 @@ bool SemanticChecker::semanticCheck(ExhibitStatement &statement) {
 bool SemanticChecker::semanticCheck(OpenStatement &statement) {
   OperandCheck check(*this);
   for (OpenItem *item : statement.getItemListElements())
-    for (OpenFile *file : item->getFileListElements())
+    for (OpenFile *file : item->getFileListElements()) {
       check.one(file->getFileName());
+      markDeclaratives(statement, describedBy(file->getFileName()), useModeOf(item->getType()));
+    }
   return check;
 }
 
 bool SemanticChecker::semanticCheck(CloseStatement &statement) {
   OperandCheck check(*this);
-  for (CloseFile *file : statement.getCloseFileListElements())
+  for (CloseFile *file : statement.getCloseFileListElements()) {
     check.one(file->getFileName());
+    markDeclaratives(
+        statement, describedBy(file->getFileName()),
+        {UseFileMode::Input, UseFileMode::Output, UseFileMode::InputOutput, UseFileMode::Extend});
+  }
   return check;
 }
 
 bool SemanticChecker::semanticCheck(ReadStatement &statement) {
-  return OperandCheck(*this)
-      .one(statement.getFileName())
-      .one(statement.getIntoIdentifier())
-      .one(statement.getKeyName())
-      .all(statement.getErrorListElements());
+  bool result = OperandCheck(*this)
+                    .one(statement.getFileName())
+                    .one(statement.getIntoIdentifier())
+                    .one(statement.getKeyName())
+                    .all(statement.getErrorListElements());
+  if (!statement.getErrorListSize())
+    markDeclaratives(statement, describedBy(statement.getFileName()),
+                     {UseFileMode::Input, UseFileMode::InputOutput});
+  return result;
 }
 
 /// After ADVANCING, a name that is no data item is a mnemonic name.
@@ -319,38 +348,59 @@ bool SemanticChecker::semanticCheck(WriteStatement &statement) {
   }
   if (WritePositioning *positioning = statement.getPositioning())
     check.one(positioning->getLineExpr());
+  if (!statement.getExceptionHandlerListSize())
+    markDeclaratives(statement, statement.getRecordName(),
+                     {UseFileMode::Output, UseFileMode::InputOutput, UseFileMode::Extend});
   return check.all(statement.getExceptionHandlerListElements());
 }
 
 bool SemanticChecker::semanticCheck(RewriteStatement &statement) {
-  return OperandCheck(*this)
-      .one(statement.getRecordName())
-      .one(statement.getFromIdentifier())
-      .all(statement.getInvalidKeyHandlerElements());
+  bool result = OperandCheck(*this)
+                    .one(statement.getRecordName())
+                    .one(statement.getFromIdentifier())
+                    .all(statement.getInvalidKeyHandlerElements());
+  if (!statement.getInvalidKeyHandlerSize())
+    markDeclaratives(statement, statement.getRecordName(), UseFileMode::InputOutput);
+  return result;
 }
 
 bool SemanticChecker::semanticCheck(DeleteStatement &statement) {
-  return OperandCheck(*this)
-      .one(statement.getFileName())
-      .all(statement.getInvalidKeyHandlerElements());
+  bool result = OperandCheck(*this)
+                    .one(statement.getFileName())
+                    .all(statement.getInvalidKeyHandlerElements());
+  if (!statement.getInvalidKeyHandlerSize())
+    markDeclaratives(statement, describedBy(statement.getFileName()), UseFileMode::InputOutput);
+  return result;
 }
 
 bool SemanticChecker::semanticCheck(StartStatement &statement) {
-  return OperandCheck(*this)
-      .one(statement.getFileName())
-      .one(statement.getKey() ? statement.getKey()->getDataName() : nullptr)
-      .all(statement.getInvalidKeyHandlerElements());
+  bool result = OperandCheck(*this)
+                    .one(statement.getFileName())
+                    .one(statement.getKey() ? statement.getKey()->getDataName() : nullptr)
+                    .all(statement.getInvalidKeyHandlerElements());
+  if (!statement.getInvalidKeyHandlerSize())
+    markDeclaratives(statement, describedBy(statement.getFileName()),
+                     {UseFileMode::Input, UseFileMode::InputOutput});
+  return result;
 }
 
+/// The records of a sort file come as from a file that is open for input.
 bool SemanticChecker::semanticCheck(ReturnStatement &statement) {
-  return OperandCheck(*this)
-      .one(statement.getFileName())
-      .one(statement.getIntoIdentifier())
-      .all(statement.getEndHandlerElements());
+  bool result = OperandCheck(*this)
+                    .one(statement.getFileName())
+                    .one(statement.getIntoIdentifier())
+                    .all(statement.getEndHandlerElements());
+  if (!statement.getEndHandlerSize())
+    markDeclaratives(statement, describedBy(statement.getFileName()), UseFileMode::Input);
+  return result;
 }
 
+/// The records of a sort file go as to a file that is open for output.
 bool SemanticChecker::semanticCheck(ReleaseStatement &statement) {
-  return OperandCheck(*this).one(statement.getRecordName()).one(statement.getFromIdentifier());
+  bool result =
+      OperandCheck(*this).one(statement.getRecordName()).one(statement.getFromIdentifier());
+  markDeclaratives(statement, statement.getRecordName(), UseFileMode::Output);
+  return result;
 }
 
 /// An input or output procedure is run like a performed range.

@@ -497,21 +497,32 @@ void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
 }
 
 //===----------------------------------------------------------------------===//
-// OS/VS COBOL: the statements that the checks made stand for these
+// OS/VS COBOL: the statements that the checks made stand for these. One for
+// which they made none stands for itself.
 //===----------------------------------------------------------------------===//
 
 void CFGBuilder::analysisTransformStmt(TransformStatement *statement) {
-  analysisStatement(*statement->getInspectStmt());
+  if (Statement *inspect = statement->getInspectStmt())
+    analysisStatement(*inspect);
+  else
+    currentBlock->addCFGElemStmt(statement);
 }
 
 void CFGBuilder::analysisExamineStmt(ExamineStatement *statement) {
-  if (Statement *move = statement->getMoveStmt())
+  Statement *move = statement->getMoveStmt();
+  Statement *inspect = statement->getInspectStmt();
+  if (move)
     analysisStatement(*move);
-  analysisStatement(*statement->getInspectStmt());
+  if (inspect)
+    analysisStatement(*inspect);
+  if (!move && !inspect)
+    currentBlock->addCFGElemStmt(statement);
 }
 
 void CFGBuilder::analysisExhibitStmt(ExhibitStatement *statement) {
   lowerList(statement->getConvertStmtListElements());
+  if (!statement->getConvertStmtListSize())
+    currentBlock->addCFGElemStmt(statement);
 }
 
 } // namespace tarka
