@@ -511,7 +511,7 @@ private:
   struct RedefinableEntries;
   RedefinableEntries *findRedefinable(const DataDescription &subject,
                                       const std::list<DataDescription *> &list);
-  DataDescription *findRedefinedEntry(DataDescription &subject, const std::string &name);
+  DataDescription *findRedefinedEntry(DataDescription &subject, const Word &name);
   bool checkRedefinition(DataDescription &subject, const DataDescription &object);
 
   // SCDataValue.cpp

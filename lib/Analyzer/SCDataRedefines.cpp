@@ -68,17 +68,16 @@ SemanticChecker::findRedefinable(const DataDescription &subject,
   return nullptr;
 }
 
-/// The entry named \p name that \p subject redefines: the nearest one before it, with nothing in
+/// The entry called \p name that \p subject redefines: the nearest one before it, with nothing in
 /// between but what redefines the same storage. Null, with a diagnostic, when there is none.
-DataDescription *SemanticChecker::findRedefinedEntry(DataDescription &subject,
-                                                     const std::string &name) {
+DataDescription *SemanticChecker::findRedefinedEntry(DataDescription &subject, const Word &name) {
   const std::list<DataDescription *> *list = listOf(subject);
   const RedefinableEntries *entries = list ? findRedefinable(subject, *list) : nullptr;
   if (!entries) {
     report(ErrorCode::RedefinesTargetMissing, &subject);
     return nullptr;
   }
-  DataDescription *candidate = entries->byName.lookup(&internString(name));
+  DataDescription *candidate = entries->byName.lookup(&name.getWordData());
   const DataDescription *before = *std::prev(entries->next);
   auto isReachable = [&] {
     if (!candidate)
@@ -116,7 +115,7 @@ bool SemanticChecker::checkClauseRedifines(DataDescription &entry) {
   if (named && named->getQualifiedWord() && named->getQualifiedWord()->getNamesSize() != 0) {
     // Qualifiers say nothing here: the object stands beside the subject.
     const Word *word = *named->getQualifiedWord()->getNamesBegin();
-    DataDescription *object = findRedefinedEntry(entry, word->getWordData());
+    DataDescription *object = findRedefinedEntry(entry, *word);
     if (!object)
       return false;
     entry.setRedefineObject(object);
