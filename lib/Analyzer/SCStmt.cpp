@@ -533,7 +533,7 @@ bool SemanticChecker::semanticCheck(MoveStatement &statement) {
   auto *rules = makeList<MoveRule>();
   for (IdentifierExpression *receiver : statement.getTargetListElements()) {
     if (llvm::isa<FunctionIdentifierExpression>(receiver)) {
-      result = report(ErrorCode::FunctionInReceivingArea, receiver);
+      result = report(ErrorCode::FunctionInReceivingArea, &statement);
       continue;
     }
     result &= semanticCheck(*receiver);
