@@ -88,6 +88,12 @@ Candidates findIn(SourceUnit &unit, const std::string &name) {
   return found && !found->empty() ? Candidates{division, found} : Candidates{};
 }
 
+/// Whether the entry is part of a GLOBAL record; a condition-name is as its conditional variable.
+bool isGlobal(DataDescription &entry) {
+  DataDescription *item = entry.getLevelNum() == 88 ? entry.getCondNameParent() : &entry;
+  return item && item->getRootDesc()->getGlobal();
+}
+
 /// The entries that \p name can mean: those of the program itself, else those of the nearest
 /// program around it whose first entry of the name is in a GLOBAL record. That only the first one
 /// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
@@ -97,7 +103,7 @@ Candidates findCandidates(const std::string &name) {
     return own;
   for (SourceUnit *outer = unit->getParent(); outer; outer = outer->getParent())
     if (Candidates found = findIn(*outer, name); found.division)
-      if (found.entries->front()->getRootDesc()->getGlobal())
+      if (isGlobal(*found.entries->front()))
         return found;
   return {};
 }

@@ -1,0 +1,81 @@
+*> RUN: %tarka check --verify %s
+*>
+*> Names of enclosing programs: only GLOBAL records are seen, and whether the first entry of a name
+*> is GLOBAL decides for all its namesakes.
+IDENTIFICATION DIVISION.
+PROGRAM-ID. OUTERMOST.
+ENVIRONMENT DIVISION.
+INPUT-OUTPUT SECTION.
+FILE-CONTROL.
+    SELECT SHARED-FILE ASSIGN TO SHARED.
+    SELECT OWN-FILE ASSIGN TO OWN.
+DATA DIVISION.
+FILE SECTION.
+FD  SHARED-FILE IS GLOBAL.
+01  SHARED-RECORD               PIC X(10).
+FD  OWN-FILE.
+01  OWN-RECORD                  PIC X(10).
+WORKING-STORAGE SECTION.
+01  FAR                         GLOBAL.
+    05  FAR-ITEM                PIC X.
+        88  FAR-ITEM-SET        VALUE "X".
+    05  FAR-TABLE               PIC X OCCURS 3 INDEXED BY FAR-X.
+01  NEAR                        PIC X GLOBAL.
+01  HIDDEN                      PIC X.
+01  GLOBAL-FIRST                GLOBAL.
+    05  HOMONYM                 PIC X.
+01  LOCAL-SECOND.
+    05  HOMONYM                 PIC X.
+01  LOCAL-FIRST.
+    05  SHADOW                  PIC X.
+01  GLOBAL-SECOND               GLOBAL.
+    05  SHADOW                  PIC X.
+PROCEDURE DIVISION.
+    DISPLAY FAR-ITEM HIDDEN NEAR.
+    CALL "MIDDLE-ONE".
+    STOP RUN.
+
+IDENTIFICATION DIVISION.
+PROGRAM-ID. MIDDLE-ONE.
+DATA DIVISION.
+WORKING-STORAGE SECTION.
+01  NEAR                        PIC 9(4).
+01  MIDDLE-ONLY                 PIC X.
+PROCEDURE DIVISION.
+    DISPLAY FAR-ITEM NEAR.
+    CALL "INNERMOST".
+
+IDENTIFICATION DIVISION.
+PROGRAM-ID. NO-DATA-HERE.
+PROCEDURE DIVISION.
+    DISPLAY NEAR FAR-TABLE (FAR-X).
+
+IDENTIFICATION DIVISION.
+PROGRAM-ID. INNERMOST.
+DATA DIVISION.
+WORKING-STORAGE SECTION.
+77  MINE                        PIC X.
+PROCEDURE DIVISION.
+    *> NEAR of the program around is not GLOBAL, so the one farther out is meant: it is no number.
+    DISPLAY NEAR MINE.
+    ADD NEAR TO NEAR.
+    IF NEAR IS POSITIVE CONTINUE. *> expect: 3338
+    DISPLAY MIDDLE-ONLY. *> expect: 3310
+    DISPLAY HIDDEN. *> expect: 3310
+    IF FAR-ITEM-SET DISPLAY FAR-TABLE (1) FAR-ITEM OF FAR.
+    SET FAR-X TO 1.
+
+    *> The first HOMONYM is GLOBAL, its namesake comes along; the first SHADOW is not.
+    DISPLAY HOMONYM. *> expect: 3311
+    DISPLAY HOMONYM OF LOCAL-SECOND.
+    DISPLAY SHADOW. *> expect: 3310
+    DISPLAY SHADOW OF GLOBAL-SECOND. *> expect: 3310
+
+    READ SHARED-FILE.
+    DISPLAY SHARED-RECORD.
+    DISPLAY OWN-RECORD. *> expect: 3310
+    READ OWN-FILE. *> expect: 3324
+END PROGRAM INNERMOST.
+END PROGRAM NO-DATA-HERE.
+END PROGRAM MIDDLE-ONE.
+END PROGRAM OUTERMOST.
