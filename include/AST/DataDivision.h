@@ -74,6 +74,8 @@ public:
 
   /// The FD and SD entries with the name \p name, in source order.
   llvm::ArrayRef<FileDescription *> findFiles(const std::string &name);
+  /// The RD entries with the name \p name, in source order.
+  llvm::ArrayRef<ReportDescription *> findReports(const std::string &name);
 
   /// The OCCURS DEPENDING ON tables of the division by DataDescription::getSourceOrder().
   llvm::ArrayRef<DataDescription *> getVariableTables();
@@ -132,9 +134,13 @@ private:
   llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
   llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;
-  /// FD and SD entries by the address of the interned name, as far as they are entered.
-  llvm::DenseMap<const std::string *, llvm::SmallVector<FileDescription *, 1>> fileIndex;
-  std::size_t fileIndexSize = 0;
+  /// The descriptions of a section by the address of the interned name, as far as they are entered.
+  template <typename Description> struct DescriptionIndex {
+    llvm::DenseMap<const std::string *, llvm::SmallVector<Description *, 1>> byName;
+    Progress<Description> read;
+  };
+  DescriptionIndex<FileDescription> fileIndex;
+  DescriptionIndex<ReportDescription> reportIndex;
   unsigned indexedEntries = 0;
   Progress<DataDescription> indexedWork;
   Progress<DataDescription> indexedLocal;

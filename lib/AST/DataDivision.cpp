@@ -211,15 +211,21 @@ void ReportDataDescription::swapLineDesc() {
 }
 
 llvm::ArrayRef<FileDescription *> DataDivision::findFiles(const std::string &name) {
-  // Files are only ever appended, so those behind the count are new.
-  if (fileIndexSize != fileSection.size()) {
-    for (auto file = std::next(fileSection.begin(), fileIndexSize); file != fileSection.end();
-         ++file)
-      fileIndex[&(*file)->getFileName()->getWordData()].push_back(*file);
-    fileIndexSize = fileSection.size();
-  }
-  auto found = fileIndex.find(&internString(name));
-  if (found == fileIndex.end())
+  readOn(fileSection, fileIndex.read, [this](FileDescription *file) {
+    fileIndex.byName[&file->getFileName()->getWordData()].push_back(file);
+  });
+  auto found = fileIndex.byName.find(&internString(name));
+  if (found == fileIndex.byName.end())
+    return {};
+  return found->second;
+}
+
+llvm::ArrayRef<ReportDescription *> DataDivision::findReports(const std::string &name) {
+  readOn(reportSection, reportIndex.read, [this](ReportDescription *report) {
+    reportIndex.byName[&report->getReportName()->getWordData()].push_back(report);
+  });
+  auto found = reportIndex.byName.find(&internString(name));
+  if (found == reportIndex.byName.end())
     return {};
   return found->second;
 }

@@ -56,8 +56,8 @@ ReportDescription *SemanticChecker::findReport(const std::string &name) {
   bool isOuter = false;
   for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent(), isOuter = true)
     if (DataDivision *division = unit->getDataDivision())
-      for (ReportDescription *report : division->getReportSectionElements())
-        if (report->getReportName()->getWordData() == name && (!isOuter || report->getGlobal()))
+      for (ReportDescription *report : division->findReports(name))
+        if (!isOuter || report->getGlobal())
           return report;
   return nullptr;
 }

@@ -323,11 +323,16 @@ bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
   return true;
 }
 
-/// Each report of the file has a description entry of its own.
+/// Each report of the file has a description entry of its own, which the file is made known to: of
+/// two files that share a report the first.
 bool SemanticChecker::checkClauseReport(FileDescription &file) {
   bool ok = true;
-  for (ReportIdentifierExpression *name : file.getReport()->getReportNameListElements())
+  for (ReportIdentifierExpression *name : file.getReport()->getReportNameListElements()) {
     ok &= semanticCheck(*name);
+    ReportDescription *description = name->getReportDescription();
+    if (description && !description->getFileDescription())
+      description->setFileDescription(&file);
+  }
   return ok;
 }
 
