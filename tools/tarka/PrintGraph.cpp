@@ -376,7 +376,7 @@ public:
 
   void print(const CFGModule &module, const Selection &selection, const ProcedureStarts &starts) {
     json.object([&] {
-      text("module", module.getName());
+      text("name", module.getName());
       json.attributeArray("functions", [&] {
         for (const CFGFunc *function : selection.functions)
           printFunction(Layout(*function, starts));
@@ -419,14 +419,13 @@ private:
     json.object([&] {
       json.attribute("id", block->getPlace());
       text("name", block->getName());
-      json.attribute("type",
-                     block->getBlockType() == CFGBlockType::Procedure ? "procedure" : "ordinary");
+      json.attribute("type", static_cast<int>(block->getBlockType()));
       json.attribute("terminator", block->getHaveTerminator());
       json.attributeArray("elements", [&] {
         for (const CFGElem *element : block->getElements())
           json.object([&] {
             ElementFacts facts = factsOf(*element);
-            json.attribute("kind", facts.kind);
+            json.attribute("kind", static_cast<int>(element->getType()));
             json.attribute("class", facts.className);
             json.attribute("line", facts.node->getBeginLineNo());
           });

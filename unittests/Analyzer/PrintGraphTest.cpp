@@ -106,13 +106,13 @@ TEST_F(PrintGraph, JsonRefersToBlocksByPlace) {
   const llvm::json::Object &block = *blocks[2].getAsObject();
   EXPECT_EQ(block.getInteger("id"), 2);
   EXPECT_EQ(block.getString("name"), "E_entry");
-  EXPECT_EQ(block.getString("type"), "ordinary");
+  EXPECT_EQ(block.getInteger("type"), 0);
   EXPECT_EQ(block.getBoolean("terminator"), true);
   EXPECT_EQ(block.getInteger("after"), 4);
   EXPECT_EQ(block.getInteger("return"), 3);
   EXPECT_EQ(block.get("then"), nullptr);
   const llvm::json::Object &element = *block.getArray("elements")->front().getAsObject();
-  EXPECT_EQ(element.getString("kind"), "statement");
+  EXPECT_EQ(element.getInteger("kind"), 0);
   EXPECT_EQ(element.getString("class"), "PerformStatement");
   EXPECT_EQ(element.getInteger("line"), 2);
 }
