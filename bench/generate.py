@@ -28,16 +28,27 @@ def data_items(out, items, depth, group):
 
 
 def statements(out, rng, paragraph, count, items, nesting):
-    """`count` lines of the statements that programs are made of."""
+    """`count` lines of the statements that programs are made of.
 
-    # Of every five items the second to fourth are numeric, the first is edited, the fifth text.
+    A paragraph works on the items of a few records, as paragraphs do, and now and then on any.
+    """
+
+    fives = max(1, items // 5)
+    window = min(fives, 40)
+    base = rng.randrange(fives - window + 1)
+
+    # Of every five items the first three are numeric, the fourth is edited, the fifth text.
+    def pick(choices, otherwise):
+        if items < 5:
+            return otherwise
+        five = rng.randrange(fives) if rng.randrange(10) == 0 else base + rng.randrange(window)
+        return f"ITEM-{five * 5 + rng.choice(choices)}"
+
     def numeric():
-        k = rng.randrange(max(1, items // 5)) * 5
-        return f"ITEM-{min(k + rng.choice((1, 2, 3)), items)}" if items >= 5 else "COUNTER"
+        return pick((1, 2, 3), "COUNTER")
 
     def text():
-        k = rng.randrange(max(1, items // 5)) * 5
-        return f"ITEM-{min(k + 5, items)}" if items >= 5 else "TEXT-1"
+        return pick((5,), "TEXT-1")
 
     lines = 0
     while lines < count:

@@ -65,6 +65,12 @@ public:
   /// then what was added after the first question, in the order of adding. Null when there is none.
   /// The list belongs to the index and grows with it.
   std::list<DataDescription *> *findItemByName(const std::string &name);
+  /// The same for a name that is interned already, as the text of a Word is.
+  std::list<DataDescription *> *findItemByInternedName(const std::string *name) {
+    updateIndex();
+    auto found = index.find(name);
+    return found == index.end() ? nullptr : found->second;
+  }
   /// Of these entries those that stand in a group, file or report named \p qualifier, at any depth,
   /// in the same order. Valid until the next question.
   llvm::ArrayRef<DataDescription *> findItemByQualifiedName(const std::string &name,

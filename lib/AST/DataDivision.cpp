@@ -60,8 +60,7 @@ std::list<DataDescription *> *DataDivision::getWorkFlatList() {
 //===----------------------------------------------------------------------===//
 
 std::list<DataDescription *> *DataDivision::findItemByName(const std::string &name) {
-  updateIndex();
-  return index.lookup(&internString(name));
+  return findItemByInternedName(&internString(name));
 }
 
 llvm::ArrayRef<DataDescription *>

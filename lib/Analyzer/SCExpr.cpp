@@ -82,9 +82,10 @@ struct Candidates {
   std::list<DataDescription *> *entries = nullptr;
 };
 
-Candidates findIn(SourceUnit &unit, const std::string &name) {
+Candidates findIn(SourceUnit &unit, const Word &name) {
   DataDivision *division = unit.getDataDivision();
-  std::list<DataDescription *> *found = division ? division->findItemByName(name) : nullptr;
+  std::list<DataDescription *> *found =
+      division ? division->findItemByInternedName(&name.getWordData()) : nullptr;
   return found && !found->empty() ? Candidates{division, found} : Candidates{};
 }
 
@@ -97,7 +98,7 @@ bool isGlobal(DataDescription &entry) {
 /// The entries that \p name can mean: those of the program itself, else those of the nearest
 /// program around it whose first entry of the name is in a GLOBAL record. That only the first one
 /// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
-Candidates findCandidates(const std::string &name) {
+Candidates findCandidates(const Word &name) {
   SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
   if (Candidates own = findIn(*unit, name); own.division)
     return own;
@@ -179,7 +180,7 @@ bool isReportEntry(const DataDescription *entry) {
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
                                     bool preferReportItem) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
-  Candidates candidates = findCandidates(words.front()->getWordData());
+  Candidates candidates = findCandidates(*words.front());
   if (!candidates.division) {
     if (!silentIfUndefined)
       report(ErrorCode::IdentifierUndefined, &identifier);

@@ -137,7 +137,7 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
   for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent()) {
     DataDivision *division = unit->getDataDivision();
     std::list<DataDescription *> *entries =
-        division ? division->findItemByName(word->getWordData()) : nullptr;
+        division ? division->findItemByInternedName(&word->getWordData()) : nullptr;
     if (entries && !entries->empty()) {
       specialRegister.setDataDescription(entries->front());
       break;

@@ -232,7 +232,7 @@ static bool inSpecialNames(const SourceUnit *unit, const std::string &name, Pred
 bool Parser::isConditionName(const std::string &name) const {
   return inScope(unit, [&](const SourceUnit &one) {
     DataDivision *data = one.getDataDivision();
-    std::list<DataDescription *> *entries = data ? data->findItemByName(name) : nullptr;
+    std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&name) : nullptr;
     if (!entries)
       return false;
     for (DataDescription *entry : *entries)
@@ -267,16 +267,14 @@ bool Parser::isMnemonicName(const std::string &name) const {
 }
 
 bool Parser::isFileName(const std::string &name) const {
+  Word word(SourceRange(), &name, &name);
   return inScope(unit, [&](const SourceUnit &one) {
-    Word word(static_cast<const Node *>(nullptr), name, "");
     EnvironmentDivision *environment = one.getEnvironmentDivision();
     InputOutputSection *io = environment ? environment->getInputOutputSection() : nullptr;
     if (io && io->findFileControlByName(word))
       return true;
     DataDivision *data = one.getDataDivision();
-    return data && llvm::any_of(data->getFileSectionElements(), [&](FileDescription *file) {
-             return file->getFileName()->getWordData() == name;
-           });
+    return data && !data->findFiles(name).empty();
   });
 }
 

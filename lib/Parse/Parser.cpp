@@ -24,7 +24,10 @@ std::string Parser::describe(const Token &token) {
 }
 
 std::nullptr_t Parser::expected(llvm::StringRef what) {
-  return error(DiagnosticId::Expected, here(), what, describe(peek()));
+  // The end of the file has no text to point at; the last thing read has.
+  const SourceRange &place =
+      at(TokenKind::EndOfFile) && stream.getLastPlace().beginLine ? stream.getLastPlace() : here();
+  return error(DiagnosticId::Expected, place, what, describe(peek()));
 }
 
 bool Parser::expect(Keyword keyword) {

@@ -86,6 +86,26 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
       ->group(group);
 }
 
+/// What is wrong, and which options the command takes.
+std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
+  std::string message = "tarka: " + std::string(error.what()) + "\n";
+  std::vector<const CLI::App *> commands = {program};
+  for (const CLI::App *command : program->get_subcommands())
+    commands.push_back(command);
+  const CLI::App *command = commands.back();
+  if (command == program) {
+    message += "tarka: the commands are";
+    for (const CLI::App *one : program->get_subcommands({}))
+      message += " " + one->get_name();
+    return message + "; tarka --help explains them\n";
+  }
+  message += "tarka: the options of " + command->get_name() + " are";
+  for (const CLI::Option *option : command->get_options())
+    if (option->nonpositional())
+      message += " " + option->get_name();
+  return message + "; tarka " + command->get_name() + " --help explains them\n";
+}
+
 } // namespace
 
 CommandLineResult readCommandLine(int argc, char **argv) {
@@ -97,6 +117,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
                "tarka");
   app.set_version_flag("--version", "tarka " TARKA_VERSION);
   app.require_subcommand(1);
+  app.failure_message(describeFailure);
 
   CLI::App *check = app.add_subcommand("check", "report what is wrong with each FILE");
   addCommonOptions(*check, request, true);
