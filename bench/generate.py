@@ -52,10 +52,24 @@ def statements(out, rng, paragraph, count, items, nesting):
 
     lines = 0
     while lines < count:
-        kind = rng.randrange(8)
-        if kind <= 2:
+        if rng.randrange(10) == 0:
+            out.append("      *    WHAT THE NEXT STATEMENTS ARE FOR")
+            lines += 1
+        kind = rng.randrange(10)
+        if kind <= 1:
             out.append(f"           MOVE {numeric()} TO {numeric()}.")
             lines += 1
+        elif kind == 2:
+            out.append(f"           MOVE {numeric()}")
+            out.append(f"             TO {numeric()}.")
+            lines += 2
+        elif kind == 8:
+            out.append(f"           DISPLAY 'THE VALUE OF THE ITEM IS ' {numeric()}.")
+            lines += 1
+        elif kind == 9:
+            out.append(f"           SUBTRACT {numeric()} FROM {numeric()}")
+            out.append(f"               GIVING {numeric()}.")
+            lines += 2
         elif kind == 3:
             out.append(f"           ADD 1 TO {numeric()}.")
             lines += 1
@@ -93,7 +107,12 @@ def generate(lines, items, paragraphs, depth, group, nesting, seed=1):
     data_items(out, items, depth, group)
     out += ["       PROCEDURE DIVISION.", "       MAIN-PARAGRAPH.", "           STOP RUN."]
     for paragraph in range(1, paragraphs + 1):
-        out.append(f"       PARAGRAPH-{paragraph}.")
+        out += [
+            "      *---------------------------------------------------------------*",
+            f"      * PARAGRAPH-{paragraph}",
+            "      *---------------------------------------------------------------*",
+            f"       PARAGRAPH-{paragraph}.",
+        ]
         statements(out, rng, rng.randrange(1, paragraphs + 1), max(1, lines // paragraphs), items,
                    nesting)
     return out

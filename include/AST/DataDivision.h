@@ -69,7 +69,13 @@ public:
   std::list<DataDescription *> *findItemByInternedName(const std::string *name) {
     updateIndex();
     auto found = index.find(name);
-    return found == index.end() ? nullptr : found->second;
+    return found == index.end() ? nullptr : found->second.all;
+  }
+  /// The entry with the interned name \p name when there is only one, else null.
+  DataDescription *findOnlyItemByInternedName(const std::string *name) {
+    updateIndex();
+    auto found = index.find(name);
+    return found == index.end() ? nullptr : found->second.only;
   }
   /// Of these entries those that stand in a group, file or report named \p qualifier, at any depth,
   /// in the same order. Valid until the next question.
@@ -108,6 +114,12 @@ private:
   friend class FileDescription;
   friend class ReportDescription;
 
+  /// The entries of one name.
+  struct Homonyms {
+    DataDescription *only = nullptr; ///< set while there is only one
+    std::list<DataDescription *> *all = nullptr;
+  };
+
   /// How far the index, or the flat list, has read a list that others append to.
   template <typename Element> struct Progress {
     std::size_t count = 0;
@@ -136,7 +148,7 @@ private:
   Progress<DataDescription> flatWork;
 
   /// By the address of the interned name.
-  llvm::DenseMap<const std::string *, std::list<DataDescription *> *> index;
+  llvm::DenseMap<const std::string *, Homonyms> index;
   llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
   llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;

@@ -60,20 +60,14 @@ inline bool isScopeTerminator(Keyword keyword) {
   return flagsOf(keyword) & KF_ScopeTerminator;
 }
 
-/// A word as the table keeps it.
-struct WordEntry {
-  const std::string *text; ///< upper case, see internString()
-  Keyword keyword;
-};
-
-/// What a look-up gives: the entry, and what is asked of it most, at hand.
+/// A word as the table knows it.
 struct WordLookup {
-  const WordEntry *entry;
-  llvm::StringRef text;
+  const std::string *interned; ///< in upper case, see internString()
+  llvm::StringRef text;        ///< the same text
   Keyword keyword;
 };
 
-/// The words of a compilation. Words that differ only in case have the same entry.
+/// The words of a compilation. Words that differ only in case are one.
 class WordTable {
 public:
   /// A table that holds the keywords; those of OS/VS COBOL only when \p osvs.
@@ -82,14 +76,14 @@ public:
   WordTable(const WordTable &) = delete;
   WordTable &operator=(const WordTable &) = delete;
 
-  /// Finds \p spelling, which is entered when it is not there yet. Entries never move.
+  /// Finds \p spelling, which is entered when it is not there yet.
   WordLookup lookup(llvm::StringRef spelling);
 
 private:
   /// Holds the text itself, so that a look-up goes to two places of memory only.
   struct Slot {
     const char *text = nullptr;
-    WordEntry *entry = nullptr;
+    const std::string *interned = nullptr;
     uint32_t hash = 0;
     uint16_t size = 0;
     Keyword keyword = Keyword::None;

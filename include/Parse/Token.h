@@ -67,8 +67,8 @@ struct Token {
   llvm::StringRef text;
   /// The text as written.
   llvm::StringRef spelling;
-  /// The entry of a word in the word table, null for everything else.
-  const WordEntry *word = nullptr;
+  /// The text of a word at its interned address, null for everything else.
+  const std::string *interned = nullptr;
   SourceRange place;
   /// Keyword::None for everything that is not a word, and for user words.
   Keyword keyword = Keyword::None;

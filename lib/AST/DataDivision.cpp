@@ -161,17 +161,22 @@ void DataDivision::indexRecord(DataDescription *root) {
 void DataDivision::indexName(DataDescription *entry) {
   if (!entry->getDataName())
     return;
-  std::list<DataDescription *> *&homonyms = index[&entry->getDataName()->getWordData()];
-  if (!homonyms)
-    homonyms = makeList<DataDescription *>();
-  homonyms->push_back(entry);
+  Homonyms &homonyms = index[&entry->getDataName()->getWordData()];
+  if (!homonyms.all)
+    homonyms.all = makeList<DataDescription *>();
+  homonyms.all->push_back(entry);
+  homonyms.only = homonyms.all->size() == 1 ? entry : nullptr;
 }
 
 void DataDivision::unindexName(DataDescription *entry) {
   if (!entry->getDataName())
     return;
-  if (std::list<DataDescription *> *homonyms = index.lookup(&entry->getDataName()->getWordData()))
-    homonyms->remove(entry);
+  auto found = index.find(&entry->getDataName()->getWordData());
+  if (found != index.end()) {
+    Homonyms &homonyms = found->second;
+    homonyms.all->remove(entry);
+    homonyms.only = homonyms.all->size() == 1 ? homonyms.all->front() : nullptr;
+  }
   qualifiedIndex.erase(&entry->getDataName()->getWordData());
 }
 

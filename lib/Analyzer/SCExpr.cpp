@@ -95,6 +95,13 @@ bool isGlobal(DataDescription &entry) {
   return item && item->getRootDesc()->getGlobal();
 }
 
+/// The entry of the program itself that alone bears the name; null when there is none or another.
+DataDescription *findOnlyItem(const Word &name) {
+  DataDivision *division =
+      TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getDataDivision();
+  return division ? division->findOnlyItemByInternedName(&name.getWordData()) : nullptr;
+}
+
 /// The entries that \p name can mean: those of the program itself, else those of the nearest
 /// program around it whose first entry of the name is in a GLOBAL record. That only the first one
 /// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
@@ -180,14 +187,20 @@ bool isReportEntry(const DataDescription *entry) {
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
                                     bool preferReportItem) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
-  Candidates candidates = findCandidates(*words.front());
-  if (!candidates.division) {
-    if (!silentIfUndefined)
-      report(ErrorCode::IdentifierUndefined, &identifier);
-    return false;
+  bool ok = true;
+  if (DataDescription *only = words.size() == 1 ? findOnlyItem(*words.front()) : nullptr) {
+    // Most references: a plain name that one entry of the program bears.
+    bindTo(identifier, only);
+  } else {
+    Candidates candidates = findCandidates(*words.front());
+    if (!candidates.division) {
+      if (!silentIfUndefined)
+        report(ErrorCode::IdentifierUndefined, &identifier);
+      return false;
+    }
+    ok = words.size() > 1 ? bindQualified(identifier, narrow(candidates, words))
+                          : bindUnqualified(identifier, *candidates.entries, preferReportItem);
   }
-  bool ok = words.size() > 1 ? bindQualified(identifier, narrow(candidates, words))
-                             : bindUnqualified(identifier, *candidates.entries, preferReportItem);
   // What is wrong with the modifiers is reported, but the name is bound all the same.
   if (identifier.getSubscriptMod())
     checkSubscriptModifier(identifier);

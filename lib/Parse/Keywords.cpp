@@ -78,17 +78,17 @@ WordTable::~WordTable() = default;
 
 WordLookup WordTable::lookup(llvm::StringRef spelling) {
   uint32_t hash = hashFolded(spelling);
-  for (uint32_t index = hash & mask; slots[index].entry; index = (index + 1) & mask) {
+  for (uint32_t index = hash & mask; slots[index].interned; index = (index + 1) & mask) {
     const Slot &slot = slots[index];
     if (slot.hash != hash)
       continue;
-    // A word of more characters than a slot can count is compared by its entry.
-    llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.entry->text;
+    // A word of more characters than a slot can count is compared by its interned text.
+    llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.interned;
     if (text == spelling || spelling.equals_insensitive(text))
-      return {slot.entry, text, slot.keyword};
+      return {slot.interned, text, slot.keyword};
   }
   const Slot &slot = enter(spelling, Keyword::None);
-  return {slot.entry, *slot.entry->text, slot.keyword};
+  return {slot.interned, *slot.interned, slot.keyword};
 }
 
 /// Folds, interns and enters a word that is not in the table.
@@ -97,16 +97,15 @@ WordTable::Slot &WordTable::enter(llvm::StringRef spelling, Keyword keyword) {
     grow();
   uint32_t hash = hashFolded(spelling);
   const std::string &text = internString(spelling.upper());
-  auto *entry = new (allocateForever(sizeof(WordEntry))) WordEntry{&text, keyword};
   uint16_t size = text.size() <= UINT16_MAX ? static_cast<uint16_t>(text.size()) : 0;
   Slot &slot = freeSlot(hash);
-  slot = {text.data(), entry, hash, size, keyword};
+  slot = {text.data(), &text, hash, size, keyword};
   return slot;
 }
 
 WordTable::Slot &WordTable::freeSlot(uint32_t hash) {
   uint32_t index = hash & mask;
-  while (slots[index].entry)
+  while (slots[index].interned)
     index = (index + 1) & mask;
   return slots[index];
 }
@@ -117,7 +116,7 @@ void WordTable::grow() {
   mask = mask * 2 + 1;
   slots = std::make_unique<Slot[]>(size_t(mask) + 1);
   for (uint32_t index = 0; index <= oldMask; ++index)
-    if (old[index].entry)
+    if (old[index].interned)
       freeSlot(old[index].hash) = old[index];
 }
 

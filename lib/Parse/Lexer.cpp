@@ -286,7 +286,7 @@ bool Lexer::readPicture(Token &token) {
   scanner.setCursor(text.end());
   token.kind = TokenKind::PictureString;
   token.keyword = previousKeyword = Keyword::None;
-  token.word = nullptr;
+  token.interned = nullptr;
   token.text = token.spelling = text;
   token.flags = Token::PrecededBySpace;
   setPlace(token);

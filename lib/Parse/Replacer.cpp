@@ -19,7 +19,7 @@ bool isBarrier(const Token &token) {
 bool sameTextWord(const Token &left, const Token &right) {
   if (left.kind != right.kind)
     return false;
-  return left.isWord() ? left.word == right.word : left.text == right.text;
+  return left.isWord() ? left.interned == right.interned : left.text == right.text;
 }
 
 /// A place from where \p first begins to where \p last ends.

@@ -26,7 +26,7 @@ llvm::StringRef pictureIn(llvm::StringRef text) {
 void Scanner::finish(Token &token, TokenKind kind, const char *begin) {
   token.kind = previous = kind;
   token.keyword = Keyword::None;
-  token.word = nullptr;
+  token.interned = nullptr;
   token.text = token.spelling = llvm::StringRef(begin, cursor - begin);
 }
 
@@ -110,7 +110,7 @@ void Scanner::scanWord(Token &token, const char *begin) {
     --cursor;
   finish(token, TokenKind::Word, begin);
   WordLookup word = words.lookup(token.spelling);
-  token.word = word.entry;
+  token.interned = word.interned;
   token.keyword = word.keyword;
   token.text = word.text;
 }

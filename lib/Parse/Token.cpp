@@ -64,11 +64,11 @@ llvm::StringRef describe(TokenKind kind) {
 }
 
 const std::string *Token::getInternedText() const {
-  return word ? word->text : &internString(text);
+  return interned ? interned : &internString(text);
 }
 
 const std::string *Token::getInternedSpelling() const {
-  return word && *word->text == spelling ? word->text : &internString(spelling);
+  return interned && text == spelling ? interned : &internString(spelling);
 }
 
 } // namespace tarka

@@ -16,6 +16,7 @@
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
+#include <malloc.h>
 
 namespace tarka {
 
@@ -167,6 +168,11 @@ int Compilation::printLayout() {
 
 /// Carries out the command on one file in this process.
 int runHere(const Request &request, const std::string &file) {
+  // The work is done in one thread beside the main one: let it use the main heap, and let the heap
+  // grow in large steps, since little of it is ever given back.
+  mallopt(M_ARENA_MAX, 1);
+  mallopt(M_TOP_PAD, 16 << 20);
+
   int status = ExitInternal;
   llvm::thread worker(std::optional<unsigned>(stackSize),
                       [&] { status = Compilation(request, file).run(); });
