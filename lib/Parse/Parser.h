@@ -733,7 +733,8 @@ private:
   XMLSuppressItem *parseXmlSuppressItem();
 
   //===--------------------------------------------------------------------===//
-  // What the program declares (ParseProgram.cpp). The names are those of tokens, which are interned.
+  // What the program declares (ParseProgram.cpp). The names are those of tokens, which are
+  // interned.
   //===--------------------------------------------------------------------===//
 
   /// Whether the name is a condition-name (level 88) of this unit or of an outer one.
