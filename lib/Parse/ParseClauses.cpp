@@ -7,6 +7,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "Parser.h"
+#include "Spelling.h"
 #include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
@@ -36,16 +37,19 @@ bool Parser::atPartHeader() {
   case Keyword::FileControl:
   case Keyword::IOControl:
     return true;
-  case Keyword::None:
   case Keyword::Communication:
   case Keyword::Configuration:
-  case Keyword::File:
   case Keyword::InputOutput:
   case Keyword::Linkage:
   case Keyword::LocalStorage:
-  case Keyword::Report:
   case Keyword::WorkingStorage:
-    return at(TokenKind::EndOfFile) || (at(TokenKind::Word) && peek(1).is(Keyword::Section));
+    return peek().isFirstOnLine() || peek(1).is(Keyword::Section);
+  case Keyword::File:
+  case Keyword::Report:
+    return peek(1).is(Keyword::Section);
+  case Keyword::None:
+    return at(TokenKind::EndOfFile) ||
+           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division));
   default:
     return false;
   }
@@ -76,10 +80,29 @@ bool Parser::atEntryBoundary(const ClauseSet &clauses) {
          (clauses.endsAtLevelNumber && atLevelNumber());
 }
 
+void Parser::takeSectionHeader() {
+  stream.skip();
+  if (accept(Keyword::Section)) {
+    expectPeriod();
+    return;
+  }
+  expected("SECTION");
+  // Something else stands in the place of SECTION.
+  if (!at(TokenKind::Period) && !peek().isFirstOnLine())
+    stream.skip();
+  accept(TokenKind::Period);
+}
+
+void Parser::missingPeriod() {
+  // The end of the file is no place to look at.
+  SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
+  error(DiagnosticId::PeriodMissing, place, describe(peek()));
+}
+
 void Parser::expectPeriod() {
   if (accept(TokenKind::Period))
     return;
-  error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+  missingPeriod();
   // What else stands in the line of a header belongs to nothing.
   while (!peek().isFirstOnLine() && !atPartHeader() &&
          !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
@@ -99,7 +122,7 @@ Node Parser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
   while (!at(TokenKind::Period)) {
     if (atEntryBoundary(clauses)) {
       if (wasReadable)
-        error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+        missingPeriod();
       return from(begin);
     }
     wasReadable = parseClause();
@@ -122,21 +145,22 @@ void Parser::parseParagraphClauses(const ClauseSet &clauses,
     }
   }
   if (needsPeriod)
-    error(DiagnosticId::PeriodMissing, here(), describe(peek()));
+    missingPeriod();
 }
 
 bool Parser::unknownClause(const ClauseSet &clauses) {
   llvm::SmallVector<Keyword, 80> words(clauses.keywords);
   words.append(clauses.synonyms.begin(), clauses.synonyms.end());
-  llvm::StringRef meant = peek().isWord() ? suggestKeyword(peek().text, words) : "";
-  if (!meant.empty()) {
-    error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, meant);
+  Keyword meant = peek().isWord() ? nearestKeyword(peek().text, words) : Keyword::None;
+  if (meant != Keyword::None) {
+    error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, textOf(meant));
   } else {
     auto texts = llvm::map_range(clauses.keywords, textOf);
     error(DiagnosticId::UnknownClause, here(), describe(peek()), clauses.owner,
           llvm::join(texts, ", "));
   }
   stream.skip();
+  recoverToClause(clauses, /*isUnknown=*/true);
   return false;
 }
 
@@ -147,9 +171,13 @@ bool Parser::unsupportedClause(llvm::StringRef what, const ClauseSet &clauses) {
   return true;
 }
 
-void Parser::recoverToClause(const ClauseSet &clauses) {
-  while (!at(TokenKind::Period) && !clauses.contains(peek().keyword) && !atEntryBoundary(clauses)) {
-    if (clauses.beginsWithName && peek().isFirstOnLine() && atEnvironmentName())
+void Parser::recoverToClause(const ClauseSet &clauses, bool isUnknown) {
+  while (!at(TokenKind::Period) && !atEntryBoundary(clauses)) {
+    bool isFirst = peek().isFirstOnLine();
+    bool isInner = isUnknown && !isFirst && llvm::is_contained(clauses.innerWords, peek().keyword);
+    if (clauses.contains(peek().keyword) && !isInner)
+      return;
+    if (clauses.beginsWithName && isFirst && atEnvironmentName())
       return;
     stream.skip();
   }
@@ -163,21 +191,13 @@ void Parser::recoverToEntry(const ClauseSet &clauses) {
       stream.skip();
 }
 
-llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates) {
-  // A slip is a letter too many, too few or wrong; in a longer word there may be two of them, as
-  // when letters change places. In a very short one every other word is near.
-  if (word.size() < 3 || word.size() > 30)
-    return {};
-  unsigned nearest = word.size() < 5 ? 2 : 3;
-  llvm::StringRef suggestion;
-  for (Keyword candidate : candidates) {
-    unsigned distance = word.edit_distance(textOf(candidate), true, nearest);
-    if (distance < nearest) {
-      nearest = distance;
-      suggestion = textOf(candidate);
-    }
-  }
-  return suggestion;
+Keyword Parser::nearestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates) {
+  SpellingMatch match(word);
+  for (Keyword candidate : candidates)
+    match.consider(textOf(candidate));
+  const auto *found = llvm::find_if(
+      candidates, [&](Keyword candidate) { return textOf(candidate) == match.getNearest(); });
+  return found == candidates.end() ? Keyword::None : *found;
 }
 
 Expression *Parser::parseNumberOrDataName(llvm::StringRef what) {

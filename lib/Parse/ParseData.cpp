@@ -15,8 +15,9 @@ DataDivision *Parser::parseDataDivision() {
   Node place(begin);
   auto *division = new DataDivision(&place);
   unit->setDataDivision(division);
-  if (accept(Keyword::Data)) {
-    accept(Keyword::Division);
+  if (peek(1).is(Keyword::Division)) {
+    stream.skip();
+    stream.skip();
     expectPeriod();
   }
   std::bitset<sectionKinds> seen;
@@ -39,13 +40,26 @@ DataDivision *Parser::parseDataDivision() {
   return division;
 }
 
-/// Whether a section of the data division is next. Where its header was forgotten, what only that
-/// section can hold tells it.
-bool Parser::atDataSection() {
-  if (at(Keyword::WorkingStorage, Keyword::LocalStorage, Keyword::Linkage, Keyword::File,
-         Keyword::Report))
-    return peek(1).is(Keyword::Section);
-  return peek().isFirstOnLine() && (at(Keyword::Fd, Keyword::Sd, Keyword::Rd) || atLevelNumber());
+/// Where the header is missing, what only one of the sections can hold tells which it is.
+Keyword Parser::dataSectionAt() {
+  static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
+                                        Keyword::LocalStorage, Keyword::Linkage, Keyword::Report};
+  bool isHeader = peek(1).is(Keyword::Section);
+  if (llvm::is_contained(headers, peek().keyword)) {
+    // A header is one even where SECTION is misspelt or missing.
+    bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period);
+    if (isHeader || (peek().isFirstOnLine() && isAlone))
+      return peek().keyword;
+  } else if (isHeader && peek().isWord()) {
+    return nearestKeyword(peek().text, headers);
+  }
+  if (!peek().isFirstOnLine())
+    return Keyword::None;
+  if (at(Keyword::Fd, Keyword::Sd))
+    return Keyword::File;
+  if (at(Keyword::Rd))
+    return Keyword::Report;
+  return atLevelNumber() ? Keyword::WorkingStorage : Keyword::None;
 }
 
 void Parser::reportForeignSection() {
@@ -69,20 +83,19 @@ void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> 
       {Keyword::File, StorageType::File, "FILE SECTION"},
       {Keyword::Report, StorageType::Report, "REPORT SECTION"},
   };
-  Keyword header = at(Keyword::Fd, Keyword::Sd) ? Keyword::File
-                   : at(Keyword::Rd)            ? Keyword::Report
-                   : peek().isWord()            ? peek().keyword
-                                                : Keyword::WorkingStorage;
+  Keyword header = dataSectionAt();
   const SectionInfo &section =
       *llvm::find_if(sections, [&](const SectionInfo &one) { return one.header == header; });
 
   unsigned kind = static_cast<unsigned>(section.storage);
-  if (!peek(1).is(Keyword::Section)) {
+  if (at(TokenKind::IntegerLiteral) || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
     error(DiagnosticId::HeaderMissing, here(), section.text, describe(peek()));
   } else {
-    if (seen.test(kind))
+    if (!at(header))
+      error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(header));
+    else if (seen.test(kind))
       error(DiagnosticId::HeaderTwice, here(), section.text);
-    parseHeader(2);
+    takeSectionHeader();
   }
   seen.set(kind);
 
@@ -138,6 +151,10 @@ public:
       addSubordinate(entry);
     }
   }
+
+  /// An entry could not be read, perhaps the one that begins a record: then it is not told once
+  /// more that the record has no beginning.
+  void noteLostEntry() { isMisplaced = true; }
 
 private:
   /// A condition-name belongs to the item that it follows.
@@ -218,6 +235,7 @@ void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*p
       return;
     } else {
       expected("a level number");
+      records.noteLostEntry();
       stream.skip();
       recoverToEntry(clauses);
     }
@@ -321,7 +339,8 @@ Word *Parser::parseEntryName(const ClauseSet &clauses) {
     return takeWord();
   error(DiagnosticId::ReservedWord, here(), "a data-name", peek().spelling);
   stream.skip();
-  return nullptr;
+  // The name may come behind a word too many.
+  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : nullptr;
 }
 
 } // namespace tarka

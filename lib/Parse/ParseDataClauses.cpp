@@ -40,8 +40,12 @@ static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
                                            Keyword::ProcedurePointer,
                                            Keyword::Dynamic,
                                            Keyword::Type};
-constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
-                                      /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
+constinit const ClauseSet dataClauses{"a data description entry",
+                                      dataKeywords,
+                                      dataSynonyms,
+                                      /*innerWords=*/{},
+                                      /*beginsWithName=*/false,
+                                      /*endsAtLevelNumber=*/true};
 
 bool Parser::parseDataClause(DataDescription &entry) {
   using Data = DataDescription;

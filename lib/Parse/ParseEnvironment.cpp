@@ -8,6 +8,10 @@ namespace tarka {
 // The division
 //===----------------------------------------------------------------------===//
 
+static constexpr Keyword environmentHeaders[] = {
+    Keyword::Configuration, Keyword::SourceComputer, Keyword::ObjectComputer, Keyword::SpecialNames,
+    Keyword::Repository,    Keyword::InputOutput,    Keyword::FileControl,    Keyword::IOControl};
+
 /// The division and its parts hang in the tree before they are read: what they declare is looked up
 /// there while reading goes on.
 EnvironmentDivision *Parser::parseEnvironmentDivision() {
@@ -20,10 +24,20 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
   unit->setEnvironmentDivision(division);
 
   while (!atUnitBoundary()) {
-    if (accept(TokenKind::Period) || parseEnvironmentPart(*division))
+    if (accept(TokenKind::Period))
       continue;
-    if (atDataSection()) {
-      error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
+    Keyword header = peek().keyword;
+    if (!llvm::is_contained(environmentHeaders, header) && peek().isWord())
+      header = misspeltHeader(environmentHeaders);
+    if (header != Keyword::None) {
+      parseEnvironmentPart(*division, header);
+      continue;
+    }
+    bool isDivision =
+        peek(1).is(Keyword::Division) && misspeltHeader(Keyword::Data) != Keyword::None;
+    if (isDivision || atDataSection()) {
+      if (!isDivision)
+        error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
       parseDataDivision();
       break;
     }
@@ -39,58 +53,62 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
   return division;
 }
 
-bool Parser::parseEnvironmentPart(EnvironmentDivision &division) {
-  switch (peek().keyword) {
+/// The one of \p headers that a word followed as a header is was meant to be, with a message; None
+/// when it is like none of them.
+Keyword Parser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
+  if (!peek(1).isOneOf(Keyword::Section, Keyword::Division) && !peek(1).is(TokenKind::Period))
+    return Keyword::None;
+  Keyword meant = nearestKeyword(peek().text, headers);
+  if (meant != Keyword::None)
+    error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(meant));
+  return meant;
+}
+
+void Parser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header) {
+  switch (header) {
   case Keyword::Configuration:
-    if (!peek(1).is(Keyword::Section))
-      return false;
     if (division.getConfigurationSection())
       error(DiagnosticId::HeaderTwice, here(), "CONFIGURATION SECTION");
-    configurationSectionOf(division);
-    parseHeader(2);
-    return true;
+    configurationSectionOf(division, /*hasHeader=*/true);
+    takeSectionHeader();
+    return;
   case Keyword::InputOutput:
-    if (!peek(1).is(Keyword::Section))
-      return false;
     if (division.getInputOutputSection())
       error(DiagnosticId::HeaderTwice, here(), "INPUT-OUTPUT SECTION");
-    inputOutputSectionOf(division);
-    parseHeader(2);
-    return true;
+    inputOutputSectionOf(division, /*hasHeader=*/true);
+    takeSectionHeader();
+    return;
   case Keyword::SourceComputer:
-    parseSourceComputer(configurationSectionOf(division));
-    return true;
+    parseSourceComputer(configurationSectionOf(division, /*hasHeader=*/false));
+    return;
   case Keyword::ObjectComputer:
-    parseObjectComputer(configurationSectionOf(division));
-    return true;
+    parseObjectComputer(configurationSectionOf(division, /*hasHeader=*/false));
+    return;
   case Keyword::SpecialNames:
-    parseSpecialNames(configurationSectionOf(division));
-    return true;
+    parseSpecialNames(configurationSectionOf(division, /*hasHeader=*/false));
+    return;
   case Keyword::Repository:
-    configurationSectionOf(division);
+    configurationSectionOf(division, /*hasHeader=*/false);
     skipRepository();
-    return true;
+    return;
   case Keyword::FileControl:
-    parseFileControl(inputOutputSectionOf(division));
-    return true;
-  case Keyword::IOControl:
-    parseIOControl(inputOutputSectionOf(division));
-    return true;
+    parseFileControl(inputOutputSectionOf(division, /*hasHeader=*/false));
+    return;
   default:
-    return false;
+    parseIOControl(inputOutputSectionOf(division, /*hasHeader=*/false));
   }
 }
 
-void Parser::parseHeader(unsigned words) {
-  while (words--)
-    stream.skip();
+void Parser::takeParagraphHeader() {
+  stream.skip();
   expectPeriod();
 }
 
 /// The section, made when its header or, with a message, its first paragraph is next.
-ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &division) {
+ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &division,
+                                                     bool hasHeader) {
   if (!division.getConfigurationSection()) {
-    if (!at(Keyword::Configuration))
+    if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "CONFIGURATION SECTION", describe(peek()));
     Node place(here());
     division.setConfigurationSection(new ConfigurationSection(&place));
@@ -98,9 +116,9 @@ ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &divisi
   return *division.getConfigurationSection();
 }
 
-InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division) {
+InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division, bool hasHeader) {
   if (!division.getInputOutputSection()) {
-    if (!at(Keyword::InputOutput))
+    if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "INPUT-OUTPUT SECTION", describe(peek()));
     Node place(here());
     division.setInputOutputSection(new InputOutputSection(&place));
@@ -112,7 +130,7 @@ InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division) 
 /// to pass over in silence.
 void Parser::skipRepository() {
   SourceRange begin = here();
-  parseHeader(1);
+  takeParagraphHeader();
   bool isEmpty = atPartHeader();
   while (!atPartHeader())
     stream.skip();
@@ -135,7 +153,7 @@ void Parser::parseSourceComputer(ConfigurationSection &section) {
   Node place(begin);
   auto *computer = new ParaSourceComputer(&place);
   section.setSourceComputer(computer);
-  parseHeader(1);
+  takeParagraphHeader();
   if (atPartHeader())
     return;
 
@@ -168,7 +186,7 @@ void Parser::parseObjectComputer(ConfigurationSection &section) {
   Node place(begin);
   auto *computer = new ParaObjectComputer(&place);
   section.setObjectComputer(computer);
-  parseHeader(1);
+  takeParagraphHeader();
   if (atPartHeader())
     return;
 
@@ -252,9 +270,9 @@ void Parser::parseSpecialNames(ConfigurationSection &section) {
     section.setSpecialNames(new ParaSpecialNames(&place));
   }
   ParaSpecialNames &names = *section.getSpecialNames();
-  parseHeader(1);
+  takeParagraphHeader();
   const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms,
-                          /*beginsWithName=*/true};
+                          /*innerWords=*/{}, /*beginsWithName=*/true};
   parseParagraphClauses(clauses, [&] { return parseSpecialNamesClause(names, clauses); });
   names.setRange(from(begin).getRange());
 }
@@ -307,7 +325,7 @@ bool Parser::atEnvironmentName() {
   if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
     return true;
   bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
-  return isFollowed && suggestKeyword(peek().text, specialNamesKeywords).empty();
+  return isFollowed && nearestKeyword(peek().text, specialNamesKeywords) == Keyword::None;
 }
 
 /// environment-name [IS] [mnemonic-name] {ON | OFF} [STATUS] [IS] condition-name

@@ -10,8 +10,13 @@ static constexpr Keyword fileKeywords[] = {Keyword::Block,    Keyword::CodeSet, 
                                            Keyword::Linage,   Keyword::Record,   Keyword::Report,
                                            Keyword::Value,    Keyword::Recording};
 static constexpr Keyword fileSynonyms[] = {Keyword::Reports, Keyword::Totaled, Keyword::Totaling};
-static constexpr ClauseSet fileClauses{"a file description entry", fileKeywords, fileSynonyms,
-                                       /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
+static constexpr Keyword fileInnerWords[] = {Keyword::Record};
+static constexpr ClauseSet fileClauses{"a file description entry",
+                                       fileKeywords,
+                                       fileSynonyms,
+                                       fileInnerWords,
+                                       /*beginsWithName=*/false,
+                                       /*endsAtLevelNumber=*/true};
 
 void Parser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
@@ -37,6 +42,7 @@ void Parser::parseFileSection(DataDivision &division) {
       return;
     } else {
       expected("FD or SD");
+      isTold = true;
       stream.skip();
       recoverToEntry(fileClauses);
     }

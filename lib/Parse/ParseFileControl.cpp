@@ -16,10 +16,13 @@ static constexpr Keyword selectSynonyms[] = {
     Keyword::Sequential, Keyword::Status,  Keyword::Actual,    Keyword::FileLimit,
     Keyword::FileLimits, Keyword::Nominal, Keyword::TrackArea, Keyword::TrackLimit};
 
-static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selectSynonyms};
+static constexpr Keyword selectInnerWords[] = {Keyword::Password, Keyword::Record,
+                                               Keyword::Sequential};
+static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selectSynonyms,
+                                         selectInnerWords};
 
 void Parser::parseFileControl(InputOutputSection &section) {
-  parseHeader(1);
+  takeParagraphHeader();
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
@@ -339,7 +342,7 @@ static constexpr Keyword ioControlKeywords[] = {Keyword::Apply, Keyword::Multipl
 static constexpr ClauseSet ioControlClauses{"I-O-CONTROL", ioControlKeywords, {}};
 
 void Parser::parseIOControl(InputOutputSection &section) {
-  parseHeader(1);
+  takeParagraphHeader();
   parseParagraphClauses(ioControlClauses, [&] { return parseIOControlClause(section); });
 }
 

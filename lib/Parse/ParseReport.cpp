@@ -13,9 +13,10 @@ static constexpr Keyword reportKeywords[] = {Keyword::Code, Keyword::Control,  K
                                              Keyword::Line, Keyword::Overflow, Keyword::Page,
                                              Keyword::Style};
 static constexpr Keyword reportSynonyms[] = {Keyword::Controls, Keyword::With};
-static constexpr ClauseSet reportClauses{"a report description entry", reportKeywords,
-                                         reportSynonyms, /*beginsWithName=*/false,
-                                         /*endsAtLevelNumber=*/true};
+static constexpr ClauseSet reportClauses{
+    "a report description entry", reportKeywords, reportSynonyms, /*innerWords=*/{},
+    /*beginsWithName=*/false,
+    /*endsAtLevelNumber=*/true};
 
 void Parser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
@@ -38,6 +39,7 @@ void Parser::parseReportSection(DataDivision &division) {
       return;
     } else {
       expected("RD");
+      isTold = true;
       stream.skip();
       recoverToEntry(reportClauses);
     }
@@ -231,7 +233,7 @@ ClausePageLimit *Parser::parsePageLimit() {
     if (!isColumns)
       acceptAny(Keyword::Lines, Keyword::Line);
     if (isColumns ? clause->getColumns() : clause->getPageLimit())
-      error(DiagnosticId::ClauseTwice, number->getRange(), "this number");
+      error(DiagnosticId::ClauseTwice, number->getRange(), "the number");
     else if (isColumns)
       clause->setColumns(number);
     else

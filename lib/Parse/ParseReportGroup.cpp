@@ -14,8 +14,12 @@ static constexpr Keyword groupSynonyms[] = {
     Keyword::Absent, Keyword::Col,     Keyword::Cols,     Keyword::Columns,  Keyword::Just,
     Keyword::Lines,  Keyword::Pic,     Keyword::Leading,  Keyword::Trailing, Keyword::Values,
     Keyword::When,   Keyword::Display, Keyword::Display1, Keyword::National};
-constinit const ClauseSet groupClauses{"a report group entry", groupKeywords, groupSynonyms,
-                                       /*beginsWithName=*/false, /*endsAtLevelNumber=*/true};
+constinit const ClauseSet groupClauses{"a report group entry",
+                                       groupKeywords,
+                                       groupSynonyms,
+                                       /*innerWords=*/{},
+                                       /*beginsWithName=*/false,
+                                       /*endsAtLevelNumber=*/true};
 
 /// Whether a name is next that begins no clause of \p clauses. Many of the report section's
 /// keywords are names everywhere else.

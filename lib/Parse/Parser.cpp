@@ -81,10 +81,10 @@ llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {
 
 Word *Parser::takeWord() {
   const Token &token = peek();
-  Word *word =
-      token.isWord()
-          ? new Word(token.place, token.getInternedText(), token.getInternedSpelling())
-          : new Word(token.place, &internString(token.text), &internString(token.spelling));
+  // Of most words and strings the two texts are equal and looked up once.
+  const std::string *text = token.getInternedText();
+  const std::string *spelling = *text == token.spelling ? text : &internString(token.spelling);
+  Word *word = new Word(token.place, text, spelling);
   stream.skip();
   return word;
 }

@@ -39,11 +39,12 @@ namespace tarka {
 /// The clauses of one kind of entry or paragraph: for the messages about them, and for the place
 /// to go on at after a mistake.
 struct ClauseSet {
-  llvm::StringRef owner;            ///< "a data description entry"
-  llvm::ArrayRef<Keyword> keywords; ///< a word for each clause, as a message lists them
-  llvm::ArrayRef<Keyword> synonyms; ///< further words that a clause can begin with
-  bool beginsWithName = false;      ///< environment names begin a clause too
-  bool endsAtLevelNumber = false;   ///< entries with level numbers follow
+  llvm::StringRef owner;                ///< "a data description entry"
+  llvm::ArrayRef<Keyword> keywords;     ///< a word for each clause, as a message lists them
+  llvm::ArrayRef<Keyword> synonyms;     ///< further words that a clause can begin with
+  llvm::ArrayRef<Keyword> innerWords{}; ///< those of them that also stand within other clauses
+  bool beginsWithName = false;          ///< environment names begin a clause too
+  bool endsAtLevelNumber = false;       ///< entries with level numbers follow
 
   bool contains(Keyword keyword) const;
 };
@@ -161,8 +162,8 @@ private:
   // Entries and clauses of the environment and data division (ParseClauses.cpp)
   //===--------------------------------------------------------------------===//
 
-  /// The word of \p candidates that \p word was most likely meant to be; empty when none is near.
-  static llvm::StringRef suggestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates);
+  /// The one of \p candidates that \p word was most likely meant to be; None when none is near.
+  static Keyword nearestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates);
   /// Whether a header of a paragraph, section or division is next, or the end of the file.
   bool atPartHeader();
   /// Whether something is next that cannot belong to an entry of \p clauses any more: a header, or
@@ -174,10 +175,15 @@ private:
   /// The period of an entry or header. A period that is missing is reported; then reading goes on
   /// as if it stood there.
   void expectPeriod();
-  /// Says that the next token begins no clause of \p clauses and skips it; gives false.
+  void missingPeriod();
+  /// The header of a section, with its first word next.
+  void takeSectionHeader();
+  /// Says that the next token begins no clause of \p clauses and skips to the next clause; gives
+  /// false.
   bool unknownClause(const ClauseSet &clauses);
-  /// Skips to a word that begins a clause of \p clauses, to a period or to the next entry.
-  void recoverToClause(const ClauseSet &clauses);
+  /// Skips to a word that begins a clause of \p clauses, to a period or to the next entry. Of a
+  /// clause that \p isUnknown any word may be a part, also such as begin a clause elsewhere.
+  void recoverToClause(const ClauseSet &clauses, bool isUnknown = false);
   /// Skips to behind the next period or to the next entry.
   void recoverToEntry(const ClauseSet &clauses);
   /// Reads clauses with \p parseClause, which tells whether one could be read, up to the period
@@ -221,12 +227,13 @@ private:
 
   /// With ENVIRONMENT DIVISION next. Never null.
   EnvironmentDivision *parseEnvironmentDivision();
-  ConfigurationSection &configurationSectionOf(EnvironmentDivision &division);
-  InputOutputSection &inputOutputSectionOf(EnvironmentDivision &division);
-  /// A section header or a paragraph; false when neither is next.
-  bool parseEnvironmentPart(EnvironmentDivision &division);
-  /// A header of \p words words and its period.
-  void parseHeader(unsigned words);
+  ConfigurationSection &configurationSectionOf(EnvironmentDivision &division, bool hasHeader);
+  InputOutputSection &inputOutputSectionOf(EnvironmentDivision &division, bool hasHeader);
+  Keyword misspeltHeader(llvm::ArrayRef<Keyword> headers);
+  /// The section header or the paragraph that is next; \p header is its first word.
+  void parseEnvironmentPart(EnvironmentDivision &division, Keyword header);
+  /// The header of a paragraph and its period.
+  void takeParagraphHeader();
   void skipRepository();
   void parseSourceComputer(ConfigurationSection &section);
   void parseObjectComputer(ConfigurationSection &section);
@@ -277,8 +284,10 @@ private:
 
   /// With DATA DIVISION next; fills the data division of the current unit. Never null.
   DataDivision *parseDataDivision();
-  /// Whether a section of the data division is next, with or without its header.
-  bool atDataSection();
+  /// The first word of the header of the section of the data division that is next, also where the
+  /// header is misspelt or missing; None where no section is next.
+  Keyword dataSectionAt();
+  bool atDataSection() { return dataSectionAt() != Keyword::None; }
   void reportForeignSection();
   /// \p seen are the sections of the division that were there already.
   static constexpr unsigned sectionKinds = static_cast<unsigned>(StorageType::Report) + 1;

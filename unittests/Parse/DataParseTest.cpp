@@ -273,9 +273,9 @@ TEST_F(DataParseTest, namesAndEntriesWithoutNames) {
 
   // Reserved words, also such as could begin a clause if more of it followed.
   parseEntries("01 A.\n 05 COUNT PIC X.\n 05 DATE PIC X.\n 05 SIGN.\n  06 VALUE PIC X.\n"
-               " 05 B PIC X.\n 88 ON VALUE 1.\n 88 C VALUE 2.\n");
-  EXPECT_EQ(reported(), "201@4:5 201@5:5 201@6:5 201@7:6 201@9:5");
-  EXPECT_EQ(outline(), "1 A (5, 5, 5 (6), 5 B (88 C))");
+               " 05 B PIC X.\n 88 ON VALUE 1.\n 05 SELECT D PIC X.\n 88 C VALUE 2.\n");
+  EXPECT_EQ(reported(), "201@4:5 201@5:5 201@6:5 201@7:6 201@9:5 201@10:5");
+  EXPECT_EQ(outline(), "1 A (5, 5, 5 (6), 5 B, 5 D (88 C))");
 }
 
 //===----------------------------------------------------------------------===//
@@ -335,7 +335,7 @@ LINKAGE SECTION.
 01 L PIC X
 )");
   EXPECT_EQ(reported(), "220@5:1 220@6:1 220@9:1 220@12:4 220@13:4 220@14:6 220@16:6 220@17:4 "
-                        "220@18:4 220@19:1 220@20:1");
+                        "220@18:4 220@19:1 220@20:10");
   EXPECT_EQ(outline(), "1 A (5 B, 5 C (88 C1, 88 C2), 5, 5 FILLER)");
   EXPECT_EQ(find("C1").getValue()->getPhraseValSize(), 2u);
   EXPECT_EQ(data.getFileSectionElements().front()->getRecordDescSize(), 1u);
@@ -412,10 +412,10 @@ TEST_F(DataParseTest, mistakesInFileClauses) {
   DataDivision &data = parseData(R"(FILE SECTION.
 FD F BLOCK CONTAINS MANY RECORDS RECORDING MODE IS X RECORD CONTAINS 80.
 01 FR PIC X.
-FD G LABLE RECORDS ARE STANDARD LINAGE 60 TOP 1 LINES AT TOP 2.
+FD G LABLE RECORD IS STANDARD LINAGE 60 TOP 1 LINES AT TOP 2.
 01 GR PIC X.
 )");
-  EXPECT_EQ(reported(), "200@4:21 200@4:52 224@6:6 225@6:58");
+  EXPECT_EQ(reported(), "200@4:21 200@4:52 224@6:6 225@6:56");
   EXPECT_NE(data.getFileSectionElements().front()->getRecord(), nullptr);
   EXPECT_EQ(data.getFileSectionElements().back()->getRecordDescSize(), 1u);
 }

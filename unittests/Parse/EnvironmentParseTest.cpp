@@ -230,10 +230,13 @@ TEST_F(EnvironmentParseTest, oneMessageForEachMistake) {
     SELECT C ASSIGN TO Y ACCESS MODE IS SOMETIMES RECORD KEY K
     SELECT D ASSIGN TO Z ASSIGN TO Q.
     SELEKT E ASSIGN TO Z.
-    SELECT F ASSIGN TO Z GIBBERISH IS 5 6 RECORD KEY K.
+    SELECT F ASSIGN TO Z GIBBERISH IS 5 6 RELATIVE KEY K.
+    SELECT G ASSIGN X ACCESS RANDOM ALTERNAT RECORD KEY K DUPLICATES
+      RECORD KEY K
 )");
-  EXPECT_EQ(reported(), "224@5:26 226@6:12 200@7:41 220@8:5 225@8:26 200@9:5 223@10:26");
-  EXPECT_EQ(section.getFileControlListSize(), 5u);
+  EXPECT_EQ(reported(),
+            "224@5:26 226@6:12 200@7:41 220@8:5 225@8:26 200@9:5 223@10:26 224@11:37 220@12:18");
+  EXPECT_EQ(section.getFileControlListSize(), 6u);
   EXPECT_NE(section.getFileControlListElements().back()->getRecordKey(), nullptr);
 }
 
@@ -251,6 +254,16 @@ TEST_F(EnvironmentParseTest, headersThatAreMissingOrElsewhere) {
   parse("ENVIRONMENT DIVISION.\nWORKING-STORAGE SECTION.\n01 A PIC X.\n");
   EXPECT_EQ(reported(), "231@3:1");
   EXPECT_EQ(unit->getDataDivision()->getWorkSectionSize(), 1u);
+
+  // A header with a slip in it is still the header.
+  parse("ENVIRONMENT DIVISION.\nCONFIGURATION SETCION.\nSPECIAL-NAME.\n CONSOLE IS CRT.\n"
+        "INPUT-OUPUT SECTION.\nFILE-CONTROL.\n SELECT A ASSIGN X.\nDAAT DIVISION.\n"
+        "FILE.\nFD A.\n01 A1 PIC X.\nWORKNG-STORAGE SECTION.\n01 B PIC X.\n"
+        "LINKAGE SECTION.\n");
+  EXPECT_EQ(reported(), "200@3:15 233@4:1 233@6:1 233@9:1 200@10:5 233@13:1");
+  EXPECT_EQ(unit->getDataDivision()->getWorkSectionSize(), 1u);
+  EXPECT_EQ(unit->getDataDivision()->getFileSectionElements().front()->getRecordDescSize(), 1u);
+  EXPECT_EQ(unit->getEnvironmentDivision()->getInputOutputSection()->getFileControlListSize(), 1u);
 }
 
 } // namespace
