@@ -184,7 +184,10 @@ Statement *Parser::parseExit() {
     return make<ExitSectionStatement>(begin);
   if (accept(Keyword::Perform)) {
     bool isCycle = accept(Keyword::Cycle);
-    return make<ExitPerformStatement>(begin, isCycle);
+    if (isOpen(Keyword::EndPerform))
+      return make<ExitPerformStatement>(begin, isCycle);
+    error(DiagnosticId::ExitPerformOutside, begin);
+    return dropStatement();
   }
   if (at(Keyword::Method, Keyword::Function))
     return error(DiagnosticId::UnsupportedStatement, here(),

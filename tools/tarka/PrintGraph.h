@@ -9,6 +9,7 @@
 #define TARKA_TOOLS_PRINTGRAPH_H
 
 #include "Analyzer/CFG.h"
+#include "Parse/ParseOptions.h"
 #include <string>
 
 namespace llvm {
@@ -33,8 +34,10 @@ struct GraphView {
 void printGraphText(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
 /// One object for the module; blocks refer to each other by their places.
 void printGraphJson(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
-/// A cluster for a function, with the procedures as named groups in it, for Graphviz.
-void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
+/// A cluster for a function, with the procedures as named groups in it, for Graphviz. The text of
+/// the statements comes from the source, the lines of which are laid out in \p format.
+void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view,
+                   SourceFormat format);
 
 } // namespace tarka
 
