@@ -137,7 +137,9 @@ Ways waysFrom(const GraphLayout &layout, const CFGBlock *block) {
   Ways ways;
   for (std::size_t number = 0; number < cfgLinkCount; ++number) {
     const auto link = static_cast<CFGLink>(number);
-    addWay(ways, block->getLink(link), kindOf(block, link), cfgLinkNames[number]);
+    const bool isExit = link == CFGLink::After && neverGoesOn(block);
+    addWay(ways, block->getLink(link), kindOf(block, link),
+           isExit ? llvm::StringLiteral("exit") : cfgLinkNames[number]);
   }
   if (!neverGoesOn(block))
     addWay(ways, layout.fallsInto(block), EdgeKind::FallThrough, "fall through");
@@ -151,11 +153,19 @@ std::string labelOf(const Way &way) {
   std::string label;
   for (llvm::StringRef name : way.names) {
     const bool isSaid = name == "successor" || (name == "return" && has("after")) ||
-                        (name == "end" && way.names.size() > 1);
+                        (name == "end" && way.names.size() > 1) ||
+                        // The body of a WHEN has both, though nothing is decided at its end.
+                        (name == "then" && has("successor"));
     if (!isSaid)
       label += (label.empty() ? "" : ", ") + name.str();
   }
   return label;
+}
+
+/// Whether \p way is drawn. Of the links that only accompany the flow, that is the one to the block
+/// where a loop is controlled.
+bool isDrawn(const Way &way) {
+  return way.kind != EdgeKind::Accompanying || llvm::is_contained(way.names, "return");
 }
 
 /// The blocks that control can reach from the beginnings of procedures, entries and of the
@@ -177,8 +187,7 @@ public:
     while (!open.empty()) {
       const CFGBlock *block = open.pop_back_val();
       for (const auto &[target, way] : waysFrom(layout, block))
-        if (target->getGraph() == block->getGraph() &&
-            (way.kind != EdgeKind::Accompanying || llvm::is_contained(way.names, "return")))
+        if (target->getGraph() == block->getGraph() && isDrawn(way))
           reach(target);
     }
   }
@@ -542,13 +551,9 @@ void DotPrinter::printBlockEdges(GroupId id) {
       continue;
     for (const auto &[target, way] : waysFrom(layout, block)) {
       std::optional<GroupId> home = groupOf(target);
+      if (!home || !isDrawn(way) || (isWanted(groupAt(*home)) && !isShown(target)))
+        continue;
       std::string label = labelOf(way);
-      // NEXT SENTENCE has an edge of its own, so the mark at the sentence is not needed.
-      if (!home || label == "next" || (isWanted(groupAt(*home)) && !isShown(target)))
-        continue;
-      // What is only there for company and says nothing is left out.
-      if (way.kind == EdgeKind::Accompanying && label.empty())
-        continue;
       const bool isWithin = home == id;
       if (isWanted(groupAt(*home)))
         printEdge(
@@ -593,10 +598,13 @@ void DotPrinter::printCollapsedEdges(GroupId id) {
       if (!home || (home == id && !isJump) || way.kind == EdgeKind::Accompanying)
         continue;
       std::string to = isWanted(groupAt(*home)) ? nodeOf(*home) : neighbour(*home);
-      // Falling into a procedure that is performed says little about how the program is built.
-      const EdgeKind kind = isJump ? way.kind : EdgeKind::FallThrough;
-      printEdge(nodeOf(id), to, isJump ? labelOf(way) : "fall through", kind,
-                isJump || !performed.contains(target));
+      if (isJump)
+        printEdge(nodeOf(id), to, labelOf(way), way.kind, /*constrains=*/true);
+      else if (performed.contains(target))
+        // Falling into a procedure that is performed says little about how the program is built.
+        printEdge(nodeOf(id), to, "", EdgeKind::Accompanying, /*constrains=*/false);
+      else
+        printEdge(nodeOf(id), to, "fall through", EdgeKind::FallThrough, /*constrains=*/true);
     }
   }
 }
