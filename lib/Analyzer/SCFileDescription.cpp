@@ -7,7 +7,6 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/DataTree.h"
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
@@ -191,15 +190,12 @@ void SemanticChecker::settleRecordingMode(FileDescription &file) {
 // Clauses that are accepted as they stand
 //===----------------------------------------------------------------------===//
 
-/// The records of a GLOBAL file are GLOBAL, and their condition names with them. They become so
-/// only now, after their own checks: a record that redefines a GLOBAL one would be refused.
+/// The records of a GLOBAL file are GLOBAL. They become so only now, after their own checks: a
+/// record that redefines a GLOBAL one would be refused.
 bool SemanticChecker::checkClauseGlobalFile(FileDescription &file) {
   for (DataDescription *record : file.getRecordDescElements())
-    forEachEntry(record, [&](DataDescription *entry) {
-      const bool standsAlone = !entry->getParent();
-      if (standsAlone && !entry->getGlobal())
-        entry->setGlobal(file.getGlobal());
-    });
+    if (!record->getGlobal())
+      record->setGlobal(file.getGlobal());
   return true;
 }
 
