@@ -3,7 +3,7 @@
 set -eu
 tarka=$(realpath "$1")
 root=$(realpath "$(dirname "$0")/..")
-cd "$root/examples/hello"
+cd "$root/examples"
 
 # show STATUS TEXT ARGUMENT...: says what comes, runs tarka, and insists on its exit status.
 show() {
@@ -20,16 +20,19 @@ show() {
   fi
 }
 
-show 0 "A correct program: nothing to report." check hello.cbl
-show 1 "The same program with two mistakes, and where they are:" check faulty.cbl
-show 0 "The control-flow graph of the correct one:" cfg hello.cbl
+show 0 "A daily update of a customer master, 300 lines with two copybooks: nothing to report." \
+  check update/CUSTUPD.cbl
+show 1 "The same program with seven mistakes, and where they are:" check update/CUSTUPDX.cbl
+show 0 "The control-flow graph of one paragraph of a premium calculation:" \
+  cfg --paragraph FIND-RATE premium/PREMIUM.cbl
+show 0 "Where the bytes of one of its records lie:" layout --record POLICY premium/PREMIUM.cbl
 
-# The picture of a larger one stays behind to be looked at.
+# The picture of the graph stays behind to be looked at.
 picture=$root/build/demo/CUSTUPD
 mkdir -p "$root/build/demo"
 echo
-echo "The procedures of a larger program and the ways between them, as a picture:"
-echo "\$ tarka cfg --format=dot --collapse CUSTUPD.cbl | dot -Tsvg"
-"$tarka" cfg --format=dot --collapse "$root/examples/update/CUSTUPD.cbl" > "$picture.dot"
+echo "The procedures of the customer update and the ways between them, as a picture:"
+echo "\$ tarka cfg --format=dot --collapse update/CUSTUPD.cbl | dot -Tsvg"
+"$tarka" cfg --format=dot --collapse update/CUSTUPD.cbl > "$picture.dot"
 dot -Tsvg "$picture.dot" -o "$picture.svg"
 echo "see $picture.svg"

@@ -22,8 +22,7 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
 
 Program *Parser::parse(llvm::StringRef inputName) {
   Program *program = new Program(inputName);
-  if (at(TokenKind::EndOfFile) && !diagnostics.hasErrors())
-    error(DiagnosticId::NothingToCompile, here());
+  SourceRange first = here();
   while (!at(TokenKind::EndOfFile) && !diagnostics.hasFatalError()) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))
@@ -42,6 +41,8 @@ Program *Parser::parse(llvm::StringRef inputName) {
     }
     program->addSourceUnit(parseSourceUnit(nullptr));
   }
+  if (program->getSourceUnitListSize() == 0 && !diagnostics.hasErrors())
+    error(DiagnosticId::NothingToCompile, first);
   return program;
 }
 
