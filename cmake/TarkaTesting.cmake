@@ -15,7 +15,7 @@ endfunction()
 
 # Every report is fatal and comes with a stack.
 set(TARKA_SANITIZER_ENVIRONMENT
-  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1
+  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:detect_leaks=0
   UBSAN_OPTIONS=print_stacktrace=1
   ASAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer
   UBSAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer)
