@@ -14,8 +14,8 @@ const std::map<std::string, SourceFormat> sourceFormats{
 const std::map<std::string, OutputFormat> graphFormats{
     {"text", OutputFormat::Text}, {"json", OutputFormat::Json}, {"dot", OutputFormat::Dot}};
 
-const std::map<std::string, OutputFormat> layoutFormats{{"text", OutputFormat::Text},
-                                                        {"json", OutputFormat::Json}};
+const std::map<std::string, OutputFormat> textFormats{{"text", OutputFormat::Text},
+                                                      {"json", OutputFormat::Json}};
 
 /// Turns one of \p names into its value, whatever its case.
 template <typename Value> CLI::Validator oneOf(const std::map<std::string, Value> &names) {
@@ -145,7 +145,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   addCommonOptions(*layout, request, false);
   layout->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json")
-      ->transform(oneOf(layoutFormats));
+      ->transform(oneOf(textFormats));
   layout->add_option("--record", request.layout.record, "only the records of this name")
       ->option_text("NAME")
       ->check([](const std::string &name) {
@@ -154,11 +154,19 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   layout->add_flag("--all", request.layout.all, "the special registers too");
   layout->add_flag("--keep-going", request.keepGoing, "print the layout though there are errors");
 
+  CLI::App *ast =
+      app.add_subcommand("ast", "print the tree of FILE with what the checks left in it");
+  addCommonOptions(*ast, request, false);
+  ast->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json")
+      ->transform(oneOf(textFormats));
+  ast->add_flag("--keep-going", request.keepGoing, "print the tree though there are errors");
+
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](const std::string &word) {
-    return word == "check" || word == "cfg" || word == "layout" || word == "--help" ||
-           word == "-h" || word == "--version";
+    return word == "check" || word == "cfg" || word == "layout" || word == "ast" ||
+           word == "--help" || word == "-h" || word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front()))
     arguments.insert(arguments.begin(), "check");
@@ -172,6 +180,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   }
   request.command = cfg->parsed()      ? Command::Cfg
                     : layout->parsed() ? Command::Layout
+                    : ast->parsed()    ? Command::Ast
                                        : Command::Check;
   result.request = std::move(request);
   return result;

@@ -20,7 +20,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Layout };
+enum class Command { Check, Cfg, Layout, Ast };
 enum class OutputFormat { Text, Json, Dot };
 
 /// What the command line asked for.

@@ -11,6 +11,7 @@
 #include "Parse/Parse.h"
 #include "PrintGraph.h"
 #include "PrintLayout.h"
+#include "PrintTree.h"
 #include "Verify.h"
 #include "Workers.h"
 #include "llvm/Support/Path.h"
@@ -62,6 +63,7 @@ private:
   void report();
   int printGraph();
   int printLayout();
+  int printTree();
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
@@ -93,6 +95,8 @@ int Compilation::run() {
     return printGraph();
   if (request.command == Command::Layout)
     return printLayout();
+  if (request.command == Command::Ast)
+    return printTree();
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
@@ -165,6 +169,24 @@ int Compilation::printLayout() {
   else
     printLayoutText(llvm::outs(), *program, request.layout);
   if (!flushOutput("layout"))
+    return ExitInternal;
+  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
+}
+
+/// Like the layout; with errors in it the tree tells how far the checks came.
+int Compilation::printTree() {
+  if (hasErrors() && !request.keepGoing) {
+    llvm::errs() << "tarka: no tree of " << file
+                 << " is printed: the errors above come first; --keep-going prints it all the "
+                    "same\n";
+    return ExitFindings;
+  }
+  llvm::outs().SetBuffered();
+  if (request.format == OutputFormat::Json)
+    printTreeJson(llvm::outs(), *program, file);
+  else
+    printTreeText(llvm::outs(), *program, file);
+  if (!flushOutput("tree"))
     return ExitInternal;
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }

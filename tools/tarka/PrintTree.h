@@ -1,0 +1,26 @@
+//===- PrintTree.h - the checked tree as text and JSON ----------*- C++ -*-===//
+//
+// Prints the tree of a compilation with what the checks left in it.
+// docs/json.md tells what the JSON form holds; the text form says the same, one
+// node a line.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_TOOLS_PRINTTREE_H
+#define TARKA_TOOLS_PRINTTREE_H
+
+#include "AST/Program.h"
+
+namespace llvm {
+class raw_ostream;
+}
+
+namespace tarka {
+
+/// \p file is the source file as it was given: places in it are told without its name.
+void printTreeText(llvm::raw_ostream &os, Program &program, llvm::StringRef file);
+void printTreeJson(llvm::raw_ostream &os, Program &program, llvm::StringRef file);
+
+} // namespace tarka
+
+#endif // TARKA_TOOLS_PRINTTREE_H

@@ -1,0 +1,211 @@
+//===- TreePrinter.h - the walk over the tree, and where it goes -*- C++ -*-===//
+//
+// TreePrinter goes through the tree once and tells a TreeSink what it finds;
+// the sinks turn it into text and JSON.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_TOOLS_TREEPRINTER_H
+#define TARKA_TOOLS_TREEPRINTER_H
+
+#include "AST/Condition.h"
+#include "AST/Program.h"
+#include "AST/Statement.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/StringRef.h"
+#include <cstdint>
+
+namespace tarka {
+
+/// A node that is referred to: by its name and place.
+struct TreeTarget {
+  llvm::StringRef name;
+  SourceRange place;
+};
+
+/// What is told of a node: its kind and place, then its properties, then the nodes below it.
+class TreeSink {
+public:
+  virtual ~TreeSink() = default;
+
+  /// Begins a node; \p role is what it is to the node around it, and may be empty.
+  virtual void open(llvm::StringRef role, llvm::StringRef kind, const SourceRange &place) = 0;
+  virtual void close() = 0;
+
+  virtual void text(llvm::StringRef name, llvm::StringRef value) = 0;
+  virtual void texts(llvm::StringRef name, llvm::ArrayRef<llvm::StringRef> values) = 0;
+  virtual void number(llvm::StringRef name, std::int64_t value) = 0;
+  /// Says that the node is what \p name says.
+  virtual void flag(llvm::StringRef name) = 0;
+  /// Another node of the tree that this one stands for.
+  virtual void target(llvm::StringRef name, const TreeTarget &to) = 0;
+  virtual void targets(llvm::StringRef name, llvm::ArrayRef<TreeTarget> to) = 0;
+};
+
+class TreePrinter {
+public:
+  explicit TreePrinter(TreeSink &where) : sink(where) {}
+
+  void print(Program &program);
+
+private:
+  /// A node from here to the end of the scope.
+  class Open {
+  public:
+    Open(TreeSink &where, llvm::StringRef role, llvm::StringRef kind, const SourceRange &place = {})
+        : sink(where) {
+      sink.open(role, kind, place);
+    }
+    Open(const Open &) = delete;
+    Open &operator=(const Open &) = delete;
+    ~Open() { sink.close(); }
+
+  private:
+    TreeSink &sink;
+  };
+
+  template <typename Part> void one(llvm::StringRef role, Part *part) {
+    if (part)
+      print(role, *part);
+  }
+  template <typename Part> void all(llvm::StringRef role, const std::list<Part *> &parts) {
+    for (Part *part : parts)
+      one(role, part);
+  }
+  void name(llvm::StringRef role, const Word *word) {
+    if (word)
+      sink.text(role, word->getDisplayName());
+  }
+  void flag(llvm::StringRef role, bool holds) {
+    if (holds)
+      sink.flag(role);
+  }
+  void procedure(llvm::StringRef role, Section *section, Paragraph *paragraph);
+  void range(ProcedureRange &range);
+
+  // Structure and data.
+  void print(llvm::StringRef role, SourceUnit &unit);
+  void print(llvm::StringRef role, DataDivision &division);
+  void print(llvm::StringRef role, DataDescription &entry);
+  void print(llvm::StringRef role, FileDescription &file);
+  void print(llvm::StringRef role, ReportDescription &report);
+  void print(llvm::StringRef role, ProcedureDivision &division);
+  void print(llvm::StringRef role, Declaratives &declarative);
+  void print(llvm::StringRef role, Section &section);
+  void print(llvm::StringRef role, Paragraph &paragraph);
+  void print(llvm::StringRef role, Sentence &sentence);
+  void print(llvm::StringRef role, QualifiedWord &words);
+
+  // Operands and conditions.
+  void print(llvm::StringRef role, Expression &expression);
+  void print(llvm::StringRef role, ReferenceModifier &modifier);
+  void print(llvm::StringRef role, AbbrRelationItem &item);
+  void print(llvm::StringRef role, Condition &condition);
+  void fields(DataIdentifierExpression &identifier);
+  void fields(FunctionIdentifierExpression &function);
+  void fields(SpecialRegisterIdentifierExpression &specialRegister);
+  void printArithmetic(llvm::StringRef role, ArithmeticExpression &expression);
+  void printCombined(llvm::StringRef role, CombinedCondition &condition);
+  void common(Expression &expression);
+  void boundTo(DataDescription *entry);
+
+  // Statements and their parts.
+  void print(llvm::StringRef role, Statement &statement);
+  void print(llvm::StringRef role, ExceptionHandler &handler);
+  void print(llvm::StringRef role, RoundedOperand &operand);
+  void print(llvm::StringRef role, Argument &argument);
+  void print(llvm::StringRef role, Parameter &parameter);
+  void print(llvm::StringRef role, AlterItem &item);
+  void print(llvm::StringRef role, PerformVarying &phrase);
+  void print(llvm::StringRef role, EvaluateSubject &subject);
+  void print(llvm::StringRef role, EvaluateCase &oneCase);
+  void print(llvm::StringRef role, EvaluateWhen &when);
+  void print(llvm::StringRef role, EvaluateObject &object);
+  void print(llvm::StringRef role, SearchWhen &when);
+  void print(llvm::StringRef role, SetItem &item);
+  void print(llvm::StringRef role, InitializeReplacingItem &item);
+  void print(llvm::StringRef role, InspectRegion &region);
+  void print(llvm::StringRef role, TallyingItem &item);
+  void print(llvm::StringRef role, TallyingItemFor &item);
+  void print(llvm::StringRef role, TallyingRegion &region);
+  void print(llvm::StringRef role, ReplacingItem &item);
+  void print(llvm::StringRef role, ReplacingRegion &region);
+  void print(llvm::StringRef role, ConvertingItem &item);
+  void print(llvm::StringRef role, StringItem &item);
+  void print(llvm::StringRef role, UnstringDelimitedItem &item);
+  void print(llvm::StringRef role, UnstringIntoItem &item);
+  void print(llvm::StringRef role, OpenItem &item);
+  void print(llvm::StringRef role, WriteAdvancing &phrase);
+  void print(llvm::StringRef role, SortKey &key);
+  void print(llvm::StringRef role, SortIO &phrase);
+  void print(llvm::StringRef role, XMLNameItem &item);
+  void print(llvm::StringRef role, XMLTypeItem &item);
+  void print(llvm::StringRef role, XMLSuppressItem &item);
+
+  template <typename Class> void fieldsOf(Statement &statement) {
+    fields(llvm::cast<Class>(statement));
+  }
+  void fields(AcceptStatement &statement);
+  void fields(AddStatement &statement);
+  void fields(AlterStatement &statement);
+  void fields(CallStatement &statement);
+  void fields(CancelStatement &statement);
+  void fields(CloseStatement &statement);
+  void fields(ComputeStatement &statement);
+  void fields(DeleteStatement &statement);
+  void fields(DisplayStatement &statement);
+  void fields(DivideStatement &statement);
+  void fields(EntryStatement &statement);
+  void fields(EvaluateStatement &statement);
+  void fields(ExamineStatement &statement);
+  void fields(ExecStatement &statement);
+  void fields(ExhibitStatement &statement);
+  void fields(ExitPerformStatement &statement);
+  void fields(GotoStatement &statement);
+  void fields(IfStatement &statement);
+  void fields(InitializeStatement &statement);
+  void fields(InspectStatement &statement);
+  void fields(MergeStatement &statement);
+  void fields(MoveStatement &statement);
+  void fields(MultiplyStatement &statement);
+  void fields(OnStatement &statement);
+  void fields(OpenStatement &statement);
+  void fields(PerformStatement &statement);
+  void fields(ReadStatement &statement);
+  void fields(ReleaseStatement &statement);
+  void fields(ReturnStatement &statement);
+  void fields(RewriteStatement &statement);
+  void fields(RwGenerateStatement &statement);
+  void fields(RwInitiateStatement &statement);
+  void fields(RwTerminateStatement &statement);
+  void fields(SearchStatement &statement);
+  void fields(SetStatement &statement);
+  void fields(SortStatement &statement);
+  void fields(StartStatement &statement);
+  void fields(StopStatement &statement);
+  void fields(StringStatement &statement);
+  void fields(SubtractStatement &statement);
+  void fields(TraceStatement &statement);
+  void fields(TransformStatement &statement);
+  void fields(UnstringStatement &statement);
+  void fields(UseStatement &statement);
+  void fields(WriteStatement &statement);
+  void fields(XMLGenerateStatement &statement);
+  void fields(XMLParseStatement &statement);
+
+  TreeSink &sink;
+};
+
+/// The name of an enumerator whose values begin at 1; empty beyond the table.
+template <std::size_t Size, typename Enumeration>
+llvm::StringRef nameOf(const llvm::StringLiteral (&names)[Size], Enumeration value) {
+  std::size_t index = static_cast<std::size_t>(value) - 1;
+  return index < Size ? names[index] : llvm::StringLiteral("");
+}
+
+/// How a relation is written, such as NOT =.
+llvm::StringRef relationName(RelationalConditionType relation);
+
+} // namespace tarka
+
+#endif // TARKA_TOOLS_TREEPRINTER_H
