@@ -10,9 +10,32 @@ import random
 import sys
 
 
-def data_items(out, items, depth, group):
+def plain(item, _made):
+    return item + "."
+
+
+def redefined(item, made):
+    if made % 5 == 2:
+        item = item.replace(" PIC", f" REDEFINES ITEM-{made - 1} PIC", 1)
+    return item + "."
+
+
+def indexed(item, made):
+    return f"{item}\n               OCCURS 10 INDEXED BY IX-{made}."
+
+
+def variable(item, made):
+    return item + ("\n               OCCURS 1 TO 10 DEPENDING ON COUNTER." if made % 5 == 0 else ".")
+
+
+# How an item is written, by the kind of program.
+KINDS = {"plain": plain, "redefined": redefined, "indexed": indexed, "variable": variable}
+
+
+def data_items(out, items, depth, group, kind):
     """Records of `group` items each, the items `depth` groups below the record."""
     pictures = ("PIC X(20)", "PIC S9(7)V99 COMP-3", "PIC 9(5)", "PIC S9(8) COMP", "PIC ZZ,ZZ9.99-")
+    write = KINDS[kind]
     made = 0
     record = 0
     while made < items:
@@ -24,14 +47,18 @@ def data_items(out, items, depth, group):
             level += 1
         for _ in range(min(group, items - made)):
             made += 1
-            out.append(f"           {min(level, 49):02d}  ITEM-{made:<12} {pictures[made % 5]}.")
+            item = f"           {min(level, 49):02d}  ITEM-{made:<12} {pictures[made % 5]}"
+            out += write(item, made).split("\n")
 
 
-def statements(out, rng, paragraph, count, items, nesting):
+def statements(out, rng, paragraph, count, items, nesting, kind):
     """`count` lines of the statements that programs are made of.
 
     A paragraph works on the items of a few records, as paragraphs do, and now and then on any.
     """
+
+    if kind != "plain":
+        items = 0  # the items stand for themselves: references would need subscripts
 
     fives = max(1, items // 5)
     window = min(fives, 40)
@@ -93,7 +120,7 @@ def statements(out, rng, paragraph, count, items, nesting):
             lines += 2 * nesting + 1
 
 
-def generate(lines, items, paragraphs, depth, group, nesting, seed=1):
+def generate(lines, items, paragraphs, depth, group, nesting, kind="plain", seed=1):
     """The lines of a program; `lines` is the size of the procedure division."""
     rng = random.Random(seed)
     out = [
@@ -104,7 +131,7 @@ def generate(lines, items, paragraphs, depth, group, nesting, seed=1):
         "       77  COUNTER PIC 9(5).",
         "       77  TEXT-1 PIC X(20).",
     ]
-    data_items(out, items, depth, group)
+    data_items(out, items, depth, group, kind)
     out += ["       PROCEDURE DIVISION.", "       MAIN-PARAGRAPH.", "           STOP RUN."]
     for paragraph in range(1, paragraphs + 1):
         out += [
@@ -114,7 +141,7 @@ def generate(lines, items, paragraphs, depth, group, nesting, seed=1):
             f"       PARAGRAPH-{paragraph}.",
         ]
         statements(out, rng, rng.randrange(1, paragraphs + 1), max(1, lines // paragraphs), items,
-                   nesting)
+                   nesting, kind)
     return out
 
 
@@ -126,6 +153,7 @@ def main():
     parser.add_argument("--depth", type=int, default=2, help="groups above an item")
     parser.add_argument("--group", type=int, default=50, help="items in a group")
     parser.add_argument("--nesting", type=int, default=1, help="IFs inside one another")
+    parser.add_argument("--kind", choices=KINDS, default="plain", help="what the items are")
     parser.add_argument("--seed", type=int, default=1)
     arguments = parser.parse_args()
     sys.stdout.write("\n".join(generate(**vars(arguments))) + "\n")

@@ -13,9 +13,9 @@ import sys
 import tempfile
 import time
 
-from generate import generate
+from generate import KINDS, generate
 
-TYPICAL = dict(lines=100_000, items=5_000, paragraphs=2_000, depth=2, group=50, nesting=1)
+TYPICAL = dict(lines=100_000, items=5_000, paragraphs=2_000, depth=2, group=50, nesting=1, kind="plain")
 
 
 def measure(command, runs):
@@ -87,8 +87,10 @@ def main():
             lines=to(125_000, 250_000, 500_000, 1_000_000),
             items=to(6_000, 12_000, 25_000, 50_000),
             paragraphs=to(1_250, 2_500, 5_000, 10_000)))
-        show("check: items", ["check"], grow(
-            lines=to(1_000, 1_000, 1_000), items=to(100_000, 200_000, 400_000)))
+        for kind in KINDS:
+            show(f"check: items, {kind}", ["check"], grow(
+                lines=to(1_000, 1_000, 1_000), items=to(100_000, 200_000, 400_000),
+                kind=[kind] * 3))
         show("check: items in one group", ["check"], grow(
             lines=to(1_000, 1_000, 1_000), items=to(50_000, 100_000, 200_000),
             group=to(50_000, 100_000, 200_000)))
