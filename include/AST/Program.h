@@ -59,6 +59,16 @@ public:
   const std::string &getSourceUnitName() const {
     return idDivision->getProgramIDPara()->getProgramName()->getWordData();
   }
+  /// SPECIAL-NAMES and the INPUT-OUTPUT SECTION of the unit itself; null when it has none.
+  ParaSpecialNames *getSpecialNames() const {
+    ConfigurationSection *configuration =
+        environmentDivision ? environmentDivision->getConfigurationSection() : nullptr;
+    return configuration ? configuration->getSpecialNames() : nullptr;
+  }
+  InputOutputSection *getInputOutputSection() const {
+    return environmentDivision ? environmentDivision->getInputOutputSection() : nullptr;
+  }
+
   void addNested(SourceUnit *unit) { nestedUnits.push_back(unit); }
 
   /// The programs that may be called from this unit by being contained in it or in an outer one.

@@ -81,11 +81,7 @@ bool SemanticChecker::semanticCheck(ConditionNameCondition &condition) {
 
 /// The SPECIAL-NAMES paragraph of the current source unit; null when it has none.
 static ParaSpecialNames *currentSpecialNames() {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  EnvironmentDivision *environment = unit->getEnvironmentDivision();
-  ConfigurationSection *configuration =
-      environment ? environment->getConfigurationSection() : nullptr;
-  return configuration ? configuration->getSpecialNames() : nullptr;
+  return TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getSpecialNames();
 }
 
 /// Attaches the clause that defines the switch, and notes whether its ON status was named.

@@ -24,10 +24,7 @@ constexpr int MaxEditedPositions = 249;
 /// The SPECIAL-NAMES of the program being checked; null when it has none.
 ParaSpecialNames *currentSpecialNames() {
   SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  EnvironmentDivision *environment = unit ? unit->getEnvironmentDivision() : nullptr;
-  ConfigurationSection *configuration =
-      environment ? environment->getConfigurationSection() : nullptr;
-  return configuration ? configuration->getSpecialNames() : nullptr;
+  return unit ? unit->getSpecialNames() : nullptr;
 }
 
 /// Usages that leave no room for a PICTURE.

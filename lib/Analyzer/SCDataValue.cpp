@@ -28,15 +28,10 @@ namespace {
 /// around it; null when there is none.
 ClauseSymbolic *findSymbolicClause(const Word *name) {
   SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  for (; unit; unit = unit->getParent()) {
-    EnvironmentDivision *environment = unit->getEnvironmentDivision();
-    ConfigurationSection *configuration =
-        environment ? environment->getConfigurationSection() : nullptr;
-    ParaSpecialNames *specialNames = configuration ? configuration->getSpecialNames() : nullptr;
-    if (specialNames)
+  for (; unit; unit = unit->getParent())
+    if (ParaSpecialNames *specialNames = unit->getSpecialNames())
       if (ClauseSymbolic *clause = specialNames->findClauseSymbolicByWord(name))
         return clause;
-  }
   return nullptr;
 }
 

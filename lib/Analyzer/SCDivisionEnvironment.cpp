@@ -30,15 +30,11 @@ TopLevel &context() {
 
 /// The current source unit's SPECIAL-NAMES and INPUT-OUTPUT SECTION; null when there are none.
 ParaSpecialNames *currentSpecialNames() {
-  EnvironmentDivision *environment = context().getCurrentSourceUnit()->getEnvironmentDivision();
-  ConfigurationSection *configuration =
-      environment ? environment->getConfigurationSection() : nullptr;
-  return configuration ? configuration->getSpecialNames() : nullptr;
+  return context().getCurrentSourceUnit()->getSpecialNames();
 }
 
 InputOutputSection *currentInputOutput() {
-  EnvironmentDivision *environment = context().getCurrentSourceUnit()->getEnvironmentDivision();
-  return environment ? environment->getInputOutputSection() : nullptr;
+  return context().getCurrentSourceUnit()->getInputOutputSection();
 }
 
 bool isDeclaredAlphabet(Word *name) {

@@ -310,10 +310,7 @@ bool SemanticChecker::checkValueOfField(Expression &value) {
 }
 
 bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
-  EnvironmentDivision *environment = currentUnit().getEnvironmentDivision();
-  ConfigurationSection *configuration =
-      environment ? environment->getConfigurationSection() : nullptr;
-  ParaSpecialNames *names = configuration ? configuration->getSpecialNames() : nullptr;
+  ParaSpecialNames *names = currentUnit().getSpecialNames();
   if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
     return report(ErrorCode::AlphabetNameRequired, &file);
   return true;

@@ -200,14 +200,6 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
 // What the program declares
 //===----------------------------------------------------------------------===//
 
-/// The SPECIAL-NAMES paragraph of \p unit, or null.
-static ParaSpecialNames *specialNamesOf(const SourceUnit *unit) {
-  EnvironmentDivision *environment = unit->getEnvironmentDivision();
-  ConfigurationSection *configuration =
-      environment ? environment->getConfigurationSection() : nullptr;
-  return configuration ? configuration->getSpecialNames() : nullptr;
-}
-
 /// Whether \p declares holds for the unit or one of the units around it.
 template <typename Predicate> static bool inScope(const SourceUnit *unit, Predicate declares) {
   for (; unit; unit = unit->getParent())
@@ -222,7 +214,7 @@ template <typename Predicate> static bool inScope(const SourceUnit *unit, Predic
 template <typename Predicate>
 static bool inSpecialNames(const SourceUnit *unit, const std::string &name, Predicate declares) {
   return inScope(unit, [&](const SourceUnit &one) -> bool {
-    ParaSpecialNames *names = specialNamesOf(&one);
+    ParaSpecialNames *names = one.getSpecialNames();
     if (!names)
       return false;
     Word word(SourceRange(), &name, &name);
@@ -270,8 +262,7 @@ bool Parser::isMnemonicName(const std::string &name) const {
 bool Parser::isFileName(const std::string &name) const {
   Word word(SourceRange(), &name, &name);
   return inScope(unit, [&](const SourceUnit &one) {
-    EnvironmentDivision *environment = one.getEnvironmentDivision();
-    InputOutputSection *io = environment ? environment->getInputOutputSection() : nullptr;
+    InputOutputSection *io = one.getInputOutputSection();
     if (io && io->findFileControlByName(word))
       return true;
     DataDivision *data = one.getDataDivision();
