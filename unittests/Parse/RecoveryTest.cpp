@@ -102,7 +102,7 @@ TEST_F(RecoveryTest, StatementsThatAreNotSupported) {
 TEST_F(RecoveryTest, TheSentenceEndsWithItsPeriodOrTheDivision) {
   expectRest("IF A = B PERFORM CONTINUE. GOBACK.", "200@1:26",
              "[(if (= A B) {continue})]\n[goback]");
-  expectRest("MOVE A TO. MOVE TO B. GOBACK", "200@1:10 201@1:17 200@1:1", "[goback]");
+  expectRest("MOVE A TO. MOVE TO B. GOBACK", "200@1:10 201@1:17 200@1:23", "[goback]");
   EXPECT_EQ(message(2), "a period is expected here, but the end of the file was found");
   expectRest("GOBACK\nEND PROGRAM P.", "200@2:1", "[goback]");
   expectRest("IF A = B GOBACK\nS SECTION. EXIT.", "200@2:1",
