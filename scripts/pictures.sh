@@ -18,7 +18,4 @@ draw size-error arithmetic BOTH
 draw read input-output READS
 draw perform perform OUT-OF-LINE
 draw perform-inline perform LOOPS
-draw call call IDENTIFIERS
-draw search search SERIAL
 draw sort sort-merge MAIN
-draw xml-parse xml PARSE-BOTH

@@ -481,8 +481,12 @@ void CFGBuilder::joinExits(BlockList &exits, llvm::StringRef name) {
 /// ENTRY is no element: control that comes from above runs into the entry point.
 void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
   CFGFunc *function = context().getCurrentCFGFunction();
-  const std::string &name =
-      llvm::cast<NonNumericLiteralExpression>(statement->getEntryLiteral())->getData();
+  // A literal of another kind was refused, and is no name to enter by.
+  const auto *literal =
+      llvm::dyn_cast_if_present<NonNumericLiteralExpression>(statement->getEntryLiteral());
+  if (!literal)
+    return;
+  const std::string &name = literal->getData();
   CFGEntry *entry =
       new CFGEntry(name, function->getName(), static_cast<int>(function->getEntryListSize()) + 1);
   entry->setReturning(function->getReturning());
