@@ -225,8 +225,10 @@ void Parser::parseDeclaratives(ProcedureDivision &division) {
       continue;
     }
     expected("a section of the declaratives");
-    while (!atUnitBoundary() && !atEndDeclaratives() && !peek(1).is(Keyword::Section))
+    // At least one word goes, so that EXIT SECTION is passed as well.
+    do
       stream.skip();
+    while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() != HeaderKind::Section);
   }
   if (!atEndDeclaratives()) {
     error(DiagnosticId::DeclarativesWithoutEnd, begin);
