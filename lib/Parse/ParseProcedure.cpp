@@ -195,7 +195,7 @@ Sentence *Parser::parseSentence() {
   parseStatements(statements);
   if (!accept(TokenKind::Period))
     expected("a period");
-  isSentenceAbandoned = false;
+  isSentenceAbandoned = hasUnknownStatement = false;
   if (statements.empty())
     return nullptr;
   auto *sentence = make<Sentence>(begin);

@@ -22,8 +22,9 @@ namespace tarka {
 
 namespace {
 
-constexpr unsigned bitOf(ExceptionHandlerType type) {
-  return 1u << static_cast<unsigned>(type);
+/// A set of phrases has a bit for each; the NOT form of a phrase has its own where it matters.
+constexpr unsigned bitOf(ExceptionHandlerType type, bool isNot = false) {
+  return 1u << (static_cast<unsigned>(type) + (isNot ? 8 : 0));
 }
 
 constexpr unsigned sizeError = bitOf(ExceptionHandlerType::SizeError);
@@ -354,33 +355,37 @@ bool Parser::endsStatements(StatementList &list) {
     }
     if (isOpen(keyword))
       return true;
-    error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
-          textOf(keyword).drop_front(sizeof("END-") - 1));
+    if (!hasUnknownStatement)
+      error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
+            textOf(keyword).drop_front(sizeof("END-") - 1));
     stream.skip();
     return false;
   }
   if (keyword == Keyword::Else || keyword == Keyword::Otherwise) {
     if (canTakeElse())
       return true;
-    error(DiagnosticId::ElseWithoutIf, here(), textOf(keyword));
+    if (!hasUnknownStatement)
+      error(DiagnosticId::ElseWithoutIf, here(), textOf(keyword));
     stream.skip();
     return false;
   }
   if (keyword == Keyword::When) {
     if (canTakeWhen())
       return true;
-    error(DiagnosticId::WhenWithoutEvaluate, here());
+    if (!hasUnknownStatement)
+      error(DiagnosticId::WhenWithoutEvaluate, here());
     stream.skip();
     skipToStatement();
     return false;
   }
   if (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    if (canTakePhrase(phrase->type))
+    if (canTakePhrase(*phrase))
       return true;
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
+    if (!hasUnknownStatement)
+      error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
     return false;
   }
   if (atEndDeclaratives() || atUnitBoundary() || atProcedureHeader())
@@ -401,6 +406,7 @@ void Parser::rejectWord(StatementList &list) {
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isWord() && isOsvsVerb(word.text)) {
     error(DiagnosticId::OsvsStatement, word.place, word.text);
+    hasUnknownStatement = true;
     recoverStatement(Keyword::None);
   } else if (!meant.empty()) {
     error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
@@ -420,6 +426,7 @@ void Parser::rejectWord(StatementList &list) {
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
+    hasUnknownStatement = true;
     recoverStatement(list.lastVerb);
   }
 }
@@ -443,10 +450,11 @@ bool Parser::canTakeWhen() const {
   });
 }
 
-bool Parser::canTakePhrase(ExceptionHandlerType type) const {
-  return llvm::any_of(llvm::reverse(enclosingStatements), [type](const EnclosingStatement &open) {
+bool Parser::canTakePhrase(const PhraseStart &phrase) const {
+  return llvm::any_of(llvm::reverse(enclosingStatements), [&](const EnclosingStatement &open) {
     const ScopedVerb *scope = scopeOf(open.verb);
-    return open.verb == Keyword::None || (scope && (scope->phrases & bitOf(type)));
+    bool hasPhrase = open.verb == Keyword::None || (scope && (scope->phrases & bitOf(phrase.type)));
+    return hasPhrase && !(open.phrases & bitOf(phrase.type, phrase.isNot));
   });
 }
 
@@ -506,11 +514,11 @@ std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
 bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                                    std::initializer_list<ExceptionHandlerType> allowed) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    bool isTaken = llvm::any_of(handlers, [&](const ExceptionHandler *handler) {
-      return handler->getType() == phrase->type && handler->isNotOn() == phrase->isNot;
-    });
-    if (isTaken || !llvm::is_contained(allowed, phrase->type))
+    unsigned &given = enclosingStatements.back().phrases;
+    unsigned own = bitOf(phrase->type, phrase->isNot);
+    if ((given & own) || !llvm::is_contained(allowed, phrase->type))
       return true;
+    given |= own;
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
@@ -547,24 +555,22 @@ void Parser::skipToStatement(bool passesWhen) {
 /// for a statement that nobody knows: phrases that no statement around could have are its own.
 void Parser::recoverStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
-  unsigned own = scope ? scope->phrases : 0;
-  llvm::SmallVector<PhraseStart, 4> taken;
+  unsigned taken = 0;
   for (;;) {
     // XML GENERATE has a phrase WHEN of its own.
     skipToStatement(/*passesWhen=*/verb == Keyword::Xml);
     std::optional<PhraseStart> phrase = atExceptionPhrase();
-    if (!phrase || (!(own & bitOf(phrase->type)) && canTakePhrase(phrase->type)))
+    if (!phrase)
       break;
-    bool isTaken = llvm::any_of(taken, [&](const PhraseStart &one) {
-      return one.type == phrase->type && one.isNot == phrase->isNot;
-    });
-    if (isTaken)
+    bool isOwn = scope && (scope->phrases & bitOf(phrase->type));
+    unsigned which = bitOf(phrase->type, phrase->isNot);
+    if ((taken & which) || (!isOwn && canTakePhrase(*phrase)))
       break;
-    taken.push_back(*phrase);
+    taken |= which;
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
     std::list<Statement *> dropped;
-    enclosingStatements.push_back({verb});
+    enclosingStatements.push_back({verb, /*hasElse=*/false, taken});
     parseStatements(dropped);
     enclosingStatements.pop_back();
   }

@@ -560,6 +560,10 @@ Statement *Parser::parseSearch() {
     search->setVaryingIdentifier(parseIdentifier());
     isComplete = search->getVaryingIdentifier() != nullptr;
   }
+  if (isComplete && !at(Keyword::When) && !atExceptionPhrase()) {
+    expect(Keyword::When);
+    isComplete = false;
+  }
   if (!isComplete)
     skipToStatement();
   std::list<ExceptionHandler *> handlers;
@@ -570,6 +574,9 @@ Statement *Parser::parseSearch() {
     if (isComplete)
       expect(Keyword::When);
     isComplete = false;
+    // The statements of the WHEN that is missing.
+    std::list<Statement *> dropped;
+    parseStatements(dropped);
   }
   while (at(Keyword::When)) {
     SearchWhen *when = parseSearchWhen();

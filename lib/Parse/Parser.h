@@ -546,7 +546,7 @@ private:
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;
-  bool canTakePhrase(ExceptionHandlerType type) const;
+  bool canTakePhrase(const PhraseStart &phrase) const;
   /// Skips to where a statement begins or the statement around, or the sentence, goes on.
   void skipToStatement(bool passesWhen = false);
   bool atResumption(bool passesWhen);
@@ -792,12 +792,16 @@ private:
   struct EnclosingStatement {
     Keyword verb; ///< None for a word that nobody knows: any phrase and END- word may be its own
     bool hasElse = false;
+    unsigned phrases = 0; ///< those that were given
   };
   llvm::SmallVector<EnclosingStatement, 16> enclosingStatements;
   /// Set by a function that gave null for its statement but left nothing of it to skip.
   bool isRecovered = false;
   /// The END- word that may still come of a statement that could not be read.
   Keyword abandonedEnd = Keyword::None;
+  /// The sentence holds something that nobody knows. ELSE, WHEN, END- words and phrases behind it
+  /// that belong to nothing else are taken for its own.
+  bool hasUnknownStatement = false;
   /// The sentence nests too deep: it is read no further and nothing more is said about it.
   bool isSentenceAbandoned = false;
 };

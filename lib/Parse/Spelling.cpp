@@ -7,7 +7,8 @@
 namespace tarka {
 
 unsigned spellingTolerance(llvm::StringRef word) {
-  return std::max<unsigned>(1, (static_cast<unsigned>(word.size()) + 1) / 4);
+  // A word of two letters comes near to everything.
+  return word.size() < 3 ? 0 : std::max<unsigned>(1, (static_cast<unsigned>(word.size()) + 1) / 4);
 }
 
 unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned limit) {

@@ -76,7 +76,7 @@ TEST_F(RecoveryTest, WordsThatBeginNothing) {
 }
 
 TEST_F(RecoveryTest, AMisspeltVerbTakesWhatBelongsToItsStatement) {
-  expectRest("FI A = B CONTINUE ELSE EXIT END-IF GOBACK.", "421@1:1", "[goback]");
+  expectRest("IFF A = B CONTINUE ELSE EXIT END-IF GOBACK.", "421@1:1", "[goback]");
   expectRest("EVALUTE A WHEN 1 MVOE A WHEN 2 EXIT END-EVALUATE GOBACK.", "421@1:1 421@1:18",
              "[goback]");
   expectRest("PREFORM UNTIL A = B CONTINUE END-PERFORM GOBACK.", "421@1:1", "[goback]");
