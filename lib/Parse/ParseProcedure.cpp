@@ -141,8 +141,17 @@ Section *Parser::parseSectionHeader() {
   auto *section = make<Section>(begin, name);
   if (atNumericLiteral())
     section->setPriorityNumExpr(parseNumericLiteral());
-  expect(TokenKind::Period);
+  expectHeaderPeriod();
   return complete(section);
+}
+
+/// The period of a header. Where something else stands in its line, that is skipped as well.
+void Parser::expectHeaderPeriod() {
+  if (expect(TokenKind::Period))
+    return;
+  while (!peek().isFirstOnLine() && !at(TokenKind::Period) && !atStatement())
+    stream.skip();
+  accept(TokenKind::Period);
 }
 
 //===----------------------------------------------------------------------===//
@@ -174,7 +183,7 @@ Paragraph *Parser::parseParagraph() {
   SourceRange begin = here();
   Word *name = parseHeaderName();
   auto *paragraph = make<Paragraph>(begin, name);
-  expect(TokenKind::Period);
+  expectHeaderPeriod();
   complete(paragraph);
   if (at(Keyword::Note))
     skipNote(/*isWholeParagraph=*/true);
@@ -193,9 +202,10 @@ Sentence *Parser::parseSentence() {
   SourceRange begin = here();
   std::list<Statement *> statements;
   parseStatements(statements);
-  if (!accept(TokenKind::Period))
+  if (!accept(TokenKind::Period) && !hasUnknownStatement)
     expected("a period");
   isSentenceAbandoned = hasUnknownStatement = false;
+  misspeltEnd = Keyword::None;
   if (statements.empty())
     return nullptr;
   auto *sentence = make<Sentence>(begin);

@@ -12,6 +12,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "Parser.h"
+#include "Spelling.h"
 #include <utility>
 
 namespace tarka {
@@ -304,7 +305,7 @@ Statement *Parser::parseService() {
 
 void Parser::parseStatements(std::list<Statement *> &statements) {
   StatementList list;
-  while (!isSentenceAbandoned) {
+  while (!isSentenceAbandoned && !hasMisspeltEnd()) {
     if (atStatement()) {
       list.lastVerb = peek().keyword;
       list.lastIsWrong = false;
@@ -323,14 +324,15 @@ void Parser::parseStatements(std::list<Statement *> &statements) {
   }
 }
 
-bool Parser::parseBranch(std::list<Statement *> &statements) {
+bool Parser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
   SourceRange begin = here();
   unsigned errors = diagnostics.getErrorCount();
   parseStatements(statements);
   if (!statements.empty())
     return true;
   if (diagnostics.getErrorCount() == errors) {
-    expected("a statement");
+    if (isNeeded)
+      expected("a statement");
     return false;
   }
   // Its statements were refused one by one, with a message each.
@@ -395,13 +397,40 @@ bool Parser::endsStatements(StatementList &list) {
   if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period) &&
       suggestKeyword(token.text, KF_Verb).empty())
     return true;
-  rejectWord(list);
-  return false;
+  return acceptMisspeltEnd() || rejectWord(list);
+}
+
+/// A word that comes near to the END- word of a statement around is taken for it, after a message.
+bool Parser::acceptMisspeltEnd() {
+  if (!peek().isUserWord())
+    return false;
+  Keyword meant = Keyword::None;
+  SpellingMatch match(peek().text);
+  for (const EnclosingStatement &open : llvm::reverse(enclosingStatements))
+    if (const ScopedVerb *scope = scopeOf(open.verb);
+        scope && match.consider(textOf(scope->endWord)))
+      meant = scope->endWord;
+  if (meant == Keyword::None)
+    return false;
+  error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
+  stream.skip();
+  misspeltEnd = meant;
+  return true;
+}
+
+bool Parser::acceptScopeEnd(Keyword endWord) {
+  if (hasMisspeltEnd()) {
+    bool isMeant = misspeltEnd == endWord;
+    if (isMeant)
+      misspeltEnd = Keyword::None;
+    return isMeant;
+  }
+  return accept(endWord);
 }
 
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
-/// understood of the statement before it; with it that one is wrong as well.
-void Parser::rejectWord(StatementList &list) {
+/// understood of the statement before it; with it that one is wrong as well. Always false.
+bool Parser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isWord() && isOsvsVerb(word.text)) {
@@ -429,6 +458,7 @@ void Parser::rejectWord(StatementList &list) {
     hasUnknownStatement = true;
     recoverStatement(list.lastVerb);
   }
+  return false;
 }
 
 bool Parser::isOpen(Keyword endWord) const {
@@ -514,6 +544,8 @@ std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
 bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                                    std::initializer_list<ExceptionHandlerType> allowed) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
+    if (hasMisspeltEnd())
+      return true;
     unsigned &given = enclosingStatements.back().phrases;
     unsigned own = bitOf(phrase->type, phrase->isNot);
     if ((given & own) || !llvm::is_contained(allowed, phrase->type))
@@ -575,7 +607,7 @@ void Parser::recoverStatement(Keyword verb) {
     enclosingStatements.pop_back();
   }
   if (scope)
-    abandonedEnd = accept(scope->endWord) ? Keyword::None : scope->endWord;
+    abandonedEnd = acceptScopeEnd(scope->endWord) ? Keyword::None : scope->endWord;
   else if (isScopeTerminator(peek().keyword) && !isOpen(peek().keyword))
     stream.skip();
 }

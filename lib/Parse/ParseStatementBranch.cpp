@@ -263,8 +263,8 @@ Statement *Parser::parsePerformInline(PerformStatement *perform, bool isComplete
   for (Statement *statement : statements)
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
-  if (!accept(Keyword::EndPerform)) {
-    if (isComplete)
+  if (!acceptScopeEnd(Keyword::EndPerform)) {
+    if (isComplete && !hasUnknownStatement)
       expect(Keyword::EndPerform);
     isComplete = false;
   }
@@ -345,10 +345,15 @@ Statement *Parser::parseNextSentence() {
 /// The branch behind ELSE, where there is one. From here on an ELSE belongs to a statement farther
 /// out.
 bool Parser::parseElse(std::list<Statement *> &statements) {
-  if (!acceptAny(Keyword::Else, Keyword::Otherwise))
+  if (hasMisspeltEnd() || !acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
   enclosingStatements.back().hasElse = true;
-  return parseBranch(statements);
+  if (parseBranch(statements))
+    return true;
+  // ELSE ELSE is one mistake.
+  if (acceptAny(Keyword::Else, Keyword::Otherwise))
+    parseStatements(statements);
+  return false;
 }
 
 /// IF condition [THEN] statements [ELSE statements] [END-IF]. The branches are read even where the
@@ -362,10 +367,10 @@ Statement *Parser::parseIf() {
       stream.skip();
   accept(Keyword::Then);
   std::list<Statement *> then;
-  bool isComplete = parseBranch(then) && condition;
+  bool isComplete = parseBranch(then, /*isNeeded=*/condition) && condition;
   std::list<Statement *> otherwise;
   isComplete &= parseElse(otherwise);
-  accept(Keyword::EndIf);
+  acceptScopeEnd(Keyword::EndIf);
   if (!isComplete)
     return dropStatement();
   auto *statement = make<IfStatement>(begin, condition, &then, nullptr);
@@ -421,18 +426,17 @@ Statement *Parser::parseEvaluate() {
   bool isComplete =
       parseSeries(*evaluate, &EvaluateStatement::addSubject, &Parser::parseEvaluateSubject,
                   [](Parser *parser) { return parser->accept(Keyword::Also); });
+  if (isComplete && !at(Keyword::When))
+    isComplete = expect(Keyword::When);
   if (!isComplete)
     skipToStatement();
   if (!at(Keyword::When)) {
-    if (isComplete)
-      expect(Keyword::When);
-    isComplete = false;
     // The statements of the WHEN that is missing.
     std::list<Statement *> dropped;
     parseStatements(dropped);
   }
   bool hasOther = false;
-  while (at(Keyword::When)) {
+  while (at(Keyword::When) && !hasMisspeltEnd()) {
     if (hasOther) {
       error(DiagnosticId::WhenAfterOther, here());
       isComplete = false;
@@ -443,7 +447,7 @@ Statement *Parser::parseEvaluate() {
       return when->getType() == EvalWhenType::Other;
     });
   }
-  accept(Keyword::EndEvaluate);
+  acceptScopeEnd(Keyword::EndEvaluate);
   return isComplete ? complete(evaluate) : dropStatement();
 }
 
@@ -578,13 +582,13 @@ Statement *Parser::parseSearch() {
     std::list<Statement *> dropped;
     parseStatements(dropped);
   }
-  while (at(Keyword::When)) {
+  while (at(Keyword::When) && !hasMisspeltEnd()) {
     SearchWhen *when = parseSearchWhen();
     if (when)
       search->addWhen(when);
     isComplete &= when != nullptr;
   }
-  accept(Keyword::EndSearch);
+  acceptScopeEnd(Keyword::EndSearch);
   return isComplete ? complete(search) : dropStatement();
 }
 
@@ -596,7 +600,7 @@ SearchWhen *Parser::parseSearchWhen() {
   if (!condition)
     skipToStatement();
   std::list<Statement *> statements;
-  if (!parseBranch(statements) || !condition)
+  if (!parseBranch(statements, /*isNeeded=*/condition) || !condition)
     return nullptr;
   auto *when = make<SearchWhen>(begin, condition);
   when->getStatementList()->swap(statements);

@@ -487,6 +487,7 @@ private:
   HeaderKind headerKind();
   bool atEndDeclaratives() { return atSequence(Keyword::End, Keyword::Declaratives); }
   Word *parseHeaderName();
+  void expectHeaderPeriod();
   bool atProcedureBody();
   bool rejectDeclaratives();
   UseStatement *parseUseException(const SourceRange &begin, bool isGlobal);
@@ -514,7 +515,7 @@ private:
   bool parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                              std::initializer_list<ExceptionHandlerType> allowed);
   /// The END- word of a statement, which may be left out.
-  bool acceptScopeEnd(Keyword endWord) { return accept(endWord); }
+  bool acceptScopeEnd(Keyword endWord);
   /// EXEC language text END-EXEC where no statement can stand, among data entries; the period
   /// after it is taken too. False when none is next.
   bool skipEmbeddedBlock();
@@ -542,7 +543,9 @@ private:
   };
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(StatementList &list);
-  void rejectWord(StatementList &list);
+  bool rejectWord(StatementList &list);
+  bool acceptMisspeltEnd();
+  bool hasMisspeltEnd() const { return misspeltEnd != Keyword::None; }
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;
@@ -552,8 +555,9 @@ private:
   bool atResumption(bool passesWhen);
   void recoverStatement(Keyword verb);
   void abandonSentence();
-  /// The statements of a branch, of which there must be one.
-  bool parseBranch(std::list<Statement *> &statements);
+  /// The statements of a branch, of which there must be one. False where there is none; the message
+  /// about that is left to the caller unless \p isNeeded.
+  bool parseBranch(std::list<Statement *> &statements, bool isNeeded = true);
   /// For a function that has read its statement to the end, although with a mistake.
   std::nullptr_t dropStatement() {
     isRecovered = true;
@@ -799,6 +803,8 @@ private:
   bool isRecovered = false;
   /// The END- word that may still come of a statement that could not be read.
   Keyword abandonedEnd = Keyword::None;
+  /// The END- word that a word was taken for, until the statement that it ends has come to its end.
+  Keyword misspeltEnd = Keyword::None;
   /// The sentence holds something that nobody knows. ELSE, WHEN, END- words and phrases behind it
   /// that belong to nothing else are taken for its own.
   bool hasUnknownStatement = false;

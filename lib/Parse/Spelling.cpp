@@ -40,16 +40,17 @@ unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned
 SpellingMatch::SpellingMatch(llvm::StringRef misspelt)
     : word(misspelt), limit(spellingTolerance(misspelt)) {}
 
-void SpellingMatch::consider(llvm::StringRef candidate) {
+bool SpellingMatch::consider(llvm::StringRef candidate) {
   if (isExact)
-    return;
+    return false;
   unsigned distance = spellingDistance(word, candidate, limit);
   if (distance > limit)
-    return;
+    return false;
   nearest = candidate;
   isExact = distance == 0;
   // From now on only a nearer one counts.
   limit = distance == 0 ? 0 : distance - 1;
+  return true;
 }
 
 } // namespace tarka

@@ -19,7 +19,8 @@ unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned
 class SpellingMatch {
 public:
   explicit SpellingMatch(llvm::StringRef word);
-  void consider(llvm::StringRef candidate);
+  /// Whether \p candidate is nearer than all before it.
+  bool consider(llvm::StringRef candidate);
   llvm::StringRef getNearest() const { return nearest; }
 
 private:

@@ -81,6 +81,12 @@ TEST_F(RecoveryTest, AMisspeltVerbTakesWhatBelongsToItsStatement) {
              "[goback]");
   expectRest("PREFORM UNTIL A = B CONTINUE END-PERFORM GOBACK.", "421@1:1", "[goback]");
   expectRest("RAED F AT END CONTINUE NOT AT END EXIT END-READ GOBACK.", "421@1:1", "[goback]");
+  expectRest("IF A = B IF C = D EXIT END-FI ELSE CONTINUE ENDIF GOBACK.", "421@1:24 421@1:45",
+             "[(if (= A B) {(if (= C D) {exit})} else {continue}) goback]");
+  EXPECT_EQ(message(), "a statement cannot begin with 'END-FI'; was END-IF meant?");
+  expectRest("READ F AT END PERFORM IF A = B EXIT END-PREFORM END-RAED NOT AT END EXIT. GOBACK.",
+             "421@1:37 421@1:49 427@1:58",
+             "[(read at-end {(perform {(if (= A B) {exit})})}) exit]\n[goback]");
   // Of a word that means nothing, the phrases are its own that no other statement can have.
   expectRest("FROBNICATE F AT END EXIT NOT ON OVERFLOW EXIT END-READ GOBACK.", "420@1:1",
              "[goback]");
