@@ -95,6 +95,8 @@ TEST_F(ProcedureDivisionTest, MistakesInDeclaratives) {
   tree("\nDECLARATIVES.\nD SECTION. USE BEFORE DINNER.\nDECLARATIVES. EXIT.\n"
        "E SECTION. USE FOR DEBUGGING ON ALL OF THEM. USE. END DECLARATIVES.");
   EXPECT_EQ(reported(), "200@3:23 401@4:1 200@5:37 404@5:46");
+  tree("\nDECLARATIVES. EXIT SECTION. D SECTION. EXIT. END DECLARATIVES.");
+  EXPECT_EQ(reported(), "200@2:15");
 }
 
 /// In fixed form the area tells names of procedures from verbs.
