@@ -40,9 +40,7 @@ static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
                                            Keyword::ProcedurePointer,
                                            Keyword::Dynamic,
                                            Keyword::Type};
-constinit const ClauseSet dataClauses{"a data description entry",
-                                      dataKeywords,
-                                      dataSynonyms,
+constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
                                       /*innerWords=*/{},
                                       /*beginsWithName=*/false,
                                       /*endsAtLevelNumber=*/true};

@@ -11,12 +11,10 @@ static constexpr Keyword fileKeywords[] = {Keyword::Block,    Keyword::CodeSet, 
                                            Keyword::Value,    Keyword::Recording};
 static constexpr Keyword fileSynonyms[] = {Keyword::Reports, Keyword::Totaled, Keyword::Totaling};
 static constexpr Keyword fileInnerWords[] = {Keyword::Record};
-static constexpr ClauseSet fileClauses{"a file description entry",
-                                       fileKeywords,
-                                       fileSynonyms,
-                                       fileInnerWords,
-                                       /*beginsWithName=*/false,
-                                       /*endsAtLevelNumber=*/true};
+static constexpr ClauseSet fileClauses{
+    "a file description entry", fileKeywords, fileSynonyms, fileInnerWords,
+    /*beginsWithName=*/false,
+    /*endsAtLevelNumber=*/true};
 
 void Parser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.

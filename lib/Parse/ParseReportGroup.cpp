@@ -14,9 +14,7 @@ static constexpr Keyword groupSynonyms[] = {
     Keyword::Absent, Keyword::Col,     Keyword::Cols,     Keyword::Columns,  Keyword::Just,
     Keyword::Lines,  Keyword::Pic,     Keyword::Leading,  Keyword::Trailing, Keyword::Values,
     Keyword::When,   Keyword::Display, Keyword::Display1, Keyword::National};
-constinit const ClauseSet groupClauses{"a report group entry",
-                                       groupKeywords,
-                                       groupSynonyms,
+constinit const ClauseSet groupClauses{"a report group entry",    groupKeywords, groupSynonyms,
                                        /*innerWords=*/{},
                                        /*beginsWithName=*/false,
                                        /*endsAtLevelNumber=*/true};
