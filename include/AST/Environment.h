@@ -194,15 +194,16 @@ public:
 };
 
 /// SPECIAL-NAMES. Look-ups compare the texts of the words exactly and answer with the first clause
-/// of that name, or null.
+/// of that name, or null; they take the same time however many clauses there are.
 class ParaSpecialNames : public Node {
 public:
   using Node::Node;
 
-  void addEnvName(ClauseEnvName *clause) { envNames.push_back(clause); }
-  void addAlphabet(ClauseAlphabet *clause) { alphabets.push_back(clause); }
-  void addSymbolic(ClauseSymbolic *clause) { symbolics.push_back(clause); }
-  void addClass(ClauseClass *clause) { classes.push_back(clause); }
+  // A clause is added when it is complete: that is when its names are entered.
+  void addEnvName(ClauseEnvName *clause);
+  void addAlphabet(ClauseAlphabet *clause);
+  void addSymbolic(ClauseSymbolic *clause);
+  void addClass(ClauseClass *clause);
   void addCurrency(ClauseCurrency *clause) { currencies.push_back(clause); }
 
   ClauseAlphabet *findClauseAlphabetByWord(const Word *name) const;
@@ -220,6 +221,14 @@ public:
   TARKA_LIST(ClauseClass, classes, ClassList);
   TARKA_LIST(ClauseCurrency, currencies, CurrencyList);
   TARKA_FIELD(ClauseDecimalPoint *, decimalPoint, DecimalPoint, nullptr);
+
+  /// By the address of the interned name.
+  template <typename Found> using NameIndex = llvm::DenseMap<const std::string *, Found>;
+  NameIndex<ClauseAlphabet *> alphabetIndex;
+  NameIndex<ClauseClass *> classIndex;
+  NameIndex<ClauseSymbolic *> symbolicIndex;
+  NameIndex<ClauseEnvName *> mnemonicIndex;
+  NameIndex<std::list<ClauseEnvName *>> conditionIndex;
 };
 
 class ConfigurationSection : public Node {

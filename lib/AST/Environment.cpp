@@ -6,15 +6,6 @@
 
 namespace tarka {
 
-namespace {
-
-/// Texts of words are interned, so equal texts have equal addresses.
-bool sameText(const Word *a, const Word *b) {
-  return a && b && &a->getWordData() == &b->getWordData();
-}
-
-} // namespace
-
 EnvNameType ClauseEnvName::getEnvNameType() const {
   llvm::StringRef name = environmentName->getWordData();
   if (name.starts_with_insensitive("UPSI-"))
@@ -30,44 +21,56 @@ EnvNameType ClauseEnvName::getEnvNameType() const {
   return EnvNameType::Unknown;
 }
 
+void ParaSpecialNames::addEnvName(ClauseEnvName *clause) {
+  envNames.push_back(clause);
+  if (const Word *mnemonic = clause->getMnemonicName())
+    mnemonicIndex.try_emplace(&mnemonic->getWordData(), clause);
+  for (const Word *condition : {clause->getOnCondition(), clause->getOffCondition()}) {
+    if (!condition)
+      continue;
+    std::list<ClauseEnvName *> &clauses = conditionIndex[&condition->getWordData()];
+    if (clauses.empty() || clauses.back() != clause)
+      clauses.push_back(clause);
+  }
+}
+
+void ParaSpecialNames::addAlphabet(ClauseAlphabet *clause) {
+  alphabets.push_back(clause);
+  alphabetIndex.try_emplace(&clause->getAlphabetName()->getWordData(), clause);
+}
+
+void ParaSpecialNames::addSymbolic(ClauseSymbolic *clause) {
+  symbolics.push_back(clause);
+  for (PhrsSymbolic *phrase : clause->getSymbolicListElements())
+    for (Word *name : phrase->getSourceListElements())
+      symbolicIndex.try_emplace(&name->getWordData(), clause);
+}
+
+void ParaSpecialNames::addClass(ClauseClass *clause) {
+  classes.push_back(clause);
+  classIndex.try_emplace(&clause->getClassName()->getWordData(), clause);
+}
+
 ClauseAlphabet *ParaSpecialNames::findClauseAlphabetByWord(const Word *name) const {
-  for (ClauseAlphabet *clause : alphabets)
-    if (sameText(clause->getAlphabetName(), name))
-      return clause;
-  return nullptr;
+  return name ? alphabetIndex.lookup(&name->getWordData()) : nullptr;
 }
 
 ClauseClass *ParaSpecialNames::findClauseClassByWord(const Word *name) const {
-  for (ClauseClass *clause : classes)
-    if (sameText(clause->getClassName(), name))
-      return clause;
-  return nullptr;
+  return name ? classIndex.lookup(&name->getWordData()) : nullptr;
 }
 
 ClauseEnvName *ParaSpecialNames::findClauseEnvNameByWord(const Word *mnemonicName) const {
-  for (ClauseEnvName *clause : envNames)
-    if (sameText(clause->getMnemonicName(), mnemonicName))
-      return clause;
-  return nullptr;
+  return mnemonicName ? mnemonicIndex.lookup(&mnemonicName->getWordData()) : nullptr;
 }
 
 std::list<ClauseEnvName *>
 ParaSpecialNames::findClauseEnvNameByCondName(const Word *conditionName) const {
-  std::list<ClauseEnvName *> found;
-  for (ClauseEnvName *clause : envNames)
-    if (sameText(clause->getOnCondition(), conditionName) ||
-        sameText(clause->getOffCondition(), conditionName))
-      found.push_back(clause);
-  return found;
+  return conditionName ? conditionIndex.lookup(&conditionName->getWordData())
+                       : std::list<ClauseEnvName *>();
 }
 
 ClauseSymbolic *ParaSpecialNames::findClauseSymbolicByWord(const Word *symbolicCharacter) const {
-  for (ClauseSymbolic *clause : symbolics)
-    for (PhrsSymbolic *phrase : clause->getSymbolicListElements())
-      for (Word *name : phrase->getSourceListElements())
-        if (sameText(name, symbolicCharacter))
-          return clause;
-  return nullptr;
+  return symbolicCharacter ? symbolicIndex.lookup(&symbolicCharacter->getWordData()) : nullptr;
 }
 
 void InputOutputSection::addFileControl(ParaFileControl *entry) {
