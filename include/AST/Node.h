@@ -130,7 +130,8 @@ public:                                                                         
   TARKA_LIST(Type, member, Name)
 
 /// The same for a list that most nodes of the class leave empty: it costs a pointer until the first
-/// element is added. A list that a constructor is given is kept, not taken over.
+/// element is added. A list that a constructor is given is kept, not taken over. A copy of the node
+/// shares the list; copy<Name>Elements(copy) gives it one of its own, of what copy gives for each.
 #define TARKA_LAZY_LIST(Type, member, Name, Item)                                                  \
 public:                                                                                            \
   std::list<Type *>::iterator get##Name##Begin() {                                                 \
@@ -149,6 +150,15 @@ public:                                                                         
     if (!member)                                                                                   \
       member = makeList<Type *>();                                                                 \
     member->push_back(item);                                                                       \
+  }                                                                                                \
+                                                                                                   \
+  template <typename Copy> void copy##Name##Elements(Copy copy) {                                  \
+    if (!member)                                                                                   \
+      return;                                                                                      \
+    auto *own = makeList<Type *>();                                                                \
+    for (Type * item : *member)                                                                    \
+      own->push_back(copy(item));                                                                  \
+    member = own;                                                                                  \
   }                                                                                                \
                                                                                                    \
 private:                                                                                           \

@@ -1,6 +1,7 @@
 //===- Procedure.cpp - sections and their copies --------------------------===//
 
 #include "AST/Procedure.h"
+#include "AST/StatementCopy.h"
 #include <algorithm>
 #include <cassert>
 
@@ -74,7 +75,7 @@ namespace {
 Sentence *copyOf(Sentence *original) {
   Sentence *copy = new Sentence(original);
   for (Statement *statement : original->getStmtElements())
-    copy->addStmt(statement);
+    copy->addStmt(copyStatement(statement));
   return copy;
 }
 
