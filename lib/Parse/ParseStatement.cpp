@@ -84,11 +84,12 @@ Keyword verbOfEnd(Keyword endWord) {
   return Keyword::None;
 }
 
-/// The verbs of OS/VS COBOL. Without its option they are words like any other.
-bool isOsvsVerb(llvm::StringRef word) {
-  for (Keyword verb :
-       {Keyword::Examine, Keyword::Exhibit, Keyword::Note, Keyword::Seek, Keyword::Transform})
-    if (word == textOf(verb))
+/// The words with which statements and phrases of OS/VS COBOL begin. Without its option they are
+/// words like any other.
+bool isOsvsWord(llvm::StringRef word) {
+  for (Keyword keyword : {Keyword::Examine, Keyword::Exhibit, Keyword::Note, Keyword::On,
+                          Keyword::Otherwise, Keyword::Seek, Keyword::Transform})
+    if (word == textOf(keyword))
       return true;
   return false;
 }
@@ -433,7 +434,7 @@ bool Parser::acceptScopeEnd(Keyword endWord) {
 bool Parser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
-  if (word.isWord() && isOsvsVerb(word.text)) {
+  if (!options.osvs && word.isWord() && isOsvsWord(word.text)) {
     error(DiagnosticId::OsvsStatement, word.place, word.text);
     hasUnknownStatement = true;
     recoverStatement(Keyword::None);

@@ -18,7 +18,7 @@ Statement *Parser::parseCall() {
   auto *call = make<CallStatement>(begin, program);
   if (accept(Keyword::Using) && !parseCallArguments(*call))
     return nullptr;
-  if (acceptAny(Keyword::Returning, Keyword::Giving)) {
+  if (accept(Keyword::Returning)) {
     IdentifierExpression *item = parseIdentifier();
     if (!item)
       return nullptr;
@@ -125,6 +125,9 @@ Statement *Parser::parseGoto() {
   SourceRange begin = here();
   accept(Keyword::Go);
   accept(Keyword::To);
+  // Where labels of files are read, a jump back to reading the next one.
+  if (at(Keyword::MoreLabels))
+    return error(DiagnosticId::UnsupportedStatement, here(), "GO TO MORE-LABELS");
   auto *jump = make<GotoStatement>(begin);
   auto atProcedureName = [&] { return at(TokenKind::IntegerLiteral) || peek().isUserWord(); };
   while (atProcedureName() && !atProcedureHeader()) {

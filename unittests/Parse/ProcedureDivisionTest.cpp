@@ -127,6 +127,9 @@ TEST_F(ProcedureDivisionTest, FormsOfOsvsCobol) {
   EXPECT_EQ(tree("\nP. EXAMINE A TALLYING ALL 'x'. GOBACK.\nQ. NOTE anything. EXIT."),
             "P: [goback]\nQ: [exit]");
   EXPECT_EQ(reported(), "422@2:4 422@3:4");
+  EXPECT_EQ(tree("IF A = B EXIT OTHERWISE GOBACK END-IF ON 3 GOBACK."),
+            "[(if (= A B) {exit goback}) goback]");
+  EXPECT_EQ(diagnostics.getEntries().size(), 2u) << reported();
   options.osvs = true;
   EXPECT_EQ(tree("\nP. GOBACK. NOTE MOVE IF. EXIT.\nQ SECTION. NOTE (. EXIT."),
             "P: [goback] [exit]\nQ SECTION [exit]");
