@@ -103,6 +103,7 @@ class RwTerminateStatement;
 class SearchStatement;
 class SetStatement;
 class SortIO;
+class SortKey;
 class SortStatement;
 class StartStatement;
 class StopStatement;
@@ -546,6 +547,8 @@ private:
   bool resolveRange(ProcedureRange &range, QualifiedWord *begin, QualifiedWord *thru,
                     Statement &statement);
   bool checkSortIO(SortIO *phrase, Statement &statement);
+  template <typename SortOrMerge>
+  bool checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys);
   bool checkPerformTimes(Expression &times);
   bool checkPerformVarying(PerformVarying &phrase);
   bool resolveAlterItem(AlterItem &item, AlterStatement &statement);

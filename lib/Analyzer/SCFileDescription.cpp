@@ -51,8 +51,7 @@ ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(FileDescription &file) {
-  EnvironmentDivision *environment = currentUnit().getEnvironmentDivision();
-  InputOutputSection *inputOutput = environment ? environment->getInputOutputSection() : nullptr;
+  InputOutputSection *inputOutput = currentUnit().getInputOutputSection();
   // Where no file can be selected, nothing of the entry is looked at.
   if (!inputOutput)
     return report(ErrorCode::FileNameNotSelected, file.getFileName());

@@ -413,10 +413,12 @@ bool SemanticChecker::checkSortIO(SortIO *phrase, Statement &statement) {
   return OperandCheck(*this).all(phrase->getFileNameListElements());
 }
 
-bool SemanticChecker::semanticCheck(SortStatement &statement) {
+/// What SORT and MERGE have in common: the file, its keys, and where records come from and go to.
+template <typename SortOrMerge>
+bool SemanticChecker::checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys) {
   OperandCheck check(*this);
   check.one(statement.getFileName());
-  for (SortKey *key : statement.getKeyListElements())
+  for (SortKey *key : keys)
     check.all(key->getKeyNameListElements());
   bool result = check;
   result &= checkSortIO(statement.getInput(), statement);
@@ -424,15 +426,12 @@ bool SemanticChecker::semanticCheck(SortStatement &statement) {
   return result;
 }
 
+bool SemanticChecker::semanticCheck(SortStatement &statement) {
+  return checkSort(statement, statement.getKeyListElements());
+}
+
 bool SemanticChecker::semanticCheck(MergeStatement &statement) {
-  OperandCheck check(*this);
-  check.one(statement.getFileName());
-  for (SortKey *key : statement.getKeySeqElements())
-    check.all(key->getKeyNameListElements());
-  bool result = check;
-  result &= checkSortIO(statement.getInput(), statement);
-  result &= checkSortIO(statement.getOutput(), statement);
-  return result;
+  return checkSort(statement, statement.getKeySeqElements());
 }
 
 //===----------------------------------------------------------------------===//
