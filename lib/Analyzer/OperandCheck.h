@@ -1,0 +1,61 @@
+//===- OperandCheck.h - checks the parts of a statement one by one --------===//
+//
+// Most statement checks begin with their operands, in the order in which they
+// are written, so that every name in a program stands for something.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_ANALYZER_OPERANDCHECK_H
+#define TARKA_LIB_ANALYZER_OPERANDCHECK_H
+
+#include "AST/Expression.h"
+#include "AST/Statement.h"
+#include "Analyzer/SemanticChecker.h"
+#include <list>
+
+namespace tarka {
+
+/// Checks one part of a statement after the other and keeps the result of all. Null parts, phrases
+/// that are not written, are right.
+class OperandCheck {
+public:
+  explicit OperandCheck(SemanticChecker &checkerOfAll) : checker(checkerOfAll) {}
+
+  template <typename Part> OperandCheck &one(Part *part) {
+    if (part)
+      result &= checker.semanticCheck(*part);
+    return *this;
+  }
+  template <typename Part> OperandCheck &all(const std::list<Part *> &parts) {
+    for (Part *part : parts)
+      one(part);
+    return *this;
+  }
+  OperandCheck &receiver(RoundedOperand *receiver) {
+    return receiver ? one(receiver->first) : *this;
+  }
+  OperandCheck &receivers(const std::list<RoundedOperand *> &list) {
+    for (RoundedOperand *operand : list)
+      receiver(operand);
+    return *this;
+  }
+  OperandCheck &regions(const std::list<InspectRegion *> &list) {
+    for (InspectRegion *region : list)
+      one(region->getExpr());
+    return *this;
+  }
+  operator bool() const { return result; }
+
+private:
+  SemanticChecker &checker;
+  bool result = true;
+};
+
+/// The description that a file-name was bound to; null when there is none.
+inline const FileDescription *describedBy(const FileIdentifierExpression *name) {
+  return name ? name->getFileDescription() : nullptr;
+}
+
+} // namespace tarka
+
+#endif // TARKA_LIB_ANALYZER_OPERANDCHECK_H
