@@ -6,13 +6,14 @@ JOBS ?= $(shell nproc)
 .DEFAULT_GOAL := build
 # The builds below use every processor by themselves.
 .NOTPARALLEL:
-.PHONY: help setup build sanitize demo test bench install lint format clean
+.PHONY: help setup build sanitize demo test bench docs install lint format clean
 
 help:
 	@echo "make build     build the release (build/release)"
 	@echo "make demo      check an example program and print its control-flow graph"
 	@echo "make test      build with GCC, and with Clang under the sanitizers; run every test"
 	@echo "make bench     run the measurements"
+	@echo "make docs      write docs/diagnostics.md again, from explanations/"
 	@echo "make install   install below PREFIX (default /usr/local)"
 	@echo "make lint      clang-format and clang-tidy over all sources"
 	@echo "make format    bring all sources into the project's format"
@@ -44,6 +45,9 @@ test: build sanitize
 
 bench: build
 	@bench/run.sh build/release
+
+docs: build
+	@build/release/tools/tarka/tarka explain --format=markdown > docs/diagnostics.md
 
 install: build
 	@cmake --install build/release --prefix $(PREFIX)

@@ -17,6 +17,10 @@ const std::map<std::string, OutputFormat> graphFormats{
 const std::map<std::string, OutputFormat> textFormats{{"text", OutputFormat::Text},
                                                       {"json", OutputFormat::Json}};
 
+const std::map<std::string, OutputFormat> explanationFormats{{"text", OutputFormat::Text},
+                                                             {"json", OutputFormat::Json},
+                                                             {"markdown", OutputFormat::Markdown}};
+
 /// Turns one of \p names into its value, whatever its case.
 template <typename Value> CLI::Validator oneOf(const std::map<std::string, Value> &names) {
   auto convert = [&names](std::string &text) -> std::string {
@@ -162,11 +166,19 @@ CommandLineResult readCommandLine(int argc, char **argv) {
       ->transform(oneOf(textFormats));
   ast->add_flag("--keep-going", request.keepGoing, "print the tree though there are errors");
 
+  CLI::App *explain =
+      app.add_subcommand("explain", "explain the diagnostic NUMBER with a program that draws it");
+  explain->add_option("NUMBER", request.numbers, "the number; without one all are listed")
+      ->option_text("NUMBER...");
+  explain->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json|markdown")
+      ->transform(oneOf(explanationFormats));
+
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](const std::string &word) {
     return word == "check" || word == "cfg" || word == "layout" || word == "ast" ||
-           word == "--help" || word == "-h" || word == "--version";
+           word == "explain" || word == "--help" || word == "-h" || word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front()))
     arguments.insert(arguments.begin(), "check");
@@ -178,10 +190,11 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     return result;
   }
-  request.command = cfg->parsed()      ? Command::Cfg
-                    : layout->parsed() ? Command::Layout
-                    : ast->parsed()    ? Command::Ast
-                                       : Command::Check;
+  request.command = cfg->parsed()       ? Command::Cfg
+                    : layout->parsed()  ? Command::Layout
+                    : ast->parsed()     ? Command::Ast
+                    : explain->parsed() ? Command::Explain
+                                        : Command::Check;
   result.request = std::move(request);
   return result;
 }

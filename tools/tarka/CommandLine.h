@@ -20,8 +20,8 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Layout, Ast };
-enum class OutputFormat { Text, Json, Dot };
+enum class Command { Check, Cfg, Layout, Ast, Explain };
+enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// What the command line asked for.
 struct Request {
@@ -43,11 +43,14 @@ struct Request {
   bool verify = false;
   unsigned jobs = 0; ///< 0 is one for each processor
 
-  // cfg, layout
+  // cfg, layout, ast, explain
   OutputFormat format = OutputFormat::Text;
   bool keepGoing = false;
   GraphView view;
   LayoutView layout;
+
+  // explain
+  std::vector<std::string> numbers;
 };
 
 /// Reads the command line. Gives the request, or the exit status with which to end at once: after

@@ -8,6 +8,7 @@
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Explain.h"
 #include "Parse/Parse.h"
 #include "PrintGraph.h"
 #include "PrintLayout.h"
@@ -20,6 +21,16 @@
 #include <malloc.h>
 
 namespace tarka {
+
+bool flushOutput(llvm::StringRef what) {
+  llvm::outs().flush();
+  if (!llvm::outs().has_error())
+    return true;
+  llvm::errs() << "tarka: cannot write the " << what << ": " << llvm::outs().error().message()
+               << '\n';
+  llvm::outs().clear_error();
+  return false;
+}
 
 namespace {
 
@@ -40,17 +51,6 @@ void setCompileOptions(const Request &request) {
   options->setOptionEnableOsvs(request.parse.osvs);
 }
 
-/// Sends off what was printed; false, with a message, when it could not be written.
-bool flushOutput(llvm::StringRef what) {
-  llvm::outs().flush();
-  if (!llvm::outs().has_error())
-    return true;
-  llvm::errs() << "tarka: cannot write the " << what << ": " << llvm::outs().error().message()
-               << '\n';
-  llvm::outs().clear_error();
-  return false;
-}
-
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
@@ -58,9 +58,12 @@ public:
 
   /// Carries out the command on the file and gives the exit status.
   int run();
+  /// Reads and checks the file. False, after a message, when it cannot be read.
+  bool check();
+  /// What the front end found comes first, then what the checks found, in one form.
+  void report(llvm::raw_ostream &out) const;
 
 private:
-  void report();
   int printGraph();
   int printLayout();
   int printTree();
@@ -74,7 +77,7 @@ private:
   bool checksSucceeded = false;
 };
 
-int Compilation::run() {
+bool Compilation::check() {
   setCompileOptions(request);
   llvm::StringRef baseName = llvm::sys::path::filename(file);
   TopLevel::getTopLevelInstance(baseName.str());
@@ -82,15 +85,22 @@ int Compilation::run() {
   llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
   if (!parsed) {
     llvm::errs() << "tarka: cannot read " << file << ": " << parsed.getError().message() << '\n';
-    return ExitUnusable;
+    return false;
   }
   program = *parsed;
   SemanticChecker checker(&handler);
   checksSucceeded = checker.semanticCheck(*program);
+  return true;
+}
 
+int Compilation::run() {
+  if (!check())
+    return ExitUnusable;
   if (request.verify)
     return verifyReport(file, frontEnd, handler, llvm::errs()) ? ExitClean : ExitFindings;
-  report();
+  llvm::errs().SetBuffered();
+  report(llvm::errs());
+  llvm::errs().flush();
   if (request.command == Command::Cfg)
     return printGraph();
   if (request.command == Command::Layout)
@@ -100,17 +110,14 @@ int Compilation::run() {
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
-/// What the front end found comes first, then what the checks found, in one form.
-void Compilation::report() {
-  llvm::raw_ostream &out = llvm::errs();
-  out.SetBuffered();
+void Compilation::report(llvm::raw_ostream &out) const {
   for (const DiagnosticEntry &entry : frontEnd.getEntries())
     out << fileNameOf(entry.place.file) << ':' << entry.place.beginLine << ':'
         << entry.place.beginColumn << " - " << entry.place.endLine << ':' << entry.place.endColumn
         << ' ' << severityName(entry.severity) << ' ' << entry.getNumber() << " : " << entry.message
         << '\n';
-  out.flush();
-  handler.Report();
+  for (const ErrorEntry *entry : handler.getErrorList())
+    entry->print(out);
 }
 
 int Compilation::printGraph() {
@@ -144,6 +151,8 @@ int Compilation::printGraph() {
   case OutputFormat::Dot:
     printGraphDot(llvm::outs(), *module, request.view, request.parse.format);
     break;
+  case OutputFormat::Markdown:
+    llvm_unreachable("not a form of the graph");
   }
   if (!flushOutput("graph"))
     return ExitInternal;
@@ -191,23 +200,37 @@ int Compilation::printTree() {
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
-/// Carries out the command on one file in this process.
-int runHere(const Request &request, const std::string &file) {
+/// Does \p work, which is one compilation, in a thread with stack enough.
+void compile(llvm::function_ref<void()> work) {
   // The work is done in one thread beside the main one: let it use the main heap, and let the heap
   // grow in large steps, since little of it is ever given back.
   mallopt(M_ARENA_MAX, 1);
   mallopt(M_TOP_PAD, 16 << 20);
 
-  int status = ExitInternal;
-  llvm::thread worker(std::optional<unsigned>(stackSize),
-                      [&] { status = Compilation(request, file).run(); });
+  llvm::thread worker(std::optional<unsigned>(stackSize), work);
   worker.join();
+}
+
+/// Carries out the command on one file in this process.
+int runHere(const Request &request, const std::string &file) {
+  int status = ExitInternal;
+  compile([&] { status = Compilation(request, file).run(); });
   return status;
 }
 
 } // namespace
 
+void writeReport(const Request &request, llvm::raw_ostream &out) {
+  compile([&] {
+    Compilation compilation(request, request.files.front());
+    if (compilation.check())
+      compilation.report(out);
+  });
+}
+
 int carryOut(const Request &request) {
+  if (request.command == Command::Explain)
+    return explain(request);
   if (request.files.size() == 1)
     return runHere(request, request.files.front());
   return runWorkers(request.files, request.jobs,

@@ -4,6 +4,11 @@
 #define TARKA_TOOLS_DRIVER_H
 
 #include "CommandLine.h"
+#include "llvm/ADT/StringRef.h"
+
+namespace llvm {
+class raw_ostream;
+} // namespace llvm
 
 namespace tarka {
 
@@ -13,6 +18,13 @@ namespace tarka {
 /// There is one compilation in a process: for several files a worker process is started for each,
 /// so that a crash or a runaway costs that file only. Their reports come in the order of the files.
 int carryOut(const Request &request);
+
+/// Checks the first file of \p request and writes its report to \p out. Once in a process.
+void writeReport(const Request &request, llvm::raw_ostream &out);
+
+/// Sends off what was printed to standard output; false, with a message, when it could not be
+/// written. \p what is the name of what was printed.
+bool flushOutput(llvm::StringRef what);
 
 } // namespace tarka
 

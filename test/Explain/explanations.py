@@ -1,0 +1,152 @@
+"""The explanations of the diagnostics: do their programs draw them, has every diagnostic one?
+
+    explanations.py programs TARKA DIRECTORY    runs both programs of every explanation; DIRECTORY
+                                                takes them
+    explanations.py catalogue TARKA             looks for diagnostics that nobody has explained
+    explanations.py document TARKA DOCUMENT     compares the document with what TARKA makes of them
+
+While explanations are being written, missing.txt beside this script names those that are not there
+yet. An explanation that is there must not be named in it, and the document is not compared.
+"""
+
+import collections
+import difflib
+import json
+import pathlib
+import re
+import shutil
+import subprocess
+import sys
+
+HERE = pathlib.Path(__file__).parent
+MISSING = HERE / "missing.txt"
+EXPLANATIONS = HERE.parent.parent / "explanations"
+REPORT_LINE = re.compile(r"(.*):\d+:\d+ - \d+:\d+ (\w+) (\d+) : (.*)")
+
+
+def run(tarka, *arguments):
+    return subprocess.run([tarka, *map(str, arguments)], capture_output=True, encoding="utf-8", errors="replace")
+
+
+def read_diagnostics(tarka):
+    result = run(tarka, "explain", "--format=json")
+    if result.returncode != 0:
+        sys.exit(result.stderr or f"tarka explain ends with {result.returncode}")
+    return json.loads(result.stdout)["diagnostics"]
+
+
+def write_files(directory, files):
+    directory.mkdir(parents=True)
+    for file in files:
+        (directory / file["name"]).write_text(file["text"], encoding="utf-8")
+    return str(directory / files[0]["name"])
+
+
+def pattern_of(message):
+    """What the text of a message must look like, whatever its arguments."""
+    parts = re.split(r"%s|\{\d\}", message)
+    return re.compile(".*".join(map(re.escape, parts)), re.DOTALL)
+
+
+def look_at_reports(text, diagnostics_by_file):
+    """Every wrong program must be reported with the number, severity and text of its row."""
+    found = set()
+    for line in text.splitlines():
+        if match := REPORT_LINE.fullmatch(line):
+            file, severity, number, message = match.groups()
+            diagnostic = diagnostics_by_file.get(file)
+            if (
+                diagnostic
+                and int(number) == diagnostic["number"]
+                and severity == diagnostic["severity"]
+                and pattern_of(diagnostic["message"]).fullmatch(message)
+            ):
+                found.add(file)
+    return [f"{file}: its own diagnostic is not reported" for file in diagnostics_by_file if file not in found]
+
+
+def check_programs(tarka, directory):
+    shutil.rmtree(directory, ignore_errors=True)
+    # Programs with the same options are checked in one run.
+    wrong, mended = collections.defaultdict(dict), collections.defaultdict(dict)
+    for diagnostic in read_diagnostics(tarka):
+        if "wrong" in diagnostic:
+            options = tuple(diagnostic["options"])
+            place = directory / diagnostic["name"]
+            wrong[options][write_files(place / "wrong", diagnostic["wrong"])] = diagnostic
+            mended[options][write_files(place / "mended", diagnostic["mended"])] = diagnostic
+
+    faults = []
+    for options, programs in wrong.items():
+        verified = run(tarka, "check", "--verify", *options, *programs)
+        faults += verified.stderr.splitlines()
+        if verified.returncode > 1 or verified.returncode == 1 and not verified.stderr:
+            faults.append(f"tarka check --verify {' '.join(options)} ends with {verified.returncode}")
+        # A copybook's diagnostics are told by the copybook's name, which stands beside the program.
+        reported = run(tarka, "check", *options, *programs)
+        by_directory = {str(pathlib.Path(file).parent): file for file in programs}
+        text = re.sub(
+            r"(?m)^(.*?)/[^/:\n]+(?=:\d+:\d+ - )",
+            lambda match: by_directory.get(match[1], match[0]),
+            reported.stderr,
+        )
+        faults += look_at_reports(text, programs)
+    for options, programs in mended.items():
+        result = run(tarka, "check", *options, *programs)
+        faults += result.stderr.splitlines()
+        if result.returncode != 0 and not result.stderr:
+            for program in programs:
+                if run(tarka, "check", *options, program).returncode != 0:
+                    faults.append(f"{program}: fails the checks without a message")
+    print(f"{sum(map(len, wrong.values()))} explanations have programs")
+    return faults
+
+
+def read_missing():
+    if not MISSING.exists():
+        return set()
+    return {line for line in MISSING.read_text().split("\n") if line and not line.startswith("#")}
+
+
+def check_catalogue(tarka):
+    diagnostics = {diagnostic["name"]: diagnostic for diagnostic in read_diagnostics(tarka)}
+    missing = read_missing()
+    faults = []
+    for name, diagnostic in diagnostics.items():
+        explained = "rule" in diagnostic
+        if not explained and name not in missing:
+            faults.append(f"{name} has no explanation: write explanations/{name}.txt")
+        if explained and name in missing:
+            faults.append(f"{name} has an explanation now: take it off {MISSING}")
+        for number in diagnostic.get("related", []):
+            if not any(other["number"] == number for other in diagnostics.values()):
+                faults.append(f"explanations/{name}.txt: there is no related diagnostic {number}")
+    names = {path.stem for path in EXPLANATIONS.iterdir()} | missing
+    faults += [f"there is no diagnostic {name}" for name in sorted(names - diagnostics.keys())]
+    return faults
+
+
+def check_document(tarka, document):
+    if MISSING.exists():
+        return []
+    made = run(tarka, "explain", "--format=markdown").stdout
+    kept = pathlib.Path(document).read_text(encoding="utf-8")
+    if made == kept:
+        return []
+    difference = difflib.unified_diff(kept.splitlines(), made.splitlines(), document, "now", lineterm="")
+    return [*list(difference)[:40], f"{document} is not up to date: run make docs"]
+
+
+def main():
+    what, tarka, *rest = sys.argv[1:]
+    if what == "programs":
+        faults = check_programs(tarka, pathlib.Path(rest[0]))
+    elif what == "catalogue":
+        faults = check_catalogue(tarka)
+    else:
+        faults = check_document(tarka, rest[0])
+    print(*faults, sep="\n")
+    return 1 if faults else 0
+
+
+sys.exit(main())

@@ -1,0 +1,253 @@
+//===- Explanations.cpp - what there is to say of a diagnostic ------------===//
+
+#include "Explanations.h"
+#include "Analyzer/ErrorHandler.h"
+#include "Parse/Diagnostics.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/Twine.h"
+#include "llvm/Support/ConvertUTF.h"
+#include "llvm/Support/ErrorHandling.h"
+
+namespace tarka {
+
+namespace {
+
+/// A file of the folder explanations/.
+struct EmbeddedText {
+  llvm::StringLiteral name;
+  llvm::StringLiteral text;
+};
+
+constexpr EmbeddedText embeddedTexts[] = {
+#include "Explanations.inc"
+};
+
+/// The diagnostics of the checks are errors, but for one.
+llvm::StringRef severityOf(ErrorCode code) {
+  return code == ErrorCode::SubscriptBelowOne ? "warning" : "error";
+}
+
+std::vector<DiagnosticRow> collectRows() {
+  std::vector<DiagnosticRow> rows;
+  for (const DiagnosticInfo &info : frontEndDiagnosticTable()) {
+    auto number = static_cast<unsigned>(info.id);
+    rows.push_back({number, std::to_string(number), severityName(info.severity), info.text});
+  }
+  for (std::size_t row = 0; row != DiagnosticCount; ++row) {
+    const ErrorInfo &info = ErrorInfoStruct[row];
+    bool isTwin = llvm::count_if(ErrorInfoStruct, [&](const ErrorInfo &other) {
+                    return other.number == info.number;
+                  }) > 1;
+    std::string name = std::to_string(info.number);
+    if (isTwin)
+      name += "-row" + std::to_string(row);
+    rows.push_back({static_cast<unsigned>(info.number), name,
+                    severityOf(static_cast<ErrorCode>(row)), info.format});
+  }
+  llvm::stable_sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
+    return left.number < right.number;
+  });
+  return rows;
+}
+
+/// A line of "times: N" in a comment is written once and stands for N lines.
+unsigned takeRepetition(std::string &line) {
+  constexpr llvm::StringLiteral words = "*> times: ";
+  std::size_t start = line.find(words);
+  if (start == std::string::npos)
+    return 1;
+  llvm::StringRef rest = llvm::StringRef(line).substr(start + words.size());
+  unsigned times = 0;
+  if (rest.consumeInteger(10, times))
+    llvm::report_fatal_error("an explanation has times: without a number");
+  line = (llvm::StringRef(line).take_front(start).rtrim() + rest).str();
+  return times;
+}
+
+/// The pictures of control characters stand for these characters, which no text file can hold.
+std::string withControlCharacters(llvm::StringRef line) {
+  std::string result;
+  while (!line.empty()) {
+    // U+2400 to U+241F, in UTF-8.
+    if (line.starts_with("\xE2\x90") && line.size() > 2 && (line[2] & 0xE0) == 0x80) {
+      result += static_cast<char>(line[2] & 0x1F);
+      line = line.drop_front(3);
+    } else {
+      result += line.front();
+      line = line.drop_front();
+    }
+  }
+  return result;
+}
+
+void addSourceLine(std::string &source, std::string line) {
+  unsigned times = takeRepetition(line);
+  line = withControlCharacters(line) + "\n";
+  for (unsigned i = 0; i != times; ++i)
+    source += line;
+}
+
+bool isIn(ProgramVersion version, char mark) {
+  return mark == ' ' || mark == (version == ProgramVersion::Wrong ? '-' : '+');
+}
+
+/// Reads the text of an explanation. A text that is not in the form is a fault of the program that
+/// it is built into.
+class ExplanationReader {
+public:
+  explicit ExplanationReader(const EmbeddedText &text) : name(text.name), rest(text.text) {}
+
+  Explanation read() {
+    while (!rest.empty()) {
+      llvm::StringRef line = takeLine();
+      if (line.consume_front("rule:"))
+        explanation.rule = readSentences(line);
+      else if (line.consume_front("never:"))
+        explanation.neverIssued = readSentences(line);
+      else if (line.consume_front("related:"))
+        readRelated(line);
+      else if (line.consume_front("options:"))
+        readOptions(line);
+      else if (line == "program:")
+        readFile(programFileName);
+      else if (line.consume_front("file ") && line.consume_back(":"))
+        readFile(line);
+      else if (!line.empty())
+        fault("'" + line + "' begins nothing that an explanation has");
+    }
+    if (explanation.rule.empty())
+      fault("the rule is missing");
+    if (explanation.neverIssued.empty() == explanation.files.empty())
+      fault("there is a program, or a reason why there is none");
+    if (!explanation.files.empty() && explanation.files.front().getName() != programFileName)
+      fault("the program comes before the other files");
+    return std::move(explanation);
+  }
+
+private:
+  llvm::StringRef takeLine() {
+    auto [line, tail] = rest.split('\n');
+    rest = tail;
+    return line;
+  }
+
+  /// Sentences go on in lines that are indented by two blanks.
+  std::string readSentences(llvm::StringRef first) {
+    std::string text = first.trim().str();
+    while (rest.starts_with("  "))
+      text += (" " + takeLine().trim()).str();
+    return text;
+  }
+
+  void readRelated(llvm::StringRef line) {
+    llvm::SmallVector<llvm::StringRef, 4> words;
+    llvm::SplitString(line, words);
+    for (llvm::StringRef word : words) {
+      unsigned number = 0;
+      if (word.getAsInteger(10, number))
+        fault("'" + word + "' is no number");
+      explanation.related.push_back(number);
+    }
+  }
+
+  void readOptions(llvm::StringRef line) {
+    llvm::SmallVector<llvm::StringRef, 4> words;
+    llvm::SplitString(line, words);
+    for (llvm::StringRef word : words)
+      explanation.options.push_back(word.str());
+  }
+
+  /// The lines of a file go on to one that does not begin with a mark.
+  void readFile(llvm::StringRef fileName) {
+    ProgramFile &file = explanation.files.emplace_back(fileName);
+    while (!rest.empty() && llvm::StringRef(" -+\n").contains(rest.front())) {
+      llvm::StringRef line = takeLine();
+      file.addLine(line.empty() ? " " : line);
+    }
+  }
+
+  [[noreturn]] void fault(const llvm::Twine &what) {
+    llvm::report_fatal_error("explanations/" + name + ".txt: " + what);
+  }
+
+  llvm::StringRef name;
+  llvm::StringRef rest;
+  Explanation explanation;
+};
+
+} // namespace
+
+std::string DiagnosticRow::shownMessage() const {
+  std::string shown;
+  llvm::StringRef rest = message;
+  while (!rest.empty()) {
+    if (rest.consume_front("%s") || rest.consume_front("{0}") || rest.consume_front("{1}") ||
+        rest.consume_front("{2}")) {
+      shown += "...";
+      continue;
+    }
+    shown += rest.front();
+    rest = rest.drop_front();
+  }
+  return shown;
+}
+
+const std::vector<DiagnosticRow> &diagnosticRows() {
+  static const std::vector<DiagnosticRow> rows = collectRows();
+  return rows;
+}
+
+std::vector<ProgramLine> ProgramFile::linesOf(ProgramVersion version) const {
+  std::vector<ProgramLine> shown;
+  unsigned number = 1;
+  for (llvm::StringRef line : lines) {
+    if (!isIn(version, line.front()))
+      continue;
+    std::optional<std::string> text = withoutExpectation(line.drop_front());
+    if (!text)
+      continue;
+    std::string once = *text;
+    shown.push_back({*text, number, line.front() != ' '});
+    number += takeRepetition(once);
+  }
+  return shown;
+}
+
+std::string ProgramFile::sourceOf(ProgramVersion version) const {
+  std::string source;
+  for (ProgramLine &line : linesOf(version))
+    addSourceLine(source, std::move(line.text));
+  return source;
+}
+
+std::string ProgramFile::verifiedSource() const {
+  std::string source;
+  for (llvm::StringRef line : lines)
+    if (isIn(ProgramVersion::Wrong, line.front()))
+      addSourceLine(source, line.drop_front().str());
+  return source;
+}
+
+std::optional<Explanation> explanationOf(llvm::StringRef name) {
+  const auto *found = llvm::find_if(
+      embeddedTexts, [name](const EmbeddedText &embedded) { return embedded.name == name; });
+  if (found == std::end(embeddedTexts))
+    return std::nullopt;
+  return ExplanationReader(*found).read();
+}
+
+std::optional<std::string> withoutExpectation(llvm::StringRef line) {
+  std::size_t start = line.find("*> expect");
+  // A comment line of fixed form has its asterisk in column 7.
+  if (start == llvm::StringRef::npos && line.substr(6).starts_with("* expect"))
+    start = 6;
+  if (start == llvm::StringRef::npos)
+    return line.rtrim().str();
+  llvm::StringRef before = line.take_front(start).rtrim();
+  if (before.empty())
+    return std::nullopt;
+  return before.str();
+}
+
+} // namespace tarka
