@@ -116,6 +116,8 @@ public:
   TARKA_FIELD(bool, reportFinal, ReportFinal, false);
   /// CONTROL HEADING ... OR PAGE.
   TARKA_FLAG(orPage, OrPage, false);
+  /// CONTROL FOOTING ALL: a footing for every control of the report.
+  TARKA_FLAG(all, All, false);
   /// The controls of a CONTROL HEADING or CONTROL FOOTING.
   TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId);
   ReportGroupType typeOption;
@@ -329,7 +331,7 @@ public:
   TARKA_LIST_ADD(Expression, names, NameList, Name);
 };
 
-/// COUNT: how often groups or controls have been.
+/// COUNT: how often groups, or items of them, have been presented.
 class ClauseCount : public Node {
 public:
   explicit ClauseCount(const Node *at) : Node(at) {}
@@ -352,14 +354,15 @@ public:
   TARKA_FIELD(ClauseReportValue *, value, Value, nullptr);
 };
 
-/// PRESENT AFTER.
+/// PRESENT AFTER, or ABSENT AFTER.
 class ClausePresentAfter : public PresentContents {
 public:
   ClausePresentAfter(const Node *at, PresentType type) : PresentContents(at), afterType(type) {}
 
   PresentType getAfterType() const { return afterType; }
 
-private:
+  /// ABSENT AFTER: what is told apart is shown everywhere else.
+  TARKA_FLAG(absent, Absent, false);
   PresentType afterType;
 };
 

@@ -154,12 +154,13 @@ ReportGroupType Parser::parseGroupType() {
   return ReportGroupType::None;
 }
 
-/// [ON | FOR] {FINAL | data-name ...} [OR PAGE]
+/// [ON | FOR] {ALL | FINAL | data-name ...} [OR PAGE]
 bool Parser::parseTypeControls(ClauseType &type) {
   acceptAny(Keyword::On, Keyword::For);
-  if (at(Keyword::All)) {
-    error(DiagnosticId::NotSupported, here(), "CONTROL FOOTING ALL");
-    return false;
+  // Only a footing can be that of all controls.
+  if (type.getTypeOption() == ReportGroupType::ControlFooting && accept(Keyword::All)) {
+    type.setIsAll(true);
+    return true;
   }
   if (accept(Keyword::Final))
     type.setReportFinal(true);
@@ -603,7 +604,7 @@ ClauseReportSign *Parser::parseReportSign() {
 // PRESENT
 //===----------------------------------------------------------------------===//
 
-/// [PRESENT | ABSENT] WHEN condition, or PRESENT [JUST] AFTER event
+/// [PRESENT | ABSENT] WHEN condition, or {PRESENT | ABSENT} [JUST] AFTER event
 bool Parser::parsePresent(ReportDataDescription &entry, PresentContents *&choice) {
   SourceRange begin = here();
   bool isAbsent = accept(Keyword::Absent);
@@ -617,13 +618,10 @@ bool Parser::parsePresent(ReportDataDescription &entry, PresentContents *&choice
     entry.addClausePresentWhen(when);
     choice = when;
   } else {
-    if (isAbsent) {
-      error(DiagnosticId::NotSupported, begin, "ABSENT AFTER");
-      return false;
-    }
     ClausePresentAfter *after = parsePresentAfter(begin);
     if (!after)
       return false;
+    after->setIsAbsent(isAbsent);
     entry.addClausePresentAfter(after);
     choice = after;
   }

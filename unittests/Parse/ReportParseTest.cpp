@@ -80,13 +80,13 @@ TEST_F(ReportParseTest, groupTypes) {
 01 TYPE RH. 01 TYPE IS REPORT HEADING. 01 TYPE PAGE HEADING.
 01 A TYPE CH FINAL. 01 TYPE CONTROL HEADING FOR YEAR-NO OR PAGE.
 01 B TYPE DETAIL LINE PLUS 1. 01 C TYPE DE.
-01 TYPE CF FOR Y, M LINE 3. 01 TYPE CONTROL FOOTING FINAL. 01 TYPE PF. 01 TYPE REPORT FOOTING.
+01 TYPE CF FOR Y, M LINE 3. 01 TYPE CF FOR ALL LINE 5. 01 TYPE CONTROL FOOTING FINAL. 01 TYPE PF. 01 TYPE REPORT FOOTING.
 )");
   EXPECT_EQ(reported(), "");
   using enum ReportGroupType;
-  const ReportGroupType types[] = {ReportHeading,  ReportHeading, PageHeading,  ControlHeading,
-                                   ControlHeading, Detail,        Detail,       ControlFooting,
-                                   ControlFooting, PageFooting,   ReportFooting};
+  const ReportGroupType types[] = {ReportHeading,  ReportHeading,  PageHeading, ControlHeading,
+                                   ControlHeading, Detail,         Detail,      ControlFooting,
+                                   ControlFooting, ControlFooting, PageFooting, ReportFooting};
   ASSERT_EQ(report.getRecordListSize(), std::size(types));
   auto group = report.getRecordListBegin();
   for (ReportGroupType type : types)
@@ -99,6 +99,8 @@ TEST_F(ReportParseTest, groupTypes) {
   group = std::next(report.getRecordListBegin(), 7);
   EXPECT_EQ(show((*group)->getTypeClause()->getControlIdListElements()), "Y M");
   EXPECT_NE((*group)->getLineClause(), nullptr);
+  EXPECT_FALSE((*group)->getTypeClause()->isAll());
+  EXPECT_TRUE((*++group)->getTypeClause()->isAll());
   EXPECT_EQ((*group)->getReportDescription(), &report);
   EXPECT_EQ((*group)->getStorageType(), StorageType::Report);
 }
@@ -203,6 +205,7 @@ TEST_F(ReportParseTest, presence) {
   02 COL 1 PIC X SOURCE A PRESENT WHEN A = "X".
   02 COL 2 PIC X SOURCE A ABSENT WHEN A = "X".
   02 COL 3 PIC X PRESENT AFTER CTL OR PAGE VALUE "C" .
+  02 COL 3 PIC X ABSENT AFTER PAGE VALUE "D".
   02 COL 4 PIC X VALUE "A" WHEN A = 1 SOURCE B WHEN A = 2 VALUE "Z" WHEN OTHER.
 )");
   EXPECT_EQ(reported(), "");
@@ -218,9 +221,11 @@ TEST_F(ReportParseTest, presence) {
   ClausePresentAfter &after = *child(line, 2).getClausePresentAfterListElements().front();
   EXPECT_EQ(after.getAfterType(), PresentType::ControlOrPage);
   EXPECT_EQ(show(after.getControlId()), "CTL");
+  EXPECT_FALSE(after.isAbsent());
+  EXPECT_TRUE(child(line, 3).getClausePresentAfterListElements().front()->isAbsent());
 
   // Several contents: each belongs to the condition behind it.
-  ReportDataDescription &choice = child(line, 3);
+  ReportDataDescription &choice = child(line, 4);
   ASSERT_EQ(choice.getClausePresentWhenListSize(), 3u);
   auto option = choice.getClausePresentWhenListBegin();
   EXPECT_NE((*option)->getValue(), nullptr);
