@@ -1,0 +1,77 @@
+//===- OperandKinds.h - what an operand that was bound is -----------------===//
+//
+// The questions that the rules of many statements ask of an operand, once its
+// own check has passed.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_ANALYZER_OPERANDKINDS_H
+#define TARKA_LIB_ANALYZER_OPERANDKINDS_H
+
+#include "AST/DataDescription.h"
+#include "AST/Expression.h"
+
+namespace tarka {
+
+/// The entry that the operand stands for; null when it is no data item.
+inline DataDescription *entryOf(const Expression &operand) {
+  if (const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&operand);
+      special && (special->getType() == SpecialRegisterType::LengthOf ||
+                  special->getType() == SpecialRegisterType::AddressOf))
+    return nullptr;
+  const auto *identifier = llvm::dyn_cast<IdentifierExpression>(&operand);
+  return identifier ? identifier->getDataDescription() : nullptr;
+}
+
+inline bool isReferenceModified(const Expression &operand) {
+  const auto *identifier = llvm::dyn_cast<IdentifierExpression>(&operand);
+  return identifier && identifier->getReferenceMod();
+}
+
+/// A whole group, hence not a part of it.
+inline bool isGroupItem(const Expression &operand) {
+  const DataDescription *entry = entryOf(operand);
+  return entry && entry->hasSubordinateData() && !isReferenceModified(operand);
+}
+
+/// A condition-name has the category of its conditional variable, but is no data item.
+inline bool isConditionName(const Expression &operand) {
+  const DataDescription *entry = entryOf(operand);
+  return entry && entry->getLevelNum() == 88;
+}
+
+inline bool isFloat(const Expression &operand) {
+  DataCategory category = operand.getDataCategory();
+  return category == DataCategory::ExternalFloat || category == DataCategory::InternalFloat;
+}
+
+/// A number to calculate with: of numeric or floating-point category. An item of the report section
+/// is the number that it is to print, whatever the editing.
+inline bool isNumber(const Expression &operand) {
+  if (isConditionName(operand))
+    return false;
+  if (operand.getDataCategory() == DataCategory::NumericEdited) {
+    const DataDescription *entry = entryOf(operand);
+    return entry && entry->getStorageType() == StorageType::Report;
+  }
+  return operand.getDataCategory() == DataCategory::Numeric || isFloat(operand);
+}
+
+/// What a number can be put into: a number, or an item that edits it.
+inline bool isNumberOrEdited(const Expression &operand) {
+  return isNumber(operand) ||
+         (operand.getDataCategory() == DataCategory::NumericEdited && !isConditionName(operand));
+}
+
+/// A special register that can be asked but not set: what LENGTH OF and ADDRESS OF give is no item,
+/// and LINAGE-COUNTER belongs to the output of its file.
+inline bool isReadOnlyRegister(const Expression &operand) {
+  const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&operand);
+  return special && (special->getType() == SpecialRegisterType::LengthOf ||
+                     special->getType() == SpecialRegisterType::AddressOf ||
+                     special->getType() == SpecialRegisterType::LinageCounter);
+}
+
+} // namespace tarka
+
+#endif // TARKA_LIB_ANALYZER_OPERANDKINDS_H
