@@ -3,6 +3,8 @@
 #include "AST/IntrinsicFunctions.h"
 #include "Parser.h"
 #include "Spelling.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -87,9 +89,22 @@ bool Parser::atOperand() {
   return atLiteral() && !atProcedureHeader();
 }
 
+/// A word of digits and hyphens names nothing but procedures. As an operand it is a number that
+/// went wrong, for the checks to tell.
+static bool isNumberGoneWrong(const Token &token) {
+  return token.isWord() && llvm::isDigit(token.text.front()) &&
+         llvm::all_of(token.text, [](char c) { return llvm::isDigit(c) || c == '-'; });
+}
+
 Expression *Parser::parseOperand(llvm::StringRef what) {
   if (atLiteral())
     return parseLiteral();
+  if (isNumberGoneWrong(peek()) && !atProcedureHeader()) {
+    Node at(here());
+    auto *number = new NumericLiteralExpression(&at, peek().spelling);
+    stream.skip();
+    return number;
+  }
   return parseIdentifier(what);
 }
 

@@ -149,6 +149,11 @@ void Scanner::scanNumber(Token &token, const char *begin) {
       skipDigits();
     }
   }
+  // What clings to the number belongs to it, though it is no number then: the checks say so.
+  while (cursor < textEnd && isWordCharacter(*cursor))
+    ++cursor;
+  while (cursor[-1] == '-')
+    --cursor;
   finish(token, TokenKind::NumericLiteral, begin);
 }
 
