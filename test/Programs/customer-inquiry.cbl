@@ -15,6 +15,7 @@
            03  WS-VERSION              PIC X(5)  VALUE '01.07'.
        01  WS-RESP                     PIC S9(8) COMP.
        01  WS-RESP2                    PIC S9(8) COMP.
+       01  WS-RESP-SHOWN               PIC 9(8).
        01  WS-ABSTIME                  PIC S9(15) COMP-3.
        01  WS-COMM-LENGTH              PIC S9(4) COMP.
        01  WS-MESSAGE-AREA.
@@ -159,7 +160,8 @@
                INTO(CUSTMAPI) RESP(WS-RESP) RESP2(WS-RESP2)
            END-EXEC.
            IF WS-RESP NOT = ZERO
-               STRING 'MAP FAILURE, RESPONSE ' WS-RESP
+               MOVE WS-RESP TO WS-RESP-SHOWN
+               STRING 'MAP FAILURE, RESPONSE ' WS-RESP-SHOWN
                       DELIMITED BY SIZE INTO WS-MESSAGE
                SET MSG-SEVERE TO TRUE
                PERFORM 7000-SEND-MESSAGE

@@ -1,0 +1,62 @@
+//===- CharacterOperand.h - operands as characters and counters -*- C++ -*-===//
+//
+// What the statements that work on characters (STRING, UNSTRING, INSPECT, XML)
+// want to know of an operand: what its characters are, how many there are, and
+// whether an item can keep a count.
+//
+// An operand that is not bound, or whose entry is in error, has been reported;
+// about it every question has the answer that draws no further message.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_ANALYZER_CHARACTEROPERAND_H
+#define TARKA_LIB_ANALYZER_CHARACTEROPERAND_H
+
+#include "AST/DataDescription.h"
+#include "AST/Expression.h"
+#include <cstdint>
+#include <optional>
+
+namespace tarka {
+
+/// What the characters of an operand are.
+enum class CharacterKind : std::uint8_t {
+  Unknown,  ///< the operand is in error
+  None,     ///< it has no characters: numeric literals, binary items, indexes, pointers and so on
+  Any,      ///< a figurative constant, which takes the kind of what it stands beside
+  Display,  ///< one byte each: USAGE DISPLAY, groups
+  Dbcs,     ///< USAGE DISPLAY-1
+  National, ///< USAGE NATIONAL, national groups
+};
+
+CharacterKind characterKindOf(const Expression &operand);
+
+/// True when characters of the one kind can stand beside characters of the other.
+bool areOfOneKind(CharacterKind left, CharacterKind right);
+
+/// True for ALL literal. A symbolic character and ALL before another figurative constant are none.
+bool isAllLiteral(const Expression &operand);
+
+/// Notes in a figurative constant that it stands for national characters, if \p kind says so.
+void adaptFigurative(Expression &operand, CharacterKind kind);
+
+/// The number of characters of an operand; nothing where it is not known before run time.
+std::optional<std::int64_t> characterCountOf(const Expression &operand);
+
+/// The item that an operand refers to: for a data identifier and for the registers that are items.
+/// Null for everything else and for condition-names.
+DataDescription *dataItemOf(const Expression &operand);
+
+/// What keeps an operand from being an item that counts.
+enum class CounterFault : std::uint8_t {
+  None,
+  NotNumeric, ///< no elementary numeric item
+  Scaled,     ///< its PICTURE has a P, so that it cannot hold every number
+  NotInteger, ///< it has decimal places
+};
+
+CounterFault counterFaultOf(const Expression &operand);
+
+} // namespace tarka
+
+#endif // TARKA_LIB_ANALYZER_CHARACTEROPERAND_H
