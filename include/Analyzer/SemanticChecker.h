@@ -25,6 +25,7 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tarka {
 
@@ -553,6 +554,9 @@ private:
   bool checkPerformVarying(PerformVarying &phrase);
   bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
 
+  // SCStmtCall.cpp
+  SourceUnit *findProgram(llvm::StringRef name);
+
   // SCStmtDeclaratives.cpp
   /// The procedures of USE AFTER EXCEPTION of one unit: modes as bits by UseFileMode, files with
   /// whether the procedure is GLOBAL.
@@ -595,6 +599,9 @@ private:
   llvm::DenseMap<const std::list<DataDescription *> *, std::unique_ptr<RedefinableEntries>>
       redefinableEntries;
   std::map<const SourceUnit *, ExceptionProcedures> exceptionProcedures;
+  /// The programs of the compilation by the unit that they are nested in, null for the outermost
+  /// ones, and by their names in upper case; empty until a CALL asks.
+  llvm::DenseMap<std::pair<const SourceUnit *, const std::string *>, SourceUnit *> programs;
   /// The texts of entryNames.
   llvm::StringSet<> entryTexts;
 };

@@ -108,6 +108,27 @@ bool SemanticChecker::checkLinageCounter(SpecialRegisterIdentifierExpression &sp
   return true;
 }
 
+namespace {
+
+/// LENGTH OF is asked of what has a length: of neither a condition-name nor an index-name.
+bool hasLength(const DataDescription &entry) {
+  bool isIndexName = entry.getIsCompilerMade() && entry.getUsageType() == UsageType::Index;
+  return entry.getLevelNum() != 88 && !isIndexName;
+}
+
+/// Whether an unqualified PAGE-COUNTER or LINE-COUNTER is that of one report: the current one, the
+/// only one of the unit, else the only GLOBAL one of the nearest unit around it that has any.
+bool isOneReportMeant(SourceUnit *unit, const ReportDescription *current) {
+  std::size_t found = current ? 1 : 0;
+  for (bool isOuter = false; unit && !found; unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (ReportDescription *report : division->getReportSectionElements())
+        found += !isOuter || report->getGlobal();
+  return found == 1;
+}
+
+} // namespace
+
 bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &specialRegister) {
   switch (specialRegister.getType()) {
   case SpecialRegisterType::AddressOf:
@@ -117,15 +138,21 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
       return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
     if (!semanticCheck(*operand))
       return false;
-    if (auto *identifier = llvm::dyn_cast<IdentifierExpression>(operand))
-      specialRegister.setDataDescription(identifier->getDataDescription());
+    auto *identifier = llvm::dyn_cast<IdentifierExpression>(operand);
+    DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
+    specialRegister.setDataDescription(entry);
+    if (entry && specialRegister.getType() == SpecialRegisterType::LengthOf && !hasLength(*entry))
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
     return true;
   }
   case SpecialRegisterType::LinageCounter:
     return checkLinageCounter(specialRegister);
   case SpecialRegisterType::PageCounter:
   case SpecialRegisterType::LineCounter:
-    return !specialRegister.getReportExpr() || semanticCheck(*specialRegister.getReportExpr());
+    if (ReportIdentifierExpression *name = specialRegister.getReportExpr())
+      return semanticCheck(*name);
+    return isOneReportMeant(currentUnit(), getCurrentRD()) ||
+           report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   default:
     break;
   }

@@ -272,7 +272,7 @@ void TreePrinter::fields(CallStatement &statement) {
   all("using", statement.getArgumentListElements());
   one("returning", statement.getReturn());
   all("", statement.getExceptHandlerElements());
-  all("generatedArgument", statement.getParamListElements());
+  all("parameter", statement.getParamListElements());
   one("generated", statement.getMoveStmt());
 }
 
