@@ -102,7 +102,7 @@ public:
   void skipCommentEntry();
 
 private:
-  enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText };
+  enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText, EmbeddedBlock };
 
   bool nextLine();
   bool readLine();
@@ -110,7 +110,9 @@ private:
   bool checkToken(Token &token);
   bool actOnKeyword(Token &token);
   bool readPicture(Token &token);
+  void readEmbeddedBlock(Token &exec);
   void readEmbeddedText(Token &token);
+  void readCicsConstant(Token &token);
   void skipListingStatement(bool hasLiteral);
   void skipSourceUpdate(const Token &token);
   bool skipToLineEnd();
@@ -142,6 +144,8 @@ private:
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;
   Token embedding; ///< the word after EXEC
+  /// What was read of an embedded block behind EXEC, the first one to be given last.
+  llvm::SmallVector<Token, 3> block;
   bool atLineStart = false;
   bool inPseudoText = false;
   bool controlByteSeen = false;

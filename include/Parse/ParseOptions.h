@@ -49,7 +49,9 @@ struct ParseOptions {
   bool debuggingLines = false;
   /// The words of OS/VS COBOL are reserved.
   bool osvs = false;
+  /// Supply the EXEC interface block, DFHRESP and the copybooks of CICS.
   bool cics = false;
+  /// Supply the copybooks of DB2.
   bool sql = false;
   /// The file system to read from; null is the real one.
   llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;

@@ -2,6 +2,7 @@
 
 #include "Parse/Lexer.h"
 #include "CharacterTable.h"
+#include "SuppliedText.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
 #include <cstring>
@@ -75,6 +76,11 @@ void Lexer::next(Token &token) {
     break;
   case State::EmbeddedText:
     readEmbeddedText(token);
+    return;
+  case State::EmbeddedBlock:
+    token = block.pop_back_val();
+    if (block.empty())
+      state = State::Plain;
     return;
   case State::Plain:
   case State::EmbeddedWord:
@@ -170,7 +176,11 @@ bool Lexer::actOnKeyword(Token &token) {
     return true;
   case Keyword::Exec:
   case Keyword::Execute:
-    state = State::EmbeddedWord;
+    readEmbeddedBlock(token);
+    return true;
+  case Keyword::Dfhresp:
+  case Keyword::Dfhvalue:
+    readCicsConstant(token);
     return true;
   case Keyword::Division:
     context.inIdentificationDivision =
@@ -293,6 +303,61 @@ bool Lexer::readPicture(Token &token) {
   return true;
 }
 
+/// Reads a block whole, of which \p exec is the first word. EXEC SQL INCLUDE is a COPY: its one
+/// token is the keyword COPY with the name of the member as its text.
+void Lexer::readEmbeddedBlock(Token &exec) {
+  Token language, text, end;
+  state = State::EmbeddedWord;
+  next(language);
+  block.assign(1, language);
+  if (state == State::EmbeddedText) {
+    next(text);
+    next(end);
+    llvm::StringRef member = text.text.take_while(isWordCharacter);
+    if (language.is(Keyword::Sql) && end.is(Keyword::EndExec) &&
+        member.equals_insensitive("INCLUDE")) {
+      exec = text;
+      exec.keyword = Keyword::Copy;
+      exec.text = text.text.drop_front(member.size()).trim(" \t\f\v\n");
+      return;
+    }
+    block.assign({end, text, language});
+  }
+  state = State::EmbeddedBlock;
+}
+
+/// DFHRESP(condition) and DFHVALUE(state) are numbers. Without the parentheses the words are names
+/// like others.
+void Lexer::readCicsConstant(Token &token) {
+  llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
+  rest = rest.ltrim();
+  if (!rest.consume_front("("))
+    return;
+  llvm::StringRef name = rest.ltrim().take_while(isWordCharacter);
+  rest = rest.ltrim().drop_front(name.size()).ltrim();
+  if (name.empty() || !rest.consume_front(")"))
+    return;
+  scanner.setCursor(rest.begin());
+  SourceRange place = lines.rangeOf(token.spelling.begin(), rest.begin() - 1);
+
+  std::optional<unsigned> number = cicsConstant(token.keyword, name);
+  if (!context.options.cics) {
+    context.diagnostics.report(DiagnosticId::CicsConstantWithoutOption, place,
+                               (token.text + "(" + name + ")").str());
+  } else if (!number && token.is(Keyword::Dfhvalue)) {
+    context.diagnostics.report(DiagnosticId::UnknownCicsValue, place, name);
+  } else if (!number) {
+    llvm::StringRef meant = nearestCicsCondition(name);
+    context.diagnostics.report(DiagnosticId::UnknownCicsCondition, place, name,
+                               meant.empty() ? "" : ("; was " + meant + " meant?").str());
+  }
+  token.place = place;
+  token.kind = TokenKind::IntegerLiteral;
+  token.keyword = Keyword::None;
+  token.interned = nullptr;
+  token.text = token.spelling = internString(std::to_string(number.value_or(0)));
+}
+
 /// Reads what stands before END-EXEC as one token, which may be empty.
 void Lexer::readEmbeddedText(Token &token) {
   state = State::Plain;
@@ -397,6 +462,8 @@ bool Lexer::isHeaderLine() const {
 }
 
 void Lexer::skipCommentEntry() {
+  if (state == State::EmbeddedBlock)
+    state = State::Plain;
   if (atLineStart && isHeaderLine())
     return;
   do {

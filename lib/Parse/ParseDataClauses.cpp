@@ -39,6 +39,7 @@ static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
                                            Keyword::Pointer,
                                            Keyword::ProcedurePointer,
                                            Keyword::Dynamic,
+                                           Keyword::Sql,
                                            Keyword::Type};
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
                                       /*innerWords=*/{},
@@ -60,7 +61,12 @@ bool Parser::parseDataClause(DataDescription &entry) {
     return parseOnce(entry, &Data::getRedefines, &Data::setRedefines, &Parser::parseRedefines);
   case Keyword::Renames:
     return parseOnce(entry, &Data::getRenames, &Data::setRenames, &Parser::parseRenames);
+  case Keyword::Sql:
+    return parseSqlType(entry);
   case Keyword::Usage:
+    if (atSqlType())
+      return parseSqlType(entry);
+    [[fallthrough]];
   case Keyword::Binary:
   case Keyword::Comp:
   case Keyword::Comp1:

@@ -44,8 +44,10 @@ ProcedureDivision *Parser::parseProcedureDivision() {
 
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
 void Parser::parseProcedureHeader(ProcedureDivision &division) {
+  SourceRange header = here();
   accept(Keyword::Procedure);
   accept(Keyword::Division);
+  header = from(header).getRange();
   bool isRead = true;
   if (accept(Keyword::Using)) {
     std::list<Parameter *> parameters;
@@ -53,6 +55,7 @@ void Parser::parseProcedureHeader(ProcedureDivision &division) {
     for (Parameter *parameter : parameters)
       division.addParameter(parameter);
   }
+  supplyParameters(division, header);
   SourceRange begin = here();
   if (isRead && accept(Keyword::Returning)) {
     DataIdentifierExpression *item = parseDataName();

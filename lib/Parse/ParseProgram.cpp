@@ -2,6 +2,7 @@
 
 #include "Parse/Parse.h"
 #include "Parser.h"
+#include <utility>
 
 namespace tarka {
 
@@ -74,11 +75,13 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
   if (outer)
     outer->addNested(current);
   bool outerComma = decimalPointIsComma;
+  auto outerLanguages = std::exchange(embeddedLanguages, {});
 
   if (atDivision(Keyword::Environment))
     current->setEnvironmentDivision(parseEnvironmentDivision());
   if (atDivision(Keyword::Data))
     parseDataDivision();
+  supplyInterfaceBlock();
   if (atDivision(Keyword::Procedure))
     current->setProcDivision(parseProcedureDivision());
 
@@ -107,8 +110,10 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
       stream.skip();
   }
 
+  supplyCommunicationAreas();
   current->setRange(from(begin).getRange());
   unit = enclosing;
+  embeddedLanguages = outerLanguages;
   decimalPointIsComma = outerComma;
   stream.setDecimalPointIsComma(outerComma);
   return current;

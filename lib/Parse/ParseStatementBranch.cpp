@@ -624,6 +624,7 @@ Statement *Parser::parseExec() {
                   : at(Keyword::Sql, Keyword::Sqlims) ? ExecType::Sql
                   : at(Keyword::Dli)                  ? ExecType::Dli
                                                       : ExecType::Other;
+  embeddedLanguages.set(static_cast<unsigned>(type));
   stream.skip();
   llvm::StringRef text;
   if (at(TokenKind::EmbeddedText)) {

@@ -159,6 +159,22 @@ private:
   void parseEndProgram(SourceUnit *unit);
 
   //===--------------------------------------------------------------------===//
+  // What CICS and DB2 add to a program (ParseSupplied.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// Gives the unit, whose own data division is read, what every program of CICS has.
+  void supplyInterfaceBlock();
+  /// Gives the header of the outermost program the parameters that CICS passes.
+  void supplyParameters(ProcedureDivision &division, const SourceRange &header);
+  /// Gives the unit, which is read, what its embedded blocks need and it does not declare.
+  void supplyCommunicationAreas();
+  void supplyRecords(llvm::StringRef copybook, StorageType storage);
+  bool atSqlType();
+  /// [USAGE [IS]] SQL [TYPE] [IS] type: the host variable that DB2 makes of it.
+  bool parseSqlType(DataDescription &entry);
+  bool isDeclared(llvm::StringRef name);
+
+  //===--------------------------------------------------------------------===//
   // Entries and clauses of the environment and data division (ParseClauses.cpp)
   //===--------------------------------------------------------------------===//
 
@@ -791,6 +807,9 @@ private:
   SourceUnit *unit = nullptr; ///< The unit being read, its divisions attached as they begin.
   unsigned depth = 0;
   bool decimalPointIsComma = false;
+
+  /// The languages of the embedded blocks that the unit has.
+  std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
 
   /// A statement that is being read.
   struct EnclosingStatement {

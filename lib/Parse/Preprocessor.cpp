@@ -3,6 +3,7 @@
 #include "Parse/Preprocessor.h"
 #include "Parse/Lexer.h"
 #include "Replacer.h"
+#include "SuppliedText.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <memory>
@@ -196,6 +197,16 @@ void Preprocessor::closeLevel() {
 
 void Preprocessor::copy(const Token &copyWord) {
   CopyStatement statement;
+  if (copyWord.is(TokenKind::EmbeddedText)) {
+    // EXEC SQL INCLUDE: a period after it is one of the text around.
+    statement.place = copyWord.place;
+    statement.textName = copyWord.text.trim("\"'").str();
+    if (statement.textName.empty())
+      diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, "INCLUDE");
+    else
+      openCopybook(statement);
+    return;
+  }
   if (readCopyStatement(copyWord, statement))
     openCopybook(statement);
 }
@@ -206,7 +217,7 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   readRaw(token);
   statement.place = token.place;
   if (!readCopyName(token, statement.textName)) {
-    diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place);
+    diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, copyWord.text);
     skipStatement(token);
     return false;
   }
@@ -267,11 +278,19 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   }
   llvm::ErrorOr<const SourceFile *> file =
       files.findCopybook(statement.textName, statement.library, includer.file);
-  if (!file) {
+  bool isMissing = !file && file.getError() == std::errc::no_such_file_or_directory;
+  const SuppliedCopybook *supplied = isMissing ? findSuppliedCopybook(statement.textName) : nullptr;
+  if (supplied && supplied->isWanted(context.options)) {
+    file = &files.addText(supplied->getFileName(), supplied->text);
+  } else if (supplied) {
+    diagnostics.report(DiagnosticId::SuppliedCopybookNotFound, statement.place, statement.textName,
+                       supplied->getOptionText());
+    return;
+  } else if (!file) {
     std::string shown = statement.textName;
     if (!statement.library.empty())
       shown += " of " + statement.library;
-    if (file.getError() == std::errc::no_such_file_or_directory)
+    if (isMissing)
       diagnostics.report(DiagnosticId::CopybookNotFound, statement.place, shown,
                          files.describeSearch(statement.library, includer.file));
     else

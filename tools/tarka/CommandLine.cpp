@@ -72,6 +72,9 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   app.add_option("--source-format", request.parse.format, "the layout of the lines (auto)")
       ->option_text("fixed|free|auto")
       ->transform(oneOf(sourceFormats));
+  app.add_flag("--cics", request.parse.cics,
+               "supply what CICS does: the EIB, DFHRESP(...), DFHAID, DFHBMSCA");
+  app.add_flag("--sql", request.parse.sql, "supply what DB2 does: SQLCA, SQLDA, SQL TYPE");
 
   const char *group = "Compile options";
   app.add_flag("--check-file-id", request.checkFileId, "PROGRAM-ID must be the name of the file")

@@ -1,0 +1,188 @@
+//===- ParseSupplied.cpp - what CICS and DB2 add to a program -------------===//
+//
+// A program of CICS or DB2 uses items that it does not declare: the translator
+// and the precompiler put them into its source. Here they are read from supplied
+// text into the tree, when the program does not have them.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parser.h"
+#include "SuppliedText.h"
+#include "llvm/ADT/StringSwitch.h"
+
+namespace tarka {
+
+/// The EXEC interface block and the communication area are there for the programs that are nested
+/// in the outermost one as well.
+void Parser::supplyInterfaceBlock() {
+  if (!options.cics || unit->getParent())
+    return;
+  for (llvm::StringRef name : {"DFHEIBLK", "DFHCOMMAREA"})
+    if (!isDeclared(name))
+      supplyRecords(name, StorageType::Linkage);
+}
+
+/// CICS passes the interface block and the communication area, before what the program names.
+void Parser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
+  if (!options.cics || unit->getParent())
+    return;
+  std::list<Parameter *> &parameters = division.getParameterElements();
+  auto isNamed = [&](llvm::StringRef name) {
+    return llvm::any_of(parameters, [&](Parameter *parameter) {
+      auto *item = llvm::dyn_cast<DataIdentifierExpression>(parameter->getExpr());
+      return item && item->getQualifiedWord()->getNamesElements().front()->getWordData() == name;
+    });
+  };
+  Node place(header);
+  for (llvm::StringRef name : {"DFHCOMMAREA", "DFHEIBLK"}) {
+    if (isNamed(name))
+      continue;
+    std::list<Word *> names{new Word(&place, name, name)};
+    auto *word = new QualifiedWord(&place, &names);
+    auto *item = new DataIdentifierExpression(&place, word, nullptr, nullptr);
+    parameters.push_front(new Parameter(&place, ParameterType::Reference, item));
+  }
+}
+
+/// A program that has statements of SQL but neither SQLCA nor an SQLCODE of its own gets SQLCA, and
+/// one that has statements of DL/I the interface block of those.
+void Parser::supplyCommunicationAreas() {
+  auto has = [this](ExecType language) {
+    return embeddedLanguages.test(static_cast<unsigned>(language));
+  };
+  if (options.sql && has(ExecType::Sql) && !isDeclared("SQLCA") && !isDeclared("SQLCODE") &&
+      !isDeclared("SQLSTATE"))
+    supplyRecords("SQLCA", StorageType::WorkingStorage);
+  if (options.cics && has(ExecType::Dli) && !isDeclared("DIBSTAT"))
+    supplyRecords("DLZDIB", StorageType::WorkingStorage);
+}
+
+/// Reads a supplied copybook as if it stood at the end of the section.
+void Parser::supplyRecords(llvm::StringRef copybook, StorageType storage) {
+  const SuppliedCopybook *supplied = findSuppliedCopybook(copybook);
+  assert(supplied && "not a supplied copybook");
+  DataDivision *division = unit->getDataDivision();
+  if (!division) {
+    Node place(unit->getRange());
+    division = new DataDivision(&place);
+    unit->setDataDivision(division);
+  }
+  SourceManager files(options);
+  TokenStream text(files.addText(supplied->getFileName(), supplied->text), files, diagnostics);
+  Parser reader(text, diagnostics, options);
+  reader.unit = unit;
+  reader.parseDataRecords(storage, [&](DataDescription *record) {
+    if (storage == StorageType::WorkingStorage)
+      return division->addWorkSection(record);
+    record->setGlobal(new ClauseGlobal(record));
+    division->addLinkSection(record);
+  });
+}
+
+//===----------------------------------------------------------------------===//
+// Host variables of SQL types
+//===----------------------------------------------------------------------===//
+
+bool Parser::atSqlType() {
+  return atSequence(Keyword::Usage, Keyword::Sql) ||
+         atSequence(Keyword::Usage, Keyword::Is, Keyword::Sql);
+}
+
+/// What follows the name of a host variable of \p type in its place, where $ stands for the name
+/// and # for the size; empty for what is no type.
+static llvm::StringRef declarationOf(llvm::StringRef type) {
+  constexpr llvm::StringLiteral locator = " PIC S9(9) COMP-5.";
+  constexpr llvm::StringLiteral characters = ". 49 $-LENGTH PIC S9(9) COMP-5. 49 $-DATA PIC X(#).";
+  constexpr llvm::StringLiteral file =
+      ". 49 $-NAME-LENGTH PIC S9(9) COMP-5. 49 $-DATA-LENGTH PIC S9(9) COMP-5."
+      " 49 $-FILE-OPTION PIC S9(9) COMP-5. 49 $-NAME PIC X(255).";
+  if (type.ends_with("LOCATOR"))
+    return locator;
+  if (type.ends_with("-FILE"))
+    return file;
+  return llvm::StringSwitch<llvm::StringRef>(type)
+      .Cases("BLOB", "CLOB", "OBJECT", characters)
+      .Case("DBCLOB", ". 49 $-LENGTH PIC S9(9) COMP-5. 49 $-DATA PIC G(#) DISPLAY-1.")
+      .Case("ROWID", ". 49 $-LEN PIC S9(4) COMP-5. 49 $-DATA PIC X(40).")
+      .Case("BINARY", " PIC X(#).")
+      .Case("VARBINARY", ". 49 $-LEN PIC S9(4) COMP-5. 49 $-TEXT PIC X(#).")
+      .Default("");
+}
+
+/// The size in a type: digits, and K, M or G for a multiple; 0 for what is none.
+static uint64_t sizeOf(llvm::StringRef text) {
+  uint64_t size = 0;
+  if (text.consumeInteger(10, size))
+    return 0;
+  return llvm::StringSwitch<uint64_t>(text)
+      .Case("", size)
+      .Case("K", size << 10)
+      .Case("M", size << 20)
+      .Case("G", size << 30)
+      .Default(0);
+}
+
+bool Parser::parseSqlType(DataDescription &entry) {
+  accept(Keyword::Usage);
+  accept(Keyword::Is);
+  accept(Keyword::Sql);
+  accept(Keyword::Type);
+  accept(Keyword::Is);
+  // The last word that is known tells: XML AS CLOB, BINARY LARGE OBJECT, TABLE ... AS LOCATOR.
+  SourceRange place = here();
+  llvm::StringRef declaration;
+  uint64_t size = 1;
+  while (!at(TokenKind::Period, TokenKind::EndOfFile)) {
+    if (llvm::StringRef found = declarationOf(peek().text); peek().isWord() && !found.empty())
+      declaration = found;
+    else if (dataClauses.contains(peek().keyword))
+      break;
+    else if (uint64_t number = sizeOf(peek().text))
+      size = number;
+    else if (uint64_t unitSize = sizeOf(("1" + peek().text).str()))
+      size *= unitSize;
+    stream.skip();
+  }
+  if (!entry.getDataName())
+    return expected("the name of the item");
+  if (declaration.empty()) {
+    error(DiagnosticId::NotSupported, place, "this SQL TYPE");
+    declaration = declarationOf("LOCATOR");
+  }
+
+  llvm::StringRef name = entry.getDataName()->getWordData();
+  std::string text = ("01 " + name).str();
+  for (char c : declaration)
+    text += c == '$' ? name.str() : c == '#' ? std::to_string(size) : std::string(1, c);
+  SourceManager files(options);
+  TokenStream lines(files.addText("<supplied>/SQL-TYPE", text), files, diagnostics);
+  Parser reader(lines, diagnostics, options);
+  reader.unit = unit;
+  reader.parseDataRecords(StorageType::WorkingStorage, [&](DataDescription *record) {
+    entry.setPicture(record->getPicture());
+    entry.setUsage(record->getUsage());
+    for (DataDescription *part : record->getChildrenElements())
+      entry.addChildren(part);
+  });
+  return true;
+}
+
+/// Whether the unit can see an item \p name: it declares it, or a program around it shares it.
+bool Parser::isDeclared(llvm::StringRef name) {
+  const std::string &word = internString(name);
+  for (SourceUnit *one = unit; one; one = one->getParent()) {
+    DataDivision *data = one->getDataDivision();
+    std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&word) : nullptr;
+    if (!entries)
+      continue;
+    for (DataDescription *entry : *entries) {
+      while (entry->getParent())
+        entry = entry->getParent();
+      if (one == unit || entry->getGlobal())
+        return true;
+    }
+  }
+  return false;
+}
+
+} // namespace tarka

@@ -1,0 +1,52 @@
+//===- SuppliedText.h - copybooks that come with CICS and DB2 ---*- C++ -*-===//
+//
+// The copybooks that no shop keeps with its sources, because the products that
+// define them supply them, and the constants that CICS gives names to.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_PARSE_SUPPLIEDTEXT_H
+#define TARKA_LIB_PARSE_SUPPLIEDTEXT_H
+
+#include "Parse/Keywords.h"
+#include "llvm/ADT/StringRef.h"
+#include <optional>
+#include <string>
+
+namespace tarka {
+
+class SourceFile;
+struct ParseOptions;
+
+/// The option that supplies a copybook.
+enum class SupplyOption : uint8_t { Cics, Sql };
+
+/// A copybook as it is supplied.
+struct SuppliedCopybook {
+  llvm::StringLiteral name;
+  SupplyOption option;
+  llvm::StringLiteral text; ///< good for fixed and for free form
+
+  /// Whether \p options ask for it.
+  bool isWanted(const ParseOptions &options) const;
+  /// The option as it is written.
+  llvm::StringRef getOptionText() const {
+    return option == SupplyOption::Cics ? "--cics" : "--sql";
+  }
+  /// The name that places in the copybook have for its file: <supplied>/NAME.
+  std::string getFileName() const { return "<supplied>/" + name.str(); }
+};
+
+/// The supplied copybook \p name, in upper or lower case; null when there is none.
+const SuppliedCopybook *findSuppliedCopybook(llvm::StringRef name);
+
+/// The number that \p name stands for in DFHRESP(name) or DFHVALUE(name), as \p keyword says.
+std::optional<unsigned> cicsConstant(Keyword keyword, llvm::StringRef name);
+
+/// The name of a condition that \p name in DFHRESP was most likely meant to be; empty when none is
+/// near.
+llvm::StringRef nearestCicsCondition(llvm::StringRef name);
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_SUPPLIEDTEXT_H
