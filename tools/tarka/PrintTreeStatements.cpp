@@ -748,6 +748,7 @@ void TreePrinter::fields(RwTerminateStatement &statement) {
 void TreePrinter::fields(XMLGenerateStatement &statement) {
   flag("xmlDeclaration", statement.isXmlDeclaration());
   flag("attributes", statement.isAttributes());
+  flag("fromVariableTable", statement.getFromDataOdo());
   one("document", statement.getGenIdent());
   one("from", statement.getFromIdent());
   one("count", statement.getCountIdent());
@@ -758,6 +759,10 @@ void TreePrinter::fields(XMLGenerateStatement &statement) {
   all("type", statement.getTypeItemListElements());
   all("suppress", statement.getSuppressItemListElements());
   all("", statement.getOnExcpHandlerElements());
+  for (DataDescription *content : statement.getConvDescListElements()) {
+    Open node(sink, "contents", "DataDescription", content->getRange());
+    boundTo(content);
+  }
 }
 
 void TreePrinter::print(llvm::StringRef role, XMLNameItem &item) {
