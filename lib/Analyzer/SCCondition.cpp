@@ -6,6 +6,7 @@
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Comparison.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include <algorithm>
@@ -211,34 +212,39 @@ std::optional<UsageType> usageOfIdentifier(const Expression &operand) {
   return identifier->getDataDescription()->getUsageType();
 }
 
+Comparison comparisonOf(const Expression &left, const Expression &right) {
+  return Comparison(comparisons[static_cast<int>(left.getDataCategory())]
+                               [static_cast<int>(right.getDataCategory())]);
+}
+
+bool arePointers(const Expression &left, const Expression &right) {
+  return left.getDataCategory() == DataCategory::Pointer &&
+         right.getDataCategory() == DataCategory::Pointer;
+}
+
 } // namespace
+
+bool areComparable(const Expression &left, const Expression &right) {
+  if (!arePointers(left, right))
+    return comparisonOf(left, right) != No;
+  // A data pointer does not compare with a pointer to code.
+  std::optional<UsageType> leftUsage = usageOfIdentifier(left);
+  std::optional<UsageType> rightUsage = usageOfIdentifier(right);
+  return !leftUsage || !rightUsage ||
+         (leftUsage == UsageType::Pointer) == (rightUsage == UsageType::Pointer);
+}
 
 bool SemanticChecker::checkCompareable(Expression *left, Expression *right,
                                        RelationalConditionType relation) {
-  DataCategory leftCategory = left->getDataCategory();
-  DataCategory rightCategory = right->getDataCategory();
-
-  if (leftCategory == DataCategory::Pointer && rightCategory == DataCategory::Pointer) {
-    bool result = true;
-    if (relation != RelationalConditionType::Equal && relation != RelationalConditionType::NotEqual)
-      result = report(ErrorCode::PointerRelationNotEquality, left);
-    // A data pointer does not compare with a pointer to code.
-    std::optional<UsageType> leftUsage = usageOfIdentifier(*left);
-    std::optional<UsageType> rightUsage = usageOfIdentifier(*right);
-    if (leftUsage && rightUsage &&
-        (leftUsage == UsageType::Pointer) != (rightUsage == UsageType::Pointer))
-      return report(ErrorCode::ComparisonInvalid, left);
-    return result;
-  }
-
-  switch (comparisons[static_cast<int>(leftCategory)][static_cast<int>(rightCategory)]) {
-  case Yes:
-    return true;
-  case National:
-    return checkNationalCmpFiguExpr(left, right);
-  default:
+  bool result = true;
+  if (arePointers(*left, *right) && relation != RelationalConditionType::Equal &&
+      relation != RelationalConditionType::NotEqual)
+    result = report(ErrorCode::PointerRelationNotEquality, left);
+  if (!areComparable(*left, *right))
     return report(ErrorCode::ComparisonInvalid, left);
-  }
+  if (comparisonOf(*left, *right) == National)
+    checkNationalCmpFiguExpr(left, right);
+  return result;
 }
 
 /// The figurative constant that \p operand is, when it stands for characters.

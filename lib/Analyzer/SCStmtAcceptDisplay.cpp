@@ -1,4 +1,4 @@
-//===- SCStmtAcceptDisplay.cpp - ACCEPT, DISPLAY and STOP -----------------===//
+//===- SCStmtAcceptDisplay.cpp - ACCEPT and DISPLAY -----------------------===//
 
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
@@ -8,10 +8,6 @@
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
-
-bool SemanticChecker::semanticCheck(StopStatement &statement) {
-  return OperandCheck(*this).one(statement.getLiteral());
-}
 
 //===----------------------------------------------------------------------===//
 // Devices

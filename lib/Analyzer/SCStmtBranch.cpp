@@ -327,6 +327,29 @@ bool SemanticChecker::resolveAlterItem(AlterItem &item, AlterStatement &statemen
 }
 
 //===----------------------------------------------------------------------===//
+// STOP
+//===----------------------------------------------------------------------===//
+
+/// What STOP can show to the operator: a number without an exponent, alphanumeric characters, or a
+/// figurative constant. ALL before a figurative constant says nothing and is gone by now.
+static bool isStopLiteral(const LiteralExpression &literal) {
+  if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&literal))
+    return number->getLiteralType() != NumericLiteralType::FloatingPoint;
+  if (const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&literal))
+    return constant->getFigurativeType() != FigurativeType::AllLiteral;
+  return literal.getDataCategory() == DataCategory::Alphanumeric;
+}
+
+bool SemanticChecker::semanticCheck(StopStatement &statement) {
+  LiteralExpression *literal = statement.getLiteral();
+  if (!literal)
+    return true;
+  if (!semanticCheck(*literal))
+    return false;
+  return isStopLiteral(*literal) || report(ErrorCode::StopLiteralKind, literal);
+}
+
+//===----------------------------------------------------------------------===//
 // ENTRY
 //===----------------------------------------------------------------------===//
 

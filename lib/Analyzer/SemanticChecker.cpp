@@ -197,6 +197,36 @@ bool isUsableAsParameter(const DataDescription &entry) {
          entry.getLevelNum() == 77;
 }
 
+/// What fits into the place of an argument that is passed by value: an elementary item in binary or
+/// floating point, a pointer, or one character, alphanumeric or national.
+bool isPassedByValue(const DataDescription &entry) {
+  if (entry.hasSubordinateData())
+    return false;
+  switch (entry.getUsageType()) {
+  case UsageType::Binary:
+  case UsageType::Comp:
+  case UsageType::Comp1:
+  case UsageType::Comp2:
+  case UsageType::Comp4:
+  case UsageType::Comp5:
+  case UsageType::Pointer:
+  case UsageType::ProcedurePointer:
+  case UsageType::FunctionPointer:
+    return true;
+  default:
+    break;
+  }
+  switch (entry.getDataCategory()) {
+  case DataCategory::Alphabetic:
+  case DataCategory::Alphanumeric:
+    return entry.getAllocSize() == 1;
+  case DataCategory::National:
+    return entry.getAllocSize() == 2;
+  default:
+    return false;
+  }
+}
+
 /// Enters a declarative into the lists of the division by its kind. Without a USE it belongs to
 /// those before it, of whichever kind there were any.
 void sortDeclarative(ProcedureDivision &division, Declaratives &declarative, bool &haveBase,
@@ -218,8 +248,14 @@ void sortDeclarative(ProcedureDivision &division, Declaratives &declarative, boo
 
 bool SemanticChecker::semanticCheck(ProcedureDivision &division) {
   bool ok = true;
-  for (Parameter *parameter : division.getParameterElements())
-    ok &= checkUsingItem(parameter->getExpr());
+  for (Parameter *parameter : division.getParameterElements()) {
+    Expression *item = parameter->getExpr();
+    bool isUsable = checkUsingItem(item);
+    if (isUsable && parameter->getType() == ParameterType::Value &&
+        !isPassedByValue(*llvm::cast<DataIdentifierExpression>(item)->getDataDescription()))
+      isUsable = report(ErrorCode::UsingByValueParameter, item);
+    ok &= isUsable;
+  }
   if (Returning *returning = division.getReturning()) {
     if (isCurrentUnitNested())
       ok = report(ErrorCode::ReturningInNestedProgram, returning);
