@@ -58,7 +58,7 @@ WORKING-STORAGE SECTION.
 PROCEDURE DIVISION.
     *> NEAR of the program around is not GLOBAL, so the one farther out is meant: it is no number.
     DISPLAY NEAR MINE.
-    ADD NEAR TO NEAR.
+    ADD NEAR TO NEAR. *> expect: 3410 3410
     IF NEAR IS POSITIVE CONTINUE. *> expect: 3338
     DISPLAY MIDDLE-ONLY. *> expect: 3310
     DISPLAY HIDDEN. *> expect: 3310

@@ -1,4 +1,4 @@
-*> RUN: %tarka check --enable-rw %s 2>&1 | count 0
+*> RUN: %tarka check --verify --enable-rw %s
 *>
 *> Every phrase of the arithmetic statements, and everything that can be an operand of one.
 IDENTIFICATION DIVISION.
