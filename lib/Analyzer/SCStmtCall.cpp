@@ -278,10 +278,10 @@ bool checkReturningItem(SemanticChecker &checker, IdentifierExpression &item) {
     return false;
   auto *specialRegister = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&item);
   if (specialRegister && specialRegister->getType() == SpecialRegisterType::LengthOf)
-    return checker.report(ErrorCode::IdentifierRequired, &item);
+    return checker.report(ErrorCode::MoveReceiverInvalid, &item);
   const DataDescription *entry = entryOf(item);
   if (entry && isConditionName(*entry))
-    return checker.report(ErrorCode::IdentifierRequired, &item);
+    return checker.report(ErrorCode::MoveReceiverInvalid, &item);
   if (entry && isIndexName(*entry))
     return checker.report(ErrorCode::PointerOrIndexNotAllowed, &item);
   return true;
