@@ -97,6 +97,10 @@ def main():
             lines=to(125_000, 250_000, 500_000, 1_000_000),
             items=to(6_000, 12_000, 25_000, 50_000),
             paragraphs=to(1_250, 2_500, 5_000, 10_000)))
+        show("check --syntax-only: reading alone, everything grows", ["check", "--syntax-only"], grow(
+            lines=to(125_000, 250_000, 500_000, 1_000_000),
+            items=to(6_000, 12_000, 25_000, 50_000),
+            paragraphs=to(1_250, 2_500, 5_000, 10_000)))
         for kind in KINDS:
             show(f"check: items, {kind}", ["check"], grow(
                 lines=to(1_000, 1_000, 1_000), items=to(100_000, 200_000, 400_000),

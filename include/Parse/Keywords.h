@@ -10,6 +10,7 @@
 #define TARKA_PARSE_KEYWORDS_H
 
 #include "llvm/ADT/StringRef.h"
+#include <cstddef>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -63,7 +64,7 @@ inline bool isScopeTerminator(Keyword keyword) {
 /// A word as the table knows it.
 struct WordLookup {
   const std::string *interned; ///< in upper case, see internString()
-  llvm::StringRef text;        ///< the same text
+  bool isUpperCase;            ///< whether the text and the spelling looked up are equal
   Keyword keyword;
 };
 
@@ -80,13 +81,15 @@ public:
   WordLookup lookup(llvm::StringRef spelling);
 
 private:
-  /// Holds the text itself, so that a look-up goes to two places of memory only.
+  static constexpr std::size_t shortText = 16;
+
+  /// Holds a short text itself, so that to look one up takes one place of memory only.
   struct Slot {
-    const char *text = nullptr;
     const std::string *interned = nullptr;
     uint32_t hash = 0;
-    uint16_t size = 0;
+    uint16_t size = 0; ///< 0 for a text that is not short
     Keyword keyword = Keyword::None;
+    char text[shortText];
   };
 
   Slot &enter(llvm::StringRef spelling, Keyword keyword);

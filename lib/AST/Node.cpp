@@ -1,22 +1,65 @@
 //===- Node.cpp - arena, interned texts and file names --------------------===//
 
 #include "AST/Node.h"
+#include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/StringMap.h"
 #include "llvm/Support/Allocator.h"
-#include <unordered_set>
+#include "llvm/Support/xxhash.h"
+#include <cstdlib>
+#include <sys/mman.h>
 #include <vector>
 
 namespace tarka {
 
 namespace {
 
+/// Slabs of the arena. The tree of a large program is visited in no order of addresses, and with
+/// ordinary pages much of the time would go into finding them: large slabs ask for huge ones.
+class SlabAllocator : public llvm::AllocatorBase<SlabAllocator> {
+public:
+  using AllocatorBase::Allocate;
+  using AllocatorBase::Deallocate;
+  void Reset() {}
+  void *Allocate(std::size_t size, std::size_t alignment) {
+    constexpr std::size_t hugePage = std::size_t(1) << 21;
+    if (size % hugePage != 0)
+      return llvm::allocate_buffer(size, alignment);
+    void *slab = std::aligned_alloc(hugePage, size);
+    if (!slab)
+      llvm::report_bad_alloc_error("no memory for the tree");
+    // No more than a wish: where it is not granted the slab has ordinary pages.
+    madvise(slab, size, MADV_HUGEPAGE);
+    return slab;
+  }
+  void Deallocate(const void *slab, std::size_t, std::size_t) {
+    std::free(const_cast<void *>(slab));
+  }
+};
+
+/// Interned texts are found by what they say.
+struct InternedText {
+  static const std::string *getEmptyKey() {
+    return llvm::DenseMapInfo<const std::string *>::getEmptyKey();
+  }
+  static const std::string *getTombstoneKey() {
+    return llvm::DenseMapInfo<const std::string *>::getTombstoneKey();
+  }
+  static unsigned getHashValue(llvm::StringRef text) {
+    return static_cast<unsigned>(llvm::xxh3_64bits(text));
+  }
+  static unsigned getHashValue(const std::string *text) { return getHashValue(*text); }
+  static bool isEqual(const std::string *left, const std::string *right) { return left == right; }
+  static bool isEqual(llvm::StringRef text, const std::string *interned) {
+    return interned != getEmptyKey() && interned != getTombstoneKey() && text == *interned;
+  }
+};
+
 /// What every tree of the process shares. It is never destroyed, so that nodes stay valid to the
 /// very end.
 struct SharedStorage {
-  // Slabs of a megabyte: a large program asks the system rarely, a small one does not pay, since
-  // untouched pages cost nothing.
-  llvm::BumpPtrAllocatorImpl<llvm::MallocAllocator, 1 << 20, 1 << 20, 1 << 20> arena;
-  llvm::StringMap<std::string *, llvm::BumpPtrAllocator> strings;
+  // Each slab is as large as all before it: a small program asks for little, a large one rarely.
+  llvm::BumpPtrAllocatorImpl<SlabAllocator, 1 << 18, 1 << 18, 1> arena;
+  llvm::DenseSet<const std::string *, InternedText> strings;
   llvm::StringMap<unsigned> fileNumbers;
   std::vector<const std::string *> fileNames;
 };
@@ -33,10 +76,13 @@ void *allocateForever(std::size_t size, std::size_t alignment) {
 }
 
 const std::string &internString(llvm::StringRef text) {
-  std::string *&entry = storage().strings[text];
-  if (!entry)
-    entry = new std::string(text);
-  return *entry;
+  auto &strings = storage().strings;
+  auto found = strings.find_as(text);
+  if (found != strings.end())
+    return **found;
+  auto *interned = new (allocateForever(sizeof(std::string))) std::string(text);
+  strings.insert_as(interned, text);
+  return *interned;
 }
 
 unsigned internFileName(llvm::StringRef name) {

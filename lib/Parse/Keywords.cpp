@@ -82,13 +82,14 @@ WordLookup WordTable::lookup(llvm::StringRef spelling) {
     const Slot &slot = slots[index];
     if (slot.hash != hash)
       continue;
-    // A word of more characters than a slot can count is compared by its interned text.
     llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.interned;
-    if (text == spelling || spelling.equals_insensitive(text))
-      return {slot.interned, text, slot.keyword};
+    if (text == spelling)
+      return {slot.interned, true, slot.keyword};
+    if (text.equals_insensitive(spelling))
+      return {slot.interned, false, slot.keyword};
   }
   const Slot &slot = enter(spelling, Keyword::None);
-  return {slot.interned, *slot.interned, slot.keyword};
+  return {slot.interned, *slot.interned == spelling, slot.keyword};
 }
 
 /// Folds, interns and enters a word that is not in the table.
@@ -97,9 +98,14 @@ WordTable::Slot &WordTable::enter(llvm::StringRef spelling, Keyword keyword) {
     grow();
   uint32_t hash = hashFolded(spelling);
   const std::string &text = internString(spelling.upper());
-  uint16_t size = text.size() <= UINT16_MAX ? static_cast<uint16_t>(text.size()) : 0;
   Slot &slot = freeSlot(hash);
-  slot = {text.data(), &text, hash, size, keyword};
+  slot.interned = &text;
+  slot.hash = hash;
+  slot.keyword = keyword;
+  if (text.size() <= shortText) {
+    slot.size = static_cast<uint16_t>(text.size());
+    std::memcpy(slot.text, text.data(), text.size());
+  }
   return slot;
 }
 

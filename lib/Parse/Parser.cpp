@@ -81,10 +81,7 @@ llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {
 
 Word *Parser::takeWord() {
   const Token &token = peek();
-  // Of most words and strings the two texts are equal and looked up once.
-  const std::string *text = token.getInternedText();
-  const std::string *spelling = *text == token.spelling ? text : &internString(token.spelling);
-  Word *word = new Word(token.place, text, spelling);
+  Word *word = new Word(token.place, token.getInternedText(), token.getInternedSpelling());
   stream.skip();
   return word;
 }

@@ -112,7 +112,7 @@ void Scanner::scanWord(Token &token, const char *begin) {
   WordLookup word = words.lookup(token.spelling);
   token.interned = word.interned;
   token.keyword = word.keyword;
-  token.text = word.text;
+  token.text = word.isUpperCase ? token.spelling : llvm::StringRef(*word.interned);
 }
 
 /// A number, or a word that begins with digits.

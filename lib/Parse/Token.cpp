@@ -68,7 +68,9 @@ const std::string *Token::getInternedText() const {
 }
 
 const std::string *Token::getInternedSpelling() const {
-  return interned && text == spelling ? interned : &internString(spelling);
+  // Of most words the text is the spelling itself.
+  bool isSame = text.data() == spelling.data() && text.size() == spelling.size();
+  return interned && isSame ? interned : &internString(spelling);
 }
 
 } // namespace tarka

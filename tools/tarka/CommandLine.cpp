@@ -130,6 +130,8 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   addCommonOptions(*check, request, true);
   check->add_flag("--verify", request.verify,
                   "compare the report with the expectations in the source: *> expect: NUMBER");
+  check->add_flag("--syntax-only", request.syntaxOnly,
+                  "read the program only: what the front end reports, no checks");
   check->add_option("-j", request.jobs, "files to check at the same time (one a processor)")
       ->option_text("N")
       ->check(CLI::Range(1, 1024).description(""));

@@ -40,6 +40,7 @@ struct Request {
   bool enableRw = false;
 
   // check
+  bool syntaxOnly = false;
   bool verify = false;
   unsigned jobs = 0; ///< 0 is one for each processor
 

@@ -88,8 +88,7 @@ bool Compilation::check() {
     return false;
   }
   program = *parsed;
-  SemanticChecker checker(&handler);
-  checksSucceeded = checker.semanticCheck(*program);
+  checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
   return true;
 }
 
