@@ -18,7 +18,6 @@
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
-#include <malloc.h>
 
 namespace tarka {
 
@@ -201,11 +200,6 @@ int Compilation::printTree() {
 
 /// Does \p work, which is one compilation, in a thread with stack enough.
 void compile(llvm::function_ref<void()> work) {
-  // The work is done in one thread beside the main one: let it use the main heap, and let the heap
-  // grow in large steps, since little of it is ever given back.
-  mallopt(M_ARENA_MAX, 1);
-  mallopt(M_TOP_PAD, 16 << 20);
-
   llvm::thread worker(std::optional<unsigned>(stackSize), work);
   worker.join();
 }
