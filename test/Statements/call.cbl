@@ -1,8 +1,9 @@
 *> RUN: %tarka check --verify %s
 *> RUN: %tarka check --verify --enable-cbltdli --enable-aertdli %s
+*> RUN: %tarka ast %s | FileCheck %s
 *>
 *> Every form of CALL and CANCEL: of programs of which nothing is known, of nested, COMMON and
-*> outermost ones.
+*> outermost ones, whose parameters the CALL takes over.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. CALLER.
 ENVIRONMENT DIVISION.
@@ -44,6 +45,10 @@ PROCEDURE DIVISION.
 UNKNOWN-PROGRAMS.
     CALL "ELSEWHERE".
     CALL ELSEWHERE.
+*> CHECK:      CallStatement <[[#@LINE-1]]:5-
+*> CHECK-NEXT:   program: NonNumericLiteralExpression {{.*}} value="ELSEWHERE"
+*> CHECK-NOT:    parameter:
+*> CHECK:      CallStatement
     CALL 'elsewhere' USING NAMES NAME (1) REC MIDDLE CHARACTERS-8 (2:3) BINARY-ITEM PACKED-ITEM
         FLOAT-ITEM DBCS-4 INDEX-ITEM DATA-POINTER PROGRAM-POINTER ROUTINE-POINTER MASTER
         MASTER-RECORD RETURN-CODE OMITTED
@@ -80,6 +85,9 @@ KNOWN-PROGRAMS.
     *> Other names, types, and arguments that are longer than their parameters.
     CALL "NESTED" USING REC BINARY-ITEM.
     CALL nested USING BY CONTENT MASTER-RECORD BY REFERENCE OMITTED.
+*> CHECK:      CallStatement <[[#@LINE-1]]:5-
+*> CHECK:        parameter: DataIdentifierExpression {{.*}} name=P-1 boundTo=P-1@[[#@LINE+19]]:1
+*> CHECK-NEXT:   parameter: DataIdentifierExpression {{.*}} name=P-2 boundTo=P-2@[[#@LINE+20]]:1
     *> What lies behind these is not known.
     CALL "NESTED" USING LINKAGE-RECORD CHARACTER-1.
     CALL "NESTED" USING SHARED-AREA NAME (1).
@@ -137,5 +145,7 @@ LINKAGE SECTION.
 01  V-3                         PIC X.
 PROCEDURE DIVISION USING BY VALUE V-1 V-2 V-3 RETURNING RESULT.
     CALL "CALLER".
+*> CHECK:      CallStatement <[[#@LINE-1]]:5-
+*> CHECK-NOT:    parameter:
     GOBACK.
 END PROGRAM "Last-One".
