@@ -31,6 +31,7 @@ namespace tarka {
 
 // The environment division.
 class ClauseCurrency;
+class ClauseSame;
 class ClauseSymbolic;
 class EnvironmentDivision;
 class ParaIOControl;
@@ -452,6 +453,10 @@ public:
   bool semanticCheck(XMLGenerateStatement &statement);
   bool semanticCheck(XMLParseStatement &statement);
 
+  /// True when the records of two files stand in one place: those of a file, and of files that a
+  /// SAME AREA or SAME RECORD AREA clause names together.
+  bool shareRecordArea(const FileDescription *left, const FileDescription *right) const;
+
   /// A USING item of ENTRY.
   bool semanticCheck(Parameter *parameter);
 
@@ -547,15 +552,20 @@ private:
   Paragraph *reportNoProcedure(QualifiedWord &name);
   bool resolveRange(ProcedureRange &range, QualifiedWord *begin, QualifiedWord *thru,
                     Statement &statement);
-  bool checkSortIO(SortIO *phrase, Statement &statement);
-  template <typename SortOrMerge>
-  bool checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys);
   bool checkPerformTimes(Expression &times);
   bool checkPerformVarying(PerformVarying &phrase);
   bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
 
   // SCStmtCall.cpp
   SourceUnit *findProgram(llvm::StringRef name);
+
+  // SCStmtSort.cpp
+  bool checkSortedFile(FileIdentifierExpression &name, const FileDescription *sortFile,
+                       bool isInput);
+  bool checkSortIO(SortIO &phrase, const FileDescription *sortFile, bool isInput,
+                   Statement &statement);
+  template <typename SortOrMerge>
+  bool checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys);
 
   // SCStmtDeclaratives.cpp
   /// The procedures of USE AFTER EXCEPTION of one unit: modes as bits by UseFileMode, files with
@@ -602,6 +612,12 @@ private:
   /// The programs of the compilation by the unit that they are nested in, null for the outermost
   /// ones, and by their names in upper case; empty until a CALL asks.
   llvm::DenseMap<std::pair<const SourceUnit *, const std::string *>, SourceUnit *> programs;
+  /// The SAME AREA and the SAME RECORD AREA clause that name a file; null when there is none.
+  struct SharedAreas {
+    const ClauseSame *area = nullptr;
+    const ClauseSame *recordArea = nullptr;
+  };
+  llvm::DenseMap<const FileDescription *, SharedAreas> sharedAreas;
   /// The texts of entryNames.
   llvm::StringSet<> entryTexts;
 };

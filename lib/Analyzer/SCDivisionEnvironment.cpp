@@ -720,12 +720,28 @@ bool SemanticChecker::checkClauseSame(ParaIOControl &entry) {
       result = report(ErrorCode::SameFileExternalOrNotFile, name);
       continue;
     }
-    if (!semanticCheck(*file))
+    if (!semanticCheck(*file)) {
       result = false;
-    else if (file->getFileDescription()->getExternal())
+      continue;
+    }
+    const FileDescription *description = file->getFileDescription();
+    if (description->getExternal())
       result = report(ErrorCode::SameFileExternalOrNotFile, name);
+    if (clause.getType() == SameType::None)
+      sharedAreas[description].area = &clause;
+    else if (clause.getType() == SameType::Record)
+      sharedAreas[description].recordArea = &clause;
   }
   return result;
+}
+
+bool SemanticChecker::shareRecordArea(const FileDescription *left,
+                                      const FileDescription *right) const {
+  if (left == right)
+    return true;
+  auto [area, recordArea] = sharedAreas.lookup(left);
+  auto [otherArea, otherRecordArea] = sharedAreas.lookup(right);
+  return (area && area == otherArea) || (recordArea && recordArea == otherRecordArea);
 }
 
 bool SemanticChecker::checkClauseMultipleFile(ParaIOControl &entry) {
