@@ -388,8 +388,9 @@ ClauseAlphabet *Parser::parseAlphabet() {
     type = AlphabetType::Standard2;
   else if (accept(Keyword::Native))
     type = AlphabetType::Native;
-  else if (!atLiteral()) {
-    // Which names of code pages there are is for the checker to judge.
+  else if (!atLiteral() && !at(TokenKind::Period)) {
+    // Which names of code pages there are is for the checker to judge, and so is an alphabet that
+    // ends before it has begun.
     Word *codeName =
         parseUserWord("STANDARD-1, STANDARD-2, NATIVE, EBCDIC or a literal of the alphabet");
     if (!codeName)

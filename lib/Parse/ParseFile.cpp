@@ -107,6 +107,12 @@ bool Parser::parseFileClause(FileDescription &file) {
   }
 }
 
+/// A data-name. A function or a register, which is none, is read as well: the checker tells that it
+/// will not do.
+IdentifierExpression *Parser::parseItemName(llvm::StringRef what) {
+  return peek().isUserWord() ? parseDataName(what) : parseIdentifier(what);
+}
+
 /// BLOCK [CONTAINS] [n TO] m [CHARACTERS | RECORDS]
 ClauseBlock *Parser::parseBlock() {
   SourceRange begin = here();
@@ -161,10 +167,10 @@ ClauseRecord *Parser::parseRecord() {
       return nullptr;
   }
   acceptAny(Keyword::Characters, Keyword::Character);
-  DataIdentifierExpression *size = nullptr;
+  IdentifierExpression *size = nullptr;
   if (accept(Keyword::Depending)) {
     accept(Keyword::On);
-    size = parseDataName();
+    size = parseItemName();
     if (!size)
       return nullptr;
   }
@@ -187,7 +193,7 @@ ClauseLabel *Parser::parseLabel() {
   auto *clause = new ClauseLabel(&place, type);
   if (type == LabelType::DataName) {
     do {
-      DataIdentifierExpression *name = parseDataName("STANDARD, OMITTED or a data-name");
+      IdentifierExpression *name = parseItemName("STANDARD, OMITTED or a data-name");
       if (!name)
         return nullptr;
       clause->addDataName(name);
@@ -228,7 +234,7 @@ ValueOfElem *Parser::parseValueOfElement() {
   if (atLiteral())
     value = parseLiteral();
   else if (hasIs || peek().isUserWord())
-    value = parseDataName("a data-name or a literal");
+    value = parseItemName("a data-name or a literal");
   if (hasIs && !value)
     return nullptr;
   Node at = from(begin);

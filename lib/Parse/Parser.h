@@ -418,6 +418,7 @@ private:
   DataIdentifierExpression *parseDataIdentifier(llvm::StringRef what = "a data-name");
   /// A data-name with qualifiers but without subscripts and reference modifier.
   DataIdentifierExpression *parseDataName(llvm::StringRef what = "a data-name");
+  IdentifierExpression *parseItemName(llvm::StringRef what = "a data-name");
   FileIdentifierExpression *parseFileName();
   ReportIdentifierExpression *parseReportName();
   /// Whether the next word begins a paragraph or a section, so that it cannot be an operand.

@@ -687,9 +687,16 @@ void TreePrinter::fields(ReleaseStatement &statement) {
   one("from", statement.getFromIdentifier());
 }
 
+/// The collating sequence, and the ALPHABET clause that defines it.
+template <typename SortOrMerge> void TreePrinter::sequence(SortOrMerge &statement) {
+  name("sequence", statement.getSeqAlphaName());
+  if (const ClauseAlphabet *alphabet = statement.getAlphabetClause())
+    sink.target("alphabet", {alphabet->getAlphabetName()->getDisplayName(), alphabet->getRange()});
+}
+
 void TreePrinter::fields(SortStatement &statement) {
   flag("duplicates", statement.isDuplicates());
-  name("sequence", statement.getSeqAlphaName());
+  sequence(statement);
   one("file", statement.getFileName());
   all("key", statement.getKeyListElements());
   one("input", statement.getInput());
@@ -697,7 +704,7 @@ void TreePrinter::fields(SortStatement &statement) {
 }
 
 void TreePrinter::fields(MergeStatement &statement) {
-  name("sequence", statement.getSeqAlphaName());
+  sequence(statement);
   one("file", statement.getFileName());
   all("key", statement.getKeySeqElements());
   one("input", statement.getInput());

@@ -82,6 +82,7 @@ private:
   }
   void procedure(llvm::StringRef role, Section *section, Paragraph *paragraph);
   void range(ProcedureRange &range);
+  template <typename SortOrMerge> void sequence(SortOrMerge &statement);
 
   // Structure and data.
   void print(llvm::StringRef role, SourceUnit &unit);
