@@ -127,8 +127,9 @@ std::optional<std::int64_t> countOfLiteral(const NonNumericLiteralExpression &li
 }
 
 std::optional<std::int64_t> countOfItem(const DataDescription &item) {
-  // XML-TEXT is as long as the document that is parsed, and a table as its counter says.
-  if (item.checkContainsOdo() || item.isTooLarge() ||
+  // A group is as long as the counters of its tables say, XML-TEXT as the document that is parsed.
+  const std::int64_t size = item.getAllocSize();
+  if (item.getMinAllocSize() != size || item.isTooLarge() ||
       (item.getDataName() && item.getDataName()->getWordData() == "XML-TEXT"))
     return std::nullopt;
   // A number counts as its digits: it is looked at without its sign.
@@ -136,7 +137,7 @@ std::optional<std::int64_t> countOfItem(const DataDescription &item) {
     return item.getPicture()->getStoredDigitNum();
   CharacterKind kind = kindOfItem(item);
   const bool isWide = kind == CharacterKind::Dbcs || kind == CharacterKind::National;
-  return isWide ? item.getAllocSize() / 2 : item.getAllocSize();
+  return isWide ? size / 2 : size;
 }
 
 std::optional<std::int64_t> valueOf(const Expression *expression) {

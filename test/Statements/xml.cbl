@@ -2,7 +2,9 @@
 *> RUN: %tarka ast %s | FileCheck %s
 *>
 *> XML GENERATE and XML PARSE with every phrase: nothing here is wrong. The generating statement
-*> notes whose contents the document takes.
+*> notes whose contents the document takes, and XML-TEXT can hold the largest document parsed.
+*>
+*> CHECK: DataDescription {{.*}} name=XML-TEXT {{.*}} picture=X(2000)
 IDENTIFICATION DIVISION.
 PROGRAM-ID. XMLS.
 DATA DIVISION.
@@ -54,20 +56,20 @@ MAIN SECTION.
         NOT ON EXCEPTION DISPLAY DOC (1:N)
     END-XML
 *> CHECK:      XMLGenerateStatement {{.*}} fromVariableTable
-*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@20:5
-*> CHECK-NEXT: contents: {{.*}} boundTo=NAME@25:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=CITY@26:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@31:9
+*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@22:5
+*> CHECK-NEXT: contents: {{.*}} boundTo=NAME@27:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=CITY@28:9
 *> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@33:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=ITEM-COUNT@34:5
-*> CHECK-NEXT: contents: {{.*}} boundTo=PRICE@36:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=WEIGHT@37:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=PLACE@38:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@35:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=ITEM-COUNT@36:5
+*> CHECK-NEXT: contents: {{.*}} boundTo=PRICE@38:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=WEIGHT@39:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=PLACE@40:9
     XML GENERATE DOC-TEXT FROM ITEM (1) COUNT TALLY ENCODING CODE-PAGE NAMESPACE SPACE-NAME END-XML
     XML GENERATE DOC-GROUP FROM NUMBER-OF OF ORDER-RECORD
 *> CHECK:      XMLGenerateStatement <[[#@LINE-1]]:5
 *> CHECK-NOT:  contents
-*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@20:5
+*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@22:5
 *> CHECK-NOT:  contents
 *> CHECK:      XMLGenerateStatement
     XML GENERATE NAT-DOC FROM FIXED-RECORD
