@@ -137,6 +137,7 @@ private:
 /// mnemonic-name... TO {ON | OFF}: each name is that of a switch in SPECIAL-NAMES.
 bool SetItemCheck::checkSwitches() {
   bool ok = true;
+  // A SET in a section that was copied into the declaratives has its switches already.
   const bool isFirst = item.getMnemonicNameListSize() == 0;
   for (Expression *operand : item.getSetListElements()) {
     auto *name = llvm::dyn_cast<DataIdentifierExpression>(operand);
@@ -296,8 +297,8 @@ bool SetItemCheck::checkAddress(SpecialRegisterIdentifierExpression &receiver) {
     ok = checker.report(ErrorCode::SetAddressNotLevel01Or77, &receiver);
   else if (entry.getStorageType() != StorageType::Linkage)
     ok = checker.report(ErrorCode::SetPointerReceiverInvalid, &receiver);
-  auto *item = llvm::dyn_cast<IdentifierExpression>(receiver.getIdent());
-  if (item && item->getReferenceMod())
+  auto *record = llvm::dyn_cast<IdentifierExpression>(receiver.getIdent());
+  if (record && record->getReferenceMod())
     ok = checker.report(ErrorCode::SetAddressReferenceModified, &receiver);
   return ok;
 }
