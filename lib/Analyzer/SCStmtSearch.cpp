@@ -96,6 +96,10 @@ public:
   }
 
   bool check(Condition &condition);
+  /// False when a key of the table is in error: then nothing can be said about the conditions.
+  bool areKeysKnown() const {
+    return llvm::all_of(keys, [](const SearchKey &key) { return key.item != nullptr; });
+  }
 
 private:
   /// A key of the table, the most significant one first, with the test for its value.
@@ -194,13 +198,16 @@ bool BinarySearchCheck::checkConditionName(ConditionNameCondition &condition) {
   DataIdentifierExpression &name = *condition.getConditionName();
   const DataDescription &entry = *name.getDataDescription();
   const ClauseValue *clause = entry.getValue();
-  if (!clause || clause->getPhraseValSize() == 0)
+  DataDescription *variable = entry.getCondNameParent();
+  // Without them the entry has been reported.
+  if (!clause || clause->getPhraseValSize() == 0 || !variable)
     return false;
   const PhraseValue &value = *clause->getPhraseValElements().front();
   if (clause->isListValue() || value.getLiteral2())
     return checker.report(ErrorCode::SearchAllConditionNameValues, &condition);
+  if (!value.getLiteral1())
+    return false;
 
-  DataDescription *variable = entry.getCondNameParent();
   auto *words = new QualifiedWord(&name);
   words->addNames(variable->getDataName());
   auto *operand = new DataIdentifierExpression(&name, words, name.getSubscriptMod(), nullptr);
@@ -294,6 +301,12 @@ void BinarySearchCheck::makeSteps() {
 // The statement
 //===----------------------------------------------------------------------===//
 
+static bool checkBinarySearch(SemanticChecker &checker, SearchStatement &statement,
+                              Condition &condition) {
+  BinarySearchCheck check(checker, statement);
+  return !check.areKeysKnown() || check.check(condition);
+}
+
 /// AT END has no NOT form.
 static bool checkAtEnd(SemanticChecker &checker, SearchStatement &statement) {
   bool ok = true;
@@ -319,7 +332,7 @@ bool SemanticChecker::semanticCheck(SearchStatement &statement) {
     else if (!semanticCheck(*when->getCondition()))
       ok = false;
     else if (isBinary && tableOk)
-      ok &= BinarySearchCheck(*this, statement).check(*when->getCondition());
+      ok &= checkBinarySearch(*this, statement, *when->getCondition());
     ok &= OperandCheck(*this).all(when->getStatementListElements());
   }
   return ok;
