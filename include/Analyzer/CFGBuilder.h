@@ -106,6 +106,7 @@ private:
   static const std::string *makeLineName(llvm::StringRef prefix, const Node *statement,
                                          llvm::StringRef suffix);
   void lowerList(const StatementList &statements);
+  void lowerMade(Statement *made);
   CFGBlock *lowerBranch(llvm::StringRef name, const StatementList &statements);
   void lowerPhrase(CFGBlock *start, ExceptionHandler *phrase, bool isNot, const BranchNames &names,
                    BlockList &ends);

@@ -501,32 +501,26 @@ void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
 }
 
 //===----------------------------------------------------------------------===//
-// OS/VS COBOL: the statements that the checks made stand for these. One for
-// which they made none stands for itself.
+// OS/VS COBOL: the statements that the checks made stand for these
 //===----------------------------------------------------------------------===//
 
+/// Lowers a statement that the checks made; one that was refused has none.
+void CFGBuilder::lowerMade(Statement *made) {
+  if (made)
+    analysisStatement(*made);
+}
+
 void CFGBuilder::analysisTransformStmt(TransformStatement *statement) {
-  if (Statement *inspect = statement->getInspectStmt())
-    analysisStatement(*inspect);
-  else
-    currentBlock->addCFGElemStmt(statement);
+  lowerMade(statement->getInspectStmt());
 }
 
 void CFGBuilder::analysisExamineStmt(ExamineStatement *statement) {
-  Statement *move = statement->getMoveStmt();
-  Statement *inspect = statement->getInspectStmt();
-  if (move)
-    analysisStatement(*move);
-  if (inspect)
-    analysisStatement(*inspect);
-  if (!move && !inspect)
-    currentBlock->addCFGElemStmt(statement);
+  lowerMade(statement->getMoveStmt());
+  lowerMade(statement->getInspectStmt());
 }
 
 void CFGBuilder::analysisExhibitStmt(ExhibitStatement *statement) {
   lowerList(statement->getConvertStmtListElements());
-  if (!statement->getConvertStmtListSize())
-    currentBlock->addCFGElemStmt(statement);
 }
 
 } // namespace tarka
