@@ -198,15 +198,17 @@ template <typename Part> void checkUnheard(Part &part) {
   SemanticChecker(&unheard).semanticCheck(part);
 }
 
-/// The number of characters of an operand that is not checked yet. A subscript does not matter.
+/// The number of characters of an operand that is not checked yet; 0 where it is not known or there
+/// are none. A subscript does not matter.
 std::int64_t countCharacters(const Expression &operand) {
-  if (const auto *name = llvm::dyn_cast<DataIdentifierExpression>(&operand)) {
-    DataIdentifierExpression whole(name, name->getQualifiedWord(), nullptr,
-                                   name->getReferenceMod());
-    checkUnheard(whole);
-    return characterCountOf(whole).value_or(0);
-  }
-  return characterCountOf(operand).value_or(0);
+  const auto *name = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+  if (!name)
+    return characterCountOf(operand).value_or(0);
+  DataIdentifierExpression whole(name, name->getQualifiedWord(), nullptr, name->getReferenceMod());
+  checkUnheard(whole);
+  if (characterKindOf(whole) == CharacterKind::None)
+    return 0;
+  return characterCountOf(whole).value_or(0);
 }
 
 /// \p copies times the contents of \p literal, as a literal of its kind.
