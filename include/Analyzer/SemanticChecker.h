@@ -47,7 +47,6 @@ class PhrsSymbolic;
 class ClausePicture;
 class ClauseRecord;
 class ClauseSign;
-class ClauseSource;
 class ClauseValue;
 
 // Conditions.
@@ -489,8 +488,7 @@ private:
   bool checkFileStatus(DataIdentifierExpression &status);
   bool checkPassword(ClausePassWord &clause);
 
-  // SCReportDescription.cpp
-  bool checkClauseSource(ClauseSource &clause);
+  // SCReportEntry.cpp
   bool checkReportEntry(ReportDataDescription &entry);
 
   // SCExprIdentifiers.cpp

@@ -359,6 +359,9 @@ bool SemanticChecker::checkClauseUsage(DataDescription &entry) {
   const DataDescription *group = entry.getParent();
   if (group && group->getUsage() && !entry.getIsCompilerMade() && usage != group->getUsageType())
     ok = report(ErrorCode::UsageDiffersFromGroup, &entry);
+  // A line of a report, and an item that shows a literal, need no PICTURE.
+  if (entry.getType() == DescType::Report && !entry.getPicture())
+    return ok;
   ok &= checkUsageOfData(entry, usage);
   if (!entry.getPicture() && !needsNoPicture(usage))
     ok = report(ErrorCode::UsageNeedsPicture, &entry);

@@ -260,7 +260,9 @@ bool SemanticChecker::checkLiteralValue(DataDescription *entry, LiteralExpressio
   if (entry->getLevelNum() == 66)
     return false;
   noteInitialValue(*entry);
-  if (!literal || !semanticCheck(*literal))
+  if (!literal)
+    return report(ErrorCode::Level88NeedsValue, entry);
+  if (!semanticCheck(*literal))
     return false;
   // Of a group that has been reported already.
   if (entry->isGroupItem() && (isNull(*literal) || llvm::isa<NumericLiteralExpression>(literal)))

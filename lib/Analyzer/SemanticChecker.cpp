@@ -370,7 +370,7 @@ bool SemanticChecker::checkUseReporting(UseStatement &use) {
       return false;
     auto *group = llvm::dyn_cast_or_null<ReportDataDescription>(name->getDataDescription());
     if (!group)
-      return report(ErrorCode::IdentifierUndefined, name);
+      return report(ErrorCode::StatementInvalid, name);
     ReportDescription *description = group->getReportDescription();
     setCurrentRD(description);
     int index = description->getDeclIndexCnt() + 1;

@@ -415,6 +415,8 @@ bool Parser::parseOccursBounds(ClauseOccurs &occurs) {
 }
 
 /// {ASCENDING | DESCENDING} [KEY] [IS] data-name ...
+///
+/// That a key is no literal is a rule of the checker. A number is more likely a level number.
 Key *Parser::parseOccursKey() {
   SourceRange begin = here();
   SortOrder order = at(Keyword::Ascending) ? SortOrder::Ascending : SortOrder::Descending;
@@ -424,11 +426,15 @@ Key *Parser::parseOccursKey() {
   Node place(begin);
   Key *key = new Key(&place, order);
   do {
-    DataIdentifierExpression *name = parseDataName();
+    Expression *name = nullptr;
+    if (at(TokenKind::AlphanumericLiteral))
+      name = parseLiteral();
+    else
+      name = parseDataName();
     if (!name)
       return nullptr;
     key->addData(name);
-  } while (peek().isUserWord());
+  } while (peek().isUserWord() || at(TokenKind::AlphanumericLiteral));
   key->setRange(from(begin).getRange());
   return key;
 }
@@ -459,14 +465,19 @@ ClauseValue *Parser::parseValue() {
   acceptAny(Keyword::Is, Keyword::Are);
   Node place(begin);
   auto *clause = new ClauseValue(&place);
+  auto atFalse = [&] {
+    return at(Keyword::False) ||
+           (at(Keyword::When) && peek(1).isOneOf(Keyword::Set, Keyword::False));
+  };
   do {
-    PhraseValue *phrase = parseValuePhrase();
+    // That there is a value besides that of FALSE is a rule of the checker.
+    PhraseValue *phrase = atFalse() ? new PhraseValue(&place) : parseValuePhrase();
     if (!phrase)
       return nullptr;
     clause->addPhraseValue(phrase);
   } while (atLiteral() && !atLevelNumber());
 
-  if (at(Keyword::False) || (at(Keyword::When) && peek(1).isOneOf(Keyword::Set, Keyword::False))) {
+  if (atFalse()) {
     accept(Keyword::When);
     accept(Keyword::Set);
     accept(Keyword::To);

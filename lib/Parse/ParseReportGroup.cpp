@@ -11,9 +11,12 @@ static constexpr Keyword groupKeywords[] = {
     Keyword::Style,     Keyword::Sum,     Keyword::Type,     Keyword::Usage,    Keyword::Value,
     Keyword::Wrap};
 static constexpr Keyword groupSynonyms[] = {
-    Keyword::Absent, Keyword::Col,     Keyword::Cols,     Keyword::Columns,  Keyword::Just,
-    Keyword::Lines,  Keyword::Pic,     Keyword::Leading,  Keyword::Trailing, Keyword::Values,
-    Keyword::When,   Keyword::Display, Keyword::Display1, Keyword::National};
+    Keyword::Absent,   Keyword::Col,           Keyword::Cols,         Keyword::Columns,
+    Keyword::Just,     Keyword::Lines,         Keyword::Pic,          Keyword::Leading,
+    Keyword::Trailing, Keyword::Values,        Keyword::When,         Keyword::Display,
+    Keyword::Display1, Keyword::National,      Keyword::Binary,       Keyword::Comp,
+    Keyword::Comp1,    Keyword::Comp2,         Keyword::Comp3,        Keyword::Comp4,
+    Keyword::Comp5,    Keyword::Computational, Keyword::PackedDecimal};
 constinit const ClauseSet groupClauses{"a report group entry",    groupKeywords, groupSynonyms,
                                        /*innerWords=*/{},
                                        /*beginsWithName=*/false,
@@ -89,6 +92,16 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::Display:
   case Keyword::Display1:
   case Keyword::National:
+  // What can be printed and what cannot is a rule of the checker.
+  case Keyword::Binary:
+  case Keyword::Comp:
+  case Keyword::Comp1:
+  case Keyword::Comp2:
+  case Keyword::Comp3:
+  case Keyword::Comp4:
+  case Keyword::Comp5:
+  case Keyword::Computational:
+  case Keyword::PackedDecimal:
     return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
   case Keyword::Just:
   case Keyword::Justified:
