@@ -310,6 +310,9 @@ bool SemanticChecker::semanticCheck(ReportDescription &description) {
     ok &= semanticCheck(static_cast<DataDescription &>(*group));
 
   for (ReportDataDescription *group : description.getRecordListElements()) {
+    // The groups of a GLOBAL report are GLOBAL. Two such reports may give groups the same name, so
+    // this comes after the check of the clause, which is about the names of records.
+    group->setGlobal(description.getGlobal());
     sortGroup(description, group);
     if (ClauseType *type = group->getTypeClause())
       ok &= settleControls(*this, description, *type);

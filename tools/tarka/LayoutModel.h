@@ -37,7 +37,7 @@ struct LayoutSection {
 };
 
 /// The sections of \p unit that hold storage and of which \p view shows something, in their order.
-/// The groups of the report section are lines on paper and not among them.
+/// The groups of the report section are lines on paper and not among them, see ReportLayout.h.
 std::vector<LayoutSection> layoutSections(const SourceUnit &unit, const LayoutView &view);
 
 /// Calls \p visit for every program, a nested one after the one around it.

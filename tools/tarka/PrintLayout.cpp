@@ -3,6 +3,7 @@
 #include "PrintLayout.h"
 #include "AST/StorageLayout.h"
 #include "LayoutModel.h"
+#include "ReportLayout.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringExtras.h"
@@ -449,6 +450,8 @@ void TextPrinter::printUnit(const SourceUnit &unit, llvm::ArrayRef<LayoutSection
     }
     os << '\n';
   }
+  if (view.record.empty())
+    printReportsText(os, unit);
 }
 
 void TextPrinter::addTotals(llvm::StringRef program, llvm::ArrayRef<LayoutSection> sections) {
@@ -553,6 +556,8 @@ void JsonPrinter::printUnit(const SourceUnit &unit, llvm::ArrayRef<LayoutSection
       for (const LayoutSection &section : sections)
         printSection(section);
     });
+    if (view.record.empty())
+      printReportsJson(json, unit);
   });
 }
 
