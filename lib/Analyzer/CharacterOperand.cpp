@@ -94,6 +94,20 @@ bool areOfOneKind(CharacterKind left, CharacterKind right) {
   return left == right || isOpen(left) || isOpen(right);
 }
 
+bool isText(const Expression &operand) {
+  if (llvm::isa<FigurativeLiteralExpression>(operand) ||
+      characterKindOf(operand) == CharacterKind::None)
+    return false;
+  switch (operand.getDataCategory()) {
+  case DataCategory::Numeric:
+  case DataCategory::NumericEdited:
+  case DataCategory::ExternalFloat:
+    return false;
+  default:
+    return true;
+  }
+}
+
 bool isAllLiteral(const Expression &operand) {
   const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&operand);
   // A symbolic character has become ALL of its character, but keeps its name.

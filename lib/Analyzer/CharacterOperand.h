@@ -34,6 +34,10 @@ CharacterKind characterKindOf(const Expression &operand);
 /// True when characters of the one kind can stand beside characters of the other.
 bool areOfOneKind(CharacterKind left, CharacterKind right);
 
+/// True for an item, a literal or a function that holds text: characters that are neither a number
+/// nor edited like one. A figurative constant has no length of its own and is none.
+bool isText(const Expression &operand);
+
 /// True for ALL literal. A symbolic character and ALL before another figurative constant are none.
 bool isAllLiteral(const Expression &operand);
 

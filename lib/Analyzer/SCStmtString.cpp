@@ -160,13 +160,6 @@ private:
   CharacterKind targetKind = CharacterKind::Unknown;
 };
 
-/// Items that hold text: characters that are neither a number nor edited like one.
-bool isText(const Expression &operand) {
-  const DataCategory category = operand.getDataCategory();
-  return characterKindOf(operand) != CharacterKind::None && category != DataCategory::Numeric &&
-         category != DataCategory::NumericEdited && !isFloat(category);
-}
-
 constexpr CounterMessages unstringPointer = {ErrorCode::StringPointerNotNumeric,
                                              ErrorCode::IntegerWithScaledPicture};
 constexpr CounterMessages unstringCounter = {ErrorCode::IntegerRequired,

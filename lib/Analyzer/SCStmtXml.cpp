@@ -42,18 +42,9 @@ bool checkCodePage(SemanticChecker &checker, Expression *codePage) {
   return isNumber || checker.report(ErrorCode::LinageNotUnsigned, codePage);
 }
 
-bool isText(const Expression &operand) {
-  switch (characterKindOf(operand)) {
-  case CharacterKind::Display:
-  case CharacterKind::National:
-    return operand.getDataCategory() != DataCategory::Numeric &&
-           operand.getDataCategory() != DataCategory::NumericEdited &&
-           operand.getDataCategory() != DataCategory::ExternalFloat;
-  case CharacterKind::Unknown:
-    return true;
-  default:
-    return false;
-  }
+/// Documents, and the names in them, are single-byte or national characters.
+bool isXmlText(const Expression &operand) {
+  return isText(operand) && characterKindOf(operand) != CharacterKind::Dbcs;
 }
 
 /// A literal or an item that holds text; null where it is not written. A figurative constant has no
@@ -63,7 +54,7 @@ bool checkText(SemanticChecker &checker, Expression *text) {
     return true;
   if (!checker.semanticCheck(*text))
     return false;
-  return isText(*text) || checker.report(ErrorCode::IdentifierOrLiteralRequired, text);
+  return isXmlText(*text) || checker.report(ErrorCode::IdentifierOrLiteralRequired, text);
 }
 
 //===----------------------------------------------------------------------===//
@@ -275,9 +266,8 @@ bool SemanticChecker::semanticCheck(XMLGenerateStatement &statement) {
 static bool checkTextItem(SemanticChecker &checker, IdentifierExpression &item) {
   if (!checker.semanticCheck(item))
     return false;
-  const bool isItem =
-      dataItemOf(item) || (llvm::isa<SpecialRegisterIdentifierExpression>(item) && isText(item));
-  return (isItem && isText(item)) || checker.report(ErrorCode::IdentifierRequired, &item);
+  const bool isItem = !llvm::isa<FunctionIdentifierExpression>(item);
+  return (isItem && isXmlText(item)) || checker.report(ErrorCode::IdentifierRequired, &item);
 }
 
 /// The processing procedure is run like a performed range. The register XML-TEXT will have to hold
