@@ -110,6 +110,7 @@ private:
   void expectSentences(const std::list<Sentence *> &sentences);
   void expectList(const std::list<Statement *> &statements);
   void expect(Statement &statement);
+  void expectMade(Statement *made);
   void expectNested(Statement &statement);
   void expectCall(CallStatement &call);
   void expectPhrases(const std::list<ExceptionHandler *> &phrases);
@@ -393,6 +394,12 @@ void Verifier::expectSentences(const std::list<Sentence *> &sentences) {
     expectList(sentence->getStmtElements());
 }
 
+/// A statement that the checks made; they may have made none.
+void Verifier::expectMade(Statement *made) {
+  if (made)
+    expect(*made);
+}
+
 void Verifier::expectList(const std::list<Statement *> &statements) {
   for (Statement *statement : statements)
     expect(*statement);
@@ -429,25 +436,12 @@ void Verifier::expect(Statement &statement) {
   case StatementType::Entry:
     return;
   case StatementType::Transform:
-    if (Statement *inspect = llvm::cast<TransformStatement>(statement).getInspectStmt())
-      return expect(*inspect);
-    break;
-  case StatementType::Examine: {
-    auto &examine = llvm::cast<ExamineStatement>(statement);
-    if (!examine.getMoveStmt() && !examine.getInspectStmt())
-      break;
-    if (examine.getMoveStmt())
-      expect(*examine.getMoveStmt());
-    if (examine.getInspectStmt())
-      expect(*examine.getInspectStmt());
-    return;
-  }
-  case StatementType::Exhibit: {
-    auto &exhibit = llvm::cast<ExhibitStatement>(statement);
-    if (!exhibit.getConvertStmtListSize())
-      break;
-    return expectList(exhibit.getConvertStmtListElements());
-  }
+    return expectMade(llvm::cast<TransformStatement>(statement).getInspectStmt());
+  case StatementType::Examine:
+    expectMade(llvm::cast<ExamineStatement>(statement).getMoveStmt());
+    return expectMade(llvm::cast<ExamineStatement>(statement).getInspectStmt());
+  case StatementType::Exhibit:
+    return expectList(llvm::cast<ExhibitStatement>(statement).getConvertStmtListElements());
   case StatementType::Evaluate:
     for (EvaluateCase *evaluateCase :
          llvm::cast<EvaluateStatement>(statement).getWhenCaseListElements())
