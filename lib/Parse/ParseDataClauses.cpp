@@ -513,11 +513,12 @@ PhraseValue *Parser::parseValuePhrase() {
   return phrase;
 }
 
-/// A literal, or the name of a symbolic character, for which the checks put the literal.
+/// A literal, or the name of a symbolic character, for which the checks put the literal, or tell that
+/// there is no such character.
 bool Parser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
   literal = nullptr;
   word = nullptr;
-  if (peek().isUserWord() && atLiteral())
+  if (peek().isUserWord())
     word = takeWord();
   else
     literal = parseLiteral();
