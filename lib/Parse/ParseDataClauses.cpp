@@ -513,8 +513,8 @@ PhraseValue *Parser::parseValuePhrase() {
   return phrase;
 }
 
-/// A literal, or the name of a symbolic character, for which the checks put the literal, or tell that
-/// there is no such character.
+/// A literal, or the name of a symbolic character, for which the checks put the literal, or tell
+/// that there is no such character.
 bool Parser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
   literal = nullptr;
   word = nullptr;
