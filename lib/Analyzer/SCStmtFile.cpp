@@ -237,9 +237,12 @@ ClauseEnvName *findMnemonic(const Word &name) {
   return nullptr;
 }
 
+/// An integer that is stored: neither a function nor a condition-name.
 bool isIntegerItem(const IdentifierExpression &identifier) {
+  const DataDescription *item = identifier.getDataDescription();
   return identifier.isInteger() && identifier.getDataCategory() == DataCategory::Numeric &&
-         !llvm::isa<FunctionIdentifierExpression>(identifier);
+         !llvm::isa<FunctionIdentifierExpression>(identifier) &&
+         !(item && item->getLevelNum() == 88);
 }
 
 /// A name that stands for no data item names a channel of the printer, by way of SPECIAL-NAMES.

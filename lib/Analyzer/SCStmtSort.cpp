@@ -153,12 +153,11 @@ bool checkRecordLengths(SemanticChecker &checker, const FileDescription &from,
 
 namespace {
 
-/// Whether a name that was written for a file stands for a data item.
-bool isDataName(SemanticChecker &checker, FileIdentifierExpression &name) {
-  QualifiedWord word(&name);
-  word.addNames(name.getFileName());
-  DataIdentifierExpression item(&name, &word, nullptr, nullptr);
-  return checker.semanticCheck(item, true, false);
+/// Whether a name that was written for a file is one of a data item.
+bool isDataName(const FileIdentifierExpression &name) {
+  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  DataDivision *division = unit->getDataDivision();
+  return division && division->findItemByInternedName(&name.getFileName()->getWordData());
 }
 
 /// The ALPHABET clause of the program, or of one around it, that defines \p name; null when there
@@ -178,7 +177,7 @@ ClauseAlphabet *findAlphabet(const Word &name) {
 /// wrong.
 bool SemanticChecker::checkSortedFile(FileIdentifierExpression &name,
                                       const FileDescription *sortFile, bool isInput) {
-  if (isInput && findFiles(name).empty() && isDataName(*this, name))
+  if (isInput && findFiles(name).empty() && isDataName(name))
     return report(ErrorCode::SortUsingNotFileName, &name);
   if (!checkFileName(*this, name, FileDescType::File) || !checkFileHasRecord(*this, name))
     return false;
