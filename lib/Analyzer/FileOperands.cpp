@@ -97,7 +97,10 @@ bool checkMove(SemanticChecker &checker, Expression &sender, IdentifierExpressio
   if (sender.getDataCategory() == DataCategory::Unclassified ||
       receiver.getDataCategory() == DataCategory::Unclassified)
     return true;
-  return checker.getMoveRule(&sender, &receiver) != MoveRule::Illegal;
+  // A move that is reported may have a rule all the same.
+  const int errorsBefore = checker.getErrorHandler()->getErrorCount();
+  checker.getMoveRule(&sender, &receiver);
+  return checker.getErrorHandler()->getErrorCount() == errorsBefore;
 }
 
 /// The record that INTO moves, as far as its description decides how: the only one, or the longest
