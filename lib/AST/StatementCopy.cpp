@@ -210,6 +210,13 @@ Statement *copyStatement(Statement *original) {
     return copyXmlGenerate(original);
   case StatementType::XmlParse:
     return copyXmlParse(original);
+  // The checks leave in these what they become.
+  case StatementType::Transform:
+    return copyNode<TransformStatement>(original);
+  case StatementType::Examine:
+    return copyNode<ExamineStatement>(original);
+  case StatementType::Exhibit:
+    return copyNode<ExhibitStatement>(original);
   // The graph leaves in these where they lead.
   case StatementType::NextSentence:
     return copyNode<NextSentenceStatement>(original);

@@ -1,0 +1,44 @@
+*> RUN: %tarka cfg --enable-osvs %s | FileCheck %s
+*>
+*> A section that a declarative performs is copied, and its statements become others in the copy.
+IDENTIFICATION DIVISION.
+PROGRAM-ID. OSVSCOPY.
+ENVIRONMENT DIVISION.
+INPUT-OUTPUT SECTION.
+FILE-CONTROL.
+    SELECT F ASSIGN TO F1.
+DATA DIVISION.
+FILE SECTION.
+FD  F.
+01  R                       PIC X(10).
+WORKING-STORAGE SECTION.
+01  N                       PIC 9.
+PROCEDURE DIVISION.
+DECLARATIVES.
+ERR SECTION.
+    USE AFTER ERROR PROCEDURE ON F.
+    PERFORM SHOW.
+END DECLARATIVES.
+SHOW SECTION.
+    EXHIBIT NAMED N.
+    EXHIBIT CHANGED N.
+    EXAMINE R TALLYING ALL "A".
+    TRANSFORM R FROM "A" TO "B".
+*> CHECK:      SHOW_tkcopy [terminator]
+*> CHECK-NEXT: 23 DISPLAY
+*> CHECK-NEXT: 24 IF
+*> CHECK:      {{[0-9]+}}: tkdummy_endif
+*> CHECK-NEXT: 24 MOVE
+*> CHECK-NEXT: 25 MOVE
+*> CHECK-NEXT: 25 INSPECT
+*> CHECK-NEXT: 26 INSPECT
+*> CHECK-NEXT: ->
+*> CHECK:      SHOW [procedure] [terminator]
+*> CHECK-NEXT: 23 DISPLAY
+*> CHECK-NEXT: 24 IF
+*> CHECK:      {{[0-9]+}}: tkdummy_endif
+*> CHECK-NEXT: 24 MOVE
+*> CHECK-NEXT: 25 MOVE
+*> CHECK-NEXT: 25 INSPECT
+*> CHECK-NEXT: 26 INSPECT
+*> CHECK-NOT:  DISPLAY
