@@ -66,19 +66,18 @@ ReportDataDescription *reportItemOf(const IdentifierExpression &name) {
 }
 
 /// Of items of several reports that bear the same name, a clause means that of its own report.
-void preferOwnReport(DataIdentifierExpression &name, const ReportDescription *own) {
+void preferOwnReport(DataIdentifierExpression &name, const ReportDescription &own) {
   const ReportDataDescription *item = reportItemOf(name);
   DataDivision *division =
       TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getDataDivision();
-  if (!item || item->getReportDescription() == own ||
+  if (!item || item->getReportDescription() == &own ||
       name.getQualifiedWord()->getNamesSize() != 1 || !division)
     return;
   const Word &word = **name.getQualifiedWord()->getNamesBegin();
-  if (const auto *namesakes = division->findItemByName(word.getWordData()))
-    for (DataDescription *namesake : *namesakes)
-      if (namesake->getStorageType() == StorageType::Report &&
-          namesake->getReportDescription() == own)
-        name.setDataDescription(namesake);
+  for (DataDescription *namesake :
+       division->findItemByQualifiedName(word.getWordData(), own.getReportName()->getWordData()))
+    if (namesake->getReportDescription() == &own)
+      name.setDataDescription(namesake);
 }
 
 /// Binds a name that can be that of a report item.
@@ -88,7 +87,7 @@ bool bindReportItem(SemanticChecker &checker, Expression &operand) {
     return checker.semanticCheck(operand);
   if (!checker.semanticCheck(*name, /*silentIfUndefined=*/false, /*preferReportItem=*/true))
     return false;
-  preferOwnReport(*name, checker.getCurrentRD());
+  preferOwnReport(*name, *checker.getCurrentRD());
   return true;
 }
 
