@@ -31,19 +31,6 @@ public:
       one(part);
     return *this;
   }
-  OperandCheck &receiver(RoundedOperand *receiver) {
-    return receiver ? one(receiver->first) : *this;
-  }
-  OperandCheck &receivers(const std::list<RoundedOperand *> &list) {
-    for (RoundedOperand *operand : list)
-      receiver(operand);
-    return *this;
-  }
-  OperandCheck &regions(const std::list<InspectRegion *> &list) {
-    for (InspectRegion *region : list)
-      one(region->getExpr());
-    return *this;
-  }
   operator bool() const { return result; }
 
 private:
