@@ -30,8 +30,8 @@ struct ParseLimits {
   unsigned copyDepth = 100;
   /// COPY statements carried out in all.
   unsigned copyExpansions = 100'000;
-  /// Tokens made by REPLACE and REPLACING in all.
-  uint64_t replacementTokens = 20'000'000;
+  /// By how many tokens REPLACE and REPLACING may make the text longer in all.
+  uint64_t replacementTokens = 2'000'000;
   /// >>IF and >>EVALUATE inside one another.
   unsigned directiveDepth = 256;
 };

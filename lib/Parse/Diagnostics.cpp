@@ -54,6 +54,9 @@ std::string showText(llvm::StringRef text) {
 
 void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &place,
                               std::string message) {
+  // What is wrong behind a fatal error is its consequence.
+  if (fatalSeen)
+    return;
   entries.push_back({info.id, info.severity, place, std::move(message)});
   if (info.severity == DiagnosticSeverity::Fatal)
     fatalSeen = true;

@@ -129,6 +129,8 @@ void Lexer::beginConditional(llvm::StringRef name, DirectiveText &text) {
   if (conditionals.size() >= context.options.limits.directiveDepth) {
     context.diagnostics.report(DiagnosticId::DirectivesTooDeep, placeOfLine(),
                                context.options.limits.directiveDepth);
+    // That none of them has its end is no wonder.
+    conditionals.clear();
     isAtEnd = true;
     return;
   }

@@ -130,11 +130,27 @@ void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> 
 class Parser::RecordBuilder {
 public:
   RecordBuilder(Parser &theParser, AddRecord addRecord) : parser(theParser), give(addRecord) {}
-  ~RecordBuilder() { finish(); }
+  ~RecordBuilder() {
+    completeUnsound();
+    finish();
+  }
   RecordBuilder(const RecordBuilder &) = delete;
   RecordBuilder &operator=(const RecordBuilder &) = delete;
 
-  void add(DataDescription *entry) {
+  /// Takes the next entry; \p isSound says whether all of it could be read.
+  void add(DataDescription *entry, bool isSound) {
+    place(entry);
+    completeUnsound();
+    if (!isSound)
+      unsound = entry;
+  }
+
+  /// An entry could not be read, perhaps the one that begins a record: then it is not told once
+  /// more that the record has no beginning.
+  void noteLostEntry() { isMisplaced = true; }
+
+private:
+  void place(DataDescription *entry) {
     switch (entry->getLevelNum()) {
     case 88:
       addConditionName(entry);
@@ -152,11 +168,15 @@ public:
     }
   }
 
-  /// An entry could not be read, perhaps the one that begins a record: then it is not told once
-  /// more that the record has no beginning.
-  void noteLostEntry() { isMisplaced = true; }
+  /// What could not be read of an entry may have been its PICTURE. Where nothing stands below the
+  /// entry, so that it needs one, it gets one, lest it is told once more that it has none.
+  void completeUnsound() {
+    if (unsound && !unsound->isGroupItem() && !unsound->getPicture() && !unsound->getUsage() &&
+        unsound->getLevelNum() != 66 && unsound->getLevelNum() != 88)
+      unsound->setPicture(new ClausePicture(unsound, new Word(unsound, "X", "X")));
+    unsound = nullptr;
+  }
 
-private:
   /// A condition-name belongs to the item that it follows.
   void addConditionName(DataDescription *entry) {
     if (item)
@@ -216,6 +236,8 @@ private:
   DataDescription *record = nullptr;
   /// The entry read last that is no condition-name.
   DataDescription *item = nullptr;
+  /// The entry read last, if some of it could not be read.
+  DataDescription *unsound = nullptr;
   /// The entries that the next one may be subordinate to, of ascending levels.
   llvm::SmallVector<DataDescription *, 16> open;
   bool isMisplaced = false;
@@ -227,8 +249,9 @@ void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*p
   RecordBuilder records(*this, add);
   while (true) {
     if (at(TokenKind::IntegerLiteral)) {
+      unsigned errorsBefore = diagnostics.getErrorCount();
       if (DataDescription *entry = (this->*parseEntry)())
-        records.add(entry);
+        records.add(entry, diagnostics.getErrorCount() == errorsBefore);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
     } else if (atEntryBoundary(clauses)) {

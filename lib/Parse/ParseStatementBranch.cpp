@@ -631,8 +631,10 @@ Statement *Parser::parseExec() {
     text = peek().text;
     stream.skip();
   }
-  // The stream has reported an END-EXEC that is missing.
-  accept(Keyword::EndExec);
+  // The stream has reported an END-EXEC that is missing. Without it the text takes the period and
+  // all that follows with it.
+  if (!accept(Keyword::EndExec) && at(TokenKind::EndOfFile))
+    hasUnknownStatement = true;
   return make<ExecStatement>(begin, type, text);
 }
 

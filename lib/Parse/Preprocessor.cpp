@@ -59,6 +59,7 @@ private:
   void read(Token &token);
   void readBelow(size_t level, Token &token);
   void readReplaced(size_t level, Token &token);
+  void boundReplacement(const Token &token);
   void closeLevel();
 
   void copy(const Token &copyWord);
@@ -89,7 +90,7 @@ private:
   std::vector<std::unique_ptr<Level>> levels;
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
-  uint64_t tokensMade = 0;
+  uint64_t tokensAdded = 0;
   Replacer replacer; ///< of REPLACE
   bool isStopped = false;
   SourceRange stopPlace;
@@ -99,7 +100,7 @@ private:
 Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files,
                            FrontEndDiagnostics &diagnostics)
     : files(files), diagnostics(diagnostics), context(files.getOptions(), diagnostics),
-      replacer(context, tokensMade) {
+      replacer(context, tokensAdded) {
   SourceFormat format = context.options.format;
   if (format == SourceFormat::Auto)
     format = main.getFormat(SourceFormat::Fixed);
@@ -122,11 +123,7 @@ void Preprocessor::next(Token &token) {
       break;
     replace(token);
   }
-  if (tokensMade > context.options.limits.replacementTokens && !isStopped) {
-    diagnostics.report(DiagnosticId::ReplacementTooLarge, token.place,
-                       context.options.limits.replacementTokens);
-    stop(token.place);
-  }
+  boundReplacement(token);
   if (isStopped) {
     token = Token();
     token.place = stopPlace;
@@ -134,6 +131,15 @@ void Preprocessor::next(Token &token) {
   if (!hasBegun && token.is(TokenKind::EndOfFile) && !diagnostics.hasErrors())
     diagnostics.report(DiagnosticId::NothingToCompile, token.place);
   hasBegun = true;
+}
+
+/// Stops at \p token when replacement has run away.
+void Preprocessor::boundReplacement(const Token &token) {
+  const uint64_t bound = context.options.limits.replacementTokens;
+  if (tokensAdded <= bound || isStopped)
+    return;
+  diagnostics.report(DiagnosticId::ReplacementTooLarge, token.place, bound);
+  stop(token.place);
 }
 
 /// The next token of all the text, COPY carried out.
@@ -180,10 +186,14 @@ void Preprocessor::readBelow(size_t level, Token &token) {
 
 /// The same after the replacement that the COPY of \p level asks for.
 void Preprocessor::readReplaced(size_t level, Token &token) {
-  if (Replacer *own = levels[level]->replacer.get())
-    own->next(token, [this, level](Token &source) { readBelow(level, source); });
-  else
+  Replacer *own = levels[level]->replacer.get();
+  if (!own) {
     readBelow(level, token);
+    return;
+  }
+  own->next(token, [this, level](Token &source) { readBelow(level, source); });
+  // What comes out here may be replaced by nothing farther out, and never be seen there.
+  boundReplacement(token);
 }
 
 void Preprocessor::closeLevel() {
@@ -308,7 +318,7 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     format = (*file)->getFormat(format);
   levels.push_back(std::make_unique<Level>(**file, format, context, /*isMain=*/false));
   if (!statement.replacements.empty()) {
-    levels.back()->replacer = std::make_unique<Replacer>(context, tokensMade);
+    levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
     levels.back()->replacer->setReplacements(std::move(statement.replacements));
     ++replacingLevels;
   }
@@ -368,8 +378,10 @@ bool Preprocessor::readReplacement(Token &token, llvm::StringRef statement, Repl
     readRaw(token);
   SourceRange place = token.place;
   bool isPseudoText = token.is(TokenKind::PseudoText);
+  // Of pseudo-text without an end that has been reported.
   if (!readOperand(token, pair.from)) {
-    diagnostics.report(DiagnosticId::ReplaceOperandExpected, place, statement);
+    if (!isPseudoText)
+      diagnostics.report(DiagnosticId::ReplaceOperandExpected, place, statement);
     return false;
   }
   llvm::erase_if(pair.from, [](const Token &word) { return word.is(TokenKind::Comma); });
@@ -383,8 +395,10 @@ bool Preprocessor::readReplacement(Token &token, llvm::StringRef statement, Repl
   }
   readRaw(token);
   place = token.place;
+  isPseudoText = token.is(TokenKind::PseudoText);
   if (!readOperand(token, pair.to)) {
-    diagnostics.report(DiagnosticId::ReplacementExpected, place);
+    if (!isPseudoText)
+      diagnostics.report(DiagnosticId::ReplacementExpected, place);
     return false;
   }
   return !isPart || makePartial(keyword, pair);
@@ -442,7 +456,8 @@ bool Preprocessor::readOperand(Token &token, llvm::SmallVectorImpl<Token> &token
   return true;
 }
 
-/// The text between == and ==, of which \p opening is the first.
+/// The text between == and ==, of which \p opening is the first. False, after a message, when there
+/// is no other.
 bool Preprocessor::readPseudoText(const Token &opening, llvm::SmallVectorImpl<Token> &tokens) {
   Lexer &lexer = levels.back()->lexer;
   lexer.setInPseudoText(true);
@@ -456,7 +471,7 @@ bool Preprocessor::readPseudoText(const Token &opening, llvm::SmallVectorImpl<To
   lexer.setInPseudoText(false);
   if (token.is(TokenKind::EndOfFile))
     diagnostics.report(DiagnosticId::UnclosedPseudoText, opening.place);
-  return true;
+  return token.is(TokenKind::PseudoText);
 }
 
 /// Makes \p pair one for parts of words: each side is one string without spaces, and only the

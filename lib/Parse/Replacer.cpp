@@ -186,7 +186,7 @@ void Replacer::makeWhole(const Replacement &pair, size_t length) {
   Token first = window.front();
   Token last = window[length - 1];
   window.erase(window.begin(), window.begin() + length);
-  put(pair.to, first, last);
+  put(pair.to, first, last, length);
 }
 
 void Replacer::makePart(const Replacement &pair) {
@@ -206,13 +206,15 @@ void Replacer::makePart(const Replacement &pair) {
   llvm::SmallVector<Token, 4> tokens;
   for (Token token; scanner.scan(token);)
     tokens.push_back(token);
-  put(tokens, word, word);
+  put(tokens, word, word, /*length=*/1);
 }
 
-/// Makes \p tokens the next ones. They stand where the text from \p first to \p last stood that
-/// they replace, for that is where the programmer sees it.
-void Replacer::put(llvm::ArrayRef<Token> tokens, const Token &first, const Token &last) {
-  tokensMade += tokens.size() + 1;
+/// Makes \p tokens the next ones. They stand where the text from \p first to \p last stood, \p
+/// length tokens that they replace, for that is where the programmer sees it.
+void Replacer::put(llvm::ArrayRef<Token> tokens, const Token &first, const Token &last,
+                   size_t length) {
+  if (tokens.size() > length)
+    tokensAdded += tokens.size() - length;
   uint8_t flags = first.flags;
   if (std::exchange(spaceIsDue, false))
     flags |= Token::PrecededBySpace;

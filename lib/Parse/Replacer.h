@@ -41,9 +41,10 @@ public:
   /// Gives the next token of the text in which words are replaced.
   using Source = llvm::function_ref<void(Token &)>;
 
-  /// \p tokensMade counts what all replacers of a compilation have made.
-  Replacer(LexerContext &context, uint64_t &tokensMade)
-      : context(context), tokensMade(tokensMade) {}
+  /// \p tokensAdded counts by how many tokens all replacers of a compilation have made the text
+  /// longer.
+  Replacer(LexerContext &context, uint64_t &tokensAdded)
+      : context(context), tokensAdded(tokensAdded) {}
 
   /// From now on carries out \p pairs, the first that fits at any place.
   void setReplacements(std::vector<Replacement> pairs);
@@ -64,13 +65,13 @@ private:
   bool matchesPart(const Replacement &pair, const Token &token) const;
   void makeWhole(const Replacement &pair, size_t length);
   void makePart(const Replacement &pair);
-  void put(llvm::ArrayRef<Token> tokens, const Token &first, const Token &last);
+  void put(llvm::ArrayRef<Token> tokens, const Token &first, const Token &last, size_t length);
   const Token &windowAt(size_t index, Source source);
   void splitPicture(const Token &picture);
   void readAgain(bool asPicture);
 
   LexerContext &context;
-  uint64_t &tokensMade;
+  uint64_t &tokensAdded;
   std::vector<Replacement> replacements;
   /// The pairs by the text of their first word, and those for parts of words.
   llvm::StringMap<llvm::SmallVector<unsigned, 2>> byFirstText;

@@ -204,8 +204,12 @@ llvm::ErrorOr<const SourceFile *> SourceManager::findCopybook(llvm::StringRef te
   }
   auto attempt = [&](llvm::StringRef path) -> const SourceFile * {
     llvm::ErrorOr<llvm::vfs::Status> status = fileSystem->status(path);
-    if (!status || status->isDirectory())
+    if (!status)
       return nullptr;
+    if (status->isDirectory()) {
+      error = std::make_error_code(std::errc::is_a_directory);
+      return nullptr;
+    }
     llvm::ErrorOr<const SourceFile *> file = open(path);
     if (!file) {
       error = file.getError();

@@ -61,11 +61,19 @@ void printReport(llvm::raw_ostream &out, const Explanation &explanation) {
 
   auto files = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
   for (const ProgramFile &file : explanation.files)
-    files->addFile(
-        file.getName(), 0,
-        llvm::MemoryBuffer::getMemBufferCopy(file.sourceOf(ProgramVersion::Wrong), file.getName()));
+    for (unsigned number = 1; number <= file.getCount(); ++number)
+      files->addFile(file.nameOf(number), 0,
+                     llvm::MemoryBuffer::getMemBufferCopy(
+                         file.sourceOf(ProgramVersion::Wrong, number), file.nameOf(number)));
   line.request->parse.fileSystem = files;
   writeReport(*line.request, out);
+}
+
+/// What a copybook is called, or the several that one stands for.
+std::string describe(const ProgramFile &file) {
+  if (file.getCount() == 1)
+    return ("the file " + file.getName()).str();
+  return ("the files " + file.getName() + ", # from 1 to " + llvm::Twine(file.getCount())).str();
 }
 
 /// The files of one version with numbered lines; a mark stands before those that differ.
@@ -73,7 +81,7 @@ void printProgram(llvm::raw_ostream &out, const Explanation &explanation, Progra
   bool isFirst = true;
   for (const ProgramFile &file : explanation.files) {
     if (!isFirst)
-      out << "\n  and in the file " << file.getName() << ":\n\n";
+      out << "\n  and in " << describe(file) << ":\n\n";
     isFirst = false;
     for (const ProgramLine &line : file.linesOf(version)) {
       out << (line.differs ? "> " : "  ") << llvm::format_decimal(line.number, 4);
@@ -125,11 +133,12 @@ void printList(llvm::raw_ostream &out) {
 void printFilesJson(llvm::json::OStream &json, const Explanation &explanation,
                     ProgramVersion version) {
   for (const ProgramFile &file : explanation.files)
-    json.object([&] {
-      json.attribute("name", file.getName());
-      json.attribute("text", version == ProgramVersion::Wrong ? file.verifiedSource()
-                                                              : file.sourceOf(version));
-    });
+    for (unsigned number = 1; number <= file.getCount(); ++number)
+      json.object([&] {
+        json.attribute("name", file.nameOf(number));
+        json.attribute("text", version == ProgramVersion::Wrong ? file.verifiedSource(number)
+                                                                : file.sourceOf(version, number));
+      });
 }
 
 void printDiagnosticJson(llvm::json::OStream &json, const DiagnosticRow &row) {
@@ -196,7 +205,7 @@ void printDiagnosticMarkdown(llvm::raw_ostream &out, const DiagnosticRow &row) {
   bool isFirst = true;
   for (const ProgramFile &file : explanation->files) {
     if (!isFirst)
-      out << "\nin the file `" << file.getName() << "`:\n";
+      out << "\nIn " << describe(file) << ":\n";
     isFirst = false;
     out << '\n';
     printDifferencesMarkdown(out, file);

@@ -6,7 +6,6 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/Twine.h"
-#include "llvm/Support/ConvertUTF.h"
 #include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
@@ -160,7 +159,12 @@ private:
 
   /// The lines of a file go on to one that does not begin with a mark.
   void readFile(llvm::StringRef fileName) {
-    ProgramFile &file = explanation.files.emplace_back(fileName);
+    auto [name, repetition] = fileName.split(", ");
+    unsigned count = 1;
+    if (!repetition.empty() &&
+        (!repetition.consume_back(" times") || repetition.getAsInteger(10, count)))
+      fault("'" + fileName + "' is no name of a file");
+    ProgramFile &file = explanation.files.emplace_back(name, count);
     while (!rest.empty() && llvm::StringRef(" -+\n").contains(rest.front())) {
       llvm::StringRef line = takeLine();
       file.addLine(line.empty() ? " " : line);
@@ -214,18 +218,35 @@ std::vector<ProgramLine> ProgramFile::linesOf(ProgramVersion version) const {
   return shown;
 }
 
-std::string ProgramFile::sourceOf(ProgramVersion version) const {
+/// \p text of the file of this \p number, where there are several.
+std::string ProgramFile::numbered(llvm::StringRef text, unsigned number) const {
+  if (count == 1)
+    return text.str();
+  std::string result;
+  while (!text.empty()) {
+    if (text.consume_front("#")) {
+      const bool isNext = text.consume_front("+1");
+      result += std::to_string(number + isNext);
+    } else {
+      result += text.front();
+      text = text.drop_front();
+    }
+  }
+  return result;
+}
+
+std::string ProgramFile::sourceOf(ProgramVersion version, unsigned number) const {
   std::string source;
-  for (ProgramLine &line : linesOf(version))
-    addSourceLine(source, std::move(line.text));
+  for (const ProgramLine &line : linesOf(version))
+    addSourceLine(source, numbered(line.text, number));
   return source;
 }
 
-std::string ProgramFile::verifiedSource() const {
+std::string ProgramFile::verifiedSource(unsigned number) const {
   std::string source;
   for (llvm::StringRef line : lines)
     if (isIn(ProgramVersion::Wrong, line.front()))
-      addSourceLine(source, line.drop_front().str());
+      addSourceLine(source, numbered(line.drop_front(), number));
   return source;
 }
 

@@ -45,12 +45,16 @@ struct ProgramLine {
   bool differs;
 };
 
-/// A file of a program: the program itself, which comes first, or a copybook.
+/// A file of a program: the program itself, which comes first, or a copybook. A copybook may stand
+/// for several, which are numbered from 1: in their names and lines "#" is the number, "#+1" the
+/// one after it.
 class ProgramFile {
 public:
-  ProgramFile(llvm::StringRef name) : name(name) {}
+  explicit ProgramFile(llvm::StringRef name, unsigned count = 1) : name(name), count(count) {}
 
   llvm::StringRef getName() const { return name; }
+  unsigned getCount() const { return count; }
+  std::string nameOf(unsigned number) const { return numbered(name, number); }
   /// Takes one more line, beginning with its mark: ' ' of both versions, '-' only of the wrong one,
   /// '+' only of the mended one.
   void addLine(llvm::StringRef line) { lines.push_back(line); }
@@ -59,13 +63,16 @@ public:
 
   /// The lines to show, without the expectations.
   std::vector<ProgramLine> linesOf(ProgramVersion version) const;
-  /// The text to compile, as \p linesOf counts its lines.
-  std::string sourceOf(ProgramVersion version) const;
-  /// The text to compile with the expectations in it, which --verify reads.
-  std::string verifiedSource() const;
+  /// The text to compile of file \p number, as linesOf() counts its lines.
+  std::string sourceOf(ProgramVersion version, unsigned number) const;
+  /// The same of the wrong program with the expectations in it, which --verify reads.
+  std::string verifiedSource(unsigned number) const;
 
 private:
+  std::string numbered(llvm::StringRef text, unsigned number) const;
+
   llvm::StringRef name;
+  unsigned count;
   std::vector<llvm::StringRef> lines;
 };
 
