@@ -14,15 +14,11 @@ namespace tarka {
 
 namespace {
 
-/// Whether the statement stands in a procedure of USE BEFORE REPORTING. Of the other declaratives
-/// the USE statement has left its mark.
-bool isInReportDeclarative(const SemanticChecker &checker) {
-  return checker.getInDeclaratives() && !checker.getIsDeclaratives();
-}
-
 /// A report is driven from outside: while it presents a group, it cannot be asked for the next one.
+/// Copies of other sections that declaratives perform are no part of a USE BEFORE REPORTING.
 bool checkDrivesReport(SemanticChecker &checker, Statement &statement) {
-  return !isInReportDeclarative(checker) || checker.report(ErrorCode::StatementInvalid, &statement);
+  const bool isPresenting = checker.getInDeclaratives() && checker.getCurrentRD();
+  return !isPresenting || checker.report(ErrorCode::StatementInvalid, &statement);
 }
 
 /// Only a detail group can be generated.
@@ -69,8 +65,11 @@ bool SemanticChecker::semanticCheck(RwTerminateStatement &statement) {
   return OperandCheck(*this).all(statement.getTerminateNameListElements()) && ok;
 }
 
+/// There is a group to suppress in the procedures of USE BEFORE REPORTING only. The USE statements
+/// of other declaratives leave their mark; that of one whose group has no meaning leaves none.
 bool SemanticChecker::semanticCheck(RwSuppressStatement &statement) {
-  return isInReportDeclarative(*this) || report(ErrorCode::StatementInvalid, &statement);
+  const bool isBeforeReporting = getInDeclaratives() && !getIsDeclaratives();
+  return isBeforeReporting || report(ErrorCode::StatementInvalid, &statement);
 }
 
 } // namespace tarka
