@@ -258,10 +258,11 @@ public:
 
   void print(const std::vector<ReportRow> &rows) {
     for (const ReportRow &row : rows) {
-      fit(numberWidth, std::to_string(row.place.beginLine));
-      fit(itemWidth, row.item);
-      fit(linesWidth, row.lines);
-      fit(columnsWidth, row.columns);
+      // A row that has more to say than this pushes its description to the right.
+      fit(numberWidth, std::to_string(row.place.beginLine), 10);
+      fit(itemWidth, row.item, 32);
+      fit(linesWidth, row.lines, 12);
+      fit(columnsWidth, row.columns, 14);
     }
     os << llvm::right_justify("Line", numberWidth) << "  " << llvm::left_justify("Item", itemWidth)
        << "  " << llvm::right_justify("On line", linesWidth) << "  "
@@ -272,10 +273,9 @@ public:
 
 private:
   static constexpr unsigned LineWidth = 100;
-  static constexpr unsigned WidestColumn = 32;
 
-  static void fit(unsigned &width, llvm::StringRef text) {
-    width = std::max<unsigned>(width, std::min<std::size_t>(text.size(), WidestColumn));
+  static void fit(unsigned &width, llvm::StringRef text, unsigned widest) {
+    width = std::max(width, std::min<unsigned>(text.size(), widest));
   }
 
   void print(const ReportRow &row) {
