@@ -23,6 +23,11 @@ inline DataDescription *entryOf(const Expression &operand) {
   return identifier ? identifier->getDataDescription() : nullptr;
 }
 
+/// Nothing is known of the kind of the operand: its entry is in error, which has been reported.
+inline bool isUnknown(const Expression &operand) {
+  return operand.getDataCategory() == DataCategory::Unclassified;
+}
+
 inline bool isReferenceModified(const Expression &operand) {
   const auto *identifier = llvm::dyn_cast<IdentifierExpression>(&operand);
   return identifier && identifier->getReferenceMod();

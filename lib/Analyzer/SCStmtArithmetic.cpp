@@ -82,7 +82,7 @@ private:
   bool bind(Expression *operand) {
     bool bound = operand && checker.semanticCheck(*operand);
     result &= bound || !operand;
-    return bound;
+    return bound && !isUnknown(*operand);
   }
   bool bindReceiver(Expression *operand);
 

@@ -26,7 +26,8 @@ namespace {
 /// The classes of data, which the categories fall into.
 enum class DataClass { Alphabetic, Alphanumeric, Numeric, National, Dbcs, Other };
 
-/// None for a figurative constant that takes the class of what stands beside it.
+/// None for what takes the class of what stands beside it: a figurative constant, and an operand of
+/// which nothing is known.
 std::optional<DataClass> classOf(const Expression &operand) {
   switch (operand.getDataCategory()) {
   case DataCategory::Alphabetic:
@@ -56,6 +57,7 @@ std::optional<DataClass> classOf(const Expression &operand) {
   case DataCategory::Dbcs:
     return DataClass::Dbcs;
   case DataCategory::Unclassified:
+    return std::nullopt;
   case DataCategory::Pointer:
     break;
   }
@@ -69,8 +71,9 @@ bool isRangeOfOneClass(const Expression &front, const Expression &rear) {
   std::optional<DataClass> rearClass = classOf(rear);
   if (frontClass && rearClass)
     return frontClass == rearClass;
-  const Expression &constant = frontClass ? rear : front;
-  return (frontClass ? frontClass : rearClass) != DataClass::Numeric || constant.isInteger();
+  const Expression &other = frontClass ? rear : front;
+  return (frontClass ? frontClass : rearClass) != DataClass::Numeric || other.isInteger() ||
+         isUnknown(other);
 }
 
 /// The objects of EVALUATE, held one by one against the subjects.
@@ -163,6 +166,8 @@ void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
 /// that there is no range of them.
 bool EvaluateCheck::compare(Expression &operand, EvaluateObject &object, const Subject &subject) {
   Expression &value = *subject.node->getExpr();
+  if (isUnknown(value) || isUnknown(operand))
+    return true;
   bool isRangeOfPointers = object.getType() == EvalObjectType::Range &&
                            operand.getDataCategory() == DataCategory::Pointer;
   if (isRangeOfPointers || !areComparable(value, operand)) {

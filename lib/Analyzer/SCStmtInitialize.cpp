@@ -57,6 +57,8 @@ static bool checkReceiver(SemanticChecker &checker, IdentifierExpression &receiv
     return false;
   if (llvm::isa<FunctionIdentifierExpression>(receiver))
     return checker.report(ErrorCode::FunctionInReceivingArea, &receiver);
+  if (isUnknown(receiver))
+    return true;
   if (isReadOnlyRegister(receiver) || isConditionName(receiver))
     return checker.report(ErrorCode::InitializeIdentifierInvalid, &receiver);
   const DataDescription *item = entryOf(receiver);
@@ -130,6 +132,8 @@ static bool checkSender(SemanticChecker &checker, Expression &sender,
                         InitializeReplacingType category) {
   if (!checker.semanticCheck(sender))
     return false;
+  if (isUnknown(sender))
+    return true;
   if (isGroupItem(sender) && sender.getDataCategory() != DataCategory::National)
     return checker.report(ErrorCode::InitializeSenderGroup, &sender);
   if (isConditionName(sender) || !isInitialized(sender.getDataCategory()))

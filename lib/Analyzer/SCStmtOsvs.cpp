@@ -130,6 +130,8 @@ static bool checkCount(SemanticChecker &checker, Expression *count) {
     return true;
   if (!checker.semanticCheck(*count))
     return false;
+  if (isUnknown(*count))
+    return true;
   const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(count);
   if (!isNumber(*count) || !count->isInteger() || (literal && !literal->isPositive()))
     return checker.report(ErrorCode::IntegerExpressionInvalid, count);

@@ -217,6 +217,8 @@ bool isPassedByValue(const DataDescription &entry) {
     break;
   }
   switch (entry.getDataCategory()) {
+  case DataCategory::Unclassified: // in error, which has been reported
+    return true;
   case DataCategory::Alphabetic:
   case DataCategory::Alphanumeric:
     return entry.getAllocSize() == 1;

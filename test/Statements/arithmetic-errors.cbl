@@ -13,6 +13,7 @@ FILE SECTION.
 FD  PRINT-FILE LINAGE 60.
 01  PRINT-LINE                  PIC X(80).
 WORKING-STORAGE SECTION.
+77  WRONG                       PIC 9X9V9V9. *> expect: 3242
 77  N                           PIC 9(4).
 77  X                           PIC X(4).
 77  E                           PIC Z(3)9.
@@ -80,4 +81,8 @@ MAIN.
     *> Within an expression the operator says it.
     COMPUTE N = X + 1. *> expect: 3322
     COMPUTE N = NOWHERE. *> expect: 3310
+
+    *> Of an item whose description is in error nothing more is said.
+    ADD WRONG TO WRONG GIVING WRONG.
+    COMPUTE WRONG = WRONG.
     GOBACK.

@@ -9,6 +9,7 @@ SPECIAL-NAMES.
     UPSI-0 IS SWITCH-0 ON STATUS IS SWITCHED.
 DATA DIVISION.
 WORKING-STORAGE SECTION.
+77  WRONG                       PIC 9X9V9V9. *> expect: 3242
 77  N                           PIC S9(4)V9.
     88  N-IS-ONE                VALUE 1.
 77  X                           PIC X(4).
@@ -104,5 +105,9 @@ MAIN.
     EVALUATE NOWHERE ALSO X            *> expect: 3310
         WHEN "A" ALSO NULL             *> expect: 3432
             DISPLAY NEITHER            *> expect: 3310
+    END-EVALUATE
+    EVALUATE WRONG ALSO X
+        WHEN 1 THRU WRONG ALSO WRONG
+            CONTINUE
     END-EVALUATE
     GOBACK.
