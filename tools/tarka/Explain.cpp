@@ -102,7 +102,7 @@ void printText(llvm::raw_ostream &out, const DiagnosticRow &row) {
 
   if (!explanation->neverIssued.empty()) {
     out << '\n';
-    printWrapped(out, "No program draws this diagnostic: " + explanation->neverIssued);
+    printWrapped(out, "No program draws this diagnostic. " + explanation->neverIssued);
   } else {
     out << "\nThis program breaks the rule";
     if (!explanation->options.empty())
@@ -175,12 +175,18 @@ void printJson(llvm::raw_ostream &out, llvm::ArrayRef<const DiagnosticRow *> row
   out << '\n';
 }
 
-/// Both versions in one, as a list of differences shows them.
+/// Both versions in one, as a list of differences shows them, with the numbers that are drawn.
 void printDifferencesMarkdown(llvm::raw_ostream &out, const ProgramFile &file) {
   out << "```diff\n";
-  for (llvm::StringRef line : file.markedLines())
-    if (std::optional<std::string> text = withoutExpectation(line.drop_front()))
-      out << (line.take_front() + *text).str() << '\n';
+  for (llvm::StringRef line : file.markedLines()) {
+    std::optional<std::string> text = withoutExpectation(line.drop_front());
+    if (!text)
+      continue;
+    out << line.take_front() << *text;
+    if (llvm::StringRef numbers = line.split("*> expect: ").second; !numbers.empty())
+      out << "  *> " << numbers;
+    out << '\n';
+  }
   out << "```\n";
 }
 
@@ -224,9 +230,9 @@ void printMarkdown(llvm::raw_ostream &out, llvm::ArrayRef<const DiagnosticRow *>
          "again.\n\n"
          "Every diagnostic has a rule and a program in two versions. Lines with `-` are those of "
          "the program\n"
-         "that breaks the rule, lines with `+` those of the same program mended. `tarka explain "
-         "NUMBER` shows\n"
-         "both whole, with the report.\n\n"
+         "that breaks the rule, lines with `+` those of the same program mended; numbers in "
+         "comments tell what\n"
+         "the wrong one draws there. `tarka explain NUMBER` shows both whole, with the report.\n\n"
          "Numbers below 1000 are the front end's, the others those of the checks. A few numbers "
          "stand for two\n"
          "diagnostics, which their texts tell apart.\n\n"

@@ -7,6 +7,7 @@
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/Twine.h"
 #include "llvm/Support/ErrorHandling.h"
+#include <tuple>
 
 namespace tarka {
 
@@ -44,8 +45,8 @@ std::vector<DiagnosticRow> collectRows() {
     rows.push_back({static_cast<unsigned>(info.number), name,
                     severityOf(static_cast<ErrorCode>(row)), info.format});
   }
-  llvm::stable_sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
-    return left.number < right.number;
+  llvm::sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
+    return std::tie(left.number, left.name) < std::tie(right.number, right.name);
   });
   return rows;
 }
@@ -159,12 +160,12 @@ private:
 
   /// The lines of a file go on to one that does not begin with a mark.
   void readFile(llvm::StringRef fileName) {
-    auto [name, repetition] = fileName.split(", ");
+    auto [pattern, repetition] = fileName.split(", ");
     unsigned count = 1;
     if (!repetition.empty() &&
         (!repetition.consume_back(" times") || repetition.getAsInteger(10, count)))
       fault("'" + fileName + "' is no name of a file");
-    ProgramFile &file = explanation.files.emplace_back(name, count);
+    ProgramFile &file = explanation.files.emplace_back(pattern, count);
     while (!rest.empty() && llvm::StringRef(" -+\n").contains(rest.front())) {
       llvm::StringRef line = takeLine();
       file.addLine(line.empty() ? " " : line);
