@@ -3,8 +3,8 @@
       *> RUN: %tarka check --verify %s
       *> RUN: not %tarka check %s 2>&1 | FileCheck %s
       *> CHECK: SQLCA was not found; the option --sql supplies it
-      *> CHECK: DFHAID was not found; the option --cics supplies it
-      *> CHECK: DFHRESP(NORMAL) is a constant of CICS, which the
+      *> CHECK: dfhaid was not found; the option --cics supplies it
+      *> CHECK: DFHRESP(NORMAL) is a constant of CICS, which the option --cics provides
        IDENTIFICATION DIVISION.
        PROGRAM-ID. P.
        DATA DIVISION.

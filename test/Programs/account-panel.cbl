@@ -5,8 +5,8 @@
       *> RUN:   | FileCheck --check-prefix=GRAPH %s
       *> EIB: <supplied>/DFHEIBLK
       *> EIB: 01 DFHEIBLK {{.*}} 85 group
-      *> EIB: EIBCALEN {{.*}} 24
-      *> EIB: EIBRESP {{.*}} 76
+      *> EIB: EIBCALEN 24
+      *> EIB: EIBRESP 76
       *> GRAPH: ACCTPNL
        IDENTIFICATION DIVISION.
        PROGRAM-ID. ACCTPNL.
