@@ -104,6 +104,7 @@ public:
 private:
   enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText, EmbeddedBlock };
 
+  void reportFault(const SourceFile &file);
   bool nextLine();
   bool readLine();
   void setPlace(Token &token);

@@ -42,6 +42,8 @@ struct ParseOptions {
   /// and the current directory.
   std::vector<std::string> includeDirectories;
   SourceFormat format = SourceFormat::Auto;
+  /// The encoding of all source files, which isKnownEncoding(); empty is UTF-8.
+  std::string encoding;
   /// Compilation variables for >>IF and >>EVALUATE: name and value. A value of digits is a
   /// number, an empty one only says that the variable is defined.
   std::vector<std::pair<std::string, std::string>> defines;

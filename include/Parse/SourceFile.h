@@ -9,6 +9,7 @@
 #define TARKA_PARSE_SOURCEFILE_H
 
 #include "AST/Node.h"
+#include "Parse/Encoding.h"
 #include "Parse/ParseOptions.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringMap.h"
@@ -17,13 +18,19 @@
 #include "llvm/Support/MemoryBuffer.h"
 #include <memory>
 #include <string>
+#include <utility>
 
 namespace tarka {
 
 /// The text of one file. It stays in memory and at its address until the process ends.
 class SourceFile {
 public:
+  /// What the first fault in the bytes of a file is.
+  enum class Fault : uint8_t { None, Binary, Ebcdic, Undecodable };
+
   SourceFile(llvm::StringRef name, std::unique_ptr<llvm::MemoryBuffer> contents);
+  /// A file whose text was decoded from \p encoding.
+  SourceFile(llvm::StringRef name, DecodedText decoded);
 
   /// The name as it was given or found.
   llvm::StringRef getName() const { return name; }
@@ -31,8 +38,13 @@ public:
   unsigned getNumber() const { return number; }
   /// The text without a byte-order mark. A byte 0 follows the last one.
   llvm::StringRef getText() const { return text; }
-  /// Where the first byte stands that shows that the file is not text at all; npos when it is.
-  size_t getBinaryOffset() const { return binaryOffset; }
+  /// What shows that the file is not text at all, or not in its encoding, and where that stands.
+  Fault getFault() const { return fault; }
+  size_t getFaultOffset() const { return faultOffset; }
+  /// The byte that could not be decoded.
+  unsigned char getUndecodableByte() const { return undecodableByte; }
+  /// Whether the fault was not told yet.
+  bool isFaultNew() const { return std::exchange(faultIsNew, false); }
   /// The form of its lines, see detectSourceFormat(); \p otherwise where they do not tell.
   SourceFormat getFormat(SourceFormat otherwise) const;
 
@@ -41,7 +53,10 @@ private:
   unsigned number;
   std::unique_ptr<llvm::MemoryBuffer> contents;
   llvm::StringRef text;
-  size_t binaryOffset;
+  Fault fault = Fault::None;
+  size_t faultOffset = llvm::StringRef::npos;
+  unsigned char undecodableByte = 0;
+  mutable bool faultIsNew = true;
   mutable SourceFormat format = SourceFormat::Auto;
   mutable bool formatIsKnown = false;
 };

@@ -143,9 +143,23 @@ const std::string &contentsOf(llvm::StringRef quoted) {
   return internString(contents);
 }
 
-/// The number of characters of a UTF-8 text: its bytes without the continuation bytes.
-unsigned countCharacters(llvm::StringRef text) {
-  return llvm::count_if(text, [](char c) { return (c & 0xC0) != 0x80; });
+/// The number of characters of a UTF-8 text: its bytes without the continuation bytes. Between
+/// shift codes stand characters of two bytes. Text of DBCS or national characters counts these, and
+/// the shift codes are no part of it; other text has a byte for each shift code and two for each
+/// such character.
+unsigned countCharacters(llvm::StringRef text, bool isDouble) {
+  constexpr char shiftOut = '\x0E', shiftIn = '\x0F';
+  unsigned count = 0;
+  bool isShifted = false;
+  for (char c : text) {
+    if (c == shiftOut || c == shiftIn) {
+      isShifted = c == shiftOut;
+      count += !isDouble;
+    } else if ((c & 0xC0) != 0x80) {
+      count += isShifted && !isDouble && (c & 0x80) ? 2 : 1;
+    }
+  }
+  return count;
 }
 
 } // namespace
@@ -171,8 +185,11 @@ unsigned NonNumericLiteralExpression::getLength() const {
     return (data->size() + 1) / 2;
   case NonNumericLiteralType::NationalHexadecimal:
     return (data->size() + 3) / 4;
+  case NonNumericLiteralType::Dbcs:
+  case NonNumericLiteralType::National:
+    return countCharacters(*data, /*isDouble=*/true);
   default:
-    return countCharacters(*data);
+    return countCharacters(*data, /*isDouble=*/false);
   }
 }
 

@@ -13,18 +13,39 @@ namespace tarka {
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
     : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
-  if (file.getBinaryOffset() == llvm::StringRef::npos)
-    return;
-  // One message stands for all that could be said about a file that is no text.
-  llvm::StringRef before = file.getText().take_front(file.getBinaryOffset());
+  if (file.getFault() != SourceFile::Fault::None && file.isFaultNew())
+    reportFault(file);
+}
+
+/// One message stands for all that could be said about a file that is no text, or is in another
+/// encoding.
+void Lexer::reportFault(const SourceFile &file) {
+  size_t offset = std::min(file.getFaultOffset(), file.getText().size());
+  llvm::StringRef before = file.getText().take_front(offset);
   unsigned line = static_cast<unsigned>(before.count('\n')) + 1;
   unsigned column =
       static_cast<unsigned>(before.size() - (before.rfind('\n') + 1)) + 1; // npos + 1 is 0
-  const char *byte = before.end();
-  context.diagnostics.report(DiagnosticId::BinaryFile,
-                             SourceRange{file.getNumber(), line, column, line, column},
-                             showText(llvm::StringRef(byte, 1)));
-  isAtEnd = true;
+  SourceRange place{file.getNumber(), line, column, line, column};
+  switch (file.getFault()) {
+  case SourceFile::Fault::Binary:
+    context.diagnostics.report(DiagnosticId::BinaryFile, place,
+                               showText(llvm::StringRef(before.end(), 1)));
+    isAtEnd = true;
+    return;
+  case SourceFile::Fault::Ebcdic:
+    context.diagnostics.report(DiagnosticId::EbcdicFile, SourceRange{file.getNumber(), 1, 1, 1, 1});
+    isAtEnd = true;
+    return;
+  case SourceFile::Fault::Undecodable: {
+    std::string byte = llvm::toHex(llvm::ArrayRef<uint8_t>(file.getUndecodableByte()));
+    llvm::StringRef encoding = context.options.encoding;
+    context.diagnostics.report(DiagnosticId::UndecodableByte, place, byte,
+                               encoding.empty() ? "UTF-16" : encoding);
+    return;
+  }
+  case SourceFile::Fault::None:
+    return;
+  }
 }
 
 void Lexer::setPlace(Token &token) {

@@ -21,12 +21,35 @@ bool isContinuationByte(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
 }
 
-/// The column behind the character that \p c begins, which stands in \p column.
-unsigned advanceColumn(unsigned column, char c) {
-  if (c == '\t')
-    return (column - 1) / tabWidth * tabWidth + tabWidth + 1;
-  return column + !isContinuationByte(c);
-}
+/// Counts columns along a line: those of the characters, of which one outside ASCII takes two
+/// between shift codes, as its two bytes did where the shift codes come from.
+class ColumnCounter {
+public:
+  /// The column behind the characters that were passed.
+  unsigned getColumn() const { return column; }
+
+  /// Goes on over \p c.
+  void pass(char c) {
+    if (!isContinuationByte(c))
+      column += isDouble && static_cast<unsigned char>(c) >= 0x80 ? 2 : 1;
+    if (c == shiftOut || c == shiftIn)
+      isDouble = c == shiftOut;
+  }
+  /// The same where a tab goes on to the next multiple of eight.
+  void passWithTabs(char c) {
+    if (c == '\t')
+      column = (column - 1) / tabWidth * tabWidth + tabWidth + 1;
+    else
+      pass(c);
+  }
+
+private:
+  static constexpr char shiftOut = '\x0E';
+  static constexpr char shiftIn = '\x0F';
+
+  unsigned column = 1;
+  bool isDouble = false;
+};
 
 const char *skipBlanks(const char *from, const char *end) {
   while (from < end && isBlank(*from))
@@ -157,8 +180,9 @@ LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
     return parts;
   }
   parts.text = parts.areaB = parts.limit = line.end;
-  unsigned column = 1;
+  ColumnCounter counter;
   for (const char *at = line.start; at < line.end; ++at) {
+    const unsigned column = counter.getColumn();
     if (!isContinuationByte(*at)) {
       if (column == indicatorColumn)
         parts.indicator = *at == '\t' ? ' ' : *at;
@@ -171,7 +195,7 @@ LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
         break;
       }
     }
-    column = advanceColumn(column, *at);
+    counter.passWithTabs(*at);
   }
   return parts;
 }
@@ -180,10 +204,10 @@ LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
 unsigned LineReader::columnBehind(const PhysicalLine &line, const char *at) {
   if (line.isPlain)
     return static_cast<unsigned>(at - line.start) + 1;
-  unsigned column = 1;
+  ColumnCounter counter;
   for (const char *from = line.start; from < at; ++from)
-    column = advanceColumn(column, *from);
-  return column;
+    counter.passWithTabs(*from);
+  return counter.getColumn();
 }
 
 void LineReader::report(DiagnosticId id, const PhysicalLine &line, const char *at,
@@ -379,8 +403,16 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
 }
 
 /// The column of the character at \p at in the line that begins at \p start: as many characters
-/// as there are up to there.
+/// as there are up to there, with both columns of those that take two.
 unsigned LineReader::columnOf(const char *start, const char *at) {
+  if (controlBytes) {
+    while (at > start && isContinuationByte(*at))
+      --at;
+    ColumnCounter counter;
+    for (const char *from = start; from < at; ++from)
+      counter.pass(*from);
+    return counter.getColumn();
+  }
   const char *behind = at < fileEnd ? at + 1 : at;
   if (countedLine != start || behind < countedTo) {
     countedLine = countedTo = start;

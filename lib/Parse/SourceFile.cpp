@@ -115,7 +115,20 @@ SourceFile::SourceFile(llvm::StringRef fileName, std::unique_ptr<llvm::MemoryBuf
     : name(internString(fileName)), number(internFileName(fileName)), contents(std::move(buffer)),
       text(contents->getBuffer()) {
   text.consume_front(byteOrderMark);
-  binaryOffset = findBinary(text);
+  faultOffset = findBinary(text);
+  if (looksLikeEbcdic(text))
+    fault = Fault::Ebcdic;
+  else if (faultOffset != llvm::StringRef::npos)
+    fault = Fault::Binary;
+}
+
+SourceFile::SourceFile(llvm::StringRef fileName, DecodedText decoded)
+    : SourceFile(fileName, llvm::MemoryBuffer::getMemBufferCopy(decoded.text, fileName)) {
+  if (fault != Fault::None || decoded.firstUndecodable == llvm::StringRef::npos)
+    return;
+  fault = Fault::Undecodable;
+  faultOffset = decoded.firstUndecodable;
+  undecodableByte = decoded.undecodableByte;
 }
 
 SourceFormat SourceFile::getFormat(SourceFormat otherwise) const {
@@ -148,7 +161,12 @@ llvm::ErrorOr<const SourceFile *> SourceManager::open(llvm::StringRef path) {
   llvm::ErrorOr<std::unique_ptr<llvm::MemoryBuffer>> contents = fileSystem->getBufferForFile(path);
   if (!contents)
     return contents.getError();
-  file = new SourceFile(path, std::move(*contents));
+  llvm::StringRef bytes = (*contents)->getBuffer();
+  bool isUtf16 = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
+  if (options.encoding.empty() && !isUtf16)
+    file = new SourceFile(path, std::move(*contents));
+  else
+    file = new SourceFile(path, decodeText(bytes, options.encoding));
   return file;
 }
 

@@ -1,6 +1,7 @@
 //===- CommandLine.cpp - reading the command line -------------------------===//
 
 #include "CommandLine.h"
+#include "Parse/Encoding.h"
 #include <CLI/CLI.hpp>
 #include <map>
 
@@ -49,6 +50,16 @@ void addDefinition(Request &request, const std::string &definition) {
     request.parse.defines.emplace_back(definition.substr(0, equals), definition.substr(equals + 1));
 }
 
+/// Lets pass what iconv can decode.
+std::string checkEncoding(const std::string &name) {
+  if (isKnownEncoding(name))
+    return "";
+  return "'" + name +
+         "' is no encoding known here; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
+         "and "
+         "IBM-939 are examples, iconv -l lists them all";
+}
+
 /// What every command takes: the files, how to read them, and the compile options.
 void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   auto *files = app.add_option("FILE", request.files, "the source to read")->required();
@@ -72,6 +83,9 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   app.add_option("--source-format", request.parse.format, "the layout of the lines (auto)")
       ->option_text("fixed|free|auto")
       ->transform(oneOf(sourceFormats));
+  app.add_option("--encoding", request.parse.encoding, "the encoding of the source files (UTF-8)")
+      ->option_text("NAME")
+      ->check(CLI::Validator(checkEncoding, ""));
   app.add_flag("--cics", request.parse.cics,
                "supply what CICS does: the EIB, DFHRESP(...), DFHAID, DFHBMSCA");
   app.add_flag("--sql", request.parse.sql, "supply what DB2 does: SQLCA, SQLDA, SQL TYPE");

@@ -147,7 +147,7 @@ int Compilation::printGraph() {
     printGraphJson(llvm::outs(), *module, request.view);
     break;
   case OutputFormat::Dot:
-    printGraphDot(llvm::outs(), *module, request.view, request.parse.format);
+    printGraphDot(llvm::outs(), *module, request.view, request.parse);
     break;
   case OutputFormat::Markdown:
     llvm_unreachable("not a form of the graph");

@@ -35,9 +35,9 @@ void printGraphText(llvm::raw_ostream &os, const CFGModule &module, const GraphV
 /// One object for the module; blocks refer to each other by their places.
 void printGraphJson(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view = {});
 /// A cluster for a function, with the procedures as named groups in it, for Graphviz. The text of
-/// the statements comes from the source, the lines of which are laid out in \p format.
+/// the statements comes from the source, which was read with \p options.
 void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view,
-                   SourceFormat format);
+                   const ParseOptions &options);
 
 } // namespace tarka
 

@@ -203,7 +203,7 @@ private:
 
 class StatementText {
 public:
-  explicit StatementText(SourceFormat format) : excerpts(format) {}
+  explicit StatementText(const ParseOptions &options) : excerpts(options) {}
 
   /// Takes note of where the statements of \p layout begin: the text of the one around them ends
   /// there.
@@ -350,8 +350,8 @@ llvm::StringRef styleOf(EdgeKind kind) {
 
 class DotPrinter {
 public:
-  DotPrinter(llvm::raw_ostream &output, const GraphView &wanted, SourceFormat format)
-      : os(output), view(wanted), text(format) {}
+  DotPrinter(llvm::raw_ostream &output, const GraphView &wanted, const ParseOptions &options)
+      : os(output), view(wanted), text(options) {}
 
   void print(const CFGModule &module, const std::vector<const CFGFunc *> &functions,
              const ProcedureStarts &starts);
@@ -612,8 +612,8 @@ void DotPrinter::printCollapsedEdges(GroupId id) {
 } // namespace
 
 void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view,
-                   SourceFormat format) {
-  DotPrinter(os, view, format)
+                   const ParseOptions &options) {
+  DotPrinter(os, view, options)
       .print(module, FunctionSelection(module, view).all(), findProcedures(module));
 }
 

@@ -41,10 +41,13 @@ const SourceExcerpts::File &SourceExcerpts::read(unsigned number) {
   if (!buffer)
     return *file;
   file->contents = std::move(*buffer);
+  if (!options.encoding.empty())
+    file->contents = llvm::MemoryBuffer::getMemBufferCopy(
+        decodeText(file->contents->getBuffer(), options.encoding).text);
   llvm::StringRef rest = file->contents->getBuffer();
   rest.consume_front("\xEF\xBB\xBF");
-  file->isFixed =
-      (format == SourceFormat::Auto ? detectSourceFormat(rest) : format) == SourceFormat::Fixed;
+  file->isFixed = (options.format == SourceFormat::Auto ? detectSourceFormat(rest)
+                                                        : options.format) == SourceFormat::Fixed;
   while (!rest.empty()) {
     auto [line, tail] = rest.split('\n');
     file->lines.push_back(line.rtrim('\r'));

@@ -19,8 +19,8 @@ namespace tarka {
 
 class SourceExcerpts {
 public:
-  /// \p sourceFormat is the layout of the lines; with Auto each file tells its own.
-  explicit SourceExcerpts(SourceFormat sourceFormat) : format(sourceFormat) {}
+  /// \p parseOptions say how the files were read.
+  explicit SourceExcerpts(const ParseOptions &parseOptions) : options(parseOptions) {}
 
   /// The text of \p range in one line of UTF-8 without comments, each run of spaces outside of
   /// literals as one; what goes beyond \p width characters is cut off, which dots show. Empty when
@@ -35,7 +35,7 @@ private:
   };
   const File &read(unsigned file);
 
-  SourceFormat format;
+  const ParseOptions &options;
   llvm::DenseMap<unsigned, std::unique_ptr<File>> files;
 };
 

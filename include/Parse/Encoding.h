@@ -1,0 +1,40 @@
+//===- Encoding.h - source files in other encodings than UTF-8 --*- C++ -*-===//
+//
+// Everything above works on UTF-8. A file in another encoding, EBCDIC above all,
+// is decoded when it is read.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_PARSE_ENCODING_H
+#define TARKA_PARSE_ENCODING_H
+
+#include "llvm/ADT/StringRef.h"
+#include <string>
+
+namespace tarka {
+
+/// Whether iconv knows \p encoding, such as "UTF-8", "IBM-1047" or "IBM037".
+bool isKnownEncoding(const std::string &encoding);
+
+/// Whether \p text is most likely COBOL in EBCDIC.
+bool looksLikeEbcdic(llvm::StringRef text);
+
+/// Text as UTF-8.
+struct DecodedText {
+  std::string text;
+  /// The first byte that is no character of the encoding: where the space that stands for it is in
+  /// the text, npos when there is none, and what it is.
+  size_t firstUndecodable = llvm::StringRef::npos;
+  unsigned char undecodableByte = 0;
+};
+
+/// Decodes \p bytes, which are in a known \p encoding. A byte-order mark tells better than the
+/// encoding named.
+///
+/// Of EBCDIC text NEL and LF end lines, as CR LF and CR do; where there are no ends of lines, each
+/// 80 bytes are a line. Shift codes around DBCS characters stay.
+DecodedText decodeText(llvm::StringRef bytes, const std::string &encoding);
+
+} // namespace tarka
+
+#endif // TARKA_PARSE_ENCODING_H
