@@ -442,6 +442,13 @@ Key *Parser::parseOccursKey() {
 /// INDEXED [BY] index-name ...
 bool Parser::parseIndexNames(ClauseOccurs &occurs) {
   accept(Keyword::By);
+  // A word before a literal or IS is no index-name, but was meant to begin the next clause.
+  auto atAnother = [this] {
+    const Token &next = peek(1);
+    bool isLiteral =
+        next.is(TokenKind::AlphanumericLiteral) || (next.isNumber() && !next.isFirstOnLine());
+    return peek().isUserWord() && !isLiteral && !next.is(Keyword::Is);
+  };
   do {
     Word *name = parseUserWord("an index-name");
     if (!name)
@@ -449,7 +456,7 @@ bool Parser::parseIndexNames(ClauseOccurs &occurs) {
     auto *qualified = new QualifiedWord(name);
     qualified->addNames(name);
     occurs.addIndex(new DataIdentifierExpression(name, qualified, nullptr, nullptr));
-  } while (peek().isUserWord());
+  } while (atAnother());
   return true;
 }
 

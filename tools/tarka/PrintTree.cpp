@@ -192,6 +192,13 @@ void TreePrinter::print(Program &program) {
   all("generated", listOrEmpty(TopLevel::getTopLevelInstance("")->getDummyListUsedMove()));
 }
 
+void TreePrinter::words(llvm::StringRef role, const std::list<Word *> &list) {
+  llvm::SmallVector<llvm::StringRef, 8> names;
+  for (const Word *word : list)
+    names.push_back(word->getDisplayName());
+  sink.texts(role, names);
+}
+
 void TreePrinter::print(llvm::StringRef role, SourceUnit &unit) {
   Open node(sink, role, "SourceUnit", unit.getRange());
   sink.text("name", programName(unit));
@@ -199,8 +206,7 @@ void TreePrinter::print(llvm::StringRef role, SourceUnit &unit) {
   flag("common", id.getType() == ProgramIdType::Common);
   flag("initial", id.getType() == ProgramIdType::Initial || id.isInitial());
   flag("recursive", id.getType() == ProgramIdType::Recursive || id.isRecursive());
-  if (EnvironmentDivision *environment = unit.getEnvironmentDivision())
-    Open division(sink, "", "EnvironmentDivision", environment->getRange());
+  one("", unit.getEnvironmentDivision());
   one("", unit.getDataDivision());
   one("", unit.getProcDivision());
   all("nested", unit.getNestedListElements());
@@ -230,6 +236,7 @@ void TreePrinter::print(llvm::StringRef role, FileDescription &file) {
   name("name", file.getFileName());
   flag("sortMerge", file.getType() == FileDescType::SortMerge);
   flag("global", file.getGlobal() != nullptr);
+  clauses(file);
   for (auto record = file.getDataRecordDescBegin(); record != file.getDataRecordDescEnd(); ++record)
     print("", **record);
 }
@@ -237,6 +244,8 @@ void TreePrinter::print(llvm::StringRef role, FileDescription &file) {
 void TreePrinter::print(llvm::StringRef role, ReportDescription &report) {
   Open node(sink, role, "ReportDescription", report.getRange());
   name("name", report.getReportName());
+  flag("global", report.getGlobal() != nullptr);
+  clauses(report);
   for (auto record = report.getRecordListBegin(); record != report.getRecordListEnd(); ++record)
     print("", **record);
 }
@@ -262,6 +271,13 @@ void TreePrinter::print(llvm::StringRef role, DataDescription &entry) {
   if (entry.getAccessWay())
     sink.number("accessWay", entry.getAccessWay());
   flag("compilerMade", isMadeByCompiler(entry));
+  properties(entry);
+  auto *reportEntry =
+      entry.getType() == DescType::Report ? static_cast<ReportDataDescription *>(&entry) : nullptr;
+  flag("groupIndicate", reportEntry && reportEntry->isGroupIndicate());
+  clauses(entry);
+  if (reportEntry)
+    clauses(*reportEntry);
   all("conditionName", entry.getCondNameChildrenElements());
   all("", entry.getChildrenElements());
 }

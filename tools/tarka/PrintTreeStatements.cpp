@@ -731,6 +731,15 @@ void TreePrinter::fields(UseStatement &statement) {
   if (statement.getFileMode() != UseFileMode::None)
     sink.text("mode", nameOf(openModes, statement.getFileMode()));
   flag("allProcedures", statement.isAllProcedures());
+  if (statement.getProcedureListSize())
+    words("names", statement.getProcedureListElements());
+  if (std::list<UseProcedure *> *procedures = statement.getUseProcedureList()) {
+    llvm::SmallVector<TreeTarget, 8> found;
+    for (UseProcedure *procedure : *procedures)
+      if (procedure->getSection() || procedure->getParagraph())
+        found.push_back(targetOf(procedure->getSection(), procedure->getParagraph()));
+    sink.targets("procedures", found);
+  }
   all("file", statement.getFileListElements());
   all("giving", statement.getGivingListElements());
   all("report", statement.getReportListElements());

@@ -9,7 +9,9 @@
 #define TARKA_TOOLS_TREEPRINTER_H
 
 #include "AST/Condition.h"
+#include "AST/Environment.h"
 #include "AST/Program.h"
+#include "AST/ReportDescription.h"
 #include "AST/Statement.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringRef.h"
@@ -83,6 +85,29 @@ private:
   void procedure(llvm::StringRef role, Section *section, Paragraph *paragraph);
   void range(ProcedureRange &range);
   template <typename SortOrMerge> void sequence(SortOrMerge &statement);
+
+  /// An operand, whatever class of expressions it is declared as.
+  void operand(llvm::StringRef role, Expression *expression) {
+    if (expression)
+      print(role, *expression);
+  }
+  void words(llvm::StringRef role, const std::list<Word *> &list);
+
+  // The environment and the clauses of entries.
+  void print(llvm::StringRef role, EnvironmentDivision &division);
+  void print(llvm::StringRef role, ConfigurationSection &section);
+  void print(llvm::StringRef role, ParaSpecialNames &names);
+  void print(llvm::StringRef role, ParaFileControl &file);
+  void print(llvm::StringRef role, ParaIOControl &entry);
+  void print(llvm::StringRef role, ClauseValue &value);
+  void print(llvm::StringRef role, ClauseSource &source);
+  void print(llvm::StringRef role, SumClauseExpr &sum);
+  void properties(DataDescription &entry);
+  void clauses(DataDescription &entry);
+  void clauses(FileDescription &file);
+  void clauses(ReportDescription &report);
+  void clauses(ReportDataDescription &entry);
+  void contents(llvm::StringRef kind, PresentContents &present, Condition *condition = nullptr);
 
   // Structure and data.
   void print(llvm::StringRef role, SourceUnit &unit);
