@@ -107,6 +107,9 @@ struct Token {
   const std::string *getInternedSpelling() const;
 };
 
+/// How a message shows \p token to a person: its text in quotes, or what it is called.
+std::string describe(const Token &token);
+
 static_assert(sizeof(Token) <= 64, "a token is to fit in a cache line");
 
 } // namespace tarka

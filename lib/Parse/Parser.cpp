@@ -10,19 +10,6 @@ namespace tarka {
 // Tokens
 //===----------------------------------------------------------------------===//
 
-std::string Parser::describe(const Token &token) {
-  if (token.is(TokenKind::EndOfFile))
-    return "the end of the file";
-  if (token.is(TokenKind::Period))
-    return "a period";
-  // A token of a line of a megabyte is shown by its beginning.
-  constexpr std::size_t shown = 60;
-  std::string text = ("'" + token.spelling.take_front(shown)).str();
-  if (token.spelling.size() > shown)
-    text += "...";
-  return text + "'";
-}
-
 std::nullptr_t Parser::expected(llvm::StringRef what) {
   // The end of the file has no text to point at; the last thing read has.
   const SourceRange &place =
@@ -40,7 +27,7 @@ bool Parser::expect(Keyword keyword) {
 bool Parser::expect(TokenKind kind) {
   if (accept(kind))
     return true;
-  expected(tarka::describe(kind));
+  expected(describe(kind));
   return false;
 }
 

@@ -95,8 +95,6 @@ private:
       diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return nullptr;
   }
-  /// How a message shows the token to a person.
-  static std::string describe(const Token &token);
 
   /// The place of the next token.
   SourceRange here() { return peek().place; }

@@ -212,7 +212,7 @@ void Preprocessor::copy(const Token &copyWord) {
     statement.place = copyWord.place;
     statement.textName = copyWord.text.trim("\"'").str();
     if (statement.textName.empty())
-      diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, "INCLUDE");
+      diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, "INCLUDE", "END-EXEC");
     else
       openCopybook(statement);
     return;
@@ -227,7 +227,8 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   readRaw(token);
   statement.place = token.place;
   if (!readCopyName(token, statement.textName)) {
-    diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, copyWord.text);
+    diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, copyWord.text,
+                       describe(token));
     skipStatement(token);
     return false;
   }
@@ -237,7 +238,7 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
     SourceRange place = token.place;
     readRaw(token);
     if (!readCopyName(token, statement.library)) {
-      diagnostics.report(DiagnosticId::CopyLibraryExpected, place, preposition);
+      diagnostics.report(DiagnosticId::CopyLibraryExpected, place, preposition, describe(token));
       skipStatement(token);
       return false;
     }
@@ -256,7 +257,7 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
     }
   }
   if (!token.is(TokenKind::Period)) {
-    diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place);
+    diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
     levels.back()->pushBack(token);
   }
   return true;
@@ -353,7 +354,7 @@ void Preprocessor::replace(const Token &replaceWord) {
   }
   replacer.setReplacements(std::move(pairs));
   if (!token.is(TokenKind::Period)) {
-    diagnostics.report(DiagnosticId::ReplacePeriodExpected, replaceWord.place);
+    diagnostics.report(DiagnosticId::ReplacePeriodExpected, replaceWord.place, describe(token));
     levels.back()->pushBack(token);
   }
 }
@@ -376,29 +377,30 @@ bool Preprocessor::readReplacement(Token &token, llvm::StringRef statement, Repl
   bool isPart = token.is(Keyword::Leading) || token.is(Keyword::Trailing);
   if (isPart)
     readRaw(token);
-  SourceRange place = token.place;
+  Token first = token;
   bool isPseudoText = token.is(TokenKind::PseudoText);
   // Of pseudo-text without an end that has been reported.
   if (!readOperand(token, pair.from)) {
     if (!isPseudoText)
-      diagnostics.report(DiagnosticId::ReplaceOperandExpected, place, statement);
+      diagnostics.report(DiagnosticId::ReplaceOperandExpected, first.place, statement,
+                         describe(first));
     return false;
   }
   llvm::erase_if(pair.from, [](const Token &word) { return word.is(TokenKind::Comma); });
   if (pair.from.empty() && isPseudoText) {
-    diagnostics.report(DiagnosticId::EmptyPseudoTextReplaced, place);
+    diagnostics.report(DiagnosticId::EmptyPseudoTextReplaced, first.place);
     return false;
   }
   if (!token.is(Keyword::By)) {
-    diagnostics.report(DiagnosticId::ReplaceByExpected, token.place);
+    diagnostics.report(DiagnosticId::ReplaceByExpected, token.place, describe(token));
     return false;
   }
   readRaw(token);
-  place = token.place;
+  first = token;
   isPseudoText = token.is(TokenKind::PseudoText);
   if (!readOperand(token, pair.to)) {
     if (!isPseudoText)
-      diagnostics.report(DiagnosticId::ReplacementExpected, place);
+      diagnostics.report(DiagnosticId::ReplacementExpected, first.place, describe(first));
     return false;
   }
   return !isPart || makePartial(keyword, pair);

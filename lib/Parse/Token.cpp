@@ -1,6 +1,7 @@
 //===- Token.cpp - one word, literal or mark of the source ----------------===//
 
 #include "Parse/Token.h"
+#include "llvm/ADT/Twine.h"
 #include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
@@ -61,6 +62,19 @@ llvm::StringRef describe(TokenKind kind) {
     return "a character";
   }
   llvm_unreachable("not a kind of token");
+}
+
+std::string describe(const Token &token) {
+  if (token.is(TokenKind::EndOfFile))
+    return "the end of the file";
+  if (token.is(TokenKind::Period))
+    return "a period";
+  // A token of a line of a megabyte is shown by its beginning.
+  constexpr std::size_t shown = 60;
+  std::string text = ("'" + token.spelling.take_front(shown)).str();
+  if (token.spelling.size() > shown)
+    text += "...";
+  return text + "'";
 }
 
 const std::string *Token::getInternedText() const {
