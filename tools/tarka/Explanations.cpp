@@ -7,6 +7,7 @@
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/Twine.h"
 #include "llvm/Support/ErrorHandling.h"
+#include <algorithm>
 #include <tuple>
 
 namespace tarka {
@@ -260,7 +261,7 @@ std::optional<Explanation> explanationOf(llvm::StringRef name) {
 }
 
 std::optional<std::string> withoutExpectation(llvm::StringRef line) {
-  std::size_t start = line.find("*> expect");
+  std::size_t start = std::min(line.find("*> expect"), line.find("*>expect"));
   // A comment line of fixed form has its asterisk in column 7.
   if (start == llvm::StringRef::npos && line.substr(6).starts_with("* expect"))
     start = 6;
