@@ -214,4 +214,25 @@ CounterFault counterFaultOf(const Expression &operand) {
   return operand.isInteger() ? CounterFault::None : CounterFault::NotInteger;
 }
 
+bool checkCounter(SemanticChecker &checker, IdentifierExpression *counter,
+                  CounterMessages messages) {
+  if (!counter)
+    return true;
+  if (!checker.semanticCheck(*counter))
+    return false;
+  if (llvm::isa<FunctionIdentifierExpression>(counter))
+    return checker.report(ErrorCode::FunctionInReceivingArea, counter);
+  switch (counterFaultOf(*counter)) {
+  case CounterFault::None:
+    return true;
+  case CounterFault::NotNumeric:
+    return checker.report(messages.notNumeric, counter);
+  case CounterFault::Scaled:
+    return checker.report(messages.scaled, counter);
+  case CounterFault::NotInteger:
+    break;
+  }
+  return checker.report(ErrorCode::IntegerRequired, counter);
+}
+
 } // namespace tarka

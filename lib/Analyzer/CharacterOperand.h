@@ -14,6 +14,7 @@
 
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
+#include "Analyzer/SemanticChecker.h"
 #include <cstdint>
 #include <optional>
 
@@ -60,6 +61,21 @@ enum class CounterFault : std::uint8_t {
 };
 
 CounterFault counterFaultOf(const Expression &operand);
+
+/// The messages for an item that cannot count.
+struct CounterMessages {
+  ErrorCode notNumeric;
+  ErrorCode scaled;
+};
+
+constexpr CounterMessages integerCounter = {ErrorCode::IntegerRequired,
+                                            ErrorCode::IntegerWithScaledPicture};
+
+/// Checks an item that a statement counts in; null, for a phrase that is not written, is right.
+/// Reports \p messages, IntegerRequired for an item with decimal places, and
+/// FunctionInReceivingArea.
+bool checkCounter(SemanticChecker &checker, IdentifierExpression *counter,
+                  CounterMessages messages);
 
 } // namespace tarka
 

@@ -11,6 +11,7 @@
 #include "AST/Program.h"
 #include "Analyzer/TopLevel.h"
 #include "ReportCheck.h"
+#include "SpecialNames.h"
 
 namespace tarka {
 
@@ -83,21 +84,13 @@ bool checkControls(SemanticChecker &checker, const ClauseControl &clause) {
   return ok;
 }
 
-bool isMnemonicName(const Word &name) {
-  for (SourceUnit *unit = &currentUnit(); unit; unit = unit->getParent())
-    if (const ParaSpecialNames *names = unit->getSpecialNames())
-      if (names->findClauseEnvNameByWord(&name))
-        return true;
-  return false;
-}
-
 /// A literal, a data item, or a mnemonic name, which is no item of the data division.
 bool checkCode(SemanticChecker &checker, Expression &code) {
   auto *name = llvm::dyn_cast<DataIdentifierExpression>(&code);
   if (!name || name->getQualifiedWord()->getNamesSize() > 1)
     return checker.semanticCheck(code);
   return checker.semanticCheck(*name, /*silentIfUndefined=*/true) ||
-         isMnemonicName(**name->getQualifiedWord()->getNamesBegin()) ||
+         findMnemonicName(**name->getQualifiedWord()->getNamesBegin()) ||
          checker.report(ErrorCode::MnemonicNameUndefined, name);
 }
 

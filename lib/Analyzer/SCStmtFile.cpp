@@ -9,11 +9,10 @@
 
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
-#include "AST/Program.h"
 #include "AST/Statement.h"
-#include "Analyzer/TopLevel.h"
 #include "FileOperands.h"
 #include "OperandCheck.h"
+#include "SpecialNames.h"
 
 namespace tarka {
 
@@ -227,17 +226,6 @@ bool SemanticChecker::semanticCheck(DeleteStatement &statement) {
 
 namespace {
 
-/// The clause that defines a mnemonic-name, in the program being checked or in one around it.
-ClauseEnvName *findMnemonic(const Word &name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  for (; unit; unit = unit->getParent())
-    if (const ParaSpecialNames *specialNames = unit->getSpecialNames())
-      if (ClauseEnvName *clause = specialNames->findClauseEnvNameByWord(&name))
-        return clause;
-  return nullptr;
-}
-
-/// An integer that is stored: neither a function nor a condition-name.
 bool isIntegerItem(const IdentifierExpression &identifier) {
   const DataDescription *item = identifier.getDataDescription();
   return identifier.isInteger() && identifier.getDataCategory() == DataCategory::Numeric &&
@@ -251,7 +239,7 @@ bool checkAdvancingMnemonic(SemanticChecker &checker, WriteAdvancing &advancing,
   if (name.getQualifiedWord()->getNamesSize() > 1 || name.getSubscriptMod())
     return checker.report(ErrorCode::WriteAdvancingInvalid, &name);
   Word *word = *name.getQualifiedWord()->getNamesBegin();
-  const ClauseEnvName *clause = findMnemonic(*word);
+  const ClauseEnvName *clause = findMnemonicName(*word);
   if (!clause)
     return checker.report(ErrorCode::WriteAdvancingInvalid, &name);
   advancing.setMnemonicName(word);
@@ -314,15 +302,27 @@ bool checkPositioning(SemanticChecker &checker, WritePositioning &positioning) {
 // WRITE and REWRITE
 //===----------------------------------------------------------------------===//
 
+namespace {
+
+/// The record that is written and what FROM moves to it first; \p from may be null. \p file becomes
+/// that of the record, null when the record's name is wrong.
+bool checkWritten(SemanticChecker &checker, IdentifierExpression &record,
+                  IdentifierExpression *from, const FileDescription *&file) {
+  const bool isRecordRight =
+      checkRecordName(checker, record, FileDescType::File, ErrorCode::WriteRecordNotDataIdentifier);
+  file = isRecordRight ? fileOfItem(*record.getDataDescription()) : nullptr;
+  bool ok = isRecordRight;
+  if (from)
+    ok &= checkFrom(checker, *from, record, isRecordRight, ErrorCode::WriteRecordDiffersFromFrom);
+  return ok;
+}
+
+} // namespace
+
 bool SemanticChecker::semanticCheck(WriteStatement &statement) {
   IdentifierExpression &record = *statement.getRecordName();
-  const bool isRecordRight =
-      checkRecordName(*this, record, FileDescType::File, ErrorCode::WriteRecordNotDataIdentifier);
-  bool ok = isRecordRight;
-  if (IdentifierExpression *from = statement.getFromIdentifier())
-    ok &= checkFrom(*this, *from, record, isRecordRight, ErrorCode::WriteRecordDiffersFromFrom);
-
-  const FileDescription *file = isRecordRight ? fileOfItem(*record.getDataDescription()) : nullptr;
+  const FileDescription *file = nullptr;
+  bool ok = checkWritten(*this, record, statement.getFromIdentifier(), file);
   WriteAdvancing *advancing = statement.getAdvancing();
   WritePositioning *positioning = statement.getPositioning();
   if (advancing)
@@ -341,11 +341,8 @@ bool SemanticChecker::semanticCheck(WriteStatement &statement) {
 
 bool SemanticChecker::semanticCheck(RewriteStatement &statement) {
   IdentifierExpression &record = *statement.getRecordName();
-  const bool isRecordRight =
-      checkRecordName(*this, record, FileDescType::File, ErrorCode::WriteRecordNotDataIdentifier);
-  bool ok = isRecordRight;
-  if (IdentifierExpression *from = statement.getFromIdentifier())
-    ok &= checkFrom(*this, *from, record, isRecordRight, ErrorCode::WriteRecordDiffersFromFrom);
+  const FileDescription *file = nullptr;
+  bool ok = checkWritten(*this, record, statement.getFromIdentifier(), file);
   markDeclaratives(statement, &record, UseFileMode::InputOutput);
   return OperandCheck(*this).all(statement.getInvalidKeyHandlerElements()) && ok;
 }

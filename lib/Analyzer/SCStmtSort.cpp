@@ -2,11 +2,10 @@
 
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
-#include "AST/Program.h"
 #include "AST/Statement.h"
-#include "Analyzer/TopLevel.h"
 #include "FileOperands.h"
 #include "OperandCheck.h"
+#include "SpecialNames.h"
 #include <optional>
 
 namespace tarka {
@@ -158,17 +157,6 @@ bool isDataName(const FileIdentifierExpression &name) {
   SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
   DataDivision *division = unit->getDataDivision();
   return division && division->findItemByInternedName(&name.getFileName()->getWordData());
-}
-
-/// The ALPHABET clause of the program, or of one around it, that defines \p name; null when there
-/// is none.
-ClauseAlphabet *findAlphabet(const Word &name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  for (; unit; unit = unit->getParent())
-    if (const ParaSpecialNames *specialNames = unit->getSpecialNames())
-      if (ClauseAlphabet *clause = specialNames->findClauseAlphabetByWord(&name))
-        return clause;
-  return nullptr;
 }
 
 } // namespace

@@ -25,34 +25,6 @@ bool isFloat(DataCategory category) {
   return category == DataCategory::ExternalFloat || category == DataCategory::InternalFloat;
 }
 
-/// The messages for an item that cannot count.
-struct CounterMessages {
-  ErrorCode notNumeric;
-  ErrorCode scaled;
-};
-
-/// An item that the statement counts in, or null where the phrase is not written.
-bool checkCounter(SemanticChecker &checker, IdentifierExpression *counter,
-                  CounterMessages messages) {
-  if (!counter)
-    return true;
-  if (!checker.semanticCheck(*counter))
-    return false;
-  if (llvm::isa<FunctionIdentifierExpression>(counter))
-    return checker.report(ErrorCode::FunctionInReceivingArea, counter);
-  switch (counterFaultOf(*counter)) {
-  case CounterFault::None:
-    return true;
-  case CounterFault::NotNumeric:
-    return checker.report(messages.notNumeric, counter);
-  case CounterFault::Scaled:
-    return checker.report(messages.scaled, counter);
-  case CounterFault::NotInteger:
-    break;
-  }
-  return checker.report(ErrorCode::IntegerRequired, counter);
-}
-
 } // namespace
 
 //===----------------------------------------------------------------------===//
@@ -162,8 +134,6 @@ private:
 
 constexpr CounterMessages unstringPointer = {ErrorCode::StringPointerNotNumeric,
                                              ErrorCode::IntegerWithScaledPicture};
-constexpr CounterMessages unstringCounter = {ErrorCode::IntegerRequired,
-                                             ErrorCode::IntegerWithScaledPicture};
 
 bool UnstringCheck::check() {
   bool ok = checkSource();
@@ -172,7 +142,7 @@ bool UnstringCheck::check() {
   for (UnstringIntoItem *item : statement.getIntoListElements())
     ok &= checkInto(*item);
   ok &= checkCounter(checker, statement.getWithPointerId(), unstringPointer);
-  return checkCounter(checker, statement.getTallyingId(), unstringCounter) && ok;
+  return checkCounter(checker, statement.getTallyingId(), integerCounter) && ok;
 }
 
 bool UnstringCheck::checkSource() {
@@ -202,7 +172,7 @@ bool UnstringCheck::checkInto(UnstringIntoItem &item) {
   bool ok = checkTarget(*item.getTargetIdentifier());
   if (IdentifierExpression *delimiter = item.getDelimiter())
     ok &= checkDelimiterTarget(*delimiter, *item.getTargetIdentifier());
-  ok &= checkCounter(checker, item.getCountIdentifier(), unstringCounter);
+  ok &= checkCounter(checker, item.getCountIdentifier(), integerCounter);
   ok &= checkIsDelimited(item.getDelimiter());
   return checkIsDelimited(item.getCountIdentifier()) && ok;
 }

@@ -74,7 +74,6 @@ private:
   bool checkSource();
   bool collectContents(DataDescription &source);
   bool checkNamesUnique(DataDescription &group);
-  bool checkCount();
   bool checkName(XMLNameItem &item);
   bool checkType(XMLTypeItem &item);
   bool checkSuppress(XMLSuppressItem &item);
@@ -88,7 +87,7 @@ private:
 bool XmlGenerateCheck::check() {
   bool ok = checkDocument();
   ok &= checkSource();
-  ok &= checkCount();
+  ok &= checkCounter(checker, statement.getCountIdent(), integerCounter);
   ok &= checkCodePage(checker, statement.getCodePage());
   ok &= checkText(checker, statement.getNameSpaceExpr());
   ok &= checkText(checker, statement.getPrefixExpr());
@@ -189,26 +188,8 @@ bool XmlGenerateCheck::checkSource() {
 }
 
 //===----------------------------------------------------------------------===//
-// COUNT, NAME, TYPE, SUPPRESS
+// NAME, TYPE, SUPPRESS
 //===----------------------------------------------------------------------===//
-
-bool XmlGenerateCheck::checkCount() {
-  IdentifierExpression *count = statement.getCountIdent();
-  if (!count)
-    return true;
-  if (!checker.semanticCheck(*count))
-    return false;
-  if (llvm::isa<FunctionIdentifierExpression>(count))
-    return checker.report(ErrorCode::FunctionInReceivingArea, count);
-  switch (counterFaultOf(*count)) {
-  case CounterFault::None:
-    return true;
-  case CounterFault::Scaled:
-    return checker.report(ErrorCode::IntegerWithScaledPicture, count);
-  default:
-    return checker.report(ErrorCode::IntegerRequired, count);
-  }
-}
 
 /// The source itself or an item below it.
 bool XmlGenerateCheck::checkPartOfSource(IdentifierExpression &identifier) {

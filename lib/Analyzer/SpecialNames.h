@@ -1,7 +1,8 @@
 //===- SpecialNames.h - what the names of SPECIAL-NAMES stand for ---------===//
 //
-// A mnemonic name stands for a device, a switch or a carriage control. The
-// paragraph of a program holds in the programs nested in it as well.
+// A mnemonic name stands for a device, a switch or a carriage control, an
+// alphabet-name for the order of the characters. The paragraph of a program holds in the programs
+// nested in it as well.
 //
 //===----------------------------------------------------------------------===//
 
@@ -13,15 +14,27 @@
 
 namespace tarka {
 
-/// The clause that defines the mnemonic name \p name for the current source unit; null when there
-/// is none.
-inline ClauseEnvName *findMnemonicName(const Word &name) {
+/// The clause that \p find gives for \p name in the SPECIAL-NAMES of the current source unit, or of
+/// the nearest one around it; null when there is none.
+template <typename Clause>
+Clause *findSpecialName(const Word &name,
+                        Clause *(ParaSpecialNames::*find)(const Word *name) const) {
   for (SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit(); unit;
        unit = unit->getParent())
     if (ParaSpecialNames *specialNames = unit->getSpecialNames())
-      if (ClauseEnvName *clause = specialNames->findClauseEnvNameByWord(&name))
+      if (Clause *clause = (specialNames->*find)(&name))
         return clause;
   return nullptr;
+}
+
+/// The clause that defines the mnemonic name \p name; null when there is none.
+inline ClauseEnvName *findMnemonicName(const Word &name) {
+  return findSpecialName(name, &ParaSpecialNames::findClauseEnvNameByWord);
+}
+
+/// The ALPHABET clause that defines \p name; null when there is none.
+inline ClauseAlphabet *findAlphabet(const Word &name) {
+  return findSpecialName(name, &ParaSpecialNames::findClauseAlphabetByWord);
 }
 
 } // namespace tarka

@@ -69,9 +69,10 @@ protected:
     return made;
   }
 
-  static DataDescription *entry(unsigned level, llvm::StringRef dataName,
-                                DataDescription *parent = nullptr, const char *picture = nullptr) {
-    auto *made = new DataDescription(nullptr);
+  template <typename Entry = DataDescription>
+  static Entry *entry(unsigned level, llvm::StringRef dataName, DataDescription *parent = nullptr,
+                      const char *picture = nullptr) {
+    auto *made = new Entry(static_cast<const Node *>(nullptr));
     made->setLevelNum(level);
     made->setDataName(word(dataName));
     if (picture)

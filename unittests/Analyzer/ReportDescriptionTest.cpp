@@ -24,14 +24,7 @@ protected:
   static ReportDataDescription *item(unsigned level, llvm::StringRef dataName,
                                      DataDescription *parent = nullptr,
                                      const char *picture = nullptr) {
-    auto *made = new ReportDataDescription(static_cast<const Node *>(nullptr));
-    made->setLevelNum(level);
-    made->setDataName(word(dataName));
-    if (picture)
-      made->setPicture(new ClausePicture(nullptr, word(picture)));
-    if (parent)
-      parent->addChildren(made);
-    return made;
+    return entry<ReportDataDescription>(level, dataName, parent, picture);
   }
 
   ReportDataDescription *group(llvm::StringRef dataName, ReportGroupType type) {
