@@ -92,6 +92,8 @@ private:
   unsigned copyCount = 0;
   uint64_t tokensAdded = 0;
   Replacer replacer; ///< of REPLACE
+  /// The pairs in effect come last, before them those that they were added to.
+  std::vector<std::vector<Replacement>> replaceStack;
   bool isStopped = false;
   SourceRange stopPlace;
   bool hasBegun = false;
@@ -341,18 +343,35 @@ std::string Preprocessor::chainTo(const SourceFile &file) const {
 // REPLACE, and the pairs of REPLACING
 //===----------------------------------------------------------------------===//
 
-/// REPLACE pairs . and REPLACE OFF .
+/// REPLACE [ALSO] pairs . and REPLACE [LAST] OFF .
+///
+/// With ALSO the pairs go before those in effect, which LAST OFF brings back.
 void Preprocessor::replace(const Token &replaceWord) {
   std::vector<Replacement> pairs;
   Token token;
   readRaw(token);
-  if (token.is(Keyword::Off)) {
+  bool isAlso = token.is(Keyword::Also), isLast = token.is(Keyword::Last);
+  if (isAlso || isLast)
     readRaw(token);
-  } else if (!readReplacements(token, "REPLACE", pairs)) {
+  if (token.is(Keyword::Off) && !isAlso) {
+    readRaw(token);
+    if (isLast && !replaceStack.empty())
+      replaceStack.pop_back();
+    else
+      replaceStack.clear();
+  } else if (!isLast && readReplacements(token, "REPLACE", pairs)) {
+    if (isAlso && !replaceStack.empty())
+      llvm::append_range(pairs, replaceStack.back());
+    if (!isAlso)
+      replaceStack.clear();
+    replaceStack.push_back(std::move(pairs));
+  } else {
+    if (isLast)
+      diagnostics.report(DiagnosticId::Expected, token.place, "OFF", describe(token));
     skipStatement(token);
     return;
   }
-  replacer.setReplacements(std::move(pairs));
+  replacer.setReplacements(replaceStack.empty() ? std::vector<Replacement>() : replaceStack.back());
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::ReplacePeriodExpected, replaceWord.place, describe(token));
     levels.back()->pushBack(token);
