@@ -32,7 +32,9 @@ protected:
 
   /// The tree has no source, so the format does not matter.
   static void dotOf(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view) {
-    printGraphDot(os, module, view, SourceFormat::Fixed);
+    ParseOptions options;
+    options.format = SourceFormat::Fixed;
+    printGraphDot(os, module, view, options);
   }
 
   Tree tree;
