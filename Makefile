@@ -6,12 +6,18 @@ JOBS ?= $(shell nproc)
 .DEFAULT_GOAL := build
 # The builds below use every processor by themselves.
 .NOTPARALLEL:
-.PHONY: help setup build sanitize demo test bench docs install lint format clean
+.PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install lint format clean
+
+# How long `make fuzz` goes on, in seconds, and with which of the fuzzers.
+FUZZ_TIME ?= 3600
+FUZZERS ?= Analyzer Parser Preprocessor Reader
 
 help:
 	@echo "make build     build the release (build/release)"
 	@echo "make demo      check an example program and print its control-flow graph"
 	@echo "make test      build with GCC, and with Clang under the sanitizers; run every test"
+	@echo "make fuzz      let the fuzzers run for FUZZ_TIME seconds (default 3600)"
+	@echo "make fuzz-smoke  let them run for a minute, as make test does too"
 	@echo "make bench     run the measurements"
 	@echo "make docs      write docs/diagnostics.md again, from explanations/"
 	@echo "make install   install below PREFIX (default /usr/local)"
@@ -42,6 +48,16 @@ test: build sanitize
 	@mkdir -p build/all
 	@echo 'subdirs("$(CURDIR)/build/release" "$(CURDIR)/build/sanitize")' > build/all/CTestTestfile.cmake
 	@ctest --test-dir build/all -j $(JOBS) --output-on-failure --no-tests=error
+
+fuzz-smoke: sanitize
+	@ctest --preset sanitize -L fuzz
+
+# Each fuzzer gets its share; one that has found something leaves the rest of it unused.
+fuzz: build/fuzz/build.ninja
+	@cmake --build --preset fuzz -j $(JOBS)
+	@failed=0; for fuzzer in $(FUZZERS); do \
+	  fuzz/run.sh build/fuzz/fuzz/fuzz$$fuzzer $$(($(FUZZ_TIME) / $(words $(FUZZERS)))) || failed=1; \
+	done; exit $$failed
 
 bench: build
 	@bench/run.sh build/release

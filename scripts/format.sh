@@ -5,5 +5,5 @@ cd "$(dirname "$0")/.."
 
 mode="--dry-run -Werror"
 [ "${1:-}" != --fix ] || mode=-i
-find bench include lib tools unittests test \( -name '*.h' -o -name '*.cpp' \) -print0 |
+find bench fuzz include lib tools unittests test \( -name '*.h' -o -name '*.cpp' \) -print0 |
   xargs -0 clang-format-19 $mode

@@ -1,0 +1,89 @@
+//===- Analyzer.cpp - fuzzes the checks, the graph and the printers -------===//
+
+#include "AST/Program.h"
+#include "Analyzer/CFGBuilder.h"
+#include "Analyzer/CFGVerifier.h"
+#include "Analyzer/CompileOption.h"
+#include "Analyzer/ErrorHandler.h"
+#include "Analyzer/SemanticChecker.h"
+#include "Analyzer/TopLevel.h"
+#include "Input.h"
+#include "Parse/Parse.h"
+#include "PrintGraph.h"
+#include "PrintLayout.h"
+#include "PrintTree.h"
+#include "Process.h"
+#include "llvm/Support/raw_ostream.h"
+
+using namespace tarka;
+
+static void setCompileOptions(llvm::StringRef input) {
+  CompileOption *options = CompileOption::getCompileOptionInstance();
+  options->setCheckFileID(fuzz::hasOption(input, "--check-file-id"));
+  options->setOptionDateproc(fuzz::hasOption(input, "--dateproc"));
+  options->setOptionDebug(fuzz::hasOption(input, "--debug"));
+  options->setOptionDual(fuzz::hasOption(input, "--dual"));
+  options->setOptionInit(fuzz::hasOption(input, "--init"));
+  options->setOptionEnableCbltdli(fuzz::hasOption(input, "--enable-cbltdli"));
+  options->setOptionEnableAertdli(fuzz::hasOption(input, "--enable-aertdli"));
+  options->setOptionEnableRw(fuzz::hasOption(input, "--enable-rw"));
+  options->setOptionEnableOsvs(fuzz::hasOption(input, "--enable-osvs"));
+  options->setOptionSeqEbcdic(false);
+}
+
+/// Takes back what the run before left in the compilation context.
+static void resetContext() {
+  TopLevel *context = TopLevel::getTopLevelInstance("MAIN");
+  context->setCurrentSentenceCFGBlock(nullptr);
+  context->setCurrentCFGFunction(nullptr);
+  context->setCurrentSourceUnit(nullptr);
+  context->setCurrentProgram(nullptr);
+  context->setCurrentDescSection(nullptr);
+  context->setCurrentFlatSection(nullptr);
+  context->setHaveNextSentence(false);
+  context->setHaveUPSI(false);
+  context->setIsDecimalPointComma(false);
+  context->setRptDeclCFGFunction(nullptr);
+  if (auto *statements = context->getDummyListUsedMove())
+    statements->clear();
+}
+
+/// What every command of the program does with one compilation, whatever the checks say of it.
+static void analyze(llvm::StringRef input) {
+  setCompileOptions(input);
+  resetContext();
+  ParseOptions options = fuzz::optionsFor(input);
+  FrontEndDiagnostics diagnostics;
+  llvm::ErrorOr<Program *> parsed = parseProgram(fuzz::mainFile, "MAIN", options, diagnostics);
+  if (!parsed)
+    return;
+  Program &program = **parsed;
+
+  ErrorHandler handler;
+  SemanticChecker(&handler).semanticCheck(program);
+  for (const ErrorEntry *entry : handler.getErrorList())
+    entry->print(llvm::nulls());
+  printLayoutText(llvm::nulls(), program);
+  printLayoutJson(llvm::nulls(), program);
+  printTreeText(llvm::nulls(), program, "MAIN");
+  printTreeJson(llvm::nulls(), program, "MAIN");
+
+  CFGModule *module = CFGBuilder().createModule(program);
+  // The graph of a program without errors is whole.
+  if (!diagnostics.hasErrors() && handler.getErrorCount() == 0) {
+    std::vector<CFGFailure> failures = verifyModule(*module);
+    for (const CFGFailure &failure : failures)
+      llvm::errs() << "the graph is wrong: " << failure << '\n';
+    if (!failures.empty())
+      abort();
+  }
+  printGraphText(llvm::nulls(), *module);
+  printGraphJson(llvm::nulls(), *module);
+  printGraphDot(llvm::nulls(), *module, {}, options.format);
+}
+
+extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
+  fuzz::Run run;
+  analyze({reinterpret_cast<const char *>(data), size});
+  return 0;
+}

@@ -1,0 +1,32 @@
+      *> --enable-osvs
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. MAIN.
+       REMARKS. OF OLD.
+       ENVIRONMENT DIVISION.
+       CONFIGURATION SECTION.
+       SPECIAL-NAMES.
+           DECIMAL-POINT IS COMMA CURRENCY SIGN IS 'E'
+           UPSI-0 IS U ON STATUS IS U-ON OFF STATUS IS U-OFF
+           SYMBOLIC CHARACTERS BELL IS 8
+           ALPHABET A IS 'A' THRU 'Z' ALSO '0' CLASS C IS 'A' THRU 'F'.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       77  N PIC 9(4)V9(2) COMP-3.
+       01  T.
+           05  E OCCURS 1 TO 5 DEPENDING ON N ASCENDING KEY F INDEXED I.
+               10  F PIC X.
+                   88  F-A VALUES 'A' THRU 'C' 'X'.
+       66  Q RENAMES T.
+       PROCEDURE DIVISION.
+       A.  NOTE THIS IS ONE.
+       B.
+           EXAMINE T TALLYING ALL 'A' REPLACING BY 'B'.
+           TRANSFORM T FROM 'A' TO 'B'.
+           EXHIBIT NAMED N.
+           ON 1 AND EVERY 2 UNTIL 9 DISPLAY N.
+           IF N = 1,5 DISPLAY N OTHERWISE NEXT SENTENCE.
+           READY TRACE.
+           SEARCH ALL E AT END GO TO A WHEN F (I) = 'A' DISPLAY F (I).
+           ALTER G TO PROCEED TO A.
+       G.
+           GO TO B.
