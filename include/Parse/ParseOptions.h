@@ -30,6 +30,8 @@ struct ParseLimits {
   unsigned copyDepth = 100;
   /// COPY statements carried out in all.
   unsigned copyExpansions = 100'000;
+  /// Megabytes of the copybooks that COPY put in, each counted as often as it was copied.
+  unsigned copiedMegabytes = 256;
   /// By how many tokens REPLACE and REPLACING may make the text longer in all.
   uint64_t replacementTokens = 2'000'000;
   /// >>IF and >>EVALUATE inside one another.

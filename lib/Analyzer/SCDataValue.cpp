@@ -12,6 +12,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "llvm/ADT/APInt.h"
+#include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
@@ -37,12 +38,16 @@ ClauseSymbolic *findSymbolicClause(const Word *name) {
 
 /// The integer that belongs to the symbolic character \p name; null when it is missing.
 NumericLiteralExpression *findOrdinal(const ClauseSymbolic &clause, const Word *name) {
-  for (const PhrsSymbolic *phrase : clause.getSymbolicListElements())
-    for (auto [symbol, ordinal] :
-         llvm::zip(phrase->getSourceListElements(), phrase->getIntegerListElements()))
-      if (symbol->getWordData() == name->getWordData())
-        return ordinal;
-  return nullptr;
+  // A clause is written out by name once, so that many characters can be referred to many times.
+  using Ordinals = llvm::DenseMap<const std::string *, NumericLiteralExpression *>;
+  static auto *known = new llvm::DenseMap<const ClauseSymbolic *, Ordinals>;
+  auto [entry, isNew] = known->try_emplace(&clause);
+  if (isNew)
+    for (const PhrsSymbolic *phrase : clause.getSymbolicListElements())
+      for (auto [symbol, ordinal] :
+           llvm::zip(phrase->getSourceListElements(), phrase->getIntegerListElements()))
+        entry->second.try_emplace(&symbol->getWordData(), ordinal);
+  return entry->second.lookup(&name->getWordData());
 }
 
 /// The literal of one character; \p at is its position.

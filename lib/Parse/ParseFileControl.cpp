@@ -436,7 +436,7 @@ ClauseSame *Parser::parseSame() {
   Node place(begin);
   auto *clause = new ClauseSame(&place, type);
   // That the list must not be empty is a rule of the checker, here and below.
-  while (peek().isUserWord())
+  while (peek().isUserWord() && !atProcedureHeader())
     clause->addFileName(parseFileName());
   clause->setRange(from(begin).getRange());
   return clause;
@@ -452,7 +452,7 @@ ClauseMultipleFile *Parser::parseMultipleFile() {
   accept(Keyword::Contains);
   Node place(begin);
   auto *clause = new ClauseMultipleFile(&place);
-  while (peek().isUserWord()) {
+  while (peek().isUserWord() && !atProcedureHeader()) {
     SourceRange phrase = here();
     FileIdentifierExpression *file = parseFileName();
     NumericLiteralExpression *position = nullptr;
@@ -478,7 +478,7 @@ ClauseApplyWriteOnly *Parser::parseApplyWriteOnly() {
   accept(Keyword::On);
   Node place(begin);
   auto *clause = new ClauseApplyWriteOnly(&place);
-  while (peek().isUserWord())
+  while (peek().isUserWord() && !atProcedureHeader())
     clause->addFileName(parseFileName());
   clause->setRange(from(begin).getRange());
   return clause;

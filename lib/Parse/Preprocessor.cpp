@@ -90,7 +90,12 @@ private:
   std::vector<std::unique_ptr<Level>> levels;
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
+<<<<<<< HEAD
   uint64_t tokensAdded = 0;
+=======
+  uint64_t copiedBytes = 0;
+  uint64_t tokensMade = 0;
+>>>>>>> 5602699 (Copied text is bounded in all; a list of files in I-O-CONTROL ends before a section header; ordinals of symbolic characters are looked up)
   Replacer replacer; ///< of REPLACE
   /// The pairs in effect come last, before them those that they were added to.
   std::vector<std::vector<Replacement>> replaceStack;
@@ -313,6 +318,12 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   }
   if (llvm::any_of(levels, [&](const auto &level) { return &level->file == *file; })) {
     diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(**file));
+    return;
+  }
+  copiedBytes += (*file)->getText().size();
+  if (copiedBytes >> 20 > limits.copiedMegabytes) {
+    diagnostics.report(DiagnosticId::CopiedTextTooLarge, statement.place, limits.copiedMegabytes);
+    stop(statement.place);
     return;
   }
   // Copied text is laid out like the text that copies it, unless its lines show something else.

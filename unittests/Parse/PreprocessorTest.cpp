@@ -79,6 +79,11 @@ TEST_F(PreprocessorTest, CopyingIsBounded) {
   tokens("COPY D0.");
   EXPECT_EQ(reported(), "47@1");
   diagnostics = FrontEndDiagnostics();
+  options.limits.copiedMegabytes = 0;
+  addFile("BIG", std::string(600'000, ' ') + "X");
+  EXPECT_EQ(tokens("COPY BIG. COPY BIG. COPY BIG."), "X");
+  EXPECT_EQ(reported(), "49@1");
+  diagnostics = FrontEndDiagnostics();
   options.limits.copyDepth = 20;
   EXPECT_EQ(tokens("A COPY D0. B"), "A");
   EXPECT_EQ(reported(), "46@1");
