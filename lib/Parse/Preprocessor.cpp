@@ -90,12 +90,8 @@ private:
   std::vector<std::unique_ptr<Level>> levels;
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
-<<<<<<< HEAD
-  uint64_t tokensAdded = 0;
-=======
   uint64_t copiedBytes = 0;
-  uint64_t tokensMade = 0;
->>>>>>> 5602699 (Copied text is bounded in all; a list of files in I-O-CONTROL ends before a section header; ordinals of symbolic characters are looked up)
+  uint64_t tokensAdded = 0;
   Replacer replacer; ///< of REPLACE
   /// The pairs in effect come last, before them those that they were added to.
   std::vector<std::vector<Replacement>> replaceStack;
@@ -321,7 +317,7 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     return;
   }
   copiedBytes += (*file)->getText().size();
-  if (copiedBytes >> 20 > limits.copiedMegabytes) {
+  if (copiedBytes > uint64_t(limits.copiedMegabytes) << 20) {
     diagnostics.report(DiagnosticId::CopiedTextTooLarge, statement.place, limits.copiedMegabytes);
     stop(statement.place);
     return;

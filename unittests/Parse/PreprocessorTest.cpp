@@ -79,7 +79,7 @@ TEST_F(PreprocessorTest, CopyingIsBounded) {
   tokens("COPY D0.");
   EXPECT_EQ(reported(), "47@1");
   diagnostics = FrontEndDiagnostics();
-  options.limits.copiedMegabytes = 0;
+  options.limits.copiedMegabytes = 1;
   addFile("BIG", std::string(600'000, ' ') + "X");
   EXPECT_EQ(tokens("COPY BIG. COPY BIG. COPY BIG."), "X");
   EXPECT_EQ(reported(), "49@1");
