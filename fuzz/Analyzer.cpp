@@ -79,7 +79,7 @@ static void analyze(llvm::StringRef input) {
   }
   printGraphText(llvm::nulls(), *module);
   printGraphJson(llvm::nulls(), *module);
-  printGraphDot(llvm::nulls(), *module, {}, options.format);
+  printGraphDot(llvm::nulls(), *module, {}, options);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const uint8_t *data, size_t size) {
