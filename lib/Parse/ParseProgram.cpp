@@ -188,9 +188,17 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
   }
 
   // The paragraphs with comment-entries; the stream leaves out their texts.
-  while (flagsOf(peek().keyword) & KF_CommentParagraph) {
-    stream.skip();
-    accept(TokenKind::Period);
+  for (;;) {
+    if (flagsOf(peek().keyword) & KF_CommentParagraph) {
+      stream.skip();
+      accept(TokenKind::Period);
+    } else if (!options.osvs && peek().text == textOf(Keyword::Remarks)) {
+      error(DiagnosticId::OsvsStatement, here(), peek().text);
+      stream.skip();
+      stream.skipCommentEntry();
+    } else {
+      break;
+    }
   }
   if (!atUnitBoundary()) {
     error(DiagnosticId::Expected, here(), "a division", describe(peek()));

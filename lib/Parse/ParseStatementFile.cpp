@@ -213,6 +213,12 @@ bool Parser::parseWriteAdvancing(WriteStatement &write) {
     write.setPositioning(make<WritePositioning>(begin, amount));
     return true;
   }
+  // Without the option of OS/VS COBOL the word may name a data item.
+  if (!options.osvs && peek().text == textOf(Keyword::Positioning) &&
+      (peek(1).isNumber() || peek(1).isUserWord())) {
+    error(DiagnosticId::OsvsStatement, here(), peek().text);
+    return false;
+  }
   accept(Keyword::Advancing);
   if (accept(Keyword::Page)) {
     write.setAdvancing(make<WriteAdvancing>(begin, WriteAdvType::Page, nullptr, isBefore));
