@@ -18,6 +18,9 @@
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
+#ifdef TARKA_MIMALLOC
+#include <mimalloc.h>
+#endif
 
 namespace tarka {
 
@@ -200,6 +203,10 @@ int Compilation::printTree() {
 
 /// Does \p work, which is one compilation, in a thread with stack enough.
 void compile(llvm::function_ref<void()> work) {
+#ifdef TARKA_MIMALLOC
+  // The elements of lists lie on huge pages, as the tree itself does.
+  mi_option_enable(mi_option_large_os_pages);
+#endif
   llvm::thread worker(std::optional<unsigned>(stackSize), work);
   worker.join();
 }
