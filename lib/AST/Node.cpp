@@ -19,7 +19,6 @@ class SlabAllocator : public llvm::AllocatorBase<SlabAllocator> {
 public:
   using AllocatorBase::Allocate;
   using AllocatorBase::Deallocate;
-  void Reset() {}
   void *Allocate(std::size_t size, std::size_t alignment) {
     constexpr std::size_t hugePage = std::size_t(1) << 21;
     if (size % hugePage != 0)

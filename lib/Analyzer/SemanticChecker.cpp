@@ -134,6 +134,7 @@ void SemanticChecker::makeCallable(SourceUnit &unit) {
       setCallableSource(*sibling, unit.getSourceUnitName());
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is part of the interface.
 bool SemanticChecker::setCallableSource(SourceUnit &unit, std::string name) {
   unit.addCallableList(name);
   for (SourceUnit *nested : unit.getNestedListElements())
