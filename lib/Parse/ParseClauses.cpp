@@ -28,6 +28,7 @@ bool Parser::atPartHeader() {
   case Keyword::Environment:
   case Keyword::Data:
   case Keyword::Procedure:
+  case Keyword::Division:
   case Keyword::End:
     return atUnitBoundary();
   case Keyword::SourceComputer:

@@ -15,9 +15,8 @@ DataDivision *Parser::parseDataDivision() {
   Node place(begin);
   auto *division = new DataDivision(&place);
   unit->setDataDivision(division);
-  if (peek(1).is(Keyword::Division)) {
-    stream.skip();
-    stream.skip();
+  if (atDivision(Keyword::Data)) {
+    takeDivisionHeader(Keyword::Data);
     expectPeriod();
   }
   std::bitset<sectionKinds> seen;

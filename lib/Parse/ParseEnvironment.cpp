@@ -16,8 +16,7 @@ static constexpr Keyword environmentHeaders[] = {
 /// there while reading goes on.
 EnvironmentDivision *Parser::parseEnvironmentDivision() {
   SourceRange begin = here();
-  accept(Keyword::Environment);
-  accept(Keyword::Division);
+  takeDivisionHeader(Keyword::Environment);
   expectPeriod();
   Node place(begin);
   auto *division = new EnvironmentDivision(&place);
@@ -33,11 +32,8 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
       parseEnvironmentPart(*division, header);
       continue;
     }
-    bool isDivision =
-        peek(1).is(Keyword::Division) && misspeltHeader(Keyword::Data) != Keyword::None;
-    if (isDivision || atDataSection()) {
-      if (!isDivision)
-        error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
+    if (atDataSection()) {
+      error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
       parseDataDivision();
       break;
     }
@@ -56,7 +52,7 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
 /// The one of \p headers that a word followed as a header is was meant to be, with a message; None
 /// when it is like none of them.
 Keyword Parser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
-  if (!peek(1).isOneOf(Keyword::Section, Keyword::Division) && !peek(1).is(TokenKind::Period))
+  if (!peek(1).is(Keyword::Section) && !peek(1).is(TokenKind::Period))
     return Keyword::None;
   Keyword meant = nearestKeyword(peek().text, headers);
   if (meant != Keyword::None)

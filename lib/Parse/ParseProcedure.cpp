@@ -45,8 +45,7 @@ ProcedureDivision *Parser::parseProcedureDivision() {
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
 void Parser::parseProcedureHeader(ProcedureDivision &division) {
   SourceRange header = here();
-  accept(Keyword::Procedure);
-  accept(Keyword::Division);
+  takeDivisionHeader(Keyword::Procedure);
   header = from(header).getRange();
   bool isRead = true;
   if (accept(Keyword::Using)) {

@@ -31,7 +31,7 @@ Program *Parser::parse(llvm::StringRef inputName) {
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
       while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) &&
-             !atDivision(Keyword::Id) && !atSequence(Keyword::ProgramId, TokenKind::Period))
+             !atSequence(Keyword::ProgramId, TokenKind::Period))
         stream.skip();
       continue;
     }
@@ -50,11 +50,59 @@ Program *Parser::parse(llvm::StringRef inputName) {
 bool Parser::atUnitBoundary() {
   if (at(TokenKind::EndOfFile))
     return true;
-  if (peek(1).is(Keyword::Division))
-    return at(Keyword::Identification, Keyword::Id, Keyword::Environment, Keyword::Data,
-              Keyword::Procedure);
-  return atSequence(Keyword::End, Keyword::Program) ||
+  return divisionAt() != Keyword::None || atSequence(Keyword::End, Keyword::Program) ||
          atSequence(Keyword::ProgramId, TokenKind::Period);
+}
+
+/// The division whose header is next, also where a word of the header is misspelt or missing or its
+/// words are exchanged: a division that nobody sees would cost a message for each of its lines.
+Keyword Parser::divisionAt() {
+  static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
+                                          Keyword::Data, Keyword::Procedure};
+  Keyword first = peek().keyword;
+  if (first == Keyword::Id)
+    return peek(1).is(Keyword::Division) ? Keyword::Identification : Keyword::None;
+  if (llvm::is_contained(divisions, first)) {
+    if (peek(1).is(Keyword::Division))
+      return first;
+    bool isHeader = peek().isFirstOnLine() && peek().isInAreaA() &&
+                    (atMisspeltDivision(1) || atSequence(Keyword::Procedure, TokenKind::Period) ||
+                     atSequence(Keyword::Procedure, Keyword::Using));
+    return isHeader ? first : Keyword::None;
+  }
+  if (first == Keyword::Division && peek().isFirstOnLine()) {
+    if (llvm::is_contained(divisions, peek(1).keyword))
+      return peek(1).keyword;
+    bool isLast = peek(1).is(Keyword::Using) ||
+                  (peek(1).is(TokenKind::Period) && unit && unit->getDataDivision());
+    return isLast ? Keyword::Procedure : Keyword::None;
+  }
+  if (peek().isUserWord() && peek().isFirstOnLine() && peek(1).is(Keyword::Division))
+    return nearestKeyword(peek().text, divisions);
+  return Keyword::None;
+}
+
+/// Whether the word \p n places on is DIVISION misspelt.
+bool Parser::atMisspeltDivision(unsigned n) {
+  return peek(n).isUserWord() && nearestKeyword(peek(n).text, Keyword::Division) != Keyword::None;
+}
+
+/// The header of \p division, which divisionAt() gave, up to its period.
+void Parser::takeDivisionHeader(Keyword division) {
+  if (accept(Keyword::Division)) {
+    error(DiagnosticId::Expected, stream.getLastPlace(), (textOf(division) + " DIVISION").str(),
+          "'DIVISION'");
+    accept(division);
+    return;
+  }
+  if (!at(division) && !at(Keyword::Id))
+    error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(division));
+  stream.skip();
+  if (accept(Keyword::Division))
+    return;
+  expected(textOf(Keyword::Division));
+  if (atMisspeltDivision(0))
+    stream.skip();
 }
 
 //===----------------------------------------------------------------------===//
@@ -90,8 +138,8 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
       parseEndProgram(current);
       break;
     }
-    bool anotherProgram = atDivision(Keyword::Identification) || atDivision(Keyword::Id) ||
-                          atSequence(Keyword::ProgramId, TokenKind::Period);
+    bool anotherProgram =
+        atDivision(Keyword::Identification) || atSequence(Keyword::ProgramId, TokenKind::Period);
     if (anotherProgram) {
       // Without END PROGRAM before it, the program that follows is nested in this one; that needs
       // an END PROGRAM of its own and another one for this program.
@@ -124,15 +172,23 @@ void Parser::parseEndProgram(SourceUnit *current) {
   accept(Keyword::End);
   accept(Keyword::Program);
   auto bareName = [](llvm::StringRef name) { return name.trim("\"'"); };
+  unsigned errors = diagnostics.getErrorCount();
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
-    if (!bareName(peek().spelling).equals_insensitive(bareName(current->getSourceUnitName())))
-      error(DiagnosticId::EndProgramNameDiffers, here(), bareName(peek().spelling),
-            bareName(current->getSourceUnitName()));
+    llvm::StringRef name = bareName(current->getSourceUnitName());
+    // A program whose name could not be read has had its message.
+    if (!name.empty() && !bareName(peek().spelling).equals_insensitive(name))
+      error(DiagnosticId::EndProgramNameDiffers, here(), bareName(peek().spelling), name);
     stream.skip();
   } else {
     expected("the name of the program that ends");
+    accept(TokenKind::Period);
   }
-  expect(TokenKind::Period);
+  // One message is enough for a line.
+  if (diagnostics.getErrorCount() == errors)
+    expectHeaderPeriod();
+  else
+    while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
+      stream.skip();
 }
 
 //===----------------------------------------------------------------------===//
@@ -141,15 +197,25 @@ void Parser::parseEndProgram(SourceUnit *current) {
 
 IdentificationDivision *Parser::parseIdentificationDivision() {
   SourceRange begin = here();
-  if (acceptAny(Keyword::Identification, Keyword::Id)) {
-    expect(Keyword::Division);
-    expect(TokenKind::Period);
+  if (atDivision(Keyword::Identification)) {
+    takeDivisionHeader(Keyword::Identification);
+    expectPeriod();
   }
 
   // PROGRAM-ID. name IS COMMON INITIAL RECURSIVE PROGRAM.
   SourceRange idBegin = here();
   ProgramIdParagraph *programId = nullptr;
-  if (accept(Keyword::ProgramId)) {
+  bool hasProgramId = accept(Keyword::ProgramId);
+  bool isReported = !hasProgramId;
+  if (isReported) {
+    expected("PROGRAM-ID");
+    // A word that stands there as a header is that one misspelt.
+    hasProgramId = peek().isWord() && peek(1).is(TokenKind::Period) && !atUnitBoundary() &&
+                   !(flagsOf(peek().keyword) & KF_CommentParagraph);
+    if (hasProgramId)
+      stream.skip();
+  }
+  if (hasProgramId) {
     accept(TokenKind::Period);
     Word *name = nullptr;
     if (at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral) || peek().isWord()) {
@@ -182,7 +248,6 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
       skipPastPeriod();
     }
   } else {
-    expected("PROGRAM-ID");
     Node at(idBegin);
     programId = new ProgramIdParagraph(&at, new Word(&at, "", ""), ProgramIdType::None);
   }
@@ -201,7 +266,8 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
     }
   }
   if (!atUnitBoundary()) {
-    error(DiagnosticId::Expected, here(), "a division", describe(peek()));
+    if (!isReported)
+      expected("a division");
     while (!atUnitBoundary())
       stream.skip();
   }

@@ -151,7 +151,10 @@ private:
 
   SourceUnit *parseSourceUnit(SourceUnit *outer);
   IdentificationDivision *parseIdentificationDivision();
-  bool atDivision(Keyword which) { return peek().is(which) && peek(1).is(Keyword::Division); }
+  bool atDivision(Keyword which) { return divisionAt() == which; }
+  Keyword divisionAt();
+  bool atMisspeltDivision(unsigned n);
+  void takeDivisionHeader(Keyword division);
   /// Whether any division header, END PROGRAM or the end of the file is next.
   bool atUnitBoundary();
   void parseEndProgram(SourceUnit *unit);

@@ -261,7 +261,12 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   }
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
-    levels.back()->pushBack(token);
+    // What else stands in its line says no more.
+    while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile) && !token.isFirstOnLine() &&
+           !token.isVerb())
+      readRaw(token);
+    if (!token.is(TokenKind::Period))
+      levels.back()->pushBack(token);
   }
   return true;
 }
