@@ -178,7 +178,9 @@ Statement *Parser::parseStart() {
     accept(Keyword::Key);
     accept(Keyword::Is);
     auto relation = parseStartRelation();
-    IdentifierExpression *name = relation ? parseIdentifier("the data-name of the key") : nullptr;
+    if (!relation)
+      return nullptr;
+    IdentifierExpression *name = parseIdentifier("the data-name of the key");
     if (!name)
       return nullptr;
     start->setKey(make<StartKey>(keyBegin, *relation, name));
