@@ -131,11 +131,17 @@ bool isFiller(const DataDescription &entry) {
   return !entry.getDataName() || entry.getDataName()->getWordData() == "FILLER";
 }
 
-/// What stands below the source and yet not in the document: another view of the same storage, and
-/// items without a name to call an element by.
+/// Slack bytes are entries like any other, but stand nowhere in the source.
+bool isSlack(const DataDescription &entry) {
+  return entry.getBeginLineNo() == 0 && entry.getDataName() &&
+         entry.getDataName()->getWordData() == "SLACK-BYTES";
+}
+
+/// What stands below the source and yet not in the document: another view of the same storage,
+/// items without a name to call an element by, and slack bytes.
 bool isLeftOut(const DataDescription &entry) {
   return entry.getLevelNum() == 66 || entry.getLevelNum() == 88 || entry.isRedefineSubject() ||
-         (isFiller(entry) && !entry.hasSubordinateData());
+         isSlack(entry) || (isFiller(entry) && !entry.hasSubordinateData());
 }
 
 /// Items without a name can stand side by side, others could not be told apart in the document.
