@@ -22,8 +22,8 @@ I-O-CONTROL.
     SAME RECORD AREA FOR STOCK PAPER.
 *> CHECK:      EnvironmentDivision <7:1-{{.*}}>
 *> CHECK:      ParaSourceComputer <9:1-{{.*}}> name=IBM-390 debuggingMode
-*> CHECK:      ClauseEnvName <11:5-{{.*}}> name=UPSI-0 mnemonicName=SWITCH-0 offCondition=IS-OFF
-*> CHECK:      ClauseAlphabet <12:{{.*}}> name=LETTERS
+*> CHECK:      ClauseEnvName <11:5-{{.*}}> name=UPSI-0 type=switch mnemonicName=SWITCH-0 offCondition=IS-OFF
+*> CHECK:      ClauseAlphabet <12:{{.*}}> name=LETTERS lowValue=65 highValue=255
 *> CHECK:        through: NonNumericLiteralExpression <12:34-12:36> value="Z" category=alphanumeric
 *> CHECK:        also: NonNumericLiteralExpression {{.*}}
 *> CHECK:      PhrsSymbolic <13:{{.*}}> names=[BELL]
@@ -54,7 +54,7 @@ WORKING-STORAGE SECTION.
 *> CHECK:        dependingOn: DataIdentifierExpression <50:{{.*}}> name=N {{.*}}
 *> CHECK:        Key <50:{{.*}}> order=ASCENDING
 *> CHECK:        index: DataIdentifierExpression <50:{{.*}}> name=RX{{.*}}
-*> CHECK:      DataDescription <51:{{.*}}> level=10 name=K {{.*}} sign=LEADING separateSign
+*> CHECK:      DataDescription <51:{{.*}}> level=10 name=K {{.*}} sign=LEADING separateSign offset=0 hasValue
 *> CHECK:      conditionName: DataDescription <52:{{.*}}> level=88 name=ODD {{.*}}
 *> CHECK:        PhraseValue <52:{{.*}}>
 *> CHECK:        through: NumericLiteralExpression <52:34-52:34> value=3 {{.*}}

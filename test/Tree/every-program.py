@@ -2,7 +2,7 @@
 
     every-program.py TARKA DIRECTORY...
 
-Both forms must come out whole: as many nodes in the JSON as lines in the text.
+Both forms must come out whole: as many nodes in the JSON as lines in the text, and no field twice.
 """
 
 import concurrent.futures
@@ -23,6 +23,14 @@ def count(node):
     return total
 
 
+def one_of_each(pairs):
+    """An object in which every field stands once."""
+    fields = dict(pairs)
+    if len(fields) < len(pairs):
+        raise ValueError(f"a field stands twice among {[name for name, value in pairs]}")
+    return fields
+
+
 def look_at(tarka, source):
     def run(form):
         command = [tarka, "ast", "--keep-going", "--format=" + form, "--enable-rw", str(source)]
@@ -31,7 +39,11 @@ def look_at(tarka, source):
     text, tree = run("text"), run("json")
     if text.returncode not in (0, 1) or tree.returncode not in (0, 1):
         return f"{source}: ends with {text.returncode} and {tree.returncode}"
-    lines, nodes = text.stdout.count(b"\n"), count(json.loads(tree.stdout))
+    try:
+        root = json.loads(tree.stdout, object_pairs_hook=one_of_each)
+    except ValueError as problem:
+        return f"{source}: {problem}"
+    lines, nodes = text.stdout.count(b"\n"), count(root)
     return None if lines == nodes else f"{source}: {lines} lines, but {nodes} nodes"
 
 

@@ -56,6 +56,11 @@ public:
   void number(llvm::StringRef name, std::int64_t value) override {
     os << ' ' << name << '=' << value;
   }
+  void numbers(llvm::StringRef name, llvm::ArrayRef<std::int64_t> values) override {
+    os << ' ' << name << "=[";
+    llvm::interleaveComma(values, os);
+    os << ']';
+  }
   void flag(llvm::StringRef name) override { os << ' ' << name; }
   void target(llvm::StringRef name, const TreeTarget &to) override {
     os << ' ' << name << '=';
@@ -131,6 +136,12 @@ public:
     });
   }
   void number(llvm::StringRef name, std::int64_t value) override { json.attribute(name, value); }
+  void numbers(llvm::StringRef name, llvm::ArrayRef<std::int64_t> values) override {
+    json.attributeArray(name, [&] {
+      for (std::int64_t value : values)
+        json.value(value);
+    });
+  }
   void flag(llvm::StringRef name) override { json.attribute(name, true); }
   void target(llvm::StringRef name, const TreeTarget &to) override {
     json.attributeBegin(name);
@@ -206,6 +217,10 @@ void TreePrinter::print(llvm::StringRef role, SourceUnit &unit) {
   flag("common", id.getType() == ProgramIdType::Common);
   flag("initial", id.getType() == ProgramIdType::Initial || id.isInitial());
   flag("recursive", id.getType() == ProgramIdType::Recursive || id.isRecursive());
+  llvm::SmallVector<llvm::StringRef, 8> callable(unit.getCallableList().begin(),
+                                                 unit.getCallableList().end());
+  if (!callable.empty())
+    sink.texts("callable", callable);
   one("", unit.getEnvironmentDivision());
   one("", unit.getDataDivision());
   one("", unit.getProcDivision());
@@ -245,6 +260,7 @@ void TreePrinter::print(llvm::StringRef role, ReportDescription &report) {
   Open node(sink, role, "ReportDescription", report.getRange());
   name("name", report.getReportName());
   flag("global", report.getGlobal() != nullptr);
+  properties(report);
   clauses(report);
   for (auto record = report.getRecordListBegin(); record != report.getRecordListEnd(); ++record)
     print("", **record);
@@ -265,16 +281,18 @@ void TreePrinter::print(llvm::StringRef role, DataDescription &entry) {
       sink.number("digits", picture->getDigitNum());
       sink.number("scale", picture->getScale());
     }
+    if (LiteralExpression *sign = picture->getCurrencySymbolLiteral())
+      sink.text("currencySign", literalText(*sign));
   }
-  if (DataDescription *object = entry.getRedefineObject())
-    sink.target("redefines", {entryName(*object), placeOf(*object)});
+  this->entry("redefines", entry.getRedefineObject());
   if (entry.getAccessWay())
     sink.number("accessWay", entry.getAccessWay());
   flag("compilerMade", isMadeByCompiler(entry));
   properties(entry);
   auto *reportEntry =
       entry.getType() == DescType::Report ? static_cast<ReportDataDescription *>(&entry) : nullptr;
-  flag("groupIndicate", reportEntry && reportEntry->isGroupIndicate());
+  if (reportEntry)
+    properties(*reportEntry);
   clauses(entry);
   if (reportEntry)
     clauses(*reportEntry);

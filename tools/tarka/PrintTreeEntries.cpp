@@ -6,6 +6,7 @@
 #include "AST/ReportDescription.h"
 #include "LayoutModel.h"
 #include "TreePrinter.h"
+#include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
 
@@ -22,8 +23,26 @@ constexpr llvm::StringLiteral orders[] = {"ASCENDING", "DESCENDING"};
 constexpr llvm::StringLiteral groupTypes[] = {
     "REPORT HEADING",  "PAGE HEADING", "CONTROL HEADING", "DETAIL",
     "CONTROL FOOTING", "PAGE FOOTING", "REPORT FOOTING"};
+constexpr llvm::StringLiteral environmentNames[] = {"device", "switch", "carriage"};
+constexpr llvm::StringLiteral columnParts[] = {"LEFT", "CENTER", "RIGHT"};
+constexpr llvm::StringLiteral presentTimes[] = {"", "PAGE", "control", "control OR PAGE",
+                                                "PAGE OR control"};
 
 } // namespace
+
+void TreePrinter::entry(llvm::StringRef role, const DataDescription *to) {
+  if (to)
+    sink.target(role, {entryName(*to), placeOf(*to)});
+}
+
+template <typename Entry>
+void TreePrinter::entries(llvm::StringRef role, const std::list<Entry *> &list) {
+  llvm::SmallVector<TreeTarget, 8> targets;
+  for (const DataDescription *to : list)
+    targets.push_back({entryName(*to), placeOf(*to)});
+  if (!targets.empty())
+    sink.targets(role, targets);
+}
 
 //===----------------------------------------------------------------------===//
 // Environment
@@ -66,6 +85,8 @@ void TreePrinter::print(llvm::StringRef role, ParaSpecialNames &names) {
   for (ClauseEnvName *clause : names.getEnvNameListElements()) {
     Open inner(sink, "", "ClauseEnvName", clause->getRange());
     name("name", clause->getEnvironmentName());
+    if (clause->getEnvNameType() != EnvNameType::Unknown)
+      sink.text("type", nameOf(environmentNames, clause->getEnvNameType()));
     name("mnemonicName", clause->getMnemonicName());
     name("onCondition", clause->getOnCondition());
     name("offCondition", clause->getOffCondition());
@@ -75,6 +96,8 @@ void TreePrinter::print(llvm::StringRef role, ParaSpecialNames &names) {
     name("name", clause->getAlphabetName());
     if (llvm::StringRef type = nameOf(alphabets, clause->getType()); !type.empty())
       sink.text("type", type);
+    sink.number("lowValue", static_cast<unsigned char>(clause->getLowValue()));
+    sink.number("highValue", static_cast<unsigned char>(clause->getHighValue()));
     for (PhrsAlphabet *phrase : clause->getAlphaListElements()) {
       Open part(sink, "", "PhrsAlphabet", phrase->getRange());
       operand("from", phrase->getLiteral());
@@ -118,21 +141,37 @@ void TreePrinter::print(llvm::StringRef role, ParaFileControl &file) {
     sink.text("access", nameOf(accessModes, access->getType()));
   if (ClauseRecordDelimiter *delimiter = file.getRecordDelimiter())
     name("recordDelimiter", delimiter->getName());
-  // The names and literals of ASSIGN are for the system alone; their place says which they are.
-  if (ClauseAssign *assign = file.getAssign())
+  if (ClauseAssign *assign = file.getAssign()) {
     Open inner(sink, "", "ClauseAssign", assign->getRange());
+    for (Node *assignment : assign->getAssignmentListElements()) {
+      // Words and literals have no common base but Node, which has no kind code.
+      if (auto *word = dynamic_cast<Word *>(assignment)) {
+        Open part(sink, "", "Word", word->getRange());
+        name("name", word);
+      } else {
+        operand("", static_cast<LiteralExpression *>(assignment));
+      }
+    }
+  }
   if (ClauseReserve *reserve = file.getReserve())
     operand("reserve", reserve->getReserveCount());
   if (ClausePadding *padding = file.getPadding())
     operand("padding", padding->getCharacter());
-  if (ClauseRecordKey *key = file.getRecordKey())
+  auto password = [&](ClausePassWord *clause) {
+    if (clause)
+      operand("password", clause->getDataName());
+  };
+  if (ClauseRecordKey *key = file.getRecordKey()) {
     operand("recordKey", key->getDataName());
+    password(key->getPassWord());
+  }
   if (ClauseRelativeKey *key = file.getRelativeKey())
     operand("relativeKey", key->getDataName());
-  for (ClauseAlternate *key : file.getAlternateListElements())
+  for (ClauseAlternate *key : file.getAlternateListElements()) {
     operand(key->isDuplicates() ? "alternateKey duplicates" : "alternateKey", key->getDataName());
-  if (ClausePassWord *password = file.getPassWord())
-    operand("password", password->getDataName());
+    password(key->getPassWord());
+  }
+  password(file.getPassWord());
   if (ClauseStatus *status = file.getStatus()) {
     operand("status", status->getStatus_1());
     operand("status", status->getStatus_2());
@@ -184,6 +223,20 @@ void TreePrinter::clauses(FileDescription &file) {
     name("codeSet", codeSet->getAlphabetName());
   if (ClauseDataRecord *records = file.getDataRecord())
     words("dataRecords", records->getNameListElements());
+  if (ParaFileControl *control = file.getFileControl())
+    sink.target("fileControl", {control->getFileName()->getDisplayName(), control->getRange()});
+  entry("linageCounter", file.getLineageCounter());
+  if (ClauseLabel *label = file.getLabel())
+    for (Expression *record : label->getDataNameListElements())
+      operand("labelRecord", record);
+  if (ClauseValueOf *values = file.getValueOf()) {
+    Open inner(sink, "", "ClauseValueOf", values->getRange());
+    for (ValueOfElem *element : values->getFileValueOfElemListElements()) {
+      Open part(sink, "", "ValueOfElem", element->getRange());
+      name("name", element->getFieldId());
+      operand("is", element->getFieldIdLiteral());
+    }
+  }
   if (ClauseBlock *block = file.getBlock()) {
     Open inner(sink, "", "ClauseBlock", block->getRange());
     sink.text("unit", nameOf(blockUnits, block->getUnit()));
@@ -193,6 +246,7 @@ void TreePrinter::clauses(FileDescription &file) {
   if (ClauseRecord *record = file.getRecord()) {
     Open inner(sink, "", "ClauseRecord", record->getRange());
     flag("varying", record->getIsVarying());
+    flag("fromRecords", record->getForDetermineV());
     operand("min", record->getMinLength());
     operand("max", record->getMaxLength());
     operand("dependingOn", record->getDependingOn());
@@ -219,7 +273,10 @@ void TreePrinter::properties(DataDescription &entry) {
   flag("global", entry.getGlobal() != nullptr);
   flag("justified", entry.getJustified() != nullptr);
   flag("blankWhenZero", entry.getBlankZero() != nullptr);
-  flag("synchronized", entry.getSynchronized() != nullptr);
+  if (ClauseSynchronized *clause = entry.getSynchronized()) {
+    sink.flag("synchronized");
+    name("synchronizedSide", clause->getWord());
+  }
   flag("groupUsageNational", entry.getGroupUsage() != nullptr);
   flag("volatile", entry.getVolatile() != nullptr);
   if (ClauseSign *sign = entry.getSign()) {
@@ -228,6 +285,19 @@ void TreePrinter::properties(DataDescription &entry) {
   }
   if (ClauseDateFormat *format = entry.getDateFormat())
     name("dateFormat", format->getPatten());
+
+  // What the checks found out.
+  if (entry.getOffsetSize() >= 0 && entry.getType() == DescType::Data)
+    sink.number("offset", entry.getOffsetSize());
+  flag("hasValue", entry.haveValue());
+  flag("synchronizedTable", entry.getOccursSync());
+  flag("dualVariable", entry.isDualVar());
+  entries("reportItems", entry.getGenDEElements());
+  llvm::SmallVector<TreeTarget, 2> reports;
+  for (auto report = entry.getUsedRDListBegin(); report != entry.getUsedRDListEnd(); ++report)
+    reports.push_back({(*report)->getReportName()->getDisplayName(), (*report)->getRange()});
+  if (!reports.empty())
+    sink.targets("usedByReports", reports);
 }
 
 /// The clauses with operands, which are nodes below their entry.
@@ -246,6 +316,8 @@ void TreePrinter::clauses(DataDescription &entry) {
     for (DataIdentifierExpression *index : occurs->getIndexListElements())
       operand("index", index);
   }
+  if (ClauseRedefines *redefines = entry.getRedefines())
+    operand("redefines", redefines->getData());
   if (ClauseRenames *renames = entry.getRenames()) {
     operand("renames", renames->getFromData());
     operand("through", renames->getToData());
@@ -270,7 +342,29 @@ void TreePrinter::print(llvm::StringRef role, ClauseValue &value) {
 // Reports
 //===----------------------------------------------------------------------===//
 
+void TreePrinter::properties(ReportDescription &report) {
+  if (FileDescription *file = report.getFileDescription())
+    sink.target("writtenTo", {file->getFileName()->getDisplayName(), file->getRange()});
+  if (ClauseStyle *style = report.getRdStyleClause())
+    words("styles", style->getStyleListElements());
+  if (report.getDeclIndexCnt())
+    sink.number("reportingProcedures", report.getDeclIndexCnt());
+
+  // The groups by their types.
+  entries("reportHeadings", report.getRHDescListElements());
+  entries("pageHeadings", report.getPHDescListElements());
+  entries("controlHeadings", report.getCHDescListElements());
+  entries("details", report.getDEDescListElements());
+  entries("controlFootings", report.getCFDescListElements());
+  entries("pageFootings", report.getPFDescListElements());
+  entries("reportFootings", report.getRFDescListElements());
+}
+
 void TreePrinter::clauses(ReportDescription &report) {
+  if (ClauseAllow *allow = report.getAllowClause()) {
+    Open inner(sink, "", "ClauseAllow", allow->getRange());
+    flag("not", !allow->isAllowed());
+  }
   if (ClauseCode *code = report.getCodeClause())
     operand("code", code->getCodeExpr());
   if (ClauseLineLimit *limit = report.getLineLimitClause())
@@ -280,6 +374,10 @@ void TreePrinter::clauses(ReportDescription &report) {
     flag("final", control->getControlOption() == ControlOption::Final);
     for (IdentifierExpression *item : control->getControlIdListElements())
       operand("", item);
+  }
+  if (ClauseOverflow *overflow = report.getOverflowClause()) {
+    Open inner(sink, "", "ClauseOverflow", overflow->getRange());
+    operand("", overflow->getLiteral());
   }
   if (ClausePageLimit *page = report.getPageLimitClause()) {
     Open inner(sink, "", "ClausePageLimit", page->getRange());
@@ -293,11 +391,30 @@ void TreePrinter::clauses(ReportDescription &report) {
   }
 }
 
+/// The clauses of few words, then how the checks lay the page out.
+void TreePrinter::properties(ReportDataDescription &entry) {
+  flag("groupIndicate", entry.isGroupIndicate());
+  flag("multiplePages", entry.getMultipleClause() != nullptr);
+  if (ClauseStyle *style = entry.getStyleClause())
+    words("styles", style->getStyleListElements());
+  if (entry.getDeclIndex())
+    sink.number("reportingProcedure", entry.getDeclIndex());
+  this->entry("lineEntry", entry.getCurrLineDesc());
+  this->entry("head", entry.getCurrHeadDesc());
+  this->entry("headBefore", entry.getPrevHeadDesc());
+  entries("lines", entry.getLineDescListElements());
+  entries("lineItems", entry.getColDescListElements());
+  if (entry.getCountExprListSize())
+    sink.number("counted", static_cast<std::int64_t>(entry.getCountExprListSize()));
+}
+
 void TreePrinter::clauses(ReportDataDescription &entry) {
   if (ClauseType *type = entry.getTypeClause()) {
     Open inner(sink, "", "ClauseType", type->getRange());
     sink.text("type", nameOf(groupTypes, type->getTypeOption()));
     flag("final", type->getReportFinal());
+    flag("orPage", type->isOrPage());
+    flag("all", type->isAll());
     for (IdentifierExpression *control : type->getControlIdListElements())
       operand("control", control);
   }
@@ -306,10 +423,12 @@ void TreePrinter::clauses(ReportDataDescription &entry) {
     flag("relative", line->isRelative());
     flag("nextPage", line->getNextPage());
     all("", line->getNumbersListElements());
+    all("varying", listOrEmpty(line->getVaryingList()));
   }
   if (ClauseColumn *column = entry.getColumnClause()) {
     Open inner(sink, "", "ClauseColumn", column->getRange());
     flag("relative", column->isRelative());
+    sink.text("alignment", nameOf(columnParts, column->getAlignment()));
     all("", column->getNumbersListElements());
   }
   if (ClauseNextGroup *next = entry.getNextGroupClause()) {
@@ -318,6 +437,7 @@ void TreePrinter::clauses(ReportDataDescription &entry) {
     flag("nextPage", next->getType() == NextGroupType::NextPage);
     operand("", next->getNumberExpr());
   }
+  repetition(entry);
   one("", entry.getSourceClause());
   if (ClauseSum *sum = entry.getSumClause()) {
     Open inner(sink, "", "ClauseSum", sum->getRange());
@@ -326,28 +446,75 @@ void TreePrinter::clauses(ReportDataDescription &entry) {
     for (SumClauseExpr *part : sum->getSumExprListElements())
       print("", *part);
     operand("resetOn", sum->getResetControl());
+    one("generated", sum->getSumDesc());
+  }
+  if (ClauseCount *count = entry.getCountClause()) {
+    Open inner(sink, "", "ClauseCount", count->getRange());
+    all("", count->getCountExprListElements());
   }
   if (ClauseReportValue *value = entry.getReportValueClause())
     one("", value->getValue());
-  if (ClauseFunction *function = entry.getFunctionClause()) {
-    Open inner(sink, "", "ClauseFunction", function->getRange());
-    name("name", function->getFunctionName());
-    all("argument", function->getArgumentListElements());
+  one("", entry.getFunctionClause());
+  for (ClausePresentAfter *present : entry.getClausePresentAfterListElements()) {
+    Open inner(sink, "", "ClausePresentAfter", present->getRange());
+    sink.text("after", nameOf(presentTimes, present->getAfterType()));
+    flag("absent", present->isAbsent());
+    contents(*present);
   }
-  for (ClausePresentAfter *present : entry.getClausePresentAfterListElements())
-    contents("ClausePresentAfter", *present);
-  for (ClausePresentWhen *present : entry.getClausePresentWhenListElements())
-    contents("ClausePresentWhen", *present, present->getPresentCond());
+  for (ClausePresentWhen *present : entry.getClausePresentWhenListElements()) {
+    Open inner(sink, "", "ClausePresentWhen", present->getRange());
+    flag("other", present->getWhenType() == PresentType::None);
+    one("condition", present->getPresentCond());
+    contents(*present);
+  }
+}
+
+/// How often items and groups are printed, and where they may go on.
+void TreePrinter::repetition(ReportDataDescription &entry) {
+  if (ClauseReportOccurs *occurs = entry.getReportOccursClause()) {
+    Open inner(sink, "", "ClauseReportOccurs", occurs->getRange());
+    operand("step", occurs->getStepExpr());
+    all("varying", listOrEmpty(occurs->getVaryingList()));
+  }
+  if (ClauseRepeated *repeated = entry.getRepeatedClause()) {
+    Open inner(sink, "", "ClauseRepeated", repeated->getRange());
+    operand("times", repeated->getTimesExpr());
+    operand("every", repeated->getEveryExpr());
+  }
+  if (ClauseWrap *wrap = entry.getWrapClause()) {
+    Open inner(sink, "", "ClauseWrap", wrap->getRange());
+    operand("after", wrap->getAfterColumn());
+    operand("to", wrap->getToColumn());
+  }
+  if (ClauseGroupLimit *limit = entry.getGroupLimitClause())
+    operand("groupLimit", limit->getLimitExpr());
 }
 
 /// What a report item shows under a condition, or after a new page or a control break.
-void TreePrinter::contents(llvm::StringRef kind, PresentContents &present, Condition *condition) {
-  Open node(sink, "", kind, present.getRange());
-  one("condition", condition);
+void TreePrinter::contents(PresentContents &present) {
   operand("control", present.getControlId());
   one("", present.getSource());
   if (ClauseReportValue *value = present.getValue())
     one("", value->getValue());
+  one("", present.getFunction());
+}
+
+void TreePrinter::print(llvm::StringRef role, ClauseFunction &function) {
+  Open node(sink, role, "ClauseFunction", function.getRange());
+  name("name", function.getFunctionName());
+  all("argument", function.getArgumentListElements());
+}
+
+void TreePrinter::print(llvm::StringRef role, CountClauseExpr &count) {
+  Open node(sink, role, "CountClauseExpr", count.getRange());
+  all("", count.getNameListElements());
+}
+
+void TreePrinter::print(llvm::StringRef role, VaryingPhrase &phrase) {
+  Open node(sink, role, "VaryingPhrase", phrase.getRange());
+  name("name", phrase.getName());
+  operand("from", phrase.getFromExpr());
+  operand("by", phrase.getByExpr());
 }
 
 void TreePrinter::print(llvm::StringRef role, ClauseSource &source) {

@@ -67,19 +67,22 @@ void TreePrinter::print(llvm::StringRef role, QualifiedWord &words) {
   sink.text("name", nameText(words));
 }
 
-void TreePrinter::boundTo(DataDescription *entry) {
-  if (entry)
-    sink.target("boundTo", {entryName(*entry), placeOf(*entry)});
-}
-
 /// What all operands have: their category, and the digits that the checks noted.
 void TreePrinter::common(Expression &expression) {
   if (llvm::StringRef category = categoryName(expression.getDataCategory()); !category.empty())
     sink.text("category", category);
-  if (expression.getSrcDigitNum() || expression.getSrcScale()) {
-    sink.number("digits", expression.getSrcDigitNum());
-    sink.number("scale", static_cast<int>(expression.getSrcScale()));
-  }
+  digits(expression);
+}
+
+static bool hasDigits(const Expression &expression) {
+  return expression.getSrcDigitNum() || expression.getSrcScale();
+}
+
+void TreePrinter::digits(const Expression &expression) {
+  if (!hasDigits(expression))
+    return;
+  sink.number("digits", expression.getSrcDigitNum());
+  sink.number("scale", expression.getSrcScale());
 }
 
 void TreePrinter::print(llvm::StringRef role, Expression &expression) {
@@ -132,7 +135,7 @@ void TreePrinter::print(llvm::StringRef role, Expression &expression) {
 void TreePrinter::fields(DataIdentifierExpression &identifier) {
   if (identifier.getQualifiedWord())
     sink.text("name", nameText(*identifier.getQualifiedWord()));
-  boundTo(identifier.getDataDescription());
+  entry("boundTo", identifier.getDataDescription());
   common(identifier);
   if (SubscriptModifier *subscripts = identifier.getSubscriptMod())
     all("subscript", subscripts->getSubscriptElements());
@@ -160,12 +163,27 @@ void TreePrinter::fields(SpecialRegisterIdentifierExpression &specialRegister) {
     sink.text("name", "LENGTH OF");
   else
     name("name", specialRegister.getRegisterWord());
-  boundTo(specialRegister.getDataDescription());
+  name("qualifier", specialRegister.getQualifierWord());
+  entry("boundTo", specialRegister.getDataDescription());
   common(specialRegister);
   one("operand", specialRegister.getIdent());
   one("file", static_cast<Expression *>(specialRegister.getFileExpr()));
   one("report", static_cast<Expression *>(specialRegister.getReportExpr()));
   one("part", specialRegister.getReferenceMod());
+}
+
+/// The digits of a chain after each of its operators, in the order in which they are worked in.
+void TreePrinter::steps(llvm::ArrayRef<ArithmeticExpression *> chain) {
+  if (chain.size() < 2 || llvm::none_of(chain, [](auto *link) { return hasDigits(*link); }))
+    return;
+  llvm::SmallVector<std::int64_t, 8> digits;
+  llvm::SmallVector<std::int64_t, 8> scales;
+  for (const ArithmeticExpression *link : llvm::reverse(chain)) {
+    digits.push_back(link->getSrcDigitNum());
+    scales.push_back(link->getSrcScale());
+  }
+  sink.numbers("stepDigits", digits);
+  sink.numbers("stepScales", scales);
 }
 
 /// Chains of operators lean to the left. Such a chain is one node: its first operand, and after it
@@ -179,10 +197,9 @@ void TreePrinter::printArithmetic(llvm::StringRef role, ArithmeticExpression &ex
   }
   Open node(sink, role, "ArithmeticExpression", expression.getRange());
   // Of a long chain the category is that of any of its ends; asking would walk it all.
-  if (expression.getSrcDigitNum() || expression.getSrcScale()) {
-    sink.number("digits", expression.getSrcDigitNum());
-    sink.number("scale", static_cast<int>(expression.getSrcScale()));
-  }
+  digits(expression);
+  steps(chain);
+  flag("parenthesised", expression.isParenthesised());
   if (!expression.getOperand2())
     return print(nameOf(operators, expression.getOperator()), *expression.getOperand1());
   print("first", *chain.back()->getOperand1());

@@ -50,6 +50,9 @@ constexpr llvm::StringLiteral useTimings[] = {"AFTER EXCEPTION", "AFTER LABEL",
                                               "BEFORE LABEL",    "KEY CONVERSION",
                                               "FOR DEBUGGING",   "BEFORE REPORTING"};
 constexpr llvm::StringLiteral xmlTypes[] = {"ATTRIBUTE", "ELEMENT", "CONTENT"};
+constexpr llvm::StringLiteral xmlClasses[] = {"NUMERIC", "NONNUMERIC"};
+constexpr llvm::StringLiteral labelUnits[] = {"FILE", "REEL", "UNIT"};
+constexpr llvm::StringLiteral labelPositions[] = {"BEGINNING", "ENDING"};
 
 } // namespace
 
@@ -730,6 +733,10 @@ void TreePrinter::fields(UseStatement &statement) {
   flag("global", statement.isGlobal());
   if (statement.getFileMode() != UseFileMode::None)
     sink.text("mode", nameOf(openModes, statement.getFileMode()));
+  if (statement.getLabelPosition() != UseLabelPosition::None)
+    sink.text("labelPosition", nameOf(labelPositions, statement.getLabelPosition()));
+  if (statement.getLabelType() != UseLabelType::None)
+    sink.text("label", nameOf(labelUnits, statement.getLabelType()));
   flag("allProcedures", statement.isAllProcedures());
   if (statement.getProcedureListSize())
     words("names", statement.getProcedureListElements());
@@ -777,7 +784,7 @@ void TreePrinter::fields(XMLGenerateStatement &statement) {
   all("", statement.getOnExcpHandlerElements());
   for (DataDescription *content : statement.getConvDescListElements()) {
     Open node(sink, "contents", "DataDescription", content->getRange());
-    boundTo(content);
+    entry("boundTo", content);
   }
 }
 
@@ -795,6 +802,8 @@ void TreePrinter::print(llvm::StringRef role, XMLTypeItem &item) {
 
 void TreePrinter::print(llvm::StringRef role, XMLSuppressItem &item) {
   Open node(sink, role, "XMLSuppressItem", item.getRange());
+  if (item.getSuppressClass() != XmlSuppressClass::All)
+    sink.text("class", nameOf(xmlClasses, item.getSuppressClass()));
   if (item.getType() != XmlNodeType::None)
     sink.text("type", nameOf(xmlTypes, item.getType()));
   one("of", item.getIdentifier());

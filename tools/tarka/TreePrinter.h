@@ -37,6 +37,7 @@ public:
   virtual void text(llvm::StringRef name, llvm::StringRef value) = 0;
   virtual void texts(llvm::StringRef name, llvm::ArrayRef<llvm::StringRef> values) = 0;
   virtual void number(llvm::StringRef name, std::int64_t value) = 0;
+  virtual void numbers(llvm::StringRef name, llvm::ArrayRef<std::int64_t> values) = 0;
   /// Says that the node is what \p name says.
   virtual void flag(llvm::StringRef name) = 0;
   /// Another node of the tree that this one stands for.
@@ -92,6 +93,9 @@ private:
       print(role, *expression);
   }
   void words(llvm::StringRef role, const std::list<Word *> &list);
+  /// Other entries of the division, which are referred to.
+  void entry(llvm::StringRef role, const DataDescription *to);
+  template <typename Entry> void entries(llvm::StringRef role, const std::list<Entry *> &list);
 
   // The environment and the clauses of entries.
   void print(llvm::StringRef role, EnvironmentDivision &division);
@@ -101,13 +105,19 @@ private:
   void print(llvm::StringRef role, ParaIOControl &entry);
   void print(llvm::StringRef role, ClauseValue &value);
   void print(llvm::StringRef role, ClauseSource &source);
+  void print(llvm::StringRef role, ClauseFunction &function);
   void print(llvm::StringRef role, SumClauseExpr &sum);
+  void print(llvm::StringRef role, CountClauseExpr &count);
+  void print(llvm::StringRef role, VaryingPhrase &phrase);
   void properties(DataDescription &entry);
+  void properties(ReportDataDescription &entry);
+  void properties(ReportDescription &report);
   void clauses(DataDescription &entry);
   void clauses(FileDescription &file);
   void clauses(ReportDescription &report);
   void clauses(ReportDataDescription &entry);
-  void contents(llvm::StringRef kind, PresentContents &present, Condition *condition = nullptr);
+  void repetition(ReportDataDescription &entry);
+  void contents(PresentContents &present);
 
   // Structure and data.
   void print(llvm::StringRef role, SourceUnit &unit);
@@ -133,7 +143,8 @@ private:
   void printArithmetic(llvm::StringRef role, ArithmeticExpression &expression);
   void printCombined(llvm::StringRef role, CombinedCondition &condition);
   void common(Expression &expression);
-  void boundTo(DataDescription *entry);
+  void digits(const Expression &expression);
+  void steps(llvm::ArrayRef<ArithmeticExpression *> chain);
 
   // Statements and their parts.
   void print(llvm::StringRef role, Statement &statement);
