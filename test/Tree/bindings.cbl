@@ -62,9 +62,9 @@ MAIN-PART.
 *> CHECK-NEXT:          IfStatement <[[#@LINE-2]]:5-{{.*}}>
 *> CHECK-NEXT:            condition: CombinedCondition <[[#@LINE-3]]:8-[[#@LINE-3]]:63>
 *> CHECK-NEXT:              first: RelationalCondition <[[#@LINE-4]]:8-[[#@LINE-4]]:41> relation=>
-*> CHECK-NEXT:                left: ArithmeticExpression <[[#@LINE-5]]:8-[[#@LINE-5]]:33> digits=4 scale=3 stepDigits=[4, 4] stepScales=[3, 3]
+*> CHECK-NEXT:                left: ArithmeticExpression <[[#@LINE-5]]:8-[[#@LINE-5]]:33> category=numeric digits=4 scale=3 stepDigits=[4, 4] stepScales=[3, 3]
 *> CHECK-NEXT:                  first: DataIdentifierExpression <[[#@LINE-6]]:8-[[#@LINE-6]]:12> name=TOTAL boundTo=TOTAL@18:1 category=numeric digits=9 scale=0
-*> CHECK-NEXT:                  +: ArithmeticExpression <[[#@LINE-7]]:16-[[#@LINE-7]]:29> digits=4 scale=3
+*> CHECK-NEXT:                  +: ArithmeticExpression <[[#@LINE-7]]:16-[[#@LINE-7]]:29> category=numeric digits=4 scale=3
 *> CHECK-NEXT:                    first: DataIdentifierExpression <[[#@LINE-8]]:16-[[#@LINE-8]]:21> name=AMOUNT {{.*}}
 *> CHECK-NEXT:                    *: NumericLiteralExpression <[[#@LINE-9]]:25-[[#@LINE-9]]:29> value=1.125 category=numeric digits=4 scale=3
 *> CHECK-NEXT:                  -: NumericLiteralExpression <[[#@LINE-10]]:33-[[#@LINE-10]]:33> value=3 category=numeric digits=1 scale=0

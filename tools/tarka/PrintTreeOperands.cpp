@@ -67,22 +67,18 @@ void TreePrinter::print(llvm::StringRef role, QualifiedWord &words) {
   sink.text("name", nameText(words));
 }
 
-/// What all operands have: their category, and the digits that the checks noted.
-void TreePrinter::common(Expression &expression) {
-  if (llvm::StringRef category = categoryName(expression.getDataCategory()); !category.empty())
-    sink.text("category", category);
-  digits(expression);
-}
-
 static bool hasDigits(const Expression &expression) {
   return expression.getSrcDigitNum() || expression.getSrcScale();
 }
 
-void TreePrinter::digits(const Expression &expression) {
-  if (!hasDigits(expression))
-    return;
-  sink.number("digits", expression.getSrcDigitNum());
-  sink.number("scale", expression.getSrcScale());
+/// What all operands have: their category, and the digits that the checks noted.
+void TreePrinter::common(Expression &expression) {
+  if (llvm::StringRef category = categoryName(expression.getDataCategory()); !category.empty())
+    sink.text("category", category);
+  if (hasDigits(expression)) {
+    sink.number("digits", expression.getSrcDigitNum());
+    sink.number("scale", expression.getSrcScale());
+  }
 }
 
 void TreePrinter::print(llvm::StringRef role, Expression &expression) {
@@ -196,8 +192,7 @@ void TreePrinter::printArithmetic(llvm::StringRef role, ArithmeticExpression &ex
     chain.push_back(left);
   }
   Open node(sink, role, "ArithmeticExpression", expression.getRange());
-  // Of a long chain the category is that of any of its ends; asking would walk it all.
-  digits(expression);
+  common(expression);
   steps(chain);
   flag("parenthesised", expression.isParenthesised());
   if (!expression.getOperand2())

@@ -143,7 +143,6 @@ private:
   void printArithmetic(llvm::StringRef role, ArithmeticExpression &expression);
   void printCombined(llvm::StringRef role, CombinedCondition &condition);
   void common(Expression &expression);
-  void digits(const Expression &expression);
   void steps(llvm::ArrayRef<ArithmeticExpression *> chain);
 
   // Statements and their parts.
