@@ -30,7 +30,7 @@ public:
 
   SourceFile(llvm::StringRef name, std::unique_ptr<llvm::MemoryBuffer> contents);
   /// A file whose text was decoded from \p encoding.
-  SourceFile(llvm::StringRef name, DecodedText decoded);
+  SourceFile(llvm::StringRef name, const DecodedText &decoded);
 
   /// The name as it was given or found.
   llvm::StringRef getName() const { return name; }

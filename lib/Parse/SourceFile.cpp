@@ -122,7 +122,7 @@ SourceFile::SourceFile(llvm::StringRef fileName, std::unique_ptr<llvm::MemoryBuf
     fault = Fault::Binary;
 }
 
-SourceFile::SourceFile(llvm::StringRef fileName, DecodedText decoded)
+SourceFile::SourceFile(llvm::StringRef fileName, const DecodedText &decoded)
     : SourceFile(fileName, llvm::MemoryBuffer::getMemBufferCopy(decoded.text, fileName)) {
   if (fault != Fault::None || decoded.firstUndecodable == llvm::StringRef::npos)
     return;
