@@ -24,7 +24,8 @@ struct LexerContext {
       : options(options), diagnostics(diagnostics), words(options.osvs), variables(options.defines),
         debuggingMode(options.debuggingLines) {}
 
-  const ParseOptions &options;
+  /// The options given, and those that the source turns on by itself.
+  ParseOptions options;
   FrontEndDiagnostics &diagnostics;
   WordTable words;
   CompilationVariables variables;
@@ -98,6 +99,8 @@ public:
     scanner.setKeepsCommas(on);
   }
 
+  /// Passes over text up to the period that ends it, or to the next header.
+  void skipRemark();
   /// Passes over text up to the next paragraph, section or division header.
   void skipCommentEntry();
 
@@ -107,6 +110,7 @@ private:
   void reportFault(const SourceFile &file);
   bool nextLine();
   bool readLine();
+  void obeyOptions(llvm::StringRef text);
   void setPlace(Token &token);
   bool checkToken(Token &token);
   bool actOnKeyword(Token &token);

@@ -13,6 +13,8 @@
 #include "Parse/SourceFile.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/SmallVector.h"
+#include <string>
+#include <utility>
 
 namespace tarka {
 
@@ -42,6 +44,9 @@ public:
   void setDebuggingMode(bool on) { debugging = on; }
   /// Says that a program ended: before the next one there may be CBL and PROCESS lines.
   void expectOptions() { optionsMayCome = true; }
+  /// The text of the CBL and PROCESS lines passed since it was asked for last.
+  std::string takeOptionsText() { return std::exchange(optionsText, {}); }
+  bool hasOptionsText() const { return !optionsText.empty(); }
   /// Whether faults in the layout of lines are passed over (in text that is left out).
   void setQuiet(bool on) { quiet = on; }
 
@@ -91,7 +96,7 @@ private:
   bool acceptFixed(const PhysicalLine &line);
   bool acceptFree(const PhysicalLine &line);
   bool acceptIndicator(const PhysicalLine &line, FixedLine &parts);
-  bool isOptionsLine(const PhysicalLine &line) const;
+  bool isOptionsLine(const PhysicalLine &line);
   bool isContinued() const;
   void joinContinuations(const PhysicalLine &line, const char *limit);
   void take(const PhysicalLine &line, const char *begin, const char *end);
@@ -107,6 +112,7 @@ private:
   bool quiet = false;
   /// Whether a CBL or PROCESS line may still come.
   bool optionsMayCome;
+  std::string optionsText;
 
   /// The first byte that was not read yet, and the end of the file.
   const char *position;

@@ -69,10 +69,37 @@ bool Lexer::readLine() {
     isAtEnd = true;
     return false;
   }
+  if (lines.hasOptionsText())
+    obeyOptions(lines.takeOptionsText());
   atLineStart = true;
   scanner.setText(lines.begin(), lines.end());
   scanner.setDecimalPointIsComma(context.decimalPointIsComma);
   return true;
+}
+
+/// CBL and PROCESS lines: of the options of the compiler, those count here that say that CICS or
+/// DB2 adds to the source. Names in parentheses or quotes are suboptions.
+void Lexer::obeyOptions(llvm::StringRef text) {
+  unsigned depth = 0;
+  while (!text.empty()) {
+    llvm::StringRef word = text.take_while(isWordCharacter);
+    if (word.empty()) {
+      char mark = text.front();
+      text = text.drop_front();
+      if (mark == '\'' || mark == '"')
+        text = text.split(mark).second;
+      else if (mark == '(')
+        ++depth;
+      else if (mark == ')' && depth > 0)
+        --depth;
+      continue;
+    }
+    text = text.drop_front(word.size());
+    if (depth > 0)
+      continue;
+    context.options.cics |= word.equals_insensitive("CICS") || word.equals_insensitive("XOPTS");
+    context.options.sql |= word.equals_insensitive("SQL");
+  }
 }
 
 /// Moves on to the next line that is not a directive.
@@ -479,6 +506,21 @@ bool Lexer::isHeaderLine() const {
   default:
     // The name of a paragraph, which its period makes one.
     return first.drop_front(word.size()).ltrim(" \t").starts_with(".");
+  }
+}
+
+void Lexer::skipRemark() {
+  if (state == State::EmbeddedBlock)
+    state = State::Plain;
+  for (;;) {
+    const char *end = scanner.getEnd();
+    for (const char *at = scanner.getCursor(); at < end; ++at)
+      if (*at == '.' && (at + 1 == end || isBlank(at[1]))) {
+        scanner.setCursor(at);
+        return;
+      }
+    if (!nextLine() || isHeaderLine())
+      return;
   }
 }
 

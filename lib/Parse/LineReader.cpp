@@ -286,11 +286,17 @@ bool LineReader::acceptIndicator(const PhysicalLine &line, FixedLine &parts) {
 }
 
 /// A line CBL or PROCESS, which may begin in any column, after a sequence number or without one.
-bool LineReader::isOptionsLine(const PhysicalLine &line) const {
+bool LineReader::isOptionsLine(const PhysicalLine &line) {
   llvm::StringRef text(line.start, line.end - line.start);
+  if (format != SourceFormat::Free)
+    text = text.take_front(lastTextColumn);
   text = text.ltrim("0123456789 \t");
   llvm::StringRef word = text.take_while(isWordCharacter);
-  return word.equals_insensitive("CBL") || word.equals_insensitive("PROCESS");
+  if (!word.equals_insensitive("CBL") && !word.equals_insensitive("PROCESS"))
+    return false;
+  optionsText += text.drop_front(word.size());
+  optionsText += ',';
+  return true;
 }
 
 /// Whether the next line that is neither comment nor blank continues the line just read.

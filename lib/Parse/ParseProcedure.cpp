@@ -215,11 +215,20 @@ Sentence *Parser::parseSentence() {
   return sentence;
 }
 
-/// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one.
+/// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
+/// text is no program: an apostrophe in it opens no literal.
 void Parser::skipNote(bool isWholeParagraph) {
-  while (!atUnitBoundary() && !atEndDeclaratives() && !atProcedureHeader() &&
-         (isWholeParagraph || !at(TokenKind::Period)))
-    stream.skip();
+  bool isFixed = peek().isInFixedForm();
+  stream.skip();
+  if (!isWholeParagraph)
+    return stream.skipRemark();
+  if (isFixed)
+    return stream.skipCommentEntry();
+  // In free form nothing but what follows a period tells where the paragraph ends.
+  do {
+    stream.skipRemark();
+    accept(TokenKind::Period);
+  } while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() == HeaderKind::None);
 }
 
 //===----------------------------------------------------------------------===//

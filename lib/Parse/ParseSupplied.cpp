@@ -15,7 +15,7 @@ namespace tarka {
 /// The EXEC interface block and the communication area are there for the programs that are nested
 /// in the outermost one as well.
 void Parser::supplyInterfaceBlock() {
-  if (!options.cics || unit->getParent())
+  if (!stream.getOptions().cics || unit->getParent())
     return;
   for (llvm::StringRef name : {"DFHEIBLK", "DFHCOMMAREA"})
     if (!isDeclared(name))
@@ -24,7 +24,7 @@ void Parser::supplyInterfaceBlock() {
 
 /// CICS passes the interface block and the communication area, before what the program names.
 void Parser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
-  if (!options.cics || unit->getParent())
+  if (!stream.getOptions().cics || unit->getParent())
     return;
   std::list<Parameter *> &parameters = division.getParameterElements();
   auto isNamed = [&](llvm::StringRef name) {
@@ -50,10 +50,10 @@ void Parser::supplyCommunicationAreas() {
   auto has = [this](ExecType language) {
     return embeddedLanguages.test(static_cast<unsigned>(language));
   };
-  if (options.sql && has(ExecType::Sql) && !isDeclared("SQLCA") && !isDeclared("SQLCODE") &&
-      !isDeclared("SQLSTATE"))
+  if (stream.getOptions().sql && has(ExecType::Sql) && !isDeclared("SQLCA") &&
+      !isDeclared("SQLCODE") && !isDeclared("SQLSTATE"))
     supplyRecords("SQLCA", StorageType::WorkingStorage);
-  if (options.cics && has(ExecType::Dli) && !isDeclared("DIBSTAT"))
+  if (stream.getOptions().cics && has(ExecType::Dli) && !isDeclared("DIBSTAT"))
     supplyRecords("DLZDIB", StorageType::WorkingStorage);
 }
 

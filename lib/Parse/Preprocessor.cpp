@@ -21,6 +21,8 @@ public:
 
   void setDebuggingMode(bool on) { context.debuggingMode = on; }
   void setDecimalPointIsComma(bool on);
+  const ParseOptions &getOptions() const { return context.options; }
+  void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
 
 private:
@@ -565,6 +567,18 @@ void TokenStream::setDebuggingMode(bool on) {
 
 void TokenStream::setDecimalPointIsComma(bool on) {
   source->setDecimalPointIsComma(on);
+}
+
+const ParseOptions &TokenStream::getOptions() const {
+  return source->getOptions();
+}
+
+void TokenStream::skipRemark() {
+  // What was looked at already may hold the end.
+  for (; count > 0; skip())
+    if (peek().isOneOf(TokenKind::Period, TokenKind::EndOfFile))
+      return;
+  source->skipRemark();
 }
 
 void TokenStream::skipCommentEntry() {
