@@ -15,6 +15,7 @@
 #include "Parse/LineReader.h"
 #include "Parse/Token.h"
 #include "llvm/ADT/SmallVector.h"
+#include "llvm/ADT/StringSet.h"
 
 namespace tarka {
 
@@ -30,6 +31,8 @@ struct LexerContext {
   WordTable words;
   CompilationVariables variables;
   bool debuggingMode;
+  /// The words that were reported to be too long.
+  llvm::StringSet<> longWords;
   bool decimalPointIsComma = false;
   /// A program begins with its identification division, where comment-entries may stand.
   bool inIdentificationDivision = true;
@@ -121,6 +124,7 @@ private:
   void skipListingStatement(bool hasLiteral);
   void skipSourceUpdate(const Token &token);
   bool skipToLineEnd();
+  void reportLongWord(const Token &token);
   void reportNotText(const char *first, const char *last);
   bool isHeaderLine() const;
 

@@ -10,6 +10,9 @@
 
 namespace tarka {
 
+/// The most characters that a word of the programmer may have.
+static constexpr size_t maxWordLength = 30;
+
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
     : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
@@ -205,9 +208,20 @@ bool Lexer::checkToken(Token &token) {
       return false;
     }
     return true;
+  case TokenKind::Word:
+    if (token.spelling.size() > maxWordLength && !inPseudoText)
+      reportLongWord(token);
+    return true;
   default:
     return true;
   }
+}
+
+/// A word that is too long is told once, where it stands first.
+void Lexer::reportLongWord(const Token &token) {
+  if (context.longWords.insert(token.text).second)
+    context.diagnostics.report(DiagnosticId::WordTooLong, token.place, token.spelling,
+                               token.spelling.size(), maxWordLength);
 }
 
 /// Does what a keyword calls for besides being one; false when it is not for the parser.
