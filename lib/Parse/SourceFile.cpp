@@ -228,6 +228,11 @@ llvm::ErrorOr<const SourceFile *> SourceManager::findCopybook(llvm::StringRef te
       error = std::make_error_code(std::errc::is_a_directory);
       return nullptr;
     }
+    // A device or a pipe may have no end.
+    if (!status->isRegularFile()) {
+      error = std::make_error_code(std::errc::operation_not_supported);
+      return nullptr;
+    }
     llvm::ErrorOr<const SourceFile *> file = open(path);
     if (!file) {
       error = file.getError();

@@ -3,6 +3,7 @@
 #include "CommandLine.h"
 #include "Parse/Encoding.h"
 #include <CLI/CLI.hpp>
+#include <iostream>
 #include <map>
 
 namespace tarka {
@@ -207,6 +208,10 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     app.parse(arguments);
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
+    if (!std::cout.flush()) {
+      std::cerr << "tarka: cannot write what was asked for\n";
+      result.exitStatus = ExitInternal;
+    }
     return result;
   }
   request.command = cfg->parsed()       ? Command::Cfg

@@ -102,6 +102,11 @@ int Compilation::run() {
   llvm::errs().SetBuffered();
   report(llvm::errs());
   llvm::errs().flush();
+  // Where the report cannot be written nothing else can be said either.
+  if (llvm::errs().has_error()) {
+    llvm::errs().clear_error();
+    return ExitInternal;
+  }
   if (request.command == Command::Cfg)
     return printGraph();
   if (request.command == Command::Layout)

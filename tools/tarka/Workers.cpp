@@ -26,6 +26,9 @@ struct Worker {
   bool ended = false;
 };
 
+/// How many workers may have been started without having been printed.
+constexpr std::size_t maxUnprinted = 200;
+
 /// Copies what a worker printed to \p target. False when it cannot be written.
 bool copyOut(int memoryFile, int target) {
   if (memoryFile < 0)
@@ -76,8 +79,9 @@ int runWorkers(const std::vector<std::string> &files, unsigned jobs,
   int status = ExitClean;
 
   while (printed < files.size()) {
-    // Start workers while there is room.
-    while (next < files.size() && running.size() < jobs) {
+    // Start workers while there is room. Those that have ended keep what they printed until it is
+    // their turn, which is bounded by how many files may be open.
+    while (next < files.size() && running.size() < jobs && next - printed < maxUnprinted) {
       Worker &worker = workers[next];
       worker.out = memfd_create("out", MFD_CLOEXEC);
       worker.err = memfd_create("err", MFD_CLOEXEC);

@@ -42,6 +42,7 @@ CASES = [
     ("copy.cbl", program("           COPY NOWHERE.\n"), ["-I", "books"], 1,
      [r".*copy.cbl:8:17 - 8:23 error 43 : the copybook NOWHERE was not found; searched: books, .*"]),
     ("SELF.cpy", "           COPY SELF.\n", None, 0, []),
+    ("device.cbl", program("           COPY '/dev/zero'.\n"), [], 1, [r".* error 44 : the copybook /dev/zero cannot be .*"]),
     ("cycle.cbl", program("           COPY SELF.\n"), [], 1,
      [r".*SELF.cpy:1:17 - 1:20 error 45 : the copybook copies itself: .*SELF.cpy -> .*SELF.cpy"]),
     ("nested.cbl", program("           IF A = 1\n" * 10_000 + "           DISPLAY A\n" +
@@ -80,6 +81,16 @@ for name, contents, arguments, status, patterns in CASES:
     if len(lines) != len(patterns) or not all(map(re.fullmatch, patterns, lines)):
         failures += 1
         print(f"{command}: wanted {patterns}, got {[line[:300] for line in lines]}")
+
+# Output that cannot be written is told, or at least is no success.
+for arguments in (["ast", "no-newline.cbl"], ["--version"], ["check", "unclosed.cbl"]):
+    with open("/dev/full", "wb") as full:
+        to_full = {"stderr" if arguments[0] == "check" else "stdout": full}
+        streams = {"stdout": subprocess.PIPE, "stderr": subprocess.PIPE} | to_full
+        result = subprocess.run([tarka, *arguments], cwd=folder, text=True, **streams)
+    if result.returncode != 3 or result.stderr == "":
+        failures += 1
+        print(f"{arguments} to a full disk: status {result.returncode}, {result.stderr}")
 
 # Several files: every report, in the order of the files, and the highest status.
 names = ["crlf.cbl", "no-newline.cbl", "missing.cbl", "unclosed.cbl"]
