@@ -220,7 +220,8 @@ bool Lexer::checkToken(Token &token) {
 /// A word that is too long is told once, where it stands first.
 void Lexer::reportLongWord(const Token &token) {
   if (context.longWords.insert(token.text).second)
-    context.diagnostics.report(DiagnosticId::WordTooLong, token.place, token.spelling,
+    context.diagnostics.report(DiagnosticId::WordTooLong, token.place,
+                               (token.spelling.take_front(maxWordLength) + "...").str(),
                                token.spelling.size(), maxWordLength);
 }
 
