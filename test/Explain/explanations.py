@@ -4,9 +4,6 @@
                                                 takes them
     explanations.py catalogue TARKA             looks for diagnostics that nobody has explained
     explanations.py document TARKA DOCUMENT     compares the document with what TARKA makes of them
-
-While explanations are being written, missing.txt beside this script names those that are not there
-yet. An explanation that is there must not be named in it, and the document is not compared.
 """
 
 import collections
@@ -19,7 +16,6 @@ import subprocess
 import sys
 
 HERE = pathlib.Path(__file__).parent
-MISSING = HERE / "missing.txt"
 EXPLANATIONS = HERE.parent.parent / "explanations"
 REPORT_LINE = re.compile(r"(.*):\d+:\d+ - \d+:\d+ (\w+) (\d+) : (.*)")
 
@@ -86,15 +82,8 @@ def check_programs(tarka, directory):
         faults += verified.stderr.splitlines()
         if verified.returncode > 1 or verified.returncode == 1 and not verified.stderr:
             faults.append(f"tarka check --verify {' '.join(options)} ends with {verified.returncode}")
-        # A copybook's diagnostics are told by the copybook's name, which stands beside the program.
         reported = run(tarka, "check", *options, *programs)
-        by_directory = {str(pathlib.Path(file).parent): file for file in programs}
-        text = re.sub(
-            r"(?m)^(.*?)/[^/:\n]+(?=:\d+:\d+ - )",
-            lambda match: by_directory.get(match[1], match[0]),
-            reported.stderr,
-        )
-        faults += look_at_reports(text, programs)
+        faults += look_at_reports(reported.stderr, programs)
     for options, programs in mended.items():
         result = run(tarka, "check", *options, *programs)
         faults += result.stderr.splitlines()
@@ -106,33 +95,21 @@ def check_programs(tarka, directory):
     return faults
 
 
-def read_missing():
-    if not MISSING.exists():
-        return set()
-    return {line for line in MISSING.read_text().split("\n") if line and not line.startswith("#")}
-
-
 def check_catalogue(tarka):
     diagnostics = {diagnostic["name"]: diagnostic for diagnostic in read_diagnostics(tarka)}
-    missing = read_missing()
     faults = []
     for name, diagnostic in diagnostics.items():
-        explained = "rule" in diagnostic
-        if not explained and name not in missing:
+        if "rule" not in diagnostic:
             faults.append(f"{name} has no explanation: write explanations/{name}.txt")
-        if explained and name in missing:
-            faults.append(f"{name} has an explanation now: take it off {MISSING}")
         for number in diagnostic.get("related", []):
             if not any(other["number"] == number for other in diagnostics.values()):
                 faults.append(f"explanations/{name}.txt: there is no related diagnostic {number}")
-    names = {path.stem for path in EXPLANATIONS.iterdir()} | missing
+    names = {path.stem for path in EXPLANATIONS.iterdir()}
     faults += [f"there is no diagnostic {name}" for name in sorted(names - diagnostics.keys())]
     return faults
 
 
 def check_document(tarka, document):
-    if MISSING.exists():
-        return []
     made = run(tarka, "explain", "--format=markdown").stdout
     kept = pathlib.Path(document).read_text(encoding="utf-8")
     if made == kept:
