@@ -35,21 +35,34 @@ public:
   }
 };
 
-/// Interned texts are found by what they say.
+/// An interned text and its hash, which spares a look at the text in a table of millions of them.
 struct InternedText {
-  static const std::string *getEmptyKey() {
-    return llvm::DenseMapInfo<const std::string *>::getEmptyKey();
+  const std::string *text;
+  unsigned hash;
+};
+
+struct HashedText {
+  explicit HashedText(llvm::StringRef t)
+      : text(t), hash(static_cast<unsigned>(llvm::xxh3_64bits(t))) {}
+
+  llvm::StringRef text;
+  unsigned hash;
+};
+
+/// Interned texts are found by what they say.
+struct InternedTextInfo {
+  using Pointer = llvm::DenseMapInfo<const std::string *>;
+
+  static InternedText getEmptyKey() { return {Pointer::getEmptyKey(), 0}; }
+  static InternedText getTombstoneKey() { return {Pointer::getTombstoneKey(), 0}; }
+  static unsigned getHashValue(const InternedText &entry) { return entry.hash; }
+  static unsigned getHashValue(const HashedText &wanted) { return wanted.hash; }
+  static bool isEqual(const InternedText &left, const InternedText &right) {
+    return left.text == right.text;
   }
-  static const std::string *getTombstoneKey() {
-    return llvm::DenseMapInfo<const std::string *>::getTombstoneKey();
-  }
-  static unsigned getHashValue(llvm::StringRef text) {
-    return static_cast<unsigned>(llvm::xxh3_64bits(text));
-  }
-  static unsigned getHashValue(const std::string *text) { return getHashValue(*text); }
-  static bool isEqual(const std::string *left, const std::string *right) { return left == right; }
-  static bool isEqual(llvm::StringRef text, const std::string *interned) {
-    return interned != getEmptyKey() && interned != getTombstoneKey() && text == *interned;
+  static bool isEqual(const HashedText &wanted, const InternedText &entry) {
+    return wanted.hash == entry.hash && entry.text != Pointer::getEmptyKey() &&
+           entry.text != Pointer::getTombstoneKey() && wanted.text == *entry.text;
   }
 };
 
@@ -58,7 +71,7 @@ struct InternedText {
 struct SharedStorage {
   // Each slab is as large as all before it: a small program asks for little, a large one rarely.
   llvm::BumpPtrAllocatorImpl<SlabAllocator, 1 << 18, 1 << 18, 1> arena;
-  llvm::DenseSet<const std::string *, InternedText> strings;
+  llvm::DenseSet<InternedText, InternedTextInfo> strings;
   llvm::StringMap<unsigned> fileNumbers;
   std::vector<const std::string *> fileNames;
 };
@@ -76,11 +89,12 @@ void *allocateForever(std::size_t size, std::size_t alignment) {
 
 const std::string &internString(llvm::StringRef text) {
   auto &strings = storage().strings;
-  auto found = strings.find_as(text);
+  HashedText wanted(text);
+  auto found = strings.find_as(wanted);
   if (found != strings.end())
-    return **found;
+    return *found->text;
   auto *interned = new (allocateForever(sizeof(std::string))) std::string(text);
-  strings.insert_as(interned, text);
+  strings.insert_as({interned, wanted.hash}, wanted);
   return *interned;
 }
 
