@@ -71,6 +71,7 @@ install: build
 lint: setup
 	@scripts/format.sh
 	@cmake --preset clang >/dev/null
+	@ninja -C build/clang tools/tarka/Explanations.inc >/dev/null
 	@run-clang-tidy-19 -quiet -j $(JOBS) -p build/clang
 
 format: setup

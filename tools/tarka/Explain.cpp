@@ -53,6 +53,7 @@ void printReport(llvm::raw_ostream &out, const Explanation &explanation) {
   llvm::append_range(words, explanation.options);
   words.push_back(programFileName);
   std::vector<char *> arguments;
+  arguments.reserve(words.size());
   for (std::string &word : words)
     arguments.push_back(word.data());
   CommandLineResult line = readCommandLine(static_cast<int>(arguments.size()), arguments.data());
@@ -292,6 +293,7 @@ int explain(const Request &request) {
   else {
     // There is one compilation in a process.
     std::vector<std::string> names;
+    names.reserve(rows.size());
     for (const DiagnosticRow *row : rows)
       names.push_back(row->name);
     return runWorkers(names, 0, [&](const std::string &name) {

@@ -322,7 +322,7 @@ std::optional<std::string> explainMissingRecord(const Program &program, llvm::St
   });
   if (isThere)
     return std::nullopt;
-  const std::string none = "there is no record " + name.str();
+  std::string none = "there is no record " + name.str();
   if (const DataDescription *holder = findHolder(records, name))
     return none + ", but an item of this name in the record " + entryName(*holder).str();
 

@@ -207,7 +207,7 @@ Row makeRow(const DataDescription &entry, unsigned depth) {
   constexpr unsigned deepest = 20;
   Row row;
   row.place = placeOf(entry);
-  row.item.assign(2 * std::min(depth, deepest), ' ');
+  row.item.assign(std::size_t{2} * std::min(depth, deepest), ' ');
   const unsigned level = entry.getLevelNum();
   row.item += (level < 10 ? "0" : "") + std::to_string(level) + ' ';
   row.item += entryName(entry);

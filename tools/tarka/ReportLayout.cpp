@@ -243,7 +243,7 @@ std::vector<ReportRow> rowsOf(const ReportDescription &report) {
     forEachItem(*group, 0, [&](const ReportDataDescription &entry, unsigned depth) {
       constexpr unsigned deepest = 10;
       const unsigned level = entry.getLevelNum();
-      std::string item(2 * std::min(depth, deepest), ' ');
+      std::string item(std::size_t{2} * std::min(depth, deepest), ' ');
       item += (level < 10 ? "0" : "") + std::to_string(level) + ' ' + entryName(entry).str();
       rows.push_back({placeOf(entry), std::move(item), linesOf(entry), columnsOf(entry, columns),
                       partsOf(entry)});

@@ -388,28 +388,28 @@ TEST(Layout, StaysRightUnderAnySequenceOfChanges) {
 /// The layout must not be recomputed by whoever asks or inserts on the way.
 TEST(Layout, GrowsWithTheRecord) {
   // Deeper than any stack of calls would bear.
-  constexpr int Depth = 200000;
+  constexpr int depth = 200000;
   DataDescription *leaf = Entry(49, "LEAF").pic("X(3)");
   DataDescription *top = leaf;
-  for (int level = 1; level <= Depth; ++level) {
+  for (int level = 1; level <= depth; ++level) {
     Entry group(48, "G");
     if (level % 1000 == 0)
       group->addChildren(Entry(49, "F").pic("X"));
     top = group.with({top});
   }
-  EXPECT_EQ(top->getAllocSize(), Depth / 1000 + 3);
-  EXPECT_EQ(top->getMinAllocSize(), Depth / 1000 + 3);
-  EXPECT_EQ(leaf->getOffset(), Depth / 1000);
+  EXPECT_EQ(top->getAllocSize(), depth / 1000 + 3);
+  EXPECT_EQ(top->getMinAllocSize(), depth / 1000 + 3);
+  EXPECT_EQ(leaf->getOffset(), depth / 1000);
 
   // A filler in front of every item, asked for on the way as alignment does. The square of the
   // number of items would take minutes.
-  constexpr int Items = 100000;
+  constexpr int items = 100000;
   Entry wide(05, "WIDE");
-  for (int i = 0; i != Items; ++i)
+  for (int i = 0; i != items; ++i)
     wide->addChildren(Entry(10, "I").pic("X(2)"));
   Entry last = Entry(05, "LAST").pic("X");
   Entry(01, "R").with({wide, last});
-  EXPECT_EQ(last->getOffset(), 2 * Items);
+  EXPECT_EQ(last->getOffset(), 2 * items);
   auto start = std::chrono::steady_clock::now();
   std::int64_t expected = 0;
   for (auto it = wide->getChildrenBegin(); it != wide->getChildrenEnd(); ++it) {
@@ -418,7 +418,7 @@ TEST(Layout, GrowsWithTheRecord) {
     ASSERT_EQ((*it)->getOffset(), expected + 1);
     expected += 3;
   }
-  EXPECT_EQ(last->getOffset(), 3 * Items);
+  EXPECT_EQ(last->getOffset(), 3 * items);
   EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
 }
 

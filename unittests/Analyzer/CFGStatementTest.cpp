@@ -31,7 +31,7 @@ TEST(CFGStatement, OnCountsFirst) {
 )");
 }
 
-static EvaluateCase *evaluateCase(EvalWhenType type, Statements statements) {
+static EvaluateCase *evaluateCase(EvalWhenType type, const Statements &statements) {
   auto *made = make<EvaluateCase>(1);
   made->addWhen(make<EvaluateWhen>(1, type));
   for (Statement *statement : statements)

@@ -39,7 +39,7 @@ inline Statement *plain(unsigned line = 1) {
   return make<ContinueStatement>(line);
 }
 
-inline IfStatement *ifThen(Statements then, Statements otherwise = {}) {
+inline IfStatement *ifThen(const Statements &then, const Statements &otherwise = {}) {
   auto *statement = make<IfStatement>(1);
   for (Statement *nested : then)
     statement->addIfStmt(nested);
@@ -65,7 +65,8 @@ inline PerformStatement *perform(unsigned line, PerformStmtType type, Paragraph 
   return statement;
 }
 
-inline PerformStatement *performInline(unsigned line, PerformStmtType type, Statements body) {
+inline PerformStatement *performInline(unsigned line, PerformStmtType type,
+                                       const Statements &body) {
   auto *statement = make<PerformStatement>(line, type);
   for (Statement *nested : body)
     statement->addInlineStatement(nested);
@@ -78,7 +79,7 @@ inline GotoStatement *goTo(Paragraph *target) {
   return statement;
 }
 
-template <typename Procedure> Procedure *fill(Procedure *procedure, Statements statements) {
+template <typename Procedure> Procedure *fill(Procedure *procedure, const Statements &statements) {
   auto *sentence = new Sentence(atLine(1));
   for (Statement *statement : statements)
     sentence->addStmt(statement);
@@ -86,7 +87,7 @@ template <typename Procedure> Procedure *fill(Procedure *procedure, Statements s
   return procedure;
 }
 
-inline Paragraph *paragraph(llvm::StringRef name, Statements statements = {plain()}) {
+inline Paragraph *paragraph(llvm::StringRef name, const Statements &statements = {plain()}) {
   return fill(new Paragraph(atLine(1), word(name)), statements);
 }
 
@@ -110,13 +111,13 @@ struct Tree {
     unit->setProcDivision(division);
   }
   /// A program of one sentence.
-  explicit Tree(Statements statements) : Tree() { fill(division, statements); }
+  explicit Tree(const Statements &statements) : Tree() { fill(division, statements); }
 
   Paragraph *add(Paragraph *added) {
     division->addPara(added);
     return added;
   }
-  Section *add(llvm::StringRef section, std::list<Paragraph *> paragraphs) {
+  Section *add(llvm::StringRef section, const std::list<Paragraph *> &paragraphs) {
     auto *added = new Section(atLine(1), word(section));
     for (Paragraph *paragraph : paragraphs)
       added->addPara(paragraph);
@@ -152,7 +153,7 @@ inline std::string shapeOf(const CFGGraph *graph) {
 
 /// The shape of the only program of a tree, without its first two blocks: "entry" and
 /// "tkdummy_unnamed_sentence".
-inline std::string shapeOf(Statements statements) {
+inline std::string shapeOf(const Statements &statements) {
   Tree tree(statements);
   std::string shape = shapeOf(tree.build()->getBody());
   return shape.substr(shape.find("1 tkdummy_unnamed_sentence"));

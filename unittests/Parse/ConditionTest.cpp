@@ -148,7 +148,7 @@ TEST_F(ConditionTest, MistakesHaveOneMessageEach) {
 }
 
 TEST_F(ConditionTest, LongChainsAndDeepParentheses) {
-  std::string chain = "A = 0", nots;
+  std::string chain = "A = 0";
   for (int i = 0; i < 10000; ++i)
     chain += i % 3 ? " AND B > 1" : i % 2 ? " OR 5" : " AND NOT C";
   parse("IF " + chain + " CONTINUE.");
