@@ -9,6 +9,7 @@
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "CharacterOperand.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/ErrorHandling.h"
 
@@ -331,12 +332,13 @@ bool SemanticChecker::resolveAlterItem(AlterItem &item, AlterStatement &statemen
 //===----------------------------------------------------------------------===//
 
 /// What STOP can show to the operator: a number without an exponent, alphanumeric characters, or a
-/// figurative constant. ALL before a figurative constant says nothing and is gone by now.
+/// figurative constant that is one. ALL before a figurative constant says nothing and is gone by
+/// now.
 static bool isStopLiteral(const LiteralExpression &literal) {
   if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&literal))
     return number->getLiteralType() != NumericLiteralType::FloatingPoint;
   if (const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&literal))
-    return constant->getFigurativeType() != FigurativeType::AllLiteral;
+    return constant->getFigurativeType() != FigurativeType::Null && !isAllLiteral(*constant);
   return literal.getDataCategory() == DataCategory::Alphanumeric;
 }
 

@@ -11,6 +11,7 @@
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/TopLevel.h"
+#include "CharacterOperand.h"
 #include "OperandCheck.h"
 
 namespace tarka {
@@ -178,15 +179,18 @@ bool ArgumentCheck::byContent() {
   return checkAddress();
 }
 
+/// The figurative constants that stand for no character of their own.
+bool isAllOrNull(const Expression &operand) {
+  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&operand);
+  return isAllLiteral(operand) ||
+         (constant && constant->getFigurativeType() == FigurativeType::Null);
+}
+
 /// What a numeric literal would look like in storage nothing tells.
 bool ArgumentCheck::literalByContent() {
   if (llvm::isa<NumericLiteralExpression>(operand))
     return report(ErrorCode::CallLiteralArgumentKind);
-  if (auto *figurative = llvm::dyn_cast<FigurativeLiteralExpression>(operand);
-      figurative && (figurative->getFigurativeType() == FigurativeType::AllLiteral ||
-                     figurative->getFigurativeType() == FigurativeType::Null))
-    return report(ErrorCode::CallContentFigurativeConstant);
-  return true;
+  return !isAllOrNull(*operand) || report(ErrorCode::CallContentFigurativeConstant);
 }
 
 /// The address of an item that the program itself lays out. The message speaks of the linkage
@@ -213,10 +217,8 @@ bool ArgumentCheck::byValue() {
 }
 
 bool ArgumentCheck::literalByValue() {
-  if (auto *figurative = llvm::dyn_cast<FigurativeLiteralExpression>(operand))
-    return (figurative->getFigurativeType() != FigurativeType::AllLiteral &&
-            figurative->getFigurativeType() != FigurativeType::Null) ||
-           report(ErrorCode::CallValueFigurativeConstant);
+  if (llvm::isa<FigurativeLiteralExpression>(operand))
+    return !isAllOrNull(*operand) || report(ErrorCode::CallValueFigurativeConstant);
   auto *characters = llvm::dyn_cast<NonNumericLiteralExpression>(operand);
   if (!characters)
     return true;

@@ -189,8 +189,8 @@ bool BinarySearchCheck::checkRelation(RelationalCondition &relation) {
   auto *key = llvm::dyn_cast<DataIdentifierExpression>(&left);
   if (!key)
     return checker.report(ErrorCode::SearchStatementInvalid, &left);
-  bool ok = checkKey(relation, *key, key->getDataDescription(), *relation.getRight());
-  return checkValue(*relation.getRight()) && ok;
+  return checkKey(relation, *key, key->getDataDescription(), *relation.getRight()) &&
+         checkValue(*relation.getRight());
 }
 
 /// The value of the condition-name is the one that its conditional variable is to have.
