@@ -23,6 +23,22 @@ inline DataDescription *entryOf(const Expression &operand) {
   return identifier ? identifier->getDataDescription() : nullptr;
 }
 
+/// The entry of an operand that is a data identifier, as most rules mean it: null for functions and
+/// special registers.
+inline DataDescription *entryOfDataIdentifier(const Expression &operand) {
+  const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+  return identifier ? identifier->getDataDescription() : nullptr;
+}
+
+/// Of all entries with USAGE INDEX the checks make the index-names.
+inline bool isIndexName(const DataDescription &entry) {
+  return entry.getIsCompilerMade() && entry.getUsageType() == UsageType::Index;
+}
+
+inline bool isConditionName(const DataDescription &entry) {
+  return entry.getLevelNum() == 88;
+}
+
 /// Nothing is known of the kind of the operand: its entry is in error, which has been reported.
 inline bool isUnknown(const Expression &operand) {
   return operand.getDataCategory() == DataCategory::Unclassified;
@@ -42,7 +58,7 @@ inline bool isGroupItem(const Expression &operand) {
 /// A condition-name has the category of its conditional variable, but is no data item.
 inline bool isConditionName(const Expression &operand) {
   const DataDescription *entry = entryOf(operand);
-  return entry && entry->getLevelNum() == 88;
+  return entry && isConditionName(*entry);
 }
 
 inline bool isFloat(const Expression &operand) {

@@ -7,6 +7,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "Comparison.h"
+#include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include <algorithm>
@@ -143,9 +144,8 @@ static void alignScales(Expression &left, Expression &right) {
 }
 
 /// The group that the operand is bound to; null when it is anything else.
-static DataDescription *groupOf(Expression &operand) {
-  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
-  DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
+static DataDescription *groupOf(const Expression &operand) {
+  DataDescription *entry = entryOfDataIdentifier(operand);
   return entry && entry->getChildrenSize() > 0 ? entry : nullptr;
 }
 
@@ -206,10 +206,8 @@ constexpr char comparisons[categoryCount][categoryCount + 1] = {
 
 /// The usage of the entry that an operand is bound to; none for other operands.
 std::optional<UsageType> usageOfIdentifier(const Expression &operand) {
-  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
-  if (!identifier || !identifier->getDataDescription())
-    return std::nullopt;
-  return identifier->getDataDescription()->getUsageType();
+  const DataDescription *entry = entryOfDataIdentifier(operand);
+  return entry ? std::optional(entry->getUsageType()) : std::nullopt;
 }
 
 Comparison comparisonOf(const Expression &left, const Expression &right) {

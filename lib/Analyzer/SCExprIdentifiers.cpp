@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "OperandKinds.h"
 #include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
@@ -112,8 +113,7 @@ namespace {
 
 /// LENGTH OF is asked of what has a length: of neither a condition-name nor an index-name.
 bool hasLength(const DataDescription &entry) {
-  bool isIndexName = entry.getIsCompilerMade() && entry.getUsageType() == UsageType::Index;
-  return entry.getLevelNum() != 88 && !isIndexName;
+  return !isConditionName(entry) && !isIndexName(entry);
 }
 
 /// Whether an unqualified PAGE-COUNTER or LINE-COUNTER is that of one report: the current one, the

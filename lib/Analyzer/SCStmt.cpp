@@ -13,6 +13,7 @@
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
+#include "OperandKinds.h"
 #include <cassert>
 #include <initializer_list>
 #include <optional>
@@ -222,19 +223,8 @@ constexpr CategoryMove categoryMoves[] = {
     {{ExternalFloat, InternalFloat}, none, numbers, none},
 };
 
-/// The entry that a data identifier is bound to; null for every other operand.
-DataDescription *entryOf(Expression &operand) {
-  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
-  return identifier ? identifier->getDataDescription() : nullptr;
-}
-
-bool isGroup(DataDescription *entry) {
+bool isGroup(const DataDescription *entry) {
   return entry && entry->getChildrenSize() > 0;
-}
-
-bool isReferenceModified(Expression &operand) {
-  auto *identifier = llvm::dyn_cast<IdentifierExpression>(&operand);
-  return identifier && identifier->getReferenceMod();
 }
 
 /// COMP-3 and PACKED-DECIMAL are moved alike.
@@ -245,7 +235,7 @@ bool isPacked(UsageType usage) {
 } // namespace
 
 MoveRule SemanticChecker::getMoveRule(DataCategory sender, IdentifierExpression *receiver) {
-  if (isGroup(entryOf(*receiver)))
+  if (isGroup(entryOfDataIdentifier(*receiver)))
     return MoveRule::Character;
   DataCategory category = receiver->getDataCategory();
   for (const CategoryMove &move : categoryMoves) {
@@ -277,8 +267,9 @@ namespace {
 class MoveRuleFinder {
 public:
   MoveRuleFinder(SemanticChecker &checker, Expression &sender, IdentifierExpression &receiver)
-      : checker(checker), sender(sender), receiver(receiver), senderEntry(entryOf(sender)),
-        receiverEntry(entryOf(receiver)), receiverCategory(receiver.getDataCategory()) {}
+      : checker(checker), sender(sender), receiver(receiver),
+        senderEntry(entryOfDataIdentifier(sender)), receiverEntry(entryOfDataIdentifier(receiver)),
+        receiverCategory(receiver.getDataCategory()) {}
 
   MoveRule find();
 

@@ -10,6 +10,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "CharacterOperand.h"
+#include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/ErrorHandling.h"
 
@@ -249,9 +250,8 @@ bool SemanticChecker::checkPerformTimes(Expression &times) {
 namespace {
 
 bool isGroup(const Expression &operand) {
-  const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
-  return identifier && identifier->getDataDescription() &&
-         identifier->getDataDescription()->isGroupItem();
+  const DataDescription *entry = entryOfDataIdentifier(operand);
+  return entry && entry->isGroupItem();
 }
 
 /// What PERFORM VARYING can count with.

@@ -13,6 +13,7 @@
 #include "Analyzer/TopLevel.h"
 #include "CharacterOperand.h"
 #include "OperandCheck.h"
+#include "OperandKinds.h"
 
 namespace tarka {
 
@@ -21,21 +22,6 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 namespace {
-
-/// The entry of a data item that is passed or named as it is: not of an operand of another kind.
-const DataDescription *entryOf(const Expression &operand) {
-  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
-  return identifier ? identifier->getDataDescription() : nullptr;
-}
-
-bool isConditionName(const DataDescription &entry) {
-  return entry.getLevelNum() == 88;
-}
-
-/// Of all entries with USAGE INDEX the checks make the index-names.
-bool isIndexName(const DataDescription &entry) {
-  return entry.getIsCompilerMade() && entry.getUsageType() == UsageType::Index;
-}
 
 /// A program is named by letters, characters or digits that can be read as characters.
 bool holdsProgramName(const DataIdentifierExpression &identifier) {
@@ -132,7 +118,7 @@ bool ArgumentCheck::check() {
            checker.report(ErrorCode::CallOmittedByValue, &argument);
   if (!checker.semanticCheck(*operand))
     return false;
-  if (const DataDescription *entry = entryOf(*operand)) {
+  if (const DataDescription *entry = entryOfDataIdentifier(*operand)) {
     if (isConditionName(*entry))
       return report(ErrorCode::CallArgumentNameInvalid);
     if (isIndexName(*entry))
@@ -281,7 +267,7 @@ bool checkReturningItem(SemanticChecker &checker, IdentifierExpression &item) {
   auto *specialRegister = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&item);
   if (specialRegister && specialRegister->getType() == SpecialRegisterType::LengthOf)
     return checker.report(ErrorCode::MoveReceiverInvalid, &item);
-  const DataDescription *entry = entryOf(item);
+  const DataDescription *entry = entryOfDataIdentifier(item);
   if (entry && isConditionName(*entry))
     return checker.report(ErrorCode::MoveReceiverInvalid, &item);
   if (entry && isIndexName(*entry))
@@ -362,7 +348,7 @@ void bindParameters(SemanticChecker &checker, SourceUnit &unit) {
 /// that shares its storage is not known.
 bool isShorter(SemanticChecker &checker, const Expression &operand,
                const DataDescription &parameter) {
-  const DataDescription *entry = entryOf(operand);
+  const DataDescription *entry = entryOfDataIdentifier(operand);
   if (!entry || llvm::cast<DataIdentifierExpression>(operand).getReferenceMod() ||
       (entry->getLevelNum() != 1 && entry->getLevelNum() != 77) || entry->isRedefineSubject() ||
       !entry->getRedefineSubjectElements().empty())
@@ -387,7 +373,7 @@ bool checkAgainstParameter(SemanticChecker &checker, Argument &argument, Paramet
   const bool isAddress = operand->getDataCategory() == DataCategory::Pointer;
   if (isValue != isValueExpected && !(isValue && isAddress))
     return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
-  const DataDescription *expected = entryOf(*parameter.getExpr());
+  const DataDescription *expected = entryOfDataIdentifier(*parameter.getExpr());
   if (!isValue && expected && isShorter(checker, *operand, *expected))
     return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
   return true;
@@ -422,7 +408,8 @@ bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &p
   const DataDescription *returned = returning && returning->getReturnItem()
                                         ? returning->getReturnItem()->getDataDescription()
                                         : nullptr;
-  const DataDescription *result = call.getReturn() ? entryOf(*call.getReturn()) : nullptr;
+  const DataDescription *result =
+      call.getReturn() ? entryOfDataIdentifier(*call.getReturn()) : nullptr;
   if (returned && result && result->hasSubordinateData() && !returned->hasSubordinateData())
     ok = checker.report(ErrorCode::CallGroupNotAllowed, call.getReturn());
   return ok;

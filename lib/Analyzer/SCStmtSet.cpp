@@ -10,6 +10,7 @@
 #include "AST/Expression.h"
 #include "AST/Statement.h"
 #include "OperandCheck.h"
+#include "OperandKinds.h"
 #include "SpecialNames.h"
 #include "llvm/ADT/SmallVector.h"
 #include <optional>
@@ -34,12 +35,11 @@ enum Operand : unsigned {
 };
 
 Operand kindOf(const DataDescription &entry) {
-  if (entry.getLevelNum() == 88 || entry.hasSubordinateData())
+  if (isConditionName(entry) || entry.hasSubordinateData())
     return Other;
   switch (entry.getUsageType()) {
   case UsageType::Index:
-    // Of all entries with that usage the checks make the index-names.
-    return entry.getIsCompilerMade() ? IndexName : IndexItem;
+    return isIndexName(entry) ? IndexName : IndexItem;
   case UsageType::Pointer:
     return DataPointer;
   case UsageType::ProcedurePointer:

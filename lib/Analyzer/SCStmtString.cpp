@@ -11,6 +11,7 @@
 #include "AST/Statement.h"
 #include "CharacterOperand.h"
 #include "OperandCheck.h"
+#include "OperandKinds.h"
 
 namespace tarka {
 
@@ -19,10 +20,6 @@ namespace {
 bool isEdited(DataCategory category) {
   return category == DataCategory::AlphanumericEdited || category == DataCategory::NumericEdited ||
          category == DataCategory::NationalEdited;
-}
-
-bool isFloat(DataCategory category) {
-  return category == DataCategory::ExternalFloat || category == DataCategory::InternalFloat;
 }
 
 } // namespace
@@ -59,7 +56,7 @@ bool checkStringReceiver(SemanticChecker &checker, IdentifierExpression &receive
   if (llvm::isa<FunctionIdentifierExpression>(receiver))
     return checker.report(ErrorCode::FunctionInReceivingArea, &receiver);
   const DataCategory category = receiver.getDataCategory();
-  if (characterKindOf(receiver) == CharacterKind::None || isEdited(category) || isFloat(category))
+  if (characterKindOf(receiver) == CharacterKind::None || isEdited(category) || isFloat(receiver))
     return checker.report(ErrorCode::StringReceiverType, &receiver);
   const DataDescription *item = dataItemOf(receiver);
   if (item && item->getJustified())
@@ -188,7 +185,7 @@ bool UnstringCheck::checkTarget(IdentifierExpression &target) {
   if (!item)
     return checker.report(ErrorCode::UnstringIntoNotDataItem, &target);
   const DataCategory category = target.getDataCategory();
-  if (kind == CharacterKind::None || isEdited(category) || isFloat(category))
+  if (kind == CharacterKind::None || isEdited(category) || isFloat(target))
     return checker.report(ErrorCode::StringReceiverType, &target);
   if (category == DataCategory::Numeric && counterFaultOf(target) == CounterFault::Scaled)
     return checker.report(ErrorCode::IntegerWithScaledPicture, &target);
