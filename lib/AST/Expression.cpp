@@ -98,6 +98,14 @@ bool FunctionIdentifierExpression::isInteger() const {
   }
 }
 
+/// Whether a register of DEBUG-ITEM is a whole number: DEBUG-SUB-1 to DEBUG-SUB-3 hold subscripts,
+/// everything else is characters.
+static bool isDebugSubscript(const SpecialRegisterIdentifierExpression &reg) {
+  const Word *name = reg.getRegisterWord();
+  return name && llvm::StringRef(name->getWordData()).starts_with("DEBUG-SUB-") &&
+         !reg.getReferenceMod();
+}
+
 DataCategory SpecialRegisterIdentifierExpression::getDataCategory() const {
   switch (getType()) {
   case SpecialRegisterType::AddressOf:
@@ -113,8 +121,9 @@ DataCategory SpecialRegisterIdentifierExpression::getDataCategory() const {
     return DataCategory::National;
   case SpecialRegisterType::XmlNamespace:
   case SpecialRegisterType::XmlNamespacePrefix:
-  case SpecialRegisterType::DebugItem:
     return DataCategory::Alphanumeric;
+  case SpecialRegisterType::DebugItem:
+    return isDebugSubscript(*this) ? DataCategory::Numeric : DataCategory::Alphanumeric;
   case SpecialRegisterType::JnienvPtr:
     return DataCategory::Pointer;
   case SpecialRegisterType::JsonCode:
@@ -134,6 +143,8 @@ bool SpecialRegisterIdentifierExpression::isInteger() const {
   case SpecialRegisterType::PageCounter:
   case SpecialRegisterType::LineCounter:
     return true;
+  case SpecialRegisterType::DebugItem:
+    return isDebugSubscript(*this);
   default:
     return description && !referenceMod && holdsIntegers(*description);
   }

@@ -153,7 +153,10 @@ bool Parser::unknownClause(const ClauseSet &clauses) {
   llvm::SmallVector<Keyword, 80> words(clauses.keywords);
   words.append(clauses.synonyms.begin(), clauses.synonyms.end());
   Keyword meant = peek().isWord() ? nearestKeyword(peek().text, words) : Keyword::None;
-  if (meant != Keyword::None) {
+  if (meant != Keyword::None && textOf(meant) == peek().text) {
+    // A word of OS/VS COBOL, which is no keyword without its option.
+    error(DiagnosticId::OsvsStatement, here(), peek().text);
+  } else if (meant != Keyword::None) {
     error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, textOf(meant));
   } else {
     auto texts = llvm::map_range(clauses.keywords, textOf);

@@ -216,27 +216,29 @@ Parser::Comparand Parser::parseCombined(Abbreviation &abbreviation) {
 
 /// One condition of a combined one, or an expression that is none yet.
 Parser::Comparand Parser::parseTerm(Abbreviation &abbreviation) {
+  SourceRange begin = here();
+  // A > B OR = C, A > B OR NOT = C, A > B OR IS NOT = C: NOT is part of the operator and holds for
+  // the objects that follow.
+  if (abbreviation.subject) {
+    unsigned length = at(Keyword::Is);
+    bool isNot = peek(length).is(Keyword::Not);
+    if (isRelationalOperator(peek(length + isNot))) {
+      accept(Keyword::Is);
+      accept(Keyword::Not);
+      return {parseAbbreviated(begin, isNot, abbreviation), nullptr};
+    }
+  }
   if (at(Keyword::Not))
     return {parseNegated(abbreviation), nullptr};
-  SourceRange begin = here();
-  // A > B OR = C, A > B OR IS = C
-  if (abbreviation.subject &&
-      (isRelationalOperator(peek()) || (at(Keyword::Is) && isRelationalOperator(peek(1))))) {
-    accept(Keyword::Is);
-    return {parseAbbreviated(begin, /*isNot=*/false, abbreviation), nullptr};
-  }
   return parseSimple(abbreviation);
 }
 
-/// NOT before an operator without subject is part of the operator and holds for the objects that
-/// follow; any other NOT negates one condition.
+/// A NOT that is no part of an operator: it negates one condition.
 Condition *Parser::parseNegated(Abbreviation &abbreviation) {
   SourceRange begin = here();
   accept(Keyword::Not);
   if (at(Keyword::Not))
     return expected("a condition");
-  if (abbreviation.subject && isRelationalOperator(peek()))
-    return parseAbbreviated(begin, /*isNot=*/true, abbreviation);
 
   Comparand operand = parseSimple(abbreviation);
   // NOT C behind A > B says that A > C does not hold: the leaf takes the NOT in, what follows is

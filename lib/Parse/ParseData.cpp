@@ -301,10 +301,24 @@ DataDescription *Parser::parseDataEntry() {
   }
   if (name)
     entry->setDataName(name);
+  if (name && options.osvs)
+    skipCopiedEntryName(level, *name);
 
   Node whole = parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); });
   entry->setRange(whole.getRange());
   return entry;
+}
+
+/// 01 A COPY B: in OS/VS COBOL the text of B may be a whole record, and A takes the place of the
+/// name that the record has there.
+void Parser::skipCopiedEntryName(unsigned level, const Word &name) {
+  unsigned copiedLevel = 0;
+  bool isCopied = at(TokenKind::IntegerLiteral) && here().file != name.getRange().file;
+  if (!isCopied || peek().text.getAsInteger(10, copiedLevel) || copiedLevel != level ||
+      !peek(1).isUserWord())
+    return;
+  stream.skip();
+  stream.skip();
 }
 
 /// Levels that the language does not have are the checker's to report. Past two digits they are

@@ -282,6 +282,18 @@ static bool addTo(ParaSpecialNames &names, void (ParaSpecialNames::*add)(Clause 
   return clause != nullptr;
 }
 
+/// XML-SCHEMA schema-name [IS] {literal | external-name}: where the running program finds the
+/// schema that XML PARSE names. Nothing is checked and nothing kept.
+bool Parser::parseXmlSchema() {
+  accept(Keyword::XmlSchema);
+  if (!parseUserWord("the name of an XML schema"))
+    return false;
+  accept(Keyword::Is);
+  if (at(TokenKind::AlphanumericLiteral))
+    return parseNonNumericLiteral();
+  return parseUserWord("the external name of an XML schema");
+}
+
 bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses) {
   switch (peek().keyword) {
   case Keyword::Alphabet:
@@ -296,6 +308,7 @@ bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &c
     return parseOnce(names, &ParaSpecialNames::getDecimalPoint, &ParaSpecialNames::setDecimalPoint,
                      &Parser::parseDecimalPoint);
   case Keyword::XmlSchema:
+    return parseXmlSchema();
   case Keyword::Order:
     return unsupportedClause(textOf(peek().keyword), clauses);
   default:

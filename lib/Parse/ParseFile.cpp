@@ -101,7 +101,10 @@ bool Parser::parseFileClause(FileDescription &file) {
     return true;
   case Keyword::Totaled:
   case Keyword::Totaling:
-    return unsupportedClause(textOf(peek().keyword), fileClauses);
+    error(DiagnosticId::NoEffect, here(), textOf(peek().keyword));
+    stream.skip();
+    recoverToClause(fileClauses);
+    return true;
   default:
     return unknownClause(fileClauses);
   }

@@ -99,6 +99,10 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
   case Keyword::Processing:
   case Keyword::FileLimit:
   case Keyword::FileLimits:
+  case Keyword::Actual:
+  case Keyword::Nominal:
+  case Keyword::TrackArea:
+  case Keyword::TrackLimit:
     error(DiagnosticId::NoEffect, here(), textOf(peek().keyword));
     stream.skip();
     // PROCESSING MODE IS SEQUENTIAL has the word of another clause in it.
@@ -107,11 +111,6 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
     accept(Keyword::Sequential);
     recoverToClause(selectClauses);
     return true;
-  case Keyword::Actual:
-  case Keyword::Nominal:
-  case Keyword::TrackArea:
-  case Keyword::TrackLimit:
-    return unsupportedClause(textOf(peek().keyword), selectClauses);
   default:
     return unknownClause(selectClauses);
   }

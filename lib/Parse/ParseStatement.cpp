@@ -227,6 +227,8 @@ Statement *Parser::dispatchStatement(Keyword verb) {
     return parseRewrite();
   case Keyword::Search:
     return parseSearch();
+  case Keyword::Seek:
+    return parseSeek();
   case Keyword::Service:
     return parseService();
   case Keyword::Set:
@@ -286,6 +288,18 @@ Statement *Parser::parseEnter() {
     return expected("the name of a language");
   while (peek().isWord() && !peek().isVerb() && !atProcedureHeader())
     stream.skip();
+  return make<ContinueStatement>(begin);
+}
+
+/// SEEK file-name [RECORD]: the arm of the disk may move ahead of the READ; what is read stays the
+/// same.
+Statement *Parser::parseSeek() {
+  SourceRange begin = here();
+  error(DiagnosticId::NoEffect, begin, textOf(peek().keyword));
+  accept(Keyword::Seek);
+  if (!parseFileName())
+    return nullptr;
+  accept(Keyword::Record);
   return make<ContinueStatement>(begin);
 }
 

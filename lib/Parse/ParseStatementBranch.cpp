@@ -125,9 +125,9 @@ Statement *Parser::parseGoto() {
   SourceRange begin = here();
   accept(Keyword::Go);
   accept(Keyword::To);
-  // Where labels of files are read, a jump back to reading the next one.
-  if (at(Keyword::MoreLabels))
-    return error(DiagnosticId::UnsupportedStatement, here(), "GO TO MORE-LABELS");
+  // The end of a label procedure, which is entered again for the next label.
+  if (accept(Keyword::MoreLabels))
+    return make<ExitSectionStatement>(begin);
   auto *jump = make<GotoStatement>(begin);
   auto atProcedureName = [&] { return at(TokenKind::IntegerLiteral) || peek().isUserWord(); };
   while (atProcedureName() && !atProcedureHeader()) {

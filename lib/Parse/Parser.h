@@ -258,6 +258,7 @@ private:
   ClauseSequence *parseCollatingSequence();
   ClauseSegmentLimit *parseSegmentLimit();
   void parseSpecialNames(ConfigurationSection &section);
+  bool parseXmlSchema();
   bool parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses);
   bool atEnvironmentName();
   ClauseEnvName *parseEnvironmentName();
@@ -318,6 +319,7 @@ private:
   void parseDataRecords(StorageType storage, AddRecord add);
   /// With a level number next. Null when the entry cannot stand in the tree.
   DataDescription *parseDataEntry();
+  void skipCopiedEntryName(unsigned level, const Word &name);
   unsigned parseLevelNumber();
   /// The name of an entry or FILLER; null when the entry has none.
   Word *parseEntryName(const ClauseSet &clauses);
@@ -550,6 +552,7 @@ private:
   std::nullptr_t rejectStatement();
   std::nullptr_t rejectUse();
   Statement *parseEnter();
+  Statement *parseSeek();
   Statement *parseService();
   /// What is remembered along a list of statements.
   struct StatementList {

@@ -7,6 +7,11 @@
 *> CHECK: DataDescription {{.*}} name=XML-TEXT {{.*}} picture=X(2000)
 IDENTIFICATION DIVISION.
 PROGRAM-ID. XMLS.
+ENVIRONMENT DIVISION.
+CONFIGURATION SECTION.
+SPECIAL-NAMES.
+    XML-SCHEMA SCHEMA-FILE IS SCHEMADD
+    XML-SCHEMA OTHER-SCHEMA 'DDOTHER'.
 DATA DIVISION.
 WORKING-STORAGE SECTION.
 77  DOC                         PIC X(500).
@@ -56,20 +61,20 @@ MAIN SECTION.
         NOT ON EXCEPTION DISPLAY DOC (1:N)
     END-XML
 *> CHECK:      XMLGenerateStatement {{.*}} fromVariableTable
-*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@22:5
-*> CHECK-NEXT: contents: {{.*}} boundTo=NAME@27:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=CITY@28:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@33:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@35:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=ITEM-COUNT@36:5
-*> CHECK-NEXT: contents: {{.*}} boundTo=PRICE@38:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=WEIGHT@39:9
-*> CHECK-NEXT: contents: {{.*}} boundTo=PLACE@40:9
+*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@27:5
+*> CHECK-NEXT: contents: {{.*}} boundTo=NAME@32:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=CITY@33:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@38:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=INNER-NAME@40:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=ITEM-COUNT@41:5
+*> CHECK-NEXT: contents: {{.*}} boundTo=PRICE@43:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=WEIGHT@44:9
+*> CHECK-NEXT: contents: {{.*}} boundTo=PLACE@45:9
     XML GENERATE DOC-TEXT FROM ITEM (1) COUNT TALLY ENCODING CODE-PAGE NAMESPACE SPACE-NAME END-XML
     XML GENERATE DOC-GROUP FROM NUMBER-OF OF ORDER-RECORD
 *> CHECK:      XMLGenerateStatement <[[#@LINE-1]]:5
 *> CHECK-NOT:  contents
-*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@22:5
+*> CHECK:      contents: {{.*}} boundTo=NUMBER-OF@27:5
 *> CHECK-NOT:  contents
 *> CHECK:      XMLGenerateStatement
     XML GENERATE NAT-DOC FROM FIXED-RECORD

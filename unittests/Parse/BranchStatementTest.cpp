@@ -112,8 +112,7 @@ TEST_F(BranchStatementTest, GotoAlterExitStop) {
                   {"GO TO 'P'.", "200@1:7"},
                   {"ALTER P Q.", "200@1:9"},
                   {"STOP WHENEVER.", "200@1:6"},
-                  {"EXIT METHOD.", "423@1:6"},
-                  {"GO TO MORE-LABELS.", "423@1:7"}});
+                  {"EXIT METHOD.", "423@1:6"}});
 }
 
 TEST_F(BranchStatementTest, CallCancelEntry) {

@@ -109,6 +109,7 @@ TEST_F(ConditionTest, AbbreviatedRelations) {
   EXPECT_EQ(condition("A = B OR C + 1 OR (D - 1) * 2"),
             "(or (or (= A B) (_ = (+ C 1))) (_ = (* (- D 1) 2)))");
   EXPECT_EQ(condition("A = B OR IS GREATER THAN C"), "(or (= A B) (_ w> C))");
+  EXPECT_EQ(condition("A = B AND IS NOT < C OR D"), "(or (and (= A B) (_ w!< C)) (_ !< D))");
   EXPECT_EQ(condition("A GREATER THAN B OR EQUAL TO C"), "(or (> A B) (_ w= C))");
   EXPECT_EQ(reported(), "");
 }

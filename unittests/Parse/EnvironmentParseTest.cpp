@@ -218,10 +218,10 @@ TEST_F(EnvironmentParseTest, oneMessageForEachMistake) {
     UPSI-0 IS SW ON STATUS IS IF
     DECIMAL-POINT IS PERIOD
     CONSOLE IS CRT.
-    XML-SCHEMA S IS "X"
+    XML-SCHEMA S IS 5
     SYSIN IS CARDS.
 )");
-  EXPECT_EQ(reported(), "224@5:5 200@6:16 200@8:5 201@8:31 200@9:22 221@11:5");
+  EXPECT_EQ(reported(), "224@5:5 200@6:16 200@8:5 201@8:31 200@9:22 200@11:21");
   EXPECT_EQ(message(0), "'ALFABET' begins no clause of SPECIAL-NAMES; is ALPHABET meant?");
 
   InputOutputSection &section = parseFiles(R"(
