@@ -496,7 +496,7 @@ private:
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
 
   // SCDataDescription.cpp
-  void checkSubordinates(DataDescription &entry);
+  bool checkSubordinates(DataDescription &entry);
   bool checkUsageOfData(DataDescription &entry, UsageType usage);
 
   // SCDataPicture.cpp

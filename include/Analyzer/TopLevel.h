@@ -26,7 +26,7 @@ class CFGFunc;
 llvm::LLVMContext &globalContext();
 
 /// The compilation context: one for the process, made on first use and never destroyed. Nothing in
-/// it is reset between source units; whoever owns a field sets it anew.
+/// it is reset when a source unit ends; whoever owns a field sets it anew.
 class TopLevel {
 public:
   /// The context. The first call makes it, with \p id as the identifier of the compilation; later

@@ -105,7 +105,7 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
     ok &= checkClauseRedifines(entry);
   if (entry.getRenames())
     ok &= checkClauseRenames(entry);
-  checkSubordinates(entry);
+  ok &= checkSubordinates(entry);
   if (entry.getBlankZero())
     ok &= checkClauseBlank(entry);
   if (entry.getExternal())
@@ -143,22 +143,23 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
   return ok;
 }
 
-/// What stands below an entry, or that nothing does. Neither makes the entry itself fail.
-void SemanticChecker::checkSubordinates(DataDescription &entry) {
+/// What stands below an entry, or that nothing does. Neither makes the entry itself fail; only its
+/// USAGE does.
+bool SemanticChecker::checkSubordinates(DataDescription &entry) {
   if (!entry.isGroupItem()) {
     if (!entry.getPicture() && !entry.getUsage() && !entry.getRenames() &&
         entry.getLevelNum() != 88 && entry.getType() != DescType::Report)
       report(ErrorCode::GroupWithoutChildren, &entry);
-    return;
+    return true;
   }
-  if (entry.getUsage())
-    checkClauseGroupUsage(entry);
+  const bool ok = !entry.getUsage() || checkClauseGroupUsage(entry);
   // Checking a child may put slack bytes in front of it.
   for (DataDescription *child : entry.getChildrenElements()) {
     if (child->getSynchronized())
       markTablesAround(&entry);
     semanticCheck(*child);
   }
+  return ok;
 }
 
 //===----------------------------------------------------------------------===//

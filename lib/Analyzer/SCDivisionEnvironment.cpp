@@ -506,6 +506,8 @@ bool SemanticChecker::semanticCheck(ParaFileControl &entry) {
     result &= checkClauseRelativeKey(entry);
   if (entry.getAlternateListSize() > 0)
     result &= checkClauseAlternateList(entry);
+  if (entry.getPassWord())
+    result &= checkPassword(*entry.getPassWord());
   return result;
 }
 
@@ -527,10 +529,13 @@ bool SemanticChecker::checkClauseAccess(ParaFileControl &) {
 
 bool SemanticChecker::checkClauseReserve(ParaFileControl &entry) {
   NumericLiteralExpression *count = entry.getReserve()->getReserveCount();
+  if (!count)
+    return true;
+  bool result = semanticCheck(*count);
   // The message of MEMORY SIZE serves here too, on purpose.
-  if (count && !isInteger(*count))
-    return report(ErrorCode::MemorySizeNotInteger, count);
-  return true;
+  if (!isInteger(*count))
+    result = report(ErrorCode::MemorySizeNotInteger, count);
+  return result;
 }
 
 bool SemanticChecker::checkClausePadding(ParaFileControl &entry) {

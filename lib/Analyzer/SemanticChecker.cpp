@@ -38,12 +38,14 @@ void SemanticChecker::addUsedSrc(ReportDataDescription *item) {
 }
 
 std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListBegin() {
-  assert(usedSrcList && "NULL Reference");
+  if (!usedSrcList)
+    assert(0 && "NULL Reference");
   return usedSrcList->begin();
 }
 
 std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListEnd() {
-  assert(usedSrcList && "NULL Reference");
+  if (!usedSrcList)
+    assert(0 && "NULL Reference");
   return usedSrcList->end();
 }
 
@@ -70,6 +72,8 @@ bool SemanticChecker::semanticCheck(Program &program) {
   for (SourceUnit *unit : program.getSourceUnitListElements()) {
     context().setCurrentSourceUnit(unit);
     setIsDeclaratives(false);
+    // DECIMAL-POINT IS COMMA holds for the program that says so and for those nested in it.
+    context().setIsDecimalPointComma(false);
     ok &= semanticCheck(*unit);
   }
   context().setCurrentProgram(nullptr);

@@ -29,9 +29,14 @@
            SELECT BAD-RELATIVE ASSIGN TO BADREL
                ORGANIZATION IS RELATIVE
                RELATIVE KEY IS BAD-NUMBER
+      *> expect@+1: 3310:28-35
+               PASSWORD IS NO-WORDS
       *> expect@+1: 3124:31-41
                FILE STATUS IS COMP-STATUS.
            SELECT BAD-SEQUENTIAL ASSIGN TO UT-S-BAD
+      *> expect@+2: 3306
+               RESERVE
+                   12345678901234567890123456789012 AREAS
       *> expect@+1: 3120:37-40
                PADDING CHARACTER IS '**'
       *> expect@+1: 3126:31-41
