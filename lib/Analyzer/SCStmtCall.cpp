@@ -14,6 +14,7 @@
 #include "CharacterOperand.h"
 #include "OperandCheck.h"
 #include "OperandKinds.h"
+#include "llvm/ADT/SmallPtrSet.h"
 
 namespace tarka {
 
@@ -379,8 +380,13 @@ bool checkAgainstParameter(SemanticChecker &checker, Argument &argument, Paramet
   return true;
 }
 
+/// The arguments of a CALL that are wrong wherever they are passed.
+using RefusedArguments = llvm::SmallPtrSet<const Argument *, 4>;
+
 /// Holds a CALL against the header of the program that it reaches, whose parameters it is given.
-bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &program) {
+/// Of an argument that was refused enough has been said.
+bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &program,
+                    const RefusedArguments &refused) {
   ProcedureDivision *division = program.getProcDivision();
   if (!division)
     return true;
@@ -398,7 +404,8 @@ bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &p
       ok = checker.report(ErrorCode::CallArgumentParameterMismatch, argument);
       break;
     }
-    ok &= checkAgainstParameter(checker, *argument, **parameter++);
+    ok &= refused.contains(argument) || checkAgainstParameter(checker, *argument, **parameter);
+    ++parameter;
   }
   if (parameter != division->getParameterEnd())
     ok = checker.report(ErrorCode::CallArgumentParameterMismatch, &call);
@@ -491,15 +498,18 @@ bool prepareDliCall(SemanticChecker &checker, CallStatement &call, const DliInte
 
 bool SemanticChecker::semanticCheck(CallStatement &statement) {
   bool ok = checkProgramName(*this, statement);
+  RefusedArguments refused;
   for (Argument *argument : statement.getArgumentListElements())
-    ok &= ArgumentCheck(*this, *argument).check();
+    if (!ArgumentCheck(*this, *argument).check())
+      refused.insert(argument);
+  ok &= refused.empty();
   if (IdentifierExpression *item = statement.getReturn())
     ok &= checkReturningItem(*this, *item);
   if (auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(statement.getProcedureName())) {
     if (const DliInterface *dli = findDliInterface(name->getData()))
       ok &= prepareDliCall(*this, statement, *dli);
     else if (SourceUnit *program = findProgram(name->getData()))
-      ok &= checkPrototype(*this, statement, *program);
+      ok &= checkPrototype(*this, statement, *program, refused);
   }
   for (ExceptionHandler *handler : statement.getExceptHandlerElements())
     ok &= semanticCheck(*handler);
