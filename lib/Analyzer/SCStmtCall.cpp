@@ -284,6 +284,9 @@ bool checkReturningItem(SemanticChecker &checker, IdentifierExpression &item) {
 
 namespace {
 
+/// The arguments of a CALL that are wrong wherever they are passed.
+using RefusedArguments = llvm::SmallPtrSet<const Argument *, 4>;
+
 /// A program's name as it is looked for: without the quotes of a literal, in upper case.
 const std::string *programKey(llvm::StringRef name) {
   if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
@@ -380,9 +383,6 @@ bool checkAgainstParameter(SemanticChecker &checker, Argument &argument, Paramet
   return true;
 }
 
-/// The arguments of a CALL that are wrong wherever they are passed.
-using RefusedArguments = llvm::SmallPtrSet<const Argument *, 4>;
-
 /// Holds a CALL against the header of the program that it reaches, whose parameters it is given.
 /// Of an argument that was refused enough has been said.
 bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &program,
@@ -466,11 +466,12 @@ DataIdentifierExpression *makeRegister(const Node &at, const char *name) {
 
 /// Puts the number of arguments in front of them, and a MOVE in front of the CALL that sets it. A
 /// program that passes the number itself has done both.
-bool prepareDliCall(SemanticChecker &checker, CallStatement &call, const DliInterface &dli) {
+bool prepareDliCall(SemanticChecker &checker, CallStatement &call, const DliInterface &dli,
+                    const RefusedArguments &refused) {
   bool ok = true;
   // The interface tells the arguments apart by their number.
   for (Argument *argument : call.getArgumentListElements())
-    if (argument->isOmitted())
+    if (argument->isOmitted() && !refused.contains(argument))
       ok = checker.report(ErrorCode::CallOmittedNotAllowed, argument);
   if (call.getArgumentListSize() != 0)
     if (Expression *first = (*call.getArgumentListBegin())->getExpr();
@@ -507,7 +508,7 @@ bool SemanticChecker::semanticCheck(CallStatement &statement) {
     ok &= checkReturningItem(*this, *item);
   if (auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(statement.getProcedureName())) {
     if (const DliInterface *dli = findDliInterface(name->getData()))
-      ok &= prepareDliCall(*this, statement, *dli);
+      ok &= prepareDliCall(*this, statement, *dli, refused);
     else if (SourceUnit *program = findProgram(name->getData()))
       ok &= checkPrototype(*this, statement, *program, refused);
   }
