@@ -514,9 +514,8 @@ EvaluateObject *Parser::parseEvaluateObject(const EvaluateSubject *subject) {
     return make<EvaluateObject>(begin, EvalObjectType::True);
   if (accept(Keyword::False))
     return make<EvaluateObject>(begin, EvalObjectType::False);
-  if (subject && subject->getType() != EvalSubjectType::Expression)
-    return parseEvaluateCondition(begin, parseCondition());
-  return parseEvaluateOperand(begin);
+  const bool isTruthWanted = subject && subject->getType() != EvalSubjectType::Expression;
+  return parseEvaluateOperand(begin, isTruthWanted);
 }
 
 EvaluateObject *Parser::parseEvaluateCondition(const SourceRange &begin, Condition *condition) {
@@ -527,8 +526,10 @@ EvaluateObject *Parser::parseEvaluateCondition(const SourceRange &begin, Conditi
   return object;
 }
 
-EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin) {
-  bool isNot = accept(Keyword::Not);
+/// Beside a truth value, NOT is part of a condition and a name alone is taken for that of one; an
+/// operand of another kind is read all the same, for the checker to say that it does not fit.
+EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin, bool isTruthWanted) {
+  bool isNot = !isTruthWanted && accept(Keyword::Not);
   Comparand front;
   if (isNot)
     front.expression = parseArithmeticExpression();
@@ -538,6 +539,9 @@ EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin) {
     return nullptr;
   if (front.condition)
     return parseEvaluateCondition(begin, front.condition);
+  if (auto *name = llvm::dyn_cast<DataIdentifierExpression>(front.expression);
+      name && !name->getReferenceMod() && isTruthWanted && !at(Keyword::Through, Keyword::Thru))
+    return parseEvaluateCondition(begin, namedCondition(name));
   Expression *rear = nullptr;
   bool isRange = acceptAny(Keyword::Through, Keyword::Thru);
   if (isRange && !(rear = parseArithmeticExpression()))

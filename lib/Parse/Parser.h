@@ -713,7 +713,7 @@ private:
   EvaluateWhen *parseEvaluateWhen(EvaluateStatement &evaluate);
   EvaluateObject *parseEvaluateObject(const EvaluateSubject *subject);
   EvaluateObject *parseEvaluateCondition(const SourceRange &begin, Condition *condition);
-  EvaluateObject *parseEvaluateOperand(const SourceRange &begin);
+  EvaluateObject *parseEvaluateOperand(const SourceRange &begin, bool isTruthWanted);
   SearchWhen *parseSearchWhen();
   AlterItem *parseAlterItem();
 

@@ -81,6 +81,13 @@ MAIN.
             CONTINUE
     END-EVALUATE
 
+    *> An operand beside a truth value. A name alone is looked for among the condition-names.
+    EVALUATE TRUE ALSO N > 5 ALSO N-IS-ONE
+        WHEN 5 ALSO "A" THRU "B" ALSO N + 1 *> expect: 3432:14-14 3432:21-32 3432:39-43
+        WHEN LENGTH OF N ALSO N THRU 5 ALSO N *> expect: 3432:14-24 3432:31-38 3330:45-45
+            CONTINUE
+    END-EVALUATE
+
     *> What cannot be compared. Of a range one message is enough.
     EVALUATE N ALSO AB ALSO PT ALSO DB
         WHEN AB ALSO 1 ALSO N ALSO "A"         *> expect: 3432:14-15 3432:22-22 3432:29-29 3432:36-38
