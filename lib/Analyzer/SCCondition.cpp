@@ -5,8 +5,8 @@
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
 #include "Comparison.h"
+#include "CurrentUnit.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
@@ -79,11 +79,6 @@ bool SemanticChecker::semanticCheck(ConditionNameCondition &condition) {
   if (name->getDataDescription()->getLevelNum() != 88)
     return report(ErrorCode::ConditionNameNotLevel88, &condition);
   return true;
-}
-
-/// The SPECIAL-NAMES paragraph of the current source unit; null when it has none.
-static ParaSpecialNames *currentSpecialNames() {
-  return TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getSpecialNames();
 }
 
 /// Attaches the clause that defines the switch, and notes whether its ON status was named.

@@ -10,7 +10,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
@@ -19,12 +19,6 @@ namespace {
 
 const CompileOption &options() {
   return *CompileOption::getCompileOptionInstance();
-}
-
-/// The data division being checked; null when there is none.
-DataDivision *currentDivision() {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  return unit ? unit->getDataDivision() : nullptr;
 }
 
 bool isRecord(const DataDescription &entry) {

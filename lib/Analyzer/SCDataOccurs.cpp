@@ -8,7 +8,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 
 namespace tarka {
 
@@ -171,8 +171,7 @@ SemanticChecker::KeyResult SemanticChecker::checkOccursKey(DataDescription &tabl
 /// Every index name becomes an entry of level 01 at the end of working-storage. It has the parent
 /// of its table as long as the program is being checked, so that it can be qualified.
 void SemanticChecker::createIndexNames(DataDescription &table) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  DataDivision *division = unit ? unit->getDataDivision() : nullptr;
+  DataDivision *division = currentDivision();
   for (DataIdentifierExpression *name : table.getOccurs()->getIndexListElements()) {
     auto *entry = new DataDescription(nullptr);
     entry->setLevelNum(1);

@@ -8,7 +8,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
 #include <algorithm>
@@ -20,12 +20,6 @@ namespace {
 constexpr std::size_t MaxPictureCharacters = 50;
 constexpr int MaxDigits = 31;
 constexpr int MaxEditedPositions = 249;
-
-/// The SPECIAL-NAMES of the program being checked; null when it has none.
-ParaSpecialNames *currentSpecialNames() {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  return unit ? unit->getSpecialNames() : nullptr;
-}
 
 /// Usages that leave no room for a PICTURE.
 bool excludesPicture(UsageType usage) {
@@ -72,7 +66,7 @@ bool isDisplayOrNational(UsageType usage) {
 bool SemanticChecker::checkClausePicture(DataDescription &entry) {
   bool ok = true;
   ClausePicture &picture = *entry.getPicture();
-  if (TopLevel::getTopLevelInstance("")->getIsDecimalPointComma()) {
+  if (context().getIsDecimalPointComma()) {
     picture.decodePicture(/*decimalPointIsComma=*/true);
     entry.clauseChanged();
   }

@@ -10,16 +10,10 @@
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
-
-/// The data division being checked; null when there is none.
-static DataDivision *currentDivision() {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  return unit ? unit->getDataDivision() : nullptr;
-}
 
 //===----------------------------------------------------------------------===//
 // REDEFINES: the object

@@ -10,7 +10,7 @@
 #include "AST/Program.h"
 #include "AST/StorageLayout.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/APInt.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
@@ -28,8 +28,7 @@ namespace {
 /// The SYMBOLIC CHARACTERS clause that defines \p name, in the program being checked or in one
 /// around it; null when there is none.
 ClauseSymbolic *findSymbolicClause(const Word *name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  for (; unit; unit = unit->getParent())
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent())
     if (ParaSpecialNames *specialNames = unit->getSpecialNames())
       if (ClauseSymbolic *clause = specialNames->findClauseSymbolicByWord(name))
         return clause;

@@ -11,7 +11,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -24,17 +24,9 @@ namespace tarka {
 
 namespace {
 
-TopLevel &context() {
-  return *TopLevel::getTopLevelInstance("");
-}
-
-/// The current source unit's SPECIAL-NAMES and INPUT-OUTPUT SECTION; null when there are none.
-ParaSpecialNames *currentSpecialNames() {
-  return context().getCurrentSourceUnit()->getSpecialNames();
-}
-
+/// The INPUT-OUTPUT SECTION of the program being checked; null when it has none.
 InputOutputSection *currentInputOutput() {
-  return context().getCurrentSourceUnit()->getInputOutputSection();
+  return currentUnit()->getInputOutputSection();
 }
 
 bool isDeclaredAlphabet(Word *name) {

@@ -11,7 +11,7 @@
 #include "AST/StatementData.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/ErrorHandling.h"
 
@@ -97,8 +97,7 @@ bool isGlobal(DataDescription &entry) {
 
 /// The entry of the program itself that alone bears the name; null when there is none or another.
 DataDescription *findOnlyItem(const Word &name) {
-  DataDivision *division =
-      TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getDataDivision();
+  DataDivision *division = currentDivision();
   return division ? division->findOnlyItemByInternedName(&name.getWordData()) : nullptr;
 }
 
@@ -106,7 +105,7 @@ DataDescription *findOnlyItem(const Word &name) {
 /// program around it whose first entry of the name is in a GLOBAL record. That only the first one
 /// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
 Candidates findCandidates(const Word &name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  SourceUnit *unit = currentUnit();
   if (Candidates own = findIn(*unit, name); own.division)
     return own;
   for (SourceUnit *outer = unit->getParent(); outer; outer = outer->getParent())
@@ -458,7 +457,7 @@ void SemanticChecker::addDummyStmtForReportDeclaratives(DataIdentifierExpression
   auto *rules = makeList<MoveRule>();
   rules->push_back(getMoveRule(source, receiver));
   move->setMoveRuleList(rules);
-  TopLevel::getTopLevelInstance("")->addStmtToDummyListUsedMove(move);
+  context().addStmtToDummyListUsedMove(move);
 }
 
 } // namespace tarka

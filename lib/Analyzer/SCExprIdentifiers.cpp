@@ -4,19 +4,11 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
-
-namespace {
-
-SourceUnit *currentUnit() {
-  return TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-}
-
-} // namespace
 
 //===----------------------------------------------------------------------===//
 // Files

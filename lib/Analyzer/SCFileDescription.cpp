@@ -9,17 +9,13 @@
 
 #include "AST/Program.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/Twine.h"
 #include <algorithm>
 
 namespace tarka {
 
 namespace {
-
-SourceUnit &currentUnit() {
-  return *TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-}
 
 bool isInteger(const NumericLiteralExpression &literal) {
   return literal.getLiteralType() == NumericLiteralType::Integer;
@@ -51,7 +47,7 @@ ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(FileDescription &file) {
-  InputOutputSection *inputOutput = currentUnit().getInputOutputSection();
+  InputOutputSection *inputOutput = currentUnit()->getInputOutputSection();
   // Where no file can be selected, nothing of the entry is looked at.
   if (!inputOutput)
     return report(ErrorCode::FileNameNotSelected, file.getFileName());
@@ -309,7 +305,7 @@ bool SemanticChecker::checkValueOfField(Expression &value) {
 }
 
 bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
-  ParaSpecialNames *names = currentUnit().getSpecialNames();
+  ParaSpecialNames *names = currentUnit()->getSpecialNames();
   if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
     return report(ErrorCode::AlphabetNameRequired, &file);
   return true;

@@ -2,7 +2,7 @@
 
 #include "AST/Expression.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 
@@ -29,7 +29,7 @@ bool SemanticChecker::semanticCheck(NumericLiteralExpression &literal) {
   if (literal.getLiteralType() == NumericLiteralType::Unclassified)
     ok = report(ErrorCode::NumericExpressionInvalid, &literal);
   const std::string text = literal.getData();
-  if (TopLevel::getTopLevelInstance("")->getIsDecimalPointComma())
+  if (context().getIsDecimalPointComma())
     literal.convertDecimalPoint(text);
 
   // The messages about limits show no text: that is on purpose, as is that this one speaks of an

@@ -9,17 +9,13 @@
 
 #include "AST/DataTree.h"
 #include "AST/Program.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "ReportCheck.h"
 #include "SpecialNames.h"
 
 namespace tarka {
 
 namespace {
-
-SourceUnit &currentUnit() {
-  return *TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-}
 
 /// Calls \p visit for every entry of the report, in source order.
 template <typename Visitor> void forEachReportEntry(ReportDescription &report, Visitor visit) {
@@ -105,7 +101,7 @@ bool checkPageLimit(SemanticChecker &checker, const ClausePageLimit &page) {
 
 /// Of several reports of one name each but the first is told.
 bool checkReportName(SemanticChecker &checker, ReportDescription &report) {
-  DataDivision *division = currentUnit().getDataDivision();
+  DataDivision *division = currentUnit()->getDataDivision();
   Word *name = report.getReportName();
   if (!division || division->findReports(name->getWordData()).front() == &report)
     return true;
@@ -135,7 +131,7 @@ bool checkDescriptionClauses(SemanticChecker &checker, ReportDescription &report
 /// The counters of VARYING need no description of their own. Those that have none get one, so that
 /// the operands of SOURCE can be subscripted by them.
 void createCounters(SemanticChecker &checker, const std::list<VaryingPhrase *> *phrases) {
-  DataDivision *division = currentUnit().getDataDivision();
+  DataDivision *division = currentUnit()->getDataDivision();
   if (!phrases || !division)
     return;
   for (const VaryingPhrase *phrase : *phrases) {

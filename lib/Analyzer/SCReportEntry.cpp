@@ -8,7 +8,7 @@
 #include "AST/Condition.h"
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "ReportCheck.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/Twine.h"
@@ -68,8 +68,7 @@ ReportDataDescription *reportItemOf(const IdentifierExpression &name) {
 /// Of items of several reports that bear the same name, a clause means that of its own report.
 void preferOwnReport(DataIdentifierExpression &name, const ReportDescription &own) {
   const ReportDataDescription *item = reportItemOf(name);
-  DataDivision *division =
-      TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getDataDivision();
+  DataDivision *division = currentDivision();
   if (!item || item->getReportDescription() == &own ||
       name.getQualifiedWord()->getNamesSize() != 1 || !division)
     return;

@@ -8,8 +8,8 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
 #include "CharacterOperand.h"
+#include "CurrentUnit.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/ErrorHandling.h"
@@ -19,7 +19,7 @@ namespace tarka {
 namespace {
 
 ProcedureDivision &currentProcedureDivision() {
-  return *TopLevel::getTopLevelInstance("")->getCurrentSourceUnit()->getProcDivision();
+  return *currentUnit()->getProcDivision();
 }
 
 /// What the name of the copy of a section within the declaratives ends with.
@@ -368,7 +368,7 @@ bool SemanticChecker::findEntryNames(LiteralExpression *name) {
 
 bool SemanticChecker::semanticCheck(EntryStatement &statement) {
   bool ok = true;
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  SourceUnit *unit = currentUnit();
   if (unit->isNested())
     ok = report(ErrorCode::EntryInNestedProgram, &statement);
   if (unit->getProcDivision()->getReturning())

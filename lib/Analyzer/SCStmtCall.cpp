@@ -10,8 +10,8 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
-#include "Analyzer/TopLevel.h"
 #include "CharacterOperand.h"
+#include "CurrentUnit.h"
 #include "OperandCheck.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/SmallPtrSet.h"
@@ -304,10 +304,9 @@ bool isCommon(SourceUnit &unit) {
 /// a COMMON one that is nested in a unit around it, or an outermost one. Null when the program
 /// stands elsewhere.
 SourceUnit *SemanticChecker::findProgram(llvm::StringRef name) {
-  TopLevel &context = *TopLevel::getTopLevelInstance("");
-  if (programs.empty() && context.getCurrentProgram()) {
+  if (programs.empty() && context().getCurrentProgram()) {
     llvm::SmallVector<SourceUnit *, 16> units;
-    llvm::append_range(units, context.getCurrentProgram()->getSourceUnitListElements());
+    llvm::append_range(units, context().getCurrentProgram()->getSourceUnitListElements());
     for (std::size_t next = 0; next < units.size(); ++next) {
       SourceUnit *unit = units[next];
       programs.try_emplace({unit->getParent(), programKey(unit->getSourceUnitName())}, unit);
@@ -315,7 +314,7 @@ SourceUnit *SemanticChecker::findProgram(llvm::StringRef name) {
     }
   }
   const std::string *key = programKey(name);
-  SourceUnit *current = context.getCurrentSourceUnit();
+  SourceUnit *current = currentUnit();
   for (SourceUnit *scope = current; scope; scope = scope->getParent())
     if (SourceUnit *found = programs.lookup({scope, key});
         found && (scope == current || isCommon(*found)))
@@ -327,9 +326,8 @@ namespace {
 
 /// Binds what a program's USING and RETURNING name, for a CALL that stands before the program.
 void bindParameters(SemanticChecker &checker, SourceUnit &unit) {
-  TopLevel &context = *TopLevel::getTopLevelInstance("");
-  SourceUnit *caller = context.getCurrentSourceUnit();
-  context.setCurrentSourceUnit(&unit);
+  SourceUnit *caller = currentUnit();
+  context().setCurrentSourceUnit(&unit);
   auto bind = [&](Expression *item) {
     auto *identifier = llvm::dyn_cast_if_present<DataIdentifierExpression>(item);
     if (!identifier || identifier->getDataDescription() || !unit.getDataDivision())
@@ -344,7 +342,7 @@ void bindParameters(SemanticChecker &checker, SourceUnit &unit) {
     bind(parameter->getExpr());
   if (Returning *returning = unit.getProcDivision()->getReturning())
     bind(returning->getReturnItem());
-  context.setCurrentSourceUnit(caller);
+  context().setCurrentSourceUnit(caller);
 }
 
 /// True when \p operand is a record that ends before \p parameter does, so that the program would
@@ -453,7 +451,7 @@ const DliInterface *findDliInterface(llvm::StringRef program) {
 
 /// A reference to a register of the outermost unit, which need not be GLOBAL.
 DataIdentifierExpression *makeRegister(const Node &at, const char *name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  SourceUnit *unit = currentUnit();
   while (unit->getParent())
     unit = unit->getParent();
   auto *word = new QualifiedWord(&at);

@@ -11,7 +11,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 
 namespace tarka {
 
@@ -24,7 +24,7 @@ SemanticChecker::exceptionProceduresOf(SourceUnit &unit) {
   if (!isNew || !division)
     return procedures;
 
-  const bool isCurrent = &unit == TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  const bool isCurrent = &unit == currentUnit();
   for (const Declaratives *declarative : division->getDeclElements()) {
     const UseStatement *use = declarative->getUseStmt();
     if (!use || use->getTimingType() != UseTimingType::AfterException)
@@ -57,7 +57,7 @@ bool SemanticChecker::hasExceptionProcedure(const FileDescription *file,
   unsigned wanted = 0;
   for (UseFileMode mode : modes)
     wanted |= 1u << static_cast<unsigned>(mode);
-  SourceUnit *current = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  SourceUnit *current = currentUnit();
   for (SourceUnit *unit = current; unit; unit = unit->getParent()) {
     const ExceptionProcedures &procedures = exceptionProceduresOf(*unit);
     const bool isOuter = unit != current;

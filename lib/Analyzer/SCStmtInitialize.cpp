@@ -9,7 +9,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 
@@ -39,8 +39,7 @@ static bool isBehindVariableTable(const DataDescription &item, DataDivision &div
 
 /// The same for the division that describes the item, which may be that of a program around.
 static bool isVariablyLocated(const DataDescription &item) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  for (; unit; unit = unit->getParent())
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent())
     if (DataDivision *division = unit->getDataDivision())
       if (isBehindVariableTable(item, *division))
         return true;

@@ -14,8 +14,8 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
 #include "CharacterOperand.h"
+#include "CurrentUnit.h"
 #include "OperandCheck.h"
 #include "OperandKinds.h"
 #include "llvm/ADT/Twine.h"
@@ -100,7 +100,7 @@ DataDescription *Maker::item(const char *picture, UsageType usage) {
 /// Adds \p item to working-storage, so that it keeps its value from one run of the statement to the
 /// next, and gives its name: the place there tells it from others of the same prefix.
 llvm::StringRef Maker::keep(llvm::StringRef prefix, DataDescription *item, Expression *value) {
-  SourceUnit &unit = *TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
+  SourceUnit &unit = *currentUnit();
   if (!unit.getDataDivision())
     unit.setDataDivision(new DataDivision(at));
   DataDivision &division = *unit.getDataDivision();

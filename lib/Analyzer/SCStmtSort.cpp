@@ -3,6 +3,7 @@
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
 #include "AST/Statement.h"
+#include "CurrentUnit.h"
 #include "FileOperands.h"
 #include "OperandCheck.h"
 #include "SpecialNames.h"
@@ -154,8 +155,7 @@ namespace {
 
 /// Whether a name that was written for a file is one of a data item.
 bool isDataName(const FileIdentifierExpression &name) {
-  SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit();
-  DataDivision *division = unit->getDataDivision();
+  DataDivision *division = currentDivision();
   return division && division->findItemByInternedName(&name.getFileName()->getWordData());
 }
 

@@ -9,7 +9,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include <cassert>
 #include <cstdlib>
 
@@ -17,12 +17,8 @@ namespace tarka {
 
 namespace {
 
-TopLevel &context() {
-  return *TopLevel::getTopLevelInstance("");
-}
-
 bool isCurrentUnitNested() {
-  return context().getCurrentSourceUnit()->isNested();
+  return currentUnit()->isNested();
 }
 
 } // namespace

@@ -10,7 +10,7 @@
 #define TARKA_LIB_ANALYZER_SPECIALNAMES_H
 
 #include "AST/Program.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 
 namespace tarka {
 
@@ -19,8 +19,7 @@ namespace tarka {
 template <typename Clause>
 Clause *findSpecialName(const Word &name,
                         Clause *(ParaSpecialNames::*find)(const Word *name) const) {
-  for (SourceUnit *unit = TopLevel::getTopLevelInstance("")->getCurrentSourceUnit(); unit;
-       unit = unit->getParent())
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent())
     if (ParaSpecialNames *specialNames = unit->getSpecialNames())
       if (Clause *clause = (specialNames->*find)(&name))
         return clause;

@@ -9,7 +9,7 @@
 #include "AST/Expression.h"
 #include "Analyzer/CFG.h"
 #include "Analyzer/CFGBuilder.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/Twine.h"
 #include <cassert>
 #include <iterator>
@@ -66,10 +66,6 @@ CFGBlock *CFGGraph::findBlock(llvm::StringRef name) {
 //===----------------------------------------------------------------------===//
 // What every lowering is made of
 //===----------------------------------------------------------------------===//
-
-static TopLevel &context() {
-  return *TopLevel::getTopLevelInstance("");
-}
 
 CFGBlock *CFGBuilder::continueOn(CFGBlock *block) {
   currentBlock = block;

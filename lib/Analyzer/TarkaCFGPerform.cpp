@@ -8,16 +8,12 @@
 //===----------------------------------------------------------------------===//
 
 #include "Analyzer/CFGBuilder.h"
-#include "Analyzer/TopLevel.h"
+#include "CurrentUnit.h"
 #include "llvm/ADT/Twine.h"
 #include <cassert>
 #include <iterator>
 
 namespace tarka {
-
-static TopLevel &context() {
-  return *TopLevel::getTopLevelInstance("");
-}
 
 /// A name that tells the line of a statement: two statements of one line have the same.
 const std::string *CFGBuilder::makeLineName(llvm::StringRef prefix, const Node *statement,
