@@ -369,7 +369,7 @@ static void createLinageCounter(FileDescription &file) {
   counter->setFileDescription(&file);
   file.setLineageCounter(counter);
 
-  SourceUnit &unit = currentUnit();
+  SourceUnit &unit = *currentUnit();
   if (!unit.getDataDivision())
     unit.setDataDivision(new DataDivision(nullptr));
   unit.getDataDivision()->addWorkSection(counter);

@@ -78,7 +78,7 @@ bool SemanticChecker::semanticCheck(Program &program) {
 }
 
 bool SemanticChecker::semanticCheck(SourceUnit &unit) {
-  SourceUnit *current = context().getCurrentSourceUnit();
+  SourceUnit *current = currentUnit();
   setOuterSection(nullptr);
   // A program may always call the programs that are directly nested in it.
   if (unit.isNested())
