@@ -217,7 +217,10 @@ bool arePointers(const Expression &left, const Expression &right) {
 
 } // namespace
 
+/// A condition-name says something of its conditional variable, but has no value of its own.
 bool areComparable(const Expression &left, const Expression &right) {
+  if (isConditionName(left) || isConditionName(right))
+    return false;
   if (!arePointers(left, right))
     return comparisonOf(left, right) != No;
   // A data pointer does not compare with a pointer to code.
@@ -295,14 +298,10 @@ bool SemanticChecker::semanticCheck(ClassCondition &condition) {
 bool SemanticChecker::semanticCheck(SignCondition &condition) {
   if (!semanticCheck(*condition.getOperand()))
     return false;
-  switch (condition.getOperand()->getDataCategory()) {
-  case DataCategory::Numeric:
-  case DataCategory::ExternalFloat:
-  case DataCategory::InternalFloat:
-    return true;
-  default:
-    return report(ErrorCode::SignConditionNotNumeric, &condition);
-  }
+  const Expression &operand = *condition.getOperand();
+  const bool isNumeric = operand.getDataCategory() == DataCategory::Numeric || isFloat(operand);
+  return (isNumeric && !isConditionName(operand)) ||
+         report(ErrorCode::SignConditionNotNumeric, &condition);
 }
 
 } // namespace tarka

@@ -8,6 +8,7 @@
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
 #include "Analyzer/SemanticChecker.h"
+#include "OperandKinds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 
@@ -142,6 +143,8 @@ bool isArithmeticOperandCategory(const Expression &operand) {
   // What an operator gives is a number; asking for its category would walk its whole chain.
   if (llvm::isa<ArithmeticExpression>(operand))
     return true;
+  if (isConditionName(operand))
+    return false;
   switch (operand.getDataCategory()) {
   case DataCategory::Numeric:
   case DataCategory::ExternalFloat:

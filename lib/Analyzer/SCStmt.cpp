@@ -321,6 +321,12 @@ const MoveRuleFinder::Attempt MoveRuleFinder::attempts[] = {
 };
 
 MoveRule MoveRuleFinder::find() {
+  // The name of a condition has the category of its conditional variable, but is no data item.
+  if (isConditionName(sender) || isConditionName(receiver)) {
+    reject();
+    return MoveRule::Illegal;
+  }
+
   // A date may only go to a date.
   if (senderEntry && senderEntry->getDateFormat() &&
       !(receiverEntry && receiverEntry->getDateFormat()))

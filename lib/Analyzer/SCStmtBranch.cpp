@@ -22,6 +22,11 @@ ProcedureDivision &currentProcedureDivision() {
   return *currentUnit()->getProcDivision();
 }
 
+/// The name of a condition of an integer item is no integer.
+bool holdsInteger(const Expression &operand) {
+  return operand.isInteger() && !isConditionName(operand);
+}
+
 /// What the name of the copy of a section within the declaratives ends with.
 constexpr llvm::StringLiteral CopySuffix = "_tkcopy";
 
@@ -161,7 +166,7 @@ bool SemanticChecker::semanticCheck(GotoStatement &statement) {
   bool ok = true;
   if (IdentifierExpression *depending = statement.getDependingName()) {
     ok &= semanticCheck(*depending);
-    if (!depending->isInteger())
+    if (!holdsInteger(*depending))
       ok = report(ErrorCode::GoToDependingNotInteger, depending);
   }
   return ok;
@@ -242,7 +247,7 @@ bool SemanticChecker::checkPerformTimes(Expression &times) {
   if (!semanticCheck(times))
     return false;
   const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(&times);
-  if (!times.isInteger() || (literal && literal->getIntegerValue() < 1))
+  if (!holdsInteger(times) || (literal && literal->getIntegerValue() < 1))
     return report(ErrorCode::PerformTimesNotPositive, &times);
   return true;
 }
@@ -256,6 +261,8 @@ bool isGroup(const Expression &operand) {
 
 /// What PERFORM VARYING can count with.
 bool isCountable(const Expression &operand) {
+  if (isConditionName(operand))
+    return false;
   switch (operand.getDataCategory()) {
   case DataCategory::Numeric:
   case DataCategory::Index:

@@ -35,7 +35,7 @@ enum Operand : unsigned {
 };
 
 Operand kindOf(const DataDescription &entry) {
-  if (isConditionName(entry) || entry.hasSubordinateData())
+  if (entry.hasSubordinateData())
     return Other;
   switch (entry.getUsageType()) {
   case UsageType::Index:
@@ -51,6 +51,8 @@ Operand kindOf(const DataDescription &entry) {
 }
 
 Operand kindOf(const Expression &operand) {
+  if (isConditionName(operand))
+    return Other;
   if (operand.isInteger() && operand.getDataCategory() == DataCategory::Numeric)
     return Integer;
   if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand))

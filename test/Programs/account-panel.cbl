@@ -91,7 +91,7 @@
            END-EXEC.
            IF WS-RESP NOT = DFHRESP(NORMAL) AND DFHRESP(MAPFAIL)
                GO TO 9900-ABEND.
-           IF ACCTNOL = ZERO OR ACCTNOF = DFHERASE
+           IF ACCTNOL = ZERO OR ACCTNOF = DFHBMEOF
                    OR ACCTNOI = SPACES OR LOW-VALUES
                MOVE 'N' TO WS-VALID-SW
                MOVE 'ENTER AN ACCOUNT' TO MSGO
