@@ -43,7 +43,7 @@ bool SemanticChecker::checkOccursBounds(DataDescription &table) {
   const ClauseOccurs &occurs = *table.getOccurs();
   if (NumericLiteralExpression *max = occurs.getMaxExpr()) {
     ok &= semanticCheck(*max);
-    if (max->getLiteralType() != NumericLiteralType::Integer)
+    if (!max->isInteger())
       ok = report(ErrorCode::OccursRangeNotInteger, &table);
     // The message speaks of the minimum, on purpose.
     if (occurs.getMax() < 1)
@@ -53,7 +53,7 @@ bool SemanticChecker::checkOccursBounds(DataDescription &table) {
   }
   if (NumericLiteralExpression *min = occurs.getMinExpr()) {
     ok &= semanticCheck(*min);
-    if (min->getLiteralType() != NumericLiteralType::Integer)
+    if (!min->isInteger())
       ok = report(ErrorCode::OccursRangeNotInteger, &table);
     if (occurs.getMin() < 0)
       ok = report(ErrorCode::OccursMinimumNegative, &table);

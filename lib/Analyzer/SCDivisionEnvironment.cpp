@@ -34,10 +34,6 @@ bool isDeclaredAlphabet(Word *name) {
   return specialNames && specialNames->findClauseAlphabetByWord(name);
 }
 
-bool isInteger(const NumericLiteralExpression &literal) {
-  return literal.getLiteralType() == NumericLiteralType::Integer;
-}
-
 bool isSignedOrNotPositive(const NumericLiteralExpression &literal) {
   return literal.isSigned() || !literal.isPositive();
 }
@@ -79,7 +75,7 @@ bool SemanticChecker::semanticCheck(ParaObjectComputer &paragraph) {
   bool result = true;
   if (ClauseMemorySize *memory = paragraph.getMemSize()) {
     result &= semanticCheck(*memory->getSize());
-    if (!isInteger(*memory->getSize()))
+    if (!memory->getSize()->isInteger())
       result = report(ErrorCode::MemorySizeNotInteger, memory->getSize());
   }
   if (ClauseSequence *sequence = paragraph.getSequence())
@@ -88,7 +84,7 @@ bool SemanticChecker::semanticCheck(ParaObjectComputer &paragraph) {
   if (ClauseSegmentLimit *segment = paragraph.getSegment()) {
     NumericLiteralExpression &limit = *segment->getLimit();
     result &= semanticCheck(limit);
-    if (!isInteger(limit))
+    if (!limit.isInteger())
       result = report(ErrorCode::SegmentLimitRange, &limit);
     if (isSignedOrNotPositive(limit))
       result = report(ErrorCode::SegmentLimitRange, &limit);
@@ -205,7 +201,7 @@ bool SemanticChecker::checkLiteralValue(LiteralExpression *literal) {
   } else if (auto *numeric = llvm::dyn_cast<NumericLiteralExpression>(literal)) {
     if (isSignedOrNotPositive(*numeric))
       result = report(ErrorCode::AlphabetLiteralKind, literal);
-    if (!isInteger(*numeric))
+    if (!numeric->isInteger())
       result = report(ErrorCode::AlphabetLiteralKind, literal);
   } else {
     auto *figurative = llvm::dyn_cast<FigurativeLiteralExpression>(literal);
@@ -224,7 +220,7 @@ constexpr int characterCount = 256;
 /// the character set for an ordinal that is too large.
 int characterCode(LiteralExpression *literal) {
   if (auto *numeric = llvm::dyn_cast<NumericLiteralExpression>(literal)) {
-    assert(isInteger(*numeric) && "Must be int literal");
+    assert(numeric->isInteger() && "Must be int literal");
     return static_cast<int>(std::min<long long>(numeric->getIntegerValue() - 1, characterCount));
   }
   if (auto *nonNumeric = llvm::dyn_cast<NonNumericLiteralExpression>(literal))
@@ -395,7 +391,7 @@ bool SemanticChecker::checkPhraseSymbolic(PhrsSymbolic &phrase) {
     result = report(ErrorCode::SymbolicCharacterCountMismatch, &phrase);
   for (NumericLiteralExpression *ordinal : phrase.getIntegerListElements()) {
     result &= semanticCheck(*ordinal);
-    if (!isInteger(*ordinal))
+    if (!ordinal->isInteger())
       result = report(ErrorCode::EnvironmentLiteralNotInteger, ordinal);
     if (isSignedOrNotPositive(*ordinal))
       result = report(ErrorCode::EnvironmentLiteralNotInteger, ordinal);
@@ -525,7 +521,7 @@ bool SemanticChecker::checkClauseReserve(ParaFileControl &entry) {
     return true;
   bool result = semanticCheck(*count);
   // The message of MEMORY SIZE serves here too, on purpose.
-  if (!isInteger(*count))
+  if (!count->isInteger())
     result = report(ErrorCode::MemorySizeNotInteger, count);
   return result;
 }

@@ -17,10 +17,6 @@ namespace tarka {
 
 namespace {
 
-bool isInteger(const NumericLiteralExpression &literal) {
-  return literal.getLiteralType() == NumericLiteralType::Integer;
-}
-
 /// A literal that the checks write.
 NumericLiteralExpression *makeLiteral(std::int64_t value) {
   return new NumericLiteralExpression(nullptr, std::to_string(value));
@@ -217,7 +213,7 @@ bool SemanticChecker::checkFileLength(NumericLiteralExpression *length, ErrorCod
     return true;
   if (!semanticCheck(*length))
     return false;
-  if (!isInteger(*length) || length->isSigned())
+  if (!length->isInteger() || length->isSigned())
     return report(notUnsigned, length);
   return true;
 }
@@ -345,7 +341,7 @@ bool SemanticChecker::checkUnsigendInteger(Expression *expression) {
   auto *literal = llvm::dyn_cast<NumericLiteralExpression>(expression);
   if (!literal)
     return report(ErrorCode::LinageNotUnsigned, expression);
-  if (!isInteger(*literal))
+  if (!literal->isInteger())
     ok = report(ErrorCode::LinageNotInteger, expression);
   if (literal->isSigned())
     ok = report(ErrorCode::LinageNotUnsigned, expression);

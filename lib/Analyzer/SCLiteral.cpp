@@ -37,7 +37,7 @@ bool SemanticChecker::semanticCheck(NumericLiteralExpression &literal) {
   if (literal.getDigitsNum() > MaxDigits)
     ok = report(ErrorCode::NumericLiteralTooManyDigits, &literal);
   // Two decimal points in one literal pass.
-  if (literal.getLiteralType() != NumericLiteralType::Integer && hasInnerSign(text))
+  if (!literal.isInteger() && hasInnerSign(text))
     ok = report(ErrorCode::LiteralInvalidCharacter, &literal);
   if (literal.getLiteralType() == NumericLiteralType::FloatingPoint) {
     if (literal.getDigitsNum() > MaxMantissaDigits)
