@@ -4,6 +4,7 @@
 #include "AST/Expression.h"
 #include "AST/Statement.h"
 #include "OperandCheck.h"
+#include "OperandKinds.h"
 #include "SpecialNames.h"
 #include "llvm/ADT/STLExtras.h"
 
@@ -86,7 +87,7 @@ bool checkAcceptReceiver(SemanticChecker &checker, IdentifierExpression &receive
   // LENGTH OF, ADDRESS OF and the counters are kept by the system.
   if (llvm::isa<SpecialRegisterIdentifierExpression>(receiver))
     return checker.report(ErrorCode::AcceptStatementInvalid, &receiver);
-  if (receiver.getDataDescription()->getLevelNum() == 88)
+  if (isConditionName(receiver))
     return checker.report(ErrorCode::IdentifierRequired, &receiver);
   return from == AcceptFromType::None || from == AcceptFromType::Device
              ? checkDeviceReceiver(checker, receiver)
@@ -126,7 +127,7 @@ bool checkDisplayed(SemanticChecker &checker, Expression &operand) {
   if (!identifier)
     return true;
   const DataDescription &entry = *identifier->getDataDescription();
-  if (entry.getLevelNum() == 88)
+  if (isConditionName(entry))
     return checker.report(ErrorCode::IdentifierOrLiteralRequired, &operand);
   switch (entry.getUsageType()) {
   case UsageType::Index:

@@ -12,6 +12,7 @@
 #include "AST/Statement.h"
 #include "FileOperands.h"
 #include "OperandCheck.h"
+#include "OperandKinds.h"
 #include "SpecialNames.h"
 
 namespace tarka {
@@ -227,10 +228,8 @@ bool SemanticChecker::semanticCheck(DeleteStatement &statement) {
 namespace {
 
 bool isIntegerItem(const IdentifierExpression &identifier) {
-  const DataDescription *item = identifier.getDataDescription();
   return identifier.isInteger() && identifier.getDataCategory() == DataCategory::Numeric &&
-         !llvm::isa<FunctionIdentifierExpression>(identifier) &&
-         !(item && item->getLevelNum() == 88);
+         !llvm::isa<FunctionIdentifierExpression>(identifier) && !isConditionName(identifier);
 }
 
 /// A name that stands for no data item names a channel of the printer, by way of SPECIAL-NAMES.

@@ -170,7 +170,7 @@ bool SetItemCheck::checkConditions() {
       continue;
     }
     const DataDescription &entry = *name->getDataDescription();
-    if (entry.getLevelNum() != 88)
+    if (!isConditionName(entry))
       ok = checker.report(ErrorCode::SetConditionNotConditionName, condition);
     else if (value.getType() == SetToValueType::False &&
              !(entry.getValue() && entry.getValue()->getFalseValue()))
@@ -248,9 +248,7 @@ std::optional<Operand> SetItemCheck::checkSender() {
 bool SetItemCheck::checkEntry(Expression &operand) {
   DataCategory category = operand.getDataCategory();
   bool isName = (category == DataCategory::Alphabetic || category == DataCategory::Alphanumeric) &&
-                !llvm::isa<FigurativeLiteralExpression>(operand);
-  if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand))
-    isName &= identifier->getDataDescription()->getLevelNum() != 88;
+                !llvm::isa<FigurativeLiteralExpression>(operand) && !isConditionName(operand);
   return isName || checker.report(ErrorCode::SetEntryNotAlphanumeric, &operand);
 }
 
