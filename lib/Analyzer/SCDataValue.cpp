@@ -111,6 +111,19 @@ bool SemanticChecker::checkClauseValue(ClauseValue *clause) {
   return ok;
 }
 
+/// What is written beside the one value that an item starts with: further values, the end of a
+/// range and the value of FALSE are for condition names. Null when there is nothing, and for items
+/// of a report, which have a value for each of their lines.
+static Node *surplusValue(const DataDescription &entry, const ClauseValue &clause) {
+  if (entry.getType() == DescType::Report || clause.getPhraseValSize() == 0)
+    return nullptr;
+  if (LiteralExpression *end = clause.getPhraseValElements().front()->getLiteral2())
+    return end;
+  if (clause.isListValue())
+    return *std::next(clause.getPhraseValElements().begin());
+  return clause.getFalseValue();
+}
+
 bool SemanticChecker::checkClauseValue(DataDescription &entry) {
   ClauseValue &clause = *entry.getValue();
   if (!convertSymbolicValues(clause))
@@ -148,6 +161,8 @@ bool SemanticChecker::checkClauseValue(DataDescription &entry) {
     return checkConditionValues(entry, clause, ok);
   if (entry.isGroupItem())
     ok &= checkGroupLiteral(entry, clause);
+  else if (Node *surplus = surplusValue(entry, clause))
+    ok = report(ErrorCode::ValueDoesNotFitPicture, surplus);
   // What is wrong with the literal is reported, but the entry does not fail for it: on purpose.
   if (clause.getPhraseValSize() != 0)
     checkLiteralValue(&entry, clause.getPhraseValElements().front()->getLiteral1());
@@ -175,7 +190,7 @@ bool isFigurative(const LiteralExpression &literal, FigurativeType type) {
 /// The VALUE of a group is one literal of characters.
 bool SemanticChecker::checkGroupLiteral(DataDescription &group, const ClauseValue &clause) {
   bool ok = true;
-  if (clause.isListValue())
+  if (clause.isListValue() || surplusValue(group, clause))
     ok = report(ErrorCode::GroupValueInvalid, &group);
   const LiteralExpression *literal =
       clause.getPhraseValSize() ? clause.getPhraseValElements().front()->getLiteral1() : nullptr;
@@ -242,6 +257,11 @@ bool SemanticChecker::checkConditionValues(DataDescription &conditionName, Claus
       if (through->getDataCategory() != value->getDataCategory())
         ok = report(ErrorCode::ValueThroughTypesDiffer, &conditionName);
     }
+  }
+  if (LiteralExpression *whenFalse = clause.getFalseValue()) {
+    ok &= semanticCheck(*whenFalse);
+    if (variable && !isValueOf(*whenFalse, variable->getDataCategory()))
+      ok = report(ErrorCode::ConditionNameValueType, &conditionName);
   }
   return ok;
 }

@@ -100,5 +100,16 @@ WORKING-STORAGE SECTION.
     05  POINTER                 VALUE ZERO. *> expect: 3325
     05  POINTER                 VALUE 0. *> expect: 3293
     05  PIC 9(31)               VALUE 12345678901234567890123456789012. *> expect: 3306
+*> An item starts with one value; the others are for condition names.
+01  ONE-VALUE.
+    05  PIC X                   VALUE "A" "B". *> expect: 3293:43-45
+    05  PIC X                   VALUE "A" THRU STAR. *> expect: 3293:48-51
+    05  PIC X                   VALUE "A" FALSE "B". *> expect: 3293:49-51
+    05  PIC X                   VALUE 1 "B" "C". *> expect: 3293:39-39 3293:41-43
+01  RANGE-GROUP                 VALUE "A" THRU "C". *> expect: 3281
+    05  PIC X.
+01  SWITCH                      PIC X.
+    88  SWITCH-ON               VALUE "1" "Y" WHEN SET TO FALSE "0".
+    88  SWITCH-WRONG            VALUE "1" WHEN SET TO FALSE 0. *> expect: 3295
 PROCEDURE DIVISION.
     GOBACK.
