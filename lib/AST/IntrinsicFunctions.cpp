@@ -88,7 +88,7 @@ constexpr IntrinsicFunction functions[] = {
     {"UNDATE", IntrinsicType::OtherNumeric, true},
     {"UPOS", IntrinsicType::OtherNumeric, true},
     {"UPPER-CASE", IntrinsicType::UpperCase, false},
-    {"USUBSTR", IntrinsicType::OtherOfArguments, false},
+    {"USUBSTR", IntrinsicType::OtherAlphanumeric, false},
     {"USUPPLEMENTARY", IntrinsicType::OtherNumeric, true},
     {"UUID4", IntrinsicType::OtherAlphanumeric, false},
     {"UVALID", IntrinsicType::OtherNumeric, true},

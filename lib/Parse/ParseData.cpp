@@ -27,13 +27,15 @@ DataDivision *Parser::parseDataDivision() {
       parseDataSection(*division, seen);
       continue;
     }
-    if (peek(1).is(Keyword::Section))
+    // What looks like an entry of another section belongs to the foreign one.
+    bool isForeign = peek(1).is(Keyword::Section);
+    if (isForeign)
       reportForeignSection();
     else
       expected("a section of the data division");
     do
       stream.skip();
-    while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
+    while (!atUnitBoundary() && !peek(1).is(Keyword::Section) && (isForeign || !atDataSection()));
   }
   division->setRange(from(begin).getRange());
   return division;

@@ -246,6 +246,10 @@ IdentifierExpression *Parser::parseSpecialRegister() {
   FileIdentifierExpression *file = nullptr;
   ReportIdentifierExpression *report = nullptr;
   ReferenceModifier *reference = nullptr;
+  // DEBUG-NAME OF DEBUG-ITEM is the only one there is.
+  if (type == SpecialRegisterType::DebugItem && peek(1).is(Keyword::DebugItem) &&
+      acceptAny(Keyword::Of, Keyword::In))
+    accept(Keyword::DebugItem);
   if (type == SpecialRegisterType::LinageCounter) {
     if (acceptAny(Keyword::Of, Keyword::In) && !(file = parseFileName()))
       return nullptr;

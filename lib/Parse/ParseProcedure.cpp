@@ -388,6 +388,13 @@ UseStatement *Parser::parseUseDebugging(const SourceRange &begin) {
   accept(Keyword::On);
   auto *use = make<UseStatement>(begin, UseTimingType::ForDebugging);
   if (accept(Keyword::All)) {
+    // Nothing is told about the items that are debugged.
+    if (at(Keyword::References)) {
+      error(DiagnosticId::NotSupported, here(), "DEBUGGING ON ALL REFERENCES");
+      while (!at(TokenKind::Period) && !atUnitBoundary())
+        stream.skip();
+      return complete(use);
+    }
     if (!expect(Keyword::Procedures))
       return nullptr;
     use->setIsAllProcedures(true);
