@@ -207,6 +207,7 @@ Sentence *Parser::parseSentence() {
   if (!accept(TokenKind::Period) && !hasUnknownStatement)
     expected("a period");
   isSentenceAbandoned = hasUnknownStatement = false;
+  strayParts = 0;
   misspeltEnd = Keyword::None;
   if (statements.empty())
     return nullptr;

@@ -372,7 +372,7 @@ bool Parser::endsStatements(StatementList &list) {
     }
     if (isOpen(keyword))
       return true;
-    if (!hasUnknownStatement)
+    if (!endsStray(verbOfEnd(keyword)) && !hasUnknownStatement)
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
     stream.skip();
@@ -381,7 +381,7 @@ bool Parser::endsStatements(StatementList &list) {
   if (keyword == Keyword::Else || keyword == Keyword::Otherwise) {
     if (canTakeElse())
       return true;
-    if (!hasUnknownStatement)
+    if (isFirstStray(StrayElse))
       error(DiagnosticId::ElseWithoutIf, here(), textOf(keyword));
     stream.skip();
     return false;
@@ -389,7 +389,7 @@ bool Parser::endsStatements(StatementList &list) {
   if (keyword == Keyword::When) {
     if (canTakeWhen())
       return true;
-    if (!hasUnknownStatement)
+    if (isFirstStray(StrayWhen))
       error(DiagnosticId::WhenWithoutEvaluate, here());
     stream.skip();
     skipToStatement();
@@ -401,7 +401,7 @@ bool Parser::endsStatements(StatementList &list) {
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    if (!hasUnknownStatement)
+    if (isFirstStray(StrayPhrase))
       error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
     return false;
   }
@@ -413,6 +413,28 @@ bool Parser::endsStatements(StatementList &list) {
       suggestKeyword(token.text, KF_Verb).empty())
     return true;
   return acceptMisspeltEnd() || rejectWord(list);
+}
+
+/// Whether a part without its statement is the first one of its kind in the sentence: the others
+/// belong to the same statement, most likely, which is told once.
+bool Parser::isFirstStray(StrayPart part) {
+  const bool isFirst = !hasUnknownStatement && !(strayParts & part);
+  strayParts |= part;
+  return isFirst;
+}
+
+/// Whether the END- word of \p verb ends a statement of which parts were met without it.
+bool Parser::endsStray(Keyword verb) {
+  unsigned parts = 0;
+  if (verb == Keyword::If)
+    parts = StrayElse;
+  else if (verb == Keyword::Evaluate || verb == Keyword::Search)
+    parts = StrayWhen;
+  if (const ScopedVerb *scope = scopeOf(verb); scope && scope->phrases != 0)
+    parts |= StrayPhrase;
+  const bool isStray = strayParts & parts;
+  strayParts &= ~parts;
+  return isStray;
 }
 
 /// A word that comes near to the END- word of a statement around is taken for it, after a message.

@@ -565,6 +565,9 @@ private:
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(StatementList &list);
   bool rejectWord(StatementList &list);
+  enum StrayPart : unsigned { StrayElse = 1, StrayWhen = 2, StrayPhrase = 4 };
+  bool isFirstStray(StrayPart part);
+  bool endsStray(Keyword verb);
   bool acceptMisspeltEnd();
   bool hasMisspeltEnd() const { return misspeltEnd != Keyword::None; }
   bool isOpen(Keyword endWord) const;
@@ -832,6 +835,8 @@ private:
   /// The sentence holds something that nobody knows. ELSE, WHEN, END- words and phrases behind it
   /// that belong to nothing else are taken for its own.
   bool hasUnknownStatement = false;
+  /// The parts of statements that the sentence holds without their statement.
+  unsigned strayParts = 0;
   /// The sentence nests too deep: it is read no further and nothing more is said about it.
   bool isSentenceAbandoned = false;
 };

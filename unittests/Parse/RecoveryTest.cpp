@@ -60,6 +60,12 @@ TEST_F(RecoveryTest, WordsWithoutTheirStatement) {
   expectRest("CONTINUE WHEN A = B GOBACK.", "426@1:10", "[continue goback]");
   expectRest("MOVE A TO B AT END GOBACK. NOT ON SIZE ERROR EXIT.", "427@1:13 427@1:28",
              "[#25 goback]\n[exit]");
+  // Further parts belong to the same statement, most likely, and so does its END- word.
+  expectRest("CONTINUE WHEN 1 EXIT WHEN 2 EXIT END-EVALUATE END-IF GOBACK.", "426@1:10 424@1:47",
+             "[continue exit exit goback]");
+  expectRest("ELSE EXIT END-IF END-IF GOBACK.", "425@1:1 424@1:18", "[exit goback]");
+  expectRest("NOT AT END EXIT AT END EXIT END-READ GOBACK. END-READ.", "427@1:1 424@1:46",
+             "[exit exit goback]");
   expectRest("PERFORM UNTIL A = B END-IF CONTINUE END-PERFORM.", "424@1:21",
              "[(perform until (= A B) {continue})]");
   expectRest("IF A = B END-IF GOBACK.", "200@1:10", "[goback]");
