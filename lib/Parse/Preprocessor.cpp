@@ -237,7 +237,6 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
     skipStatement(token);
     return false;
   }
-  readRaw(token);
   if (token.is(Keyword::Of) || token.is(Keyword::In)) {
     llvm::StringRef preposition = token.text;
     SourceRange place = token.place;
@@ -247,7 +246,6 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
       skipStatement(token);
       return false;
     }
-    readRaw(token);
   }
   if (token.is(Keyword::Suppress)) {
     readRaw(token);
@@ -273,14 +271,28 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   return true;
 }
 
-/// The name of a copybook or library: a word, or a literal that holds any name.
+/// Whether \p token can be in the name of a member, which may hold the characters # @ and $ that
+/// the words of the language cannot.
+static bool isPartOfMemberName(const Token &token) {
+  if (token.is(TokenKind::Other))
+    return token.spelling == "#" || token.spelling == "@" || token.spelling == "$";
+  return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
+}
+
+/// Reads the name of a copybook or library, of which \p token is the first one, and the token
+/// behind it. The name is a word, or a literal that holds any name.
 bool Preprocessor::readCopyName(Token &token, std::string &name) {
   if (token.is(TokenKind::AlphanumericLiteral)) {
     name = token.text.trim("\"'").str();
+    if (!name.empty())
+      readRaw(token);
     return !name.empty();
   }
-  name = token.spelling.str();
-  return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
+  while (isPartOfMemberName(token) && (name.empty() || !token.isPrecededBySpace())) {
+    name += token.spelling;
+    readRaw(token);
+  }
+  return !name.empty();
 }
 
 /// Begins to read a copybook.

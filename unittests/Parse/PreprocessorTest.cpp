@@ -46,6 +46,13 @@ TEST_F(PreprocessorTest, WhereCopybooksAreFound) {
   EXPECT_EQ(reported(), "");
 }
 
+TEST_F(PreprocessorTest, NamesOfMembersHoldMoreThanWords) {
+  addFile("A#B", "A");
+  addFile("@1$", "B");
+  EXPECT_EQ(tokens("COPY A#B. COPY @1$ SUPPRESS. COPY A # B."), "A B");
+  EXPECT_EQ(reported(), "42@1 43@1");
+}
+
 TEST_F(PreprocessorTest, MissingCopybookNamesTheDirectories) {
   options.includeDirectories = {"inc"};
   EXPECT_EQ(tokens("A\n  COPY NONE OF LIB. B COPY. C COPY X OF. D"), "A B C D");
