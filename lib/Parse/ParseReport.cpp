@@ -224,8 +224,9 @@ ClausePageLimit *Parser::parsePageLimit() {
   Node place(begin);
   auto *clause = new ClausePageLimit(&place);
 
-  // The two sizes of the page, told apart by their units.
-  while ((atNumericLiteral() && !atLevelNumber()) || atNameIn(reportClauses)) {
+  // The two sizes of the page, told apart by their units. A report group has the level 1.
+  auto atReportGroup = [&] { return atLevelNumber() && peek().text.ltrim('0') == "1"; };
+  while ((atNumericLiteral() && !atReportGroup()) || atNameIn(reportClauses)) {
     Expression *number = parseNumberOrDataName("a number of lines");
     if (!number)
       return nullptr;

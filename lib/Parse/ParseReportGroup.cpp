@@ -243,10 +243,11 @@ void Parser::acceptNumber() {
     stream.skip();
 }
 
-/// Whether a number of a LINE or COLUMN clause is next, of which \p count were read. A data-name
-/// can only be the first one: further words are more likely a mistake.
+/// Whether a number of a LINE or COLUMN clause is next, of which \p count were read. The first one
+/// is no level number wherever it stands, and only it can be a data-name: further words are more
+/// likely a mistake.
 bool Parser::atLineOrColumn(std::size_t count) {
-  if (atLevelNumber())
+  if (count > 0 && atLevelNumber())
     return false;
   return at(Keyword::Plus) || at(TokenKind::Plus) || atNumericLiteral() ||
          (count == 0 && atNameIn(groupClauses));
