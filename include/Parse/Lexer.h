@@ -120,6 +120,7 @@ private:
   bool readPicture(Token &token);
   void readEmbeddedBlock(Token &exec);
   void readEmbeddedText(Token &token);
+  bool isAhead(char mark);
   void readCicsConstant(Token &token);
   void skipListingStatement(bool hasLiteral);
   void skipSourceUpdate(const Token &token);
@@ -127,6 +128,7 @@ private:
   void reportLongWord(const Token &token);
   void reportNotText(const char *first, const char *last);
   bool isHeaderLine() const;
+  bool isProgramLine() const;
 
   // Directives.
   struct Conditional {

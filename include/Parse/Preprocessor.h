@@ -61,12 +61,19 @@ public:
     last = ring[first].place;
     first = (first + 1) % lookAhead;
     --count;
+    ++taken;
   }
+
+  /// Makes the next token, a word, the keyword that it was meant to be.
+  void correct(Keyword meant);
 
   bool atEnd() { return peek().is(TokenKind::EndOfFile); }
 
   /// The place of the token that was taken last: where a construct ends.
   const SourceRange &getLastPlace() const { return last; }
+
+  /// How many tokens were taken off the stream.
+  uint64_t getTaken() const { return taken; }
 
   /// Reads debugging lines from the next line on (WITH DEBUGGING MODE).
   void setDebuggingMode(bool on);
@@ -90,6 +97,7 @@ private:
   std::array<Token, lookAhead> ring;
   unsigned first = 0;
   unsigned count = 0;
+  uint64_t taken = 0;
   SourceRange last;
 };
 

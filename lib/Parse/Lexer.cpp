@@ -351,11 +351,8 @@ bool Lexer::readPicture(Token &token) {
   }
   state = State::Plain;
   text = pictureIn(text);
-  if (text.empty()) {
-    context.diagnostics.report(DiagnosticId::MissingPicture, lines.rangeOf(at, at),
-                               textOf(Keyword::Picture));
+  if (text.empty())
     return false;
-  }
   scanner.setCursor(text.end());
   token.kind = TokenKind::PictureString;
   token.keyword = previousKeyword = Keyword::None;
@@ -375,6 +372,12 @@ void Lexer::readEmbeddedBlock(Token &exec) {
   block.assign(1, language);
   if (state == State::EmbeddedText) {
     next(text);
+    llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
+    if (!rest.ltrim().starts_with_insensitive("END-EXEC")) {
+      block.assign({text, language});
+      state = State::EmbeddedBlock;
+      return;
+    }
     next(end);
     llvm::StringRef member = text.text.take_while(isWordCharacter);
     if (language.is(Keyword::Sql) && end.is(Keyword::EndExec) &&
@@ -389,19 +392,36 @@ void Lexer::readEmbeddedBlock(Token &exec) {
   state = State::EmbeddedBlock;
 }
 
+/// Whether \p mark is the next character of the text, on this line or behind what is blank.
+bool Lexer::isAhead(char mark) {
+  for (;;) {
+    llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
+    rest = rest.ltrim();
+    if (!rest.empty() && !rest.starts_with("*>"))
+      return rest.front() == mark;
+    if (!nextLine())
+      return false;
+  }
+}
+
 /// DFHRESP(condition) and DFHVALUE(state) are numbers. Without the parentheses the words are names
 /// like others.
 void Lexer::readCicsConstant(Token &token) {
-  llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
-  rest = rest.ltrim();
-  if (!rest.consume_front("("))
+  if (!isAhead('('))
     return;
-  llvm::StringRef name = rest.ltrim().take_while(isWordCharacter);
-  rest = rest.ltrim().drop_front(name.size()).ltrim();
-  if (name.empty() || !rest.consume_front(")"))
+  Token open, word, close;
+  next(open);
+  next(word);
+  if (!word.isWord() || !isAhead(')')) {
+    block.assign({word, open});
+    state = State::EmbeddedBlock;
     return;
-  scanner.setCursor(rest.begin());
-  SourceRange place = lines.rangeOf(token.spelling.begin(), rest.begin() - 1);
+  }
+  next(close);
+  llvm::StringRef name = word.spelling;
+  SourceRange place = token.place;
+  place.endLine = close.place.endLine;
+  place.endColumn = close.place.endColumn;
 
   std::optional<unsigned> number = cicsConstant(token.keyword, name);
   if (!context.options.cics) {
@@ -431,6 +451,7 @@ void Lexer::readEmbeddedText(Token &token) {
   const char *lastByte = nullptr;
   unsigned pieces = 0;
   bool isTerminated = false;
+  bool isAtProgram = false;
 
   auto append = [&](llvm::StringRef piece) {
     llvm::StringRef trimmed = piece.trim(" \t\f\v");
@@ -475,6 +496,10 @@ void Lexer::readEmbeddedText(Token &token) {
     scanner.setCursor(scanner.getEnd());
     if (!nextLine())
       break;
+    // What cannot be in any block shows that END-EXEC is missing.
+    isAtProgram = isProgramLine();
+    if (isAtProgram)
+      break;
   }
   if (!isTerminated) {
     context.diagnostics.report(DiagnosticId::UnclosedEmbeddedText, embedding.place, embedding.text);
@@ -486,7 +511,7 @@ void Lexer::readEmbeddedText(Token &token) {
   token.kind = TokenKind::EmbeddedText;
   token.flags = Token::PrecededBySpace;
   token.place = place;
-  atLineStart = atLineStart && isTerminated && pieces == 0;
+  atLineStart = isAtProgram || (atLineStart && isTerminated && pieces == 0);
   if (pieces == 1) {
     token.text = llvm::StringRef(firstByte, lastByte - firstByte);
   } else if (pieces > 1) {
@@ -522,6 +547,25 @@ bool Lexer::isHeaderLine() const {
     // The name of a paragraph, which its period makes one.
     return first.drop_front(word.size()).ltrim(" \t").starts_with(".");
   }
+}
+
+/// Whether the line that was just read can only be of the program, and not of a block that is
+/// embedded in it: another block begins, or a division or section does.
+bool Lexer::isProgramLine() const {
+  llvm::StringRef text(lines.begin(), lines.end() - lines.begin());
+  auto takeKeyword = [&] {
+    text = text.ltrim(" \t");
+    llvm::StringRef word = text.take_while(isWordCharacter);
+    text = text.drop_front(word.size());
+    return context.words.lookup(word).keyword;
+  };
+  Keyword first = takeKeyword();
+  if (first == Keyword::Exec || first == Keyword::Execute) {
+    Keyword second = takeKeyword();
+    return second == Keyword::Sql || second == Keyword::Cics || second == Keyword::Dli;
+  }
+  return (flagsOf(first) & KF_Header) &&
+         llvm::is_contained({Keyword::Division, Keyword::Section}, takeKeyword());
 }
 
 void Lexer::skipRemark() {

@@ -31,6 +31,8 @@ bool Parser::atPartHeader() {
   case Keyword::Division:
   case Keyword::End:
     return atUnitBoundary();
+  case Keyword::Section:
+    return peek().isFirstOnLine();
   case Keyword::SourceComputer:
   case Keyword::ObjectComputer:
   case Keyword::SpecialNames:
@@ -47,12 +49,12 @@ bool Parser::atPartHeader() {
     return peek().isFirstOnLine() || peek(1).is(Keyword::Section);
   case Keyword::File:
   case Keyword::Report:
-    return peek(1).is(Keyword::Section);
+    return peek(1).is(Keyword::Section) || atMisspeltSection();
   case Keyword::None:
     return at(TokenKind::EndOfFile) ||
            (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division));
   default:
-    return false;
+    return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
   }
 }
 
@@ -81,16 +83,27 @@ bool Parser::atEntryBoundary(const ClauseSet &clauses) {
          (clauses.endsAtLevelNumber && atLevelNumber());
 }
 
-void Parser::takeSectionHeader() {
+void Parser::takeSectionHeader(Keyword header) {
+  findFooting();
+  if (at(Keyword::Section)) {
+    error(DiagnosticId::Expected, here(), (textOf(header) + " SECTION").str(), "'SECTION'");
+    stream.skip();
+    accept(header);
+    expectPeriod();
+    return;
+  }
   stream.skip();
   if (accept(Keyword::Section)) {
     expectPeriod();
     return;
   }
   expected("SECTION");
+  if (atSequence(TokenKind::Period, Keyword::Section))
+    stream.skip();
   // Something else stands in the place of SECTION.
   if (!at(TokenKind::Period) && !peek().isFirstOnLine())
     stream.skip();
+  accept(Keyword::Section);
   accept(TokenKind::Period);
 }
 
@@ -149,21 +162,28 @@ void Parser::parseParagraphClauses(const ClauseSet &clauses,
     missingPeriod();
 }
 
+/// Gives true where the clause is known after all: a keyword of it is misspelt.
 bool Parser::unknownClause(const ClauseSet &clauses) {
   llvm::SmallVector<Keyword, 80> words(clauses.keywords);
   words.append(clauses.synonyms.begin(), clauses.synonyms.end());
   Keyword meant = peek().isWord() ? nearestKeyword(peek().text, words) : Keyword::None;
-  if (meant != Keyword::None && textOf(meant) == peek().text) {
+  if (meant != Keyword::None && textOf(meant) == peek().text && !at(meant)) {
     // A word of OS/VS COBOL, which is no keyword without its option.
     error(DiagnosticId::OsvsStatement, here(), peek().text);
-  } else if (meant != Keyword::None) {
-    error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, textOf(meant));
-  } else {
-    auto texts = llvm::map_range(clauses.keywords, textOf);
-    error(DiagnosticId::UnknownClause, here(), describe(peek()), clauses.owner,
-          llvm::join(texts, ", "));
+    stream.skip();
+    recoverToClause(clauses, /*isUnknown=*/true);
+    return false;
   }
-  stream.skip();
+  if (meant != Keyword::None && !at(meant)) {
+    // The clause is read as the one that it was meant to be.
+    error(DiagnosticId::MisspeltClause, here(), describe(peek()), clauses.owner, textOf(meant));
+    stream.correct(meant);
+    return true;
+  }
+  auto texts = llvm::map_range(clauses.keywords, textOf);
+  error(DiagnosticId::UnknownClause, here(), describe(peek()), clauses.owner,
+        llvm::join(texts, ", "));
+  takeRun();
   recoverToClause(clauses, /*isUnknown=*/true);
   return false;
 }
@@ -183,7 +203,7 @@ void Parser::recoverToClause(const ClauseSet &clauses, bool isUnknown) {
       return;
     if (clauses.beginsWithName && isFirst && atEnvironmentName())
       return;
-    stream.skip();
+    takeRun();
   }
 }
 
@@ -192,7 +212,7 @@ void Parser::recoverToEntry(const ClauseSet &clauses) {
     if (accept(TokenKind::Period))
       return;
     else
-      stream.skip();
+      takeRun();
 }
 
 Keyword Parser::nearestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates) {

@@ -27,15 +27,14 @@ DataDivision *Parser::parseDataDivision() {
       parseDataSection(*division, seen);
       continue;
     }
-    // What looks like an entry of another section belongs to the foreign one.
-    bool isForeign = peek(1).is(Keyword::Section);
-    if (isForeign)
-      reportForeignSection();
-    else
-      expected("a section of the data division");
+    if (peek(1).is(Keyword::Section)) {
+      skipForeignSection();
+      continue;
+    }
+    expected("a section of the data division");
     do
       stream.skip();
-    while (!atUnitBoundary() && !peek(1).is(Keyword::Section) && (isForeign || !atDataSection()));
+    while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
   }
   division->setRange(from(begin).getRange());
   return division;
@@ -56,18 +55,27 @@ Keyword Parser::dataSectionAt() {
   }
   if (!peek().isFirstOnLine())
     return Keyword::None;
-  if (at(Keyword::Fd, Keyword::Sd))
+  if (at(Keyword::Section) && llvm::is_contained(headers, peek(1).keyword))
+    return peek(1).keyword;
+  const Token &first = peek(atSequence(Keyword::Section, TokenKind::Period) ? 2 : 0);
+  if (first.isOneOf(Keyword::Fd, Keyword::Sd))
     return Keyword::File;
-  if (at(Keyword::Rd))
+  if (first.is(Keyword::Rd))
     return Keyword::Report;
-  return atLevelNumber() ? Keyword::WorkingStorage : Keyword::None;
+  bool isEntry = at(Keyword::Section) ? first.is(TokenKind::IntegerLiteral) : atLevelNumber();
+  return isEntry ? Keyword::WorkingStorage : Keyword::None;
 }
 
-void Parser::reportForeignSection() {
+/// A section that does not belong here goes whole, with entries that others could have as well.
+void Parser::skipForeignSection() {
   if (at(Keyword::Communication) || atWord("SCREEN"))
     error(DiagnosticId::NotSupported, here(), peek().text + " SECTION");
   else
     error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "data division");
+  do
+    stream.skip();
+  while (!atUnitBoundary() &&
+         (!peek().isFirstOnLine() || (!at(Keyword::Section) && !peek(1).is(Keyword::Section))));
 }
 
 /// The section that is next. The order of the sections does not matter to anybody, so any is good.
@@ -92,11 +100,11 @@ void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> 
   if (at(TokenKind::IntegerLiteral) || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
     error(DiagnosticId::HeaderMissing, here(), section.text, describe(peek()));
   } else {
-    if (!at(header))
+    if (!at(header) && !at(Keyword::Section))
       error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(header));
-    else if (seen.test(kind))
+    else if (at(header) && seen.test(kind))
       error(DiagnosticId::HeaderTwice, here(), section.text);
-    takeSectionHeader();
+    takeSectionHeader(header);
   }
   seen.set(kind);
 
@@ -250,9 +258,11 @@ void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*p
   RecordBuilder records(*this, add);
   while (true) {
     if (at(TokenKind::IntegerLiteral)) {
-      unsigned errorsBefore = diagnostics.getErrorCount();
+      if (peek().isFirstOnLine())
+        findFooting();
+      unsigned errorsBefore = countMistakes();
       if (DataDescription *entry = (this->*parseEntry)())
-        records.add(entry, diagnostics.getErrorCount() == errorsBefore);
+        records.add(entry, countMistakes() == errorsBefore);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
     } else if (atEntryBoundary(clauses)) {

@@ -141,20 +141,26 @@ bool Parser::parseDataClause(DataDescription &entry) {
 // PICTURE and USAGE
 //===----------------------------------------------------------------------===//
 
+/// Behind a misspelt PICTURE the stream does not know that a picture follows, and makes words and
+/// marks of it.
+Word *Parser::parsePictureString() {
+  if (at(TokenKind::PictureString))
+    return takeWord();
+  SourceRange begin = here();
+  if (at(TokenKind::Period, TokenKind::EndOfFile) || peek().isFirstOnLine())
+    return error(DiagnosticId::MissingPicture, begin, textOf(Keyword::Picture));
+  const std::string &text = internString(takeRun());
+  return new Word(from(begin).getRange(), &text, &text);
+}
+
 /// {PICTURE | PIC} [IS] character-string
 ClausePicture *Parser::parsePicture() {
   SourceRange begin = here();
   stream.skip();
   accept(Keyword::Is);
-  if (!at(TokenKind::PictureString)) {
-    // The stream, which looks for the string, has said so already where it knew of the clause.
-    bool isTold = llvm::any_of(diagnostics.getEntries(), [&](const DiagnosticEntry &entry) {
-      return entry.id == DiagnosticId::MissingPicture && entry.place.file == begin.file &&
-             entry.place.beginLine >= begin.beginLine;
-    });
-    return isTold ? nullptr : expected("a picture character-string");
-  }
-  Word *string = takeWord();
+  Word *string = parsePictureString();
+  if (!string)
+    return nullptr;
   Node at = from(begin);
   auto *picture = new ClausePicture(&at, string);
   if (decimalPointIsComma)
@@ -410,7 +416,11 @@ bool Parser::parseOccursBounds(ClauseOccurs &occurs) {
     error(DiagnosticId::NotSupported, here(), "UNBOUNDED");
     stream.skip();
   }
-  accept(Keyword::Times);
+  if (!accept(Keyword::Times) && peek().isWord() && !dataClauses.contains(peek().keyword) &&
+      nearestKeyword(peek().text, Keyword::Times) != Keyword::None) {
+    expected(textOf(Keyword::Times));
+    stream.skip();
+  }
   return true;
 }
 
@@ -455,6 +465,7 @@ bool Parser::parseIndexNames(ClauseOccurs &occurs) {
       return false;
     auto *qualified = new QualifiedWord(name);
     qualified->addNames(name);
+    indexNames.insert(&name->getWordData());
     occurs.addIndex(new DataIdentifierExpression(name, qualified, nullptr, nullptr));
   } while (atAnother());
   return true;

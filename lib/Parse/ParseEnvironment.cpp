@@ -25,7 +25,9 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
   while (!atUnitBoundary()) {
     if (accept(TokenKind::Period))
       continue;
-    Keyword header = peek().keyword;
+    if (peek().isFirstOnLine())
+      findFooting();
+    Keyword header = at(Keyword::Section) ? environmentSectionAt() : peek().keyword;
     if (!llvm::is_contained(environmentHeaders, header) && peek().isWord())
       header = misspeltHeader(environmentHeaders);
     if (header != Keyword::None) {
@@ -49,6 +51,24 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
   return division;
 }
 
+/// The section whose header begins with SECTION, behind which its name stands or what belongs to
+/// it; None where it is no section of this division.
+Keyword Parser::environmentSectionAt() {
+  switch (peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword) {
+  case Keyword::Configuration:
+  case Keyword::SourceComputer:
+  case Keyword::ObjectComputer:
+  case Keyword::SpecialNames:
+    return Keyword::Configuration;
+  case Keyword::InputOutput:
+  case Keyword::FileControl:
+  case Keyword::IOControl:
+    return Keyword::InputOutput;
+  default:
+    return Keyword::None;
+  }
+}
+
 /// The one of \p headers that a word followed as a header is was meant to be, with a message; None
 /// when it is like none of them.
 Keyword Parser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
@@ -66,13 +86,13 @@ void Parser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header)
     if (division.getConfigurationSection())
       error(DiagnosticId::HeaderTwice, here(), "CONFIGURATION SECTION");
     configurationSectionOf(division, /*hasHeader=*/true);
-    takeSectionHeader();
+    takeSectionHeader(header);
     return;
   case Keyword::InputOutput:
     if (division.getInputOutputSection())
       error(DiagnosticId::HeaderTwice, here(), "INPUT-OUTPUT SECTION");
     inputOutputSectionOf(division, /*hasHeader=*/true);
-    takeSectionHeader();
+    takeSectionHeader(header);
     return;
   case Keyword::SourceComputer:
     parseSourceComputer(configurationSectionOf(division, /*hasHeader=*/false));
@@ -579,10 +599,11 @@ ClauseDecimalPoint *Parser::parseDecimalPoint() {
   SourceRange begin = here();
   accept(Keyword::DecimalPoint);
   accept(Keyword::Is);
-  if (!expect(Keyword::Comma))
-    return nullptr;
+  // Nothing else can be meant where COMMA is missing.
   decimalPointIsComma = true;
   stream.setDecimalPointIsComma(true);
+  if (!expect(Keyword::Comma))
+    return nullptr;
   Node at = from(begin);
   return new ClauseDecimalPoint(&at);
 }

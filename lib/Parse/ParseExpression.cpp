@@ -78,14 +78,16 @@ bool Parser::atProcedureHeader() {
 bool Parser::atIdentifier() {
   const Token &token = peek();
   if (token.isUserWord())
-    return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText());
+    return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText()) &&
+           misspeltKeyword() == Keyword::None;
   return isSpecialRegister(token.keyword) || token.is(Keyword::Function);
 }
 
 bool Parser::atOperand() {
   if (at(TokenKind::Word))
     return peek().isFigurativeConstant() || isSpecialRegister(peek().keyword) ||
-           at(Keyword::Function) || (peek().isUserWord() && !atProcedureHeader());
+           at(Keyword::Function) ||
+           (peek().isUserWord() && !atProcedureHeader() && misspeltKeyword() == Keyword::None);
   return atLiteral() && !atProcedureHeader();
 }
 

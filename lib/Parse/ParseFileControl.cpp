@@ -1,6 +1,7 @@
 //===- ParseFileControl.cpp - environment division, input-output ----------===//
 
 #include "Parser.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -40,7 +41,8 @@ void Parser::parseFileControl(InputOutputSection &section) {
 /// SELECT [OPTIONAL] file-name clauses.
 ParaFileControl *Parser::parseSelect() {
   SourceRange begin = here();
-  unsigned errorsBefore = diagnostics.getErrorCount();
+  findFooting();
+  unsigned errorsBefore = countMistakes();
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
@@ -53,7 +55,7 @@ ParaFileControl *Parser::parseSelect() {
   file->setIsOptional(isOptional);
   Node whole = parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); });
   file->setRange(whole.getRange());
-  if (!file->getAssign() && diagnostics.getErrorCount() == errorsBefore)
+  if (!file->getAssign() && countMistakes() == errorsBefore)
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
 }
@@ -116,6 +118,18 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
   }
 }
 
+/// Whether a word behind an assignment-name is no further one but the keyword of a clause misspelt:
+/// IS follows it, or it comes near to a long keyword. Short words come near to each other too
+/// often.
+bool Parser::atMisspeltSelectClause() {
+  const Token word = peek();
+  if (peek(1).is(Keyword::Is))
+    return true;
+  return word.text.size() > 5 && !peek(1).is(TokenKind::Period) &&
+         llvm::none_of(word.text, llvm::isDigit) &&
+         nearestKeyword(word.text, selectKeywords) != Keyword::None;
+}
+
 /// ASSIGN [TO] {[integer] name | literal} ... [FOR MULTIPLE {REEL | UNIT}]
 ClauseAssign *Parser::parseAssign() {
   SourceRange begin = here();
@@ -134,8 +148,7 @@ ClauseAssign *Parser::parseAssign() {
         return nullptr;
       clause->addAssignment(name);
     }
-    // A name with IS behind it is a clause whose keyword is misspelt.
-  } while ((peek().isUserWord() && !peek(1).is(Keyword::Is)) ||
+  } while ((peek().isUserWord() && !atMisspeltSelectClause()) ||
            at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral));
   if (accept(Keyword::For)) {
     if (!expect(Keyword::Multiple))

@@ -17,7 +17,9 @@ ProcedureDivision *Parser::parseProcedureDivision() {
   Node position(begin);
   auto *division = new ProcedureDivision(&position);
   parseProcedureHeader(*division);
-  if (at(Keyword::Declaratives))
+  while (accept(TokenKind::Period))
+    ;
+  if (atDeclaratives())
     parseDeclaratives(*division);
 
   Section *section = nullptr;
@@ -27,7 +29,7 @@ ProcedureDivision *Parser::parseProcedureDivision() {
       division->addSect(section);
     } else if (atEndDeclaratives()) {
       error(DiagnosticId::EndDeclarativesWithoutStart, here());
-      skipPastPeriod();
+      takeEndDeclaratives();
     } else if (at(Keyword::Declaratives)) {
       error(DiagnosticId::DeclarativesOutOfPlace, here());
       parseDeclaratives(*division);
@@ -103,7 +105,8 @@ Parser::HeaderKind Parser::headerKind() {
   const Token name = peek();
   if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
     return HeaderKind::None;
-  if (peek(1).is(Keyword::Section))
+  if (peek(1).is(Keyword::Section) || atMisspeltSection() ||
+      (peek(1).is(TokenKind::Period) && peek(2).is(Keyword::Section)))
     return HeaderKind::Section;
   bool isInOrder = name.isInAreaA() || !name.isInFixedForm();
 
@@ -124,9 +127,21 @@ Parser::HeaderKind Parser::headerKind() {
   return isAlone ? HeaderKind::Paragraph : HeaderKind::None;
 }
 
+/// Whether a line holds the name of a section and SECTION misspelt, or the two exchanged.
+bool Parser::atMisspeltSection() {
+  const Token name = peek();
+  if (!name.isFirstOnLine() || !name.isInAreaA() || !peek(1).isUserWord() ||
+      peek(1).isFirstOnLine() || !peek(2).is(TokenKind::Period))
+    return false;
+  return name.is(Keyword::Section) ||
+         (name.isWord() && nearestKeyword(peek(1).text, Keyword::Section) != Keyword::None);
+}
+
 /// The name in a header. A reserved word is reported and taken all the same, so that references to
 /// it are not reported as well.
 Word *Parser::parseHeaderName() {
+  if (peek().isFirstOnLine())
+    findFooting();
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
     error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
@@ -138,8 +153,16 @@ Word *Parser::parseHeaderName() {
 /// name SECTION [priority-number].
 Section *Parser::parseSectionHeader() {
   SourceRange begin = here();
+  bool isExchanged = at(Keyword::Section);
+  if (isExchanged) {
+    expected("the name of a section");
+    stream.skip();
+  }
   Word *name = parseHeaderName();
-  accept(Keyword::Section);
+  if (!isExchanged && !expect(Keyword::Section)) {
+    stream.skip();
+    accept(Keyword::Section);
+  }
   auto *section = make<Section>(begin, name);
   if (atNumericLiteral())
     section->setPriorityNumExpr(parseNumericLiteral());
@@ -203,12 +226,13 @@ Paragraph *Parser::parseParagraph() {
 Sentence *Parser::parseSentence() {
   SourceRange begin = here();
   std::list<Statement *> statements;
+  if (atStatement())
+    findFooting();
   parseStatements(statements);
   if (!accept(TokenKind::Period) && !hasUnknownStatement)
     expected("a period");
   isSentenceAbandoned = hasUnknownStatement = false;
   strayParts = 0;
-  misspeltEnd = Keyword::None;
   if (statements.empty())
     return nullptr;
   auto *sentence = make<Sentence>(begin);
@@ -236,11 +260,51 @@ void Parser::skipNote(bool isWholeParagraph) {
 // Declaratives
 //===----------------------------------------------------------------------===//
 
+/// Whether the declaratives begin, also where their header is misspelt or missing; that costs a
+/// message for each USE otherwise.
+bool Parser::atDeclaratives() {
+  if (at(Keyword::Declaratives))
+    return true;
+  bool isMisspelt = peek().isUserWord() && peek(1).is(TokenKind::Period) &&
+                    nearestKeyword(peek().text, Keyword::Declaratives) != Keyword::None;
+  return isMisspelt || (peek().isUserWord() && peek(1).is(Keyword::Section) &&
+                        peek(2).is(TokenKind::Period) && peek(3).is(Keyword::Use));
+}
+
+/// END DECLARATIVES, also where the words are not quite these.
+bool Parser::atEndDeclaratives() {
+  if (!at(Keyword::End))
+    return atSequence(Keyword::Declaratives, Keyword::End);
+  if (peek(1).is(Keyword::Declaratives))
+    return true;
+  if (!peek().isFirstOnLine() || !peek().isInAreaA())
+    return false;
+  return (peek(1).is(Keyword::End) && peek(2).is(Keyword::Declaratives)) ||
+         (peek(1).isUserWord() &&
+          nearestKeyword(peek(1).text, Keyword::Declaratives) != Keyword::None);
+}
+
+void Parser::takeEndDeclaratives() {
+  findFooting();
+  if (!expect(Keyword::End) || !expect(Keyword::Declaratives))
+    stream.skip();
+  expectHeaderPeriod();
+}
+
 /// DECLARATIVES. section ... END DECLARATIVES.
 void Parser::parseDeclaratives(ProcedureDivision &division) {
   SourceRange begin = here();
-  accept(Keyword::Declaratives);
-  expect(TokenKind::Period);
+  bool hasHeader = !peek(1).is(Keyword::Section);
+  findFooting();
+  if (accept(Keyword::Declaratives)) {
+    expectHeaderPeriod();
+  } else if (!hasHeader) {
+    error(DiagnosticId::HeaderMissing, begin, textOf(Keyword::Declaratives), describe(peek()));
+  } else {
+    error(DiagnosticId::MisspeltHeader, begin, describe(peek()), textOf(Keyword::Declaratives));
+    stream.skip();
+    accept(TokenKind::Period);
+  }
   while (!atUnitBoundary() && !atEndDeclaratives()) {
     if (headerKind() == HeaderKind::Section) {
       parseDeclarativeSection(division);
@@ -253,12 +317,11 @@ void Parser::parseDeclaratives(ProcedureDivision &division) {
     while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() != HeaderKind::Section);
   }
   if (!atEndDeclaratives()) {
-    error(DiagnosticId::DeclarativesWithoutEnd, begin);
+    if (hasHeader)
+      error(DiagnosticId::DeclarativesWithoutEnd, begin);
     return;
   }
-  accept(Keyword::End);
-  accept(Keyword::Declaratives);
-  expect(TokenKind::Period);
+  takeEndDeclaratives();
 }
 
 /// A section and its USE sentence, which the section itself does not hold. A section without USE
@@ -284,6 +347,8 @@ void Parser::parseDeclarativeSection(ProcedureDivision &division) {
 
 /// DECLARATIVES within declaratives. Always true, the word is gone.
 bool Parser::rejectDeclaratives() {
+  if (peek().isFirstOnLine())
+    findFooting();
   error(DiagnosticId::DeclarativesOutOfPlace, here());
   stream.skip();
   return true;

@@ -28,6 +28,8 @@ Program *Parser::parse(llvm::StringRef inputName) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))
       continue;
+    if (skipClassOrFunction())
+      continue;
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
       while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) &&
@@ -35,7 +37,7 @@ Program *Parser::parse(llvm::StringRef inputName) {
         stream.skip();
       continue;
     }
-    if (atSequence(Keyword::End, Keyword::Program)) {
+    if (atEndProgram()) {
       error(DiagnosticId::EndProgramWithoutProgram, here());
       skipPastPeriod();
       continue;
@@ -47,11 +49,45 @@ Program *Parser::parse(llvm::StringRef inputName) {
   return program;
 }
 
+/// A class or a function of the programmer's, which are not supported: it goes whole, up to its
+/// END.
+bool Parser::skipClassOrFunction() {
+  unsigned n = !peek(1).is(Keyword::Division) ? 0 : peek(2).is(TokenKind::Period) ? 3 : 2;
+  const Token header = peek(n);
+  if (!header.is(Keyword::ClassId) && !(header.isWord() && header.text == "FUNCTION-ID"))
+    return false;
+  error(DiagnosticId::NotSupported, header.place, header.text);
+  while (!at(TokenKind::EndOfFile) && !atSequence(Keyword::End, Keyword::Class) &&
+         !atSequence(Keyword::End, Keyword::Function))
+    stream.skip();
+  skipPastPeriod();
+  return true;
+}
+
 bool Parser::atUnitBoundary() {
   if (at(TokenKind::EndOfFile))
     return true;
-  return divisionAt() != Keyword::None || atSequence(Keyword::End, Keyword::Program) ||
+  return divisionAt() != Keyword::None || atEndProgram() ||
          atSequence(Keyword::ProgramId, TokenKind::Period);
+}
+
+/// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: a program
+/// whose end nobody sees would take all that follow for its own.
+bool Parser::atEndProgram() {
+  if (!at(Keyword::End, Keyword::Program))
+    return false;
+  if (atSequence(Keyword::End, Keyword::Program))
+    return true;
+  const Token &next = peek(1);
+  if (!unit || !peek().isFirstOnLine() || !peek().isInAreaA())
+    return false;
+  if (at(Keyword::End) && next.is(Keyword::End))
+    return peek(2).is(Keyword::Program);
+  bool isName = next.isWord() && next.text == llvm::StringRef(unit->getSourceUnitName()).upper();
+  return isName ||
+         (at(Keyword::Program)
+              ? next.is(Keyword::End)
+              : next.isUserWord() && nearestKeyword(next.text, Keyword::Program) != Keyword::None);
 }
 
 /// The division whose header is next, also where a word of the header is misspelt or missing or its
@@ -66,20 +102,40 @@ Keyword Parser::divisionAt() {
     if (peek(1).is(Keyword::Division))
       return first;
     bool isHeader = peek().isFirstOnLine() && peek().isInAreaA() &&
-                    (atMisspeltDivision(1) || atSequence(Keyword::Procedure, TokenKind::Period) ||
+                    (atMisspeltDivision(1) || peek(1).is(TokenKind::Period) ||
                      atSequence(Keyword::Procedure, Keyword::Using));
     return isHeader ? first : Keyword::None;
   }
-  if (first == Keyword::Division && peek().isFirstOnLine()) {
-    if (llvm::is_contained(divisions, peek(1).keyword))
-      return peek(1).keyword;
-    bool isLast = peek(1).is(Keyword::Using) ||
-                  (peek(1).is(TokenKind::Period) && unit && unit->getDataDivision());
-    return isLast ? Keyword::Procedure : Keyword::None;
-  }
-  if (peek().isUserWord() && peek().isFirstOnLine() && peek(1).is(Keyword::Division))
+  if (!peek().isFirstOnLine())
+    return Keyword::None;
+  if (first == Keyword::Division)
+    return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision();
+  if (at(TokenKind::Word) && !peek().isVerb() && peek(1).is(Keyword::Division))
     return nearestKeyword(peek().text, divisions);
   return Keyword::None;
+}
+
+/// Which division begins with the word DIVISION alone: what follows it tells.
+Keyword Parser::namelessDivision() {
+  if (peek(1).is(Keyword::Using))
+    return Keyword::Procedure;
+  if (!peek(1).is(TokenKind::Period))
+    return Keyword::None;
+  switch (peek(2).keyword) {
+  case Keyword::ProgramId:
+    return Keyword::Identification;
+  case Keyword::Configuration:
+  case Keyword::InputOutput:
+    return Keyword::Environment;
+  case Keyword::File:
+  case Keyword::WorkingStorage:
+  case Keyword::LocalStorage:
+  case Keyword::Linkage:
+  case Keyword::Report:
+    return Keyword::Data;
+  default:
+    return unit && unit->getDataDivision() ? Keyword::Procedure : Keyword::None;
+  }
 }
 
 /// Whether the word \p n places on is DIVISION misspelt.
@@ -89,6 +145,7 @@ bool Parser::atMisspeltDivision(unsigned n) {
 
 /// The header of \p division, which divisionAt() gave, up to its period.
 void Parser::takeDivisionHeader(Keyword division) {
+  findFooting();
   if (accept(Keyword::Division)) {
     error(DiagnosticId::Expected, stream.getLastPlace(), (textOf(division) + " DIVISION").str(),
           "'DIVISION'");
@@ -101,8 +158,9 @@ void Parser::takeDivisionHeader(Keyword division) {
   if (accept(Keyword::Division))
     return;
   expected(textOf(Keyword::Division));
-  if (atMisspeltDivision(0))
+  if (atMisspeltDivision(0) || atSequence(TokenKind::Period, Keyword::Division))
     stream.skip();
+  accept(Keyword::Division);
 }
 
 //===----------------------------------------------------------------------===//
@@ -134,7 +192,7 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
     current->setProcDivision(parseProcedureDivision());
 
   while (!at(TokenKind::EndOfFile)) {
-    if (atSequence(Keyword::End, Keyword::Program)) {
+    if (atEndProgram()) {
       parseEndProgram(current);
       break;
     }
@@ -169,10 +227,21 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
 
 /// END PROGRAM name.
 void Parser::parseEndProgram(SourceUnit *current) {
-  accept(Keyword::End);
-  accept(Keyword::Program);
+  findFooting();
+  if (atSequence(Keyword::End, Keyword::Program)) {
+    stream.skip();
+    stream.skip();
+  } else {
+    error(DiagnosticId::Expected, here(), "END PROGRAM",
+          (describe(peek()) + " " + describe(peek(1))));
+    // What stands before the name.
+    do
+      stream.skip();
+    while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
+           !peek(1).isFirstOnLine());
+  }
   auto bareName = [](llvm::StringRef name) { return name.trim("\"'"); };
-  unsigned errors = diagnostics.getErrorCount();
+  unsigned errors = countMistakes();
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
     llvm::StringRef name = bareName(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
@@ -184,7 +253,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
     accept(TokenKind::Period);
   }
   // One message is enough for a line.
-  if (diagnostics.getErrorCount() == errors)
+  if (countMistakes() == errors)
     expectHeaderPeriod();
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
@@ -217,8 +286,14 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
   }
   if (hasProgramId) {
     accept(TokenKind::Period);
+    if (at(TokenKind::Period)) {
+      expected("the name of the program");
+      stream.skip();
+    }
     Word *name = nullptr;
-    if (at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral) || peek().isWord()) {
+    bool isName =
+        peek().isWord() && !atUnitBoundary() && !(flagsOf(peek().keyword) & KF_CommentParagraph);
+    if (isName || at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral)) {
       // The name keeps its spelling, and a literal its quotes.
       name = new Word(peek().place, &internString(peek().spelling), &internString(peek().spelling));
       stream.skip();
@@ -243,10 +318,7 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
     programId = new ProgramIdParagraph(&at, name, type);
     programId->setIsInitial(initial);
     programId->setIsRecursive(recursive);
-    if (!accept(TokenKind::Period)) {
-      expected("a period");
-      skipPastPeriod();
-    }
+    expectPeriod();
   } else {
     Node at(idBegin);
     programId = new ProgramIdParagraph(&at, new Word(&at, "", ""), ProgramIdType::None);
@@ -347,6 +419,13 @@ bool Parser::isFileName(const std::string &name) const {
     DataDivision *data = one.getDataDivision();
     return data && !data->findFiles(name).empty();
   });
+}
+
+bool Parser::isNamed(const Token &word) {
+  const std::string &name = *word.getInternedText();
+  return isInternedDeclared(name) || indexNames.contains(&name) || isFileName(name) ||
+         isMnemonicName(name) || isSwitchName(name) || isSymbolicCharacter(name) ||
+         isReportName(name);
 }
 
 bool Parser::isReportName(const std::string &name) const {

@@ -13,8 +13,9 @@ static constexpr Keyword reportKeywords[] = {Keyword::Code, Keyword::Control,  K
                                              Keyword::Line, Keyword::Overflow, Keyword::Page,
                                              Keyword::Style};
 static constexpr Keyword reportSynonyms[] = {Keyword::Controls, Keyword::With};
+static constexpr Keyword reportInnerWords[] = {Keyword::Control, Keyword::Line};
 static constexpr ClauseSet reportClauses{
-    "a report description entry", reportKeywords, reportSynonyms, /*innerWords=*/{},
+    "a report description entry", reportKeywords, reportSynonyms, reportInnerWords,
     /*beginsWithName=*/false,
     /*endsAtLevelNumber=*/true};
 
@@ -76,6 +77,7 @@ DataDescription *Parser::parseReportGroupEntry() {
 /// RD report-name clauses. Null when the entry has no name.
 ReportDescription *Parser::parseReportDescription() {
   SourceRange begin = here();
+  findFooting();
   accept(Keyword::Rd);
   Word *name = parseUserWord("a report-name");
   if (!name) {

@@ -10,13 +10,34 @@ static constexpr Keyword groupKeywords[] = {
     Keyword::Picture,   Keyword::Present, Keyword::Repeated, Keyword::Sign,     Keyword::Source,
     Keyword::Style,     Keyword::Sum,     Keyword::Type,     Keyword::Usage,    Keyword::Value,
     Keyword::Wrap};
-static constexpr Keyword groupSynonyms[] = {
-    Keyword::Absent,   Keyword::Col,           Keyword::Cols,         Keyword::Columns,
-    Keyword::Just,     Keyword::Lines,         Keyword::Pic,          Keyword::Leading,
-    Keyword::Trailing, Keyword::Values,        Keyword::When,         Keyword::Display,
-    Keyword::Display1, Keyword::National,      Keyword::Binary,       Keyword::Comp,
-    Keyword::Comp1,    Keyword::Comp2,         Keyword::Comp3,        Keyword::Comp4,
-    Keyword::Comp5,    Keyword::Computational, Keyword::PackedDecimal};
+static constexpr Keyword groupSynonyms[] = {Keyword::Absent,
+                                            Keyword::Col,
+                                            Keyword::Cols,
+                                            Keyword::Columns,
+                                            Keyword::Just,
+                                            Keyword::Lines,
+                                            Keyword::Pic,
+                                            Keyword::Leading,
+                                            Keyword::Trailing,
+                                            Keyword::Values,
+                                            Keyword::When,
+                                            Keyword::Display,
+                                            Keyword::Display1,
+                                            Keyword::National,
+                                            Keyword::Binary,
+                                            Keyword::Comp,
+                                            Keyword::Comp1,
+                                            Keyword::Comp2,
+                                            Keyword::Comp3,
+                                            Keyword::Comp4,
+                                            Keyword::Comp5,
+                                            Keyword::Computational,
+                                            Keyword::Computational1,
+                                            Keyword::Computational2,
+                                            Keyword::Computational3,
+                                            Keyword::Computational4,
+                                            Keyword::Computational5,
+                                            Keyword::PackedDecimal};
 constinit const ClauseSet groupClauses{"a report group entry",    groupKeywords, groupSynonyms,
                                        /*innerWords=*/{},
                                        /*beginsWithName=*/false,
@@ -101,6 +122,11 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::Comp4:
   case Keyword::Comp5:
   case Keyword::Computational:
+  case Keyword::Computational1:
+  case Keyword::Computational2:
+  case Keyword::Computational3:
+  case Keyword::Computational4:
+  case Keyword::Computational5:
   case Keyword::PackedDecimal:
     return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
   case Keyword::Just:

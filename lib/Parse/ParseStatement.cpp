@@ -320,8 +320,10 @@ Statement *Parser::parseService() {
 
 void Parser::parseStatements(std::list<Statement *> &statements) {
   StatementList list;
-  while (!isSentenceAbandoned && !hasMisspeltEnd()) {
+  while (!isSentenceAbandoned) {
     if (atStatement()) {
+      if (peek().isFirstOnLine())
+        findFooting();
       list.lastVerb = peek().keyword;
       list.lastIsWrong = false;
       Statement *statement = parseStatement();
@@ -341,11 +343,11 @@ void Parser::parseStatements(std::list<Statement *> &statements) {
 
 bool Parser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
   SourceRange begin = here();
-  unsigned errors = diagnostics.getErrorCount();
+  unsigned errors = countMistakes();
   parseStatements(statements);
   if (!statements.empty())
     return true;
-  if (diagnostics.getErrorCount() == errors) {
+  if (countMistakes() == errors) {
     if (isNeeded)
       expected("a statement");
     return false;
@@ -412,7 +414,7 @@ bool Parser::endsStatements(StatementList &list) {
   if (token.isInAreaA() && token.isUserWord() && peek(1).is(TokenKind::Period) &&
       suggestKeyword(token.text, KF_Verb).empty())
     return true;
-  return acceptMisspeltEnd() || rejectWord(list);
+  return correctMisspelt() ? endsStatements(list) : rejectWord(list);
 }
 
 /// Whether a part without its statement is the first one of its kind in the sentence: the others
@@ -437,32 +439,47 @@ bool Parser::endsStray(Keyword verb) {
   return isStray;
 }
 
-/// A word that comes near to the END- word of a statement around is taken for it, after a message.
-bool Parser::acceptMisspeltEnd() {
-  if (!peek().isUserWord())
-    return false;
+/// The keyword that an undeclared word was most likely meant to be: one that a statement around
+/// waits for or, at the beginning of a line, a verb. None when there is no such keyword.
+Keyword Parser::misspeltKeyword() {
+  if (!at(TokenKind::Word) || !at(Keyword::None) || isNamed(peek()))
+    return Keyword::None;
+  const Token word = peek();
+  SpellingMatch match(word.text);
   Keyword meant = Keyword::None;
-  SpellingMatch match(peek().text);
+  auto consider = [&](Keyword candidate) {
+    if (match.consider(textOf(candidate)))
+      meant = candidate;
+  };
   for (const EnclosingStatement &open : llvm::reverse(enclosingStatements))
-    if (const ScopedVerb *scope = scopeOf(open.verb);
-        scope && match.consider(textOf(scope->endWord)))
-      meant = scope->endWord;
-  if (meant == Keyword::None)
-    return false;
-  error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
-  stream.skip();
-  misspeltEnd = meant;
-  return true;
+    if (const ScopedVerb *scope = scopeOf(open.verb))
+      consider(scope->endWord);
+  const Token following = peek(1);
+  bool isVerbNext = following.isVerb();
+  if (isVerbNext && canTakeElse())
+    consider(Keyword::Else);
+  if (following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword))
+    return meant;
+  if (canTakeWhen())
+    consider(Keyword::When);
+  if (!word.isFirstOnLine() || following.isOneOf(TokenKind::LParen, Keyword::Of, Keyword::In))
+    return meant;
+#define KEYWORD(Enumerator, Text, Flags)                                                           \
+  if ((Flags) & KF_Verb)                                                                           \
+    consider(Keyword::Enumerator);
+#include "Parse/Keywords.def"
+  return meant;
 }
 
-bool Parser::acceptScopeEnd(Keyword endWord) {
-  if (hasMisspeltEnd()) {
-    bool isMeant = misspeltEnd == endWord;
-    if (isMeant)
-      misspeltEnd = Keyword::None;
-    return isMeant;
-  }
-  return accept(endWord);
+/// Takes a word for the END- word, ELSE or WHEN that it comes near to, after a message.
+bool Parser::correctMisspelt() {
+  Keyword meant = misspeltKeyword();
+  if (meant == Keyword::None || isVerb(meant))
+    return false;
+  error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
+  stream.correct(meant);
+  findFooting();
+  return true;
 }
 
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
@@ -478,7 +495,9 @@ bool Parser::rejectWord(StatementList &list) {
     error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
     const ScopedVerb *verb = llvm::find_if(
         scopedVerbs, [meant](const ScopedVerb &one) { return textOf(one.verb) == meant; });
-    if (verb == std::end(scopedVerbs))
+    if (meant == textOf(Keyword::Exec) || meant == textOf(Keyword::Execute))
+      skipEmbeddedText();
+    else if (verb == std::end(scopedVerbs))
       recoverStatement(Keyword::None);
     else if (verb->phrases == 0 || verb->verb == Keyword::Search)
       // ELSE, WHEN and END- words of the statement are to find it.
@@ -560,7 +579,7 @@ std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
       return phrase(ExceptionHandlerType::OnException, 1);
     break;
   case Keyword::End:
-    if (!hasOn && !peek(n + 1).isOneOf(Keyword::Program, Keyword::Declaratives))
+    if (!hasOn && (n > 0 || (!atEndProgram() && !atEndDeclaratives())))
       return phrase(ExceptionHandlerType::AtEnd, 1);
     break;
   case Keyword::EndOfPage:
@@ -581,8 +600,6 @@ std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
 bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                                    std::initializer_list<ExceptionHandlerType> allowed) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    if (hasMisspeltEnd())
-      return true;
     unsigned &given = enclosingStatements.back().phrases;
     unsigned own = bitOf(phrase->type, phrase->isNot);
     if ((given & own) || !llvm::is_contained(allowed, phrase->type))
@@ -591,11 +608,11 @@ bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    unsigned errors = diagnostics.getErrorCount();
+    unsigned errors = countMistakes();
     std::list<Statement *> statements;
     parseStatements(statements);
     // A phrase without statements is for the checker to tell, unless its statements were refused.
-    if (statements.empty() && diagnostics.getErrorCount() != errors)
+    if (statements.empty() && countMistakes() != errors)
       statements.push_back(new ContinueStatement(new Node(begin)));
     handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));
   }
@@ -644,7 +661,7 @@ void Parser::recoverStatement(Keyword verb) {
     enclosingStatements.pop_back();
   }
   if (scope)
-    abandonedEnd = acceptScopeEnd(scope->endWord) ? Keyword::None : scope->endWord;
+    abandonedEnd = accept(scope->endWord) ? Keyword::None : scope->endWord;
   else if (isScopeTerminator(peek().keyword) && !isOpen(peek().keyword))
     stream.skip();
 }

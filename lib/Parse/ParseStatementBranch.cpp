@@ -266,7 +266,7 @@ Statement *Parser::parsePerformInline(PerformStatement *perform, bool isComplete
   for (Statement *statement : statements)
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
-  if (!acceptScopeEnd(Keyword::EndPerform)) {
+  if (!accept(Keyword::EndPerform)) {
     if (isComplete && !hasUnknownStatement)
       expect(Keyword::EndPerform);
     isComplete = false;
@@ -348,7 +348,7 @@ Statement *Parser::parseNextSentence() {
 /// The branch behind ELSE, where there is one. From here on an ELSE belongs to a statement farther
 /// out.
 bool Parser::parseElse(std::list<Statement *> &statements) {
-  if (hasMisspeltEnd() || !acceptAny(Keyword::Else, Keyword::Otherwise))
+  if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
   enclosingStatements.back().hasElse = true;
   if (parseBranch(statements))
@@ -373,7 +373,7 @@ Statement *Parser::parseIf() {
   bool isComplete = parseBranch(then, /*isNeeded=*/condition) && condition;
   std::list<Statement *> otherwise;
   isComplete &= parseElse(otherwise);
-  acceptScopeEnd(Keyword::EndIf);
+  accept(Keyword::EndIf);
   if (!isComplete)
     return dropStatement();
   auto *statement = make<IfStatement>(begin, condition, &then, nullptr);
@@ -439,7 +439,7 @@ Statement *Parser::parseEvaluate() {
     parseStatements(dropped);
   }
   bool hasOther = false;
-  while (at(Keyword::When) && !hasMisspeltEnd()) {
+  while (at(Keyword::When)) {
     if (hasOther) {
       error(DiagnosticId::WhenAfterOther, here());
       isComplete = false;
@@ -450,7 +450,7 @@ Statement *Parser::parseEvaluate() {
       return when->getType() == EvalWhenType::Other;
     });
   }
-  acceptScopeEnd(Keyword::EndEvaluate);
+  accept(Keyword::EndEvaluate);
   return isComplete ? complete(evaluate) : dropStatement();
 }
 
@@ -563,6 +563,7 @@ EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin, bool isTr
 Statement *Parser::parseSearch() {
   SourceRange begin = here();
   accept(Keyword::Search);
+  unsigned mistakes = countMistakes();
   SearchType type = accept(Keyword::All) ? SearchType::Binary : SearchType::Serial;
   IdentifierExpression *table = parseIdentifier();
   auto *search = make<SearchStatement>(begin, type, table);
@@ -582,20 +583,20 @@ Statement *Parser::parseSearch() {
   for (ExceptionHandler *handler : handlers)
     search->addAtHandler(handler);
   if (!at(Keyword::When)) {
-    if (isComplete)
+    if (isComplete && countMistakes() == mistakes)
       expect(Keyword::When);
     isComplete = false;
     // The statements of the WHEN that is missing.
     std::list<Statement *> dropped;
     parseStatements(dropped);
   }
-  while (at(Keyword::When) && !hasMisspeltEnd()) {
+  while (at(Keyword::When)) {
     SearchWhen *when = parseSearchWhen();
     if (when)
       search->addWhen(when);
     isComplete &= when != nullptr;
   }
-  acceptScopeEnd(Keyword::EndSearch);
+  accept(Keyword::EndSearch);
   return isComplete ? complete(search) : dropStatement();
 }
 
@@ -643,11 +644,26 @@ Statement *Parser::parseExec() {
 }
 
 bool Parser::skipEmbeddedBlock() {
-  if (!at(Keyword::Exec, Keyword::Execute))
-    return false;
-  parseExec();
+  if (at(Keyword::Exec, Keyword::Execute)) {
+    parseExec();
+  } else {
+    bool isMisspelt = peek().isUserWord() &&
+                      peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) &&
+                      nearestKeyword(peek().text, Keyword::Exec) != Keyword::None;
+    if (!isMisspelt)
+      return false;
+    error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(Keyword::Exec));
+    skipEmbeddedText();
+  }
   accept(TokenKind::Period);
   return true;
+}
+
+/// The text of a block whose EXEC is misspelt, so that the stream has made tokens of it.
+void Parser::skipEmbeddedText() {
+  while (!at(Keyword::EndExec) && !atUnitBoundary())
+    stream.skip();
+  accept(Keyword::EndExec);
 }
 
 /// {READY | RESET} TRACE

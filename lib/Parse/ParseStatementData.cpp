@@ -33,6 +33,8 @@ Statement *Parser::parseAccept() {
   IdentifierExpression *receiver = parseIdentifier();
   if (!receiver)
     return nullptr;
+  if (at(Keyword::Message))
+    return error(DiagnosticId::UnsupportedStatement, begin, "ACCEPT MESSAGE COUNT");
   auto *statement = make<AcceptStatement>(begin, receiver);
   if (at(Keyword::From)) {
     statement->setFromType(parseAcceptFrom());

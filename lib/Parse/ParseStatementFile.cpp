@@ -55,7 +55,7 @@ Statement *Parser::parseOpen() {
   for (; mode; mode = openModeOf(peek().keyword)) {
     auto *item = make<OpenItem>(here(), *mode);
     stream.skip();
-    if (!parseSeries(*item, &OpenItem::addFile, &Parser::parseOpenFile, &Parser::atName))
+    if (!parseSeries(*item, &OpenItem::addFile, &Parser::parseOpenFile, &Parser::atFileName))
       return nullptr;
     open->addItem(complete(item));
   }
@@ -100,7 +100,7 @@ Statement *Parser::parseClose() {
   accept(Keyword::Close);
   auto *close = make<CloseStatement>(begin);
   return parseSeries(*close, &CloseStatement::addCloseFile, &Parser::parseCloseFile,
-                     &Parser::atName)
+                     &Parser::atFileName)
              ? complete(close)
              : nullptr;
 }
@@ -119,6 +119,8 @@ Statement *Parser::parseRead() {
     return nullptr;
   auto *read = make<ReadStatement>(begin, file);
   read->setIsNextRecord(accept(Keyword::Next));
+  if (atWord("PREVIOUS"))
+    return error(DiagnosticId::UnsupportedStatement, here(), "READ PREVIOUS");
   accept(Keyword::Record);
   if (accept(Keyword::Into)) {
     read->setIntoIdentifier(parseIdentifier());
@@ -173,6 +175,8 @@ Statement *Parser::parseStart() {
   if (!file)
     return nullptr;
   auto *start = make<StartStatement>(begin, file);
+  if (at(Keyword::Using))
+    return error(DiagnosticId::UnsupportedStatement, here(), "START USING KEY");
   if (at(Keyword::Key)) {
     SourceRange keyBegin = here();
     accept(Keyword::Key);
@@ -394,6 +398,9 @@ Statement *Parser::parseSort() {
   FileIdentifierExpression *file = parseFileName();
   if (!file)
     return nullptr;
+  const std::string &name = file->getFileName()->getWordData();
+  if (isDeclared(name) && !isFileName(name))
+    return error(DiagnosticId::SortOfTable, file->getRange());
   auto *sort = make<SortStatement>(begin, file);
   if (!parseSeries(*sort, &SortStatement::addKey, &Parser::parseSortKey, &Parser::atSortKey))
     return nullptr;
@@ -412,7 +419,7 @@ Statement *Parser::parseSort() {
   sort->setSeqAlphaName(alphabet);
 
   if (!at(Keyword::Using, Keyword::Input)) {
-    if (!isFileName(file->getFileName()->getWordData()))
+    if (!isFileName(name))
       return error(DiagnosticId::SortOfTable, file->getRange());
     return expected("USING or INPUT PROCEDURE");
   }

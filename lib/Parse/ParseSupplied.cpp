@@ -168,8 +168,7 @@ bool Parser::parseSqlType(DataDescription &entry) {
 }
 
 /// Whether the unit can see an item \p name: it declares it, or a program around it shares it.
-bool Parser::isDeclared(llvm::StringRef name) {
-  const std::string &word = internString(name);
+bool Parser::isInternedDeclared(const std::string &word) const {
   for (SourceUnit *one = unit; one; one = one->getParent()) {
     DataDivision *data = one->getDataDivision();
     std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&word) : nullptr;

@@ -10,6 +10,66 @@ namespace tarka {
 // Tokens
 //===----------------------------------------------------------------------===//
 
+/// Whether the parser cannot know after the message what the tokens that follow are meant to be.
+static bool leavesDoubt(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::Expected:
+  case DiagnosticId::ReservedWord:
+  case DiagnosticId::ProgramExpected:
+  case DiagnosticId::PeriodMissing:
+  case DiagnosticId::UnknownClause:
+  case DiagnosticId::MisspeltClause:
+  case DiagnosticId::HeaderNotHere:
+  case DiagnosticId::NotAStatement:
+  case DiagnosticId::MisspeltVerb:
+  case DiagnosticId::OsvsStatement:
+  case DiagnosticId::EndWithoutStatement:
+  case DiagnosticId::ElseWithoutIf:
+  case DiagnosticId::WhenWithoutEvaluate:
+  case DiagnosticId::PhraseWithoutStatement:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Three tokens that make sense show that the parser is on its way again, as does a word that
+/// begins something where such a thing begins: see findFooting(). What it stumbles over earlier is
+/// left of the mistake before.
+bool Parser::isWorthTelling(DiagnosticId id, const SourceRange &place) {
+  constexpr unsigned doubtfulTokens = 3;
+  bool isConsequence = isSentenceAbandoned || stream.getTaken() < lostUntil || isSpoilt(place) ||
+                       isSpoilt(stream.getLastPlace());
+  if (isConsequence)
+    ++consequences;
+  if (isConsequence || leavesDoubt(id))
+    lostUntil = stream.getTaken() + doubtfulTokens;
+  return !isConsequence;
+}
+
+/// Whether the text around \p place is not what was meant, after a mistake that the stream has
+/// told.
+bool Parser::isSpoilt(const SourceRange &place) const {
+  auto spoils = [&](const DiagnosticEntry &entry) {
+    switch (entry.id) {
+    case DiagnosticId::CharacterNotAllowed:
+    case DiagnosticId::ContinuedLiteralWithoutQuote:
+    case DiagnosticId::UnclosedLiteral:
+    case DiagnosticId::CopyNameExpected:
+    case DiagnosticId::CopyLibraryExpected:
+    case DiagnosticId::CopyPeriodExpected:
+    case DiagnosticId::ReplaceOperandExpected:
+    case DiagnosticId::ReplaceByExpected:
+    case DiagnosticId::ReplacementExpected:
+    case DiagnosticId::ReplacePeriodExpected:
+      return entry.place.file == place.file && entry.place.endLine == place.beginLine;
+    default:
+      return false;
+    }
+  };
+  return diagnostics.isDistrusted(place.file) || llvm::any_of(diagnostics.getEntries(), spoils);
+}
+
 std::nullptr_t Parser::expected(llvm::StringRef what) {
   // The end of the file has no text to point at; the last thing read has.
   const SourceRange &place =
@@ -51,6 +111,26 @@ void Parser::skipPastPeriod() {
       return;
     else
       stream.skip();
+}
+
+/// Takes the tokens up to the next space or separator period as one string.
+llvm::StringRef Parser::takeRun() {
+  const Token first = stream.next();
+  SourceRange last = first.place;
+  auto clings = [](const Token &token, const SourceRange &before) {
+    const SourceRange &place = token.place;
+    return place.file == before.file && place.beginLine == before.endLine &&
+           place.beginColumn <= before.endColumn + 1 + token.isAfterComma() &&
+           !token.isFromReplacement() && !token.is(TokenKind::EndOfFile);
+  };
+  for (; clings(peek(), last); stream.skip()) {
+    if (at(TokenKind::Period) && !clings(peek(1), here()))
+      break;
+    last = here();
+  }
+  if (last.endLine != first.place.beginLine)
+    return first.spelling;
+  return {first.spelling.data(), size_t(last.endColumn - first.place.beginColumn + 1)};
 }
 
 llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {

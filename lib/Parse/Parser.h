@@ -27,8 +27,8 @@
 #include "Parse/Diagnostics.h"
 #include "Parse/ParseOptions.h"
 #include "Parse/Preprocessor.h"
+#include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
-#include "llvm/ADT/StringSet.h"
 #include <bitset>
 #include <functional>
 #include <initializer_list>
@@ -91,10 +91,18 @@ private:
   std::nullptr_t expected(llvm::StringRef what);
   template <typename... Arguments>
   std::nullptr_t error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
-    if (!isSentenceAbandoned)
+    if (isWorthTelling(id, place))
       diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return nullptr;
   }
+  /// Whether a mistake is one of its own and not the consequence of the one before it.
+  bool isWorthTelling(DiagnosticId id, const SourceRange &place);
+  bool isSpoilt(const SourceRange &place) const;
+  /// Says that the next token stands where the parser takes it to stand, whatever went wrong
+  /// before.
+  void findFooting() { lostUntil = 0; }
+  /// The mistakes met, whether or not they were told.
+  unsigned countMistakes() const { return diagnostics.getErrorCount() + consequences; }
 
   /// The place of the next token.
   SourceRange here() { return peek().place; }
@@ -115,6 +123,7 @@ private:
 
   /// Skips to behind the next period, or to the end of the file.
   void skipPastPeriod();
+  llvm::StringRef takeRun();
   /// The keyword with any of \p flags (KF_Verb ...) that \p word was most likely meant to be; empty
   /// when none is near.
   static llvm::StringRef suggestKeyword(llvm::StringRef word, uint16_t flags);
@@ -153,10 +162,13 @@ private:
   IdentificationDivision *parseIdentificationDivision();
   bool atDivision(Keyword which) { return divisionAt() == which; }
   Keyword divisionAt();
+  Keyword namelessDivision();
   bool atMisspeltDivision(unsigned n);
   void takeDivisionHeader(Keyword division);
   /// Whether any division header, END PROGRAM or the end of the file is next.
   bool atUnitBoundary();
+  bool atEndProgram();
+  bool skipClassOrFunction();
   void parseEndProgram(SourceUnit *unit);
 
   //===--------------------------------------------------------------------===//
@@ -173,7 +185,8 @@ private:
   bool atSqlType();
   /// [USAGE [IS]] SQL [TYPE] [IS] type: the host variable that DB2 makes of it.
   bool parseSqlType(DataDescription &entry);
-  bool isDeclared(llvm::StringRef name);
+  bool isDeclared(llvm::StringRef name) { return isInternedDeclared(internString(name)); }
+  bool isInternedDeclared(const std::string &name) const;
 
   //===--------------------------------------------------------------------===//
   // Entries and clauses of the environment and data division (ParseClauses.cpp)
@@ -193,8 +206,8 @@ private:
   /// as if it stood there.
   void expectPeriod();
   void missingPeriod();
-  /// The header of a section, with its first word next.
-  void takeSectionHeader();
+  /// The header of a section that begins with \p header, with its first word next.
+  void takeSectionHeader(Keyword header);
   /// Says that the next token begins no clause of \p clauses and skips to the next clause; gives
   /// false.
   bool unknownClause(const ClauseSet &clauses);
@@ -246,6 +259,7 @@ private:
   EnvironmentDivision *parseEnvironmentDivision();
   ConfigurationSection &configurationSectionOf(EnvironmentDivision &division, bool hasHeader);
   InputOutputSection &inputOutputSectionOf(EnvironmentDivision &division, bool hasHeader);
+  Keyword environmentSectionAt();
   Keyword misspeltHeader(llvm::ArrayRef<Keyword> headers);
   /// The section header or the paragraph that is next; \p header is its first word.
   void parseEnvironmentPart(EnvironmentDivision &division, Keyword header);
@@ -278,6 +292,7 @@ private:
   ParaFileControl *parseSelect();
   bool parseSelectClause(ParaFileControl &file);
   ClauseAssign *parseAssign();
+  bool atMisspeltSelectClause();
   ClauseReserve *parseReserve();
   ClauseOrganization *parseOrganization();
   ClausePadding *parsePadding();
@@ -306,7 +321,7 @@ private:
   /// header is misspelt or missing; None where no section is next.
   Keyword dataSectionAt();
   bool atDataSection() { return dataSectionAt() != Keyword::None; }
-  void reportForeignSection();
+  void skipForeignSection();
   /// \p seen are the sections of the division that were there already.
   static constexpr unsigned sectionKinds = static_cast<unsigned>(StorageType::Report) + 1;
   void parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen);
@@ -325,6 +340,7 @@ private:
   Word *parseEntryName(const ClauseSet &clauses);
   bool parseDataClause(DataDescription &entry);
   ClausePicture *parsePicture();
+  Word *parsePictureString();
   ClauseUsage *parseUsage();
   ClauseGroupUsage *parseGroupUsage();
   ClauseValue *parseValue();
@@ -505,7 +521,10 @@ private:
   enum class HeaderKind : uint8_t { None, Paragraph, Section };
   /// What begins with the next token where a sentence may begin.
   HeaderKind headerKind();
-  bool atEndDeclaratives() { return atSequence(Keyword::End, Keyword::Declaratives); }
+  bool atMisspeltSection();
+  bool atDeclaratives();
+  bool atEndDeclaratives();
+  void takeEndDeclaratives();
   Word *parseHeaderName();
   void expectHeaderPeriod();
   bool atProcedureBody();
@@ -534,11 +553,10 @@ private:
   /// False after a message; statements that could not be read within a phrase are no failure.
   bool parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                              std::initializer_list<ExceptionHandlerType> allowed);
-  /// The END- word of a statement, which may be left out.
-  bool acceptScopeEnd(Keyword endWord);
   /// EXEC language text END-EXEC where no statement can stand, among data entries; the period
   /// after it is taken too. False when none is next.
   bool skipEmbeddedBlock();
+  void skipEmbeddedText();
 
   /// A phrase of imperative statements as its first words tell it.
   struct PhraseStart {
@@ -568,8 +586,8 @@ private:
   enum StrayPart : unsigned { StrayElse = 1, StrayWhen = 2, StrayPhrase = 4 };
   bool isFirstStray(StrayPart part);
   bool endsStray(Keyword verb);
-  bool acceptMisspeltEnd();
-  bool hasMisspeltEnd() const { return misspeltEnd != Keyword::None; }
+  Keyword misspeltKeyword();
+  bool correctMisspelt();
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;
@@ -672,7 +690,7 @@ private:
   }
   template <typename Owner, typename Base>
   bool parseFileNames(Owner &owner, void (Base::*add)(FileIdentifierExpression *)) {
-    return parseSeries(owner, add, &Parser::parseFileName, &Parser::atName);
+    return parseSeries(owner, add, &Parser::parseFileName, &Parser::atFileName);
   }
   template <typename Owner, typename Base>
   bool parseReportNames(Owner &owner, void (Base::*add)(ReportIdentifierExpression *)) {
@@ -684,10 +702,12 @@ private:
   }
   /// Whether a name of the programmer's is next.
   bool atName() { return peek().isUserWord() && !atProcedureHeader(); }
+  /// Whether one more name of a file is next, and not a verb that is misspelt.
+  bool atFileName() { return atName() && misspeltKeyword() == Keyword::None; }
 
   /// The end of a statement: its END- word.
   template <typename T> T *finish(T *statement, Keyword endWord) {
-    acceptScopeEnd(endWord);
+    accept(endWord);
     return complete(statement);
   }
   /// The end of a statement: its exception phrases and its END- word. Null after a message.
@@ -786,6 +806,8 @@ private:
   bool isMnemonicName(const std::string &name) const;
   /// Whether the name is that of a file (FD, SD or SELECT) of this unit or an outer one.
   bool isFileName(const std::string &name) const;
+  /// Whether the word is declared as anything that can be an operand.
+  bool isNamed(const Token &word);
   /// Whether the name is that of a report (RD).
   bool isReportName(const std::string &name) const;
 
@@ -816,6 +838,12 @@ private:
   unsigned depth = 0;
   bool decimalPointIsComma = false;
 
+  /// The count of tokens taken up to which a mistake is taken for a consequence of the last one.
+  uint64_t lostUntil = 0;
+  /// The names behind INDEXED BY, which are no entries of the data division before the checks.
+  llvm::DenseSet<const std::string *> indexNames;
+  unsigned consequences = 0;
+
   /// The languages of the embedded blocks that the unit has.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
 
@@ -830,8 +858,6 @@ private:
   bool isRecovered = false;
   /// The END- word that may still come of a statement that could not be read.
   Keyword abandonedEnd = Keyword::None;
-  /// The END- word that a word was taken for, until the statement that it ends has come to its end.
-  Keyword misspeltEnd = Keyword::None;
   /// The sentence holds something that nobody knows. ELSE, WHEN, END- words and phrases behind it
   /// that belong to nothing else are taken for its own.
   bool hasUnknownStatement = false;

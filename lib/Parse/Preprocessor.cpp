@@ -56,6 +56,7 @@ private:
     std::string textName;
     std::string library;
     std::vector<Replacement> replacements;
+    bool isDoubtful = false; ///< not all of it could be read
   };
 
   void read(Token &token);
@@ -255,12 +256,14 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   if (token.is(Keyword::Replacing)) {
     readRaw(token);
     if (!readReplacements(token, "REPLACING", statement.replacements)) {
+      statement.isDoubtful = true;
       skipStatement(token);
       return true;
     }
   }
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
+    statement.isDoubtful = true;
     // What else stands in its line says no more.
     while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile) && !token.isFirstOnLine() &&
            !token.isVerb())
@@ -288,6 +291,8 @@ bool Preprocessor::readCopyName(Token &token, std::string &name) {
       readRaw(token);
     return !name.empty();
   }
+  if (token.is(Keyword::Copy))
+    return false;
   while (isPartOfMemberName(token) && (name.empty() || !token.isPrecededBySpace())) {
     name += token.spelling;
     readRaw(token);
@@ -345,6 +350,8 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   SourceFormat format = includer.lexer.getFormat();
   if (context.options.format == SourceFormat::Auto)
     format = (*file)->getFormat(format);
+  if (statement.isDoubtful)
+    diagnostics.distrust((*file)->getNumber());
   levels.push_back(std::make_unique<Level>(**file, format, context, /*isMain=*/false));
   if (!statement.replacements.empty()) {
     levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
@@ -571,6 +578,14 @@ TokenStream::~TokenStream() = default;
 void TokenStream::fill(unsigned wanted) {
   for (; count < wanted; ++count)
     source->next(ring[(first + count) % lookAhead]);
+}
+
+void TokenStream::correct(Keyword meant) {
+  fill(1);
+  Token &word = ring[first];
+  word.keyword = meant;
+  word.interned = &internString(textOf(meant));
+  word.text = *word.interned;
 }
 
 void TokenStream::setDebuggingMode(bool on) {

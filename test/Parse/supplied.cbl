@@ -11,6 +11,10 @@
        01  NO-TYPE SQL TYPE IS MAGIC. *> expect: 221
        PROCEDURE DIVISION.
            MOVE DFHRESP(NORMAL) TO N
+           MOVE DFHRESP
+               ( *> on lines of its own
+               NOTFND
+               ) TO DFHVALUE (2)
            MOVE DFHRESP(NOTFOUND) TO N *> expect: 51:17-33
            MOVE DFHVALUE(NOSUCHSTATE) TO N *> expect: 52
            MOVE SHOPS-OWN TO NESTED-AFTER

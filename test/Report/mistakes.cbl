@@ -70,6 +70,7 @@ RD  STRUCTURE.
         10  COL 12 PIC G(4) DISPLAY-1 SOURCE SPACE. *> expect: 3468
         10  COL 20 PIC 9(4) BINARY SOURCE AMOUNT. *> expect: 4003
     05  LINE 4 USAGE COMP-3. *> expect: 4003
+    05  LINE 4 COMPUTATIONAL-3. *> expect: 4003
         10  COL 1 PIC 9 SOURCE AMOUNT.
 
 *> What entries show.

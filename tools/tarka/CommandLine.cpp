@@ -2,6 +2,9 @@
 
 #include "CommandLine.h"
 #include "Parse/Encoding.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/Support/FileSystem.h"
 #include <CLI/CLI.hpp>
 #include <iostream>
 #include <map>
@@ -128,6 +131,11 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
   return message + "; tarka " + command->get_name() + " --help explains them\n";
 }
 
+/// Whether \p word, with which the command line begins, looks like a command and is no file.
+bool isMisspeltCommand(llvm::StringRef word) {
+  return llvm::all_of(word, llvm::isAlpha) && !llvm::sys::fs::exists(word);
+}
+
 } // namespace
 
 CommandLineResult readCommandLine(int argc, char **argv) {
@@ -200,8 +208,16 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     return word == "check" || word == "cfg" || word == "layout" || word == "ast" ||
            word == "explain" || word == "--help" || word == "-h" || word == "--version";
   };
-  if (!arguments.empty() && !isForTheProgram(arguments.front()))
+  if (!arguments.empty() && !isForTheProgram(arguments.front())) {
+    if (isMisspeltCommand(arguments.front())) {
+      std::cerr << "tarka: '" << arguments.front()
+                << "' is no file and no command; the commands are check, cfg, layout, ast and "
+                   "explain\n";
+      result.exitStatus = ExitUnusable;
+      return result;
+    }
     arguments.insert(arguments.begin(), "check");
+  }
   std::reverse(arguments.begin(), arguments.end());
 
   try {

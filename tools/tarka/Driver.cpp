@@ -98,7 +98,9 @@ int Compilation::run() {
   if (!check())
     return ExitUnusable;
   if (request.verify)
-    return verifyReport(file, frontEnd, handler, llvm::errs()) ? ExitClean : ExitFindings;
+    return verifyReport(file, request.parse.encoding, frontEnd, handler, llvm::errs())
+               ? ExitClean
+               : ExitFindings;
   llvm::errs().SetBuffered();
   report(llvm::errs());
   llvm::errs().flush();

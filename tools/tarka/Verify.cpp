@@ -1,6 +1,7 @@
 //===- Verify.cpp - expectations in the source ----------------------------===//
 
 #include "Verify.h"
+#include "Parse/Encoding.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/MemoryBuffer.h"
@@ -54,8 +55,9 @@ std::vector<Reported> collect(const FrontEndDiagnostics &frontEnd, const ErrorHa
 /// Reads one file's expectations. False, after a message, when one of them cannot be understood.
 class ExpectationReader {
 public:
-  ExpectationReader(std::vector<Expectation> &found, llvm::raw_ostream &out)
-      : found(found), out(out) {}
+  ExpectationReader(std::vector<Expectation> &found, const std::string &encoding,
+                    llvm::raw_ostream &out)
+      : found(found), encoding(encoding), out(out) {}
 
   bool read(const std::string &file) {
     // Supplied copybooks are no files, and nobody writes expectations into them.
@@ -67,6 +69,11 @@ public:
       return false;
     }
     llvm::StringRef rest = (*buffer)->getBuffer();
+    std::string decoded;
+    if (!encoding.empty()) {
+      decoded = decodeText(rest, encoding).text;
+      rest = decoded;
+    }
     bool understood = true;
     for (unsigned line = 1; !rest.empty(); ++line) {
       auto [text, tail] = rest.split('\n');
@@ -126,13 +133,15 @@ private:
   }
 
   std::vector<Expectation> &found;
+  const std::string &encoding;
   llvm::raw_ostream &out;
 };
 
 } // namespace
 
-bool verifyReport(const std::string &file, const FrontEndDiagnostics &frontEnd,
-                  const ErrorHandler &handler, llvm::raw_ostream &out) {
+bool verifyReport(const std::string &file, const std::string &encoding,
+                  const FrontEndDiagnostics &frontEnd, const ErrorHandler &handler,
+                  llvm::raw_ostream &out) {
   std::vector<Reported> reported = collect(frontEnd, handler);
 
   std::set<std::string> files{file};
@@ -140,7 +149,7 @@ bool verifyReport(const std::string &file, const FrontEndDiagnostics &frontEnd,
     if (!one.file.empty())
       files.insert(one.file);
   std::vector<Expectation> expectations;
-  ExpectationReader reader(expectations, out);
+  ExpectationReader reader(expectations, encoding, out);
   bool agree = true;
   for (const std::string &one : files)
     agree &= reader.read(one);

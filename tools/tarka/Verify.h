@@ -18,8 +18,10 @@ namespace tarka {
 ///
 /// Every diagnostic is to be expected once, and every expected one reported. Differences are
 /// written to \p out; true when there is none.
-bool verifyReport(const std::string &file, const FrontEndDiagnostics &frontEnd,
-                  const ErrorHandler &handler, llvm::raw_ostream &out);
+/// \p encoding is that of the files; empty is UTF-8.
+bool verifyReport(const std::string &file, const std::string &encoding,
+                  const FrontEndDiagnostics &frontEnd, const ErrorHandler &handler,
+                  llvm::raw_ostream &out);
 
 } // namespace tarka
 

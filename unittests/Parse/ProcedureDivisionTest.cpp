@@ -122,7 +122,7 @@ TEST_F(ProcedureDivisionTest, NamesInFixedForm) {
                  "           GOBACK."),
             "P1: [display]\nP2:\nFLARP: [exit]\nP3:\nB:\n"
             "S SECTION INPUT: 500: [exit] 600: [exit] [goback]");
-  EXPECT_EQ(reported(), "200@6:8 421@7:12 400@8:12 200@11:12 200@12:8 200@12:8 400@13:12 "
+  EXPECT_EQ(reported(), "200@6:8 421@7:12 400@8:12 200@11:12 200@12:8 400@13:12 "
                         "201@14:8 400@15:19");
 }
 

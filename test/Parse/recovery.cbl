@@ -1,0 +1,125 @@
+      *> One mistake costs one message, at the word that is wrong, and reading goes on behind it.
+      *> RUN: %tarka check --syntax-only --verify -I %S/Inputs %s
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P1.
+       ENVIRONMENT DIVISION.
+       SECTION CONFIGURATION. *> expect: 200:8-14
+       SPECIAL-NAMES.
+           CONSOLE IS CRT.
+       INPUT-OUTPUT .SECTION *> expect: 200
+       FILE-CONTROL FILE-CONTROL. *> expect: 220
+           SELECT F ASSIGN TO F1 ORGANIZTION INDEXED *> expect: 224
+               ACCESS DYNAMIC RECORD KEY K.
+           SELECT SPOOL ASSIGN TO DISKS UT-S-SPOOL, SPOOL2
+               ACCESS SEQUENTIAL.
+       DATA DIVISION.
+       FILE SECTION.
+       FD .F *> expect: 200
+       FD  F.
+       01  FR.
+           05  K PIC X(5).
+       COMMUNICATION SECTION. *> expect: 221
+       CD  MESSAGES FOR INPUT
+           SYMBOLIC QUEUE IS K.
+       01  QUEUE-AREA.
+           05  FILLER PIC X(87).
+       CD  ANSWERS FOR OUTPUT.
+       SECTION. *> expect: 200
+       01  A PIC 9(4).
+       01  B PIC 9(4).
+       01  C C PIC 9(4). *> expect: 223
+       01  D 9(5).9(2),9- COMP-3. *> expect: 223
+       01  T.
+           05  E OCCURS 5 TIME INDEXED BY IFX, WHENX. *> expect: 200:27-30
+               10  E1 PIC 9.
+           05  E2 OCCURS UNBOUNDED PIC 9. *> expect: 221
+           05  E3 PIC 9 VALUE. *> expect: 200
+           05  E4 ZERO VALUE. *> expect: 223
+       78  LEVEL-78 VALUE 5. *> expect: 221
+       01  U PIC U(10) USAGE UTF-8. *> expect: 221
+       01  V PIC X DYNAMIC LENGTH. *> expect: 221
+       01  W PIC X VOLATILE.
+       PROCEDURE .DIVISION *> expect: 200
+       DECLARATIVS. *> expect: 233
+       ON-INPUT SECTIN. *> expect: 200
+           USE AFTER ERROR PROCEDURE ON INPUT.
+       END END DECLARATIVES. *> expect: 200
+       MAIN-1.
+           A MOVE TO B. *> expect: 420:12
+           INPUT OPEN F *> expect: 420
+           ADD A TO. B *> expect: 200:20
+           DISPLAY A
+           MVOE A TO B *> expect: 421
+           OPEN INPUT F
+           RAED F AT END MOVE A TO B *> expect: 421
+           SET IFX
+               WHENX TO 1
+           SEARCH E AT END DISPLAY "NONE"
+               WHHEN E1 (IFX) = A DISPLAY "IT" *> expect: 421
+           END-SEARCH
+           IF A = B DISPLAY A ELES DISPLAY B END-IFF *> expect: 421 421
+           PERFORM UNTIL A = 1
+               DISPLAY A
+                 B
+           END-PERFROM *> expect: 421:12-22
+           EXXEC SQL UPDATE HR.EMP *> expect: 421
+               SET SALARY = SALARY + 1 END-EXEC
+           ADD 1 TO A ON SIZE ERROR DISPLAY A .END-ADD *> expect: 424
+       MAIN-2. *> three mistakes, three messages
+           MOVE A TO
+           MOVE TO B *> expect: 201:12 201:17
+           COMPUTE A B. *> expect: 200
+           CLOSE F REEL WITH LOCK. *> expect: 200
+           READ F PREVIOUS RECORD AT END DISPLAY A END-READ. *> expect: 423
+           SORT E DESCENDING. *> expect: 555
+           SORT T ON ASCENDING KEY E. *> expect: 555
+           JSON GENERATE A FROM B NAME OF B IS "x" SUPPRESS A *> expect: 423
+               ON EXCEPTION DISPLAY A
+           END-JSON
+           JSON PARSE A INTO B WITH DETAIL END-JSON *> expect: 423
+           START F USING KEY K. *> expect: 423
+           INVOKE A "x" USING BY VALUE B RETURNING A. *> expect: 423
+           ALLOCATE A INITIALIZED RETURNING B *> expect: 423
+           FREE A. *> expect: 423
+           ACCEPT MESSAGES MESSAGE COUNT *> expect: 423
+      *> expect@+1: 80
+       >>FROBNICATE
+           GOBACK.
+       END  P1. *> expect: 200
+
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. .P2 *> expect: 200
+       DATA .DIVISION *> expect: 200
+       WORKING-STORAGE SECTION.
+       01  A PIC X.
+       PROCEDURE DIVISION.
+       ON-ERROR SECTION. *> expect: 231
+           USE AFTER ERROR PROCEDURE ON OUTPUT.
+       END DECLARATIVES.
+       SECTION MAIN. *> expect: 200
+           EXEC SQL COMMIT. *> expect: 27
+           EXEC SQL ROLLBACK END-EXEC.
+           GOBACK.
+       END PROGARM P2. *> expect: 200
+
+       CLASS-ID. C INHERITS BASE. *> expect: 221
+       IDENTIFICATION DIVISION.
+       METHOD-ID. "run".
+       PROCEDURE DIVISION.
+           EXIT METHOD.
+       END METHOD "run".
+       END CLASS C.
+
+       ID DIVISION.
+       PROGRAM-ID. P3
+       ENVIRONMENT DIVISION. *> expect: 220
+       CONFIGURATION SECTION.
+       REPOSITORY. *> expect: 221
+           CLASS BASE IS "java.lang.Object".
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+      *> A copybook whose REPLACING is broken is not told line by line.
+       COPY TAGGED REPLACING ==:TAG:== ==NEW==. *> expect: 61
+       COPY COPY TAGGED. *> expect: 40
+       PROCEDURE DIVISION.
+           GOBACK.
