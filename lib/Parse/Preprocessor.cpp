@@ -129,7 +129,9 @@ void Preprocessor::next(Token &token) {
       break;
     replace(token);
   }
-  boundReplacement(token);
+  // Nothing but replacement makes text longer.
+  if (tokensAdded > 0)
+    boundReplacement(token);
   if (isStopped) {
     token = Token();
     token.place = stopPlace;
