@@ -144,8 +144,14 @@ bool Parser::parseDataClause(DataDescription &entry) {
 /// Behind a misspelt PICTURE the stream does not know that a picture follows, and makes words and
 /// marks of it.
 Word *Parser::parsePictureString() {
-  if (at(TokenKind::PictureString))
-    return takeWord();
+  if (at(TokenKind::PictureString)) {
+    bool isKeyword =
+        peek().text.equals_insensitive("PIC") || peek().text.equals_insensitive("PICTURE");
+    if (!isKeyword)
+      return takeWord();
+    expected("a picture character-string");
+    stream.skip();
+  }
   SourceRange begin = here();
   if (at(TokenKind::Period, TokenKind::EndOfFile) || peek().isFirstOnLine())
     return error(DiagnosticId::MissingPicture, begin, textOf(Keyword::Picture));
@@ -237,6 +243,15 @@ ClauseUsage *Parser::parseUsage() {
   if (accept(Keyword::Usage))
     accept(Keyword::Is);
   UsageType type = usageOf(peek().keyword);
+  if (type == UsageType::None && peek().isWord()) {
+    Keyword meant = nearestKeyword(peek().text, dataSynonyms);
+    type = at(meant) ? UsageType::None : usageOf(meant);
+    if (type != UsageType::None) {
+      error(DiagnosticId::MisspeltClause, here(), describe(peek()), dataClauses.owner,
+            textOf(meant));
+      stream.correct(meant);
+    }
+  }
   if (type == UsageType::None) {
     type = usageInsteadOf(peek().keyword);
     if (type == UsageType::None)

@@ -33,6 +33,10 @@ void Parser::parseFileControl(InputOutputSection &section) {
       continue;
     }
     expected("SELECT");
+    if (peek().isUserWord() && nearestKeyword(peek().text, Keyword::Select) != Keyword::None) {
+      stream.correct(Keyword::Select);
+      continue;
+    }
     stream.skip();
     recoverToEntry(selectClauses);
   }

@@ -81,7 +81,12 @@ bool Parser::expect(Keyword keyword) {
   if (accept(keyword))
     return true;
   expected(textOf(keyword));
-  return false;
+  // The keyword misspelt is taken for it.
+  bool isMisspelt = peek().isUserWord() && nearestKeyword(peek().text, keyword) != Keyword::None &&
+                    !isNamed(peek());
+  if (isMisspelt)
+    stream.skip();
+  return isMisspelt;
 }
 
 bool Parser::expect(TokenKind kind) {

@@ -9,5 +9,18 @@
            05 C OCCURS 3 INDEXED BY IY, IZ PIC X.
            05 D PIC 9 OCCURS 3 INDEXED BY JY JZ
               VALUE 5.
+      *> What is misspelt is read as what was meant: nothing else is told.
+           05 E PICTRE 9(4). *> expect: 224
+           05 F PCI 9(5).9(2). *> expect: 224
+           05 G PIC 9(3) USAGE COMPP-3. *> expect: 224
+           05 H PIC PIC X(3) VALUE "ABC". *> expect: 200:21-23
+           05 I OCURS 5 PIC X. *> expect: 224
+           05 J PIC. *> expect: 26
        PROCEDURE DIVISION.
+           MOVE E TO G
+           MOVE H TO I (2)
+           MOVE F TOO H *> expect: 200:19-21
+           PERFORM VARYING E FROM 1 BY 1 UNITL E = 5 *> expect: 200
+               DISPLAY E
+           END-PERFORM
            GOBACK.

@@ -236,7 +236,7 @@ TEST_F(EnvironmentParseTest, oneMessageForEachMistake) {
 )");
   EXPECT_EQ(reported(),
             "224@5:26 226@6:12 200@7:41 220@8:5 225@8:26 200@9:5 223@10:26 224@11:37 220@12:18");
-  EXPECT_EQ(section.getFileControlListSize(), 6u);
+  EXPECT_EQ(section.getFileControlListSize(), 7u);
   EXPECT_NE(section.getFileControlListElements().back()->getRecordKey(), nullptr);
 }
 
