@@ -79,7 +79,7 @@ bool Parser::atEntryBoundary(const ClauseSet &clauses) {
     return true;
   if (!peek().isFirstOnLine())
     return false;
-  return at(Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Cd, Keyword::Select) ||
+  return at(Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Cd, Keyword::Select, Keyword::Exec) ||
          (clauses.endsAtLevelNumber && atLevelNumber());
 }
 

@@ -154,6 +154,8 @@ Word *Parser::parseHeaderName() {
 Section *Parser::parseSectionHeader() {
   SourceRange begin = here();
   bool isExchanged = at(Keyword::Section);
+  if (peek().isFirstOnLine())
+    findFooting();
   if (isExchanged) {
     expected("the name of a section");
     stream.skip();
@@ -340,7 +342,7 @@ void Parser::parseDeclarativeSection(ProcedureDivision &division) {
   }
   do
     parseParagraphs(*section);
-  while (at(Keyword::Declaratives) && rejectDeclaratives());
+  while (at(Keyword::Declaratives) && !atEndDeclaratives() && rejectDeclaratives());
   complete(section);
   division.addDeclaratives(make<Declaratives>(begin, section, use));
 }

@@ -266,6 +266,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
 
 IdentificationDivision *Parser::parseIdentificationDivision() {
   SourceRange begin = here();
+  unsigned mistakes = countMistakes();
   if (atDivision(Keyword::Identification)) {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
@@ -329,6 +330,9 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
     if (flagsOf(peek().keyword) & KF_CommentParagraph) {
       stream.skip();
       accept(TokenKind::Period);
+      // Where the header is misspelt the stream does not know of the division.
+      if (countMistakes() != mistakes)
+        stream.skipCommentEntry();
     } else if (!options.osvs && peek().text == textOf(Keyword::Remarks)) {
       error(DiagnosticId::OsvsStatement, here(), peek().text);
       stream.skip();

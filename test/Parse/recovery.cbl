@@ -38,7 +38,8 @@
        78  LEVEL-78 VALUE 5. *> expect: 221
        01  U PIC U(10) USAGE UTF-8. *> expect: 221
        01  V PIC X DYNAMIC LENGTH. *> expect: 221
-       01  W PIC X VOLATILE.
+       01  W PIC X VOLATILE
+           EXEC SQL DECLARE T TABLE (A INT) END-EXEC. *> expect: 220
        PROCEDURE .DIVISION *> expect: 200
        DECLARATIVS. *> expect: 233
        ON-INPUT SECTIN. *> expect: 200
@@ -95,7 +96,7 @@
        PROCEDURE DIVISION.
        ON-ERROR SECTION. *> expect: 231
            USE AFTER ERROR PROCEDURE ON OUTPUT.
-       END DECLARATIVES.
+       DECLARATIVES END. *> expect: 200
        SECTION MAIN. *> expect: 200
            EXEC SQL COMMIT. *> expect: 27
            EXEC SQL ROLLBACK END-EXEC.
