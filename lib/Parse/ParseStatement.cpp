@@ -440,7 +440,8 @@ bool Parser::endsStray(Keyword verb) {
 }
 
 /// The keyword that an undeclared word was most likely meant to be: one that a statement around
-/// waits for or, at the beginning of a line, a verb. None when there is no such keyword.
+/// waits for, that goes on with this one or, at the beginning of a line, a verb. None when there is
+/// no such keyword.
 Keyword Parser::misspeltKeyword() {
   if (!at(TokenKind::Word) || !at(Keyword::None) || isNamed(peek()))
     return Keyword::None;
@@ -462,6 +463,11 @@ Keyword Parser::misspeltKeyword() {
     return meant;
   if (canTakeWhen())
     consider(Keyword::When);
+  // What joins the operands before it with those behind it.
+  for (Keyword joint : {Keyword::By, Keyword::Delimited, Keyword::From, Keyword::Giving,
+                        Keyword::Into, Keyword::Replacing, Keyword::Tallying, Keyword::To,
+                        Keyword::Until, Keyword::Upon, Keyword::Using})
+    consider(joint);
   if (!word.isFirstOnLine() || following.isOneOf(TokenKind::LParen, Keyword::Of, Keyword::In))
     return meant;
 #define KEYWORD(Enumerator, Text, Flags)                                                           \
@@ -474,12 +480,26 @@ Keyword Parser::misspeltKeyword() {
 /// Takes a word for the END- word, ELSE or WHEN that it comes near to, after a message.
 bool Parser::correctMisspelt() {
   Keyword meant = misspeltKeyword();
-  if (meant == Keyword::None || isVerb(meant))
+  if (!isScopeTerminator(meant) && meant != Keyword::Else && meant != Keyword::When)
     return false;
   error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
   stream.correct(meant);
   findFooting();
   return true;
+}
+
+/// The reserved word that is nearest to \p word. Of equally near ones it is one of the same length:
+/// letters are exchanged more often than left out.
+static llvm::StringRef suggestReservedWord(llvm::StringRef word) {
+  SpellingMatch match(word);
+  for (bool isSameLength : {true, false}) {
+#define KEYWORD(Enumerator, Text, Flags)                                                           \
+  if (!((Flags) & (KF_ContextSensitive | KF_OsvsOnly)) &&                                          \
+      (word.size() == llvm::StringRef(Text).size()) == isSameLength)                               \
+    match.consider(Text);
+#include "Parse/Keywords.def"
+  }
+  return match.getNearest();
 }
 
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
@@ -505,7 +525,11 @@ bool Parser::rejectWord(StatementList &list) {
     else
       recoverStatement(verb->verb);
   } else {
-    if (word.isWord())
+    if (word.isUserWord() && !isNamed(word))
+      meant = suggestReservedWord(word.text);
+    if (!meant.empty())
+      error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
+    else if (word.isWord())
       error(DiagnosticId::NotAStatement, word.place, describe(word));
     else
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));

@@ -85,6 +85,12 @@
            ACCEPT MESSAGES MESSAGE COUNT *> expect: 423
       *> expect@+1: 80
        >>FROBNICATE
+           ADD A TOO B. *> expect: 200:18-20
+           DISPLAY A UPNO CRT. *> expect: 421:22-25
+           ACCEPT A FORM DATE. *> expect: 421:21-24
+           PERFORM MAIN-1 UNTILL A = 1. *> expect: 421
+           IF A EQUEL B DISPLAY A. *> expect: 421
+           DISPLAY "DONE *> expect: 24
            GOBACK.
        END  P1. *> expect: 200
 
