@@ -1,5 +1,6 @@
 //===- ParseEnvironment.cpp - environment division, configuration ---------===//
 
+#include "AST/IntrinsicFunctions.h"
 #include "Parser.h"
 
 namespace tarka {
@@ -105,7 +106,7 @@ void Parser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header)
     return;
   case Keyword::Repository:
     configurationSectionOf(division, /*hasHeader=*/false);
-    skipRepository();
+    parseRepository();
     return;
   case Keyword::FileControl:
     parseFileControl(inputOutputSectionOf(division, /*hasHeader=*/false));
@@ -142,16 +143,40 @@ InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division, 
   return *division.getInputOutputSection();
 }
 
-/// The functions and classes that the paragraph names cannot be used without it, so it is nothing
-/// to pass over in silence.
-void Parser::skipRepository() {
-  SourceRange begin = here();
+/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes, and functions that are programs
+/// themselves, cannot be used, so they are nothing to pass over in silence.
+void Parser::parseRepository() {
   takeParagraphHeader();
-  bool isEmpty = atPartHeader();
-  while (!atPartHeader())
-    stream.skip();
-  if (!isEmpty)
-    error(DiagnosticId::NotSupported, begin, "REPOSITORY");
+  while (!atPartHeader() && !accept(TokenKind::Period)) {
+    if (at(Keyword::Function) && parseRepositoryFunctions())
+      continue;
+    error(DiagnosticId::NotSupported, here(), "such a REPOSITORY entry");
+    do
+      stream.skip();
+    while (!atPartHeader() && !at(TokenKind::Period) && !at(Keyword::Function, Keyword::Class));
+  }
+}
+
+/// Gives false, and has read nothing, where the functions are not intrinsic ones.
+bool Parser::parseRepositoryFunctions() {
+  unsigned count = 1;
+  while (peek(count).isWord() && !peek(count).is(Keyword::Intrinsic) &&
+         !peek(count).is(Keyword::Function))
+    ++count;
+  if (!peek(count).is(Keyword::Intrinsic))
+    return false;
+  accept(Keyword::Function);
+  if (accept(Keyword::All))
+    for (const IntrinsicFunction &function : intrinsicFunctions())
+      repositoryFunctions.insert(&internString(function.name));
+  while (!accept(Keyword::Intrinsic)) {
+    const Word &name = *takeWord();
+    if (findIntrinsicFunction(name.getWordData()))
+      repositoryFunctions.insert(&name.getWordData());
+    else
+      reportUnknownFunction(name);
+  }
+  return true;
 }
 
 //===----------------------------------------------------------------------===//

@@ -80,13 +80,12 @@ bool Parser::atIdentifier() {
   if (token.isUserWord())
     return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText()) &&
            misspeltKeyword() == Keyword::None;
-  return isSpecialRegister(token.keyword) || token.is(Keyword::Function);
+  return isSpecialRegister(token.keyword) || atFunction();
 }
 
 bool Parser::atOperand() {
   if (at(TokenKind::Word))
-    return peek().isFigurativeConstant() || isSpecialRegister(peek().keyword) ||
-           at(Keyword::Function) ||
+    return peek().isFigurativeConstant() || isSpecialRegister(peek().keyword) || atFunction() ||
            (peek().isUserWord() && !atProcedureHeader() && misspeltKeyword() == Keyword::None);
   return atLiteral() && !atProcedureHeader();
 }
@@ -112,7 +111,7 @@ Expression *Parser::parseOperand(llvm::StringRef what) {
 
 IdentifierExpression *Parser::parseIdentifier(llvm::StringRef what) {
   const Token &token = peek();
-  if (token.is(Keyword::Function))
+  if (atFunction())
     return parseFunction();
   if (isSpecialRegister(token.keyword) && !isDataName(token))
     return parseSpecialRegister();
@@ -293,7 +292,20 @@ IdentifierExpression *Parser::parseAddressOrLength() {
 // Functions
 //===----------------------------------------------------------------------===//
 
-/// FUNCTION name [(argument ...)] [(position : length)]. Names of functions may be reserved words.
+/// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it. Where
+/// such a name is a reserved word, its arguments tell the function: LENGTH (A), LENGTH OF A. RANDOM
+/// needs none, and is nothing else where an operand stands.
+bool Parser::atFunction() {
+  const Token &token = peek();
+  if (token.is(Keyword::Function))
+    return true;
+  return !repositoryFunctions.empty() && token.isWord() &&
+         (token.isUserWord() || token.is(Keyword::Random) || peek(1).is(TokenKind::LParen)) &&
+         repositoryFunctions.contains(token.getInternedText());
+}
+
+/// [FUNCTION] name [(argument ...)] [(position : length)]. Names of functions may be reserved
+/// words.
 FunctionIdentifierExpression *Parser::parseFunction() {
   SourceRange begin = here();
   accept(Keyword::Function);

@@ -42,6 +42,7 @@ Program *Parser::parse(llvm::StringRef inputName) {
       skipPastPeriod();
       continue;
     }
+    repositoryFunctions.clear();
     program->addSourceUnit(parseSourceUnit(nullptr));
   }
   if (program->getSourceUnitListSize() == 0 && !diagnostics.hasErrors())

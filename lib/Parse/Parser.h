@@ -265,7 +265,8 @@ private:
   void parseEnvironmentPart(EnvironmentDivision &division, Keyword header);
   /// The header of a paragraph and its period.
   void takeParagraphHeader();
-  void skipRepository();
+  void parseRepository();
+  bool parseRepositoryFunctions();
   void parseSourceComputer(ConfigurationSection &section);
   void parseObjectComputer(ConfigurationSection &section);
   ClauseMemorySize *parseMemorySize();
@@ -450,6 +451,7 @@ private:
   ReferenceModifier *parseReferenceModifier(const SourceRange &begin, Expression *position);
   IdentifierExpression *parseSpecialRegister();
   IdentifierExpression *parseAddressOrLength();
+  bool atFunction();
   FunctionIdentifierExpression *parseFunction();
   bool parseFunctionArguments(FunctionIdentifierExpression &call, const SourceRange &open);
   std::nullptr_t reportUnknownFunction(const Word &name);
@@ -837,6 +839,8 @@ private:
   SourceUnit *unit = nullptr; ///< The unit being read, its divisions attached as they begin.
   unsigned depth = 0;
   bool decimalPointIsComma = false;
+  /// The functions that REPOSITORY lets stand without FUNCTION, by their interned names.
+  llvm::DenseSet<const std::string *> repositoryFunctions;
 
   /// The count of tokens taken up to which a mistake is taken for a consequence of the last one.
   uint64_t lostUntil = 0;

@@ -121,8 +121,8 @@
        PROGRAM-ID. P3
        ENVIRONMENT DIVISION. *> expect: 220
        CONFIGURATION SECTION.
-       REPOSITORY. *> expect: 221
-           CLASS BASE IS "java.lang.Object".
+       REPOSITORY.
+           CLASS BASE IS "java.lang.Object". *> expect: 221
        DATA DIVISION.
        WORKING-STORAGE SECTION.
       *> A copybook whose REPLACING is broken is not told line by line.
