@@ -400,6 +400,8 @@ bool Parser::endsStatements(StatementList &list) {
   if (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
     if (canTakePhrase(*phrase))
       return true;
+    if (correctDividedEnd())
+      return endsStatements(list);
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
@@ -484,6 +486,24 @@ bool Parser::correctMisspelt() {
     return false;
   error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
   stream.correct(meant);
+  findFooting();
+  return true;
+}
+
+/// Takes END IF for END-IF, after a message, where such a word is waited for.
+bool Parser::correctDividedEnd() {
+  const ScopedVerb *scope = at(Keyword::End) ? scopeOf(peek(1).keyword) : nullptr;
+  const Token following = peek(2);
+  bool isEnd =
+      scope && isOpen(scope->endWord) &&
+      (following.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::When) ||
+       following.isVerb() || isScopeTerminator(following.keyword));
+  if (!isEnd)
+    return false;
+  error(DiagnosticId::Expected, here(), textOf(scope->endWord),
+        ("'END " + textOf(scope->verb) + "'").str());
+  stream.skip();
+  stream.correct(scope->endWord);
   findFooting();
   return true;
 }

@@ -590,6 +590,7 @@ private:
   bool endsStray(Keyword verb);
   Keyword misspeltKeyword();
   bool correctMisspelt();
+  bool correctDividedEnd();
   bool isOpen(Keyword endWord) const;
   bool canTakeElse() const;
   bool canTakeWhen() const;

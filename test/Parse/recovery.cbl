@@ -85,6 +85,9 @@
            ACCEPT MESSAGES MESSAGE COUNT *> expect: 423
       *> expect@+1: 80
        >>FROBNICATE
+           IF A = B
+               DISPLAY A
+           END IF. *> expect: 200:12
            ADD A TOO B. *> expect: 200:18-20
            DISPLAY A UPNO CRT. *> expect: 421:22-25
            ACCEPT A FORM DATE. *> expect: 421:21-24
