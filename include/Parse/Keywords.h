@@ -39,8 +39,12 @@ enum KeywordFlag : uint16_t {
   KF_CompilerDirecting = 256, ///< COPY, REPLACE, EJECT ...
 };
 
-/// The flags of \p keyword as the table gives them.
-uint16_t flagsOf(Keyword keyword);
+/// The flags of each keyword, see Keywords.def.
+extern const uint16_t keywordFlags[];
+
+inline uint16_t flagsOf(Keyword keyword) {
+  return keywordFlags[static_cast<unsigned>(keyword)];
+}
 
 /// The word in upper case; empty for None.
 llvm::StringRef textOf(Keyword keyword);

@@ -11,14 +11,9 @@ namespace tarka {
 
 namespace {
 
-struct KeywordInfo {
-  llvm::StringLiteral text;
-  uint16_t flags;
-};
-
-constexpr KeywordInfo keywordTable[] = {
-    {"", KF_None}, // None
-#define KEYWORD(Enumerator, Text, Flags) {Text, Flags},
+constexpr llvm::StringLiteral keywordTexts[] = {
+    "", // None
+#define KEYWORD(Enumerator, Text, Flags) Text,
 #include "Parse/Keywords.def"
 };
 
@@ -58,19 +53,21 @@ uint32_t hashFolded(llvm::StringRef text) {
 
 } // namespace
 
-uint16_t flagsOf(Keyword keyword) {
-  return keywordTable[static_cast<unsigned>(keyword)].flags;
-}
+const uint16_t keywordFlags[] = {
+    KF_None, // None
+#define KEYWORD(Enumerator, Text, Flags) Flags,
+#include "Parse/Keywords.def"
+};
 
 llvm::StringRef textOf(Keyword keyword) {
-  return keywordTable[static_cast<unsigned>(keyword)].text;
+  return keywordTexts[static_cast<unsigned>(keyword)];
 }
 
 WordTable::WordTable(bool osvs) : slots(new Slot[initialSlots]), mask(initialSlots - 1) {
-  for (unsigned index = 1; index < std::size(keywordTable); ++index) {
-    const KeywordInfo &info = keywordTable[index];
-    if (!(info.flags & KF_OsvsOnly) || osvs)
-      enter(info.text, static_cast<Keyword>(index));
+  for (unsigned index = 1; index < std::size(keywordTexts); ++index) {
+    Keyword keyword = static_cast<Keyword>(index);
+    if (!(flagsOf(keyword) & KF_OsvsOnly) || osvs)
+      enter(keywordTexts[index], keyword);
   }
 }
 

@@ -441,12 +441,38 @@ bool Parser::endsStray(Keyword verb) {
   return isStray;
 }
 
+// What joins the operands of a statement before it with those behind it.
+static constexpr Keyword joints[] = {Keyword::By,       Keyword::Delimited, Keyword::From,
+                                     Keyword::Giving,   Keyword::Into,      Keyword::Replacing,
+                                     Keyword::Tallying, Keyword::To,        Keyword::Until,
+                                     Keyword::Upon,     Keyword::Using};
+
+/// Whether the token can only follow an operand, never one of the words that are looked for here.
+static bool followsOperand(const Token &token) {
+  return token.isOneOf(Keyword::Of, Keyword::In, Keyword::Is, Keyword::And, Keyword::Or,
+                       Keyword::Rounded, TokenKind::Equal, TokenKind::Less, TokenKind::Greater) ||
+         llvm::is_contained(joints, token.keyword);
+}
+
 /// The keyword that an undeclared word was most likely meant to be: one that a statement around
 /// waits for, that goes on with this one or, at the beginning of a line, a verb. None when there is
 /// no such keyword.
 Keyword Parser::misspeltKeyword() {
-  if (!at(TokenKind::Word) || !at(Keyword::None) || isNamed(peek()))
+  if (!at(TokenKind::Word) || !at(Keyword::None))
     return Keyword::None;
+  const Token following = peek(1);
+  const bool isVerbNext = following.isVerb();
+  const bool isAtEnd =
+      following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword);
+  // Most words need no look at what is declared.
+  const bool isEndPossible =
+      enclosingStatements.size() > 1 ||
+      (!enclosingStatements.empty() && scopeOf(enclosingStatements.back().verb));
+  if (isAtEnd ? !isEndPossible : followsOperand(following))
+    return Keyword::None;
+  if (isNamed(peek()))
+    return Keyword::None;
+
   const Token word = peek();
   SpellingMatch match(word.text);
   Keyword meant = Keyword::None;
@@ -457,20 +483,15 @@ Keyword Parser::misspeltKeyword() {
   for (const EnclosingStatement &open : llvm::reverse(enclosingStatements))
     if (const ScopedVerb *scope = scopeOf(open.verb))
       consider(scope->endWord);
-  const Token following = peek(1);
-  bool isVerbNext = following.isVerb();
   if (isVerbNext && canTakeElse())
     consider(Keyword::Else);
-  if (following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword))
+  if (isAtEnd)
     return meant;
   if (canTakeWhen())
     consider(Keyword::When);
-  // What joins the operands before it with those behind it.
-  for (Keyword joint : {Keyword::By, Keyword::Delimited, Keyword::From, Keyword::Giving,
-                        Keyword::Into, Keyword::Replacing, Keyword::Tallying, Keyword::To,
-                        Keyword::Until, Keyword::Upon, Keyword::Using})
+  for (Keyword joint : joints)
     consider(joint);
-  if (!word.isFirstOnLine() || following.isOneOf(TokenKind::LParen, Keyword::Of, Keyword::In))
+  if (!word.isFirstOnLine() || following.is(TokenKind::LParen))
     return meant;
 #define KEYWORD(Enumerator, Text, Flags)                                                           \
   if ((Flags) & KF_Verb)                                                                           \

@@ -174,10 +174,12 @@ bool Parser::isInternedDeclared(const std::string &word) const {
     std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&word) : nullptr;
     if (!entries)
       continue;
+    if (one == unit)
+      return true;
     for (DataDescription *entry : *entries) {
       while (entry->getParent())
         entry = entry->getParent();
-      if (one == unit || entry->getGlobal())
+      if (entry->getGlobal())
         return true;
     }
   }
