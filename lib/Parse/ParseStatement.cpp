@@ -543,12 +543,34 @@ static llvm::StringRef suggestReservedWord(llvm::StringRef word) {
   return match.getNearest();
 }
 
+/// Reports ON or AT, which was taken off the stream, where one of the words behind it makes a
+/// phrase of it and another is not right. False when they are no such words.
+bool Parser::rejectPhrase(const Token &first) {
+  llvm::SmallVector<Keyword, 3> wanted;
+  if (first.is(Keyword::On))
+    wanted = {Keyword::Size, Keyword::Overflow, Keyword::Exception};
+  else if (first.is(Keyword::At))
+    wanted = {Keyword::End, Keyword::EndOfPage, Keyword::Eop};
+  Keyword meant = peek().isWord() ? nearestKeyword(peek().text, wanted) : Keyword::None;
+  if (meant == Keyword::None)
+    return false;
+  if (accept(Keyword::Size))
+    meant = Keyword::Error;
+  expected(textOf(meant));
+  return true;
+}
+
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
 bool Parser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
-  if (!options.osvs && word.isWord() && isOsvsWord(word.text)) {
+  if (rejectPhrase(word)) {
+    hasUnknownStatement = true;
+    recoverStatement(list.lastVerb);
+  } else if (!options.osvs && word.isWord() && isOsvsWord(word.text)) {
+    if (word.isFirstOnLine())
+      findFooting();
     error(DiagnosticId::OsvsStatement, word.place, word.text);
     hasUnknownStatement = true;
     recoverStatement(Keyword::None);
@@ -692,6 +714,10 @@ bool Parser::atResumption(bool passesWhen) {
   const Token &token = peek();
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::Otherwise) ||
       isScopeTerminator(token.keyword) || (token.is(Keyword::When) && !passesWhen))
+    return true;
+  // EXHIBIT and the like, where the option for them is missing: each is told.
+  if (!options.osvs && token.isFirstOnLine() && token.is(Keyword::None) && isOsvsWord(token.text) &&
+      !isNamed(token))
     return true;
   return atStatement() || atExceptionPhrase() || atProcedureHeader() || atEndDeclaratives() ||
          atUnitBoundary();

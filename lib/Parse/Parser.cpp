@@ -39,7 +39,8 @@ static bool leavesDoubt(DiagnosticId id) {
 bool Parser::isWorthTelling(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned doubtfulTokens = 3;
   bool isConsequence = isSentenceAbandoned || stream.getTaken() < lostUntil || isSpoilt(place) ||
-                       isSpoilt(stream.getLastPlace());
+                       isSpoilt(stream.getLastPlace()) ||
+                       (id == DiagnosticId::PeriodMissing && isBehindMissingCopybook(place));
   if (isConsequence)
     ++consequences;
   if (isConsequence || leavesDoubt(id))
@@ -68,6 +69,17 @@ bool Parser::isSpoilt(const SourceRange &place) const {
     }
   };
   return diagnostics.isDistrusted(place.file) || llvm::any_of(diagnostics.getEntries(), spoils);
+}
+
+/// Whether a copybook that was not found belongs between the last token and \p place: FD F COPY X.
+bool Parser::isBehindMissingCopybook(const SourceRange &place) const {
+  const SourceRange &last = stream.getLastPlace();
+  return llvm::any_of(diagnostics.getEntries(), [&](const DiagnosticEntry &entry) {
+    bool isMissing = entry.id == DiagnosticId::CopybookNotFound ||
+                     entry.id == DiagnosticId::SuppliedCopybookNotFound;
+    return isMissing && entry.place.file == place.file && entry.place.endLine <= place.beginLine &&
+           last.endLine <= entry.place.beginLine;
+  });
 }
 
 std::nullptr_t Parser::expected(llvm::StringRef what) {

@@ -98,6 +98,7 @@ private:
   /// Whether a mistake is one of its own and not the consequence of the one before it.
   bool isWorthTelling(DiagnosticId id, const SourceRange &place);
   bool isSpoilt(const SourceRange &place) const;
+  bool isBehindMissingCopybook(const SourceRange &place) const;
   /// Says that the next token stands where the parser takes it to stand, whatever went wrong
   /// before.
   void findFooting() { lostUntil = 0; }
@@ -585,6 +586,7 @@ private:
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(StatementList &list);
   bool rejectWord(StatementList &list);
+  bool rejectPhrase(const Token &first);
   enum StrayPart : unsigned { StrayElse = 1, StrayWhen = 2, StrayPhrase = 4 };
   bool isFirstStray(StrayPart part);
   bool endsStray(Keyword verb);

@@ -93,6 +93,12 @@
            ACCEPT A FORM DATE. *> expect: 421:21-24
            PERFORM MAIN-1 UNTILL A = 1. *> expect: 421
            IF A EQUEL B DISPLAY A. *> expect: 421
+           READ F AT ENDD DISPLAY A END-READ. *> expect: 200:22-25
+           ADD 1 TO A ON SIZE ERRROR DISPLAY A. *> expect: 200:31-36
+      * Each of the old statements is told.
+           EXAMINE A TALLYING ALL "A" *> expect: 422
+           EXHIBIT A *> expect: 422
+           TRANSFORM A FROM "A" TO "B". *> expect: 422
            DISPLAY "DONE *> expect: 24
            GOBACK.
        END  P1. *> expect: 200
@@ -131,5 +137,7 @@
       *> A copybook whose REPLACING is broken is not told line by line.
        COPY TAGGED REPLACING ==:TAG:== ==NEW==. *> expect: 61
        COPY COPY TAGGED. *> expect: 40
+      * The period may be the copybook's.
+       01  A COPY NOWHERE. *> expect: 43
        PROCEDURE DIVISION.
            GOBACK.
