@@ -130,10 +130,11 @@ void Parser::skipPastPeriod() {
       stream.skip();
 }
 
-/// Takes the tokens up to the next space or separator period as one string.
-llvm::StringRef Parser::takeRun() {
-  const Token first = stream.next();
-  SourceRange last = first.place;
+/// Takes the tokens up to the next space or separator period, and gives their text.
+std::string Parser::takeRun() {
+  std::string run = peek().spelling.str();
+  SourceRange last = here();
+  stream.skip();
   auto clings = [](const Token &token, const SourceRange &before) {
     const SourceRange &place = token.place;
     return place.file == before.file && place.beginLine == before.endLine &&
@@ -143,11 +144,13 @@ llvm::StringRef Parser::takeRun() {
   for (; clings(peek(), last); stream.skip()) {
     if (at(TokenKind::Period) && !clings(peek(1), here()))
       break;
+    // The comma between two tokens is no token.
+    if (peek().isAfterComma())
+      run += ',';
+    run += peek().spelling;
     last = here();
   }
-  if (last.endLine != first.place.beginLine)
-    return first.spelling;
-  return {first.spelling.data(), size_t(last.endColumn - first.place.beginColumn + 1)};
+  return run;
 }
 
 llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {

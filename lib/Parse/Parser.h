@@ -124,7 +124,7 @@ private:
 
   /// Skips to behind the next period, or to the end of the file.
   void skipPastPeriod();
-  llvm::StringRef takeRun();
+  std::string takeRun();
   /// The keyword with any of \p flags (KF_Verb ...) that \p word was most likely meant to be; empty
   /// when none is near.
   static llvm::StringRef suggestKeyword(llvm::StringRef word, uint16_t flags);
