@@ -14,7 +14,7 @@ add_library(tarka_options INTERFACE)
 target_compile_options(tarka_options INTERFACE
   -Wall -Wextra -Werror ${TARKA_SHADOW_WARNING} -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
   -Wimplicit-fallthrough -Wsuggest-override
-  -fno-semantic-interposition)
+  -fno-semantic-interposition -fno-plt)
 if(TARKA_SANITIZE)
   target_compile_options(tarka_options INTERFACE
     -fsanitize=${TARKA_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -36,6 +36,8 @@ function(tarka_add_library target export_name sources)
     INSTALL_RPATH "$ORIGIN"
     VERSION ${PROJECT_VERSION}
     SOVERSION ${PROJECT_VERSION_MAJOR})
+  # Calls within a library go straight to the function.
+  target_link_options(${target} PRIVATE LINKER:-Bsymbolic-functions)
   target_include_directories(${target} PUBLIC
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include>
     $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/tarka>)
