@@ -9,42 +9,19 @@ static constexpr Keyword dataKeywords[] = {
     Keyword::GroupUsage, Keyword::Justified, Keyword::Occurs,   Keyword::Picture,
     Keyword::Redefines,  Keyword::Renames,   Keyword::Sign,     Keyword::Synchronized,
     Keyword::Usage,      Keyword::Value,     Keyword::Volatile};
-static constexpr Keyword dataSynonyms[] = {Keyword::Pic,
-                                           Keyword::Values,
-                                           Keyword::Just,
-                                           Keyword::Sync,
-                                           Keyword::Leading,
-                                           Keyword::Trailing,
-                                           Keyword::Binary,
-                                           Keyword::Comp,
-                                           Keyword::Comp1,
-                                           Keyword::Comp2,
-                                           Keyword::Comp3,
-                                           Keyword::Comp4,
-                                           Keyword::Comp5,
-                                           Keyword::Computational,
-                                           Keyword::Computational1,
-                                           Keyword::Computational2,
-                                           Keyword::Computational3,
-                                           Keyword::Computational4,
-                                           Keyword::Computational5,
-                                           Keyword::Disp,
-                                           Keyword::Display,
-                                           Keyword::Display1,
-                                           Keyword::FunctionPointer,
-                                           Keyword::Index,
-                                           Keyword::National,
-                                           Keyword::Object,
-                                           Keyword::PackedDecimal,
-                                           Keyword::Pointer,
-                                           Keyword::ProcedurePointer,
-                                           Keyword::Dynamic,
-                                           Keyword::Sql,
-                                           Keyword::Type};
+static constexpr auto dataSynonyms =
+    joined(joined(std::array{Keyword::Pic, Keyword::Values, Keyword::Just, Keyword::Sync,
+                             Keyword::Leading, Keyword::Trailing},
+                  valueUsages),
+           std::array{Keyword::Disp, Keyword::FunctionPointer, Keyword::Index, Keyword::Object,
+                      Keyword::Pointer, Keyword::ProcedurePointer, Keyword::Dynamic, Keyword::Sql,
+                      Keyword::Type});
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
                                       /*innerWords=*/{},
                                       /*beginsWithName=*/false,
                                       /*endsAtLevelNumber=*/true};
+
+static bool isUsage(Keyword keyword);
 
 bool Parser::parseDataClause(DataDescription &entry) {
   using Data = DataDescription;
@@ -66,36 +43,6 @@ bool Parser::parseDataClause(DataDescription &entry) {
   case Keyword::Usage:
     if (atSqlType())
       return parseSqlType(entry);
-    [[fallthrough]];
-  case Keyword::Binary:
-  case Keyword::Comp:
-  case Keyword::Comp1:
-  case Keyword::Comp2:
-  case Keyword::Comp3:
-  case Keyword::Comp4:
-  case Keyword::Comp5:
-  case Keyword::Computational:
-  case Keyword::Computational1:
-  case Keyword::Computational2:
-  case Keyword::Computational3:
-  case Keyword::Computational4:
-  case Keyword::Computational5:
-  case Keyword::Disp:
-  case Keyword::Display:
-  case Keyword::Display1:
-  case Keyword::FunctionPointer:
-  case Keyword::Index:
-  case Keyword::National:
-  case Keyword::Object:
-  case Keyword::PackedDecimal:
-  case Keyword::Pointer:
-  case Keyword::Pointer24:
-  case Keyword::Pointer31:
-  case Keyword::Pointer32:
-  case Keyword::Pointer64:
-  case Keyword::ProcedurePointer:
-  case Keyword::Utf8:
-  case Keyword::Bit:
     return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
   case Keyword::GroupUsage:
     return parseOnce(entry, &Data::getGroupUsage, &Data::setGroupUsage, &Parser::parseGroupUsage);
@@ -133,6 +80,8 @@ bool Parser::parseDataClause(DataDescription &entry) {
   case Keyword::Type:
     return unsupportedClause(textOf(peek().keyword), dataClauses);
   default:
+    if (isUsage(peek().keyword))
+      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
     return unknownClause(dataClauses);
   }
 }
@@ -235,6 +184,11 @@ static UsageType usageInsteadOf(Keyword keyword) {
   default:
     return UsageType::None;
   }
+}
+
+/// Whether the keyword is a usage, supported or not.
+static bool isUsage(Keyword keyword) {
+  return usageOf(keyword) != UsageType::None || usageInsteadOf(keyword) != UsageType::None;
 }
 
 /// [USAGE [IS]] usage [NATIVE]

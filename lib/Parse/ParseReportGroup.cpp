@@ -10,34 +10,11 @@ static constexpr Keyword groupKeywords[] = {
     Keyword::Picture,   Keyword::Present, Keyword::Repeated, Keyword::Sign,     Keyword::Source,
     Keyword::Style,     Keyword::Sum,     Keyword::Type,     Keyword::Usage,    Keyword::Value,
     Keyword::Wrap};
-static constexpr Keyword groupSynonyms[] = {Keyword::Absent,
-                                            Keyword::Col,
-                                            Keyword::Cols,
-                                            Keyword::Columns,
-                                            Keyword::Just,
-                                            Keyword::Lines,
-                                            Keyword::Pic,
-                                            Keyword::Leading,
-                                            Keyword::Trailing,
-                                            Keyword::Values,
-                                            Keyword::When,
-                                            Keyword::Display,
-                                            Keyword::Display1,
-                                            Keyword::National,
-                                            Keyword::Binary,
-                                            Keyword::Comp,
-                                            Keyword::Comp1,
-                                            Keyword::Comp2,
-                                            Keyword::Comp3,
-                                            Keyword::Comp4,
-                                            Keyword::Comp5,
-                                            Keyword::Computational,
-                                            Keyword::Computational1,
-                                            Keyword::Computational2,
-                                            Keyword::Computational3,
-                                            Keyword::Computational4,
-                                            Keyword::Computational5,
-                                            Keyword::PackedDecimal};
+static constexpr auto groupSynonyms =
+    joined(std::array{Keyword::Absent, Keyword::Col, Keyword::Cols, Keyword::Columns, Keyword::Just,
+                      Keyword::Lines, Keyword::Pic, Keyword::Leading, Keyword::Trailing,
+                      Keyword::Values, Keyword::When},
+           valueUsages);
 constinit const ClauseSet groupClauses{"a report group entry",    groupKeywords, groupSynonyms,
                                        /*innerWords=*/{},
                                        /*beginsWithName=*/false,
@@ -110,24 +87,6 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::Picture:
     return parseOnce(entry, &Data::getPicture, &Data::setPicture, &Parser::parsePicture);
   case Keyword::Usage:
-  case Keyword::Display:
-  case Keyword::Display1:
-  case Keyword::National:
-  // What can be printed and what cannot is a rule of the checker.
-  case Keyword::Binary:
-  case Keyword::Comp:
-  case Keyword::Comp1:
-  case Keyword::Comp2:
-  case Keyword::Comp3:
-  case Keyword::Comp4:
-  case Keyword::Comp5:
-  case Keyword::Computational:
-  case Keyword::Computational1:
-  case Keyword::Computational2:
-  case Keyword::Computational3:
-  case Keyword::Computational4:
-  case Keyword::Computational5:
-  case Keyword::PackedDecimal:
     return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
   case Keyword::Just:
   case Keyword::Justified:
@@ -135,6 +94,9 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::Blank:
     return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
   default:
+    // What can be printed and what cannot is a rule of the checker.
+    if (llvm::is_contained(valueUsages, peek().keyword))
+      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
     return atWord("SOURCES") ? parseReportContents(entry, choice) : unknownClause(groupClauses);
   }
 }

@@ -29,6 +29,8 @@
 #include "Parse/Preprocessor.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
+#include <algorithm>
+#include <array>
 #include <bitset>
 #include <functional>
 #include <initializer_list>
@@ -48,6 +50,24 @@ struct ClauseSet {
 
   bool contains(Keyword keyword) const;
 };
+
+/// The usages of items that hold a value; like all usages they may stand without the word USAGE.
+inline constexpr std::array valueUsages{
+    Keyword::Binary,         Keyword::Comp,           Keyword::Comp1,
+    Keyword::Comp2,          Keyword::Comp3,          Keyword::Comp4,
+    Keyword::Comp5,          Keyword::Computational,  Keyword::Computational1,
+    Keyword::Computational2, Keyword::Computational3, Keyword::Computational4,
+    Keyword::Computational5, Keyword::Display,        Keyword::Display1,
+    Keyword::National,       Keyword::PackedDecimal};
+
+/// The keywords of both arrays, in their order.
+template <std::size_t N, std::size_t M>
+constexpr std::array<Keyword, N + M> joined(const std::array<Keyword, N> &first,
+                                            const std::array<Keyword, M> &second) {
+  std::array<Keyword, N + M> all{};
+  std::copy(second.begin(), second.end(), std::copy(first.begin(), first.end(), all.begin()));
+  return all;
+}
 
 /// The clauses of a data description entry.
 extern const ClauseSet dataClauses;
