@@ -11,6 +11,8 @@ endif()
 set(TARKA_SHADOW_WARNING $<IF:$<CXX_COMPILER_ID:GNU>,-Wshadow=local,-Wshadow>)
 
 add_library(tarka_options INTERFACE)
+# A header of lib/ is internal: it is included by its path there, as those of include/ are.
+target_include_directories(tarka_options INTERFACE ${PROJECT_SOURCE_DIR}/lib)
 target_compile_options(tarka_options INTERFACE
   -Wall -Wextra -Werror ${TARKA_SHADOW_WARNING} -Wnon-virtual-dtor -Wcast-qual -Wextra-semi
   -Wimplicit-fallthrough -Wsuggest-override
@@ -22,7 +24,8 @@ if(TARKA_SANITIZE)
 endif()
 
 find_program(CCACHE_PROGRAM ccache)
-if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER)
+# A precompiled header makes a poor key for the cache.
+if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT TARKA_PRECOMPILE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
@@ -45,4 +48,18 @@ function(tarka_add_library target export_name sources)
   target_link_libraries(${target}
     PUBLIC ${ARGN} Tarka::LLVM
     PRIVATE $<BUILD_INTERFACE:tarka_options>)
+  tarka_precompile(${target})
+endfunction()
+
+# With TARKA_PRECOMPILE, what nearly every source file includes is read once for each target. Some
+# headers are then there without being included, so this is for the editing loop only.
+function(tarka_precompile target)
+  set(headers ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
+  if(NOT target STREQUAL tarkaAST)
+    list(APPEND headers ${PROJECT_SOURCE_DIR}/include/AST/Program.h ${PROJECT_SOURCE_DIR}/include/AST/Statement.h)
+  endif()
+  if(TARKA_PRECOMPILE)
+    target_compile_options(${target} PRIVATE -Xclang -fno-pch-timestamp -g1)
+    target_precompile_headers(${target} PRIVATE ${headers} ${ARGN})
+  endif()
 endfunction()

@@ -9,9 +9,9 @@
 #include "Analyzer/TopLevel.h"
 #include "Input.h"
 #include "Parse/Parse.h"
-#include "PrintGraph.h"
-#include "PrintLayout.h"
-#include "PrintTree.h"
+#include "Print/PrintGraph.h"
+#include "Print/PrintLayout.h"
+#include "Print/PrintTree.h"
 #include "Process.h"
 #include "llvm/Support/raw_ostream.h"
 

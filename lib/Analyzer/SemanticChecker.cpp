@@ -9,7 +9,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
-#include "CurrentUnit.h"
+#include "Analyzer/CurrentUnit.h"
 #include <cassert>
 #include <cstdlib>
 

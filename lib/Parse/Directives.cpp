@@ -1,7 +1,7 @@
 //===- Directives.cpp - conditional compilation ---------------------------===//
 
 #include "Parse/Directives.h"
-#include "CharacterTable.h"
+#include "Parse/CharacterTable.h"
 #include "llvm/ADT/StringExtras.h"
 #include <limits>
 

@@ -1,8 +1,8 @@
 //===- Lexer.cpp - the tokens of one file ---------------------------------===//
 
 #include "Parse/Lexer.h"
-#include "CharacterTable.h"
-#include "SuppliedText.h"
+#include "Parse/CharacterTable.h"
+#include "Parse/SuppliedText.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
 #include <cstring>

@@ -1,6 +1,6 @@
 //===- LexerDirectives.cpp - lines that begin with >> ---------------------===//
 
-#include "CharacterTable.h"
+#include "Parse/CharacterTable.h"
 #include "Parse/Lexer.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"

@@ -1,7 +1,7 @@
 //===- LineReader.cpp - lines of program text -----------------------------===//
 
 #include "Parse/LineReader.h"
-#include "CharacterTable.h"
+#include "Parse/CharacterTable.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <algorithm>

@@ -7,7 +7,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 #include <optional>
 
 namespace tarka {

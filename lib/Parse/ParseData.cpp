@@ -1,6 +1,6 @@
 //===- ParseData.cpp - data division, sections and entries ----------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseDataClauses.cpp - clauses of data description entries ---------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

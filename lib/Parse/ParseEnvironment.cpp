@@ -1,7 +1,7 @@
 //===- ParseEnvironment.cpp - environment division, configuration ---------===//
 
 #include "AST/IntrinsicFunctions.h"
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseFile.cpp - data division, file section ------------------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 #include "llvm/ADT/StringSwitch.h"
 
 namespace tarka {

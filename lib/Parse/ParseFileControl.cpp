@@ -1,6 +1,6 @@
 //===- ParseFileControl.cpp - environment division, input-output ----------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 #include "llvm/ADT/StringExtras.h"
 
 namespace tarka {

@@ -4,7 +4,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

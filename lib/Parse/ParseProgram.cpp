@@ -1,7 +1,7 @@
 //===- ParseProgram.cpp - compilation, programs, identification -----------===//
 
 #include "Parse/Parse.h"
-#include "Parser.h"
+#include "Parse/Parser.h"
 #include <utility>
 
 namespace tarka {

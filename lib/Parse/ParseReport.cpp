@@ -5,7 +5,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseReportGroup.cpp - clauses of report group entries -------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseStatementBranch.cpp - statements that direct control ----------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseStatementData.cpp - ACCEPT, DISPLAY, MOVE, SET, INITIALIZE ----===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

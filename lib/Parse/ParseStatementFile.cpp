@@ -1,6 +1,6 @@
 //===- ParseStatementFile.cpp - input-output, SORT and MERGE --------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -1,6 +1,6 @@
 //===- ParseStatementReport.cpp - statements of the report writer ---------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

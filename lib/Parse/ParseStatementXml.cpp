@@ -1,6 +1,6 @@
 //===- ParseStatementXml.cpp - XML GENERATE and XML PARSE -----------------===//
 
-#include "Parser.h"
+#include "Parse/Parser.h"
 
 namespace tarka {
 

@@ -6,8 +6,8 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parser.h"
-#include "SuppliedText.h"
+#include "Parse/Parser.h"
+#include "Parse/SuppliedText.h"
 #include "llvm/ADT/StringSwitch.h"
 
 namespace tarka {

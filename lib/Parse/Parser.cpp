@@ -1,7 +1,7 @@
 //===- Parser.cpp - tokens, names and literals ----------------------------===//
 
-#include "Parser.h"
-#include "Spelling.h"
+#include "Parse/Parser.h"
+#include "Parse/Spelling.h"
 #include "llvm/ADT/SmallString.h"
 
 namespace tarka {

@@ -2,8 +2,8 @@
 
 #include "Parse/Preprocessor.h"
 #include "Parse/Lexer.h"
-#include "Replacer.h"
-#include "SuppliedText.h"
+#include "Parse/Replacer.h"
+#include "Parse/SuppliedText.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <memory>

@@ -1,6 +1,6 @@
 //===- Replacer.cpp - REPLACING and REPLACE -------------------------------===//
 
-#include "Replacer.h"
+#include "Parse/Replacer.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
 #include <algorithm>

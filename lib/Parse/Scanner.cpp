@@ -1,6 +1,6 @@
 //===- Scanner.cpp - from characters to tokens ----------------------------===//
 
-#include "CharacterTable.h"
+#include "Parse/CharacterTable.h"
 #include "Parse/Lexer.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"

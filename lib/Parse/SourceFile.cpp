@@ -1,7 +1,7 @@
 //===- SourceFile.cpp - source files and where they are found -------------===//
 
 #include "Parse/SourceFile.h"
-#include "CharacterTable.h"
+#include "Parse/CharacterTable.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"

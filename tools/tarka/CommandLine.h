@@ -4,8 +4,8 @@
 #define TARKA_TOOLS_COMMANDLINE_H
 
 #include "Parse/ParseOptions.h"
-#include "PrintGraph.h"
-#include "PrintLayout.h"
+#include "Print/PrintGraph.h"
+#include "Print/PrintLayout.h"
 #include <optional>
 #include <string>
 #include <vector>

@@ -1,6 +1,6 @@
 //===- PrintGraphTest.cpp - the graph as text, JSON and DOT ---------------===//
 
-#include "PrintGraph.h"
+#include "Print/PrintGraph.h"
 #include "CFGTree.h"
 #include "llvm/Support/JSON.h"
 #include <gtest/gtest.h>

@@ -1,0 +1,205 @@
+//===- SCDataPicture.cpp - PICTURE and the currency sign ------------------===//
+//
+// What a PICTURE says, as the clause itself has decoded it, against the usage
+// and the other clauses of its entry; and the currency symbols that SPECIAL-NAMES
+// gives to pictures.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/Program.h"
+#include "Analyzer/CurrentUnit.h"
+#include "Analyzer/SemanticChecker.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallString.h"
+#include <algorithm>
+
+namespace tarka {
+
+namespace {
+
+constexpr std::size_t MaxPictureCharacters = 50;
+constexpr int MaxDigits = 31;
+constexpr int MaxEditedPositions = 249;
+
+/// Usages that leave no room for a PICTURE.
+bool excludesPicture(UsageType usage) {
+  switch (usage) {
+  case UsageType::Index:
+  case UsageType::Pointer:
+  case UsageType::ProcedurePointer:
+  case UsageType::FunctionPointer:
+  case UsageType::Comp1:
+  case UsageType::Comp2:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Usages in which the digits of a numeric item can be stored.
+bool storesDigits(UsageType usage) {
+  switch (usage) {
+  case UsageType::Binary:
+  case UsageType::Comp:
+  case UsageType::Comp3:
+  case UsageType::Comp4:
+  case UsageType::Comp5:
+  case UsageType::PackedDecimal:
+  case UsageType::Display:
+  case UsageType::National:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool isDisplayOrNational(UsageType usage) {
+  return usage == UsageType::Display || usage == UsageType::National;
+}
+
+} // namespace
+
+//===----------------------------------------------------------------------===//
+// PICTURE
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::checkClausePicture(DataDescription &entry) {
+  bool ok = true;
+  ClausePicture &picture = *entry.getPicture();
+  if (context().getIsDecimalPointComma()) {
+    picture.decodePicture(/*decimalPointIsComma=*/true);
+    entry.clauseChanged();
+  }
+  if (entry.isGroupItem())
+    ok = report(ErrorCode::GroupWithPicture, &entry);
+  if (entry.getRenames() || excludesPicture(entry.getUsageType()))
+    ok = report(ErrorCode::UsageTypeInvalid, &entry);
+  const std::string &characters = picture.getCharStringWord()->getWordData();
+  if (characters.empty() || characters.size() > MaxPictureCharacters)
+    ok = report(ErrorCode::PictureStringInvalid, &entry);
+  if (picture.getDataCategory() == DataCategory::Unclassified)
+    ok = report(ErrorCode::PictureStringInvalid, &entry);
+  if (picture.isDiffCurrencySymbol()) {
+    ok &= checkCurrencySymbol(picture);
+    // The sign that was found may be longer than one character.
+    entry.clauseChanged();
+  }
+  ok &= checkPictureCategory(entry, picture);
+  return ok;
+}
+
+/// The usages that each category can have, and the limits of its size.
+bool SemanticChecker::checkPictureCategory(DataDescription &entry, const ClausePicture &picture) {
+  bool ok = true;
+  const UsageType usage = entry.getUsageType();
+  switch (picture.getDataCategory()) {
+  case DataCategory::Alphabetic:
+    if (usage != UsageType::Display)
+      ok = report(ErrorCode::PictureUsageMismatch, &entry);
+    return ok;
+
+  case DataCategory::Alphanumeric:
+  case DataCategory::AlphanumericEdited:
+    if (usage != UsageType::Display)
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::Numeric:
+    if (!storesDigits(usage))
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    if (picture.getDigitNum() > MaxDigits)
+      ok = report(ErrorCode::PictureTooManyDigits, &entry);
+    return ok;
+
+  case DataCategory::NumericEdited:
+    if (!isDisplayOrNational(usage))
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    if (picture.getSize() > MaxEditedPositions)
+      ok = report(ErrorCode::PictureEditedTooLong, &entry);
+    if (picture.getDigitNum() > MaxDigits)
+      ok = report(ErrorCode::PictureTooManyDigits, &entry);
+    return ok;
+
+  case DataCategory::National:
+  case DataCategory::NationalEdited:
+    if (!isDisplayOrNational(usage))
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::Dbcs:
+    if (!entry.getUsage())
+      entry.setUsage(new ClauseUsage(nullptr, UsageType::Display1));
+    else if (entry.getUsage()->getType() != UsageType::Display1)
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::ExternalFloat:
+    if (!isDisplayOrNational(usage))
+      ok = report(ErrorCode::PictureStringInvalid, &entry);
+    if (entry.getBlankZero() || entry.getJustified() || entry.getValue())
+      ok = report(ErrorCode::ExternalFloatClause, &entry);
+    // An item that has its sign and its form written out needs neither clause.
+    entry.setSynchronized(nullptr);
+    entry.setSign(nullptr);
+    return ok;
+
+  default:
+    return true;
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// Currency
+//===----------------------------------------------------------------------===//
+
+/// A currency symbol other than "$" needs a CURRENCY SIGN clause, and exactly one. Every clause is
+/// tried even after one has matched, so that a picture may be converted more than once.
+bool SemanticChecker::checkCurrencySymbol(ClausePicture &picture) {
+  ParaSpecialNames *specialNames = currentSpecialNames();
+  if (!specialNames || specialNames->getCurrencyListSize() == 0)
+    return report(ErrorCode::PictureCurrencyWithoutClause, &picture);
+  auto converts = [&](ClauseCurrency *clause) { return convertCurrencyString(&picture, clause); };
+  if (llvm::count_if(specialNames->getCurrencyListElements(), converts) != 1)
+    return report(ErrorCode::CurrencyClauseInvalid, &picture);
+  return true;
+}
+
+/// The text of a literal that can be a currency sign or symbol.
+static llvm::StringRef textOf(const LiteralExpression *literal) {
+  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(literal))
+    return text->getData();
+  if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(literal))
+    return number->getData();
+  return {};
+}
+
+bool SemanticChecker::convertCurrencyString(ClausePicture *picture, ClauseCurrency *currency) {
+  // Without PICTURE SYMBOL the sign is its own symbol.
+  LiteralExpression *symbolLiteral = currency->getSymbolLiteral();
+  if (!symbolLiteral) {
+    symbolLiteral = currency->getSignLiteral();
+    if (!llvm::isa_and_nonnull<NonNumericLiteralExpression>(symbolLiteral))
+      return false;
+  }
+  // Of a longer symbol only the first character is taken, on purpose: the sign is kept whole.
+  const llvm::StringRef text = textOf(symbolLiteral);
+  if (text.empty() || !checkValidString(text.front(), symbolLiteral))
+    return false;
+  llvm::SmallString<64> extended = llvm::StringRef(picture->getExtendedPicture());
+  if (!llvm::is_contained(extended, text.front()))
+    return false;
+  std::replace(extended.begin(), extended.end(), text.front(), '$');
+  picture->setCurrencySymbolLiteral(currency->getSignLiteral());
+  picture->setExtendedPicture(extended);
+  return true;
+}
+
+bool SemanticChecker::checkValidString(char symbol, Expression *literal) {
+  // Digits and the space may pass, on purpose.
+  constexpr llvm::StringLiteral invalid = "AaBbCcDdEeGgNnPpRrSsVvXxZz+-,.*/;()=\"'";
+  if (invalid.contains(symbol))
+    return report(ErrorCode::CurrencyCharacterInvalid, literal);
+  return true;
+}
+
+} // namespace tarka

@@ -1,0 +1,392 @@
+//===- SCFileDescription.cpp - file description entries -------------------===//
+//
+// An FD or SD entry: its SELECT entry, its records, its clauses, and what the
+// checks supply where the source is silent (the redefinition of the first
+// record by the others, the record of a report file, the recording mode, the
+// record lengths of variable-length files, LINAGE-COUNTER).
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/Program.h"
+#include "Analyzer/CurrentUnit.h"
+#include "Analyzer/SemanticChecker.h"
+#include "llvm/ADT/Twine.h"
+#include <algorithm>
+
+namespace tarka {
+
+namespace {
+
+/// A literal that the checks write.
+NumericLiteralExpression *makeLiteral(std::int64_t value) {
+  return new NumericLiteralExpression(nullptr, std::to_string(value));
+}
+
+/// An entry of level 01 that the checks add.
+DataDescription *makeRecord(llvm::StringRef name) {
+  auto *record = new DataDescription(nullptr);
+  record->setLevelNum(1);
+  record->setDataName(new Word(nullptr, name, ""));
+  return record;
+}
+
+/// A PICTURE of one symbol and its repetition factor.
+ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
+  return new ClausePicture(nullptr,
+                           new Word(nullptr, (symbol + llvm::Twine("(") + count + ")").str(), ""));
+}
+
+} // namespace
+
+//===----------------------------------------------------------------------===//
+// The entry
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(FileDescription &file) {
+  InputOutputSection *inputOutput = currentUnit()->getInputOutputSection();
+  // Where no file can be selected, nothing of the entry is looked at.
+  if (!inputOutput)
+    return report(ErrorCode::FileNameNotSelected, file.getFileName());
+
+  bool ok = true;
+  if (ParaFileControl *selected = inputOutput->findFileControlByName(*file.getFileName()))
+    file.setFileControl(selected);
+  else
+    ok = report(ErrorCode::FileNameNotSelected, file.getFileName());
+
+  ok &= checkFileRecords(file);
+  if (file.getGlobal())
+    ok &= checkClauseGlobalFile(file);
+  if (file.getBlock())
+    ok &= checkClauseBlock(file);
+  if (file.getRecord())
+    ok &= checkClauseRecord(file);
+  if (file.getLabel())
+    ok &= checkClauseLabel(file);
+  if (file.getValueOf())
+    ok &= checkClauseValueOf(file);
+  if (file.getDataRecord())
+    ok &= checkClauseDataRecord(file);
+  if (file.getLinage())
+    ok &= checkClauseLinage(file);
+  if (file.getRecordingMode())
+    ok &= checkClauseRecordingMode(file);
+  else
+    settleRecordingMode(file);
+  if (file.getCodeSet())
+    ok &= checkClauseCodeSet(file);
+  if (file.getReport())
+    ok &= checkClauseReport(file);
+  return ok;
+}
+
+//===----------------------------------------------------------------------===//
+// Records
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// REDEFINES of \p first, as if it were written in \p record.
+ClauseRedefines *makeRedefines(DataDescription &record, DataDescription &first) {
+  auto *name = new QualifiedWord(&record);
+  name->addNames(first.getDataName());
+  auto *object = new DataIdentifierExpression(&record, name, nullptr, nullptr);
+  return new ClauseRedefines(&record, object);
+}
+
+/// The record of a report file that has none: as long as the RECORD clause says.
+DataDescription *makeReportRecord(const FileDescription &file) {
+  std::string length = "240";
+  if (const ClauseRecord *clause = file.getRecord()) {
+    if (clause->getMaxLength())
+      length = clause->getMaxLength()->getData();
+    else if (clause->getMinLength())
+      length = clause->getMinLength()->getData();
+  }
+  DataDescription *record = makeRecord("TKDUMMY-FILE-VAR");
+  record->setPicture(makePicture("X", length));
+  record->setUsage(new ClauseUsage(nullptr, UsageType::Display));
+  return record;
+}
+
+} // namespace
+
+/// All records of a file share one area: each but the first redefines the first.
+bool SemanticChecker::checkFileRecords(FileDescription &file) {
+  bool ok = true;
+  if (file.getRecordDescSize() != 0) {
+    // The first record has a name, if only FILLER, once it has been checked.
+    DataDescription *first = *file.getDataRecordDescBegin();
+    for (DataDescription *record : file.getRecordDescElements()) {
+      if (record != first)
+        record->setRedefines(makeRedefines(*record, *first));
+      ok &= semanticCheck(*record);
+    }
+  } else if (file.getReport()) {
+    DataDescription *record = makeReportRecord(file);
+    record->setFileDescription(&file);
+    // What is wrong with its length is reported, but the file does not fail for it: on purpose.
+    semanticCheck(*record);
+    file.setRecordDesc({record});
+  }
+  return ok;
+}
+
+/// The lengths that the checks keep grow with each record; those that the programmer wrote stand
+/// for the first record, whatever its size: on purpose.
+void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescription &file) {
+  const std::int64_t max = record.getAllocSize();
+  const std::int64_t min = record.checkContainsOdo() ? record.getMinAllocSize() : max;
+  ClauseRecord *clause = file.getRecord();
+  if (!clause) {
+    clause = new ClauseRecord(nullptr, makeLiteral(min), makeLiteral(max), false, nullptr);
+    clause->setForDetermineV(true);
+    file.setRecord(clause);
+    return;
+  }
+  if (!clause->getForDetermineV()) {
+    clause->setForDetermineV(true);
+    return;
+  }
+  if (!clause->getMaxLength() || max > clause->getMaxLength()->getIntegerValue())
+    clause->setMaxLength(makeLiteral(max));
+  if (!clause->getMinLength() || min < clause->getMinLength()->getIntegerValue())
+    clause->setMinLength(makeLiteral(min));
+}
+
+/// The recording mode of a file whose source names none: V when the lengths of the records vary, S
+/// when a record does not fit into a block, else F. Without a RECORD clause, or a block size for
+/// records of one length, there is none.
+void SemanticChecker::settleRecordingMode(FileDescription &file) {
+  const ClauseRecord *record = file.getRecord();
+  if (!record)
+    return;
+  auto setMode = [&](RecordingModeType mode) {
+    file.setRecordingMode(new ClauseRecordingMode(nullptr, mode));
+  };
+  if (record->getIsVarying() || record->getMaxLength()) {
+    setMode(RecordingModeType::Variable);
+    return;
+  }
+  if (file.getRecordDescSize() == 0 || !file.getBlock() || !file.getBlock()->getMaxLength())
+    return;
+  std::int64_t largest = 0;
+  for (const DataDescription *entry : file.getRecordDescElements())
+    largest = std::max(largest, entry->getAllocSize());
+  const bool fits = file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
+  setMode(fits ? RecordingModeType::Fixed : RecordingModeType::Spanned);
+}
+
+//===----------------------------------------------------------------------===//
+// Clauses that are accepted as they stand
+//===----------------------------------------------------------------------===//
+
+/// The records of a GLOBAL file are GLOBAL. They become so only now, after their own checks: a
+/// record that redefines a GLOBAL one would be refused.
+bool SemanticChecker::checkClauseGlobalFile(FileDescription &file) {
+  for (DataDescription *record : file.getRecordDescElements())
+    if (!record->getGlobal())
+      record->setGlobal(file.getGlobal());
+  return true;
+}
+
+// EXTERNAL is not even asked for, on purpose.
+bool SemanticChecker::checkClauseExternalFile(FileDescription &) {
+  return true;
+}
+
+bool SemanticChecker::checkClauseRecordingMode(FileDescription &) {
+  return true;
+}
+
+bool SemanticChecker::checkClauseDataRecord(FileDescription &) {
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// BLOCK CONTAINS, RECORD
+//===----------------------------------------------------------------------===//
+
+/// The length of a block or of a record, which is an unsigned integer.
+bool SemanticChecker::checkFileLength(NumericLiteralExpression *length, ErrorCode notUnsigned) {
+  if (!length)
+    return true;
+  if (!semanticCheck(*length))
+    return false;
+  if (!length->isInteger() || length->isSigned())
+    return report(notUnsigned, length);
+  return true;
+}
+
+bool SemanticChecker::checkClauseBlock(FileDescription &file) {
+  NumericLiteralExpression *min = file.getBlock()->getMinLength();
+  bool ok = checkFileLength(min, ErrorCode::BlockContainsNotNonzeroUnsigned);
+  // The minimum again, and never the maximum: on purpose.
+  ok &= checkFileLength(min, ErrorCode::BlockContainsNotNonzeroUnsigned);
+  return ok;
+}
+
+bool SemanticChecker::checkClauseRecord(FileDescription &file) {
+  ClauseRecord &clause = *file.getRecord();
+  NumericLiteralExpression *min = clause.getMinLength();
+  bool ok = checkFileLength(min, ErrorCode::RecordContainsNotUnsigned);
+  // The minimum again, and never the maximum: on purpose.
+  ok &= checkFileLength(min, ErrorCode::RecordContainsNotUnsigned);
+  if (clause.getDependingOn())
+    ok &= checkRecordDependingOn(clause);
+  return ok;
+}
+
+/// RECORD IS VARYING DEPENDING ON.
+bool SemanticChecker::checkRecordDependingOn(ClauseRecord &clause) {
+  IdentifierExpression *size = clause.getDependingOn();
+  if (!semanticCheck(*size))
+    return false;
+  if (!llvm::isa<DataIdentifierExpression>(size))
+    return report(ErrorCode::RecordDependingNotDataItem, size);
+  bool ok = true;
+  const DataDescription &item = *size->getDataDescription();
+  if (item.getChildrenSize() != 0)
+    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
+  if (!size->isInteger())
+    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
+  // Where the checks keep the lengths themselves the sign does no harm.
+  if (item.getPicture() && item.getPicture()->isSigned() && !clause.getForDetermineV())
+    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
+  return ok;
+}
+
+//===----------------------------------------------------------------------===//
+// LABEL RECORDS, VALUE OF, CODE-SET, REPORT
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::checkClauseLabel(FileDescription &file) {
+  bool ok = true;
+  for (Expression *name : file.getLabel()->getDataNameListElements()) {
+    ok &= semanticCheck(*name);
+    if (!llvm::isa<DataIdentifierExpression>(name))
+      ok = report(ErrorCode::LabelNotDataItem, name);
+  }
+  return ok;
+}
+
+bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
+  bool ok = true;
+  for (const ValueOfElem *element : file.getValueOf()->getFileValueOfElemListElements())
+    if (Expression *value = element->getFieldIdLiteral())
+      ok &= checkValueOfField(*value);
+  return ok;
+}
+
+bool SemanticChecker::checkValueOfField(Expression &value) {
+  if (!semanticCheck(value))
+    return false;
+  if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&value)) {
+    const DataDescription &item = *identifier->getDataDescription();
+    if (item.getStorageType() != StorageType::WorkingStorage ||
+        item.getUsageType() == UsageType::Index)
+      return report(ErrorCode::ValueOfItemInvalid, &value);
+    return true;
+  }
+  if (!llvm::isa<LiteralExpression>(value))
+    return report(ErrorCode::ValueOfNotDataOrLiteral, &value);
+  bool ok = true;
+  const DataCategory category = value.getDataCategory();
+  if (category != DataCategory::Numeric && category != DataCategory::Alphanumeric)
+    ok = report(ErrorCode::ValueOfLiteralKind, &value);
+  // For a floating-point literal both times: on purpose.
+  if (category == DataCategory::ExternalFloat)
+    ok = report(ErrorCode::ValueOfLiteralKind, &value);
+  return ok;
+}
+
+bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
+  ParaSpecialNames *names = currentUnit()->getSpecialNames();
+  if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
+    return report(ErrorCode::AlphabetNameRequired, &file);
+  return true;
+}
+
+/// Each report of the file has a description entry of its own, which the file is made known to: of
+/// two files that share a report the first.
+bool SemanticChecker::checkClauseReport(FileDescription &file) {
+  bool ok = true;
+  for (ReportIdentifierExpression *name : file.getReport()->getReportNameListElements()) {
+    ok &= semanticCheck(*name);
+    ReportDescription *description = name->getReportDescription();
+    if (description && !description->getFileDescription())
+      description->setFileDescription(&file);
+  }
+  return ok;
+}
+
+//===----------------------------------------------------------------------===//
+// LINAGE
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::checkUnsigendInteger(Expression *expression) {
+  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(expression);
+  // That a name means nothing is reported already.
+  if (identifier && !identifier->getDataDescription())
+    return false;
+  bool ok = true;
+  if (!expression->isInteger())
+    ok = report(ErrorCode::LinageNotUnsigned, expression);
+  if (identifier) {
+    DataDescription *item = identifier->getDataDescription();
+    if (!item->getPicture() || item->getPicture()->isSigned())
+      ok = report(ErrorCode::LinageNotUnsigned, item);
+    return ok;
+  }
+  auto *literal = llvm::dyn_cast<NumericLiteralExpression>(expression);
+  if (!literal)
+    return report(ErrorCode::LinageNotUnsigned, expression);
+  if (!literal->isInteger())
+    ok = report(ErrorCode::LinageNotInteger, expression);
+  if (literal->isSigned())
+    ok = report(ErrorCode::LinageNotUnsigned, expression);
+  return ok;
+}
+
+/// Makes the LINAGE-COUNTER of a file: it holds what the number of lines holds.
+static void createLinageCounter(FileDescription &file) {
+  DataDescription *counter = makeRecord("LINAGE-COUNTER");
+  counter->setGlobal(new ClauseGlobal(nullptr));
+  const Expression *lines = file.getLinage()->getNumOfLines();
+  if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(lines)) {
+    if (const DataDescription *item = identifier->getDataDescription()) {
+      counter->setUsage(item->getUsage());
+      counter->setPicture(item->getPicture());
+    }
+  } else if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(lines)) {
+    counter->setPicture(makePicture("9", std::to_string(literal->getDigitsNum())));
+    counter->setUsage(new ClauseUsage(nullptr, UsageType::Binary));
+  }
+  counter->setFileDescription(&file);
+  file.setLineageCounter(counter);
+
+  SourceUnit &unit = *currentUnit();
+  if (!unit.getDataDivision())
+    unit.setDataDivision(new DataDivision(nullptr));
+  unit.getDataDivision()->addWorkSection(counter);
+}
+
+bool SemanticChecker::checkClauseLinage(FileDescription &file) {
+  const ClauseLinage &clause = *file.getLinage();
+  auto check = [this](Expression *count) {
+    const bool isValid = semanticCheck(*count);
+    return checkUnsigendInteger(count) && isValid;
+  };
+  bool ok = true;
+  if (Expression *lines = clause.getNumOfLines()) {
+    ok &= check(lines);
+    createLinageCounter(file);
+  }
+  for (Expression *count :
+       {clause.getWithFootingAt(), clause.getLineAtTop(), clause.getLineAtBottom()})
+    if (count)
+      ok &= check(count);
+  return ok;
+}
+
+} // namespace tarka

@@ -1,0 +1,213 @@
+//===- SCExprComposite.cpp - operands that are made of operands -----------===//
+//
+// Intrinsic functions, arithmetic expressions and abbreviated combined
+// relations.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/Condition.h"
+#include "AST/DataDescription.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/SemanticChecker.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Intrinsic functions
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// What decides the category of a function's result.
+enum class FunctionResult { Numeric, Alphanumeric, National, OfArguments, Invalid };
+
+FunctionResult resultOf(IntrinsicType function) {
+  switch (function) {
+  case IntrinsicType::Char:
+  case IntrinsicType::CurrentDate:
+  case IntrinsicType::DisplayOf:
+  case IntrinsicType::FormattedCurrentDate:
+  case IntrinsicType::FormattedDate:
+  case IntrinsicType::FormattedDatetime:
+  case IntrinsicType::FormattedTime:
+  case IntrinsicType::WhenCompiled:
+  case IntrinsicType::HexOf:
+  case IntrinsicType::HexToChar:
+  case IntrinsicType::BitOf:
+  case IntrinsicType::BitToChar:
+  case IntrinsicType::OtherAlphanumeric:
+    return FunctionResult::Alphanumeric;
+  case IntrinsicType::NationalOf:
+    return FunctionResult::National;
+  case IntrinsicType::Max:
+  case IntrinsicType::Min:
+  case IntrinsicType::LowerCase:
+  case IntrinsicType::UpperCase:
+  case IntrinsicType::Reverse:
+  case IntrinsicType::Trim:
+  case IntrinsicType::Concatenate:
+  case IntrinsicType::Substitute:
+  case IntrinsicType::OtherOfArguments:
+    return FunctionResult::OfArguments;
+  case IntrinsicType::None:
+    return FunctionResult::Invalid;
+  default:
+    return function < IntrinsicType::NationalOf ? FunctionResult::Numeric : FunctionResult::Invalid;
+  }
+}
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
+  bool result = true;
+  for (Expression *argument : function.getFunctionArgListElements())
+    result &= semanticCheck(*argument);
+  result &= checkAllowArgument(function);
+
+  switch (resultOf(function.getIntrinsicType())) {
+  case FunctionResult::Numeric:
+    function.setDataCategory(DataCategory::Numeric);
+    break;
+  case FunctionResult::Alphanumeric:
+    function.setDataCategory(DataCategory::Alphanumeric);
+    break;
+  case FunctionResult::National:
+    function.setDataCategory(DataCategory::National);
+    break;
+  case FunctionResult::OfArguments: {
+    if (function.getFunctionArgListSize() == 0) {
+      result = report(ErrorCode::FunctionArgumentMissing, &function);
+      break;
+    }
+    DataCategory first = (*function.getFunctionArgListBegin())->getDataCategory();
+    for (Expression *argument : function.getFunctionArgListElements()) {
+      if (argument->getDataCategory() != first)
+        result = report(ErrorCode::FunctionArgumentCategoriesDiffer, &function);
+      // The last argument decides in the end, also when the arguments disagree.
+      function.setDataCategory(argument->getDataCategory());
+    }
+    break;
+  }
+  case FunctionResult::Invalid:
+    result = report(ErrorCode::FunctionInvalid, &function);
+    break;
+  }
+
+  // What is wrong with the reference modifier is reported, but does not fail the function.
+  if (function.getReferenceMod())
+    checkReferenceModifier(function);
+  return result;
+}
+
+bool SemanticChecker::checkAllowArgument(FunctionIdentifierExpression &function) {
+  return function.getIntrinsicType() != IntrinsicType::Numval || checkFunctionNumval(function);
+}
+
+/// NUMVAL reads a number out of characters, so a number as such is no argument for it.
+bool SemanticChecker::checkFunctionNumval(FunctionIdentifierExpression &function) {
+  if (function.getFunctionArgListSize() == 0)
+    return report(ErrorCode::FunctionArgumentMissing, &function);
+  bool result = true;
+  for (Expression *argument : function.getFunctionArgListElements())
+    if (argument->getDataCategory() == DataCategory::Numeric)
+      result = report(ErrorCode::NumvalArgumentCategory, &function);
+  return result;
+}
+
+//===----------------------------------------------------------------------===//
+// Arithmetic expressions
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+bool isArithmeticOperandKind(ExpressionType kind) {
+  switch (kind) {
+  case ExpressionType::NumericLiteral:
+  case ExpressionType::FigurativeConstant:
+  case ExpressionType::Arithmetic:
+  case ExpressionType::DataIdentifier:
+  case ExpressionType::FunctionIdentifier:
+  case ExpressionType::SpecialRegister:
+  case ExpressionType::ReportIdentifier:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Numbers of all kinds; a numeric-edited item only in the report section, where it is the number
+/// that is to be printed.
+bool isArithmeticOperandCategory(const Expression &operand) {
+  // What an operator gives is a number; asking for its category would walk its whole chain.
+  if (llvm::isa<ArithmeticExpression>(operand))
+    return true;
+  if (isConditionName(operand))
+    return false;
+  switch (operand.getDataCategory()) {
+  case DataCategory::Numeric:
+  case DataCategory::ExternalFloat:
+  case DataCategory::InternalFloat:
+    return true;
+  case DataCategory::NumericEdited: {
+    auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+    return identifier && identifier->getDataDescription() &&
+           identifier->getDataDescription()->getStorageType() == StorageType::Report;
+  }
+  default:
+    return false;
+  }
+}
+
+} // namespace
+
+/// Chains of operators lean to the left, so that side is walked by a loop. An operand that is
+/// wrong by itself ends the check of the whole chain.
+bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
+  llvm::SmallVector<ArithmeticExpression *, 8> chain{&expression};
+  while (auto *left = llvm::dyn_cast<ArithmeticExpression>(chain.back()->getOperand1()))
+    chain.push_back(left);
+
+  // The result of the link below, which is the first operand of the next one; the innermost first
+  // operand is no arithmetic expression and has its own check.
+  bool operand1Ok = semanticCheck(*chain.back()->getOperand1());
+  for (ArithmeticExpression *link : llvm::reverse(chain)) {
+    if (!operand1Ok)
+      return false;
+    bool result = true;
+    auto takeOperand = [&](Expression &operand) {
+      if (!isArithmeticOperandKind(operand.getExprType()))
+        result = report(ErrorCode::ArithmeticOperandInvalid, link);
+      if (!isArithmeticOperandCategory(operand))
+        result = report(ErrorCode::ArithmeticOperandInvalid, link);
+      if (link->getSrcScale() < operand.getSrcScale()) {
+        link->setSrcDigitNum(operand.getSrcDigitNum());
+        link->setSrcScale(operand.getSrcScale());
+      }
+    };
+
+    takeOperand(*link->getOperand1());
+    if (Expression *second = link->getOperand2()) {
+      if (!semanticCheck(*second))
+        return false;
+      takeOperand(*second);
+    }
+    operand1Ok = result;
+  }
+  return operand1Ok;
+}
+
+//===----------------------------------------------------------------------===//
+// Abbreviated combined relations
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(AbbrRelationCombinedExpression &expression) {
+  bool result = !expression.getLeft() || semanticCheck(*expression.getLeft());
+  for (AbbrRelationItem *item : expression.getRightAbbrListElements())
+    if (item->getCond())
+      result &= semanticCheck(*item->getCond());
+  return result;
+}
+
+} // namespace tarka

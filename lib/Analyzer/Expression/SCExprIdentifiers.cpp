@@ -1,0 +1,175 @@
+//===- SCExprIdentifiers.cpp - file, report and register identifiers ------===//
+
+#include "AST/DataDescription.h"
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "Analyzer/CurrentUnit.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/SemanticChecker.h"
+#include "llvm/ADT/SmallVector.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Files
+//===----------------------------------------------------------------------===//
+
+/// The files of that name: those of the unit itself, else the GLOBAL ones of the nearest unit
+/// around it that has any.
+llvm::SmallVector<FileDescription *, 2>
+SemanticChecker::findFiles(FileIdentifierExpression &identifier) {
+  const std::string &name = identifier.getFileName()->getWordData();
+  llvm::SmallVector<FileDescription *, 2> found;
+  bool isOuter = false;
+  for (SourceUnit *unit = currentUnit(); unit && found.empty(); unit = unit->getParent()) {
+    if (DataDivision *division = unit->getDataDivision())
+      for (FileDescription *file : division->findFiles(name))
+        if (!isOuter || file->getGlobal())
+          found.push_back(file);
+    isOuter = true;
+  }
+  return found;
+}
+
+bool SemanticChecker::semanticCheck(FileIdentifierExpression &identifier) {
+  llvm::SmallVector<FileDescription *, 2> found = findFiles(identifier);
+  if (found.empty())
+    return report(ErrorCode::FileNameUndefined, &identifier);
+  identifier.setFileDescription(found.front());
+  if (found.size() > 1)
+    return report(ErrorCode::FileNameNotUnique, &identifier);
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Reports
+//===----------------------------------------------------------------------===//
+
+ReportDescription *SemanticChecker::findReport(const std::string &name) {
+  bool isOuter = false;
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (ReportDescription *report : division->findReports(name))
+        if (!isOuter || report->getGlobal())
+          return report;
+  return nullptr;
+}
+
+bool SemanticChecker::semanticCheck(ReportIdentifierExpression &identifier) {
+  ReportDescription *found = findReport(identifier.getReportName()->getWordData());
+  if (!found)
+    return report(ErrorCode::IdentifierUndefined, &identifier);
+  identifier.setReportDescription(found);
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// Special registers
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// The files with LINAGE that can be seen from the unit: its own, else the GLOBAL ones of the
+/// nearest unit around it that has any.
+llvm::SmallVector<FileDescription *, 2> filesWithLinage(SourceUnit *unit) {
+  llvm::SmallVector<FileDescription *, 2> found;
+  for (bool isOuter = false; unit && found.empty(); unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (FileDescription *file : division->getFileSectionElements())
+        if (file->getLinage() && (!isOuter || file->getGlobal()))
+          found.push_back(file);
+  return found;
+}
+
+} // namespace
+
+bool SemanticChecker::checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister) {
+  if (FileIdentifierExpression *file = specialRegister.getFileExpr()) {
+    if (!semanticCheck(*file))
+      return false;
+    if (!file->getFileDescription()->getLinage())
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    specialRegister.setDataDescription(file->getFileDescription()->getLineageCounter());
+    return true;
+  }
+  llvm::SmallVector<FileDescription *, 2> files = filesWithLinage(currentUnit());
+  if (files.empty())
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  if (files.size() > 1)
+    return report(ErrorCode::LinageCounterNotQualified, &specialRegister);
+  specialRegister.setDataDescription(files.front()->getLineageCounter());
+  return true;
+}
+
+namespace {
+
+/// LENGTH OF is asked of what has a length: of neither a condition-name nor an index-name.
+bool hasLength(const DataDescription &entry) {
+  return !isConditionName(entry) && !isIndexName(entry);
+}
+
+/// Whether an unqualified PAGE-COUNTER or LINE-COUNTER is that of one report: the current one, the
+/// only one of the unit, else the only GLOBAL one of the nearest unit around it that has any.
+bool isOneReportMeant(SourceUnit *unit, const ReportDescription *current) {
+  std::size_t found = current ? 1 : 0;
+  for (bool isOuter = false; unit && !found; unit = unit->getParent(), isOuter = true)
+    if (DataDivision *division = unit->getDataDivision())
+      for (ReportDescription *report : division->getReportSectionElements())
+        found += !isOuter || report->getGlobal();
+  return found == 1;
+}
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &specialRegister) {
+  switch (specialRegister.getType()) {
+  case SpecialRegisterType::AddressOf:
+  case SpecialRegisterType::LengthOf: {
+    Expression *operand = specialRegister.getIdent();
+    if (!operand)
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    if (!semanticCheck(*operand))
+      return false;
+    auto *identifier = llvm::dyn_cast<IdentifierExpression>(operand);
+    DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
+    specialRegister.setDataDescription(entry);
+    if (entry && specialRegister.getType() == SpecialRegisterType::LengthOf && !hasLength(*entry))
+      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    return true;
+  }
+  case SpecialRegisterType::LinageCounter:
+    return checkLinageCounter(specialRegister);
+  case SpecialRegisterType::PageCounter:
+  case SpecialRegisterType::LineCounter:
+    if (ReportIdentifierExpression *name = specialRegister.getReportExpr())
+      return semanticCheck(*name);
+    return isOneReportMeant(currentUnit(), getCurrentRD()) ||
+           report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  default:
+    break;
+  }
+
+  // Every other register is an entry that the checks have added to working-storage.
+  Word *word = specialRegister.getRegisterWord();
+  if (!word)
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent()) {
+    DataDivision *division = unit->getDataDivision();
+    std::list<DataDescription *> *entries =
+        division ? division->findItemByInternedName(&word->getWordData()) : nullptr;
+    if (entries && !entries->empty()) {
+      specialRegister.setDataDescription(entries->front());
+      break;
+    }
+  }
+  // Some registers have no entry: their category is known all the same.
+  if (specialRegister.getDataCategory() == DataCategory::Unclassified)
+    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+  if (ReferenceModifier *modifier = specialRegister.getReferenceMod())
+    for (Expression *part : {modifier->getFromExpr(), modifier->getCountExpr()})
+      if (part)
+        semanticCheck(*part);
+  return true;
+}
+
+} // namespace tarka

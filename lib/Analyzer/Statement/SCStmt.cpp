@@ -1,0 +1,544 @@
+//===- SCStmt.cpp - the door of all statements, and MOVE ------------------===//
+//
+// Every statement of every sentence is checked through the dispatch here. The
+// rules of MOVE decide for a sending and a receiving operand whether data may be
+// moved between them, and which kind of move it is; other statements that move
+// data ask for them too.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/ClausePicture.h"
+#include "AST/DataDescription.h"
+#include "AST/Expression.h"
+#include "AST/Statement.h"
+#include "Analyzer/CompileOption.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/SemanticChecker.h"
+#include <cassert>
+#include <initializer_list>
+#include <optional>
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Dispatch
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// Checks the statement as the class that its kind stands for.
+template <typename Class> bool checkAs(SemanticChecker &checker, Statement &statement) {
+  auto *concrete = llvm::dyn_cast<Class>(&statement);
+  assert(concrete && "dyn_cast failed");
+  return checker.semanticCheck(*concrete);
+}
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(Statement &statement) {
+  switch (statement.getType()) {
+  case StatementType::Accept:
+    return checkAs<AcceptStatement>(*this, statement);
+  case StatementType::Add:
+    return checkAs<AddStatement>(*this, statement);
+  case StatementType::Alter:
+    return checkAs<AlterStatement>(*this, statement);
+  case StatementType::Call:
+    return checkAs<CallStatement>(*this, statement);
+  case StatementType::Cancel:
+    return checkAs<CancelStatement>(*this, statement);
+  case StatementType::Close:
+    return checkAs<CloseStatement>(*this, statement);
+  case StatementType::Compute:
+    return checkAs<ComputeStatement>(*this, statement);
+  case StatementType::Continue:
+    return checkAs<ContinueStatement>(*this, statement);
+  case StatementType::Delete:
+    return checkAs<DeleteStatement>(*this, statement);
+  case StatementType::Display:
+    return checkAs<DisplayStatement>(*this, statement);
+  case StatementType::Divide:
+    return checkAs<DivideStatement>(*this, statement);
+  case StatementType::Entry:
+    return checkAs<EntryStatement>(*this, statement);
+  case StatementType::Evaluate:
+    return checkAs<EvaluateStatement>(*this, statement);
+  case StatementType::Goto:
+    return checkAs<GotoStatement>(*this, statement);
+  case StatementType::Goback:
+    return checkAs<GobackStatement>(*this, statement);
+  case StatementType::If:
+    return checkAs<IfStatement>(*this, statement);
+  case StatementType::Initialize:
+    return checkAs<InitializeStatement>(*this, statement);
+  case StatementType::Inspect:
+    return checkAs<InspectStatement>(*this, statement);
+  case StatementType::Merge:
+    return checkAs<MergeStatement>(*this, statement);
+  case StatementType::Move:
+    return checkAs<MoveStatement>(*this, statement);
+  case StatementType::Multiply:
+    return checkAs<MultiplyStatement>(*this, statement);
+  case StatementType::Open:
+    return checkAs<OpenStatement>(*this, statement);
+  case StatementType::Perform:
+    return checkAs<PerformStatement>(*this, statement);
+  case StatementType::Read:
+    return checkAs<ReadStatement>(*this, statement);
+  case StatementType::Release:
+    return checkAs<ReleaseStatement>(*this, statement);
+  case StatementType::Return:
+    return checkAs<ReturnStatement>(*this, statement);
+  case StatementType::Rewrite:
+    return checkAs<RewriteStatement>(*this, statement);
+  case StatementType::Search:
+    return checkAs<SearchStatement>(*this, statement);
+  case StatementType::Set:
+    return checkAs<SetStatement>(*this, statement);
+  case StatementType::Sort:
+    return checkAs<SortStatement>(*this, statement);
+  case StatementType::Start:
+    return checkAs<StartStatement>(*this, statement);
+  case StatementType::Stop:
+    return checkAs<StopStatement>(*this, statement);
+  case StatementType::String:
+    return checkAs<StringStatement>(*this, statement);
+  case StatementType::Subtract:
+    return checkAs<SubtractStatement>(*this, statement);
+  case StatementType::Unstring:
+    return checkAs<UnstringStatement>(*this, statement);
+  case StatementType::Write:
+    return checkAs<WriteStatement>(*this, statement);
+  case StatementType::XmlGenerate:
+    return checkAs<XMLGenerateStatement>(*this, statement);
+  case StatementType::XmlParse:
+    return checkAs<XMLParseStatement>(*this, statement);
+  case StatementType::RwGenerate:
+    return checkAs<RwGenerateStatement>(*this, statement);
+  case StatementType::RwInitiate:
+    return checkAs<RwInitiateStatement>(*this, statement);
+  case StatementType::RwTerminate:
+    return checkAs<RwTerminateStatement>(*this, statement);
+  case StatementType::RwSuppress:
+    return checkAs<RwSuppressStatement>(*this, statement);
+  case StatementType::On:
+    return checkAs<OnStatement>(*this, statement);
+  case StatementType::Transform:
+    return checkAs<TransformStatement>(*this, statement);
+  case StatementType::Examine:
+    return checkAs<ExamineStatement>(*this, statement);
+  case StatementType::Exhibit:
+    return checkAs<ExhibitStatement>(*this, statement);
+
+  // Statements without operands of their own.
+  case StatementType::Exit:
+  case StatementType::ExitProgram:
+  case StatementType::NextSentence:
+  case StatementType::ExitParagraph:
+  case StatementType::ExitSection:
+  case StatementType::Exec:
+  case StatementType::Trace:
+  case StatementType::ExitPerform:
+    return true;
+
+  // What only the graph builder makes, and what stands elsewhere than among statements.
+  case StatementType::Use:
+  case StatementType::InnerBranch:
+  case StatementType::InnerExit:
+  case StatementType::InnerRegisterException:
+  case StatementType::InnerWhen:
+  case StatementType::InnerSearchWhen:
+    break;
+  }
+  return report(ErrorCode::StatementInvalid, &statement);
+}
+
+bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
+  if (handler.getImperStmtListSize() == 0)
+    return report(ErrorCode::ExceptionHandlerInvalid, &handler);
+  bool result = true;
+  for (Statement *statement : handler.getImperStmtListElements())
+    result &= semanticCheck(*statement);
+  return result;
+}
+
+bool SemanticChecker::semanticCheck(ContinueStatement &) {
+  return true;
+}
+
+bool SemanticChecker::semanticCheck(GobackStatement &) {
+  return true;
+}
+
+//===----------------------------------------------------------------------===//
+// The rule of a MOVE by category alone
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// A set of data categories.
+class Categories {
+public:
+  constexpr Categories(std::initializer_list<DataCategory> members) {
+    for (DataCategory member : members)
+      bits |= 1u << static_cast<unsigned>(member);
+  }
+  constexpr bool contain(DataCategory category) const {
+    return bits >> static_cast<unsigned>(category) & 1;
+  }
+
+private:
+  unsigned bits = 0;
+};
+
+using enum DataCategory;
+
+constexpr Categories anyCharacters{Alphabetic, Alphanumeric, AlphanumericEdited};
+constexpr Categories plainCharacters{Alphanumeric, AlphanumericEdited};
+constexpr Categories anyNational{National, NationalEdited};
+constexpr Categories dbcsAndNational{National, NationalEdited, Dbcs};
+constexpr Categories anyFloat{ExternalFloat, InternalFloat};
+constexpr Categories editedNumbers{NumericEdited, ExternalFloat, InternalFloat};
+constexpr Categories numbers{Numeric, NumericEdited, ExternalFloat, InternalFloat};
+constexpr Categories numbersAndIndexes{Numeric, NumericEdited, ExternalFloat, InternalFloat, Index};
+constexpr Categories none{};
+
+/// One line of the table of MOVE by category: which receivers are moved to by which rule.
+struct CategoryMove {
+  Categories senders;
+  Categories characterMove;
+  Categories numericConversion;
+  Categories nationalMove;
+};
+
+/// Alphabetic and alphanumeric-edited senders may go to an alphabetic receiver; numeric, index,
+/// numeric-edited and national ones may not, and only numeric and index senders may go to an index.
+constexpr CategoryMove categoryMoves[] = {
+    {{Alphabetic, AlphanumericEdited}, anyCharacters, none, anyNational},
+    {{Alphanumeric}, anyCharacters, numbers, anyNational},
+    {{Numeric, Index}, plainCharacters, numbersAndIndexes, anyNational},
+    {{NumericEdited}, plainCharacters, numbers, anyNational},
+    {{National, NationalEdited}, plainCharacters, none, anyNational},
+    {{Dbcs}, dbcsAndNational, none, none},
+    {{ExternalFloat, InternalFloat}, none, numbers, none},
+};
+
+bool isGroup(const DataDescription *entry) {
+  return entry && entry->getChildrenSize() > 0;
+}
+
+/// COMP-3 and PACKED-DECIMAL are moved alike.
+bool isPacked(UsageType usage) {
+  return usage == UsageType::Comp3 || usage == UsageType::PackedDecimal;
+}
+
+} // namespace
+
+MoveRule SemanticChecker::getMoveRule(DataCategory sender, IdentifierExpression *receiver) {
+  if (isGroup(entryOfDataIdentifier(*receiver)))
+    return MoveRule::Character;
+  DataCategory category = receiver->getDataCategory();
+  for (const CategoryMove &move : categoryMoves) {
+    if (!move.senders.contain(sender))
+      continue;
+    if (move.characterMove.contain(category))
+      return MoveRule::Character;
+    if (move.numericConversion.contain(category))
+      return MoveRule::NumericConversion;
+    if (move.nationalMove.contain(category))
+      return MoveRule::National;
+  }
+  report(ErrorCode::MoveInvalid, receiver);
+  return MoveRule::Illegal;
+}
+
+//===----------------------------------------------------------------------===//
+// The rule of a MOVE between two operands
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+/// Finds the rule for one sending and one receiving operand.
+///
+/// Each category of the sender has a function that gives its rule, or nothing when the receiver is
+/// none for it. Then the move is reported and the next category in the order of `attempts` decides:
+/// an illegal move may be reported several times and still have a rule, and later stages rely on
+/// it.
+class MoveRuleFinder {
+public:
+  MoveRuleFinder(SemanticChecker &checker, Expression &sender, IdentifierExpression &receiver)
+      : checker(checker), sender(sender), receiver(receiver),
+        senderEntry(entryOfDataIdentifier(sender)), receiverEntry(entryOfDataIdentifier(receiver)),
+        receiverCategory(receiver.getDataCategory()) {}
+
+  MoveRule find();
+
+private:
+  using Rule = std::optional<MoveRule>;
+
+  struct Attempt {
+    Categories senders;
+    Rule (MoveRuleFinder::*rule)();
+  };
+  static const Attempt attempts[];
+
+  void reject() { checker.report(ErrorCode::MoveInvalid, &receiver); }
+  bool isReceiver(const Categories &categories) const {
+    return categories.contain(receiverCategory);
+  }
+  bool receiverIsDataIdentifier() const { return llvm::isa<DataIdentifierExpression>(receiver); }
+  UsageType receiverUsage() const { return receiverEntry->getUsageType(); }
+
+  MoveRule fromReferenceModified();
+  Rule fromAlphabeticOrEdited();
+  Rule fromAlphanumeric();
+  MoveRule fromAlphanumericToNumeric();
+  Rule fromNumeric();
+  MoveRule fromNumericToNumeric();
+  Rule fromNumericEdited();
+  Rule fromFloat();
+  Rule fromDbcs();
+  Rule fromNational();
+  Rule fromNationalEdited();
+
+  SemanticChecker &checker;
+  Expression &sender;
+  IdentifierExpression &receiver;
+  DataDescription *senderEntry;
+  DataDescription *receiverEntry;
+  DataCategory receiverCategory;
+};
+
+const MoveRuleFinder::Attempt MoveRuleFinder::attempts[] = {
+    {{Alphabetic, AlphanumericEdited}, &MoveRuleFinder::fromAlphabeticOrEdited},
+    {{Alphanumeric}, &MoveRuleFinder::fromAlphanumeric},
+    {{Numeric}, &MoveRuleFinder::fromNumeric},
+    {{NumericEdited}, &MoveRuleFinder::fromNumericEdited},
+    {anyFloat, &MoveRuleFinder::fromFloat},
+    {{Dbcs}, &MoveRuleFinder::fromDbcs},
+    {{National}, &MoveRuleFinder::fromNational},
+    {{NationalEdited}, &MoveRuleFinder::fromNationalEdited},
+};
+
+MoveRule MoveRuleFinder::find() {
+  // The name of a condition has the category of its conditional variable, but is no data item.
+  if (isConditionName(sender) || isConditionName(receiver)) {
+    reject();
+    return MoveRule::Illegal;
+  }
+
+  // A date may only go to a date.
+  if (senderEntry && senderEntry->getDateFormat() &&
+      !(receiverEntry && receiverEntry->getDateFormat()))
+    reject();
+
+  // Of the figurative constants only ZERO is a floating-point number.
+  if (auto *figurative = llvm::dyn_cast<FigurativeLiteralExpression>(&sender);
+      figurative && isReceiver(anyFloat) && figurative->getFigurativeType() != FigurativeType::Zero)
+    reject();
+
+  if (isGroup(receiverEntry))
+    return MoveRule::Group;
+  if (senderEntry) {
+    if (isReferenceModified(sender))
+      return fromReferenceModified();
+    if (isGroup(senderEntry))
+      return MoveRule::Group;
+  }
+
+  DataCategory category = sender.getDataCategory();
+  if (category == Unclassified || category > InternalFloat) {
+    reject();
+    return MoveRule::Illegal;
+  }
+  bool reached = false;
+  for (const Attempt &attempt : attempts) {
+    reached |= attempt.senders.contain(category);
+    if (!reached)
+      continue;
+    if (Rule rule = (this->*attempt.rule)())
+      return *rule;
+    reject();
+  }
+  return MoveRule::Illegal;
+}
+
+MoveRule MoveRuleFinder::fromReferenceModified() {
+  if (!receiverEntry || receiverCategory != Numeric || isReferenceModified(receiver))
+    return MoveRule::Character;
+  if (receiverUsage() == UsageType::Display)
+    return MoveRule::AlphanumericToDisplay;
+  return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromAlphabeticOrEdited() {
+  if (isReceiver(anyCharacters))
+    return MoveRule::Character;
+  if (isReceiver(anyNational))
+    return MoveRule::National;
+  return std::nullopt;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromAlphanumeric() {
+  if (isReceiver(anyCharacters))
+    return MoveRule::Character;
+  if (isReceiver(editedNumbers))
+    return MoveRule::NumericConversion;
+  if (isReceiver(anyNational))
+    return MoveRule::National;
+  if (receiverCategory == Numeric)
+    return fromAlphanumericToNumeric();
+  return std::nullopt;
+}
+
+/// Characters become a number when all of them are digits; of a literal that is known here.
+MoveRule MoveRuleFinder::fromAlphanumericToNumeric() {
+  auto allDigits = [](const std::string &text) {
+    return text.find_first_not_of("0123456789") == std::string::npos;
+  };
+  if (auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(&sender)) {
+    if (!allDigits(literal->getData()))
+      reject();
+    return MoveRule::NumericConversion;
+  }
+  if (auto *figurative = llvm::dyn_cast<FigurativeLiteralExpression>(&sender)) {
+    if (figurative->getFigurativeType() != FigurativeType::AllLiteral)
+      reject();
+    else if (auto *number =
+                 llvm::dyn_cast_if_present<NumericLiteralExpression>(figurative->getLiteral());
+             number && !allDigits(number->getData()))
+      reject();
+    return MoveRule::NumericConversion;
+  }
+  if (!receiverEntry)
+    return MoveRule::NumericConversion;
+  if (receiverUsage() != UsageType::Display)
+    return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+  return isReferenceModified(receiver) ? MoveRule::Character : MoveRule::AlphanumericToDisplay;
+}
+
+/// A number with decimal places has no place among characters.
+MoveRuleFinder::Rule MoveRuleFinder::fromNumeric() {
+  if (receiverCategory == Numeric)
+    return fromNumericToNumeric();
+  if (isReceiver(editedNumbers))
+    return MoveRule::NumericConversion;
+  if (sender.isInteger()) {
+    if (isReceiver(plainCharacters))
+      return MoveRule::Character;
+    if (isReceiver(anyNational))
+      return MoveRule::National;
+  }
+  return std::nullopt;
+}
+
+MoveRule MoveRuleFinder::fromNumericToNumeric() {
+  if (!senderEntry)
+    return MoveRule::NumericConversion;
+  if (isPacked(senderEntry->getUsageType()))
+    return receiverEntry && isPacked(receiverUsage()) ? MoveRule::PackedToPacked
+                                                      : MoveRule::NumericConversion;
+  if (senderEntry->getUsageType() != UsageType::Display || !receiverEntry)
+    return MoveRule::NumericConversion;
+  if (isPacked(receiverUsage())) {
+    ClausePicture *picture = senderEntry->getPicture();
+    return picture && picture->isSigned() ? MoveRule::NumericConversion : MoveRule::DisplayToPacked;
+  }
+  if (receiverUsage() != UsageType::Display)
+    return MoveRule::NumericConversion;
+  return senderEntry->getSign() || receiverEntry->getSign() ? MoveRule::NumericConversion
+                                                            : MoveRule::DisplayToDisplay;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromNumericEdited() {
+  if (isReceiver(numbers))
+    return MoveRule::NumericConversion;
+  if (isReceiver(plainCharacters))
+    return MoveRule::Character;
+  if (isReceiver(anyNational))
+    return MoveRule::National;
+  return std::nullopt;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromFloat() {
+  if (isReceiver(numbers))
+    return MoveRule::NumericConversion;
+  // An alphanumeric receiver would have to be a group, and groups have had their rule before.
+  return std::nullopt;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromDbcs() {
+  if (isReceiver(dbcsAndNational))
+    return MoveRule::Character;
+  return std::nullopt;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromNational() {
+  if (isReceiver(numbers))
+    return MoveRule::NumericConversion;
+  if (isReceiver(plainCharacters))
+    return MoveRule::Character;
+  if (isReceiver(anyNational))
+    return MoveRule::National;
+  return std::nullopt;
+}
+
+MoveRuleFinder::Rule MoveRuleFinder::fromNationalEdited() {
+  if (isReceiver(anyNational))
+    return MoveRule::National;
+  return std::nullopt;
+}
+
+} // namespace
+
+MoveRule SemanticChecker::getMoveRule(Expression *sender, IdentifierExpression *receiver) {
+  return MoveRuleFinder(*this, *sender, *receiver).find();
+}
+
+//===----------------------------------------------------------------------===//
+// MOVE
+//===----------------------------------------------------------------------===//
+
+/// OS/VS COBOL has CURRENT-DATE and TIME-OF-DAY as senders; registers of ours stand for them.
+static void replaceOsvsSender(MoveStatement &statement) {
+  auto *sender = llvm::dyn_cast_if_present<DataIdentifierExpression>(statement.getSource());
+  if (!sender || !sender->getQualifiedWord())
+    return;
+  const std::string &name = (*sender->getQualifiedWord()->getNamesBegin())->getWordData();
+  bool isDate = name == "CURRENT-DATE";
+  if (!isDate && name != "TIME-OF-DAY")
+    return;
+  Node at(sender);
+  Word *word = new Word(&at, isDate ? "TARKA-OSVS-CURRENT-DATE" : "TARKA-OSVS-TIME-OF-DAY", "");
+  statement.setSource(new SpecialRegisterIdentifierExpression(
+      &at, isDate ? SpecialRegisterType::OsvsCurrentDate : SpecialRegisterType::OsvsTimeOfDay,
+      nullptr, word, nullptr, nullptr, nullptr, nullptr));
+}
+
+bool SemanticChecker::semanticCheck(MoveStatement &statement) {
+  bool result = true;
+  if (!statement.getSource())
+    result = report(ErrorCode::IdentifierRequired, &statement);
+  if (CompileOption::getCompileOptionInstance()->isOptionEnableOsvs())
+    replaceOsvsSender(statement);
+  if (statement.getSource())
+    result &= semanticCheck(*statement.getSource());
+  if (statement.getTargetListSize() == 0)
+    result = report(ErrorCode::IdentifierRequired, &statement);
+
+  // After the first error the remaining receivers are checked, but get no rule.
+  auto *rules = makeList<MoveRule>();
+  for (IdentifierExpression *receiver : statement.getTargetListElements()) {
+    if (llvm::isa<FunctionIdentifierExpression>(receiver)) {
+      result = report(ErrorCode::FunctionInReceivingArea, &statement);
+      continue;
+    }
+    result &= semanticCheck(*receiver);
+    if (result)
+      rules->push_back(getMoveRule(statement.getSource(), receiver));
+  }
+  statement.setMoveRuleList(rules);
+  return result;
+}
+
+} // namespace tarka

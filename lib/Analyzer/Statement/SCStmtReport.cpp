@@ -1,0 +1,75 @@
+//===- SCStmtReport.cpp - the statements of the report writer -------------===//
+//
+// INITIATE, GENERATE and TERMINATE drive a report from outside; SUPPRESS acts
+// from within a procedure that runs before one of its groups is presented.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/Expression.h"
+#include "AST/ReportDescription.h"
+#include "AST/Statement.h"
+#include "Analyzer/Statement/OperandCheck.h"
+
+namespace tarka {
+
+namespace {
+
+/// A report is driven from outside: while it presents a group, it cannot be asked for the next one.
+/// Copies of other sections that declaratives perform are no part of a USE BEFORE REPORTING.
+bool checkDrivesReport(SemanticChecker &checker, Statement &statement) {
+  const bool isPresenting = checker.getInDeclaratives() && checker.getCurrentRD();
+  return !isPresenting || checker.report(ErrorCode::StatementInvalid, &statement);
+}
+
+/// Only a detail group can be generated.
+bool isDetailGroup(const DataDescription &entry) {
+  const auto *group = llvm::dyn_cast<ReportDataDescription>(&entry);
+  if (!group || group->getParent())
+    return false;
+  const ClauseType *type = group->getTypeClause();
+  return !type || type->getTypeOption() == ReportGroupType::Detail;
+}
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
+  bool ok = checkDrivesReport(*this, statement);
+  auto *group = llvm::dyn_cast_if_present<DataIdentifierExpression>(statement.getFileName());
+  // A name without qualifiers is that of a report, or of a group of a report.
+  if (auto *name = llvm::dyn_cast_if_present<ReportIdentifierExpression>(statement.getFileName())) {
+    if (findReport(name->getReportName()->getWordData()))
+      return semanticCheck(*name) && ok;
+    std::list<Word *> words{name->getReportName()};
+    group = new DataIdentifierExpression(name, new QualifiedWord(name, &words), nullptr, nullptr);
+    statement.setFileName(group);
+  }
+  if (!group)
+    return ok;
+  // A name that is not unique is bound all the same; one message is enough for it.
+  const std::size_t reported = errorHandler->getErrorList().size();
+  if (!semanticCheck(*group, /*silentIfUndefined=*/false, /*preferReportItem=*/true))
+    return false;
+  if (errorHandler->getErrorList().size() == reported &&
+      !isDetailGroup(*group->getDataDescription()))
+    return report(ErrorCode::StatementInvalid, group);
+  return ok;
+}
+
+bool SemanticChecker::semanticCheck(RwInitiateStatement &statement) {
+  bool ok = checkDrivesReport(*this, statement);
+  return OperandCheck(*this).all(statement.getInitiateNameListElements()) && ok;
+}
+
+bool SemanticChecker::semanticCheck(RwTerminateStatement &statement) {
+  bool ok = checkDrivesReport(*this, statement);
+  return OperandCheck(*this).all(statement.getTerminateNameListElements()) && ok;
+}
+
+/// There is a group to suppress in the procedures of USE BEFORE REPORTING only. The USE statements
+/// of other declaratives leave their mark; that of one whose group has no meaning leaves none.
+bool SemanticChecker::semanticCheck(RwSuppressStatement &statement) {
+  const bool isBeforeReporting = getInDeclaratives() && !getIsDeclaratives();
+  return isBeforeReporting || report(ErrorCode::StatementInvalid, &statement);
+}
+
+} // namespace tarka

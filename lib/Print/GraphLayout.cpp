@@ -1,0 +1,199 @@
+//===- GraphLayout.cpp - what the printed forms of a graph share ----------===//
+
+#include "Print/GraphLayout.h"
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "AST/Statement.h"
+#include "AST/StatementNames.h"
+#include "Analyzer/TopLevel.h"
+#include "llvm/Support/raw_ostream.h"
+
+namespace tarka {
+
+namespace {
+
+void addSection(ProcedureStarts &starts, const Section &section) {
+  starts[section.getStartBlock()] = {section.getSectionName(), true};
+  for (const Paragraph *paragraph : section.getParaElements())
+    starts[paragraph->getStartBlock()] = {paragraph->getParagraphName(), false};
+}
+
+/// Whether \p block belongs to its section as a whole, so that the paragraph before it is over.
+bool endsParagraph(const CFGBlock *block) {
+  if (block->getName() == "tkdummy_end_section")
+    return true;
+  if (block->getElements().empty() || !block->getElements().front()->getStmt())
+    return false;
+  auto *exit = llvm::dyn_cast<InnerExitStatement>(block->getElements().front()->getStmt());
+  return exit && exit->getSection();
+}
+
+/// Whether \p block stands outside of procedures, behind those before it.
+bool endsSection(const CFGBlock *block) {
+  return block->getName() == "tkdummy_end_declaratives" ||
+         block->getName() == "tkdummy_rpt_declaratives_end";
+}
+
+} // namespace
+
+ProcedureStarts findProcedures(const CFGModule &module) {
+  ProcedureStarts starts;
+  for (const CFGFunc *function : module.getFuncList()) {
+    const SourceUnit *unit = function->getSourceUnit();
+    const ProcedureDivision *division = unit ? unit->getProcDivision() : nullptr;
+    if (!division)
+      continue;
+    for (const Declaratives *declarative : division->getDeclElements())
+      addSection(starts, *declarative->getSection());
+    for (const Paragraph *paragraph : division->getParaElements())
+      starts[paragraph->getStartBlock()] = {paragraph->getParagraphName(), false};
+    for (const Section *section : division->getSectElements())
+      addSection(starts, *section);
+  }
+  return starts;
+}
+
+bool BlockGroup::has(llvm::StringRef wanted) const {
+  return (section && wanted.equals_insensitive(section->getWordData())) ||
+         (paragraph && wanted.equals_insensitive(paragraph->getWordData()));
+}
+
+const std::string &BlockGroup::name() const {
+  static const std::string &outside = internString("(no procedure)");
+  const Word *procedure = paragraph ? paragraph : section;
+  return procedure ? procedure->getDisplayName() : outside;
+}
+
+GraphLayout::GraphLayout(const CFGFunc &described, const ProcedureStarts &starts)
+    : function(&described) {
+  for (const CFGBlock *block : described.getBody()->getBlockList()) {
+    openGroup(block, starts);
+    groups.back().blocks.push_back(block);
+    groupOf.push_back(groups.size() - 1);
+    blocks.push_back(block);
+  }
+}
+
+const CFGBlock *GraphLayout::fallsInto(const CFGBlock *block) const {
+  auto next = static_cast<std::size_t>(block->getPlace()) + 1;
+  if (block->getHaveTerminator() || block->getSuccessorBlock() || next == blocks.size())
+    return nullptr;
+  return blocks[next];
+}
+
+void GraphLayout::openGroup(const CFGBlock *block, const ProcedureStarts &starts) {
+  auto start = starts.find(block);
+  if (start != starts.end() && start->second.isSection)
+    groups.push_back({start->second.name, nullptr, {}});
+  else if (start != starts.end())
+    groups.push_back({groups.empty() ? nullptr : groups.back().section, start->second.name, {}});
+  else if (groups.empty() || (groups.back().section && endsSection(block)))
+    groups.push_back({});
+  else if (groups.back().paragraph && endsParagraph(block))
+    groups.push_back({groups.back().section, nullptr, {}});
+}
+
+FunctionSelection::FunctionSelection(const CFGModule &module, const GraphView &view) {
+  auto wanted = [&](const CFGFunc *function) {
+    return view.function.empty() ||
+           llvm::StringRef(view.function).equals_insensitive(function->getName());
+  };
+  for (const CFGFunc *function : module.getFuncList())
+    if (wanted(function))
+      functions.push_back(function);
+  const CFGFunc *report = TopLevel::getTopLevelInstance("")->getRptDeclCFGFunction();
+  if (report && report->getModule() == &module && wanted(report))
+    reportDeclaratives = report;
+}
+
+std::vector<const CFGFunc *> FunctionSelection::all() const {
+  std::vector<const CFGFunc *> both = functions;
+  if (reportDeclaratives)
+    both.push_back(reportDeclaratives);
+  return both;
+}
+
+//===----------------------------------------------------------------------===//
+// What blocks hold
+//===----------------------------------------------------------------------===//
+
+llvm::StringRef ProcedureTarget::name() const {
+  const Word *word = section     ? section->getSectionName()
+                     : paragraph ? paragraph->getParagraphName()
+                                 : nullptr;
+  return word ? llvm::StringRef(word->getDisplayName()) : "";
+}
+
+llvm::SmallVector<ProcedureTarget, 1> targetsOf(const Statement &statement) {
+  llvm::SmallVector<ProcedureTarget, 1> targets;
+  if (auto *jump = llvm::dyn_cast<GotoStatement>(&statement)) {
+    for (const GotoProcedure *procedure : jump->getProcedureListElements())
+      targets.push_back({"go to", procedure->getSection(), procedure->getParagraph()});
+  } else if (auto *perform = llvm::dyn_cast<PerformStatement>(&statement)) {
+    if (const PerformProcedure *range = perform->getProcedureName())
+      targets.push_back({"perform", range->getBeginSection(), range->getBeginParagraph()});
+  }
+  return targets;
+}
+
+namespace {
+
+/// What follows the verb where control goes on at a named place.
+void printOperands(llvm::raw_ostream &os, const Statement &statement) {
+  for (const ProcedureTarget &target : targetsOf(statement))
+    os << ' ' << target.name();
+  if (auto *perform = llvm::dyn_cast<PerformStatement>(&statement)) {
+    if (const PerformProcedure *range = perform->getProcedureName()) {
+      ProcedureTarget begin{"", range->getBeginSection(), range->getBeginParagraph()};
+      ProcedureTarget thru{"", range->getThruSection(), range->getThruParagraph()};
+      if (thru.start() && thru.start() != begin.start())
+        os << " THRU " << thru.name();
+    }
+  } else if (auto *exit = llvm::dyn_cast<InnerExitStatement>(&statement)) {
+    ProcedureTarget ended{"", exit->getSection(), exit->getParagraph()};
+    if (ended.start())
+      os << " of " << ended.name();
+  } else if (auto *entered = llvm::dyn_cast<ExitPerformStatement>(&statement)) {
+    if (const CFGBlock *after = entered->getAfterBlock())
+      os << " to " << after->getPlace() << ' ' << after->getName();
+  } else if (auto *registered = llvm::dyn_cast<InnerRegisterExceptionStatement>(&statement)) {
+    os << ' ' << registered->getDeclaratives()->getSection()->getSectionName()->getDisplayName();
+  }
+}
+
+} // namespace
+
+ElementFacts factsOf(const CFGElem &element) {
+  switch (element.getType()) {
+  case CFGElem::ElemType::Statement:
+    return {"statement", classNameOf(element.getStmt()->getType()), element.getStmt(), nullptr};
+  case CFGElem::ElemType::DataDeclaration:
+    return {"data", "DataDescription", element.getData(), element.getData()->getDataName()};
+  case CFGElem::ElemType::FileDeclaration:
+    return {"file", "FileDescription", element.getFile(), element.getFile()->getFileName()};
+  case CFGElem::ElemType::ReportDeclaration:
+    return {"report", "ReportDescription", element.getReport(),
+            element.getReport()->getReportName()};
+  }
+  llvm_unreachable("an element is of one of four types");
+}
+
+void printElement(llvm::raw_ostream &os, const CFGElem &element) {
+  if (const Statement *statement = element.getStmt()) {
+    os << verbOf(statement->getType());
+    printOperands(os, *statement);
+    return;
+  }
+  ElementFacts facts = factsOf(element);
+  os << facts.kind << ' ' << (facts.name ? facts.name->getDisplayName() : "FILLER");
+}
+
+std::size_t countStatements(const BlockGroup &group) {
+  std::size_t count = 0;
+  for (const CFGBlock *block : group.blocks)
+    for (const CFGElem *element : block->getElements())
+      count += element->getStmt() != nullptr;
+  return count;
+}
+
+} // namespace tarka
