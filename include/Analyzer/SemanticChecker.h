@@ -17,15 +17,11 @@
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
 #include "llvm/ADT/ArrayRef.h"
-#include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/SmallVector.h"
-#include "llvm/ADT/StringSet.h"
 #include <cstdint>
 #include <list>
-#include <map>
 #include <memory>
 #include <string>
-#include <utility>
 
 namespace tarka {
 
@@ -117,10 +113,14 @@ class WriteStatement;
 class XMLGenerateStatement;
 class XMLParseStatement;
 
+struct ExceptionProcedures;
+struct RedefinableEntries;
+
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
 public:
-  explicit SemanticChecker(ErrorHandler *handler) : errorHandler(handler) {}
+  explicit SemanticChecker(ErrorHandler *handler);
+  ~SemanticChecker();
   SemanticChecker(const SemanticChecker &) = delete;
   SemanticChecker &operator=(const SemanticChecker &) = delete;
 
@@ -181,6 +181,11 @@ public:
   /// the program has been checked, so that no later stage takes the entry for a child.
   void addIndexFreeList(DataDescription *entry);
   void freeIndex();
+
+  /// What the rules remember across the compilation, one object for each family that needs it.
+  /// Only the library sees inside: lib/Analyzer/CheckerState.h.
+  struct State;
+  State &getState() const { return *state; }
 
   /// The names of the ENTRY statements met so far. Names are the same when their texts are.
   void addEntryName(LiteralExpression *name);
@@ -513,7 +518,6 @@ private:
   bool checkOccursDepending(DataDescription &table);
 
   // SCDataRedefines.cpp
-  struct RedefinableEntries;
   RedefinableEntries *findRedefinable(const DataDescription &subject,
                                       const std::list<DataDescription *> &list);
   DataDescription *findRedefinedEntry(DataDescription &subject, const Word &name);
@@ -566,13 +570,6 @@ private:
   bool checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys);
 
   // SCStmtDeclaratives.cpp
-  /// The procedures of USE AFTER EXCEPTION of one unit: modes as bits by UseFileMode, files with
-  /// whether the procedure is GLOBAL.
-  struct ExceptionProcedures {
-    unsigned modes = 0;
-    unsigned globalModes = 0;
-    llvm::DenseMap<const FileDescription *, bool> files;
-  };
   const ExceptionProcedures &exceptionProceduresOf(SourceUnit &unit);
   bool hasExceptionProcedure(const FileDescription *file, llvm::ArrayRef<UseFileMode> modes);
   void markDeclaratives(FileStatement &statement, const FileDescription *file,
@@ -590,34 +587,7 @@ private:
   std::list<ReportDataDescription *> *usedSrcList = nullptr;
   std::uint64_t xmlTextSize = 1;
   DataDescription *xmlTextRegister = nullptr;
-  /// The items of usedSrcList by what their operands are subscripted by, and how many items were
-  /// read into it.
-  llvm::DenseMap<DataDescription *, llvm::SmallVector<ReportDataDescription *, 1>>
-      usedSrcBySubscript;
-  std::size_t usedSrcRead = 0;
-  /// The entries of one list that stand before the last REDEFINES looked at in it, by their names:
-  /// of the same name the nearest.
-  struct RedefinableEntries {
-    explicit RedefinableEntries(const std::list<DataDescription *> &list) : next(list.begin()) {}
-
-    std::list<DataDescription *>::const_iterator next;
-    llvm::DenseMap<const std::string *, DataDescription *> byName;
-  };
-  /// By the address of the list.
-  llvm::DenseMap<const std::list<DataDescription *> *, std::unique_ptr<RedefinableEntries>>
-      redefinableEntries;
-  std::map<const SourceUnit *, ExceptionProcedures> exceptionProcedures;
-  /// The programs of the compilation by the unit that they are nested in, null for the outermost
-  /// ones, and by their names in upper case; empty until a CALL asks.
-  llvm::DenseMap<std::pair<const SourceUnit *, const std::string *>, SourceUnit *> programs;
-  /// The SAME AREA and the SAME RECORD AREA clause that name a file; null when there is none.
-  struct SharedAreas {
-    const ClauseSame *area = nullptr;
-    const ClauseSame *recordArea = nullptr;
-  };
-  llvm::DenseMap<const FileDescription *, SharedAreas> sharedAreas;
-  /// The texts of entryNames.
-  llvm::StringSet<> entryTexts;
+  std::unique_ptr<State> state;
 };
 
 } // namespace tarka

@@ -8,6 +8,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include <cassert>
@@ -26,6 +27,11 @@ bool isCurrentUnitNested() {
 //===----------------------------------------------------------------------===//
 // State of the walk
 //===----------------------------------------------------------------------===//
+
+SemanticChecker::SemanticChecker(ErrorHandler *handler)
+    : errorHandler(handler), state(std::make_unique<State>()) {}
+
+SemanticChecker::~SemanticChecker() = default;
 
 void SemanticChecker::addUsedSrc(ReportDataDescription *item) {
   if (!usedSrcList)

@@ -8,6 +8,7 @@
 
 #include "AST/Expression.h"
 #include "AST/Program.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
@@ -42,10 +43,9 @@ static const std::list<DataDescription *> *listOf(const DataDescription &entry) 
 /// The entries before \p subject in \p list; null when it is the first one or not in the list.
 ///
 /// Subjects come in the order of the list, so each search goes on where the last one ended.
-SemanticChecker::RedefinableEntries *
-SemanticChecker::findRedefinable(const DataDescription &subject,
-                                 const std::list<DataDescription *> &list) {
-  std::unique_ptr<RedefinableEntries> &entries = redefinableEntries[&list];
+RedefinableEntries *SemanticChecker::findRedefinable(const DataDescription &subject,
+                                                     const std::list<DataDescription *> &list) {
+  std::unique_ptr<RedefinableEntries> &entries = state->redefinableEntries[&list];
   for (bool isFromStart : {false, true}) {
     if (!entries || isFromStart)
       entries = std::make_unique<RedefinableEntries>(list);

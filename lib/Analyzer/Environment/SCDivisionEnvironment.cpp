@@ -9,6 +9,7 @@
 #include "AST/ClausePicture.h"
 #include "AST/DataDescription.h"
 #include "AST/Program.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
@@ -721,9 +722,9 @@ bool SemanticChecker::checkClauseSame(ParaIOControl &entry) {
     if (description->getExternal())
       result = report(ErrorCode::SameFileExternalOrNotFile, name);
     if (clause.getType() == SameType::None)
-      sharedAreas[description].area = &clause;
+      state->sharedAreas[description].area = &clause;
     else if (clause.getType() == SameType::Record)
-      sharedAreas[description].recordArea = &clause;
+      state->sharedAreas[description].recordArea = &clause;
   }
   return result;
 }
@@ -732,8 +733,8 @@ bool SemanticChecker::shareRecordArea(const FileDescription *left,
                                       const FileDescription *right) const {
   if (left == right)
     return true;
-  auto [area, recordArea] = sharedAreas.lookup(left);
-  auto [otherArea, otherRecordArea] = sharedAreas.lookup(right);
+  auto [area, recordArea] = state->sharedAreas.lookup(left);
+  auto [otherArea, otherRecordArea] = state->sharedAreas.lookup(right);
   return (area && area == otherArea) || (recordArea && recordArea == otherRecordArea);
 }
 

@@ -9,6 +9,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/StatementData.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
@@ -417,18 +418,18 @@ template <typename Use> void forEachSubscript(DataIdentifierExpression &identifi
 llvm::ArrayRef<ReportDataDescription *>
 SemanticChecker::findSourcesSubscriptedBy(DataDescription *entry) {
   auto next = std::prev(listOrEmpty(usedSrcList).end(),
-                        static_cast<std::ptrdiff_t>(getUsedSrcListSize() - usedSrcRead));
-  for (; next != listOrEmpty(usedSrcList).end(); ++next, ++usedSrcRead)
+                        static_cast<std::ptrdiff_t>(getUsedSrcListSize() - state->usedSrcRead));
+  for (; next != listOrEmpty(usedSrcList).end(); ++next, ++state->usedSrcRead)
     forEachSource(**next, [&](DataIdentifierExpression &source) {
       forEachSubscript(source, [&](DataDescription *subscript) {
-        auto &items = usedSrcBySubscript[subscript];
+        auto &items = state->usedSrcBySubscript[subscript];
         if (items.empty() || items.back() != *next)
           items.push_back(*next);
       });
     });
-  auto found = usedSrcBySubscript.find(entry);
-  return found == usedSrcBySubscript.end() ? llvm::ArrayRef<ReportDataDescription *>()
-                                           : found->second;
+  auto found = state->usedSrcBySubscript.find(entry);
+  return found == state->usedSrcBySubscript.end() ? llvm::ArrayRef<ReportDataDescription *>()
+                                                  : found->second;
 }
 
 bool SemanticChecker::findUsedSrc(DataDescription *entry, ReportDataDescription *item) {

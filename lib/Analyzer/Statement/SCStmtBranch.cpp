@@ -7,6 +7,7 @@
 
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/CharacterOperand.h"
 #include "Analyzer/Expression/OperandKinds.h"
@@ -366,11 +367,11 @@ void SemanticChecker::addEntryName(LiteralExpression *name) {
   if (!entryNames)
     entryNames = makeList<LiteralExpression *>();
   entryNames->push_back(name);
-  entryTexts.insert(llvm::cast<NonNumericLiteralExpression>(name)->getData());
+  state->entryTexts.insert(llvm::cast<NonNumericLiteralExpression>(name)->getData());
 }
 
 bool SemanticChecker::findEntryNames(LiteralExpression *name) {
-  return entryTexts.contains(llvm::cast<NonNumericLiteralExpression>(name)->getData());
+  return state->entryTexts.contains(llvm::cast<NonNumericLiteralExpression>(name)->getData());
 }
 
 bool SemanticChecker::semanticCheck(EntryStatement &statement) {

@@ -9,6 +9,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/CharacterOperand.h"
@@ -304,22 +305,22 @@ bool isCommon(SourceUnit &unit) {
 /// a COMMON one that is nested in a unit around it, or an outermost one. Null when the program
 /// stands elsewhere.
 SourceUnit *SemanticChecker::findProgram(llvm::StringRef name) {
-  if (programs.empty() && context().getCurrentProgram()) {
+  if (state->programs.empty() && context().getCurrentProgram()) {
     llvm::SmallVector<SourceUnit *, 16> units;
     llvm::append_range(units, context().getCurrentProgram()->getSourceUnitListElements());
     for (std::size_t next = 0; next < units.size(); ++next) {
       SourceUnit *unit = units[next];
-      programs.try_emplace({unit->getParent(), programKey(unit->getSourceUnitName())}, unit);
+      state->programs.try_emplace({unit->getParent(), programKey(unit->getSourceUnitName())}, unit);
       llvm::append_range(units, unit->getNestedListElements());
     }
   }
   const std::string *key = programKey(name);
   SourceUnit *current = currentUnit();
   for (SourceUnit *scope = current; scope; scope = scope->getParent())
-    if (SourceUnit *found = programs.lookup({scope, key});
+    if (SourceUnit *found = state->programs.lookup({scope, key});
         found && (scope == current || isCommon(*found)))
       return found;
-  return programs.lookup({nullptr, key});
+  return state->programs.lookup({nullptr, key});
 }
 
 namespace {

@@ -10,15 +10,15 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
 
 /// The exception procedures of \p unit, read from its declaratives when first asked for.
-const SemanticChecker::ExceptionProcedures &
-SemanticChecker::exceptionProceduresOf(SourceUnit &unit) {
-  auto [position, isNew] = exceptionProcedures.try_emplace(&unit);
+const ExceptionProcedures &SemanticChecker::exceptionProceduresOf(SourceUnit &unit) {
+  auto [position, isNew] = state->exceptionProcedures.try_emplace(&unit);
   ExceptionProcedures &procedures = position->second;
   ProcedureDivision *division = unit.getProcDivision();
   if (!isNew || !division)
