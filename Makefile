@@ -43,10 +43,12 @@ sanitize: build/sanitize/build.ninja
 demo: build
 	@scripts/demo.sh build/release/tools/tarka/tarka
 
-# One ctest run over both builds; the sanitizer build's tests carry the prefix "sanitize.".
+# One ctest run over both builds; the tests of the sanitizer build have the prefix "sanitize.".
+# Before it the amount of test code is checked, see scripts/proportion.sh.
 test: build sanitize
 	@mkdir -p build/all
 	@echo 'subdirs("$(CURDIR)/build/release" "$(CURDIR)/build/sanitize")' > build/all/CTestTestfile.cmake
+	@scripts/proportion.sh
 	@ctest --test-dir build/all -j $(JOBS) --output-on-failure --no-tests=error
 
 fuzz-smoke: sanitize

@@ -24,8 +24,8 @@ protected:
     options.fileSystem = memory;
     options.format = SourceFormat::Free;
     diagnostics = FrontEndDiagnostics();
-    llvm::ErrorOr<Program *> program = parseProgram("MAIN.CBL", "MAIN", options, diagnostics);
-    unit = (*program)->getSourceUnitListElements().front();
+    program = *parseProgram("MAIN.CBL", "MAIN", options, diagnostics);
+    unit = program->getSourceUnitListElements().front();
     return unit;
   }
 
@@ -62,6 +62,7 @@ protected:
 
   ParseOptions options;
   FrontEndDiagnostics diagnostics;
+  Program *program = nullptr;
   SourceUnit *unit = nullptr;
 };
 

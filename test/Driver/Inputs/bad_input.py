@@ -52,6 +52,12 @@ CASES = [
     ("parentheses.cbl", program("           COMPUTE A =\n" + "           (\n" * 10_000 + "           A\n" +
                                 "           )\n" * 10_000 + "           .\n"), [], 1,
      [r".*parentheses.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ deep"]),
+    *[(f"deep-{number}.cbl",
+       program(f"           IF {first}\n" + f"           {opening}\n" * 10_000 + f"           {last}\n" +
+               "           )\n" * 10_000 + "           CONTINUE.\n"), [], 1,
+       [r".*deep-\d.cbl:\d+:\d+ - .* error 202 : the nesting is more than \d+ deep"])
+      for number, (first, opening, last) in enumerate([("A =", "A (", "A"), ("A =", "FUNCTION MAX (", "A"),
+                                                       ("A =", "- (", "A"), ("", "NOT (", "A = 1")])],
     ("chain.cbl", program("           COMPUTE A = A\n" + "             + A\n" * 20_000 + "           .\n" +
                           "           IF A = 1\n" + "             OR A = 2\n" * 20_000 +
                           "             DISPLAY A.\n"), [], 0, []),
