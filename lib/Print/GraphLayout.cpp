@@ -2,9 +2,9 @@
 
 #include "Print/GraphLayout.h"
 #include "AST/Expression.h"
+#include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "AST/StatementNames.h"
 #include "Analyzer/TopLevel.h"
 #include "llvm/Support/raw_ostream.h"
 

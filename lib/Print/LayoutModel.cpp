@@ -44,47 +44,9 @@ bool isImplicitRedefinition(const DataDescription &entry) {
   return entry.getRedefines() && !entry.getParent() && entry.getStorageType() == StorageType::File;
 }
 
-llvm::StringRef usageName(UsageType usage) {
-  static constexpr llvm::StringLiteral names[] = {"",
-                                                  "BINARY",
-                                                  "COMP",
-                                                  "COMP-1",
-                                                  "COMP-2",
-                                                  "COMP-3",
-                                                  "COMP-4",
-                                                  "COMP-5",
-                                                  "DISPLAY",
-                                                  "DISPLAY-1",
-                                                  "INDEX",
-                                                  "NATIONAL",
-                                                  "PACKED-DECIMAL",
-                                                  "POINTER",
-                                                  "PROCEDURE-POINTER",
-                                                  "FUNCTION-POINTER"};
-  return names[static_cast<unsigned>(usage)];
-}
-
-llvm::StringRef categoryName(DataCategory category) {
-  static constexpr llvm::StringLiteral names[] = {"",
-                                                  "alphabetic",
-                                                  "alphanumeric",
-                                                  "numeric",
-                                                  "alphanumeric-edited",
-                                                  "numeric-edited",
-                                                  "national",
-                                                  "national-edited",
-                                                  "dbcs",
-                                                  "external-float",
-                                                  "internal-float",
-                                                  "pointer",
-                                                  "index"};
-  return names[static_cast<unsigned>(category)];
-}
-
 llvm::StringRef recordingModeName(const FileDescription &file) {
-  static constexpr llvm::StringLiteral names[] = {"", "F", "V", "S", "U"};
   const ClauseRecordingMode *mode = file.getRecordingMode();
-  return names[mode ? static_cast<unsigned>(mode->getRecordingType()) : 0];
+  return mode ? nameOf(mode->getRecordingType()) : "";
 }
 
 const ClauseSign *signOf(const DataDescription &entry) {
@@ -114,24 +76,16 @@ static std::string quoted(llvm::StringRef text) {
   return result + quote;
 }
 
-static llvm::StringRef figurativeName(FigurativeType type) {
-  static constexpr llvm::StringLiteral names[] = {"",          "ZERO",  "SPACE", "HIGH-VALUE",
-                                                  "LOW-VALUE", "QUOTE", "ALL",   "NULL"};
-  return names[static_cast<unsigned>(type)];
-}
-
 std::string literalText(const LiteralExpression &literal) {
   if (auto *number = llvm::dyn_cast<NumericLiteralExpression>(&literal))
     return number->getData();
   if (auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&literal)) {
-    static constexpr llvm::StringLiteral prefixes[] = {"", "", "X", "Z", "G", "N", "NX"};
-    return prefixes[static_cast<unsigned>(text->getNonNumericLiteralType())].str() +
-           quoted(text->getData());
+    return nameOf(text->getNonNumericLiteralType()).str() + quoted(text->getData());
   }
   auto &constant = llvm::cast<FigurativeLiteralExpression>(literal);
   if (constant.getFigurativeType() == FigurativeType::SymbolicCharacter)
     return constant.getSymbolName();
-  std::string name = figurativeName(constant.getFigurativeType()).str();
+  std::string name = nameOf(constant.getFigurativeType()).str();
   if (constant.getFigurativeType() == FigurativeType::AllLiteral && constant.getLiteral())
     name += ' ' + literalText(*constant.getLiteral());
   return name;

@@ -8,6 +8,7 @@
 #ifndef TARKA_TOOLS_LAYOUTMODEL_H
 #define TARKA_TOOLS_LAYOUTMODEL_H
 
+#include "AST/KindNames.h"
 #include "Print/PrintLayout.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
 #include "llvm/ADT/StringRef.h"
@@ -56,9 +57,6 @@ const FileDescription *linageFile(const DataDescription &entry);
 /// A record of a file that shares the area of the first one without a REDEFINES clause.
 bool isImplicitRedefinition(const DataDescription &entry);
 
-llvm::StringRef usageName(UsageType usage);
-/// Empty when the entry has no category.
-llvm::StringRef categoryName(DataCategory category);
 /// F, V, S or U; empty when no mode is given.
 llvm::StringRef recordingModeName(const FileDescription &file);
 /// The SIGN clause that holds for a signed numeric item, its own or that of a group; null without.

@@ -102,14 +102,14 @@ void describeOccurs(Description &text, const DataDescription &entry) {
 
 /// What the data of an entry are.
 void describeData(Description &text, const DataDescription &entry) {
-  llvm::StringRef category = categoryName(entry.getDataCategory());
+  llvm::StringRef category = nameOf(entry.getDataCategory());
   if (entry.hasSubordinateData()) {
     text.part(category == "national" ? "national group" : "group");
     if (entry.getMinAllocSize() != entry.getAllocSize())
       text.part(byteRange(entry.getMinAllocSize(), entry.getAllocSize()));
     return;
   }
-  llvm::StringRef usage = usageName(entry.getUsageType());
+  llvm::StringRef usage = nameOf(entry.getUsageType());
   if (entry.getPicture())
     text.part("")
         .addWhole("PIC " + entry.getPicture()->getCharStringWord()->getWordData())
@@ -221,8 +221,8 @@ Row makeRow(const DataDescription &entry, unsigned depth) {
 Row makeRow(const RecordGroup &group) {
   Row row;
   row.place = group.file->getRange();
-  row.item = group.file->getType() == FileDescType::SortMerge ? "SD " : "FD ";
-  row.item += group.file->getFileName()->getDisplayName();
+  row.item =
+      (nameOf(group.file->getType()) + " " + group.file->getFileName()->getDisplayName()).str();
   row.bytes = group.bytes();
   return row;
 }
@@ -585,7 +585,7 @@ void JsonPrinter::printSection(const LayoutSection &section) {
 void JsonPrinter::printFile(const RecordGroup &group) {
   const FileDescription &file = *group.file;
   json.object([&] {
-    json.attribute("kind", file.getType() == FileDescType::SortMerge ? "SD" : "FD");
+    json.attribute("kind", nameOf(file.getType()));
     text("name", file.getFileName()->getDisplayName());
     printPlace(file.getRange());
     json.attribute("bytes", group.bytes());
@@ -650,9 +650,9 @@ void JsonPrinter::printData(const DataDescription &entry) {
   } else {
     if (entry.getPicture())
       text("picture", entry.getPicture()->getCharStringWord()->getWordData());
-    text("usage", usageName(entry.getUsageType()));
+    text("usage", nameOf(entry.getUsageType()));
   }
-  text("category", categoryName(entry.getDataCategory()));
+  text("category", nameOf(entry.getDataCategory()));
   if (const ClauseSign *sign = signOf(entry))
     json.attributeObject("sign", [&] {
       json.attribute("leading", sign->isLeading());

@@ -272,9 +272,9 @@ void TreePrinter::print(llvm::StringRef role, DataDescription &entry) {
             entry.getRange());
   sink.number("level", entry.getLevelNum());
   sink.text("name", entryName(entry));
-  if (llvm::StringRef category = categoryName(entry.getDataCategory()); !category.empty())
+  if (llvm::StringRef category = nameOf(entry.getDataCategory()); !category.empty())
     sink.text("category", category);
-  sink.text("usage", usageName(entry.getUsageType()));
+  sink.text("usage", nameOf(entry.getUsageType()));
   if (const ClausePicture *picture = entry.getPicture()) {
     name("picture", picture->getCharStringWord());
     if (picture->getDigitNum()) {

@@ -3,32 +3,13 @@
 #include "AST/DataDescription.h"
 #include "AST/Environment.h"
 #include "AST/FileDescription.h"
+#include "AST/KindNames.h"
 #include "AST/ReportDescription.h"
 #include "Print/LayoutModel.h"
 #include "Print/TreePrinter.h"
 #include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
-
-namespace {
-
-constexpr llvm::StringLiteral organizations[] = {"SEQUENTIAL", "INDEXED", "RELATIVE",
-                                                 "LINE SEQUENTIAL"};
-constexpr llvm::StringLiteral accessModes[] = {"SEQUENTIAL", "RANDOM", "DYNAMIC"};
-constexpr llvm::StringLiteral alphabets[] = {"STANDARD-1", "STANDARD-2", "NATIVE", "EBCDIC"};
-constexpr llvm::StringLiteral sharedAreas[] = {"RECORD", "SORT", "SORT-MERGE"};
-constexpr llvm::StringLiteral blockUnits[] = {"RECORDS", "CHARACTERS"};
-constexpr llvm::StringLiteral labels[] = {"STANDARD", "OMITTED", "data-name"};
-constexpr llvm::StringLiteral orders[] = {"ASCENDING", "DESCENDING"};
-constexpr llvm::StringLiteral groupTypes[] = {
-    "REPORT HEADING",  "PAGE HEADING", "CONTROL HEADING", "DETAIL",
-    "CONTROL FOOTING", "PAGE FOOTING", "REPORT FOOTING"};
-constexpr llvm::StringLiteral environmentNames[] = {"device", "switch", "carriage"};
-constexpr llvm::StringLiteral columnParts[] = {"LEFT", "CENTER", "RIGHT"};
-constexpr llvm::StringLiteral presentTimes[] = {"", "PAGE", "control", "control OR PAGE",
-                                                "PAGE OR control"};
-
-} // namespace
 
 void TreePrinter::entry(llvm::StringRef role, const DataDescription *to) {
   if (to)
@@ -86,7 +67,7 @@ void TreePrinter::print(llvm::StringRef role, ParaSpecialNames &names) {
     Open inner(sink, "", "ClauseEnvName", clause->getRange());
     name("name", clause->getEnvironmentName());
     if (clause->getEnvNameType() != EnvNameType::Unknown)
-      sink.text("type", nameOf(environmentNames, clause->getEnvNameType()));
+      sink.text("type", nameOf(clause->getEnvNameType()));
     name("mnemonicName", clause->getMnemonicName());
     name("onCondition", clause->getOnCondition());
     name("offCondition", clause->getOffCondition());
@@ -94,7 +75,7 @@ void TreePrinter::print(llvm::StringRef role, ParaSpecialNames &names) {
   for (ClauseAlphabet *clause : names.getAlphabetListElements()) {
     Open inner(sink, "", "ClauseAlphabet", clause->getRange());
     name("name", clause->getAlphabetName());
-    if (llvm::StringRef type = nameOf(alphabets, clause->getType()); !type.empty())
+    if (llvm::StringRef type = nameOf(clause->getType()); !type.empty())
       sink.text("type", type);
     sink.number("lowValue", static_cast<unsigned char>(clause->getLowValue()));
     sink.number("highValue", static_cast<unsigned char>(clause->getHighValue()));
@@ -136,9 +117,9 @@ void TreePrinter::print(llvm::StringRef role, ParaFileControl &file) {
   Open node(sink, role, "ParaFileControl", file.getRange());
   name("name", file.getFileName());
   flag("optional", file.isOptional());
-  sink.text("organization", nameOf(organizations, file.getOrganizationType()));
+  sink.text("organization", nameOf(file.getOrganizationType()));
   if (ClauseAccess *access = file.getAccess())
-    sink.text("access", nameOf(accessModes, access->getType()));
+    sink.text("access", nameOf(access->getType()));
   if (ClauseRecordDelimiter *delimiter = file.getRecordDelimiter())
     name("recordDelimiter", delimiter->getName());
   if (ClauseAssign *assign = file.getAssign()) {
@@ -190,7 +171,7 @@ void TreePrinter::print(llvm::StringRef role, ParaIOControl &entry) {
   }
   if (ClauseSame *same = entry.getSame()) {
     Open inner(sink, "", "ClauseSame", same->getRange());
-    if (llvm::StringRef area = nameOf(sharedAreas, same->getType()); !area.empty())
+    if (llvm::StringRef area = nameOf(same->getType()); !area.empty())
       sink.text("area", area);
     for (IdentifierExpression *file : same->getFileNameListElements())
       operand("file", file);
@@ -218,7 +199,7 @@ void TreePrinter::clauses(FileDescription &file) {
   if (llvm::StringRef mode = recordingModeName(file); !mode.empty())
     sink.text("recordingMode", mode);
   if (ClauseLabel *label = file.getLabel())
-    sink.text("label", nameOf(labels, label->getType()));
+    sink.text("label", nameOf(label->getType()));
   if (ClauseCodeSet *codeSet = file.getCodeSet())
     name("codeSet", codeSet->getAlphabetName());
   if (ClauseDataRecord *records = file.getDataRecord())
@@ -239,7 +220,7 @@ void TreePrinter::clauses(FileDescription &file) {
   }
   if (ClauseBlock *block = file.getBlock()) {
     Open inner(sink, "", "ClauseBlock", block->getRange());
-    sink.text("unit", nameOf(blockUnits, block->getUnit()));
+    sink.text("unit", nameOf(block->getUnit()));
     operand("min", block->getMinLength());
     operand("max", block->getMaxLength());
   }
@@ -310,7 +291,7 @@ void TreePrinter::clauses(DataDescription &entry) {
     operand("dependingOn", occurs->getOdoName());
     for (Key *key : occurs->getKeysElements()) {
       Open part(sink, "", "Key", key->getRange());
-      sink.text("order", nameOf(orders, key->getOrder()));
+      sink.text("order", nameOf(key->getOrder()));
       all("", key->getDataListElements());
     }
     for (DataIdentifierExpression *index : occurs->getIndexListElements())
@@ -411,7 +392,7 @@ void TreePrinter::properties(ReportDataDescription &entry) {
 void TreePrinter::clauses(ReportDataDescription &entry) {
   if (ClauseType *type = entry.getTypeClause()) {
     Open inner(sink, "", "ClauseType", type->getRange());
-    sink.text("type", nameOf(groupTypes, type->getTypeOption()));
+    sink.text("type", nameOf(type->getTypeOption()));
     flag("final", type->getReportFinal());
     flag("orPage", type->isOrPage());
     flag("all", type->isAll());
@@ -428,7 +409,7 @@ void TreePrinter::clauses(ReportDataDescription &entry) {
   if (ClauseColumn *column = entry.getColumnClause()) {
     Open inner(sink, "", "ClauseColumn", column->getRange());
     flag("relative", column->isRelative());
-    sink.text("alignment", nameOf(columnParts, column->getAlignment()));
+    sink.text("alignment", nameOf(column->getAlignment()));
     all("", column->getNumbersListElements());
   }
   if (ClauseNextGroup *next = entry.getNextGroupClause()) {
@@ -457,7 +438,7 @@ void TreePrinter::clauses(ReportDataDescription &entry) {
   one("", entry.getFunctionClause());
   for (ClausePresentAfter *present : entry.getClausePresentAfterListElements()) {
     Open inner(sink, "", "ClausePresentAfter", present->getRange());
-    sink.text("after", nameOf(presentTimes, present->getAfterType()));
+    sink.text("after", nameOf(present->getAfterType()));
     flag("absent", present->isAbsent());
     contents(*present);
   }

@@ -3,6 +3,7 @@
 #include "AST/DataDescription.h"
 #include "AST/Environment.h"
 #include "AST/FileDescription.h"
+#include "AST/KindNames.h"
 #include "AST/ReportDescription.h"
 #include "Print/LayoutModel.h"
 #include "Print/TreePrinter.h"
@@ -14,37 +15,6 @@ namespace tarka {
 
 namespace {
 
-constexpr llvm::StringLiteral operators[] = {"+", "-", "*", "/", "**", "+", "-"};
-constexpr llvm::StringLiteral relations[] = {">", "<", "=", "NOT >", "NOT <", "NOT =", ">=", "<="};
-constexpr llvm::StringLiteral classes[] = {"ALPHABETIC",
-                                           "ALPHABETIC-LOWER",
-                                           "ALPHABETIC-UPPER",
-                                           "DBCS",
-                                           "KANJI",
-                                           "NUMERIC",
-                                           "",
-                                           "class-name",
-                                           "NOT ALPHABETIC",
-                                           "NOT ALPHABETIC-LOWER",
-                                           "NOT ALPHABETIC-UPPER",
-                                           "NOT DBCS",
-                                           "NOT KANJI",
-                                           "NOT NUMERIC",
-                                           "",
-                                           "NOT class-name"};
-constexpr llvm::StringLiteral signs[] = {"POSITIVE",     "NEGATIVE",     "ZERO",
-                                         "NOT POSITIVE", "NOT NEGATIVE", "NOT ZERO"};
-constexpr llvm::StringLiteral combinations[] = {"AND", "OR"};
-constexpr llvm::StringLiteral expressionClasses[] = {
-    "NumericLiteralExpression",       "NonNumericLiteralExpression",
-    "FigurativeLiteralExpression",    "ArithmeticExpression",
-    "DataIdentifierExpression",       "FileIdentifierExpression",
-    "FunctionIdentifierExpression",   "SpecialRegisterIdentifierExpression",
-    "AbbrRelationCombinedExpression", "ReportIdentifierExpression"};
-constexpr llvm::StringLiteral conditionClasses[] = {
-    "ConditionNameCondition", "SwitchCondition",  "RelationalCondition", "ClassCondition",
-    "SignCondition",          "NegatedCondition", "CombinedCondition",   "AbbrRelationalCondition"};
-
 std::string nameText(const QualifiedWord &words) {
   std::string text;
   for (const Word *word : words.getNamesElements())
@@ -53,10 +23,6 @@ std::string nameText(const QualifiedWord &words) {
 }
 
 } // namespace
-
-llvm::StringRef relationName(RelationalConditionType relation) {
-  return nameOf(relations, relation);
-}
 
 //===----------------------------------------------------------------------===//
 // Operands
@@ -73,7 +39,7 @@ static bool hasDigits(const Expression &expression) {
 
 /// What all operands have: their category, and the digits that the checks noted.
 void TreePrinter::common(Expression &expression) {
-  if (llvm::StringRef category = categoryName(expression.getDataCategory()); !category.empty())
+  if (llvm::StringRef category = nameOf(expression.getDataCategory()); !category.empty())
     sink.text("category", category);
   if (hasDigits(expression)) {
     sink.number("digits", expression.getSrcDigitNum());
@@ -84,7 +50,7 @@ void TreePrinter::common(Expression &expression) {
 void TreePrinter::print(llvm::StringRef role, Expression &expression) {
   if (auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&expression))
     return printArithmetic(role, *arithmetic);
-  Open node(sink, role, nameOf(expressionClasses, expression.getExprType()), expression.getRange());
+  Open node(sink, role, classNameOf(expression.getExprType()), expression.getRange());
   switch (expression.getExprType()) {
   case ExpressionType::NumericLiteral:
   case ExpressionType::NonNumericLiteral:
@@ -196,10 +162,10 @@ void TreePrinter::printArithmetic(llvm::StringRef role, ArithmeticExpression &ex
   steps(chain);
   flag("parenthesised", expression.isParenthesised());
   if (!expression.getOperand2())
-    return print(nameOf(operators, expression.getOperator()), *expression.getOperand1());
+    return print(nameOf(expression.getOperator()), *expression.getOperand1());
   print("first", *chain.back()->getOperand1());
   for (ArithmeticExpression *link : llvm::reverse(chain))
-    print(nameOf(operators, link->getOperator()), *link->getOperand2());
+    print(nameOf(link->getOperator()), *link->getOperand2());
 }
 
 //===----------------------------------------------------------------------===//
@@ -208,14 +174,14 @@ void TreePrinter::printArithmetic(llvm::StringRef role, ArithmeticExpression &ex
 
 void TreePrinter::print(llvm::StringRef role, AbbrRelationItem &item) {
   Open node(sink, role, "AbbrRelationItem", item.getRange());
-  sink.text("operator", nameOf(combinations, item.getOpTy()));
+  sink.text("operator", nameOf(item.getOpTy()));
   one("condition", item.getCond());
 }
 
 void TreePrinter::print(llvm::StringRef role, Condition &condition) {
   if (auto *combined = llvm::dyn_cast<CombinedCondition>(&condition))
     return printCombined(role, *combined);
-  Open node(sink, role, nameOf(conditionClasses, condition.getType()), condition.getRange());
+  Open node(sink, role, classNameOf(condition.getType()), condition.getRange());
   if (auto *conditionName = llvm::dyn_cast<ConditionNameCondition>(&condition)) {
     one("name", static_cast<Expression *>(conditionName->getConditionName()));
   } else if (auto *status = llvm::dyn_cast<SwitchCondition>(&condition)) {
@@ -226,23 +192,23 @@ void TreePrinter::print(llvm::StringRef role, Condition &condition) {
       sink.target("clause", {clause->getEnvironmentName()->getDisplayName(), clause->getRange()});
     }
   } else if (auto *relation = llvm::dyn_cast<RelationalCondition>(&condition)) {
-    sink.text("relation", relationName(relation->getConditionType()));
+    sink.text("relation", nameOf(relation->getConditionType()));
     flag("sameGroup", relation->isSameGroup());
     one("left", relation->getLeft());
     one("right", relation->getRight());
   } else if (auto *ofClass = llvm::dyn_cast<ClassCondition>(&condition)) {
-    sink.text("class", nameOf(classes, ofClass->getClassType()));
+    sink.text("class", nameOf(ofClass->getClassType()));
     name("className", ofClass->getClassName());
     if (ClauseClass *clause = ofClass->getClauseClass())
       sink.target("clause", {ofClass->getClassName()->getDisplayName(), clause->getRange()});
     one("operand", ofClass->getLeft());
   } else if (auto *sign = llvm::dyn_cast<SignCondition>(&condition)) {
-    sink.text("sign", nameOf(signs, sign->getSignType()));
+    sink.text("sign", nameOf(sign->getSignType()));
     one("operand", sign->getOperand());
   } else if (auto *negated = llvm::dyn_cast<NegatedCondition>(&condition)) {
     one("operand", negated->getOperand());
   } else if (auto *abbreviated = llvm::dyn_cast<AbbrRelationalCondition>(&condition)) {
-    sink.text("relation", relationName(abbreviated->getConditionType()));
+    sink.text("relation", nameOf(abbreviated->getConditionType()));
     flag("takenOver", !abbreviated->isRelationWritten());
     one("right", abbreviated->getRight());
   }
@@ -256,7 +222,7 @@ void TreePrinter::printCombined(llvm::StringRef role, CombinedCondition &conditi
   Open node(sink, role, "CombinedCondition", condition.getRange());
   one("first", chain.back()->getLeft());
   for (CombinedCondition *link : llvm::reverse(chain))
-    one(nameOf(combinations, link->getOpTy()), link->getRight());
+    one(nameOf(link->getOpTy()), link->getRight());
 }
 
 } // namespace tarka

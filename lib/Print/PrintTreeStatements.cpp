@@ -5,178 +5,43 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/StatementNames.h"
+#include "AST/KindNames.h"
+#include "AST/StatementVisitor.h"
 #include "Print/LayoutModel.h"
 #include "Print/TreePrinter.h"
 #include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
 
-namespace {
+/// Prints what a statement consists of besides its verb.
+class TreePrinter::Fields : public StatementVisitor<Fields> {
+public:
+  explicit Fields(TreePrinter &treePrinter) : printer(treePrinter) {}
 
-constexpr llvm::StringLiteral handlerNames[] = {"ON EXCEPTION", "AT END",      "ON SIZE ERROR",
-                                                "INVALID KEY",  "ON OVERFLOW", "AT END-OF-PAGE"};
-constexpr llvm::StringLiteral moveRules[] = {
-    "character",        "numericConversion", "packedToPacked", "alphanumericToDisplay",
-    "displayToDisplay", "displayToPacked",   "group",          "national"};
-constexpr llvm::StringLiteral acceptSources[] = {
-    "device", "DATE", "DATE YYYYMMDD", "DAY", "DAY YYYYDDD", "DAY-OF-WEEK", "TIME"};
-constexpr llvm::StringLiteral passingNames[] = {"reference", "content", "value"};
-constexpr llvm::StringLiteral parameterPassing[] = {"reference", "value"};
-constexpr llvm::StringLiteral performTests[] = {"BEFORE", "AFTER"};
-constexpr llvm::StringLiteral categories[] = {
-    "alphabetic",     "alphanumeric", "numeric",         "alphanumeric-edited",
-    "numeric-edited", "national",     "national-edited", "DBCS"};
-constexpr llvm::StringLiteral regionNames[] = {"BEFORE", "AFTER"};
-constexpr llvm::StringLiteral tallyNames[] = {"CHARACTERS", "ALL", "LEADING"};
-constexpr llvm::StringLiteral replaceNames[] = {"CHARACTERS", "ALL", "LEADING", "FIRST"};
-constexpr llvm::StringLiteral examineNames[] = {"TALLYING", "REPLACING", "TALLYING REPLACING"};
-constexpr llvm::StringLiteral examineOptions[] = {"ALL", "LEADING", "FIRST", "UNTIL FIRST"};
-constexpr llvm::StringLiteral exhibitNames[] = {"NAMED", "CHANGED", "CHANGED NAMED"};
-constexpr llvm::StringLiteral setFormats[] = {"TO", "UP BY", "DOWN BY", "switch", "conditionName"};
-constexpr llvm::StringLiteral setValues[] = {"operand", "ON",    "OFF",  "TRUE",
-                                             "NULL",    "ENTRY", "FALSE"};
-constexpr llvm::StringLiteral openModes[] = {"INPUT", "OUTPUT", "I-O", "EXTEND"};
-constexpr llvm::StringLiteral openOptions[] = {"REVERSED", "NO REWIND"};
-constexpr llvm::StringLiteral closeOptions[] = {"NO REWIND", "LOCK", "REEL", "REEL FOR REMOVAL",
-                                                "REEL NO REWIND"};
-constexpr llvm::StringLiteral sortOrders[] = {"ASCENDING", "DESCENDING"};
-constexpr llvm::StringLiteral execNames[] = {"CICS", "SQL", "DLI", "other"};
-constexpr llvm::StringLiteral traceNames[] = {"READY", "RESET"};
-constexpr llvm::StringLiteral subjectNames[] = {"operand", "condition", "TRUE", "FALSE"};
-constexpr llvm::StringLiteral objectNames[] = {"ANY",   "condition", "TRUE",
-                                               "FALSE", "operand",   "range"};
-constexpr llvm::StringLiteral useTimings[] = {"AFTER EXCEPTION", "AFTER LABEL",
-                                              "BEFORE LABEL",    "KEY CONVERSION",
-                                              "FOR DEBUGGING",   "BEFORE REPORTING"};
-constexpr llvm::StringLiteral xmlTypes[] = {"ATTRIBUTE", "ELEMENT", "CONTENT"};
-constexpr llvm::StringLiteral xmlClasses[] = {"NUMERIC", "NONNUMERIC"};
-constexpr llvm::StringLiteral labelUnits[] = {"FILE", "REEL", "UNIT"};
-constexpr llvm::StringLiteral labelPositions[] = {"BEGINNING", "ENDING"};
+#define TARKA_STATEMENT(Kind, Number, Class, Verb)                                                 \
+  void visit##Class(Class &statement) { print(statement); }
+#include "AST/Statements.def"
 
-} // namespace
+private:
+  /// A statement without a function of its own consists of its verb alone.
+  template <typename Class> void print(Class &statement) {
+    if constexpr (requires { printer.fields(statement); })
+      printer.fields(statement);
+  }
+
+  TreePrinter &printer;
+};
 
 void TreePrinter::print(llvm::StringRef role, Statement &statement) {
   Open node(sink, role, classNameOf(statement.getType()), statement.getRange());
   if (auto *file = llvm::dyn_cast<FileStatement>(&statement))
     flag("mayRunDeclaratives", file->getIsDeclaratives());
-  switch (statement.getType()) {
-  case StatementType::Accept:
-    return fieldsOf<AcceptStatement>(statement);
-  case StatementType::Add:
-    return fieldsOf<AddStatement>(statement);
-  case StatementType::Alter:
-    return fieldsOf<AlterStatement>(statement);
-  case StatementType::Call:
-    return fieldsOf<CallStatement>(statement);
-  case StatementType::Cancel:
-    return fieldsOf<CancelStatement>(statement);
-  case StatementType::Close:
-    return fieldsOf<CloseStatement>(statement);
-  case StatementType::Compute:
-    return fieldsOf<ComputeStatement>(statement);
-  case StatementType::Delete:
-    return fieldsOf<DeleteStatement>(statement);
-  case StatementType::Display:
-    return fieldsOf<DisplayStatement>(statement);
-  case StatementType::Divide:
-    return fieldsOf<DivideStatement>(statement);
-  case StatementType::Entry:
-    return fieldsOf<EntryStatement>(statement);
-  case StatementType::Evaluate:
-    return fieldsOf<EvaluateStatement>(statement);
-  case StatementType::Examine:
-    return fieldsOf<ExamineStatement>(statement);
-  case StatementType::Exec:
-    return fieldsOf<ExecStatement>(statement);
-  case StatementType::Exhibit:
-    return fieldsOf<ExhibitStatement>(statement);
-  case StatementType::ExitPerform:
-    return fieldsOf<ExitPerformStatement>(statement);
-  case StatementType::Goto:
-    return fieldsOf<GotoStatement>(statement);
-  case StatementType::If:
-    return fieldsOf<IfStatement>(statement);
-  case StatementType::Initialize:
-    return fieldsOf<InitializeStatement>(statement);
-  case StatementType::Inspect:
-    return fieldsOf<InspectStatement>(statement);
-  case StatementType::Merge:
-    return fieldsOf<MergeStatement>(statement);
-  case StatementType::Move:
-    return fieldsOf<MoveStatement>(statement);
-  case StatementType::Multiply:
-    return fieldsOf<MultiplyStatement>(statement);
-  case StatementType::On:
-    return fieldsOf<OnStatement>(statement);
-  case StatementType::Open:
-    return fieldsOf<OpenStatement>(statement);
-  case StatementType::Perform:
-    return fieldsOf<PerformStatement>(statement);
-  case StatementType::Read:
-    return fieldsOf<ReadStatement>(statement);
-  case StatementType::Release:
-    return fieldsOf<ReleaseStatement>(statement);
-  case StatementType::Return:
-    return fieldsOf<ReturnStatement>(statement);
-  case StatementType::Rewrite:
-    return fieldsOf<RewriteStatement>(statement);
-  case StatementType::RwGenerate:
-    return fieldsOf<RwGenerateStatement>(statement);
-  case StatementType::RwInitiate:
-    return fieldsOf<RwInitiateStatement>(statement);
-  case StatementType::RwTerminate:
-    return fieldsOf<RwTerminateStatement>(statement);
-  case StatementType::Search:
-    return fieldsOf<SearchStatement>(statement);
-  case StatementType::Set:
-    return fieldsOf<SetStatement>(statement);
-  case StatementType::Sort:
-    return fieldsOf<SortStatement>(statement);
-  case StatementType::Start:
-    return fieldsOf<StartStatement>(statement);
-  case StatementType::Stop:
-    return fieldsOf<StopStatement>(statement);
-  case StatementType::String:
-    return fieldsOf<StringStatement>(statement);
-  case StatementType::Subtract:
-    return fieldsOf<SubtractStatement>(statement);
-  case StatementType::Trace:
-    return fieldsOf<TraceStatement>(statement);
-  case StatementType::Transform:
-    return fieldsOf<TransformStatement>(statement);
-  case StatementType::Unstring:
-    return fieldsOf<UnstringStatement>(statement);
-  case StatementType::Use:
-    return fieldsOf<UseStatement>(statement);
-  case StatementType::Write:
-    return fieldsOf<WriteStatement>(statement);
-  case StatementType::XmlGenerate:
-    return fieldsOf<XMLGenerateStatement>(statement);
-  case StatementType::XmlParse:
-    return fieldsOf<XMLParseStatement>(statement);
-
-  // What consists of its verb alone, and what only the graph holds.
-  case StatementType::Continue:
-  case StatementType::Exit:
-  case StatementType::ExitParagraph:
-  case StatementType::ExitProgram:
-  case StatementType::ExitSection:
-  case StatementType::Goback:
-  case StatementType::NextSentence:
-  case StatementType::RwSuppress:
-  case StatementType::InnerBranch:
-  case StatementType::InnerExit:
-  case StatementType::InnerRegisterException:
-  case StatementType::InnerWhen:
-  case StatementType::InnerSearchWhen:
-    return;
-  }
+  Fields(*this).visit(statement);
 }
 
 void TreePrinter::print(llvm::StringRef role, ExceptionHandler &handler) {
   Open node(sink, role, "ExceptionHandler", handler.getRange());
-  sink.text("phrase", nameOf(handlerNames, handler.getType()));
+  sink.text("phrase", nameOf(handler.getType()));
   flag("not", handler.isNotOn());
   all("", handler.getImperStmtListElements());
 }
@@ -259,14 +124,14 @@ void TreePrinter::fields(ComputeStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, Argument &argument) {
   Open node(sink, role, "Argument", argument.getRange());
-  sink.text("by", nameOf(passingNames, argument.getType()));
+  sink.text("by", nameOf(argument.getType()));
   flag("omitted", argument.isOmitted());
   one("", argument.getExpr());
 }
 
 void TreePrinter::print(llvm::StringRef role, Parameter &parameter) {
   Open node(sink, role, "Parameter", parameter.getRange());
-  sink.text("by", nameOf(parameterPassing, parameter.getType()));
+  sink.text("by", nameOf(parameter.getType()));
   one("", parameter.getExpr());
 }
 
@@ -319,7 +184,7 @@ void TreePrinter::fields(PerformStatement &statement) {
   if (PerformProcedure *names = statement.getProcedureName())
     range(*names);
   if (PerformTest *test = statement.getPerformTest())
-    sink.text("test", nameOf(performTests, test->getType()));
+    sink.text("test", nameOf(test->getType()));
   if (PerformProcedure *names = statement.getProcedureName()) {
     one("procedure", names->getProcedureName1());
     one("thru", names->getProcedureName2());
@@ -359,7 +224,7 @@ void TreePrinter::fields(EvaluateStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, EvaluateSubject &subject) {
   Open node(sink, role, "EvaluateSubject", subject.getRange());
-  sink.text("is", nameOf(subjectNames, subject.getType()));
+  sink.text("is", nameOf(subject.getType()));
   one("", subject.getExpr());
   one("", subject.getCond());
 }
@@ -378,7 +243,7 @@ void TreePrinter::print(llvm::StringRef role, EvaluateWhen &when) {
 
 void TreePrinter::print(llvm::StringRef role, EvaluateObject &object) {
   Open node(sink, role, "EvaluateObject", object.getRange());
-  sink.text("is", nameOf(objectNames, object.getType()));
+  sink.text("is", nameOf(object.getType()));
   flag("not", object.isNot());
   one("", object.getCondition());
   one("", object.getFrontExpression());
@@ -411,12 +276,12 @@ void TreePrinter::fields(OnStatement &statement) {
 }
 
 void TreePrinter::fields(ExecStatement &statement) {
-  sink.text("language", nameOf(execNames, statement.getType()));
+  sink.text("language", nameOf(statement.getType()));
   sink.text("text", statement.getText());
 }
 
 void TreePrinter::fields(TraceStatement &statement) {
-  sink.text("trace", nameOf(traceNames, statement.getType()));
+  sink.text("trace", nameOf(statement.getType()));
 }
 
 //===----------------------------------------------------------------------===//
@@ -425,7 +290,7 @@ void TreePrinter::fields(TraceStatement &statement) {
 
 void TreePrinter::fields(AcceptStatement &statement) {
   if (AcceptFrom *from = statement.getFromType()) {
-    sink.text("from", nameOf(acceptSources, from->getType()));
+    sink.text("from", nameOf(from->getType()));
     name("device", from->getFromName());
   }
   one("receiver", statement.getVariable());
@@ -442,7 +307,7 @@ void TreePrinter::fields(MoveStatement &statement) {
   if (std::list<MoveRule> *rules = statement.getMoveRuleList()) {
     llvm::SmallVector<llvm::StringRef, 8> names;
     for (MoveRule rule : *rules)
-      names.push_back(rule == MoveRule::Illegal ? "illegal" : nameOf(moveRules, rule));
+      names.push_back(nameOf(rule));
     sink.texts("rules", names);
   }
   one("source", statement.getSource());
@@ -455,10 +320,10 @@ void TreePrinter::fields(SetStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, SetItem &item) {
   Open node(sink, role, "SetItem", item.getRange());
-  sink.text("format", nameOf(setFormats, item.getType()));
+  sink.text("format", nameOf(item.getType()));
   SetToValue *value = item.getToValue();
   if (value)
-    sink.text("value", nameOf(setValues, value->getType()));
+    sink.text("value", nameOf(value->getType()));
   llvm::SmallVector<TreeTarget, 4> switches;
   for (Word *word : item.getMnemonicNameListElements())
     switches.push_back({word->getDisplayName(), word->getRange()});
@@ -475,10 +340,10 @@ void TreePrinter::fields(InitializeStatement &statement) {
   flag("allToValue", statement.isAllToValue());
   flag("toDefault", statement.isToDefault());
   llvm::SmallVector<llvm::StringRef, 8> toValue;
-  for (unsigned category = 1; category <= std::size(categories); ++category)
-    if (!statement.isAllToValue() &&
-        statement.hasValueCategory(static_cast<InitializeReplacingType>(category)))
-      toValue.push_back(nameOf(categories, category));
+  if (!statement.isAllToValue())
+    for (auto number = 1u; number <= unsigned(InitializeReplacingType::Dbcs); ++number)
+      if (auto category = InitializeReplacingType(number); statement.hasValueCategory(category))
+        toValue.push_back(nameOf(category));
   if (!toValue.empty())
     sink.texts("toValue", toValue);
   all("receiver", statement.getIdentifierListElements());
@@ -487,7 +352,7 @@ void TreePrinter::fields(InitializeStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, InitializeReplacingItem &item) {
   Open node(sink, role, "InitializeReplacingItem", item.getRange());
-  sink.text("category", nameOf(categories, item.getType()));
+  sink.text("category", nameOf(item.getType()));
   one("by", item.getByExpr());
 }
 
@@ -500,7 +365,7 @@ void TreePrinter::fields(InspectStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, InspectRegion &region) {
   Open node(sink, role, "InspectRegion", region.getRange());
-  sink.text("side", nameOf(regionNames, region.getType()));
+  sink.text("side", nameOf(region.getType()));
   one("", region.getExpr());
 }
 
@@ -512,7 +377,7 @@ void TreePrinter::print(llvm::StringRef role, TallyingItem &item) {
 
 void TreePrinter::print(llvm::StringRef role, TallyingItemFor &item) {
   Open node(sink, role, "TallyingItemFor", item.getRange());
-  sink.text("which", nameOf(tallyNames, item.getType()));
+  sink.text("which", nameOf(item.getType()));
   all("", item.getInspectRegionListElements());
   all("", item.getTallyingRegionListElements());
 }
@@ -525,7 +390,7 @@ void TreePrinter::print(llvm::StringRef role, TallyingRegion &region) {
 
 void TreePrinter::print(llvm::StringRef role, ReplacingItem &item) {
   Open node(sink, role, "ReplacingItem", item.getRange());
-  sink.text("which", nameOf(replaceNames, item.getType()));
+  sink.text("which", nameOf(item.getType()));
   one("by", item.getExpr());
   all("", item.getInspectRegionListElements());
   all("", item.getReplacingRegionListElements());
@@ -589,8 +454,8 @@ void TreePrinter::fields(TransformStatement &statement) {
 }
 
 void TreePrinter::fields(ExamineStatement &statement) {
-  sink.text("format", nameOf(examineNames, statement.getExamType()));
-  sink.text("which", nameOf(examineOptions, statement.getOptionType()));
+  sink.text("format", nameOf(statement.getExamType()));
+  sink.text("which", nameOf(statement.getOptionType()));
   one("operand", statement.getExamineExpr());
   one("for", statement.getOptExpr());
   one("by", statement.getByExpr());
@@ -599,7 +464,7 @@ void TreePrinter::fields(ExamineStatement &statement) {
 }
 
 void TreePrinter::fields(ExhibitStatement &statement) {
-  sink.text("format", nameOf(exhibitNames, statement.getExhibitType()));
+  sink.text("format", nameOf(statement.getExhibitType()));
   name("upon", statement.getUponName());
   all("operand", statement.getExhibitExprListElements());
   all("generated", statement.getConvertStmtListElements());
@@ -615,11 +480,11 @@ void TreePrinter::fields(OpenStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, OpenItem &item) {
   Open node(sink, role, "OpenItem", item.getRange());
-  sink.text("mode", nameOf(openModes, item.getType()));
+  sink.text("mode", nameOf(item.getType()));
   for (OpenFile *file : item.getFileListElements()) {
     Open inner(sink, "", "OpenFile", file->getRange());
     if (file->getOption() != OpenOption::None)
-      sink.text("option", nameOf(openOptions, file->getOption()));
+      sink.text("option", nameOf(file->getOption()));
     one("", file->getFileName());
   }
 }
@@ -628,7 +493,7 @@ void TreePrinter::fields(CloseStatement &statement) {
   for (CloseFile *file : statement.getCloseFileListElements()) {
     Open inner(sink, "", "CloseFile", file->getRange());
     if (file->getOption() != CloseOption::None)
-      sink.text("option", nameOf(closeOptions, file->getOption()));
+      sink.text("option", nameOf(file->getOption()));
     one("", file->getFileName());
   }
 }
@@ -672,7 +537,7 @@ void TreePrinter::fields(DeleteStatement &statement) {
 
 void TreePrinter::fields(StartStatement &statement) {
   if (StartKey *key = statement.getKey())
-    sink.text("relation", relationName(key->getRelation()));
+    sink.text("relation", nameOf(key->getRelation()));
   one("file", statement.getFileName());
   if (StartKey *key = statement.getKey())
     one("key", key->getDataName());
@@ -716,7 +581,7 @@ void TreePrinter::fields(MergeStatement &statement) {
 
 void TreePrinter::print(llvm::StringRef role, SortKey &key) {
   Open node(sink, role, "SortKey", key.getRange());
-  sink.text("order", nameOf(sortOrders, key.getOrder()));
+  sink.text("order", nameOf(key.getOrder()));
   all("", key.getKeyNameListElements());
 }
 
@@ -729,14 +594,14 @@ void TreePrinter::print(llvm::StringRef role, SortIO &phrase) {
 }
 
 void TreePrinter::fields(UseStatement &statement) {
-  sink.text("timing", nameOf(useTimings, statement.getTimingType()));
+  sink.text("timing", nameOf(statement.getTimingType()));
   flag("global", statement.isGlobal());
   if (statement.getFileMode() != UseFileMode::None)
-    sink.text("mode", nameOf(openModes, statement.getFileMode()));
+    sink.text("mode", nameOf(statement.getFileMode()));
   if (statement.getLabelPosition() != UseLabelPosition::None)
-    sink.text("labelPosition", nameOf(labelPositions, statement.getLabelPosition()));
+    sink.text("labelPosition", nameOf(statement.getLabelPosition()));
   if (statement.getLabelType() != UseLabelType::None)
-    sink.text("label", nameOf(labelUnits, statement.getLabelType()));
+    sink.text("label", nameOf(statement.getLabelType()));
   flag("allProcedures", statement.isAllProcedures());
   if (statement.getProcedureListSize())
     words("names", statement.getProcedureListElements());
@@ -796,16 +661,16 @@ void TreePrinter::print(llvm::StringRef role, XMLNameItem &item) {
 
 void TreePrinter::print(llvm::StringRef role, XMLTypeItem &item) {
   Open node(sink, role, "XMLTypeItem", item.getRange());
-  sink.text("type", nameOf(xmlTypes, item.getType()));
+  sink.text("type", nameOf(item.getType()));
   one("of", item.getIdentifier());
 }
 
 void TreePrinter::print(llvm::StringRef role, XMLSuppressItem &item) {
   Open node(sink, role, "XMLSuppressItem", item.getRange());
   if (item.getSuppressClass() != XmlSuppressClass::All)
-    sink.text("class", nameOf(xmlClasses, item.getSuppressClass()));
+    sink.text("class", nameOf(item.getSuppressClass()));
   if (item.getType() != XmlNodeType::None)
-    sink.text("type", nameOf(xmlTypes, item.getType()));
+    sink.text("type", nameOf(item.getType()));
   one("of", item.getIdentifier());
   all("when", item.getValueListElements());
 }

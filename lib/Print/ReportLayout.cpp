@@ -110,13 +110,6 @@ std::string wordsOf(const std::list<Operand *> &operands, const char *separator 
   return words;
 }
 
-llvm::StringRef typeName(ReportGroupType type) {
-  static constexpr llvm::StringLiteral names[] = {
-      "",       "REPORT HEADING",  "PAGE HEADING", "CONTROL HEADING",
-      "DETAIL", "CONTROL FOOTING", "PAGE FOOTING", "REPORT FOOTING"};
-  return names[static_cast<unsigned>(type)];
-}
-
 /// The numbers of a LINE or COLUMN clause.
 template <typename Clause> std::string numbersOf(const Clause &clause) {
   return (clause.isRelative() ? "+" : "") + wordsOf(clause.getNumbersListElements());
@@ -145,7 +138,7 @@ std::string columnsOf(const ReportDataDescription &entry, const ReportColumns &c
 }
 
 std::string typeOf(const ClauseType &type) {
-  std::string text = typeName(type.getTypeOption()).str();
+  std::string text = nameOf(type.getTypeOption()).str();
   std::string controls = wordsOf(type.getControlIdListElements(), ", ");
   if (type.getReportFinal())
     controls = "FINAL" + (controls.empty() ? "" : ", " + controls);
@@ -367,7 +360,7 @@ void printItem(llvm::json::OStream &json, const ReportDataDescription &entry,
     json.attribute("name", valid(entryName(entry)));
     printPlace(json, placeOf(entry));
     if (const ClauseType *type = entry.getTypeClause()) {
-      json.attribute("type", typeName(type->getTypeOption()));
+      json.attribute("type", nameOf(type->getTypeOption()));
       if (type->getReportFinal())
         json.attribute("final", true);
       if (type->getControlIdListSize() != 0)

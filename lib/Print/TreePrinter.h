@@ -178,9 +178,7 @@ private:
   void print(llvm::StringRef role, XMLTypeItem &item);
   void print(llvm::StringRef role, XMLSuppressItem &item);
 
-  template <typename Class> void fieldsOf(Statement &statement) {
-    fields(llvm::cast<Class>(statement));
-  }
+  class Fields;
   void fields(AcceptStatement &statement);
   void fields(AddStatement &statement);
   void fields(AlterStatement &statement);
@@ -231,16 +229,6 @@ private:
 
   TreeSink &sink;
 };
-
-/// The name of an enumerator whose values begin at 1; empty beyond the table.
-template <std::size_t Size, typename Enumeration>
-llvm::StringRef nameOf(const llvm::StringLiteral (&names)[Size], Enumeration value) {
-  std::size_t index = static_cast<std::size_t>(value) - 1;
-  return index < Size ? names[index] : llvm::StringLiteral("");
-}
-
-/// How a relation is written, such as NOT =.
-llvm::StringRef relationName(RelationalConditionType relation);
 
 } // namespace tarka
 

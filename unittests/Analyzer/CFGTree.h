@@ -9,9 +9,9 @@
 #define TARKA_UNITTESTS_ANALYZER_CFGTREE_H
 
 #include "AST/Expression.h"
+#include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "AST/StatementNames.h"
 #include "Analyzer/CFGBuilder.h"
 #include "Analyzer/CFGVerifier.h"
 #include "llvm/Support/raw_ostream.h"

@@ -7,9 +7,9 @@
 
 #include "Analyzer/CFGVerifier.h"
 #include "AST/Expression.h"
+#include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "AST/StatementNames.h"
 #include "Analyzer/CompileOption.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/MapVector.h"

@@ -7,12 +7,14 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/Expression.h"
+#include "AST/StatementVisitor.h"
 #include "Analyzer/CFG.h"
 #include "Analyzer/CFGBuilder.h"
 #include "Analyzer/CurrentUnit.h"
 #include "llvm/ADT/Twine.h"
 #include <cassert>
 #include <iterator>
+#include <type_traits>
 
 namespace tarka {
 
@@ -335,6 +337,40 @@ void CFGBuilder::analysisSentence(Sentence &sentence) {
 // Statements
 //===----------------------------------------------------------------------===//
 
+namespace {
+
+/// Hands a statement to the handler of its kind. A statement without one is an element like any
+/// other, STOP RUN among them.
+class Lowering : public StatementVisitor<Lowering> {
+public:
+  Lowering(CFGBuilder &graphBuilder, CFGBlock *block)
+      : builder(graphBuilder), currentBlock(block) {}
+
+#define TARKA_STATEMENT(Kind, Number, Class, Verb)                                                 \
+  void visit##Class(Class &statement) {                                                            \
+    lower(statement,                                                                               \
+          [](auto &handlers, auto *which) -> decltype(handlers.analysis##Kind##Stmt(which)) {      \
+            handlers.analysis##Kind##Stmt(which);                                                  \
+          });                                                                                      \
+  }
+#include "AST/Statements.def"
+
+  void visitStatement(Statement &statement) { currentBlock->addCFGElemStmt(&statement); }
+
+private:
+  template <typename Class, typename Handler> void lower(Class &statement, Handler handler) {
+    if constexpr (std::is_invocable_v<Handler, CFGBuilder &, Class *>)
+      handler(builder, &statement);
+    else
+      visitStatement(statement);
+  }
+
+  CFGBuilder &builder;
+  CFGBlock *currentBlock;
+};
+
+} // namespace
+
 void CFGBuilder::analysisStatement(Statement &statement) {
   // A kind that no statement of the language has, and USE, which stands in front of its section
   // only.
@@ -344,79 +380,7 @@ void CFGBuilder::analysisStatement(Statement &statement) {
     return;
   }
 
-  switch (statement.getType()) {
-  case StatementType::Add:
-    return analysisAddStmt(llvm::cast<AddStatement>(&statement));
-  case StatementType::Call:
-    return analysisCallStmt(llvm::cast<CallStatement>(&statement));
-  case StatementType::Compute:
-    return analysisComputeStmt(llvm::cast<ComputeStatement>(&statement));
-  case StatementType::Delete:
-    return analysisDeleteStmt(llvm::cast<DeleteStatement>(&statement));
-  case StatementType::Divide:
-    return analysisDivideStmt(llvm::cast<DivideStatement>(&statement));
-  case StatementType::Entry:
-    return analysisEntryStmt(llvm::cast<EntryStatement>(&statement));
-  case StatementType::Evaluate:
-    return analysisEvaluateStmt(llvm::cast<EvaluateStatement>(&statement));
-  case StatementType::Examine:
-    return analysisExamineStmt(llvm::cast<ExamineStatement>(&statement));
-  case StatementType::Exhibit:
-    return analysisExhibitStmt(llvm::cast<ExhibitStatement>(&statement));
-  case StatementType::ExitParagraph:
-    return analysisExitParagraphStmt(llvm::cast<ExitParagraphStatement>(&statement));
-  case StatementType::ExitPerform:
-    return analysisExitPerformStmt(llvm::cast<ExitPerformStatement>(&statement));
-  case StatementType::ExitProgram:
-    return analysisExitProgramStmt(llvm::cast<ExitProgramStatement>(&statement));
-  case StatementType::ExitSection:
-    return analysisExitSectionStmt(llvm::cast<ExitSectionStatement>(&statement));
-  case StatementType::Goback:
-    return analysisGobackStmt(llvm::cast<GobackStatement>(&statement));
-  case StatementType::Goto:
-    return analysisGotoStmt(llvm::cast<GotoStatement>(&statement));
-  case StatementType::If:
-    return analysisIfStmt(llvm::cast<IfStatement>(&statement));
-  case StatementType::Merge:
-    return analysisMergeStmt(llvm::cast<MergeStatement>(&statement));
-  case StatementType::Multiply:
-    return analysisMultiplyStmt(llvm::cast<MultiplyStatement>(&statement));
-  case StatementType::NextSentence:
-    return analysisNextSentenceStmt(llvm::cast<NextSentenceStatement>(&statement));
-  case StatementType::On:
-    return analysisOnStmt(llvm::cast<OnStatement>(&statement));
-  case StatementType::Perform:
-    return analysisPerformStmt(llvm::cast<PerformStatement>(&statement));
-  case StatementType::Read:
-    return analysisReadStmt(llvm::cast<ReadStatement>(&statement));
-  case StatementType::Return:
-    return analysisReturnStmt(llvm::cast<ReturnStatement>(&statement));
-  case StatementType::Rewrite:
-    return analysisRewriteStmt(llvm::cast<RewriteStatement>(&statement));
-  case StatementType::Search:
-    return analysisSearchStmt(llvm::cast<SearchStatement>(&statement));
-  case StatementType::Sort:
-    return analysisSortStmt(llvm::cast<SortStatement>(&statement));
-  case StatementType::Start:
-    return analysisStartStmt(llvm::cast<StartStatement>(&statement));
-  case StatementType::String:
-    return analysisStringStmt(llvm::cast<StringStatement>(&statement));
-  case StatementType::Subtract:
-    return analysisSubtractStmt(llvm::cast<SubtractStatement>(&statement));
-  case StatementType::Transform:
-    return analysisTransformStmt(llvm::cast<TransformStatement>(&statement));
-  case StatementType::Unstring:
-    return analysisUnstringStmt(llvm::cast<UnstringStatement>(&statement));
-  case StatementType::Write:
-    return analysisWriteStmt(llvm::cast<WriteStatement>(&statement));
-  case StatementType::XmlGenerate:
-    return analysisXmlGenerateStmt(llvm::cast<XMLGenerateStatement>(&statement));
-  case StatementType::XmlParse:
-    return analysisXmlParseStmt(llvm::cast<XMLParseStatement>(&statement));
-  default:
-    // STOP RUN among them: it is an element like any other.
-    currentBlock->addCFGElemStmt(&statement);
-  }
+  Lowering(*this, currentBlock).visit(statement);
 }
 
 //===----------------------------------------------------------------------===//

@@ -11,10 +11,10 @@
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
+#include "AST/StatementVisitor.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
-#include <cassert>
 #include <initializer_list>
 #include <optional>
 
@@ -26,131 +26,41 @@ namespace tarka {
 
 namespace {
 
-/// Checks the statement as the class that its kind stands for.
-template <typename Class> bool checkAs(SemanticChecker &checker, Statement &statement) {
-  auto *concrete = llvm::dyn_cast<Class>(&statement);
-  assert(concrete && "dyn_cast failed");
-  return checker.semanticCheck(*concrete);
-}
+/// Whether there is a check for the statements of \p Class. Statements without operands have none.
+template <typename Class>
+concept HasCheck =
+    requires { static_cast<bool (SemanticChecker::*)(Class &)>(&SemanticChecker::semanticCheck); };
+
+/// Hands a statement to the check of its class.
+class StatementCheck : public StatementVisitor<StatementCheck, bool> {
+public:
+  explicit StatementCheck(SemanticChecker &semanticChecker) : checker(semanticChecker) {}
+
+#define TARKA_STATEMENT(Kind, Number, Class, Verb)                                                 \
+  bool visit##Class(Class &statement) { return check(statement); }
+#define TARKA_OTHER_STATEMENT(Kind, Number, Class, Verb)
+#include "AST/Statements.def"
+
+  /// What never stands in a sentence.
+  bool visitStatement(Statement &statement) {
+    return checker.report(ErrorCode::StatementInvalid, &statement);
+  }
+
+private:
+  template <typename Class> bool check(Class &statement) {
+    if constexpr (HasCheck<Class>)
+      return checker.semanticCheck(statement);
+    else
+      return true;
+  }
+
+  SemanticChecker &checker;
+};
 
 } // namespace
 
 bool SemanticChecker::semanticCheck(Statement &statement) {
-  switch (statement.getType()) {
-  case StatementType::Accept:
-    return checkAs<AcceptStatement>(*this, statement);
-  case StatementType::Add:
-    return checkAs<AddStatement>(*this, statement);
-  case StatementType::Alter:
-    return checkAs<AlterStatement>(*this, statement);
-  case StatementType::Call:
-    return checkAs<CallStatement>(*this, statement);
-  case StatementType::Cancel:
-    return checkAs<CancelStatement>(*this, statement);
-  case StatementType::Close:
-    return checkAs<CloseStatement>(*this, statement);
-  case StatementType::Compute:
-    return checkAs<ComputeStatement>(*this, statement);
-  case StatementType::Continue:
-    return checkAs<ContinueStatement>(*this, statement);
-  case StatementType::Delete:
-    return checkAs<DeleteStatement>(*this, statement);
-  case StatementType::Display:
-    return checkAs<DisplayStatement>(*this, statement);
-  case StatementType::Divide:
-    return checkAs<DivideStatement>(*this, statement);
-  case StatementType::Entry:
-    return checkAs<EntryStatement>(*this, statement);
-  case StatementType::Evaluate:
-    return checkAs<EvaluateStatement>(*this, statement);
-  case StatementType::Goto:
-    return checkAs<GotoStatement>(*this, statement);
-  case StatementType::Goback:
-    return checkAs<GobackStatement>(*this, statement);
-  case StatementType::If:
-    return checkAs<IfStatement>(*this, statement);
-  case StatementType::Initialize:
-    return checkAs<InitializeStatement>(*this, statement);
-  case StatementType::Inspect:
-    return checkAs<InspectStatement>(*this, statement);
-  case StatementType::Merge:
-    return checkAs<MergeStatement>(*this, statement);
-  case StatementType::Move:
-    return checkAs<MoveStatement>(*this, statement);
-  case StatementType::Multiply:
-    return checkAs<MultiplyStatement>(*this, statement);
-  case StatementType::Open:
-    return checkAs<OpenStatement>(*this, statement);
-  case StatementType::Perform:
-    return checkAs<PerformStatement>(*this, statement);
-  case StatementType::Read:
-    return checkAs<ReadStatement>(*this, statement);
-  case StatementType::Release:
-    return checkAs<ReleaseStatement>(*this, statement);
-  case StatementType::Return:
-    return checkAs<ReturnStatement>(*this, statement);
-  case StatementType::Rewrite:
-    return checkAs<RewriteStatement>(*this, statement);
-  case StatementType::Search:
-    return checkAs<SearchStatement>(*this, statement);
-  case StatementType::Set:
-    return checkAs<SetStatement>(*this, statement);
-  case StatementType::Sort:
-    return checkAs<SortStatement>(*this, statement);
-  case StatementType::Start:
-    return checkAs<StartStatement>(*this, statement);
-  case StatementType::Stop:
-    return checkAs<StopStatement>(*this, statement);
-  case StatementType::String:
-    return checkAs<StringStatement>(*this, statement);
-  case StatementType::Subtract:
-    return checkAs<SubtractStatement>(*this, statement);
-  case StatementType::Unstring:
-    return checkAs<UnstringStatement>(*this, statement);
-  case StatementType::Write:
-    return checkAs<WriteStatement>(*this, statement);
-  case StatementType::XmlGenerate:
-    return checkAs<XMLGenerateStatement>(*this, statement);
-  case StatementType::XmlParse:
-    return checkAs<XMLParseStatement>(*this, statement);
-  case StatementType::RwGenerate:
-    return checkAs<RwGenerateStatement>(*this, statement);
-  case StatementType::RwInitiate:
-    return checkAs<RwInitiateStatement>(*this, statement);
-  case StatementType::RwTerminate:
-    return checkAs<RwTerminateStatement>(*this, statement);
-  case StatementType::RwSuppress:
-    return checkAs<RwSuppressStatement>(*this, statement);
-  case StatementType::On:
-    return checkAs<OnStatement>(*this, statement);
-  case StatementType::Transform:
-    return checkAs<TransformStatement>(*this, statement);
-  case StatementType::Examine:
-    return checkAs<ExamineStatement>(*this, statement);
-  case StatementType::Exhibit:
-    return checkAs<ExhibitStatement>(*this, statement);
-
-  // Statements without operands of their own.
-  case StatementType::Exit:
-  case StatementType::ExitProgram:
-  case StatementType::NextSentence:
-  case StatementType::ExitParagraph:
-  case StatementType::ExitSection:
-  case StatementType::Exec:
-  case StatementType::Trace:
-  case StatementType::ExitPerform:
-    return true;
-
-  // What only the graph builder makes, and what stands elsewhere than among statements.
-  case StatementType::Use:
-  case StatementType::InnerBranch:
-  case StatementType::InnerExit:
-  case StatementType::InnerRegisterException:
-  case StatementType::InnerWhen:
-  case StatementType::InnerSearchWhen:
-    break;
-  }
-  return report(ErrorCode::StatementInvalid, &statement);
+  return StatementCheck(*this).visit(statement);
 }
 
 bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
