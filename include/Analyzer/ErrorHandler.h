@@ -8,9 +8,11 @@
 #ifndef TARKA_ANALYZER_ERRORHANDLER_H
 #define TARKA_ANALYZER_ERRORHANDLER_H
 
+#include "AST/Severity.h"
 #include <cstddef>
 #include <list>
 #include <string>
+#include <vector>
 
 namespace llvm {
 class raw_ostream;
@@ -18,17 +20,17 @@ class raw_ostream;
 
 namespace tarka {
 
-class Node;
+class SourceUnit;
 
 /// What is wrong. The value is the place of the diagnostic in the catalogue.
 enum class ErrorCode : int {
-#define DIAGNOSTIC(name, number, format) name,
+#define DIAGNOSTIC(name, number, severity, format) name,
 #include "Analyzer/Diagnostics.def"
 };
 
 /// How many diagnostics the catalogue holds.
 inline constexpr std::size_t DiagnosticCount = 0
-#define DIAGNOSTIC(name, number, format) +1
+#define DIAGNOSTIC(name, number, severity, format) +1
 #include "Analyzer/Diagnostics.def"
     ;
 
@@ -48,6 +50,15 @@ inline const ErrorInfo &errorInfo(ErrorCode code) {
   return ErrorInfoStruct[static_cast<std::size_t>(code)];
 }
 
+/// The severity of \p code in the catalogue: which of PushError() and PushWarn() reports it.
+Severity severityOf(ErrorCode code);
+
+/// A further place that explains a diagnostic.
+struct ErrorNote {
+  std::string text;
+  SourceRange place;
+};
+
 /// One diagnostic.
 class ErrorEntry {
 public:
@@ -63,8 +74,20 @@ public:
   int getNumber() const { return number; }
   const std::string &getMessage() const { return message; }
 
-  /// Writes the line of the report, with its newline: file, place from and to, severity, number
-  /// and message.
+  /// What the diagnostic is about, as the check names it. Where the check names nothing, the
+  /// report derives it from the node.
+  const std::string &getSubject() const { return subject; }
+  void setSubject(std::string what) { subject = std::move(what); }
+  /// Places that explain the diagnostic, such as "first declared here".
+  const std::vector<ErrorNote> &getNotes() const { return notes; }
+  void addNote(std::string text, const Node &at) {
+    notes.push_back({std::move(text), at.getRange()});
+  }
+  /// The source unit whose check pushed the diagnostic; null outside of one.
+  SourceUnit *getSourceUnit() const { return sourceUnit; }
+  void setSourceUnit(SourceUnit *unit) { sourceUnit = unit; }
+
+  /// Writes the line of the report, see printReportLine(). Subject and notes are not part of it.
   void print(llvm::raw_ostream &out) const;
   /// The same to the standard error stream.
   void errorReport() const;
@@ -74,6 +97,9 @@ private:
   Node *node;
   int number;
   std::string message;
+  std::string subject;
+  std::vector<ErrorNote> notes;
+  SourceUnit *sourceUnit = nullptr;
 };
 
 /// Collects the diagnostics of one compilation in the order in which they are found. Nothing is
@@ -85,8 +111,8 @@ public:
   ErrorHandler &operator=(const ErrorHandler &) = delete;
   ~ErrorHandler();
 
-  /// Notes an error at \p node, which must not be null. What follows is for the conversions of the
-  /// format of \p code; where it has none, callers pass a null that is not looked at. A null text
+  /// Records an error at \p node, which must not be null. What follows is for the conversions of
+  /// the format of \p code; where it has none, callers pass a null, which is ignored. A null text
   /// reads "(null)" in the message.
   void PushError(ErrorCode code, Node *node, ...);
   /// The same with a warning.
@@ -95,11 +121,15 @@ public:
   /// Prints every diagnostic to the standard error stream, in the order found.
   void Report();
 
+  /// The diagnostic that was pushed last, to which a check may add a subject and notes.
+  ErrorEntry &lastEntry() { return *entries.back(); }
   const std::list<ErrorEntry *> &getErrorList() const { return entries; }
   int getErrorCount() const { return errorCount; }
   int getWarningCount() const { return warningCount; }
 
 private:
+  void push(ErrorEntry::ErrorSeverity severity, ErrorCode code, Node *node, std::string message);
+
   std::list<ErrorEntry *> entries;
   int errorCount = 0;
   int warningCount = 0;

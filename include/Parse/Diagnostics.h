@@ -8,7 +8,7 @@
 #ifndef TARKA_PARSE_DIAGNOSTICS_H
 #define TARKA_PARSE_DIAGNOSTICS_H
 
-#include "AST/Node.h"
+#include "AST/Severity.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/SmallSet.h"
 #include "llvm/Support/FormatVariadic.h"
@@ -19,8 +19,6 @@
 
 namespace tarka {
 
-enum class DiagnosticSeverity : uint8_t { Fatal, Error, Warning, Info };
-
 /// A message of the front end. The value is its number.
 enum class DiagnosticId : uint16_t {
 #define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text) Enumerator = Number,
@@ -30,7 +28,7 @@ enum class DiagnosticId : uint16_t {
 /// What the table says about one message.
 struct DiagnosticInfo {
   DiagnosticId id;
-  DiagnosticSeverity severity;
+  Severity severity;
   const char *text; ///< in the style of llvm::formatv
 };
 
@@ -40,18 +38,17 @@ llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable();
 /// The entry of \p id.
 const DiagnosticInfo &infoOf(DiagnosticId id);
 
-/// The word that the report uses: "fatal", "error", "warning" or "info".
-llvm::StringRef severityName(DiagnosticSeverity severity);
-
 /// \p text as a message can show it: as it is, or in hexadecimal where it is no printable UTF-8.
 std::string showText(llvm::StringRef text);
 
 /// One message that was reported.
 struct DiagnosticEntry {
   DiagnosticId id;
-  DiagnosticSeverity severity;
+  Severity severity;
   SourceRange place;
   std::string message;
+  /// Changes of the source that certainly mend it; empty where there are none.
+  std::vector<TextEdit> fix;
 
   unsigned getNumber() const { return static_cast<unsigned>(id); }
 };
@@ -69,6 +66,13 @@ public:
       return;
     const DiagnosticInfo &info = infoOf(id);
     add(info, place, llvm::formatv(info.text, std::forward<Arguments>(arguments)...).str());
+  }
+
+  /// Says that \p edit certainly mends what was reported last; \p id is the number of that, so that
+  /// nothing happens when the report was dropped.
+  void addFix(DiagnosticId id, TextEdit edit) {
+    if (!isSilent && !entries.empty() && entries.back().id == id)
+      entries.back().fix.push_back(std::move(edit));
   }
 
   llvm::ArrayRef<DiagnosticEntry> getEntries() const { return entries; }

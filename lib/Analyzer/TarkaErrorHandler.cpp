@@ -1,8 +1,7 @@
 //===- TarkaErrorHandler.cpp - diagnostics and their report ---------------===//
 
-#include "AST/Node.h"
 #include "Analyzer/ErrorHandler.h"
-#include "llvm/Support/ErrorHandling.h"
+#include "Analyzer/TopLevel.h"
 #include "llvm/Support/raw_ostream.h"
 #include <cstdarg>
 #include <cstdio>
@@ -11,12 +10,17 @@
 namespace tarka {
 
 const ErrorInfo ErrorInfoStruct[DiagnosticCount + 1] = {
-#define DIAGNOSTIC(name, number, format) {number, format},
+#define DIAGNOSTIC(name, number, severity, format) {number, format},
 #include "Analyzer/Diagnostics.def"
     {0, ""},
 };
 
 namespace {
+
+constexpr Severity severities[DiagnosticCount] = {
+#define DIAGNOSTIC(name, number, severity, format) Severity::severity,
+#include "Analyzer/Diagnostics.def"
+};
 
 /// The message of \p code. Nearly all fit the buffer; a longer one, made so by its argument, is
 /// formatted again at its full length.
@@ -37,20 +41,6 @@ std::string formatMessage(ErrorCode code, va_list arguments) {
   return message;
 }
 
-const char *severityWord(ErrorEntry::ErrorSeverity severity) {
-  switch (severity) {
-  case ErrorEntry::Fatal:
-    return "fatal";
-  case ErrorEntry::Error:
-    return "error";
-  case ErrorEntry::Warning:
-    return "warning";
-  case ErrorEntry::Info:
-    return "info";
-  }
-  llvm_unreachable("invalid Severity used");
-}
-
 /// Writes to the standard error stream through \p write, in large pieces. A stream that cannot be
 /// written to is no reason to end the program.
 template <typename Writer> void toStandardError(Writer write) {
@@ -64,10 +54,12 @@ template <typename Writer> void toStandardError(Writer write) {
 
 } // namespace
 
+Severity severityOf(ErrorCode code) {
+  return severities[static_cast<std::size_t>(code)];
+}
+
 void ErrorEntry::print(llvm::raw_ostream &out) const {
-  out << node->getFileName() << ':' << node->getBeginLineNo() << ':' << node->getBeginCharPos()
-      << " - " << node->getEndLineNo() << ':' << node->getEndCharPos() << ' '
-      << severityWord(severity) << ' ' << number << " : " << message << '\n';
+  printReportLine(out, node->getRange(), static_cast<Severity>(severity), number, message);
 }
 
 void ErrorEntry::errorReport() const {
@@ -79,23 +71,25 @@ ErrorHandler::~ErrorHandler() {
     delete entry;
 }
 
+void ErrorHandler::push(ErrorEntry::ErrorSeverity severity, ErrorCode code, Node *node,
+                        std::string message) {
+  entries.push_back(new ErrorEntry(severity, node, errorInfo(code).number, std::move(message)));
+  lastEntry().setSourceUnit(TopLevel::getTopLevelInstance("")->getCurrentSourceUnit());
+}
+
 void ErrorHandler::PushError(ErrorCode code, Node *node, ...) {
   va_list arguments;
   va_start(arguments, node);
-  std::string message = formatMessage(code, arguments);
+  push(ErrorEntry::Error, code, node, formatMessage(code, arguments));
   va_end(arguments);
-  entries.push_back(
-      new ErrorEntry(ErrorEntry::Error, node, errorInfo(code).number, std::move(message)));
   ++errorCount;
 }
 
 void ErrorHandler::PushWarn(ErrorCode code, Node *node, ...) {
   va_list arguments;
   va_start(arguments, node);
-  std::string message = formatMessage(code, arguments);
+  push(ErrorEntry::Warning, code, node, formatMessage(code, arguments));
   va_end(arguments);
-  entries.push_back(
-      new ErrorEntry(ErrorEntry::Warning, node, errorInfo(code).number, std::move(message)));
   ++warningCount;
 }
 

@@ -3,14 +3,13 @@
 #include "Parse/Diagnostics.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
-#include "llvm/Support/ErrorHandling.h"
 #include "llvm/Support/JSON.h"
 
 namespace tarka {
 
 static const DiagnosticInfo table[] = {
-#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text)                                   \
-  {DiagnosticId::Enumerator, DiagnosticSeverity::Severity, Text},
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Level, Text)                                      \
+  {DiagnosticId::Enumerator, Severity::Level, Text},
 #include "Parse/Diagnostics.def"
 };
 
@@ -21,7 +20,7 @@ llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable() {
 const DiagnosticInfo &infoOf(DiagnosticId id) {
   // Two messages with one number would be two equal case labels, which does not compile.
   switch (id) {
-#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Severity, Text) case DiagnosticId::Enumerator:
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Level, Text) case DiagnosticId::Enumerator:
 #include "Parse/Diagnostics.def"
     break;
   }
@@ -29,20 +28,6 @@ const DiagnosticInfo &infoOf(DiagnosticId id) {
       llvm::find_if(table, [id](const DiagnosticInfo &entry) { return entry.id == id; });
   assert(info != std::end(table) && "a message that is not in the table");
   return *info;
-}
-
-llvm::StringRef severityName(DiagnosticSeverity severity) {
-  switch (severity) {
-  case DiagnosticSeverity::Fatal:
-    return "fatal";
-  case DiagnosticSeverity::Error:
-    return "error";
-  case DiagnosticSeverity::Warning:
-    return "warning";
-  case DiagnosticSeverity::Info:
-    return "info";
-  }
-  llvm_unreachable("not a severity");
 }
 
 std::string showText(llvm::StringRef text) {
@@ -57,17 +42,17 @@ void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &pla
   // What is wrong behind a fatal error is its consequence.
   if (fatalSeen)
     return;
-  entries.push_back({info.id, info.severity, place, std::move(message)});
-  if (info.severity == DiagnosticSeverity::Fatal)
+  entries.push_back({info.id, info.severity, place, std::move(message), {}});
+  if (info.severity == Severity::Fatal)
     fatalSeen = true;
-  if (info.severity == DiagnosticSeverity::Fatal || info.severity == DiagnosticSeverity::Error)
+  if (isError(info.severity))
     ++errorCount;
   // Past the bound one last message says that there is more.
   if (errorCount < maxErrors)
     return;
   isSilent = true;
   const DiagnosticInfo &closing = infoOf(DiagnosticId::TooManyErrors);
-  entries.push_back({closing.id, closing.severity, place, closing.text});
+  entries.push_back({closing.id, closing.severity, place, closing.text, {}});
   fatalSeen = true;
 }
 

@@ -6,8 +6,8 @@
 //
 //===----------------------------------------------------------------------===//
 
+#include "AST/Spelling.h"
 #include "Parse/Parser.h"
-#include "Parse/Spelling.h"
 #include "llvm/ADT/StringExtras.h"
 
 namespace tarka {

@@ -1,8 +1,8 @@
 //===- ParseExpression.cpp - operands and arithmetic expressions ----------===//
 
 #include "AST/IntrinsicFunctions.h"
+#include "AST/Spelling.h"
 #include "Parse/Parser.h"
-#include "Parse/Spelling.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 

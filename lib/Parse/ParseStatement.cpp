@@ -11,8 +11,8 @@
 //
 //===----------------------------------------------------------------------===//
 
+#include "AST/Spelling.h"
 #include "Parse/Parser.h"
-#include "Parse/Spelling.h"
 #include <utility>
 
 namespace tarka {

@@ -1,7 +1,7 @@
 //===- Parser.cpp - tokens, names and literals ----------------------------===//
 
 #include "Parse/Parser.h"
-#include "Parse/Spelling.h"
+#include "AST/Spelling.h"
 #include "llvm/ADT/SmallString.h"
 
 namespace tarka {

@@ -1,8 +1,8 @@
 //===- SuppliedText.cpp - copybooks that come with CICS and DB2 -----------===//
 
 #include "Parse/SuppliedText.h"
+#include "AST/Spelling.h"
 #include "Parse/ParseOptions.h"
-#include "Parse/Spelling.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {

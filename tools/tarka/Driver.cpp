@@ -9,10 +9,12 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "Explain.h"
+#include "Findings.h"
 #include "Parse/Parse.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
+#include "Report/Sink.h"
 #include "Verify.h"
 #include "Workers.h"
 #include "llvm/Support/Path.h"
@@ -75,6 +77,7 @@ private:
   const std::string &file;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
+  std::vector<Diagnostic> findings;
   Program *program = nullptr;
   bool checksSucceeded = false;
 };
@@ -91,6 +94,7 @@ bool Compilation::check() {
   }
   program = *parsed;
   checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
+  findings = collectFindings(file, frontEnd, handler);
   return true;
 }
 
@@ -98,9 +102,8 @@ int Compilation::run() {
   if (!check())
     return ExitUnusable;
   if (request.verify)
-    return verifyReport(file, request.parse.encoding, frontEnd, handler, llvm::errs())
-               ? ExitClean
-               : ExitFindings;
+    return verifyReport(file, request.parse.encoding, findings, llvm::errs()) ? ExitClean
+                                                                              : ExitFindings;
   llvm::errs().SetBuffered();
   report(llvm::errs());
   llvm::errs().flush();
@@ -119,13 +122,9 @@ int Compilation::run() {
 }
 
 void Compilation::report(llvm::raw_ostream &out) const {
-  for (const DiagnosticEntry &entry : frontEnd.getEntries())
-    out << fileNameOf(entry.place.file) << ':' << entry.place.beginLine << ':'
-        << entry.place.beginColumn << " - " << entry.place.endLine << ':' << entry.place.endColumn
-        << ' ' << severityName(entry.severity) << ' ' << entry.getNumber() << " : " << entry.message
-        << '\n';
-  for (const ErrorEntry *entry : handler.getErrorList())
-    entry->print(out);
+  std::unique_ptr<Sink> sink = makeClassicSink(out);
+  for (const Diagnostic &diagnostic : findings)
+    sink->report(diagnostic);
 }
 
 int Compilation::printGraph() {

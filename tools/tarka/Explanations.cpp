@@ -24,11 +24,6 @@ constexpr EmbeddedText embeddedTexts[] = {
 #include "Explanations.inc"
 };
 
-/// The diagnostics of the checks are errors, but for one.
-llvm::StringRef severityOf(ErrorCode code) {
-  return code == ErrorCode::SubscriptBelowOne ? "warning" : "error";
-}
-
 std::vector<DiagnosticRow> collectRows() {
   std::vector<DiagnosticRow> rows;
   for (const DiagnosticInfo &info : frontEndDiagnosticTable()) {
@@ -44,7 +39,7 @@ std::vector<DiagnosticRow> collectRows() {
     if (isTwin)
       name += "-row" + std::to_string(row);
     rows.push_back({static_cast<unsigned>(info.number), name,
-                    severityOf(static_cast<ErrorCode>(row)), info.format});
+                    severityName(severityOf(static_cast<ErrorCode>(row))), info.format});
   }
   llvm::sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
     return std::tie(left.number, left.name) < std::tie(right.number, right.name);

@@ -39,16 +39,11 @@ struct Expectation {
   }
 };
 
-std::vector<Reported> collect(const FrontEndDiagnostics &frontEnd, const ErrorHandler &handler) {
+std::vector<Reported> collect(llvm::ArrayRef<Diagnostic> findings) {
   std::vector<Reported> all;
-  for (const DiagnosticEntry &entry : frontEnd.getEntries())
-    all.push_back({fileNameOf(entry.place.file), entry.place.beginLine, entry.place.beginColumn,
-                   entry.place.endColumn, entry.getNumber(), entry.message});
-  for (const ErrorEntry *entry : handler.getErrorList()) {
-    const SourceRange &place = entry->getNode()->getRange();
-    all.push_back({fileNameOf(place.file), place.beginLine, place.beginColumn, place.endColumn,
-                   static_cast<unsigned>(entry->getNumber()), entry->getMessage()});
-  }
+  for (const Diagnostic &one : findings)
+    all.push_back({fileNameOf(one.place.file), one.place.beginLine, one.place.beginColumn,
+                   one.place.endColumn, static_cast<unsigned>(one.number), one.text});
   return all;
 }
 
@@ -140,9 +135,8 @@ private:
 } // namespace
 
 bool verifyReport(const std::string &file, const std::string &encoding,
-                  const FrontEndDiagnostics &frontEnd, const ErrorHandler &handler,
-                  llvm::raw_ostream &out) {
-  std::vector<Reported> reported = collect(frontEnd, handler);
+                  llvm::ArrayRef<Diagnostic> findings, llvm::raw_ostream &out) {
+  std::vector<Reported> reported = collect(findings);
 
   std::set<std::string> files{file};
   for (const Reported &one : reported)

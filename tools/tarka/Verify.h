@@ -3,8 +3,8 @@
 #ifndef TARKA_TOOLS_VERIFY_H
 #define TARKA_TOOLS_VERIFY_H
 
-#include "Analyzer/ErrorHandler.h"
-#include "Parse/Diagnostics.h"
+#include "Report/Diagnostic.h"
+#include "llvm/ADT/ArrayRef.h"
 #include <string>
 
 namespace tarka {
@@ -20,8 +20,7 @@ namespace tarka {
 /// written to \p out; true when there is none.
 /// \p encoding is that of the files; empty is UTF-8.
 bool verifyReport(const std::string &file, const std::string &encoding,
-                  const FrontEndDiagnostics &frontEnd, const ErrorHandler &handler,
-                  llvm::raw_ostream &out);
+                  llvm::ArrayRef<Diagnostic> findings, llvm::raw_ostream &out);
 
 } // namespace tarka
 

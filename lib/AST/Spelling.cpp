@@ -1,6 +1,6 @@
 //===- Spelling.cpp - which word a misspelt one was meant to be -----------===//
 
-#include "Parse/Spelling.h"
+#include "AST/Spelling.h"
 #include "llvm/ADT/SmallVector.h"
 #include <algorithm>
 

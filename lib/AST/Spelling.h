@@ -1,7 +1,7 @@
 //===- Spelling.h - which word a misspelt one was meant to be ---*- C++ -*-===//
 
-#ifndef TARKA_LIB_PARSE_SPELLING_H
-#define TARKA_LIB_PARSE_SPELLING_H
+#ifndef TARKA_LIB_AST_SPELLING_H
+#define TARKA_LIB_AST_SPELLING_H
 
 #include "llvm/ADT/StringRef.h"
 
@@ -32,4 +32,4 @@ private:
 
 } // namespace tarka
 
-#endif // TARKA_LIB_PARSE_SPELLING_H
+#endif // TARKA_LIB_AST_SPELLING_H

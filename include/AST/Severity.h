@@ -1,0 +1,52 @@
+//===- Severity.h - how serious a diagnostic is -----------------*- C++ -*-===//
+//
+// What the diagnostics of the front end, of the checks and of later passes have
+// in common: their severities, and the line that the report has for one.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_AST_SEVERITY_H
+#define TARKA_AST_SEVERITY_H
+
+#include "AST/Node.h"
+#include <cstdint>
+
+namespace llvm {
+class raw_ostream;
+} // namespace llvm
+
+namespace tarka {
+
+enum class Severity : std::uint8_t {
+  Fatal = 0,   ///< an error after which the text is not read further
+  Error = 1,   ///< the program is wrong
+  Warning = 2, ///< the program is accepted; the exit status does not change
+  Info = 3,
+};
+
+/// The word that the report uses: "fatal", "error", "warning" or "info".
+llvm::StringRef severityName(Severity severity);
+
+/// Whether the exit status counts it.
+inline bool isError(Severity severity) {
+  return severity == Severity::Fatal || severity == Severity::Error;
+}
+
+/// Writes the line of one diagnostic, with its newline:
+/// FILE:LINE:COLUMN - LINE:COLUMN severity NUMBER : message
+void printReportLine(llvm::raw_ostream &out, const SourceRange &place, Severity severity,
+                     int number, llvm::StringRef message);
+
+/// A change of the source text.
+struct TextEdit {
+  /// The text to replace. An insertion has its end one column before its beginning.
+  SourceRange place;
+  /// What stands there now, in upper case; the edit is only valid where it does. Empty for an
+  /// insertion.
+  std::string oldText;
+  std::string newText;
+};
+
+} // namespace tarka
+
+#endif // TARKA_AST_SEVERITY_H

@@ -1,0 +1,63 @@
+//===- Diagnostic.h - one diagnostic, whoever found it ----------*- C++ -*-===//
+//
+// The one value that stands for a diagnostic of the front end, of the checks and
+// of later passes. It holds everything that a report shows, so that it can be
+// sent from the process that found it to the one that prints it.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_REPORT_DIAGNOSTIC_H
+#define TARKA_REPORT_DIAGNOSTIC_H
+
+#include "AST/Severity.h"
+#include "llvm/ADT/StringRef.h"
+#include <string>
+#include <vector>
+
+namespace tarka {
+
+/// A further place that explains a diagnostic, such as "first declared here".
+struct DiagnosticNote {
+  std::string text;
+  SourceRange place;
+  /// The source line that the place begins in, as UTF-8; empty where it cannot be shown.
+  std::string line;
+};
+
+/// One diagnostic.
+struct Diagnostic {
+  int number = 0;
+  Severity severity = Severity::Error;
+  /// The text of the table, with its arguments filled in.
+  std::string text;
+  /// What it is about: a name as spelt, a literal as written. Empty where nothing is known.
+  std::string subject;
+  /// More about the subject: the description of the item, or the name that was probably meant.
+  std::string detail;
+  SourceRange place;
+  /// The source line that the place begins in, as UTF-8; empty where it cannot be shown.
+  std::string line;
+  std::vector<DiagnosticNote> notes;
+  /// The edits that certainly mend it; empty where there are none.
+  std::vector<TextEdit> fix;
+  /// The name of the source file of the compilation, without its directory. The place itself may
+  /// be in a copybook.
+  std::string program;
+  /// Identifies the finding from one run to the next, wherever its line has moved to.
+  std::string fingerprint;
+  /// The source files of all compilations that have this same diagnostic of a copybook; empty when
+  /// it was found in one only.
+  std::vector<std::string> programs;
+
+  /// The text with what it is about behind it, and in how many programs it was found.
+  std::string getMessage() const;
+};
+
+/// Gives each of \p diagnostics, which are those of one compilation in the order found, its
+/// fingerprint: made of the number, the program and the text of the line with its spaces squeezed.
+/// Several with equal ones are told apart by their order.
+void setFingerprints(std::vector<Diagnostic> &diagnostics);
+
+} // namespace tarka
+
+#endif // TARKA_REPORT_DIAGNOSTIC_H

@@ -1,0 +1,39 @@
+//===- Diagnostic.cpp - one diagnostic, whoever found it ------------------===//
+
+#include "Report/Diagnostic.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/StringMap.h"
+#include "llvm/Support/BLAKE3.h"
+
+namespace tarka {
+
+std::string Diagnostic::getMessage() const {
+  std::string message = text;
+  // Some texts name their subject themselves.
+  const std::string quoted = "'" + subject + "'";
+  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted))
+    message = llvm::StringRef(text).rtrim(" .").str() + ": " + quoted;
+  if (!detail.empty())
+    message += "; " + detail;
+  if (programs.size() > 1)
+    message += "; in " + std::to_string(programs.size()) + " programs";
+  return message;
+}
+
+void setFingerprints(std::vector<Diagnostic> &diagnostics) {
+  llvm::StringMap<unsigned> occurrences;
+  for (Diagnostic &diagnostic : diagnostics) {
+    llvm::SmallVector<llvm::StringRef, 16> words;
+    llvm::SplitString(diagnostic.line, words);
+    const std::string key = std::to_string(diagnostic.number) + '\n' + diagnostic.program + '\n' +
+                            llvm::join(words, " ");
+    llvm::BLAKE3 hasher;
+    hasher.update(llvm::StringRef(key));
+    const auto hash = hasher.final<8>();
+    diagnostic.fingerprint = llvm::toHex(hash, /*LowerCase=*/true);
+    if (const unsigned before = occurrences[key]++)
+      diagnostic.fingerprint += '-' + std::to_string(before + 1);
+  }
+}
+
+} // namespace tarka
