@@ -114,7 +114,6 @@ class XMLGenerateStatement;
 class XMLParseStatement;
 
 struct ExceptionProcedures;
-struct RedefinableEntries;
 
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
@@ -195,7 +194,7 @@ public:
   // Programs, divisions and procedures: SemanticChecker.cpp
   //===--------------------------------------------------------------------===//
 
-  /// Checks one compilation: the door of the analysis.
+  /// Checks one compilation. The analysis begins here.
   bool semanticCheck(Program &program);
   /// Checks a program and the programs nested in it.
   bool semanticCheck(SourceUnit &unit);
@@ -219,7 +218,7 @@ public:
   void createSpecialRegister(std::list<DataDescription *> *list);
 
   //===--------------------------------------------------------------------===//
-  // Environment division: SCDivisionEnvironment.cpp
+  // Environment division: Environment/SC*.cpp
   //===--------------------------------------------------------------------===//
 
   bool semanticCheck(EnvironmentDivision &division);
@@ -255,7 +254,7 @@ public:
   bool checkClauseApplyWriteOnly(ParaIOControl &entry);
 
   //===--------------------------------------------------------------------===//
-  // Data description entries: SCDataDescription*.cpp
+  // Data description entries: Data/SCData*.cpp
   //===--------------------------------------------------------------------===//
 
   /// Checks one entry and everything below it.
@@ -294,7 +293,7 @@ public:
   /// every literal is checked.
   bool checkClauseValue(ClauseValue *clause);
   bool checkGroupValue(DataDescription *subordinate);
-  /// Holds the initial value of \p entry against its category and size, and notes that the entry
+  /// Checks the initial value of \p entry against its category and size, and notes that the entry
   /// and the groups around it have one.
   bool checkLiteralValue(DataDescription *entry, LiteralExpression *literal);
   /// Pointers may only be NULL, and nothing else may.
@@ -314,7 +313,7 @@ public:
   bool checkClauseDateFormat(DataDescription &entry);
 
   //===--------------------------------------------------------------------===//
-  // File description entries: SCFileDescription.cpp
+  // File description entries: Data/SCFileDescription.cpp
   //===--------------------------------------------------------------------===//
 
   bool semanticCheck(FileDescription &file);
@@ -334,7 +333,7 @@ public:
   void determineRecordingModeV(DataDescription &record, FileDescription &file);
 
   //===--------------------------------------------------------------------===//
-  // Report description entries: SCReportDescription*.cpp
+  // Report description entries: Report/SCReport*.cpp
   //===--------------------------------------------------------------------===//
 
   bool semanticCheck(ReportDescription &report);
@@ -457,10 +456,6 @@ public:
   bool semanticCheck(XMLGenerateStatement &statement);
   bool semanticCheck(XMLParseStatement &statement);
 
-  /// True when the records of two files stand in one place: those of a file, and of files that a
-  /// SAME AREA or SAME RECORD AREA clause names together.
-  bool shareRecordArea(const FileDescription *left, const FileDescription *right) const;
-
   /// A USING item of ENTRY.
   bool semanticCheck(Parameter *parameter);
 
@@ -471,70 +466,9 @@ public:
   Paragraph *findParagraphFromQualWord(QualifiedWord *name, Statement *statement);
 
 private:
-  // SemanticChecker.cpp
-  bool isFileNameOfProgram(SourceUnit &unit);
-  void makeCallable(SourceUnit &unit);
-  void sizeXmlText();
-  bool checkUsingItem(Expression *item);
-  bool checkUseFile(IdentifierExpression &name);
-  bool checkUseReporting(UseStatement &use);
-  bool checkUseProcedures(UseStatement &use);
-  bool checkSentences(const std::list<Sentence *> &sentences, Section *section);
-
-  // SCFileDescription.cpp
-  bool checkFileRecords(FileDescription &file);
-  void settleRecordingMode(FileDescription &file);
-  bool checkFileLength(NumericLiteralExpression *length, ErrorCode notUnsigned);
-  bool checkRecordDependingOn(ClauseRecord &clause);
-  bool checkValueOfField(Expression &value);
-  // SCDivisionEnvironment.cpp
-  bool checkAlphabetLiteral(LiteralExpression *literal, DataCategory reference, bool isThru);
-  bool checkAlphabetPhrase(PhrsAlphabet &phrase, DataCategory reference);
-  bool checkFileStatus(DataIdentifierExpression &status);
-  bool checkPassword(ClausePassWord &clause);
-
-  // SCReportEntry.cpp
-  bool checkReportEntry(ReportDataDescription &entry);
-
   // SCExprIdentifiers.cpp
   llvm::SmallVector<FileDescription *, 2> findFiles(FileIdentifierExpression &identifier);
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
-
-  // SCDataDescription.cpp
-  bool checkSubordinates(DataDescription &entry);
-  bool checkUsageOfData(DataDescription &entry, UsageType usage);
-
-  // SCDataPicture.cpp
-  bool checkPictureCategory(DataDescription &entry, const ClausePicture &picture);
-  bool checkCurrencySymbol(ClausePicture &picture);
-
-  // SCDataOccurs.cpp
-  enum class KeyResult { Right, Wrong, OutsideTable };
-  bool checkOccursBounds(DataDescription &table);
-  /// Whether the keys are right; OutsideTable as soon as one is no item of the table.
-  KeyResult checkOccursKeys(DataDescription &table);
-  KeyResult checkOccursKey(DataDescription &table, Expression *key);
-  void createIndexNames(DataDescription &table);
-  bool checkOccursDepending(DataDescription &table);
-
-  // SCDataRedefines.cpp
-  RedefinableEntries *findRedefinable(const DataDescription &subject,
-                                      const std::list<DataDescription *> &list);
-  DataDescription *findRedefinedEntry(DataDescription &subject, const Word &name);
-  bool checkRedefinition(DataDescription &subject, const DataDescription &object);
-
-  // SCDataValue.cpp
-  bool convertSymbolicValues(ClauseValue &clause);
-  bool checkGroupLiteral(DataDescription &group, const ClauseValue &clause);
-  bool checkConditionValues(DataDescription &conditionName, ClauseValue &clause, bool ok);
-  bool checkInitialValue(const DataDescription &entry, LiteralExpression &literal);
-  bool checkCharacterValue(const DataDescription &entry, LiteralExpression &literal);
-  bool checkNationalValue(const DataDescription &entry, LiteralExpression &literal);
-  bool checkDbcsValue(const DataDescription &entry, LiteralExpression &literal);
-  bool checkNumericValue(const DataDescription &entry, LiteralExpression &literal);
-  bool checkScaledValue(const ClausePicture &picture, llvm::StringRef integer,
-                        llvm::StringRef decimals, LiteralExpression &literal);
-  bool checkValueLength(const DataDescription &entry, LiteralExpression &literal);
 
   // SCExpr.cpp, SCLiteral.cpp
   void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);

@@ -36,19 +36,22 @@ void ParaSpecialNames::addEnvName(ClauseEnvName *clause) {
 
 void ParaSpecialNames::addAlphabet(ClauseAlphabet *clause) {
   alphabets.push_back(clause);
-  alphabetIndex.try_emplace(&clause->getAlphabetName()->getWordData(), clause);
+  if (const Word *name = clause->getAlphabetName())
+    alphabetIndex.try_emplace(&name->getWordData(), clause);
 }
 
 void ParaSpecialNames::addSymbolic(ClauseSymbolic *clause) {
   symbolics.push_back(clause);
   for (PhrsSymbolic *phrase : clause->getSymbolicListElements())
-    for (Word *name : phrase->getSourceListElements())
-      symbolicIndex.try_emplace(&name->getWordData(), clause);
+    for (const Word *name : phrase->getSourceListElements())
+      if (name)
+        symbolicIndex.try_emplace(&name->getWordData(), clause);
 }
 
 void ParaSpecialNames::addClass(ClauseClass *clause) {
   classes.push_back(clause);
-  classIndex.try_emplace(&clause->getClassName()->getWordData(), clause);
+  if (const Word *name = clause->getClassName())
+    classIndex.try_emplace(&name->getWordData(), clause);
 }
 
 ClauseAlphabet *ParaSpecialNames::findClauseAlphabetByWord(const Word *name) const {
@@ -75,7 +78,8 @@ ClauseSymbolic *ParaSpecialNames::findClauseSymbolicByWord(const Word *symbolicC
 
 void InputOutputSection::addFileControl(ParaFileControl *entry) {
   fileControls.push_back(entry);
-  fileControlIndex.try_emplace(&entry->getFileName()->getWordData(), entry);
+  if (const Word *name = entry->getFileName())
+    fileControlIndex.try_emplace(&name->getWordData(), entry);
 }
 
 ParaFileControl *InputOutputSection::findFileControlByName(const Word &name) const {

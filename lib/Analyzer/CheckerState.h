@@ -8,14 +8,15 @@
 #ifndef TARKA_LIB_ANALYZER_CHECKERSTATE_H
 #define TARKA_LIB_ANALYZER_CHECKERSTATE_H
 
+#include "Analyzer/Data/RedefinableEntries.h"
+#include "Analyzer/Data/SymbolicCharacters.h"
+#include "Analyzer/Environment/SharedAreas.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringSet.h"
 #include <cstddef>
-#include <list>
 #include <map>
-#include <memory>
 #include <string>
 #include <utility>
 
@@ -29,35 +30,19 @@ struct ExceptionProcedures {
   llvm::DenseMap<const FileDescription *, bool> files;
 };
 
-/// The entries of one list that stand before the last REDEFINES looked at in it, by their names:
-/// of the same name the nearest.
-struct RedefinableEntries {
-  explicit RedefinableEntries(const std::list<DataDescription *> &list) : next(list.begin()) {}
-
-  std::list<DataDescription *>::const_iterator next;
-  llvm::DenseMap<const std::string *, DataDescription *> byName;
-};
-
-/// The SAME AREA and the SAME RECORD AREA clause that name a file; null when there is none.
-struct SharedAreas {
-  const ClauseSame *area = nullptr;
-  const ClauseSame *recordArea = nullptr;
-};
-
 struct SemanticChecker::State {
   /// The items of usedSrcList by what their operands are subscripted by, and how many items were
   /// read into it.
   llvm::DenseMap<DataDescription *, llvm::SmallVector<ReportDataDescription *, 1>>
       usedSrcBySubscript;
   std::size_t usedSrcRead = 0;
-  /// By the address of the list.
-  llvm::DenseMap<const std::list<DataDescription *> *, std::unique_ptr<RedefinableEntries>>
-      redefinableEntries;
+  RedefinableEntries redefinable;
   std::map<const SourceUnit *, ExceptionProcedures> exceptionProcedures;
   /// The programs of the compilation by the unit that they are nested in, null for the outermost
   /// ones, and by their names in upper case; empty until a CALL asks.
   llvm::DenseMap<std::pair<const SourceUnit *, const std::string *>, SourceUnit *> programs;
-  llvm::DenseMap<const FileDescription *, SharedAreas> sharedAreas;
+  SharedAreas sharedAreas;
+  SymbolicCharacters symbolicCharacters;
   /// The texts of the names of the ENTRY statements.
   llvm::StringSet<> entryTexts;
 };

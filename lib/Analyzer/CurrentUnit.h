@@ -35,6 +35,32 @@ inline ParaSpecialNames *currentSpecialNames() {
   return unit ? unit->getSpecialNames() : nullptr;
 }
 
+/// Makes a program the current one until the end of the scope.
+class UnitScope {
+public:
+  explicit UnitScope(SourceUnit *unit) : before(currentUnit()) {
+    context().setCurrentSourceUnit(unit);
+  }
+  ~UnitScope() { context().setCurrentSourceUnit(before); }
+  UnitScope(const UnitScope &) = delete;
+  UnitScope &operator=(const UnitScope &) = delete;
+
+private:
+  SourceUnit *before;
+};
+
+/// Ends DECIMAL-POINT IS COMMA with the program that contains it.
+class DecimalPointScope {
+public:
+  DecimalPointScope() : before(context().getIsDecimalPointComma()) {}
+  ~DecimalPointScope() { context().setIsDecimalPointComma(before); }
+  DecimalPointScope(const DecimalPointScope &) = delete;
+  DecimalPointScope &operator=(const DecimalPointScope &) = delete;
+
+private:
+  bool before;
+};
+
 } // namespace tarka
 
 #endif // TARKA_LIB_ANALYZER_CURRENTUNIT_H

@@ -1,8 +1,8 @@
 //===- SpecialRegisters.cpp - the special registers as data entries -------===//
 //
-// The special registers of the language are made level-01 entries of
-// working-storage, so that later stages need not know them apart from what the
-// programmer declares.
+// The special registers of the language become level-01 entries of
+// working-storage, so that later stages treat them like what the programmer
+// declares.
 //
 //===----------------------------------------------------------------------===//
 
@@ -38,10 +38,9 @@ struct SpecialRegister {
   Option option;     ///< the option that the register depends on
 };
 
-/// In the order in which they stand in working-storage. What looks uneven is on purpose: which ones
-/// are GLOBAL, that XML-EVENT has no USAGE, that the XML registers start from the literal 0 and the
-/// others from ZERO, and that the two OS/VS registers stand the other way round than those of the
-/// report writer.
+/// In the order in which they stand in working-storage. Later stages rely on the details: which
+/// ones are GLOBAL, that XML-EVENT has no USAGE, that the XML registers start from the literal 0
+/// and the others from ZERO, and the order of the two OS/VS registers.
 constexpr SpecialRegister Registers[] = {
     // clang-format off
     {"RETURN-CODE",             Global, "S9(4)", UsageType::Binary,  Initial::Zero,       nullptr,          Always},

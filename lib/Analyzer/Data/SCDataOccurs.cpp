@@ -1,4 +1,4 @@
-//===- SCDataOccurs.cpp - OCCURS ------------------------------------------===//
+//===- SCDataOccurs.cpp - OCCURS ----------------------------------------===//
 //
 // The bounds of a table, its keys, its index names, and the object of DEPENDING
 // ON. On the way keys are qualified, and every index name gets an entry.
@@ -11,61 +11,6 @@
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
-
-bool SemanticChecker::checkClauseOccurs(DataDescription &table) {
-  bool ok = true;
-  if (table.getLevelNum() == 66 || table.getLevelNum() == 77 || table.getLevelNum() == 88)
-    ok = report(ErrorCode::OccursLevelNumber, &table);
-  ok &= checkOccursBounds(table);
-  switch (checkOccursKeys(table)) {
-  case KeyResult::OutsideTable:
-    // The rest of the clause is not looked at, on purpose: it has no index names then either.
-    return false;
-  case KeyResult::Wrong:
-    ok = false;
-    break;
-  case KeyResult::Right:
-    break;
-  }
-  createIndexNames(table);
-  if (table.getOccurs()->getOdoName())
-    ok &= checkOccursDepending(table);
-  return ok;
-}
-
-//===----------------------------------------------------------------------===//
-// Bounds
-//===----------------------------------------------------------------------===//
-
-/// OCCURS max, or OCCURS min TO max with max above min.
-bool SemanticChecker::checkOccursBounds(DataDescription &table) {
-  bool ok = true;
-  const ClauseOccurs &occurs = *table.getOccurs();
-  if (NumericLiteralExpression *max = occurs.getMaxExpr()) {
-    ok &= semanticCheck(*max);
-    if (!max->isInteger())
-      ok = report(ErrorCode::OccursRangeNotInteger, &table);
-    // The message speaks of the minimum, on purpose.
-    if (occurs.getMax() < 1)
-      ok = report(ErrorCode::OccursMinimumNotPositive, &table);
-  } else {
-    ok = report(ErrorCode::OccursNotInteger, &table);
-  }
-  if (NumericLiteralExpression *min = occurs.getMinExpr()) {
-    ok &= semanticCheck(*min);
-    if (!min->isInteger())
-      ok = report(ErrorCode::OccursRangeNotInteger, &table);
-    if (occurs.getMin() < 0)
-      ok = report(ErrorCode::OccursMinimumNegative, &table);
-    if (occurs.getMax() <= occurs.getMin())
-      ok = report(ErrorCode::OccursMaximumNotAboveMinimum, &table);
-  }
-  return ok;
-}
-
-//===----------------------------------------------------------------------===//
-// Keys
-//===----------------------------------------------------------------------===//
 
 namespace {
 
@@ -101,20 +46,87 @@ void qualifyKey(DataIdentifierExpression &key, const DataDescription &table) {
   key.setQualifiedWord(name);
 }
 
-} // namespace
+/// The check of one OCCURS clause.
+class OccursCheck {
+public:
+  OccursCheck(SemanticChecker &theChecker, DataDescription &subject)
+      : checker(theChecker), table(subject), occurs(*subject.getOccurs()) {}
 
-SemanticChecker::KeyResult SemanticChecker::checkOccursKeys(DataDescription &table) {
+  bool check();
+
+private:
+  enum class KeyResult { Right, Wrong, OutsideTable };
+
+  bool checkBounds();
+  /// Whether the keys are right; OutsideTable as soon as one is not an item of the table.
+  KeyResult checkKeys();
+  KeyResult checkKey(Expression *operand);
+  void createIndexNames();
+  bool checkDepending();
+
+  SemanticChecker &checker;
+  DataDescription &table;
+  const ClauseOccurs &occurs;
+};
+
+bool OccursCheck::check() {
+  bool ok = true;
+  if (table.getLevelNum() == 66 || table.getLevelNum() == 77 || table.getLevelNum() == 88)
+    ok = checker.report(ErrorCode::OccursLevelNumber, &table);
+  ok &= checkBounds();
+  switch (checkKeys()) {
+  case KeyResult::OutsideTable:
+    // The rest of the clause is not checked: the table has no index names then either.
+    return false;
+  case KeyResult::Wrong:
+    ok = false;
+    break;
+  case KeyResult::Right:
+    break;
+  }
+  createIndexNames();
+  if (occurs.getOdoName())
+    ok &= checkDepending();
+  return ok;
+}
+
+/// OCCURS max, or OCCURS min TO max with max above min.
+bool OccursCheck::checkBounds() {
+  bool ok = true;
+  if (NumericLiteralExpression *max = occurs.getMaxExpr()) {
+    ok &= checker.semanticCheck(*max);
+    if (!max->isInteger())
+      ok = checker.report(ErrorCode::OccursRangeNotInteger, &table);
+    // A maximum of 0 shares the message of the minimum.
+    if (occurs.getMax() < 1)
+      ok = checker.report(ErrorCode::OccursMinimumNotPositive, &table);
+  } else {
+    ok = checker.report(ErrorCode::OccursNotInteger, &table);
+  }
+  if (NumericLiteralExpression *min = occurs.getMinExpr()) {
+    ok &= checker.semanticCheck(*min);
+    if (!min->isInteger())
+      ok = checker.report(ErrorCode::OccursRangeNotInteger, &table);
+    if (occurs.getMin() < 0)
+      ok = checker.report(ErrorCode::OccursMinimumNegative, &table);
+    if (occurs.getMax() <= occurs.getMin())
+      ok = checker.report(ErrorCode::OccursMaximumNotAboveMinimum, &table);
+  }
+  return ok;
+}
+
+OccursCheck::KeyResult OccursCheck::checkKeys() {
   KeyResult result = KeyResult::Right;
   std::size_t count = 0;
-  for (const Key *phrase : table.getOccurs()->getKeysElements()) {
+  for (const Key *phrase : occurs.getKeysElements()) {
     // Once too many, every further phrase reports as well.
     count += phrase->getDataListSize();
     if (count > MaxKeys) {
-      report(ErrorCode::OccursTooManyKeys, &table);
+      checker.report(ErrorCode::OccursTooManyKeys, &table);
       result = KeyResult::Wrong;
     }
-    for (Expression *key : phrase->getDataListElements()) {
-      KeyResult one = checkOccursKey(table, key);
+    for (Expression *operand : phrase->getDataListElements()) {
+      KeyResult one = checkKey(operand);
       if (one == KeyResult::OutsideTable)
         return one;
       if (one == KeyResult::Wrong)
@@ -125,21 +137,20 @@ SemanticChecker::KeyResult SemanticChecker::checkOccursKeys(DataDescription &tab
 }
 
 /// A key is the table itself or an item below it, and no table lies on the way.
-SemanticChecker::KeyResult SemanticChecker::checkOccursKey(DataDescription &table,
-                                                           Expression *key) {
-  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(key);
+OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
+  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand);
   if (!identifier) {
-    report(ErrorCode::OccursKeyNotDataIdentifier, &table);
+    checker.report(ErrorCode::OccursKeyNotDataIdentifier, &table);
     return KeyResult::Wrong;
   }
   qualifyKey(*identifier, table);
-  if (!semanticCheck(*identifier)) {
-    report(ErrorCode::OccursKeyUnresolved, identifier);
+  if (!checker.semanticCheck(*identifier)) {
+    checker.report(ErrorCode::OccursKeyUnresolved, identifier);
     return KeyResult::Wrong;
   }
   KeyResult result = KeyResult::Right;
   auto fail = [&](ErrorCode code, KeyResult how) {
-    report(code, &table);
+    checker.report(code, &table);
     result = how;
   };
   const DataDescription *item = identifier->getDataDescription();
@@ -164,15 +175,11 @@ SemanticChecker::KeyResult SemanticChecker::checkOccursKey(DataDescription &tabl
   return result;
 }
 
-//===----------------------------------------------------------------------===//
-// Index names
-//===----------------------------------------------------------------------===//
-
 /// Every index name becomes an entry of level 01 at the end of working-storage. It has the parent
 /// of its table as long as the program is being checked, so that it can be qualified.
-void SemanticChecker::createIndexNames(DataDescription &table) {
+void OccursCheck::createIndexNames() {
   DataDivision *division = currentDivision();
-  for (DataIdentifierExpression *name : table.getOccurs()->getIndexListElements()) {
+  for (DataIdentifierExpression *name : occurs.getIndexListElements()) {
     auto *entry = new DataDescription(nullptr);
     entry->setLevelNum(1);
     entry->setUsage(new ClauseUsage(nullptr, UsageType::Index));
@@ -180,7 +187,7 @@ void SemanticChecker::createIndexNames(DataDescription &table) {
     entry->setIsCompilerMade(true);
     if (DataDescription *group = table.getParent()) {
       entry->setParent(group);
-      addIndexFreeList(entry);
+      checker.addIndexFreeList(entry);
     }
     if (division)
       division->addWorkSection(entry);
@@ -188,34 +195,36 @@ void SemanticChecker::createIndexNames(DataDescription &table) {
   }
 }
 
-//===----------------------------------------------------------------------===//
-// DEPENDING ON
-//===----------------------------------------------------------------------===//
-
 /// The object of DEPENDING ON is an integer item outside the table, and GLOBAL if the table is.
-bool SemanticChecker::checkOccursDepending(DataDescription &table) {
+bool OccursCheck::checkDepending() {
   bool isGlobal = false;
   for (DataDescription *group = table.getParent(); group; group = group->getParent()) {
     group->setContainsOdo(true);
     isGlobal |= group->getGlobal() != nullptr;
   }
-  auto *name = llvm::dyn_cast<DataIdentifierExpression>(table.getOccurs()->getOdoName());
+  auto *name = llvm::dyn_cast<DataIdentifierExpression>(occurs.getOdoName());
   if (!name)
-    return report(ErrorCode::OccursDependingNotInteger, &table);
-  if (!semanticCheck(*name))
+    return checker.report(ErrorCode::OccursDependingNotInteger, &table);
+  if (!checker.semanticCheck(*name))
     return false;
 
   bool ok = true;
   const DataDescription *object = name->getDataDescription();
-  // The clause of the object itself counts, on purpose, not that of its record.
+  // The GLOBAL clause of the object itself counts, not that of its record.
   if (isGlobal && !object->getGlobal())
-    ok = report(ErrorCode::OccursDependingNotGlobal, name);
+    ok = checker.report(ErrorCode::OccursDependingNotGlobal, name);
   if (object->getDataCategory() != DataCategory::Numeric || !name->isInteger())
-    ok = report(ErrorCode::OccursDependingNotInteger, &table);
+    ok = checker.report(ErrorCode::OccursDependingNotInteger, &table);
   for (const DataDescription *item = object; item; item = item->getParent())
     if (item == &table)
-      ok = report(ErrorCode::OccursDependingInTable, &table);
+      ok = checker.report(ErrorCode::OccursDependingInTable, &table);
   return ok;
+}
+
+} // namespace
+
+bool SemanticChecker::checkClauseOccurs(DataDescription &table) {
+  return OccursCheck(*this, table).check();
 }
 
 } // namespace tarka

@@ -8,6 +8,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/Data/PictureRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
@@ -18,23 +19,7 @@ namespace tarka {
 namespace {
 
 constexpr std::size_t MaxPictureCharacters = 50;
-constexpr int MaxDigits = 31;
 constexpr int MaxEditedPositions = 249;
-
-/// Usages that leave no room for a PICTURE.
-bool excludesPicture(UsageType usage) {
-  switch (usage) {
-  case UsageType::Index:
-  case UsageType::Pointer:
-  case UsageType::ProcedurePointer:
-  case UsageType::FunctionPointer:
-  case UsageType::Comp1:
-  case UsageType::Comp2:
-    return true;
-  default:
-    return false;
-  }
-}
 
 /// Usages in which the digits of a numeric item can be stored.
 bool storesDigits(UsageType usage) {
@@ -57,11 +42,82 @@ bool isDisplayOrNational(UsageType usage) {
   return usage == UsageType::Display || usage == UsageType::National;
 }
 
-} // namespace
+/// The usages that each category can have, and the limits of its size.
+bool checkPictureCategory(SemanticChecker &checker, DataDescription &entry,
+                          const ClausePicture &picture) {
+  bool ok = true;
+  const UsageType usage = entry.getUsageType();
+  switch (picture.getDataCategory()) {
+  case DataCategory::Alphabetic:
+    if (usage != UsageType::Display)
+      ok = checker.report(ErrorCode::PictureUsageMismatch, &entry);
+    return ok;
 
-//===----------------------------------------------------------------------===//
-// PICTURE
-//===----------------------------------------------------------------------===//
+  case DataCategory::Alphanumeric:
+  case DataCategory::AlphanumericEdited:
+    if (usage != UsageType::Display)
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::Numeric:
+    if (!storesDigits(usage))
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    if (picture.getDigitNum() > MaxDigits)
+      ok = checker.report(ErrorCode::PictureTooManyDigits, &entry);
+    return ok;
+
+  case DataCategory::NumericEdited:
+    if (!isDisplayOrNational(usage))
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    if (picture.getSize() > MaxEditedPositions)
+      ok = checker.report(ErrorCode::PictureEditedTooLong, &entry);
+    if (picture.getDigitNum() > MaxDigits)
+      ok = checker.report(ErrorCode::PictureTooManyDigits, &entry);
+    return ok;
+
+  case DataCategory::National:
+  case DataCategory::NationalEdited:
+    if (!isDisplayOrNational(usage))
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::Dbcs:
+    if (!entry.getUsage())
+      entry.setUsage(new ClauseUsage(nullptr, UsageType::Display1));
+    else if (entry.getUsage()->getType() != UsageType::Display1)
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    return ok;
+
+  case DataCategory::ExternalFloat:
+    if (!isDisplayOrNational(usage))
+      ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
+    if (entry.getBlankZero() || entry.getJustified() || entry.getValue())
+      ok = checker.report(ErrorCode::ExternalFloatClause, &entry);
+    // An item that has its sign and its form written out needs neither clause.
+    entry.setSynchronized(nullptr);
+    entry.setSign(nullptr);
+    return ok;
+
+  default:
+    return true;
+  }
+}
+
+/// A currency symbol other than "$" needs a CURRENCY SIGN clause, and exactly one. Every clause is
+/// tried even after one has matched, so that a picture may be converted more than once.
+bool checkCurrencySymbol(SemanticChecker &checker, ClausePicture &picture) {
+  ParaSpecialNames *specialNames = currentSpecialNames();
+  if (!specialNames || specialNames->getCurrencyListSize() == 0)
+    return checker.report(ErrorCode::PictureCurrencyWithoutClause, &picture);
+  auto converts = [&](ClauseCurrency *clause) {
+    return checker.convertCurrencyString(&picture, clause);
+  };
+  if (llvm::count_if(specialNames->getCurrencyListElements(), converts) != 1)
+    return checker.report(ErrorCode::CurrencyClauseInvalid, &picture);
+  return true;
+}
+
+} // namespace
 
 bool SemanticChecker::checkClausePicture(DataDescription &entry) {
   bool ok = true;
@@ -80,89 +136,17 @@ bool SemanticChecker::checkClausePicture(DataDescription &entry) {
   if (picture.getDataCategory() == DataCategory::Unclassified)
     ok = report(ErrorCode::PictureStringInvalid, &entry);
   if (picture.isDiffCurrencySymbol()) {
-    ok &= checkCurrencySymbol(picture);
+    ok &= checkCurrencySymbol(*this, picture);
     // The sign that was found may be longer than one character.
     entry.clauseChanged();
   }
-  ok &= checkPictureCategory(entry, picture);
+  ok &= checkPictureCategory(*this, entry, picture);
   return ok;
 }
 
-/// The usages that each category can have, and the limits of its size.
-bool SemanticChecker::checkPictureCategory(DataDescription &entry, const ClausePicture &picture) {
-  bool ok = true;
-  const UsageType usage = entry.getUsageType();
-  switch (picture.getDataCategory()) {
-  case DataCategory::Alphabetic:
-    if (usage != UsageType::Display)
-      ok = report(ErrorCode::PictureUsageMismatch, &entry);
-    return ok;
-
-  case DataCategory::Alphanumeric:
-  case DataCategory::AlphanumericEdited:
-    if (usage != UsageType::Display)
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    return ok;
-
-  case DataCategory::Numeric:
-    if (!storesDigits(usage))
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    if (picture.getDigitNum() > MaxDigits)
-      ok = report(ErrorCode::PictureTooManyDigits, &entry);
-    return ok;
-
-  case DataCategory::NumericEdited:
-    if (!isDisplayOrNational(usage))
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    if (picture.getSize() > MaxEditedPositions)
-      ok = report(ErrorCode::PictureEditedTooLong, &entry);
-    if (picture.getDigitNum() > MaxDigits)
-      ok = report(ErrorCode::PictureTooManyDigits, &entry);
-    return ok;
-
-  case DataCategory::National:
-  case DataCategory::NationalEdited:
-    if (!isDisplayOrNational(usage))
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    return ok;
-
-  case DataCategory::Dbcs:
-    if (!entry.getUsage())
-      entry.setUsage(new ClauseUsage(nullptr, UsageType::Display1));
-    else if (entry.getUsage()->getType() != UsageType::Display1)
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    return ok;
-
-  case DataCategory::ExternalFloat:
-    if (!isDisplayOrNational(usage))
-      ok = report(ErrorCode::PictureStringInvalid, &entry);
-    if (entry.getBlankZero() || entry.getJustified() || entry.getValue())
-      ok = report(ErrorCode::ExternalFloatClause, &entry);
-    // An item that has its sign and its form written out needs neither clause.
-    entry.setSynchronized(nullptr);
-    entry.setSign(nullptr);
-    return ok;
-
-  default:
-    return true;
-  }
-}
-
 //===----------------------------------------------------------------------===//
-// Currency
+// Currency symbols
 //===----------------------------------------------------------------------===//
-
-/// A currency symbol other than "$" needs a CURRENCY SIGN clause, and exactly one. Every clause is
-/// tried even after one has matched, so that a picture may be converted more than once.
-bool SemanticChecker::checkCurrencySymbol(ClausePicture &picture) {
-  ParaSpecialNames *specialNames = currentSpecialNames();
-  if (!specialNames || specialNames->getCurrencyListSize() == 0)
-    return report(ErrorCode::PictureCurrencyWithoutClause, &picture);
-  auto converts = [&](ClauseCurrency *clause) { return convertCurrencyString(&picture, clause); };
-  if (llvm::count_if(specialNames->getCurrencyListElements(), converts) != 1)
-    return report(ErrorCode::CurrencyClauseInvalid, &picture);
-  return true;
-}
 
 /// The text of a literal that can be a currency sign or symbol.
 static llvm::StringRef textOf(const LiteralExpression *literal) {
@@ -181,7 +165,7 @@ bool SemanticChecker::convertCurrencyString(ClausePicture *picture, ClauseCurren
     if (!llvm::isa_and_nonnull<NonNumericLiteralExpression>(symbolLiteral))
       return false;
   }
-  // Of a longer symbol only the first character is taken, on purpose: the sign is kept whole.
+  // Of a longer symbol only the first character counts; the sign is kept whole.
   const llvm::StringRef text = textOf(symbolLiteral);
   if (text.empty() || !checkValidString(text.front(), symbolLiteral))
     return false;
@@ -195,7 +179,7 @@ bool SemanticChecker::convertCurrencyString(ClausePicture *picture, ClauseCurren
 }
 
 bool SemanticChecker::checkValidString(char symbol, Expression *literal) {
-  // Digits and the space may pass, on purpose.
+  // Digits and the space pass: the CURRENCY SIGN clause has its own rule for them.
   constexpr llvm::StringLiteral invalid = "AaBbCcDdEeGgNnPpRrSsVvXxZz+-,.*/;()=\"'";
   if (invalid.contains(symbol))
     return report(ErrorCode::CurrencyCharacterInvalid, literal);

@@ -32,7 +32,7 @@ int SemanticChecker::getSlackDivisor(DataDescription *entry) {
   case UsageType::Comp:
   case UsageType::Comp4:
   case UsageType::Comp5: {
-    // Items of ten digits and more are aligned on 4 as well, on purpose.
+    // Items of ten digits and more are aligned on 4 as well.
     const ClausePicture *picture = entry->getPicture();
     return picture && picture->getDigitNum() >= 5 ? 4 : 2;
   }
@@ -61,7 +61,7 @@ DataDescription *SemanticChecker::createSlackBytes(DataDescription *item, std::i
 // In front of an item
 //===----------------------------------------------------------------------===//
 
-/// Usages that have no boundary; SYNCHRONIZED says nothing there.
+/// Usages that have no boundary; SYNCHRONIZED has no effect there.
 static bool needsNoAlignment(UsageType usage) {
   switch (usage) {
   case UsageType::Display:
@@ -91,7 +91,8 @@ bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
   DataDescription *slack = createSlackBytes(&entry, offset);
   if (!slack)
     return true;
-  // A group starts where its first item does. That only one level is climbed is on purpose.
+  // A group starts where its first item does. Only one level is climbed; later stages rely
+  // on it.
   const bool startsGroup = *group->getChildrenBegin() == &entry;
   if (startsGroup && group->getLevelNum() != 1 && group->getParent())
     group->getParent()->insertChildBefore(group, slack);
@@ -107,10 +108,11 @@ bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
 int SemanticChecker::getMaxOccursSyncSize(DataDescription *group) {
   int size = 0;
   for (DataDescription *child : group->getChildrenElements()) {
-    // What a subgroup needs takes the place of what came before, even of more: on purpose.
+    // What a subgroup needs replaces what came before, even if that was more; later stages rely
+    // on it.
     if (child->isGroupItem())
       size = getMaxOccursSyncSize(child);
-    // The boundary is asked for twice, on purpose.
+    // Each of the two calls reports a usage without a boundary.
     if (child->getSynchronized() && getSlackDivisor(child) > size)
       size = getSlackDivisor(child);
   }

@@ -39,48 +39,6 @@ ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
 } // namespace
 
 //===----------------------------------------------------------------------===//
-// The entry
-//===----------------------------------------------------------------------===//
-
-bool SemanticChecker::semanticCheck(FileDescription &file) {
-  InputOutputSection *inputOutput = currentUnit()->getInputOutputSection();
-  // Where no file can be selected, nothing of the entry is looked at.
-  if (!inputOutput)
-    return report(ErrorCode::FileNameNotSelected, file.getFileName());
-
-  bool ok = true;
-  if (ParaFileControl *selected = inputOutput->findFileControlByName(*file.getFileName()))
-    file.setFileControl(selected);
-  else
-    ok = report(ErrorCode::FileNameNotSelected, file.getFileName());
-
-  ok &= checkFileRecords(file);
-  if (file.getGlobal())
-    ok &= checkClauseGlobalFile(file);
-  if (file.getBlock())
-    ok &= checkClauseBlock(file);
-  if (file.getRecord())
-    ok &= checkClauseRecord(file);
-  if (file.getLabel())
-    ok &= checkClauseLabel(file);
-  if (file.getValueOf())
-    ok &= checkClauseValueOf(file);
-  if (file.getDataRecord())
-    ok &= checkClauseDataRecord(file);
-  if (file.getLinage())
-    ok &= checkClauseLinage(file);
-  if (file.getRecordingMode())
-    ok &= checkClauseRecordingMode(file);
-  else
-    settleRecordingMode(file);
-  if (file.getCodeSet())
-    ok &= checkClauseCodeSet(file);
-  if (file.getReport())
-    ok &= checkClauseReport(file);
-  return ok;
-}
-
-//===----------------------------------------------------------------------===//
 // Records
 //===----------------------------------------------------------------------===//
 
@@ -112,7 +70,7 @@ DataDescription *makeReportRecord(const FileDescription &file) {
 } // namespace
 
 /// All records of a file share one area: each but the first redefines the first.
-bool SemanticChecker::checkFileRecords(FileDescription &file) {
+static bool checkFileRecords(SemanticChecker &checker, FileDescription &file) {
   bool ok = true;
   if (file.getRecordDescSize() != 0) {
     // The first record has a name, if only FILLER, once it has been checked.
@@ -120,20 +78,20 @@ bool SemanticChecker::checkFileRecords(FileDescription &file) {
     for (DataDescription *record : file.getRecordDescElements()) {
       if (record != first)
         record->setRedefines(makeRedefines(*record, *first));
-      ok &= semanticCheck(*record);
+      ok &= checker.semanticCheck(*record);
     }
   } else if (file.getReport()) {
     DataDescription *record = makeReportRecord(file);
     record->setFileDescription(&file);
-    // What is wrong with its length is reported, but the file does not fail for it: on purpose.
-    semanticCheck(*record);
+    // What is wrong with its length is reported, but does not count for the result.
+    checker.semanticCheck(*record);
     file.setRecordDesc({record});
   }
   return ok;
 }
 
-/// The lengths that the checks keep grow with each record; those that the programmer wrote stand
-/// for the first record, whatever its size: on purpose.
+/// The lengths that the checks keep grow with each record; those that the programmer wrote hold
+/// for the first record, whatever its size.
 void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescription &file) {
   const std::int64_t max = record.getAllocSize();
   const std::int64_t min = record.checkContainsOdo() ? record.getMinAllocSize() : max;
@@ -157,7 +115,7 @@ void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescr
 /// The recording mode of a file whose source names none: V when the lengths of the records vary, S
 /// when a record does not fit into a block, else F. Without a RECORD clause, or a block size for
 /// records of one length, there is none.
-void SemanticChecker::settleRecordingMode(FileDescription &file) {
+static void settleRecordingMode(FileDescription &file) {
   const ClauseRecord *record = file.getRecord();
   if (!record)
     return;
@@ -190,7 +148,7 @@ bool SemanticChecker::checkClauseGlobalFile(FileDescription &file) {
   return true;
 }
 
-// EXTERNAL is not even asked for, on purpose.
+// EXTERNAL has no rule of its own.
 bool SemanticChecker::checkClauseExternalFile(FileDescription &) {
   return true;
 }
@@ -208,51 +166,52 @@ bool SemanticChecker::checkClauseDataRecord(FileDescription &) {
 //===----------------------------------------------------------------------===//
 
 /// The length of a block or of a record, which is an unsigned integer.
-bool SemanticChecker::checkFileLength(NumericLiteralExpression *length, ErrorCode notUnsigned) {
+static bool checkFileLength(SemanticChecker &checker, NumericLiteralExpression *length,
+                            ErrorCode notUnsigned) {
   if (!length)
     return true;
-  if (!semanticCheck(*length))
+  if (!checker.semanticCheck(*length))
     return false;
   if (!length->isInteger() || length->isSigned())
-    return report(notUnsigned, length);
+    return checker.report(notUnsigned, length);
   return true;
 }
 
 bool SemanticChecker::checkClauseBlock(FileDescription &file) {
   NumericLiteralExpression *min = file.getBlock()->getMinLength();
-  bool ok = checkFileLength(min, ErrorCode::BlockContainsNotNonzeroUnsigned);
-  // The minimum again, and never the maximum: on purpose.
-  ok &= checkFileLength(min, ErrorCode::BlockContainsNotNonzeroUnsigned);
+  bool ok = checkFileLength(*this, min, ErrorCode::BlockContainsNotNonzeroUnsigned);
+  // The minimum is checked twice and reported twice; the maximum has no rule.
+  ok &= checkFileLength(*this, min, ErrorCode::BlockContainsNotNonzeroUnsigned);
+  return ok;
+}
+
+/// RECORD IS VARYING DEPENDING ON.
+static bool checkRecordDependingOn(SemanticChecker &checker, ClauseRecord &clause) {
+  IdentifierExpression *size = clause.getDependingOn();
+  if (!checker.semanticCheck(*size))
+    return false;
+  if (!llvm::isa<DataIdentifierExpression>(size))
+    return checker.report(ErrorCode::RecordDependingNotDataItem, size);
+  bool ok = true;
+  const DataDescription &item = *size->getDataDescription();
+  if (item.getChildrenSize() != 0)
+    ok = checker.report(ErrorCode::RecordDependingNotUnsigned, size);
+  if (!size->isInteger())
+    ok = checker.report(ErrorCode::RecordDependingNotUnsigned, size);
+  // Where the checks keep the lengths themselves, the sign does not matter.
+  if (item.getPicture() && item.getPicture()->isSigned() && !clause.getForDetermineV())
+    ok = checker.report(ErrorCode::RecordDependingNotUnsigned, size);
   return ok;
 }
 
 bool SemanticChecker::checkClauseRecord(FileDescription &file) {
   ClauseRecord &clause = *file.getRecord();
   NumericLiteralExpression *min = clause.getMinLength();
-  bool ok = checkFileLength(min, ErrorCode::RecordContainsNotUnsigned);
-  // The minimum again, and never the maximum: on purpose.
-  ok &= checkFileLength(min, ErrorCode::RecordContainsNotUnsigned);
+  bool ok = checkFileLength(*this, min, ErrorCode::RecordContainsNotUnsigned);
+  // The minimum is checked twice and reported twice; the maximum has no rule.
+  ok &= checkFileLength(*this, min, ErrorCode::RecordContainsNotUnsigned);
   if (clause.getDependingOn())
-    ok &= checkRecordDependingOn(clause);
-  return ok;
-}
-
-/// RECORD IS VARYING DEPENDING ON.
-bool SemanticChecker::checkRecordDependingOn(ClauseRecord &clause) {
-  IdentifierExpression *size = clause.getDependingOn();
-  if (!semanticCheck(*size))
-    return false;
-  if (!llvm::isa<DataIdentifierExpression>(size))
-    return report(ErrorCode::RecordDependingNotDataItem, size);
-  bool ok = true;
-  const DataDescription &item = *size->getDataDescription();
-  if (item.getChildrenSize() != 0)
-    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
-  if (!size->isInteger())
-    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
-  // Where the checks keep the lengths themselves the sign does no harm.
-  if (item.getPicture() && item.getPicture()->isSigned() && !clause.getForDetermineV())
-    ok = report(ErrorCode::RecordDependingNotUnsigned, size);
+    ok &= checkRecordDependingOn(*this, clause);
   return ok;
 }
 
@@ -270,33 +229,33 @@ bool SemanticChecker::checkClauseLabel(FileDescription &file) {
   return ok;
 }
 
-bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
-  bool ok = true;
-  for (const ValueOfElem *element : file.getValueOf()->getFileValueOfElemListElements())
-    if (Expression *value = element->getFieldIdLiteral())
-      ok &= checkValueOfField(*value);
-  return ok;
-}
-
-bool SemanticChecker::checkValueOfField(Expression &value) {
-  if (!semanticCheck(value))
+static bool checkValueOfField(SemanticChecker &checker, Expression &value) {
+  if (!checker.semanticCheck(value))
     return false;
   if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&value)) {
     const DataDescription &item = *identifier->getDataDescription();
     if (item.getStorageType() != StorageType::WorkingStorage ||
         item.getUsageType() == UsageType::Index)
-      return report(ErrorCode::ValueOfItemInvalid, &value);
+      return checker.report(ErrorCode::ValueOfItemInvalid, &value);
     return true;
   }
   if (!llvm::isa<LiteralExpression>(value))
-    return report(ErrorCode::ValueOfNotDataOrLiteral, &value);
+    return checker.report(ErrorCode::ValueOfNotDataOrLiteral, &value);
   bool ok = true;
   const DataCategory category = value.getDataCategory();
   if (category != DataCategory::Numeric && category != DataCategory::Alphanumeric)
-    ok = report(ErrorCode::ValueOfLiteralKind, &value);
-  // For a floating-point literal both times: on purpose.
+    ok = checker.report(ErrorCode::ValueOfLiteralKind, &value);
+  // A floating-point literal is reported twice.
   if (category == DataCategory::ExternalFloat)
-    ok = report(ErrorCode::ValueOfLiteralKind, &value);
+    ok = checker.report(ErrorCode::ValueOfLiteralKind, &value);
+  return ok;
+}
+
+bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
+  bool ok = true;
+  for (const ValueOfElem *element : file.getValueOf()->getFileValueOfElemListElements())
+    if (Expression *value = element->getFieldIdLiteral())
+      ok &= checkValueOfField(*this, *value);
   return ok;
 }
 
@@ -307,8 +266,8 @@ bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
   return true;
 }
 
-/// Each report of the file has a description entry of its own, which the file is made known to: of
-/// two files that share a report the first.
+/// Each report of the file has a description entry of its own, which refers to the file: of two
+/// files that share a report, to the first.
 bool SemanticChecker::checkClauseReport(FileDescription &file) {
   bool ok = true;
   for (ReportIdentifierExpression *name : file.getReport()->getReportNameListElements()) {
@@ -326,7 +285,7 @@ bool SemanticChecker::checkClauseReport(FileDescription &file) {
 
 bool SemanticChecker::checkUnsigendInteger(Expression *expression) {
   auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(expression);
-  // That a name means nothing is reported already.
+  // An unresolved name has been reported.
   if (identifier && !identifier->getDataDescription())
     return false;
   bool ok = true;
@@ -386,6 +345,48 @@ bool SemanticChecker::checkClauseLinage(FileDescription &file) {
        {clause.getWithFootingAt(), clause.getLineAtTop(), clause.getLineAtBottom()})
     if (count)
       ok &= check(count);
+  return ok;
+}
+
+//===----------------------------------------------------------------------===//
+// The entry
+//===----------------------------------------------------------------------===//
+
+bool SemanticChecker::semanticCheck(FileDescription &file) {
+  InputOutputSection *inputOutput = currentUnit()->getInputOutputSection();
+  // Without an INPUT-OUTPUT SECTION no file can be selected, and the entry is not checked.
+  if (!inputOutput)
+    return report(ErrorCode::FileNameNotSelected, file.getFileName());
+
+  bool ok = true;
+  if (ParaFileControl *selected = inputOutput->findFileControlByName(*file.getFileName()))
+    file.setFileControl(selected);
+  else
+    ok = report(ErrorCode::FileNameNotSelected, file.getFileName());
+
+  ok &= checkFileRecords(*this, file);
+  if (file.getGlobal())
+    ok &= checkClauseGlobalFile(file);
+  if (file.getBlock())
+    ok &= checkClauseBlock(file);
+  if (file.getRecord())
+    ok &= checkClauseRecord(file);
+  if (file.getLabel())
+    ok &= checkClauseLabel(file);
+  if (file.getValueOf())
+    ok &= checkClauseValueOf(file);
+  if (file.getDataRecord())
+    ok &= checkClauseDataRecord(file);
+  if (file.getLinage())
+    ok &= checkClauseLinage(file);
+  if (file.getRecordingMode())
+    ok &= checkClauseRecordingMode(file);
+  else
+    settleRecordingMode(file);
+  if (file.getCodeSet())
+    ok &= checkClauseCodeSet(file);
+  if (file.getReport())
+    ok &= checkClauseReport(file);
   return ok;
 }
 

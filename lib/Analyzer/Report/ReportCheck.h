@@ -1,6 +1,6 @@
 //===- ReportCheck.h - what the checks of the report section share --------===//
 //
-// The description as a whole, with its groups and lines, is looked at in
+// The description as a whole, with its groups and lines, is checked in
 // SCReportDescription.cpp, what an entry shows in SCReportEntry.cpp.
 //
 //===----------------------------------------------------------------------===//
@@ -23,6 +23,10 @@ bool checkControlName(SemanticChecker &checker, IdentifierExpression &name);
 
 /// Checks the bounds of the counters of VARYING; \p phrases may be null.
 bool checkVarying(SemanticChecker &checker, const std::list<VaryingPhrase *> *phrases);
+
+/// Checks what an entry of a report group shows, where and how often. The entry has passed the
+/// checks of data description entries.
+bool checkReportEntry(SemanticChecker &checker, ReportDataDescription &entry);
 
 } // namespace tarka
 

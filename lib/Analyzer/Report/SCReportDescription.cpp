@@ -2,7 +2,7 @@
 //
 // One RD: its clauses, its groups by their type, and the lines and columns that
 // the groups are made of. The entries of a group are data description entries
-// first, and pass the checks of those; what each of them shows is looked at in
+// first, and pass the checks of those; what each of them shows is checked in
 // SCReportEntry.cpp.
 //
 //===----------------------------------------------------------------------===//
@@ -12,6 +12,7 @@
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Environment/SpecialNames.h"
 #include "Analyzer/Report/ReportCheck.h"
+#include "llvm/Support/SaveAndRestore.h"
 
 namespace tarka {
 
@@ -99,7 +100,7 @@ bool checkPageLimit(SemanticChecker &checker, const ClausePageLimit &page) {
   return ok;
 }
 
-/// Of several reports of one name each but the first is told.
+/// Of several reports of one name, each but the first is reported.
 bool checkReportName(SemanticChecker &checker, ReportDescription &report) {
   DataDivision *division = currentUnit()->getDataDivision();
   Word *name = report.getReportName();
@@ -150,14 +151,14 @@ void createCounters(SemanticChecker &checker, const std::list<VaryingPhrase *> *
 }
 
 /// What is printed is made of characters: national and DBCS ones can be printed too, although the
-/// message knows DISPLAY only.
+/// message names DISPLAY only.
 bool isPrintable(UsageType usage) {
   return usage == UsageType::Display || usage == UsageType::Display1 ||
          usage == UsageType::National;
 }
 
-/// Readies an entry for the checks of data description entries: the clauses that these know as well
-/// are made theirs.
+/// Prepares an entry for the checks of data description entries: the clauses that these know as
+/// well are made theirs.
 bool prepareEntry(SemanticChecker &checker, ReportDataDescription &entry) {
   if (const ClauseReportOccurs *occurs = entry.getReportOccursClause()) {
     entry.setOccurs(occurs->getOccurs());
@@ -289,7 +290,7 @@ bool checkStructure(SemanticChecker &checker, ReportDataDescription &group,
 
 /// Every data item that the description names is noted as used by this report.
 bool SemanticChecker::semanticCheck(ReportDescription &description) {
-  setCurrentRD(&description);
+  const llvm::SaveAndRestore current(currentRD, &description);
   bool ok = checkDescriptionClauses(*this, description);
 
   // Entries may name others that come after them, so all of them are data first.
@@ -308,11 +309,10 @@ bool SemanticChecker::semanticCheck(ReportDescription &description) {
     forEachEntry(group, [&](DataDescription *entry) {
       if (auto *reportEntry = llvm::dyn_cast<ReportDataDescription>(entry)) {
         ok &= checkStructure(*this, *group, *reportEntry);
-        ok &= checkReportEntry(*reportEntry);
+        ok &= checkReportEntry(*this, *reportEntry);
       }
     });
   }
-  setCurrentRD(nullptr);
   return ok;
 }
 

@@ -22,7 +22,7 @@ namespace tarka {
 
 namespace {
 
-/// Whether \p count operands can be dealt out to what \p entry is repeated by: several columns,
+/// Whether \p count operands can be distributed over what \p entry is repeated by: several columns,
 /// OCCURS, several lines, of the entry itself and of the groups around it. One operand serves all
 /// places; several serve as many as the innermost repetitions have together.
 bool fitsRepetitions(std::size_t count, const ReportDataDescription &entry) {
@@ -65,7 +65,7 @@ ReportDataDescription *reportItemOf(const IdentifierExpression &name) {
   return llvm::dyn_cast_or_null<ReportDataDescription>(name.getDataDescription());
 }
 
-/// Of items of several reports that bear the same name, a clause means that of its own report.
+/// Of items of the same name in several reports, a clause means that of its own report.
 void preferOwnReport(DataIdentifierExpression &name, const ReportDescription &own) {
   const ReportDataDescription *item = reportItemOf(name);
   DataDivision *division = currentDivision();
@@ -94,7 +94,7 @@ bool bindReportItem(SemanticChecker &checker, Expression &operand) {
 // SOURCE
 //===----------------------------------------------------------------------===//
 
-/// CURRENT-DATE and TIME-OF-DAY are words of the report writer; registers of ours stand for them.
+/// CURRENT-DATE and TIME-OF-DAY are words of the report writer; compiler-made registers hold them.
 void replaceDateSource(SourceClauseExpr &source) {
   auto *name = llvm::dyn_cast_if_present<DataIdentifierExpression>(source.getExpr());
   if (!name || !CompileOption::getCompileOptionInstance()->isOptionEnableRw())
@@ -110,7 +110,7 @@ void replaceDateSource(SourceClauseExpr &source) {
 }
 
 /// What is shown is moved into the item. A group is moved as it stands, a date as the digits that
-/// it is made of, and without a category there is nothing to hold the item against.
+/// it is made of, and without a category there is nothing to check.
 bool checkSourceMove(SemanticChecker &checker, ReportDataDescription &entry, Expression &sender) {
   if (entry.isGroupItem() || entry.getDataCategory() == DataCategory::Unclassified ||
       sender.getDataCategory() == DataCategory::Unclassified)
@@ -127,7 +127,7 @@ bool checkSourceMove(SemanticChecker &checker, ReportDataDescription &entry, Exp
 }
 
 bool isSumOperand(const Expression &operand) {
-  // What an operator gives is a number, and its operands have been looked at.
+  // The result of an operator is a number, and its operands have been checked.
   if (llvm::isa<ArithmeticExpression>(operand))
     return true;
   const auto *name = llvm::dyn_cast<IdentifierExpression>(&operand);
@@ -379,21 +379,21 @@ bool checkPlaces(SemanticChecker &checker, const ReportDataDescription &entry) {
 
 } // namespace
 
-bool SemanticChecker::checkReportEntry(ReportDataDescription &entry) {
-  bool ok = checkPlaces(*this, entry);
+bool checkReportEntry(SemanticChecker &checker, ReportDataDescription &entry) {
+  bool ok = checkPlaces(checker, entry);
   if (ClauseSource *source = entry.getSourceClause()) {
-    ok &= checkSource(*this, entry, *source);
-    addUsedSrc(&entry);
+    ok &= checkSource(checker, entry, *source);
+    checker.addUsedSrc(&entry);
   }
   if (const ClauseReportValue *value = entry.getReportValueClause())
-    ok &= checkValue(*this, entry, *value);
+    ok &= checkValue(checker, entry, *value);
   if (ClauseSum *sum = entry.getSumClause())
-    ok &= checkSumClause(*this, entry, *sum);
+    ok &= checkSumClause(checker, entry, *sum);
   if (ClauseCount *count = entry.getCountClause())
-    ok &= checkCount(*this, entry, *count);
+    ok &= checkCount(checker, entry, *count);
   if (const ClauseFunction *function = entry.getFunctionClause())
-    ok &= checkFunction(*this, *function);
-  ok &= checkPresence(*this, entry);
+    ok &= checkFunction(checker, *function);
+  ok &= checkPresence(checker, entry);
   return ok;
 }
 

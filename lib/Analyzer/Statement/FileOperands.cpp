@@ -1,6 +1,7 @@
 //===- FileOperands.cpp - the operands that statements of files share -----===//
 
 #include "Analyzer/Statement/FileOperands.h"
+#include "Analyzer/CheckerState.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
@@ -89,7 +90,7 @@ bool isInRecordArea(const SemanticChecker &checker, const IdentifierExpression &
                     const FileDescription *file) {
   const DataDescription *item = operand.getDataDescription();
   const FileDescription *other = item ? fileOfItem(*item) : nullptr;
-  return other && checker.shareRecordArea(other, file);
+  return other && checker.getState().sharedAreas.isShared(other, file);
 }
 
 /// The rule of a MOVE between operands whose descriptions are right.

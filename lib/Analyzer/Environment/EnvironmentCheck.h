@@ -1,0 +1,29 @@
+//===- EnvironmentCheck.h - what the checks of the division share ---------===//
+//
+// Questions about the environment division that several of its paragraphs ask.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_ANALYZER_ENVIRONMENTCHECK_H
+#define TARKA_LIB_ANALYZER_ENVIRONMENTCHECK_H
+
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "Analyzer/CurrentUnit.h"
+
+namespace tarka {
+
+/// Whether an ALPHABET clause of the program itself defines \p name. The programs around it do not
+/// count here.
+inline bool isAlphabetOfProgram(const Word *name) {
+  const ParaSpecialNames *specialNames = currentSpecialNames();
+  return specialNames && specialNames->findClauseAlphabetByWord(name);
+}
+
+inline bool isSignedOrNotPositive(const NumericLiteralExpression &literal) {
+  return literal.isSigned() || !literal.isPositive();
+}
+
+} // namespace tarka
+
+#endif // TARKA_LIB_ANALYZER_ENVIRONMENTCHECK_H
