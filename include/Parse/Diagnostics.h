@@ -10,7 +10,6 @@
 
 #include "AST/Severity.h"
 #include "llvm/ADT/ArrayRef.h"
-#include "llvm/ADT/SmallSet.h"
 #include "llvm/Support/FormatVariadic.h"
 #include <cstdint>
 #include <string>
@@ -81,15 +80,11 @@ public:
   unsigned getErrorCount() const { return errorCount; }
   /// Whether a fatal error was reported: the text that follows is not worth reading.
   bool hasFatalError() const { return fatalSeen; }
-  /// Says that the text of \p file is not what it was meant to be: a COPY of it could not be read.
-  void distrust(unsigned file) { distrustedFiles.insert(file); }
-  bool isDistrusted(unsigned file) const { return distrustedFiles.contains(file); }
 
 private:
   void add(const DiagnosticInfo &info, const SourceRange &place, std::string message);
 
   std::vector<DiagnosticEntry> entries;
-  llvm::SmallSet<unsigned, 4> distrustedFiles;
   unsigned errorCount = 0;
   bool fatalSeen = false;
   bool isSilent = false;

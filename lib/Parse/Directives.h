@@ -8,7 +8,7 @@
 #ifndef TARKA_PARSE_DIRECTIVES_H
 #define TARKA_PARSE_DIRECTIVES_H
 
-#include "Parse/Diagnostics.h"
+#include "Parse/SourceDiagnostics.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringMap.h"
 #include "llvm/ADT/StringRef.h"
@@ -58,7 +58,7 @@ private:
 class DirectiveText {
 public:
   DirectiveText(llvm::StringRef text, llvm::StringRef directive, const SourceRange &place,
-                CompilationVariables &variables, FrontEndDiagnostics &diagnostics)
+                CompilationVariables &variables, SourceDiagnostics &diagnostics)
       : rest(text), directive(directive), place(place), variables(variables),
         diagnostics(diagnostics) {}
 
@@ -98,7 +98,7 @@ private:
   llvm::StringRef directive;
   SourceRange place;
   CompilationVariables &variables;
-  FrontEndDiagnostics &diagnostics;
+  SourceDiagnostics &diagnostics;
   bool failed = false;
 };
 

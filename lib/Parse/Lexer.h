@@ -21,13 +21,13 @@ namespace tarka {
 
 /// What all the lexers of one compilation share.
 struct LexerContext {
-  LexerContext(const ParseOptions &options, FrontEndDiagnostics &diagnostics)
-      : options(options), diagnostics(diagnostics), words(options.osvs), variables(options.defines),
+  LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
+      : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
         debuggingMode(options.debuggingLines) {}
 
   /// The options given, and those that the source turns on by itself.
   ParseOptions options;
-  FrontEndDiagnostics &diagnostics;
+  SourceDiagnostics diagnostics;
   WordTable words;
   CompilationVariables variables;
   bool debuggingMode;

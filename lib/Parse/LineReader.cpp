@@ -107,8 +107,8 @@ private:
 
 } // namespace
 
-LineReader::LineReader(const SourceFile &file, SourceFormat format,
-                       FrontEndDiagnostics &diagnostics, bool isMain)
+LineReader::LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
+                       bool isMain)
     : diagnostics(diagnostics), fileNumber(file.getNumber()), format(format),
       optionsMayCome(isMain), position(file.getText().begin()), fileEnd(file.getText().end()) {}
 

@@ -9,7 +9,7 @@
 #ifndef TARKA_PARSE_LINEREADER_H
 #define TARKA_PARSE_LINEREADER_H
 
-#include "Parse/Diagnostics.h"
+#include "Parse/SourceDiagnostics.h"
 #include "Parse/SourceFile.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/SmallVector.h"
@@ -24,7 +24,7 @@ namespace tarka {
 class LineReader {
 public:
   /// \p isMain says that compiler options (CBL and PROCESS lines) may stand before the program.
-  LineReader(const SourceFile &file, SourceFormat format, FrontEndDiagnostics &diagnostics,
+  LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
              bool isMain);
 
   /// Moves on to the next line; false at the end of the file.
@@ -105,7 +105,7 @@ private:
   void locate(const char *at, unsigned &line, unsigned &column);
   unsigned columnOf(const char *start, const char *at);
 
-  FrontEndDiagnostics &diagnostics;
+  SourceDiagnostics &diagnostics;
   const unsigned fileNumber;
   SourceFormat format;
   bool debugging = false;

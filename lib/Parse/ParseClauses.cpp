@@ -84,7 +84,7 @@ bool Parser::atEntryBoundary(const ClauseSet &clauses) {
 }
 
 void Parser::takeSectionHeader(Keyword header) {
-  findFooting();
+  recovery.resumeReporting();
   if (at(Keyword::Section)) {
     error(DiagnosticId::Expected, here(), (textOf(header) + " SECTION").str(), "'SECTION'");
     stream.skip();

@@ -259,10 +259,10 @@ void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*p
   while (true) {
     if (at(TokenKind::IntegerLiteral)) {
       if (peek().isFirstOnLine())
-        findFooting();
-      unsigned errorsBefore = countMistakes();
+        recovery.resumeReporting();
+      Recovery::ErrorTrap trap(recovery);
       if (DataDescription *entry = (this->*parseEntry)())
-        records.add(entry, countMistakes() == errorsBefore);
+        records.add(entry, !trap.hasErrorOccurred());
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
     } else if (atEntryBoundary(clauses)) {

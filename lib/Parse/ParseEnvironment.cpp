@@ -27,7 +27,7 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
     if (accept(TokenKind::Period))
       continue;
     if (peek().isFirstOnLine())
-      findFooting();
+      recovery.resumeReporting();
     Keyword header = at(Keyword::Section) ? environmentSectionAt() : peek().keyword;
     if (!llvm::is_contained(environmentHeaders, header) && peek().isWord())
       header = misspeltHeader(environmentHeaders);
@@ -468,10 +468,8 @@ ClauseAlphabet *Parser::parseAlphabet() {
 bool Parser::parseForAlphanumeric() {
   if (!accept(Keyword::For))
     return true;
-  if (at(Keyword::National)) {
-    error(DiagnosticId::NotSupported, here(), "FOR NATIONAL");
-    return false;
-  }
+  if (at(Keyword::National))
+    return error(DiagnosticId::NotSupported, here(), "FOR NATIONAL");
   return expect(Keyword::Alphanumeric);
 }
 

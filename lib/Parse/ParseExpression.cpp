@@ -160,10 +160,8 @@ bool Parser::parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&
   while (!reference && atModifier()) {
     SourceRange begin = here();
     Depth level(*this);
-    if (level.isTooDeep()) {
-      error(DiagnosticId::NestedTooDeep, begin, maxDepth);
-      return false;
-    }
+    if (level.isTooDeep())
+      return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
     stream.skip();
     // Only the colon behind the first expression tells what the parentheses hold.
     Expression *first = nullptr;
@@ -174,19 +172,15 @@ bool Parser::parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&
         return false;
       continue;
     }
-    if (subscripts) {
-      expected("':'");
-      return false;
-    }
+    if (subscripts)
+      return expected("':'");
     Node position(begin);
     subscripts = new SubscriptModifier(&position);
     subscripts->addSubscript(first);
     while (!accept(TokenKind::RParen)) {
       if (!at(Keyword::All) && !at(TokenKind::Plus, TokenKind::Minus, TokenKind::LParen) &&
-          !atOperand()) {
-        expected("')'");
-        return false;
-      }
+          !atOperand())
+        return expected("')'");
       Expression *subscript = parseSubscript();
       if (!subscript)
         return false;
@@ -361,10 +355,8 @@ bool Parser::parseFunctionArguments(FunctionIdentifierExpression &call, const So
         continue;
       }
     }
-    if (call.getFunctionArgListSize() != 0 || call.getArgKeyword()) {
-      expected("')'");
-      return false;
-    }
+    if (call.getFunctionArgListSize() != 0 || call.getArgKeyword())
+      return expected("')'");
     ReferenceModifier *reference = parseReferenceModifier(open, argument);
     call.setReferenceMod(reference);
     return reference != nullptr;
@@ -372,7 +364,7 @@ bool Parser::parseFunctionArguments(FunctionIdentifierExpression &call, const So
   return true;
 }
 
-std::nullptr_t Parser::reportUnknownFunction(const Word &name) {
+Failure Parser::reportUnknownFunction(const Word &name) {
   SpellingMatch match(name.getWordData());
   for (const IntrinsicFunction &function : intrinsicFunctions())
     match.consider(function.name);

@@ -50,7 +50,7 @@ void Parser::parseFileSection(DataDivision &division) {
 /// {FD | SD} file-name clauses. Null when the entry has no name.
 FileDescription *Parser::parseFileDescription() {
   SourceRange begin = here();
-  findFooting();
+  recovery.resumeReporting();
   FileDescType type = at(Keyword::Fd) ? FileDescType::File : FileDescType::SortMerge;
   stream.skip();
   Word *name = parseUserWord("a file-name");

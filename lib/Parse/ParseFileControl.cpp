@@ -45,8 +45,8 @@ void Parser::parseFileControl(InputOutputSection &section) {
 /// SELECT [OPTIONAL] file-name clauses.
 ParaFileControl *Parser::parseSelect() {
   SourceRange begin = here();
-  findFooting();
-  unsigned errorsBefore = countMistakes();
+  recovery.resumeReporting();
+  Recovery::ErrorTrap trap(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
@@ -59,7 +59,7 @@ ParaFileControl *Parser::parseSelect() {
   file->setIsOptional(isOptional);
   Node whole = parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); });
   file->setRange(whole.getRange());
-  if (!file->getAssign() && countMistakes() == errorsBefore)
+  if (!file->getAssign() && !trap.hasErrorOccurred())
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
 }

@@ -78,10 +78,8 @@ bool Parser::parseParameters(std::list<Parameter *> &parameters) {
   ParameterType type = ParameterType::Reference;
   do {
     SourceRange begin = here();
-    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Value)) {
-      expected("REFERENCE or VALUE");
-      return false;
-    }
+    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Value))
+      return expected("REFERENCE or VALUE");
     if (accept(Keyword::Reference))
       type = ParameterType::Reference;
     else if (accept(Keyword::Value))
@@ -141,7 +139,7 @@ bool Parser::atMisspeltSection() {
 /// it are not reported as well.
 Word *Parser::parseHeaderName() {
   if (peek().isFirstOnLine())
-    findFooting();
+    recovery.resumeReporting();
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
     error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
@@ -155,7 +153,7 @@ Section *Parser::parseSectionHeader() {
   SourceRange begin = here();
   bool isExchanged = at(Keyword::Section);
   if (peek().isFirstOnLine())
-    findFooting();
+    recovery.resumeReporting();
   if (isExchanged) {
     expected("the name of a section");
     stream.skip();
@@ -229,12 +227,11 @@ Sentence *Parser::parseSentence() {
   SourceRange begin = here();
   std::list<Statement *> statements;
   if (atStatement())
-    findFooting();
+    recovery.resumeReporting();
   parseStatements(statements);
-  if (!accept(TokenKind::Period) && !hasUnknownStatement)
+  if (!accept(TokenKind::Period) && !recovery.hasUnknownStatement())
     expected("a period");
-  isSentenceAbandoned = hasUnknownStatement = false;
-  strayParts = 0;
+  recovery.endSentence();
   if (statements.empty())
     return nullptr;
   auto *sentence = make<Sentence>(begin);
@@ -287,7 +284,7 @@ bool Parser::atEndDeclaratives() {
 }
 
 void Parser::takeEndDeclaratives() {
-  findFooting();
+  recovery.resumeReporting();
   if (!expect(Keyword::End) || !expect(Keyword::Declaratives))
     stream.skip();
   expectHeaderPeriod();
@@ -297,7 +294,7 @@ void Parser::takeEndDeclaratives() {
 void Parser::parseDeclaratives(ProcedureDivision &division) {
   SourceRange begin = here();
   bool hasHeader = !peek(1).is(Keyword::Section);
-  findFooting();
+  recovery.resumeReporting();
   if (accept(Keyword::Declaratives)) {
     expectHeaderPeriod();
   } else if (!hasHeader) {
@@ -350,7 +347,7 @@ void Parser::parseDeclarativeSection(ProcedureDivision &division) {
 /// DECLARATIVES within declaratives. Always true, the word is gone.
 bool Parser::rejectDeclaratives() {
   if (peek().isFirstOnLine())
-    findFooting();
+    recovery.resumeReporting();
   error(DiagnosticId::DeclarativesOutOfPlace, here());
   stream.skip();
   return true;

@@ -146,7 +146,7 @@ bool Parser::atMisspeltDivision(unsigned n) {
 
 /// The header of \p division, which divisionAt() gave, up to its period.
 void Parser::takeDivisionHeader(Keyword division) {
-  findFooting();
+  recovery.resumeReporting();
   if (accept(Keyword::Division)) {
     error(DiagnosticId::Expected, stream.getLastPlace(), (textOf(division) + " DIVISION").str(),
           "'DIVISION'");
@@ -228,7 +228,7 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
 
 /// END PROGRAM name.
 void Parser::parseEndProgram(SourceUnit *current) {
-  findFooting();
+  recovery.resumeReporting();
   if (atSequence(Keyword::End, Keyword::Program)) {
     stream.skip();
     stream.skip();
@@ -242,7 +242,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
            !peek(1).isFirstOnLine());
   }
   auto bareName = [](llvm::StringRef name) { return name.trim("\"'"); };
-  unsigned errors = countMistakes();
+  Recovery::ErrorTrap trap(recovery);
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
     llvm::StringRef name = bareName(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
@@ -254,7 +254,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
     accept(TokenKind::Period);
   }
   // One message is enough for a line.
-  if (countMistakes() == errors)
+  if (!trap.hasErrorOccurred())
     expectHeaderPeriod();
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
@@ -267,7 +267,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
 
 IdentificationDivision *Parser::parseIdentificationDivision() {
   SourceRange begin = here();
-  unsigned mistakes = countMistakes();
+  Recovery::ErrorTrap trap(recovery);
   if (atDivision(Keyword::Identification)) {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
@@ -332,7 +332,7 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
       stream.skip();
       accept(TokenKind::Period);
       // Where the header is misspelt the stream does not know of the division.
-      if (countMistakes() != mistakes)
+      if (trap.hasErrorOccurred())
         stream.skipCommentEntry();
     } else if (!options.osvs && peek().text == textOf(Keyword::Remarks)) {
       error(DiagnosticId::OsvsStatement, here(), peek().text);

@@ -77,7 +77,7 @@ DataDescription *Parser::parseReportGroupEntry() {
 /// RD report-name clauses. Null when the entry has no name.
 ReportDescription *Parser::parseReportDescription() {
   SourceRange begin = here();
-  findFooting();
+  recovery.resumeReporting();
   accept(Keyword::Rd);
   Word *name = parseUserWord("a report-name");
   if (!name) {
@@ -264,10 +264,8 @@ bool Parser::parsePageRegion(ClausePageLimit &page) {
     get = &Page::getFooting;
     set = &Page::setFooting;
   } else if (accept(Keyword::First)) {
-    if (!acceptAny(Keyword::Detail, Keyword::De)) {
-      expected("DETAIL");
-      return false;
-    }
+    if (!acceptAny(Keyword::Detail, Keyword::De))
+      return expected("DETAIL");
     get = &Page::getFirstDetail;
     set = &Page::setFirstDetail;
   } else if (accept(Keyword::Last)) {
@@ -280,10 +278,8 @@ bool Parser::parsePageRegion(ClausePageLimit &page) {
         accept(Keyword::Heading);
       get = isFooting ? &Page::getFooting : &Page::getLastControlHeading;
       set = isFooting ? &Page::setFooting : &Page::setLastControlHeading;
-    } else {
-      expected("DETAIL or CONTROL HEADING");
-      return false;
-    }
+    } else
+      return expected("DETAIL or CONTROL HEADING");
   }
   accept(Keyword::Is);
   Expression *line = parseNumberOrDataName("the number of a line");

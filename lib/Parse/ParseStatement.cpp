@@ -1,100 +1,30 @@
 //===- ParseStatement.cpp - statements in general -------------------------===//
 //
-// Which function reads which statement, lists of statements, the phrases that
-// hold statements, and what happens after a mistake.
+// Which function parses which statement, lists of statements, the phrases that
+// hold statements, and synchronization after a mistake.
 //
-// Recovery: a statement that could not be read is left out whole. Its function
-// gives null, and recoverStatement() skips the rest of it: up to the next verb,
-// word that a statement around waits for, or period, reading past the phrases
-// of the statement with what they hold. An END- word of the statement that comes
-// later, behind statements that it would have held, is passed over in silence.
+// A statement that could not be parsed is left out of the tree. Its function
+// fails, and skipRestOfStatement() skips what is left of it: up to the next verb,
+// period, or word that an enclosing statement waits for, and past the phrases of
+// the statement with the statements in them. An END- word of the statement that
+// comes later is skipped without a message.
 //
 //===----------------------------------------------------------------------===//
 
 #include "AST/Spelling.h"
 #include "Parse/Parser.h"
-#include <utility>
 
 namespace tarka {
 
-//===----------------------------------------------------------------------===//
-// What the verbs have
-//===----------------------------------------------------------------------===//
-
-namespace {
-
-/// A set of phrases has a bit for each; the NOT form of a phrase has its own where it matters.
-constexpr unsigned bitOf(ExceptionHandlerType type, bool isNot = false) {
-  return 1u << (static_cast<unsigned>(type) + (isNot ? 8 : 0));
-}
-
-constexpr unsigned sizeError = bitOf(ExceptionHandlerType::SizeError);
-constexpr unsigned atEnd = bitOf(ExceptionHandlerType::AtEnd);
-constexpr unsigned invalidKey = bitOf(ExceptionHandlerType::InvalidKey);
-constexpr unsigned overflow = bitOf(ExceptionHandlerType::Overflow);
-constexpr unsigned endOfPage = bitOf(ExceptionHandlerType::EndOfPage);
-constexpr unsigned onException = bitOf(ExceptionHandlerType::OnException);
-
-/// A statement that has an END- word, and the phrases with statements that it may have.
-struct ScopedVerb {
-  Keyword verb;
-  Keyword endWord;
-  unsigned phrases;
-};
-
-constexpr ScopedVerb scopedVerbs[] = {
-    {Keyword::Accept, Keyword::EndAccept, onException},
-    {Keyword::Add, Keyword::EndAdd, sizeError},
-    {Keyword::Call, Keyword::EndCall, overflow | onException},
-    {Keyword::Compute, Keyword::EndCompute, sizeError},
-    {Keyword::Delete, Keyword::EndDelete, invalidKey},
-    {Keyword::Display, Keyword::EndDisplay, onException},
-    {Keyword::Divide, Keyword::EndDivide, sizeError},
-    {Keyword::Evaluate, Keyword::EndEvaluate, 0},
-    {Keyword::If, Keyword::EndIf, 0},
-    {Keyword::Invoke, Keyword::EndInvoke, onException},
-    {Keyword::Json, Keyword::EndJson, onException},
-    {Keyword::Multiply, Keyword::EndMultiply, sizeError},
-    {Keyword::Perform, Keyword::EndPerform, 0},
-    {Keyword::Read, Keyword::EndRead, atEnd | invalidKey},
-    {Keyword::Receive, Keyword::EndReceive, 0},
-    {Keyword::Return, Keyword::EndReturn, atEnd},
-    {Keyword::Rewrite, Keyword::EndRewrite, invalidKey},
-    {Keyword::Search, Keyword::EndSearch, atEnd},
-    {Keyword::Start, Keyword::EndStart, invalidKey},
-    {Keyword::String, Keyword::EndString, overflow},
-    {Keyword::Subtract, Keyword::EndSubtract, sizeError},
-    {Keyword::Unstring, Keyword::EndUnstring, overflow},
-    {Keyword::Write, Keyword::EndWrite, invalidKey | endOfPage},
-    {Keyword::Xml, Keyword::EndXml, onException},
-};
-
-const ScopedVerb *scopeOf(Keyword verb) {
-  for (const ScopedVerb &scoped : scopedVerbs)
-    if (scoped.verb == verb)
-      return &scoped;
-  return nullptr;
-}
-
-/// The verb that the END- word \p endWord ends.
-Keyword verbOfEnd(Keyword endWord) {
-  for (const ScopedVerb &scoped : scopedVerbs)
-    if (scoped.endWord == endWord)
-      return scoped.verb;
-  return Keyword::None;
-}
-
 /// The words with which statements and phrases of OS/VS COBOL begin. Without its option they are
 /// words like any other.
-bool isOsvsWord(llvm::StringRef word) {
+static bool isOsvsWord(llvm::StringRef word) {
   for (Keyword keyword : {Keyword::Examine, Keyword::Exhibit, Keyword::Note, Keyword::On,
                           Keyword::Otherwise, Keyword::Seek, Keyword::Transform})
     if (word == textOf(keyword))
       return true;
   return false;
 }
-
-} // namespace
 
 //===----------------------------------------------------------------------===//
 // Statements
@@ -125,7 +55,7 @@ Statement *Parser::parseStatement() {
   return parseStatementOf(peek().keyword);
 }
 
-/// The statement of \p verb. The verb is next, or it was misspelt and is gone.
+/// The statement of \p verb. The verb is next, or it was misspelt and has been skipped.
 Statement *Parser::parseStatementOf(Keyword verb) {
   Depth level(*this);
   if (level.isTooDeep()) {
@@ -133,18 +63,19 @@ Statement *Parser::parseStatementOf(Keyword verb) {
     abandonSentence();
     return nullptr;
   }
-  enclosingStatements.push_back({verb});
-  Statement *statement = dispatchStatement(verb);
-  enclosingStatements.pop_back();
-  if (isSentenceAbandoned)
+  StatementResult result = nullptr;
+  {
+    Recovery::StatementScope scope(recovery, verb);
+    result = dispatchStatement(verb);
+  }
+  if (recovery.isSentenceAbandoned())
     return nullptr;
-  if (!statement && !isRecovered)
-    recoverStatement(verb);
-  isRecovered = false;
-  return statement;
+  if (result.getOutcome() == Outcome::Failed)
+    skipRestOfStatement(verb);
+  return result.get();
 }
 
-Statement *Parser::dispatchStatement(Keyword verb) {
+StatementResult Parser::dispatchStatement(Keyword verb) {
   switch (verb) {
   case Keyword::Accept:
     return parseAccept();
@@ -207,7 +138,7 @@ Statement *Parser::dispatchStatement(Keyword verb) {
     return parseNextSentence();
   case Keyword::Note:
     skipNote(/*isWholeParagraph=*/false);
-    return dropStatement();
+    return Outcome::Absent;
   case Keyword::On:
     return parseOn();
   case Keyword::Open:
@@ -263,25 +194,25 @@ Statement *Parser::dispatchStatement(Keyword verb) {
 }
 
 /// A statement that the language has and the rest of the compiler does not.
-std::nullptr_t Parser::rejectStatement() {
+StatementResult Parser::rejectStatement() {
   error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
   bool hasSecondWord = at(Keyword::Json) && peek(1).isOneOf(Keyword::Generate, Keyword::Parse);
   stream.skip();
   if (hasSecondWord)
     stream.skip();
-  return nullptr;
+  return Outcome::Failed;
 }
 
 /// USE begins a section of the declaratives and stands nowhere else.
-std::nullptr_t Parser::rejectUse() {
+StatementResult Parser::rejectUse() {
   error(DiagnosticId::UseOutsideDeclaratives, here());
   while (!at(TokenKind::Period) && !atUnitBoundary())
     stream.skip();
-  return dropStatement();
+  return Outcome::Discarded;
 }
 
 /// ENTER language [routine]: a remark only.
-Statement *Parser::parseEnter() {
+StatementResult Parser::parseEnter() {
   SourceRange begin = here();
   accept(Keyword::Enter);
   if (!peek().isWord())
@@ -293,7 +224,7 @@ Statement *Parser::parseEnter() {
 
 /// SEEK file-name [RECORD]: the arm of the disk may move ahead of the READ; what is read stays the
 /// same.
-Statement *Parser::parseSeek() {
+StatementResult Parser::parseSeek() {
   SourceRange begin = here();
   error(DiagnosticId::NoEffect, begin, textOf(peek().keyword));
   accept(Keyword::Seek);
@@ -304,7 +235,7 @@ Statement *Parser::parseSeek() {
 }
 
 /// SERVICE LABEL, SERVICE RELOAD item: left over from older systems and without effect.
-Statement *Parser::parseService() {
+StatementResult Parser::parseService() {
   SourceRange begin = here();
   accept(Keyword::Service);
   if (accept(Keyword::Label))
@@ -318,12 +249,14 @@ Statement *Parser::parseService() {
 // Lists of statements
 //===----------------------------------------------------------------------===//
 
-void Parser::parseStatements(std::list<Statement *> &statements) {
+Outcome Parser::parseStatements(std::list<Statement *> &statements) {
+  Recovery::ErrorTrap trap(recovery);
+  Recovery::ListScope scope(recovery);
   StatementList list;
-  while (!isSentenceAbandoned) {
+  while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
       if (peek().isFirstOnLine())
-        findFooting();
+        recovery.resumeReporting();
       list.lastVerb = peek().keyword;
       list.lastIsWrong = false;
       Statement *statement = parseStatement();
@@ -331,30 +264,36 @@ void Parser::parseStatements(std::list<Statement *> &statements) {
         statements.push_back(statement);
       list.lastIsKept = statement != nullptr;
     } else if (endsStatements(list)) {
-      return;
+      break;
     } else if (list.lastIsWrong && list.lastIsKept) {
       statements.pop_back();
       list.lastIsKept = false;
     }
-    if (abandonedEnd != Keyword::None)
-      list.abandonedEnds.push_back(std::exchange(abandonedEnd, Keyword::None));
   }
+  if (!statements.empty())
+    return Outcome::Parsed;
+  return trap.hasErrorOccurred() ? Outcome::Failed : Outcome::Absent;
+}
+
+/// Stands for statements that were reported and skipped, where at least one is needed.
+Statement *Parser::makePlaceholder(const SourceRange &begin) {
+  Node place(begin);
+  return new ContinueStatement(&place);
 }
 
 bool Parser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
   SourceRange begin = here();
-  unsigned errors = countMistakes();
-  parseStatements(statements);
-  if (!statements.empty())
-    return true;
-  if (countMistakes() == errors) {
+  switch (parseStatements(statements)) {
+  case Outcome::Absent:
     if (isNeeded)
       expected("a statement");
     return false;
+  case Outcome::Failed:
+    statements.push_back(makePlaceholder(begin));
+    return true;
+  default:
+    return true;
   }
-  // Its statements were refused one by one, with a message each.
-  statements.push_back(new ContinueStatement(new Node(begin)));
-  return true;
 }
 
 /// A list ends before a word that a statement around it waits for, and with the sentence. A
@@ -366,46 +305,44 @@ bool Parser::endsStatements(StatementList &list) {
     return true;
   Keyword keyword = token.keyword;
   if (isScopeTerminator(keyword)) {
-    auto *abandoned = llvm::find(list.abandonedEnds, keyword);
-    if (abandoned != list.abandonedEnds.end()) {
-      list.abandonedEnds.erase(abandoned);
+    if (recovery.acceptAbandonedEnd(keyword)) {
       stream.skip();
       return false;
     }
-    if (isOpen(keyword))
+    if (recovery.canEndWith(keyword))
       return true;
-    if (!endsStray(verbOfEnd(keyword)) && !hasUnknownStatement)
+    if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement())
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
     stream.skip();
     return false;
   }
   if (keyword == Keyword::Else || keyword == Keyword::Otherwise) {
-    if (canTakeElse())
+    if (recovery.canTakeElse())
       return true;
-    if (isFirstStray(StrayElse))
+    if (recovery.isFirstStray(StrayPart::Else))
       error(DiagnosticId::ElseWithoutIf, here(), textOf(keyword));
     stream.skip();
     return false;
   }
   if (keyword == Keyword::When) {
-    if (canTakeWhen())
+    if (recovery.canTakeWhen())
       return true;
-    if (isFirstStray(StrayWhen))
+    if (recovery.isFirstStray(StrayPart::When))
       error(DiagnosticId::WhenWithoutEvaluate, here());
     stream.skip();
     skipToStatement();
     return false;
   }
   if (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    if (canTakePhrase(*phrase))
+    if (recovery.canTakePhrase(*phrase))
       return true;
     if (correctDividedEnd())
       return endsStatements(list);
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    if (isFirstStray(StrayPhrase))
+    if (recovery.isFirstStray(StrayPart::Phrase))
       error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
     return false;
   }
@@ -417,28 +354,6 @@ bool Parser::endsStatements(StatementList &list) {
       suggestKeyword(token.text, KF_Verb).empty())
     return true;
   return correctMisspelt() ? endsStatements(list) : rejectWord(list);
-}
-
-/// Whether a part without its statement is the first one of its kind in the sentence: the others
-/// belong to the same statement, most likely, which is told once.
-bool Parser::isFirstStray(StrayPart part) {
-  const bool isFirst = !hasUnknownStatement && !(strayParts & part);
-  strayParts |= part;
-  return isFirst;
-}
-
-/// Whether the END- word of \p verb ends a statement of which parts were met without it.
-bool Parser::endsStray(Keyword verb) {
-  unsigned parts = 0;
-  if (verb == Keyword::If)
-    parts = StrayElse;
-  else if (verb == Keyword::Evaluate || verb == Keyword::Search)
-    parts = StrayWhen;
-  if (const ScopedVerb *scope = scopeOf(verb); scope && scope->phrases != 0)
-    parts |= StrayPhrase;
-  const bool isStray = strayParts & parts;
-  strayParts &= ~parts;
-  return isStray;
 }
 
 // What joins the operands of a statement before it with those behind it.
@@ -465,9 +380,9 @@ Keyword Parser::misspeltKeyword() {
   const bool isAtEnd =
       following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword);
   // Most words need no look at what is declared.
+  llvm::ArrayRef<EnclosingStatement> enclosing = recovery.getEnclosing();
   const bool isEndPossible =
-      enclosingStatements.size() > 1 ||
-      (!enclosingStatements.empty() && scopeOf(enclosingStatements.back().verb));
+      enclosing.size() > 1 || (!enclosing.empty() && scopeOf(enclosing.back().verb));
   if (isAtEnd ? !isEndPossible : followsOperand(following))
     return Keyword::None;
   if (isNamed(peek()))
@@ -480,14 +395,14 @@ Keyword Parser::misspeltKeyword() {
     if (match.consider(textOf(candidate)))
       meant = candidate;
   };
-  for (const EnclosingStatement &open : llvm::reverse(enclosingStatements))
-    if (const ScopedVerb *scope = scopeOf(open.verb))
+  for (const EnclosingStatement &one : llvm::reverse(enclosing))
+    if (const ScopedVerb *scope = scopeOf(one.verb))
       consider(scope->endWord);
-  if (isVerbNext && canTakeElse())
+  if (isVerbNext && recovery.canTakeElse())
     consider(Keyword::Else);
   if (isAtEnd)
     return meant;
-  if (canTakeWhen())
+  if (recovery.canTakeWhen())
     consider(Keyword::When);
   for (Keyword joint : joints)
     consider(joint);
@@ -507,7 +422,7 @@ bool Parser::correctMisspelt() {
     return false;
   error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(meant));
   stream.correct(meant);
-  findFooting();
+  recovery.resumeReporting();
   return true;
 }
 
@@ -516,7 +431,7 @@ bool Parser::correctDividedEnd() {
   const ScopedVerb *scope = at(Keyword::End) ? scopeOf(peek(1).keyword) : nullptr;
   const Token following = peek(2);
   bool isEnd =
-      scope && isOpen(scope->endWord) &&
+      scope && recovery.canEndWith(scope->endWord) &&
       (following.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::When) ||
        following.isVerb() || isScopeTerminator(following.keyword));
   if (!isEnd)
@@ -525,7 +440,7 @@ bool Parser::correctDividedEnd() {
         ("'END " + textOf(scope->verb) + "'").str());
   stream.skip();
   stream.correct(scope->endWord);
-  findFooting();
+  recovery.resumeReporting();
   return true;
 }
 
@@ -566,27 +481,27 @@ bool Parser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (rejectPhrase(word)) {
-    hasUnknownStatement = true;
-    recoverStatement(list.lastVerb);
+    recovery.noteUnknownStatement();
+    skipRestOfStatement(list.lastVerb);
   } else if (!options.osvs && word.isWord() && isOsvsWord(word.text)) {
     if (word.isFirstOnLine())
-      findFooting();
+      recovery.resumeReporting();
     error(DiagnosticId::OsvsStatement, word.place, word.text);
-    hasUnknownStatement = true;
-    recoverStatement(Keyword::None);
+    recovery.noteUnknownStatement();
+    skipRestOfStatement(Keyword::None);
   } else if (!meant.empty()) {
     error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
     const ScopedVerb *verb = llvm::find_if(
-        scopedVerbs, [meant](const ScopedVerb &one) { return textOf(one.verb) == meant; });
+        scopedVerbs(), [meant](const ScopedVerb &one) { return textOf(one.verb) == meant; });
     if (meant == textOf(Keyword::Exec) || meant == textOf(Keyword::Execute))
       skipEmbeddedText();
-    else if (verb == std::end(scopedVerbs))
-      recoverStatement(Keyword::None);
-    else if (verb->phrases == 0 || verb->verb == Keyword::Search)
+    else if (verb == scopedVerbs().end())
+      skipRestOfStatement(Keyword::None);
+    else if (verb->phrases.empty() || verb->verb == Keyword::Search)
       // ELSE, WHEN and END- words of the statement are to find it.
       parseStatementOf(verb->verb);
     else
-      recoverStatement(verb->verb);
+      skipRestOfStatement(verb->verb);
   } else {
     if (word.isUserWord() && !isNamed(word))
       meant = suggestReservedWord(word.text);
@@ -598,37 +513,10 @@ bool Parser::rejectWord(StatementList &list) {
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
-    hasUnknownStatement = true;
-    recoverStatement(list.lastVerb);
+    recovery.noteUnknownStatement();
+    skipRestOfStatement(list.lastVerb);
   }
   return false;
-}
-
-bool Parser::isOpen(Keyword endWord) const {
-  Keyword verb = verbOfEnd(endWord);
-  return llvm::any_of(llvm::reverse(enclosingStatements), [verb](const EnclosingStatement &open) {
-    return open.verb == verb || open.verb == Keyword::None;
-  });
-}
-
-bool Parser::canTakeElse() const {
-  return llvm::any_of(llvm::reverse(enclosingStatements), [](const EnclosingStatement &open) {
-    return (open.verb == Keyword::If || open.verb == Keyword::On) && !open.hasElse;
-  });
-}
-
-bool Parser::canTakeWhen() const {
-  return llvm::any_of(llvm::reverse(enclosingStatements), [](const EnclosingStatement &open) {
-    return open.verb == Keyword::Evaluate || open.verb == Keyword::Search;
-  });
-}
-
-bool Parser::canTakePhrase(const PhraseStart &phrase) const {
-  return llvm::any_of(llvm::reverse(enclosingStatements), [&](const EnclosingStatement &open) {
-    const ScopedVerb *scope = scopeOf(open.verb);
-    bool hasPhrase = open.verb == Keyword::None || (scope && (scope->phrases & bitOf(phrase.type)));
-    return hasPhrase && !(open.phrases & bitOf(phrase.type, phrase.isNot));
-  });
 }
 
 //===----------------------------------------------------------------------===//
@@ -637,7 +525,7 @@ bool Parser::canTakePhrase(const PhraseStart &phrase) const {
 
 /// [NOT] {[ON] {SIZE ERROR | OVERFLOW | EXCEPTION} | [AT] {END | END-OF-PAGE | EOP}
 ///   | INVALID [KEY]}
-std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
+std::optional<PhraseStart> Parser::atExceptionPhrase() {
   if (!at(Keyword::Not, Keyword::On, Keyword::At, Keyword::Size, Keyword::Overflow,
           Keyword::Exception, Keyword::End, Keyword::EndOfPage, Keyword::Eop, Keyword::Invalid))
     return std::nullopt;
@@ -684,26 +572,22 @@ std::optional<Parser::PhraseStart> Parser::atExceptionPhrase() {
   return std::nullopt;
 }
 
-bool Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
+void Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                                    std::initializer_list<ExceptionHandlerType> allowed) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    unsigned &given = enclosingStatements.back().phrases;
-    unsigned own = bitOf(phrase->type, phrase->isNot);
-    if ((given & own) || !llvm::is_contained(allowed, phrase->type))
-      return true;
-    given |= own;
+    PhraseSet &given = recovery.getInnermost().phrases;
+    if (given.contains(*phrase) || !llvm::is_contained(allowed, phrase->type))
+      return;
+    given.insert(*phrase);
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    unsigned errors = countMistakes();
     std::list<Statement *> statements;
-    parseStatements(statements);
-    // A phrase without statements is for the checker to tell, unless its statements were refused.
-    if (statements.empty() && countMistakes() != errors)
-      statements.push_back(new ContinueStatement(new Node(begin)));
+    // The checker reports a phrase that has no statements.
+    if (parseStatements(statements) == Outcome::Failed)
+      statements.push_back(makePlaceholder(begin));
     handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));
   }
-  return true;
 }
 
 //===----------------------------------------------------------------------===//
@@ -730,36 +614,34 @@ void Parser::skipToStatement(bool passesWhen) {
 
 /// Takes the rest of the statement \p verb, which could not be read, off the stream. None stands
 /// for a statement that nobody knows: phrases that no statement around could have are its own.
-void Parser::recoverStatement(Keyword verb) {
+void Parser::skipRestOfStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
-  unsigned taken = 0;
+  PhraseSet taken;
   for (;;) {
     // XML GENERATE has a phrase WHEN of its own.
     skipToStatement(/*passesWhen=*/verb == Keyword::Xml);
     std::optional<PhraseStart> phrase = atExceptionPhrase();
     if (!phrase)
       break;
-    bool isOwn = scope && (scope->phrases & bitOf(phrase->type));
-    unsigned which = bitOf(phrase->type, phrase->isNot);
-    if ((taken & which) || (!isOwn && canTakePhrase(*phrase)))
+    bool isOwn = scope && scope->phrases.contains(phrase->type);
+    if (taken.contains(*phrase) || (!isOwn && recovery.canTakePhrase(*phrase)))
       break;
-    taken |= which;
+    taken.insert(*phrase);
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
     std::list<Statement *> dropped;
-    enclosingStatements.push_back({verb, /*hasElse=*/false, taken});
+    Recovery::StatementScope enclosing(recovery, verb, taken);
     parseStatements(dropped);
-    enclosingStatements.pop_back();
   }
-  if (scope)
-    abandonedEnd = accept(scope->endWord) ? Keyword::None : scope->endWord;
-  else if (isScopeTerminator(peek().keyword) && !isOpen(peek().keyword))
+  if (scope && !accept(scope->endWord))
+    recovery.expectAbandonedEnd(scope->endWord);
+  else if (!scope && isScopeTerminator(peek().keyword) && !recovery.canEndWith(peek().keyword))
     stream.skip();
 }
 
 /// Gives up the sentence. The statements around the place all end at its period, in silence.
 void Parser::abandonSentence() {
-  isSentenceAbandoned = true;
+  recovery.abandonSentence();
   while (!at(TokenKind::Period) && !atUnitBoundary() && !atProcedureHeader() &&
          !atEndDeclaratives())
     stream.skip();

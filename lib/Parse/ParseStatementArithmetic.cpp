@@ -57,7 +57,7 @@ template <typename T> T *Parser::finishArithmetic(T *statement, Keyword end) {
 /// ADD operand... [TO operand] GIVING {receiver [ROUNDED]}...
 /// ADD {CORRESPONDING | CORR} group TO group [ROUNDED]
 ///   [[NOT] ON SIZE ERROR statements]... [END-ADD]
-Statement *Parser::parseAdd() {
+StatementResult Parser::parseAdd() {
   SourceRange begin = here();
   accept(Keyword::Add);
   auto *add = make<AddStatement>(begin, AddStmtType::To);
@@ -101,7 +101,7 @@ Statement *Parser::parseAdd() {
 /// SUBTRACT operand... FROM operand GIVING {receiver [ROUNDED]}...
 /// SUBTRACT {CORRESPONDING | CORR} group FROM group [ROUNDED]
 ///   [[NOT] ON SIZE ERROR statements]... [END-SUBTRACT]
-Statement *Parser::parseSubtract() {
+StatementResult Parser::parseSubtract() {
   SourceRange begin = here();
   accept(Keyword::Subtract);
   auto *subtract = make<SubtractStatement>(begin, SubtractStmtType::From);
@@ -140,7 +140,7 @@ Statement *Parser::parseSubtract() {
 /// MULTIPLY operand BY {receiver [ROUNDED]}...
 /// MULTIPLY operand BY operand GIVING {receiver [ROUNDED]}...
 ///   [[NOT] ON SIZE ERROR statements]... [END-MULTIPLY]
-Statement *Parser::parseMultiply() {
+StatementResult Parser::parseMultiply() {
   SourceRange begin = here();
   accept(Keyword::Multiply);
   Expression *multiplicand = parseOperand();
@@ -164,7 +164,7 @@ Statement *Parser::parseMultiply() {
 /// DIVIDE operand {INTO | BY} operand GIVING {receiver [ROUNDED]}...
 /// DIVIDE operand {INTO | BY} operand GIVING receiver [ROUNDED] REMAINDER receiver
 ///   [[NOT] ON SIZE ERROR statements]... [END-DIVIDE]
-Statement *Parser::parseDivide() {
+StatementResult Parser::parseDivide() {
   SourceRange begin = here();
   accept(Keyword::Divide);
   Expression *first = parseOperand();
@@ -212,7 +212,7 @@ Statement *Parser::parseDivide() {
 
 /// COMPUTE {receiver [ROUNDED]}... {= | EQUAL} arithmetic-expression
 ///   [[NOT] ON SIZE ERROR statements]... [END-COMPUTE]
-Statement *Parser::parseCompute() {
+StatementResult Parser::parseCompute() {
   SourceRange begin = here();
   accept(Keyword::Compute);
   auto *compute = make<ComputeStatement>(begin);

@@ -9,7 +9,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// CALL program [USING argument...] [RETURNING identifier] [exception phrases] [END-CALL]
-Statement *Parser::parseCall() {
+StatementResult Parser::parseCall() {
   SourceRange begin = here();
   accept(Keyword::Call);
   Expression *program = parseOperand();
@@ -35,10 +35,8 @@ bool Parser::parseCallArguments(CallStatement &call) {
   ArgType type = ArgType::Reference;
   do {
     SourceRange begin = here();
-    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Content, Keyword::Value)) {
-      expected("REFERENCE, CONTENT or VALUE");
-      return false;
-    }
+    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Content, Keyword::Value))
+      return expected("REFERENCE, CONTENT or VALUE");
     if (accept(Keyword::Reference))
       type = ArgType::Reference;
     else if (accept(Keyword::Content))
@@ -69,7 +67,7 @@ Argument *Parser::parseCallArgument(ArgType type, const SourceRange &begin) {
 }
 
 /// CANCEL program...
-Statement *Parser::parseCancel() {
+StatementResult Parser::parseCancel() {
   SourceRange begin = here();
   accept(Keyword::Cancel);
   auto *cancel = make<CancelStatement>(begin);
@@ -79,7 +77,7 @@ Statement *Parser::parseCancel() {
 }
 
 /// ENTRY literal [USING parameter...]
-Statement *Parser::parseEntry() {
+StatementResult Parser::parseEntry() {
   SourceRange begin = here();
   accept(Keyword::Entry);
   LiteralExpression *name = parseLiteral();
@@ -97,14 +95,14 @@ Statement *Parser::parseEntry() {
 }
 
 /// GOBACK
-Statement *Parser::parseGoback() {
+StatementResult Parser::parseGoback() {
   SourceRange begin = here();
   accept(Keyword::Goback);
   return make<GobackStatement>(begin);
 }
 
 /// STOP {RUN | literal}
-Statement *Parser::parseStop() {
+StatementResult Parser::parseStop() {
   SourceRange begin = here();
   accept(Keyword::Stop);
   if (accept(Keyword::Run))
@@ -121,7 +119,7 @@ Statement *Parser::parseStop() {
 
 /// GO [TO] [procedure-name]
 /// GO [TO] procedure-name... DEPENDING [ON] identifier
-Statement *Parser::parseGoto() {
+StatementResult Parser::parseGoto() {
   SourceRange begin = here();
   accept(Keyword::Go);
   accept(Keyword::To);
@@ -152,7 +150,7 @@ Statement *Parser::parseGoto() {
 }
 
 /// ALTER {procedure-name TO [PROCEED TO] procedure-name}...
-Statement *Parser::parseAlter() {
+StatementResult Parser::parseAlter() {
   SourceRange begin = here();
   accept(Keyword::Alter);
   auto *alter = make<AlterStatement>(begin);
@@ -176,7 +174,7 @@ AlterItem *Parser::parseAlterItem() {
 }
 
 /// EXIT [PROGRAM | PARAGRAPH | SECTION | PERFORM [CYCLE]]
-Statement *Parser::parseExit() {
+StatementResult Parser::parseExit() {
   SourceRange begin = here();
   accept(Keyword::Exit);
   if (accept(Keyword::Program))
@@ -187,10 +185,10 @@ Statement *Parser::parseExit() {
     return make<ExitSectionStatement>(begin);
   if (accept(Keyword::Perform)) {
     bool isCycle = accept(Keyword::Cycle);
-    if (isOpen(Keyword::EndPerform))
+    if (recovery.canEndWith(Keyword::EndPerform))
       return make<ExitPerformStatement>(begin, isCycle);
     error(DiagnosticId::ExitPerformOutside, begin);
-    return dropStatement();
+    return Outcome::Discarded;
   }
   if (at(Keyword::Method, Keyword::Function))
     return error(DiagnosticId::UnsupportedStatement, here(),
@@ -235,7 +233,7 @@ bool Parser::atPerformPhrase() {
 
 /// PERFORM procedure-name [THROUGH procedure-name] [phrase]
 /// PERFORM [phrase] statements END-PERFORM
-Statement *Parser::parsePerform() {
+StatementResult Parser::parsePerform() {
   SourceRange begin = here();
   accept(Keyword::Perform);
   auto *perform = make<PerformStatement>(begin, PerformStmtType::Simple);
@@ -258,7 +256,7 @@ Statement *Parser::parsePerform() {
 
 /// The statements and END-PERFORM; they are read even where the phrase before them could not be,
 /// which \p isComplete tells.
-Statement *Parser::parsePerformInline(PerformStatement *perform, bool isComplete) {
+StatementResult Parser::parsePerformInline(PerformStatement *perform, bool isComplete) {
   if (!isComplete)
     skipToStatement();
   std::list<Statement *> statements;
@@ -267,11 +265,11 @@ Statement *Parser::parsePerformInline(PerformStatement *perform, bool isComplete
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
   if (!accept(Keyword::EndPerform)) {
-    if (isComplete && !hasUnknownStatement)
+    if (isComplete && !recovery.hasUnknownStatement())
       expect(Keyword::EndPerform);
     isComplete = false;
   }
-  return isComplete ? complete(perform) : dropStatement();
+  return isComplete ? complete(perform) : StatementResult(Outcome::Discarded);
 }
 
 /// operand TIMES | [[WITH] TEST {BEFORE | AFTER}] {UNTIL condition | VARYING ... [AFTER ...]...}
@@ -282,17 +280,13 @@ bool Parser::parsePerformPhrase(PerformStatement &perform) {
     if (!expect(Keyword::Test))
       return false;
     bool isAfter = at(Keyword::After);
-    if (!isAfter && !at(Keyword::Before)) {
-      expected("BEFORE or AFTER");
-      return false;
-    }
+    if (!isAfter && !at(Keyword::Before))
+      return expected("BEFORE or AFTER");
     stream.skip();
     perform.setPerformTest(
         make<PerformTest>(begin, isAfter ? PerformTestType::After : PerformTestType::Before));
-    if (!at(Keyword::Until, Keyword::Varying)) {
-      expected("UNTIL or VARYING");
-      return false;
-    }
+    if (!at(Keyword::Until, Keyword::Varying))
+      return expected("UNTIL or VARYING");
   }
   if (accept(Keyword::Until)) {
     perform.setType(PerformStmtType::Until);
@@ -331,14 +325,14 @@ PerformVarying *Parser::parsePerformVarying() {
 //===----------------------------------------------------------------------===//
 
 /// CONTINUE
-Statement *Parser::parseContinue() {
+StatementResult Parser::parseContinue() {
   SourceRange begin = here();
   accept(Keyword::Continue);
   return make<ContinueStatement>(begin);
 }
 
 /// NEXT SENTENCE
-Statement *Parser::parseNextSentence() {
+StatementResult Parser::parseNextSentence() {
   SourceRange begin = here();
   accept(Keyword::Next);
   accept(Keyword::Sentence);
@@ -350,7 +344,7 @@ Statement *Parser::parseNextSentence() {
 bool Parser::parseElse(std::list<Statement *> &statements) {
   if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
-  enclosingStatements.back().hasElse = true;
+  recovery.getInnermost().hasElse = true;
   if (parseBranch(statements))
     return true;
   // ELSE ELSE is one mistake.
@@ -361,7 +355,7 @@ bool Parser::parseElse(std::list<Statement *> &statements) {
 
 /// IF condition [THEN] statements [ELSE statements] [END-IF]. The branches are read even where the
 /// condition could not be.
-Statement *Parser::parseIf() {
+StatementResult Parser::parseIf() {
   SourceRange begin = here();
   accept(Keyword::If);
   Condition *condition = parseCondition();
@@ -375,7 +369,7 @@ Statement *Parser::parseIf() {
   isComplete &= parseElse(otherwise);
   accept(Keyword::EndIf);
   if (!isComplete)
-    return dropStatement();
+    return Outcome::Discarded;
   auto *statement = make<IfStatement>(begin, condition, &then, nullptr);
   for (Statement *one : otherwise)
     statement->addElseStmt(one);
@@ -383,7 +377,7 @@ Statement *Parser::parseIf() {
 }
 
 /// ON count [AND EVERY count] [UNTIL count] statements [{ELSE | OTHERWISE} statements]
-Statement *Parser::parseOn() {
+StatementResult Parser::parseOn() {
   SourceRange begin = here();
   accept(Keyword::On);
   Expression *count = parseOperand();
@@ -407,7 +401,7 @@ Statement *Parser::parseOn() {
   bool isComplete = parseBranch(then);
   isComplete &= parseElse(otherwise);
   if (!isComplete)
-    return dropStatement();
+    return Outcome::Discarded;
   for (Statement *one : then)
     statement->addUntilStmt(one);
   for (Statement *one : otherwise)
@@ -422,7 +416,7 @@ Statement *Parser::parseOn() {
 /// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
 ///   [WHEN OTHER statements] [END-EVALUATE]. What could not be read does not keep the rest from
 /// being read.
-Statement *Parser::parseEvaluate() {
+StatementResult Parser::parseEvaluate() {
   SourceRange begin = here();
   accept(Keyword::Evaluate);
   auto *evaluate = make<EvaluateStatement>(begin);
@@ -451,7 +445,7 @@ Statement *Parser::parseEvaluate() {
     });
   }
   accept(Keyword::EndEvaluate);
-  return isComplete ? complete(evaluate) : dropStatement();
+  return isComplete ? complete(evaluate) : StatementResult(Outcome::Discarded);
 }
 
 EvaluateSubject *Parser::parseEvaluateSubject() {
@@ -560,10 +554,10 @@ EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin, bool isTr
 
 /// SEARCH [ALL] table [VARYING identifier] [[AT] END statements] {WHEN condition statements}...
 ///   [END-SEARCH]. What could not be read does not keep the rest from being read.
-Statement *Parser::parseSearch() {
+StatementResult Parser::parseSearch() {
   SourceRange begin = here();
   accept(Keyword::Search);
-  unsigned mistakes = countMistakes();
+  Recovery::ErrorTrap trap(recovery);
   SearchType type = accept(Keyword::All) ? SearchType::Binary : SearchType::Serial;
   IdentifierExpression *table = parseIdentifier();
   auto *search = make<SearchStatement>(begin, type, table);
@@ -583,7 +577,7 @@ Statement *Parser::parseSearch() {
   for (ExceptionHandler *handler : handlers)
     search->addAtHandler(handler);
   if (!at(Keyword::When)) {
-    if (isComplete && countMistakes() == mistakes)
+    if (isComplete && !trap.hasErrorOccurred())
       expect(Keyword::When);
     isComplete = false;
     // The statements of the WHEN that is missing.
@@ -597,7 +591,7 @@ Statement *Parser::parseSearch() {
     isComplete &= when != nullptr;
   }
   accept(Keyword::EndSearch);
-  return isComplete ? complete(search) : dropStatement();
+  return isComplete ? complete(search) : StatementResult(Outcome::Discarded);
 }
 
 /// WHEN condition statements
@@ -620,7 +614,7 @@ SearchWhen *Parser::parseSearchWhen() {
 //===----------------------------------------------------------------------===//
 
 /// EXEC language text END-EXEC
-Statement *Parser::parseExec() {
+StatementResult Parser::parseExec() {
   SourceRange begin = here();
   acceptAny(Keyword::Exec, Keyword::Execute);
   if (!peek().isWord())
@@ -639,7 +633,7 @@ Statement *Parser::parseExec() {
   // The stream has reported an END-EXEC that is missing. Without it the text takes the period and
   // all that follows with it.
   if (!accept(Keyword::EndExec) && at(TokenKind::EndOfFile))
-    hasUnknownStatement = true;
+    recovery.noteUnknownStatement();
   return make<ExecStatement>(begin, type, text);
 }
 
@@ -667,7 +661,7 @@ void Parser::skipEmbeddedText() {
 }
 
 /// {READY | RESET} TRACE
-Statement *Parser::parseTrace() {
+StatementResult Parser::parseTrace() {
   SourceRange begin = here();
   TraceType type = at(Keyword::Ready) ? TraceType::Ready : TraceType::Reset;
   stream.skip();

@@ -27,7 +27,7 @@ AcceptFrom *Parser::parseAcceptFrom() {
 }
 
 /// ACCEPT identifier [FROM source] [END-ACCEPT]
-Statement *Parser::parseAccept() {
+StatementResult Parser::parseAccept() {
   SourceRange begin = here();
   accept(Keyword::Accept);
   IdentifierExpression *receiver = parseIdentifier();
@@ -45,7 +45,7 @@ Statement *Parser::parseAccept() {
 }
 
 /// DISPLAY operand... [UPON {mnemonic-name | environment-name}] [[WITH] NO ADVANCING] [END-DISPLAY]
-Statement *Parser::parseDisplay() {
+StatementResult Parser::parseDisplay() {
   SourceRange begin = here();
   accept(Keyword::Display);
   auto *display = make<DisplayStatement>(begin);
@@ -76,7 +76,7 @@ Statement *Parser::parseDisplay() {
 //===----------------------------------------------------------------------===//
 
 /// MOVE [CORRESPONDING | CORR] operand TO identifier...
-Statement *Parser::parseMove() {
+StatementResult Parser::parseMove() {
   SourceRange begin = here();
   accept(Keyword::Move);
   bool corresponding = acceptAny(Keyword::Corresponding, Keyword::Corr);
@@ -176,7 +176,7 @@ SetItem *Parser::parseSetItem() {
 }
 
 /// SET {receiver... {TO value | UP BY operand | DOWN BY operand}}...
-Statement *Parser::parseSet() {
+StatementResult Parser::parseSet() {
   SourceRange begin = here();
   accept(Keyword::Set);
   auto *set = make<SetStatement>(begin);
@@ -230,10 +230,8 @@ bool Parser::parseInitializeToValue(InitializeStatement &initialize) {
 /// {category [DATA] BY operand}...
 bool Parser::parseInitializeReplacing(InitializeStatement &initialize) {
   auto category = categoryOf(peek().keyword);
-  if (!category) {
-    expected("a category of data");
-    return false;
-  }
+  if (!category)
+    return expected("a category of data");
   for (; category; category = categoryOf(peek().keyword)) {
     SourceRange begin = here();
     stream.skip();
@@ -248,7 +246,7 @@ bool Parser::parseInitializeReplacing(InitializeStatement &initialize) {
 
 /// INITIALIZE identifier... [[WITH] FILLER] [{ALL | category...} [TO] VALUE]
 ///   [[THEN] REPLACING {category [DATA] BY operand}...] [[THEN] TO DEFAULT]
-Statement *Parser::parseInitialize() {
+StatementResult Parser::parseInitialize() {
   SourceRange begin = here();
   accept(Keyword::Initialize);
   auto *initialize = make<InitializeStatement>(begin);

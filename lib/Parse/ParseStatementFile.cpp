@@ -45,7 +45,7 @@ static std::optional<OpenType> openModeOf(Keyword keyword) {
 }
 
 /// OPEN {{INPUT | OUTPUT | I-O | EXTEND} {file-name [REVERSED | [WITH] NO REWIND]}...}...
-Statement *Parser::parseOpen() {
+StatementResult Parser::parseOpen() {
   SourceRange begin = here();
   accept(Keyword::Open);
   auto *open = make<OpenStatement>(begin);
@@ -95,7 +95,7 @@ CloseFile *Parser::parseCloseFile() {
 }
 
 /// CLOSE {file-name [option]}...
-Statement *Parser::parseClose() {
+StatementResult Parser::parseClose() {
   SourceRange begin = here();
   accept(Keyword::Close);
   auto *close = make<CloseStatement>(begin);
@@ -111,7 +111,7 @@ Statement *Parser::parseClose() {
 
 /// READ file-name [NEXT] [RECORD] [INTO identifier] [KEY [IS] data-name]
 ///   [[NOT] AT END statements]... [[NOT] INVALID KEY statements]... [END-READ]
-Statement *Parser::parseRead() {
+StatementResult Parser::parseRead() {
   SourceRange begin = here();
   accept(Keyword::Read);
   FileIdentifierExpression *file = parseFileName();
@@ -168,7 +168,7 @@ std::optional<RelationalConditionType> Parser::parseStartRelation() {
 }
 
 /// START file-name [KEY [IS] relation data-name] [[NOT] INVALID KEY statements]... [END-START]
-Statement *Parser::parseStart() {
+StatementResult Parser::parseStart() {
   SourceRange begin = here();
   accept(Keyword::Start);
   FileIdentifierExpression *file = parseFileName();
@@ -221,10 +221,8 @@ bool Parser::parseWriteAdvancing(WriteStatement &write) {
   }
   // Without the option of OS/VS COBOL the word may name a data item.
   if (!options.osvs && peek().text == textOf(Keyword::Positioning) &&
-      (peek(1).isNumber() || peek(1).isUserWord())) {
-    error(DiagnosticId::OsvsStatement, here(), peek().text);
-    return false;
-  }
+      (peek(1).isNumber() || peek(1).isUserWord()))
+    return error(DiagnosticId::OsvsStatement, here(), peek().text);
   accept(Keyword::Advancing);
   if (accept(Keyword::Page)) {
     write.setAdvancing(make<WriteAdvancing>(begin, WriteAdvType::Page, nullptr, isBefore));
@@ -241,7 +239,7 @@ bool Parser::parseWriteAdvancing(WriteStatement &write) {
 
 /// WRITE record-name [FROM identifier] [ADVANCING phrase | POSITIONING phrase]
 ///   [[NOT] AT END-OF-PAGE statements]... [[NOT] INVALID KEY statements]... [END-WRITE]
-Statement *Parser::parseWrite() {
+StatementResult Parser::parseWrite() {
   SourceRange begin = here();
   accept(Keyword::Write);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -260,7 +258,7 @@ Statement *Parser::parseWrite() {
 }
 
 /// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]... [END-REWRITE]
-Statement *Parser::parseRewrite() {
+StatementResult Parser::parseRewrite() {
   SourceRange begin = here();
   accept(Keyword::Rewrite);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -276,7 +274,7 @@ Statement *Parser::parseRewrite() {
 }
 
 /// DELETE file-name [RECORD] [[NOT] INVALID KEY statements]... [END-DELETE]
-Statement *Parser::parseDelete() {
+StatementResult Parser::parseDelete() {
   SourceRange begin = here();
   accept(Keyword::Delete);
   FileIdentifierExpression *file = parseFileName();
@@ -294,7 +292,7 @@ Statement *Parser::parseDelete() {
 
 /// RETURN file-name [RECORD] [INTO identifier] [AT] END statements [NOT [AT] END statements]
 ///   [END-RETURN]
-Statement *Parser::parseReturn() {
+StatementResult Parser::parseReturn() {
   SourceRange begin = here();
   accept(Keyword::Return);
   FileIdentifierExpression *file = parseFileName();
@@ -315,7 +313,7 @@ Statement *Parser::parseReturn() {
 }
 
 /// RELEASE record-name [FROM identifier]
-Statement *Parser::parseRelease() {
+StatementResult Parser::parseRelease() {
   SourceRange begin = here();
   accept(Keyword::Release);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -389,7 +387,7 @@ SortIO *Parser::parseSortIO(Keyword filesWord, Keyword procedureWord) {
 /// SORT file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
 ///   [[WITH] DUPLICATES [IN] [ORDER]] [[COLLATING] SEQUENCE [IS] alphabet-name]
 ///   {USING file-name... | INPUT PROCEDURE ...} {GIVING file-name... | OUTPUT PROCEDURE ...}
-Statement *Parser::parseSort() {
+StatementResult Parser::parseSort() {
   SourceRange begin = here();
   accept(Keyword::Sort);
   // A table that is sorted where it stands can be qualified and subscripted; a file cannot.
@@ -435,7 +433,7 @@ Statement *Parser::parseSort() {
 /// MERGE file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
 ///   [[COLLATING] SEQUENCE [IS] alphabet-name] USING file-name file-name...
 ///   {GIVING file-name... | OUTPUT PROCEDURE ...}
-Statement *Parser::parseMerge() {
+StatementResult Parser::parseMerge() {
   SourceRange begin = here();
   accept(Keyword::Merge);
   FileIdentifierExpression *file = parseFileName();

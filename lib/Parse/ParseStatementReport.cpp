@@ -5,7 +5,7 @@
 namespace tarka {
 
 /// INITIATE report-name...
-Statement *Parser::parseInitiate() {
+StatementResult Parser::parseInitiate() {
   SourceRange begin = here();
   accept(Keyword::Initiate);
   auto *initiate = make<RwInitiateStatement>(begin);
@@ -14,7 +14,7 @@ Statement *Parser::parseInitiate() {
 }
 
 /// TERMINATE report-name...
-Statement *Parser::parseTerminate() {
+StatementResult Parser::parseTerminate() {
   SourceRange begin = here();
   accept(Keyword::Terminate);
   auto *terminate = make<RwTerminateStatement>(begin);
@@ -25,7 +25,7 @@ Statement *Parser::parseTerminate() {
 /// GENERATE {report-name | detail-group [{OF | IN} report-name]}
 ///
 /// A name alone is a report or a group, which the check finds out; a qualified one is a group.
-Statement *Parser::parseGenerate() {
+StatementResult Parser::parseGenerate() {
   SourceRange begin = here();
   accept(Keyword::Generate);
   IdentifierExpression *name = nullptr;
@@ -37,7 +37,7 @@ Statement *Parser::parseGenerate() {
 }
 
 /// SUPPRESS [PRINTING]
-Statement *Parser::parseSuppress() {
+StatementResult Parser::parseSuppress() {
   SourceRange begin = here();
   accept(Keyword::Suppress);
   accept(Keyword::Printing);

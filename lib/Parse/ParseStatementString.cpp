@@ -41,7 +41,7 @@ bool Parser::parsePointerPhrase(IdentifierExpression *&pointer) {
 
 /// STRING {operand... [DELIMITED [BY] {operand | SIZE}]}... INTO identifier
 ///   [[WITH] POINTER identifier] [[NOT] ON OVERFLOW statements]... [END-STRING]
-Statement *Parser::parseString() {
+StatementResult Parser::parseString() {
   SourceRange begin = here();
   accept(Keyword::String);
   auto *string = make<StringStatement>(begin);
@@ -98,7 +98,7 @@ UnstringIntoItem *Parser::parseUnstringInto() {
 ///   INTO {identifier [DELIMITER [IN] identifier] [COUNT [IN] identifier]}...
 ///   [[WITH] POINTER identifier] [TALLYING [IN] identifier]
 ///   [[NOT] ON OVERFLOW statements]... [END-UNSTRING]
-Statement *Parser::parseUnstring() {
+StatementResult Parser::parseUnstring() {
   SourceRange begin = here();
   accept(Keyword::Unstring);
   IdentifierExpression *source = parseIdentifier();
@@ -141,10 +141,8 @@ bool Parser::parseInspectRegions(std::list<InspectRegion *> *&regions) {
     SourceRange begin = here();
     InspRegType side = at(Keyword::Before) ? InspRegType::Before : InspRegType::After;
     auto isSameSide = [&](InspectRegion *region) { return region->getType() == side; };
-    if (regions && llvm::any_of(*regions, isSameSide)) {
-      error(DiagnosticId::PhraseTwice, begin, textOf(peek().keyword));
-      return false;
-    }
+    if (regions && llvm::any_of(*regions, isSameSide))
+      return error(DiagnosticId::PhraseTwice, begin, textOf(peek().keyword));
     acceptAny(Keyword::Before, Keyword::After);
     accept(Keyword::Initial);
     Expression *limit = parseOperand();
@@ -264,7 +262,7 @@ ConvertingItem *Parser::parseConvertingItem() {
 
 /// INSPECT identifier [TALLYING item...] [REPLACING item...]
 /// INSPECT identifier CONVERTING operand TO operand [region]...
-Statement *Parser::parseInspect() {
+StatementResult Parser::parseInspect() {
   SourceRange begin = here();
   accept(Keyword::Inspect);
   IdentifierExpression *inspected = parseIdentifier();
@@ -293,7 +291,7 @@ Statement *Parser::parseInspect() {
 //===----------------------------------------------------------------------===//
 
 /// TRANSFORM identifier [CHARACTERS] FROM operand TO operand
-Statement *Parser::parseTransform() {
+StatementResult Parser::parseTransform() {
   SourceRange begin = here();
   accept(Keyword::Transform);
   Expression *transformed = parseOperand("an identifier");
@@ -307,7 +305,7 @@ Statement *Parser::parseTransform() {
 
 /// EXAMINE identifier TALLYING {ALL | LEADING | UNTIL FIRST} operand [REPLACING BY operand]
 /// EXAMINE identifier REPLACING {ALL | LEADING | [UNTIL] FIRST} operand BY operand
-Statement *Parser::parseExamine() {
+StatementResult Parser::parseExamine() {
   SourceRange begin = here();
   accept(Keyword::Examine);
   Expression *examined = parseOperand("an identifier");
@@ -346,7 +344,7 @@ Statement *Parser::parseExamine() {
 }
 
 /// EXHIBIT {NAMED | CHANGED | CHANGED NAMED} operand... [UPON name]
-Statement *Parser::parseExhibit() {
+StatementResult Parser::parseExhibit() {
   SourceRange begin = here();
   accept(Keyword::Exhibit);
   bool changed = accept(Keyword::Changed);

@@ -109,7 +109,7 @@ XMLSuppressItem *Parser::parseXmlSuppressItem() {
 ///   [TYPE [OF] {identifier [IS] {ATTRIBUTE | ELEMENT | CONTENT}}...]
 ///   [SUPPRESS {identifier [WHEN ...] | [EVERY ...] WHEN ...}...]
 ///   [[NOT] ON EXCEPTION statements]... [END-XML]
-Statement *Parser::parseXmlGenerate(const SourceRange &begin) {
+StatementResult Parser::parseXmlGenerate(const SourceRange &begin) {
   IdentifierExpression *document = parseIdentifier();
   IdentifierExpression *source = document && expect(Keyword::From) ? parseIdentifier() : nullptr;
   if (!source)
@@ -158,7 +158,7 @@ Statement *Parser::parseXmlGenerate(const SourceRange &begin) {
 ///   [VALIDATING [WITH] {identifier | FILE schema-name}]
 ///   PROCESSING PROCEDURE [IS] procedure-name [{THROUGH | THRU} procedure-name]
 ///   [[NOT] ON EXCEPTION statements]... [END-XML]
-Statement *Parser::parseXmlParse(const SourceRange &begin) {
+StatementResult Parser::parseXmlParse(const SourceRange &begin) {
   IdentifierExpression *document = parseIdentifier();
   if (!document)
     return nullptr;
@@ -199,7 +199,7 @@ Statement *Parser::parseXmlParse(const SourceRange &begin) {
 }
 
 /// XML {GENERATE | PARSE} ...
-Statement *Parser::parseXml() {
+StatementResult Parser::parseXml() {
   SourceRange begin = here();
   accept(Keyword::Xml);
   if (accept(Keyword::Generate))

@@ -144,7 +144,7 @@ bool Parser::parseSqlType(DataDescription &entry) {
     stream.skip();
   }
   if (!entry.getDataName())
-    return expected("the name of the item") != nullptr;
+    return expected("the name of the item");
   if (declaration.empty()) {
     error(DiagnosticId::NotSupported, place, "this SQL TYPE");
     declaration = declarationOf("LOCATOR");

@@ -3,14 +3,10 @@
 // One class, its functions in one file for each division and, within the
 // procedure division, for each family of statements.
 //
-// How the functions work together:
-// - A function that parses a construct is called with its first token next, and
-//   leaves the token behind the construct next. It gives the node, or null after
-//   it has reported one message; then the caller gives null too, without another
-//   message. Whoever owns a place to resume (a statement, an entry, a clause)
-//   resumes there: see recoverToStatement() and its siblings.
-// - A node's place runs from its first token to its last: take `begin = here()`
-//   before the first token and make the node with `from(begin)` after the last.
+// The conventions for results are in ParseResult.h, error recovery is in
+// Recovery.h. A node's place runs from its first token to its last: take
+// `begin = here()` before the first token and make the node with
+// `make<...>(begin, ...)` after the last.
 //
 //===----------------------------------------------------------------------===//
 
@@ -26,7 +22,9 @@
 #include "AST/Statement.h"
 #include "Parse/Diagnostics.h"
 #include "Parse/ParseOptions.h"
+#include "Parse/ParseResult.h"
 #include "Parse/Preprocessor.h"
+#include "Parse/Recovery.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
 #include <algorithm>
@@ -77,7 +75,7 @@ extern const ClauseSet groupClauses;
 class Parser {
 public:
   Parser(TokenStream &tokens, FrontEndDiagnostics &messages, const ParseOptions &parseOptions)
-      : stream(tokens), diagnostics(messages), options(parseOptions) {}
+      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens, messages) {}
 
   /// Reads the whole compilation. Never null.
   Program *parse(llvm::StringRef inputName);
@@ -108,23 +106,13 @@ private:
   bool expect(TokenKind kind);
   /// Reports that \p what is missing here, telling what stands here instead; gives null, so that
   /// it can be returned.
-  std::nullptr_t expected(llvm::StringRef what);
+  Failure expected(llvm::StringRef what);
   template <typename... Arguments>
-  std::nullptr_t error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
-    if (isWorthTelling(id, place))
+  Failure error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
+    if (recovery.shouldReport(id, place))
       diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
-    return nullptr;
+    return {};
   }
-  /// Whether a mistake is one of its own and not the consequence of the one before it.
-  bool isWorthTelling(DiagnosticId id, const SourceRange &place);
-  bool isSpoilt(const SourceRange &place) const;
-  bool isBehindMissingCopybook(const SourceRange &place) const;
-  /// Says that the next token stands where the parser takes it to stand, whatever went wrong
-  /// before.
-  void findFooting() { lostUntil = 0; }
-  /// The mistakes met, whether or not they were told.
-  unsigned countMistakes() const { return diagnostics.getErrorCount() + consequences; }
-
   /// The place of the next token.
   SourceRange here() { return peek().place; }
   /// The place from \p begin to the end of the last token taken, as the position of a new node.
@@ -475,7 +463,7 @@ private:
   bool atFunction();
   FunctionIdentifierExpression *parseFunction();
   bool parseFunctionArguments(FunctionIdentifierExpression &call, const SourceRange &open);
-  std::nullptr_t reportUnknownFunction(const Word &name);
+  Failure reportUnknownFunction(const Word &name);
 
   Expression *continueArithmetic(Expression *first, const SourceRange &begin);
   Expression *parseProduct(Expression *first, const SourceRange &begin);
@@ -569,121 +557,102 @@ private:
   Statement *parseStatement();
   /// Statements as long as verbs follow. What is no statement and ends none of the statements
   /// around is reported and skipped.
-  void parseStatements(std::list<Statement *> &statements);
+  Outcome parseStatements(std::list<Statement *> &statements);
+  Statement *makePlaceholder(const SourceRange &begin);
   /// The phrases of \p allowed in any order, with or without NOT, each with its statements:
   /// [ON] SIZE ERROR, [ON] OVERFLOW, [ON] EXCEPTION, [AT] END, INVALID [KEY],
   /// [AT] {END-OF-PAGE | EOP}. A phrase given twice is left for the statement around.
   /// False after a message; statements that could not be read within a phrase are no failure.
-  bool parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
+  void parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
                              std::initializer_list<ExceptionHandlerType> allowed);
   /// EXEC language text END-EXEC where no statement can stand, among data entries; the period
   /// after it is taken too. False when none is next.
   bool skipEmbeddedBlock();
   void skipEmbeddedText();
 
-  /// A phrase of imperative statements as its first words tell it.
-  struct PhraseStart {
-    ExceptionHandlerType type;
-    bool isNot;
-    unsigned length; ///< the tokens that introduce the phrase
-  };
   std::optional<PhraseStart> atExceptionPhrase();
   Statement *parseStatementOf(Keyword verb);
-  Statement *dispatchStatement(Keyword verb);
-  std::nullptr_t rejectStatement();
-  std::nullptr_t rejectUse();
-  Statement *parseEnter();
-  Statement *parseSeek();
-  Statement *parseService();
+  StatementResult dispatchStatement(Keyword verb);
+  StatementResult rejectStatement();
+  StatementResult rejectUse();
+  StatementResult parseEnter();
+  StatementResult parseSeek();
+  StatementResult parseService();
   /// What is remembered along a list of statements.
   struct StatementList {
     Keyword lastVerb = Keyword::None; ///< of the statement that was read last
     bool lastIsKept = false;          ///< it is in the list
     bool lastIsWrong = false;         ///< what follows it was not understood
-    /// The END- words that may still come of statements that could not be read.
-    llvm::SmallVector<Keyword, 4> abandonedEnds;
   };
   /// Whether the next token ends a list of statements rightly; otherwise it is reported, skipped.
   bool endsStatements(StatementList &list);
   bool rejectWord(StatementList &list);
   bool rejectPhrase(const Token &first);
-  enum StrayPart : unsigned { StrayElse = 1, StrayWhen = 2, StrayPhrase = 4 };
-  bool isFirstStray(StrayPart part);
-  bool endsStray(Keyword verb);
   Keyword misspeltKeyword();
   bool correctMisspelt();
   bool correctDividedEnd();
-  bool isOpen(Keyword endWord) const;
-  bool canTakeElse() const;
-  bool canTakeWhen() const;
-  bool canTakePhrase(const PhraseStart &phrase) const;
   /// Skips to where a statement begins or the statement around, or the sentence, goes on.
   void skipToStatement(bool passesWhen = false);
   bool atResumption(bool passesWhen);
-  void recoverStatement(Keyword verb);
+  void skipRestOfStatement(Keyword verb);
   void abandonSentence();
   /// The statements of a branch, of which there must be one. False where there is none; the message
   /// about that is left to the caller unless \p isNeeded.
   bool parseBranch(std::list<Statement *> &statements, bool isNeeded = true);
-  /// For a function that has read its statement to the end, although with a mistake.
-  std::nullptr_t dropStatement() {
-    isRecovered = true;
-    return nullptr;
-  }
 
   //===--------------------------------------------------------------------===//
   // Statements (ParseStatement*.cpp): each with its verb next
   //===--------------------------------------------------------------------===//
 
-  Statement *parseAccept();
-  Statement *parseAdd();
-  Statement *parseAlter();
-  Statement *parseCall();
-  Statement *parseCancel();
-  Statement *parseClose();
-  Statement *parseCompute();
-  Statement *parseContinue();
-  Statement *parseDelete();
-  Statement *parseDisplay();
-  Statement *parseDivide();
-  Statement *parseEntry();
-  Statement *parseEvaluate();
-  Statement *parseExamine();
-  Statement *parseExec();
-  Statement *parseExhibit();
-  Statement *parseExit();
-  Statement *parseGenerate();
-  Statement *parseGoback();
-  Statement *parseGoto();
-  Statement *parseIf();
-  Statement *parseInitialize();
-  Statement *parseInitiate();
-  Statement *parseInspect();
-  Statement *parseMerge();
-  Statement *parseMove();
-  Statement *parseMultiply();
-  Statement *parseNextSentence();
-  Statement *parseOn();
-  Statement *parseOpen();
-  Statement *parsePerform();
-  Statement *parseRead();
-  Statement *parseRelease();
-  Statement *parseReturn();
-  Statement *parseRewrite();
-  Statement *parseSearch();
-  Statement *parseSet();
-  Statement *parseSort();
-  Statement *parseStart();
-  Statement *parseStop();
-  Statement *parseString();
-  Statement *parseSubtract();
-  Statement *parseSuppress();
-  Statement *parseTerminate();
-  Statement *parseTrace();
-  Statement *parseTransform();
-  Statement *parseUnstring();
-  Statement *parseWrite();
-  Statement *parseXml();
+  StatementResult parseAccept();
+  StatementResult parseAdd();
+  StatementResult parseAlter();
+  StatementResult parseCall();
+  StatementResult parseCancel();
+  StatementResult parseClose();
+  StatementResult parseCompute();
+  StatementResult parseContinue();
+  StatementResult parseDelete();
+  StatementResult parseDisplay();
+  StatementResult parseDivide();
+  StatementResult parseEntry();
+  StatementResult parseEvaluate();
+  StatementResult parseExamine();
+  StatementResult parseExec();
+  StatementResult parseExhibit();
+  StatementResult parseExit();
+  StatementResult parseGenerate();
+  StatementResult parseGoback();
+  StatementResult parseGoto();
+  StatementResult parseIf();
+  StatementResult parseInitialize();
+  StatementResult parseInitiate();
+  StatementResult parseInspect();
+  StatementResult parseMerge();
+  StatementResult parseMove();
+  StatementResult parseMultiply();
+  StatementResult parseNextSentence();
+  StatementResult parseOn();
+  StatementResult parseOpen();
+  StatementResult parsePerform();
+  StatementResult parseRead();
+  StatementResult parseRelease();
+  StatementResult parseReturn();
+  StatementResult parseRewrite();
+  StatementResult parseSearch();
+  StatementResult parseSet();
+  StatementResult parseSort();
+  StatementResult parseStart();
+  StatementResult parseStop();
+  StatementResult parseString();
+  StatementResult parseSubtract();
+  StatementResult parseSuppress();
+  StatementResult parseTerminate();
+  StatementResult parseTrace();
+  StatementResult parseTransform();
+  StatementResult parseUnstring();
+  StatementResult parseWrite();
+  StatementResult parseXml();
   UseStatement *parseUse();
 
   //===--------------------------------------------------------------------===//
@@ -740,15 +709,14 @@ private:
   T *finish(T *statement, void (Base::*addHandler)(ExceptionHandler *),
             std::initializer_list<ExceptionHandlerType> allowed, Keyword endWord) {
     std::list<ExceptionHandler *> handlers;
-    if (!parseExceptionPhrases(handlers, allowed))
-      return nullptr;
+    parseExceptionPhrases(handlers, allowed);
     for (ExceptionHandler *handler : handlers)
       (statement->*addHandler)(handler);
     return finish(statement, endWord);
   }
 
   // Branches
-  Statement *parsePerformInline(PerformStatement *perform, bool isComplete);
+  StatementResult parsePerformInline(PerformStatement *perform, bool isComplete);
   bool parsePerformPhrase(PerformStatement &perform);
   PerformVarying *parsePerformVarying();
   bool atTimesPhrase();
@@ -805,8 +773,8 @@ private:
   // XML
   bool atWith(Keyword keyword);
   bool acceptWith(Keyword keyword);
-  Statement *parseXmlGenerate(const SourceRange &begin);
-  Statement *parseXmlParse(const SourceRange &begin);
+  StatementResult parseXmlGenerate(const SourceRange &begin);
+  StatementResult parseXmlParse(const SourceRange &begin);
   bool parseXmlNamespace(XMLGenerateStatement &generate);
   XMLNameItem *parseXmlNameItem();
   XmlNodeType acceptXmlNodeType();
@@ -859,39 +827,18 @@ private:
   TokenStream &stream;
   FrontEndDiagnostics &diagnostics;
   const ParseOptions &options;
+  Recovery recovery;
   SourceUnit *unit = nullptr; ///< The unit being read, its divisions attached as they begin.
   unsigned depth = 0;
   bool decimalPointIsComma = false;
   /// The functions that REPOSITORY lets stand without FUNCTION, by their interned names.
   llvm::DenseSet<const std::string *> repositoryFunctions;
 
-  /// The count of tokens taken up to which a mistake is taken for a consequence of the last one.
-  uint64_t lostUntil = 0;
   /// The names behind INDEXED BY, which are no entries of the data division before the checks.
   llvm::DenseSet<const std::string *> indexNames;
-  unsigned consequences = 0;
 
   /// The languages of the embedded blocks that the unit has.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
-
-  /// A statement that is being read.
-  struct EnclosingStatement {
-    Keyword verb; ///< None for a word that nobody knows: any phrase and END- word may be its own
-    bool hasElse = false;
-    unsigned phrases = 0; ///< those that were given
-  };
-  llvm::SmallVector<EnclosingStatement, 16> enclosingStatements;
-  /// Set by a function that gave null for its statement but left nothing of it to skip.
-  bool isRecovered = false;
-  /// The END- word that may still come of a statement that could not be read.
-  Keyword abandonedEnd = Keyword::None;
-  /// The sentence holds something that nobody knows. ELSE, WHEN, END- words and phrases behind it
-  /// that belong to nothing else are taken for its own.
-  bool hasUnknownStatement = false;
-  /// The parts of statements that the sentence holds without their statement.
-  unsigned strayParts = 0;
-  /// The sentence nests too deep: it is read no further and nothing more is said about it.
-  bool isSentenceAbandoned = false;
 };
 
 } // namespace tarka

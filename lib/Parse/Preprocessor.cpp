@@ -15,13 +15,14 @@ namespace tarka {
 /// met the COPY; a REPLACING belongs to the text that it was written for.
 class Preprocessor {
 public:
-  Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+  Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink);
 
   void next(Token &token);
 
   void setDebuggingMode(bool on) { context.debuggingMode = on; }
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
+  const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
 
@@ -88,8 +89,8 @@ private:
   }
 
   SourceManager &files;
-  FrontEndDiagnostics &diagnostics;
   LexerContext context;
+  SourceDiagnostics &diagnostics;
   std::vector<std::unique_ptr<Level>> levels;
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
@@ -103,9 +104,8 @@ private:
   bool hasBegun = false;
 };
 
-Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files,
-                           FrontEndDiagnostics &diagnostics)
-    : files(files), diagnostics(diagnostics), context(files.getOptions(), diagnostics),
+Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink)
+    : files(files), context(files.getOptions(), sink), diagnostics(context.diagnostics),
       replacer(context, tokensAdded) {
   SourceFormat format = context.options.format;
   if (format == SourceFormat::Auto)
@@ -353,7 +353,7 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   if (context.options.format == SourceFormat::Auto)
     format = (*file)->getFormat(format);
   if (statement.isDoubtful)
-    diagnostics.distrust((*file)->getNumber());
+    diagnostics.markDamaged((*file)->getNumber());
   levels.push_back(std::make_unique<Level>(**file, format, context, /*isMain=*/false));
   if (!statement.replacements.empty()) {
     levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
@@ -596,6 +596,10 @@ void TokenStream::setDebuggingMode(bool on) {
 
 void TokenStream::setDecimalPointIsComma(bool on) {
   source->setDecimalPointIsComma(on);
+}
+
+const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
+  return source->getDiagnostics();
 }
 
 const ParseOptions &TokenStream::getOptions() const {

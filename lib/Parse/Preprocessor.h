@@ -20,6 +20,7 @@
 namespace tarka {
 
 class Preprocessor;
+class SourceDiagnostics;
 
 /// The tokens of one compilation.
 ///
@@ -89,6 +90,9 @@ public:
 
   /// The options given, and those that CBL and PROCESS lines turned on.
   const ParseOptions &getOptions() const;
+
+  /// What is known about damage to the source text.
+  const SourceDiagnostics &getSourceDiagnostics() const;
 
 private:
   void fill(unsigned wanted);

@@ -1,0 +1,114 @@
+//===- Recovery.cpp - error recovery of the parser ------------------------===//
+
+#include "Parse/Recovery.h"
+#include "Parse/SourceDiagnostics.h"
+#include "llvm/ADT/STLExtras.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Cascade suppression
+//===----------------------------------------------------------------------===//
+
+/// Whether it is uncertain after the message what the next tokens are meant to be.
+static bool beginsSuppression(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::Expected:
+  case DiagnosticId::ReservedWord:
+  case DiagnosticId::ProgramExpected:
+  case DiagnosticId::PeriodMissing:
+  case DiagnosticId::UnknownClause:
+  case DiagnosticId::MisspeltClause:
+  case DiagnosticId::HeaderNotHere:
+  case DiagnosticId::NotAStatement:
+  case DiagnosticId::MisspeltVerb:
+  case DiagnosticId::OsvsStatement:
+  case DiagnosticId::EndWithoutStatement:
+  case DiagnosticId::ElseWithoutIf:
+  case DiagnosticId::WhenWithoutEvaluate:
+  case DiagnosticId::PhraseWithoutStatement:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
+  constexpr unsigned suppressedTokens = 3;
+  const SourceDiagnostics &source = stream.getSourceDiagnostics();
+  const bool isCascade =
+      sentenceIsAbandoned || stream.getTaken() < suppressedUntil || source.isDamaged(place) ||
+      source.isDamaged(stream.getLastPlace()) ||
+      (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
+  if (isCascade)
+    ++suppressedMistakes;
+  if (isCascade || beginsSuppression(id))
+    suppressedUntil = stream.getTaken() + suppressedTokens;
+  return !isCascade;
+}
+
+//===----------------------------------------------------------------------===//
+// Enclosing statements
+//===----------------------------------------------------------------------===//
+
+bool Recovery::canEndWith(Keyword endWord) const {
+  const Keyword verb = verbOfEnd(endWord);
+  return llvm::any_of(llvm::reverse(enclosing), [verb](const EnclosingStatement &one) {
+    return one.verb == verb || one.verb == Keyword::None;
+  });
+}
+
+bool Recovery::canTakeElse() const {
+  return llvm::any_of(llvm::reverse(enclosing), [](const EnclosingStatement &one) {
+    return (one.verb == Keyword::If || one.verb == Keyword::On) && !one.hasElse;
+  });
+}
+
+bool Recovery::canTakeWhen() const {
+  return llvm::any_of(llvm::reverse(enclosing), [](const EnclosingStatement &one) {
+    return one.verb == Keyword::Evaluate || one.verb == Keyword::Search;
+  });
+}
+
+bool Recovery::canTakePhrase(const PhraseStart &phrase) const {
+  return llvm::any_of(llvm::reverse(enclosing), [&](const EnclosingStatement &one) {
+    const ScopedVerb *scope = scopeOf(one.verb);
+    const bool canHave =
+        one.verb == Keyword::None || (scope && scope->phrases.contains(phrase.type));
+    return canHave && !one.phrases.contains(phrase);
+  });
+}
+
+//===----------------------------------------------------------------------===//
+// Abandoned END- words and stray parts
+//===----------------------------------------------------------------------===//
+
+bool Recovery::acceptAbandonedEnd(Keyword endWord) {
+  auto *found = std::find(abandonedEnds.begin() + abandonedBegin, abandonedEnds.end(), endWord);
+  if (found == abandonedEnds.end())
+    return false;
+  abandonedEnds.erase(found);
+  return true;
+}
+
+bool Recovery::isFirstStray(StrayPart part) {
+  const auto bit = static_cast<uint8_t>(part);
+  const bool isFirst = !unknownStatement && !(strayParts & bit);
+  strayParts |= bit;
+  return isFirst;
+}
+
+bool Recovery::endsStray(Keyword verb) {
+  unsigned parts = 0;
+  if (verb == Keyword::If)
+    parts = static_cast<unsigned>(StrayPart::Else);
+  else if (verb == Keyword::Evaluate || verb == Keyword::Search)
+    parts = static_cast<unsigned>(StrayPart::When);
+  if (const ScopedVerb *scope = scopeOf(verb); scope && !scope->phrases.empty())
+    parts |= static_cast<unsigned>(StrayPart::Phrase);
+  const bool isStray = strayParts & parts;
+  strayParts &= static_cast<uint8_t>(~parts);
+  return isStray;
+}
+
+} // namespace tarka

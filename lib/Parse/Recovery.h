@@ -1,0 +1,171 @@
+//===- Recovery.h - error recovery of the parser ----------------*- C++ -*-===//
+//
+// One mistake gets one message. After a message the parser synchronizes: it skips
+// to a token at which it can resume, such as a verb, a clause or a period. This
+// class holds what it needs to know for that: which further mistakes are cascades
+// of the one reported, which statements enclose the current one and what they
+// still wait for, and which parts of statements were met without their statement.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_PARSE_RECOVERY_H
+#define TARKA_LIB_PARSE_RECOVERY_H
+
+#include "Parse/Diagnostics.h"
+#include "Parse/Preprocessor.h"
+#include "Parse/Verbs.h"
+#include "llvm/ADT/SmallVector.h"
+#include <cstdint>
+
+namespace tarka {
+
+/// A statement being parsed.
+struct EnclosingStatement {
+  Keyword verb; ///< None for an unknown statement, which any phrase and END- word may belong to
+  bool hasElse = false;
+  PhraseSet phrases; ///< those already given
+};
+
+/// The parts that can be met without their statement.
+enum class StrayPart : uint8_t { Else = 1, When = 2, Phrase = 4 };
+
+class Recovery {
+public:
+  Recovery(const TokenStream &tokens, const FrontEndDiagnostics &messages)
+      : stream(tokens), diagnostics(messages) {}
+
+  //===--------------------------------------------------------------------===//
+  // Cascade suppression
+  //===--------------------------------------------------------------------===//
+
+  /// Notes the mistake \p id at \p place. False when it is a cascade of an earlier mistake and must
+  /// not be reported.
+  ///
+  /// After a message that leaves open what the next tokens are, mistakes are suppressed until three
+  /// tokens were read without one. They are also suppressed in text that the token stream has
+  /// reported as damaged.
+  bool shouldReport(DiagnosticId id, const SourceRange &place);
+
+  /// Ends the suppression: the next token begins a construct in a place where one may begin.
+  void resumeReporting() { suppressedUntil = 0; }
+
+  /// Finds out whether a mistake was met since the trap was set, be it reported or suppressed, in
+  /// the syntax or in the source text.
+  class ErrorTrap {
+  public:
+    explicit ErrorTrap(const Recovery &owner)
+        : recovery(owner), mistakesBefore(owner.countMistakes()) {}
+    bool hasErrorOccurred() const { return recovery.countMistakes() != mistakesBefore; }
+
+  private:
+    const Recovery &recovery;
+    unsigned mistakesBefore;
+  };
+
+  //===--------------------------------------------------------------------===//
+  // Enclosing statements
+  //===--------------------------------------------------------------------===//
+
+  /// Makes a statement the innermost one as long as it lives.
+  class StatementScope {
+  public:
+    StatementScope(Recovery &owner, Keyword verb, PhraseSet phrases = {}) : recovery(owner) {
+      recovery.enclosing.push_back({verb, /*hasElse=*/false, phrases});
+    }
+    ~StatementScope() { recovery.enclosing.pop_back(); }
+    StatementScope(const StatementScope &) = delete;
+    StatementScope &operator=(const StatementScope &) = delete;
+
+  private:
+    Recovery &recovery;
+  };
+
+  /// From the outermost to the innermost.
+  llvm::ArrayRef<EnclosingStatement> getEnclosing() const { return enclosing; }
+  /// The innermost statement; there must be one.
+  EnclosingStatement &getInnermost() { return enclosing.back(); }
+
+  /// Whether an enclosing statement can be ended by \p endWord.
+  bool canEndWith(Keyword endWord) const;
+  /// Whether an enclosing statement can go on with ELSE.
+  bool canTakeElse() const;
+  /// Whether an enclosing statement can go on with WHEN.
+  bool canTakeWhen() const;
+  /// Whether an enclosing statement can go on with \p phrase.
+  bool canTakePhrase(const PhraseStart &phrase) const;
+
+  //===--------------------------------------------------------------------===//
+  // Abandoned END- words
+  //===--------------------------------------------------------------------===//
+
+  /// Holds the abandoned END- words of one list of statements as long as it lives.
+  class ListScope {
+  public:
+    explicit ListScope(Recovery &owner) : recovery(owner), outerBegin(owner.abandonedBegin) {
+      recovery.abandonedBegin = recovery.abandonedEnds.size();
+    }
+    ~ListScope() {
+      recovery.abandonedEnds.truncate(recovery.abandonedBegin);
+      recovery.abandonedBegin = outerBegin;
+    }
+    ListScope(const ListScope &) = delete;
+    ListScope &operator=(const ListScope &) = delete;
+
+  private:
+    Recovery &recovery;
+    size_t outerBegin;
+  };
+
+  /// The statement that \p endWord ends was skipped, but perhaps not as far as that word: it may
+  /// still follow in the innermost list.
+  void expectAbandonedEnd(Keyword endWord) { abandonedEnds.push_back(endWord); }
+  /// Whether \p endWord belongs to a statement of the innermost list that was skipped. It counts
+  /// once.
+  bool acceptAbandonedEnd(Keyword endWord);
+
+  //===--------------------------------------------------------------------===//
+  // The sentence
+  //===--------------------------------------------------------------------===//
+
+  /// The sentence holds a statement that is unknown. The ELSE, WHEN, END- words and phrases behind
+  /// it that belong to no other statement are taken for its own.
+  void noteUnknownStatement() { unknownStatement = true; }
+  bool hasUnknownStatement() const { return unknownStatement; }
+
+  /// Notes \p part, which belongs to no statement. False when the sentence has another one like it:
+  /// both belong to one statement, most likely, which was reported.
+  bool isFirstStray(StrayPart part);
+  /// Whether the END- word of \p verb ends a statement of which stray parts were met.
+  bool endsStray(Keyword verb);
+
+  /// Nothing more is parsed or reported up to the end of the sentence.
+  void abandonSentence() { sentenceIsAbandoned = true; }
+  bool isSentenceAbandoned() const { return sentenceIsAbandoned; }
+
+  void endSentence() {
+    sentenceIsAbandoned = unknownStatement = false;
+    strayParts = 0;
+  }
+
+private:
+  unsigned countMistakes() const { return diagnostics.getErrorCount() + suppressedMistakes; }
+
+  const TokenStream &stream;
+  const FrontEndDiagnostics &diagnostics;
+  /// The number of tokens taken from the stream up to which mistakes are suppressed.
+  uint64_t suppressedUntil = 0;
+  unsigned suppressedMistakes = 0;
+
+  llvm::SmallVector<EnclosingStatement, 16> enclosing;
+  /// The END- words of all open lists, and where those of the innermost one begin.
+  llvm::SmallVector<Keyword, 8> abandonedEnds;
+  size_t abandonedBegin = 0;
+
+  bool unknownStatement = false;
+  bool sentenceIsAbandoned = false;
+  uint8_t strayParts = 0;
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_RECOVERY_H

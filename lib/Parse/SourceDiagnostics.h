@@ -1,0 +1,50 @@
+//===- SourceDiagnostics.h - messages about the source text -----*- C++ -*-===//
+//
+// What the token stream reports, and which text is damaged by it: after such a
+// message the parser cannot expect the tokens nearby to be what was meant.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_PARSE_SOURCEDIAGNOSTICS_H
+#define TARKA_LIB_PARSE_SOURCEDIAGNOSTICS_H
+
+#include "Parse/Diagnostics.h"
+#include "llvm/ADT/SmallSet.h"
+#include "llvm/ADT/SmallVector.h"
+#include <utility>
+
+namespace tarka {
+
+/// Reports mistakes in the source text and remembers the text that they damage.
+class SourceDiagnostics {
+public:
+  explicit SourceDiagnostics(FrontEndDiagnostics &diagnostics) : sink(diagnostics) {}
+
+  /// Reports \p id at \p place with the values of its {0}, {1} ...
+  template <typename... Arguments>
+  void report(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
+    sink.report(id, place, std::forward<Arguments>(arguments)...);
+    noteDamage(id, place);
+  }
+
+  bool hasErrors() const { return sink.hasErrors(); }
+
+  /// Marks all text of \p file as damaged: a COPY that could only be read in part put it in.
+  void markDamaged(unsigned file) { damagedFiles.insert(file); }
+  /// Whether the text at \p place is damaged: a message was reported that ends in its first line.
+  bool isDamaged(const SourceRange &place) const;
+  /// Whether a copybook that was not found belongs between \p before and \p after.
+  bool isCopybookMissing(const SourceRange &before, const SourceRange &after) const;
+
+private:
+  void noteDamage(DiagnosticId id, const SourceRange &place);
+
+  FrontEndDiagnostics &sink;
+  llvm::SmallVector<SourceRange, 0> damage;
+  llvm::SmallVector<SourceRange, 0> missingCopybooks;
+  llvm::SmallSet<unsigned, 4> damagedFiles;
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_SOURCEDIAGNOSTICS_H
