@@ -17,41 +17,23 @@
 
 using namespace tarka;
 
-static void setCompileOptions(llvm::StringRef input) {
-  CompileOption *options = CompileOption::getCompileOptionInstance();
-  options->setCheckFileID(fuzz::hasOption(input, "--check-file-id"));
-  options->setOptionDateproc(fuzz::hasOption(input, "--dateproc"));
-  options->setOptionDebug(fuzz::hasOption(input, "--debug"));
-  options->setOptionDual(fuzz::hasOption(input, "--dual"));
-  options->setOptionInit(fuzz::hasOption(input, "--init"));
-  options->setOptionEnableCbltdli(fuzz::hasOption(input, "--enable-cbltdli"));
-  options->setOptionEnableAertdli(fuzz::hasOption(input, "--enable-aertdli"));
-  options->setOptionEnableRw(fuzz::hasOption(input, "--enable-rw"));
-  options->setOptionEnableOsvs(fuzz::hasOption(input, "--enable-osvs"));
-  options->setOptionSeqEbcdic(false);
-}
-
-/// Takes back what the run before left in the compilation context.
-static void resetContext() {
-  TopLevel *context = TopLevel::getTopLevelInstance("MAIN");
-  context->setCurrentSentenceCFGBlock(nullptr);
-  context->setCurrentCFGFunction(nullptr);
-  context->setCurrentSourceUnit(nullptr);
-  context->setCurrentProgram(nullptr);
-  context->setCurrentDescSection(nullptr);
-  context->setCurrentFlatSection(nullptr);
-  context->setHaveNextSentence(false);
-  context->setHaveUPSI(false);
-  context->setIsDecimalPointComma(false);
-  context->setRptDeclCFGFunction(nullptr);
-  if (auto *statements = context->getDummyListUsedMove())
-    statements->clear();
+static CompileSettings settingsFor(llvm::StringRef input) {
+  CompileSettings settings;
+  settings.checkFileID = fuzz::hasOption(input, "--check-file-id");
+  settings.dateproc = fuzz::hasOption(input, "--dateproc");
+  settings.debug = fuzz::hasOption(input, "--debug");
+  settings.dual = fuzz::hasOption(input, "--dual");
+  settings.init = fuzz::hasOption(input, "--init");
+  settings.enableCbltdli = fuzz::hasOption(input, "--enable-cbltdli");
+  settings.enableAertdli = fuzz::hasOption(input, "--enable-aertdli");
+  settings.enableRw = fuzz::hasOption(input, "--enable-rw");
+  settings.enableOsvs = fuzz::hasOption(input, "--enable-osvs");
+  return settings;
 }
 
 /// What every command of the program does with one compilation, whatever the checks say of it.
 static void analyze(llvm::StringRef input) {
-  setCompileOptions(input);
-  resetContext();
+  TopLevel::beginCompilation("MAIN", settingsFor(input));
   ParseOptions options = fuzz::optionsFor(input);
   FrontEndDiagnostics diagnostics;
   llvm::ErrorOr<Program *> parsed = parseProgram(fuzz::mainFile, "MAIN", options, diagnostics);

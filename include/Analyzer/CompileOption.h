@@ -1,6 +1,7 @@
 //===- CompileOption.h - the compile options --------------------*- C++ -*-===//
 //
-// The options of the compilation, which the driver sets before the analysis.
+// The options of a compilation. The driver gives them as one value to
+// TopLevel::beginCompilation(); the analysis reads them from CompileOption.
 //
 //===----------------------------------------------------------------------===//
 
@@ -11,6 +12,19 @@
 
 namespace tarka {
 
+/// What a compilation can be told, each option off unless it is set.
+struct CompileSettings {
+  bool checkFileID = false;   ///< the PROGRAM-ID must be the base name of the input
+  bool dateproc = false;      ///< DATE FORMAT clauses are honoured
+  bool debug = false;         ///< calls are lowered for the debugger
+  bool dual = false;          ///< decimal records are kept in binary as well
+  bool init = false;          ///< entries without VALUE are initialised by their category
+  bool enableCbltdli = false; ///< calls of the DL/I interface CBLTDLI are recognised
+  bool enableAertdli = false; ///< calls of the DL/I interface AERTDLI are recognised
+  bool enableRw = false;      ///< the registers and identifiers of the report writer exist
+  bool enableOsvs = false;    ///< the extensions of OS/VS COBOL are accepted
+};
+
 /// The compile options: one record for the process, made on first use and never destroyed. Every
 /// option that can be asked for is off until it is set.
 class CompileOption {
@@ -19,6 +33,10 @@ public:
 
   CompileOption(const CompileOption &) = delete;
   CompileOption &operator=(const CompileOption &) = delete;
+
+  /// Sets all options for a new compilation. What the compilation before has found out, such as the
+  /// EBCDIC collating sequence, is forgotten.
+  void apply(const CompileSettings &settings);
 
   /// The PROGRAM-ID must be the base name of the input.
   bool isCheckFileID() const { return checkFileID; }
@@ -60,6 +78,7 @@ public:
 
 private:
   CompileOption() = default;
+  CompileOption &operator=(CompileOption &&) = default;
 
   // Fields without accessors belong to other stages that share the record.
   [[maybe_unused]] bool reserved1 = false;

@@ -11,7 +11,9 @@
 
 #include "AST/Forward.h"
 #include <list>
+#include <memory>
 #include <string>
+#include <utility>
 
 namespace llvm {
 class LLVMContext;
@@ -21,17 +23,25 @@ class Module;
 namespace tarka {
 
 class CFGFunc;
+struct CompileSettings;
 
 /// The one LLVM context of the process. It lives to the end of the process, as the module in it.
 llvm::LLVMContext &globalContext();
 
 /// The compilation context: one for the process, made on first use and never destroyed. Nothing in
-/// it is reset when a source unit ends; whoever owns a field sets it anew.
+/// it is reset when a source unit ends; the code that owns a field sets it anew. A process that
+/// compiles several programs begins each with beginCompilation().
 class TopLevel {
 public:
   /// The context. The first call makes it, with \p id as the identifier of the compilation; later
   /// calls ignore \p id, so that the analysis itself asks with an empty one.
   static TopLevel *getTopLevelInstance(std::string id);
+
+  /// Begins a compilation: the context and the compile options are as newly made, with \p id as the
+  /// identifier and \p settings as the options. The instances stay the same, so that pointers to
+  /// them stay valid. The tree and the graph of the compilation before keep their memory, but may
+  /// no longer be checked or printed.
+  static TopLevel &beginCompilation(std::string id, const CompileSettings &settings);
 
   TopLevel(const TopLevel &) = delete;
   TopLevel &operator=(const TopLevel &) = delete;
@@ -76,7 +86,7 @@ public:
 
   /// The collating tables made from ALPHABET clauses; null when there are none.
   void addColseq(int *table);
-  std::list<int *> *getColseqList() const { return colseqs; }
+  std::list<int *> *getColseqList() const { return colseqs.get(); }
 
   /// Set while the sentence being lowered contains NEXT SENTENCE.
   void setHaveNextSentence(bool have) { haveNextSentence = have; }
@@ -97,13 +107,15 @@ public:
   /// Statements that the checks generate for report declaratives and hand on; null when there are
   /// none.
   void addStmtToDummyListUsedMove(Statement *statement);
-  std::list<Statement *> *getDummyListUsedMove() const { return dummyListUsedMove; }
+  std::list<Statement *> *getDummyListUsedMove() const { return dummyListUsedMove.get(); }
 
 private:
-  explicit TopLevel(std::string compilation);
+  TopLevel(std::string compilation, llvm::Module *itsModule)
+      : id(std::move(compilation)), module(itsModule) {}
+  TopLevel &operator=(TopLevel &&) = default;
 
-  // The record is shared with the stages behind the analysis. What has no accessor here is theirs,
-  // and only gets its initial value.
+  // The record is shared with later stages. What has no accessor here is theirs and only gets its
+  // initial value.
   std::string firstText;
   std::string serialText = "0000000000000000";
   std::string id;
@@ -118,8 +130,8 @@ private:
   Program *currentProgram = nullptr;
   std::list<DataDescription *> *currentDescSection = nullptr;
   std::list<DataDescription *> *currentFlatSection = nullptr;
-  std::list<CFGBlock *> *performAfters = nullptr;
-  std::list<int *> *colseqs = nullptr;
+  std::unique_ptr<std::list<CFGBlock *>> performAfters;
+  std::unique_ptr<std::list<int *>> colseqs;
   bool haveNextSentence = false;
   [[maybe_unused]] void *reserved4 = nullptr;
   [[maybe_unused]] void *reserved5 = nullptr;
@@ -129,7 +141,7 @@ private:
   bool haveUPSI = false;
   bool decimalPointIsComma = false;
   CFGFunc *rptDeclCFGFunction = nullptr;
-  std::list<Statement *> *dummyListUsedMove = nullptr;
+  std::unique_ptr<std::list<Statement *>> dummyListUsedMove;
   [[maybe_unused]] void *reserved7 = nullptr;
 };
 

@@ -7,6 +7,8 @@
 namespace tarka {
 
 EnvNameType ClauseEnvName::getEnvNameType() const {
+  if (!environmentName)
+    return EnvNameType::Unknown;
   llvm::StringRef name = environmentName->getWordData();
   if (name.starts_with_insensitive("UPSI-"))
     return EnvNameType::Switch;

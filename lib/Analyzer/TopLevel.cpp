@@ -13,17 +13,26 @@ llvm::LLVMContext &globalContext() {
   return *context;
 }
 
-TopLevel::TopLevel(std::string compilation)
-    : id(std::move(compilation)), module(new llvm::Module(id, globalContext())) {}
-
 TopLevel *TopLevel::getTopLevelInstance(std::string id) {
-  static TopLevel *instance = new TopLevel(std::move(id));
+  auto make = [&] {
+    auto *module = new llvm::Module(id, globalContext());
+    return new TopLevel(std::move(id), module);
+  };
+  static TopLevel *instance = make();
   return instance;
+}
+
+TopLevel &TopLevel::beginCompilation(std::string id, const CompileSettings &settings) {
+  TopLevel &context = *getTopLevelInstance(id);
+  context.module->setModuleIdentifier(id);
+  context = TopLevel(std::move(id), context.module);
+  CompileOption::getCompileOptionInstance()->apply(settings);
+  return context;
 }
 
 void TopLevel::addPerformAfter(CFGBlock *block) {
   if (!performAfters)
-    performAfters = new std::list<CFGBlock *>;
+    performAfters = std::make_unique<std::list<CFGBlock *>>();
   performAfters->push_back(block);
 }
 
@@ -39,19 +48,32 @@ std::list<CFGBlock *>::iterator TopLevel::getPerformAfterEnd() {
 
 void TopLevel::addColseq(int *table) {
   if (!colseqs)
-    colseqs = new std::list<int *>;
+    colseqs = std::make_unique<std::list<int *>>();
   colseqs->push_back(table);
 }
 
 void TopLevel::addStmtToDummyListUsedMove(Statement *statement) {
   if (!dummyListUsedMove)
-    dummyListUsedMove = new std::list<Statement *>;
+    dummyListUsedMove = std::make_unique<std::list<Statement *>>();
   dummyListUsedMove->push_back(statement);
 }
 
 CompileOption *CompileOption::getCompileOptionInstance() {
   static CompileOption *instance = new CompileOption;
   return instance;
+}
+
+void CompileOption::apply(const CompileSettings &settings) {
+  *this = CompileOption();
+  checkFileID = settings.checkFileID;
+  dateproc = settings.dateproc;
+  debug = settings.debug;
+  dual = settings.dual;
+  init = settings.init;
+  enableCbltdli = settings.enableCbltdli;
+  enableAertdli = settings.enableAertdli;
+  enableRw = settings.enableRw;
+  enableOsvs = settings.enableOsvs;
 }
 
 } // namespace tarka

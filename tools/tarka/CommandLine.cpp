@@ -95,17 +95,19 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   app.add_flag("--sql", request.parse.sql, "supply what DB2 does: SQLCA, SQLDA, SQL TYPE");
 
   const char *group = "Compile options";
-  app.add_flag("--check-file-id", request.checkFileId, "PROGRAM-ID must be the name of the file")
+  app.add_flag("--check-file-id", request.compile.checkFileID,
+               "PROGRAM-ID must be the name of the file")
       ->group(group);
-  app.add_flag("--dateproc", request.dateproc, "honour DATE FORMAT clauses")->group(group);
-  app.add_flag("--debug", request.debug, "debugging mode")->group(group);
-  app.add_flag("--dual", request.dual, "mark dual variables")->group(group);
-  app.add_flag("--init", request.init, "items without VALUE are initialised")->group(group);
-  app.add_flag("--enable-cbltdli", request.enableCbltdli, "calls of CBLTDLI are DL/I calls")
+  app.add_flag("--dateproc", request.compile.dateproc, "honour DATE FORMAT clauses")->group(group);
+  app.add_flag("--debug", request.compile.debug, "debugging mode")->group(group);
+  app.add_flag("--dual", request.compile.dual, "mark dual variables")->group(group);
+  app.add_flag("--init", request.compile.init, "items without VALUE are initialised")->group(group);
+  app.add_flag("--enable-cbltdli", request.compile.enableCbltdli, "calls of CBLTDLI are DL/I calls")
       ->group(group);
-  app.add_flag("--enable-aertdli", request.enableAertdli, "calls of AERTDLI are DL/I calls")
+  app.add_flag("--enable-aertdli", request.compile.enableAertdli, "calls of AERTDLI are DL/I calls")
       ->group(group);
-  app.add_flag("--enable-rw", request.enableRw, "the report writer's registers and identifiers")
+  app.add_flag("--enable-rw", request.compile.enableRw,
+               "the report writer's registers and identifiers")
       ->group(group);
   app.add_flag("--enable-osvs", request.parse.osvs, "the words and statements of OS/VS COBOL")
       ->group(group);

@@ -3,6 +3,7 @@
 #ifndef TARKA_TOOLS_COMMANDLINE_H
 #define TARKA_TOOLS_COMMANDLINE_H
 
+#include "Analyzer/CompileOption.h"
 #include "Parse/ParseOptions.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
@@ -29,15 +30,7 @@ struct Request {
   std::vector<std::string> files;
   ParseOptions parse;
 
-  // The compile options.
-  bool checkFileId = false;
-  bool dateproc = false;
-  bool debug = false;
-  bool dual = false;
-  bool init = false;
-  bool enableCbltdli = false;
-  bool enableAertdli = false;
-  bool enableRw = false;
+  CompileSettings compile;
 
   // check
   bool syntaxOnly = false;

@@ -42,19 +42,6 @@ namespace {
 /// operators are; this much stack is reserved for it, and what is not used costs nothing.
 constexpr unsigned stackSize = 1u << 30;
 
-void setCompileOptions(const Request &request) {
-  CompileOption *options = CompileOption::getCompileOptionInstance();
-  options->setCheckFileID(request.checkFileId);
-  options->setOptionDateproc(request.dateproc);
-  options->setOptionDebug(request.debug);
-  options->setOptionDual(request.dual);
-  options->setOptionInit(request.init);
-  options->setOptionEnableCbltdli(request.enableCbltdli);
-  options->setOptionEnableAertdli(request.enableAertdli);
-  options->setOptionEnableRw(request.enableRw);
-  options->setOptionEnableOsvs(request.parse.osvs);
-}
-
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
@@ -83,9 +70,10 @@ private:
 };
 
 bool Compilation::check() {
-  setCompileOptions(request);
   llvm::StringRef baseName = llvm::sys::path::filename(file);
-  TopLevel::getTopLevelInstance(baseName.str());
+  CompileSettings settings = request.compile;
+  settings.enableOsvs = request.parse.osvs;
+  TopLevel::beginCompilation(baseName.str(), settings);
 
   llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
   if (!parsed) {

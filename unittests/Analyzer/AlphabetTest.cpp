@@ -82,12 +82,23 @@ TEST_F(Alphabet, OrdinalsBehindTheCharacterSetAreRefused) {
 
 TEST_F(Alphabet, SwitchesAreNotedBeyondTheOnesThatAreRight) {
   currentUnit();
-  context().setHaveUPSI(false);
   ClauseEnvName envName(nullptr, word("UPSI-8"));
   envName.setOnCondition(word("EIGHT-ON"));
   EXPECT_FALSE(checker.checkClauseEnvName(envName));
   EXPECT_EQ(numbers(), std::vector<int>{3105});
   EXPECT_TRUE(context().getHaveUPSI());
+}
+
+TEST_F(Alphabet, ClausesWithoutNamesAreReportedOrPass) {
+  ParaSpecialNames names(nullptr);
+  ClauseAlphabet alphabet(nullptr, nullptr, AlphabetType::Native);
+  ClauseClass letters(nullptr, nullptr);
+  ClauseEnvName device(nullptr, nullptr);
+  names.addAlphabet(&alphabet);
+  names.addClass(&letters);
+  names.addEnvName(&device);
+  EXPECT_FALSE(checker.semanticCheck(names));
+  EXPECT_EQ(numbers(), std::vector<int>{3104});
 }
 
 } // namespace

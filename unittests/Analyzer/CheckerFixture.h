@@ -26,7 +26,7 @@ protected:
   const Node nowhere;
   CompileOption &options = *CompileOption::getCompileOptionInstance();
 
-  ~CheckerTest() override { context().setCurrentSourceUnit(nullptr); }
+  CheckerTest() { TopLevel::beginCompilation("src/PROG.1.cbl", {}); }
 
   static TopLevel &context() { return *TopLevel::getTopLevelInstance(""); }
 

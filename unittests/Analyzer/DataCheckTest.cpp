@@ -17,12 +17,6 @@ namespace {
 
 class DataCheckTest : public CheckerTest {
 protected:
-  ~DataCheckTest() override {
-    options.setOptionInit(false);
-    options.setOptionDual(false);
-    options.setOptionDateproc(false);
-  }
-
   SourceUnit *program = currentUnit();
   DataDivision &division = *program->getDataDivision();
 

@@ -143,7 +143,6 @@ TEST_F(BindingTest, ReportItemsAndOthersOfOneName) {
   options.setOptionEnableRw(true);
   DataIdentifierExpression *generated = reference({"LINE-1"});
   EXPECT_TRUE(checker.semanticCheck(*generated, false, /*preferReportItem=*/true));
-  options.setOptionEnableRw(false);
   EXPECT_EQ(generated->getDataDescription(), line);
   EXPECT_EQ(numbers(), std::vector<int>{});
 }
@@ -253,7 +252,6 @@ TEST_F(LiteralTest, NumericLimits) {
   NumericLiteralExpression *comma = number("1,5");
   comma->convertDecimalPoint("1,5"); // as the parser leaves it
   EXPECT_TRUE(checker.semanticCheck(*comma));
-  context().setIsDecimalPointComma(false);
   EXPECT_EQ(comma->getSrcScale(), 1u);
 }
 

@@ -1,20 +1,36 @@
 //===- SemanticCheckerTest.cpp - the walk over a program ------------------===//
 
 #include "CheckerFixture.h"
+#include "llvm/IR/Module.h"
 
 using namespace tarka;
 using namespace tarka::test;
 
 namespace {
 
-/// Whoever asks first names the compilation: before any test does, this does.
-class Compilation : public testing::Environment {
-  void SetUp() override { TopLevel::getTopLevelInstance("src/PROG.1.cbl"); }
-};
-testing::Environment *const TheCompilation = testing::AddGlobalTestEnvironment(new Compilation);
+TEST(TopLevel, EachCompilationStartsAnew) {
+  TopLevel &first = TopLevel::beginCompilation("FIRST", {});
+  EXPECT_EQ(TopLevel::getTopLevelInstance("OTHER")->getID(), "FIRST");
+  first.setHaveUPSI(true);
+  first.setIsDecimalPointComma(true);
+  first.addColseq(nullptr);
+  first.addPerformAfter(nullptr);
+  first.addStmtToDummyListUsedMove(nullptr);
+  const CompileOption &options = *CompileOption::getCompileOptionInstance();
+  CompileOption::getCompileOptionInstance()->setOptionSeqEbcdic(true);
+  CompileOption::getCompileOptionInstance()->setOptionInit(true);
 
-TEST(TopLevel, TheFirstIdentifierStays) {
-  EXPECT_EQ(TopLevel::getTopLevelInstance("OTHER")->getID(), "src/PROG.1.cbl");
+  CompileSettings settings;
+  settings.dual = true;
+  TopLevel &second = TopLevel::beginCompilation("SECOND", settings);
+  EXPECT_EQ(&second, &first);
+  EXPECT_EQ(second.getID(), "SECOND");
+  EXPECT_EQ(second.getModule()->getName(), "SECOND");
+  EXPECT_FALSE(second.getHaveUPSI() || second.getIsDecimalPointComma());
+  EXPECT_EQ(second.getColseqList(), nullptr);
+  EXPECT_EQ(second.getDummyListUsedMove(), nullptr);
+  EXPECT_TRUE(options.isOptionDual());
+  EXPECT_FALSE(options.isOptionInit() || options.isOptionSeqEbcdic());
 }
 
 using WalkTest = CheckerTest;
@@ -48,10 +64,6 @@ TEST_F(WalkTest, SpecialRegistersByOption) {
   options.setOptionEnableAertdli(true);
   registers.clear();
   checker.createSpecialRegister(&registers);
-  options.setOptionEnableRw(false);
-  options.setOptionEnableOsvs(false);
-  options.setOptionEnableCbltdli(false);
-  options.setOptionEnableAertdli(false);
 
   std::string summary;
   for (const DataDescription *made : registers) {
@@ -127,7 +139,6 @@ TEST_F(WalkTest, ProgramIdMustBeTheFileNameWhenAsked) {
   program.addSourceUnit(good);
   program.addSourceUnit(bad);
   EXPECT_FALSE(checker.semanticCheck(program));
-  options.setCheckFileID(false);
   EXPECT_EQ(numbers(), std::vector<int>{1001});
   EXPECT_NE(good->getDataDivision(), nullptr);
   // Nothing more is done with such a program, nor with what is nested in it.
