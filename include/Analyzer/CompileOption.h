@@ -12,7 +12,7 @@
 
 namespace tarka {
 
-/// What a compilation can be told, each option off unless it is set.
+/// The options of one compilation, each off unless it is set.
 struct CompileSettings {
   bool checkFileID = false;   ///< the PROGRAM-ID must be the base name of the input
   bool dateproc = false;      ///< DATE FORMAT clauses are honoured

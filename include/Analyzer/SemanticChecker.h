@@ -1,9 +1,10 @@
 //===- SemanticChecker.h - the checks of the language -----------*- C++ -*-===//
 //
 // The walk over a program and every check on it, grouped by the file in
-// lib/Analyzer that holds them.
+// lib/Analyzer that holds them. How a family of rules does its work, and what it
+// remembers, is in its files there.
 //
-// Every check gives true when nothing is wrong below its node. A failed child
+// Every check returns true when nothing is wrong below its node. A failed child
 // makes the result false but never stops the walk of its siblings. The checks
 // also complete the tree in place: they bind names, fill in clauses and add
 // entries and statements.
@@ -127,7 +128,7 @@ public:
   // Reporting
   //===--------------------------------------------------------------------===//
 
-  /// Pushes an error at \p node and gives false, the result of the check that failed. \p text is
+  /// Pushes an error at \p node and returns false, the result of the check that failed. \p text is
   /// for the few messages that take one.
   bool report(ErrorCode code, Node *node, const char *text = nullptr) {
     errorHandler->PushError(code, node, text);
@@ -191,7 +192,8 @@ public:
   bool findEntryNames(LiteralExpression *name);
 
   //===--------------------------------------------------------------------===//
-  // Programs, divisions and procedures: SemanticChecker.cpp
+  // Programs, divisions and procedures: SemanticChecker.cpp, SCProcedureDivision.cpp,
+  // SCDeclaratives.cpp
   //===--------------------------------------------------------------------===//
 
   /// Checks one compilation. The analysis begins here.
@@ -228,7 +230,9 @@ public:
   bool semanticCheck(ParaFileControl &entry);
   bool semanticCheck(ParaIOControl &entry);
 
+  // Each of these checks one clause or phrase of SPECIAL-NAMES.
   bool checkClauseEnvName(ClauseEnvName &clause);
+  /// A literal of ALPHABET: unsigned integer, plain alphanumeric literal or figurative constant.
   bool checkLiteralValue(LiteralExpression *literal);
   bool checkClauseAlphabet(ClauseAlphabet &clause);
   bool checkPhraseSymbolic(PhrsSymbolic &phrase);
@@ -237,6 +241,7 @@ public:
   bool checkClauseClass(ClauseClass &clause);
   bool checkClauseCurrency(ClauseCurrency &clause);
 
+  // Each of these checks one clause of a FILE-CONTROL entry, which the entry must have.
   bool checkClauseAssign(ParaFileControl &entry);
   bool checkClauseReserve(ParaFileControl &entry);
   bool checkClauseOrganization(ParaFileControl &entry);
@@ -248,6 +253,7 @@ public:
   bool checkClauseRelativeKey(ParaFileControl &entry);
   bool checkClauseAlternateList(ParaFileControl &entry);
 
+  // Each of these checks one clause of an I-O-CONTROL entry, which the entry must have.
   bool checkClauseRerun(ParaIOControl &entry);
   bool checkClauseSame(ParaIOControl &entry);
   bool checkClauseMultipleFile(ParaIOControl &entry);
@@ -260,7 +266,9 @@ public:
   /// Checks one entry and everything below it.
   bool semanticCheck(DataDescription &entry);
   bool checkLevelNumber(DataDescription &entry);
+  /// Moves the condition names among the children of \p entry to a list of their own.
   bool check88LevelDataDescription(DataDescription &entry);
+  // From here on each checks one clause, which the entry must have.
   bool checkClauseBlank(DataDescription &entry);
   bool checkClauseExternal(DataDescription &entry);
   bool checkClauseGlobal(DataDescription &entry);
@@ -283,15 +291,17 @@ public:
   DataDescription *createSlackBytes(DataDescription *item, std::int64_t offset);
   /// The boundary that one occurrence of a table needs.
   int getMaxOccursSyncSize(DataDescription *group);
+  /// Fills the occurrences of a table up to that boundary.
   bool addOccursSlackBytes(DataDescription &entry);
   /// Adds the sizes of the elementary items below \p node and before \p target to \p bytes; true
   /// when \p target was met.
   bool getSyncAllocBytes(DataDescription *node, int *bytes, DataDescription *target);
 
   bool checkClauseValue(DataDescription &entry);
-  /// The values of a clause that no entry has of its own: symbolic characters become literals, and
+  /// The values of a clause that belongs to no entry: symbolic characters become literals, and
   /// every literal is checked.
   bool checkClauseValue(ClauseValue *clause);
+  /// The rules for the items below a group with VALUE.
   bool checkGroupValue(DataDescription *subordinate);
   /// Checks the initial value of \p entry against its category and size, and notes that the entry
   /// and the groups around it have one.
@@ -299,7 +309,7 @@ public:
   /// Pointers may only be NULL, and nothing else may.
   bool checkHaveNullValue(const DataDescription *entry, LiteralExpression *literal);
   /// The figurative constant that a symbolic character stands for; null, with a diagnostic, when
-  /// \p name is none.
+  /// \p name is not a symbolic character.
   LiteralExpression *convertSymbolicValue(Word *name);
   /// Notes that an entry without VALUE gets an initial value all the same.
   bool checkInitSpace(DataDescription &entry);
@@ -316,7 +326,9 @@ public:
   // File description entries: Data/SCFileDescription.cpp
   //===--------------------------------------------------------------------===//
 
+  /// Checks an FD or SD entry with its records.
   bool semanticCheck(FileDescription &file);
+  // Each of these checks one clause, which the entry must have.
   bool checkClauseGlobalFile(FileDescription &file);
   bool checkClauseExternalFile(FileDescription &file);
   bool checkClauseBlock(FileDescription &file);
