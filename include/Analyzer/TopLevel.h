@@ -104,7 +104,7 @@ public:
   void setRptDeclCFGFunction(CFGFunc *function) { rptDeclCFGFunction = function; }
   CFGFunc *getRptDeclCFGFunction() const { return rptDeclCFGFunction; }
 
-  /// Statements that the checks generate for report declaratives and hand on; null when there are
+  /// Statements that the checks generate for report declaratives and pass on; null when there are
   /// none.
   void addStmtToDummyListUsedMove(Statement *statement);
   std::list<Statement *> *getDummyListUsedMove() const { return dummyListUsedMove.get(); }

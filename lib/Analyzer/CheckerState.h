@@ -1,7 +1,7 @@
 //===- CheckerState.h - what the checks remember ----------------*- C++ -*-===//
 //
-// A rule looks at one node. What a rule must know about the nodes before it stands here, one object
-// for each family of rules, so that the checker's header names none of it.
+// A rule checks one node. What it must know about earlier nodes is kept here, in one
+// object for each family of rules, and stays out of the installed header.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,6 +1,6 @@
 //===- CurrentUnit.h - what is being checked or lowered ---------*- C++ -*-===//
 //
-// Short ways to the compilation context and to the parts of the program that the walk is in.
+// Access to the compilation context and to the program that is being checked.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,6 +1,6 @@
 //===- SCDeclaratives.cpp - declaratives and USE --------------------------===//
 //
-// What a declarative is for: files, groups of a report, procedures to debug.
+// What a USE statement names: files, groups of a report, procedures to debug.
 //
 //===----------------------------------------------------------------------===//
 

@@ -27,7 +27,7 @@ bool isUsableAsParameter(const DataDescription &entry) {
          entry.getLevelNum() == 77;
 }
 
-/// What fits into the place of an argument that is passed by value: an elementary item in binary or
+/// What can receive an argument that is passed by value: an elementary item in binary or
 /// floating point, a pointer, or one character, alphanumeric or national.
 bool isPassedByValue(const DataDescription &entry) {
   if (entry.hasSubordinateData())
@@ -59,8 +59,8 @@ bool isPassedByValue(const DataDescription &entry) {
   }
 }
 
-/// Enters a declarative into the lists of the division by its kind. Without a USE it belongs to
-/// those before it, of whichever kind there were any.
+/// Adds a declarative to the list of its kind. One without a USE belongs to every kind that
+/// occurred before it.
 void sortDeclarative(ProcedureDivision &division, Declaratives &declarative, bool &haveBase,
                      bool &haveReport) {
   bool isBase = haveBase;
@@ -87,7 +87,7 @@ bool checkUsingItem(SemanticChecker &checker, Expression *item) {
   return true;
 }
 
-/// A sentence that is missing passes.
+/// Null sentences pass.
 bool checkSentences(SemanticChecker &checker, const std::list<Sentence *> &sentences,
                     Section *section) {
   bool ok = true;
@@ -142,7 +142,7 @@ bool SemanticChecker::semanticCheck(Returning &returning) {
   bool ok = true;
   if (!isUsableAsParameter(*item->getDataDescription()))
     ok = report(ErrorCode::UsingItemNotLinkageRecord, item);
-  // The second check reports what is wrong with the item itself once more.
+  // The second check repeats the reports about the item itself.
   ok &= semanticCheck(*item);
   return ok;
 }

@@ -58,8 +58,8 @@ void SemanticChecker::freeIndex() {
 
 namespace {
 
-/// With the option that asks for it, PROGRAM-ID must be the name of the input without what follows
-/// its last point, in the same case.
+/// With --check-file-id, PROGRAM-ID must be the name of the input up to its last point, in the same
+/// case.
 bool isFileNameOfProgram(SemanticChecker &checker, SourceUnit &unit) {
   if (!CompileOption::getCompileOptionInstance()->isCheckFileID())
     return true;

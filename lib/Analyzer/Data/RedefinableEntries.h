@@ -1,7 +1,7 @@
 //===- RedefinableEntries.h - what REDEFINES can name -----------*- C++ -*-===//
 //
-// REDEFINES looks back over the entries of its own list. Searching each time from
-// the start would take the square of their number.
+// REDEFINES refers to an earlier entry of its list. Searching each list from the
+// start every time would take quadratic time.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,6 +1,6 @@
 //===- SCDataAttributes.cpp - BLANK WHEN ZERO, EXTERNAL, GLOBAL, JUSTIFIED ===//
 //
-// The clauses whose rules take a few lines each.
+// Clauses with short rules.
 //
 //===----------------------------------------------------------------------===//
 
@@ -38,8 +38,8 @@ bool SemanticChecker::checkClauseExternal(DataDescription &entry) {
   return ok;
 }
 
-/// A GLOBAL name must be unique: each of several GLOBAL namesakes reports once for every one of
-/// them, itself included. The items directly below a GLOBAL entry are GLOBAL as well.
+/// A GLOBAL name must be unique: each of several GLOBAL entries of one name reports once for every
+/// one of them, itself included. The items directly below a GLOBAL entry are GLOBAL as well.
 bool SemanticChecker::checkClauseGlobal(DataDescription &entry) {
   bool ok = true;
   if (entry.getLevelNum() != 1)

@@ -1,7 +1,7 @@
 //===- SCDataDescription.cpp - data description entries -----------------===//
 //
-// One entry and everything below it: the order of the checks, and what follows for
-// the record as a whole. Each clause has its file, SCData*.cpp.
+// The order of the checks of one entry and everything below it, and what results
+// for the whole record. Each clause has its own file, SCData*.cpp.
 //
 //===----------------------------------------------------------------------===//
 
@@ -26,7 +26,7 @@ bool isRecord(const DataDescription &entry) {
 // The record as a whole
 //===----------------------------------------------------------------------===//
 
-/// Notes in the tables around a SYNCHRONIZED item that their occurrences must keep its alignment.
+/// Marks the tables around a SYNCHRONIZED item: their occurrences must keep its alignment.
 void markTablesAround(DataDescription *group) {
   for (; group; group = group->getParent())
     if (group->getOccurs())
@@ -53,7 +53,7 @@ void chainRecord(DataDescription &entry) {
   }
 }
 
-/// A record with OCCURS DEPENDING ON makes its file one of variable-length records.
+/// A record with OCCURS DEPENDING ON gives its file variable-length records.
 void settleVariableRecords(SemanticChecker &checker, DataDescription &entry) {
   if (!isRecord(entry) || entry.getLevelNum() != 1 || entry.getStorageType() != StorageType::File)
     return;
@@ -82,8 +82,8 @@ bool isDualVariable(const DataDescription &entry) {
 // One entry
 //===----------------------------------------------------------------------===//
 
-/// What stands below an entry, or that nothing does. Neither makes the entry itself fail; only its
-/// USAGE does.
+/// Checks the entries below \p entry, or that it needs none. Of all this only a wrong USAGE of the
+/// group counts for the result.
 bool checkSubordinates(SemanticChecker &checker, DataDescription &entry) {
   if (!entry.isGroupItem()) {
     if (!entry.getPicture() && !entry.getUsage() && !entry.getRenames() &&

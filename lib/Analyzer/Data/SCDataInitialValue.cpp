@@ -84,7 +84,7 @@ bool InitialValueCheck::check() {
 // Characters
 //===----------------------------------------------------------------------===//
 
-/// The literal of ALL; the literal itself when it is no ALL.
+/// The literal of ALL, otherwise the literal itself.
 const LiteralExpression &innerLiteral(const LiteralExpression &literal) {
   const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&literal);
   return constant && constant->getLiteral() ? *constant->getLiteral() : literal;
@@ -111,7 +111,7 @@ bool InitialValueCheck::checkLength() {
 }
 
 /// Alphabetic, alphanumeric and edited items, and groups: an alphanumeric literal or a figurative
-/// constant. Editing does not come in here.
+/// constant. Editing is not applied to initial values.
 bool InitialValueCheck::checkCharacters() {
   const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&literal);
   const bool isFloat = number && number->getLiteralType() == NumericLiteralType::FloatingPoint;
@@ -171,7 +171,7 @@ struct FixedPointDigits {
   llvm::SmallString<40> decimals;
 };
 
-/// Whether the value fits the digits of the picture without the loss of any but zeros.
+/// Whether the value fits the digits of the picture without losing significant digits.
 bool fitsDigits(const FixedPointDigits &value, const ClausePicture &picture) {
   const std::size_t scale = picture.getScale();
   const std::size_t integerDigits = picture.getDigitNum() - picture.getScale();
@@ -179,8 +179,8 @@ bool fitsDigits(const FixedPointDigits &value, const ClausePicture &picture) {
          value.significantDecimals().size() <= scale;
 }
 
-/// Whether the value fits the bytes of a COMP-5 item, which holds what its bytes can hold whatever
-/// the number of its digits.
+/// Whether the value fits the bytes of a COMP-5 item, whose range does not depend on the digits of
+/// its picture.
 bool fitsBytes(const FixedPointDigits &value, bool isNegative, const ClausePicture &picture) {
   const std::size_t scale = picture.getScale();
   if (value.significantDecimals().size() > scale)
@@ -197,7 +197,7 @@ bool fitsBytes(const FixedPointDigits &value, bool isNegative, const ClausePictu
   return (isNegative ? number - 1 : number).getActiveBits() < bits || number.isZero();
 }
 
-/// A numeric item: ZERO, or a fixed-point literal whose sign and digits the PICTURE provides for.
+/// A numeric item: ZERO, or a fixed-point literal that fits the sign and digits of the PICTURE.
 bool InitialValueCheck::checkNumber() {
   if (llvm::isa<FigurativeLiteralExpression>(literal)) {
     if (isFigurative(literal, FigurativeType::Zero))
@@ -212,7 +212,7 @@ bool InitialValueCheck::checkNumber() {
   const ClausePicture &picture = *entry.getPicture();
   if (number->isSigned() && !picture.isSigned())
     ok = report(ErrorCode::ValueSignedForUnsigned);
-  // A picture beyond the limit has been reported, and no value of the language fills it.
+  // A picture with too many digits has been reported, and any literal fits it.
   if (picture.getDigitNum() > MaxDigits)
     return ok;
   const FixedPointDigits value(*number);
@@ -257,7 +257,7 @@ bool InitialValueCheck::checkScaled(const ClausePicture &picture, llvm::StringRe
 // Items
 //===----------------------------------------------------------------------===//
 
-/// Notes that the storage of \p entry does not start empty.
+/// Notes that \p entry and the groups around it have an initial value.
 static void noteInitialValue(DataDescription &entry) {
   const StorageType storage = entry.getStorageType();
   if (storage == StorageType::Linkage || storage == StorageType::File)
@@ -267,7 +267,7 @@ static void noteInitialValue(DataDescription &entry) {
 }
 
 bool SemanticChecker::checkLiteralValue(DataDescription *entry, LiteralExpression *literal) {
-  // A level 66 has no storage of its own; its clause has been reported.
+  // A level 66 has no storage; its VALUE has been reported.
   if (entry->getLevelNum() == 66)
     return false;
   noteInitialValue(*entry);
@@ -275,7 +275,7 @@ bool SemanticChecker::checkLiteralValue(DataDescription *entry, LiteralExpressio
     return report(ErrorCode::Level88NeedsValue, entry);
   if (!semanticCheck(*literal))
     return false;
-  // Of a group that has been reported already.
+  // For a group this has been reported.
   if (entry->isGroupItem() && (isNull(*literal) || llvm::isa<NumericLiteralExpression>(literal)))
     return false;
   return InitialValueCheck(*this, *entry, *literal).check();

@@ -1,7 +1,7 @@
 //===- SCDataLevelNumber.cpp - level numbers and condition names --------===//
 //
-// Which levels there are, what may stand below what, and which clauses a level 66
-// or 88 cannot have. Condition names leave the children of their variable.
+// The valid level numbers, how they nest, and the clauses that levels 66 and 88
+// exclude. Condition names move from the children of their variable to its own list.
 //
 //===----------------------------------------------------------------------===//
 
@@ -35,7 +35,7 @@ bool SemanticChecker::checkLevelNumber(DataDescription &entry) {
     ok = report(ErrorCode::Level66InvalidClause, &entry);
   if (level == 66 && entry.isGroupItem())
     ok = report(ErrorCode::LevelHierarchyIncorrect, &entry);
-  // Index names are of level 01 and stand in the group of their table.
+  // Index names have level 01 and the group of their table as parent.
   if (entry.getParent() && (level == 1 || level == 77 || level == 88) &&
       entry.getUsageType() != UsageType::Index)
     ok = report(ErrorCode::TopLevelHasParent, &entry);
@@ -53,9 +53,8 @@ bool SemanticChecker::checkLevelNumber(DataDescription &entry) {
   return ok;
 }
 
-/// Condition names leave the children of their conditional variable for a list of their own. If one
-/// of them is wrong, all of them stay among the children as well, so
-/// that their entries are checked there again.
+/// Condition names move from the children of their conditional variable to a list of their own. If
+/// one of them is wrong, all of them stay among the children as well and are checked there again.
 bool SemanticChecker::check88LevelDataDescription(DataDescription &entry) {
   auto isConditionName = [](const DataDescription *child) { return child->getLevelNum() == 88; };
   if (llvm::none_of(entry.getChildrenElements(), isConditionName))

@@ -119,7 +119,7 @@ OccursCheck::KeyResult OccursCheck::checkKeys() {
   KeyResult result = KeyResult::Right;
   std::size_t count = 0;
   for (const Key *phrase : occurs.getKeysElements()) {
-    // Once too many, every further phrase reports as well.
+    // Once there are too many, every further phrase is reported as well.
     count += phrase->getDataListSize();
     if (count > MaxKeys) {
       checker.report(ErrorCode::OccursTooManyKeys, &table);
@@ -136,7 +136,7 @@ OccursCheck::KeyResult OccursCheck::checkKeys() {
   return result;
 }
 
-/// A key is the table itself or an item below it, and no table lies on the way.
+/// A key is the table itself or an item below it, with no other table in between.
 OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
   auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand);
   if (!identifier) {

@@ -1,8 +1,7 @@
 //===- SCDataPicture.cpp - PICTURE and the currency sign ------------------===//
 //
-// What a PICTURE says, as the clause itself has decoded it, against the usage
-// and the other clauses of its entry; and the currency symbols that SPECIAL-NAMES
-// gives to pictures.
+// Checks a decoded PICTURE against the usage and the other clauses of its entry, and
+// applies the currency symbols of SPECIAL-NAMES.
 //
 //===----------------------------------------------------------------------===//
 
@@ -93,7 +92,7 @@ bool checkPictureCategory(SemanticChecker &checker, DataDescription &entry,
       ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
     if (entry.getBlankZero() || entry.getJustified() || entry.getValue())
       ok = checker.report(ErrorCode::ExternalFloatClause, &entry);
-    // An item that has its sign and its form written out needs neither clause.
+    // The picture itself fixes the sign and the form, so both clauses are dropped.
     entry.setSynchronized(nullptr);
     entry.setSign(nullptr);
     return ok;

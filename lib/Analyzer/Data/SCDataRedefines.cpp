@@ -1,6 +1,6 @@
 //===- SCDataRedefines.cpp - REDEFINES ----------------------------------===//
 //
-// Which entry a REDEFINES means, and what the two may have.
+// Which entry a REDEFINES refers to, and what the two must not have.
 //
 //===----------------------------------------------------------------------===//
 
@@ -31,7 +31,7 @@ RedefinableEntries::find(const Word &name, const DataDescription &subject,
           return std::nullopt;
         return Preceding{*std::prev(next), position->byName.lookup(&name.getWordData())};
       }
-      // No search passes an entry without a name.
+      // An entry without a name ends every search.
       if (const Word *entryName = (*next)->getDataName())
         position->byName[&entryName->getWordData()] = *next;
       else
@@ -92,8 +92,8 @@ DataDescription *findRedefinedEntry(SemanticChecker &checker, DataDescription &s
     checker.report(ErrorCode::RedefinesWrongFieldOrHierarchy, &subject);
     return nullptr;
   }
-  // What redefines is linked to the entry whose storage it is. If that could not be found, it has
-  // been reported there.
+  // The subject is linked to the entry that owns the storage. If that could not be found, it has
+  // been reported at the object.
   return object->getRedefines() ? object->getRedefineObject() : object;
 }
 

@@ -1,7 +1,7 @@
 //===- SCDataRenames.cpp - RENAMES --------------------------------------===//
 //
-// The items that a level 66 renames: one, or all from one to another. An item of a
-// table cannot be renamed, and a range contains no table of variable length.
+// The items that a level 66 renames: one item, or a range. An item of a table cannot
+// be renamed, and a range must not contain a table of variable length.
 //
 //===----------------------------------------------------------------------===//
 
@@ -27,7 +27,7 @@ public:
   bool holds(const DataDescription &entry) const {
     if (!division || entry.getStorageType() != section || !entry.getDataName())
       return false;
-    // What another program has declared is never found under the name of an entry of this one.
+    // A name that this program declares is never bound to an entry of another one.
     const auto *namesakes = division->findItemByName(entry.getDataName()->getWordData());
     return namesakes && !namesakes->empty();
   }
@@ -77,7 +77,7 @@ bool SemanticChecker::checkClauseRenames(DataDescription &entry) {
   if (!semanticCheck(*thru))
     return false;
   DataDescription *last = thru->getDataDescription();
-  // The result is about the range only: what the names did wrong is reported, but does not count.
+  // From here on only the range counts for the result. Errors in the items have been reported.
   checkDataRenames(last);
   if (last == first)
     return report(ErrorCode::RenamesThruSubordinate, thru);

@@ -1,6 +1,6 @@
 //===- SCDataSign.cpp - SIGN --------------------------------------------===//
 //
-// Where the sign of a number stands. A group hands the clause down to its items.
+// Where the sign of a number is stored. A group passes the clause to its items.
 //
 //===----------------------------------------------------------------------===//
 
@@ -10,7 +10,8 @@
 
 namespace tarka {
 
-/// The SIGN of a group goes down to every item that has none; one that can have it is enough.
+/// A group passes its SIGN to every item below it that has none. At least one of them must be able
+/// to have it.
 bool SemanticChecker::checkClauseSign(DataDescription &entry) {
   if (!entry.isGroupItem()) {
     if (!checkSignElement(&entry, nullptr))
@@ -27,7 +28,7 @@ bool SemanticChecker::checkClauseSign(DataDescription &entry) {
 
 bool SemanticChecker::checkSignElement(DataDescription *item, ClauseSign *inherited) {
   if (inherited) {
-    // An own clause has been checked with the item itself.
+    // The item's own clause has been checked with the item.
     if (item->getSign())
       return true;
     item->setSign(inherited);

@@ -1,8 +1,8 @@
 //===- SCDataSynchronized.cpp - alignment and slack bytes -----------------===//
 //
-// A SYNCHRONIZED item starts on a boundary that suits its usage. The checks do
-// not move it: they put an entry called SLACK-BYTES in front of it, and at the
-// end of an occurrence of a table, so that the storage layout does.
+// A SYNCHRONIZED item starts on the boundary of its usage. The checks insert an entry
+// called SLACK-BYTES before it, and at the end of the occurrences of a table; the
+// storage layout then places the item.
 //
 //===----------------------------------------------------------------------===//
 
@@ -77,7 +77,7 @@ static bool needsNoAlignment(UsageType usage) {
 
 bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
   if (entry.getLevelNum() == 1 && entry.isGroupItem()) {
-    // The children have been checked already: the clauses are for the stages that follow.
+    // The children have been checked already: the clauses are for later stages.
     for (DataDescription *child : entry.getChildrenElements())
       child->setSynchronized(new ClauseSynchronized(nullptr, nullptr));
     return true;

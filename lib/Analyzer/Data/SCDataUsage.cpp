@@ -1,7 +1,7 @@
 //===- SCDataUsage.cpp - USAGE ------------------------------------------===//
 //
-// How an item is stored: what a group hands down, and which usages go with which
-// categories and clauses.
+// How an item is stored: what a group passes to its items, and which usages are
+// allowed for which categories and clauses.
 //
 //===----------------------------------------------------------------------===//
 
@@ -11,8 +11,8 @@
 
 namespace tarka {
 
-/// The USAGE of a group goes to what stands directly below it and then leaves the group: in the end
-/// only elementary items have one.
+/// Moves the USAGE of a group to the entries directly below it. In the end only elementary items
+/// have one.
 bool SemanticChecker::checkClauseGroupUsage(DataDescription &entry) {
   bool ok = true;
   // The message names level 88 as well; only 66 is tested.
@@ -33,7 +33,7 @@ bool SemanticChecker::checkClauseGroupUsage(DataDescription &entry) {
 
 namespace {
 
-/// The usage against the category and the other clauses of the item.
+/// Checks the usage against the category and the other clauses of the item.
 bool checkUsageOfData(SemanticChecker &checker, DataDescription &entry, UsageType usage) {
   bool ok = true;
   switch (usage) {

@@ -16,9 +16,9 @@ namespace tarka {
 
 namespace {
 
-/// What is written beside the one value that an item starts with: further values, the end of a
-/// range and the value of FALSE are for condition names. Null when there is nothing, and for items
-/// of a report, which have a value for each of their lines.
+/// The first part of a VALUE clause that only condition names can have: the end of a range, a
+/// second value, or the value of FALSE. Null when there is none, and for items of a report, which
+/// can have a value for each of their lines.
 Node *surplusValue(const DataDescription &entry, const ClauseValue &clause) {
   if (entry.getType() == DescType::Report || clause.getPhraseValSize() == 0)
     return nullptr;
@@ -70,8 +70,8 @@ bool isValueOf(const LiteralExpression &value, DataCategory variable) {
   }
 }
 
-/// \p ok is the result so far. Each value that is checked decides anew, so that a later one that
-/// is right makes up for an earlier one that was not; the reports stand either way.
+/// \p ok is the result so far. Each value overwrites it, so a correct value after a wrong one makes
+/// the result true; the wrong one has been reported.
 bool checkConditionValues(SemanticChecker &checker, DataDescription &conditionName,
                           ClauseValue &clause, bool ok) {
   const DataDescription *variable = conditionName.getOwner();
@@ -135,7 +135,7 @@ bool SemanticChecker::checkClauseValue(DataDescription &entry) {
   if (!convertSymbolicValues(*this, clause))
     return false;
 
-  // Storage that comes from outside is not initialised. The clause is checked all the same.
+  // Storage that is owned elsewhere is not initialised, but the clause is still checked.
   const bool isConditionName = entry.getLevelNum() == 88;
   const StorageType storage = entry.getStorageType();
   if (storage == StorageType::Linkage || storage == StorageType::File) {
@@ -144,7 +144,8 @@ bool SemanticChecker::checkClauseValue(DataDescription &entry) {
     entry.setValue(nullptr);
   }
 
-  // Nor are EXTERNAL storage, which is an error, and redefined storage, which is not reported.
+  // EXTERNAL storage is not initialised either, which is an error; for redefined storage the clause
+  // is dropped without a report.
   bool ok = true;
   if (entry.getExternal())
     ok = report(ErrorCode::ValueWithExternalOrRedefines, &entry);

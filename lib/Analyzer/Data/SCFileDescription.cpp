@@ -1,9 +1,9 @@
 //===- SCFileDescription.cpp - file description entries -------------------===//
 //
-// An FD or SD entry: its SELECT entry, its records, its clauses, and what the
-// checks supply where the source is silent (the redefinition of the first
-// record by the others, the record of a report file, the recording mode, the
-// record lengths of variable-length files, LINAGE-COUNTER).
+// An FD or SD entry: its SELECT entry, its records, its clauses, and what the checks
+// add to the source: the redefinition of the first record by the others, the record
+// of a report file, the recording mode, the record lengths of variable-length files,
+// and LINAGE-COUNTER.
 //
 //===----------------------------------------------------------------------===//
 
@@ -17,12 +17,12 @@ namespace tarka {
 
 namespace {
 
-/// A literal that the checks write.
+/// A literal made by the checks.
 NumericLiteralExpression *makeLiteral(std::int64_t value) {
   return new NumericLiteralExpression(nullptr, std::to_string(value));
 }
 
-/// An entry of level 01 that the checks add.
+/// A level-01 entry made by the checks.
 DataDescription *makeRecord(llvm::StringRef name) {
   auto *record = new DataDescription(nullptr);
   record->setLevelNum(1);
@@ -44,7 +44,7 @@ ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
 
 namespace {
 
-/// REDEFINES of \p first, as if it were written in \p record.
+/// The clause REDEFINES \p first, placed in \p record.
 ClauseRedefines *makeRedefines(DataDescription &record, DataDescription &first) {
   auto *name = new QualifiedWord(&record);
   name->addNames(first.getDataName());
@@ -52,7 +52,7 @@ ClauseRedefines *makeRedefines(DataDescription &record, DataDescription &first) 
   return new ClauseRedefines(&record, object);
 }
 
-/// The record of a report file that has none: as long as the RECORD clause says.
+/// The record of a report file that declares none. Its length is that of the RECORD clause.
 DataDescription *makeReportRecord(const FileDescription &file) {
   std::string length = "240";
   if (const ClauseRecord *clause = file.getRecord()) {
@@ -73,7 +73,7 @@ DataDescription *makeReportRecord(const FileDescription &file) {
 static bool checkFileRecords(SemanticChecker &checker, FileDescription &file) {
   bool ok = true;
   if (file.getRecordDescSize() != 0) {
-    // The first record has a name, if only FILLER, once it has been checked.
+    // Once the first record has been checked it has a name, at least FILLER.
     DataDescription *first = *file.getDataRecordDescBegin();
     for (DataDescription *record : file.getRecordDescElements()) {
       if (record != first)
@@ -90,8 +90,8 @@ static bool checkFileRecords(SemanticChecker &checker, FileDescription &file) {
   return ok;
 }
 
-/// The lengths that the checks keep grow with each record; those that the programmer wrote hold
-/// for the first record, whatever its size.
+/// Lengths that the checks made grow with each record. Lengths from the source are kept for the
+/// first record, whatever its size.
 void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescription &file) {
   const std::int64_t max = record.getAllocSize();
   const std::int64_t min = record.checkContainsOdo() ? record.getMinAllocSize() : max;
@@ -136,11 +136,11 @@ static void settleRecordingMode(FileDescription &file) {
 }
 
 //===----------------------------------------------------------------------===//
-// Clauses that are accepted as they stand
+// Clauses without rules
 //===----------------------------------------------------------------------===//
 
-/// The records of a GLOBAL file are GLOBAL. They become so only now, after their own checks: a
-/// record that redefines a GLOBAL one would be refused.
+/// The records of a GLOBAL file are GLOBAL. They are marked after their own checks, which do not
+/// allow a record to redefine a GLOBAL one.
 bool SemanticChecker::checkClauseGlobalFile(FileDescription &file) {
   for (DataDescription *record : file.getRecordDescElements())
     if (!record->getGlobal())
@@ -307,7 +307,7 @@ bool SemanticChecker::checkUnsigendInteger(Expression *expression) {
   return ok;
 }
 
-/// Makes the LINAGE-COUNTER of a file: it holds what the number of lines holds.
+/// Makes the LINAGE-COUNTER of a file, with the description of the number of lines.
 static void createLinageCounter(FileDescription &file) {
   DataDescription *counter = makeRecord("LINAGE-COUNTER");
   counter->setGlobal(new ClauseGlobal(nullptr));

@@ -1,7 +1,6 @@
 //===- SCSymbolicCharacters.cpp - symbolic characters as values -----------===//
 //
-// A symbolic character in a VALUE or a statement becomes the literal that it stands
-// for.
+// Replaces symbolic characters by the literals that they stand for.
 //
 //===----------------------------------------------------------------------===//
 

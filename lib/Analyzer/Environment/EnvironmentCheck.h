@@ -1,6 +1,6 @@
 //===- EnvironmentCheck.h - what the checks of the division share ---------===//
 //
-// Questions about the environment division that several of its paragraphs ask.
+// Predicates that the checks of several paragraphs use.
 //
 //===----------------------------------------------------------------------===//
 
@@ -13,8 +13,8 @@
 
 namespace tarka {
 
-/// Whether an ALPHABET clause of the program itself defines \p name. The programs around it do not
-/// count here.
+/// Whether an ALPHABET clause of the current program defines \p name. Programs around it are not
+/// searched.
 inline bool isAlphabetOfProgram(const Word *name) {
   const ParaSpecialNames *specialNames = currentSpecialNames();
   return specialNames && specialNames->findClauseAlphabetByWord(name);

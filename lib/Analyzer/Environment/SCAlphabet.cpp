@@ -78,7 +78,7 @@ public:
   }
 
   void add(PhrsAlphabet &phrase);
-  /// Gives the characters that no phrase has placed their ordinals, in the order of their codes.
+  /// Assigns the remaining ordinals to the characters without one, in the order of their codes.
   void finish();
 
   int *getOrdinals() const { return ordinals; }
@@ -118,8 +118,8 @@ void CollatingTable::add(PhrsAlphabet &phrase) {
     for (char c : llvm::cast<NonNumericLiteralExpression>(literal)->getData())
       place(static_cast<unsigned char>(c), next);
   }
-  // A single character alone places nothing: it only uses up an ordinal, and the character goes
-  // among those that are not named. Later stages rely on it.
+  // A single character alone uses up an ordinal, but is then placed among the characters that no
+  // phrase names. Later stages rely on it.
   ++next;
 }
 
@@ -209,7 +209,7 @@ bool SemanticChecker::checkClauseAlphabet(ClauseAlphabet &clause) {
   AlphabetLiterals literals(*this, first->getDataCategory());
   for (PhrsAlphabet *phrase : clause.getAlphaListElements())
     ok &= literals.check(*phrase);
-  // Only literals that stand for characters make a table.
+  // A table can only be built from valid literals.
   if (!ok)
     return false;
 

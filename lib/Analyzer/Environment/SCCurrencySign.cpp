@@ -14,10 +14,10 @@ namespace tarka {
 
 namespace {
 
-/// What neither a currency sign without PICTURE SYMBOL nor a PICTURE SYMBOL may contain.
+/// Characters that a currency sign without PICTURE SYMBOL, or a PICTURE SYMBOL, must not contain.
 constexpr llvm::StringLiteral pictureCharacters =
     "0123456789ABCDEGNPRSVXZabcdegnprsvxz+-,.*/;()='\"";
-/// What a currency sign with PICTURE SYMBOL may not contain.
+/// Characters that a currency sign with PICTURE SYMBOL must not contain.
 constexpr llvm::StringLiteral numberCharacters = "0123456789+-,.";
 
 } // namespace

@@ -1,7 +1,7 @@
 //===- SCDivisionEnvironment.cpp - the environment division --------------===//
 //
-// The order of its paragraphs, SOURCE-COMPUTER and OBJECT-COMPUTER. The other
-// paragraphs have files of their own: SCSpecialNames.cpp, SCFileControl.cpp,
+// The order of the paragraphs, SOURCE-COMPUTER and OBJECT-COMPUTER. The other
+// paragraphs have their own files: SCSpecialNames.cpp, SCFileControl.cpp and
 // SCIOControl.cpp.
 //
 //===----------------------------------------------------------------------===//
@@ -28,7 +28,7 @@ bool SemanticChecker::semanticCheck(EnvironmentDivision &division) {
     return ok;
   for (ParaFileControl *entry : inputOutput->getFileControlListElements())
     ok &= semanticCheck(*entry);
-  // I-O-CONTROL says how files are handled; without a file in FILE-CONTROL it is not checked.
+  // Without an entry in FILE-CONTROL, I-O-CONTROL is not checked.
   if (inputOutput->getFileControlListSize() > 0 && inputOutput->getIOControlListSize() > 0 &&
       *inputOutput->getIOControlListBegin())
     for (ParaIOControl *entry : inputOutput->getIOControlListElements())

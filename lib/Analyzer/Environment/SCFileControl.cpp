@@ -1,6 +1,7 @@
 //===- SCFileControl.cpp - FILE-CONTROL ----------------------------------===//
 //
-// One SELECT entry: the items that its clauses name, their sections and categories.
+// The items that the clauses of a SELECT entry name, with their sections and
+// categories.
 //
 //===----------------------------------------------------------------------===//
 

@@ -89,11 +89,11 @@ bool SemanticChecker::checkClauseEnvName(ClauseEnvName &clause) {
     ok = report(ErrorCode::OnOffConditionSame, &clause);
 
   Word *environmentName = clause.getEnvironmentName();
-  // A clause without a name, which no source has, fails like one with an unknown name.
+  // A clause without a name cannot come from source; it is reported like an unknown name.
   std::string name =
       environmentName ? llvm::StringRef(environmentName->getWordData()).upper() : std::string();
   Node *place = environmentName ? static_cast<Node *>(environmentName) : &clause;
-  // UPSI-8 makes the program one that uses switches, although the rules below reject it.
+  // UPSI-8 counts as a switch here, although the rules below reject it.
   if (isUpsiSwitch(name, '8'))
     context().setHaveUPSI(true);
   if (on || off) {

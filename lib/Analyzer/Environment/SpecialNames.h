@@ -1,8 +1,8 @@
 //===- SpecialNames.h - what the names of SPECIAL-NAMES stand for ---------===//
 //
 // A mnemonic name stands for a device, a switch or a carriage control, an
-// alphabet-name for the order of the characters. The paragraph of a program holds in the programs
-// nested in it as well.
+// alphabet-name for a collating sequence. The names of a program are visible in the
+// programs nested in it.
 //
 //===----------------------------------------------------------------------===//
 
@@ -14,8 +14,8 @@
 
 namespace tarka {
 
-/// The clause that \p find gives for \p name in the SPECIAL-NAMES of the current source unit, or of
-/// the nearest one around it; null when there is none.
+/// The clause that \p find returns for \p name in the SPECIAL-NAMES of the current source unit, or
+/// of the nearest one around it; null when there is none.
 template <typename Clause>
 Clause *findSpecialName(const Word &name,
                         Clause *(ParaSpecialNames::*find)(const Word *name) const) {

@@ -14,8 +14,8 @@
 
 namespace tarka {
 
-/// Checks a number of lines, columns or times; null, one that is not written, is right. A relative
-/// one may be zero: LINE PLUS 0 overprints the line before.
+/// Checks a number of lines, columns or times; null, for a phrase that is absent, passes. A
+/// relative number may be zero: LINE PLUS 0 overprints the line before.
 bool checkReportNumber(SemanticChecker &checker, Expression *number, bool isRelative = false);
 
 /// Binds the name of a control, which is a data item.

@@ -51,7 +51,7 @@ bool checkReportNumber(SemanticChecker &checker, Expression *number, bool isRela
 bool checkControlName(SemanticChecker &checker, IdentifierExpression &name) {
   if (!checker.semanticCheck(name))
     return false;
-  // A condition name has no value of its own that could change.
+  // A condition name has no value that could change.
   const DataDescription *item = name.getDataDescription();
   if (item && item->getLevelNum() == 88)
     return checker.report(ErrorCode::LabelNotDataItem, &name);
@@ -81,7 +81,7 @@ bool checkControls(SemanticChecker &checker, const ClauseControl &clause) {
   return ok;
 }
 
-/// A literal, a data item, or a mnemonic name, which is no item of the data division.
+/// A literal, a data item, or a mnemonic name, which the data division does not define.
 bool checkCode(SemanticChecker &checker, Expression &code) {
   auto *name = llvm::dyn_cast<DataIdentifierExpression>(&code);
   if (!name || name->getQualifiedWord()->getNamesSize() > 1)
@@ -129,8 +129,8 @@ bool checkDescriptionClauses(SemanticChecker &checker, ReportDescription &report
 // Entries as data
 //===----------------------------------------------------------------------===//
 
-/// The counters of VARYING need no description of their own. Those that have none get one, so that
-/// the operands of SOURCE can be subscripted by them.
+/// Makes entries for the counters of VARYING that the program does not describe, so that the
+/// operands of SOURCE can be subscripted by them.
 void createCounters(SemanticChecker &checker, const std::list<VaryingPhrase *> *phrases) {
   DataDivision *division = currentUnit()->getDataDivision();
   if (!phrases || !division)
@@ -150,15 +150,14 @@ void createCounters(SemanticChecker &checker, const std::list<VaryingPhrase *> *
   }
 }
 
-/// What is printed is made of characters: national and DBCS ones can be printed too, although the
-/// message names DISPLAY only.
+/// Only characters can be printed. National and DBCS characters are allowed, although the message
+/// names DISPLAY only.
 bool isPrintable(UsageType usage) {
   return usage == UsageType::Display || usage == UsageType::Display1 ||
          usage == UsageType::National;
 }
 
-/// Prepares an entry for the checks of data description entries: the clauses that these know as
-/// well are made theirs.
+/// Prepares an entry for the checks of data description entries: copies the clauses that both have.
 bool prepareEntry(SemanticChecker &checker, ReportDataDescription &entry) {
   if (const ClauseReportOccurs *occurs = entry.getReportOccursClause()) {
     entry.setOccurs(occurs->getOccurs());
@@ -177,7 +176,7 @@ bool prepareEntry(SemanticChecker &checker, ReportDataDescription &entry) {
 // Groups
 //===----------------------------------------------------------------------===//
 
-/// Enters a group into the list of its type.
+/// Adds a group to the list of its type.
 void sortGroup(ReportDescription &report, ReportDataDescription *group) {
   const ClauseType *type = group->getTypeClause();
   switch (type ? type->getTypeOption() : ReportGroupType::None) {
@@ -233,7 +232,7 @@ ReportDataDescription *lineOf(DataDescription *entry) {
   return nullptr;
 }
 
-/// The number of the only, absolute line of the entry; 0 when it has another kind.
+/// The line number of an entry with a single absolute line; 0 otherwise.
 long long absoluteLine(const ReportDataDescription &entry) {
   const ClauseLine &clause = *entry.getLineClause();
   if (clause.isRelative() || clause.getNumbersListSize() != 1)
@@ -242,7 +241,7 @@ long long absoluteLine(const ReportDataDescription &entry) {
   return literal ? literal->getIntegerValue() : 0;
 }
 
-/// Appends a line to its group. One that stands above the line before it changes places with it.
+/// Appends a line to its group. A line above the one before it is swapped with that one.
 void addLine(ReportDataDescription &group, ReportDataDescription &line) {
   ReportDataDescription *previous =
       group.getLineDescListSize() ? group.getLineDescListElements().back() : nullptr;
@@ -256,8 +255,8 @@ void addLine(ReportDataDescription &group, ReportDataDescription &line) {
     group.swapLineDesc();
 }
 
-/// A group has a type, is made of lines, and these of columns: TYPE stands at the top only, a line
-/// within no other, and a column within a line.
+/// TYPE is allowed only at the top of a group, LINE not below another LINE, and COLUMN only at or
+/// below a LINE.
 bool checkStructure(SemanticChecker &checker, ReportDataDescription &group,
                     ReportDataDescription &entry) {
   bool ok = true;
@@ -288,20 +287,20 @@ bool checkStructure(SemanticChecker &checker, ReportDataDescription &group,
 // One report
 //===----------------------------------------------------------------------===//
 
-/// Every data item that the description names is noted as used by this report.
+/// While the report is current, every data item that is bound is noted as used by it.
 bool SemanticChecker::semanticCheck(ReportDescription &description) {
   const llvm::SaveAndRestore current(currentRD, &description);
   bool ok = checkDescriptionClauses(*this, description);
 
-  // Entries may name others that come after them, so all of them are data first.
+  // Entries may name later ones, so all of them are checked as data first.
   forEachReportEntry(description,
                      [&](ReportDataDescription &entry) { ok &= prepareEntry(*this, entry); });
   for (ReportDataDescription *group : description.getRecordListElements())
     ok &= semanticCheck(static_cast<DataDescription &>(*group));
 
   for (ReportDataDescription *group : description.getRecordListElements()) {
-    // The groups of a GLOBAL report are GLOBAL. Two such reports may give groups the same name, so
-    // this comes after the check of the clause, which is about the names of records.
+    // The groups of a GLOBAL report are GLOBAL. They are marked after the check of the GLOBAL
+    // clause, because two such reports may have groups of the same name.
     group->setGlobal(description.getGlobal());
     sortGroup(description, group);
     if (ClauseType *type = group->getTypeClause())

@@ -50,7 +50,7 @@ bool fitsRepetitions(std::size_t count, const ReportDataDescription &entry) {
     const ClauseLine *line = reportItem->getLineClause();
     if (line && line->getNumbersListSize() > 1 && isFilledBy(line->getNumbersListSize()))
       return true;
-    // More places than operands: what is further out only makes it more.
+    // More places than operands: the groups further out only add places.
     if (static_cast<std::size_t>(places) > count)
       return false;
   }
@@ -109,8 +109,8 @@ void replaceDateSource(SourceClauseExpr &source) {
       word, nullptr, nullptr, nullptr, nullptr));
 }
 
-/// What is shown is moved into the item. A group is moved as it stands, a date as the digits that
-/// it is made of, and without a category there is nothing to check.
+/// The source is moved into the item by the rules of MOVE. Groups and dates can always be moved,
+/// and without a category there is nothing to check.
 bool checkSourceMove(SemanticChecker &checker, ReportDataDescription &entry, Expression &sender) {
   if (entry.isGroupItem() || entry.getDataCategory() == DataCategory::Unclassified ||
       sender.getDataCategory() == DataCategory::Unclassified)
@@ -119,8 +119,8 @@ bool checkSourceMove(SemanticChecker &checker, ReportDataDescription &entry, Exp
     if (const DataDescription *item = name->getDataDescription();
         item && (item->isGroupItem() || item->getDateFormat()))
       return true;
-  // The message points at the operand: the item has no reference in the source. By category alone
-  // there is one message, where the rules for operands may give several.
+  // The message points at the operand, because the source has no reference to the item. Checking
+  // by category gives one message; the rules for operands may give several.
   auto *receiver = new DataIdentifierExpression(&sender, nullptr, nullptr, nullptr);
   receiver->setDataDescription(&entry);
   return checker.getMoveRule(sender.getDataCategory(), receiver) != MoveRule::Illegal;
@@ -145,8 +145,8 @@ bool isSumOperand(const Expression &operand) {
   }
 }
 
-/// What is added up: numbers of any kind, and items of the report for the numbers that they show.
-/// \p entry is noted as an item that shows them.
+/// The operands of SUM: numbers of any kind, and items of the report that show numbers. \p entry is
+/// added to the items that show them.
 bool checkSum(SemanticChecker &checker, ReportDataDescription &entry, const SumClauseExpr &sum) {
   bool ok = true;
   for (Expression *operand : sum.getNameListElements()) {
@@ -238,7 +238,7 @@ bool isElementaryNumber(const ReportDataDescription &entry) {
          category == DataCategory::NumericEdited;
 }
 
-/// What is counted or added up needs an item that can hold it.
+/// A sum or a count needs an elementary numeric item.
 bool checkCounterItem(SemanticChecker &checker, ReportDataDescription &entry) {
   if (isElementaryNumber(entry))
     return true;
@@ -246,8 +246,8 @@ bool checkCounterItem(SemanticChecker &checker, ReportDataDescription &entry) {
                         entry.getDataName()->getWordData().c_str());
 }
 
-/// The item that the sum is kept in while the report is produced: as many digits as the entry
-/// shows, or as many as a sum can have when it shows none, and a sign.
+/// The item that holds the sum while the report is produced: signed, with the digits of the entry,
+/// or the most that a sum can have when the entry shows none.
 DataDescription *makeSumCounter(const ReportDataDescription &entry) {
   constexpr int maxDigits = 18;
   const ClausePicture *picture = entry.getPicture();
@@ -280,7 +280,7 @@ bool checkSumClause(SemanticChecker &checker, ReportDataDescription &entry, Clau
   return ok;
 }
 
-/// Each entry that is counted knows the operands that count it.
+/// Adds the operands of COUNT to the entries that they count.
 bool checkCount(SemanticChecker &checker, ReportDataDescription &entry, ClauseCount &clause) {
   bool ok = checkCounterItem(checker, entry);
   for (const CountClauseExpr *operand : clause.getCountExprListElements()) {
