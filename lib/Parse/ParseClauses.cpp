@@ -6,8 +6,8 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/Spelling.h"
-#include "Parse/Parser.h"
+#include "Parse/ParseClauses.h"
+#include "Parse/MisspeltWords.h"
 #include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
@@ -20,61 +20,7 @@ bool ClauseSet::contains(Keyword keyword) const {
 // Where an entry ends
 //===----------------------------------------------------------------------===//
 
-bool Parser::atPartHeader() {
-  switch (peek().keyword) {
-  case Keyword::Identification:
-  case Keyword::Id:
-  case Keyword::ProgramId:
-  case Keyword::Environment:
-  case Keyword::Data:
-  case Keyword::Procedure:
-  case Keyword::Division:
-  case Keyword::End:
-    return atUnitBoundary();
-  case Keyword::Section:
-    return peek().isFirstOnLine();
-  case Keyword::SourceComputer:
-  case Keyword::ObjectComputer:
-  case Keyword::SpecialNames:
-  case Keyword::Repository:
-  case Keyword::FileControl:
-  case Keyword::IOControl:
-    return true;
-  case Keyword::Communication:
-  case Keyword::Configuration:
-  case Keyword::InputOutput:
-  case Keyword::Linkage:
-  case Keyword::LocalStorage:
-  case Keyword::WorkingStorage:
-    return peek().isFirstOnLine() || peek(1).is(Keyword::Section);
-  case Keyword::File:
-  case Keyword::Report:
-    return peek(1).is(Keyword::Section) || atMisspeltSection();
-  case Keyword::None:
-    return at(TokenKind::EndOfFile) ||
-           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division));
-  default:
-    return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
-  }
-}
-
-bool Parser::atLevelNumber() {
-  if (!at(TokenKind::IntegerLiteral) || !peek().isFirstOnLine() || peek().spelling.size() > 2)
-    return false;
-  // A number that belongs to a clause is followed by another one, by the unit that it counts, or by
-  // what goes on with a list of values.
-  const Token &next = peek(1);
-  if (!next.isWord() || next.isFigurativeConstant())
-    return false;
-  if (next.isUserWord())
-    return !isSymbolicCharacter(*next.getInternedText());
-  return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
-                       Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
-                       Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,
-                       Keyword::Times, Keyword::To, Keyword::When);
-}
-
-bool Parser::atEntryBoundary(const ClauseSet &clauses) {
+bool ClauseParser::atEntryBoundary(const ClauseSet &clauses) {
   if (atPartHeader())
     return true;
   if (!peek().isFirstOnLine())
@@ -83,7 +29,7 @@ bool Parser::atEntryBoundary(const ClauseSet &clauses) {
          (clauses.endsAtLevelNumber && atLevelNumber());
 }
 
-void Parser::takeSectionHeader(Keyword header) {
+void ClauseParser::takeSectionHeader(Keyword header) {
   recovery.resumeReporting();
   if (at(Keyword::Section)) {
     error(DiagnosticId::Expected, here(), (textOf(header) + " SECTION").str(), "'SECTION'");
@@ -107,31 +53,17 @@ void Parser::takeSectionHeader(Keyword header) {
   accept(TokenKind::Period);
 }
 
-void Parser::missingPeriod() {
-  // The end of the file is no place to look at.
-  SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
-  error(DiagnosticId::PeriodMissing, place, describe(peek()));
-}
-
-void Parser::expectPeriod() {
-  if (accept(TokenKind::Period))
-    return;
-  missingPeriod();
-  // What else stands in the line of a header belongs to nothing.
-  while (!peek().isFirstOnLine() && !atPartHeader() &&
-         !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
-    if (accept(TokenKind::Period))
-      return;
-    else
-      stream.skip();
+void ClauseParser::takeParagraphHeader() {
+  stream.skip();
+  expectPeriod();
 }
 
 //===----------------------------------------------------------------------===//
 // Clauses
 //===----------------------------------------------------------------------===//
 
-Node Parser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
-                          llvm::function_ref<bool()> parseClause) {
+Node ClauseParser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                                llvm::function_ref<bool()> parseClause) {
   bool wasReadable = true;
   while (!at(TokenKind::Period)) {
     if (atEntryBoundary(clauses)) {
@@ -141,20 +73,20 @@ Node Parser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
     }
     wasReadable = parseClause();
     if (!wasReadable)
-      recoverToClause(clauses);
+      skipToClause(clauses);
   }
   Node place = from(begin);
   accept(TokenKind::Period);
   return place;
 }
 
-void Parser::parseParagraphClauses(const ClauseSet &clauses,
-                                   llvm::function_ref<bool()> parseClause) {
+void ClauseParser::parseParagraphClauses(const ClauseSet &clauses,
+                                         llvm::function_ref<bool()> parseClause) {
   bool needsPeriod = false;
   while (!atEntryBoundary(clauses)) {
     needsPeriod = !accept(TokenKind::Period);
     if (needsPeriod && !parseClause()) {
-      recoverToClause(clauses);
+      skipToClause(clauses);
       needsPeriod = false;
     }
   }
@@ -163,7 +95,7 @@ void Parser::parseParagraphClauses(const ClauseSet &clauses,
 }
 
 /// Gives true where the clause is known after all: a keyword of it is misspelt.
-bool Parser::unknownClause(const ClauseSet &clauses) {
+bool ClauseParser::unknownClause(const ClauseSet &clauses) {
   llvm::SmallVector<Keyword, 80> words(clauses.keywords);
   words.append(clauses.synonyms.begin(), clauses.synonyms.end());
   Keyword meant = peek().isWord() ? nearestKeyword(peek().text, words) : Keyword::None;
@@ -171,7 +103,7 @@ bool Parser::unknownClause(const ClauseSet &clauses) {
     // A word of OS/VS COBOL, which is no keyword without its option.
     error(DiagnosticId::OsvsStatement, here(), peek().text);
     stream.skip();
-    recoverToClause(clauses, /*isUnknown=*/true);
+    skipToClause(clauses, /*isUnknown=*/true);
     return false;
   }
   if (meant != Keyword::None && !at(meant)) {
@@ -184,30 +116,30 @@ bool Parser::unknownClause(const ClauseSet &clauses) {
   error(DiagnosticId::UnknownClause, here(), describe(peek()), clauses.owner,
         llvm::join(texts, ", "));
   takeRun();
-  recoverToClause(clauses, /*isUnknown=*/true);
+  skipToClause(clauses, /*isUnknown=*/true);
   return false;
 }
 
-bool Parser::unsupportedClause(llvm::StringRef what, const ClauseSet &clauses) {
+bool ClauseParser::unsupportedClause(llvm::StringRef what, const ClauseSet &clauses) {
   error(DiagnosticId::NotSupported, here(), what);
   stream.skip();
-  recoverToClause(clauses);
+  skipToClause(clauses);
   return true;
 }
 
-void Parser::recoverToClause(const ClauseSet &clauses, bool isUnknown) {
+void ClauseParser::skipToClause(const ClauseSet &clauses, bool isUnknown) {
   while (!at(TokenKind::Period) && !atEntryBoundary(clauses)) {
     bool isFirst = peek().isFirstOnLine();
     bool isInner = isUnknown && !isFirst && llvm::is_contained(clauses.innerWords, peek().keyword);
     if (clauses.contains(peek().keyword) && !isInner)
       return;
-    if (clauses.beginsWithName && isFirst && atEnvironmentName())
+    if (clauses.beginsWithName && isFirst && atEnvironmentName(clauses))
       return;
     takeRun();
   }
 }
 
-void Parser::recoverToEntry(const ClauseSet &clauses) {
+void ClauseParser::skipToEntry(const ClauseSet &clauses) {
   while (!atEntryBoundary(clauses))
     if (accept(TokenKind::Period))
       return;
@@ -215,19 +147,16 @@ void Parser::recoverToEntry(const ClauseSet &clauses) {
       takeRun();
 }
 
-Keyword Parser::nearestKeyword(llvm::StringRef word, llvm::ArrayRef<Keyword> candidates) {
-  SpellingMatch match(word);
-  for (Keyword candidate : candidates)
-    match.consider(textOf(candidate));
-  const auto *found = llvm::find_if(
-      candidates, [&](Keyword candidate) { return textOf(candidate) == match.getNearest(); });
-  return found == candidates.end() ? Keyword::None : *found;
-}
-
-Expression *Parser::parseNumberOrDataName(llvm::StringRef what) {
-  if (atNumericLiteral())
-    return parseNumericLiteral();
-  return parseDataName(what);
+bool ClauseParser::atEnvironmentName(const ClauseSet &clauses) {
+  if (at(TokenKind::AlphanumericLiteral))
+    return peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
+  if (!peek().isUserWord())
+    return false;
+  Word name(here(), peek().getInternedText(), peek().getInternedSpelling());
+  if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
+    return true;
+  bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
+  return isFollowed && nearestKeyword(peek().text, clauses.keywords) == Keyword::None;
 }
 
 } // namespace tarka

@@ -7,7 +7,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseCondition.h"
 #include <optional>
 
 namespace tarka {
@@ -98,7 +98,7 @@ std::optional<SignConditionType> signOf(Keyword keyword, bool isNot) {
 } // namespace
 
 /// With the operator next: =, EQUAL [TO], > , GREATER [THAN] [OR EQUAL [TO]], <> and so on.
-RelationalConditionType Parser::parseRelationalOperator(bool isNot) {
+RelationalConditionType ConditionParser::parseRelationalOperator(bool isNot) {
   RelationalConditionType relation = RelationalConditionType::Equal;
   const Token token = stream.next();
   switch (token.kind) {
@@ -126,7 +126,7 @@ RelationalConditionType Parser::parseRelationalOperator(bool isNot) {
 }
 
 /// The rest of an operator in words, of which the first was taken.
-RelationalConditionType Parser::parseRelationalWords(Keyword first) {
+RelationalConditionType ConditionParser::parseRelationalWords(Keyword first) {
   switch (first) {
   case Keyword::Greater:
   case Keyword::Less: {
@@ -155,14 +155,14 @@ RelationalConditionType Parser::parseRelationalWords(Keyword first) {
 // Combined conditions
 //===----------------------------------------------------------------------===//
 
-Condition *Parser::parseCondition() {
+Condition *ConditionParser::parseCondition() {
   Abbreviation abbreviation;
   SourceRange begin = here();
   Comparand whole = parseCombined(abbreviation);
   return whole.expression ? conditionOf(whole.expression, begin, abbreviation) : whole.condition;
 }
 
-Parser::Comparand Parser::parseConditionOrExpression() {
+ConditionParser::Comparand ConditionParser::parseConditionOrExpression() {
   Abbreviation abbreviation;
   Comparand whole = parseCombined(abbreviation);
   if (whole.expression && isNameOfCondition(whole.expression))
@@ -173,7 +173,7 @@ Parser::Comparand Parser::parseConditionOrExpression() {
 /// Conditions joined by AND and OR, AND binding first; a single expression stays one. The loop
 /// holds the alternatives that are complete and the conjunction that is being read, so that a
 /// chain of any length needs no recursion.
-Parser::Comparand Parser::parseCombined(Abbreviation &abbreviation) {
+ConditionParser::Comparand ConditionParser::parseCombined(Abbreviation &abbreviation) {
   SourceRange begin = here();
   Comparand first = parseTerm(abbreviation);
   if (!at(Keyword::And, Keyword::Or) || (!first.condition && !first.expression))
@@ -215,7 +215,7 @@ Parser::Comparand Parser::parseCombined(Abbreviation &abbreviation) {
 }
 
 /// One condition of a combined one, or an expression that is none yet.
-Parser::Comparand Parser::parseTerm(Abbreviation &abbreviation) {
+ConditionParser::Comparand ConditionParser::parseTerm(Abbreviation &abbreviation) {
   SourceRange begin = here();
   // A > B OR = C, A > B OR NOT = C, A > B OR IS NOT = C: NOT is part of the operator and holds for
   // the objects that follow.
@@ -234,7 +234,7 @@ Parser::Comparand Parser::parseTerm(Abbreviation &abbreviation) {
 }
 
 /// A NOT that is no part of an operator: it negates one condition.
-Condition *Parser::parseNegated(Abbreviation &abbreviation) {
+Condition *ConditionParser::parseNegated(Abbreviation &abbreviation) {
   SourceRange begin = here();
   accept(Keyword::Not);
   if (at(Keyword::Not))
@@ -255,8 +255,8 @@ Condition *Parser::parseNegated(Abbreviation &abbreviation) {
 }
 
 /// A relation without its subject, with the operator next.
-Condition *Parser::parseAbbreviated(const SourceRange &begin, bool isNot,
-                                    Abbreviation &abbreviation) {
+Condition *ConditionParser::parseAbbreviated(const SourceRange &begin, bool isNot,
+                                             Abbreviation &abbreviation) {
   abbreviation.relation = parseRelationalOperator(isNot);
   Expression *object = parseRelationObject(abbreviation.relation);
   if (!object)
@@ -265,7 +265,7 @@ Condition *Parser::parseAbbreviated(const SourceRange &begin, bool isNot,
 }
 
 /// A condition without AND, OR and NOT around it, or an expression.
-Parser::Comparand Parser::parseSimple(Abbreviation &abbreviation) {
+ConditionParser::Comparand ConditionParser::parseSimple(Abbreviation &abbreviation) {
   SourceRange begin = here();
   Expression *subject = nullptr;
   if (at(TokenKind::LParen)) {
@@ -284,7 +284,7 @@ Parser::Comparand Parser::parseSimple(Abbreviation &abbreviation) {
 }
 
 /// ( condition ) or ( expression ).
-Parser::Comparand Parser::parseParenthesised(Abbreviation &abbreviation) {
+ConditionParser::Comparand ConditionParser::parseParenthesised(Abbreviation &abbreviation) {
   SourceRange begin = here();
   Depth level(*this);
   if (level.isTooDeep())
@@ -309,8 +309,9 @@ Parser::Comparand Parser::parseParenthesised(Abbreviation &abbreviation) {
 
 /// The rest of a relation, class or sign condition about \p subject; the subject itself where
 /// nothing of that kind follows.
-Parser::Comparand Parser::parseRelation(Expression *subject, const SourceRange &begin,
-                                        Abbreviation &abbreviation) {
+ConditionParser::Comparand ConditionParser::parseRelation(Expression *subject,
+                                                          const SourceRange &begin,
+                                                          Abbreviation &abbreviation) {
   bool isWritten = at(Keyword::Is, Keyword::Not);
   accept(Keyword::Is);
   bool isNot = accept(Keyword::Not);
@@ -349,7 +350,7 @@ Parser::Comparand Parser::parseRelation(Expression *subject, const SourceRange &
 }
 
 /// What a relation compares with; the objects in parentheses, B OR C, are compared one by one.
-Expression *Parser::parseRelationObject(RelationalConditionType relation) {
+Expression *ConditionParser::parseRelationObject(RelationalConditionType relation) {
   if (!at(TokenKind::LParen))
     return parseArithmeticExpression();
   SourceRange begin = here();
@@ -382,7 +383,7 @@ Expression *Parser::parseRelationObject(RelationalConditionType relation) {
 }
 
 /// {AND | OR} [NOT] [operator] object. A written operator holds for the objects behind it.
-AbbrRelationItem *Parser::parseFurtherObject(RelationalConditionType &relation) {
+AbbrRelationItem *ConditionParser::parseFurtherObject(RelationalConditionType &relation) {
   SourceRange begin = here();
   CombinedOperatorType op = at(Keyword::And) ? CombinedOperatorType::And : CombinedOperatorType::Or;
   stream.skip();
@@ -410,7 +411,7 @@ AbbrRelationItem *Parser::parseFurtherObject(RelationalConditionType &relation) 
 //===----------------------------------------------------------------------===//
 
 /// Whether the operand is the name of a condition or of a switch's status.
-bool Parser::isNameOfCondition(const Expression *operand) {
+bool ConditionParser::isNameOfCondition(const Expression *operand) {
   auto *name = llvm::dyn_cast<DataIdentifierExpression>(operand);
   if (!name || name->getReferenceMod())
     return false;
@@ -419,7 +420,7 @@ bool Parser::isNameOfCondition(const Expression *operand) {
 }
 
 /// The condition that the name of a condition or of a switch's status stands for.
-Condition *Parser::namedCondition(DataIdentifierExpression *name) {
+Condition *ConditionParser::namedCondition(DataIdentifierExpression *name) {
   QualifiedWord *words = name->getQualifiedWord();
   const std::string &text = (*words->getNamesBegin())->getWordData();
   if (!name->getSubscriptMod() && isSwitchName(text) && !isConditionName(text))
@@ -429,8 +430,8 @@ Condition *Parser::namedCondition(DataIdentifierExpression *name) {
 
 /// The condition that an operand alone, which began at \p begin, is: a name of a condition, or
 /// another object of the relation before it. Null after a message.
-Condition *Parser::conditionOf(Expression *operand, const SourceRange &begin,
-                               Abbreviation &abbreviation) {
+Condition *ConditionParser::conditionOf(Expression *operand, const SourceRange &begin,
+                                        Abbreviation &abbreviation) {
   auto *name = llvm::dyn_cast<DataIdentifierExpression>(operand);
   bool isName = isNameOfCondition(operand);
   if (abbreviation.subject && !isName) {

@@ -1,6 +1,8 @@
 //===- ParseData.cpp - data division, sections and entries ----------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseData.h"
+#include "Parse/ParseFile.h"
+#include "Parse/ParseReport.h"
 
 namespace tarka {
 
@@ -10,11 +12,11 @@ namespace tarka {
 
 /// The division hangs in the tree before it is read, since conditions of the report section ask it
 /// for condition-names.
-DataDivision *Parser::parseDataDivision() {
+DataDivision *DataParser::parseDataDivision() {
   SourceRange begin = here();
   Node place(begin);
   auto *division = new DataDivision(&place);
-  unit->setDataDivision(division);
+  context.unit->setDataDivision(division);
   if (atDivision(Keyword::Data)) {
     takeDivisionHeader(Keyword::Data);
     expectPeriod();
@@ -40,34 +42,8 @@ DataDivision *Parser::parseDataDivision() {
   return division;
 }
 
-/// Where the header is missing, what only one of the sections can hold tells which it is.
-Keyword Parser::dataSectionAt() {
-  static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
-                                        Keyword::LocalStorage, Keyword::Linkage, Keyword::Report};
-  bool isHeader = peek(1).is(Keyword::Section);
-  if (llvm::is_contained(headers, peek().keyword)) {
-    // A header is one even where SECTION is misspelt or missing.
-    bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period);
-    if (isHeader || (peek().isFirstOnLine() && isAlone))
-      return peek().keyword;
-  } else if (isHeader && peek().isWord()) {
-    return nearestKeyword(peek().text, headers);
-  }
-  if (!peek().isFirstOnLine())
-    return Keyword::None;
-  if (at(Keyword::Section) && llvm::is_contained(headers, peek(1).keyword))
-    return peek(1).keyword;
-  const Token &first = peek(atSequence(Keyword::Section, TokenKind::Period) ? 2 : 0);
-  if (first.isOneOf(Keyword::Fd, Keyword::Sd))
-    return Keyword::File;
-  if (first.is(Keyword::Rd))
-    return Keyword::Report;
-  bool isEntry = at(Keyword::Section) ? first.is(TokenKind::IntegerLiteral) : atLevelNumber();
-  return isEntry ? Keyword::WorkingStorage : Keyword::None;
-}
-
 /// A section that does not belong here goes whole, with entries that others could have as well.
-void Parser::skipForeignSection() {
+void DataParser::skipForeignSection() {
   if (at(Keyword::Communication) || atWord("SCREEN"))
     error(DiagnosticId::NotSupported, here(), peek().text + " SECTION");
   else
@@ -79,7 +55,7 @@ void Parser::skipForeignSection() {
 }
 
 /// The section that is next. The order of the sections does not matter to anybody, so any is good.
-void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen) {
+void DataParser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen) {
   struct SectionInfo {
     Keyword header;
     StorageType storage;
@@ -110,10 +86,10 @@ void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> 
 
   switch (section.storage) {
   case StorageType::File:
-    parseFileSection(division);
+    FileSectionParser(context).parseFileSection(division);
     return;
   case StorageType::Report:
-    parseReportSection(division);
+    ReportParser(context).parseReportSection(division);
     return;
   case StorageType::LocalStorage:
     parseDataRecords(section.storage,
@@ -133,12 +109,15 @@ void Parser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> 
 // Records
 //===----------------------------------------------------------------------===//
 
+namespace {
+
 /// Puts entries together to records by their level numbers: an entry belongs to the nearest one
 /// before it that has a lower level. Wrong levels (00, 50 ...) and wrong orders of right ones take
 /// the place that their number gives them; the checker has the messages for them.
-class Parser::RecordBuilder {
+class RecordBuilder {
 public:
-  RecordBuilder(Parser &theParser, AddRecord addRecord) : parser(theParser), give(addRecord) {}
+  RecordBuilder(ParserBase &theParser, DataParser::AddRecord addRecord)
+      : parser(theParser), give(addRecord) {}
   ~RecordBuilder() {
     completeUnsound();
     finish();
@@ -240,8 +219,8 @@ private:
     record = nullptr;
   }
 
-  Parser &parser;
-  AddRecord give;
+  ParserBase &parser;
+  DataParser::AddRecord give;
   DataDescription *record = nullptr;
   /// The entry read last that is no condition-name.
   DataDescription *item = nullptr;
@@ -253,15 +232,17 @@ private:
   bool isRenamed = false;
 };
 
-void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*parseEntry)(),
-                          AddRecord add) {
+} // namespace
+
+void DataParser::parseRecords(const ClauseSet &clauses,
+                              llvm::function_ref<DataDescription *()> parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
   while (true) {
     if (at(TokenKind::IntegerLiteral)) {
       if (peek().isFirstOnLine())
         recovery.resumeReporting();
       Recovery::ErrorTrap trap(recovery);
-      if (DataDescription *entry = (this->*parseEntry)())
+      if (DataDescription *entry = parseEntry())
         records.add(entry, !trap.hasErrorOccurred());
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
@@ -271,16 +252,18 @@ void Parser::parseRecords(const ClauseSet &clauses, DataDescription *(Parser::*p
       expected("a level number");
       records.noteLostEntry();
       stream.skip();
-      recoverToEntry(clauses);
+      skipToEntry(clauses);
     }
   }
 }
 
-void Parser::parseDataRecords(StorageType storage, AddRecord add) {
-  parseRecords(dataClauses, &Parser::parseDataEntry, [&](DataDescription *record) {
-    record->setStorageType(storage);
-    add(record);
-  });
+void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
+  parseRecords(
+      dataClauses, [this] { return parseDataEntry(); },
+      [&](DataDescription *record) {
+        record->setStorageType(storage);
+        add(record);
+      });
 }
 
 //===----------------------------------------------------------------------===//
@@ -288,12 +271,12 @@ void Parser::parseDataRecords(StorageType storage, AddRecord add) {
 //===----------------------------------------------------------------------===//
 
 /// level-number [data-name | FILLER] clauses.
-DataDescription *Parser::parseDataEntry() {
+DataDescription *DataParser::parseDataEntry() {
   SourceRange begin = here();
   unsigned level = parseLevelNumber();
   if (level == 78) {
     error(DiagnosticId::NotSupported, begin, "level 78");
-    recoverToEntry(dataClauses);
+    skipToEntry(dataClauses);
     return nullptr;
   }
   Node place(begin);
@@ -305,7 +288,7 @@ DataDescription *Parser::parseDataEntry() {
     // These are nothing without their names.
     name = parseUserWord(level == 88 ? "a condition-name" : "a data-name");
     if (!name) {
-      recoverToEntry(dataClauses);
+      skipToEntry(dataClauses);
       return nullptr;
     }
   } else {
@@ -313,7 +296,7 @@ DataDescription *Parser::parseDataEntry() {
   }
   if (name)
     entry->setDataName(name);
-  if (name && options.osvs)
+  if (name && context.options.osvs)
     skipCopiedEntryName(level, *name);
 
   Node whole = parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); });
@@ -323,7 +306,7 @@ DataDescription *Parser::parseDataEntry() {
 
 /// 01 A COPY B: in OS/VS COBOL the text of B may be a whole record, and A takes the place of the
 /// name that the record has there.
-void Parser::skipCopiedEntryName(unsigned level, const Word &name) {
+void DataParser::skipCopiedEntryName(unsigned level, const Word &name) {
   unsigned copiedLevel = 0;
   bool isCopied = at(TokenKind::IntegerLiteral) && here().file != name.getRange().file;
   if (!isCopied || peek().text.getAsInteger(10, copiedLevel) || copiedLevel != level ||
@@ -335,7 +318,7 @@ void Parser::skipCopiedEntryName(unsigned level, const Word &name) {
 
 /// Levels that the language does not have are the checker's to report. Past two digits they are
 /// all the same.
-unsigned Parser::parseLevelNumber() {
+unsigned DataParser::parseLevelNumber() {
   constexpr unsigned beyond = 100;
   unsigned level = 0;
   if (peek().text.getAsInteger(10, level) || level > beyond)
@@ -373,7 +356,7 @@ static bool needsOperand(Keyword keyword) {
 
 /// A keyword where the name of the entry may stand begins a clause of an entry without a name. It
 /// is meant as the name when there is no such clause, or when that would be cut off at once.
-Word *Parser::parseEntryName(const ClauseSet &clauses) {
+Word *DataParser::parseEntryName(const ClauseSet &clauses) {
   if (!peek().isWord())
     return nullptr;
   if (peek().keyword == Keyword::None || at(Keyword::Filler))

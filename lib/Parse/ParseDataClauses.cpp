@@ -1,6 +1,8 @@
 //===- ParseDataClauses.cpp - clauses of data description entries ---------===//
 
-#include "Parse/Parser.h"
+#include "Parse/MisspeltWords.h"
+#include "Parse/ParseData.h"
+#include "Parse/ParseSupplied.h"
 
 namespace tarka {
 
@@ -23,53 +25,55 @@ constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, 
 
 static bool isUsage(Keyword keyword);
 
-bool Parser::parseDataClause(DataDescription &entry) {
+bool DataParser::parseDataClause(DataDescription &entry) {
   using Data = DataDescription;
   switch (peek().keyword) {
   case Keyword::Pic:
   case Keyword::Picture:
-    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &Parser::parsePicture);
+    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &DataParser::parsePicture);
   case Keyword::Value:
   case Keyword::Values:
-    return parseOnce(entry, &Data::getValue, &Data::setValue, &Parser::parseValue);
+    return parseOnce(entry, &Data::getValue, &Data::setValue, &DataParser::parseValue);
   case Keyword::Occurs:
-    return parseOnce(entry, &Data::getOccurs, &Data::setOccurs, &Parser::parseOccurs);
+    return parseOnce(entry, &Data::getOccurs, &Data::setOccurs, &DataParser::parseOccurs);
   case Keyword::Redefines:
-    return parseOnce(entry, &Data::getRedefines, &Data::setRedefines, &Parser::parseRedefines);
+    return parseOnce(entry, &Data::getRedefines, &Data::setRedefines, &DataParser::parseRedefines);
   case Keyword::Renames:
-    return parseOnce(entry, &Data::getRenames, &Data::setRenames, &Parser::parseRenames);
+    return parseOnce(entry, &Data::getRenames, &Data::setRenames, &DataParser::parseRenames);
   case Keyword::Sql:
-    return parseSqlType(entry);
+    return SuppliedParser(context).parseSqlType(entry);
   case Keyword::Usage:
-    if (atSqlType())
-      return parseSqlType(entry);
-    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+    if (SuppliedParser(context).atSqlType())
+      return SuppliedParser(context).parseSqlType(entry);
+    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &DataParser::parseUsage);
   case Keyword::GroupUsage:
-    return parseOnce(entry, &Data::getGroupUsage, &Data::setGroupUsage, &Parser::parseGroupUsage);
+    return parseOnce(entry, &Data::getGroupUsage, &Data::setGroupUsage,
+                     &DataParser::parseGroupUsage);
   case Keyword::Sign:
   case Keyword::Leading:
   case Keyword::Trailing:
-    return parseOnce(entry, &Data::getSign, &Data::setSign, &Parser::parseSign);
+    return parseOnce(entry, &Data::getSign, &Data::setSign, &DataParser::parseSign);
   case Keyword::Sync:
   case Keyword::Synchronized:
     return parseOnce(entry, &Data::getSynchronized, &Data::setSynchronized,
-                     &Parser::parseSynchronized);
+                     &DataParser::parseSynchronized);
   case Keyword::Just:
   case Keyword::Justified:
-    return parseOnce(entry, &Data::getJustified, &Data::setJustified, &Parser::parseJustified);
+    return parseOnce(entry, &Data::getJustified, &Data::setJustified, &DataParser::parseJustified);
   case Keyword::Blank:
-    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
+    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &DataParser::parseBlankZero);
   case Keyword::Date:
-    return parseOnce(entry, &Data::getDateFormat, &Data::setDateFormat, &Parser::parseDateFormat);
+    return parseOnce(entry, &Data::getDateFormat, &Data::setDateFormat,
+                     &DataParser::parseDateFormat);
   case Keyword::External:
     return parseOnce(entry, &Data::getExternal, &Data::setExternal,
-                     &Parser::parseBareClause<ClauseExternal>);
+                     &DataParser::parseBareClause<ClauseExternal>);
   case Keyword::Global:
     return parseOnce(entry, &Data::getGlobal, &Data::setGlobal,
-                     &Parser::parseBareClause<ClauseGlobal>);
+                     &DataParser::parseBareClause<ClauseGlobal>);
   case Keyword::Volatile:
     return parseOnce(entry, &Data::getVolatile, &Data::setVolatile,
-                     &Parser::parseBareClause<ClauseVolatile>);
+                     &DataParser::parseBareClause<ClauseVolatile>);
   case Keyword::Is:
     // IS EXTERNAL, IS GLOBAL
     if (!peek(1).isOneOf(Keyword::External, Keyword::Global))
@@ -81,7 +85,7 @@ bool Parser::parseDataClause(DataDescription &entry) {
     return unsupportedClause(textOf(peek().keyword), dataClauses);
   default:
     if (isUsage(peek().keyword))
-      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &DataParser::parseUsage);
     return unknownClause(dataClauses);
   }
 }
@@ -92,7 +96,7 @@ bool Parser::parseDataClause(DataDescription &entry) {
 
 /// Behind a misspelt PICTURE the stream does not know that a picture follows, and makes words and
 /// marks of it.
-Word *Parser::parsePictureString() {
+Word *DataParser::parsePictureString() {
   if (at(TokenKind::PictureString)) {
     bool isKeyword =
         peek().text.equals_insensitive("PIC") || peek().text.equals_insensitive("PICTURE");
@@ -109,7 +113,7 @@ Word *Parser::parsePictureString() {
 }
 
 /// {PICTURE | PIC} [IS] character-string
-ClausePicture *Parser::parsePicture() {
+ClausePicture *DataParser::parsePicture() {
   SourceRange begin = here();
   stream.skip();
   accept(Keyword::Is);
@@ -118,7 +122,7 @@ ClausePicture *Parser::parsePicture() {
     return nullptr;
   Node at = from(begin);
   auto *picture = new ClausePicture(&at, string);
-  if (decimalPointIsComma)
+  if (context.decimalPointIsComma)
     picture->decodePicture(/*decimalPointIsComma=*/true);
   return picture;
 }
@@ -192,7 +196,7 @@ static bool isUsage(Keyword keyword) {
 }
 
 /// [USAGE [IS]] usage [NATIVE]
-ClauseUsage *Parser::parseUsage() {
+ClauseUsage *DataParser::parseUsage() {
   SourceRange begin = here();
   if (accept(Keyword::Usage))
     accept(Keyword::Is);
@@ -226,7 +230,7 @@ ClauseUsage *Parser::parseUsage() {
 }
 
 /// GROUP-USAGE [IS] NATIONAL
-ClauseGroupUsage *Parser::parseGroupUsage() {
+ClauseGroupUsage *DataParser::parseGroupUsage() {
   SourceRange begin = here();
   accept(Keyword::GroupUsage);
   accept(Keyword::Is);
@@ -237,7 +241,7 @@ ClauseGroupUsage *Parser::parseGroupUsage() {
 }
 
 /// [SIGN [IS]] {LEADING | TRAILING} [SEPARATE [CHARACTER]]
-ClauseSign *Parser::parseSign() {
+ClauseSign *DataParser::parseSign() {
   SourceRange begin = here();
   if (accept(Keyword::Sign))
     accept(Keyword::Is);
@@ -252,7 +256,7 @@ ClauseSign *Parser::parseSign() {
 }
 
 /// {SYNCHRONIZED | SYNC} [LEFT | RIGHT]
-ClauseSynchronized *Parser::parseSynchronized() {
+ClauseSynchronized *DataParser::parseSynchronized() {
   SourceRange begin = here();
   stream.skip();
   Word *side = at(Keyword::Left, Keyword::Right) ? takeWord() : nullptr;
@@ -261,7 +265,7 @@ ClauseSynchronized *Parser::parseSynchronized() {
 }
 
 /// {JUSTIFIED | JUST} [RIGHT]
-ClauseJustified *Parser::parseJustified() {
+ClauseJustified *DataParser::parseJustified() {
   SourceRange begin = here();
   stream.skip();
   accept(Keyword::Right);
@@ -270,7 +274,7 @@ ClauseJustified *Parser::parseJustified() {
 }
 
 /// BLANK [WHEN] {ZERO | ZEROS | ZEROES}
-ClauseBlankZero *Parser::parseBlankZero() {
+ClauseBlankZero *DataParser::parseBlankZero() {
   SourceRange begin = here();
   accept(Keyword::Blank);
   accept(Keyword::When);
@@ -281,7 +285,7 @@ ClauseBlankZero *Parser::parseBlankZero() {
 }
 
 /// DATE FORMAT [IS] pattern
-ClauseDateFormat *Parser::parseDateFormat() {
+ClauseDateFormat *DataParser::parseDateFormat() {
   SourceRange begin = here();
   accept(Keyword::Date);
   if (!expect(Keyword::Format))
@@ -301,7 +305,7 @@ ClauseDateFormat *Parser::parseDateFormat() {
 //===----------------------------------------------------------------------===//
 
 /// REDEFINES data-name
-ClauseRedefines *Parser::parseRedefines() {
+ClauseRedefines *DataParser::parseRedefines() {
   SourceRange begin = here();
   accept(Keyword::Redefines);
   DataIdentifierExpression *object = parseDataName();
@@ -312,7 +316,7 @@ ClauseRedefines *Parser::parseRedefines() {
 }
 
 /// RENAMES data-name [{THROUGH | THRU} data-name]
-ClauseRenames *Parser::parseRenames() {
+ClauseRenames *DataParser::parseRenames() {
   SourceRange begin = here();
   accept(Keyword::Renames);
   DataIdentifierExpression *first = parseDataName();
@@ -333,7 +337,7 @@ ClauseRenames *Parser::parseRenames() {
 //===----------------------------------------------------------------------===//
 
 /// OCCURS bounds [DEPENDING ON data-name] [KEY phrases] [INDEXED BY names]
-ClauseOccurs *Parser::parseOccurs() {
+ClauseOccurs *DataParser::parseOccurs() {
   SourceRange begin = here();
   accept(Keyword::Occurs);
   Node place(begin);
@@ -364,7 +368,7 @@ ClauseOccurs *Parser::parseOccurs() {
 }
 
 /// [n TO] m [TIMES]. That there must be a number is a rule of the checker.
-bool Parser::parseOccursBounds(ClauseOccurs &occurs) {
+bool DataParser::parseOccursBounds(ClauseOccurs &occurs) {
   bool isMissing = at(Keyword::Times, Keyword::Depending, Keyword::Ascending, Keyword::Descending,
                       Keyword::Indexed) ||
                    at(TokenKind::Period);
@@ -396,7 +400,7 @@ bool Parser::parseOccursBounds(ClauseOccurs &occurs) {
 /// {ASCENDING | DESCENDING} [KEY] [IS] data-name ...
 ///
 /// That a key is no literal is a rule of the checker. A number is more likely a level number.
-Key *Parser::parseOccursKey() {
+Key *DataParser::parseOccursKey() {
   SourceRange begin = here();
   SortOrder order = at(Keyword::Ascending) ? SortOrder::Ascending : SortOrder::Descending;
   stream.skip();
@@ -419,7 +423,7 @@ Key *Parser::parseOccursKey() {
 }
 
 /// INDEXED [BY] index-name ...
-bool Parser::parseIndexNames(ClauseOccurs &occurs) {
+bool DataParser::parseIndexNames(ClauseOccurs &occurs) {
   accept(Keyword::By);
   // A word before a literal or IS is no index-name, but was meant to begin the next clause.
   auto atAnother = [this] {
@@ -434,7 +438,7 @@ bool Parser::parseIndexNames(ClauseOccurs &occurs) {
       return false;
     auto *qualified = new QualifiedWord(name);
     qualified->addNames(name);
-    indexNames.insert(&name->getWordData());
+    context.indexNames.insert(&name->getWordData());
     occurs.addIndex(new DataIdentifierExpression(name, qualified, nullptr, nullptr));
   } while (atAnother());
   return true;
@@ -446,7 +450,7 @@ bool Parser::parseIndexNames(ClauseOccurs &occurs) {
 
 /// {VALUE | VALUES} [IS | ARE] {value [{THROUGH | THRU} value]} ...
 /// [WHEN SET TO FALSE [IS] literal]
-ClauseValue *Parser::parseValue() {
+ClauseValue *DataParser::parseValue() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
@@ -480,7 +484,7 @@ ClauseValue *Parser::parseValue() {
   return clause;
 }
 
-PhraseValue *Parser::parseValuePhrase() {
+PhraseValue *DataParser::parseValuePhrase() {
   SourceRange begin = here();
   LiteralExpression *literal = nullptr;
   Word *word = nullptr;
@@ -502,7 +506,7 @@ PhraseValue *Parser::parseValuePhrase() {
 
 /// A literal, or the name of a symbolic character, for which the checks put the literal, or tell
 /// that there is no such character.
-bool Parser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
+bool DataParser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
   literal = nullptr;
   word = nullptr;
   if (peek().isUserWord())

@@ -1,7 +1,10 @@
 //===- ParseEnvironment.cpp - environment division, configuration ---------===//
 
+#include "Parse/ParseEnvironment.h"
 #include "AST/IntrinsicFunctions.h"
-#include "Parse/Parser.h"
+#include "Parse/MisspeltWords.h"
+#include "Parse/ParseData.h"
+#include "Parse/ParseFileControl.h"
 
 namespace tarka {
 
@@ -15,13 +18,13 @@ static constexpr Keyword environmentHeaders[] = {
 
 /// The division and its parts hang in the tree before they are read: what they declare is looked up
 /// there while reading goes on.
-EnvironmentDivision *Parser::parseEnvironmentDivision() {
+EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
   takeDivisionHeader(Keyword::Environment);
   expectPeriod();
   Node place(begin);
   auto *division = new EnvironmentDivision(&place);
-  unit->setEnvironmentDivision(division);
+  context.unit->setEnvironmentDivision(division);
 
   while (!atUnitBoundary()) {
     if (accept(TokenKind::Period))
@@ -37,7 +40,7 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
     }
     if (atDataSection()) {
       error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
-      parseDataDivision();
+      DataParser(context).parseDataDivision();
       break;
     }
     if (peek(1).is(Keyword::Section))
@@ -54,7 +57,7 @@ EnvironmentDivision *Parser::parseEnvironmentDivision() {
 
 /// The section whose header begins with SECTION, behind which its name stands or what belongs to
 /// it; None where it is no section of this division.
-Keyword Parser::environmentSectionAt() {
+Keyword EnvironmentParser::environmentSectionAt() {
   switch (peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword) {
   case Keyword::Configuration:
   case Keyword::SourceComputer:
@@ -72,7 +75,7 @@ Keyword Parser::environmentSectionAt() {
 
 /// The one of \p headers that a word followed as a header is was meant to be, with a message; None
 /// when it is like none of them.
-Keyword Parser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
+Keyword EnvironmentParser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
   if (!peek(1).is(Keyword::Section) && !peek(1).is(TokenKind::Period))
     return Keyword::None;
   Keyword meant = nearestKeyword(peek().text, headers);
@@ -81,7 +84,7 @@ Keyword Parser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
   return meant;
 }
 
-void Parser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header) {
+void EnvironmentParser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header) {
   switch (header) {
   case Keyword::Configuration:
     if (division.getConfigurationSection())
@@ -109,21 +112,17 @@ void Parser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header)
     parseRepository();
     return;
   case Keyword::FileControl:
-    parseFileControl(inputOutputSectionOf(division, /*hasHeader=*/false));
+    FileControlParser(context).parseFileControl(
+        inputOutputSectionOf(division, /*hasHeader=*/false));
     return;
   default:
-    parseIOControl(inputOutputSectionOf(division, /*hasHeader=*/false));
+    FileControlParser(context).parseIOControl(inputOutputSectionOf(division, /*hasHeader=*/false));
   }
 }
 
-void Parser::takeParagraphHeader() {
-  stream.skip();
-  expectPeriod();
-}
-
 /// The section, made when its header or, with a message, its first paragraph is next.
-ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &division,
-                                                     bool hasHeader) {
+ConfigurationSection &EnvironmentParser::configurationSectionOf(EnvironmentDivision &division,
+                                                                bool hasHeader) {
   if (!division.getConfigurationSection()) {
     if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "CONFIGURATION SECTION", describe(peek()));
@@ -133,7 +132,8 @@ ConfigurationSection &Parser::configurationSectionOf(EnvironmentDivision &divisi
   return *division.getConfigurationSection();
 }
 
-InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division, bool hasHeader) {
+InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision &division,
+                                                            bool hasHeader) {
   if (!division.getInputOutputSection()) {
     if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "INPUT-OUTPUT SECTION", describe(peek()));
@@ -145,7 +145,7 @@ InputOutputSection &Parser::inputOutputSectionOf(EnvironmentDivision &division, 
 
 /// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes, and functions that are programs
 /// themselves, cannot be used, so they are nothing to pass over in silence.
-void Parser::parseRepository() {
+void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
   while (!atPartHeader() && !accept(TokenKind::Period)) {
     if (at(Keyword::Function) && parseRepositoryFunctions())
@@ -158,7 +158,7 @@ void Parser::parseRepository() {
 }
 
 /// Gives false, and has read nothing, where the functions are not intrinsic ones.
-bool Parser::parseRepositoryFunctions() {
+bool EnvironmentParser::parseRepositoryFunctions() {
   unsigned count = 1;
   while (peek(count).isWord() && !peek(count).is(Keyword::Intrinsic) &&
          !peek(count).is(Keyword::Function))
@@ -168,11 +168,11 @@ bool Parser::parseRepositoryFunctions() {
   accept(Keyword::Function);
   if (accept(Keyword::All))
     for (const IntrinsicFunction &function : intrinsicFunctions())
-      repositoryFunctions.insert(&internString(function.name));
+      context.repositoryFunctions.insert(&internString(function.name));
   while (!accept(Keyword::Intrinsic)) {
     const Word &name = *takeWord();
     if (findIntrinsicFunction(name.getWordData()))
-      repositoryFunctions.insert(&name.getWordData());
+      context.repositoryFunctions.insert(&name.getWordData());
     else
       reportUnknownFunction(name);
   }
@@ -187,7 +187,7 @@ static constexpr Keyword sourceComputerKeywords[] = {Keyword::With};
 static constexpr Keyword sourceComputerSynonyms[] = {Keyword::Debugging};
 
 /// SOURCE-COMPUTER. [computer-name [WITH DEBUGGING MODE].]
-void Parser::parseSourceComputer(ConfigurationSection &section) {
+void EnvironmentParser::parseSourceComputer(ConfigurationSection &section) {
   SourceRange begin = here();
   if (section.getSourceComputer())
     error(DiagnosticId::HeaderTwice, here(), "SOURCE-COMPUTER");
@@ -220,7 +220,7 @@ static constexpr Keyword objectComputerKeywords[] = {Keyword::Memory, Keyword::P
 static constexpr Keyword objectComputerSynonyms[] = {Keyword::Collating, Keyword::Sequence};
 
 /// OBJECT-COMPUTER. [computer-name clauses.]
-void Parser::parseObjectComputer(ConfigurationSection &section) {
+void EnvironmentParser::parseObjectComputer(ConfigurationSection &section) {
   SourceRange begin = here();
   if (section.getObjectComputer())
     error(DiagnosticId::HeaderTwice, here(), "OBJECT-COMPUTER");
@@ -238,15 +238,16 @@ void Parser::parseObjectComputer(ConfigurationSection &section) {
     switch (peek().keyword) {
     case Keyword::Memory:
       return parseOnce(*computer, &ParaObjectComputer::getMemSize, &ParaObjectComputer::setMemSize,
-                       &Parser::parseMemorySize);
+                       &EnvironmentParser::parseMemorySize);
     case Keyword::Program:
     case Keyword::Collating:
     case Keyword::Sequence:
       return parseOnce(*computer, &ParaObjectComputer::getSequence,
-                       &ParaObjectComputer::setSequence, &Parser::parseCollatingSequence);
+                       &ParaObjectComputer::setSequence,
+                       &EnvironmentParser::parseCollatingSequence);
     case Keyword::SegmentLimit:
       return parseOnce(*computer, &ParaObjectComputer::getSegment, &ParaObjectComputer::setSegment,
-                       &Parser::parseSegmentLimit);
+                       &EnvironmentParser::parseSegmentLimit);
     default:
       return unknownClause(clauses);
     }
@@ -255,7 +256,7 @@ void Parser::parseObjectComputer(ConfigurationSection &section) {
 }
 
 /// MEMORY SIZE integer {WORDS | CHARACTERS | MODULES}
-ClauseMemorySize *Parser::parseMemorySize() {
+ClauseMemorySize *EnvironmentParser::parseMemorySize() {
   SourceRange begin = here();
   accept(Keyword::Memory);
   accept(Keyword::Size);
@@ -268,7 +269,7 @@ ClauseMemorySize *Parser::parseMemorySize() {
 }
 
 /// PROGRAM COLLATING SEQUENCE IS alphabet-name
-ClauseSequence *Parser::parseCollatingSequence() {
+ClauseSequence *EnvironmentParser::parseCollatingSequence() {
   SourceRange begin = here();
   accept(Keyword::Program);
   accept(Keyword::Collating);
@@ -283,7 +284,7 @@ ClauseSequence *Parser::parseCollatingSequence() {
 }
 
 /// SEGMENT-LIMIT IS priority-number
-ClauseSegmentLimit *Parser::parseSegmentLimit() {
+ClauseSegmentLimit *EnvironmentParser::parseSegmentLimit() {
   SourceRange begin = here();
   accept(Keyword::SegmentLimit);
   accept(Keyword::Is);
@@ -302,7 +303,7 @@ static constexpr Keyword specialNamesKeywords[] = {
     Keyword::Alphabet, Keyword::Class, Keyword::Currency, Keyword::DecimalPoint, Keyword::Symbolic};
 static constexpr Keyword specialNamesSynonyms[] = {Keyword::XmlSchema, Keyword::Order};
 
-void Parser::parseSpecialNames(ConfigurationSection &section) {
+void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
   SourceRange begin = here();
   if (section.getSpecialNames()) {
     error(DiagnosticId::HeaderTwice, here(), "SPECIAL-NAMES");
@@ -329,7 +330,7 @@ static bool addTo(ParaSpecialNames &names, void (ParaSpecialNames::*add)(Clause 
 
 /// XML-SCHEMA schema-name [IS] {literal | external-name}: where the running program finds the
 /// schema that XML PARSE names. Nothing is checked and nothing kept.
-bool Parser::parseXmlSchema() {
+bool EnvironmentParser::parseXmlSchema() {
   accept(Keyword::XmlSchema);
   if (!parseUserWord("the name of an XML schema"))
     return false;
@@ -339,7 +340,7 @@ bool Parser::parseXmlSchema() {
   return parseUserWord("the external name of an XML schema");
 }
 
-bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses) {
+bool EnvironmentParser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses) {
   switch (peek().keyword) {
   case Keyword::Alphabet:
     return addTo(names, &ParaSpecialNames::addAlphabet, parseAlphabet());
@@ -351,7 +352,7 @@ bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &c
     return addTo(names, &ParaSpecialNames::addCurrency, parseCurrency());
   case Keyword::DecimalPoint:
     return parseOnce(names, &ParaSpecialNames::getDecimalPoint, &ParaSpecialNames::setDecimalPoint,
-                     &Parser::parseDecimalPoint);
+                     &EnvironmentParser::parseDecimalPoint);
   case Keyword::XmlSchema:
     return parseXmlSchema();
   case Keyword::Order:
@@ -363,27 +364,13 @@ bool Parser::parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &c
     return unsupportedClause("LOCALE", clauses);
   if (atAlphabetWithoutKeyword())
     return addTo(names, &ParaSpecialNames::addAlphabet, parseAlphabet());
-  if (atEnvironmentName())
+  if (atEnvironmentName(clauses))
     return addTo(names, &ParaSpecialNames::addEnvName, parseEnvironmentName());
   return unknownClause(clauses);
 }
 
-/// Whether the next words could begin an environment-name clause. A misspelt keyword of another
-/// clause could as well, but is the more likely explanation of a name that no system has.
-bool Parser::atEnvironmentName() {
-  if (at(TokenKind::AlphanumericLiteral))
-    return peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
-  if (!peek().isUserWord())
-    return false;
-  Word name(here(), peek().getInternedText(), peek().getInternedSpelling());
-  if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
-    return true;
-  bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
-  return isFollowed && nearestKeyword(peek().text, specialNamesKeywords) == Keyword::None;
-}
-
 /// environment-name [IS] [mnemonic-name] {ON | OFF} [STATUS] [IS] condition-name
-ClauseEnvName *Parser::parseEnvironmentName() {
+ClauseEnvName *EnvironmentParser::parseEnvironmentName() {
   SourceRange begin = here();
   Node place(begin);
   auto *clause = new ClauseEnvName(&place, takeWord());
@@ -417,7 +404,7 @@ ClauseEnvName *Parser::parseEnvironmentName() {
 }
 
 /// Whether an alphabet-name is next that older programs define without the word ALPHABET.
-bool Parser::atAlphabetWithoutKeyword() {
+bool EnvironmentParser::atAlphabetWithoutKeyword() {
   if (!peek().isUserWord())
     return false;
   unsigned behind = peek(1).is(Keyword::Is) ? 2 : 1;
@@ -427,7 +414,7 @@ bool Parser::atAlphabetWithoutKeyword() {
 
 /// [ALPHABET] alphabet-name [FOR ALPHANUMERIC] IS {STANDARD-1 | STANDARD-2 | NATIVE | EBCDIC |
 /// literals}
-ClauseAlphabet *Parser::parseAlphabet() {
+ClauseAlphabet *EnvironmentParser::parseAlphabet() {
   SourceRange begin = here();
   accept(Keyword::Alphabet);
   Word *name = parseUserWord("an alphabet-name");
@@ -465,7 +452,7 @@ ClauseAlphabet *Parser::parseAlphabet() {
 
 /// [FOR ALPHANUMERIC], which says nothing new. Alphabets and classes of national characters are
 /// another matter.
-bool Parser::parseForAlphanumeric() {
+bool EnvironmentParser::parseForAlphanumeric() {
   if (!accept(Keyword::For))
     return true;
   if (at(Keyword::National))
@@ -474,7 +461,7 @@ bool Parser::parseForAlphanumeric() {
 }
 
 /// literal [{THROUGH | THRU} literal | {ALSO literal} ...]
-PhrsAlphabet *Parser::parseAlphabetPhrase() {
+PhrsAlphabet *EnvironmentParser::parseAlphabetPhrase() {
   SourceRange begin = here();
   LiteralExpression *first = parseLiteral();
   if (!first)
@@ -498,7 +485,7 @@ PhrsAlphabet *Parser::parseAlphabetPhrase() {
 }
 
 /// SYMBOLIC CHARACTERS {names [IS | ARE] integers} ... [IN alphabet-name]
-ClauseSymbolic *Parser::parseSymbolicCharacters() {
+ClauseSymbolic *EnvironmentParser::parseSymbolicCharacters() {
   SourceRange begin = here();
   accept(Keyword::Symbolic);
   acceptAny(Keyword::Characters, Keyword::Character);
@@ -525,7 +512,7 @@ ClauseSymbolic *Parser::parseSymbolicCharacters() {
 
 /// Whether names follow that have integers behind them. An environment-name clause begins with a
 /// name too, but has none.
-bool Parser::atSymbolicPhrase() {
+bool EnvironmentParser::atSymbolicPhrase() {
   unsigned names = 0;
   while (names + 1 < TokenStream::lookAhead && peek(names).isUserWord())
     ++names;
@@ -537,7 +524,7 @@ bool Parser::atSymbolicPhrase() {
          peek(names + 1).is(TokenKind::IntegerLiteral);
 }
 
-PhrsSymbolic *Parser::parseSymbolicPhrase() {
+PhrsSymbolic *EnvironmentParser::parseSymbolicPhrase() {
   SourceRange begin = here();
   Node place(begin);
   auto *phrase = new PhrsSymbolic(&place);
@@ -559,7 +546,7 @@ PhrsSymbolic *Parser::parseSymbolicPhrase() {
 }
 
 /// CLASS class-name [FOR ALPHANUMERIC] IS {literal [{THROUGH | THRU} literal]} ...
-ClauseClass *Parser::parseClass() {
+ClauseClass *EnvironmentParser::parseClass() {
   SourceRange begin = here();
   accept(Keyword::Class);
   Word *name = parseUserWord("a class-name");
@@ -578,7 +565,7 @@ ClauseClass *Parser::parseClass() {
   return clause;
 }
 
-PhrsClass *Parser::parseClassPhrase() {
+PhrsClass *EnvironmentParser::parseClassPhrase() {
   SourceRange begin = here();
   LiteralExpression *first = parseLiteral();
   if (!first)
@@ -596,7 +583,7 @@ PhrsClass *Parser::parseClassPhrase() {
 }
 
 /// CURRENCY [SIGN] [IS] literal [[WITH] PICTURE SYMBOL literal]
-ClauseCurrency *Parser::parseCurrency() {
+ClauseCurrency *EnvironmentParser::parseCurrency() {
   SourceRange begin = here();
   accept(Keyword::Currency);
   accept(Keyword::Sign);
@@ -618,12 +605,12 @@ ClauseCurrency *Parser::parseCurrency() {
 }
 
 /// DECIMAL-POINT IS COMMA, which holds for the numbers behind it.
-ClauseDecimalPoint *Parser::parseDecimalPoint() {
+ClauseDecimalPoint *EnvironmentParser::parseDecimalPoint() {
   SourceRange begin = here();
   accept(Keyword::DecimalPoint);
   accept(Keyword::Is);
   // Nothing else can be meant where COMMA is missing.
-  decimalPointIsComma = true;
+  context.decimalPointIsComma = true;
   stream.setDecimalPointIsComma(true);
   if (!expect(Keyword::Comma))
     return nullptr;

@@ -1,8 +1,8 @@
 //===- ParseExpression.cpp - operands and arithmetic expressions ----------===//
 
+#include "Parse/ParseExpression.h"
 #include "AST/IntrinsicFunctions.h"
 #include "AST/Spelling.h"
-#include "Parse/Parser.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 
@@ -63,19 +63,7 @@ bool isDataName(const Token &token) {
 
 } // namespace
 
-/// A name in area A before a period, and any name before SECTION, begins a procedure. Where the
-/// period of the sentence before it is missing, it must not be taken for an operand of that
-/// sentence. In free form every line begins in area A, which says nothing.
-bool Parser::atProcedureHeader() {
-  const Token &name = peek();
-  if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
-    return false;
-  bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
-  const Token &next = peek(1);
-  return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
-}
-
-bool Parser::atIdentifier() {
+bool ExpressionParser::atIdentifier() {
   const Token &token = peek();
   if (token.isUserWord())
     return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText()) &&
@@ -83,7 +71,7 @@ bool Parser::atIdentifier() {
   return isSpecialRegister(token.keyword) || atFunction();
 }
 
-bool Parser::atOperand() {
+bool ExpressionParser::atOperand() {
   if (at(TokenKind::Word))
     return peek().isFigurativeConstant() || isSpecialRegister(peek().keyword) || atFunction() ||
            (peek().isUserWord() && !atProcedureHeader() && misspeltKeyword() == Keyword::None);
@@ -97,7 +85,7 @@ static bool isNumberGoneWrong(const Token &token) {
          llvm::all_of(token.text, [](char c) { return llvm::isDigit(c) || c == '-'; });
 }
 
-Expression *Parser::parseOperand(llvm::StringRef what) {
+Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
   if (atLiteral())
     return parseLiteral();
   if (isNumberGoneWrong(peek()) && !atProcedureHeader()) {
@@ -109,7 +97,7 @@ Expression *Parser::parseOperand(llvm::StringRef what) {
   return parseIdentifier(what);
 }
 
-IdentifierExpression *Parser::parseIdentifier(llvm::StringRef what) {
+IdentifierExpression *ExpressionParser::parseIdentifier(llvm::StringRef what) {
   const Token &token = peek();
   if (atFunction())
     return parseFunction();
@@ -122,7 +110,7 @@ IdentifierExpression *Parser::parseIdentifier(llvm::StringRef what) {
 // Data items
 //===----------------------------------------------------------------------===//
 
-QualifiedWord *Parser::parseDataQualifiedWord(llvm::StringRef what) {
+QualifiedWord *ExpressionParser::parseDataQualifiedWord(llvm::StringRef what) {
   if (peek().isUserWord() && atProcedureHeader())
     return expected(what);
   if (peek().isUserWord() || !isDataName(peek()))
@@ -134,12 +122,12 @@ QualifiedWord *Parser::parseDataQualifiedWord(llvm::StringRef what) {
   return name;
 }
 
-DataIdentifierExpression *Parser::parseDataName(llvm::StringRef what) {
+DataIdentifierExpression *ExpressionParser::parseDataName(llvm::StringRef what) {
   QualifiedWord *name = parseDataQualifiedWord(what);
   return name ? new DataIdentifierExpression(name, name, nullptr, nullptr) : nullptr;
 }
 
-DataIdentifierExpression *Parser::parseDataIdentifier(llvm::StringRef what) {
+DataIdentifierExpression *ExpressionParser::parseDataIdentifier(llvm::StringRef what) {
   QualifiedWord *name = parseDataQualifiedWord(what);
   if (!name)
     return nullptr;
@@ -151,12 +139,13 @@ DataIdentifierExpression *Parser::parseDataIdentifier(llvm::StringRef what) {
 }
 
 /// A parenthesis behind a comma is the next operand of a list, as in MAX (A, (B + C)).
-bool Parser::atModifier() {
+bool ExpressionParser::atModifier() {
   return at(TokenKind::LParen) && !peek().isAfterComma();
 }
 
 /// (subscript ...), (position : length), or the one followed by the other.
-bool Parser::parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference) {
+bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
+                                      ReferenceModifier *&reference) {
   while (!reference && atModifier()) {
     SourceRange begin = here();
     Depth level(*this);
@@ -193,7 +182,7 @@ bool Parser::parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&
 
 /// ALL, which stands for every occurrence where a function takes a table, is kept as the constant
 /// ZERO under the name ALL: no occurrence has that number.
-Expression *Parser::parseSubscript() {
+Expression *ExpressionParser::parseSubscript() {
   if (!at(Keyword::All))
     return parseArithmeticExpression();
   Node at(here());
@@ -204,7 +193,8 @@ Expression *Parser::parseSubscript() {
 }
 
 /// With the colon next. A missing position is for the checker to tell.
-ReferenceModifier *Parser::parseReferenceModifier(const SourceRange &begin, Expression *position) {
+ReferenceModifier *ExpressionParser::parseReferenceModifier(const SourceRange &begin,
+                                                            Expression *position) {
   accept(TokenKind::Colon);
   Expression *length = nullptr;
   if (!at(TokenKind::RParen) && !(length = parseArithmeticExpression()))
@@ -214,14 +204,20 @@ ReferenceModifier *Parser::parseReferenceModifier(const SourceRange &begin, Expr
   return make<ReferenceModifier>(begin, position, length);
 }
 
-FileIdentifierExpression *Parser::parseFileName() {
+FileIdentifierExpression *ExpressionParser::parseFileName() {
   Word *name = atProcedureHeader() ? expected("a file-name") : parseUserWord("a file-name");
   return name ? new FileIdentifierExpression(name, name) : nullptr;
 }
 
-ReportIdentifierExpression *Parser::parseReportName() {
+ReportIdentifierExpression *ExpressionParser::parseReportName() {
   Word *name = atProcedureHeader() ? expected("a report-name") : parseUserWord("a report-name");
   return name ? new ReportIdentifierExpression(name, name) : nullptr;
+}
+
+Expression *ExpressionParser::parseNumberOrDataName(llvm::StringRef what) {
+  if (atNumericLiteral())
+    return parseNumericLiteral();
+  return parseDataName(what);
 }
 
 //===----------------------------------------------------------------------===//
@@ -230,7 +226,7 @@ ReportIdentifierExpression *Parser::parseReportName() {
 
 /// ADDRESS OF item, LENGTH [OF] item, LINAGE-COUNTER [OF file], PAGE-COUNTER [OF report], and the
 /// registers that stand alone.
-IdentifierExpression *Parser::parseSpecialRegister() {
+IdentifierExpression *ExpressionParser::parseSpecialRegister() {
   SourceRange begin = here();
   Keyword keyword = peek().keyword;
   if (keyword == Keyword::Address || keyword == Keyword::Length)
@@ -263,7 +259,7 @@ IdentifierExpression *Parser::parseSpecialRegister() {
                                                    report);
 }
 
-IdentifierExpression *Parser::parseAddressOrLength() {
+IdentifierExpression *ExpressionParser::parseAddressOrLength() {
   SourceRange begin = here();
   bool isAddress = at(Keyword::Address);
   Depth level(*this);
@@ -289,18 +285,18 @@ IdentifierExpression *Parser::parseAddressOrLength() {
 /// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it. Where
 /// such a name is a reserved word, its arguments tell the function: LENGTH (A), LENGTH OF A. RANDOM
 /// needs none, and is nothing else where an operand stands.
-bool Parser::atFunction() {
+bool ExpressionParser::atFunction() {
   const Token &token = peek();
   if (token.is(Keyword::Function))
     return true;
-  return !repositoryFunctions.empty() && token.isWord() &&
+  return !context.repositoryFunctions.empty() && token.isWord() &&
          (token.isUserWord() || token.is(Keyword::Random) || peek(1).is(TokenKind::LParen)) &&
-         repositoryFunctions.contains(token.getInternedText());
+         context.repositoryFunctions.contains(token.getInternedText());
 }
 
 /// [FUNCTION] name [(argument ...)] [(position : length)]. Names of functions may be reserved
 /// words.
-FunctionIdentifierExpression *Parser::parseFunction() {
+FunctionIdentifierExpression *ExpressionParser::parseFunction() {
   SourceRange begin = here();
   accept(Keyword::Function);
   if (!peek().isWord())
@@ -339,7 +335,8 @@ FunctionIdentifierExpression *Parser::parseFunction() {
 
 /// The arguments up to and with the closing parenthesis. Behind the name of a function that has no
 /// arguments the parentheses may hold a reference modifier instead.
-bool Parser::parseFunctionArguments(FunctionIdentifierExpression &call, const SourceRange &open) {
+bool ExpressionParser::parseFunctionArguments(FunctionIdentifierExpression &call,
+                                              const SourceRange &open) {
   while (!accept(TokenKind::RParen)) {
     // TRIM says with a word which side it trims.
     if (at(Keyword::Leading, Keyword::Trailing) && !call.getArgKeyword()) {
@@ -364,7 +361,7 @@ bool Parser::parseFunctionArguments(FunctionIdentifierExpression &call, const So
   return true;
 }
 
-Failure Parser::reportUnknownFunction(const Word &name) {
+Failure ExpressionParser::reportUnknownFunction(const Word &name) {
   SpellingMatch match(name.getWordData());
   for (const IntrinsicFunction &function : intrinsicFunctions())
     match.consider(function.name);
@@ -400,13 +397,13 @@ ArithmeticExprType operatorOf(TokenKind kind) {
 
 } // namespace
 
-Expression *Parser::parseArithmeticExpression() {
+Expression *ExpressionParser::parseArithmeticExpression() {
   return continueArithmetic(nullptr, here());
 }
 
 /// The sum that begins with \p first, which began at \p begin and of which more operands and
 /// operators may follow; null when nothing of it was read yet.
-Expression *Parser::continueArithmetic(Expression *first, const SourceRange &begin) {
+Expression *ExpressionParser::continueArithmetic(Expression *first, const SourceRange &begin) {
   Expression *sum = parseProduct(first, begin);
   // In a list, a sign behind a comma belongs to the next operand: MAX (A, -1).
   while (sum && at(TokenKind::Plus, TokenKind::Minus) && !peek().isAfterComma()) {
@@ -417,7 +414,7 @@ Expression *Parser::continueArithmetic(Expression *first, const SourceRange &beg
   return sum;
 }
 
-Expression *Parser::parseProduct(Expression *first, const SourceRange &begin) {
+Expression *ExpressionParser::parseProduct(Expression *first, const SourceRange &begin) {
   Expression *product = parsePower(first, begin);
   while (product && at(TokenKind::Star, TokenKind::Slash)) {
     ArithmeticExprType op = operatorOf(peek().kind);
@@ -427,22 +424,22 @@ Expression *Parser::parseProduct(Expression *first, const SourceRange &begin) {
   return product;
 }
 
-Expression *Parser::parsePower(Expression *first, const SourceRange &begin) {
+Expression *ExpressionParser::parsePower(Expression *first, const SourceRange &begin) {
   Expression *power = first ? first : parseSigned();
   while (power && accept(TokenKind::Power))
     power = makeBinary(ArithmeticExprType::Power, begin, power, parseSigned());
   return power;
 }
 
-Expression *Parser::makeBinary(ArithmeticExprType op, const SourceRange &begin, Expression *left,
-                               Expression *right) {
+Expression *ExpressionParser::makeBinary(ArithmeticExprType op, const SourceRange &begin,
+                                         Expression *left, Expression *right) {
   if (!right)
     return nullptr;
   return make<ArithmeticExpression>(begin, op, left, right, /*parenthesised=*/false);
 }
 
 /// An operand with or without a sign. The sign of a number that it touches is part of the number.
-Expression *Parser::parseSigned() {
+Expression *ExpressionParser::parseSigned() {
   if (!at(TokenKind::Plus, TokenKind::Minus) || atNumericLiteral())
     return parsePrimary();
   SourceRange begin = here();
@@ -455,7 +452,7 @@ Expression *Parser::parseSigned() {
   return make<ArithmeticExpression>(begin, op, operand, nullptr, /*parenthesised=*/false);
 }
 
-Expression *Parser::parsePrimary() {
+Expression *ExpressionParser::parsePrimary() {
   if (!at(TokenKind::LParen))
     return parseOperand();
   SourceRange begin = here();
@@ -471,7 +468,7 @@ Expression *Parser::parsePrimary() {
 
 /// Marks what stood in the parentheses that began at \p begin and just ended. A single operand is
 /// not changed by them.
-Expression *Parser::parenthesise(Expression *inner, const SourceRange &begin) {
+Expression *ExpressionParser::parenthesise(Expression *inner, const SourceRange &begin) {
   if (auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(inner)) {
     arithmetic->setIsParenthesised(true);
     arithmetic->setRange(from(begin).getRange());

@@ -1,6 +1,6 @@
 //===- ParseFile.cpp - data division, file section ------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseFile.h"
 #include "llvm/ADT/StringSwitch.h"
 
 namespace tarka {
@@ -16,7 +16,7 @@ static constexpr ClauseSet fileClauses{
     /*beginsWithName=*/false,
     /*endsAtLevelNumber=*/true};
 
-void Parser::parseFileSection(DataDivision &division) {
+void FileSectionParser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
   bool isTold = false;
   while (true) {
@@ -42,20 +42,20 @@ void Parser::parseFileSection(DataDivision &division) {
       expected("FD or SD");
       isTold = true;
       stream.skip();
-      recoverToEntry(fileClauses);
+      skipToEntry(fileClauses);
     }
   }
 }
 
 /// {FD | SD} file-name clauses. Null when the entry has no name.
-FileDescription *Parser::parseFileDescription() {
+FileDescription *FileSectionParser::parseFileDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
   FileDescType type = at(Keyword::Fd) ? FileDescType::File : FileDescType::SortMerge;
   stream.skip();
   Word *name = parseUserWord("a file-name");
   if (!name) {
-    recoverToEntry(fileClauses);
+    skipToEntry(fileClauses);
     return nullptr;
   }
   Node place(begin);
@@ -65,35 +65,37 @@ FileDescription *Parser::parseFileDescription() {
   return file;
 }
 
-bool Parser::parseFileClause(FileDescription &file) {
+bool FileSectionParser::parseFileClause(FileDescription &file) {
   using File = FileDescription;
   switch (peek().keyword) {
   case Keyword::Block:
-    return parseOnce(file, &File::getBlock, &File::setBlock, &Parser::parseBlock);
+    return parseOnce(file, &File::getBlock, &File::setBlock, &FileSectionParser::parseBlock);
   case Keyword::Record:
-    return parseOnce(file, &File::getRecord, &File::setRecord, &Parser::parseRecord);
+    return parseOnce(file, &File::getRecord, &File::setRecord, &FileSectionParser::parseRecord);
   case Keyword::Label:
-    return parseOnce(file, &File::getLabel, &File::setLabel, &Parser::parseLabel);
+    return parseOnce(file, &File::getLabel, &File::setLabel, &FileSectionParser::parseLabel);
   case Keyword::Value:
-    return parseOnce(file, &File::getValueOf, &File::setValueOf, &Parser::parseValueOf);
+    return parseOnce(file, &File::getValueOf, &File::setValueOf, &FileSectionParser::parseValueOf);
   case Keyword::Data:
-    return parseOnce(file, &File::getDataRecord, &File::setDataRecord, &Parser::parseDataRecord);
+    return parseOnce(file, &File::getDataRecord, &File::setDataRecord,
+                     &FileSectionParser::parseDataRecord);
   case Keyword::Linage:
-    return parseOnce(file, &File::getLinage, &File::setLinage, &Parser::parseLinage);
+    return parseOnce(file, &File::getLinage, &File::setLinage, &FileSectionParser::parseLinage);
   case Keyword::Recording:
     return parseOnce(file, &File::getRecordingMode, &File::setRecordingMode,
-                     &Parser::parseRecordingMode);
+                     &FileSectionParser::parseRecordingMode);
   case Keyword::CodeSet:
-    return parseOnce(file, &File::getCodeSet, &File::setCodeSet, &Parser::parseCodeSet);
+    return parseOnce(file, &File::getCodeSet, &File::setCodeSet, &FileSectionParser::parseCodeSet);
   case Keyword::Report:
   case Keyword::Reports:
-    return parseOnce(file, &File::getReport, &File::setReport, &Parser::parseReportClause);
+    return parseOnce(file, &File::getReport, &File::setReport,
+                     &FileSectionParser::parseReportClause);
   case Keyword::External:
     return parseOnce(file, &File::getExternal, &File::setExternal,
-                     &Parser::parseBareClause<ClauseExternal>);
+                     &FileSectionParser::parseBareClause<ClauseExternal>);
   case Keyword::Global:
     return parseOnce(file, &File::getGlobal, &File::setGlobal,
-                     &Parser::parseBareClause<ClauseGlobal>);
+                     &FileSectionParser::parseBareClause<ClauseGlobal>);
   case Keyword::Is:
     // IS EXTERNAL, IS GLOBAL
     if (!peek(1).isOneOf(Keyword::External, Keyword::Global))
@@ -104,7 +106,7 @@ bool Parser::parseFileClause(FileDescription &file) {
   case Keyword::Totaling:
     error(DiagnosticId::NoEffect, here(), textOf(peek().keyword));
     stream.skip();
-    recoverToClause(fileClauses);
+    skipToClause(fileClauses);
     return true;
   default:
     return unknownClause(fileClauses);
@@ -113,12 +115,12 @@ bool Parser::parseFileClause(FileDescription &file) {
 
 /// A data-name. A function or a register, which is none, is read as well: the checker tells that it
 /// will not do.
-IdentifierExpression *Parser::parseItemName(llvm::StringRef what) {
+IdentifierExpression *FileSectionParser::parseItemName(llvm::StringRef what) {
   return peek().isUserWord() ? parseDataName(what) : parseIdentifier(what);
 }
 
 /// BLOCK [CONTAINS] [n TO] m [CHARACTERS | RECORDS]
-ClauseBlock *Parser::parseBlock() {
+ClauseBlock *FileSectionParser::parseBlock() {
   SourceRange begin = here();
   accept(Keyword::Block);
   accept(Keyword::Contains);
@@ -149,7 +151,7 @@ ClauseBlock *Parser::parseBlock() {
 
 /// RECORD [CONTAINS] n [TO m] [CHARACTERS], or
 /// RECORD [IS] VARYING [IN] [SIZE] [[FROM] n] [TO m] [CHARACTERS] [DEPENDING [ON] data-name]
-ClauseRecord *Parser::parseRecord() {
+ClauseRecord *FileSectionParser::parseRecord() {
   SourceRange begin = here();
   accept(Keyword::Record);
   acceptAny(Keyword::Contains, Keyword::Is);
@@ -183,7 +185,7 @@ ClauseRecord *Parser::parseRecord() {
 }
 
 /// LABEL {RECORD | RECORDS} [IS | ARE] {STANDARD | OMITTED | data-name ...}
-ClauseLabel *Parser::parseLabel() {
+ClauseLabel *FileSectionParser::parseLabel() {
   SourceRange begin = here();
   accept(Keyword::Label);
   acceptAny(Keyword::Record, Keyword::Records);
@@ -208,7 +210,7 @@ ClauseLabel *Parser::parseLabel() {
 }
 
 /// VALUE OF {system-name [[IS] {data-name | literal}]} ...
-ClauseValueOf *Parser::parseValueOf() {
+ClauseValueOf *FileSectionParser::parseValueOf() {
   SourceRange begin = here();
   accept(Keyword::Value);
   if (!expect(Keyword::Of))
@@ -225,7 +227,7 @@ ClauseValueOf *Parser::parseValueOf() {
   return clause;
 }
 
-ValueOfElem *Parser::parseValueOfElement() {
+ValueOfElem *FileSectionParser::parseValueOfElement() {
   SourceRange begin = here();
   // ID and IDENTIFICATION are fields of the labels of some systems.
   Word *name = at(Keyword::Id, Keyword::Identification)
@@ -246,7 +248,7 @@ ValueOfElem *Parser::parseValueOfElement() {
 }
 
 /// DATA {RECORD | RECORDS} [IS | ARE] data-name ...
-ClauseDataRecord *Parser::parseDataRecord() {
+ClauseDataRecord *FileSectionParser::parseDataRecord() {
   SourceRange begin = here();
   accept(Keyword::Data);
   if (!acceptAny(Keyword::Record, Keyword::Records))
@@ -265,7 +267,7 @@ ClauseDataRecord *Parser::parseDataRecord() {
 }
 
 /// LINAGE [IS] n [LINES] [[WITH] FOOTING [AT] n] [[LINES] [AT] TOP n] [[LINES] [AT] BOTTOM n]
-ClauseLinage *Parser::parseLinage() {
+ClauseLinage *FileSectionParser::parseLinage() {
   constexpr llvm::StringLiteral number = "a number of lines or a data-name";
   SourceRange begin = here();
   accept(Keyword::Linage);
@@ -311,7 +313,7 @@ ClauseLinage *Parser::parseLinage() {
 }
 
 /// RECORDING [MODE] [IS] mode
-ClauseRecordingMode *Parser::parseRecordingMode() {
+ClauseRecordingMode *FileSectionParser::parseRecordingMode() {
   SourceRange begin = here();
   accept(Keyword::Recording);
   accept(Keyword::Mode);
@@ -330,7 +332,7 @@ ClauseRecordingMode *Parser::parseRecordingMode() {
 }
 
 /// CODE-SET [IS] alphabet-name
-ClauseCodeSet *Parser::parseCodeSet() {
+ClauseCodeSet *FileSectionParser::parseCodeSet() {
   SourceRange begin = here();
   accept(Keyword::CodeSet);
   accept(Keyword::Is);
@@ -342,7 +344,7 @@ ClauseCodeSet *Parser::parseCodeSet() {
 }
 
 /// {REPORT | REPORTS} [IS | ARE] report-name ...
-ClauseReport *Parser::parseReportClause() {
+ClauseReport *FileSectionParser::parseReportClause() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);

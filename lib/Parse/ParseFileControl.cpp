@@ -1,6 +1,7 @@
 //===- ParseFileControl.cpp - environment division, input-output ----------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseFileControl.h"
+#include "Parse/MisspeltWords.h"
 #include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
@@ -22,7 +23,7 @@ static constexpr Keyword selectInnerWords[] = {Keyword::Password, Keyword::Recor
 static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selectSynonyms,
                                          selectInnerWords};
 
-void Parser::parseFileControl(InputOutputSection &section) {
+void FileControlParser::parseFileControl(InputOutputSection &section) {
   takeParagraphHeader();
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
@@ -38,12 +39,12 @@ void Parser::parseFileControl(InputOutputSection &section) {
       continue;
     }
     stream.skip();
-    recoverToEntry(selectClauses);
+    skipToEntry(selectClauses);
   }
 }
 
 /// SELECT [OPTIONAL] file-name clauses.
-ParaFileControl *Parser::parseSelect() {
+ParaFileControl *FileControlParser::parseSelect() {
   SourceRange begin = here();
   recovery.resumeReporting();
   Recovery::ErrorTrap trap(recovery);
@@ -51,7 +52,7 @@ ParaFileControl *Parser::parseSelect() {
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
   if (!name) {
-    recoverToEntry(selectClauses);
+    skipToEntry(selectClauses);
     return nullptr;
   }
   Node place(begin);
@@ -64,31 +65,32 @@ ParaFileControl *Parser::parseSelect() {
   return file;
 }
 
-bool Parser::parseSelectClause(ParaFileControl &file) {
+bool FileControlParser::parseSelectClause(ParaFileControl &file) {
   using File = ParaFileControl;
   switch (peek().keyword) {
   case Keyword::Assign:
-    return parseOnce(file, &File::getAssign, &File::setAssign, &Parser::parseAssign);
+    return parseOnce(file, &File::getAssign, &File::setAssign, &FileControlParser::parseAssign);
   case Keyword::Reserve:
-    return parseOnce(file, &File::getReserve, &File::setReserve, &Parser::parseReserve);
+    return parseOnce(file, &File::getReserve, &File::setReserve, &FileControlParser::parseReserve);
   case Keyword::Relative:
     if (peek(1).isOneOf(Keyword::Key, Keyword::Is) || peek(1).isUserWord())
       return parseOnce(file, &File::getRelativeKey, &File::setRelativeKey,
-                       &Parser::parseRelativeKey);
+                       &FileControlParser::parseRelativeKey);
     [[fallthrough]];
   case Keyword::Organization:
   case Keyword::Sequential:
   case Keyword::Indexed:
   case Keyword::Line:
     return parseOnce(file, &File::getOrganization, &File::setOrganization,
-                     &Parser::parseOrganization);
+                     &FileControlParser::parseOrganization);
   case Keyword::Padding:
-    return parseOnce(file, &File::getPadding, &File::setPadding, &Parser::parsePadding);
+    return parseOnce(file, &File::getPadding, &File::setPadding, &FileControlParser::parsePadding);
   case Keyword::Record:
     if (peek(1).is(Keyword::Delimiter))
       return parseOnce(file, &File::getRecordDelimiter, &File::setRecordDelimiter,
-                       &Parser::parseRecordDelimiter);
-    return parseOnce(file, &File::getRecordKey, &File::setRecordKey, &Parser::parseRecordKey);
+                       &FileControlParser::parseRecordDelimiter);
+    return parseOnce(file, &File::getRecordKey, &File::setRecordKey,
+                     &FileControlParser::parseRecordKey);
   case Keyword::Alternate:
     if (ClauseAlternate *key = parseAlternateKey()) {
       file.addAlternate(key);
@@ -96,12 +98,13 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
     }
     return false;
   case Keyword::Access:
-    return parseOnce(file, &File::getAccess, &File::setAccess, &Parser::parseAccess);
+    return parseOnce(file, &File::getAccess, &File::setAccess, &FileControlParser::parseAccess);
   case Keyword::Password:
-    return parseOnce(file, &File::getPassWord, &File::setPassWord, &Parser::parsePassword);
+    return parseOnce(file, &File::getPassWord, &File::setPassWord,
+                     &FileControlParser::parsePassword);
   case Keyword::File:
   case Keyword::Status:
-    return parseOnce(file, &File::getStatus, &File::setStatus, &Parser::parseFileStatus);
+    return parseOnce(file, &File::getStatus, &File::setStatus, &FileControlParser::parseFileStatus);
   case Keyword::Processing:
   case Keyword::FileLimit:
   case Keyword::FileLimits:
@@ -115,7 +118,7 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
     accept(Keyword::Mode);
     acceptAny(Keyword::Is, Keyword::Are);
     accept(Keyword::Sequential);
-    recoverToClause(selectClauses);
+    skipToClause(selectClauses);
     return true;
   default:
     return unknownClause(selectClauses);
@@ -125,7 +128,7 @@ bool Parser::parseSelectClause(ParaFileControl &file) {
 /// Whether a word behind an assignment-name is no further one but the keyword of a clause misspelt:
 /// IS follows it, or it comes near to a long keyword. Short words come near to each other too
 /// often.
-bool Parser::atMisspeltSelectClause() {
+bool FileControlParser::atMisspeltSelectClause() {
   const Token word = peek();
   if (peek(1).is(Keyword::Is))
     return true;
@@ -135,7 +138,7 @@ bool Parser::atMisspeltSelectClause() {
 }
 
 /// ASSIGN [TO] {[integer] name | literal} ... [FOR MULTIPLE {REEL | UNIT}]
-ClauseAssign *Parser::parseAssign() {
+ClauseAssign *FileControlParser::parseAssign() {
   SourceRange begin = here();
   accept(Keyword::Assign);
   accept(Keyword::To);
@@ -165,7 +168,7 @@ ClauseAssign *Parser::parseAssign() {
 }
 
 /// RESERVE {integer | NO} [ALTERNATE] [AREA | AREAS]
-ClauseReserve *Parser::parseReserve() {
+ClauseReserve *FileControlParser::parseReserve() {
   SourceRange begin = here();
   accept(Keyword::Reserve);
   NumericLiteralExpression *count = nullptr;
@@ -183,7 +186,7 @@ ClauseReserve *Parser::parseReserve() {
 }
 
 /// [ORGANIZATION [IS]] {SEQUENTIAL | INDEXED | RELATIVE | LINE SEQUENTIAL}
-ClauseOrganization *Parser::parseOrganization() {
+ClauseOrganization *FileControlParser::parseOrganization() {
   SourceRange begin = here();
   if (accept(Keyword::Organization))
     accept(Keyword::Is);
@@ -205,7 +208,7 @@ ClauseOrganization *Parser::parseOrganization() {
 }
 
 /// PADDING [CHARACTER] [IS] {data-name | literal}
-ClausePadding *Parser::parsePadding() {
+ClausePadding *FileControlParser::parsePadding() {
   SourceRange begin = here();
   accept(Keyword::Padding);
   accept(Keyword::Character);
@@ -222,7 +225,7 @@ ClausePadding *Parser::parsePadding() {
 }
 
 /// RECORD DELIMITER [IS] {STANDARD-1 | assignment-name}
-ClauseRecordDelimiter *Parser::parseRecordDelimiter() {
+ClauseRecordDelimiter *FileControlParser::parseRecordDelimiter() {
   SourceRange begin = here();
   accept(Keyword::Record);
   accept(Keyword::Delimiter);
@@ -235,7 +238,7 @@ ClauseRecordDelimiter *Parser::parseRecordDelimiter() {
 }
 
 /// ACCESS [MODE] [IS] {SEQUENTIAL | RANDOM | DYNAMIC}
-ClauseAccess *Parser::parseAccess() {
+ClauseAccess *FileControlParser::parseAccess() {
   SourceRange begin = here();
   accept(Keyword::Access);
   accept(Keyword::Mode);
@@ -254,7 +257,7 @@ ClauseAccess *Parser::parseAccess() {
 }
 
 /// [FILE] STATUS [IS] data-name [data-name]
-ClauseStatus *Parser::parseFileStatus() {
+ClauseStatus *FileControlParser::parseFileStatus() {
   SourceRange begin = here();
   accept(Keyword::File);
   if (!expect(Keyword::Status))
@@ -275,7 +278,7 @@ ClauseStatus *Parser::parseFileStatus() {
 }
 
 /// PASSWORD [IS] data-name
-ClausePassWord *Parser::parsePassword() {
+ClausePassWord *FileControlParser::parsePassword() {
   SourceRange begin = here();
   accept(Keyword::Password);
   accept(Keyword::Is);
@@ -287,7 +290,7 @@ ClausePassWord *Parser::parsePassword() {
 }
 
 /// RECORD [KEY] [IS] data-name [PASSWORD [IS] data-name]
-ClauseRecordKey *Parser::parseRecordKey() {
+ClauseRecordKey *FileControlParser::parseRecordKey() {
   SourceRange begin = here();
   accept(Keyword::Record);
   accept(Keyword::Key);
@@ -308,7 +311,7 @@ ClauseRecordKey *Parser::parseRecordKey() {
 }
 
 /// RELATIVE [KEY] [IS] data-name
-ClauseRelativeKey *Parser::parseRelativeKey() {
+ClauseRelativeKey *FileControlParser::parseRelativeKey() {
   SourceRange begin = here();
   accept(Keyword::Relative);
   accept(Keyword::Key);
@@ -321,7 +324,7 @@ ClauseRelativeKey *Parser::parseRelativeKey() {
 }
 
 /// ALTERNATE [RECORD] [KEY] [IS] data-name [PASSWORD [IS] data-name] [[WITH] DUPLICATES]
-ClauseAlternate *Parser::parseAlternateKey() {
+ClauseAlternate *FileControlParser::parseAlternateKey() {
   SourceRange begin = here();
   accept(Keyword::Alternate);
   accept(Keyword::Record);
@@ -357,13 +360,13 @@ static constexpr Keyword ioControlKeywords[] = {Keyword::Apply, Keyword::Multipl
                                                 Keyword::Same};
 static constexpr ClauseSet ioControlClauses{"I-O-CONTROL", ioControlKeywords, {}};
 
-void Parser::parseIOControl(InputOutputSection &section) {
+void FileControlParser::parseIOControl(InputOutputSection &section) {
   takeParagraphHeader();
   parseParagraphClauses(ioControlClauses, [&] { return parseIOControlClause(section); });
 }
 
 /// Every clause is an entry of its own in the tree.
-bool Parser::parseIOControlClause(InputOutputSection &section) {
+bool FileControlParser::parseIOControlClause(InputOutputSection &section) {
   Node place(here());
   ParaIOControl entry(&place);
   bool isRead = false;
@@ -385,7 +388,7 @@ bool Parser::parseIOControlClause(InputOutputSection &section) {
       // The other techniques only told the access methods of their time where to save time.
       error(DiagnosticId::NoEffect, here(), "APPLY " + peek(1).spelling.str());
       stream.skip();
-      recoverToClause(ioControlClauses);
+      skipToClause(ioControlClauses);
       return true;
     }
     entry.setApplyWriteOnly(parseApplyWriteOnly());
@@ -402,7 +405,7 @@ bool Parser::parseIOControlClause(InputOutputSection &section) {
 }
 
 /// RERUN [ON name] [EVERY {integer RECORDS | [END [OF]] {REEL | UNIT}} [OF] file-name]
-ClauseRerun *Parser::parseRerun() {
+ClauseRerun *FileControlParser::parseRerun() {
   SourceRange begin = here();
   Node place(begin);
   auto *clause = new ClauseRerun(&place);
@@ -437,7 +440,7 @@ ClauseRerun *Parser::parseRerun() {
 }
 
 /// SAME [RECORD | SORT | SORT-MERGE] [AREA] [FOR] file-name ...
-ClauseSame *Parser::parseSame() {
+ClauseSame *FileControlParser::parseSame() {
   SourceRange begin = here();
   accept(Keyword::Same);
   SameType type = SameType::None;
@@ -459,7 +462,7 @@ ClauseSame *Parser::parseSame() {
 }
 
 /// MULTIPLE FILE [TAPE] [CONTAINS] {file-name [POSITION [IS] integer]} ...
-ClauseMultipleFile *Parser::parseMultipleFile() {
+ClauseMultipleFile *FileControlParser::parseMultipleFile() {
   SourceRange begin = here();
   accept(Keyword::Multiple);
   if (!expect(Keyword::File))
@@ -486,7 +489,7 @@ ClauseMultipleFile *Parser::parseMultipleFile() {
 }
 
 /// APPLY WRITE-ONLY [ON] file-name ...
-ClauseApplyWriteOnly *Parser::parseApplyWriteOnly() {
+ClauseApplyWriteOnly *FileControlParser::parseApplyWriteOnly() {
   SourceRange begin = here();
   accept(Keyword::Apply);
   if (!expect(Keyword::WriteOnly))

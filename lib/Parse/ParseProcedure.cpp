@@ -4,7 +4,8 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseProcedure.h"
+#include "Parse/ParseSupplied.h"
 
 namespace tarka {
 
@@ -12,7 +13,7 @@ namespace tarka {
 // The division
 //===----------------------------------------------------------------------===//
 
-ProcedureDivision *Parser::parseProcedureDivision() {
+ProcedureDivision *ProcedureParser::parseProcedureDivision() {
   SourceRange begin = here();
   Node position(begin);
   auto *division = new ProcedureDivision(&position);
@@ -45,7 +46,7 @@ ProcedureDivision *Parser::parseProcedureDivision() {
 }
 
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
-void Parser::parseProcedureHeader(ProcedureDivision &division) {
+void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   SourceRange header = here();
   takeDivisionHeader(Keyword::Procedure);
   header = from(header).getRange();
@@ -56,7 +57,7 @@ void Parser::parseProcedureHeader(ProcedureDivision &division) {
     for (Parameter *parameter : parameters)
       division.addParameter(parameter);
   }
-  supplyParameters(division, header);
+  SuppliedParser(context).supplyParameters(division, header);
   SourceRange begin = here();
   if (isRead && accept(Keyword::Returning)) {
     DataIdentifierExpression *item = parseDataName();
@@ -73,71 +74,13 @@ void Parser::parseProcedureHeader(ProcedureDivision &division) {
   accept(TokenKind::Period);
 }
 
-/// {[BY] {REFERENCE | VALUE}] item...}... The way of passing holds until another one is written.
-bool Parser::parseParameters(std::list<Parameter *> &parameters) {
-  ParameterType type = ParameterType::Reference;
-  do {
-    SourceRange begin = here();
-    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Value))
-      return expected("REFERENCE or VALUE");
-    if (accept(Keyword::Reference))
-      type = ParameterType::Reference;
-    else if (accept(Keyword::Value))
-      type = ParameterType::Value;
-    DataIdentifierExpression *item = parseDataName();
-    if (!item)
-      return false;
-    parameters.push_back(make<Parameter>(begin, type, item));
-  } while (at(Keyword::By, Keyword::Reference, Keyword::Value) || atName());
-  return true;
-}
-
 //===----------------------------------------------------------------------===//
 // Headers of sections and paragraphs
 //===----------------------------------------------------------------------===//
 
-/// Where a sentence may begin, a word before a period or before SECTION is the name of a procedure.
-/// In fixed form such a name begins in area A; a word in area B that comes near a verb is more
-/// likely that verb misspelt.
-Parser::HeaderKind Parser::headerKind() {
-  const Token name = peek();
-  if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
-    return HeaderKind::None;
-  if (peek(1).is(Keyword::Section) || atMisspeltSection() ||
-      (peek(1).is(TokenKind::Period) && peek(2).is(Keyword::Section)))
-    return HeaderKind::Section;
-  bool isInOrder = name.isInAreaA() || !name.isInFixedForm();
-
-  if (peek(1).is(TokenKind::Period)) {
-    if (name.isUserWord() || !name.isWord())
-      return isInOrder || suggestKeyword(name.text, KF_Verb).empty() ? HeaderKind::Paragraph
-                                                                     : HeaderKind::None;
-    // A reserved word taken for a name; those that end or divide statements are something else.
-    bool isPartOfStatement =
-        isScopeTerminator(name.keyword) ||
-        name.isOneOf(Keyword::Else, Keyword::Otherwise, Keyword::When, Keyword::Declaratives);
-    return name.isInAreaA() && !isPartOfStatement ? HeaderKind::Paragraph : HeaderKind::None;
-  }
-  // The period of a name that has its line to itself was forgotten.
-  bool isAlone = name.isUserWord() && name.isInAreaA() && peek(1).isFirstOnLine() &&
-                 peek(1).isVerb() &&
-                 (name.isInFixedForm() || suggestKeyword(name.text, KF_Verb).empty());
-  return isAlone ? HeaderKind::Paragraph : HeaderKind::None;
-}
-
-/// Whether a line holds the name of a section and SECTION misspelt, or the two exchanged.
-bool Parser::atMisspeltSection() {
-  const Token name = peek();
-  if (!name.isFirstOnLine() || !name.isInAreaA() || !peek(1).isUserWord() ||
-      peek(1).isFirstOnLine() || !peek(2).is(TokenKind::Period))
-    return false;
-  return name.is(Keyword::Section) ||
-         (name.isWord() && nearestKeyword(peek(1).text, Keyword::Section) != Keyword::None);
-}
-
 /// The name in a header. A reserved word is reported and taken all the same, so that references to
 /// it are not reported as well.
-Word *Parser::parseHeaderName() {
+Word *ProcedureParser::parseHeaderName() {
   if (peek().isFirstOnLine())
     recovery.resumeReporting();
   const Token name = peek();
@@ -149,7 +92,7 @@ Word *Parser::parseHeaderName() {
 }
 
 /// name SECTION [priority-number].
-Section *Parser::parseSectionHeader() {
+Section *ProcedureParser::parseSectionHeader() {
   SourceRange begin = here();
   bool isExchanged = at(Keyword::Section);
   if (peek().isFirstOnLine())
@@ -170,25 +113,16 @@ Section *Parser::parseSectionHeader() {
   return complete(section);
 }
 
-/// The period of a header. Where something else stands in its line, that is skipped as well.
-void Parser::expectHeaderPeriod() {
-  if (expect(TokenKind::Period))
-    return;
-  while (!peek().isFirstOnLine() && !at(TokenKind::Period) && !atStatement())
-    stream.skip();
-  accept(TokenKind::Period);
-}
-
 //===----------------------------------------------------------------------===//
 // Paragraphs and sentences
 //===----------------------------------------------------------------------===//
 
 /// Whether the sentences and paragraphs of a section can go on with the next token.
-bool Parser::atProcedureBody() {
+bool ProcedureParser::atProcedureBody() {
   return !atUnitBoundary() && !atEndDeclaratives() && !at(Keyword::Declaratives);
 }
 
-template <typename Owner> void Parser::parseParagraphs(Owner &owner) {
+template <typename Owner> void ProcedureParser::parseParagraphs(Owner &owner) {
   while (atProcedureBody()) {
     // A period alone says nothing.
     if (accept(TokenKind::Period))
@@ -204,7 +138,7 @@ template <typename Owner> void Parser::parseParagraphs(Owner &owner) {
 }
 
 /// name. sentence ...
-Paragraph *Parser::parseParagraph() {
+Paragraph *ProcedureParser::parseParagraph() {
   SourceRange begin = here();
   Word *name = parseHeaderName();
   auto *paragraph = make<Paragraph>(begin, name);
@@ -223,7 +157,7 @@ Paragraph *Parser::parseParagraph() {
   return complete(paragraph);
 }
 
-Sentence *Parser::parseSentence() {
+Sentence *ProcedureParser::parseSentence() {
   SourceRange begin = here();
   std::list<Statement *> statements;
   if (atStatement())
@@ -239,51 +173,11 @@ Sentence *Parser::parseSentence() {
   return sentence;
 }
 
-/// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
-/// text is no program: an apostrophe in it opens no literal.
-void Parser::skipNote(bool isWholeParagraph) {
-  bool isFixed = peek().isInFixedForm();
-  stream.skip();
-  if (!isWholeParagraph)
-    return stream.skipRemark();
-  if (isFixed)
-    return stream.skipCommentEntry();
-  // In free form nothing but what follows a period tells where the paragraph ends.
-  do {
-    stream.skipRemark();
-    accept(TokenKind::Period);
-  } while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() == HeaderKind::None);
-}
-
 //===----------------------------------------------------------------------===//
 // Declaratives
 //===----------------------------------------------------------------------===//
 
-/// Whether the declaratives begin, also where their header is misspelt or missing; that costs a
-/// message for each USE otherwise.
-bool Parser::atDeclaratives() {
-  if (at(Keyword::Declaratives))
-    return true;
-  bool isMisspelt = peek().isUserWord() && peek(1).is(TokenKind::Period) &&
-                    nearestKeyword(peek().text, Keyword::Declaratives) != Keyword::None;
-  return isMisspelt || (peek().isUserWord() && peek(1).is(Keyword::Section) &&
-                        peek(2).is(TokenKind::Period) && peek(3).is(Keyword::Use));
-}
-
-/// END DECLARATIVES, also where the words are not quite these.
-bool Parser::atEndDeclaratives() {
-  if (!at(Keyword::End))
-    return atSequence(Keyword::Declaratives, Keyword::End);
-  if (peek(1).is(Keyword::Declaratives))
-    return true;
-  if (!peek().isFirstOnLine() || !peek().isInAreaA())
-    return false;
-  return (peek(1).is(Keyword::End) && peek(2).is(Keyword::Declaratives)) ||
-         (peek(1).isUserWord() &&
-          nearestKeyword(peek(1).text, Keyword::Declaratives) != Keyword::None);
-}
-
-void Parser::takeEndDeclaratives() {
+void ProcedureParser::takeEndDeclaratives() {
   recovery.resumeReporting();
   if (!expect(Keyword::End) || !expect(Keyword::Declaratives))
     stream.skip();
@@ -291,7 +185,7 @@ void Parser::takeEndDeclaratives() {
 }
 
 /// DECLARATIVES. section ... END DECLARATIVES.
-void Parser::parseDeclaratives(ProcedureDivision &division) {
+void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
   SourceRange begin = here();
   bool hasHeader = !peek(1).is(Keyword::Section);
   recovery.resumeReporting();
@@ -325,7 +219,7 @@ void Parser::parseDeclaratives(ProcedureDivision &division) {
 
 /// A section and its USE sentence, which the section itself does not hold. A section without USE
 /// belongs to the declarative before it.
-void Parser::parseDeclarativeSection(ProcedureDivision &division) {
+void ProcedureParser::parseDeclarativeSection(ProcedureDivision &division) {
   SourceRange begin = here();
   Section *section = parseSectionHeader();
   UseStatement *use = nullptr;
@@ -345,7 +239,7 @@ void Parser::parseDeclarativeSection(ProcedureDivision &division) {
 }
 
 /// DECLARATIVES within declaratives. Always true, the word is gone.
-bool Parser::rejectDeclaratives() {
+bool ProcedureParser::rejectDeclaratives() {
   if (peek().isFirstOnLine())
     recovery.resumeReporting();
   error(DiagnosticId::DeclarativesOutOfPlace, here());
@@ -357,7 +251,7 @@ bool Parser::rejectDeclaratives() {
 // USE
 //===----------------------------------------------------------------------===//
 
-UseStatement *Parser::parseUse() {
+UseStatement *ProcedureParser::parseUse() {
   SourceRange begin = here();
   accept(Keyword::Use);
   bool isGlobal = accept(Keyword::Global);
@@ -376,7 +270,7 @@ UseStatement *Parser::parseUse() {
 }
 
 /// ... AFTER [STANDARD] {EXCEPTION | ERROR} PROCEDURE [ON] files [GIVING item...]
-UseStatement *Parser::parseUseException(const SourceRange &begin, bool isGlobal) {
+UseStatement *ProcedureParser::parseUseException(const SourceRange &begin, bool isGlobal) {
   acceptAny(Keyword::Exception, Keyword::Error);
   auto *use = make<UseStatement>(begin, UseTimingType::AfterException);
   use->setIsGlobal(isGlobal);
@@ -389,7 +283,8 @@ UseStatement *Parser::parseUseException(const SourceRange &begin, bool isGlobal)
 
 /// ... {AFTER | BEFORE} [STANDARD] [BEGINNING | ENDING] [FILE | REEL | UNIT] LABEL PROCEDURE
 ///   [ON] files
-UseStatement *Parser::parseUseLabel(const SourceRange &begin, bool isGlobal, UseTimingType timing) {
+UseStatement *ProcedureParser::parseUseLabel(const SourceRange &begin, bool isGlobal,
+                                             UseTimingType timing) {
   auto *use = make<UseStatement>(begin, timing);
   use->setIsGlobal(isGlobal);
   accept(Keyword::Standard);
@@ -413,7 +308,7 @@ UseStatement *Parser::parseUseLabel(const SourceRange &begin, bool isGlobal, Use
 }
 
 /// [ON] {INPUT | OUTPUT | I-O | EXTEND | file-name...}
-bool Parser::parseUseFiles(UseStatement &use) {
+bool ProcedureParser::parseUseFiles(UseStatement &use) {
   accept(Keyword::On);
   if (accept(Keyword::Input))
     use.setFileMode(UseFileMode::Input);
@@ -425,28 +320,25 @@ bool Parser::parseUseFiles(UseStatement &use) {
     use.setFileMode(UseFileMode::Extend);
   else
     return parseSeries(
-        use, &UseStatement::addFile,
-        [](Parser *parser) -> IdentifierExpression * { return parser->parseFileName(); },
-        &Parser::atName);
+        use, &UseStatement::addFile, [this]() -> IdentifierExpression * { return parseFileName(); },
+        &ProcedureParser::atName);
   return true;
 }
 
 /// ... BEFORE REPORTING group...
-UseStatement *Parser::parseUseReporting(const SourceRange &begin, bool isGlobal) {
+UseStatement *ProcedureParser::parseUseReporting(const SourceRange &begin, bool isGlobal) {
   accept(Keyword::Reporting);
   auto *use = make<UseStatement>(begin, UseTimingType::BeforeReporting);
   use->setIsGlobal(isGlobal);
   bool isRead = parseSeries(
       *use, &UseStatement::addReport,
-      [](Parser *parser) -> IdentifierExpression * {
-        return parser->parseDataName("the name of a report group");
-      },
-      &Parser::atName);
+      [this]() -> IdentifierExpression * { return parseDataName("the name of a report group"); },
+      &ProcedureParser::atName);
   return isRead ? complete(use) : nullptr;
 }
 
 /// USE [FOR] DEBUGGING [ON] {ALL PROCEDURES | procedure-name...}
-UseStatement *Parser::parseUseDebugging(const SourceRange &begin) {
+UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   accept(Keyword::For);
   if (!expect(Keyword::Debugging))
     return nullptr;

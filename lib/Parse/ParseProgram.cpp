@@ -1,7 +1,11 @@
 //===- ParseProgram.cpp - compilation, programs, identification -----------===//
 
+#include "Parse/ParseProgram.h"
 #include "Parse/Parse.h"
-#include "Parse/Parser.h"
+#include "Parse/ParseData.h"
+#include "Parse/ParseEnvironment.h"
+#include "Parse/ParseProcedure.h"
+#include "Parse/ParseSupplied.h"
 #include <utility>
 
 namespace tarka {
@@ -18,13 +22,14 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
   if (!main)
     return main.getError();
   TokenStream tokens(**main, files, diagnostics);
-  return Parser(tokens, diagnostics, options).parse(inputName);
+  ParserContext context(tokens, diagnostics, options);
+  return ProgramParser(context).parse(inputName);
 }
 
-Program *Parser::parse(llvm::StringRef inputName) {
+Program *ProgramParser::parse(llvm::StringRef inputName) {
   Program *program = new Program(inputName);
   SourceRange first = here();
-  while (!at(TokenKind::EndOfFile) && !diagnostics.hasFatalError()) {
+  while (!at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError()) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))
       continue;
@@ -42,17 +47,17 @@ Program *Parser::parse(llvm::StringRef inputName) {
       skipPastPeriod();
       continue;
     }
-    repositoryFunctions.clear();
+    context.repositoryFunctions.clear();
     program->addSourceUnit(parseSourceUnit(nullptr));
   }
-  if (program->getSourceUnitListSize() == 0 && !diagnostics.hasErrors())
+  if (program->getSourceUnitListSize() == 0 && !context.diagnostics.hasErrors())
     error(DiagnosticId::NothingToCompile, first);
   return program;
 }
 
 /// A class or a function of the programmer's, which are not supported: it goes whole, up to its
 /// END.
-bool Parser::skipClassOrFunction() {
+bool ProgramParser::skipClassOrFunction() {
   unsigned n = !peek(1).is(Keyword::Division) ? 0 : peek(2).is(TokenKind::Period) ? 3 : 2;
   const Token header = peek(n);
   if (!header.is(Keyword::ClassId) && !(header.isWord() && header.text == "FUNCTION-ID"))
@@ -65,132 +70,33 @@ bool Parser::skipClassOrFunction() {
   return true;
 }
 
-bool Parser::atUnitBoundary() {
-  if (at(TokenKind::EndOfFile))
-    return true;
-  return divisionAt() != Keyword::None || atEndProgram() ||
-         atSequence(Keyword::ProgramId, TokenKind::Period);
-}
-
-/// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: a program
-/// whose end nobody sees would take all that follow for its own.
-bool Parser::atEndProgram() {
-  if (!at(Keyword::End, Keyword::Program))
-    return false;
-  if (atSequence(Keyword::End, Keyword::Program))
-    return true;
-  const Token &next = peek(1);
-  if (!unit || !peek().isFirstOnLine() || !peek().isInAreaA())
-    return false;
-  if (at(Keyword::End) && next.is(Keyword::End))
-    return peek(2).is(Keyword::Program);
-  bool isName = next.isWord() && next.text == llvm::StringRef(unit->getSourceUnitName()).upper();
-  return isName ||
-         (at(Keyword::Program)
-              ? next.is(Keyword::End)
-              : next.isUserWord() && nearestKeyword(next.text, Keyword::Program) != Keyword::None);
-}
-
-/// The division whose header is next, also where a word of the header is misspelt or missing or its
-/// words are exchanged: a division that nobody sees would cost a message for each of its lines.
-Keyword Parser::divisionAt() {
-  static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
-                                          Keyword::Data, Keyword::Procedure};
-  Keyword first = peek().keyword;
-  if (first == Keyword::Id)
-    return peek(1).is(Keyword::Division) ? Keyword::Identification : Keyword::None;
-  if (llvm::is_contained(divisions, first)) {
-    if (peek(1).is(Keyword::Division))
-      return first;
-    bool isHeader = peek().isFirstOnLine() && peek().isInAreaA() &&
-                    (atMisspeltDivision(1) || peek(1).is(TokenKind::Period) ||
-                     atSequence(Keyword::Procedure, Keyword::Using));
-    return isHeader ? first : Keyword::None;
-  }
-  if (!peek().isFirstOnLine())
-    return Keyword::None;
-  if (first == Keyword::Division)
-    return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision();
-  if (at(TokenKind::Word) && !peek().isVerb() && peek(1).is(Keyword::Division))
-    return nearestKeyword(peek().text, divisions);
-  return Keyword::None;
-}
-
-/// Which division begins with the word DIVISION alone: what follows it tells.
-Keyword Parser::namelessDivision() {
-  if (peek(1).is(Keyword::Using))
-    return Keyword::Procedure;
-  if (!peek(1).is(TokenKind::Period))
-    return Keyword::None;
-  switch (peek(2).keyword) {
-  case Keyword::ProgramId:
-    return Keyword::Identification;
-  case Keyword::Configuration:
-  case Keyword::InputOutput:
-    return Keyword::Environment;
-  case Keyword::File:
-  case Keyword::WorkingStorage:
-  case Keyword::LocalStorage:
-  case Keyword::Linkage:
-  case Keyword::Report:
-    return Keyword::Data;
-  default:
-    return unit && unit->getDataDivision() ? Keyword::Procedure : Keyword::None;
-  }
-}
-
-/// Whether the word \p n places on is DIVISION misspelt.
-bool Parser::atMisspeltDivision(unsigned n) {
-  return peek(n).isUserWord() && nearestKeyword(peek(n).text, Keyword::Division) != Keyword::None;
-}
-
-/// The header of \p division, which divisionAt() gave, up to its period.
-void Parser::takeDivisionHeader(Keyword division) {
-  recovery.resumeReporting();
-  if (accept(Keyword::Division)) {
-    error(DiagnosticId::Expected, stream.getLastPlace(), (textOf(division) + " DIVISION").str(),
-          "'DIVISION'");
-    accept(division);
-    return;
-  }
-  if (!at(division) && !at(Keyword::Id))
-    error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(division));
-  stream.skip();
-  if (accept(Keyword::Division))
-    return;
-  expected(textOf(Keyword::Division));
-  if (atMisspeltDivision(0) || atSequence(TokenKind::Period, Keyword::Division))
-    stream.skip();
-  accept(Keyword::Division);
-}
-
 //===----------------------------------------------------------------------===//
 // Programs
 //===----------------------------------------------------------------------===//
 
 /// Programs nested in this one follow its procedure division; END PROGRAM, which a program that is
 /// the last of a file may leave out, says where the program ends.
-SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
+SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   SourceRange begin = here();
   Depth level(*this);
-  SourceUnit *enclosing = unit;
+  SourceUnit *enclosing = context.unit;
 
   IdentificationDivision *identification = parseIdentificationDivision();
   Node position(begin);
   SourceUnit *current = new SourceUnit(&position, identification, outer);
-  unit = current;
+  context.unit = current;
   if (outer)
     outer->addNested(current);
-  bool outerComma = decimalPointIsComma;
-  auto outerLanguages = std::exchange(embeddedLanguages, {});
+  bool outerComma = context.decimalPointIsComma;
+  auto outerLanguages = std::exchange(context.embeddedLanguages, {});
 
   if (atDivision(Keyword::Environment))
-    current->setEnvironmentDivision(parseEnvironmentDivision());
+    current->setEnvironmentDivision(EnvironmentParser(context).parseEnvironmentDivision());
   if (atDivision(Keyword::Data))
-    parseDataDivision();
-  supplyInterfaceBlock();
+    DataParser(context).parseDataDivision();
+  SuppliedParser(context).supplyInterfaceBlock();
   if (atDivision(Keyword::Procedure))
-    current->setProcDivision(parseProcedureDivision());
+    current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
 
   while (!at(TokenKind::EndOfFile)) {
     if (atEndProgram()) {
@@ -217,17 +123,17 @@ SourceUnit *Parser::parseSourceUnit(SourceUnit *outer) {
       stream.skip();
   }
 
-  supplyCommunicationAreas();
+  SuppliedParser(context).supplyCommunicationAreas();
   current->setRange(from(begin).getRange());
-  unit = enclosing;
-  embeddedLanguages = outerLanguages;
-  decimalPointIsComma = outerComma;
+  context.unit = enclosing;
+  context.embeddedLanguages = outerLanguages;
+  context.decimalPointIsComma = outerComma;
   stream.setDecimalPointIsComma(outerComma);
   return current;
 }
 
 /// END PROGRAM name.
-void Parser::parseEndProgram(SourceUnit *current) {
+void ProgramParser::parseEndProgram(SourceUnit *current) {
   recovery.resumeReporting();
   if (atSequence(Keyword::End, Keyword::Program)) {
     stream.skip();
@@ -265,7 +171,7 @@ void Parser::parseEndProgram(SourceUnit *current) {
 // Identification division
 //===----------------------------------------------------------------------===//
 
-IdentificationDivision *Parser::parseIdentificationDivision() {
+IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   SourceRange begin = here();
   Recovery::ErrorTrap trap(recovery);
   if (atDivision(Keyword::Identification)) {
@@ -334,7 +240,7 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
       // Where the header is misspelt the stream does not know of the division.
       if (trap.hasErrorOccurred())
         stream.skipCommentEntry();
-    } else if (!options.osvs && peek().text == textOf(Keyword::Remarks)) {
+    } else if (!context.options.osvs && peek().text == textOf(Keyword::Remarks)) {
       error(DiagnosticId::OsvsStatement, here(), peek().text);
       stream.skip();
       stream.skipCommentEntry();
@@ -350,96 +256,6 @@ IdentificationDivision *Parser::parseIdentificationDivision() {
   }
   Node at = from(begin);
   return new IdentificationDivision(&at, programId);
-}
-
-//===----------------------------------------------------------------------===//
-// What the program declares
-//===----------------------------------------------------------------------===//
-
-/// Whether \p declares holds for the unit or one of the units around it.
-template <typename Predicate> static bool inScope(const SourceUnit *unit, Predicate declares) {
-  for (; unit; unit = unit->getParent())
-    if (declares(*unit))
-      return true;
-  return false;
-}
-
-/// Whether \p declares holds for SPECIAL-NAMES of the unit or of one of the units around it, and
-/// the word \p name. This is asked for about every operand, mostly of programs without the
-/// paragraph.
-template <typename Predicate>
-static bool inSpecialNames(const SourceUnit *unit, const std::string &name, Predicate declares) {
-  return inScope(unit, [&](const SourceUnit &one) -> bool {
-    ParaSpecialNames *names = one.getSpecialNames();
-    if (!names)
-      return false;
-    Word word(SourceRange(), &name, &name);
-    return declares(*names, word);
-  });
-}
-
-bool Parser::isConditionName(const std::string &name) const {
-  return inScope(unit, [&](const SourceUnit &one) {
-    DataDivision *data = one.getDataDivision();
-    std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&name) : nullptr;
-    if (!entries)
-      return false;
-    for (DataDescription *entry : *entries)
-      if (entry->getLevelNum() == 88)
-        return true;
-    return false;
-  });
-}
-
-bool Parser::isSwitchName(const std::string &name) const {
-  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
-    return !names.findClauseEnvNameByCondName(&word).empty();
-  });
-}
-
-bool Parser::isClassName(const std::string &name) const {
-  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
-    return names.findClauseClassByWord(&word);
-  });
-}
-
-bool Parser::isSymbolicCharacter(const std::string &name) const {
-  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
-    return names.findClauseSymbolicByWord(&word);
-  });
-}
-
-bool Parser::isMnemonicName(const std::string &name) const {
-  return inSpecialNames(unit, name, [](const ParaSpecialNames &names, Word &word) {
-    return names.findClauseEnvNameByWord(&word);
-  });
-}
-
-bool Parser::isFileName(const std::string &name) const {
-  Word word(SourceRange(), &name, &name);
-  return inScope(unit, [&](const SourceUnit &one) {
-    InputOutputSection *io = one.getInputOutputSection();
-    if (io && io->findFileControlByName(word))
-      return true;
-    DataDivision *data = one.getDataDivision();
-    return data && !data->findFiles(name).empty();
-  });
-}
-
-bool Parser::isNamed(const Token &word) {
-  const std::string &name = *word.getInternedText();
-  return isInternedDeclared(name) || indexNames.contains(&name) || isFileName(name) ||
-         isMnemonicName(name) || isSwitchName(name) || isSymbolicCharacter(name) ||
-         isReportName(name);
-}
-
-bool Parser::isReportName(const std::string &name) const {
-  return inScope(unit, [&](const SourceUnit &one) {
-    DataDivision *data = one.getDataDivision();
-    return data && llvm::any_of(data->getReportSectionElements(), [&](ReportDescription *report) {
-             return report->getReportName()->getWordData() == name;
-           });
-  });
 }
 
 } // namespace tarka

@@ -5,7 +5,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseReport.h"
 
 namespace tarka {
 
@@ -19,7 +19,7 @@ static constexpr ClauseSet reportClauses{
     /*beginsWithName=*/false,
     /*endsAtLevelNumber=*/true};
 
-void Parser::parseReportSection(DataDivision &division) {
+void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
   bool isTold = false;
   while (true) {
@@ -42,21 +42,23 @@ void Parser::parseReportSection(DataDivision &division) {
       expected("RD");
       isTold = true;
       stream.skip();
-      recoverToEntry(reportClauses);
+      skipToEntry(reportClauses);
     }
   }
 }
 
-void Parser::parseReportGroups(ReportDescription *report) {
-  parseRecords(groupClauses, &Parser::parseReportGroupEntry, [&](DataDescription *group) {
-    group->setStorageType(StorageType::Report);
-    if (report)
-      report->addRecord(llvm::cast<ReportDataDescription>(group));
-  });
+void ReportParser::parseReportGroups(ReportDescription *report) {
+  parseRecords(
+      groupClauses, [this] { return parseReportGroupEntry(); },
+      [&](DataDescription *group) {
+        group->setStorageType(StorageType::Report);
+        if (report)
+          report->addRecord(llvm::cast<ReportDataDescription>(group));
+      });
 }
 
 /// level-number [data-name] clauses.
-DataDescription *Parser::parseReportGroupEntry() {
+DataDescription *ReportParser::parseReportGroupEntry() {
   SourceRange begin = here();
   Node place(begin);
   auto *entry = new ReportDataDescription(&place);
@@ -75,13 +77,13 @@ DataDescription *Parser::parseReportGroupEntry() {
 //===----------------------------------------------------------------------===//
 
 /// RD report-name clauses. Null when the entry has no name.
-ReportDescription *Parser::parseReportDescription() {
+ReportDescription *ReportParser::parseReportDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
   accept(Keyword::Rd);
   Word *name = parseUserWord("a report-name");
   if (!name) {
-    recoverToEntry(reportClauses);
+    skipToEntry(reportClauses);
     return nullptr;
   }
   Node place(begin);
@@ -92,12 +94,12 @@ ReportDescription *Parser::parseReportDescription() {
   return report;
 }
 
-bool Parser::parseReportDescriptionClause(ReportDescription &report) {
+bool ReportParser::parseReportDescriptionClause(ReportDescription &report) {
   using Report = ReportDescription;
   switch (peek().keyword) {
   case Keyword::Global:
     return parseOnce(report, &Report::getGlobal, &Report::setGlobal,
-                     &Parser::parseBareClause<ClauseGlobal>);
+                     &ReportParser::parseBareClause<ClauseGlobal>);
   case Keyword::Is:
     if (!peek(1).is(Keyword::Global))
       return unknownClause(reportClauses);
@@ -105,33 +107,34 @@ bool Parser::parseReportDescriptionClause(ReportDescription &report) {
     return true;
   case Keyword::With:
   case Keyword::Code:
-    return parseOnce(report, &Report::getCodeClause, &Report::setCodeClause, &Parser::parseCode);
+    return parseOnce(report, &Report::getCodeClause, &Report::setCodeClause,
+                     &ReportParser::parseCode);
   case Keyword::Control:
   case Keyword::Controls:
     return parseOnce(report, &Report::getControlClause, &Report::setControlClause,
-                     &Parser::parseControl);
+                     &ReportParser::parseControl);
   case Keyword::Page:
     return parseOnce(report, &Report::getPageLimitClause, &Report::setPageLimitClause,
-                     &Parser::parsePageLimit);
+                     &ReportParser::parsePageLimit);
   case Keyword::Line:
     return parseOnce(report, &Report::getLineLimitClause, &Report::setLineLimitClause,
-                     &Parser::parseLineLimit);
+                     &ReportParser::parseLineLimit);
   case Keyword::Overflow:
     return parseOnce(report, &Report::getOverflowClause, &Report::setOverflowClause,
-                     &Parser::parseOverflow);
+                     &ReportParser::parseOverflow);
   case Keyword::Style:
     return parseOnce(report, &Report::getRdStyleClause, &Report::setRdStyleClause,
-                     &Parser::parseStyle);
+                     &ReportParser::parseStyle);
   default:
     if (atWord("ALLOW"))
       return parseOnce(report, &Report::getAllowClause, &Report::setAllowClause,
-                       &Parser::parseAllow);
+                       &ReportParser::parseAllow);
     return unknownClause(reportClauses);
   }
 }
 
 /// ALLOW [NO] SOURCE SUM {CORR | CORRESPONDING}
-ClauseAllow *Parser::parseAllow() {
+ClauseAllow *ReportParser::parseAllow() {
   SourceRange begin = here();
   stream.skip();
   bool isAllowed = !accept(Keyword::No);
@@ -144,7 +147,7 @@ ClauseAllow *Parser::parseAllow() {
 }
 
 /// [WITH] CODE [IS] {literal | data-name | mnemonic-name}
-ClauseCode *Parser::parseCode() {
+ClauseCode *ReportParser::parseCode() {
   SourceRange begin = here();
   accept(Keyword::With);
   if (!expect(Keyword::Code))
@@ -162,7 +165,7 @@ ClauseCode *Parser::parseCode() {
 }
 
 /// {CONTROL | CONTROLS} [IS | ARE] [FINAL] [data-name ...]
-ClauseControl *Parser::parseControl() {
+ClauseControl *ReportParser::parseControl() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
@@ -182,7 +185,7 @@ ClauseControl *Parser::parseControl() {
 }
 
 /// LINE {LIMIT | LIMITS} [IS | ARE] n [COLUMNS]
-ClauseLineLimit *Parser::parseLineLimit() {
+ClauseLineLimit *ReportParser::parseLineLimit() {
   SourceRange begin = here();
   accept(Keyword::Line);
   if (!acceptAny(Keyword::Limit, Keyword::Limits))
@@ -197,7 +200,7 @@ ClauseLineLimit *Parser::parseLineLimit() {
 }
 
 /// OVERFLOW [PROCEDURE] [IS] {literal | word ...}
-ClauseOverflow *Parser::parseOverflow() {
+ClauseOverflow *ReportParser::parseOverflow() {
   SourceRange begin = here();
   accept(Keyword::Overflow);
   accept(Keyword::Procedure);
@@ -218,7 +221,7 @@ ClauseOverflow *Parser::parseOverflow() {
 
 /// PAGE [LIMIT [IS] | LIMITS [ARE]] [n [LINE | LINES]] [n COLUMNS] [HEADING n] [FIRST DETAIL n]
 /// [LAST CONTROL HEADING n] [LAST DETAIL n] [FOOTING n]
-ClausePageLimit *Parser::parsePageLimit() {
+ClausePageLimit *ReportParser::parsePageLimit() {
   SourceRange begin = here();
   accept(Keyword::Page);
   acceptAny(Keyword::Limit, Keyword::Limits);
@@ -251,7 +254,7 @@ ClausePageLimit *Parser::parsePageLimit() {
 }
 
 /// One line of the page that PAGE LIMIT gives a meaning to.
-bool Parser::parsePageRegion(ClausePageLimit &page) {
+bool ReportParser::parsePageRegion(ClausePageLimit &page) {
   using Page = ClausePageLimit;
   SourceRange begin = here();
   std::string word = describe(peek());
@@ -293,7 +296,7 @@ bool Parser::parsePageRegion(ClausePageLimit &page) {
 }
 
 /// STYLE [IS] style ...
-ClauseStyle *Parser::parseStyle() {
+ClauseStyle *ReportParser::parseStyle() {
   SourceRange begin = here();
   accept(Keyword::Style);
   accept(Keyword::Is);

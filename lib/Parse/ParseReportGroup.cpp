@@ -1,6 +1,6 @@
 //===- ParseReportGroup.cpp - clauses of report group entries -------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseReport.h"
 
 namespace tarka {
 
@@ -22,27 +22,28 @@ constinit const ClauseSet groupClauses{"a report group entry",    groupKeywords,
 
 /// Whether a name is next that begins no clause of \p clauses. Many of the report section's
 /// keywords are names everywhere else.
-bool Parser::atNameIn(const ClauseSet &clauses) {
+bool ReportParser::atNameIn(const ClauseSet &clauses) {
   return peek().isUserWord() && !clauses.contains(peek().keyword);
 }
 
-bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContents *&choice) {
+bool ReportParser::parseReportGroupClause(ReportDataDescription &entry, PresentContents *&choice) {
   using Group = ReportDataDescription;
   using Data = DataDescription;
   switch (peek().keyword) {
   case Keyword::Type:
-    return parseOnce(entry, &Group::getTypeClause, &Group::setTypeClause, &Parser::parseType);
+    return parseOnce(entry, &Group::getTypeClause, &Group::setTypeClause, &ReportParser::parseType);
   case Keyword::Line:
   case Keyword::Lines:
-    return parseOnce(entry, &Group::getLineClause, &Group::setLineClause, &Parser::parseLine);
+    return parseOnce(entry, &Group::getLineClause, &Group::setLineClause, &ReportParser::parseLine);
   case Keyword::Next:
     return parseOnce(entry, &Group::getNextGroupClause, &Group::setNextGroupClause,
-                     &Parser::parseNextGroup);
+                     &ReportParser::parseNextGroup);
   case Keyword::Column:
   case Keyword::Columns:
   case Keyword::Col:
   case Keyword::Cols:
-    return parseOnce(entry, &Group::getColumnClause, &Group::setColumnClause, &Parser::parseColumn);
+    return parseOnce(entry, &Group::getColumnClause, &Group::setColumnClause,
+                     &ReportParser::parseColumn);
   case Keyword::Source:
   case Keyword::Value:
   case Keyword::Values:
@@ -53,13 +54,15 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
   case Keyword::When:
     return parsePresent(entry, choice);
   case Keyword::Sum:
-    return parseOnce(entry, &Group::getSumClause, &Group::setSumClause, &Parser::parseSumClause);
+    return parseOnce(entry, &Group::getSumClause, &Group::setSumClause,
+                     &ReportParser::parseSumClause);
   case Keyword::Count:
-    return parseOnce(entry, &Group::getCountClause, &Group::setCountClause, &Parser::parseCount);
+    return parseOnce(entry, &Group::getCountClause, &Group::setCountClause,
+                     &ReportParser::parseCount);
   case Keyword::Group:
     if (peek(1).is(Keyword::Limit))
       return parseOnce(entry, &Group::getGroupLimitClause, &Group::setGroupLimitClause,
-                       &Parser::parseGroupLimit);
+                       &ReportParser::parseGroupLimit);
     if (entry.isGroupIndicate())
       error(DiagnosticId::ClauseTwice, here(), describe(peek()));
     stream.skip();
@@ -67,36 +70,39 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
     return expect(Keyword::Indicate);
   case Keyword::Occurs:
     return parseOnce(entry, &Group::getReportOccursClause, &Group::setReportOccursClause,
-                     &Parser::parseReportOccurs);
+                     &ReportParser::parseReportOccurs);
   case Keyword::Repeated:
     return parseOnce(entry, &Group::getRepeatedClause, &Group::setRepeatedClause,
-                     &Parser::parseRepeated);
+                     &ReportParser::parseRepeated);
   case Keyword::Multiple:
     return parseOnce(entry, &Group::getMultipleClause, &Group::setMultipleClause,
-                     &Parser::parseMultiple);
+                     &ReportParser::parseMultiple);
   case Keyword::Wrap:
-    return parseOnce(entry, &Group::getWrapClause, &Group::setWrapClause, &Parser::parseWrap);
+    return parseOnce(entry, &Group::getWrapClause, &Group::setWrapClause, &ReportParser::parseWrap);
   case Keyword::Style:
-    return parseOnce(entry, &Group::getStyleClause, &Group::setStyleClause, &Parser::parseStyle);
+    return parseOnce(entry, &Group::getStyleClause, &Group::setStyleClause,
+                     &ReportParser::parseStyle);
   case Keyword::Sign:
   case Keyword::Leading:
   case Keyword::Trailing:
     return parseOnce(entry, &Group::getReportSignClause, &Group::setReportSignClause,
-                     &Parser::parseReportSign);
+                     &ReportParser::parseReportSign);
   case Keyword::Pic:
   case Keyword::Picture:
-    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &Parser::parsePicture);
+    return parseOnce(entry, &Data::getPicture, &Data::setPicture, &ReportParser::parsePicture);
   case Keyword::Usage:
-    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+    return parseOnce(entry, &Data::getUsage, &Data::setUsage, &ReportParser::parseUsage);
   case Keyword::Just:
   case Keyword::Justified:
-    return parseOnce(entry, &Data::getJustified, &Data::setJustified, &Parser::parseJustified);
+    return parseOnce(entry, &Data::getJustified, &Data::setJustified,
+                     &ReportParser::parseJustified);
   case Keyword::Blank:
-    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero, &Parser::parseBlankZero);
+    return parseOnce(entry, &Data::getBlankZero, &Data::setBlankZero,
+                     &ReportParser::parseBlankZero);
   default:
     // What can be printed and what cannot is a rule of the checker.
     if (llvm::is_contained(valueUsages, peek().keyword))
-      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &Parser::parseUsage);
+      return parseOnce(entry, &Data::getUsage, &Data::setUsage, &ReportParser::parseUsage);
     return atWord("SOURCES") ? parseReportContents(entry, choice) : unknownClause(groupClauses);
   }
 }
@@ -106,7 +112,7 @@ bool Parser::parseReportGroupClause(ReportDataDescription &entry, PresentContent
 //===----------------------------------------------------------------------===//
 
 /// TYPE [IS] group-type
-ClauseType *Parser::parseType() {
+ClauseType *ReportParser::parseType() {
   SourceRange begin = here();
   accept(Keyword::Type);
   accept(Keyword::Is);
@@ -124,7 +130,7 @@ ClauseType *Parser::parseType() {
 }
 
 /// The words of a group type or their abbreviation; None after a message.
-ReportGroupType Parser::parseGroupType() {
+ReportGroupType ReportParser::parseGroupType() {
   struct TypeWords {
     Keyword abbreviation, first, second;
     ReportGroupType type;
@@ -156,7 +162,7 @@ ReportGroupType Parser::parseGroupType() {
 }
 
 /// [ON | FOR] {ALL | FINAL | data-name ...} [OR PAGE]
-bool Parser::parseTypeControls(ClauseType &type) {
+bool ReportParser::parseTypeControls(ClauseType &type) {
   acceptAny(Keyword::On, Keyword::For);
   // Only a footing can be that of all controls.
   if (type.getTypeOption() == ReportGroupType::ControlFooting && accept(Keyword::All)) {
@@ -184,12 +190,12 @@ bool Parser::parseTypeControls(ClauseType &type) {
 //===----------------------------------------------------------------------===//
 
 /// [PLUS | +], which makes the number behind it a relative one.
-bool Parser::acceptPlus() {
+bool ReportParser::acceptPlus() {
   return acceptAny(Keyword::Plus, TokenKind::Plus);
 }
 
 /// LINE [NUMBER | NUMBERS] [IS | ARE] {[PLUS] n | [ON] NEXT PAGE} ... [VARYING phrases]
-ClauseLine *Parser::parseLine() {
+ClauseLine *ReportParser::parseLine() {
   SourceRange begin = here();
   stream.skip();
   acceptNumber();
@@ -226,7 +232,7 @@ ClauseLine *Parser::parseLine() {
 }
 
 /// The word NUMBER or NUMBERS; only the first of them is reserved.
-void Parser::acceptNumber() {
+void ReportParser::acceptNumber() {
   if (at(Keyword::Number) || atWord("NUMBERS"))
     stream.skip();
 }
@@ -234,7 +240,7 @@ void Parser::acceptNumber() {
 /// Whether a number of a LINE or COLUMN clause is next, of which \p count were read. The first one
 /// is no level number wherever it stands, and only it can be a data-name: further words are more
 /// likely a mistake.
-bool Parser::atLineOrColumn(std::size_t count) {
+bool ReportParser::atLineOrColumn(std::size_t count) {
   if (count > 0 && atLevelNumber())
     return false;
   return at(Keyword::Plus) || at(TokenKind::Plus) || atNumericLiteral() ||
@@ -242,7 +248,7 @@ bool Parser::atLineOrColumn(std::size_t count) {
 }
 
 /// {COLUMN | COL} [NUMBER | NUMBERS] [LEFT | CENTER | RIGHT] [IS | ARE] {[PLUS] n} ...
-ClauseColumn *Parser::parseColumn() {
+ClauseColumn *ReportParser::parseColumn() {
   SourceRange begin = here();
   stream.skip();
   acceptNumber();
@@ -268,7 +274,7 @@ ClauseColumn *Parser::parseColumn() {
 }
 
 /// NEXT GROUP [IS] {[PLUS] n | [ON] NEXT PAGE}
-ClauseNextGroup *Parser::parseNextGroup() {
+ClauseNextGroup *ReportParser::parseNextGroup() {
   SourceRange begin = here();
   accept(Keyword::Next);
   if (!expect(Keyword::Group))
@@ -293,7 +299,7 @@ ClauseNextGroup *Parser::parseNextGroup() {
 }
 
 /// GROUP LIMIT [IS] n
-ClauseGroupLimit *Parser::parseGroupLimit() {
+ClauseGroupLimit *ReportParser::parseGroupLimit() {
   SourceRange begin = here();
   accept(Keyword::Group);
   accept(Keyword::Limit);
@@ -310,7 +316,7 @@ ClauseGroupLimit *Parser::parseGroupLimit() {
 //===----------------------------------------------------------------------===//
 
 /// OCCURS bounds [DEPENDING ON data-name] [{STEP | WIDTH} n [LINES | COLUMNS]] [VARYING phrases]
-ClauseReportOccurs *Parser::parseReportOccurs() {
+ClauseReportOccurs *ReportParser::parseReportOccurs() {
   SourceRange begin = here();
   ClauseOccurs *occurs = parseOccurs();
   if (!occurs)
@@ -336,7 +342,7 @@ ClauseReportOccurs *Parser::parseReportOccurs() {
 }
 
 /// VARYING {name [FROM expression] [BY expression]} ...
-std::list<VaryingPhrase *> *Parser::parseVarying() {
+std::list<VaryingPhrase *> *ReportParser::parseVarying() {
   accept(Keyword::Varying);
   auto *phrases = makeList<VaryingPhrase *>();
   do {
@@ -357,7 +363,7 @@ std::list<VaryingPhrase *> *Parser::parseVarying() {
 }
 
 /// REPEATED [n [TIMES]] [EVERY n [COLUMNS]]
-ClauseRepeated *Parser::parseRepeated() {
+ClauseRepeated *ReportParser::parseRepeated() {
   SourceRange begin = here();
   accept(Keyword::Repeated);
   Expression *times = nullptr;
@@ -379,7 +385,7 @@ ClauseRepeated *Parser::parseRepeated() {
 }
 
 /// MULTIPLE {PAGE | PAGES}
-ClauseMultiple *Parser::parseMultiple() {
+ClauseMultiple *ReportParser::parseMultiple() {
   SourceRange begin = here();
   accept(Keyword::Multiple);
   if (!at(Keyword::Page) && !atWord("PAGES"))
@@ -390,7 +396,7 @@ ClauseMultiple *Parser::parseMultiple() {
 }
 
 /// WRAP [AFTER [COLUMN] n] [TO [COLUMN] n]
-ClauseWrap *Parser::parseWrap() {
+ClauseWrap *ReportParser::parseWrap() {
   SourceRange begin = here();
   accept(Keyword::Wrap);
   Node place(begin);
@@ -438,7 +444,7 @@ static void moveContents(ReportDataDescription &entry, PresentContents &choice) 
 /// SOURCE, VALUE or FUNCTION. An item may show one of several contents, each with its condition
 /// behind it; the contents then belong to the conditions. With one only, the condition tells
 /// whether the item is there at all.
-bool Parser::parseReportContents(ReportDataDescription &entry, PresentContents *&choice) {
+bool ReportParser::parseReportContents(ReportDataDescription &entry, PresentContents *&choice) {
   if (hasContents(entry) && choice && !hasContents(*choice))
     moveContents(entry, *choice);
   else if (hasContents(entry))
@@ -463,7 +469,7 @@ bool Parser::parseReportContents(ReportDataDescription &entry, PresentContents *
 }
 
 /// {SOURCE | SOURCES} [IS | ARE] operand ... [ROUNDED]
-ClauseSource *Parser::parseSource() {
+ClauseSource *ReportParser::parseSource() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
@@ -482,7 +488,7 @@ ClauseSource *Parser::parseSource() {
 }
 
 /// SUM operands, a literal, an identifier or an arithmetic expression.
-SourceClauseExpr *Parser::parseSourceOperand() {
+SourceClauseExpr *ReportParser::parseSourceOperand() {
   SourceRange begin = here();
   if (at(Keyword::Sum)) {
     SumClauseExpr *sum = parseSum();
@@ -501,7 +507,7 @@ SourceClauseExpr *Parser::parseSourceOperand() {
 }
 
 /// SUM [OF] operand ... [UPON data-name ...]
-SumClauseExpr *Parser::parseSum() {
+SumClauseExpr *ReportParser::parseSum() {
   SourceRange begin = here();
   accept(Keyword::Sum);
   accept(Keyword::Of);
@@ -526,7 +532,7 @@ SumClauseExpr *Parser::parseSum() {
 }
 
 /// {SUM operands} ... [RESET [ON] {FINAL | data-name}] [ROUNDED]
-ClauseSum *Parser::parseSumClause() {
+ClauseSum *ReportParser::parseSumClause() {
   SourceRange begin = here();
   Node place(begin);
   auto *clause = new ClauseSum(&place);
@@ -556,7 +562,7 @@ ClauseSum *Parser::parseSumClause() {
 }
 
 /// COUNT [OF] data-name ...
-ClauseCount *Parser::parseCount() {
+ClauseCount *ReportParser::parseCount() {
   SourceRange begin = here();
   Node place(begin);
   auto *clause = new ClauseCount(&place);
@@ -576,7 +582,7 @@ ClauseCount *Parser::parseCount() {
 }
 
 /// FUNCTION [IS] name [(argument ...)]
-ClauseFunction *Parser::parseFunctionClause() {
+ClauseFunction *ReportParser::parseFunctionClause() {
   SourceRange begin = here();
   accept(Keyword::Function);
   accept(Keyword::Is);
@@ -597,7 +603,7 @@ ClauseFunction *Parser::parseFunctionClause() {
   return clause;
 }
 
-ClauseReportSign *Parser::parseReportSign() {
+ClauseReportSign *ReportParser::parseReportSign() {
   ClauseSign *sign = parseSign();
   return sign ? new ClauseReportSign(sign, sign) : nullptr;
 }
@@ -607,7 +613,7 @@ ClauseReportSign *Parser::parseReportSign() {
 //===----------------------------------------------------------------------===//
 
 /// [PRESENT | ABSENT] WHEN condition, or {PRESENT | ABSENT} [JUST] AFTER event
-bool Parser::parsePresent(ReportDataDescription &entry, PresentContents *&choice) {
+bool ReportParser::parsePresent(ReportDataDescription &entry, PresentContents *&choice) {
   SourceRange begin = here();
   bool isAbsent = accept(Keyword::Absent);
   accept(Keyword::Present);
@@ -633,7 +639,7 @@ bool Parser::parsePresent(ReportDataDescription &entry, PresentContents *&choice
 }
 
 /// condition, or OTHER for what holds when none of the conditions before does.
-ClausePresentWhen *Parser::parsePresentWhen(const SourceRange &begin, bool isAbsent) {
+ClausePresentWhen *ReportParser::parsePresentWhen(const SourceRange &begin, bool isAbsent) {
   if (accept(Keyword::Other)) {
     Node at = from(begin);
     return new ClausePresentWhen(&at, PresentType::None, nullptr);
@@ -648,7 +654,7 @@ ClausePresentWhen *Parser::parsePresentWhen(const SourceRange &begin, bool isAbs
 }
 
 /// [JUST] AFTER [NEW] {PAGE [OR data-name] | data-name [OR PAGE]}
-ClausePresentAfter *Parser::parsePresentAfter(const SourceRange &begin) {
+ClausePresentAfter *ReportParser::parsePresentAfter(const SourceRange &begin) {
   accept(Keyword::Just);
   if (!accept(Keyword::After))
     return expected("WHEN or AFTER");

@@ -11,8 +11,15 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/Spelling.h"
-#include "Parse/Parser.h"
+#include "Parse/ParseStatement.h"
+#include "Parse/MisspeltWords.h"
+#include "Parse/ParseStatementArithmetic.h"
+#include "Parse/ParseStatementBranch.h"
+#include "Parse/ParseStatementData.h"
+#include "Parse/ParseStatementFile.h"
+#include "Parse/ParseStatementReport.h"
+#include "Parse/ParseStatementString.h"
+#include "Parse/ParseStatementXml.h"
 
 namespace tarka {
 
@@ -30,33 +37,12 @@ static bool isOsvsWord(llvm::StringRef word) {
 // Statements
 //===----------------------------------------------------------------------===//
 
-bool Parser::atStatement() {
-  const Token &token = peek();
-  if (token.isVerb())
-    return true;
-  // Words that are verbs only together with what follows.
-  switch (token.keyword) {
-  case Keyword::Next:
-    return peek(1).is(Keyword::Sentence);
-  case Keyword::Reset:
-    return peek(1).is(Keyword::Trace);
-  case Keyword::Suppress:
-    // XML GENERATE has a phrase SUPPRESS, which names something.
-    return peek(1).isOneOf(Keyword::Printing, Keyword::Else, TokenKind::Period) ||
-           peek(1).isVerb() || isScopeTerminator(peek(1).keyword);
-  case Keyword::On:
-    return options.osvs && (peek(1).isNumber() || peek(1).isUserWord());
-  default:
-    return false;
-  }
-}
-
-Statement *Parser::parseStatement() {
+Statement *StatementParser::parseStatement() {
   return parseStatementOf(peek().keyword);
 }
 
 /// The statement of \p verb. The verb is next, or it was misspelt and has been skipped.
-Statement *Parser::parseStatementOf(Keyword verb) {
+Statement *StatementParser::parseStatementOf(Keyword verb) {
   Depth level(*this);
   if (level.isTooDeep()) {
     error(DiagnosticId::NestedTooDeep, here(), maxDepth);
@@ -75,126 +61,19 @@ Statement *Parser::parseStatementOf(Keyword verb) {
   return result.get();
 }
 
-StatementResult Parser::dispatchStatement(Keyword verb) {
+StatementResult StatementParser::dispatchStatement(Keyword verb) {
   switch (verb) {
-  case Keyword::Accept:
-    return parseAccept();
-  case Keyword::Add:
-    return parseAdd();
-  case Keyword::Alter:
-    return parseAlter();
-  case Keyword::Call:
-    return parseCall();
-  case Keyword::Cancel:
-    return parseCancel();
-  case Keyword::Close:
-    return parseClose();
-  case Keyword::Compute:
-    return parseCompute();
-  case Keyword::Continue:
-    return parseContinue();
-  case Keyword::Delete:
-    return parseDelete();
-  case Keyword::Display:
-    return parseDisplay();
-  case Keyword::Divide:
-    return parseDivide();
-  case Keyword::Enter:
-    return parseEnter();
-  case Keyword::Entry:
-    return parseEntry();
-  case Keyword::Evaluate:
-    return parseEvaluate();
-  case Keyword::Examine:
-    return parseExamine();
-  case Keyword::Exec:
-  case Keyword::Execute:
-    return parseExec();
-  case Keyword::Exhibit:
-    return parseExhibit();
-  case Keyword::Exit:
-    return parseExit();
-  case Keyword::Generate:
-    return parseGenerate();
-  case Keyword::Go:
-    return parseGoto();
-  case Keyword::Goback:
-    return parseGoback();
-  case Keyword::If:
-    return parseIf();
-  case Keyword::Initialize:
-    return parseInitialize();
-  case Keyword::Initiate:
-    return parseInitiate();
-  case Keyword::Inspect:
-    return parseInspect();
-  case Keyword::Merge:
-    return parseMerge();
-  case Keyword::Move:
-    return parseMove();
-  case Keyword::Multiply:
-    return parseMultiply();
-  case Keyword::Next:
-    return parseNextSentence();
-  case Keyword::Note:
-    skipNote(/*isWholeParagraph=*/false);
-    return Outcome::Absent;
-  case Keyword::On:
-    return parseOn();
-  case Keyword::Open:
-    return parseOpen();
-  case Keyword::Perform:
-    return parsePerform();
-  case Keyword::Read:
-    return parseRead();
-  case Keyword::Ready:
-  case Keyword::Reset:
-    return parseTrace();
-  case Keyword::Release:
-    return parseRelease();
-  case Keyword::Return:
-    return parseReturn();
-  case Keyword::Rewrite:
-    return parseRewrite();
-  case Keyword::Search:
-    return parseSearch();
-  case Keyword::Seek:
-    return parseSeek();
-  case Keyword::Service:
-    return parseService();
-  case Keyword::Set:
-    return parseSet();
-  case Keyword::Sort:
-    return parseSort();
-  case Keyword::Start:
-    return parseStart();
-  case Keyword::Stop:
-    return parseStop();
-  case Keyword::String:
-    return parseString();
-  case Keyword::Subtract:
-    return parseSubtract();
-  case Keyword::Suppress:
-    return parseSuppress();
-  case Keyword::Terminate:
-    return parseTerminate();
-  case Keyword::Transform:
-    return parseTransform();
-  case Keyword::Unstring:
-    return parseUnstring();
-  case Keyword::Use:
-    return rejectUse();
-  case Keyword::Write:
-    return parseWrite();
-  case Keyword::Xml:
-    return parseXml();
+#define VERB(Verb, Family, Function, ...)                                                          \
+  case Keyword::Verb:                                                                              \
+    return Family(context).Function();
+#include "Parse/Verbs.def"
   default:
     return rejectStatement();
   }
 }
 
 /// A statement that the language has and the rest of the compiler does not.
-StatementResult Parser::rejectStatement() {
+StatementResult StatementParser::rejectStatement() {
   error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
   bool hasSecondWord = at(Keyword::Json) && peek(1).isOneOf(Keyword::Generate, Keyword::Parse);
   stream.skip();
@@ -204,15 +83,21 @@ StatementResult Parser::rejectStatement() {
 }
 
 /// USE begins a section of the declaratives and stands nowhere else.
-StatementResult Parser::rejectUse() {
+StatementResult StatementParser::rejectUse() {
   error(DiagnosticId::UseOutsideDeclaratives, here());
   while (!at(TokenKind::Period) && !atUnitBoundary())
     stream.skip();
   return Outcome::Discarded;
 }
 
+/// NOTE, which leaves nothing in the tree.
+StatementResult StatementParser::parseNote() {
+  skipNote(/*isWholeParagraph=*/false);
+  return Outcome::Absent;
+}
+
 /// ENTER language [routine]: a remark only.
-StatementResult Parser::parseEnter() {
+StatementResult StatementParser::parseEnter() {
   SourceRange begin = here();
   accept(Keyword::Enter);
   if (!peek().isWord())
@@ -224,7 +109,7 @@ StatementResult Parser::parseEnter() {
 
 /// SEEK file-name [RECORD]: the arm of the disk may move ahead of the READ; what is read stays the
 /// same.
-StatementResult Parser::parseSeek() {
+StatementResult StatementParser::parseSeek() {
   SourceRange begin = here();
   error(DiagnosticId::NoEffect, begin, textOf(peek().keyword));
   accept(Keyword::Seek);
@@ -235,7 +120,7 @@ StatementResult Parser::parseSeek() {
 }
 
 /// SERVICE LABEL, SERVICE RELOAD item: left over from older systems and without effect.
-StatementResult Parser::parseService() {
+StatementResult StatementParser::parseService() {
   SourceRange begin = here();
   accept(Keyword::Service);
   if (accept(Keyword::Label))
@@ -249,7 +134,7 @@ StatementResult Parser::parseService() {
 // Lists of statements
 //===----------------------------------------------------------------------===//
 
-Outcome Parser::parseStatements(std::list<Statement *> &statements) {
+Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   Recovery::ErrorTrap trap(recovery);
   Recovery::ListScope scope(recovery);
   StatementList list;
@@ -276,12 +161,12 @@ Outcome Parser::parseStatements(std::list<Statement *> &statements) {
 }
 
 /// Stands for statements that were reported and skipped, where at least one is needed.
-Statement *Parser::makePlaceholder(const SourceRange &begin) {
+Statement *StatementParser::makePlaceholder(const SourceRange &begin) {
   Node place(begin);
   return new ContinueStatement(&place);
 }
 
-bool Parser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
+bool StatementParser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
   SourceRange begin = here();
   switch (parseStatements(statements)) {
   case Outcome::Absent:
@@ -299,7 +184,7 @@ bool Parser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
 /// A list ends before a word that a statement around it waits for, and with the sentence. A
 /// contained statement without END- word ends with the one that contains it, so the word need not
 /// belong to the innermost statement.
-bool Parser::endsStatements(StatementList &list) {
+bool StatementParser::endsStatements(StatementList &list) {
   const Token &token = peek();
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile))
     return true;
@@ -356,67 +241,8 @@ bool Parser::endsStatements(StatementList &list) {
   return correctMisspelt() ? endsStatements(list) : rejectWord(list);
 }
 
-// What joins the operands of a statement before it with those behind it.
-static constexpr Keyword joints[] = {Keyword::By,       Keyword::Delimited, Keyword::From,
-                                     Keyword::Giving,   Keyword::Into,      Keyword::Replacing,
-                                     Keyword::Tallying, Keyword::To,        Keyword::Until,
-                                     Keyword::Upon,     Keyword::Using};
-
-/// Whether the token can only follow an operand, never one of the words that are looked for here.
-static bool followsOperand(const Token &token) {
-  return token.isOneOf(Keyword::Of, Keyword::In, Keyword::Is, Keyword::And, Keyword::Or,
-                       Keyword::Rounded, TokenKind::Equal, TokenKind::Less, TokenKind::Greater) ||
-         llvm::is_contained(joints, token.keyword);
-}
-
-/// The keyword that an undeclared word was most likely meant to be: one that a statement around
-/// waits for, that goes on with this one or, at the beginning of a line, a verb. None when there is
-/// no such keyword.
-Keyword Parser::misspeltKeyword() {
-  if (!at(TokenKind::Word) || !at(Keyword::None))
-    return Keyword::None;
-  const Token following = peek(1);
-  const bool isVerbNext = following.isVerb();
-  const bool isAtEnd =
-      following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword);
-  // Most words need no look at what is declared.
-  llvm::ArrayRef<EnclosingStatement> enclosing = recovery.getEnclosing();
-  const bool isEndPossible =
-      enclosing.size() > 1 || (!enclosing.empty() && scopeOf(enclosing.back().verb));
-  if (isAtEnd ? !isEndPossible : followsOperand(following))
-    return Keyword::None;
-  if (isNamed(peek()))
-    return Keyword::None;
-
-  const Token word = peek();
-  SpellingMatch match(word.text);
-  Keyword meant = Keyword::None;
-  auto consider = [&](Keyword candidate) {
-    if (match.consider(textOf(candidate)))
-      meant = candidate;
-  };
-  for (const EnclosingStatement &one : llvm::reverse(enclosing))
-    if (const ScopedVerb *scope = scopeOf(one.verb))
-      consider(scope->endWord);
-  if (isVerbNext && recovery.canTakeElse())
-    consider(Keyword::Else);
-  if (isAtEnd)
-    return meant;
-  if (recovery.canTakeWhen())
-    consider(Keyword::When);
-  for (Keyword joint : joints)
-    consider(joint);
-  if (!word.isFirstOnLine() || following.is(TokenKind::LParen))
-    return meant;
-#define KEYWORD(Enumerator, Text, Flags)                                                           \
-  if ((Flags) & KF_Verb)                                                                           \
-    consider(Keyword::Enumerator);
-#include "Parse/Keywords.def"
-  return meant;
-}
-
 /// Takes a word for the END- word, ELSE or WHEN that it comes near to, after a message.
-bool Parser::correctMisspelt() {
+bool StatementParser::correctMisspelt() {
   Keyword meant = misspeltKeyword();
   if (!isScopeTerminator(meant) && meant != Keyword::Else && meant != Keyword::When)
     return false;
@@ -427,7 +253,7 @@ bool Parser::correctMisspelt() {
 }
 
 /// Takes END IF for END-IF, after a message, where such a word is waited for.
-bool Parser::correctDividedEnd() {
+bool StatementParser::correctDividedEnd() {
   const ScopedVerb *scope = at(Keyword::End) ? scopeOf(peek(1).keyword) : nullptr;
   const Token following = peek(2);
   bool isEnd =
@@ -444,23 +270,9 @@ bool Parser::correctDividedEnd() {
   return true;
 }
 
-/// The reserved word that is nearest to \p word. Of equally near ones it is one of the same length:
-/// letters are exchanged more often than left out.
-static llvm::StringRef suggestReservedWord(llvm::StringRef word) {
-  SpellingMatch match(word);
-  for (bool isSameLength : {true, false}) {
-#define KEYWORD(Enumerator, Text, Flags)                                                           \
-  if (!((Flags) & (KF_ContextSensitive | KF_OsvsOnly)) &&                                          \
-      (word.size() == llvm::StringRef(Text).size()) == isSameLength)                               \
-    match.consider(Text);
-#include "Parse/Keywords.def"
-  }
-  return match.getNearest();
-}
-
 /// Reports ON or AT, which was taken off the stream, where one of the words behind it makes a
 /// phrase of it and another is not right. False when they are no such words.
-bool Parser::rejectPhrase(const Token &first) {
+bool StatementParser::rejectPhrase(const Token &first) {
   llvm::SmallVector<Keyword, 3> wanted;
   if (first.is(Keyword::On))
     wanted = {Keyword::Size, Keyword::Overflow, Keyword::Exception};
@@ -477,13 +289,13 @@ bool Parser::rejectPhrase(const Token &first) {
 
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
-bool Parser::rejectWord(StatementList &list) {
+bool StatementParser::rejectWord(StatementList &list) {
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (rejectPhrase(word)) {
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
-  } else if (!options.osvs && word.isWord() && isOsvsWord(word.text)) {
+  } else if (!context.options.osvs && word.isWord() && isOsvsWord(word.text)) {
     if (word.isFirstOnLine())
       recovery.resumeReporting();
     error(DiagnosticId::OsvsStatement, word.place, word.text);
@@ -491,11 +303,10 @@ bool Parser::rejectWord(StatementList &list) {
     skipRestOfStatement(Keyword::None);
   } else if (!meant.empty()) {
     error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
-    const ScopedVerb *verb = llvm::find_if(
-        scopedVerbs(), [meant](const ScopedVerb &one) { return textOf(one.verb) == meant; });
+    const ScopedVerb *verb = scopeOf(meant);
     if (meant == textOf(Keyword::Exec) || meant == textOf(Keyword::Execute))
       skipEmbeddedText();
-    else if (verb == scopedVerbs().end())
+    else if (!verb)
       skipRestOfStatement(Keyword::None);
     else if (verb->phrases.empty() || verb->verb == Keyword::Search)
       // ELSE, WHEN and END- words of the statement are to find it.
@@ -525,7 +336,7 @@ bool Parser::rejectWord(StatementList &list) {
 
 /// [NOT] {[ON] {SIZE ERROR | OVERFLOW | EXCEPTION} | [AT] {END | END-OF-PAGE | EOP}
 ///   | INVALID [KEY]}
-std::optional<PhraseStart> Parser::atExceptionPhrase() {
+std::optional<PhraseStart> StatementParser::atExceptionPhrase() {
   if (!at(Keyword::Not, Keyword::On, Keyword::At, Keyword::Size, Keyword::Overflow,
           Keyword::Exception, Keyword::End, Keyword::EndOfPage, Keyword::Eop, Keyword::Invalid))
     return std::nullopt;
@@ -572,13 +383,12 @@ std::optional<PhraseStart> Parser::atExceptionPhrase() {
   return std::nullopt;
 }
 
-void Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
-                                   std::initializer_list<ExceptionHandlerType> allowed) {
+void StatementParser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
-    PhraseSet &given = recovery.getInnermost().phrases;
-    if (given.contains(*phrase) || !llvm::is_contained(allowed, phrase->type))
+    EnclosingStatement &statement = recovery.getInnermost();
+    if (!statement.canTake(*phrase))
       return;
-    given.insert(*phrase);
+    statement.given.insert(*phrase);
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
@@ -594,27 +404,27 @@ void Parser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers,
 // Recovery
 //===----------------------------------------------------------------------===//
 
-bool Parser::atResumption(bool passesWhen) {
+bool StatementParser::atResumption(bool passesWhen) {
   const Token &token = peek();
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::Otherwise) ||
       isScopeTerminator(token.keyword) || (token.is(Keyword::When) && !passesWhen))
     return true;
   // EXHIBIT and the like, where the option for them is missing: each is told.
-  if (!options.osvs && token.isFirstOnLine() && token.is(Keyword::None) && isOsvsWord(token.text) &&
-      !isNamed(token))
+  if (!context.options.osvs && token.isFirstOnLine() && token.is(Keyword::None) &&
+      isOsvsWord(token.text) && !isNamed(token))
     return true;
   return atStatement() || atExceptionPhrase() || atProcedureHeader() || atEndDeclaratives() ||
          atUnitBoundary();
 }
 
-void Parser::skipToStatement(bool passesWhen) {
+void StatementParser::skipToStatement(bool passesWhen) {
   while (!atResumption(passesWhen))
     stream.skip();
 }
 
 /// Takes the rest of the statement \p verb, which could not be read, off the stream. None stands
 /// for a statement that nobody knows: phrases that no statement around could have are its own.
-void Parser::skipRestOfStatement(Keyword verb) {
+void StatementParser::skipRestOfStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
   PhraseSet taken;
   for (;;) {
@@ -640,11 +450,50 @@ void Parser::skipRestOfStatement(Keyword verb) {
 }
 
 /// Gives up the sentence. The statements around the place all end at its period, in silence.
-void Parser::abandonSentence() {
+void StatementParser::abandonSentence() {
   recovery.abandonSentence();
   while (!at(TokenKind::Period) && !atUnitBoundary() && !atProcedureHeader() &&
          !atEndDeclaratives())
     stream.skip();
+}
+
+//===----------------------------------------------------------------------===//
+// Parts of several statements
+//===----------------------------------------------------------------------===//
+
+/// {[BY] {REFERENCE | VALUE}] item...}... The way of passing holds until another one is written.
+bool StatementParser::parseParameters(std::list<Parameter *> &parameters) {
+  ParameterType type = ParameterType::Reference;
+  do {
+    SourceRange begin = here();
+    if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Value))
+      return expected("REFERENCE or VALUE");
+    if (accept(Keyword::Reference))
+      type = ParameterType::Reference;
+    else if (accept(Keyword::Value))
+      type = ParameterType::Value;
+    DataIdentifierExpression *item = parseDataName();
+    if (!item)
+      return false;
+    parameters.push_back(make<Parameter>(begin, type, item));
+  } while (at(Keyword::By, Keyword::Reference, Keyword::Value) || atName());
+  return true;
+}
+
+/// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
+/// text is no program: an apostrophe in it opens no literal.
+void StatementParser::skipNote(bool isWholeParagraph) {
+  bool isFixed = peek().isInFixedForm();
+  stream.skip();
+  if (!isWholeParagraph)
+    return stream.skipRemark();
+  if (isFixed)
+    return stream.skipCommentEntry();
+  // In free form nothing but what follows a period tells where the paragraph ends.
+  do {
+    stream.skipRemark();
+    accept(TokenKind::Period);
+  } while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() == HeaderKind::None);
 }
 
 } // namespace tarka

@@ -5,7 +5,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementArithmetic.h"
 
 namespace tarka {
 
@@ -14,7 +14,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// receiver [ROUNDED]
-RoundedOperand *Parser::parseReceiver() {
+RoundedOperand *ArithmeticStatements::parseReceiver() {
   Expression *receiver = parseOperand("an identifier");
   if (!receiver)
     return nullptr;
@@ -23,7 +23,7 @@ RoundedOperand *Parser::parseReceiver() {
 }
 
 /// {receiver [ROUNDED]}...
-bool Parser::parseReceivers(std::list<RoundedOperand *> &receivers) {
+bool ArithmeticStatements::parseReceivers(std::list<RoundedOperand *> &receivers) {
   do {
     RoundedOperand *receiver = parseReceiver();
     if (!receiver)
@@ -35,18 +35,13 @@ bool Parser::parseReceivers(std::list<RoundedOperand *> &receivers) {
 
 /// The one operand that stands before GIVING, which was read as if it were a receiving operand.
 /// Null after a message.
-Expression *Parser::soleOperand(const std::list<RoundedOperand *> &operands) {
+Expression *ArithmeticStatements::soleOperand(const std::list<RoundedOperand *> &operands) {
   if (operands.size() > 1)
     return error(DiagnosticId::OneOperandBeforeGiving,
                  (*std::next(operands.begin()))->first->getRange());
   if (Word *rounded = operands.front()->second)
     return error(DiagnosticId::RoundedBeforeGiving, rounded->getRange());
   return operands.front()->first;
-}
-
-/// [[NOT] ON SIZE ERROR statements]... [END-xxx]
-template <typename T> T *Parser::finishArithmetic(T *statement, Keyword end) {
-  return finish(statement, &T::addSizeErrorHandler, {ExceptionHandlerType::SizeError}, end);
 }
 
 //===----------------------------------------------------------------------===//
@@ -57,7 +52,7 @@ template <typename T> T *Parser::finishArithmetic(T *statement, Keyword end) {
 /// ADD operand... [TO operand] GIVING {receiver [ROUNDED]}...
 /// ADD {CORRESPONDING | CORR} group TO group [ROUNDED]
 ///   [[NOT] ON SIZE ERROR statements]... [END-ADD]
-StatementResult Parser::parseAdd() {
+StatementResult ArithmeticStatements::parseAdd() {
   SourceRange begin = here();
   accept(Keyword::Add);
   auto *add = make<AddStatement>(begin, AddStmtType::To);
@@ -70,7 +65,7 @@ StatementResult Parser::parseAdd() {
     add->setToRoundExpr(parseReceiver());
     if (!add->getToRoundExpr())
       return nullptr;
-    return finishArithmetic(add, Keyword::EndAdd);
+    return finish(add, &AddStatement::addSizeErrorHandler);
   }
 
   if (!parseOperands(*add, &AddStatement::addOperand))
@@ -94,14 +89,14 @@ StatementResult Parser::parseAdd() {
   } else {
     add->getToListElements().swap(receivers);
   }
-  return finishArithmetic(add, Keyword::EndAdd);
+  return finish(add, &AddStatement::addSizeErrorHandler);
 }
 
 /// SUBTRACT operand... FROM {receiver [ROUNDED]}...
 /// SUBTRACT operand... FROM operand GIVING {receiver [ROUNDED]}...
 /// SUBTRACT {CORRESPONDING | CORR} group FROM group [ROUNDED]
 ///   [[NOT] ON SIZE ERROR statements]... [END-SUBTRACT]
-StatementResult Parser::parseSubtract() {
+StatementResult ArithmeticStatements::parseSubtract() {
   SourceRange begin = here();
   accept(Keyword::Subtract);
   auto *subtract = make<SubtractStatement>(begin, SubtractStmtType::From);
@@ -114,7 +109,7 @@ StatementResult Parser::parseSubtract() {
     subtract->setFromRoundExpr(parseReceiver());
     if (!subtract->getFromRoundExpr())
       return nullptr;
-    return finishArithmetic(subtract, Keyword::EndSubtract);
+    return finish(subtract, &SubtractStatement::addSizeErrorHandler);
   }
 
   if (!parseOperands(*subtract, &SubtractStatement::addOperand) || !expect(Keyword::From))
@@ -130,7 +125,7 @@ StatementResult Parser::parseSubtract() {
   } else {
     subtract->getFromListElements().swap(receivers);
   }
-  return finishArithmetic(subtract, Keyword::EndSubtract);
+  return finish(subtract, &SubtractStatement::addSizeErrorHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -140,7 +135,7 @@ StatementResult Parser::parseSubtract() {
 /// MULTIPLY operand BY {receiver [ROUNDED]}...
 /// MULTIPLY operand BY operand GIVING {receiver [ROUNDED]}...
 ///   [[NOT] ON SIZE ERROR statements]... [END-MULTIPLY]
-StatementResult Parser::parseMultiply() {
+StatementResult ArithmeticStatements::parseMultiply() {
   SourceRange begin = here();
   accept(Keyword::Multiply);
   Expression *multiplicand = parseOperand();
@@ -157,14 +152,14 @@ StatementResult Parser::parseMultiply() {
   } else {
     multiply->getByListElements().swap(receivers);
   }
-  return finishArithmetic(multiply, Keyword::EndMultiply);
+  return finish(multiply, &MultiplyStatement::addSizeErrorHandler);
 }
 
 /// DIVIDE operand INTO {receiver [ROUNDED]}...
 /// DIVIDE operand {INTO | BY} operand GIVING {receiver [ROUNDED]}...
 /// DIVIDE operand {INTO | BY} operand GIVING receiver [ROUNDED] REMAINDER receiver
 ///   [[NOT] ON SIZE ERROR statements]... [END-DIVIDE]
-StatementResult Parser::parseDivide() {
+StatementResult ArithmeticStatements::parseDivide() {
   SourceRange begin = here();
   accept(Keyword::Divide);
   Expression *first = parseOperand();
@@ -203,7 +198,7 @@ StatementResult Parser::parseDivide() {
     if (!divide->getRemainderExpr())
       return nullptr;
   }
-  return finishArithmetic(divide, Keyword::EndDivide);
+  return finish(divide, &DivideStatement::addSizeErrorHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -212,7 +207,7 @@ StatementResult Parser::parseDivide() {
 
 /// COMPUTE {receiver [ROUNDED]}... {= | EQUAL} arithmetic-expression
 ///   [[NOT] ON SIZE ERROR statements]... [END-COMPUTE]
-StatementResult Parser::parseCompute() {
+StatementResult ArithmeticStatements::parseCompute() {
   SourceRange begin = here();
   accept(Keyword::Compute);
   auto *compute = make<ComputeStatement>(begin);
@@ -223,7 +218,7 @@ StatementResult Parser::parseCompute() {
   compute->setArithmeticExpression(parseArithmeticExpression());
   if (!compute->getArithmeticExpression())
     return nullptr;
-  return finishArithmetic(compute, Keyword::EndCompute);
+  return finish(compute, &ComputeStatement::addSizeErrorHandler);
 }
 
 } // namespace tarka

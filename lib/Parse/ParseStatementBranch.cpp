@@ -1,6 +1,6 @@
 //===- ParseStatementBranch.cpp - statements that direct control ----------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementBranch.h"
 
 namespace tarka {
 
@@ -9,7 +9,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// CALL program [USING argument...] [RETURNING identifier] [exception phrases] [END-CALL]
-StatementResult Parser::parseCall() {
+StatementResult BranchStatements::parseCall() {
   SourceRange begin = here();
   accept(Keyword::Call);
   Expression *program = parseOperand();
@@ -24,14 +24,12 @@ StatementResult Parser::parseCall() {
       return nullptr;
     call->setReturn(item);
   }
-  return finish(call, &CallStatement::addExceptHandler,
-                {ExceptionHandlerType::Overflow, ExceptionHandlerType::OnException},
-                Keyword::EndCall);
+  return finish(call, &CallStatement::addExceptHandler);
 }
 
 /// {[[BY] {REFERENCE | CONTENT | VALUE}] {operand | OMITTED}...}... The way of passing holds until
 /// another one is written.
-bool Parser::parseCallArguments(CallStatement &call) {
+bool BranchStatements::parseCallArguments(CallStatement &call) {
   ArgType type = ArgType::Reference;
   do {
     SourceRange begin = here();
@@ -55,7 +53,7 @@ bool Parser::parseCallArguments(CallStatement &call) {
 
 /// One argument; \p begin is where it or the way of passing before it begins. A file is passed by
 /// its name.
-Argument *Parser::parseCallArgument(ArgType type, const SourceRange &begin) {
+Argument *BranchStatements::parseCallArgument(ArgType type, const SourceRange &begin) {
   if (accept(Keyword::Omitted))
     return make<Argument>(begin, type, nullptr, /*isLeftOut=*/true);
   Expression *operand = nullptr;
@@ -67,7 +65,7 @@ Argument *Parser::parseCallArgument(ArgType type, const SourceRange &begin) {
 }
 
 /// CANCEL program...
-StatementResult Parser::parseCancel() {
+StatementResult BranchStatements::parseCancel() {
   SourceRange begin = here();
   accept(Keyword::Cancel);
   auto *cancel = make<CancelStatement>(begin);
@@ -77,7 +75,7 @@ StatementResult Parser::parseCancel() {
 }
 
 /// ENTRY literal [USING parameter...]
-StatementResult Parser::parseEntry() {
+StatementResult BranchStatements::parseEntry() {
   SourceRange begin = here();
   accept(Keyword::Entry);
   LiteralExpression *name = parseLiteral();
@@ -95,14 +93,14 @@ StatementResult Parser::parseEntry() {
 }
 
 /// GOBACK
-StatementResult Parser::parseGoback() {
+StatementResult BranchStatements::parseGoback() {
   SourceRange begin = here();
   accept(Keyword::Goback);
   return make<GobackStatement>(begin);
 }
 
 /// STOP {RUN | literal}
-StatementResult Parser::parseStop() {
+StatementResult BranchStatements::parseStop() {
   SourceRange begin = here();
   accept(Keyword::Stop);
   if (accept(Keyword::Run))
@@ -119,7 +117,7 @@ StatementResult Parser::parseStop() {
 
 /// GO [TO] [procedure-name]
 /// GO [TO] procedure-name... DEPENDING [ON] identifier
-StatementResult Parser::parseGoto() {
+StatementResult BranchStatements::parseGoto() {
   SourceRange begin = here();
   accept(Keyword::Go);
   accept(Keyword::To);
@@ -150,19 +148,18 @@ StatementResult Parser::parseGoto() {
 }
 
 /// ALTER {procedure-name TO [PROCEED TO] procedure-name}...
-StatementResult Parser::parseAlter() {
+StatementResult BranchStatements::parseAlter() {
   SourceRange begin = here();
   accept(Keyword::Alter);
   auto *alter = make<AlterStatement>(begin);
-  auto atItem = [](Parser *parser) {
-    return parser->at(TokenKind::IntegerLiteral) || parser->atName();
-  };
-  if (!parseSeries(*alter, &AlterStatement::addAlterItem, &Parser::parseAlterItem, atItem))
+  auto atItem = [this] { return at(TokenKind::IntegerLiteral) || atName(); };
+  if (!parseSeries(*alter, &AlterStatement::addAlterItem, &BranchStatements::parseAlterItem,
+                   atItem))
     return nullptr;
   return complete(alter);
 }
 
-AlterItem *Parser::parseAlterItem() {
+AlterItem *BranchStatements::parseAlterItem() {
   SourceRange begin = here();
   QualifiedWord *source = parseProcedureName();
   if (!source || !expect(Keyword::To))
@@ -174,7 +171,7 @@ AlterItem *Parser::parseAlterItem() {
 }
 
 /// EXIT [PROGRAM | PARAGRAPH | SECTION | PERFORM [CYCLE]]
-StatementResult Parser::parseExit() {
+StatementResult BranchStatements::parseExit() {
   SourceRange begin = here();
   accept(Keyword::Exit);
   if (accept(Keyword::Program))
@@ -202,7 +199,7 @@ StatementResult Parser::parseExit() {
 
 /// Whether an operand with TIMES behind it is next. A name can be that of a procedure just as well;
 /// what follows its qualifiers and subscripts tells.
-bool Parser::atTimesPhrase() {
+bool BranchStatements::atTimesPhrase() {
   if (isSpecialRegister(peek().keyword) || at(Keyword::Function))
     return true;
   if (!peek().isUserWord() && !peek().isNumber() && !at(TokenKind::Plus, TokenKind::Minus) &&
@@ -227,13 +224,13 @@ bool Parser::atTimesPhrase() {
 }
 
 /// Whether a phrase that says how often, or until when, is next.
-bool Parser::atPerformPhrase() {
+bool BranchStatements::atPerformPhrase() {
   return at(Keyword::With, Keyword::Test, Keyword::Until, Keyword::Varying) || atTimesPhrase();
 }
 
 /// PERFORM procedure-name [THROUGH procedure-name] [phrase]
 /// PERFORM [phrase] statements END-PERFORM
-StatementResult Parser::parsePerform() {
+StatementResult BranchStatements::parsePerform() {
   SourceRange begin = here();
   accept(Keyword::Perform);
   auto *perform = make<PerformStatement>(begin, PerformStmtType::Simple);
@@ -256,7 +253,7 @@ StatementResult Parser::parsePerform() {
 
 /// The statements and END-PERFORM; they are read even where the phrase before them could not be,
 /// which \p isComplete tells.
-StatementResult Parser::parsePerformInline(PerformStatement *perform, bool isComplete) {
+StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, bool isComplete) {
   if (!isComplete)
     skipToStatement();
   std::list<Statement *> statements;
@@ -273,7 +270,7 @@ StatementResult Parser::parsePerformInline(PerformStatement *perform, bool isCom
 }
 
 /// operand TIMES | [[WITH] TEST {BEFORE | AFTER}] {UNTIL condition | VARYING ... [AFTER ...]...}
-bool Parser::parsePerformPhrase(PerformStatement &perform) {
+bool BranchStatements::parsePerformPhrase(PerformStatement &perform) {
   SourceRange begin = here();
   if (at(Keyword::With, Keyword::Test)) {
     accept(Keyword::With);
@@ -295,8 +292,9 @@ bool Parser::parsePerformPhrase(PerformStatement &perform) {
   }
   if (at(Keyword::Varying)) {
     perform.setType(PerformStmtType::Varying);
-    return parseSeries(perform, &PerformStatement::addPhrase, &Parser::parsePerformVarying,
-                       [](Parser *parser) { return parser->at(Keyword::After); });
+    return parseSeries(perform, &PerformStatement::addPhrase,
+                       &BranchStatements::parsePerformVarying,
+                       [this] { return at(Keyword::After); });
   }
   perform.setType(PerformStmtType::Times);
   perform.setTimesInteger(parseOperand());
@@ -304,7 +302,7 @@ bool Parser::parsePerformPhrase(PerformStatement &perform) {
 }
 
 /// {VARYING | AFTER} identifier FROM operand BY operand UNTIL condition
-PerformVarying *Parser::parsePerformVarying() {
+PerformVarying *BranchStatements::parsePerformVarying() {
   SourceRange begin = here();
   acceptAny(Keyword::Varying, Keyword::After);
   Expression *varying = parseIdentifier();
@@ -325,14 +323,14 @@ PerformVarying *Parser::parsePerformVarying() {
 //===----------------------------------------------------------------------===//
 
 /// CONTINUE
-StatementResult Parser::parseContinue() {
+StatementResult BranchStatements::parseContinue() {
   SourceRange begin = here();
   accept(Keyword::Continue);
   return make<ContinueStatement>(begin);
 }
 
 /// NEXT SENTENCE
-StatementResult Parser::parseNextSentence() {
+StatementResult BranchStatements::parseNextSentence() {
   SourceRange begin = here();
   accept(Keyword::Next);
   accept(Keyword::Sentence);
@@ -341,7 +339,7 @@ StatementResult Parser::parseNextSentence() {
 
 /// The branch behind ELSE, where there is one. From here on an ELSE belongs to a statement farther
 /// out.
-bool Parser::parseElse(std::list<Statement *> &statements) {
+bool BranchStatements::parseElse(std::list<Statement *> &statements) {
   if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
   recovery.getInnermost().hasElse = true;
@@ -355,7 +353,7 @@ bool Parser::parseElse(std::list<Statement *> &statements) {
 
 /// IF condition [THEN] statements [ELSE statements] [END-IF]. The branches are read even where the
 /// condition could not be.
-StatementResult Parser::parseIf() {
+StatementResult BranchStatements::parseIf() {
   SourceRange begin = here();
   accept(Keyword::If);
   Condition *condition = parseCondition();
@@ -377,7 +375,7 @@ StatementResult Parser::parseIf() {
 }
 
 /// ON count [AND EVERY count] [UNTIL count] statements [{ELSE | OTHERWISE} statements]
-StatementResult Parser::parseOn() {
+StatementResult BranchStatements::parseOn() {
   SourceRange begin = here();
   accept(Keyword::On);
   Expression *count = parseOperand();
@@ -416,13 +414,13 @@ StatementResult Parser::parseOn() {
 /// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
 ///   [WHEN OTHER statements] [END-EVALUATE]. What could not be read does not keep the rest from
 /// being read.
-StatementResult Parser::parseEvaluate() {
+StatementResult BranchStatements::parseEvaluate() {
   SourceRange begin = here();
   accept(Keyword::Evaluate);
   auto *evaluate = make<EvaluateStatement>(begin);
-  bool isComplete =
-      parseSeries(*evaluate, &EvaluateStatement::addSubject, &Parser::parseEvaluateSubject,
-                  [](Parser *parser) { return parser->accept(Keyword::Also); });
+  bool isComplete = parseSeries(*evaluate, &EvaluateStatement::addSubject,
+                                &BranchStatements::parseEvaluateSubject,
+                                [this] { return accept(Keyword::Also); });
   if (isComplete && !at(Keyword::When))
     isComplete = expect(Keyword::When);
   if (!isComplete)
@@ -448,7 +446,7 @@ StatementResult Parser::parseEvaluate() {
   return isComplete ? complete(evaluate) : StatementResult(Outcome::Discarded);
 }
 
-EvaluateSubject *Parser::parseEvaluateSubject() {
+EvaluateSubject *BranchStatements::parseEvaluateSubject() {
   SourceRange begin = here();
   if (accept(Keyword::True))
     return make<EvaluateSubject>(begin, EvalSubjectType::True, nullptr, nullptr);
@@ -463,7 +461,7 @@ EvaluateSubject *Parser::parseEvaluateSubject() {
 }
 
 /// The WHENs that share statements, and the statements. Clears \p isComplete after a message.
-EvaluateCase *Parser::parseEvaluateCase(EvaluateStatement &evaluate, bool &isComplete) {
+EvaluateCase *BranchStatements::parseEvaluateCase(EvaluateStatement &evaluate, bool &isComplete) {
   SourceRange begin = here();
   auto *branch = make<EvaluateCase>(begin);
   while (at(Keyword::When)) {
@@ -479,7 +477,7 @@ EvaluateCase *Parser::parseEvaluateCase(EvaluateStatement &evaluate, bool &isCom
 }
 
 /// WHEN {OTHER | object [ALSO object]...}
-EvaluateWhen *Parser::parseEvaluateWhen(EvaluateStatement &evaluate) {
+EvaluateWhen *BranchStatements::parseEvaluateWhen(EvaluateStatement &evaluate) {
   SourceRange begin = here();
   accept(Keyword::When);
   if (accept(Keyword::Other))
@@ -500,7 +498,7 @@ EvaluateWhen *Parser::parseEvaluateWhen(EvaluateStatement &evaluate) {
 
 /// ANY, TRUE, FALSE, a condition, or [NOT] operand [THROUGH operand]. What a name alone is, the
 /// subject tells: beside an operand it is an operand, beside a truth value a condition.
-EvaluateObject *Parser::parseEvaluateObject(const EvaluateSubject *subject) {
+EvaluateObject *BranchStatements::parseEvaluateObject(const EvaluateSubject *subject) {
   SourceRange begin = here();
   if (accept(Keyword::Any))
     return make<EvaluateObject>(begin, EvalObjectType::Any);
@@ -512,7 +510,8 @@ EvaluateObject *Parser::parseEvaluateObject(const EvaluateSubject *subject) {
   return parseEvaluateOperand(begin, isTruthWanted);
 }
 
-EvaluateObject *Parser::parseEvaluateCondition(const SourceRange &begin, Condition *condition) {
+EvaluateObject *BranchStatements::parseEvaluateCondition(const SourceRange &begin,
+                                                         Condition *condition) {
   if (!condition)
     return nullptr;
   auto *object = make<EvaluateObject>(begin, EvalObjectType::Condition);
@@ -522,7 +521,8 @@ EvaluateObject *Parser::parseEvaluateCondition(const SourceRange &begin, Conditi
 
 /// Beside a truth value, NOT is part of a condition and a name alone is taken for that of one; an
 /// operand of another kind is read all the same, for the checker to say that it does not fit.
-EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin, bool isTruthWanted) {
+EvaluateObject *BranchStatements::parseEvaluateOperand(const SourceRange &begin,
+                                                       bool isTruthWanted) {
   bool isNot = !isTruthWanted && accept(Keyword::Not);
   Comparand front;
   if (isNot)
@@ -554,7 +554,7 @@ EvaluateObject *Parser::parseEvaluateOperand(const SourceRange &begin, bool isTr
 
 /// SEARCH [ALL] table [VARYING identifier] [[AT] END statements] {WHEN condition statements}...
 ///   [END-SEARCH]. What could not be read does not keep the rest from being read.
-StatementResult Parser::parseSearch() {
+StatementResult BranchStatements::parseSearch() {
   SourceRange begin = here();
   accept(Keyword::Search);
   Recovery::ErrorTrap trap(recovery);
@@ -573,7 +573,7 @@ StatementResult Parser::parseSearch() {
   if (!isComplete)
     skipToStatement();
   std::list<ExceptionHandler *> handlers;
-  parseExceptionPhrases(handlers, {ExceptionHandlerType::AtEnd});
+  parseExceptionPhrases(handlers);
   for (ExceptionHandler *handler : handlers)
     search->addAtHandler(handler);
   if (!at(Keyword::When)) {
@@ -595,7 +595,7 @@ StatementResult Parser::parseSearch() {
 }
 
 /// WHEN condition statements
-SearchWhen *Parser::parseSearchWhen() {
+SearchWhen *BranchStatements::parseSearchWhen() {
   SourceRange begin = here();
   accept(Keyword::When);
   Condition *condition = parseCondition();
@@ -613,55 +613,8 @@ SearchWhen *Parser::parseSearchWhen() {
 // Other languages and tracing
 //===----------------------------------------------------------------------===//
 
-/// EXEC language text END-EXEC
-StatementResult Parser::parseExec() {
-  SourceRange begin = here();
-  acceptAny(Keyword::Exec, Keyword::Execute);
-  if (!peek().isWord())
-    return expected("the name of a language");
-  ExecType type = at(Keyword::Cics)                   ? ExecType::Cics
-                  : at(Keyword::Sql, Keyword::Sqlims) ? ExecType::Sql
-                  : at(Keyword::Dli)                  ? ExecType::Dli
-                                                      : ExecType::Other;
-  embeddedLanguages.set(static_cast<unsigned>(type));
-  stream.skip();
-  llvm::StringRef text;
-  if (at(TokenKind::EmbeddedText)) {
-    text = peek().text;
-    stream.skip();
-  }
-  // The stream has reported an END-EXEC that is missing. Without it the text takes the period and
-  // all that follows with it.
-  if (!accept(Keyword::EndExec) && at(TokenKind::EndOfFile))
-    recovery.noteUnknownStatement();
-  return make<ExecStatement>(begin, type, text);
-}
-
-bool Parser::skipEmbeddedBlock() {
-  if (at(Keyword::Exec, Keyword::Execute)) {
-    parseExec();
-  } else {
-    bool isMisspelt = peek().isUserWord() &&
-                      peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) &&
-                      nearestKeyword(peek().text, Keyword::Exec) != Keyword::None;
-    if (!isMisspelt)
-      return false;
-    error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(Keyword::Exec));
-    skipEmbeddedText();
-  }
-  accept(TokenKind::Period);
-  return true;
-}
-
-/// The text of a block whose EXEC is misspelt, so that the stream has made tokens of it.
-void Parser::skipEmbeddedText() {
-  while (!at(Keyword::EndExec) && !atUnitBoundary())
-    stream.skip();
-  accept(Keyword::EndExec);
-}
-
 /// {READY | RESET} TRACE
-StatementResult Parser::parseTrace() {
+StatementResult BranchStatements::parseTrace() {
   SourceRange begin = here();
   TraceType type = at(Keyword::Ready) ? TraceType::Ready : TraceType::Reset;
   stream.skip();

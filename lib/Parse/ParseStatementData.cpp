@@ -1,6 +1,6 @@
 //===- ParseStatementData.cpp - ACCEPT, DISPLAY, MOVE, SET, INITIALIZE ----===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementData.h"
 
 namespace tarka {
 
@@ -9,7 +9,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// FROM {mnemonic-name | environment-name | DATE [YYYYMMDD] | DAY [YYYYDDD] | DAY-OF-WEEK | TIME}
-AcceptFrom *Parser::parseAcceptFrom() {
+AcceptFrom *DataStatements::parseAcceptFrom() {
   SourceRange begin = here();
   accept(Keyword::From);
   if (accept(Keyword::Date))
@@ -27,7 +27,7 @@ AcceptFrom *Parser::parseAcceptFrom() {
 }
 
 /// ACCEPT identifier [FROM source] [END-ACCEPT]
-StatementResult Parser::parseAccept() {
+StatementResult DataStatements::parseAccept() {
   SourceRange begin = here();
   accept(Keyword::Accept);
   IdentifierExpression *receiver = parseIdentifier();
@@ -41,19 +41,17 @@ StatementResult Parser::parseAccept() {
     if (!statement->getFromType())
       return nullptr;
   }
-  return finish(statement, Keyword::EndAccept);
+  return finish(statement);
 }
 
 /// DISPLAY operand... [UPON {mnemonic-name | environment-name}] [[WITH] NO ADVANCING] [END-DISPLAY]
-StatementResult Parser::parseDisplay() {
+StatementResult DataStatements::parseDisplay() {
   SourceRange begin = here();
   accept(Keyword::Display);
   auto *display = make<DisplayStatement>(begin);
   // END-DISPLAY is no reserved word, and so it could name something to be displayed.
-  auto parse = [](Parser *parser) { return parser->parseOperand(); };
-  auto atAnother = [](Parser *parser) {
-    return parser->atOperand() && !parser->at(Keyword::EndDisplay);
-  };
+  auto parse = [this] { return parseOperand(); };
+  auto atAnother = [this] { return atOperand() && !at(Keyword::EndDisplay); };
   if (!parseSeries(*display, &DisplayStatement::addIdenLiter, parse, atAnother))
     return nullptr;
   if (accept(Keyword::Upon)) {
@@ -68,7 +66,7 @@ StatementResult Parser::parseDisplay() {
     accept(Keyword::Advancing);
     display->setIsNoAdvancing(true);
   }
-  return finish(display, Keyword::EndDisplay);
+  return finish(display);
 }
 
 //===----------------------------------------------------------------------===//
@@ -76,7 +74,7 @@ StatementResult Parser::parseDisplay() {
 //===----------------------------------------------------------------------===//
 
 /// MOVE [CORRESPONDING | CORR] operand TO identifier...
-StatementResult Parser::parseMove() {
+StatementResult DataStatements::parseMove() {
   SourceRange begin = here();
   accept(Keyword::Move);
   bool corresponding = acceptAny(Keyword::Corresponding, Keyword::Corr);
@@ -94,7 +92,7 @@ StatementResult Parser::parseMove() {
 //===----------------------------------------------------------------------===//
 
 /// What TO gives: operand, ENTRY operand, NULL, ON, OFF, TRUE or FALSE.
-SetToValue *Parser::parseSetToValue() {
+SetToValue *DataStatements::parseSetToValue() {
   SourceRange begin = here();
   if (acceptAny(Keyword::Null, Keyword::Nulls))
     return make<SetToValue>(begin, SetToValueType::Null);
@@ -132,7 +130,7 @@ static SetItemType formatOf(SetToValueType value) {
 ///
 /// A receiving operand is an identifier, ADDRESS OF identifier, a switch or a condition-name; which
 /// of them, only the words behind the list tell.
-SetItem *Parser::parseSetItem() {
+SetItem *DataStatements::parseSetItem() {
   auto *item = make<SetItem>(here(), SetItemType::To);
   std::list<Expression *> receivers;
   do {
@@ -176,11 +174,12 @@ SetItem *Parser::parseSetItem() {
 }
 
 /// SET {receiver... {TO value | UP BY operand | DOWN BY operand}}...
-StatementResult Parser::parseSet() {
+StatementResult DataStatements::parseSet() {
   SourceRange begin = here();
   accept(Keyword::Set);
   auto *set = make<SetStatement>(begin);
-  return parseSeries(*set, &SetStatement::addItem, &Parser::parseSetItem, &Parser::atOperand)
+  return parseSeries(*set, &SetStatement::addItem, &DataStatements::parseSetItem,
+                     &DataStatements::atOperand)
              ? complete(set)
              : nullptr;
 }
@@ -215,7 +214,7 @@ static std::optional<InitializeReplacingType> categoryOf(Keyword keyword) {
 }
 
 /// {ALL | category...} [TO] VALUE
-bool Parser::parseInitializeToValue(InitializeStatement &initialize) {
+bool DataStatements::parseInitializeToValue(InitializeStatement &initialize) {
   if (accept(Keyword::All))
     initialize.setIsAllToValue(true);
   else
@@ -228,7 +227,7 @@ bool Parser::parseInitializeToValue(InitializeStatement &initialize) {
 }
 
 /// {category [DATA] BY operand}...
-bool Parser::parseInitializeReplacing(InitializeStatement &initialize) {
+bool DataStatements::parseInitializeReplacing(InitializeStatement &initialize) {
   auto category = categoryOf(peek().keyword);
   if (!category)
     return expected("a category of data");
@@ -246,7 +245,7 @@ bool Parser::parseInitializeReplacing(InitializeStatement &initialize) {
 
 /// INITIALIZE identifier... [[WITH] FILLER] [{ALL | category...} [TO] VALUE]
 ///   [[THEN] REPLACING {category [DATA] BY operand}...] [[THEN] TO DEFAULT]
-StatementResult Parser::parseInitialize() {
+StatementResult DataStatements::parseInitialize() {
   SourceRange begin = here();
   accept(Keyword::Initialize);
   auto *initialize = make<InitializeStatement>(begin);

@@ -1,6 +1,6 @@
 //===- ParseStatementFile.cpp - input-output, SORT and MERGE --------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementFile.h"
 
 namespace tarka {
 
@@ -9,7 +9,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// file-name [REVERSED | [WITH] NO REWIND]
-OpenFile *Parser::parseOpenFile() {
+OpenFile *FileStatements::parseOpenFile() {
   SourceRange begin = here();
   FileIdentifierExpression *name = parseFileName();
   if (!name)
@@ -45,7 +45,7 @@ static std::optional<OpenType> openModeOf(Keyword keyword) {
 }
 
 /// OPEN {{INPUT | OUTPUT | I-O | EXTEND} {file-name [REVERSED | [WITH] NO REWIND]}...}...
-StatementResult Parser::parseOpen() {
+StatementResult FileStatements::parseOpen() {
   SourceRange begin = here();
   accept(Keyword::Open);
   auto *open = make<OpenStatement>(begin);
@@ -55,7 +55,8 @@ StatementResult Parser::parseOpen() {
   for (; mode; mode = openModeOf(peek().keyword)) {
     auto *item = make<OpenItem>(here(), *mode);
     stream.skip();
-    if (!parseSeries(*item, &OpenItem::addFile, &Parser::parseOpenFile, &Parser::atFileName))
+    if (!parseSeries(*item, &OpenItem::addFile, &FileStatements::parseOpenFile,
+                     &FileStatements::atFileName))
       return nullptr;
     open->addItem(complete(item));
   }
@@ -63,7 +64,7 @@ StatementResult Parser::parseOpen() {
 }
 
 /// file-name [{REEL | UNIT} [[FOR] REMOVAL | [WITH] NO REWIND] | [WITH] {NO REWIND | LOCK}]
-CloseFile *Parser::parseCloseFile() {
+CloseFile *FileStatements::parseCloseFile() {
   SourceRange begin = here();
   FileIdentifierExpression *name = parseFileName();
   if (!name)
@@ -95,12 +96,12 @@ CloseFile *Parser::parseCloseFile() {
 }
 
 /// CLOSE {file-name [option]}...
-StatementResult Parser::parseClose() {
+StatementResult FileStatements::parseClose() {
   SourceRange begin = here();
   accept(Keyword::Close);
   auto *close = make<CloseStatement>(begin);
-  return parseSeries(*close, &CloseStatement::addCloseFile, &Parser::parseCloseFile,
-                     &Parser::atFileName)
+  return parseSeries(*close, &CloseStatement::addCloseFile, &FileStatements::parseCloseFile,
+                     &FileStatements::atFileName)
              ? complete(close)
              : nullptr;
 }
@@ -111,7 +112,7 @@ StatementResult Parser::parseClose() {
 
 /// READ file-name [NEXT] [RECORD] [INTO identifier] [KEY [IS] data-name]
 ///   [[NOT] AT END statements]... [[NOT] INVALID KEY statements]... [END-READ]
-StatementResult Parser::parseRead() {
+StatementResult FileStatements::parseRead() {
   SourceRange begin = here();
   accept(Keyword::Read);
   FileIdentifierExpression *file = parseFileName();
@@ -133,13 +134,12 @@ StatementResult Parser::parseRead() {
     if (!read->getKeyName())
       return nullptr;
   }
-  return finish(read, &ReadStatement::addError,
-                {ExceptionHandlerType::AtEnd, ExceptionHandlerType::InvalidKey}, Keyword::EndRead);
+  return finish(read, &ReadStatement::addError);
 }
 
 /// EQUAL [TO], =, GREATER [THAN], >, NOT LESS [THAN], NOT <, GREATER [THAN] OR EQUAL [TO] or >=:
 /// the relations that can place a file. Empty after a message.
-std::optional<RelationalConditionType> Parser::parseStartRelation() {
+std::optional<RelationalConditionType> FileStatements::parseStartRelation() {
   if (accept(TokenKind::Equal))
     return RelationalConditionType::Equal;
   if (accept(TokenKind::GreaterEqual))
@@ -168,7 +168,7 @@ std::optional<RelationalConditionType> Parser::parseStartRelation() {
 }
 
 /// START file-name [KEY [IS] relation data-name] [[NOT] INVALID KEY statements]... [END-START]
-StatementResult Parser::parseStart() {
+StatementResult FileStatements::parseStart() {
   SourceRange begin = here();
   accept(Keyword::Start);
   FileIdentifierExpression *file = parseFileName();
@@ -189,8 +189,7 @@ StatementResult Parser::parseStart() {
       return nullptr;
     start->setKey(make<StartKey>(keyBegin, *relation, name));
   }
-  return finish(start, &StartStatement::addInvalidKeyHandler, {ExceptionHandlerType::InvalidKey},
-                Keyword::EndStart);
+  return finish(start, &StartStatement::addInvalidKeyHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -198,7 +197,7 @@ StatementResult Parser::parseStart() {
 //===----------------------------------------------------------------------===//
 
 /// FROM identifier, if it is next. False after a message.
-bool Parser::parseFromPhrase(IdentifierExpression *&from) {
+bool FileStatements::parseFromPhrase(IdentifierExpression *&from) {
   if (!accept(Keyword::From))
     return true;
   from = parseIdentifier();
@@ -207,7 +206,7 @@ bool Parser::parseFromPhrase(IdentifierExpression *&from) {
 
 /// {BEFORE | AFTER} [ADVANCING] {operand [LINE | LINES] | mnemonic-name | PAGE}
 /// AFTER POSITIONING operand [LINE | LINES]
-bool Parser::parseWriteAdvancing(WriteStatement &write) {
+bool FileStatements::parseWriteAdvancing(WriteStatement &write) {
   SourceRange begin = here();
   bool isBefore = at(Keyword::Before);
   acceptAny(Keyword::Before, Keyword::After);
@@ -220,7 +219,7 @@ bool Parser::parseWriteAdvancing(WriteStatement &write) {
     return true;
   }
   // Without the option of OS/VS COBOL the word may name a data item.
-  if (!options.osvs && peek().text == textOf(Keyword::Positioning) &&
+  if (!context.options.osvs && peek().text == textOf(Keyword::Positioning) &&
       (peek(1).isNumber() || peek(1).isUserWord()))
     return error(DiagnosticId::OsvsStatement, here(), peek().text);
   accept(Keyword::Advancing);
@@ -239,7 +238,7 @@ bool Parser::parseWriteAdvancing(WriteStatement &write) {
 
 /// WRITE record-name [FROM identifier] [ADVANCING phrase | POSITIONING phrase]
 ///   [[NOT] AT END-OF-PAGE statements]... [[NOT] INVALID KEY statements]... [END-WRITE]
-StatementResult Parser::parseWrite() {
+StatementResult FileStatements::parseWrite() {
   SourceRange begin = here();
   accept(Keyword::Write);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -252,13 +251,11 @@ StatementResult Parser::parseWrite() {
   write->setFromIdentifier(from);
   if (at(Keyword::Before, Keyword::After) && !parseWriteAdvancing(*write))
     return nullptr;
-  return finish(write, &WriteStatement::addExceptionHandler,
-                {ExceptionHandlerType::EndOfPage, ExceptionHandlerType::InvalidKey},
-                Keyword::EndWrite);
+  return finish(write, &WriteStatement::addExceptionHandler);
 }
 
 /// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]... [END-REWRITE]
-StatementResult Parser::parseRewrite() {
+StatementResult FileStatements::parseRewrite() {
   SourceRange begin = here();
   accept(Keyword::Rewrite);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -269,12 +266,11 @@ StatementResult Parser::parseRewrite() {
   if (!parseFromPhrase(from))
     return nullptr;
   rewrite->setFromIdentifier(from);
-  return finish(rewrite, &RewriteStatement::addInvalidKeyHandler,
-                {ExceptionHandlerType::InvalidKey}, Keyword::EndRewrite);
+  return finish(rewrite, &RewriteStatement::addInvalidKeyHandler);
 }
 
 /// DELETE file-name [RECORD] [[NOT] INVALID KEY statements]... [END-DELETE]
-StatementResult Parser::parseDelete() {
+StatementResult FileStatements::parseDelete() {
   SourceRange begin = here();
   accept(Keyword::Delete);
   FileIdentifierExpression *file = parseFileName();
@@ -282,8 +278,7 @@ StatementResult Parser::parseDelete() {
     return nullptr;
   auto *statement = make<DeleteStatement>(begin, file);
   accept(Keyword::Record);
-  return finish(statement, &DeleteStatement::addInvalidKeyHandler,
-                {ExceptionHandlerType::InvalidKey}, Keyword::EndDelete);
+  return finish(statement, &DeleteStatement::addInvalidKeyHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -292,7 +287,7 @@ StatementResult Parser::parseDelete() {
 
 /// RETURN file-name [RECORD] [INTO identifier] [AT] END statements [NOT [AT] END statements]
 ///   [END-RETURN]
-StatementResult Parser::parseReturn() {
+StatementResult FileStatements::parseReturn() {
   SourceRange begin = here();
   accept(Keyword::Return);
   FileIdentifierExpression *file = parseFileName();
@@ -308,12 +303,11 @@ StatementResult Parser::parseReturn() {
   // Nothing but AT END can tell the program that the last record was returned.
   if (!at(Keyword::At, Keyword::End, Keyword::Not))
     return expected("AT END");
-  return finish(statement, &ReturnStatement::addEndHandler, {ExceptionHandlerType::AtEnd},
-                Keyword::EndReturn);
+  return finish(statement, &ReturnStatement::addEndHandler);
 }
 
 /// RELEASE record-name [FROM identifier]
-StatementResult Parser::parseRelease() {
+StatementResult FileStatements::parseRelease() {
   SourceRange begin = here();
   accept(Keyword::Release);
   IdentifierExpression *record = parseIdentifier("a record-name");
@@ -332,12 +326,12 @@ StatementResult Parser::parseRelease() {
 //===----------------------------------------------------------------------===//
 
 /// Whether [ON] {ASCENDING | DESCENDING} is next.
-bool Parser::atSortKey() {
+bool FileStatements::atSortKey() {
   return peek(at(Keyword::On) ? 1 : 0).isOneOf(Keyword::Ascending, Keyword::Descending);
 }
 
 /// [ON] {ASCENDING | DESCENDING} [KEY] data-name...
-SortKey *Parser::parseSortKey() {
+SortKey *FileStatements::parseSortKey() {
   SourceRange begin = here();
   accept(Keyword::On);
   SortOrder order = at(Keyword::Descending) ? SortOrder::Descending : SortOrder::Ascending;
@@ -349,7 +343,7 @@ SortKey *Parser::parseSortKey() {
 }
 
 /// [[COLLATING] SEQUENCE [IS] alphabet-name], if it is next. False after a message.
-bool Parser::parseCollatingSequence(Word *&alphabet) {
+bool FileStatements::parseCollatingSequence(Word *&alphabet) {
   if (!at(Keyword::Collating, Keyword::Sequence))
     return true;
   accept(Keyword::Collating);
@@ -362,7 +356,7 @@ bool Parser::parseCollatingSequence(Word *&alphabet) {
 
 /// {USING | GIVING} file-name...
 /// {INPUT | OUTPUT} PROCEDURE [IS] procedure-name [{THROUGH | THRU} procedure-name]
-SortIO *Parser::parseSortIO(Keyword filesWord, Keyword procedureWord) {
+SortIO *FileStatements::parseSortIO(Keyword filesWord, Keyword procedureWord) {
   SourceRange begin = here();
   if (accept(filesWord)) {
     auto *files = make<SortIO>(begin, SortIOType::Files);
@@ -387,7 +381,7 @@ SortIO *Parser::parseSortIO(Keyword filesWord, Keyword procedureWord) {
 /// SORT file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
 ///   [[WITH] DUPLICATES [IN] [ORDER]] [[COLLATING] SEQUENCE [IS] alphabet-name]
 ///   {USING file-name... | INPUT PROCEDURE ...} {GIVING file-name... | OUTPUT PROCEDURE ...}
-StatementResult Parser::parseSort() {
+StatementResult FileStatements::parseSort() {
   SourceRange begin = here();
   accept(Keyword::Sort);
   // A table that is sorted where it stands can be qualified and subscripted; a file cannot.
@@ -397,10 +391,11 @@ StatementResult Parser::parseSort() {
   if (!file)
     return nullptr;
   const std::string &name = file->getFileName()->getWordData();
-  if (isDeclared(name) && !isFileName(name))
+  if (isItemName(name) && !isFileName(name))
     return error(DiagnosticId::SortOfTable, file->getRange());
   auto *sort = make<SortStatement>(begin, file);
-  if (!parseSeries(*sort, &SortStatement::addKey, &Parser::parseSortKey, &Parser::atSortKey))
+  if (!parseSeries(*sort, &SortStatement::addKey, &FileStatements::parseSortKey,
+                   &FileStatements::atSortKey))
     return nullptr;
 
   if (at(Keyword::With, Keyword::Duplicates)) {
@@ -433,14 +428,15 @@ StatementResult Parser::parseSort() {
 /// MERGE file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
 ///   [[COLLATING] SEQUENCE [IS] alphabet-name] USING file-name file-name...
 ///   {GIVING file-name... | OUTPUT PROCEDURE ...}
-StatementResult Parser::parseMerge() {
+StatementResult FileStatements::parseMerge() {
   SourceRange begin = here();
   accept(Keyword::Merge);
   FileIdentifierExpression *file = parseFileName();
   if (!file)
     return nullptr;
   auto *merge = make<MergeStatement>(begin, file);
-  if (!parseSeries(*merge, &MergeStatement::addKeySeq, &Parser::parseSortKey, &Parser::atSortKey))
+  if (!parseSeries(*merge, &MergeStatement::addKeySeq, &FileStatements::parseSortKey,
+                   &FileStatements::atSortKey))
     return nullptr;
   Word *alphabet = nullptr;
   if (!parseCollatingSequence(alphabet))

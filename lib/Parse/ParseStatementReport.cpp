@@ -1,11 +1,11 @@
 //===- ParseStatementReport.cpp - statements of the report writer ---------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementReport.h"
 
 namespace tarka {
 
 /// INITIATE report-name...
-StatementResult Parser::parseInitiate() {
+StatementResult ReportStatements::parseInitiate() {
   SourceRange begin = here();
   accept(Keyword::Initiate);
   auto *initiate = make<RwInitiateStatement>(begin);
@@ -14,7 +14,7 @@ StatementResult Parser::parseInitiate() {
 }
 
 /// TERMINATE report-name...
-StatementResult Parser::parseTerminate() {
+StatementResult ReportStatements::parseTerminate() {
   SourceRange begin = here();
   accept(Keyword::Terminate);
   auto *terminate = make<RwTerminateStatement>(begin);
@@ -25,7 +25,7 @@ StatementResult Parser::parseTerminate() {
 /// GENERATE {report-name | detail-group [{OF | IN} report-name]}
 ///
 /// A name alone is a report or a group, which the check finds out; a qualified one is a group.
-StatementResult Parser::parseGenerate() {
+StatementResult ReportStatements::parseGenerate() {
   SourceRange begin = here();
   accept(Keyword::Generate);
   IdentifierExpression *name = nullptr;
@@ -37,7 +37,7 @@ StatementResult Parser::parseGenerate() {
 }
 
 /// SUPPRESS [PRINTING]
-StatementResult Parser::parseSuppress() {
+StatementResult ReportStatements::parseSuppress() {
   SourceRange begin = here();
   accept(Keyword::Suppress);
   accept(Keyword::Printing);

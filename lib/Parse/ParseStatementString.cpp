@@ -4,7 +4,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementString.h"
 
 namespace tarka {
 
@@ -13,7 +13,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 /// operand... [DELIMITED [BY] {operand | SIZE}]
-StringItem *Parser::parseStringItem() {
+StringItem *StringStatements::parseStringItem() {
   auto *item = make<StringItem>(here());
   if (!parseOperands(*item, &StringItem::addStringName))
     return nullptr;
@@ -30,7 +30,7 @@ StringItem *Parser::parseStringItem() {
 }
 
 /// [WITH] POINTER identifier, if it is next. False after a message.
-bool Parser::parsePointerPhrase(IdentifierExpression *&pointer) {
+bool StringStatements::parsePointerPhrase(IdentifierExpression *&pointer) {
   if (!at(Keyword::With, Keyword::Pointer))
     return true;
   accept(Keyword::With);
@@ -41,12 +41,12 @@ bool Parser::parsePointerPhrase(IdentifierExpression *&pointer) {
 
 /// STRING {operand... [DELIMITED [BY] {operand | SIZE}]}... INTO identifier
 ///   [[WITH] POINTER identifier] [[NOT] ON OVERFLOW statements]... [END-STRING]
-StatementResult Parser::parseString() {
+StatementResult StringStatements::parseString() {
   SourceRange begin = here();
   accept(Keyword::String);
   auto *string = make<StringStatement>(begin);
-  if (!parseSeries(*string, &StringStatement::addItem, &Parser::parseStringItem,
-                   &Parser::atOperand) ||
+  if (!parseSeries(*string, &StringStatement::addItem, &StringStatements::parseStringItem,
+                   &StringStatements::atOperand) ||
       !expect(Keyword::Into))
     return nullptr;
   string->setIntoIdentifier(parseIdentifier());
@@ -54,12 +54,11 @@ StatementResult Parser::parseString() {
   if (!string->getIntoIdentifier() || !parsePointerPhrase(pointer))
     return nullptr;
   string->setWithPointerIdentifier(pointer);
-  return finish(string, &StringStatement::addOverflowHandler, {ExceptionHandlerType::Overflow},
-                Keyword::EndString);
+  return finish(string, &StringStatement::addOverflowHandler);
 }
 
 /// [ALL] operand {OR [ALL] operand}..., behind DELIMITED [BY]
-bool Parser::parseUnstringDelimiters(UnstringStatement &unstring) {
+bool StringStatements::parseUnstringDelimiters(UnstringStatement &unstring) {
   do {
     SourceRange begin = here();
     // ALL belongs to the phrase and does not make a figurative constant of the literal.
@@ -73,7 +72,7 @@ bool Parser::parseUnstringDelimiters(UnstringStatement &unstring) {
 }
 
 /// identifier [DELIMITER [IN] identifier] [COUNT [IN] identifier]
-UnstringIntoItem *Parser::parseUnstringInto() {
+UnstringIntoItem *StringStatements::parseUnstringInto() {
   SourceRange begin = here();
   IdentifierExpression *target = parseIdentifier();
   if (!target)
@@ -98,7 +97,7 @@ UnstringIntoItem *Parser::parseUnstringInto() {
 ///   INTO {identifier [DELIMITER [IN] identifier] [COUNT [IN] identifier]}...
 ///   [[WITH] POINTER identifier] [TALLYING [IN] identifier]
 ///   [[NOT] ON OVERFLOW statements]... [END-UNSTRING]
-StatementResult Parser::parseUnstring() {
+StatementResult StringStatements::parseUnstring() {
   SourceRange begin = here();
   accept(Keyword::Unstring);
   IdentifierExpression *source = parseIdentifier();
@@ -111,8 +110,9 @@ StatementResult Parser::parseUnstring() {
       return nullptr;
   }
 
-  if (!expect(Keyword::Into) || !parseSeries(*unstring, &UnstringStatement::addInto,
-                                             &Parser::parseUnstringInto, &Parser::atIdentifier))
+  if (!expect(Keyword::Into) ||
+      !parseSeries(*unstring, &UnstringStatement::addInto, &StringStatements::parseUnstringInto,
+                   &StringStatements::atIdentifier))
     return nullptr;
 
   IdentifierExpression *pointer = nullptr;
@@ -125,8 +125,7 @@ StatementResult Parser::parseUnstring() {
     if (!unstring->getTallyingId())
       return nullptr;
   }
-  return finish(unstring, &UnstringStatement::addOverflowHandler, {ExceptionHandlerType::Overflow},
-                Keyword::EndUnstring);
+  return finish(unstring, &UnstringStatement::addOverflowHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -135,7 +134,7 @@ StatementResult Parser::parseUnstring() {
 
 /// [BEFORE [INITIAL] operand] [AFTER [INITIAL] operand], in either order; \p regions is null where
 /// neither is written. False after a message.
-bool Parser::parseInspectRegions(std::list<InspectRegion *> *&regions) {
+bool StringStatements::parseInspectRegions(std::list<InspectRegion *> *&regions) {
   regions = nullptr;
   while (at(Keyword::Before, Keyword::After)) {
     SourceRange begin = here();
@@ -156,12 +155,12 @@ bool Parser::parseInspectRegions(std::list<InspectRegion *> *&regions) {
 }
 
 /// Whether a word is next that says which characters are counted or replaced.
-bool Parser::atInspectMode() {
+bool StringStatements::atInspectMode() {
   return at(Keyword::Characters, Keyword::All, Keyword::Leading, Keyword::First);
 }
 
 /// Whether the counter of a further item of TALLYING is next: an identifier with FOR behind it.
-bool Parser::atTallyingCounter() {
+bool StringStatements::atTallyingCounter() {
   if (!atIdentifier())
     return false;
   unsigned n = 1;
@@ -183,7 +182,7 @@ bool Parser::atTallyingCounter() {
 
 /// CHARACTERS [region]...
 /// {ALL | LEADING} {operand [region]...}...
-TallyingItemFor *Parser::parseTallyingFor() {
+TallyingItemFor *StringStatements::parseTallyingFor() {
   SourceRange begin = here();
   std::list<InspectRegion *> *regions = nullptr;
   if (accept(Keyword::Characters)) {
@@ -207,21 +206,21 @@ TallyingItemFor *Parser::parseTallyingFor() {
 }
 
 /// counter FOR {CHARACTERS ... | ALL ... | LEADING ...}...
-TallyingItem *Parser::parseTallyingItem() {
+TallyingItem *StringStatements::parseTallyingItem() {
   SourceRange begin = here();
   IdentifierExpression *counter = parseIdentifier("the identifier that counts");
   if (!counter || !expect(Keyword::For))
     return nullptr;
   auto *item = make<TallyingItem>(begin, counter, nullptr);
-  return parseSeries(*item, &TallyingItem::addTallyingFor, &Parser::parseTallyingFor,
-                     &Parser::atInspectMode)
+  return parseSeries(*item, &TallyingItem::addTallyingFor, &StringStatements::parseTallyingFor,
+                     &StringStatements::atInspectMode)
              ? complete(item)
              : nullptr;
 }
 
 /// CHARACTERS BY operand [region]...
 /// {ALL | LEADING | FIRST} {operand BY operand [region]...}...
-ReplacingItem *Parser::parseReplacingItem() {
+ReplacingItem *StringStatements::parseReplacingItem() {
   SourceRange begin = here();
   std::list<InspectRegion *> *regions = nullptr;
   if (accept(Keyword::Characters)) {
@@ -249,7 +248,7 @@ ReplacingItem *Parser::parseReplacingItem() {
 }
 
 /// CONVERTING operand TO operand [region]...
-ConvertingItem *Parser::parseConvertingItem() {
+ConvertingItem *StringStatements::parseConvertingItem() {
   SourceRange begin = here();
   accept(Keyword::Converting);
   Expression *from = parseOperand();
@@ -262,7 +261,7 @@ ConvertingItem *Parser::parseConvertingItem() {
 
 /// INSPECT identifier [TALLYING item...] [REPLACING item...]
 /// INSPECT identifier CONVERTING operand TO operand [region]...
-StatementResult Parser::parseInspect() {
+StatementResult StringStatements::parseInspect() {
   SourceRange begin = here();
   accept(Keyword::Inspect);
   IdentifierExpression *inspected = parseIdentifier();
@@ -276,12 +275,13 @@ StatementResult Parser::parseInspect() {
   }
   if (!at(Keyword::Tallying, Keyword::Replacing))
     return expected("TALLYING, REPLACING or CONVERTING");
-  if (accept(Keyword::Tallying) && !parseSeries(*inspect, &InspectStatement::addTallying,
-                                                &Parser::parseTallyingItem, &Parser::atIdentifier))
+  if (accept(Keyword::Tallying) &&
+      !parseSeries(*inspect, &InspectStatement::addTallying, &StringStatements::parseTallyingItem,
+                   &StringStatements::atIdentifier))
     return nullptr;
   if (accept(Keyword::Replacing) &&
-      !parseSeries(*inspect, &InspectStatement::addReplacing, &Parser::parseReplacingItem,
-                   &Parser::atInspectMode))
+      !parseSeries(*inspect, &InspectStatement::addReplacing, &StringStatements::parseReplacingItem,
+                   &StringStatements::atInspectMode))
     return nullptr;
   return complete(inspect);
 }
@@ -291,7 +291,7 @@ StatementResult Parser::parseInspect() {
 //===----------------------------------------------------------------------===//
 
 /// TRANSFORM identifier [CHARACTERS] FROM operand TO operand
-StatementResult Parser::parseTransform() {
+StatementResult StringStatements::parseTransform() {
   SourceRange begin = here();
   accept(Keyword::Transform);
   Expression *transformed = parseOperand("an identifier");
@@ -305,7 +305,7 @@ StatementResult Parser::parseTransform() {
 
 /// EXAMINE identifier TALLYING {ALL | LEADING | UNTIL FIRST} operand [REPLACING BY operand]
 /// EXAMINE identifier REPLACING {ALL | LEADING | [UNTIL] FIRST} operand BY operand
-StatementResult Parser::parseExamine() {
+StatementResult StringStatements::parseExamine() {
   SourceRange begin = here();
   accept(Keyword::Examine);
   Expression *examined = parseOperand("an identifier");
@@ -344,7 +344,7 @@ StatementResult Parser::parseExamine() {
 }
 
 /// EXHIBIT {NAMED | CHANGED | CHANGED NAMED} operand... [UPON name]
-StatementResult Parser::parseExhibit() {
+StatementResult StringStatements::parseExhibit() {
   SourceRange begin = here();
   accept(Keyword::Exhibit);
   bool changed = accept(Keyword::Changed);

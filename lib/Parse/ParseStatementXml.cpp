@@ -1,16 +1,16 @@
 //===- ParseStatementXml.cpp - XML GENERATE and XML PARSE -----------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseStatementXml.h"
 
 namespace tarka {
 
 /// Whether \p keyword is next, with or without WITH before it.
-bool Parser::atWith(Keyword keyword) {
+bool XmlStatements::atWith(Keyword keyword) {
   return peek(at(Keyword::With) ? 1 : 0).is(keyword);
 }
 
 /// [WITH] keyword, if it is next.
-bool Parser::acceptWith(Keyword keyword) {
+bool XmlStatements::acceptWith(Keyword keyword) {
   if (!atWith(keyword))
     return false;
   accept(Keyword::With);
@@ -22,7 +22,7 @@ bool Parser::acceptWith(Keyword keyword) {
 //===----------------------------------------------------------------------===//
 
 /// NAMESPACE [IS] operand [NAMESPACE-PREFIX [IS] operand]
-bool Parser::parseXmlNamespace(XMLGenerateStatement &generate) {
+bool XmlStatements::parseXmlNamespace(XMLGenerateStatement &generate) {
   accept(Keyword::Namespace);
   accept(Keyword::Is);
   generate.setNameSpaceExpr(parseOperand());
@@ -34,7 +34,7 @@ bool Parser::parseXmlNamespace(XMLGenerateStatement &generate) {
 }
 
 /// identifier [IS] literal, of NAME
-XMLNameItem *Parser::parseXmlNameItem() {
+XMLNameItem *XmlStatements::parseXmlNameItem() {
   SourceRange begin = here();
   IdentifierExpression *item = parseIdentifier();
   if (!item)
@@ -45,7 +45,7 @@ XMLNameItem *Parser::parseXmlNameItem() {
 }
 
 /// ATTRIBUTE, ELEMENT or CONTENT; None where none of them is next.
-XmlNodeType Parser::acceptXmlNodeType() {
+XmlNodeType XmlStatements::acceptXmlNodeType() {
   if (accept(Keyword::Attribute))
     return XmlNodeType::Attribute;
   if (accept(Keyword::Element))
@@ -56,7 +56,7 @@ XmlNodeType Parser::acceptXmlNodeType() {
 }
 
 /// identifier [IS] {ATTRIBUTE | ELEMENT | CONTENT}, of TYPE
-XMLTypeItem *Parser::parseXmlTypeItem() {
+XMLTypeItem *XmlStatements::parseXmlTypeItem() {
   SourceRange begin = here();
   IdentifierExpression *item = parseIdentifier();
   if (!item)
@@ -70,13 +70,13 @@ XMLTypeItem *Parser::parseXmlTypeItem() {
 
 /// Whether a further item of SUPPRESS is next. WHEN alone is no sign of one: it can belong to a
 /// statement around.
-bool Parser::atXmlSuppressItem() {
+bool XmlStatements::atXmlSuppressItem() {
   return at(Keyword::Every) || atIdentifier();
 }
 
 /// identifier [WHEN figurative-constant [[OR] figurative-constant]...]
 /// [EVERY [NUMERIC | NONNUMERIC] [ATTRIBUTE | ELEMENT | CONTENT]] WHEN figurative-constant ...
-XMLSuppressItem *Parser::parseXmlSuppressItem() {
+XMLSuppressItem *XmlStatements::parseXmlSuppressItem() {
   auto *item = make<XMLSuppressItem>(here(), nullptr);
   if (accept(Keyword::Every)) {
     if (accept(Keyword::Numeric))
@@ -109,7 +109,7 @@ XMLSuppressItem *Parser::parseXmlSuppressItem() {
 ///   [TYPE [OF] {identifier [IS] {ATTRIBUTE | ELEMENT | CONTENT}}...]
 ///   [SUPPRESS {identifier [WHEN ...] | [EVERY ...] WHEN ...}...]
 ///   [[NOT] ON EXCEPTION statements]... [END-XML]
-StatementResult Parser::parseXmlGenerate(const SourceRange &begin) {
+StatementResult XmlStatements::parseXmlGenerate(const SourceRange &begin) {
   IdentifierExpression *document = parseIdentifier();
   IdentifierExpression *source = document && expect(Keyword::From) ? parseIdentifier() : nullptr;
   if (!source)
@@ -132,22 +132,21 @@ StatementResult Parser::parseXmlGenerate(const SourceRange &begin) {
     return nullptr;
   if (accept(Keyword::Name)) {
     accept(Keyword::Of);
-    if (!parseSeries(*generate, &XMLGenerateStatement::addNameItem, &Parser::parseXmlNameItem,
-                     &Parser::atIdentifier))
+    if (!parseSeries(*generate, &XMLGenerateStatement::addNameItem,
+                     &XmlStatements::parseXmlNameItem, &XmlStatements::atIdentifier))
       return nullptr;
   }
   if (accept(Keyword::Type)) {
     accept(Keyword::Of);
-    if (!parseSeries(*generate, &XMLGenerateStatement::addTypeItem, &Parser::parseXmlTypeItem,
-                     &Parser::atIdentifier))
+    if (!parseSeries(*generate, &XMLGenerateStatement::addTypeItem,
+                     &XmlStatements::parseXmlTypeItem, &XmlStatements::atIdentifier))
       return nullptr;
   }
   if (accept(Keyword::Suppress) &&
-      !parseSeries(*generate, &XMLGenerateStatement::addSuppressItem, &Parser::parseXmlSuppressItem,
-                   &Parser::atXmlSuppressItem))
+      !parseSeries(*generate, &XMLGenerateStatement::addSuppressItem,
+                   &XmlStatements::parseXmlSuppressItem, &XmlStatements::atXmlSuppressItem))
     return nullptr;
-  return finish(generate, &XMLGenerateStatement::addOnExcpHandler,
-                {ExceptionHandlerType::OnException}, Keyword::EndXml);
+  return finish(generate, &XMLGenerateStatement::addOnExcpHandler);
 }
 
 //===----------------------------------------------------------------------===//
@@ -158,7 +157,7 @@ StatementResult Parser::parseXmlGenerate(const SourceRange &begin) {
 ///   [VALIDATING [WITH] {identifier | FILE schema-name}]
 ///   PROCESSING PROCEDURE [IS] procedure-name [{THROUGH | THRU} procedure-name]
 ///   [[NOT] ON EXCEPTION statements]... [END-XML]
-StatementResult Parser::parseXmlParse(const SourceRange &begin) {
+StatementResult XmlStatements::parseXmlParse(const SourceRange &begin) {
   IdentifierExpression *document = parseIdentifier();
   if (!document)
     return nullptr;
@@ -194,12 +193,11 @@ StatementResult Parser::parseXmlParse(const SourceRange &begin) {
     if (!parse->getThruProcedure())
       return nullptr;
   }
-  return finish(parse, &XMLParseStatement::addOnExcpHandler, {ExceptionHandlerType::OnException},
-                Keyword::EndXml);
+  return finish(parse, &XMLParseStatement::addOnExcpHandler);
 }
 
 /// XML {GENERATE | PARSE} ...
-StatementResult Parser::parseXml() {
+StatementResult XmlStatements::parseXml() {
   SourceRange begin = here();
   accept(Keyword::Xml);
   if (accept(Keyword::Generate))

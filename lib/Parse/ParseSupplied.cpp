@@ -6,7 +6,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParseSupplied.h"
 #include "Parse/SuppliedText.h"
 #include "llvm/ADT/StringSwitch.h"
 
@@ -14,8 +14,8 @@ namespace tarka {
 
 /// The EXEC interface block and the communication area are there for the programs that are nested
 /// in the outermost one as well.
-void Parser::supplyInterfaceBlock() {
-  if (!stream.getOptions().cics || unit->getParent())
+void SuppliedParser::supplyInterfaceBlock() {
+  if (!stream.getOptions().cics || context.unit->getParent())
     return;
   for (llvm::StringRef name : {"DFHEIBLK", "DFHCOMMAREA"})
     if (!isDeclared(name))
@@ -23,8 +23,8 @@ void Parser::supplyInterfaceBlock() {
 }
 
 /// CICS passes the interface block and the communication area, before what the program names.
-void Parser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
-  if (!stream.getOptions().cics || unit->getParent())
+void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
+  if (!stream.getOptions().cics || context.unit->getParent())
     return;
   std::list<Parameter *> &parameters = division.getParameterElements();
   auto isNamed = [&](llvm::StringRef name) {
@@ -46,9 +46,9 @@ void Parser::supplyParameters(ProcedureDivision &division, const SourceRange &he
 
 /// A program that has statements of SQL but neither SQLCA nor an SQLCODE of its own gets SQLCA, and
 /// one that has statements of DL/I the interface block of those.
-void Parser::supplyCommunicationAreas() {
+void SuppliedParser::supplyCommunicationAreas() {
   auto has = [this](ExecType language) {
-    return embeddedLanguages.test(static_cast<unsigned>(language));
+    return context.embeddedLanguages.test(static_cast<unsigned>(language));
   };
   if (stream.getOptions().sql && has(ExecType::Sql) && !isDeclared("SQLCA") &&
       !isDeclared("SQLCODE") && !isDeclared("SQLSTATE"))
@@ -57,21 +57,27 @@ void Parser::supplyCommunicationAreas() {
     supplyRecords("DLZDIB", StorageType::WorkingStorage);
 }
 
+/// Reads the records in \p text, which stands in memory under the name \p file.
+void SuppliedParser::readRecords(llvm::StringRef file, llvm::StringRef text, StorageType storage,
+                                 AddRecord add) {
+  SourceManager files(context.options);
+  TokenStream tokens(files.addText(file, text), files, context.diagnostics);
+  ParserContext supplied(tokens, context.diagnostics, context.options);
+  supplied.unit = context.unit;
+  DataParser(supplied).parseDataRecords(storage, add);
+}
+
 /// Reads a supplied copybook as if it stood at the end of the section.
-void Parser::supplyRecords(llvm::StringRef copybook, StorageType storage) {
+void SuppliedParser::supplyRecords(llvm::StringRef copybook, StorageType storage) {
   const SuppliedCopybook *supplied = findSuppliedCopybook(copybook);
   assert(supplied && "not a supplied copybook");
-  DataDivision *division = unit->getDataDivision();
+  DataDivision *division = context.unit->getDataDivision();
   if (!division) {
-    Node place(unit->getRange());
+    Node place(context.unit->getRange());
     division = new DataDivision(&place);
-    unit->setDataDivision(division);
+    context.unit->setDataDivision(division);
   }
-  SourceManager files(options);
-  TokenStream text(files.addText(supplied->getFileName(), supplied->text), files, diagnostics);
-  Parser reader(text, diagnostics, options);
-  reader.unit = unit;
-  reader.parseDataRecords(storage, [&](DataDescription *record) {
+  readRecords(supplied->getFileName(), supplied->text, storage, [&](DataDescription *record) {
     if (storage == StorageType::WorkingStorage)
       return division->addWorkSection(record);
     record->setGlobal(new ClauseGlobal(record));
@@ -83,7 +89,7 @@ void Parser::supplyRecords(llvm::StringRef copybook, StorageType storage) {
 // Host variables of SQL types
 //===----------------------------------------------------------------------===//
 
-bool Parser::atSqlType() {
+bool SuppliedParser::atSqlType() {
   return atSequence(Keyword::Usage, Keyword::Sql) ||
          atSequence(Keyword::Usage, Keyword::Is, Keyword::Sql);
 }
@@ -122,7 +128,7 @@ static uint64_t sizeOf(llvm::StringRef text) {
       .Default(0);
 }
 
-bool Parser::parseSqlType(DataDescription &entry) {
+bool SuppliedParser::parseSqlType(DataDescription &entry) {
   accept(Keyword::Usage);
   accept(Keyword::Is);
   accept(Keyword::Sql);
@@ -154,36 +160,14 @@ bool Parser::parseSqlType(DataDescription &entry) {
   std::string text = ("01 " + name).str();
   for (char c : declaration)
     text += c == '$' ? name.str() : c == '#' ? std::to_string(size) : std::string(1, c);
-  SourceManager files(options);
-  TokenStream lines(files.addText("<supplied>/SQL-TYPE", text), files, diagnostics);
-  Parser reader(lines, diagnostics, options);
-  reader.unit = unit;
-  reader.parseDataRecords(StorageType::WorkingStorage, [&](DataDescription *record) {
-    entry.setPicture(record->getPicture());
-    entry.setUsage(record->getUsage());
-    for (DataDescription *part : record->getChildrenElements())
-      entry.addChildren(part);
-  });
+  readRecords("<supplied>/SQL-TYPE", text, StorageType::WorkingStorage,
+              [&](DataDescription *record) {
+                entry.setPicture(record->getPicture());
+                entry.setUsage(record->getUsage());
+                for (DataDescription *part : record->getChildrenElements())
+                  entry.addChildren(part);
+              });
   return true;
-}
-
-/// Whether the unit can see an item \p name: it declares it, or a program around it shares it.
-bool Parser::isInternedDeclared(const std::string &word) const {
-  for (SourceUnit *one = unit; one; one = one->getParent()) {
-    DataDivision *data = one->getDataDivision();
-    std::list<DataDescription *> *entries = data ? data->findItemByInternedName(&word) : nullptr;
-    if (!entries)
-      continue;
-    if (one == unit)
-      return true;
-    for (DataDescription *entry : *entries) {
-      while (entry->getParent())
-        entry = entry->getParent();
-      if (entry->getGlobal())
-        return true;
-    }
-  }
-  return false;
 }
 
 } // namespace tarka

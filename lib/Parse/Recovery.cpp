@@ -52,10 +52,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
 //===----------------------------------------------------------------------===//
 
 bool Recovery::canEndWith(Keyword endWord) const {
-  const Keyword verb = verbOfEnd(endWord);
-  return llvm::any_of(llvm::reverse(enclosing), [verb](const EnclosingStatement &one) {
-    return one.verb == verb || one.verb == Keyword::None;
-  });
+  return llvm::any_of(llvm::reverse(enclosing),
+                      [endWord](const EnclosingStatement &one) { return one.canEndWith(endWord); });
 }
 
 bool Recovery::canTakeElse() const {
@@ -71,12 +69,8 @@ bool Recovery::canTakeWhen() const {
 }
 
 bool Recovery::canTakePhrase(const PhraseStart &phrase) const {
-  return llvm::any_of(llvm::reverse(enclosing), [&](const EnclosingStatement &one) {
-    const ScopedVerb *scope = scopeOf(one.verb);
-    const bool canHave =
-        one.verb == Keyword::None || (scope && scope->phrases.contains(phrase.type));
-    return canHave && !one.phrases.contains(phrase);
-  });
+  return llvm::any_of(llvm::reverse(enclosing),
+                      [&](const EnclosingStatement &one) { return one.canTake(phrase); });
 }
 
 //===----------------------------------------------------------------------===//

@@ -21,9 +21,23 @@ namespace tarka {
 
 /// A statement being parsed.
 struct EnclosingStatement {
+  EnclosingStatement(Keyword theVerb, PhraseSet alreadyGiven)
+      : verb(theVerb), scope(scopeOf(theVerb)), given(alreadyGiven) {}
+
+  /// The END- word of the statement, which must have one.
+  Keyword getEndWord() const { return scope->endWord; }
+  bool canEndWith(Keyword endWord) const {
+    return verb == Keyword::None || (scope && scope->endWord == endWord);
+  }
+  bool canTake(const PhraseStart &phrase) const {
+    const bool canHave = verb == Keyword::None || (scope && scope->phrases.contains(phrase.type));
+    return canHave && !given.contains(phrase);
+  }
+
   Keyword verb; ///< None for an unknown statement, which any phrase and END- word may belong to
+  const ScopedVerb *scope;
   bool hasElse = false;
-  PhraseSet phrases; ///< those already given
+  PhraseSet given; ///< the phrases already given
 };
 
 /// The parts that can be met without their statement.
@@ -69,8 +83,8 @@ public:
   /// Makes a statement the innermost one as long as it lives.
   class StatementScope {
   public:
-    StatementScope(Recovery &owner, Keyword verb, PhraseSet phrases = {}) : recovery(owner) {
-      recovery.enclosing.push_back({verb, /*hasElse=*/false, phrases});
+    StatementScope(Recovery &owner, Keyword verb, PhraseSet given = {}) : recovery(owner) {
+      recovery.enclosing.emplace_back(verb, given);
     }
     ~StatementScope() { recovery.enclosing.pop_back(); }
     StatementScope(const StatementScope &) = delete;

@@ -2,52 +2,50 @@
 
 #include "Parse/Verbs.h"
 #include "llvm/ADT/STLExtras.h"
+#include <array>
 
 namespace tarka {
 
 using enum ExceptionHandlerType;
 
-static constexpr ScopedVerb table[] = {
-    {Keyword::Accept, Keyword::EndAccept, {OnException}},
-    {Keyword::Add, Keyword::EndAdd, {SizeError}},
-    {Keyword::Call, Keyword::EndCall, {Overflow, OnException}},
-    {Keyword::Compute, Keyword::EndCompute, {SizeError}},
-    {Keyword::Delete, Keyword::EndDelete, {InvalidKey}},
-    {Keyword::Display, Keyword::EndDisplay, {OnException}},
-    {Keyword::Divide, Keyword::EndDivide, {SizeError}},
-    {Keyword::Evaluate, Keyword::EndEvaluate, {}},
-    {Keyword::If, Keyword::EndIf, {}},
-    {Keyword::Invoke, Keyword::EndInvoke, {OnException}},
-    {Keyword::Json, Keyword::EndJson, {OnException}},
-    {Keyword::Multiply, Keyword::EndMultiply, {SizeError}},
-    {Keyword::Perform, Keyword::EndPerform, {}},
-    {Keyword::Read, Keyword::EndRead, {AtEnd, InvalidKey}},
-    {Keyword::Receive, Keyword::EndReceive, {}},
-    {Keyword::Return, Keyword::EndReturn, {AtEnd}},
-    {Keyword::Rewrite, Keyword::EndRewrite, {InvalidKey}},
-    {Keyword::Search, Keyword::EndSearch, {AtEnd}},
-    {Keyword::Start, Keyword::EndStart, {InvalidKey}},
-    {Keyword::String, Keyword::EndString, {Overflow}},
-    {Keyword::Subtract, Keyword::EndSubtract, {SizeError}},
-    {Keyword::Unstring, Keyword::EndUnstring, {Overflow}},
-    {Keyword::Write, Keyword::EndWrite, {InvalidKey, EndOfPage}},
-    {Keyword::Xml, Keyword::EndXml, {OnException}},
+static constexpr ScopedVerb verbs[] = {
+#define VERB(Verb, Family, Function, EndWord, ...) {Keyword::Verb, Keyword::EndWord, {__VA_ARGS__}},
+#include "Parse/Verbs.def"
 };
 
-llvm::ArrayRef<ScopedVerb> scopedVerbs() {
-  return table;
-}
+static constexpr unsigned keywordCount = 1
+#define KEYWORD(Enumerator, Text, Flags) +1
+#include "Parse/Keywords.def"
+    ;
+
+/// For each keyword, where its verb is in the table; the size of the table for other keywords and
+/// for verbs without END- word.
+static constexpr auto scopeIndex = [] {
+  static_assert(std::size(verbs) < UINT8_MAX);
+  std::array<uint8_t, keywordCount> index{};
+  index.fill(std::size(verbs));
+  for (uint8_t i = 0; i < std::size(verbs); ++i)
+    if (verbs[i].endWord != Keyword::None)
+      index[static_cast<unsigned>(verbs[i].verb)] = i;
+  return index;
+}();
 
 const ScopedVerb *scopeOf(Keyword verb) {
+  const uint8_t index = scopeIndex[static_cast<unsigned>(verb)];
+  return index == std::size(verbs) ? nullptr : &verbs[index];
+}
+
+const ScopedVerb *scopeOf(llvm::StringRef verb) {
   const auto *found =
-      llvm::find_if(table, [verb](const ScopedVerb &scoped) { return scoped.verb == verb; });
-  return found == std::end(table) ? nullptr : found;
+      llvm::find_if(verbs, [verb](const ScopedVerb &one) { return textOf(one.verb) == verb; });
+  return found == std::end(verbs) ? nullptr : scopeOf(found->verb);
 }
 
 Keyword verbOfEnd(Keyword endWord) {
-  const auto *found = llvm::find_if(
-      table, [endWord](const ScopedVerb &scoped) { return scoped.endWord == endWord; });
-  return found == std::end(table) ? Keyword::None : found->verb;
+  assert(endWord != Keyword::None && "no END- word");
+  const auto *found =
+      llvm::find_if(verbs, [endWord](const ScopedVerb &one) { return one.endWord == endWord; });
+  return found == std::end(verbs) ? Keyword::None : found->verb;
 }
 
 } // namespace tarka

@@ -1,6 +1,7 @@
 //===- Verbs.h - the scopes of statements -----------------------*- C++ -*-===//
 //
-// Which statements have an END- word, and which exception phrases they take.
+// Which statements have an END- word, and which exception phrases they take, from
+// the table of verbs in Verbs.def.
 //
 //===----------------------------------------------------------------------===//
 
@@ -9,7 +10,6 @@
 
 #include "AST/Statement.h"
 #include "Parse/Keywords.h"
-#include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringRef.h"
 #include <initializer_list>
 
@@ -55,10 +55,9 @@ struct ScopedVerb {
   PhraseSet phrases;
 };
 
-/// Every statement that has an END- word.
-llvm::ArrayRef<ScopedVerb> scopedVerbs();
-/// The scope of \p verb; null for a verb without END- word.
+/// The scope of \p verb; null for a verb without END- word and for what is no verb.
 const ScopedVerb *scopeOf(Keyword verb);
+const ScopedVerb *scopeOf(llvm::StringRef verb);
 /// The verb that \p endWord ends; None when it is no END- word of a statement.
 Keyword verbOfEnd(Keyword endWord);
 

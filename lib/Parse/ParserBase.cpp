@@ -1,7 +1,8 @@
-//===- Parser.cpp - tokens, names and literals ----------------------------===//
+//===- ParserBase.cpp - tokens, names and literals ------------------------===//
 
-#include "Parse/Parser.h"
+#include "Parse/ParserBase.h"
 #include "AST/Spelling.h"
+#include "Parse/MisspeltWords.h"
 #include "llvm/ADT/SmallString.h"
 
 namespace tarka {
@@ -10,14 +11,14 @@ namespace tarka {
 // Tokens
 //===----------------------------------------------------------------------===//
 
-Failure Parser::expected(llvm::StringRef what) {
+Failure ParserBase::expected(llvm::StringRef what) {
   // The end of the file has no text to point at; the last thing read has.
   const SourceRange &place =
       at(TokenKind::EndOfFile) && stream.getLastPlace().beginLine ? stream.getLastPlace() : here();
   return error(DiagnosticId::Expected, place, what, describe(peek()));
 }
 
-bool Parser::expect(Keyword keyword) {
+bool ParserBase::expect(Keyword keyword) {
   if (accept(keyword))
     return true;
   expected(textOf(keyword));
@@ -29,14 +30,14 @@ bool Parser::expect(Keyword keyword) {
   return isMisspelt;
 }
 
-bool Parser::expect(TokenKind kind) {
+bool ParserBase::expect(TokenKind kind) {
   if (accept(kind))
     return true;
   expected(describe(kind));
   return false;
 }
 
-Node Parser::from(const SourceRange &begin) {
+Node ParserBase::from(const SourceRange &begin) {
   SourceRange range = begin;
   const SourceRange &last = stream.getLastPlace();
   // A construct that began in one file and ended in another (a copybook in its middle) is shown
@@ -50,7 +51,7 @@ Node Parser::from(const SourceRange &begin) {
   return Node(range);
 }
 
-void Parser::skipPastPeriod() {
+void ParserBase::skipPastPeriod() {
   while (!at(TokenKind::EndOfFile))
     if (accept(TokenKind::Period))
       return;
@@ -59,7 +60,7 @@ void Parser::skipPastPeriod() {
 }
 
 /// Takes the tokens up to the next space or separator period, and gives their text.
-std::string Parser::takeRun() {
+std::string ParserBase::takeRun() {
   std::string run = peek().spelling.str();
   SourceRange last = here();
   stream.skip();
@@ -81,27 +82,18 @@ std::string Parser::takeRun() {
   return run;
 }
 
-llvm::StringRef Parser::suggestKeyword(llvm::StringRef word, uint16_t flags) {
-  SpellingMatch match(word);
-#define KEYWORD(Enumerator, Text, Flags)                                                           \
-  if ((Flags) & flags)                                                                             \
-    match.consider(Text);
-#include "Parse/Keywords.def"
-  return match.getNearest();
-}
-
 //===----------------------------------------------------------------------===//
 // Names
 //===----------------------------------------------------------------------===//
 
-Word *Parser::takeWord() {
+Word *ParserBase::takeWord() {
   const Token &token = peek();
   Word *word = new Word(token.place, token.getInternedText(), token.getInternedSpelling());
   stream.skip();
   return word;
 }
 
-Word *Parser::parseUserWord(llvm::StringRef what) {
+Word *ParserBase::parseUserWord(llvm::StringRef what) {
   if (peek().isUserWord())
     return takeWord();
   if (peek().isWord())
@@ -109,13 +101,13 @@ Word *Parser::parseUserWord(llvm::StringRef what) {
   return expected(what);
 }
 
-Word *Parser::parseProcedureWord() {
+Word *ParserBase::parseProcedureWord() {
   if (at(TokenKind::IntegerLiteral))
     return takeWord();
   return parseUserWord("a procedure-name");
 }
 
-QualifiedWord *Parser::parseQualifiedWord(llvm::StringRef what) {
+QualifiedWord *ParserBase::parseQualifiedWord(llvm::StringRef what) {
   SourceRange begin = here();
   Word *name = parseUserWord(what);
   if (!name)
@@ -131,7 +123,7 @@ QualifiedWord *Parser::parseQualifiedWord(llvm::StringRef what) {
   return new QualifiedWord(&at, &names);
 }
 
-QualifiedWord *Parser::parseProcedureName() {
+QualifiedWord *ParserBase::parseProcedureName() {
   SourceRange begin = here();
   Word *name = parseProcedureWord();
   if (!name)
@@ -152,19 +144,19 @@ QualifiedWord *Parser::parseProcedureName() {
 // Literals
 //===----------------------------------------------------------------------===//
 
-bool Parser::atNumericLiteral() {
+bool ParserBase::atNumericLiteral() {
   if (at(TokenKind::Plus, TokenKind::Minus))
     return peek().isJoinedToNext() && peek(1).isNumber();
   return peek().isNumber();
 }
 
-bool Parser::atLiteral() {
+bool ParserBase::atLiteral() {
   return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
          peek().isFigurativeConstant() ||
          (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText()));
 }
 
-NumericLiteralExpression *Parser::parseNumericLiteral() {
+NumericLiteralExpression *ParserBase::parseNumericLiteral() {
   if (!atNumericLiteral())
     return expected("a number");
   SourceRange begin = here();
@@ -177,12 +169,12 @@ NumericLiteralExpression *Parser::parseNumericLiteral() {
   stream.skip();
   Node at = from(begin);
   auto *literal = new NumericLiteralExpression(&at, text);
-  if (decimalPointIsComma)
+  if (context.decimalPointIsComma)
     literal->convertDecimalPoint(literal->getData());
   return literal;
 }
 
-NonNumericLiteralExpression *Parser::parseNonNumericLiteral() {
+NonNumericLiteralExpression *ParserBase::parseNonNumericLiteral() {
   if (!at(TokenKind::AlphanumericLiteral))
     return expected("a literal in quotes");
   Node at(here());
@@ -219,7 +211,7 @@ static FigurativeType figurativeTypeOf(Keyword keyword) {
   }
 }
 
-FigurativeLiteralExpression *Parser::parseFigurativeConstant() {
+FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
   SourceRange begin = here();
   if (accept(Keyword::All)) {
     Depth level(*this);
@@ -246,7 +238,7 @@ FigurativeLiteralExpression *Parser::parseFigurativeConstant() {
   return expected("a figurative constant");
 }
 
-LiteralExpression *Parser::parseLiteral() {
+LiteralExpression *ParserBase::parseLiteral() {
   if (atNumericLiteral())
     return parseNumericLiteral();
   if (at(TokenKind::AlphanumericLiteral))
@@ -254,6 +246,65 @@ LiteralExpression *Parser::parseLiteral() {
   if (atLiteral())
     return parseFigurativeConstant();
   return expected("a literal");
+}
+
+//===----------------------------------------------------------------------===//
+// Misspelt keywords
+//===----------------------------------------------------------------------===//
+
+// What joins the operands of a statement before it with those behind it.
+static constexpr Keyword joints[] = {Keyword::By,       Keyword::Delimited, Keyword::From,
+                                     Keyword::Giving,   Keyword::Into,      Keyword::Replacing,
+                                     Keyword::Tallying, Keyword::To,        Keyword::Until,
+                                     Keyword::Upon,     Keyword::Using};
+
+/// Whether the token can only follow an operand, never one of the words that are looked for here.
+static bool followsOperand(const Token &token) {
+  return token.isOneOf(Keyword::Of, Keyword::In, Keyword::Is, Keyword::And, Keyword::Or,
+                       Keyword::Rounded, TokenKind::Equal, TokenKind::Less, TokenKind::Greater) ||
+         llvm::is_contained(joints, token.keyword);
+}
+
+Keyword ParserBase::misspeltKeyword() {
+  if (!at(TokenKind::Word) || !at(Keyword::None))
+    return Keyword::None;
+  const Token following = peek(1);
+  const bool isVerbNext = following.isVerb();
+  const bool isAtEnd =
+      following.is(TokenKind::Period) || isVerbNext || isScopeTerminator(following.keyword);
+  // Most words need no look at what is declared.
+  llvm::ArrayRef<EnclosingStatement> enclosing = recovery.getEnclosing();
+  const bool isEndPossible = enclosing.size() > 1 || (!enclosing.empty() && enclosing.back().scope);
+  if (isAtEnd ? !isEndPossible : followsOperand(following))
+    return Keyword::None;
+  if (isNamed(peek()))
+    return Keyword::None;
+
+  const Token word = peek();
+  SpellingMatch match(word.text);
+  Keyword meant = Keyword::None;
+  auto consider = [&](Keyword candidate) {
+    if (match.consider(textOf(candidate)))
+      meant = candidate;
+  };
+  for (const EnclosingStatement &one : llvm::reverse(enclosing))
+    if (one.scope)
+      consider(one.scope->endWord);
+  if (isVerbNext && recovery.canTakeElse())
+    consider(Keyword::Else);
+  if (isAtEnd)
+    return meant;
+  if (recovery.canTakeWhen())
+    consider(Keyword::When);
+  for (Keyword joint : joints)
+    consider(joint);
+  if (!word.isFirstOnLine() || following.is(TokenKind::LParen))
+    return meant;
+#define KEYWORD(Enumerator, Text, Flags)                                                           \
+  if ((Flags) & KF_Verb)                                                                           \
+    consider(Keyword::Enumerator);
+#include "Parse/Keywords.def"
+  return meant;
 }
 
 } // namespace tarka

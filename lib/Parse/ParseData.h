@@ -1,0 +1,90 @@
+//===- ParseData.h - data division ------------------------------*- C++ -*-===//
+
+#ifndef TARKA_LIB_PARSE_PARSEDATA_H
+#define TARKA_LIB_PARSE_PARSEDATA_H
+
+#include "Parse/ParseClauses.h"
+#include <algorithm>
+#include <array>
+
+namespace tarka {
+
+/// The usages of items that hold a value; like all usages they may stand without the word USAGE.
+inline constexpr std::array valueUsages{
+    Keyword::Binary,         Keyword::Comp,           Keyword::Comp1,
+    Keyword::Comp2,          Keyword::Comp3,          Keyword::Comp4,
+    Keyword::Comp5,          Keyword::Computational,  Keyword::Computational1,
+    Keyword::Computational2, Keyword::Computational3, Keyword::Computational4,
+    Keyword::Computational5, Keyword::Display,        Keyword::Display1,
+    Keyword::National,       Keyword::PackedDecimal};
+
+/// The keywords of both arrays, in their order.
+template <std::size_t N, std::size_t M>
+constexpr std::array<Keyword, N + M> joined(const std::array<Keyword, N> &first,
+                                            const std::array<Keyword, M> &second) {
+  std::array<Keyword, N + M> all{};
+  std::copy(second.begin(), second.end(), std::copy(first.begin(), first.end(), all.begin()));
+  return all;
+}
+
+/// The clauses of a data description entry.
+extern const ClauseSet dataClauses;
+
+class DataParser : public ClauseParser {
+public:
+  using ClauseParser::ClauseParser;
+
+  /// With DATA DIVISION next; fills the data division of the current unit. Never null.
+  DataDivision *parseDataDivision();
+
+  using AddRecord = llvm::function_ref<void(DataDescription *)>;
+  /// Parses the entries of data records as long as level numbers follow and passes each complete
+  /// record to \p add.
+  void parseDataRecords(StorageType storage, AddRecord add);
+
+protected:
+  /// Parses entries with \p parseEntry as long as level numbers follow, puts them together to
+  /// records, and passes each complete record to \p add. An entry that cannot stand in the tree is
+  /// null.
+  void parseRecords(const ClauseSet &clauses, llvm::function_ref<DataDescription *()> parseEntry,
+                    AddRecord add);
+  unsigned parseLevelNumber();
+  /// The name of an entry or FILLER; null when the entry has none.
+  Word *parseEntryName(const ClauseSet &clauses);
+
+  // Clauses that report groups have as well.
+  ClausePicture *parsePicture();
+  ClauseUsage *parseUsage();
+  ClauseValue *parseValue();
+  ClauseOccurs *parseOccurs();
+  ClauseSign *parseSign();
+  ClauseJustified *parseJustified();
+  ClauseBlankZero *parseBlankZero();
+
+private:
+  static constexpr unsigned sectionKinds = static_cast<unsigned>(StorageType::Report) + 1;
+  /// \p seen are the sections that the division has already.
+  void parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen);
+  void skipForeignSection();
+  /// With a level number next. Null when the entry cannot stand in the tree.
+  DataDescription *parseDataEntry();
+  void skipCopiedEntryName(unsigned level, const Word &name);
+
+  bool parseDataClause(DataDescription &entry);
+  Word *parsePictureString();
+  ClauseGroupUsage *parseGroupUsage();
+  PhraseValue *parseValuePhrase();
+  bool parseValueOperand(LiteralExpression *&literal, Word *&word);
+  /// [n TO] m TIMES
+  bool parseOccursBounds(ClauseOccurs &occurs);
+  Key *parseOccursKey();
+  bool parseIndexNames(ClauseOccurs &occurs);
+  ClauseRedefines *parseRedefines();
+  ClauseRenames *parseRenames();
+  ClauseSynchronized *parseSynchronized();
+  ClauseDateFormat *parseDateFormat();
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_PARSEDATA_H

@@ -1,0 +1,37 @@
+//===- ParseFile.h - data division, file section ----------------*- C++ -*-===//
+
+#ifndef TARKA_LIB_PARSE_PARSEFILE_H
+#define TARKA_LIB_PARSE_PARSEFILE_H
+
+#include "AST/FileDescription.h"
+#include "Parse/ParseData.h"
+
+namespace tarka {
+
+class FileSectionParser : public DataParser {
+public:
+  using DataParser::DataParser;
+
+  /// With the entries of the file section next; adds the files to \p division.
+  void parseFileSection(DataDivision &division);
+
+private:
+  FileDescription *parseFileDescription();
+  bool parseFileClause(FileDescription &file);
+  ClauseBlock *parseBlock();
+  ClauseRecord *parseRecord();
+  ClauseLabel *parseLabel();
+  ClauseValueOf *parseValueOf();
+  ValueOfElem *parseValueOfElement();
+  ClauseDataRecord *parseDataRecord();
+  ClauseLinage *parseLinage();
+  ClauseRecordingMode *parseRecordingMode();
+  ClauseCodeSet *parseCodeSet();
+  ClauseReport *parseReportClause();
+  /// A data-name with its qualifiers. \p what describes it in the message.
+  IdentifierExpression *parseItemName(llvm::StringRef what = "a data-name");
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_PARSEFILE_H

@@ -1,0 +1,330 @@
+//===- ParseHeaders.cpp - where parts of a program begin ----------------===//
+//
+// Headers are recognized also where a word of them is misspelt or missing or the
+// words are exchanged: a part of a program that is not recognized would cost a
+// message for each of its lines.
+//
+//===----------------------------------------------------------------------===//
+
+#include "Parse/MisspeltWords.h"
+#include "Parse/ParserBase.h"
+
+namespace tarka {
+
+//===----------------------------------------------------------------------===//
+// Divisions and programs
+//===----------------------------------------------------------------------===//
+
+bool ParserBase::atUnitBoundary() {
+  if (at(TokenKind::EndOfFile))
+    return true;
+  return divisionAt() != Keyword::None || atEndProgram() ||
+         atSequence(Keyword::ProgramId, TokenKind::Period);
+}
+
+/// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: a program
+/// whose end nobody sees would take all that follow for its own.
+bool ParserBase::atEndProgram() {
+  if (!at(Keyword::End, Keyword::Program))
+    return false;
+  if (atSequence(Keyword::End, Keyword::Program))
+    return true;
+  const Token &next = peek(1);
+  if (!context.unit || !peek().isFirstOnLine() || !peek().isInAreaA())
+    return false;
+  if (at(Keyword::End) && next.is(Keyword::End))
+    return peek(2).is(Keyword::Program);
+  bool isName =
+      next.isWord() && next.text == llvm::StringRef(context.unit->getSourceUnitName()).upper();
+  return isName ||
+         (at(Keyword::Program)
+              ? next.is(Keyword::End)
+              : next.isUserWord() && nearestKeyword(next.text, Keyword::Program) != Keyword::None);
+}
+
+/// The division whose header is next, also where a word of the header is misspelt or missing or its
+/// words are exchanged: a division that nobody sees would cost a message for each of its lines.
+Keyword ParserBase::divisionAt() {
+  static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
+                                          Keyword::Data, Keyword::Procedure};
+  Keyword first = peek().keyword;
+  if (first == Keyword::Id)
+    return peek(1).is(Keyword::Division) ? Keyword::Identification : Keyword::None;
+  if (llvm::is_contained(divisions, first)) {
+    if (peek(1).is(Keyword::Division))
+      return first;
+    bool isHeader = peek().isFirstOnLine() && peek().isInAreaA() &&
+                    (atMisspeltDivision(1) || peek(1).is(TokenKind::Period) ||
+                     atSequence(Keyword::Procedure, Keyword::Using));
+    return isHeader ? first : Keyword::None;
+  }
+  if (!peek().isFirstOnLine())
+    return Keyword::None;
+  if (first == Keyword::Division)
+    return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision();
+  if (at(TokenKind::Word) && !peek().isVerb() && peek(1).is(Keyword::Division))
+    return nearestKeyword(peek().text, divisions);
+  return Keyword::None;
+}
+
+/// Which division begins with the word DIVISION alone: what follows it tells.
+Keyword ParserBase::namelessDivision() {
+  if (peek(1).is(Keyword::Using))
+    return Keyword::Procedure;
+  if (!peek(1).is(TokenKind::Period))
+    return Keyword::None;
+  switch (peek(2).keyword) {
+  case Keyword::ProgramId:
+    return Keyword::Identification;
+  case Keyword::Configuration:
+  case Keyword::InputOutput:
+    return Keyword::Environment;
+  case Keyword::File:
+  case Keyword::WorkingStorage:
+  case Keyword::LocalStorage:
+  case Keyword::Linkage:
+  case Keyword::Report:
+    return Keyword::Data;
+  default:
+    return context.unit && context.unit->getDataDivision() ? Keyword::Procedure : Keyword::None;
+  }
+}
+
+/// Whether the word \p n places on is DIVISION misspelt.
+bool ParserBase::atMisspeltDivision(unsigned n) {
+  return peek(n).isUserWord() && nearestKeyword(peek(n).text, Keyword::Division) != Keyword::None;
+}
+
+/// The header of \p division, which divisionAt() gave, up to its period.
+void ParserBase::takeDivisionHeader(Keyword division) {
+  recovery.resumeReporting();
+  if (accept(Keyword::Division)) {
+    error(DiagnosticId::Expected, stream.getLastPlace(), (textOf(division) + " DIVISION").str(),
+          "'DIVISION'");
+    accept(division);
+    return;
+  }
+  if (!at(division) && !at(Keyword::Id))
+    error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(division));
+  stream.skip();
+  if (accept(Keyword::Division))
+    return;
+  expected(textOf(Keyword::Division));
+  if (atMisspeltDivision(0) || atSequence(TokenKind::Period, Keyword::Division))
+    stream.skip();
+  accept(Keyword::Division);
+}
+
+//===----------------------------------------------------------------------===//
+// The environment and data division
+//===----------------------------------------------------------------------===//
+
+bool ParserBase::atPartHeader() {
+  switch (peek().keyword) {
+  case Keyword::Identification:
+  case Keyword::Id:
+  case Keyword::ProgramId:
+  case Keyword::Environment:
+  case Keyword::Data:
+  case Keyword::Procedure:
+  case Keyword::Division:
+  case Keyword::End:
+    return atUnitBoundary();
+  case Keyword::Section:
+    return peek().isFirstOnLine();
+  case Keyword::SourceComputer:
+  case Keyword::ObjectComputer:
+  case Keyword::SpecialNames:
+  case Keyword::Repository:
+  case Keyword::FileControl:
+  case Keyword::IOControl:
+    return true;
+  case Keyword::Communication:
+  case Keyword::Configuration:
+  case Keyword::InputOutput:
+  case Keyword::Linkage:
+  case Keyword::LocalStorage:
+  case Keyword::WorkingStorage:
+    return peek().isFirstOnLine() || peek(1).is(Keyword::Section);
+  case Keyword::File:
+  case Keyword::Report:
+    return peek(1).is(Keyword::Section) || atMisspeltSection();
+  case Keyword::None:
+    return at(TokenKind::EndOfFile) ||
+           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division));
+  default:
+    return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
+  }
+}
+
+bool ParserBase::atLevelNumber() {
+  if (!at(TokenKind::IntegerLiteral) || !peek().isFirstOnLine() || peek().spelling.size() > 2)
+    return false;
+  // A number that belongs to a clause is followed by another one, by the unit that it counts, or by
+  // what goes on with a list of values.
+  const Token &next = peek(1);
+  if (!next.isWord() || next.isFigurativeConstant())
+    return false;
+  if (next.isUserWord())
+    return !isSymbolicCharacter(*next.getInternedText());
+  return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
+                       Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
+                       Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,
+                       Keyword::Times, Keyword::To, Keyword::When);
+}
+
+/// Where the header is missing, what only one of the sections can hold tells which it is.
+Keyword ParserBase::dataSectionAt() {
+  static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
+                                        Keyword::LocalStorage, Keyword::Linkage, Keyword::Report};
+  bool isHeader = peek(1).is(Keyword::Section);
+  if (llvm::is_contained(headers, peek().keyword)) {
+    // A header is one even where SECTION is misspelt or missing.
+    bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period);
+    if (isHeader || (peek().isFirstOnLine() && isAlone))
+      return peek().keyword;
+  } else if (isHeader && peek().isWord()) {
+    return nearestKeyword(peek().text, headers);
+  }
+  if (!peek().isFirstOnLine())
+    return Keyword::None;
+  if (at(Keyword::Section) && llvm::is_contained(headers, peek(1).keyword))
+    return peek(1).keyword;
+  const Token &first = peek(atSequence(Keyword::Section, TokenKind::Period) ? 2 : 0);
+  if (first.isOneOf(Keyword::Fd, Keyword::Sd))
+    return Keyword::File;
+  if (first.is(Keyword::Rd))
+    return Keyword::Report;
+  bool isEntry = at(Keyword::Section) ? first.is(TokenKind::IntegerLiteral) : atLevelNumber();
+  return isEntry ? Keyword::WorkingStorage : Keyword::None;
+}
+
+void ParserBase::missingPeriod() {
+  // The end of the file is no place to look at.
+  SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
+  error(DiagnosticId::PeriodMissing, place, describe(peek()));
+}
+
+void ParserBase::expectPeriod() {
+  if (accept(TokenKind::Period))
+    return;
+  missingPeriod();
+  // What else stands in the line of a header belongs to nothing.
+  while (!peek().isFirstOnLine() && !atPartHeader() &&
+         !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
+    if (accept(TokenKind::Period))
+      return;
+    else
+      stream.skip();
+}
+
+//===----------------------------------------------------------------------===//
+// The procedure division
+//===----------------------------------------------------------------------===//
+
+/// Where a sentence may begin, a word before a period or before SECTION is the name of a procedure.
+/// In fixed form such a name begins in area A; a word in area B that comes near a verb is more
+/// likely that verb misspelt.
+ParserBase::HeaderKind ParserBase::headerKind() {
+  const Token name = peek();
+  if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
+    return HeaderKind::None;
+  if (peek(1).is(Keyword::Section) || atMisspeltSection() ||
+      (peek(1).is(TokenKind::Period) && peek(2).is(Keyword::Section)))
+    return HeaderKind::Section;
+  bool isInOrder = name.isInAreaA() || !name.isInFixedForm();
+
+  if (peek(1).is(TokenKind::Period)) {
+    if (name.isUserWord() || !name.isWord())
+      return isInOrder || suggestKeyword(name.text, KF_Verb).empty() ? HeaderKind::Paragraph
+                                                                     : HeaderKind::None;
+    // A reserved word taken for a name; those that end or divide statements are something else.
+    bool isPartOfStatement =
+        isScopeTerminator(name.keyword) ||
+        name.isOneOf(Keyword::Else, Keyword::Otherwise, Keyword::When, Keyword::Declaratives);
+    return name.isInAreaA() && !isPartOfStatement ? HeaderKind::Paragraph : HeaderKind::None;
+  }
+  // The period of a name that has its line to itself was forgotten.
+  bool isAlone = name.isUserWord() && name.isInAreaA() && peek(1).isFirstOnLine() &&
+                 peek(1).isVerb() &&
+                 (name.isInFixedForm() || suggestKeyword(name.text, KF_Verb).empty());
+  return isAlone ? HeaderKind::Paragraph : HeaderKind::None;
+}
+
+/// Whether a line holds the name of a section and SECTION misspelt, or the two exchanged.
+bool ParserBase::atMisspeltSection() {
+  const Token name = peek();
+  if (!name.isFirstOnLine() || !name.isInAreaA() || !peek(1).isUserWord() ||
+      peek(1).isFirstOnLine() || !peek(2).is(TokenKind::Period))
+    return false;
+  return name.is(Keyword::Section) ||
+         (name.isWord() && nearestKeyword(peek(1).text, Keyword::Section) != Keyword::None);
+}
+
+/// A name in area A before a period, and any name before SECTION, begins a procedure. Where the
+/// period of the sentence before it is missing, it must not be taken for an operand of that
+/// sentence. In free form every line begins in area A, which says nothing.
+bool ParserBase::atProcedureHeader() {
+  const Token &name = peek();
+  if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
+    return false;
+  bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
+  const Token &next = peek(1);
+  return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
+}
+
+/// Whether the declaratives begin, also where their header is misspelt or missing; that costs a
+/// message for each USE otherwise.
+bool ParserBase::atDeclaratives() {
+  if (at(Keyword::Declaratives))
+    return true;
+  bool isMisspelt = peek().isUserWord() && peek(1).is(TokenKind::Period) &&
+                    nearestKeyword(peek().text, Keyword::Declaratives) != Keyword::None;
+  return isMisspelt || (peek().isUserWord() && peek(1).is(Keyword::Section) &&
+                        peek(2).is(TokenKind::Period) && peek(3).is(Keyword::Use));
+}
+
+/// END DECLARATIVES, also where the words are not quite these.
+bool ParserBase::atEndDeclaratives() {
+  if (!at(Keyword::End))
+    return atSequence(Keyword::Declaratives, Keyword::End);
+  if (peek(1).is(Keyword::Declaratives))
+    return true;
+  if (!peek().isFirstOnLine() || !peek().isInAreaA())
+    return false;
+  return (peek(1).is(Keyword::End) && peek(2).is(Keyword::Declaratives)) ||
+         (peek(1).isUserWord() &&
+          nearestKeyword(peek(1).text, Keyword::Declaratives) != Keyword::None);
+}
+
+bool ParserBase::atStatement() {
+  const Token &token = peek();
+  if (token.isVerb())
+    return true;
+  // Words that are verbs only together with what follows.
+  switch (token.keyword) {
+  case Keyword::Next:
+    return peek(1).is(Keyword::Sentence);
+  case Keyword::Reset:
+    return peek(1).is(Keyword::Trace);
+  case Keyword::Suppress:
+    // XML GENERATE has a phrase SUPPRESS, which names something.
+    return peek(1).isOneOf(Keyword::Printing, Keyword::Else, TokenKind::Period) ||
+           peek(1).isVerb() || isScopeTerminator(peek(1).keyword);
+  case Keyword::On:
+    return context.options.osvs && (peek(1).isNumber() || peek(1).isUserWord());
+  default:
+    return false;
+  }
+}
+
+/// The period of a header. Where something else stands in its line, that is skipped as well.
+void ParserBase::expectHeaderPeriod() {
+  if (expect(TokenKind::Period))
+    return;
+  while (!peek().isFirstOnLine() && !at(TokenKind::Period) && !atStatement())
+    stream.skip();
+  accept(TokenKind::Period);
+}
+
+} // namespace tarka

@@ -1,0 +1,42 @@
+//===- ParseProcedure.h - procedure division --------------------*- C++ -*-===//
+
+#ifndef TARKA_LIB_PARSE_PARSEPROCEDURE_H
+#define TARKA_LIB_PARSE_PARSEPROCEDURE_H
+
+#include "Parse/ParseStatement.h"
+
+namespace tarka {
+
+class ProcedureParser : public StatementParser {
+public:
+  using StatementParser::StatementParser;
+
+  /// With PROCEDURE DIVISION next. Never null.
+  ProcedureDivision *parseProcedureDivision();
+
+private:
+  void parseProcedureHeader(ProcedureDivision &division);
+  Section *parseSectionHeader();
+  Word *parseHeaderName();
+  /// The paragraphs and sentences up to the next section or the end of the part.
+  template <typename Owner> void parseParagraphs(Owner &owner);
+  Paragraph *parseParagraph();
+  /// A sentence with its period; null when nothing of it is left after its mistakes.
+  Sentence *parseSentence();
+  bool atProcedureBody();
+
+  void parseDeclaratives(ProcedureDivision &division);
+  void parseDeclarativeSection(ProcedureDivision &division);
+  void takeEndDeclaratives();
+  bool rejectDeclaratives();
+  UseStatement *parseUse();
+  UseStatement *parseUseException(const SourceRange &begin, bool isGlobal);
+  UseStatement *parseUseLabel(const SourceRange &begin, bool isGlobal, UseTimingType timing);
+  UseStatement *parseUseReporting(const SourceRange &begin, bool isGlobal);
+  UseStatement *parseUseDebugging(const SourceRange &begin);
+  bool parseUseFiles(UseStatement &use);
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_PARSEPROCEDURE_H

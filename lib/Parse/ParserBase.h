@@ -1,0 +1,268 @@
+//===- ParserBase.h - what all parts of the parser share --------*- C++ -*-===//
+//
+// The parser is recursive descent in families, each a class with its header and
+// source file: ParseExpression, ParseCondition, ParseClauses, ParseEnvironment,
+// ParseFileControl, ParseData, ParseFile, ParseReport, ParseSupplied,
+// ParseStatement and one for each family of statements, ParseProcedure,
+// ParseProgram. The objects of these classes hold nothing of their own: all state
+// is in the ParserContext, so a parser is made where it is needed, such as
+// `DataParser(context).parseDataDivision()`.
+//
+// The conventions for results are in ParseResult.h, error recovery is in
+// Recovery.h. A node's place runs from its first token to its last: take
+// `begin = here()` before the first token and make the node with
+// `make<...>(begin, ...)` after the last.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_PARSE_PARSERBASE_H
+#define TARKA_LIB_PARSE_PARSERBASE_H
+
+#include "AST/Expression.h"
+#include "AST/Program.h"
+#include "AST/Statement.h"
+#include "Parse/Diagnostics.h"
+#include "Parse/ParseOptions.h"
+#include "Parse/ParseResult.h"
+#include "Parse/Preprocessor.h"
+#include "Parse/Recovery.h"
+#include "llvm/ADT/DenseSet.h"
+#include <bitset>
+#include <optional>
+
+namespace tarka {
+
+/// The state of parsing one stream of tokens.
+struct ParserContext {
+  ParserContext(TokenStream &tokens, FrontEndDiagnostics &messages,
+                const ParseOptions &parseOptions)
+      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens, messages) {}
+
+  TokenStream &stream;
+  FrontEndDiagnostics &diagnostics;
+  const ParseOptions &options;
+  Recovery recovery;
+  /// The unit being parsed; its divisions are attached as they begin.
+  SourceUnit *unit = nullptr;
+  unsigned depth = 0; ///< of nested statements, parentheses, programs
+  bool decimalPointIsComma = false;
+  /// The functions that REPOSITORY lets stand without FUNCTION, by their interned names.
+  llvm::DenseSet<const std::string *> repositoryFunctions;
+  /// The names after INDEXED BY, which become entries of the data division only when it is checked.
+  llvm::DenseSet<const std::string *> indexNames;
+  /// The languages of the embedded blocks in the unit.
+  std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
+};
+
+class ParserBase {
+public:
+  explicit ParserBase(ParserContext &shared)
+      : context(shared), stream(shared.stream), recovery(shared.recovery) {}
+
+  //===--------------------------------------------------------------------===//
+  // Tokens (ParserBase.cpp)
+  //===--------------------------------------------------------------------===//
+
+  const Token &peek(unsigned n = 0) { return stream.peek(n); }
+  template <typename... Kinds> bool at(Kinds... kinds) { return peek().isOneOf(kinds...); }
+  /// Whether the next tokens are the given keywords or kinds, in this order.
+  template <typename... Kinds> bool atSequence(Kinds... kinds) {
+    unsigned n = 0;
+    return (peek(n++).is(kinds) && ...);
+  }
+  /// Whether \p text is next, a word that is a keyword only here.
+  bool atWord(llvm::StringRef text) { return peek().isWord() && peek().text == text; }
+  template <typename Kind> bool accept(Kind kind) {
+    if (!peek().is(kind))
+      return false;
+    stream.skip();
+    return true;
+  }
+  template <typename First, typename... Rest> bool acceptAny(First first, Rest... rest) {
+    return accept(first) || (accept(rest) || ...);
+  }
+  /// Takes the keyword or token, or reports that it is missing.
+  bool expect(Keyword keyword);
+  bool expect(TokenKind kind);
+  /// Reports that \p what is missing here and what was found instead.
+  Failure expected(llvm::StringRef what);
+  /// Reports \p id at \p place with the values of its {0}, {1} ..., unless it is suppressed.
+  template <typename... Arguments>
+  Failure error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
+    if (recovery.shouldReport(id, place))
+      context.diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
+    return {};
+  }
+
+  /// The place of the next token.
+  SourceRange here() { return peek().place; }
+  /// The place from \p begin to the end of the last token taken, as the position of a new node.
+  Node from(const SourceRange &begin);
+
+  /// A new node from \p begin to the last token taken.
+  template <typename T, typename... Arguments>
+  T *make(const SourceRange &begin, Arguments &&...arguments) {
+    Node place = from(begin);
+    return new T(&place, std::forward<Arguments>(arguments)...);
+  }
+  /// A new node at \p place, whatever tokens were taken.
+  template <typename T, typename... Arguments>
+  static T *makeAt(const SourceRange &place, Arguments &&...arguments) {
+    Node node(place);
+    return new T(&node, std::forward<Arguments>(arguments)...);
+  }
+  /// Extends the place of \p node to the end of the last token taken.
+  template <typename T> T *complete(T *node) {
+    node->setRange(from(node->getRange()).getRange());
+    return node;
+  }
+
+  /// Skips the next period and what comes before it, or to the end of the file.
+  void skipPastPeriod();
+  /// Takes the tokens up to the next space or separator period and returns their text.
+  std::string takeRun();
+
+  //===--------------------------------------------------------------------===//
+  // Names and literals (ParserBase.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// A word from the next token, whatever it is.
+  Word *takeWord();
+  /// A user-defined word. \p what describes it in the message: "a data-name". For a reserved word
+  /// the message says that it is one.
+  Word *parseUserWord(llvm::StringRef what);
+  /// A procedure-name, which may be all digits.
+  Word *parseProcedureWord();
+  /// name {OF | IN} name ...
+  QualifiedWord *parseQualifiedWord(llvm::StringRef what);
+  /// procedure-name {OF | IN} section-name
+  QualifiedWord *parseProcedureName();
+
+  /// Whether a numeric literal, with or without a sign, is next.
+  bool atNumericLiteral();
+  /// Whether a literal or a figurative constant is next.
+  bool atLiteral();
+  /// Any literal or figurative constant, including ALL literal and symbolic characters.
+  LiteralExpression *parseLiteral();
+  NumericLiteralExpression *parseNumericLiteral();
+  NonNumericLiteralExpression *parseNonNumericLiteral();
+  FigurativeLiteralExpression *parseFigurativeConstant();
+
+  //===--------------------------------------------------------------------===//
+  // Where parts of a program begin (ParseHeaders.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// The division whose header is next; None where there is none.
+  Keyword divisionAt();
+  bool atDivision(Keyword which) { return divisionAt() == which; }
+  /// Takes the header of \p division, which divisionAt() returned, up to its period.
+  void takeDivisionHeader(Keyword division);
+  /// Whether any division header, END PROGRAM or the end of the file is next.
+  bool atUnitBoundary();
+  bool atEndProgram();
+  /// Whether a paragraph, section or division header of the environment or data division is next,
+  /// or the end of the file.
+  bool atPartHeader();
+  /// The first word of the header of the section of the data division that is next, also where the
+  /// header is misspelt or missing; None where no section is next.
+  Keyword dataSectionAt();
+  bool atDataSection() { return dataSectionAt() != Keyword::None; }
+  /// Whether a number begins a line and is most likely a level number, before which a period is
+  /// missing, and not a number that the clause before it needs.
+  bool atLevelNumber();
+
+  enum class HeaderKind : uint8_t { None, Paragraph, Section };
+  /// What begins with the next token where a sentence may begin.
+  HeaderKind headerKind();
+  /// Whether the next word begins a paragraph or a section, so that it cannot be an operand.
+  bool atProcedureHeader();
+  bool atMisspeltSection();
+  bool atDeclaratives();
+  bool atEndDeclaratives();
+  /// Whether a statement begins with the next token.
+  bool atStatement();
+
+  /// The period of an entry or header. A missing period is reported; then parsing goes on as if it
+  /// were there.
+  void expectPeriod();
+  void missingPeriod();
+  /// The period of a header in the procedure division. What stands there instead is skipped with
+  /// the rest of its line.
+  void expectHeaderPeriod();
+
+  //===--------------------------------------------------------------------===//
+  // Misspelt words (ParseMisspelt.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// The keyword that an undeclared word was most likely meant to be: one that an enclosing
+  /// statement waits for, one that joins operands or, at the beginning of a line, a verb. None when
+  /// there is no such keyword.
+  Keyword misspeltKeyword();
+
+  //===--------------------------------------------------------------------===//
+  // Embedded languages (ParseEmbedded.cpp)
+  //===--------------------------------------------------------------------===//
+
+  /// EXEC language text END-EXEC
+  ExecStatement *parseEmbeddedBlock();
+  /// An embedded block where no statement can stand, among data entries, and the period after it.
+  /// False when none is next.
+  bool skipEmbeddedBlock();
+  /// Skips the text of a block whose EXEC is misspelt, so that the stream has made tokens of it.
+  void skipEmbeddedText();
+
+  //===--------------------------------------------------------------------===//
+  // What the program declares (ParseNames.cpp). The names are those of tokens,
+  // which are interned.
+  //===--------------------------------------------------------------------===//
+
+  /// Whether the name is a condition-name (level 88) of this unit or of an outer one.
+  bool isConditionName(const std::string &name) const;
+  /// Whether the name is an ON or OFF condition of SPECIAL-NAMES of this unit or an outer one.
+  bool isSwitchName(const std::string &name) const;
+  /// Whether CLASS of SPECIAL-NAMES declares the name, in this unit or an outer one.
+  bool isClassName(const std::string &name) const;
+  /// Whether SYMBOLIC CHARACTERS declares the name, in this unit or an outer one.
+  bool isSymbolicCharacter(const std::string &name) const;
+  /// Whether the name is a mnemonic name of SPECIAL-NAMES of this unit or an outer one.
+  bool isMnemonicName(const std::string &name) const;
+  /// Whether the name is that of a file (FD, SD or SELECT) of this unit or an outer one.
+  bool isFileName(const std::string &name) const;
+  /// Whether the name is that of a report (RD).
+  bool isReportName(const std::string &name) const;
+  /// Whether the unit can see a data item of the name: it declares it, or an outer program shares
+  /// it.
+  bool isItemName(const std::string &name) const;
+  bool isDeclared(llvm::StringRef name) const { return isItemName(internString(name)); }
+  /// Whether the word is declared as anything that can be an operand.
+  bool isNamed(const Token &word);
+
+protected:
+  /// How deep constructs may nest: statements in statements, parentheses, programs.
+  static constexpr unsigned maxDepth = 1000;
+
+  /// Counts one level of nesting as long as it lives.
+  class Depth {
+  public:
+    explicit Depth(ParserBase &parser) : context(parser.context) { ++context.depth; }
+    ~Depth() { --context.depth; }
+    Depth(const Depth &) = delete;
+    Depth &operator=(const Depth &) = delete;
+    bool isTooDeep() const { return context.depth > maxDepth; }
+
+  private:
+    ParserContext &context;
+  };
+
+  ParserContext &context;
+  TokenStream &stream;
+  Recovery &recovery;
+
+private:
+  Keyword namelessDivision();
+  bool atMisspeltDivision(unsigned n);
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_PARSERBASE_H
