@@ -54,7 +54,10 @@ public:
 
   SortOrder getOrder() const { return order; }
 
-  TARKA_LIST_ADD(Expression, dataList, DataList, Data);
+  TARKA_LIST_ADD(Expression, dataList, DataList, Data)
+
+private:
+  std::list<Expression *> dataList;
   SortOrder order;
 };
 
@@ -72,15 +75,22 @@ public:
   bool isVariableTable() const { return odoName != nullptr; }
 
   /// The literal of OCCURS n, or m of OCCURS n TO m. Null when it is missing.
-  TARKA_FIELD(NumericLiteralExpression *, maxExpr, MaxExpr, nullptr);
+  TARKA_FIELD(NumericLiteralExpression *, maxExpr, MaxExpr)
   /// The literal n of OCCURS n TO m, null in OCCURS n.
-  TARKA_FIELD(NumericLiteralExpression *, minExpr, MinExpr, nullptr);
+  TARKA_FIELD(NumericLiteralExpression *, minExpr, MinExpr)
   /// The object of DEPENDING ON, null when there is none.
-  TARKA_FIELD(Expression *, odoName, OdoName, nullptr);
+  TARKA_FIELD(Expression *, odoName, OdoName)
   /// The KEY phrases, in order of their significance.
-  TARKA_LAZY_LIST(Key, keys, Keys, Key);
+  TARKA_LIST_ADD(Key, keys, Keys, Key)
   /// The names of INDEXED BY, each unqualified.
-  TARKA_LAZY_LIST(DataIdentifierExpression, indexList, IndexList, Index);
+  TARKA_LIST_ADD(DataIdentifierExpression, indexList, IndexList, Index)
+
+private:
+  NumericLiteralExpression *maxExpr = nullptr;
+  NumericLiteralExpression *minExpr = nullptr;
+  Expression *odoName = nullptr;
+  LazyList<Key> keys;
+  LazyList<DataIdentifierExpression> indexList;
 };
 
 /// One value of a VALUE clause: literal [THROUGH literal]. A value that is written as a word (a
@@ -90,11 +100,17 @@ public:
   PhraseValue() = default;
   explicit PhraseValue(const Node *at) : Node(at) {}
 
-  TARKA_FIELD(LiteralExpression *, literal1, Literal1, nullptr);
+  TARKA_FIELD(LiteralExpression *, literal1, Literal1)
   /// What follows THROUGH; null when there is no range.
-  TARKA_FIELD(LiteralExpression *, literal2, Literal2, nullptr);
-  TARKA_FIELD(Word *, word1, Word1, nullptr);
-  TARKA_FIELD(Word *, word2, Word2, nullptr);
+  TARKA_FIELD(LiteralExpression *, literal2, Literal2)
+  TARKA_FIELD(Word *, word1, Word1)
+  TARKA_FIELD(Word *, word2, Word2)
+
+private:
+  LiteralExpression *literal1 = nullptr;
+  LiteralExpression *literal2 = nullptr;
+  Word *word1 = nullptr;
+  Word *word2 = nullptr;
 };
 
 /// VALUE.
@@ -111,8 +127,12 @@ public:
   bool isListValue() const { return phrases.size() > 1; }
 
   /// What WHEN SET TO FALSE IS gives for a condition name; null when the phrase is absent.
-  TARKA_FIELD(LiteralExpression *, falseValue, FalseValue, nullptr);
-  TARKA_LIST_ADD(PhraseValue, phrases, PhraseVal, PhraseValue);
+  TARKA_FIELD(LiteralExpression *, falseValue, FalseValue)
+  TARKA_LIST_ADD(PhraseValue, phrases, PhraseVal, PhraseValue)
+
+private:
+  LiteralExpression *falseValue = nullptr;
+  std::list<PhraseValue *> phrases;
 };
 
 /// REDEFINES.
@@ -184,7 +204,10 @@ public:
   /// The pattern as written, such as YYYYXX.
   Word *getPatten() const { return patten; }
 
-  TARKA_FIELD(PattenType, pattenType, PattenType, PattenType::None);
+  TARKA_FIELD(PattenType, pattenType, PattenType)
+
+private:
+  PattenType pattenType = PattenType::None;
   Word *patten;
 };
 

@@ -50,10 +50,8 @@ public:
   DataDescription *getRootDesc();
   const DataDescription *getRootDesc() const;
 
-  std::list<DataDescription *>::iterator getChildrenBegin() {
-    return listOrEmpty(children).begin();
-  }
-  std::list<DataDescription *>::iterator getChildrenEnd() { return listOrEmpty(children).end(); }
+  std::list<DataDescription *>::iterator getChildrenBegin() { return beginOf(children); }
+  std::list<DataDescription *>::iterator getChildrenEnd() { return endOf(children); }
   std::size_t getChildrenSize() const { return children ? children->size() : 0; }
   const std::list<DataDescription *> &getChildrenElements() const { return listOrEmpty(children); }
   /// The list itself, never null. Whoever changes it directly, and not with one of the functions
@@ -135,14 +133,14 @@ public:
   /// Appends to the condition names of this conditional variable.
   void addCondNameChildren(DataDescription *conditionName);
   std::list<DataDescription *>::iterator getCondNameChildrenBegin() {
-    return listOrEmpty(rareParts().condNames).begin();
+    return rareParts().condNames.begin();
   }
   std::list<DataDescription *>::iterator getCondNameChildrenEnd() {
-    return listOrEmpty(rareParts().condNames).end();
+    return rareParts().condNames.end();
   }
   std::size_t getCondNameChildrenSize() const { return getCondNameChildrenElements().size(); }
   const std::list<DataDescription *> &getCondNameChildrenElements() const {
-    return listOrEmpty(rareParts().condNames);
+    return elementsOf(rareParts().condNames);
   }
 
   // REDEFINES.
@@ -154,7 +152,7 @@ public:
   /// Appends to the entries that redefine this one.
   void addRedefineSubject(DataDescription *subject);
   const std::list<DataDescription *> &getRedefineSubjectElements() const {
-    return listOrEmpty(rareParts().redefineSubjects);
+    return elementsOf(rareParts().redefineSubjects);
   }
   /// True when the entry redefines another one: it has a REDEFINES clause or an object.
   bool isRedefineSubject() const { return redefines || getRedefineObject(); }
@@ -217,16 +215,16 @@ public:
 
   /// The reports that use the item; each once, in the order of first use.
   std::list<ReportDescription *>::iterator getUsedRDListBegin() {
-    return listOrEmpty(rareParts().usedReports).begin();
+    return rareParts().usedReports.begin();
   }
   std::list<ReportDescription *>::iterator getUsedRDListEnd() {
-    return listOrEmpty(rareParts().usedReports).end();
+    return rareParts().usedReports.end();
   }
-  std::size_t getUsedRDListSize() const { return listOrEmpty(rareParts().usedReports).size(); }
+  std::size_t getUsedRDListSize() const { return rareParts().usedReports.size(); }
   void addUsedRD(ReportDescription *report);
   /// The report items that take their value from this one.
   const std::list<ReportDataDescription *> &getGenDEElements() const {
-    return listOrEmpty(rareParts().reportItems);
+    return elementsOf(rareParts().reportItems);
   }
   void addGenDE(ReportDataDescription *item);
 
@@ -264,17 +262,17 @@ private:
     ClauseDateFormat *dateFormat = nullptr;
     ClauseVolatile *isVolatile = nullptr;
     DataDescription *condNameParent = nullptr;
-    std::list<DataDescription *> *condNames = nullptr;
+    LazyList<DataDescription> condNames;
     DataDescription *redefineObject = nullptr;
-    std::list<DataDescription *> *redefineSubjects = nullptr;
+    LazyList<DataDescription> redefineSubjects;
     FileDescription *file = nullptr;
     ReportDescription *report = nullptr;
-    std::list<ReportDescription *> *usedReports = nullptr;
-    std::list<ReportDataDescription *> *reportItems = nullptr;
+    LazyList<ReportDescription> usedReports;
+    LazyList<ReportDataDescription> reportItems;
   };
 
   const RareParts &rareParts() const {
-    static constexpr RareParts none;
+    static const RareParts none;
     return rare ? *rare : none;
   }
   RareParts &makeRareParts();

@@ -9,11 +9,11 @@
 #define TARKA_AST_DATADIVISION_H
 
 #include "AST/FileDescription.h"
+#include "AST/GrowingIndex.h"
 #include "AST/ReportDescription.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
-#include "llvm/ADT/SmallVector.h"
 #include <memory>
 #include <vector>
 
@@ -29,12 +29,8 @@ public:
 
   // WORKING-STORAGE.
 
-  std::list<DataDescription *>::iterator getWorkSectionBegin() {
-    return listOrEmpty(workSection).begin();
-  }
-  std::list<DataDescription *>::iterator getWorkSectionEnd() {
-    return listOrEmpty(workSection).end();
-  }
+  std::list<DataDescription *>::iterator getWorkSectionBegin() { return beginOf(workSection); }
+  std::list<DataDescription *>::iterator getWorkSectionEnd() { return endOf(workSection); }
   std::size_t getWorkSectionSize() const { return workSection ? workSection->size() : 0; }
   /// The list itself; null when the division has no working-storage.
   std::list<DataDescription *> *getWorkSection() const { return workSection; }
@@ -54,12 +50,11 @@ public:
   void addFileSection(FileDescription *file) { fileSection.push_back(file); }
   void addReportSection(ReportDescription *report) { reportSection.push_back(report); }
 
-  TARKA_LIST(DataDescription, localSection, LocalSection);
-  TARKA_LIST(DataDescription, linkSection, LinkSection);
-  TARKA_LIST(FileDescription, fileSection, FileSection);
-  TARKA_LIST(ReportDescription, reportSection, ReportSection);
+  TARKA_LIST(DataDescription, localSection, LocalSection)
+  TARKA_LIST(DataDescription, linkSection, LinkSection)
+  TARKA_LIST(FileDescription, fileSection, FileSection)
+  TARKA_LIST(ReportDescription, reportSection, ReportSection)
 
-public:
   /// All entries with the name \p name, of every section and level: those of the file section
   /// first, then working-storage, local-storage, linkage and report section, each in source order;
   /// then what was added after the first question, in the order of adding. Null when there is none.
@@ -110,6 +105,10 @@ public:
   llvm::ArrayRef<DataDescription *> getDescChainWithValue() const { return withValue; }
 
 private:
+  std::list<DataDescription *> localSection;
+  std::list<DataDescription *> linkSection;
+  std::list<FileDescription *> fileSection;
+  std::list<ReportDescription *> reportSection;
   friend class DataDescription;
   friend class FileDescription;
   friend class ReportDescription;
@@ -120,15 +119,6 @@ private:
     std::list<DataDescription *> *all = nullptr;
   };
 
-  /// How far the index, or the flat list, has read a list that others append to.
-  template <typename Element> struct Progress {
-    std::size_t count = 0;
-    typename std::list<Element *>::iterator last;
-  };
-
-  template <typename Element, typename Reader>
-  static void readOn(std::list<Element *> &list, Progress<Element> &progress, Reader read);
-
   void updateIndex();
   /// Forgets everything; the next question begins anew.
   void forgetIndex();
@@ -138,33 +128,25 @@ private:
   void unindexName(DataDescription *entry);
 
   /// The entries of one name by every name that can qualify them. Most names never need it.
-  struct QualifiedNames {
-    Progress<DataDescription> read;
-    llvm::DenseMap<const std::string *, std::vector<DataDescription *>> byQualifier;
-  };
+  using QualifiedNames = GrowingIndex<DataDescription>;
 
   std::list<DataDescription *> *workSection = nullptr;
   std::list<DataDescription *> workFlatList;
-  Progress<DataDescription> flatWork;
+  ReadMark<DataDescription> flatWork;
 
   /// By the address of the interned name.
   llvm::DenseMap<const std::string *, Homonyms> index;
   llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
   llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;
-  /// The descriptions of a section by the address of the interned name, as far as they are entered.
-  template <typename Description> struct DescriptionIndex {
-    llvm::DenseMap<const std::string *, llvm::SmallVector<Description *, 1>> byName;
-    Progress<Description> read;
-  };
-  DescriptionIndex<FileDescription> fileIndex;
-  DescriptionIndex<ReportDescription> reportIndex;
+  GrowingIndex<FileDescription> fileIndex;
+  GrowingIndex<ReportDescription> reportIndex;
   unsigned indexedEntries = 0;
-  Progress<DataDescription> indexedWork;
-  Progress<DataDescription> indexedLocal;
-  Progress<DataDescription> indexedLink;
-  Progress<FileDescription> indexedFiles;
-  Progress<ReportDescription> indexedReports;
+  ReadMark<DataDescription> indexedWork;
+  ReadMark<DataDescription> indexedLocal;
+  ReadMark<DataDescription> indexedLink;
+  ReadMark<FileDescription> indexedFiles;
+  ReadMark<ReportDescription> indexedReports;
 
   std::vector<DataDescription *> plain;
   std::vector<DataDescription *> withValue;

@@ -22,8 +22,12 @@ class ParaSourceComputer : public Node {
 public:
   using Node::Node;
 
-  TARKA_FIELD(Word *, computerName, ComputerName, nullptr);
-  TARKA_FLAG(debuggingMode, DebuggingMode, false);
+  TARKA_FIELD(Word *, computerName, ComputerName)
+  TARKA_FLAG(debuggingMode, DebuggingMode)
+
+private:
+  Word *computerName = nullptr;
+  bool debuggingMode = false;
 };
 
 /// MEMORY SIZE integer WORDS, CHARACTERS or MODULES.
@@ -62,10 +66,16 @@ class ParaObjectComputer : public Node {
 public:
   using Node::Node;
 
-  TARKA_FIELD(Word *, computerName, ComputerName, nullptr);
-  TARKA_FIELD(ClauseMemorySize *, memSize, MemSize, nullptr);
-  TARKA_FIELD(ClauseSequence *, sequence, Sequence, nullptr);
-  TARKA_FIELD(ClauseSegmentLimit *, segment, Segment, nullptr);
+  TARKA_FIELD(Word *, computerName, ComputerName)
+  TARKA_FIELD(ClauseMemorySize *, memSize, MemSize)
+  TARKA_FIELD(ClauseSequence *, sequence, Sequence)
+  TARKA_FIELD(ClauseSegmentLimit *, segment, Segment)
+
+private:
+  Word *computerName = nullptr;
+  ClauseMemorySize *memSize = nullptr;
+  ClauseSequence *sequence = nullptr;
+  ClauseSegmentLimit *segment = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -81,9 +91,14 @@ public:
   /// What kind of name the environment name is, by its text.
   EnvNameType getEnvNameType() const;
 
-  TARKA_FIELD(Word *, mnemonicName, MnemonicName, nullptr);
-  TARKA_FIELD(Word *, onCondition, OnCondition, nullptr);
-  TARKA_FIELD(Word *, offCondition, OffCondition, nullptr);
+  TARKA_FIELD(Word *, mnemonicName, MnemonicName)
+  TARKA_FIELD(Word *, onCondition, OnCondition)
+  TARKA_FIELD(Word *, offCondition, OffCondition)
+
+private:
+  Word *mnemonicName = nullptr;
+  Word *onCondition = nullptr;
+  Word *offCondition = nullptr;
   Word *environmentName;
 };
 
@@ -95,8 +110,12 @@ public:
   LiteralExpression *getLiteral() const { return literal; }
   void addAlso(LiteralExpression *also) { alsoList.push_back(also); }
 
-  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral, nullptr);
-  TARKA_LIST(LiteralExpression, alsoList, AlsoList);
+  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral)
+  TARKA_LIST(LiteralExpression, alsoList, AlsoList)
+
+private:
+  LiteralExpression *thruLiteral = nullptr;
+  std::list<LiteralExpression *> alsoList;
   LiteralExpression *literal;
 };
 
@@ -121,7 +140,11 @@ private:
   char highValue = '\xff';
   char lowValue = '\0';
 
-  TARKA_LIST(PhrsAlphabet, alphaList, AlphaList);
+public:
+  TARKA_LIST(PhrsAlphabet, alphaList, AlphaList)
+
+private:
+  std::list<PhrsAlphabet *> alphaList;
   Word *alphabetName;
 };
 
@@ -134,8 +157,12 @@ public:
   void addInteger(NumericLiteralExpression *ordinal) { integerList.push_back(ordinal); }
 
   /// The names of the symbolic characters.
-  TARKA_LIST(Word, sourceList, SourceList);
-  TARKA_LIST(NumericLiteralExpression, integerList, IntegerList);
+  TARKA_LIST(Word, sourceList, SourceList)
+  TARKA_LIST(NumericLiteralExpression, integerList, IntegerList)
+
+private:
+  std::list<Word *> sourceList;
+  std::list<NumericLiteralExpression *> integerList;
 };
 
 /// SYMBOLIC CHARACTERS phrases IN alphabet-name.
@@ -145,8 +172,12 @@ public:
 
   void addSymbolic(PhrsSymbolic *phrase) { symbolicList.push_back(phrase); }
 
-  TARKA_LIST(PhrsSymbolic, symbolicList, SymbolicList);
-  TARKA_FIELD(Word *, alphabetName, AlphabetName, nullptr);
+  TARKA_LIST(PhrsSymbolic, symbolicList, SymbolicList)
+  TARKA_FIELD(Word *, alphabetName, AlphabetName)
+
+private:
+  std::list<PhrsSymbolic *> symbolicList;
+  Word *alphabetName = nullptr;
 };
 
 /// literal THRU literal.
@@ -156,7 +187,10 @@ public:
 
   LiteralExpression *getLiteral() const { return literal; }
 
-  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral, nullptr);
+  TARKA_FIELD(LiteralExpression *, thruLiteral, ThruLiteral)
+
+private:
+  LiteralExpression *thruLiteral = nullptr;
   LiteralExpression *literal;
 };
 
@@ -168,7 +202,10 @@ public:
   Word *getClassName() const { return className; }
   void addLiteral(PhrsClass *phrase) { literalList.push_back(phrase); }
 
-  TARKA_LIST(PhrsClass, literalList, LiteralList);
+  TARKA_LIST(PhrsClass, literalList, LiteralList)
+
+private:
+  std::list<PhrsClass *> literalList;
   Word *className;
 };
 
@@ -215,13 +252,20 @@ public:
   /// The clause that defines a symbolic character of that name.
   ClauseSymbolic *findClauseSymbolicByWord(const Word *symbolicCharacter) const;
 
-  TARKA_LIST(ClauseEnvName, envNames, EnvNameList);
-  TARKA_LIST(ClauseAlphabet, alphabets, AlphabetList);
-  TARKA_LIST(ClauseSymbolic, symbolics, SymbolicList);
-  TARKA_LIST(ClauseClass, classes, ClassList);
-  TARKA_LIST(ClauseCurrency, currencies, CurrencyList);
-  TARKA_FIELD(ClauseDecimalPoint *, decimalPoint, DecimalPoint, nullptr);
+  TARKA_LIST(ClauseEnvName, envNames, EnvNameList)
+  TARKA_LIST(ClauseAlphabet, alphabets, AlphabetList)
+  TARKA_LIST(ClauseSymbolic, symbolics, SymbolicList)
+  TARKA_LIST(ClauseClass, classes, ClassList)
+  TARKA_LIST(ClauseCurrency, currencies, CurrencyList)
+  TARKA_FIELD(ClauseDecimalPoint *, decimalPoint, DecimalPoint)
 
+private:
+  std::list<ClauseEnvName *> envNames;
+  std::list<ClauseAlphabet *> alphabets;
+  std::list<ClauseSymbolic *> symbolics;
+  std::list<ClauseClass *> classes;
+  std::list<ClauseCurrency *> currencies;
+  ClauseDecimalPoint *decimalPoint = nullptr;
   /// By the address of the interned name.
   template <typename Found> using NameIndex = llvm::DenseMap<const std::string *, Found>;
   NameIndex<ClauseAlphabet *> alphabetIndex;
@@ -235,9 +279,14 @@ class ConfigurationSection : public Node {
 public:
   using Node::Node;
 
-  TARKA_FIELD(ParaSourceComputer *, sourceComputer, SourceComputer, nullptr);
-  TARKA_FIELD(ParaObjectComputer *, objectComputer, ObjectComputer, nullptr);
-  TARKA_FIELD(ParaSpecialNames *, specialNames, SpecialNames, nullptr);
+  TARKA_FIELD(ParaSourceComputer *, sourceComputer, SourceComputer)
+  TARKA_FIELD(ParaObjectComputer *, objectComputer, ObjectComputer)
+  TARKA_FIELD(ParaSpecialNames *, specialNames, SpecialNames)
+
+private:
+  ParaSourceComputer *sourceComputer = nullptr;
+  ParaObjectComputer *objectComputer = nullptr;
+  ParaSpecialNames *specialNames = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -252,7 +301,10 @@ public:
   /// Words and literals, in source order.
   void addAssignment(Node *name) { assignments.push_back(name); }
 
-  TARKA_LIST(Node, assignments, AssignmentList);
+  TARKA_LIST(Node, assignments, AssignmentList)
+
+private:
+  std::list<Node *> assignments;
 };
 
 /// RESERVE integer AREAS. The count is null for RESERVE NO ALTERNATE AREAS.
@@ -335,7 +387,10 @@ public:
   ClauseRecordKey(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
   DataIdentifierExpression *getDataName() const { return dataName; }
 
-  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord)
+
+private:
+  ClausePassWord *passWord = nullptr;
   DataIdentifierExpression *dataName;
 };
 
@@ -355,8 +410,12 @@ public:
   ClauseAlternate(const Node *at, DataIdentifierExpression *name) : Node(at), dataName(name) {}
   DataIdentifierExpression *getDataName() const { return dataName; }
 
-  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
-  TARKA_FLAG(duplicates, Duplicates, false);
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord)
+  TARKA_FLAG(duplicates, Duplicates)
+
+private:
+  ClausePassWord *passWord = nullptr;
+  bool duplicates = false;
   DataIdentifierExpression *dataName;
 };
 
@@ -373,18 +432,32 @@ public:
   }
   void addAlternate(ClauseAlternate *key) { alternates.push_back(key); }
 
-  TARKA_FLAG(optional, Optional, false);
-  TARKA_FIELD(ClauseAssign *, assign, Assign, nullptr);
-  TARKA_FIELD(ClauseReserve *, reserve, Reserve, nullptr);
-  TARKA_FIELD(ClauseOrganization *, organization, Organization, nullptr);
-  TARKA_FIELD(ClausePadding *, padding, Padding, nullptr);
-  TARKA_FIELD(ClauseRecordDelimiter *, recordDelimiter, RecordDelimiter, nullptr);
-  TARKA_FIELD(ClauseAccess *, access, Access, nullptr);
-  TARKA_FIELD(ClauseStatus *, status, Status, nullptr);
-  TARKA_FIELD(ClausePassWord *, passWord, PassWord, nullptr);
-  TARKA_FIELD(ClauseRecordKey *, recordKey, RecordKey, nullptr);
-  TARKA_FIELD(ClauseRelativeKey *, relativeKey, RelativeKey, nullptr);
-  TARKA_LIST(ClauseAlternate, alternates, AlternateList);
+  TARKA_FLAG(optional, Optional)
+  TARKA_FIELD(ClauseAssign *, assign, Assign)
+  TARKA_FIELD(ClauseReserve *, reserve, Reserve)
+  TARKA_FIELD(ClauseOrganization *, organization, Organization)
+  TARKA_FIELD(ClausePadding *, padding, Padding)
+  TARKA_FIELD(ClauseRecordDelimiter *, recordDelimiter, RecordDelimiter)
+  TARKA_FIELD(ClauseAccess *, access, Access)
+  TARKA_FIELD(ClauseStatus *, status, Status)
+  TARKA_FIELD(ClausePassWord *, passWord, PassWord)
+  TARKA_FIELD(ClauseRecordKey *, recordKey, RecordKey)
+  TARKA_FIELD(ClauseRelativeKey *, relativeKey, RelativeKey)
+  TARKA_LIST(ClauseAlternate, alternates, AlternateList)
+
+private:
+  bool optional = false;
+  ClauseAssign *assign = nullptr;
+  ClauseReserve *reserve = nullptr;
+  ClauseOrganization *organization = nullptr;
+  ClausePadding *padding = nullptr;
+  ClauseRecordDelimiter *recordDelimiter = nullptr;
+  ClauseAccess *access = nullptr;
+  ClauseStatus *status = nullptr;
+  ClausePassWord *passWord = nullptr;
+  ClauseRecordKey *recordKey = nullptr;
+  ClauseRelativeKey *relativeKey = nullptr;
+  std::list<ClauseAlternate *> alternates;
   Word *fileName;
 };
 
@@ -398,12 +471,19 @@ public:
   using Node::Node;
 
   /// The name after ON; when it turns out to be no file, the check moves it to the assignment.
-  TARKA_FIELD(FileIdentifierExpression *, onName, FileName, nullptr);
-  TARKA_FIELD(Word *, assignment, Assignment, nullptr);
-  TARKA_FIELD(NumericLiteralExpression *, recordCount, RecordCount, nullptr);
-  TARKA_FIELD(FileIdentifierExpression *, everyFileName, EveryFileName, nullptr);
+  TARKA_FIELD(FileIdentifierExpression *, onName, FileName)
+  TARKA_FIELD(Word *, assignment, Assignment)
+  TARKA_FIELD(NumericLiteralExpression *, recordCount, RecordCount)
+  TARKA_FIELD(FileIdentifierExpression *, everyFileName, EveryFileName)
   /// EVERY END OF REEL or UNIT in place of a record count.
-  TARKA_FLAG(endOfReel, EndOfReel, false);
+  TARKA_FLAG(endOfReel, EndOfReel)
+
+private:
+  FileIdentifierExpression *onName = nullptr;
+  Word *assignment = nullptr;
+  NumericLiteralExpression *recordCount = nullptr;
+  FileIdentifierExpression *everyFileName = nullptr;
+  bool endOfReel = false;
 };
 
 /// SAME RECORD AREA FOR file-name ...
@@ -417,7 +497,11 @@ public:
 private:
   SameType type;
 
-  TARKA_LIST(IdentifierExpression, fileNames, FileNameList);
+public:
+  TARKA_LIST(IdentifierExpression, fileNames, FileNameList)
+
+private:
+  std::list<IdentifierExpression *> fileNames;
 };
 
 /// file-name POSITION integer.
@@ -441,7 +525,10 @@ public:
 
   void addMultipleFile(PrsMultipleFile *phrase) { multipleFiles.push_back(phrase); }
 
-  TARKA_LIST(PrsMultipleFile, multipleFiles, MultipleFileList);
+  TARKA_LIST(PrsMultipleFile, multipleFiles, MultipleFileList)
+
+private:
+  std::list<PrsMultipleFile *> multipleFiles;
 };
 
 /// APPLY WRITE-ONLY ON file-name ...
@@ -451,7 +538,10 @@ public:
 
   void addFileName(IdentifierExpression *name) { fileNames.push_back(name); }
 
-  TARKA_LIST(IdentifierExpression, fileNames, FileNameList);
+  TARKA_LIST(IdentifierExpression, fileNames, FileNameList)
+
+private:
+  std::list<IdentifierExpression *> fileNames;
 };
 
 /// One entry of I-O-CONTROL: one of the clauses is set.
@@ -459,10 +549,16 @@ class ParaIOControl : public Node {
 public:
   using Node::Node;
 
-  TARKA_FIELD(ClauseRerun *, rerun, Rerun, nullptr);
-  TARKA_FIELD(ClauseSame *, same, Same, nullptr);
-  TARKA_FIELD(ClauseMultipleFile *, multipleFile, MultipleFile, nullptr);
-  TARKA_FIELD(ClauseApplyWriteOnly *, applyWriteOnly, ApplyWriteOnly, nullptr);
+  TARKA_FIELD(ClauseRerun *, rerun, Rerun)
+  TARKA_FIELD(ClauseSame *, same, Same)
+  TARKA_FIELD(ClauseMultipleFile *, multipleFile, MultipleFile)
+  TARKA_FIELD(ClauseApplyWriteOnly *, applyWriteOnly, ApplyWriteOnly)
+
+private:
+  ClauseRerun *rerun = nullptr;
+  ClauseSame *same = nullptr;
+  ClauseMultipleFile *multipleFile = nullptr;
+  ClauseApplyWriteOnly *applyWriteOnly = nullptr;
 };
 
 class InputOutputSection : public Node {
@@ -475,8 +571,12 @@ public:
   /// The first SELECT entry of that name, or null.
   ParaFileControl *findFileControlByName(const Word &name) const;
 
-  TARKA_LIST(ParaFileControl, fileControls, FileControlList);
-  TARKA_LIST(ParaIOControl, ioControls, IOControlList);
+  TARKA_LIST(ParaFileControl, fileControls, FileControlList)
+  TARKA_LIST(ParaIOControl, ioControls, IOControlList)
+
+private:
+  std::list<ParaFileControl *> fileControls;
+  std::list<ParaIOControl *> ioControls;
   /// By the interned name.
   llvm::DenseMap<const std::string *, ParaFileControl *> fileControlIndex;
 };
@@ -485,8 +585,12 @@ class EnvironmentDivision : public Node {
 public:
   using Node::Node;
 
-  TARKA_FIELD(ConfigurationSection *, configurationSection, ConfigurationSection, nullptr);
-  TARKA_FIELD(InputOutputSection *, inputOutputSection, InputOutputSection, nullptr);
+  TARKA_FIELD(ConfigurationSection *, configurationSection, ConfigurationSection)
+  TARKA_FIELD(InputOutputSection *, inputOutputSection, InputOutputSection)
+
+private:
+  ConfigurationSection *configurationSection = nullptr;
+  InputOutputSection *inputOutputSection = nullptr;
 };
 
 } // namespace tarka

@@ -217,7 +217,10 @@ public:
   explicit SubscriptModifier(const Node *at) : Node(at) {}
   void addSubscript(Expression *subscript) { subscripts.push_back(subscript); }
 
-  TARKA_LIST(Expression, subscripts, Subscript);
+  TARKA_LIST(Expression, subscripts, Subscript)
+
+private:
+  std::list<Expression *> subscripts;
 };
 
 /// (leftmost position : length).
@@ -330,8 +333,12 @@ public:
   }
 
   /// LEADING or TRAILING among the arguments of TRIM; null where none is written.
-  TARKA_FIELD(Word *, argKeyword, ArgKeyword, nullptr);
-  TARKA_LIST(Expression, arguments, FunctionArgList);
+  TARKA_FIELD(Word *, argKeyword, ArgKeyword)
+  TARKA_LIST(Expression, arguments, FunctionArgList)
+
+private:
+  Word *argKeyword = nullptr;
+  std::list<Expression *> arguments;
   Word *name;
   ReferenceModifier *referenceMod = nullptr;
   DataCategory category = DataCategory::Unclassified;
@@ -440,7 +447,10 @@ public:
     return e->getExprType() == ExpressionType::AbbrRelationCombined;
   }
 
-  TARKA_LIST(AbbrRelationItem, rightAbbrs, RightAbbrList);
+  TARKA_LIST(AbbrRelationItem, rightAbbrs, RightAbbrList)
+
+private:
+  std::list<AbbrRelationItem *> rightAbbrs;
   Expression *left;
 };
 

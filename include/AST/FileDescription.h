@@ -45,13 +45,17 @@ public:
   /// The item of DEPENDING ON; null when there is none.
   IdentifierExpression *getDependingOn() const { return dependingOn; }
 
+  /// The checks keep the lengths themselves, from records with OCCURS DEPENDING ON.
+  TARKA_FIELD(bool, forDetermineV, ForDetermineV)
+  TARKA_FIELD(NumericLiteralExpression *, minLength, MinLength)
+  TARKA_FIELD(NumericLiteralExpression *, maxLength, MaxLength)
+
 private:
   IdentifierExpression *dependingOn;
   bool isVarying;
-  /// The checks keep the lengths themselves, from records with OCCURS DEPENDING ON.
-  TARKA_FIELD(bool, forDetermineV, ForDetermineV, false);
-  TARKA_FIELD(NumericLiteralExpression *, minLength, MinLength, nullptr);
-  TARKA_FIELD(NumericLiteralExpression *, maxLength, MaxLength, nullptr);
+  bool forDetermineV = false;
+  NumericLiteralExpression *minLength = nullptr;
+  NumericLiteralExpression *maxLength = nullptr;
 };
 
 /// LABEL RECORDS.
@@ -62,7 +66,10 @@ public:
   LabelType getType() const { return type; }
 
   /// The data names of LABEL RECORDS ARE data-name ...; empty for the other kinds.
-  TARKA_LIST_ADD(Expression, dataNameList, DataNameList, DataName);
+  TARKA_LIST_ADD(Expression, dataNameList, DataNameList, DataName)
+
+private:
+  std::list<Expression *> dataNameList;
   LabelType type;
 };
 
@@ -87,7 +94,10 @@ class ClauseValueOf : public Node {
 public:
   explicit ClauseValueOf(const Node *at) : Node(at) {}
 
-  TARKA_LIST_ADD(ValueOfElem, elements, FileValueOfElemList, FileValueOfElem);
+  TARKA_LIST_ADD(ValueOfElem, elements, FileValueOfElemList, FileValueOfElem)
+
+private:
+  std::list<ValueOfElem *> elements;
 };
 
 /// DATA RECORDS.
@@ -95,7 +105,10 @@ class ClauseDataRecord : public Node {
 public:
   explicit ClauseDataRecord(const Node *at) : Node(at) {}
 
-  TARKA_LIST_ADD(Word, names, NameList, Name);
+  TARKA_LIST_ADD(Word, names, NameList, Name)
+
+private:
+  std::list<Word *> names;
 };
 
 /// LINAGE.
@@ -104,13 +117,19 @@ public:
   explicit ClauseLinage(const Node *at) : Node(at) {}
 
   /// LINAGE IS n LINES.
-  TARKA_FIELD(Expression *, numOfLines, NumOfLines, nullptr);
+  TARKA_FIELD(Expression *, numOfLines, NumOfLines)
   /// WITH FOOTING AT; null when absent, like the two below.
-  TARKA_FIELD(Expression *, withFootingAt, WithFootingAt, nullptr);
+  TARKA_FIELD(Expression *, withFootingAt, WithFootingAt)
   /// LINES AT TOP.
-  TARKA_FIELD(Expression *, lineAtTop, LineAtTop, nullptr);
+  TARKA_FIELD(Expression *, lineAtTop, LineAtTop)
   /// LINES AT BOTTOM.
-  TARKA_FIELD(Expression *, lineAtBottom, LineAtBottom, nullptr);
+  TARKA_FIELD(Expression *, lineAtBottom, LineAtBottom)
+
+private:
+  Expression *numOfLines = nullptr;
+  Expression *withFootingAt = nullptr;
+  Expression *lineAtTop = nullptr;
+  Expression *lineAtBottom = nullptr;
 };
 
 /// RECORDING MODE.
@@ -118,7 +137,10 @@ class ClauseRecordingMode : public Node {
 public:
   ClauseRecordingMode(const Node *at, RecordingModeType mode) : Node(at), recordingType(mode) {}
 
-  TARKA_FIELD(RecordingModeType, recordingType, RecordingType, RecordingModeType::NotGiven);
+  TARKA_FIELD(RecordingModeType, recordingType, RecordingType)
+
+private:
+  RecordingModeType recordingType = RecordingModeType::NotGiven;
 };
 
 /// CODE-SET.
@@ -137,7 +159,10 @@ class ClauseReport : public Node {
 public:
   explicit ClauseReport(const Node *at) : Node(at) {}
 
-  TARKA_LIST_ADD(ReportIdentifierExpression, reportNames, ReportNameList, ReportName);
+  TARKA_LIST_ADD(ReportIdentifierExpression, reportNames, ReportNameList, ReportName)
+
+private:
+  std::list<ReportIdentifierExpression *> reportNames;
 };
 
 /// An FD or SD entry.
@@ -162,23 +187,37 @@ public:
   void setRecordDesc(const std::list<DataDescription *> &list);
 
   /// The SELECT entry; null until the checks find it.
-  TARKA_FIELD(ParaFileControl *, fileControl, FileControl, nullptr);
+  TARKA_FIELD(ParaFileControl *, fileControl, FileControl)
   /// The LINAGE-COUNTER that the checks make; null without LINAGE.
-  TARKA_FIELD(DataDescription *, lineageCounter, LineageCounter, nullptr);
+  TARKA_FIELD(DataDescription *, lineageCounter, LineageCounter)
 
   // Clauses, null when absent.
-  TARKA_FIELD(ClauseExternal *, external, External, nullptr);
-  TARKA_FIELD(ClauseGlobal *, global, Global, nullptr);
-  TARKA_FIELD(ClauseBlock *, block, Block, nullptr);
-  TARKA_FIELD(ClauseRecord *, record, Record, nullptr);
-  TARKA_FIELD(ClauseLabel *, label, Label, nullptr);
-  TARKA_FIELD(ClauseValueOf *, valueOf, ValueOf, nullptr);
-  TARKA_FIELD(ClauseDataRecord *, dataRecord, DataRecord, nullptr);
-  TARKA_FIELD(ClauseLinage *, linage, Linage, nullptr);
-  TARKA_FIELD(ClauseRecordingMode *, recordingMode, RecordingMode, nullptr);
-  TARKA_FIELD(ClauseCodeSet *, codeSet, CodeSet, nullptr);
-  TARKA_FIELD(ClauseReport *, report, Report, nullptr);
+  TARKA_FIELD(ClauseExternal *, external, External)
+  TARKA_FIELD(ClauseGlobal *, global, Global)
+  TARKA_FIELD(ClauseBlock *, block, Block)
+  TARKA_FIELD(ClauseRecord *, record, Record)
+  TARKA_FIELD(ClauseLabel *, label, Label)
+  TARKA_FIELD(ClauseValueOf *, valueOf, ValueOf)
+  TARKA_FIELD(ClauseDataRecord *, dataRecord, DataRecord)
+  TARKA_FIELD(ClauseLinage *, linage, Linage)
+  TARKA_FIELD(ClauseRecordingMode *, recordingMode, RecordingMode)
+  TARKA_FIELD(ClauseCodeSet *, codeSet, CodeSet)
+  TARKA_FIELD(ClauseReport *, report, Report)
 
+private:
+  ParaFileControl *fileControl = nullptr;
+  DataDescription *lineageCounter = nullptr;
+  ClauseExternal *external = nullptr;
+  ClauseGlobal *global = nullptr;
+  ClauseBlock *block = nullptr;
+  ClauseRecord *record = nullptr;
+  ClauseLabel *label = nullptr;
+  ClauseValueOf *valueOf = nullptr;
+  ClauseDataRecord *dataRecord = nullptr;
+  ClauseLinage *linage = nullptr;
+  ClauseRecordingMode *recordingMode = nullptr;
+  ClauseCodeSet *codeSet = nullptr;
+  ClauseReport *report = nullptr;
   friend class DataDivision;
   FileDescType type;
   Word *fileName;

@@ -47,7 +47,10 @@ public:
 
   void addNames(Word *word) { names.push_back(word); }
 
-  TARKA_LIST(Word, names, Names);
+  TARKA_LIST(Word, names, Names)
+
+private:
+  std::list<Word *> names;
 };
 
 } // namespace tarka

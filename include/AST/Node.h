@@ -11,9 +11,11 @@
 
 #include "llvm/ADT/StringRef.h"
 #include <cstddef>
+#include <cstdint>
 #include <list>
 #include <string>
 #include <type_traits>
+#include <utility>
 
 namespace tarka {
 
@@ -29,25 +31,42 @@ unsigned internFileName(llvm::StringRef name);
 /// The name of a file numbered by internFileName().
 const std::string &fileNameOf(unsigned file);
 
+/// Where a node comes from.
+enum class Origin : std::uint8_t {
+  /// The source text, copybooks included.
+  Source,
+  /// Declarations that belong to the environment of the program: the special registers, and what
+  /// CICS, DB2 and DL/I add to it.
+  Supplied,
+  /// What the checks make of the source: index names, slack bytes, the name of a FILLER, the
+  /// statements that others stand for.
+  Generated,
+};
+
 /// Where a construct stands: the physical file, lines and columns from 1, the end inclusive.
-/// All zero for a construct that no source text stands behind.
+/// All zero for a construct that has no place in the source.
 struct SourceRange {
   unsigned file = 0;
   unsigned beginLine = 0;
   unsigned beginColumn = 0;
   unsigned endLine = 0;
-  unsigned endColumn = 0;
+  unsigned endColumn : 30 = 0;
+  /// Where the node comes from that has this range.
+  Origin origin : 2 = Origin::Source;
 };
 
 /// The root of every tree object. It carries the source position of the construct.
 class Node {
 public:
-  /// A node without a position: file "" and lines and columns 0.
-  Node() = default;
-  /// A node at the position of \p at; \p at may be null, which gives no position.
+  /// A node without a position: file "" and lines and columns 0. Its origin is Generated.
+  Node() { range.origin = Origin::Generated; }
+  /// A node at the position of \p at and of its origin. \p at may be null: then the node is made as
+  /// by Node().
   explicit Node(const Node *at) {
     if (at)
       range = at->range;
+    else
+      range.origin = Origin::Generated;
   }
   explicit Node(const SourceRange &where) : range(where) {}
   Node(const Node &) = default;
@@ -74,12 +93,45 @@ public:
   const SourceRange &getRange() const { return range; }
   void setRange(const SourceRange &where) { range = where; }
 
+  Origin getOrigin() const { return range.origin; }
+  void setOrigin(Origin from) { range.origin = from; }
+  /// Whether the node stands in the source text; only then it has a position that is its own.
+  bool isWritten() const { return range.origin == Origin::Source; }
+
 private:
   SourceRange range;
 };
 
-/// What a constructor does with a list that it is given: takes the elements over, so that the list
-/// is empty afterwards. \p given may be null, which stands for an empty list.
+/// Makes a node: the one way to make nodes outside of the parser, whose make() also gives them
+/// their place.
+///
+///   NodeMaker generated(Origin::Generated);
+///   auto *move = generated.make<MoveStatement>(&call, sender, &receivers, false);
+class NodeMaker {
+public:
+  explicit NodeMaker(Origin from) : origin(from) {}
+
+  /// A new node of class \p T at the position of \p at, which may be null, and of the maker's
+  /// origin. \p arguments are those of the constructor after the position.
+  template <typename T, typename... Arguments>
+  T *make(const Node *at, Arguments &&...arguments) const {
+    T *node = new T(at, std::forward<Arguments>(arguments)...);
+    node->setOrigin(origin);
+    return node;
+  }
+
+private:
+  Origin origin;
+};
+
+//===----------------------------------------------------------------------===//
+// Lists of nodes
+//===----------------------------------------------------------------------===//
+//
+// A node owns its lists. A list that a constructor or a setter is given is taken over: its elements
+// are moved, and it is empty afterwards.
+
+/// The elements of \p given, which is empty afterwards; null stands for an empty list.
 template <typename Element> std::list<Element> takeOver(std::list<Element> *given) {
   std::list<Element> elements;
   if (given)
@@ -87,10 +139,24 @@ template <typename Element> std::list<Element> takeOver(std::list<Element> *give
   return elements;
 }
 
-/// The list behind \p list; where there is none, an empty list that all such nodes share.
-template <typename Element> std::list<Element> &listOrEmpty(std::list<Element> *list) {
-  static std::list<Element> empty;
-  return list ? *list : empty;
+/// An empty list that nobody can change.
+template <typename Element> const std::list<Element> &emptyList() {
+  static const std::list<Element> empty;
+  return empty;
+}
+
+/// The list behind \p list, or an empty list.
+template <typename Element> const std::list<Element> &listOrEmpty(const std::list<Element> *list) {
+  return list ? *list : emptyList<Element>();
+}
+
+/// Where \p list begins and ends; null stands for an empty list.
+template <typename Element>
+typename std::list<Element>::iterator beginOf(std::list<Element> *list) {
+  return list ? list->begin() : typename std::list<Element>::iterator();
+}
+template <typename Element> typename std::list<Element>::iterator endOf(std::list<Element> *list) {
+  return list ? list->end() : typename std::list<Element>::iterator();
 }
 
 /// A new empty list in the memory of the nodes.
@@ -98,10 +164,63 @@ template <typename Element> std::list<Element> *makeList() {
   return new (allocateForever(sizeof(std::list<Element>))) std::list<Element>;
 }
 
-/// Declares the accessors of a list of pointers that the class keeps in place:
-/// get<Name>Begin(), get<Name>End(), get<Name>Size() and get<Name>Elements().
+/// A list of nodes that is mostly empty: it costs a pointer until the first element is added.
+/// Copying it copies the list, not the nodes.
+template <typename Type> class LazyList {
+public:
+  using List = std::list<Type *>;
+  using iterator = typename List::iterator;
+
+  LazyList() = default;
+  /// Takes over the elements of \p given, which may be null.
+  explicit LazyList(List *given) { takeOver(given); }
+  LazyList(const LazyList &other) { *this = other; }
+  LazyList &operator=(const LazyList &other) {
+    if (this != &other) {
+      list = nullptr;
+      if (other.list && !other.list->empty())
+        own() = *other.list;
+    }
+    return *this;
+  }
+
+  void takeOver(List *given) {
+    list = nullptr;
+    if (given && !given->empty())
+      own().swap(*given);
+  }
+
+  iterator begin() const { return beginOf(list); }
+  iterator end() const { return endOf(list); }
+  std::size_t size() const { return list ? list->size() : 0; }
+  void push_back(Type *item) { own().push_back(item); }
+
+  friend const List &elementsOf(const LazyList &lazy) { return listOrEmpty(lazy.list); }
+
+private:
+  List &own() {
+    if (!list)
+      list = makeList<Type *>();
+    return *list;
+  }
+
+  List *list = nullptr;
+};
+
+/// What the accessors of a list give as its elements.
+template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &list) {
+  return list;
+}
+
+//===----------------------------------------------------------------------===//
+// Accessors
+//===----------------------------------------------------------------------===//
+//
+// Each of these declares the accessors of one member; the member is declared where the others are.
+
+/// get<Name>Begin(), get<Name>End(), get<Name>Size() and get<Name>Elements() of a list of nodes, a
+/// std::list or a LazyList.
 #define TARKA_LIST(Type, member, Name)                                                             \
-public:                                                                                            \
   std::list<Type *>::iterator get##Name##Begin() {                                                 \
     return member.begin();                                                                         \
   }                                                                                                \
@@ -111,84 +230,34 @@ public:                                                                         
   std::size_t get##Name##Size() const {                                                            \
     return member.size();                                                                          \
   }                                                                                                \
-  std::list<Type *> &get##Name##Elements() {                                                       \
-    return member;                                                                                 \
-  }                                                                                                \
   const std::list<Type *> &get##Name##Elements() const {                                           \
-    return member;                                                                                 \
-  }                                                                                                \
-                                                                                                   \
-private:                                                                                           \
-  std::list<Type *> member
+    return elementsOf(member);                                                                     \
+  }
 
 /// The same with add<Item>(), which appends one element.
 #define TARKA_LIST_ADD(Type, member, Name, Item)                                                   \
-public:                                                                                            \
+  TARKA_LIST(Type, member, Name)                                                                   \
   void add##Item(Type *item) {                                                                     \
     member.push_back(item);                                                                        \
-  }                                                                                                \
-  TARKA_LIST(Type, member, Name)
+  }
 
-/// The same for a list that most nodes of the class leave empty: it costs a pointer until the first
-/// element is added. A list that a constructor is given is kept, not taken over. A copy of the node
-/// shares the list; copy<Name>Elements(copy) gives it one of its own, of what copy gives for each.
-#define TARKA_LAZY_LIST(Type, member, Name, Item)                                                  \
-public:                                                                                            \
-  std::list<Type *>::iterator get##Name##Begin() {                                                 \
-    return listOrEmpty(member).begin();                                                            \
-  }                                                                                                \
-  std::list<Type *>::iterator get##Name##End() {                                                   \
-    return listOrEmpty(member).end();                                                              \
-  }                                                                                                \
-  std::size_t get##Name##Size() const {                                                            \
-    return listOrEmpty(member).size();                                                             \
-  }                                                                                                \
-  const std::list<Type *> &get##Name##Elements() const {                                           \
-    return listOrEmpty(member);                                                                    \
-  }                                                                                                \
-  void add##Item(Type *item) {                                                                     \
-    if (!member)                                                                                   \
-      member = makeList<Type *>();                                                                 \
-    member->push_back(item);                                                                       \
-  }                                                                                                \
-                                                                                                   \
-  template <typename Copy> void copy##Name##Elements(Copy copy) {                                  \
-    if (!member)                                                                                   \
-      return;                                                                                      \
-    auto *own = makeList<Type *>();                                                                \
-    for (Type * item : *member)                                                                    \
-      own->push_back(copy(item));                                                                  \
-    member = own;                                                                                  \
-  }                                                                                                \
-                                                                                                   \
-private:                                                                                           \
-  std::list<Type *> *member = nullptr
-
-/// Declares get<Name>() and set<Name>() of one member with its initial value.
-#define TARKA_FIELD(Type, member, Name, initial)                                                   \
-public:                                                                                            \
+/// get<Name>() and set<Name>() of one member.
+#define TARKA_FIELD(Type, member, Name)                                                            \
   std::type_identity_t<Type> get##Name() const {                                                   \
     return member;                                                                                 \
   }                                                                                                \
   void set##Name(Type newValue) {                                                                  \
     member = newValue;                                                                             \
-  }                                                                                                \
-                                                                                                   \
-private:                                                                                           \
-  Type member = initial
+  }
 
-/// Declares is<Name>() and setIs<Name>() of one flag.
-#define TARKA_FLAG(member, Name, initial)                                                          \
-public:                                                                                            \
+/// is<Name>() and setIs<Name>() of one flag.
+#define TARKA_FLAG(member, Name)                                                                   \
   bool is##Name() const {                                                                          \
     return member;                                                                                 \
   }                                                                                                \
   void setIs##Name(bool newValue) {                                                                \
     member = newValue;                                                                             \
-  }                                                                                                \
-                                                                                                   \
-private:                                                                                           \
-  bool member = initial
+  }
 
 } // namespace tarka
 

@@ -9,6 +9,7 @@
 #define TARKA_AST_PROCEDURE_H
 
 #include "AST/Forward.h"
+#include "AST/GrowingIndex.h"
 #include "AST/Names.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
@@ -25,8 +26,13 @@ public:
   using Node::Node;
 
   void addStmt(Statement *statement) { statements.push_back(statement); }
+  /// Takes over the statements of \p list.
+  void setStmts(std::list<Statement *> *list) { statements = takeOver(list); }
 
-  TARKA_LIST(Statement, statements, Stmt);
+  TARKA_LIST(Statement, statements, Stmt)
+
+private:
+  std::list<Statement *> statements;
 };
 
 /// A paragraph. Its end may be the end of a performed range: then control can return from it.
@@ -36,6 +42,8 @@ public:
 
   Word *getParagraphName() const { return paragraphName; }
   void addSent(Sentence *sentence) { sentences.push_back(sentence); }
+
+  TARKA_LIST(Sentence, sentences, Sent)
 
   bool isPerformThru() const { return performThru; }
   void setIsPerformThru(bool value) { performThru = value; }
@@ -48,8 +56,7 @@ public:
 
 private:
   bool performThru = false;
-
-  TARKA_LIST(Sentence, sentences, Sent);
+  std::list<Sentence *> sentences;
   Word *paragraphName;
   CFGBlock *startBlock = nullptr;
   int performLine = 0;
@@ -78,6 +85,9 @@ public:
   /// declaratives. \p name is this section's own name.
   Section *createCopySection(Word *name, Word *copyName);
 
+  TARKA_LIST(Sentence, sentences, Sent)
+  TARKA_LIST(Paragraph, paragraphs, Para)
+
   bool isPerformThru() const { return performThru; }
   void setIsPerformThru(bool value) { performThru = value; }
   int getPerformLine() const { return performLine; }
@@ -87,9 +97,8 @@ public:
 
 private:
   bool performThru = false;
-
-  TARKA_LIST(Sentence, sentences, Sent);
-  TARKA_LIST(Paragraph, paragraphs, Para);
+  std::list<Sentence *> sentences;
+  std::list<Paragraph *> paragraphs;
   Word *sectionName;
   NumericLiteralExpression *priorityNumber = nullptr;
   CFGBlock *startBlock = nullptr;
@@ -138,6 +147,7 @@ public:
   using Node::Node;
 
   void addParameter(Parameter *parameter) { parameters.push_back(parameter); }
+  void addParameterFront(Parameter *parameter) { parameters.push_front(parameter); }
   /// Null when the header has no RETURNING phrase.
   Returning *getReturning() const { return returning; }
   void setReturning(Returning *phrase) { returning = phrase; }
@@ -164,34 +174,31 @@ public:
   /// The paragraphs of that name in the sections outside of the declaratives.
   llvm::ArrayRef<ParagraphInSection> findSectionParagraphs(const std::string &name);
 
-  TARKA_LIST(Parameter, parameters, Parameter);
-  TARKA_LIST(Declaratives, declaratives, Decl);
-  TARKA_LIST(Declaratives, baseDeclaratives, BaseDecl);
-  TARKA_LIST(Declaratives, rptDeclaratives, RptDecl);
-  TARKA_LIST(Section, renameSections, RenameSectionList);
-  TARKA_LIST(Sentence, sentences, Sent);
-  TARKA_LIST(Paragraph, paragraphs, Para);
-  TARKA_LIST(Section, sections, Sect);
+  TARKA_LIST(Parameter, parameters, Parameter)
+  TARKA_LIST(Declaratives, declaratives, Decl)
+  TARKA_LIST(Declaratives, baseDeclaratives, BaseDecl)
+  TARKA_LIST(Declaratives, rptDeclaratives, RptDecl)
+  TARKA_LIST(Section, renameSections, RenameSectionList)
+  TARKA_LIST(Sentence, sentences, Sent)
+  TARKA_LIST(Paragraph, paragraphs, Para)
+  TARKA_LIST(Section, sections, Sect)
+
+private:
+  std::list<Parameter *> parameters;
+  std::list<Declaratives *> declaratives;
+  std::list<Declaratives *> baseDeclaratives;
+  std::list<Declaratives *> rptDeclaratives;
+  std::list<Section *> renameSections;
+  std::list<Sentence *> sentences;
+  std::list<Paragraph *> paragraphs;
+  std::list<Section *> sections;
   Returning *returning = nullptr;
 
-  /// Procedures by their interned names.
-  template <typename Procedure> struct NameIndex {
-    llvm::DenseMap<const std::string *, llvm::SmallVector<Procedure, 1>> byName;
-    std::size_t read = 0; ///< how many elements of the division's list are in it
-
-    void add(const Word *name, Procedure procedure) {
-      byName[&name->getWordData()].push_back(procedure);
-    }
-    llvm::ArrayRef<Procedure> find(const std::string &name) const {
-      auto found = byName.find(&internString(name));
-      return found == byName.end() ? llvm::ArrayRef<Procedure>() : found->second;
-    }
-  };
-  NameIndex<Section *> sectionIndex;
-  NameIndex<Section *> declarativeIndex;
-  NameIndex<Section *> renameIndex;
-  NameIndex<Paragraph *> paragraphIndex;
-  NameIndex<ParagraphInSection> sectionParagraphIndex;
+  GrowingIndex<Section> sectionIndex;
+  GrowingIndex<Declaratives, Section *> declarativeIndex;
+  GrowingIndex<Section> renameIndex;
+  GrowingIndex<Paragraph> paragraphIndex;
+  GrowingIndex<Section, ParagraphInSection> sectionParagraphIndex;
 };
 
 } // namespace tarka

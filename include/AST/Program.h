@@ -26,11 +26,13 @@ public:
   ProgramIdType getType() const { return type; }
   Word *getProgramName() const { return programName; }
 
+  TARKA_FLAG(initial, Initial)
+  TARKA_FLAG(recursive, Recursive)
+
 private:
   ProgramIdType type;
-
-  TARKA_FLAG(initial, Initial, false);
-  TARKA_FLAG(recursive, Recursive, false);
+  bool initial = false;
+  bool recursive = false;
   Word *programName;
 };
 
@@ -76,10 +78,16 @@ public:
   const std::list<std::string> &getCallableList() const { return callableList; }
 
   /// Divisions that the source does not have are null.
-  TARKA_FIELD(EnvironmentDivision *, environmentDivision, EnvironmentDivision, nullptr);
-  TARKA_FIELD(DataDivision *, dataDivision, DataDivision, nullptr);
-  TARKA_FIELD(ProcedureDivision *, procDivision, ProcDivision, nullptr);
-  TARKA_LIST(SourceUnit, nestedUnits, NestedList);
+  TARKA_FIELD(EnvironmentDivision *, environmentDivision, EnvironmentDivision)
+  TARKA_FIELD(DataDivision *, dataDivision, DataDivision)
+  TARKA_FIELD(ProcedureDivision *, procDivision, ProcDivision)
+  TARKA_LIST(SourceUnit, nestedUnits, NestedList)
+
+private:
+  EnvironmentDivision *environmentDivision = nullptr;
+  DataDivision *dataDivision = nullptr;
+  ProcedureDivision *procDivision = nullptr;
+  std::list<SourceUnit *> nestedUnits;
   IdentificationDivision *idDivision;
   SourceUnit *parent;
   std::list<std::string> callableList;
@@ -94,7 +102,10 @@ public:
   const std::string &getInputName() const { return *inputName; }
   void addSourceUnit(SourceUnit *unit) { sourceUnits.push_back(unit); }
 
-  TARKA_LIST(SourceUnit, sourceUnits, SourceUnitList);
+  TARKA_LIST(SourceUnit, sourceUnits, SourceUnitList)
+
+private:
+  std::list<SourceUnit *> sourceUnits;
   const std::string *inputName;
 };
 

@@ -49,7 +49,10 @@ public:
   ControlOption getControlOption() const { return option; }
   void setControlOption(ControlOption value) { option = value; }
 
-  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId);
+  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId)
+
+private:
+  std::list<IdentifierExpression *> controlIds;
   ControlOption option;
 };
 
@@ -81,15 +84,24 @@ class ClausePageLimit : public Node {
 public:
   explicit ClausePageLimit(const Node *at) : Node(at) {}
 
-  TARKA_FIELD(Expression *, pageLimit, PageLimit, nullptr);
+  TARKA_FIELD(Expression *, pageLimit, PageLimit)
   /// n COLUMNS.
-  TARKA_FIELD(Expression *, columns, Columns, nullptr);
-  TARKA_FIELD(Expression *, heading, Heading, nullptr);
-  TARKA_FIELD(Expression *, firstDetail, FirstDetail, nullptr);
+  TARKA_FIELD(Expression *, columns, Columns)
+  TARKA_FIELD(Expression *, heading, Heading)
+  TARKA_FIELD(Expression *, firstDetail, FirstDetail)
   /// LAST CONTROL HEADING.
-  TARKA_FIELD(Expression *, lastControlHeading, LastControlHeading, nullptr);
-  TARKA_FIELD(Expression *, lastDetail, LastDetail, nullptr);
-  TARKA_FIELD(Expression *, footing, Footing, nullptr);
+  TARKA_FIELD(Expression *, lastControlHeading, LastControlHeading)
+  TARKA_FIELD(Expression *, lastDetail, LastDetail)
+  TARKA_FIELD(Expression *, footing, Footing)
+
+private:
+  Expression *pageLimit = nullptr;
+  Expression *columns = nullptr;
+  Expression *heading = nullptr;
+  Expression *firstDetail = nullptr;
+  Expression *lastControlHeading = nullptr;
+  Expression *lastDetail = nullptr;
+  Expression *footing = nullptr;
 };
 
 /// STYLE of a whole report, or of one item.
@@ -98,7 +110,10 @@ public:
   explicit ClauseStyle(const Node *at) : Node(at) {}
 
   /// UNDERLINE, HIGHLIGHT and the like.
-  TARKA_LIST_ADD(Word, styles, StyleList, Style);
+  TARKA_LIST_ADD(Word, styles, StyleList, Style)
+
+private:
+  std::list<Word *> styles;
 };
 
 //===----------------------------------------------------------------------===//
@@ -113,13 +128,19 @@ public:
   ReportGroupType getTypeOption() const { return typeOption; }
 
   /// CONTROL HEADING or CONTROL FOOTING FINAL.
-  TARKA_FIELD(bool, reportFinal, ReportFinal, false);
+  TARKA_FIELD(bool, reportFinal, ReportFinal)
   /// CONTROL HEADING ... OR PAGE.
-  TARKA_FLAG(orPage, OrPage, false);
+  TARKA_FLAG(orPage, OrPage)
   /// CONTROL FOOTING ALL: a footing for every control of the report.
-  TARKA_FLAG(all, All, false);
+  TARKA_FLAG(all, All)
   /// The controls of a CONTROL HEADING or CONTROL FOOTING.
-  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId);
+  TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId)
+
+private:
+  bool reportFinal = false;
+  bool orPage = false;
+  bool all = false;
+  std::list<IdentifierExpression *> controlIds;
   ReportGroupType typeOption;
 };
 
@@ -146,12 +167,18 @@ public:
   explicit ClauseLine(const Node *at) : Node(at) {}
 
   /// The phrases of VARYING; null when there are none.
-  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList, nullptr);
+  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList)
   /// ON NEXT PAGE.
-  TARKA_FIELD(bool, nextPage, NextPage, false);
+  TARKA_FIELD(bool, nextPage, NextPage)
   /// PLUS: the numbers count from the line before.
-  TARKA_FLAG(relative, Relative, false);
-  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers);
+  TARKA_FLAG(relative, Relative)
+  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers)
+
+private:
+  std::list<VaryingPhrase *> *varyingList = nullptr;
+  bool nextPage = false;
+  bool relative = false;
+  std::list<Expression *> numbers;
 };
 
 /// COLUMN.
@@ -160,10 +187,15 @@ public:
   explicit ClauseColumn(const Node *at) : Node(at) {}
 
   /// LEFT, CENTER or RIGHT: which part of the item stands in the column.
-  TARKA_FIELD(ColumnAlignment, alignment, Alignment, ColumnAlignment::Left);
+  TARKA_FIELD(ColumnAlignment, alignment, Alignment)
   /// PLUS: the numbers count from the end of the item before.
-  TARKA_FLAG(relative, Relative, false);
-  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers);
+  TARKA_FLAG(relative, Relative)
+  TARKA_LIST_ADD(Expression, numbers, NumbersList, Numbers)
+
+private:
+  ColumnAlignment alignment = ColumnAlignment::Left;
+  bool relative = false;
+  std::list<Expression *> numbers;
 };
 
 /// NEXT GROUP.
@@ -199,11 +231,16 @@ public:
   explicit ClauseReportOccurs(const Node *at) : Node(at) {}
 
   /// OCCURS as in other sections.
-  TARKA_FIELD(ClauseOccurs *, occurs, Occurs, nullptr);
+  TARKA_FIELD(ClauseOccurs *, occurs, Occurs)
   /// STEP or WIDTH: lines or columns from one occurrence to the next; null when not written.
-  TARKA_FIELD(Expression *, stepExpr, StepExpr, nullptr);
+  TARKA_FIELD(Expression *, stepExpr, StepExpr)
   /// The phrases of VARYING; null when there are none.
-  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList, nullptr);
+  TARKA_FIELD(std::list<VaryingPhrase *> *, varyingList, VaryingList)
+
+private:
+  ClauseOccurs *occurs = nullptr;
+  Expression *stepExpr = nullptr;
+  std::list<VaryingPhrase *> *varyingList = nullptr;
 };
 
 /// REPEATED: groups side by side.
@@ -231,8 +268,12 @@ public:
   explicit ClauseWrap(const Node *at) : Node(at) {}
 
   /// AFTER COLUMN and TO COLUMN; null when not written.
-  TARKA_FIELD(Expression *, afterColumn, AfterColumn, nullptr);
-  TARKA_FIELD(Expression *, toColumn, ToColumn, nullptr);
+  TARKA_FIELD(Expression *, afterColumn, AfterColumn)
+  TARKA_FIELD(Expression *, toColumn, ToColumn)
+
+private:
+  Expression *afterColumn = nullptr;
+  Expression *toColumn = nullptr;
 };
 
 /// FUNCTION: an item that a routine fills.
@@ -242,7 +283,10 @@ public:
 
   Word *getFunctionName() const { return functionName; }
 
-  TARKA_LIST_ADD(Expression, arguments, ArgumentList, Argument);
+  TARKA_LIST_ADD(Expression, arguments, ArgumentList, Argument)
+
+private:
+  std::list<Expression *> arguments;
   Word *functionName;
 };
 
@@ -274,8 +318,12 @@ class SumClauseExpr : public Node {
 public:
   explicit SumClauseExpr(const Node *at) : Node(at) {}
 
-  TARKA_LIST_ADD(Expression, names, NameList, Name);
-  TARKA_LIST_ADD(IdentifierExpression, upons, UponList, Upon);
+  TARKA_LIST_ADD(Expression, names, NameList, Name)
+  TARKA_LIST_ADD(IdentifierExpression, upons, UponList, Upon)
+
+private:
+  std::list<Expression *> names;
+  std::list<IdentifierExpression *> upons;
 };
 
 /// SUM.
@@ -284,13 +332,20 @@ public:
   explicit ClauseSum(const Node *at) : Node(at) {}
 
   /// ROUNDED.
-  TARKA_FIELD(bool, rounded, Rounded, false);
+  TARKA_FIELD(bool, rounded, Rounded)
   /// RESET ON.
-  TARKA_FIELD(ResetType, resetType, ResetType, ResetType::None);
-  TARKA_FIELD(IdentifierExpression *, resetControl, ResetControl, nullptr);
+  TARKA_FIELD(ResetType, resetType, ResetType)
+  TARKA_FIELD(IdentifierExpression *, resetControl, ResetControl)
   /// The item that the sum is kept in; null until the checks make it.
-  TARKA_FIELD(DataDescription *, sumDesc, SumDesc, nullptr);
-  TARKA_LIST_ADD(SumClauseExpr, sumExprs, SumExprList, SumExpr);
+  TARKA_FIELD(DataDescription *, sumDesc, SumDesc)
+  TARKA_LIST_ADD(SumClauseExpr, sumExprs, SumExprList, SumExpr)
+
+private:
+  bool rounded = false;
+  ResetType resetType = ResetType::None;
+  IdentifierExpression *resetControl = nullptr;
+  DataDescription *sumDesc = nullptr;
+  std::list<SumClauseExpr *> sumExprs;
 };
 
 /// One operand of SOURCE.
@@ -307,7 +362,12 @@ public:
 private:
   SourceExprType sourceExprType;
   SumClauseExpr *sumExpr;
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+
+public:
+  TARKA_FIELD(Expression *, expr, Expr)
+
+private:
+  Expression *expr = nullptr;
 };
 
 /// SOURCE.
@@ -319,8 +379,12 @@ public:
   void setSourceExprList(std::list<SourceClauseExpr *> *list) { sourceExprs = takeOver(list); }
 
   /// ROUNDED.
-  TARKA_FIELD(bool, rounded, Rounded, false);
-  TARKA_LIST_ADD(SourceClauseExpr, sourceExprs, SourceExprList, SourceExpr);
+  TARKA_FIELD(bool, rounded, Rounded)
+  TARKA_LIST_ADD(SourceClauseExpr, sourceExprs, SourceExprList, SourceExpr)
+
+private:
+  bool rounded = false;
+  std::list<SourceClauseExpr *> sourceExprs;
 };
 
 /// The names of one operand of COUNT.
@@ -328,7 +392,10 @@ class CountClauseExpr : public Node {
 public:
   explicit CountClauseExpr(const Node *at) : Node(at) {}
 
-  TARKA_LIST_ADD(Expression, names, NameList, Name);
+  TARKA_LIST_ADD(Expression, names, NameList, Name)
+
+private:
+  std::list<Expression *> names;
 };
 
 /// COUNT: how often groups, or items of them, have been presented.
@@ -337,8 +404,12 @@ public:
   explicit ClauseCount(const Node *at) : Node(at) {}
 
   /// What is counted, as the checks found it.
-  TARKA_LIST_ADD(Expression, countData, CountDataList, CountData);
-  TARKA_LIST_ADD(CountClauseExpr, countExprs, CountExprList, CountExpr);
+  TARKA_LIST_ADD(Expression, countData, CountDataList, CountData)
+  TARKA_LIST_ADD(CountClauseExpr, countExprs, CountExprList, CountExpr)
+
+private:
+  std::list<Expression *> countData;
+  std::list<CountClauseExpr *> countExprs;
 };
 
 /// What an item shows when a PRESENT clause holds.
@@ -347,11 +418,17 @@ public:
   explicit PresentContents(const Node *at) : Node(at) {}
 
   /// The control of the clause; null when there is none.
-  TARKA_FIELD(IdentifierExpression *, controlId, ControlId, nullptr);
+  TARKA_FIELD(IdentifierExpression *, controlId, ControlId)
   // At most one of these is there.
-  TARKA_FIELD(ClauseFunction *, function, Function, nullptr);
-  TARKA_FIELD(ClauseSource *, source, Source, nullptr);
-  TARKA_FIELD(ClauseReportValue *, value, Value, nullptr);
+  TARKA_FIELD(ClauseFunction *, function, Function)
+  TARKA_FIELD(ClauseSource *, source, Source)
+  TARKA_FIELD(ClauseReportValue *, value, Value)
+
+private:
+  IdentifierExpression *controlId = nullptr;
+  ClauseFunction *function = nullptr;
+  ClauseSource *source = nullptr;
+  ClauseReportValue *value = nullptr;
 };
 
 /// PRESENT AFTER, or ABSENT AFTER.
@@ -362,7 +439,10 @@ public:
   PresentType getAfterType() const { return afterType; }
 
   /// ABSENT AFTER: what is told apart is shown everywhere else.
-  TARKA_FLAG(absent, Absent, false);
+  TARKA_FLAG(absent, Absent)
+
+private:
+  bool absent = false;
   PresentType afterType;
 };
 

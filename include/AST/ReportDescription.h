@@ -23,44 +23,71 @@ public:
   static bool classof(const DataDescription *entry) { return entry->getType() == DescType::Report; }
 
   // Clauses, null when absent.
-  TARKA_FIELD(ClauseColumn *, columnClause, ColumnClause, nullptr);
-  TARKA_FIELD(ClauseCount *, countClause, CountClause, nullptr);
-  TARKA_FIELD(ClauseFunction *, functionClause, FunctionClause, nullptr);
-  TARKA_FIELD(ClauseGroupLimit *, groupLimitClause, GroupLimitClause, nullptr);
-  TARKA_FIELD(ClauseLine *, lineClause, LineClause, nullptr);
-  TARKA_FIELD(ClauseMultiple *, multipleClause, MultipleClause, nullptr);
-  TARKA_FIELD(ClauseNextGroup *, nextGroupClause, NextGroupClause, nullptr);
-  TARKA_FIELD(ClauseRepeated *, repeatedClause, RepeatedClause, nullptr);
-  TARKA_FIELD(ClauseReportOccurs *, reportOccursClause, ReportOccursClause, nullptr);
-  TARKA_FIELD(ClauseReportSign *, reportSignClause, ReportSignClause, nullptr);
-  TARKA_FIELD(ClauseReportValue *, reportValueClause, ReportValueClause, nullptr);
-  TARKA_FIELD(ClauseSource *, sourceClause, SourceClause, nullptr);
-  TARKA_FIELD(ClauseStyle *, styleClause, StyleClause, nullptr);
-  TARKA_FIELD(ClauseSum *, sumClause, SumClause, nullptr);
-  TARKA_FIELD(ClauseType *, typeClause, TypeClause, nullptr);
-  TARKA_FIELD(ClauseWrap *, wrapClause, WrapClause, nullptr);
+  TARKA_FIELD(ClauseColumn *, columnClause, ColumnClause)
+  TARKA_FIELD(ClauseCount *, countClause, CountClause)
+  TARKA_FIELD(ClauseFunction *, functionClause, FunctionClause)
+  TARKA_FIELD(ClauseGroupLimit *, groupLimitClause, GroupLimitClause)
+  TARKA_FIELD(ClauseLine *, lineClause, LineClause)
+  TARKA_FIELD(ClauseMultiple *, multipleClause, MultipleClause)
+  TARKA_FIELD(ClauseNextGroup *, nextGroupClause, NextGroupClause)
+  TARKA_FIELD(ClauseRepeated *, repeatedClause, RepeatedClause)
+  TARKA_FIELD(ClauseReportOccurs *, reportOccursClause, ReportOccursClause)
+  TARKA_FIELD(ClauseReportSign *, reportSignClause, ReportSignClause)
+  TARKA_FIELD(ClauseReportValue *, reportValueClause, ReportValueClause)
+  TARKA_FIELD(ClauseSource *, sourceClause, SourceClause)
+  TARKA_FIELD(ClauseStyle *, styleClause, StyleClause)
+  TARKA_FIELD(ClauseSum *, sumClause, SumClause)
+  TARKA_FIELD(ClauseType *, typeClause, TypeClause)
+  TARKA_FIELD(ClauseWrap *, wrapClause, WrapClause)
   /// GROUP INDICATE.
-  TARKA_FLAG(groupIndicate, GroupIndicate, false);
-  TARKA_LIST_ADD(ClausePresentAfter, presentAfters, ClausePresentAfterList, ClausePresentAfter);
-  TARKA_LIST_ADD(ClausePresentWhen, presentWhens, ClausePresentWhenList, ClausePresentWhen);
+  TARKA_FLAG(groupIndicate, GroupIndicate)
+  TARKA_LIST_ADD(ClausePresentAfter, presentAfters, ClausePresentAfterList, ClausePresentAfter)
+  TARKA_LIST_ADD(ClausePresentWhen, presentWhens, ClausePresentWhenList, ClausePresentWhen)
 
   /// The number of the USE BEFORE REPORTING procedure of the group, from 1; 0 when it has none.
-  TARKA_FIELD(int, declIndex, DeclIndex, 0);
+  TARKA_FIELD(int, declIndex, DeclIndex)
 
   // What the checks find out. "Head" is an entry that begins a line, "line" the line that an entry
   // stands in.
-  TARKA_FIELD(ReportDataDescription *, currHeadDesc, CurrHeadDesc, nullptr);
-  TARKA_FIELD(ReportDataDescription *, prevHeadDesc, PrevHeadDesc, nullptr);
-  TARKA_FIELD(ReportDataDescription *, currLineDesc, CurrLineDesc, nullptr);
+  TARKA_FIELD(ReportDataDescription *, currHeadDesc, CurrHeadDesc)
+  TARKA_FIELD(ReportDataDescription *, prevHeadDesc, PrevHeadDesc)
+  TARKA_FIELD(ReportDataDescription *, currLineDesc, CurrLineDesc)
   /// The lines of a group, and the items of a line, in the order of the page.
-  TARKA_LIST_ADD(ReportDataDescription, lineDescs, LineDescList, LineDesc);
-  TARKA_LIST_ADD(ReportDataDescription, colDescs, ColDescList, ColDesc);
+  TARKA_LIST_ADD(ReportDataDescription, lineDescs, LineDescList, LineDesc)
+  TARKA_LIST_ADD(ReportDataDescription, colDescs, ColDescList, ColDesc)
   /// The COUNT operands that refer to this entry.
-  TARKA_LIST_ADD(Expression, countExprs, CountExprList, CountExpr);
+  TARKA_LIST_ADD(Expression, countExprs, CountExprList, CountExpr)
 
-public:
   /// Exchanges the last two lines of the group; nothing happens when there are fewer.
   void swapLineDesc();
+
+private:
+  ClauseColumn *columnClause = nullptr;
+  ClauseCount *countClause = nullptr;
+  ClauseFunction *functionClause = nullptr;
+  ClauseGroupLimit *groupLimitClause = nullptr;
+  ClauseLine *lineClause = nullptr;
+  ClauseMultiple *multipleClause = nullptr;
+  ClauseNextGroup *nextGroupClause = nullptr;
+  ClauseRepeated *repeatedClause = nullptr;
+  ClauseReportOccurs *reportOccursClause = nullptr;
+  ClauseReportSign *reportSignClause = nullptr;
+  ClauseReportValue *reportValueClause = nullptr;
+  ClauseSource *sourceClause = nullptr;
+  ClauseStyle *styleClause = nullptr;
+  ClauseSum *sumClause = nullptr;
+  ClauseType *typeClause = nullptr;
+  ClauseWrap *wrapClause = nullptr;
+  bool groupIndicate = false;
+  std::list<ClausePresentAfter *> presentAfters;
+  std::list<ClausePresentWhen *> presentWhens;
+  int declIndex = 0;
+  ReportDataDescription *currHeadDesc = nullptr;
+  ReportDataDescription *prevHeadDesc = nullptr;
+  ReportDataDescription *currLineDesc = nullptr;
+  std::list<ReportDataDescription *> lineDescs;
+  std::list<ReportDataDescription *> colDescs;
+  std::list<Expression *> countExprs;
 };
 
 /// An RD entry.
@@ -79,29 +106,47 @@ public:
   void addRecord(ReportDataDescription *group);
 
   // Clauses, null when absent.
-  TARKA_FIELD(ClauseGlobal *, global, Global, nullptr);
-  TARKA_FIELD(ClauseAllow *, allowClause, AllowClause, nullptr);
-  TARKA_FIELD(ClauseCode *, codeClause, CodeClause, nullptr);
-  TARKA_FIELD(ClauseControl *, controlClause, ControlClause, nullptr);
-  TARKA_FIELD(ClauseLineLimit *, lineLimitClause, LineLimitClause, nullptr);
-  TARKA_FIELD(ClauseOverflow *, overflowClause, OverflowClause, nullptr);
-  TARKA_FIELD(ClausePageLimit *, pageLimitClause, PageLimitClause, nullptr);
-  TARKA_FIELD(ClauseStyle *, rdStyleClause, RdStyleClause, nullptr);
+  TARKA_FIELD(ClauseGlobal *, global, Global)
+  TARKA_FIELD(ClauseAllow *, allowClause, AllowClause)
+  TARKA_FIELD(ClauseCode *, codeClause, CodeClause)
+  TARKA_FIELD(ClauseControl *, controlClause, ControlClause)
+  TARKA_FIELD(ClauseLineLimit *, lineLimitClause, LineLimitClause)
+  TARKA_FIELD(ClauseOverflow *, overflowClause, OverflowClause)
+  TARKA_FIELD(ClausePageLimit *, pageLimitClause, PageLimitClause)
+  TARKA_FIELD(ClauseStyle *, rdStyleClause, RdStyleClause)
 
   /// The file that the report is written to; null until the checks find it.
-  TARKA_FIELD(FileDescription *, fileDescription, FileDescription, nullptr);
+  TARKA_FIELD(FileDescription *, fileDescription, FileDescription)
   /// How many USE BEFORE REPORTING procedures the report has so far.
-  TARKA_FIELD(int, declIndexCnt, DeclIndexCnt, 0);
+  TARKA_FIELD(int, declIndexCnt, DeclIndexCnt)
 
   // The groups by their type, as the checks sort them.
-  TARKA_LIST_ADD(ReportDataDescription, reportHeadings, RHDescList, RHDesc);
-  TARKA_LIST_ADD(ReportDataDescription, pageHeadings, PHDescList, PHDesc);
-  TARKA_LIST_ADD(ReportDataDescription, controlHeadings, CHDescList, CHDesc);
-  TARKA_LIST_ADD(ReportDataDescription, details, DEDescList, DEDesc);
-  TARKA_LIST_ADD(ReportDataDescription, controlFootings, CFDescList, CFDesc);
-  TARKA_LIST_ADD(ReportDataDescription, pageFootings, PFDescList, PFDesc);
-  TARKA_LIST_ADD(ReportDataDescription, reportFootings, RFDescList, RFDesc);
+  TARKA_LIST_ADD(ReportDataDescription, reportHeadings, RHDescList, RHDesc)
+  TARKA_LIST_ADD(ReportDataDescription, pageHeadings, PHDescList, PHDesc)
+  TARKA_LIST_ADD(ReportDataDescription, controlHeadings, CHDescList, CHDesc)
+  TARKA_LIST_ADD(ReportDataDescription, details, DEDescList, DEDesc)
+  TARKA_LIST_ADD(ReportDataDescription, controlFootings, CFDescList, CFDesc)
+  TARKA_LIST_ADD(ReportDataDescription, pageFootings, PFDescList, PFDesc)
+  TARKA_LIST_ADD(ReportDataDescription, reportFootings, RFDescList, RFDesc)
 
+private:
+  ClauseGlobal *global = nullptr;
+  ClauseAllow *allowClause = nullptr;
+  ClauseCode *codeClause = nullptr;
+  ClauseControl *controlClause = nullptr;
+  ClauseLineLimit *lineLimitClause = nullptr;
+  ClauseOverflow *overflowClause = nullptr;
+  ClausePageLimit *pageLimitClause = nullptr;
+  ClauseStyle *rdStyleClause = nullptr;
+  FileDescription *fileDescription = nullptr;
+  int declIndexCnt = 0;
+  std::list<ReportDataDescription *> reportHeadings;
+  std::list<ReportDataDescription *> pageHeadings;
+  std::list<ReportDataDescription *> controlHeadings;
+  std::list<ReportDataDescription *> details;
+  std::list<ReportDataDescription *> controlFootings;
+  std::list<ReportDataDescription *> pageFootings;
+  std::list<ReportDataDescription *> reportFootings;
   friend class DataDivision;
   Word *reportName;
   std::list<ReportDataDescription *> records;

@@ -35,13 +35,16 @@ public:
     }
   }
 
-  TARKA_LAZY_LIST(ExceptionHandler, sizeErrorHandlers, SizeErrorHandler, SizeErrorHandler);
+  TARKA_LIST_ADD(ExceptionHandler, sizeErrorHandlers, SizeErrorHandler, SizeErrorHandler)
+
+private:
+  LazyList<ExceptionHandler> sizeErrorHandlers;
 
 protected:
   using Statement::Statement;
 
   void setSizeErrorHandlers(std::list<ExceptionHandler *> *handlers) {
-    sizeErrorHandlers = handlers;
+    sizeErrorHandlers.takeOver(handlers);
   }
 };
 
@@ -62,16 +65,26 @@ public:
     setSizeErrorHandlers(handlers);
   }
 
-  TARKA_FIELD(AddStmtType, type, Type, AddStmtType::To);
-  TARKA_LIST_ADD(Expression, operands, OperandList, Operand);
+  TARKA_FIELD(AddStmtType, type, Type)
+  TARKA_LIST_ADD(Expression, operands, OperandList, Operand)
   /// The receiving operands of the first format.
-  TARKA_LIST_ADD(RoundedOperand, toList, ToList, To);
-  TARKA_LAZY_LIST(RoundedOperand, givingList, GivingList, Giving);
+  TARKA_LIST_ADD(RoundedOperand, toList, ToList, To)
+  void setToList(std::list<RoundedOperand *> *receivers) { toList = takeOver(receivers); }
+  TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// The operand after TO with GIVING; null when TO is left out, and in the other formats.
-  TARKA_FIELD(Expression *, toOperand, ToOperand, nullptr);
+  TARKA_FIELD(Expression *, toOperand, ToOperand)
   /// The groups of CORRESPONDING, the sending one and the receiving one; null in other formats.
-  TARKA_FIELD(Expression *, correspondingExpr, CorrespondingExpr, nullptr);
-  TARKA_FIELD(RoundedOperand *, toRoundExpr, ToRoundExpr, nullptr);
+  TARKA_FIELD(Expression *, correspondingExpr, CorrespondingExpr)
+  TARKA_FIELD(RoundedOperand *, toRoundExpr, ToRoundExpr)
+
+private:
+  AddStmtType type = AddStmtType::To;
+  std::list<Expression *> operands;
+  std::list<RoundedOperand *> toList;
+  LazyList<RoundedOperand> givingList;
+  Expression *toOperand = nullptr;
+  Expression *correspondingExpr = nullptr;
+  RoundedOperand *toRoundExpr = nullptr;
 };
 
 /// SUBTRACT operand... FROM {receiver [ROUNDED]}...
@@ -81,16 +94,26 @@ class SubtractStatement : public StatementOf<StatementType::Subtract, Arithmetic
 public:
   SubtractStatement(const Node *at, SubtractStmtType format) : StatementOf(at), type(format) {}
 
-  TARKA_FIELD(SubtractStmtType, type, Type, SubtractStmtType::From);
-  TARKA_LIST_ADD(Expression, operands, OperandList, Operand);
+  TARKA_FIELD(SubtractStmtType, type, Type)
+  TARKA_LIST_ADD(Expression, operands, OperandList, Operand)
   /// The receiving operands of the first format.
-  TARKA_LIST_ADD(RoundedOperand, fromList, FromList, From);
-  TARKA_LAZY_LIST(RoundedOperand, givingList, GivingList, Giving);
+  TARKA_LIST_ADD(RoundedOperand, fromList, FromList, From)
+  void setFromList(std::list<RoundedOperand *> *receivers) { fromList = takeOver(receivers); }
+  TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// The minuend with GIVING; null in the other formats.
-  TARKA_FIELD(Expression *, fromExpr, FromExpr, nullptr);
+  TARKA_FIELD(Expression *, fromExpr, FromExpr)
   /// The groups of CORRESPONDING, the sending one and the receiving one; null in other formats.
-  TARKA_FIELD(Expression *, corrExpr, CorrExpr, nullptr);
-  TARKA_FIELD(RoundedOperand *, fromRoundExpr, FromRoundExpr, nullptr);
+  TARKA_FIELD(Expression *, corrExpr, CorrExpr)
+  TARKA_FIELD(RoundedOperand *, fromRoundExpr, FromRoundExpr)
+
+private:
+  SubtractStmtType type = SubtractStmtType::From;
+  std::list<Expression *> operands;
+  std::list<RoundedOperand *> fromList;
+  LazyList<RoundedOperand> givingList;
+  Expression *fromExpr = nullptr;
+  Expression *corrExpr = nullptr;
+  RoundedOperand *fromRoundExpr = nullptr;
 };
 
 /// MULTIPLY operand BY {receiver [ROUNDED]}...
@@ -100,13 +123,21 @@ public:
   MultiplyStatement(const Node *at, MultiplyStmtType format, Expression *multiplicand)
       : StatementOf(at), type(format), operand(multiplicand) {}
 
-  TARKA_FIELD(MultiplyStmtType, type, Type, MultiplyStmtType::By);
-  TARKA_FIELD(Expression *, operand, Operand, nullptr);
+  TARKA_FIELD(MultiplyStmtType, type, Type)
+  TARKA_FIELD(Expression *, operand, Operand)
   /// The multiplier with GIVING; null without.
-  TARKA_FIELD(Expression *, byOperand, ByOperand, nullptr);
+  TARKA_FIELD(Expression *, byOperand, ByOperand)
   /// The receiving operands of the format without GIVING.
-  TARKA_LIST_ADD(RoundedOperand, byList, ByList, By);
-  TARKA_LAZY_LIST(RoundedOperand, givingList, GivingList, Giving);
+  TARKA_LIST_ADD(RoundedOperand, byList, ByList, By)
+  void setByList(std::list<RoundedOperand *> *receivers) { byList = takeOver(receivers); }
+  TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
+
+private:
+  MultiplyStmtType type = MultiplyStmtType::By;
+  Expression *operand = nullptr;
+  Expression *byOperand = nullptr;
+  std::list<RoundedOperand *> byList;
+  LazyList<RoundedOperand> givingList;
 };
 
 /// DIVIDE operand INTO {receiver [ROUNDED]}...
@@ -116,18 +147,28 @@ public:
   DivideStatement(const Node *at, DivideStmtType format, Expression *first)
       : StatementOf(at), type(format), operand(first) {}
 
-  TARKA_FIELD(DivideStmtType, type, Type, DivideStmtType::Into);
+  TARKA_FIELD(DivideStmtType, type, Type)
   /// The operand written first: the divisor with INTO, the dividend with BY.
-  TARKA_FIELD(Expression *, operand, Operand, nullptr);
+  TARKA_FIELD(Expression *, operand, Operand)
   /// The operand after INTO, with GIVING; null otherwise.
-  TARKA_FIELD(Expression *, intoExpr, IntoExpr, nullptr);
+  TARKA_FIELD(Expression *, intoExpr, IntoExpr)
   /// The operand after BY; null with INTO.
-  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+  TARKA_FIELD(Expression *, byExpr, ByExpr)
   /// The receiving operands after INTO, without GIVING.
-  TARKA_LIST_ADD(RoundedOperand, toList, ToList, To);
-  TARKA_LAZY_LIST(RoundedOperand, givingList, GivingList, Giving);
+  TARKA_LIST_ADD(RoundedOperand, toList, ToList, To)
+  void setToList(std::list<RoundedOperand *> *receivers) { toList = takeOver(receivers); }
+  TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// Null without REMAINDER.
-  TARKA_FIELD(Expression *, remainderExpr, RemainderExpr, nullptr);
+  TARKA_FIELD(Expression *, remainderExpr, RemainderExpr)
+
+private:
+  DivideStmtType type = DivideStmtType::Into;
+  Expression *operand = nullptr;
+  Expression *intoExpr = nullptr;
+  Expression *byExpr = nullptr;
+  std::list<RoundedOperand *> toList;
+  LazyList<RoundedOperand> givingList;
+  Expression *remainderExpr = nullptr;
 };
 
 /// COMPUTE {receiver [ROUNDED]}... = arithmetic-expression
@@ -136,8 +177,12 @@ public:
   explicit ComputeStatement(const Node *at, Expression *value = nullptr)
       : StatementOf(at), arithmeticExpression(value) {}
 
-  TARKA_LIST_ADD(RoundedOperand, operands, OperandList, Operand);
-  TARKA_FIELD(Expression *, arithmeticExpression, ArithmeticExpression, nullptr);
+  TARKA_LIST_ADD(RoundedOperand, operands, OperandList, Operand)
+  TARKA_FIELD(Expression *, arithmeticExpression, ArithmeticExpression)
+
+private:
+  std::list<RoundedOperand *> operands;
+  Expression *arithmeticExpression = nullptr;
 };
 
 } // namespace tarka

@@ -53,10 +53,15 @@ public:
                    std::list<Statement *> *statements = nullptr)
       : Node(at), type(which), notOn(isNot), imperStmts(takeOver(statements)) {}
 
-  TARKA_FIELD(ExceptionHandlerType, type, Type, ExceptionHandlerType::OnException);
+  TARKA_FIELD(ExceptionHandlerType, type, Type)
   /// True for the NOT form.
-  TARKA_FLAG(notOn, NotOn, false);
-  TARKA_LIST_ADD(Statement, imperStmts, ImperStmtList, ImperStmt);
+  TARKA_FLAG(notOn, NotOn)
+  TARKA_LIST_ADD(Statement, imperStmts, ImperStmtList, ImperStmt)
+
+private:
+  ExceptionHandlerType type = ExceptionHandlerType::OnException;
+  bool notOn = false;
+  std::list<Statement *> imperStmts;
 };
 
 /// The procedures that a procedure-name, or two with THROUGH, stand for. Set by the check; all
@@ -69,12 +74,16 @@ public:
     (hasBegin() ? thruParagraph : beginParagraph) = paragraph;
   }
 
-  TARKA_FIELD(Section *, beginSection, BeginSection, nullptr);
-  TARKA_FIELD(Paragraph *, beginParagraph, BeginParagraph, nullptr);
-  TARKA_FIELD(Section *, thruSection, ThruSection, nullptr);
-  TARKA_FIELD(Paragraph *, thruParagraph, ThruParagraph, nullptr);
+  TARKA_FIELD(Section *, beginSection, BeginSection)
+  TARKA_FIELD(Paragraph *, beginParagraph, BeginParagraph)
+  TARKA_FIELD(Section *, thruSection, ThruSection)
+  TARKA_FIELD(Paragraph *, thruParagraph, ThruParagraph)
 
 private:
+  Section *beginSection = nullptr;
+  Paragraph *beginParagraph = nullptr;
+  Section *thruSection = nullptr;
+  Paragraph *thruParagraph = nullptr;
   bool hasBegin() const { return beginSection || beginParagraph; }
 };
 

@@ -23,10 +23,15 @@ public:
   Argument(const Node *at, ArgType how, Expression *operand, bool isLeftOut)
       : Node(at), type(how), omitted(isLeftOut), expr(operand) {}
 
-  TARKA_FIELD(ArgType, type, Type, ArgType::Reference);
+  TARKA_FIELD(ArgType, type, Type)
   /// True for OMITTED.
-  TARKA_FLAG(omitted, Omitted, false);
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FLAG(omitted, Omitted)
+  TARKA_FIELD(Expression *, expr, Expr)
+
+private:
+  ArgType type = ArgType::Reference;
+  bool omitted = false;
+  Expression *expr = nullptr;
 };
 
 /// One item of USING in the PROCEDURE DIVISION header or in ENTRY: [BY {REFERENCE | VALUE}] item
@@ -35,8 +40,12 @@ public:
   Parameter(const Node *at, ParameterType how, Expression *item)
       : Node(at), type(how), expr(item) {}
 
-  TARKA_FIELD(ParameterType, type, Type, ParameterType::Reference);
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FIELD(ParameterType, type, Type)
+  TARKA_FIELD(Expression *, expr, Expr)
+
+private:
+  ParameterType type = ParameterType::Reference;
+  Expression *expr = nullptr;
 };
 
 /// CALL program [USING argument...] [RETURNING identifier]
@@ -46,18 +55,28 @@ public:
   CallStatement(const Node *at, Expression *program) : StatementOf(at), procedureName(program) {}
 
   void addArgumentFront(Argument *argument) { arguments.push_front(argument); }
-  void setExceptHandler(std::list<ExceptionHandler *> *handlers) { exceptHandlers = handlers; }
+  void setExceptHandler(std::list<ExceptionHandler *> *handlers) {
+    exceptHandlers.takeOver(handlers);
+  }
 
   /// The literal or identifier that names the program.
-  TARKA_FIELD(Expression *, procedureName, ProcedureName, nullptr);
-  TARKA_LIST_ADD(Argument, arguments, ArgumentList, Argument);
+  TARKA_FIELD(Expression *, procedureName, ProcedureName)
+  TARKA_LIST_ADD(Argument, arguments, ArgumentList, Argument)
   /// Null without RETURNING.
-  TARKA_FIELD(IdentifierExpression *, returnItem, Return, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, exceptHandlers, ExceptHandler, ExceptHandler);
+  TARKA_FIELD(IdentifierExpression *, returnItem, Return)
+  TARKA_LIST_ADD(ExceptionHandler, exceptHandlers, ExceptHandler, ExceptHandler)
   /// Items that the check records for the called program beside the arguments.
-  TARKA_LAZY_LIST(IdentifierExpression, params, ParamList, Param);
+  TARKA_LIST_ADD(IdentifierExpression, params, ParamList, Param)
   /// The MOVE that precedes the call of a DL/I interface; null for other calls.
-  TARKA_FIELD(Statement *, moveStmt, MoveStmt, nullptr);
+  TARKA_FIELD(Statement *, moveStmt, MoveStmt)
+
+private:
+  Expression *procedureName = nullptr;
+  std::list<Argument *> arguments;
+  IdentifierExpression *returnItem = nullptr;
+  LazyList<ExceptionHandler> exceptHandlers;
+  LazyList<IdentifierExpression> params;
+  Statement *moveStmt = nullptr;
 };
 
 /// CANCEL program...
@@ -65,7 +84,10 @@ class CancelStatement : public StatementOf<StatementType::Cancel> {
 public:
   explicit CancelStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(Expression, programs, ProgramList, Program);
+  TARKA_LIST_ADD(Expression, programs, ProgramList, Program)
+
+private:
+  std::list<Expression *> programs;
 };
 
 /// ENTRY literal [USING parameter...]
@@ -73,8 +95,12 @@ class EntryStatement : public StatementOf<StatementType::Entry> {
 public:
   EntryStatement(const Node *at, LiteralExpression *name) : StatementOf(at), entryLiteral(name) {}
 
-  TARKA_FIELD(LiteralExpression *, entryLiteral, EntryLiteral, nullptr);
-  TARKA_LIST_ADD(Parameter, parameters, Parameter, Parameter);
+  TARKA_FIELD(LiteralExpression *, entryLiteral, EntryLiteral)
+  TARKA_LIST_ADD(Parameter, parameters, Parameter, Parameter)
+
+private:
+  LiteralExpression *entryLiteral = nullptr;
+  std::list<Parameter *> parameters;
 };
 
 /// EXIT PROGRAM
@@ -96,8 +122,12 @@ public:
   StopStatement(const Node *at, StopType format, LiteralExpression *text = nullptr)
       : StatementOf(at), type(format), literal(text) {}
 
-  TARKA_FIELD(StopType, type, Type, StopType::Run);
-  TARKA_FIELD(LiteralExpression *, literal, Literal, nullptr);
+  TARKA_FIELD(StopType, type, Type)
+  TARKA_FIELD(LiteralExpression *, literal, Literal)
+
+private:
+  StopType type = StopType::Run;
+  LiteralExpression *literal = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -110,8 +140,12 @@ public:
   GotoProcedure(Section *targetSection, Paragraph *targetParagraph)
       : section(targetSection), paragraph(targetParagraph) {}
 
-  TARKA_FIELD(Section *, section, Section, nullptr);
-  TARKA_FIELD(Paragraph *, paragraph, Paragraph, nullptr);
+  TARKA_FIELD(Section *, section, Section)
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph)
+
+private:
+  Section *section = nullptr;
+  Paragraph *paragraph = nullptr;
 };
 
 /// GO TO [procedure-name]
@@ -121,11 +155,17 @@ public:
   explicit GotoStatement(const Node *at) : StatementOf(at) {}
 
   /// Empty in a GO TO that ALTER is to set.
-  TARKA_LIST_ADD(QualifiedWord, procedureNames, ProcedureNameList, ProcedureName);
+  TARKA_LIST_ADD(QualifiedWord, procedureNames, ProcedureNameList, ProcedureName)
   /// Null without DEPENDING ON.
-  TARKA_FIELD(IdentifierExpression *, dependingName, DependingName, nullptr);
+  TARKA_FIELD(IdentifierExpression *, dependingName, DependingName)
   /// What the names stand for, in their order; set by the check.
-  TARKA_LAZY_LIST(GotoProcedure, procedures, ProcedureList, Procedure);
+  TARKA_LIST_ADD(GotoProcedure, procedures, ProcedureList, Procedure)
+  void forgetProcedures() { procedures = {}; }
+
+private:
+  std::list<QualifiedWord *> procedureNames;
+  IdentifierExpression *dependingName = nullptr;
+  LazyList<GotoProcedure> procedures;
 };
 
 /// procedure-name-1 TO [PROCEED TO] procedure-name-2
@@ -134,12 +174,19 @@ public:
   AlterItem(const Node *at, QualifiedWord *source, QualifiedWord *destination)
       : Node(at), srcProcName(source), dstProcName(destination) {}
 
-  TARKA_FIELD(QualifiedWord *, srcProcName, SrcProcName, nullptr);
-  TARKA_FIELD(QualifiedWord *, dstProcName, DstProcName, nullptr);
+  TARKA_FIELD(QualifiedWord *, srcProcName, SrcProcName)
+  TARKA_FIELD(QualifiedWord *, dstProcName, DstProcName)
   /// What the names stand for; null before the check, which sets one of the two destinations.
-  TARKA_FIELD(Paragraph *, srcParagraph, SrcParagraph, nullptr);
-  TARKA_FIELD(Section *, dstSection, DstSection, nullptr);
-  TARKA_FIELD(Paragraph *, dstParagraph, DstParagraph, nullptr);
+  TARKA_FIELD(Paragraph *, srcParagraph, SrcParagraph)
+  TARKA_FIELD(Section *, dstSection, DstSection)
+  TARKA_FIELD(Paragraph *, dstParagraph, DstParagraph)
+
+private:
+  QualifiedWord *srcProcName = nullptr;
+  QualifiedWord *dstProcName = nullptr;
+  Paragraph *srcParagraph = nullptr;
+  Section *dstSection = nullptr;
+  Paragraph *dstParagraph = nullptr;
 };
 
 /// ALTER {procedure-name TO [PROCEED TO] procedure-name}...
@@ -147,7 +194,10 @@ class AlterStatement : public StatementOf<StatementType::Alter> {
 public:
   explicit AlterStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(AlterItem, items, AlterList, AlterItem);
+  TARKA_LIST_ADD(AlterItem, items, AlterList, AlterItem)
+
+private:
+  std::list<AlterItem *> items;
 };
 
 /// procedure-name-1 [THROUGH procedure-name-2], with the procedures that the names stand for.
@@ -157,8 +207,12 @@ public:
   PerformProcedure(const Node *at, QualifiedWord *begin, QualifiedWord *thru)
       : Node(at), procedureName1(begin), procedureName2(thru) {}
 
-  TARKA_FIELD(QualifiedWord *, procedureName1, ProcedureName1, nullptr);
-  TARKA_FIELD(QualifiedWord *, procedureName2, ProcedureName2, nullptr);
+  TARKA_FIELD(QualifiedWord *, procedureName1, ProcedureName1)
+  TARKA_FIELD(QualifiedWord *, procedureName2, ProcedureName2)
+
+private:
+  QualifiedWord *procedureName1 = nullptr;
+  QualifiedWord *procedureName2 = nullptr;
 };
 
 /// WITH TEST {BEFORE | AFTER}
@@ -166,7 +220,10 @@ class PerformTest : public Node {
 public:
   PerformTest(const Node *at, PerformTestType when) : Node(at), type(when) {}
 
-  TARKA_FIELD(PerformTestType, type, Type, PerformTestType::Before);
+  TARKA_FIELD(PerformTestType, type, Type)
+
+private:
+  PerformTestType type = PerformTestType::Before;
 };
 
 /// {VARYING | AFTER} identifier FROM operand BY operand UNTIL condition
@@ -177,10 +234,16 @@ public:
       : Node(at), varyingIdentifier(varying), fromIdentifier(from), byIdentifier(by),
         untilCondition(until) {}
 
-  TARKA_FIELD(Expression *, varyingIdentifier, VaryingIdentifier, nullptr);
-  TARKA_FIELD(Expression *, fromIdentifier, FromIdentifier, nullptr);
-  TARKA_FIELD(Expression *, byIdentifier, ByIdentifier, nullptr);
-  TARKA_FIELD(Condition *, untilCondition, UntilCondition, nullptr);
+  TARKA_FIELD(Expression *, varyingIdentifier, VaryingIdentifier)
+  TARKA_FIELD(Expression *, fromIdentifier, FromIdentifier)
+  TARKA_FIELD(Expression *, byIdentifier, ByIdentifier)
+  TARKA_FIELD(Condition *, untilCondition, UntilCondition)
+
+private:
+  Expression *varyingIdentifier = nullptr;
+  Expression *fromIdentifier = nullptr;
+  Expression *byIdentifier = nullptr;
+  Condition *untilCondition = nullptr;
 };
 
 /// PERFORM [procedure-name [THROUGH procedure-name]]
@@ -197,19 +260,28 @@ public:
       : StatementOf(at), type(format), procedureName(procedure), inlineStatements(statements),
         timesInteger(times), performTest(test), phrases(varying), untilCondition(until) {}
 
-  TARKA_FIELD(PerformStmtType, type, Type, PerformStmtType::Simple);
+  TARKA_FIELD(PerformStmtType, type, Type)
   /// Null in the inline form.
-  TARKA_FIELD(PerformProcedure *, procedureName, ProcedureName, nullptr);
+  TARKA_FIELD(PerformProcedure *, procedureName, ProcedureName)
   /// Empty in the out-of-line form.
-  TARKA_LAZY_LIST(Statement, inlineStatements, InlineStatements, InlineStatement);
+  TARKA_LIST_ADD(Statement, inlineStatements, InlineStatements, InlineStatement)
   /// Null without TIMES.
-  TARKA_FIELD(Expression *, timesInteger, TimesInteger, nullptr);
+  TARKA_FIELD(Expression *, timesInteger, TimesInteger)
   /// Null where WITH TEST is not written, which means BEFORE.
-  TARKA_FIELD(PerformTest *, performTest, PerformTest, nullptr);
+  TARKA_FIELD(PerformTest *, performTest, PerformTest)
   /// The VARYING phrase, then the AFTER phrases.
-  TARKA_LAZY_LIST(PerformVarying, phrases, PhraseList, Phrase);
+  TARKA_LIST_ADD(PerformVarying, phrases, PhraseList, Phrase)
   /// The condition of UNTIL without VARYING; null otherwise.
-  TARKA_FIELD(Condition *, untilCondition, UntilCondition, nullptr);
+  TARKA_FIELD(Condition *, untilCondition, UntilCondition)
+
+private:
+  PerformStmtType type = PerformStmtType::Simple;
+  PerformProcedure *procedureName = nullptr;
+  LazyList<Statement> inlineStatements;
+  Expression *timesInteger = nullptr;
+  PerformTest *performTest = nullptr;
+  LazyList<PerformVarying> phrases;
+  Condition *untilCondition = nullptr;
 };
 
 /// EXIT, the end point of a procedure.
@@ -235,10 +307,14 @@ class ExitPerformStatement : public StatementOf<StatementType::ExitPerform> {
 public:
   ExitPerformStatement(const Node *at, bool isCycle) : StatementOf(at), cycle(isCycle) {}
 
-  TARKA_FLAG(cycle, Cycle, false);
+  TARKA_FLAG(cycle, Cycle)
   /// Where control goes on after the innermost inline PERFORM around the statement; null before
   /// the graph is built.
-  TARKA_FIELD(CFGBlock *, afterBlock, AfterBlock, nullptr);
+  TARKA_FIELD(CFGBlock *, afterBlock, AfterBlock)
+
+private:
+  bool cycle = false;
+  CFGBlock *afterBlock = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -258,7 +334,10 @@ public:
 
   /// The first block of the sentence around the statement; its next field leads past the
   /// sentence. Null before the graph is built.
-  TARKA_FIELD(CFGBlock *, sentenceBlock, SentenceBlock, nullptr);
+  TARKA_FIELD(CFGBlock *, sentenceBlock, SentenceBlock)
+
+private:
+  CFGBlock *sentenceBlock = nullptr;
 };
 
 /// IF condition [THEN] statements [ELSE statements]
@@ -271,10 +350,15 @@ public:
               std::list<Statement *> *otherwise)
       : StatementOf(at), condition(test), ifStmts(takeOver(then)), elseStmts(otherwise) {}
 
-  TARKA_FIELD(Condition *, condition, Condition, nullptr);
-  TARKA_LIST_ADD(Statement, ifStmts, IfStmtList, IfStmt);
+  TARKA_FIELD(Condition *, condition, Condition)
+  TARKA_LIST_ADD(Statement, ifStmts, IfStmtList, IfStmt)
   /// Empty without ELSE.
-  TARKA_LAZY_LIST(Statement, elseStmts, ElseStmtList, ElseStmt);
+  TARKA_LIST_ADD(Statement, elseStmts, ElseStmtList, ElseStmt)
+
+private:
+  Condition *condition = nullptr;
+  std::list<Statement *> ifStmts;
+  LazyList<Statement> elseStmts;
 };
 
 /// What EVALUATE and ALSO are followed by: operand, condition, TRUE or FALSE.
@@ -283,11 +367,16 @@ public:
   EvaluateSubject(const Node *at, EvalSubjectType which, Expression *operand, Condition *condition)
       : Node(at), type(which), expr(operand), cond(condition) {}
 
-  TARKA_FIELD(EvalSubjectType, type, Type, EvalSubjectType::Expression);
+  TARKA_FIELD(EvalSubjectType, type, Type)
   /// Null unless the subject is an operand.
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FIELD(Expression *, expr, Expr)
   /// Null unless the subject is a condition.
-  TARKA_FIELD(Condition *, cond, Cond, nullptr);
+  TARKA_FIELD(Condition *, cond, Cond)
+
+private:
+  EvalSubjectType type = EvalSubjectType::Expression;
+  Expression *expr = nullptr;
+  Condition *cond = nullptr;
 };
 
 /// What WHEN and ALSO are followed by: ANY, condition, TRUE, FALSE, or
@@ -296,15 +385,22 @@ class EvaluateObject : public Node {
 public:
   EvaluateObject(const Node *at, EvalObjectType which) : Node(at), type(which) {}
 
-  TARKA_FIELD(EvalObjectType, type, Type, EvalObjectType::Any);
+  TARKA_FIELD(EvalObjectType, type, Type)
   /// True when NOT is written before an operand or a range.
-  TARKA_FLAG(notObject, Not, false);
+  TARKA_FLAG(notObject, Not)
   /// Null unless the object is a condition.
-  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  TARKA_FIELD(Condition *, condition, Condition)
   /// The operand, or the first one of a range; null otherwise.
-  TARKA_FIELD(Expression *, frontExpression, FrontExpression, nullptr);
+  TARKA_FIELD(Expression *, frontExpression, FrontExpression)
   /// The second operand of a range; null otherwise.
-  TARKA_FIELD(Expression *, rearExpression, RearExpression, nullptr);
+  TARKA_FIELD(Expression *, rearExpression, RearExpression)
+
+private:
+  EvalObjectType type = EvalObjectType::Any;
+  bool notObject = false;
+  Condition *condition = nullptr;
+  Expression *frontExpression = nullptr;
+  Expression *rearExpression = nullptr;
 };
 
 /// WHEN {object [ALSO object]... | OTHER}
@@ -312,9 +408,13 @@ class EvaluateWhen : public Node {
 public:
   EvaluateWhen(const Node *at, EvalWhenType which) : Node(at), type(which) {}
 
-  TARKA_FIELD(EvalWhenType, type, Type, EvalWhenType::When);
+  TARKA_FIELD(EvalWhenType, type, Type)
   /// Empty for OTHER.
-  TARKA_LIST_ADD(EvaluateObject, whenObjs, WhenObjList, WhenObj);
+  TARKA_LIST_ADD(EvaluateObject, whenObjs, WhenObjList, WhenObj)
+
+private:
+  EvalWhenType type = EvalWhenType::When;
+  std::list<EvaluateObject *> whenObjs;
 };
 
 /// One or more WHEN phrases with the statements that they share.
@@ -325,8 +425,12 @@ public:
   std::list<EvaluateWhen *> *getWhenList() { return &whens; }
   std::list<Statement *> *getWhenStmtList() { return &whenStmts; }
 
-  TARKA_LIST_ADD(EvaluateWhen, whens, WhenList, When);
-  TARKA_LIST_ADD(Statement, whenStmts, WhenStmtList, WhenStmt);
+  TARKA_LIST_ADD(EvaluateWhen, whens, WhenList, When)
+  TARKA_LIST_ADD(Statement, whenStmts, WhenStmtList, WhenStmt)
+
+private:
+  std::list<EvaluateWhen *> whens;
+  std::list<Statement *> whenStmts;
 };
 
 /// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
@@ -337,8 +441,12 @@ public:
 
   std::list<EvaluateSubject *> *getSubjectList() { return &subjects; }
 
-  TARKA_LIST_ADD(EvaluateSubject, subjects, SubjectList, Subject);
-  TARKA_LIST_ADD(EvaluateCase, cases, WhenCaseList, WhenCase);
+  TARKA_LIST_ADD(EvaluateSubject, subjects, SubjectList, Subject)
+  TARKA_LIST_ADD(EvaluateCase, cases, WhenCaseList, WhenCase)
+
+private:
+  std::list<EvaluateSubject *> subjects;
+  std::list<EvaluateCase *> cases;
 };
 
 /// WHEN condition {statements | NEXT SENTENCE}
@@ -348,8 +456,12 @@ public:
 
   std::list<Statement *> *getStatementList() { return &statements; }
 
-  TARKA_FIELD(Condition *, condition, Condition, nullptr);
-  TARKA_LIST_ADD(Statement, statements, StatementList, Statement);
+  TARKA_FIELD(Condition *, condition, Condition)
+  TARKA_LIST_ADD(Statement, statements, StatementList, Statement)
+
+private:
+  Condition *condition = nullptr;
+  std::list<Statement *> statements;
 };
 
 /// SEARCH table [VARYING identifier] [AT END statements] {WHEN condition statements}...
@@ -359,16 +471,25 @@ public:
   SearchStatement(const Node *at, SearchType format, IdentifierExpression *table)
       : StatementOf(at), type(format), searchIdentifier(table) {}
 
-  TARKA_FIELD(SearchType, type, Type, SearchType::Serial);
-  TARKA_FIELD(IdentifierExpression *, searchIdentifier, SearchIdentifier, nullptr);
+  TARKA_FIELD(SearchType, type, Type)
+  TARKA_FIELD(IdentifierExpression *, searchIdentifier, SearchIdentifier)
   /// Null without VARYING.
-  TARKA_FIELD(IdentifierExpression *, varyingIdentifier, VaryingIdentifier, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, atHandlers, AtHandler, AtHandler);
-  TARKA_LIST_ADD(SearchWhen, whens, WhenList, When);
+  TARKA_FIELD(IdentifierExpression *, varyingIdentifier, VaryingIdentifier)
+  TARKA_LIST_ADD(ExceptionHandler, atHandlers, AtHandler, AtHandler)
+  TARKA_LIST_ADD(SearchWhen, whens, WhenList, When)
   /// The conditions that step through a sorted table, made by the check.
-  TARKA_LAZY_LIST(Condition, conditions, CondList, CondList);
+  TARKA_LIST_ADD(Condition, conditions, CondList, CondList)
   /// The block that steps the index; null before the graph is built.
-  TARKA_FIELD(CFGBlock *, indexChangeBlock, IndexChangeBlock, nullptr);
+  TARKA_FIELD(CFGBlock *, indexChangeBlock, IndexChangeBlock)
+
+private:
+  SearchType type = SearchType::Serial;
+  IdentifierExpression *searchIdentifier = nullptr;
+  IdentifierExpression *varyingIdentifier = nullptr;
+  LazyList<ExceptionHandler> atHandlers;
+  std::list<SearchWhen *> whens;
+  LazyList<Condition> conditions;
+  CFGBlock *indexChangeBlock = nullptr;
 };
 
 /// ON integer [AND EVERY integer] [UNTIL integer] statements [{ELSE | OTHERWISE} statements]
@@ -376,18 +497,27 @@ class OnStatement : public StatementOf<StatementType::On> {
 public:
   OnStatement(const Node *at, Expression *count) : StatementOf(at), onExpr(count) {}
 
-  TARKA_FIELD(Expression *, onExpr, OnExpr, nullptr);
+  TARKA_FIELD(Expression *, onExpr, OnExpr)
   /// Null without EVERY.
-  TARKA_FIELD(Expression *, everyExpr, EveryExpr, nullptr);
+  TARKA_FIELD(Expression *, everyExpr, EveryExpr)
   /// Null without UNTIL.
-  TARKA_FIELD(Expression *, untilExpr, UntilExpr, nullptr);
+  TARKA_FIELD(Expression *, untilExpr, UntilExpr)
   /// The statements that are run when the count fits.
-  TARKA_LIST_ADD(Statement, untilStmts, UntilStmtList, UntilStmt);
+  TARKA_LIST_ADD(Statement, untilStmts, UntilStmtList, UntilStmt)
   /// Empty without ELSE.
-  TARKA_LAZY_LIST(Statement, elseStmts, ElseStmtList, ElseStmt);
+  TARKA_LIST_ADD(Statement, elseStmts, ElseStmtList, ElseStmt)
   /// The ADD that counts and the condition on the count, made by the check; null before.
-  TARKA_FIELD(Statement *, addStmt, AddStmt, nullptr);
-  TARKA_FIELD(Condition *, condition, Condition, nullptr);
+  TARKA_FIELD(Statement *, addStmt, AddStmt)
+  TARKA_FIELD(Condition *, condition, Condition)
+
+private:
+  Expression *onExpr = nullptr;
+  Expression *everyExpr = nullptr;
+  Expression *untilExpr = nullptr;
+  std::list<Statement *> untilStmts;
+  LazyList<Statement> elseStmts;
+  Statement *addStmt = nullptr;
+  Condition *condition = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -401,12 +531,12 @@ public:
   ExecStatement(const Node *at, ExecType language, llvm::StringRef body)
       : StatementOf(at), type(language), text(&internString(body)) {}
 
-  TARKA_FIELD(ExecType, type, Type, ExecType::Other);
+  TARKA_FIELD(ExecType, type, Type)
 
-public:
   const std::string &getText() const { return *text; }
 
 private:
+  ExecType type = ExecType::Other;
   const std::string *text;
 };
 
@@ -415,7 +545,10 @@ class TraceStatement : public StatementOf<StatementType::Trace> {
 public:
   TraceStatement(const Node *at, TraceType which) : StatementOf(at), type(which) {}
 
-  TARKA_FIELD(TraceType, type, Type, TraceType::Ready);
+  TARKA_FIELD(TraceType, type, Type)
+
+private:
+  TraceType type = TraceType::Ready;
 };
 
 } // namespace tarka

@@ -10,8 +10,7 @@ namespace tarka {
 /// A statement that does the same as \p original but can be checked and lowered on its own: the
 /// statements nested in it are copies too, and the procedures that it names are still to be found.
 ///
-/// Operands and conditions are shared, since they mean the same data in either place. So are whole
-/// statements that hold nothing but operands: what the checks find out about them is the same.
+/// Operands and conditions are shared, since they mean the same data in either place.
 Statement *copyStatement(Statement *original);
 
 } // namespace tarka

@@ -19,8 +19,12 @@ public:
   AcceptFrom(const Node *at, AcceptFromType which, Word *name = nullptr)
       : Node(at), type(which), fromName(name) {}
 
-  TARKA_FIELD(AcceptFromType, type, Type, AcceptFromType::None);
-  TARKA_FIELD(Word *, fromName, FromName, nullptr);
+  TARKA_FIELD(AcceptFromType, type, Type)
+  TARKA_FIELD(Word *, fromName, FromName)
+
+private:
+  AcceptFromType type = AcceptFromType::None;
+  Word *fromName = nullptr;
 };
 
 /// ACCEPT identifier [FROM source]
@@ -30,8 +34,12 @@ public:
   AcceptStatement(const Node *at, IdentifierExpression *receiver, AcceptFrom *from = nullptr)
       : StatementOf(at), variable(receiver), fromType(from) {}
 
-  TARKA_FIELD(IdentifierExpression *, variable, Variable, nullptr);
-  TARKA_FIELD(AcceptFrom *, fromType, FromType, nullptr);
+  TARKA_FIELD(IdentifierExpression *, variable, Variable)
+  TARKA_FIELD(AcceptFrom *, fromType, FromType)
+
+private:
+  IdentifierExpression *variable = nullptr;
+  AcceptFrom *fromType = nullptr;
 };
 
 /// DISPLAY operand... [UPON name] [WITH NO ADVANCING]
@@ -40,10 +48,15 @@ public:
   explicit DisplayStatement(const Node *at, std::list<Expression *> *items = nullptr)
       : StatementOf(at), operands(takeOver(items)) {}
 
-  TARKA_FLAG(noAdvancing, NoAdvancing, false);
-  TARKA_LIST_ADD(Expression, operands, IdenLiterList, IdenLiter);
+  TARKA_FLAG(noAdvancing, NoAdvancing)
+  TARKA_LIST_ADD(Expression, operands, IdenLiterList, IdenLiter)
   /// Null without UPON.
-  TARKA_FIELD(Word *, uponName, UponName, nullptr);
+  TARKA_FIELD(Word *, uponName, UponName)
+
+private:
+  bool noAdvancing = false;
+  std::list<Expression *> operands;
+  Word *uponName = nullptr;
 };
 
 /// MOVE [CORRESPONDING] operand TO identifier...
@@ -54,12 +67,18 @@ public:
       : StatementOf(at), corresponding(isCorresponding), source(sender),
         targets(takeOver(receivers)) {}
 
-  TARKA_FLAG(corresponding, Corresponding, false);
-  TARKA_FIELD(Expression *, source, Source, nullptr);
-  TARKA_LIST_ADD(IdentifierExpression, targets, TargetList, Target);
+  TARKA_FLAG(corresponding, Corresponding)
+  TARKA_FIELD(Expression *, source, Source)
+  TARKA_LIST_ADD(IdentifierExpression, targets, TargetList, Target)
   /// The rule of each receiving operand, in their order; null before the check. Shorter than the
   /// receiving list after an error.
-  TARKA_FIELD(std::list<MoveRule> *, moveRules, MoveRuleList, nullptr);
+  TARKA_FIELD(std::list<MoveRule> *, moveRules, MoveRuleList)
+
+private:
+  bool corresponding = false;
+  Expression *source = nullptr;
+  std::list<IdentifierExpression *> targets;
+  std::list<MoveRule> *moveRules = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -73,8 +92,12 @@ public:
   SetToValue(const Node *at, SetToValueType which, Expression *value = nullptr)
       : Node(at), type(which), toExpr(value) {}
 
-  TARKA_FIELD(SetToValueType, type, Type, SetToValueType::Expression);
-  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
+  TARKA_FIELD(SetToValueType, type, Type)
+  TARKA_FIELD(Expression *, toExpr, ToExpr)
+
+private:
+  SetToValueType type = SetToValueType::Expression;
+  Expression *toExpr = nullptr;
 };
 
 /// One receiving list of SET with what it is set to:
@@ -85,14 +108,21 @@ class SetItem : public Node {
 public:
   SetItem(const Node *at, SetItemType format) : Node(at), type(format) {}
 
-  TARKA_FIELD(SetItemType, type, Type, SetItemType::To);
-  TARKA_FIELD(SetToValue *, toValue, ToValue, nullptr);
+  TARKA_FIELD(SetItemType, type, Type)
+  TARKA_FIELD(SetToValue *, toValue, ToValue)
   /// The receiving operands, and the names of switches as they are written.
-  TARKA_LAZY_LIST(Expression, operands, SetList, Set);
+  TARKA_LIST_ADD(Expression, operands, SetList, Set)
   /// The condition-names, each a ConditionNameCondition.
-  TARKA_LAZY_LIST(Condition, conditions, CondList, Cond);
+  TARKA_LIST_ADD(Condition, conditions, CondList, Cond)
   /// The switches that the names of the switch format stand for; set by the check.
-  TARKA_LAZY_LIST(Word, mnemonicNames, MnemonicNameList, MnemonicName);
+  TARKA_LIST_ADD(Word, mnemonicNames, MnemonicNameList, MnemonicName)
+
+private:
+  SetItemType type = SetItemType::To;
+  SetToValue *toValue = nullptr;
+  LazyList<Expression> operands;
+  LazyList<Condition> conditions;
+  LazyList<Word> mnemonicNames;
 };
 
 /// SET {receiver... TO value}...
@@ -100,7 +130,10 @@ class SetStatement : public StatementOf<StatementType::Set> {
 public:
   explicit SetStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(SetItem, items, ItemList, Item);
+  TARKA_LIST_ADD(SetItem, items, ItemList, Item)
+
+private:
+  std::list<SetItem *> items;
 };
 
 //===----------------------------------------------------------------------===//
@@ -113,8 +146,12 @@ public:
   InitializeReplacingItem(const Node *at, InitializeReplacingType category, Expression *value)
       : Node(at), type(category), byExpr(value) {}
 
-  TARKA_FIELD(InitializeReplacingType, type, Type, InitializeReplacingType::Alphanumeric);
-  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+  TARKA_FIELD(InitializeReplacingType, type, Type)
+  TARKA_FIELD(Expression *, byExpr, ByExpr)
+
+private:
+  InitializeReplacingType type = InitializeReplacingType::Alphanumeric;
+  Expression *byExpr = nullptr;
 };
 
 /// INITIALIZE identifier... [WITH FILLER] [{ALL | category} TO VALUE]
@@ -131,15 +168,20 @@ public:
     return allToValue || (valueCategories >> unsigned(category) & 1) != 0;
   }
 
-  TARKA_FLAG(filler, Filler, false);
+  TARKA_FLAG(filler, Filler)
   /// True for ALL TO VALUE.
-  TARKA_FLAG(allToValue, AllToValue, false);
+  TARKA_FLAG(allToValue, AllToValue)
   /// True for THEN TO DEFAULT.
-  TARKA_FLAG(toDefault, ToDefault, false);
-  TARKA_LIST_ADD(IdentifierExpression, identifiers, IdentifierList, Identifier);
-  TARKA_LAZY_LIST(InitializeReplacingItem, replacing, ReplacingList, Replacing);
+  TARKA_FLAG(toDefault, ToDefault)
+  TARKA_LIST_ADD(IdentifierExpression, identifiers, IdentifierList, Identifier)
+  TARKA_LIST_ADD(InitializeReplacingItem, replacing, ReplacingList, Replacing)
 
 private:
+  bool filler = false;
+  bool allToValue = false;
+  bool toDefault = false;
+  std::list<IdentifierExpression *> identifiers;
+  LazyList<InitializeReplacingItem> replacing;
   std::uint16_t valueCategories = 0;
 };
 
@@ -153,8 +195,12 @@ public:
   InspectRegion(const Node *at, InspRegType side, Expression *limit)
       : Node(at), type(side), expr(limit) {}
 
-  TARKA_FIELD(InspRegType, type, Type, InspRegType::Before);
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
+  TARKA_FIELD(InspRegType, type, Type)
+  TARKA_FIELD(Expression *, expr, Expr)
+
+private:
+  InspRegType type = InspRegType::Before;
+  Expression *expr = nullptr;
 };
 
 /// What is counted after ALL or LEADING: operand [region]...
@@ -163,8 +209,12 @@ public:
   TallyingRegion(const Node *at, Expression *operand, std::list<InspectRegion *> *limits)
       : Node(at), expr(operand), regions(limits) {}
 
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
-  TARKA_LAZY_LIST(InspectRegion, regions, RegionPhraseList, RegionPhrase);
+  TARKA_FIELD(Expression *, expr, Expr)
+  TARKA_LIST_ADD(InspectRegion, regions, RegionPhraseList, RegionPhrase)
+
+private:
+  Expression *expr = nullptr;
+  LazyList<InspectRegion> regions;
 };
 
 /// CHARACTERS [region]...
@@ -176,9 +226,14 @@ public:
                   std::list<TallyingRegion *> *operands)
       : Node(at), type(which), regions(limits), tallied(operands) {}
 
-  TARKA_FIELD(InspTailType, type, Type, InspTailType::Characters);
-  TARKA_LAZY_LIST(InspectRegion, regions, InspectRegionList, InspectRegion);
-  TARKA_LAZY_LIST(TallyingRegion, tallied, TallyingRegionList, TallyingRegion);
+  TARKA_FIELD(InspTailType, type, Type)
+  TARKA_LIST_ADD(InspectRegion, regions, InspectRegionList, InspectRegion)
+  TARKA_LIST_ADD(TallyingRegion, tallied, TallyingRegionList, TallyingRegion)
+
+private:
+  InspTailType type = InspTailType::Characters;
+  LazyList<InspectRegion> regions;
+  LazyList<TallyingRegion> tallied;
 };
 
 /// identifier FOR item...
@@ -187,8 +242,12 @@ public:
   TallyingItem(const Node *at, IdentifierExpression *counter, std::list<TallyingItemFor *> *items)
       : Node(at), identifier(counter), tallyingFor(takeOver(items)) {}
 
-  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
-  TARKA_LIST_ADD(TallyingItemFor, tallyingFor, TallyingForList, TallyingFor);
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
+  TARKA_LIST_ADD(TallyingItemFor, tallyingFor, TallyingForList, TallyingFor)
+
+private:
+  IdentifierExpression *identifier = nullptr;
+  std::list<TallyingItemFor *> tallyingFor;
 };
 
 /// operand BY operand [region]...
@@ -198,9 +257,14 @@ public:
                   std::list<InspectRegion *> *limits)
       : Node(at), expr(operand), byExpr(by), regions(limits) {}
 
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
-  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
-  TARKA_LAZY_LIST(InspectRegion, regions, RegionList, Region);
+  TARKA_FIELD(Expression *, expr, Expr)
+  TARKA_FIELD(Expression *, byExpr, ByExpr)
+  TARKA_LIST_ADD(InspectRegion, regions, RegionList, Region)
+
+private:
+  Expression *expr = nullptr;
+  Expression *byExpr = nullptr;
+  LazyList<InspectRegion> regions;
 };
 
 /// CHARACTERS BY operand [region]...
@@ -213,11 +277,17 @@ public:
                 std::list<InspectRegion *> *limits, std::list<ReplacingRegion *> *replacements)
       : Node(at), type(which), expr(by), regions(limits), replaced(replacements) {}
 
-  TARKA_FIELD(InspReplType, type, Type, InspReplType::Characters);
+  TARKA_FIELD(InspReplType, type, Type)
   /// What CHARACTERS are replaced by; null in the other forms.
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
-  TARKA_LAZY_LIST(InspectRegion, regions, InspectRegionList, InspectRegion);
-  TARKA_LAZY_LIST(ReplacingRegion, replaced, ReplacingRegionList, ReplacingRegion);
+  TARKA_FIELD(Expression *, expr, Expr)
+  TARKA_LIST_ADD(InspectRegion, regions, InspectRegionList, InspectRegion)
+  TARKA_LIST_ADD(ReplacingRegion, replaced, ReplacingRegionList, ReplacingRegion)
+
+private:
+  InspReplType type = InspReplType::Characters;
+  Expression *expr = nullptr;
+  LazyList<InspectRegion> regions;
+  LazyList<ReplacingRegion> replaced;
 };
 
 /// CONVERTING operand TO operand [region]...
@@ -227,9 +297,14 @@ public:
                  std::list<InspectRegion *> *limits)
       : Node(at), expr(from), toExpr(to), regions(limits) {}
 
-  TARKA_FIELD(Expression *, expr, Expr, nullptr);
-  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
-  TARKA_LAZY_LIST(InspectRegion, regions, RegionList, Region);
+  TARKA_FIELD(Expression *, expr, Expr)
+  TARKA_FIELD(Expression *, toExpr, ToExpr)
+  TARKA_LIST_ADD(InspectRegion, regions, RegionList, Region)
+
+private:
+  Expression *expr = nullptr;
+  Expression *toExpr = nullptr;
+  LazyList<InspectRegion> regions;
 };
 
 /// INSPECT identifier [TALLYING item...] [REPLACING item...]
@@ -243,10 +318,16 @@ public:
       : StatementOf(at), identifier(inspected), tallying(tallies), replacing(replacements),
         converting(conversion) {}
 
-  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
-  TARKA_LAZY_LIST(TallyingItem, tallying, TallyingList, Tallying);
-  TARKA_LAZY_LIST(ReplacingItem, replacing, ReplacingList, Replacing);
-  TARKA_FIELD(ConvertingItem *, converting, Converting, nullptr);
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
+  TARKA_LIST_ADD(TallyingItem, tallying, TallyingList, Tallying)
+  TARKA_LIST_ADD(ReplacingItem, replacing, ReplacingList, Replacing)
+  TARKA_FIELD(ConvertingItem *, converting, Converting)
+
+private:
+  IdentifierExpression *identifier = nullptr;
+  LazyList<TallyingItem> tallying;
+  LazyList<ReplacingItem> replacing;
+  ConvertingItem *converting = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -258,10 +339,15 @@ class StringItem : public Node {
 public:
   explicit StringItem(const Node *at) : Node(at) {}
 
-  TARKA_FIELD(StringDelimiterType, type, Type, StringDelimiterType::None);
-  TARKA_LIST_ADD(Expression, stringNames, StringNameList, StringName);
+  TARKA_FIELD(StringDelimiterType, type, Type)
+  TARKA_LIST_ADD(Expression, stringNames, StringNameList, StringName)
   /// Null unless an operand is the delimiter.
-  TARKA_FIELD(Expression *, delimitedName, DelimitedName, nullptr);
+  TARKA_FIELD(Expression *, delimitedName, DelimitedName)
+
+private:
+  StringDelimiterType type = StringDelimiterType::None;
+  std::list<Expression *> stringNames;
+  Expression *delimitedName = nullptr;
 };
 
 /// STRING item... INTO identifier [WITH POINTER identifier] [[NOT] ON OVERFLOW statements]...
@@ -269,11 +355,17 @@ class StringStatement : public StatementOf<StatementType::String> {
 public:
   explicit StringStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(StringItem, items, ItemList, Item);
-  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
+  TARKA_LIST_ADD(StringItem, items, ItemList, Item)
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier)
   /// Null without POINTER.
-  TARKA_FIELD(IdentifierExpression *, withPointer, WithPointerIdentifier, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, OverflowHandler, OverflowHandler);
+  TARKA_FIELD(IdentifierExpression *, withPointer, WithPointerIdentifier)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, OverflowHandler, OverflowHandler)
+
+private:
+  std::list<StringItem *> items;
+  IdentifierExpression *intoIdentifier = nullptr;
+  IdentifierExpression *withPointer = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// [ALL] operand, after DELIMITED BY or OR
@@ -282,8 +374,12 @@ public:
   UnstringDelimitedItem(const Node *at, Expression *operand, bool isAll)
       : Node(at), all(isAll), delimiter(operand) {}
 
-  TARKA_FLAG(all, All, false);
-  TARKA_FIELD(Expression *, delimiter, Delimiter, nullptr);
+  TARKA_FLAG(all, All)
+  TARKA_FIELD(Expression *, delimiter, Delimiter)
+
+private:
+  bool all = false;
+  Expression *delimiter = nullptr;
 };
 
 /// identifier [DELIMITER IN identifier] [COUNT IN identifier]
@@ -292,10 +388,15 @@ public:
   UnstringIntoItem(const Node *at, IdentifierExpression *target)
       : Node(at), targetIdentifier(target) {}
 
-  TARKA_FIELD(IdentifierExpression *, targetIdentifier, TargetIdentifier, nullptr);
+  TARKA_FIELD(IdentifierExpression *, targetIdentifier, TargetIdentifier)
   /// Null without DELIMITER IN, COUNT IN.
-  TARKA_FIELD(IdentifierExpression *, delimiter, Delimiter, nullptr);
-  TARKA_FIELD(IdentifierExpression *, countIdentifier, CountIdentifier, nullptr);
+  TARKA_FIELD(IdentifierExpression *, delimiter, Delimiter)
+  TARKA_FIELD(IdentifierExpression *, countIdentifier, CountIdentifier)
+
+private:
+  IdentifierExpression *targetIdentifier = nullptr;
+  IdentifierExpression *delimiter = nullptr;
+  IdentifierExpression *countIdentifier = nullptr;
 };
 
 /// UNSTRING identifier [DELIMITED BY [ALL] operand [OR [ALL] operand]...] INTO item...
@@ -305,13 +406,21 @@ public:
   UnstringStatement(const Node *at, IdentifierExpression *source)
       : StatementOf(at), sourceIdentifier(source) {}
 
-  TARKA_FIELD(IdentifierExpression *, sourceIdentifier, SourceIdentifier, nullptr);
-  TARKA_LAZY_LIST(UnstringDelimitedItem, delimiters, DelimiterList, Delimiter);
-  TARKA_LIST_ADD(UnstringIntoItem, intoItems, IntoList, Into);
+  TARKA_FIELD(IdentifierExpression *, sourceIdentifier, SourceIdentifier)
+  TARKA_LIST_ADD(UnstringDelimitedItem, delimiters, DelimiterList, Delimiter)
+  TARKA_LIST_ADD(UnstringIntoItem, intoItems, IntoList, Into)
   /// Null without POINTER, TALLYING.
-  TARKA_FIELD(IdentifierExpression *, withPointerId, WithPointerId, nullptr);
-  TARKA_FIELD(IdentifierExpression *, tallyingId, TallyingId, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, OverflowHandler, OverflowHandler);
+  TARKA_FIELD(IdentifierExpression *, withPointerId, WithPointerId)
+  TARKA_FIELD(IdentifierExpression *, tallyingId, TallyingId)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, OverflowHandler, OverflowHandler)
+
+private:
+  IdentifierExpression *sourceIdentifier = nullptr;
+  LazyList<UnstringDelimitedItem> delimiters;
+  std::list<UnstringIntoItem *> intoItems;
+  IdentifierExpression *withPointerId = nullptr;
+  IdentifierExpression *tallyingId = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 //===----------------------------------------------------------------------===//
@@ -324,11 +433,17 @@ public:
   TransformStatement(const Node *at, Expression *transformed, Expression *from, Expression *to)
       : StatementOf(at), transformExpr(transformed), fromExpr(from), toExpr(to) {}
 
-  TARKA_FIELD(Expression *, transformExpr, TransformExpr, nullptr);
-  TARKA_FIELD(Expression *, fromExpr, FromExpr, nullptr);
-  TARKA_FIELD(Expression *, toExpr, ToExpr, nullptr);
+  TARKA_FIELD(Expression *, transformExpr, TransformExpr)
+  TARKA_FIELD(Expression *, fromExpr, FromExpr)
+  TARKA_FIELD(Expression *, toExpr, ToExpr)
   /// The INSPECT that does the work, made by the check; null before.
-  TARKA_FIELD(Statement *, inspectStmt, InspectStmt, nullptr);
+  TARKA_FIELD(Statement *, inspectStmt, InspectStmt)
+
+private:
+  Expression *transformExpr = nullptr;
+  Expression *fromExpr = nullptr;
+  Expression *toExpr = nullptr;
+  Statement *inspectStmt = nullptr;
 };
 
 /// EXAMINE identifier TALLYING {ALL | LEADING | UNTIL FIRST} operand [REPLACING BY operand]
@@ -338,17 +453,26 @@ public:
   ExamineStatement(const Node *at, ExamineType format, Expression *examined)
       : StatementOf(at), examType(format), examineExpr(examined) {}
 
-  TARKA_FIELD(ExamineType, examType, ExamType, ExamineType::Tallying);
-  TARKA_FIELD(ExamineOptionType, optionType, OptionType, ExamineOptionType::All);
-  TARKA_FIELD(Expression *, examineExpr, ExamineExpr, nullptr);
+  TARKA_FIELD(ExamineType, examType, ExamType)
+  TARKA_FIELD(ExamineOptionType, optionType, OptionType)
+  TARKA_FIELD(Expression *, examineExpr, ExamineExpr)
   /// The operand that is looked for.
-  TARKA_FIELD(Expression *, optExpr, OptExpr, nullptr);
+  TARKA_FIELD(Expression *, optExpr, OptExpr)
   /// Null where nothing is replaced.
-  TARKA_FIELD(Expression *, byExpr, ByExpr, nullptr);
+  TARKA_FIELD(Expression *, byExpr, ByExpr)
   /// The INSPECT that does the work and the MOVE before it that clears TALLY, made by the check;
   /// null before, and the MOVE where nothing is counted.
-  TARKA_FIELD(Statement *, inspectStmt, InspectStmt, nullptr);
-  TARKA_FIELD(Statement *, moveStmt, MoveStmt, nullptr);
+  TARKA_FIELD(Statement *, inspectStmt, InspectStmt)
+  TARKA_FIELD(Statement *, moveStmt, MoveStmt)
+
+private:
+  ExamineType examType = ExamineType::Tallying;
+  ExamineOptionType optionType = ExamineOptionType::All;
+  Expression *examineExpr = nullptr;
+  Expression *optExpr = nullptr;
+  Expression *byExpr = nullptr;
+  Statement *inspectStmt = nullptr;
+  Statement *moveStmt = nullptr;
 };
 
 /// EXHIBIT {NAMED | CHANGED | CHANGED NAMED} operand... [UPON name]
@@ -356,12 +480,18 @@ class ExhibitStatement : public StatementOf<StatementType::Exhibit> {
 public:
   ExhibitStatement(const Node *at, ExhibitType format) : StatementOf(at), exhibitType(format) {}
 
-  TARKA_FIELD(ExhibitType, exhibitType, ExhibitType, ExhibitType::Named);
-  TARKA_LIST_ADD(Expression, operands, ExhibitExprList, ExhibitExpr);
+  TARKA_FIELD(ExhibitType, exhibitType, ExhibitType)
+  TARKA_LIST_ADD(Expression, operands, ExhibitExprList, ExhibitExpr)
   /// Null without UPON.
-  TARKA_FIELD(Word *, uponName, UponName, nullptr);
+  TARKA_FIELD(Word *, uponName, UponName)
   /// The statements that do the work, made by the check.
-  TARKA_LAZY_LIST(Statement, convertStmts, ConvertStmtList, ConvertStmt);
+  TARKA_LIST_ADD(Statement, convertStmts, ConvertStmtList, ConvertStmt)
+
+private:
+  ExhibitType exhibitType = ExhibitType::Named;
+  std::list<Expression *> operands;
+  Word *uponName = nullptr;
+  LazyList<Statement> convertStmts;
 };
 
 } // namespace tarka

@@ -52,8 +52,12 @@ public:
   OpenFile(const Node *at, FileIdentifierExpression *file, OpenOption how = OpenOption::None)
       : Node(at), option(how), fileName(file) {}
 
-  TARKA_FIELD(OpenOption, option, Option, OpenOption::None);
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FIELD(OpenOption, option, Option)
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
+
+private:
+  OpenOption option = OpenOption::None;
+  FileIdentifierExpression *fileName = nullptr;
 };
 
 /// {INPUT | OUTPUT | I-O | EXTEND} file...
@@ -61,8 +65,12 @@ class OpenItem : public Node {
 public:
   OpenItem(const Node *at, OpenType mode) : Node(at), type(mode) {}
 
-  TARKA_FIELD(OpenType, type, Type, OpenType::Input);
-  TARKA_LIST_ADD(OpenFile, files, FileList, File);
+  TARKA_FIELD(OpenType, type, Type)
+  TARKA_LIST_ADD(OpenFile, files, FileList, File)
+
+private:
+  OpenType type = OpenType::Input;
+  std::list<OpenFile *> files;
 };
 
 /// OPEN {{INPUT | OUTPUT | I-O | EXTEND} file...}...
@@ -70,7 +78,10 @@ class OpenStatement : public StatementOf<StatementType::Open, FileStatement> {
 public:
   explicit OpenStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(OpenItem, items, ItemList, Item);
+  TARKA_LIST_ADD(OpenItem, items, ItemList, Item)
+
+private:
+  std::list<OpenItem *> items;
 };
 
 /// file-name [{REEL | UNIT} [FOR REMOVAL | WITH NO REWIND] | WITH NO REWIND | WITH LOCK]
@@ -79,8 +90,12 @@ public:
   CloseFile(const Node *at, FileIdentifierExpression *file, CloseOption how = CloseOption::None)
       : Node(at), option(how), fileName(file) {}
 
-  TARKA_FIELD(CloseOption, option, Option, CloseOption::None);
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FIELD(CloseOption, option, Option)
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
+
+private:
+  CloseOption option = CloseOption::None;
+  FileIdentifierExpression *fileName = nullptr;
 };
 
 /// CLOSE file...
@@ -88,7 +103,10 @@ class CloseStatement : public StatementOf<StatementType::Close, FileStatement> {
 public:
   explicit CloseStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(CloseFile, files, CloseFileList, CloseFile);
+  TARKA_LIST_ADD(CloseFile, files, CloseFileList, CloseFile)
+
+private:
+  std::list<CloseFile *> files;
 };
 
 /// READ file-name [NEXT] RECORD [INTO identifier] [KEY IS data-name]
@@ -98,12 +116,19 @@ public:
   ReadStatement(const Node *at, FileIdentifierExpression *file) : StatementOf(at), fileName(file) {}
 
   /// True for NEXT, written or meant.
-  TARKA_FLAG(nextRecord, NextRecord, false);
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FLAG(nextRecord, NextRecord)
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
   /// Null without INTO, KEY.
-  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
-  TARKA_FIELD(IdentifierExpression *, keyName, KeyName, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, ErrorList, Error);
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier)
+  TARKA_FIELD(IdentifierExpression *, keyName, KeyName)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, ErrorList, Error)
+
+private:
+  bool nextRecord = false;
+  FileIdentifierExpression *fileName = nullptr;
+  IdentifierExpression *intoIdentifier = nullptr;
+  IdentifierExpression *keyName = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// {BEFORE | AFTER} ADVANCING {operand [LINES] | mnemonic-name | PAGE}
@@ -113,12 +138,18 @@ public:
   WriteAdvancing(const Node *at, WriteAdvType which, Expression *amount, bool isBefore)
       : Node(at), type(which), before(isBefore), operand(amount) {}
 
-  TARKA_FIELD(WriteAdvType, type, Type, WriteAdvType::Lines);
+  TARKA_FIELD(WriteAdvType, type, Type)
   /// True when the record is written before the paper moves.
-  TARKA_FLAG(before, Before, false);
-  TARKA_FIELD(Expression *, operand, Value, nullptr);
+  TARKA_FLAG(before, Before)
+  TARKA_FIELD(Expression *, operand, Value)
   /// Null unless the check found a mnemonic-name.
-  TARKA_FIELD(Word *, mnemonicName, MnemonicName, nullptr);
+  TARKA_FIELD(Word *, mnemonicName, MnemonicName)
+
+private:
+  WriteAdvType type = WriteAdvType::Lines;
+  bool before = false;
+  Expression *operand = nullptr;
+  Word *mnemonicName = nullptr;
 };
 
 /// AFTER POSITIONING operand [LINES]
@@ -126,7 +157,10 @@ class WritePositioning : public Node {
 public:
   WritePositioning(const Node *at, Expression *lines) : Node(at), lineExpr(lines) {}
 
-  TARKA_FIELD(Expression *, lineExpr, LineExpr, nullptr);
+  TARKA_FIELD(Expression *, lineExpr, LineExpr)
+
+private:
+  Expression *lineExpr = nullptr;
 };
 
 /// WRITE record-name [FROM identifier] [ADVANCING phrase | POSITIONING phrase]
@@ -136,13 +170,20 @@ public:
   WriteStatement(const Node *at, IdentifierExpression *record)
       : StatementOf(at), recordName(record) {}
 
-  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName)
   /// Null without FROM.
-  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier)
   /// At most one of the two is set.
-  TARKA_FIELD(WriteAdvancing *, advancing, Advancing, nullptr);
-  TARKA_FIELD(WritePositioning *, positioning, Positioning, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, ExceptionHandlerList, ExceptionHandler);
+  TARKA_FIELD(WriteAdvancing *, advancing, Advancing)
+  TARKA_FIELD(WritePositioning *, positioning, Positioning)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, ExceptionHandlerList, ExceptionHandler)
+
+private:
+  IdentifierExpression *recordName = nullptr;
+  IdentifierExpression *fromIdentifier = nullptr;
+  WriteAdvancing *advancing = nullptr;
+  WritePositioning *positioning = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]...
@@ -151,10 +192,15 @@ public:
   RewriteStatement(const Node *at, IdentifierExpression *record)
       : StatementOf(at), recordName(record) {}
 
-  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName)
   /// Null without FROM.
-  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler)
+
+private:
+  IdentifierExpression *recordName = nullptr;
+  IdentifierExpression *fromIdentifier = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// DELETE file-name RECORD [[NOT] INVALID KEY statements]...
@@ -163,8 +209,12 @@ public:
   DeleteStatement(const Node *at, FileIdentifierExpression *file)
       : StatementOf(at), fileName(file) {}
 
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler)
+
+private:
+  FileIdentifierExpression *fileName = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// KEY IS relation data-name
@@ -174,8 +224,12 @@ public:
       : Node(at), relation(how), dataName(name) {}
 
   /// Equal, Greater, NotLess or GreaterOrEqual.
-  TARKA_FIELD(RelationalConditionType, relation, Relation, RelationalConditionType::Equal);
-  TARKA_FIELD(IdentifierExpression *, dataName, DataName, nullptr);
+  TARKA_FIELD(RelationalConditionType, relation, Relation)
+  TARKA_FIELD(IdentifierExpression *, dataName, DataName)
+
+private:
+  RelationalConditionType relation = RelationalConditionType::Equal;
+  IdentifierExpression *dataName = nullptr;
 };
 
 /// START file-name [KEY IS relation data-name] [[NOT] INVALID KEY statements]...
@@ -184,10 +238,15 @@ public:
   StartStatement(const Node *at, FileIdentifierExpression *file)
       : StatementOf(at), fileName(file) {}
 
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
   /// Null without KEY.
-  TARKA_FIELD(StartKey *, key, Key, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler);
+  TARKA_FIELD(StartKey *, key, Key)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, InvalidKeyHandler, InvalidKeyHandler)
+
+private:
+  FileIdentifierExpression *fileName = nullptr;
+  StartKey *key = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 //===----------------------------------------------------------------------===//
@@ -200,10 +259,15 @@ public:
   ReturnStatement(const Node *at, FileIdentifierExpression *file)
       : StatementOf(at), fileName(file) {}
 
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
   /// Null without INTO.
-  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, EndHandler, EndHandler);
+  TARKA_FIELD(IdentifierExpression *, intoIdentifier, IntoIdentifier)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, EndHandler, EndHandler)
+
+private:
+  FileIdentifierExpression *fileName = nullptr;
+  IdentifierExpression *intoIdentifier = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 /// RELEASE record-name [FROM identifier]
@@ -212,9 +276,13 @@ public:
   ReleaseStatement(const Node *at, IdentifierExpression *record)
       : StatementOf(at), recordName(record) {}
 
-  TARKA_FIELD(IdentifierExpression *, recordName, RecordName, nullptr);
+  TARKA_FIELD(IdentifierExpression *, recordName, RecordName)
   /// Null without FROM.
-  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier, nullptr);
+  TARKA_FIELD(IdentifierExpression *, fromIdentifier, FromIdentifier)
+
+private:
+  IdentifierExpression *recordName = nullptr;
+  IdentifierExpression *fromIdentifier = nullptr;
 };
 
 /// ON {ASCENDING | DESCENDING} KEY data-name...
@@ -222,8 +290,12 @@ class SortKey : public Node {
 public:
   SortKey(const Node *at, SortOrder direction) : Node(at), order(direction) {}
 
-  TARKA_FIELD(SortOrder, order, Order, SortOrder::Ascending);
-  TARKA_LIST_ADD(IdentifierExpression, keyNames, KeyNameList, KeyName);
+  TARKA_FIELD(SortOrder, order, Order)
+  TARKA_LIST_ADD(IdentifierExpression, keyNames, KeyNameList, KeyName)
+
+private:
+  SortOrder order = SortOrder::Ascending;
+  std::list<IdentifierExpression *> keyNames;
 };
 
 /// {USING | GIVING} file-name...
@@ -250,14 +322,18 @@ public:
   Paragraph *getToParagraph() const { return range.getThruParagraph(); }
   void setToParagraph(Paragraph *paragraph) { range.setThruParagraph(paragraph); }
 
-  TARKA_FIELD(SortIOType, type, Type, SortIOType::Files);
+  TARKA_FIELD(SortIOType, type, Type)
   /// Empty in the procedure format.
-  TARKA_LAZY_LIST(FileIdentifierExpression, fileNames, FileNameList, FileName);
+  TARKA_LIST_ADD(FileIdentifierExpression, fileNames, FileNameList, FileName)
   /// Null in the file format; the second also without THROUGH.
-  TARKA_FIELD(QualifiedWord *, fromProcedureName, FromProcedureName, nullptr);
-  TARKA_FIELD(QualifiedWord *, toProcedureName, ToProcedureName, nullptr);
+  TARKA_FIELD(QualifiedWord *, fromProcedureName, FromProcedureName)
+  TARKA_FIELD(QualifiedWord *, toProcedureName, ToProcedureName)
 
 private:
+  SortIOType type = SortIOType::Files;
+  LazyList<FileIdentifierExpression> fileNames;
+  QualifiedWord *fromProcedureName = nullptr;
+  QualifiedWord *toProcedureName = nullptr;
   ProcedureRange range;
 };
 
@@ -267,15 +343,24 @@ class SortStatement : public StatementOf<StatementType::Sort> {
 public:
   SortStatement(const Node *at, FileIdentifierExpression *file) : StatementOf(at), fileName(file) {}
 
-  TARKA_FLAG(duplicates, Duplicates, false);
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
-  TARKA_LIST_ADD(SortKey, keys, KeyList, Key);
+  TARKA_FLAG(duplicates, Duplicates)
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
+  TARKA_LIST_ADD(SortKey, keys, KeyList, Key)
   /// Null without COLLATING SEQUENCE.
-  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName, nullptr);
+  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName)
   /// The clause that defines the alphabet; set by the check, null before.
-  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause, nullptr);
-  TARKA_FIELD(SortIO *, input, Input, nullptr);
-  TARKA_FIELD(SortIO *, output, Output, nullptr);
+  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause)
+  TARKA_FIELD(SortIO *, input, Input)
+  TARKA_FIELD(SortIO *, output, Output)
+
+private:
+  bool duplicates = false;
+  FileIdentifierExpression *fileName = nullptr;
+  std::list<SortKey *> keys;
+  Word *seqAlphaName = nullptr;
+  ClauseAlphabet *alphabetClause = nullptr;
+  SortIO *input = nullptr;
+  SortIO *output = nullptr;
 };
 
 /// MERGE file-name key... [COLLATING SEQUENCE IS alphabet-name]
@@ -285,14 +370,22 @@ public:
   MergeStatement(const Node *at, FileIdentifierExpression *file)
       : StatementOf(at), fileName(file) {}
 
-  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName, nullptr);
-  TARKA_LIST_ADD(SortKey, keys, KeySeq, KeySeq);
+  TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
+  TARKA_LIST_ADD(SortKey, keys, KeySeq, KeySeq)
   /// Null without COLLATING SEQUENCE.
-  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName, nullptr);
+  TARKA_FIELD(Word *, seqAlphaName, SeqAlphaName)
   /// The clause that defines the alphabet; set by the check, null before.
-  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause, nullptr);
-  TARKA_FIELD(SortIO *, input, Input, nullptr);
-  TARKA_FIELD(SortIO *, output, Output, nullptr);
+  TARKA_FIELD(ClauseAlphabet *, alphabetClause, AlphabetClause)
+  TARKA_FIELD(SortIO *, input, Input)
+  TARKA_FIELD(SortIO *, output, Output)
+
+private:
+  FileIdentifierExpression *fileName = nullptr;
+  std::list<SortKey *> keys;
+  Word *seqAlphaName = nullptr;
+  ClauseAlphabet *alphabetClause = nullptr;
+  SortIO *input = nullptr;
+  SortIO *output = nullptr;
 };
 
 //===----------------------------------------------------------------------===//
@@ -304,8 +397,12 @@ class UseProcedure : public Node {
 public:
   explicit UseProcedure(const Node *at) : Node(at) {}
 
-  TARKA_FIELD(Section *, section, Section, nullptr);
-  TARKA_FIELD(Paragraph *, paragraph, Paragraph, nullptr);
+  TARKA_FIELD(Section *, section, Section)
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph)
+
+private:
+  Section *section = nullptr;
+  Paragraph *paragraph = nullptr;
 };
 
 /// USE [GLOBAL] AFTER STANDARD {EXCEPTION | ERROR} PROCEDURE ON
@@ -318,22 +415,35 @@ class UseStatement : public StatementOf<StatementType::Use> {
 public:
   UseStatement(const Node *at, UseTimingType when) : StatementOf(at), timingType(when) {}
 
-  TARKA_FIELD(UseTimingType, timingType, TimingType, UseTimingType::None);
+  TARKA_FIELD(UseTimingType, timingType, TimingType)
   /// None when files are named.
-  TARKA_FIELD(UseFileMode, fileMode, FileMode, UseFileMode::None);
-  TARKA_FIELD(UseLabelType, labelType, LabelType, UseLabelType::None);
-  TARKA_FIELD(UseLabelPosition, labelPosition, LabelPosition, UseLabelPosition::None);
-  TARKA_FLAG(global, Global, false);
+  TARKA_FIELD(UseFileMode, fileMode, FileMode)
+  TARKA_FIELD(UseLabelType, labelType, LabelType)
+  TARKA_FIELD(UseLabelPosition, labelPosition, LabelPosition)
+  TARKA_FLAG(global, Global)
   /// True for FOR DEBUGGING ON ALL PROCEDURES.
-  TARKA_FLAG(allProcedures, AllProcedures, false);
-  TARKA_LAZY_LIST(IdentifierExpression, files, FileList, File);
+  TARKA_FLAG(allProcedures, AllProcedures)
+  TARKA_LIST_ADD(IdentifierExpression, files, FileList, File)
   /// The items of GIVING.
-  TARKA_LAZY_LIST(IdentifierExpression, givingItems, GivingList, Giving);
+  TARKA_LIST_ADD(IdentifierExpression, givingItems, GivingList, Giving)
   /// The groups of BEFORE REPORTING.
-  TARKA_LAZY_LIST(IdentifierExpression, reports, ReportList, Report);
+  TARKA_LIST_ADD(IdentifierExpression, reports, ReportList, Report)
   /// The names of FOR DEBUGGING, and what they stand for; the latter null before the check.
-  TARKA_LAZY_LIST(Word, procedures, ProcedureList, Procedure);
-  TARKA_FIELD(std::list<UseProcedure *> *, useProcedures, UseProcedureList, nullptr);
+  TARKA_LIST_ADD(Word, procedures, ProcedureList, Procedure)
+  TARKA_FIELD(std::list<UseProcedure *> *, useProcedures, UseProcedureList)
+
+private:
+  UseTimingType timingType = UseTimingType::None;
+  UseFileMode fileMode = UseFileMode::None;
+  UseLabelType labelType = UseLabelType::None;
+  UseLabelPosition labelPosition = UseLabelPosition::None;
+  bool global = false;
+  bool allProcedures = false;
+  LazyList<IdentifierExpression> files;
+  LazyList<IdentifierExpression> givingItems;
+  LazyList<IdentifierExpression> reports;
+  LazyList<Word> procedures;
+  std::list<UseProcedure *> *useProcedures = nullptr;
 };
 
 } // namespace tarka

@@ -19,7 +19,10 @@ public:
 
   /// What is generated: a ReportIdentifierExpression for a name without qualifiers, a
   /// DataIdentifierExpression for a qualified one.
-  TARKA_FIELD(IdentifierExpression *, fileName, FileName, nullptr);
+  TARKA_FIELD(IdentifierExpression *, fileName, FileName)
+
+private:
+  IdentifierExpression *fileName = nullptr;
 };
 
 /// INITIATE report-name...
@@ -27,7 +30,10 @@ class RwInitiateStatement : public StatementOf<StatementType::RwInitiate> {
 public:
   explicit RwInitiateStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(ReportIdentifierExpression, names, InitiateNameList, InitiateName);
+  TARKA_LIST_ADD(ReportIdentifierExpression, names, InitiateNameList, InitiateName)
+
+private:
+  std::list<ReportIdentifierExpression *> names;
 };
 
 /// TERMINATE report-name...
@@ -35,7 +41,10 @@ class RwTerminateStatement : public StatementOf<StatementType::RwTerminate> {
 public:
   explicit RwTerminateStatement(const Node *at) : StatementOf(at) {}
 
-  TARKA_LIST_ADD(ReportIdentifierExpression, names, TerminateNameList, TerminateName);
+  TARKA_LIST_ADD(ReportIdentifierExpression, names, TerminateNameList, TerminateName)
+
+private:
+  std::list<ReportIdentifierExpression *> names;
 };
 
 /// SUPPRESS PRINTING

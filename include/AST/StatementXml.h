@@ -13,8 +13,12 @@ public:
   XMLNameItem(const Node *at, IdentifierExpression *item, LiteralExpression *text)
       : Node(at), identifier(item), literal(text) {}
 
-  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
-  TARKA_FIELD(LiteralExpression *, literal, Literal, nullptr);
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
+  TARKA_FIELD(LiteralExpression *, literal, Literal)
+
+private:
+  IdentifierExpression *identifier = nullptr;
+  LiteralExpression *literal = nullptr;
 };
 
 /// TYPE OF identifier IS {ATTRIBUTE | ELEMENT | CONTENT}
@@ -23,8 +27,12 @@ public:
   XMLTypeItem(const Node *at, IdentifierExpression *item, XmlNodeType what)
       : Node(at), type(what), identifier(item) {}
 
-  TARKA_FIELD(XmlNodeType, type, Type, XmlNodeType::None);
-  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
+  TARKA_FIELD(XmlNodeType, type, Type)
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
+
+private:
+  XmlNodeType type = XmlNodeType::None;
+  IdentifierExpression *identifier = nullptr;
 };
 
 /// SUPPRESS {identifier | EVERY [NUMERIC | NONNUMERIC] [ATTRIBUTE | CONTENT | ELEMENT]}
@@ -35,11 +43,17 @@ public:
   XMLSuppressItem(const Node *at, IdentifierExpression *item) : Node(at), identifier(item) {}
 
   /// Which items EVERY speaks of; None and All where it does not say.
-  TARKA_FIELD(XmlSuppressClass, suppressClass, SuppressClass, XmlSuppressClass::All);
-  TARKA_FIELD(XmlNodeType, type, Type, XmlNodeType::None);
-  TARKA_FIELD(IdentifierExpression *, identifier, Identifier, nullptr);
+  TARKA_FIELD(XmlSuppressClass, suppressClass, SuppressClass)
+  TARKA_FIELD(XmlNodeType, type, Type)
+  TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
   /// Empty where WHEN is not written.
-  TARKA_LAZY_LIST(Expression, values, ValueList, Value);
+  TARKA_LIST_ADD(Expression, values, ValueList, Value)
+
+private:
+  XmlSuppressClass suppressClass = XmlSuppressClass::All;
+  XmlNodeType type = XmlNodeType::None;
+  IdentifierExpression *identifier = nullptr;
+  LazyList<Expression> values;
 };
 
 /// XML GENERATE identifier FROM identifier [COUNT IN identifier]
@@ -51,26 +65,42 @@ public:
   XMLGenerateStatement(const Node *at, IdentifierExpression *document, IdentifierExpression *source)
       : StatementOf(at), genIdent(document), fromIdent(source) {}
 
-  TARKA_FLAG(xmlDeclaration, XmlDeclaration, false);
-  TARKA_FLAG(attributes, Attributes, false);
+  TARKA_FLAG(xmlDeclaration, XmlDeclaration)
+  TARKA_FLAG(attributes, Attributes)
   /// True when the source holds an OCCURS DEPENDING ON item; set by the check.
-  TARKA_FIELD(bool, fromDataOdo, FromDataOdo, false);
+  TARKA_FIELD(bool, fromDataOdo, FromDataOdo)
   /// The item that receives the document, and the item that it is made from.
-  TARKA_FIELD(IdentifierExpression *, genIdent, GenIdent, nullptr);
-  TARKA_FIELD(IdentifierExpression *, fromIdent, FromIdent, nullptr);
+  TARKA_FIELD(IdentifierExpression *, genIdent, GenIdent)
+  TARKA_FIELD(IdentifierExpression *, fromIdent, FromIdent)
   /// Null without COUNT.
-  TARKA_FIELD(IdentifierExpression *, countIdent, CountIdent, nullptr);
+  TARKA_FIELD(IdentifierExpression *, countIdent, CountIdent)
   /// Null without ENCODING.
-  TARKA_FIELD(Expression *, codePage, CodePage, nullptr);
+  TARKA_FIELD(Expression *, codePage, CodePage)
   /// Null without NAMESPACE, NAMESPACE-PREFIX.
-  TARKA_FIELD(Expression *, nameSpaceExpr, NameSpaceExpr, nullptr);
-  TARKA_FIELD(Expression *, prefixExpr, PrefixExpr, nullptr);
-  TARKA_LAZY_LIST(XMLNameItem, nameItems, NameItemList, NameItem);
-  TARKA_LAZY_LIST(XMLTypeItem, typeItems, TypeItemList, TypeItem);
-  TARKA_LAZY_LIST(XMLSuppressItem, suppressItems, SuppressItemList, SuppressItem);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, OnExcpHandler, OnExcpHandler);
+  TARKA_FIELD(Expression *, nameSpaceExpr, NameSpaceExpr)
+  TARKA_FIELD(Expression *, prefixExpr, PrefixExpr)
+  TARKA_LIST_ADD(XMLNameItem, nameItems, NameItemList, NameItem)
+  TARKA_LIST_ADD(XMLTypeItem, typeItems, TypeItemList, TypeItem)
+  TARKA_LIST_ADD(XMLSuppressItem, suppressItems, SuppressItemList, SuppressItem)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, OnExcpHandler, OnExcpHandler)
   /// The entries whose contents the document takes, in order; set by the check.
-  TARKA_LAZY_LIST(DataDescription, convDescs, ConvDescList, ConvDesc);
+  TARKA_LIST_ADD(DataDescription, convDescs, ConvDescList, ConvDesc)
+
+private:
+  bool xmlDeclaration = false;
+  bool attributes = false;
+  bool fromDataOdo = false;
+  IdentifierExpression *genIdent = nullptr;
+  IdentifierExpression *fromIdent = nullptr;
+  IdentifierExpression *countIdent = nullptr;
+  Expression *codePage = nullptr;
+  Expression *nameSpaceExpr = nullptr;
+  Expression *prefixExpr = nullptr;
+  LazyList<XMLNameItem> nameItems;
+  LazyList<XMLTypeItem> typeItems;
+  LazyList<XMLSuppressItem> suppressItems;
+  LazyList<ExceptionHandler> handlers;
+  LazyList<DataDescription> convDescs;
 };
 
 /// XML PARSE identifier [WITH ENCODING codepage] [RETURNING NATIONAL]
@@ -82,17 +112,27 @@ public:
   XMLParseStatement(const Node *at, IdentifierExpression *document)
       : StatementOf(at), parseIdent(document) {}
 
-  TARKA_FLAG(returningNational, ReturningNational, false);
-  TARKA_FIELD(IdentifierExpression *, parseIdent, ParseIdent, nullptr);
+  TARKA_FLAG(returningNational, ReturningNational)
+  TARKA_FIELD(IdentifierExpression *, parseIdent, ParseIdent)
   /// Null without ENCODING.
-  TARKA_FIELD(Expression *, codePage, CodePage, nullptr);
+  TARKA_FIELD(Expression *, codePage, CodePage)
   /// The item that holds the schema, or the name of the schema's file; null where not written.
-  TARKA_FIELD(IdentifierExpression *, validatingIdent, ValidatingIdent, nullptr);
-  TARKA_FIELD(Word *, fileName, FileName, nullptr);
-  TARKA_FIELD(QualifiedWord *, parseProcedure, ParseProcedure, nullptr);
+  TARKA_FIELD(IdentifierExpression *, validatingIdent, ValidatingIdent)
+  TARKA_FIELD(Word *, fileName, FileName)
+  TARKA_FIELD(QualifiedWord *, parseProcedure, ParseProcedure)
   /// Null without THROUGH.
-  TARKA_FIELD(QualifiedWord *, thruProcedure, ThruProcedure, nullptr);
-  TARKA_LAZY_LIST(ExceptionHandler, handlers, OnExcpHandler, OnExcpHandler);
+  TARKA_FIELD(QualifiedWord *, thruProcedure, ThruProcedure)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, OnExcpHandler, OnExcpHandler)
+
+private:
+  bool returningNational = false;
+  IdentifierExpression *parseIdent = nullptr;
+  Expression *codePage = nullptr;
+  IdentifierExpression *validatingIdent = nullptr;
+  Word *fileName = nullptr;
+  QualifiedWord *parseProcedure = nullptr;
+  QualifiedWord *thruProcedure = nullptr;
+  LazyList<ExceptionHandler> handlers;
 };
 
 } // namespace tarka

@@ -34,11 +34,11 @@ DataDescription::DataDescription(const DataDescription &entry, DescType descType
   RareParts &parts = makeRareParts();
   parts = *entry.rare;
   parts.condNameParent = nullptr;
-  parts.condNames = nullptr;
+  parts.condNames = {};
   parts.redefineObject = nullptr;
-  parts.redefineSubjects = nullptr;
-  parts.usedReports = nullptr;
-  parts.reportItems = nullptr;
+  parts.redefineSubjects = {};
+  parts.usedReports = {};
+  parts.reportItems = {};
 }
 
 DataDescription::RareParts &DataDescription::makeRareParts() {
@@ -271,21 +271,14 @@ DataCategory DataDescription::getDataCategory() const {
 // Condition names, redefinitions, sections
 //===----------------------------------------------------------------------===//
 
-/// Appends to a list that is made when its first element comes.
-template <typename Element> static void appendTo(std::list<Element> *&list, Element element) {
-  if (!list)
-    list = makeList<Element>();
-  list->push_back(element);
-}
-
 void DataDescription::addCondNameChildren(DataDescription *conditionName) {
-  appendTo(makeRareParts().condNames, conditionName);
+  makeRareParts().condNames.push_back(conditionName);
   if (division)
     division->indexRecord(conditionName);
 }
 
 void DataDescription::addRedefineSubject(DataDescription *subject) {
-  appendTo(makeRareParts().redefineSubjects, subject);
+  makeRareParts().redefineSubjects.push_back(subject);
 }
 
 StorageType DataDescription::getStorageType() const {
@@ -331,12 +324,12 @@ bool DataDescription::checkContainsOdo() const {
 }
 
 void DataDescription::addUsedRD(ReportDescription *report) {
-  if (!llvm::is_contained(listOrEmpty(rareParts().usedReports), report))
-    appendTo(makeRareParts().usedReports, report);
+  if (!llvm::is_contained(elementsOf(rareParts().usedReports), report))
+    makeRareParts().usedReports.push_back(report);
 }
 
 void DataDescription::addGenDE(ReportDataDescription *item) {
-  appendTo(makeRareParts().reportItems, item);
+  makeRareParts().reportItems.push_back(item);
 }
 
 } // namespace tarka

@@ -2,7 +2,6 @@
 
 #include "AST/DataDivision.h"
 #include "AST/DataTree.h"
-#include <cassert>
 
 namespace tarka {
 
@@ -13,7 +12,7 @@ namespace tarka {
 void DataDivision::setWorkSection(std::list<DataDescription *> *list) {
   if (list == workSection)
     return;
-  if (indexedWork.count)
+  if (!indexedWork.isAtStart())
     forgetIndex();
   workSection = list;
   workFlatList.clear();
@@ -37,19 +36,8 @@ void DataDivision::addLinkSection(DataDescription *entry) {
   linkSection.push_back(entry);
 }
 
-/// Gives \p read what \p list holds beyond \p progress.
-template <typename Element, typename Reader>
-void DataDivision::readOn(std::list<Element *> &list, Progress<Element> &progress, Reader read) {
-  assert(progress.count <= list.size() && "a section may only grow");
-  while (progress.count < list.size()) {
-    progress.last = progress.count ? std::next(progress.last) : list.begin();
-    ++progress.count;
-    read(*progress.last);
-  }
-}
-
 std::list<DataDescription *> *DataDivision::getWorkFlatList() {
-  readOn(listOrEmpty(workSection), flatWork, [this](DataDescription *record) {
+  flatWork.readOn(workSection, [this](DataDescription *record) {
     forEachEntry(record, [this](DataDescription *entry) { workFlatList.push_back(entry); });
   });
   return &workFlatList;
@@ -71,24 +59,18 @@ DataDivision::findItemByQualifiedName(const std::string &name, const std::string
   std::unique_ptr<QualifiedNames> &names = qualifiedIndex[&internString(name)];
   if (!names)
     names = std::make_unique<QualifiedNames>();
-  readOn(*homonyms, names->read, [&](DataDescription *entry) {
-    auto note = [&](const std::string &text) {
-      std::vector<DataDescription *> &entries = names->byQualifier[&text];
-      if (entries.empty() || entries.back() != entry)
-        entries.push_back(entry);
-    };
-    // What has no name yet will be called FILLER by the checks.
+  names->readOn(*homonyms, [&](DataDescription *entry) {
+    // The checks will call what has no name FILLER.
     for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
-      note(group->getDataName() ? group->getDataName()->getWordData() : internString("FILLER"));
+      names->addOnce(group->getDataName() ? group->getDataName()->getWordData()
+                                          : internString("FILLER"),
+                     entry);
     if (const FileDescription *file = entry->getFileDescription())
-      note(file->getFileName()->getWordData());
+      names->addOnce(file->getFileName()->getWordData(), entry);
     if (const ReportDescription *report = entry->getReportDescription())
-      note(report->getReportName()->getWordData());
+      names->addOnce(report->getReportName()->getWordData(), entry);
   });
-  auto found = names->byQualifier.find(&internString(qualifier));
-  if (found == names->byQualifier.end())
-    return {};
-  return found->second;
+  return names->find(qualifier);
 }
 
 bool DataDivision::isFileOrReportName(const std::string &name) {
@@ -103,15 +85,15 @@ llvm::ArrayRef<DataDescription *> DataDivision::getVariableTables() {
 
 void DataDivision::updateIndex() {
   auto readRecord = [this](DataDescription *record) { indexRecord(record); };
-  readOn(fileSection, indexedFiles, [&](FileDescription *file) {
+  indexedFiles.readOn(&fileSection, [&](FileDescription *file) {
     file->division = this;
     fileAndReportNames.insert(&file->getFileName()->getWordData());
     llvm::for_each(file->records, readRecord);
   });
-  readOn(listOrEmpty(workSection), indexedWork, readRecord);
-  readOn(localSection, indexedLocal, readRecord);
-  readOn(linkSection, indexedLink, readRecord);
-  readOn(reportSection, indexedReports, [&](ReportDescription *report) {
+  indexedWork.readOn(workSection, readRecord);
+  indexedLocal.readOn(&localSection, readRecord);
+  indexedLink.readOn(&linkSection, readRecord);
+  indexedReports.readOn(&reportSection, [&](ReportDescription *report) {
     report->division = this;
     fileAndReportNames.insert(&report->getReportName()->getWordData());
     llvm::for_each(report->records, readRecord);
@@ -215,23 +197,21 @@ void ReportDataDescription::swapLineDesc() {
 }
 
 llvm::ArrayRef<FileDescription *> DataDivision::findFiles(const std::string &name) {
-  readOn(fileSection, fileIndex.read, [this](FileDescription *file) {
-    fileIndex.byName[&file->getFileName()->getWordData()].push_back(file);
-  });
-  auto found = fileIndex.byName.find(&internString(name));
-  if (found == fileIndex.byName.end())
-    return {};
-  return found->second;
+  return fileIndex
+      .readOn(fileSection,
+              [this](FileDescription *file) {
+                fileIndex.add(file->getFileName()->getWordData(), file);
+              })
+      .find(name);
 }
 
 llvm::ArrayRef<ReportDescription *> DataDivision::findReports(const std::string &name) {
-  readOn(reportSection, reportIndex.read, [this](ReportDescription *report) {
-    reportIndex.byName[&report->getReportName()->getWordData()].push_back(report);
-  });
-  auto found = reportIndex.byName.find(&internString(name));
-  if (found == reportIndex.byName.end())
-    return {};
-  return found->second;
+  return reportIndex
+      .readOn(reportSection,
+              [this](ReportDescription *report) {
+                reportIndex.add(report->getReportName()->getWordData(), report);
+              })
+      .find(name);
 }
 
 } // namespace tarka

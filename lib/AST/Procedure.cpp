@@ -2,7 +2,6 @@
 
 #include "AST/Procedure.h"
 #include "AST/StatementCopy.h"
-#include <algorithm>
 #include <cassert>
 
 namespace tarka {
@@ -18,52 +17,53 @@ llvm::ArrayRef<Paragraph *> Section::findParagraphs(const std::string &name) con
 // Procedures by name
 //===----------------------------------------------------------------------===//
 
-namespace {
-
-/// Gives what \p list holds beyond its first \p read elements to \p enter.
-template <typename Element, typename Enter>
-void readOn(std::list<Element *> &list, std::size_t &read, Enter enter) {
-  auto next = std::prev(list.end(), static_cast<std::ptrdiff_t>(list.size() - read));
-  std::for_each(next, list.end(), enter);
-  read = list.size();
-}
-
-} // namespace
-
 llvm::ArrayRef<Section *> ProcedureDivision::findSections(const std::string &name) {
-  readOn(sections, sectionIndex.read,
-         [this](Section *section) { sectionIndex.add(section->getSectionName(), section); });
-  return sectionIndex.find(name);
+  return sectionIndex
+      .readOn(sections,
+              [this](Section *section) {
+                sectionIndex.add(section->getSectionName()->getWordData(), section);
+              })
+      .find(name);
 }
 
 llvm::ArrayRef<Section *> ProcedureDivision::findDeclarativeSections(const std::string &name) {
-  readOn(declaratives, declarativeIndex.read, [this](Declaratives *declarative) {
-    if (Section *section = declarative->getSection())
-      declarativeIndex.add(section->getSectionName(), section);
-  });
-  return declarativeIndex.find(name);
+  return declarativeIndex
+      .readOn(declaratives,
+              [this](Declaratives *declarative) {
+                if (Section *section = declarative->getSection())
+                  declarativeIndex.add(section->getSectionName()->getWordData(), section);
+              })
+      .find(name);
 }
 
 llvm::ArrayRef<Section *> ProcedureDivision::findRenameSections(const std::string &name) {
-  readOn(renameSections, renameIndex.read,
-         [this](Section *section) { renameIndex.add(section->getSectionName(), section); });
-  return renameIndex.find(name);
+  return renameIndex
+      .readOn(renameSections,
+              [this](Section *section) {
+                renameIndex.add(section->getSectionName()->getWordData(), section);
+              })
+      .find(name);
 }
 
 llvm::ArrayRef<Paragraph *> ProcedureDivision::findParagraphs(const std::string &name) {
-  readOn(paragraphs, paragraphIndex.read, [this](Paragraph *paragraph) {
-    paragraphIndex.add(paragraph->getParagraphName(), paragraph);
-  });
-  return paragraphIndex.find(name);
+  return paragraphIndex
+      .readOn(paragraphs,
+              [this](Paragraph *paragraph) {
+                paragraphIndex.add(paragraph->getParagraphName()->getWordData(), paragraph);
+              })
+      .find(name);
 }
 
 llvm::ArrayRef<ParagraphInSection>
 ProcedureDivision::findSectionParagraphs(const std::string &name) {
-  readOn(sections, sectionParagraphIndex.read, [this](Section *section) {
-    for (Paragraph *paragraph : section->getParaElements())
-      sectionParagraphIndex.add(paragraph->getParagraphName(), {section, paragraph});
-  });
-  return sectionParagraphIndex.find(name);
+  return sectionParagraphIndex
+      .readOn(sections,
+              [this](Section *section) {
+                for (Paragraph *paragraph : section->getParaElements())
+                  sectionParagraphIndex.add(paragraph->getParagraphName()->getWordData(),
+                                            {section, paragraph});
+              })
+      .find(name);
 }
 
 //===----------------------------------------------------------------------===//

@@ -451,7 +451,9 @@ SourceRange LineReader::rangeOfUnplain(const char *first, const char *last) {
   SourceRange range;
   range.file = fileNumber;
   locate(first, range.beginLine, range.beginColumn);
-  locate(last, range.endLine, range.endColumn);
+  unsigned endColumn = 0;
+  locate(last, range.endLine, endColumn);
+  range.endColumn = endColumn;
   return range;
 }
 

@@ -169,7 +169,7 @@ Sentence *ProcedureParser::parseSentence() {
   if (statements.empty())
     return nullptr;
   auto *sentence = make<Sentence>(begin);
-  sentence->getStmtElements().swap(statements);
+  sentence->setStmts(&statements);
   return sentence;
 }
 

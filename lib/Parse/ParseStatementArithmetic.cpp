@@ -87,7 +87,7 @@ StatementResult ArithmeticStatements::parseAdd() {
     if (!parseReceivers(*add, &AddStatement::addGiving))
       return nullptr;
   } else {
-    add->getToListElements().swap(receivers);
+    add->setToList(&receivers);
   }
   return finish(add, &AddStatement::addSizeErrorHandler);
 }
@@ -123,7 +123,7 @@ StatementResult ArithmeticStatements::parseSubtract() {
     if (!subtract->getFromExpr() || !parseReceivers(*subtract, &SubtractStatement::addGiving))
       return nullptr;
   } else {
-    subtract->getFromListElements().swap(receivers);
+    subtract->setFromList(&receivers);
   }
   return finish(subtract, &SubtractStatement::addSizeErrorHandler);
 }
@@ -150,7 +150,7 @@ StatementResult ArithmeticStatements::parseMultiply() {
     if (!multiply->getByOperand() || !parseReceivers(*multiply, &MultiplyStatement::addGiving))
       return nullptr;
   } else {
-    multiply->getByListElements().swap(receivers);
+    multiply->setByList(&receivers);
   }
   return finish(multiply, &MultiplyStatement::addSizeErrorHandler);
 }
@@ -185,7 +185,7 @@ StatementResult ArithmeticStatements::parseDivide() {
   } else if (isBy) {
     return expected("GIVING");
   } else {
-    divide->getToListElements().swap(receivers);
+    divide->setToList(&receivers);
   }
 
   if (at(Keyword::Remainder)) {

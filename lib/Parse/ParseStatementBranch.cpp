@@ -472,7 +472,7 @@ EvaluateCase *BranchStatements::parseEvaluateCase(EvaluateStatement &evaluate, b
     isComplete = false;
     skipToStatement();
   }
-  isComplete &= parseBranch(branch->getWhenStmtListElements());
+  isComplete &= parseBranch(*branch->getWhenStmtList());
   return complete(branch);
 }
 

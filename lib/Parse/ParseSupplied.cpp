@@ -26,7 +26,7 @@ void SuppliedParser::supplyInterfaceBlock() {
 void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
   if (!stream.getOptions().cics || context.unit->getParent())
     return;
-  std::list<Parameter *> &parameters = division.getParameterElements();
+  const std::list<Parameter *> &parameters = division.getParameterElements();
   auto isNamed = [&](llvm::StringRef name) {
     return llvm::any_of(parameters, [&](Parameter *parameter) {
       auto *item = llvm::dyn_cast<DataIdentifierExpression>(parameter->getExpr());
@@ -40,7 +40,7 @@ void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceR
     std::list<Word *> names{new Word(&place, name, name)};
     auto *word = new QualifiedWord(&place, &names);
     auto *item = new DataIdentifierExpression(&place, word, nullptr, nullptr);
-    parameters.push_front(new Parameter(&place, ParameterType::Reference, item));
+    division.addParameterFront(new Parameter(&place, ParameterType::Reference, item));
   }
 }
 

@@ -271,7 +271,7 @@ private:
   SourceRange untilNextStatement(SourceRange range) const {
     auto next = std::upper_bound(begins.begin(), begins.end(), beginOf(range));
     if (next != begins.end() && next->file == range.file &&
-        std::pair(next->line, next->column) <= std::pair(range.endLine, range.endColumn))
+        std::pair(next->line, next->column) <= std::pair(range.endLine, unsigned(range.endColumn)))
       endBefore(range, next->line, next->column);
     return range;
   }
