@@ -16,13 +16,14 @@ static constexpr size_t maxWordLength = 30;
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
     : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
-  if (file.getFault() != SourceFile::Fault::None && file.isFaultNew())
-    reportFault(file);
+  isAtEnd = reportFault(file, context);
 }
 
 /// One message stands for all that could be said about a file that is no text, or is in another
 /// encoding.
-void Lexer::reportFault(const SourceFile &file) {
+bool reportFault(const SourceFile &file, LexerContext &context) {
+  if (file.getFault() == SourceFile::Fault::None || !file.isFaultNew())
+    return false;
   size_t offset = std::min(file.getFaultOffset(), file.getText().size());
   llvm::StringRef before = file.getText().take_front(offset);
   unsigned line = static_cast<unsigned>(before.count('\n')) + 1;
@@ -33,22 +34,21 @@ void Lexer::reportFault(const SourceFile &file) {
   case SourceFile::Fault::Binary:
     context.diagnostics.report(DiagnosticId::BinaryFile, place,
                                showText(llvm::StringRef(before.end(), 1)));
-    isAtEnd = true;
-    return;
+    return true;
   case SourceFile::Fault::Ebcdic:
     context.diagnostics.report(DiagnosticId::EbcdicFile, SourceRange{file.getNumber(), 1, 1, 1, 1});
-    isAtEnd = true;
-    return;
+    return true;
   case SourceFile::Fault::Undecodable: {
     std::string byte = llvm::toHex(llvm::ArrayRef<uint8_t>(file.getUndecodableByte()));
     llvm::StringRef encoding = context.options.encoding;
     context.diagnostics.report(DiagnosticId::UndecodableByte, place, byte,
                                encoding.empty() ? "UTF-16" : encoding);
-    return;
+    return false;
   }
   case SourceFile::Fault::None:
-    return;
+    break;
   }
+  return false;
 }
 
 void Lexer::setPlace(Token &token) {
