@@ -80,8 +80,30 @@ bool Lexer::readLine() {
   return true;
 }
 
+/// The text in the parentheses that \p text begins with, which is taken off it; quotes hide
+/// parentheses. Empty where there are none.
+static llvm::StringRef takeSuboptions(llvm::StringRef &text) {
+  text = text.ltrim();
+  if (!text.starts_with("("))
+    return {};
+  char quote = 0;
+  size_t end = 1;
+  for (unsigned depth = 1; end < text.size(); ++end) {
+    char c = text[end];
+    if (quote || c == '\'' || c == '"')
+      quote = quote == c ? 0 : quote ? quote : c;
+    else if (c == '(')
+      ++depth;
+    else if (c == ')' && --depth == 0)
+      break;
+  }
+  llvm::StringRef inner = text.slice(1, end);
+  text = text.drop_front(std::min(end + 1, text.size()));
+  return inner;
+}
+
 /// CBL and PROCESS lines: of the options of the compiler, those count here that say that CICS or
-/// DB2 adds to the source. Names in parentheses or quotes are suboptions.
+/// DB2 adds to the source, and DEFINE. Names in parentheses or quotes are suboptions.
 void Lexer::obeyOptions(llvm::StringRef text) {
   unsigned depth = 0;
   while (!text.empty()) {
@@ -100,9 +122,12 @@ void Lexer::obeyOptions(llvm::StringRef text) {
     text = text.drop_front(word.size());
     if (depth > 0)
       continue;
+    if (word.equals_insensitive("DEFINE") || word.equals_insensitive("DEF"))
+      context.variables.defineAll(takeSuboptions(text));
     context.options.cics |= word.equals_insensitive("CICS") || word.equals_insensitive("XOPTS");
     context.options.sql |= word.equals_insensitive("SQL");
   }
+  context.variables.defineOptions(context.options);
 }
 
 /// Moves on to the next line that is not a directive.

@@ -23,7 +23,9 @@ namespace tarka {
 struct LexerContext {
   LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
       : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
-        debuggingMode(options.debuggingLines) {}
+        debuggingMode(options.debuggingLines) {
+    variables.defineOptions(options);
+  }
 
   /// The options given, and those that the source turns on by itself.
   ParseOptions options;

@@ -64,6 +64,7 @@ private:
     std::string library;
     std::vector<Replacement> replacements;
     bool isDoubtful = false; ///< not all of it could be read
+    bool isInclude = false;  ///< EXEC SQL INCLUDE
   };
 
   void read(Token &token);
@@ -235,6 +236,7 @@ void Preprocessor::copy(const Token &copyWord) {
     // EXEC SQL INCLUDE: a period after it is one of the text around.
     statement.place = copyWord.place;
     statement.textName = copyWord.text.trim("\"'").str();
+    statement.isInclude = true;
     if (statement.textName.empty())
       diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, "INCLUDE", "END-EXEC");
     else
@@ -367,6 +369,11 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
 /// of a mapset, whose lines come from \p places. Null, after a message, when there is none.
 const SourceFile *Preprocessor::findText(const CopyStatement &statement, const SourceFile &includer,
                                          llvm::ArrayRef<SourceRange> &places) {
+  const SuppliedCopybook *supplied = findSuppliedCopybook(statement.textName);
+  // To INCLUDE SQLCA or SQLDA is to ask the precompiler for it, whatever members there are.
+  bool isPrecompilers = supplied && supplied->option == SupplyOption::Sql && statement.isInclude;
+  if (isPrecompilers && supplied->isWanted(context.options))
+    return &files.addText(supplied->getFileName(), supplied->text);
   llvm::ErrorOr<const SourceFile *> file =
       files.findCopybook(statement.textName, statement.library, includer);
   if (file)
@@ -379,7 +386,7 @@ const SourceFile *Preprocessor::findText(const CopyStatement &statement, const S
                        file.getError().message());
     return nullptr;
   }
-  if (const SuppliedCopybook *supplied = findSuppliedCopybook(statement.textName)) {
+  if (supplied) {
     if (supplied->isWanted(context.options))
       return &files.addText(supplied->getFileName(), supplied->text);
     diagnostics.report(DiagnosticId::SuppliedCopybookNotFound, statement.place, statement.textName,

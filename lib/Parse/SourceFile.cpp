@@ -99,7 +99,8 @@ private:
 
 /// The endings that a copybook's name may have besides the one written.
 constexpr llvm::StringLiteral copybookExtensions[] = {
-    "", ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB", ".copy", ".COPY", ".inc", ".INC"};
+    "",     ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB",      ".copy",     ".COPY",    ".inc",
+    ".INC", ".dcl", ".DCL", ".cpb", ".CPB", ".ccp", ".copybook", ".COPYBOOK", ".cobcopy", ".txt"};
 
 constexpr llvm::StringLiteral mapExtensions[] = {".bms", ".BMS"};
 
