@@ -45,6 +45,12 @@ enum class Origin : std::uint8_t {
 /// Where a construct stands: the physical file, lines and columns from 1, the end inclusive.
 /// All zero for a construct that has no place in the source.
 struct SourceRange {
+  SourceRange() = default;
+  SourceRange(unsigned number, unsigned firstLine, unsigned firstColumn, unsigned lastLine,
+              unsigned lastColumn)
+      : file(number), beginLine(firstLine), beginColumn(firstColumn), endLine(lastLine),
+        endColumn(lastColumn) {}
+
   unsigned file = 0;
   unsigned beginLine = 0;
   unsigned beginColumn = 0;
