@@ -8,6 +8,7 @@
 #include "Analyzer/CFGVerifier.h"
 #include "AST/Expression.h"
 #include "AST/KindNames.h"
+#include "AST/NestedStatements.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
@@ -94,8 +95,7 @@ private:
 
   void checkTargets(const CFGBlock *block, Statement &statement);
   void checkTarget(const CFGBlock *block, const Statement &statement, Procedure target);
-  void checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
-                  Procedure end);
+  void checkRange(const CFGBlock *block, const Statement &statement, const ProcedureRange &range);
   void checkSortPhrase(const CFGBlock *block, const Statement &statement, const SortIO *phrase);
   void require(bool holds, const CFGBlock *block, const Statement &statement,
                llvm::StringLiteral what) {
@@ -112,9 +112,7 @@ private:
   void expect(Statement &statement);
   void expectMade(Statement *made);
   void expectNested(Statement &statement);
-  void expectCall(CallStatement &call);
-  void expectPhrases(const std::list<ExceptionHandler *> &phrases);
-  void expectXmlPhrases(const std::list<ExceptionHandler *> &phrases);
+  bool expectCall(CallStatement &call);
   void checkOccurrences();
 
   CFGModule &module;
@@ -268,8 +266,10 @@ void Verifier::checkTarget(const CFGBlock *block, const Statement &statement, Pr
          nameOf(statement) + " leads to " + target.name() + ", which has no start block");
 }
 
-void Verifier::checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
-                          Procedure end) {
+void Verifier::checkRange(const CFGBlock *block, const Statement &statement,
+                          const ProcedureRange &range) {
+  const Procedure begin{range.getBeginSection(), range.getBeginParagraph()};
+  Procedure end{range.getThruSection(), range.getThruParagraph()};
   checkTarget(block, statement, begin);
   // Without THROUGH the range ends where it begins.
   if (!end)
@@ -284,8 +284,7 @@ void Verifier::checkRange(const CFGBlock *block, const Statement &statement, Pro
 void Verifier::checkSortPhrase(const CFGBlock *block, const Statement &statement,
                                const SortIO *phrase) {
   if (phrase && phrase->getType() == SortIOType::Procedure)
-    checkRange(block, statement, {phrase->getFromSection(), phrase->getFromParagraph()},
-               {phrase->getToSection(), phrase->getToParagraph()});
+    checkRange(block, statement, phrase->getProcedures());
 }
 
 void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
@@ -303,8 +302,7 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
   case StatementType::Perform: {
     auto &perform = llvm::cast<PerformStatement>(statement);
     if (const PerformProcedure *range = perform.getProcedureName())
-      checkRange(block, statement, {range->getBeginSection(), range->getBeginParagraph()},
-                 {range->getThruSection(), range->getThruParagraph()});
+      checkRange(block, statement, *range);
     else if (perform.getInlineStatementsSize() && !exits.contains(&perform))
       fail(CFGRule::RangeExit, block, "the body of " + nameOf(statement) + " has no exit");
     return;
@@ -317,11 +315,8 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
   }
   case StatementType::Merge:
     return checkSortPhrase(block, statement, llvm::cast<MergeStatement>(statement).getOutput());
-  case StatementType::XmlParse: {
-    auto &parse = llvm::cast<XMLParseStatement>(statement);
-    return checkRange(block, statement, {parse.getBeginSection(), parse.getBeginParagraph()},
-                      {parse.getThruSection(), parse.getThruParagraph()});
-  }
+  case StatementType::XmlParse:
+    return checkRange(block, statement, llvm::cast<XMLParseStatement>(statement));
   case StatementType::NextSentence: {
     const CFGBlock *sentence = llvm::cast<NextSentenceStatement>(statement).getSentenceBlock();
     return require(sentence && sentence->getNextBlock(), block, statement,
@@ -405,28 +400,18 @@ void Verifier::expectList(const std::list<Statement *> &statements) {
     expect(*statement);
 }
 
-void Verifier::expectPhrases(const std::list<ExceptionHandler *> &phrases) {
-  for (ExceptionHandler *phrase : phrases)
-    expectList(phrase->getImperStmtListElements());
-}
-
-/// Phrases of other kinds are passed over.
-void Verifier::expectXmlPhrases(const std::list<ExceptionHandler *> &phrases) {
-  for (ExceptionHandler *phrase : phrases)
-    if (phrase->getType() == ExceptionHandlerType::OnException)
-      expectList(phrase->getImperStmtListElements());
-}
-
-void Verifier::expectCall(CallStatement &call) {
+/// The MOVEs in front of a CALL; false when the phrases of the CALL are not lowered.
+bool Verifier::expectCall(CallStatement &call) {
   const CompileOption *options = CompileOption::getCompileOptionInstance();
-  if (const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName())) {
-    if (options->isOptionDebug() && llvm::StringRef(name->getData()).starts_with("TKDEBUG_START"))
-      return;
-    for (bool enabled : {options->isOptionEnableCbltdli(), options->isOptionEnableAertdli()})
-      if (enabled && call.getMoveStmt())
-        expect(*call.getMoveStmt());
-  }
-  expectPhrases(call.getExceptHandlerElements());
+  const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName());
+  if (!name)
+    return true;
+  if (options->isOptionDebug() && llvm::StringRef(name->getData()).starts_with("TKDEBUG_START"))
+    return false;
+  for (bool enabled : {options->isOptionEnableCbltdli(), options->isOptionEnableAertdli()})
+    if (enabled)
+      expectMade(call.getMoveStmt());
+  return true;
 }
 
 /// Expects \p statement once more, with what is nested in it.
@@ -443,10 +428,7 @@ void Verifier::expect(Statement &statement) {
   case StatementType::Exhibit:
     return expectList(llvm::cast<ExhibitStatement>(statement).getConvertStmtListElements());
   case StatementType::Evaluate:
-    for (EvaluateCase *evaluateCase :
-         llvm::cast<EvaluateStatement>(statement).getWhenCaseListElements())
-      expectList(evaluateCase->getWhenStmtListElements());
-    return;
+    return expectNested(statement);
   default:
     break;
   }
@@ -460,55 +442,14 @@ void Verifier::expect(Statement &statement) {
 }
 
 void Verifier::expectNested(Statement &statement) {
-  if (auto *arithmetic = llvm::dyn_cast<ArithmeticStatement>(&statement))
-    return expectPhrases(arithmetic->getSizeErrorHandlerElements());
-
-  switch (statement.getType()) {
-  case StatementType::If: {
-    auto &branch = llvm::cast<IfStatement>(statement);
-    expectList(branch.getIfStmtListElements());
-    return expectList(branch.getElseStmtListElements());
-  }
-  case StatementType::On: {
-    auto &on = llvm::cast<OnStatement>(statement);
-    if (on.getAddStmt())
-      expect(*on.getAddStmt());
-    expectList(on.getUntilStmtListElements());
-    return expectList(on.getElseStmtListElements());
-  }
-  case StatementType::Perform:
-    return expectList(llvm::cast<PerformStatement>(statement).getInlineStatementsElements());
-  case StatementType::Search: {
-    auto &search = llvm::cast<SearchStatement>(statement);
-    for (SearchWhen *when : search.getWhenListElements())
-      expectList(when->getStatementListElements());
-    return expectPhrases(search.getAtHandlerElements());
-  }
-  case StatementType::Call:
-    return expectCall(llvm::cast<CallStatement>(statement));
-  case StatementType::String:
-    return expectPhrases(llvm::cast<StringStatement>(statement).getOverflowHandlerElements());
-  case StatementType::Unstring:
-    return expectPhrases(llvm::cast<UnstringStatement>(statement).getOverflowHandlerElements());
-  case StatementType::Read:
-    return expectPhrases(llvm::cast<ReadStatement>(statement).getErrorListElements());
-  case StatementType::Return:
-    return expectPhrases(llvm::cast<ReturnStatement>(statement).getEndHandlerElements());
-  case StatementType::Write:
-    return expectPhrases(llvm::cast<WriteStatement>(statement).getExceptionHandlerListElements());
-  case StatementType::Rewrite:
-    return expectPhrases(llvm::cast<RewriteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Start:
-    return expectPhrases(llvm::cast<StartStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Delete:
-    return expectPhrases(llvm::cast<DeleteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::XmlGenerate:
-    return expectXmlPhrases(llvm::cast<XMLGenerateStatement>(statement).getOnExcpHandlerElements());
-  case StatementType::XmlParse:
-    return expectXmlPhrases(llvm::cast<XMLParseStatement>(statement).getOnExcpHandlerElements());
-  default:
+  if (auto *on = llvm::dyn_cast<OnStatement>(&statement))
+    expectMade(on->getAddStmt());
+  if (auto *call = llvm::dyn_cast<CallStatement>(&statement); call && !expectCall(*call))
     return;
-  }
+  forEachNestedList(statement, [this](NodeRange<Statement> nested) {
+    for (Statement *one : nested)
+      expect(*one);
+  });
 }
 
 /// Whether \p statement is one that the builder makes itself.

@@ -134,14 +134,6 @@ void CFGBuilder::lowerSourceUnits(const std::list<SourceUnit *> &units) {
   }
 }
 
-/// The name of a program without the quotes of a literal; quotes that are no pair are kept.
-static llvm::StringRef withoutQuotes(llvm::StringRef name) {
-  for (char quote : {'\'', '"'})
-    if (name.size() >= 2 && name.front() == quote && name.back() == quote)
-      return name.drop_front().drop_back();
-  return name;
-}
-
 void CFGBuilder::analysisSourceUnit(SourceUnit &unit) {
   CFGFunc *function = new CFGFunc(withoutQuotes(unit.getSourceUnitName()).str(), module, nullptr);
   function->setSourceUnit(&unit);
@@ -249,13 +241,14 @@ void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
     UseStatement *use = declarative->getUseStmt();
     if (!use || use->getTimingType() != UseTimingType::AfterException)
       continue;
-    currentBlock->addCFGElemStmt(new InnerRegisterExceptionStatement(declarative, declarative));
+    currentBlock->addCFGElemStmt(
+        generate<InnerRegisterExceptionStatement>(declarative, declarative));
     registered->push_back(declarative->getSection());
   }
 
   continueInNewBlock("tkdummy_declaratives");
   Node nowhere;
-  CFGBlock *start = appendTerminator(new InnerBranchStatement(&nowhere, registered));
+  CFGBlock *start = appendTerminator(generate<InnerBranchStatement>(&nowhere, registered));
   for (Declaratives *declarative : division->getBaseDeclElements()) {
     Section *section = declarative->getSection();
     startProcedure(section->getSectionName(), *section, CFGBlockType::Ordinary);
@@ -316,7 +309,8 @@ void CFGBuilder::lowerProcedureExit(const std::string &name, Node *position, Sec
   const std::string *exitName = makeName(name + "_exit");
   CFGBlock *last = currentBlock;
   last->addSuccessorBlock(continueOn(graph->createBlock(exitName)));
-  CFGBlock *exit = appendTerminator(new InnerExitStatement(position, section, paragraph, nullptr));
+  CFGBlock *exit =
+      appendTerminator(generate<InnerExitStatement>(position, section, paragraph, nullptr));
   exit->addSuccessorBlock(continueOn(graph->createBlock(makeName(*exitName + "_after"))));
 }
 

@@ -69,7 +69,7 @@ void CFGBuilder::lowerInlinePerform(PerformStatement *statement, CFGBlock *start
   context().removePerformAfter();
 
   // The end of the body returns as the end of a performed range does.
-  appendTerminator(new InnerExitStatement(statement, nullptr, nullptr, statement));
+  appendTerminator(generate<InnerExitStatement>(statement, nullptr, nullptr, statement));
   currentBlock->addSuccessorBlock(after);
   // On purpose the body's first block leads past the PERFORM too, whatever it led to before.
   body->addSuccessorBlock(after);
@@ -92,18 +92,15 @@ void CFGBuilder::analysisExitPerformStmt(ExitPerformStatement *statement) {
 
 /// Performs \p procedure in the current block, on behalf of the statement at \p position.
 void CFGBuilder::lowerSynthesisedPerform(Node *position, PerformProcedure *procedure) {
-  analysisStatement(*new PerformStatement(position, PerformStmtType::Simple, procedure, nullptr,
-                                          nullptr, nullptr, nullptr, nullptr));
+  analysisStatement(*generate<PerformStatement>(position, PerformStmtType::Simple, procedure,
+                                                nullptr, nullptr, nullptr, nullptr, nullptr));
 }
 
 /// INPUT PROCEDURE or OUTPUT PROCEDURE.
 void CFGBuilder::lowerProcedurePhrase(Node *position, SortIO *phrase) {
-  auto *procedure =
-      new PerformProcedure(position, phrase->getFromProcedureName(), phrase->getToProcedureName());
-  procedure->setBeginSection(phrase->getFromSection());
-  procedure->setThruSection(phrase->getToSection());
-  procedure->setBeginParagraph(phrase->getFromParagraph());
-  procedure->setThruParagraph(phrase->getToParagraph());
+  auto *procedure = generate<PerformProcedure>(position, phrase->getFromProcedureName(),
+                                               phrase->getToProcedureName());
+  static_cast<ProcedureRange &>(*procedure) = phrase->getProcedures();
   lowerSynthesisedPerform(position, procedure);
 }
 
@@ -180,8 +177,8 @@ void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   start->addSuccessorBlock(parser);
 
   parser->addThenBlock(continueInNewBlock("tkdummy_xml_proc"));
-  auto *procedure = new PerformProcedure(statement, statement->getParseProcedure(),
-                                         statement->getThruProcedure());
+  auto *procedure = generate<PerformProcedure>(statement, statement->getParseProcedure(),
+                                               statement->getThruProcedure());
   procedure->setBeginSection(statement->getBeginSection());
   procedure->setThruSection(statement->getThruSection());
   procedure->setBeginParagraph(statement->getBeginParagraph());
@@ -233,8 +230,8 @@ void CFGBuilder::analysisSearchStmt(SearchStatement *statement) {
 void CFGBuilder::lowerSearchWhens(SearchStatement *statement, BlockList &tests, BlockList &ends) {
   for (SearchWhen *when : statement->getWhenListElements()) {
     CFGBlock *test = continueInNewBlock("tkdummy_search_when_cond");
-    appendTerminator(
-        new InnerSearchWhenStatement(statement, when->getCondition(), when->getStatementList()));
+    appendTerminator(generate<InnerSearchWhenStatement>(statement, when->getCondition(),
+                                                        when->getStatementList()));
     if (!tests.empty())
       tests.back()->addElseBlock(test);
     tests.push_back(test);
