@@ -62,20 +62,20 @@ void ClauseParser::takeParagraphHeader() {
 // Clauses
 //===----------------------------------------------------------------------===//
 
-Node ClauseParser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
-                                llvm::function_ref<bool()> parseClause) {
+SourceRange ClauseParser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                                       llvm::function_ref<bool()> parseClause) {
   bool wasReadable = true;
   while (!at(TokenKind::Period)) {
     if (atEntryBoundary(clauses)) {
       if (wasReadable)
         missingPeriod();
-      return from(begin);
+      return from(begin).getRange();
     }
     wasReadable = parseClause();
     if (!wasReadable)
       skipToClause(clauses);
   }
-  Node place = from(begin);
+  SourceRange place = from(begin).getRange();
   accept(TokenKind::Period);
   return place;
 }

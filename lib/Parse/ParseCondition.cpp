@@ -368,8 +368,7 @@ Expression *ConditionParser::parseRelationObject(RelationalConditionType relatio
       return first;
     return continueArithmetic(parenthesise(first, begin), begin);
   }
-  Node position(begin);
-  auto *objects = new AbbrRelationCombinedExpression(&position, first);
+  auto *objects = makeAt<AbbrRelationCombinedExpression>(begin, first);
   while (at(Keyword::And, Keyword::Or)) {
     AbbrRelationItem *item = parseFurtherObject(relation);
     if (!item)
@@ -378,8 +377,7 @@ Expression *ConditionParser::parseRelationObject(RelationalConditionType relatio
   }
   if (!expect(TokenKind::RParen))
     return nullptr;
-  objects->setRange(from(begin).getRange());
-  return objects;
+  return complete(objects);
 }
 
 /// {AND | OR} [NOT] [operator] object. A written operator holds for the objects behind it.
@@ -424,8 +422,8 @@ Condition *ConditionParser::namedCondition(DataIdentifierExpression *name) {
   QualifiedWord *words = name->getQualifiedWord();
   const std::string &text = (*words->getNamesBegin())->getWordData();
   if (!name->getSubscriptMod() && isSwitchName(text) && !isConditionName(text))
-    return new SwitchCondition(name, words);
-  return new ConditionNameCondition(name, name);
+    return makeAt<SwitchCondition>(name->getRange(), words);
+  return makeAt<ConditionNameCondition>(name->getRange(), name);
 }
 
 /// The condition that an operand alone, which began at \p begin, is: a name of a condition, or

@@ -14,8 +14,7 @@ namespace tarka {
 /// for condition-names.
 DataDivision *DataParser::parseDataDivision() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *division = new DataDivision(&place);
+  auto *division = makeAt<DataDivision>(begin);
   context.unit->setDataDivision(division);
   if (atDivision(Keyword::Data)) {
     takeDivisionHeader(Keyword::Data);
@@ -38,8 +37,7 @@ DataDivision *DataParser::parseDataDivision() {
       stream.skip();
     while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
   }
-  division->setRange(from(begin).getRange());
-  return division;
+  return complete(division);
 }
 
 /// A section that does not belong here goes whole, with entries that others could have as well.
@@ -161,7 +159,8 @@ private:
   void completeUnsound() {
     if (unsound && !unsound->isGroupItem() && !unsound->getPicture() && !unsound->getUsage() &&
         unsound->getLevelNum() != 66 && unsound->getLevelNum() != 88)
-      unsound->setPicture(new ClausePicture(unsound, new Word(unsound, "X", "X")));
+      unsound->setPicture(ParserBase::makeAt<ClausePicture>(
+          unsound->getRange(), ParserBase::makeAt<Word>(unsound->getRange(), "X", "X")));
     unsound = nullptr;
   }
 
@@ -279,8 +278,7 @@ DataDescription *DataParser::parseDataEntry() {
     skipToEntry(dataClauses);
     return nullptr;
   }
-  Node place(begin);
-  auto *entry = new DataDescription(&place);
+  auto *entry = makeAt<DataDescription>(begin);
   entry->setLevelNum(level);
 
   Word *name = nullptr;
@@ -299,8 +297,7 @@ DataDescription *DataParser::parseDataEntry() {
   if (name && context.options.osvs)
     skipCopiedEntryName(level, *name);
 
-  Node whole = parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); });
-  entry->setRange(whole.getRange());
+  entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
   return entry;
 }
 

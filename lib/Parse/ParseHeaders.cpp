@@ -18,8 +18,14 @@ namespace tarka {
 bool ParserBase::atUnitBoundary() {
   if (at(TokenKind::EndOfFile))
     return true;
-  return divisionAt() != Keyword::None || atEndProgram() ||
-         atSequence(Keyword::ProgramId, TokenKind::Period);
+  return divisionAt() != Keyword::None || atEndProgram() || atProgramId();
+}
+
+bool ParserBase::atProgramId() {
+  return at(Keyword::ProgramId) &&
+         (peek(1).is(TokenKind::Period) ||
+          (peek().isFirstOnLine() &&
+           (peek(1).isWord() || peek(1).is(TokenKind::AlphanumericLiteral))));
 }
 
 /// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: a program

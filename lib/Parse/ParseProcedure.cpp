@@ -15,8 +15,7 @@ namespace tarka {
 
 ProcedureDivision *ProcedureParser::parseProcedureDivision() {
   SourceRange begin = here();
-  Node position(begin);
-  auto *division = new ProcedureDivision(&position);
+  auto *division = makeAt<ProcedureDivision>(begin);
   parseProcedureHeader(*division);
   while (accept(TokenKind::Period))
     ;

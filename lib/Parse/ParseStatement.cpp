@@ -162,8 +162,7 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
 
 /// Stands for statements that were reported and skipped, where at least one is needed.
 Statement *StatementParser::makePlaceholder(const SourceRange &begin) {
-  Node place(begin);
-  return new ContinueStatement(&place);
+  return makeAt<ContinueStatement>(begin);
 }
 
 bool StatementParser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {

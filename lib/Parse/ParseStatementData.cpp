@@ -168,7 +168,7 @@ SetItem *DataStatements::parseSetItem() {
     auto *name = llvm::dyn_cast<DataIdentifierExpression>(receiver);
     if (!name)
       return error(DiagnosticId::ConditionNameForTrue, receiver->getRange());
-    item->addCond(new ConditionNameCondition(name, name));
+    item->addCond(makeAt<ConditionNameCondition>(name->getRange(), name));
   }
   return complete(item);
 }

@@ -33,14 +33,13 @@ void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceR
       return item && item->getQualifiedWord()->getNamesElements().front()->getWordData() == name;
     });
   };
-  Node place(header);
   for (llvm::StringRef name : {"DFHCOMMAREA", "DFHEIBLK"}) {
     if (isNamed(name))
       continue;
-    std::list<Word *> names{new Word(&place, name, name)};
-    auto *word = new QualifiedWord(&place, &names);
-    auto *item = new DataIdentifierExpression(&place, word, nullptr, nullptr);
-    division.addParameterFront(new Parameter(&place, ParameterType::Reference, item));
+    std::list<Word *> names{makeAt<Word>(header, name, name)};
+    auto *word = makeAt<QualifiedWord>(header, &names);
+    auto *item = makeAt<DataIdentifierExpression>(header, word, nullptr, nullptr);
+    division.addParameterFront(makeAt<Parameter>(header, ParameterType::Reference, item));
   }
 }
 
@@ -73,14 +72,13 @@ void SuppliedParser::supplyRecords(llvm::StringRef copybook, StorageType storage
   assert(supplied && "not a supplied copybook");
   DataDivision *division = context.unit->getDataDivision();
   if (!division) {
-    Node place(context.unit->getRange());
-    division = new DataDivision(&place);
+    division = makeAt<DataDivision>(context.unit->getRange());
     context.unit->setDataDivision(division);
   }
   readRecords(supplied->getFileName(), supplied->text, storage, [&](DataDescription *record) {
     if (storage == StorageType::WorkingStorage)
       return division->addWorkSection(record);
-    record->setGlobal(new ClauseGlobal(record));
+    record->setGlobal(makeAt<ClauseGlobal>(record->getRange()));
     division->addLinkSection(record);
   });
 }

@@ -119,8 +119,7 @@ QualifiedWord *ParserBase::parseQualifiedWord(llvm::StringRef what) {
       return nullptr;
     names.push_back(qualifier);
   }
-  Node at = from(begin);
-  return new QualifiedWord(&at, &names);
+  return make<QualifiedWord>(begin, &names);
 }
 
 QualifiedWord *ParserBase::parseProcedureName() {
@@ -136,8 +135,7 @@ QualifiedWord *ParserBase::parseProcedureName() {
       return nullptr;
     names.push_back(section);
   }
-  Node at = from(begin);
-  return new QualifiedWord(&at, &names);
+  return make<QualifiedWord>(begin, &names);
 }
 
 //===----------------------------------------------------------------------===//
@@ -167,8 +165,7 @@ NumericLiteralExpression *ParserBase::parseNumericLiteral() {
   }
   text += peek().spelling;
   stream.skip();
-  Node at = from(begin);
-  auto *literal = new NumericLiteralExpression(&at, text);
+  auto *literal = make<NumericLiteralExpression>(begin, text);
   if (context.decimalPointIsComma)
     literal->convertDecimalPoint(literal->getData());
   return literal;
@@ -177,8 +174,7 @@ NumericLiteralExpression *ParserBase::parseNumericLiteral() {
 NonNumericLiteralExpression *ParserBase::parseNonNumericLiteral() {
   if (!at(TokenKind::AlphanumericLiteral))
     return expected("a literal in quotes");
-  Node at(here());
-  auto *literal = new NonNumericLiteralExpression(&at, peek().text);
+  auto *literal = makeAt<NonNumericLiteralExpression>(here(), peek().text);
   stream.skip();
   return literal;
 }
@@ -220,17 +216,15 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     LiteralExpression *inner = atLiteral() ? parseLiteral() : expected("the literal of ALL");
     if (!inner)
       return nullptr;
-    Node at = from(begin);
-    return new FigurativeLiteralExpression(&at, FigurativeType::AllLiteral, inner);
+    return make<FigurativeLiteralExpression>(begin, FigurativeType::AllLiteral, inner);
   }
   if (FigurativeType type = figurativeTypeOf(peek().keyword); type != FigurativeType::None) {
-    Node at(begin);
     stream.skip();
-    return new FigurativeLiteralExpression(&at, type, nullptr);
+    return makeAt<FigurativeLiteralExpression>(begin, type, nullptr);
   }
   if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
-    Node at(begin);
-    auto *symbol = new FigurativeLiteralExpression(&at, FigurativeType::SymbolicCharacter, nullptr);
+    auto *symbol =
+        makeAt<FigurativeLiteralExpression>(begin, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);
     stream.skip();
     return symbol;

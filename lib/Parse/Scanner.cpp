@@ -184,6 +184,13 @@ void Scanner::scanMark(Token &token, const char *begin) {
     ++cursor;
     return kind;
   };
+  // Whether an equal sign completes < or >. In pseudo-text, "==" after it closes the text.
+  auto beforeEqualSign = [&] {
+    const char *end = cursor;
+    while (end < textEnd && *end == '=')
+      ++end;
+    return end != cursor && (!keepsCommas || (end - cursor) % 2 != 0);
+  };
   TokenKind kind = TokenKind::Other;
   switch (c) {
   case '.':
@@ -220,12 +227,12 @@ void Scanner::scanMark(Token &token, const char *begin) {
     kind = following == '=' ? two(TokenKind::PseudoText) : TokenKind::Equal;
     break;
   case '<':
-    kind = following == '>'   ? two(TokenKind::NotEqual)
-           : following == '=' ? two(TokenKind::LessEqual)
-                              : TokenKind::Less;
+    kind = following == '>'    ? two(TokenKind::NotEqual)
+           : beforeEqualSign() ? two(TokenKind::LessEqual)
+                               : TokenKind::Less;
     break;
   case '>':
-    kind = following == '=' ? two(TokenKind::GreaterEqual) : TokenKind::Greater;
+    kind = beforeEqualSign() ? two(TokenKind::GreaterEqual) : TokenKind::Greater;
     break;
   default:
     break;
