@@ -94,8 +94,8 @@ bool DataParser::parseDataClause(DataDescription &entry) {
 // PICTURE and USAGE
 //===----------------------------------------------------------------------===//
 
-/// Behind a misspelt PICTURE the stream does not know that a picture follows, and makes words and
-/// marks of it.
+/// After a misspelt PICTURE the stream does not know that a picture follows, and makes several
+/// tokens of it.
 Word *DataParser::parsePictureString() {
   if (at(TokenKind::PictureString)) {
     bool isKeyword =
@@ -387,7 +387,7 @@ bool DataParser::parseOccursBounds(ClauseOccurs &occurs) {
 
 /// {ASCENDING | DESCENDING} [KEY] [IS] data-name ...
 ///
-/// That a key is no literal is a rule of the checker. A number is more likely a level number.
+/// The checker reports a key that is a literal. A number is more likely a level number.
 Key *DataParser::parseOccursKey() {
   SourceRange begin = here();
   SortOrder order = at(Keyword::Ascending) ? SortOrder::Ascending : SortOrder::Descending;
@@ -411,7 +411,7 @@ Key *DataParser::parseOccursKey() {
 /// INDEXED [BY] index-name ...
 bool DataParser::parseIndexNames(ClauseOccurs &occurs) {
   accept(Keyword::By);
-  // A word before a literal or IS is no index-name, but was meant to begin the next clause.
+  // A word before a literal or IS is not an index-name; it was meant to begin the next clause.
   auto atAnother = [this] {
     const Token &next = peek(1);
     bool isLiteral =
@@ -487,8 +487,8 @@ PhraseValue *DataParser::parseValuePhrase() {
   return complete(phrase);
 }
 
-/// A literal, or the name of a symbolic character, for which the checks put the literal, or tell
-/// that there is no such character.
+/// A literal, or the name of a symbolic character, which the checker replaces by the literal, or
+/// reports as unknown.
 bool DataParser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
   literal = nullptr;
   word = nullptr;

@@ -53,8 +53,8 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   return complete(division);
 }
 
-/// The section whose header begins with SECTION, behind which its name stands or what belongs to
-/// it; None where it is no section of this division.
+/// The section whose header begins with SECTION and goes on with its name or its content; None for
+/// a section of another division.
 Keyword EnvironmentParser::environmentSectionAt() {
   switch (peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword) {
   case Keyword::Configuration:
@@ -310,7 +310,7 @@ void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
   names.setRange(from(begin).getRange());
 }
 
-/// Gives a clause that was read to the paragraph; false when it could not be read.
+/// Adds a parsed clause to the paragraph; false when it could not be parsed.
 template <typename Clause>
 static bool addTo(ParaSpecialNames &names, void (ParaSpecialNames::*add)(Clause *),
                   Clause *clause) {
@@ -419,8 +419,7 @@ ClauseAlphabet *EnvironmentParser::parseAlphabet() {
   else if (accept(Keyword::Native))
     type = AlphabetType::Native;
   else if (!atLiteral() && !at(TokenKind::Period)) {
-    // Which names of code pages there are is for the checker to judge, and so is an alphabet that
-    // ends before it has begun.
+    // The checker reports unknown names of code pages and empty alphabets.
     Word *codeName =
         parseUserWord("STANDARD-1, STANDARD-2, NATIVE, EBCDIC or a literal of the alphabet");
     if (!codeName)
@@ -493,8 +492,8 @@ ClauseSymbolic *EnvironmentParser::parseSymbolicCharacters() {
   return complete(clause);
 }
 
-/// Whether names follow that have integers behind them. An environment-name clause begins with a
-/// name too, but has none.
+/// Whether names are next that integers follow. An environment-name clause begins with a name too,
+/// but has none.
 bool EnvironmentParser::atSymbolicPhrase() {
   unsigned names = 0;
   while (names + 1 < TokenStream::lookAhead && peek(names).isUserWord())
@@ -581,7 +580,7 @@ ClauseCurrency *EnvironmentParser::parseCurrency() {
   return make<ClauseCurrency>(begin, sign, symbol);
 }
 
-/// DECIMAL-POINT IS COMMA, which holds for the numbers behind it.
+/// DECIMAL-POINT IS COMMA, which applies to all numbers after it.
 ClauseDecimalPoint *EnvironmentParser::parseDecimalPoint() {
   SourceRange begin = here();
   accept(Keyword::DecimalPoint);

@@ -78,8 +78,8 @@ bool ExpressionParser::atOperand() {
   return atLiteral() && !atProcedureHeader();
 }
 
-/// A word of digits and hyphens names nothing but procedures. As an operand it is a number that
-/// went wrong, for the checks to tell.
+/// A word of digits and hyphens can only name a procedure. As an operand it is a malformed number,
+/// which the checker reports.
 static bool isNumberGoneWrong(const Token &token) {
   return token.isWord() && llvm::isDigit(token.text.front()) &&
          llvm::all_of(token.text, [](char c) { return llvm::isDigit(c) || c == '-'; });
@@ -137,7 +137,7 @@ DataIdentifierExpression *ExpressionParser::parseDataIdentifier(llvm::StringRef 
   return make<DataIdentifierExpression>(name->getRange(), name, subscripts, reference);
 }
 
-/// A parenthesis behind a comma is the next operand of a list, as in MAX (A, (B + C)).
+/// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
 bool ExpressionParser::atModifier() {
   return at(TokenKind::LParen) && !peek().isAfterComma();
 }
@@ -151,7 +151,7 @@ bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
     if (level.isTooDeep())
       return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
     stream.skip();
-    // Only the colon behind the first expression tells what the parentheses hold.
+    // Only the colon after the first expression shows what the parentheses hold.
     Expression *first = nullptr;
     if (!at(TokenKind::Colon) && !(first = parseSubscript()))
       return false;
@@ -220,7 +220,7 @@ bool ExpressionParser::atNextSubscript(const Expression &subscript) {
   return true;
 }
 
-/// With the colon next. A missing position is for the checker to tell.
+/// With the colon next. The checker reports a missing position.
 ReferenceModifier *ExpressionParser::parseReferenceModifier(const SourceRange &begin,
                                                             Expression *position) {
   accept(TokenKind::Colon);
@@ -311,8 +311,8 @@ IdentifierExpression *ExpressionParser::parseAddressOrLength() {
 //===----------------------------------------------------------------------===//
 
 /// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it. Where
-/// such a name is a reserved word, its arguments tell the function: LENGTH (A), LENGTH OF A. RANDOM
-/// needs none, and is nothing else where an operand stands.
+/// such a name is a reserved word, it is the function only before arguments: LENGTH (A), but not
+/// LENGTH OF A. RANDOM needs no arguments, and can be nothing else where an operand stands.
 bool ExpressionParser::atFunction() {
   const Token &token = peek();
   if (token.is(Keyword::Function))
@@ -361,12 +361,12 @@ FunctionIdentifierExpression *ExpressionParser::parseFunction() {
   return call;
 }
 
-/// The arguments up to and with the closing parenthesis. Behind the name of a function that has no
-/// arguments the parentheses may hold a reference modifier instead.
+/// The arguments up to and with the closing parenthesis. After the name of a function without
+/// arguments, the parentheses may hold a reference modifier instead.
 bool ExpressionParser::parseFunctionArguments(FunctionIdentifierExpression &call,
                                               const SourceRange &open) {
   while (!accept(TokenKind::RParen)) {
-    // TRIM says with a word which side it trims.
+    // TRIM takes a word for the side to trim.
     if (at(Keyword::Leading, Keyword::Trailing) && !call.getArgKeyword()) {
       call.setArgKeyword(takeWord());
       continue;
@@ -434,7 +434,7 @@ Expression *ExpressionParser::parseArithmeticExpression() {
 Expression *ExpressionParser::continueArithmetic(Expression *first, const SourceRange &begin,
                                                  bool isSubscript) {
   Expression *sum = parseProduct(first, begin);
-  // In a list, a sign behind a comma belongs to the next operand: MAX (A, -1).
+  // In a list, a sign after a comma belongs to the next operand: MAX (A, -1).
   while (sum && at(TokenKind::Plus, TokenKind::Minus) && !peek().isAfterComma() &&
          !(isSubscript && atNextSubscript(*sum))) {
     ArithmeticExprType op = operatorOf(peek().kind);

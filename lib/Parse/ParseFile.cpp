@@ -111,8 +111,8 @@ bool FileSectionParser::parseFileClause(FileDescription &file) {
   }
 }
 
-/// A data-name. A function or a register, which is none, is read as well: the checker tells that it
-/// will not do.
+/// A data-name. A function or a register is parsed as well: the checker reports that it will not
+/// do.
 IdentifierExpression *FileSectionParser::parseItemName(llvm::StringRef what) {
   return peek().isUserWord() ? parseDataName(what) : parseIdentifier(what);
 }

@@ -123,7 +123,7 @@ bool FileControlParser::parseSelectClause(ParaFileControl &file) {
   }
 }
 
-/// Whether a word behind an assignment-name is no further one but the keyword of a clause misspelt:
+/// Whether a word after an assignment-name is not another one but a misspelt keyword of a clause:
 /// IS follows it, or it comes near to a long keyword. Short words come near to each other too
 /// often.
 bool FileControlParser::atMisspeltSelectClause() {
@@ -258,7 +258,7 @@ ClauseStatus *FileControlParser::parseFileStatus() {
   if (!first)
     return nullptr;
   DataIdentifierExpression *second = nullptr;
-  // A name with IS behind it is a clause whose keyword is misspelt.
+  // A name before IS is a clause with a misspelt keyword.
   if (peek().isUserWord() && !peek(1).is(Keyword::Is)) {
     second = parseDataName();
     if (!second)
@@ -370,7 +370,7 @@ bool FileControlParser::parseIOControlClause(InputOutputSection &section) {
     break;
   case Keyword::Apply:
     if (!peek(1).is(Keyword::WriteOnly) && peek(1).isWord()) {
-      // The other techniques only told the access methods of their time where to save time.
+      // The other techniques were hints for access methods of the past.
       error(DiagnosticId::NoEffect, here(), "APPLY " + peek(1).spelling.str());
       stream.skip();
       skipToClause(ioControlClauses);

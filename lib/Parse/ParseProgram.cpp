@@ -54,8 +54,7 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
   return program;
 }
 
-/// A class or a function of the programmer's, which are not supported: it goes whole, up to its
-/// END.
+/// A class or user-defined function, which is not supported, is skipped up to its END.
 bool ProgramParser::skipClassOrFunction() {
   unsigned n = !peek(1).is(Keyword::Division) ? 0 : peek(2).is(TokenKind::Period) ? 3 : 2;
   const Token header = peek(n);
@@ -74,7 +73,7 @@ bool ProgramParser::skipClassOrFunction() {
 //===----------------------------------------------------------------------===//
 
 /// Programs nested in this one follow its procedure division; END PROGRAM, which a program that is
-/// the last of a file may leave out, says where the program ends.
+/// the last of a file may leave out, ends the program.
 SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   SourceRange begin = here();
   Depth level(*this);
@@ -113,7 +112,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
       parseSourceUnit(current);
       continue;
     }
-    // A division out of its order; the text up to the next boundary is told once.
+    // A division out of its order; the text up to the next boundary is reported once.
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
     stream.skip();
     while (!atUnitBoundary())
@@ -138,7 +137,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
   } else {
     error(DiagnosticId::Expected, here(), "END PROGRAM",
           (describe(peek()) + " " + describe(peek(1))));
-    // What stands before the name.
+    // Skip what comes before the name.
     do
       stream.skip();
     while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
@@ -195,7 +194,7 @@ ProgramIdParagraph *ProgramParser::parseProgramId() {
   bool isHeader = accept(Keyword::ProgramId);
   if (!isHeader) {
     expected("PROGRAM-ID");
-    // A word that stands there as a header is that one misspelt.
+    // A word in the place of the header is a misspelt PROGRAM-ID.
     isHeader = peek().isWord() && peek(1).is(TokenKind::Period) && !atUnitBoundary() &&
                !atCommentParagraph();
     if (isHeader)

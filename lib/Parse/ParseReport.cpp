@@ -218,7 +218,7 @@ ClausePageLimit *ReportParser::parsePageLimit() {
   acceptAny(Keyword::Is, Keyword::Are);
   auto *clause = makeAt<ClausePageLimit>(begin);
 
-  // The two sizes of the page, told apart by their units. A report group has the level 1.
+  // The two sizes of the page, distinguished by their units. A report group has the level 1.
   auto atReportGroup = [&] { return atLevelNumber() && peek().text.ltrim('0') == "1"; };
   while ((atNumericLiteral() && !atReportGroup()) || atNameIn(reportClauses)) {
     Expression *number = parseNumberOrDataName("a number of lines");
@@ -241,7 +241,7 @@ ClausePageLimit *ReportParser::parsePageLimit() {
   return complete(clause);
 }
 
-/// One line of the page that PAGE LIMIT gives a meaning to.
+/// One line number of PAGE LIMIT.
 bool ReportParser::parsePageRegion(ClausePageLimit &page) {
   using Page = ClausePageLimit;
   SourceRange begin = here();

@@ -187,7 +187,7 @@ bool ReportParser::parseTypeControls(ClauseType &type) {
 // LINE, COLUMN, NEXT GROUP
 //===----------------------------------------------------------------------===//
 
-/// [PLUS | +], which makes the number behind it a relative one.
+/// [PLUS | +], which makes the number after it relative.
 bool ReportParser::acceptPlus() {
   return acceptAny(Keyword::Plus, TokenKind::Plus);
 }
@@ -416,7 +416,7 @@ template <typename Owner> static bool hasContents(const Owner &owner) {
     return owner.getSourceClause() || owner.getReportValueClause() || owner.getFunctionClause();
 }
 
-/// Gives what the entry shows to the choice that the condition behind it makes.
+/// Moves what the entry shows to the choice that the condition after it makes.
 static void moveContents(ReportDataDescription &entry, PresentContents &choice) {
   choice.setSource(entry.getSourceClause());
   choice.setValue(entry.getReportValueClause());
@@ -464,7 +464,7 @@ ClauseSource *ReportParser::parseSource() {
     if (!operand)
       return nullptr;
     clause->addSourceExpr(operand);
-    // An entry with SOURCE has no SUM clause, so SUM behind it is one more operand.
+    // An entry with SOURCE has no SUM clause, so SUM after it is another operand.
   } while (at(Keyword::Sum) || (atLiteral() ? !atLevelNumber() : atNameIn(groupClauses)));
   clause->setRounded(accept(Keyword::Rounded));
   return complete(clause);

@@ -56,7 +56,7 @@ void SuppliedParser::supplyCommunicationAreas() {
     supplyRecords("DLZDIB", StorageType::WorkingStorage);
 }
 
-/// Reads the records in \p text, which stands in memory under the name \p file.
+/// Parses the records in \p text, which is kept in memory under the name \p file.
 void SuppliedParser::readRecords(llvm::StringRef file, llvm::StringRef text, StorageType storage,
                                  AddRecord add) {
   SourceManager files(context.options);
@@ -93,7 +93,7 @@ bool SuppliedParser::atSqlType() {
 }
 
 /// What follows the name of a host variable of \p type in its place, where $ stands for the name
-/// and # for the size; empty for what is no type.
+/// and # for the size; empty for an unknown type.
 static llvm::StringRef declarationOf(llvm::StringRef type) {
   constexpr llvm::StringLiteral locator = " PIC S9(9) COMP-5.";
   constexpr llvm::StringLiteral characters = ". 49 $-LENGTH PIC S9(9) COMP-5. 49 $-DATA PIC X(#).";
@@ -113,7 +113,7 @@ static llvm::StringRef declarationOf(llvm::StringRef type) {
       .Default("");
 }
 
-/// The size in a type: digits, and K, M or G for a multiple; 0 for what is none.
+/// The size in a type: digits, and K, M or G for a multiple; 0 when it is not a size.
 static uint64_t sizeOf(llvm::StringRef text) {
   uint64_t size = 0;
   if (text.consumeInteger(10, size))
@@ -132,7 +132,7 @@ bool SuppliedParser::parseSqlType(DataDescription &entry) {
   accept(Keyword::Sql);
   accept(Keyword::Type);
   accept(Keyword::Is);
-  // The last word that is known tells: XML AS CLOB, BINARY LARGE OBJECT, TABLE ... AS LOCATOR.
+  // The last known word decides: XML AS CLOB, BINARY LARGE OBJECT, TABLE ... AS LOCATOR.
   SourceRange place = here();
   llvm::StringRef declaration;
   uint64_t size = 1;

@@ -59,7 +59,7 @@ void ParserBase::skipPastPeriod() {
       stream.skip();
 }
 
-/// Takes the tokens up to the next space or separator period, and gives their text.
+/// Takes the tokens up to the next space or separator period, and returns their text.
 std::string ParserBase::takeRun() {
   std::string run = peek().spelling.str();
   SourceRange last = here();
@@ -73,7 +73,7 @@ std::string ParserBase::takeRun() {
   for (; clings(peek(), last); stream.skip()) {
     if (at(TokenKind::Period) && !clings(peek(1), here()))
       break;
-    // The comma between two tokens is no token.
+    // A separator comma is not a token.
     if (peek().isAfterComma())
       run += ',';
     run += peek().spelling;
@@ -128,7 +128,7 @@ QualifiedWord *ParserBase::parseProcedureName() {
   if (!name)
     return nullptr;
   std::list<Word *> names{name};
-  // More than one qualifier is none of the language, but the checker has the message for it.
+  // The language allows one qualifier; the checker reports more.
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *section = parseProcedureWord();
     if (!section)
@@ -246,7 +246,7 @@ LiteralExpression *ParserBase::parseLiteral() {
 // Misspelt keywords
 //===----------------------------------------------------------------------===//
 
-// What joins the operands of a statement before it with those behind it.
+// The words between the operands of a statement.
 static constexpr Keyword joints[] = {Keyword::By,       Keyword::Delimited, Keyword::From,
                                      Keyword::Giving,   Keyword::Into,      Keyword::Replacing,
                                      Keyword::Tallying, Keyword::To,        Keyword::Until,

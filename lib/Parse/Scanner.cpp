@@ -149,7 +149,7 @@ void Scanner::scanNumber(Token &token, const char *begin) {
       skipDigits();
     }
   }
-  // What clings to the number belongs to it, though it is no number then: the checks say so.
+  // What touches the number belongs to it; the checker reports that it is not a number then.
   while (cursor < textEnd && isWordCharacter(*cursor))
     ++cursor;
   while (cursor[-1] == '-')
