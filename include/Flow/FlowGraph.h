@@ -189,8 +189,14 @@ public:
   /// The paragraphs and sections in the order of the text, declaratives first.
   llvm::MutableArrayRef<FlowProcedure> procedures() const;
   std::uint32_t firstProcedure() const { return procedureBegin; }
-  /// Whether somebody can call the program: it is an outermost one, or a reached CALL names it.
-  bool isReached() const { return getStart()->isReached(); }
+  /// Whether the program can run: it is an outermost one, or a CALL that is reached may be of it. For
+  /// another one the nodes tell what would be reached if it were called.
+  bool isCalled() const { return called; }
+
+  /// Whether control can come to \p block, one of the function; it may hold no node.
+  bool isReached(const CFGBlock &block) const;
+  /// Whether control can fall from the end of \p block into the block that stands behind it.
+  bool fallsThrough(const CFGBlock &block) const;
 
 private:
   friend class FlowBuilder;
@@ -200,8 +206,11 @@ private:
   const CFGFunc *function;
   SourceUnit *unit;
   bool report;
+  bool called = false;
   std::uint32_t nodeBegin = 0, nodeEnd = 0;
   std::uint32_t procedureBegin = 0, procedureEnd = 0;
+  /// By the places of blocks.
+  std::vector<bool> reachedBlocks, fallingBlocks;
 };
 
 /// The flow graphs of a compilation.

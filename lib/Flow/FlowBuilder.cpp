@@ -143,6 +143,7 @@ std::uint32_t FlowBuilder::addNode(FlowNodeKind kind, const CFGBlock *block,
     std::uint32_t &first = plan->firstNode[static_cast<std::size_t>(block->getPlace())];
     if (first == noFlow)
       first = number;
+    plan->lastNode[static_cast<std::size_t>(block->getPlace())] = number;
   }
   return number;
 }
@@ -233,6 +234,7 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
     entries[entry->getEntryBlock()] = entry;
 
   made.firstNode.assign(made.blocks.size(), noFlow);
+  made.lastNode.assign(made.blocks.size(), noFlow);
   made.pieceOfBlock.assign(made.blocks.size(), noFlow);
   made.graph->nodeBegin = static_cast<std::uint32_t>(flow.nodeList.size());
   conditionHandlers = aidHandlers = abendHandlers = {};
@@ -314,8 +316,13 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       continue;
     FlowNodeKind kind = FlowNodeKind::Statement;
     switch (statement->getType()) {
+    case StatementType::InnerExit: {
+      auto *exit = llvm::cast<InnerExitStatement>(statement);
+      if (!exit->getPerformStmt())
+        plan->exitOf[procedureOf(exit->getSection(), exit->getParagraph())] = block;
+      continue;
+    }
     case StatementType::InnerBranch:
-    case StatementType::InnerExit:
     case StatementType::InnerRegisterException:
       continue;
     case StatementType::InnerWhen:
@@ -343,12 +350,6 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       break;
     case StatementType::XmlParse:
       currentXmlParse = statement;
-      break;
-    case StatementType::Alter:
-      for (AlterItem *item : llvm::cast<AlterStatement>(statement)->getAlterListElements())
-        if (item->getSrcParagraph())
-          altered[item->getSrcParagraph()].push_back(
-              procedureOf(item->getDstSection(), item->getDstParagraph()));
       break;
     case StatementType::Exec:
       noteHandlers(*llvm::cast<ExecStatement>(statement));
@@ -477,8 +478,22 @@ std::uint32_t FlowBuilder::rangeOf(std::uint32_t begin, std::uint32_t end, FlowG
   return static_cast<std::uint32_t>(flow.rangeList.size() - 1);
 }
 
+/// Simply going on at the exit is leaving the program, and at a procedure falling into it.
+void FlowBuilder::addEdge(std::uint32_t from, std::uint32_t to, FlowEdgeKind kind) {
+  if (from == noFlow || to == noFlow)
+    return;
+  if (kind == FlowEdgeKind::Next && flow.nodeList[to].kind == FlowNodeKind::Exit)
+    kind = FlowEdgeKind::Leave;
+  else if (kind == FlowEdgeKind::Next && flow.nodeList[to].kind == FlowNodeKind::Procedure &&
+           flow.nodeList[from].kind != FlowNodeKind::Start)
+    kind = FlowEdgeKind::FallsInto;
+  flow.edgeList.push_back({from, to, kind});
+}
+
 void FlowBuilder::addSite(std::uint32_t node, std::uint32_t range, std::uint32_t returnsTo,
-                          FlowEdgeKind into, FlowEdgeKind back) {
+                          FlowEdgeKind into, FlowEdgeKind back, const CFGBlock *block) {
+  if (block)
+    plan->sitesInto.push_back({static_cast<std::uint32_t>(sites.size()), block});
   sites.push_back({node, range, returnsTo, into, back, firstSite[node]});
   firstSite[node] = static_cast<std::uint32_t>(sites.size() - 1);
 }

@@ -45,9 +45,15 @@ struct FunctionPlan {
   const CFGGraph *body = nullptr;
   std::vector<const CFGBlock *> blocks;
   /// The first node of a block; noFlow where it has none.
-  std::vector<std::uint32_t> firstNode;
+  std::vector<std::uint32_t> firstNode, lastNode;
   /// The node that control comes to when it enters a block, where that is known already.
   std::vector<std::uint32_t> resolved;
+  /// The block that control goes on to from a block without a node; null where there is none.
+  std::vector<const CFGBlock *> passesTo;
+  /// The blocks that edges and sites lead to by way of others.
+  std::vector<std::pair<std::uint32_t, const CFGBlock *>> edgesInto, sitesInto;
+  std::vector<std::pair<std::uint32_t, const CFGBlock *>> fallsInto; ///< by procedure
+  llvm::DenseMap<std::uint32_t, const CFGBlock *> exitOf;            ///< by procedure
   std::vector<std::uint32_t> pieceOfBlock;
   UseProcedures use;
   /// Sections that the run time system enters: USE of labels and for debugging.
@@ -94,7 +100,7 @@ private:
   void linkLoopTest(const CFGBlock *block, std::uint32_t node);
   void linkXmlDecision(const CFGBlock *block, std::uint32_t node);
   static bool endsInExit(const CFGBlock *block);
-  std::uint32_t resolveExit(const CFGBlock *block);
+  std::uint32_t resolveExit(std::uint32_t node, const CFGBlock *block);
   void linkGoTo(const CFGBlock *block, std::uint32_t node, const GotoStatement &jump);
   void linkPerform(const CFGBlock *block, std::uint32_t node, const PerformStatement &perform);
   void linkInlinePerform(const CFGBlock *block, std::uint32_t node,
@@ -108,20 +114,26 @@ private:
   void linkExitProgram(const CFGBlock *block, std::uint32_t node);
 
   std::uint32_t resolve(const CFGBlock *block);
-  std::uint32_t fall(const CFGBlock *block, const CFGBlock *&next) const;
-  std::uint32_t wayOn(const CFGBlock *block);
+  /// An edge to the node that \p block leads to.
+  void link(std::uint32_t from, const CFGBlock *block, FlowEdgeKind kind) {
+    plan->edgesInto.push_back({from, block});
+    addEdge(from, resolve(block), kind);
+  }
+  std::uint32_t fall(const CFGBlock *block, const CFGBlock *&next) const {
+    return fallOf(*plan, block, next);
+  }
+  std::uint32_t fallOf(const FunctionPlan &of, const CFGBlock *block, const CFGBlock *&next) const;
+  const CFGBlock *following(const CFGBlock *block) const;
+  std::uint32_t wayOn(std::uint32_t node, const CFGBlock *block);
   std::uint32_t exitNode() const { return plan->graph->nodeEnd - 1; }
   std::uint32_t endOf(const Section *section, const Paragraph *paragraph) const;
   std::uint32_t entryOf(const Section *section, const Paragraph *paragraph) const;
   std::uint32_t procedureOf(const Section *section, const Paragraph *paragraph) const;
   std::uint32_t findProcedure(llvm::StringRef name) const;
   std::uint32_t rangeOf(std::uint32_t begin, std::uint32_t end, FlowGraph *graph);
-  void addEdge(std::uint32_t from, std::uint32_t to, FlowEdgeKind kind) {
-    if (from != noFlow && to != noFlow)
-      flow.edgeList.push_back({from, to, kind});
-  }
+  void addEdge(std::uint32_t from, std::uint32_t to, FlowEdgeKind kind);
   void addSite(std::uint32_t node, std::uint32_t range, std::uint32_t returnsTo, FlowEdgeKind into,
-               FlowEdgeKind back);
+               FlowEdgeKind back, const CFGBlock *block = nullptr);
   FunctionPlan *findCallable(llvm::StringRef name);
   llvm::SmallVector<std::uint32_t, 4> useSectionsFor(const FileDescription *file,
                                                      bool &isSpecific) const;
@@ -140,8 +152,8 @@ private:
   llvm::DenseMap<std::uint64_t, std::uint32_t> rangeNumbers;
   std::vector<FlowSite> sites;
   std::vector<std::uint32_t> firstSite; ///< by node
-  /// Where the ALTER statements send the GO TO of a paragraph.
-  llvm::DenseMap<const Paragraph *, llvm::SmallVector<std::uint32_t, 2>> altered;
+  /// The GO TO that ALTER of a paragraph sends elsewhere.
+  llvm::DenseMap<const Paragraph *, std::uint32_t> alterable;
 
   std::size_t linkedFunctions = 0;
 
@@ -217,15 +229,19 @@ private:
   void process(std::uint32_t node);
   void enterSite(std::uint32_t number);
   void callWhatIsHeld(std::uint32_t node);
+  void alter(const AlterStatement &statement);
   void leave(FlowGraph &graph);
   void atEnd(std::uint32_t context, std::uint32_t procedure);
   void complete(std::uint32_t range);
   void start(std::uint32_t range);
   void drain();
+  void drainAll();
   bool completeThroughOthers();
   bool isWithin(std::uint32_t outer, llvm::ArrayRef<std::uint32_t> inner);
   llvm::SmallVector<std::uint32_t> performedIn(std::uint32_t range);
   void addEdges();
+  void markBlocks(FunctionPlan &plan);
+  bool endsRun(std::uint32_t node) const;
   void findRecursion();
 
   FlowBuilder &builder;
@@ -245,6 +261,8 @@ private:
   std::vector<llvm::SmallVector<std::uint32_t, 1>> endingAt; ///< ranges, by procedure
   std::vector<llvm::SmallVector<std::uint32_t, 1>> sitesOfPiece; ///< ranges, by piece
   llvm::DenseSet<const SourceUnit *> heldCalls;
+  /// Where the ALTER statements that are reached send a GO TO.
+  llvm::DenseMap<std::uint32_t, llvm::SmallVector<std::uint32_t, 2>> altered;
 };
 
 } // namespace tarka

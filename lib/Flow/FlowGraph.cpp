@@ -4,7 +4,7 @@
 #include "AST/Condition.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "AST/StatementNames.h"
+#include "AST/KindNames.h"
 #include "Analyzer/CFG.h"
 #include "llvm/Support/raw_ostream.h"
 
@@ -131,6 +131,14 @@ llvm::MutableArrayRef<FlowNode> FlowGraph::nodes() const {
 llvm::MutableArrayRef<FlowProcedure> FlowGraph::procedures() const {
   return llvm::MutableArrayRef(module->procedureList)
       .slice(procedureBegin, procedureEnd - procedureBegin);
+}
+
+bool FlowGraph::isReached(const CFGBlock &block) const {
+  return reachedBlocks[static_cast<std::size_t>(block.getPlace())];
+}
+
+bool FlowGraph::fallsThrough(const CFGBlock &block) const {
+  return fallingBlocks[static_cast<std::size_t>(block.getPlace())];
 }
 
 FlowGraph *FlowModule::graphOf(const CFGFunc &function) const {

@@ -18,19 +18,20 @@ namespace tarka {
 
 /// Where control goes that falls off \p block, the last one of a chain: a node, or a block that is
 /// left in \p next.
-std::uint32_t FlowBuilder::fall(const CFGBlock *block, const CFGBlock *&next) const {
+std::uint32_t FlowBuilder::fallOf(const FunctionPlan &of, const CFGBlock *block,
+                                 const CFGBlock *&next) const {
   const auto place = static_cast<std::size_t>(block->getPlace());
-  const CFGBlock *following = place + 1 < plan->blocks.size() ? plan->blocks[place + 1] : nullptr;
-  const std::uint32_t piece = plan->pieceOfBlock[place];
+  const CFGBlock *following = place + 1 < of.blocks.size() ? of.blocks[place + 1] : nullptr;
+  const std::uint32_t piece = of.pieceOfBlock[place];
   const std::uint32_t procedure = pieces[piece].procedure;
-  const std::uint32_t followingPiece = following ? plan->pieceOfBlock[place + 1] : noFlow;
+  const std::uint32_t followingPiece = following ? of.pieceOfBlock[place + 1] : noFlow;
   if (following && followingPiece == piece) {
     next = following;
     return noFlow;
   }
   if (procedure == noFlow) {
     next = following;
-    return following || plan->graph->report ? noFlow : exitNode();
+    return following || of.graph->report ? noFlow : of.graph->nodeEnd - 1;
   }
   // The sentences in front of the first paragraph of a section go on in that paragraph.
   if (flow.procedureList[procedure].section && following) {
@@ -71,6 +72,7 @@ std::uint32_t FlowBuilder::resolve(const CFGBlock *block) {
     }
     if (node != noFlow)
       break;
+    plan->passesTo[place] = next;
     block = next;
   }
   for (std::size_t place : passed)
@@ -78,21 +80,29 @@ std::uint32_t FlowBuilder::resolve(const CFGBlock *block) {
   return node;
 }
 
+/// The block that was made after \p block for the statements behind it. Where a body begins, the
+/// block at which the loop is controlled stands in between.
+const CFGBlock *FlowBuilder::following(const CFGBlock *block) const {
+  auto place = static_cast<std::size_t>(block->getPlace()) + 1;
+  if (place < plan->blocks.size() && loopOfBlock.contains(plan->blocks[place]))
+    ++place;
+  return place < plan->blocks.size() ? plan->blocks[place] : nullptr;
+}
+
 /// Where control goes on behind the last statement of \p block, which ends in no transfer.
-std::uint32_t FlowBuilder::wayOn(const CFGBlock *block) {
+std::uint32_t FlowBuilder::wayOn(std::uint32_t node, const CFGBlock *block) {
   // An ENTRY in the first block of an inline PERFORM: the successor that led to it is replaced.
-  const auto place = static_cast<std::size_t>(block->getPlace());
-  if (place + 1 < plan->blocks.size()) {
-    const std::uint32_t following = plan->firstNode[place + 1];
-    if (following != noFlow &&
-        flow.nodeList[following].getKind() == FlowNodeKind::Entry)
-      return following;
+  if (const CFGBlock *behind = following(block)) {
+    const std::uint32_t first = plan->firstNode[static_cast<std::size_t>(behind->getPlace())];
+    if (first != noFlow && flow.nodeList[first].getKind() == FlowNodeKind::Entry)
+      return first;
   }
-  if (const CFGBlock *successor = block->getSuccessorBlock())
-    return resolve(successor);
-  const CFGBlock *next = nullptr;
-  const std::uint32_t node = fall(block, next);
-  return next ? resolve(next) : node;
+  const CFGBlock *next = block->getSuccessorBlock();
+  const std::uint32_t end = next ? noFlow : fall(block, next);
+  if (!next)
+    return end;
+  plan->edgesInto.push_back({node, next});
+  return resolve(next);
 }
 
 //===----------------------------------------------------------------------===//
@@ -102,6 +112,7 @@ std::uint32_t FlowBuilder::wayOn(const CFGBlock *block) {
 void FlowBuilder::makeEdges(FunctionPlan &linked) {
   plan = &linked;
   plan->resolved.assign(plan->blocks.size(), noFlow);
+  plan->passesTo.assign(plan->blocks.size(), nullptr);
   const std::size_t number = linkedFunctions++;
   conditionHandlers.hub = handlersOf[number][0];
   aidHandlers.hub = handlersOf[number][1];
@@ -109,15 +120,17 @@ void FlowBuilder::makeEdges(FunctionPlan &linked) {
   std::fill(std::begin(whenever), std::end(whenever), noFlow);
 
   if (!plan->graph->report)
-    addEdge(plan->graph->nodeBegin, resolve(plan->blocks.front()), FlowEdgeKind::Next);
+    link(plan->graph->nodeBegin, plan->blocks.front(), FlowEdgeKind::Next);
   for (const CFGEntry *entry : plan->graph->function->getEntryList())
-    addEdge(plan->graph->nodeBegin, resolve(entry->getEntryBlock()), FlowEdgeKind::Entry);
+    link(plan->graph->nodeBegin, entry->getEntryBlock(), FlowEdgeKind::Entry);
   for (const CFGBlock *block : plan->blocks)
     linkBlock(block);
 
   // What follows the end of a procedure.
   for (const auto &[procedure, block] : closedByOf[number]) {
     FlowProcedure &closed = flow.procedureList[procedure];
+    if (block)
+      plan->fallsInto.push_back({procedure, block});
     if (closed.fallsTo != noFlow)
       continue;
     if (closed.isDeclarative) {
@@ -138,9 +151,7 @@ void FlowBuilder::linkBlock(const CFGBlock *block) {
   if (node == noFlow)
     return;
   // The nodes of a block are numbered in their order.
-  std::uint32_t last = node;
-  while (last + 1 < plan->graph->nodeEnd && flow.nodeList[last + 1].block == block)
-    ++last;
+  const std::uint32_t last = plan->lastNode[static_cast<std::size_t>(block->getPlace())];
   const bool isTransfer = block->getHaveTerminator();
   for (; node < last; ++node) {
     const FlowNodeKind kind = flow.nodeList[node].kind;
@@ -156,10 +167,10 @@ void FlowBuilder::linkBlock(const CFGBlock *block) {
   if (kind == FlowNodeKind::Step && block->getElements().empty())
     return linkXmlDecision(block, last);
   if (kind == FlowNodeKind::Procedure || kind == FlowNodeKind::Entry)
-    return addEdge(last, endsInExit(block) ? resolveExit(block) : wayOn(block), FlowEdgeKind::Next);
+    return addEdge(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block), FlowEdgeKind::Next);
   if (isTransfer && !endsInExit(block))
     return linkTerminator(block, last);
-  linkElement(last, endsInExit(block) ? resolveExit(block) : wayOn(block));
+  linkElement(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block));
 }
 
 /// Whether the end of an inline PERFORM's body, or of a procedure, is the last element of \p block.
@@ -169,10 +180,12 @@ bool FlowBuilder::endsInExit(const CFGBlock *block) {
   return statement && statement->getType() == StatementType::InnerExit;
 }
 
-std::uint32_t FlowBuilder::resolveExit(const CFGBlock *block) {
+std::uint32_t FlowBuilder::resolveExit(std::uint32_t node, const CFGBlock *block) {
   auto *exit = llvm::cast<InnerExitStatement>(block->getElements().back()->getStmt());
-  if (const PerformStatement *perform = exit->getPerformStmt())
+  if (const PerformStatement *perform = exit->getPerformStmt()) {
+    plan->edgesInto.push_back({node, returnOfPerform.lookup(perform)});
     return resolve(returnOfPerform.lookup(perform));
+  }
   return endOf(exit->getSection(), exit->getParagraph());
 }
 
@@ -210,7 +223,7 @@ void FlowBuilder::linkElement(std::uint32_t node, std::uint32_t next) {
 
 void FlowBuilder::linkNextSentence(std::uint32_t node, const NextSentenceStatement &statement) {
   if (const CFGBlock *sentence = statement.getSentenceBlock())
-    addEdge(node, resolve(sentence->getNextBlock()), FlowEdgeKind::Next);
+    link(node, sentence->getNextBlock(), FlowEdgeKind::Next);
 }
 
 void FlowBuilder::linkExec(std::uint32_t node, const ExecStatement &exec, std::uint32_t next) {
@@ -330,17 +343,16 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
   switch (statement.getType()) {
   case StatementType::If:
   case StatementType::On:
-    addEdge(node, resolve(block->getThenBlock()), FlowEdgeKind::True);
-    return addEdge(node,
-                   resolve(block->getElseBlock() ? block->getElseBlock() : block->getEndBlock()),
-                   FlowEdgeKind::False);
+    link(node, block->getThenBlock(), FlowEdgeKind::True);
+    return link(node, block->getElseBlock() ? block->getElseBlock() : block->getEndBlock(),
+                FlowEdgeKind::False);
   case StatementType::InnerWhen:
     if (llvm::cast<InnerWhenStatement>(statement).getType() == EvalWhenType::Other)
-      return addEdge(node, resolve(block->getThenBlock()), FlowEdgeKind::Otherwise);
+      return link(node, block->getThenBlock(), FlowEdgeKind::Otherwise);
     [[fallthrough]];
   case StatementType::InnerSearchWhen:
-    addEdge(node, resolve(block->getThenBlock()), FlowEdgeKind::When);
-    return addEdge(node, resolve(block->getElseBlock()), FlowEdgeKind::False);
+    link(node, block->getThenBlock(), FlowEdgeKind::When);
+    return link(node, block->getElseBlock(), FlowEdgeKind::False);
   case StatementType::Goto:
     return linkGoTo(block, node, llvm::cast<GotoStatement>(statement));
   case StatementType::Goback:
@@ -351,10 +363,9 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
     return linkNextSentence(node, llvm::cast<NextSentenceStatement>(statement));
   case StatementType::ExitParagraph:
   case StatementType::ExitSection:
-    return addEdge(node, resolve(block->getAfterBlock()), FlowEdgeKind::Next);
+    return link(node, block->getAfterBlock(), FlowEdgeKind::Next);
   case StatementType::ExitPerform:
-    return addEdge(node, resolve(llvm::cast<ExitPerformStatement>(statement).getAfterBlock()),
-                   FlowEdgeKind::Next);
+    return link(node, llvm::cast<ExitPerformStatement>(statement).getAfterBlock(), FlowEdgeKind::Next);
   case StatementType::Perform: {
     auto &perform = llvm::cast<PerformStatement>(statement);
     if (perform.getInlineStatementsSize())
@@ -365,13 +376,12 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
     return linkCall(block, node, llvm::cast<CallStatement>(statement));
   case StatementType::Search:
   case StatementType::XmlParse:
-    return addEdge(node, resolve(block->getThenBlock()), FlowEdgeKind::Next);
+    return link(node, block->getThenBlock(), FlowEdgeKind::Next);
   case StatementType::Sort:
   case StatementType::Merge: {
     const CFGBlock *first = block->getThenBlock() ? block->getThenBlock() : block->getElseBlock();
-    const std::uint32_t next = resolve(first);
-    addEdge(node, next, FlowEdgeKind::Next);
-    return linkUse(node, statement, next);
+    link(node, first, FlowEdgeKind::Next);
+    return linkUse(node, statement, resolve(first));
   }
   default:
     return linkPhrases(block, node, statement);
@@ -383,9 +393,9 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
 void FlowBuilder::linkExitProgram(const CFGBlock *block, std::uint32_t node) {
   addEdge(node, exitNode(), FlowEdgeKind::Leave);
   const SourceUnit *unit = plan->graph->unit;
-  const auto following = static_cast<std::size_t>(block->getPlace()) + 1;
-  if (unit && !unit->isNested() && following < plan->blocks.size())
-    addEdge(node, resolve(plan->blocks[following]), FlowEdgeKind::Next);
+  const CFGBlock *behind = following(block);
+  if (unit && !unit->isNested() && behind)
+    link(node, behind, FlowEdgeKind::Next);
 }
 
 void FlowBuilder::linkGoTo(const CFGBlock *block, std::uint32_t node, const GotoStatement &jump) {
@@ -395,16 +405,12 @@ void FlowBuilder::linkGoTo(const CFGBlock *block, std::uint32_t node, const Goto
     addEdge(node, entryOf(target->getSection(), target->getParagraph()), kind);
   if (jump.getDependingName()) {
     const CFGBlock *next = block->getEndBlock() ? block->getEndBlock() : block->getSuccessorBlock();
-    return addEdge(node, resolve(next), FlowEdgeKind::Next);
+    return link(node, next, FlowEdgeKind::Next);
   }
   const std::uint32_t procedure = flow.nodeList[node].procedure;
   if (procedure == noFlow || !flow.procedureList[procedure].paragraph)
     return;
-  auto targets = altered.find(flow.procedureList[procedure].paragraph);
-  if (targets != altered.end())
-    for (std::uint32_t target : targets->second)
-      if (target != noFlow)
-        addEdge(node, flow.procedureList[target].entry, FlowEdgeKind::Altered);
+  alterable[flow.procedureList[procedure].paragraph] = node;
 }
 
 namespace {
@@ -437,7 +443,8 @@ Repetition repetitionOf(const PerformStatement &perform) {
 
 void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
                               const PerformStatement &perform) {
-  const std::uint32_t after = resolve(block->getAfterBlock());
+  const CFGBlock *afterBlock = block->getAfterBlock();
+  const std::uint32_t after = resolve(afterBlock);
   const PerformProcedure *names = perform.getProcedureName();
   const std::uint32_t begin =
       names ? procedureOf(names->getBeginSection(), names->getBeginParagraph()) : noFlow;
@@ -447,7 +454,7 @@ void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
     end = begin;
   // What the name stands for is not known: go on behind the statement.
   if (begin == noFlow)
-    return addEdge(node, after, FlowEdgeKind::Next);
+    return link(node, afterBlock, FlowEdgeKind::Next);
 
   FlowEdgeKind kind = FlowEdgeKind::Perform;
   llvm::StringRef name = block->getName();
@@ -458,31 +465,29 @@ void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
   const std::uint32_t range = rangeOf(begin, end, plan->graph);
   const Repetition repetition = repetitionOf(perform);
   if (perform.getType() == PerformStmtType::Simple)
-    return addSite(node, range, after, kind, FlowEdgeKind::Return);
+    return addSite(node, range, after, kind, FlowEdgeKind::Return, afterBlock);
 
   const std::uint32_t test = resolve(block->getReturnBlock());
   addSite(node, range, test, kind, FlowEdgeKind::Return);
   if (repetition.maybeNever)
-    addEdge(node, after, FlowEdgeKind::ZeroTimes);
+    link(node, block->getAfterBlock(), FlowEdgeKind::ZeroTimes);
   if (repetition.maybeAgain)
     addSite(test, range, test, FlowEdgeKind::Loop, FlowEdgeKind::Return);
-  addEdge(test, after, FlowEdgeKind::LoopEnd);
+  link(test, block->getAfterBlock(), FlowEdgeKind::LoopEnd);
 }
 
 void FlowBuilder::linkInlinePerform(const CFGBlock *block, std::uint32_t node,
                                     const PerformStatement &perform) {
-  const std::uint32_t body = resolve(block->getInlineBlock());
   if (perform.getType() == PerformStmtType::Simple)
-    return addEdge(node, body, FlowEdgeKind::Next);
-  const std::uint32_t after = resolve(block->getAfterBlock());
+    return link(node, block->getInlineBlock(), FlowEdgeKind::Next);
   const std::uint32_t test = resolve(block->getReturnBlock());
   const Repetition repetition = repetitionOf(perform);
-  addEdge(node, body, FlowEdgeKind::Loop);
+  link(node, block->getInlineBlock(), FlowEdgeKind::Loop);
   if (repetition.maybeNever)
-    addEdge(node, after, FlowEdgeKind::ZeroTimes);
+    link(node, block->getAfterBlock(), FlowEdgeKind::ZeroTimes);
   if (repetition.maybeAgain)
-    addEdge(test, body, FlowEdgeKind::Loop);
-  addEdge(test, after, FlowEdgeKind::LoopEnd);
+    link(test, block->getInlineBlock(), FlowEdgeKind::Loop);
+  link(test, block->getAfterBlock(), FlowEdgeKind::LoopEnd);
 }
 
 /// The test of a SEARCH: the table goes on, or it is exhausted. That of a PERFORM is linked with
@@ -490,23 +495,22 @@ void FlowBuilder::linkInlinePerform(const CFGBlock *block, std::uint32_t node,
 void FlowBuilder::linkLoopTest(const CFGBlock *block, std::uint32_t node) {
   if (flow.nodeList[node].statement->getType() != StatementType::Search)
     return;
-  addEdge(node, resolve(block->getThenBlock()), FlowEdgeKind::Loop);
-  addEdge(node, resolve(block->getElseBlock()), FlowEdgeKind::AtEnd);
+  link(node, block->getThenBlock(), FlowEdgeKind::Loop);
+  link(node, block->getElseBlock(), FlowEdgeKind::AtEnd);
 }
 
 void FlowBuilder::linkXmlDecision(const CFGBlock *block, std::uint32_t node) {
-  const std::uint32_t whenThen = resolve(block->getThenBlock());
-  const std::uint32_t whenElse = resolve(block->getElseBlock());
+  const CFGBlock *whenThen = block->getThenBlock(), *whenElse = block->getElseBlock();
   llvm::StringRef name = block->getName();
   if (name == "tkdummy_xml_parser") {
-    addEdge(node, whenThen, FlowEdgeKind::Loop);
-    addEdge(node, whenElse, FlowEdgeKind::LoopEnd);
+    link(node, whenThen, FlowEdgeKind::Loop);
+    link(node, whenElse, FlowEdgeKind::LoopEnd);
   } else if (name == "tarkka_xml_parse_result_cond") {
-    addEdge(node, whenThen, FlowEdgeKind::Next);
-    addEdge(node, whenElse, FlowEdgeKind::Exception);
+    link(node, whenThen, FlowEdgeKind::Next);
+    link(node, whenElse, FlowEdgeKind::Exception);
   } else {
-    addEdge(node, whenThen, FlowEdgeKind::Exception);
-    addEdge(node, whenElse, FlowEdgeKind::Next);
+    link(node, whenThen, FlowEdgeKind::Exception);
+    link(node, whenElse, FlowEdgeKind::Next);
   }
 }
 
@@ -514,14 +518,14 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
   bool hasException = false, hasNotException = false;
   for (const ExceptionHandler *phrase : call.getExceptHandlerElements())
     (phrase->isNotOn() ? hasNotException : hasException) = true;
-  const std::uint32_t next = resolve(block->getThenBlock()->getSuccessorBlock());
+  const CFGBlock *found = block->getThenBlock()->getSuccessorBlock();
   const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName());
   if (hasException || hasNotException) {
     const CFGBlock *notFound = block->getElseBlock();
     // A literal is looked for in a second place.
     if (notFound->getElseBlock())
       notFound = notFound->getElseBlock();
-    addEdge(node, resolve(notFound->getSuccessorBlock()), FlowEdgeKind::Exception);
+    link(node, notFound->getSuccessorBlock(), FlowEdgeKind::Exception);
   }
 
   FlowCall record;
@@ -540,9 +544,9 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
   }
   flow.callList.push_back(record);
   if (callee)
-    addSite(node, callee->mainRange, next, FlowEdgeKind::Call, FlowEdgeKind::Next);
+    addSite(node, callee->mainRange, resolve(found), FlowEdgeKind::Call, FlowEdgeKind::Next, found);
   else
-    addEdge(node, next, FlowEdgeKind::Next);
+    link(node, found, FlowEdgeKind::Next);
 }
 
 namespace {
@@ -628,10 +632,10 @@ void FlowBuilder::linkPhrases(const CFGBlock *block, std::uint32_t node,
       block->getNotOnSizeBlock() ? block->getNotOnSizeBlock() : block->getElseBlock();
   const std::uint32_t behind = resolve(end);
   if (phrases.hasException && onException)
-    addEdge(node, resolve(onException), phrases.kind);
+    link(node, onException, phrases.kind);
   else if (phrases.hasNot)
-    addEdge(node, behind, phrases.kind);
-  addEdge(node, phrases.hasNot && onNone ? resolve(onNone) : behind, FlowEdgeKind::Next);
+    link(node, end, phrases.kind);
+  link(node, phrases.hasNot && onNone ? onNone : end, FlowEdgeKind::Next);
 
   if (!llvm::isa<FileStatement>(statement) || statement.getType() == StatementType::Return)
     return;
@@ -640,7 +644,7 @@ void FlowBuilder::linkPhrases(const CFGBlock *block, std::uint32_t node,
   if (auto files = filesOf(statement); !files.empty())
     useSectionsFor(files.front(), isSpecific);
   if (phrases.hasException && phrases.hasNot && !isSpecific)
-    addEdge(node, behind, FlowEdgeKind::Exception);
+    link(node, end, FlowEdgeKind::Exception);
   linkUse(node, statement, behind);
 }
 

@@ -16,6 +16,7 @@
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/SCCIterator.h"
+#include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
 
@@ -39,14 +40,20 @@ void FlowReach::run() {
       continue;
     start(plan->mainRange);
   }
-  drain();
-  while (completeThroughOthers())
-    drain();
+  drainAll();
+  for (const auto &plan : builder.plans)
+    plan->graph->called = plan->graph->report || flow.nodeList[plan->graph->nodeBegin].reached;
+  for (const auto &plan : builder.plans)
+    if (!plan->graph->called)
+      start(plan->mainRange);
+  drainAll();
   for (const auto &plan : builder.plans)
     for (std::uint32_t section : plan->reporting)
       if (flow.nodeList[flow.procedureList[section].entry].reached)
         flow.nodeList[plan->graph->nodeBegin].reached = true;
   addEdges();
+  for (const auto &plan : builder.plans)
+    markBlocks(*plan);
   findRecursion();
 }
 
@@ -83,6 +90,14 @@ void FlowReach::start(std::uint32_t range) {
       if (plan->graph == begun.graph)
         for (std::uint32_t section : plan->enteredBySystem)
           start(builder.rangeOf(section, section, plan->graph));
+}
+
+void FlowReach::drainAll() {
+  drain();
+  while (completeThroughOthers()) {
+    drain();
+    sitesOfPiece.clear();
+  }
 }
 
 void FlowReach::drain() {
@@ -172,14 +187,35 @@ void FlowReach::process(std::uint32_t node) {
     for (std::size_t at = 0; at < state[piece].contexts.size(); ++at)
       atEnd(state[piece].contexts[at], procedure);
   }
-  callWhatIsHeld(node);
+  if (auto targets = altered.find(node); targets != altered.end())
+    for (std::uint32_t target : targets->second)
+      goOn(piece, target);
+  if (flow.nodeList[node].kind == FlowNodeKind::Statement) {
+    callWhatIsHeld(node);
+    if (auto *statement = llvm::dyn_cast<AlterStatement>(flow.nodeList[node].statement))
+      alter(*statement);
+  }
+}
+
+/// The GO TO of the paragraphs that are altered goes to the new places from now on.
+void FlowReach::alter(const AlterStatement &statement) {
+  for (const AlterItem *item : statement.getAlterListElements()) {
+    auto jump = builder.alterable.find(item->getSrcParagraph());
+    const std::uint32_t target = builder.entryOf(item->getDstSection(), item->getDstParagraph());
+    if (jump == builder.alterable.end() || target == noFlow)
+      continue;
+    auto &targets = altered[jump->second];
+    if (llvm::is_contained(targets, target))
+      continue;
+    targets.push_back(target);
+    if (flow.nodeList[jump->second].reached)
+      goOn(builder.pieceOf[jump->second], target);
+  }
 }
 
 /// A CALL whose program is not known may be of any program that can be called from there.
 void FlowReach::callWhatIsHeld(std::uint32_t node) {
   const Statement *statement = flow.nodeList[node].statement;
-  if (!statement || flow.nodeList[node].kind != FlowNodeKind::Statement)
-    return;
   const auto *call = llvm::dyn_cast<CallStatement>(statement);
   const bool isHeld =
       call ? !llvm::isa<NonNumericLiteralExpression>(call->getProcedureName())
@@ -335,12 +371,80 @@ void FlowReach::addEdges() {
     if (range.completes && node.reached && site.into != FlowEdgeKind::Loop)
       add(flow.procedureList[range.end].end, site.returnsTo, site.back);
   }
+  for (const auto &[jump, targets] : altered)
+    for (std::uint32_t target : targets)
+      add(jump, target, FlowEdgeKind::Altered);
   for (const auto &plan : builder.plans) {
     for (std::uint32_t section : plan->reporting)
       add(plan->graph->nodeBegin, flow.procedureList[section].entry, FlowEdgeKind::Declarative);
     for (std::uint32_t section : plan->enteredBySystem)
       add(plan->graph->nodeBegin, flow.procedureList[section].entry, FlowEdgeKind::Declarative);
   }
+}
+
+/// Marks the blocks that control passes, those without nodes included, and those that it falls
+/// from.
+void FlowReach::markBlocks(FunctionPlan &plan) {
+  std::vector<bool> &passed = plan.graph->reachedBlocks;
+  passed.assign(plan.blocks.size(), false);
+  auto pass = [&](const CFGBlock *block) {
+    while (block && !passed[static_cast<std::size_t>(block->getPlace())]) {
+      const auto place = static_cast<std::size_t>(block->getPlace());
+      passed[place] = true;
+      block = plan.firstNode[place] == noFlow ? plan.passesTo[place] : nullptr;
+    }
+  };
+  if (plan.graph->getStart()->isReached())
+    pass(plan.blocks.front());
+  for (const FlowNode &node : plan.graph->nodes())
+    if (node.isReached())
+      pass(node.getBlock());
+  for (const auto &[from, block] : plan.edgesInto)
+    if (flow.nodeList[from].reached)
+      pass(block);
+  for (const auto &[site, block] : plan.sitesInto)
+    if (flow.nodeList[builder.sites[site].node].reached &&
+        flow.rangeList[builder.sites[site].range].completes)
+      pass(block);
+  for (const auto &[procedure, block] : plan.fallsInto)
+    if (flow.procedureList[procedure].fallsThrough &&
+        flow.procedureList[procedure].fallsTo != noFlow)
+      pass(block);
+  for (const auto &[procedure, block] : plan.exitOf) {
+    const FlowProcedure &left = flow.procedureList[procedure];
+    if (left.endReached)
+      passed[static_cast<std::size_t>(block->getPlace())] = true;
+    if (left.fallsThrough && block->getSuccessorBlock())
+      passed[static_cast<std::size_t>(block->getSuccessorBlock()->getPlace())] = true;
+  }
+
+  std::vector<bool> &falling = plan.graph->fallingBlocks;
+  falling.assign(plan.blocks.size(), false);
+  for (std::size_t place = 0; place + 1 < plan.blocks.size(); ++place) {
+    const CFGBlock *block = plan.blocks[place];
+    if (!passed[place] || block->getHaveTerminator() || block->getSuccessorBlock())
+      continue;
+    // A statement such as STOP RUN may stand last.
+    const std::uint32_t last = plan.lastNode[place];
+    if (last != noFlow && endsRun(last))
+      continue;
+    const std::uint32_t piece = plan.pieceOfBlock[place];
+    const std::uint32_t procedure = builder.pieces[piece].procedure;
+    const CFGBlock *next = nullptr;
+    if (builder.fallOf(plan, block, next) == noFlow && next)
+      falling[place] = true;
+    else if (procedure != noFlow)
+      falling[place] = flow.procedureList[procedure].fallsThrough &&
+                       flow.procedureList[procedure].fallsTo != noFlow;
+  }
+}
+
+/// Whether control never goes on behind \p node.
+bool FlowReach::endsRun(std::uint32_t node) const {
+  for (std::uint32_t edge = edgeBegin[node]; edge < edgeBegin[node + 1]; ++edge)
+    if (flow.edgeList[edge].kind != FlowEdgeKind::EndOfRun)
+      return false;
+  return builder.firstSite[node] == noFlow;
 }
 
 namespace {

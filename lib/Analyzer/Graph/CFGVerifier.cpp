@@ -296,12 +296,15 @@ void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRe
     if (block && passed.insert(block).second)
       open.push_back(block);
   };
-  for (std::size_t place = 0; place < blocks.size(); ++place) {
-    const CFGBlock *block = blocks[place];
-    if (place == 0 || block->getBlockType() == CFGBlockType::Procedure ||
+  const CFGBlock *before = nullptr;
+  for (const CFGBlock *block : blocks) {
+    if (!before || block->getBlockType() == CFGBlockType::Procedure ||
         declaratives.contains(block->getName()) || entryBlocks.contains(block) ||
-        endsInTransfer(blocks[place - 1]))
+        endsInTransfer(before))
       pass(block);
+    // The block at which an inline loop is controlled stands within the body, behind its first one.
+    if (!block->getElements().empty() || !llvm::StringRef(block->getName()).ends_with("_line_return"))
+      before = block;
     while (!open.empty()) {
       const CFGBlock *from = open.pop_back_val();
       for (std::size_t link = 0; link < cfgLinkCount; ++link)
