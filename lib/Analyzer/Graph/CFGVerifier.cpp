@@ -14,6 +14,7 @@
 #include "Analyzer/CompileOption.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/MapVector.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringSwitch.h"
 #include "llvm/ADT/Twine.h"
 #include "llvm/Support/raw_ostream.h"
@@ -93,6 +94,8 @@ private:
   void checkFallThrough(const Body &body, const CFGBlock *block, const CFGBlock *next,
                         const llvm::DenseSet<llvm::StringRef> &declaratives);
 
+  void checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives);
+
   void checkTargets(const CFGBlock *block, Statement &statement);
   void checkTarget(const CFGBlock *block, const Statement &statement, Procedure target);
   void checkRange(const CFGBlock *block, const Statement &statement, const ProcedureRange &range);
@@ -122,6 +125,7 @@ private:
   llvm::DenseMap<const CFGBlock *, const CFGGraph *> listedIn;
   /// The blocks that return to a performer, by the section, paragraph or PERFORM that ends there.
   llvm::DenseMap<const Node *, const CFGBlock *> exits;
+  llvm::DenseSet<const CFGBlock *> entryBlocks;
   /// The sections that the report writer calls, which have no exit.
   llvm::DenseSet<const Node *> reportSections;
   llvm::MapVector<const Statement *, Occurrence> occurrences;
@@ -151,6 +155,8 @@ void Verifier::collectBodies() {
   for (CFGFunc *func : module.getFuncList()) {
     function = &func->getName();
     SourceUnit *unit = func->getSourceUnit();
+    for (const CFGEntry *entry : func->getEntryList())
+      entryBlocks.insert(entry->getEntryBlock());
     if (func->getBody())
       bodies.push_back({func->getBody(), func->getName(), unit, false});
     else
@@ -207,6 +213,7 @@ void Verifier::checkBody(const Body &body) {
     checkLinks(body.graph, block);
     checkFallThrough(body, block, position == blocks.end() ? nullptr : *position, declaratives);
   }
+  checkWaysIn(body, declaratives);
 }
 
 void Verifier::checkLinks(const CFGGraph *graph, const CFGBlock *block) {
@@ -252,6 +259,65 @@ void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const C
       !declaratives.contains(next->getName()))
     fail(CFGRule::FallThrough, block,
          "it falls into " + next->getName() + ", which begins no procedure");
+}
+
+/// Whether control never goes on behind \p block, so that what follows may have no way in.
+static bool endsInTransfer(const CFGBlock *block) {
+  if (!block->getHaveTerminator() || block->getElements().empty())
+    return false;
+  const Statement *last = block->getElements().back()->getStmt();
+  if (!last)
+    return false;
+  switch (last->getType()) {
+  case StatementType::Goto:
+    return !llvm::cast<GotoStatement>(last)->getDependingName();
+  case StatementType::Goback:
+  case StatementType::NextSentence:
+  case StatementType::ExitParagraph:
+  case StatementType::ExitPerform:
+  case StatementType::ExitProgram:
+  case StatementType::ExitSection:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Walks the links from where control can begin, and looks for blocks with statements that were not
+/// passed.
+void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives) {
+  const std::vector<const CFGBlock *> blocks(body.graph->getBlockList().begin(),
+                                             body.graph->getBlockList().end());
+  llvm::DenseSet<const CFGBlock *> passed;
+  llvm::SmallVector<const CFGBlock *> open;
+  auto pass = [&](const CFGBlock *block) {
+    if (block && passed.insert(block).second)
+      open.push_back(block);
+  };
+  const CFGBlock *before = nullptr;
+  for (const CFGBlock *block : blocks) {
+    if (!before || block->getBlockType() == CFGBlockType::Procedure ||
+        declaratives.contains(block->getName()) || entryBlocks.contains(block) ||
+        endsInTransfer(before))
+      pass(block);
+    // The block at which an inline loop is controlled stands within the body, behind its first one.
+    if (!block->getElements().empty() ||
+        !llvm::StringRef(block->getName()).ends_with("_line_return"))
+      before = block;
+    while (!open.empty()) {
+      const CFGBlock *from = open.pop_back_val();
+      for (std::size_t link = 0; link < cfgLinkCount; ++link)
+        pass(from->getLink(static_cast<CFGLink>(link)));
+      const auto next = static_cast<std::size_t>(from->getPlace()) + 1;
+      if (!from->getHaveTerminator() && !from->getSuccessorBlock() && next < blocks.size())
+        pass(blocks[next]);
+    }
+  }
+  for (const CFGBlock *block : blocks)
+    if (!passed.contains(block) && llvm::any_of(block->getElements(), [](const CFGElem *element) {
+          return element->getStmt() != nullptr;
+        }))
+      fail(CFGRule::WayIn, block, "no block leads to it");
 }
 
 //===----------------------------------------------------------------------===//
@@ -502,6 +568,8 @@ llvm::StringRef ruleName(CFGRule rule) {
     return "RangeExit";
   case CFGRule::Target:
     return "Target";
+  case CFGRule::WayIn:
+    return "WayIn";
   }
   return "";
 }

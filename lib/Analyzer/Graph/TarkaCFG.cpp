@@ -227,6 +227,7 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
   function->setSectionList(sections);
   function->setBody(graph);
   context().setRptDeclCFGFunction(function);
+  module->addReportDeclaratives(function, savedFunction);
 
   context().setCurrentCFGFunction(savedFunction);
   graph = savedGraph;
@@ -389,7 +390,12 @@ void CFGBuilder::analysisNextSentenceStmt(NextSentenceStatement *statement) {
 
 void CFGBuilder::analysisGotoStmt(GotoStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
-  start->addSuccessorBlock(continueInNewBlock("tkdummy_after_goto"));
+  CFGBlock *after = continueInNewBlock("tkdummy_after_goto");
+  start->addSuccessorBlock(after);
+  // A value out of range goes on behind the statement. In the first block of an inline PERFORM the
+  // successor is replaced, so the way has a link of its own.
+  if (statement->getDependingName())
+    start->addEndBlock(after);
 }
 
 // On purpose without the link that GO TO has: nothing behind these is ever reached from them.
@@ -446,6 +452,7 @@ void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
   entry->setReturning(function->getReturning());
   entry->insertParams(statement->getParameterBegin(), statement->getParameterEnd());
   entry->setFunc(function);
+  entry->setStatement(statement);
   function->addEntry(entry);
 
   CFGBlock *before = currentBlock;

@@ -21,6 +21,13 @@ const std::string *CFGBuilder::makeLineName(llvm::StringRef prefix, const Node *
   return makeName(prefix + llvm::Twine(statement->getBeginLineNo()) + suffix);
 }
 
+/// Links \p start to the chain of blocks that a statement consists of. An inline PERFORM replaces
+/// the successor of the first block of its body, so the chain hangs on a second link too.
+static void leadInto(CFGBlock *start, CFGBlock *chain) {
+  start->addSuccessorBlock(chain);
+  start->addThenBlock(chain);
+}
+
 //===----------------------------------------------------------------------===//
 // PERFORM
 //===----------------------------------------------------------------------===//
@@ -174,7 +181,7 @@ void CFGBuilder::analysisMergeStmt(MergeStatement *statement) {
 void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *parser = makeTerminatorBlock("tkdummy_xml_parser");
-  start->addSuccessorBlock(parser);
+  leadInto(start, parser);
 
   parser->addThenBlock(continueInNewBlock("tkdummy_xml_proc"));
   auto *procedure = generate<PerformProcedure>(statement, statement->getParseProcedure(),
@@ -263,7 +270,7 @@ void CFGBuilder::lowerSearchEnd(SearchStatement *statement, CFGBlock *start, CFG
 void CFGBuilder::lowerSerialSearch(SearchStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *compare = makeTerminatorBlock("tkdummy_search_index_cmp");
-  start->addSuccessorBlock(compare);
+  leadInto(start, compare);
 
   BlockList tests, ends;
   lowerSearchWhens(statement, tests, ends);
@@ -282,7 +289,7 @@ void CFGBuilder::lowerSerialSearch(SearchStatement *statement) {
 void CFGBuilder::lowerBinarySearch(SearchStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *compare = makeTerminatorBlock("tkdummy_search_loop_cmp");
-  start->addSuccessorBlock(compare);
+  leadInto(start, compare);
   CFGBlock *middle = graph->createBlock("tkdummy_search_mid_index");
   statement->setIndexChangeBlock(middle);
   compare->addThenBlock(middle);
