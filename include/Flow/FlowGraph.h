@@ -189,8 +189,8 @@ public:
   /// The paragraphs and sections in the order of the text, declaratives first.
   llvm::MutableArrayRef<FlowProcedure> procedures() const;
   std::uint32_t firstProcedure() const { return procedureBegin; }
-  /// Whether the program can run: it is an outermost one, or a CALL that is reached may be of it. For
-  /// another one the nodes tell what would be reached if it were called.
+  /// Whether the program can run: it is an outermost one, or a CALL that is reached may be of it.
+  /// For another one the nodes tell what would be reached if it were called.
   bool isCalled() const { return called; }
 
   /// Whether control can come to \p block, one of the function; it may hold no node.

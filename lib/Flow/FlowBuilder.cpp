@@ -34,8 +34,7 @@ std::unique_ptr<FlowModule> FlowBuilder::build() {
       }
   }
   for (const auto &onePlan : plans) {
-    SourceUnit *parent =
-        onePlan->graph->unit ? onePlan->graph->unit->getParent() : nullptr;
+    SourceUnit *parent = onePlan->graph->unit ? onePlan->graph->unit->getParent() : nullptr;
     onePlan->outer = parent ? planOfUnit.lookup(parent) : nullptr;
     collectUse(*onePlan);
     onePlan->mainRange = rangeOf(noFlow, noFlow, onePlan->graph);
@@ -100,8 +99,8 @@ void FlowBuilder::markProcedures(FunctionPlan &marked) {
     for (const Paragraph *paragraph : section->getParaElements())
       add(nullptr, paragraph, number, isDeclarative);
   };
-  for (const Declaratives *declarative : marked.graph->report ? division->getRptDeclElements()
-                                                              : division->getBaseDeclElements())
+  for (const Declaratives *declarative :
+       marked.graph->report ? division->getRptDeclElements() : division->getBaseDeclElements())
     addSection(declarative->getSection(), /*isDeclarative=*/true);
   if (marked.graph->report)
     return;
@@ -436,9 +435,9 @@ void FlowBuilder::collectUse(FunctionPlan &read) {
 }
 
 /// The USE procedures that a failing operation on \p file may enter. In what mode the file is open
-/// when it fails is known at run time only, and a status of 47 to 49 arises just where the mode does
-/// not fit the statement, so a procedure for any mode counts. \p isSpecific tells that one of them
-/// always runs.
+/// when it fails is known at run time only, and a status of 47 to 49 arises just where the mode
+/// does not fit the statement, so a procedure for any mode counts. \p isSpecific tells that one of
+/// them always runs.
 llvm::SmallVector<std::uint32_t, 4> FlowBuilder::useSectionsFor(const FileDescription *file,
                                                                 bool &isSpecific) const {
   isSpecific = true;
@@ -446,8 +445,7 @@ llvm::SmallVector<std::uint32_t, 4> FlowBuilder::useSectionsFor(const FileDescri
     return {own->second.begin(), own->second.end()};
   llvm::SmallVector<std::uint32_t, 4> sections = plan->use.ofModes;
   for (const FunctionPlan *outer = plan->outer; outer; outer = outer->outer) {
-    if (auto global = outer->use.globalOfFile.find(file);
-        global != outer->use.globalOfFile.end()) {
+    if (auto global = outer->use.globalOfFile.find(file); global != outer->use.globalOfFile.end()) {
       sections.append(global->second.begin(), global->second.end());
       return sections;
     }
@@ -514,9 +512,8 @@ FunctionPlan *FlowBuilder::findCallable(llvm::StringRef name) {
     }
     if (parent == caller)
       return candidate;
-    const bool isCommon =
-        candidate->graph->unit->getIDDivision()->getProgramIDPara()->getType() ==
-        ProgramIdType::Common;
+    const bool isCommon = candidate->graph->unit->getIDDivision()->getProgramIDPara()->getType() ==
+                          ProgramIdType::Common;
     for (SourceUnit *around = caller; isCommon && around; around = around->getParent())
       if (around == parent)
         return candidate;

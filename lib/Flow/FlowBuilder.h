@@ -25,8 +25,8 @@ struct FlowSite {
   std::uint32_t node;
   std::uint32_t range;
   std::uint32_t returnsTo;
-  FlowEdgeKind into; ///< of the edge to the range
-  FlowEdgeKind back; ///< of the edge from its end
+  FlowEdgeKind into;                 ///< of the edge to the range
+  FlowEdgeKind back;                 ///< of the edge from its end
   std::uint32_t nextOfNode = noFlow; ///< the next site of the same node
 };
 
@@ -258,7 +258,7 @@ private:
   std::vector<llvm::SmallVector<std::uint32_t, 4>> piecesOf; ///< by range
   std::vector<llvm::SmallVector<std::uint32_t, 2>> foreign;  ///< contexts, by procedure
   std::vector<char> started;
-  std::vector<llvm::SmallVector<std::uint32_t, 1>> endingAt; ///< ranges, by procedure
+  std::vector<llvm::SmallVector<std::uint32_t, 1>> endingAt;     ///< ranges, by procedure
   std::vector<llvm::SmallVector<std::uint32_t, 1>> sitesOfPiece; ///< ranges, by piece
   llvm::DenseSet<const SourceUnit *> heldCalls;
   /// Where the ALTER statements that are reached send a GO TO.

@@ -25,9 +25,9 @@ llvm::SmallVector<std::string, 16> wordsOf(llvm::StringRef text) {
       continue;
     }
     if (c == '\'' || c == '"')
-      end = std::min(text.size(), text.find(c, end) == llvm::StringRef::npos
-                                      ? text.size()
-                                      : text.find(c, end) + 1);
+      end =
+          std::min(text.size(), text.find(c, end) == llvm::StringRef::npos ? text.size()
+                                                                           : text.find(c, end) + 1);
     else if (c != '(' && c != ')')
       end = std::min(text.size(), text.find_first_of(" \t\r\n,;()'\"", end));
     words.push_back(text.slice(at, end).upper());

@@ -2,9 +2,9 @@
 
 #include "Flow/FlowGraph.h"
 #include "AST/Condition.h"
+#include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "AST/KindNames.h"
 #include "Analyzer/CFG.h"
 #include "llvm/Support/raw_ostream.h"
 

@@ -19,7 +19,7 @@ namespace tarka {
 /// Where control goes that falls off \p block, the last one of a chain: a node, or a block that is
 /// left in \p next.
 std::uint32_t FlowBuilder::fallOf(const FunctionPlan &of, const CFGBlock *block,
-                                 const CFGBlock *&next) const {
+                                  const CFGBlock *&next) const {
   const auto place = static_cast<std::size_t>(block->getPlace());
   const CFGBlock *following = place + 1 < of.blocks.size() ? of.blocks[place + 1] : nullptr;
   const std::uint32_t piece = of.pieceOfBlock[place];
@@ -136,8 +136,9 @@ void FlowBuilder::makeEdges(FunctionPlan &linked) {
     if (closed.isDeclarative) {
       // The last section of the declaratives does not run into the main line.
       const bool isMore =
-          block && pieces[plan->pieceOfBlock[static_cast<std::size_t>(block->getPlace())]]
-                           .procedure != noFlow;
+          block &&
+          pieces[plan->pieceOfBlock[static_cast<std::size_t>(block->getPlace())]].procedure !=
+              noFlow;
       if (isMore)
         closed.fallsTo = resolve(block);
     } else {
@@ -167,7 +168,8 @@ void FlowBuilder::linkBlock(const CFGBlock *block) {
   if (kind == FlowNodeKind::Step && block->getElements().empty())
     return linkXmlDecision(block, last);
   if (kind == FlowNodeKind::Procedure || kind == FlowNodeKind::Entry)
-    return addEdge(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block), FlowEdgeKind::Next);
+    return addEdge(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block),
+                   FlowEdgeKind::Next);
   if (isTransfer && !endsInExit(block))
     return linkTerminator(block, last);
   linkElement(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block));
@@ -240,8 +242,7 @@ void FlowBuilder::linkExec(std::uint32_t node, const ExecStatement &exec, std::u
     addEdge(node, abendHandlers.hub, FlowEdgeKind::Handler);
   if (effect.wheneverKind >= 0) {
     const std::uint32_t label = findProcedure(effect.wheneverLabel);
-    whenever[effect.wheneverKind] =
-        label == noFlow ? noFlow : flow.procedureList[label].entry;
+    whenever[effect.wheneverKind] = label == noFlow ? noFlow : flow.procedureList[label].entry;
   }
   if (effect.isSqlStatement)
     for (unsigned kind = 0; kind < 3; ++kind)
@@ -253,7 +254,8 @@ void FlowBuilder::linkExec(std::uint32_t node, const ExecStatement &exec, std::u
 static llvm::SmallVector<const FileDescription *, 2> filesOf(const Statement &statement) {
   llvm::SmallVector<const FileDescription *, 2> files;
   auto add = [&](const FileIdentifierExpression *name) {
-    if (name && name->getFileDescription() && !llvm::is_contained(files, name->getFileDescription()))
+    if (name && name->getFileDescription() &&
+        !llvm::is_contained(files, name->getFileDescription()))
       files.push_back(name->getFileDescription());
   };
   auto addRecord = [&](const IdentifierExpression *record) {
@@ -365,7 +367,8 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
   case StatementType::ExitSection:
     return link(node, block->getAfterBlock(), FlowEdgeKind::Next);
   case StatementType::ExitPerform:
-    return link(node, llvm::cast<ExitPerformStatement>(statement).getAfterBlock(), FlowEdgeKind::Next);
+    return link(node, llvm::cast<ExitPerformStatement>(statement).getAfterBlock(),
+                FlowEdgeKind::Next);
   case StatementType::Perform: {
     auto &perform = llvm::cast<PerformStatement>(statement);
     if (perform.getInlineStatementsSize())
@@ -399,8 +402,7 @@ void FlowBuilder::linkExitProgram(const CFGBlock *block, std::uint32_t node) {
 }
 
 void FlowBuilder::linkGoTo(const CFGBlock *block, std::uint32_t node, const GotoStatement &jump) {
-  const FlowEdgeKind kind =
-      jump.getDependingName() ? FlowEdgeKind::Depending : FlowEdgeKind::GoTo;
+  const FlowEdgeKind kind = jump.getDependingName() ? FlowEdgeKind::Depending : FlowEdgeKind::GoTo;
   for (const GotoProcedure *target : jump.getProcedureListElements())
     addEdge(node, entryOf(target->getSection(), target->getParagraph()), kind);
   if (jump.getDependingName()) {
@@ -426,8 +428,7 @@ Repetition repetitionOf(const PerformStatement &perform) {
   case PerformStmtType::Simple:
     return {};
   case PerformStmtType::Times:
-    if (auto *times =
-            llvm::dyn_cast_or_null<NumericLiteralExpression>(perform.getTimesInteger()))
+    if (auto *times = llvm::dyn_cast_or_null<NumericLiteralExpression>(perform.getTimesInteger()))
       return {times->getIntegerValue() < 1, times->getIntegerValue() > 1};
     return {true, true};
   case PerformStmtType::Until:
@@ -448,8 +449,8 @@ void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
   const PerformProcedure *names = perform.getProcedureName();
   const std::uint32_t begin =
       names ? procedureOf(names->getBeginSection(), names->getBeginParagraph()) : noFlow;
-  std::uint32_t end = names ? procedureOf(names->getThruSection(), names->getThruParagraph())
-                            : noFlow;
+  std::uint32_t end =
+      names ? procedureOf(names->getThruSection(), names->getThruParagraph()) : noFlow;
   if (end == noFlow)
     end = begin;
   // What the name stands for is not known: go on behind the statement.
@@ -459,7 +460,7 @@ void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
   FlowEdgeKind kind = FlowEdgeKind::Perform;
   llvm::StringRef name = block->getName();
   if (flow.nodeList[node].kind == FlowNodeKind::Step)
-    kind = name == "tkdummy_sort_input"  ? FlowEdgeKind::SortInput
+    kind = name == "tkdummy_sort_input" ? FlowEdgeKind::SortInput
            : name == "tkdummy_xml_proc" ? FlowEdgeKind::Perform
                                         : FlowEdgeKind::SortOutput;
   const std::uint32_t range = rangeOf(begin, end, plan->graph);
@@ -539,7 +540,8 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
     record.isDynamic = true;
     plan->hasDynamicCall = true;
     if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(call.getProcedureName()))
-      if (identifier->getQualifiedWord() && !identifier->getQualifiedWord()->getNamesElements().empty())
+      if (identifier->getQualifiedWord() &&
+          !identifier->getQualifiedWord()->getNamesElements().empty())
         record.name = identifier->getQualifiedWord()->getNamesElements().front()->getDisplayName();
   }
   flow.callList.push_back(record);

@@ -81,8 +81,8 @@ void FlowReach::start(std::uint32_t range) {
   started[range] = true;
   FlowRange &begun = flow.rangeList[range];
   begun.reached = true;
-  const std::uint32_t node = begun.begin == noFlow ? begun.graph->nodeBegin
-                                                   : flow.procedureList[begun.begin].entry;
+  const std::uint32_t node =
+      begun.begin == noFlow ? begun.graph->nodeBegin : flow.procedureList[begun.begin].entry;
   enter(range, builder.pieceOf[node]);
   reach(node);
   if (begun.begin == noFlow)
@@ -217,9 +217,8 @@ void FlowReach::alter(const AlterStatement &statement) {
 void FlowReach::callWhatIsHeld(std::uint32_t node) {
   const Statement *statement = flow.nodeList[node].statement;
   const auto *call = llvm::dyn_cast<CallStatement>(statement);
-  const bool isHeld =
-      call ? !llvm::isa<NonNumericLiteralExpression>(call->getProcedureName())
-           : statement->getType() == StatementType::Set;
+  const bool isHeld = call ? !llvm::isa<NonNumericLiteralExpression>(call->getProcedureName())
+                           : statement->getType() == StatementType::Set;
   SourceUnit *unit = flow.nodeList[node].graph->unit;
   if (!isHeld || !unit || !heldCalls.insert(unit).second)
     return;
@@ -467,12 +466,10 @@ namespace llvm {
 
 template <> struct GraphTraits<const tarka::PerformGraph *> {
   using NodeRef = const tarka::PerformGraph::Node *;
-  struct ChildIteratorType
-      : iterator_adaptor_base<ChildIteratorType, const std::uint32_t *,
-                              std::random_access_iterator_tag, NodeRef, std::ptrdiff_t, NodeRef *,
-                              NodeRef> {
-    ChildIteratorType(const std::uint32_t *at, NodeRef of)
-        : iterator_adaptor_base(at), from(of) {}
+  struct ChildIteratorType : iterator_adaptor_base<ChildIteratorType, const std::uint32_t *,
+                                                   std::random_access_iterator_tag, NodeRef,
+                                                   std::ptrdiff_t, NodeRef *, NodeRef> {
+    ChildIteratorType(const std::uint32_t *at, NodeRef of) : iterator_adaptor_base(at), from(of) {}
     NodeRef operator*() const { return &(*from->all)[*I]; }
     NodeRef from;
   };

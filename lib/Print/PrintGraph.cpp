@@ -65,7 +65,8 @@ private:
     os << ": " << countStatements(group) << " statements, blocks "
        << group.blocks.front()->getPlace() << " to " << group.blocks.back()->getPlace() << '\n';
     for (const auto &[way, target] : ways)
-      os << "       " << flowEdgeKindName(way) << ' ' << target->getPlace() << ' ' << target->getName() << '\n';
+      os << "       " << flowEdgeKindName(way) << ' ' << target->getPlace() << ' '
+         << target->getName() << '\n';
   }
 
   void printGroup(const GraphLayout &layout, const BlockGroup &group) {

@@ -1,7 +1,7 @@
 //===- FlowGraphTest.cpp - LLVM's algorithms on the flow graph -------------===//
 
-#include "Flow/FlowLoops.h"
 #include "../Analyzer/CFGTree.h"
+#include "Flow/FlowLoops.h"
 #include "llvm/ADT/DepthFirstIterator.h"
 #include "llvm/ADT/PostOrderIterator.h"
 #include "llvm/ADT/SCCIterator.h"
@@ -65,9 +65,8 @@ TEST_F(FlowGraphOf, TheLoopOfAPerformRunsThroughItsRange) {
 }
 
 TEST_F(FlowGraphOf, Iterators) {
-  const auto reached = llvm::count_if(graph->nodes(), [](const FlowNode &node) {
-    return node.isReached();
-  });
+  const auto reached =
+      llvm::count_if(graph->nodes(), [](const FlowNode &node) { return node.isReached(); });
   EXPECT_EQ(std::distance(llvm::df_begin(graph), llvm::df_end(graph)), reached);
   llvm::ReversePostOrderTraversal<FlowGraph *> order(graph);
   EXPECT_EQ(std::distance(order.begin(), order.end()), reached);

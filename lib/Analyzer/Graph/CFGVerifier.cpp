@@ -301,7 +301,8 @@ void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRe
         endsInTransfer(before))
       pass(block);
     // The block at which an inline loop is controlled stands within the body, behind its first one.
-    if (!block->getElements().empty() || !llvm::StringRef(block->getName()).ends_with("_line_return"))
+    if (!block->getElements().empty() ||
+        !llvm::StringRef(block->getName()).ends_with("_line_return"))
       before = block;
     while (!open.empty()) {
       const CFGBlock *from = open.pop_back_val();
