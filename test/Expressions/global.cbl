@@ -66,7 +66,7 @@ PROCEDURE DIVISION.
     SET FAR-X TO 1.
 
     *> The first HOMONYM is GLOBAL, its namesake comes along; the first SHADOW is not.
-    DISPLAY HOMONYM. *> expect: 3311
+    DISPLAY HOMONYM. *> expect: 3311 *> expect-pass
     DISPLAY HOMONYM OF LOCAL-SECOND.
     DISPLAY SHADOW. *> expect: 3310
     DISPLAY SHADOW OF GLOBAL-SECOND. *> expect: 3310

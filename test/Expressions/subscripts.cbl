@@ -1,6 +1,7 @@
 *> RUN: %tarka check --verify %s
 *>
 *> Subscripts and reference modifiers: where they may stand, and what they may be.
+*> expect-pass: 3301 3310 3314 3316
 IDENTIFICATION DIVISION.
 PROGRAM-ID. MODIFIERS.
 DATA DIVISION.

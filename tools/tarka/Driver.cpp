@@ -55,6 +55,7 @@ public:
   void report(llvm::raw_ostream &out) const;
 
 private:
+  bool verify();
   int printGraph();
   int printLayout();
   int printTree();
@@ -64,6 +65,7 @@ private:
   const std::string &file;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
+  PartResults parts{handler};
   std::vector<Diagnostic> findings;
   Program *program = nullptr;
   bool checksSucceeded = false;
@@ -81,7 +83,10 @@ bool Compilation::check() {
     return false;
   }
   program = *parsed;
-  checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
+  SemanticChecker checker(&handler);
+  if (request.verify)
+    checker.setListener(&parts);
+  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
   findings = collectFindings(file, frontEnd, handler);
   return true;
 }
@@ -90,8 +95,7 @@ int Compilation::run() {
   if (!check())
     return ExitUnusable;
   if (request.verify)
-    return verifyReport(file, request.parse.encoding, findings, llvm::errs()) ? ExitClean
-                                                                              : ExitFindings;
+    return verify() ? ExitClean : ExitFindings;
   llvm::errs().SetBuffered();
   report(llvm::errs());
   llvm::errs().flush();
@@ -107,6 +111,12 @@ int Compilation::run() {
   if (request.command == Command::Ast)
     return printTree();
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
+}
+
+bool Compilation::verify() {
+  parts.finish(file, checksSucceeded);
+  return verifyReport(file, request.parse.encoding, findings, request.syntaxOnly ? nullptr : &parts,
+                      llvm::errs());
 }
 
 void Compilation::report(llvm::raw_ostream &out) const {

@@ -16,11 +16,11 @@ WORKING-STORAGE SECTION.
     05  POINTER                 SYNC.
 77  ALIGNED-77                  PIC 9(9) BINARY SYNC.
 01  TABLES.
-    05  OCCURS 3.
+    05  OCCURS 3. *> expect-pass
         10  PIC X               SYNC. *> expect: 3275
         10  PIC S9(9) COMP      SYNC.
-    05  OCCURS 3.
-        10  OCCURS 3.
+    05  OCCURS 3. *> expect-pass
+        10  OCCURS 3. *> expect-pass
             15  PIC X           SYNC. *> expect: 3275 3275
 *> What redefines starts where its object does, whatever its boundary.
 01  REDEFINING.

@@ -28,7 +28,7 @@ FD  PRIVATE.
 01  PRIVATE-2 PIC X.
 *> A GLOBAL clause of the first record stands against the implicit redefinition. One of the second
 *> does not.
-FD  REDEFINED.
+FD  REDEFINED. *> expect-fail
 01  REDEFINED-1 PIC X GLOBAL.
 01  REDEFINED-2 PIC X. *> expect: 3257
 01  REDEFINED-3 PIC X GLOBAL. *> expect: 3257
