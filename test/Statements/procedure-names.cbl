@@ -16,7 +16,7 @@ WORKING-STORAGE SECTION.
     05  ROWS                    PIC X OCCURS 3 INDEXED BY ROW-X.
 PROCEDURE DIVISION.
 OUTSIDE.
-    *> Outside of sections the paragraph that stands there is meant, whatever the sections hold.
+    *> Outside of sections the name refers to the paragraph there, regardless of those in sections.
     PERFORM SHARED.
     GO TO SHARED.
     PERFORM ONLY-IN-B.
@@ -40,7 +40,7 @@ FIRST-OF-A.
     GO TO IN-BOTH.
     PERFORM ONLY-IN-B THRU B-SECTION.
     PERFORM OUTSIDE.
-    *> Not hidden: it stands outside and in another section.
+    *> Not hidden: it is outside and in another section.
     PERFORM SHARED. *> expect: 3401
     PERFORM DOUBLE-IN-B. *> expect: 3401
     PERFORM DOUBLE-IN-B OF B-SECTION. *> expect: 3401

@@ -17,7 +17,7 @@ WORKING-STORAGE SECTION.
     66  WITH-TWO                RENAMES INNER-GROUP JUST OCCURS 2. *> expect: 3202 3218 3219
     66  WITH-CONDITION          RENAMES INNER-GROUP. *> expect: 3203 *> expect-pass
         88  OF-LEVEL-66         VALUE "AB".
-*> An item that has only condition names is no group.
+*> An item that has only condition-names is not a group.
 01  ITEM-WITH-CONDITIONS        PIC X.
     88  IS-A                    VALUE "A".
     88  IS-B-TO-D               VALUE "B" THRU "D".

@@ -12,7 +12,7 @@ FILE-CONTROL.
     SELECT PRINTED ASSIGN TO PRINTED.
 DATA DIVISION.
 FILE SECTION.
-*> The records of a file without SELECT are checked all the same.
+*> The records of a file without SELECT are checked too.
 FD  NOT-SELECTED. *> expect: 3150
 01  NOT-SELECTED-R PIC X(3) BLANK WHEN ZERO. *> expect: 3211
 *> The records of a GLOBAL file are GLOBAL: no record redefines a GLOBAL one for that.
@@ -47,7 +47,7 @@ PROGRAM-ID. INNER.
 DATA DIVISION.
 FILE SECTION.
 FD  NEVER. *> expect: 3150
-*> And then nothing is looked at.
+*> Then nothing is checked.
 01  NEVER-R PIC X(3) BLANK WHEN ZERO.
 PROCEDURE DIVISION.
     MOVE "A" TO SHARED-ITEM
