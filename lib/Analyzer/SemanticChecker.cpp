@@ -144,6 +144,7 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
   return ok;
 }
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): the signature is part of the interface.
 bool SemanticChecker::setCallableSource(SourceUnit &unit, std::string name) {
   unit.addCallableList(name);
   for (SourceUnit *nested : unit.getNestedListElements())

@@ -58,7 +58,7 @@ bool fitsRepetitions(std::size_t count, const ReportDataDescription &entry) {
 }
 
 //===----------------------------------------------------------------------===//
-// Names of report items
+// Operands
 //===----------------------------------------------------------------------===//
 
 ReportDataDescription *reportItemOf(const IdentifierExpression &name) {
@@ -90,6 +90,60 @@ bool bindReportItem(SemanticChecker &checker, Expression &operand) {
   return true;
 }
 
+bool checkFunction(SemanticChecker &checker, const ClauseFunction &clause) {
+  bool ok = true;
+  for (Expression *argument : clause.getArgumentListElements())
+    ok &= checker.semanticCheck(*argument);
+  return ok;
+}
+
+//===----------------------------------------------------------------------===//
+// The check of one entry
+//===----------------------------------------------------------------------===//
+
+/// Checks what one entry of a report group shows, where and how often.
+class ReportEntryCheck {
+public:
+  ReportEntryCheck(SemanticChecker &theChecker, ReportDataDescription &item)
+      : checker(theChecker), entry(item) {}
+
+  bool check();
+
+private:
+  bool checkSourceMove(Expression &sender);
+  bool checkSum(const SumClauseExpr &sum);
+  bool checkSource(ClauseSource &clause);
+  bool checkValueLiteral(PhraseValue &phrase);
+  bool checkValue(const ClauseReportValue &clause);
+  bool checkCounterItem();
+  bool checkSumClause(ClauseSum &clause);
+  bool checkCount(ClauseCount &clause);
+  bool checkPresentContents(const PresentContents &contents);
+  bool checkPresence();
+  bool checkPlaces();
+
+  SemanticChecker &checker;
+  ReportDataDescription &entry;
+};
+
+bool ReportEntryCheck::check() {
+  bool ok = checkPlaces();
+  if (ClauseSource *source = entry.getSourceClause()) {
+    ok &= checkSource(*source);
+    checker.addUsedSrc(&entry);
+  }
+  if (const ClauseReportValue *value = entry.getReportValueClause())
+    ok &= checkValue(*value);
+  if (ClauseSum *sum = entry.getSumClause())
+    ok &= checkSumClause(*sum);
+  if (ClauseCount *count = entry.getCountClause())
+    ok &= checkCount(*count);
+  if (const ClauseFunction *function = entry.getFunctionClause())
+    ok &= checkFunction(checker, *function);
+  ok &= checkPresence();
+  return ok;
+}
+
 //===----------------------------------------------------------------------===//
 // SOURCE
 //===----------------------------------------------------------------------===//
@@ -111,7 +165,7 @@ void replaceDateSource(SourceClauseExpr &source) {
 
 /// The source is moved into the item by the rules of MOVE. Groups and dates can always be moved,
 /// and without a category there is nothing to check.
-bool checkSourceMove(SemanticChecker &checker, ReportDataDescription &entry, Expression &sender) {
+bool ReportEntryCheck::checkSourceMove(Expression &sender) {
   if (entry.isGroupItem() || entry.getDataCategory() == DataCategory::Unclassified ||
       sender.getDataCategory() == DataCategory::Unclassified)
     return true;
@@ -147,7 +201,7 @@ bool isSumOperand(const Expression &operand) {
 
 /// The operands of SUM: numbers of any kind, and items of the report that show numbers. \p entry is
 /// added to the items that show them.
-bool checkSum(SemanticChecker &checker, ReportDataDescription &entry, const SumClauseExpr &sum) {
+bool ReportEntryCheck::checkSum(const SumClauseExpr &sum) {
   bool ok = true;
   for (Expression *operand : sum.getNameListElements()) {
     if (!bindReportItem(checker, *operand)) {
@@ -166,11 +220,11 @@ bool checkSum(SemanticChecker &checker, ReportDataDescription &entry, const SumC
 }
 
 /// \p entry shows the operands of \p clause, which may belong to one of its conditions.
-bool checkSource(SemanticChecker &checker, ReportDataDescription &entry, ClauseSource &clause) {
+bool ReportEntryCheck::checkSource(ClauseSource &clause) {
   bool ok = true;
   for (SourceClauseExpr *source : clause.getSourceExprListElements()) {
     if (const SumClauseExpr *sum = source->getSumExpr()) {
-      ok &= checkSum(checker, entry, *sum);
+      ok &= checkSum(*sum);
       continue;
     }
     replaceDateSource(*source);
@@ -181,7 +235,7 @@ bool checkSource(SemanticChecker &checker, ReportDataDescription &entry, ClauseS
     }
     if (auto *name = llvm::dyn_cast<DataIdentifierExpression>(operand))
       name->getDataDescription()->addGenDE(&entry);
-    ok &= checkSourceMove(checker, entry, *operand);
+    ok &= checkSourceMove(*operand);
   }
   if (!fitsRepetitions(clause.getSourceExprListSize(), entry))
     ok = checker.report(ErrorCode::ReportMultipleSourceCount, &clause);
@@ -194,8 +248,7 @@ bool checkSource(SemanticChecker &checker, ReportDataDescription &entry, ClauseS
 
 /// A literal of an item, or of each of its repetitions. A number may stand for what is edited out
 /// of it.
-bool checkValueLiteral(SemanticChecker &checker, ReportDataDescription &entry,
-                       PhraseValue &phrase) {
+bool ReportEntryCheck::checkValueLiteral(PhraseValue &phrase) {
   if (Word *word = phrase.getWord1()) {
     LiteralExpression *character = checker.convertSymbolicValue(word);
     if (!character)
@@ -213,12 +266,11 @@ bool checkValueLiteral(SemanticChecker &checker, ReportDataDescription &entry,
   return checker.checkLiteralValue(&entry, literal);
 }
 
-bool checkValue(SemanticChecker &checker, ReportDataDescription &entry,
-                const ClauseReportValue &clause) {
+bool ReportEntryCheck::checkValue(const ClauseReportValue &clause) {
   bool ok = true;
   ClauseValue *value = clause.getValue();
   for (PhraseValue *phrase : value->getPhraseValElements())
-    ok &= checkValueLiteral(checker, entry, *phrase);
+    ok &= checkValueLiteral(*phrase);
   if (entry.isGroupItem())
     return checker.report(ErrorCode::GroupValueInvalid, &entry);
   if (!fitsRepetitions(value->getPhraseValSize(), entry))
@@ -227,7 +279,7 @@ bool checkValue(SemanticChecker &checker, ReportDataDescription &entry,
 }
 
 //===----------------------------------------------------------------------===//
-// SUM, COUNT, FUNCTION
+// SUM, COUNT
 //===----------------------------------------------------------------------===//
 
 bool isElementaryNumber(const ReportDataDescription &entry) {
@@ -239,7 +291,7 @@ bool isElementaryNumber(const ReportDataDescription &entry) {
 }
 
 /// A sum or a count needs an elementary numeric item.
-bool checkCounterItem(SemanticChecker &checker, ReportDataDescription &entry) {
+bool ReportEntryCheck::checkCounterItem() {
   if (isElementaryNumber(entry))
     return true;
   return checker.report(ErrorCode::ComputeReceiverNotElementaryNumeric, &entry,
@@ -268,21 +320,21 @@ DataDescription *makeSumCounter(const ReportDataDescription &entry) {
   return counter;
 }
 
-bool checkSumClause(SemanticChecker &checker, ReportDataDescription &entry, ClauseSum &clause) {
+bool ReportEntryCheck::checkSumClause(ClauseSum &clause) {
   bool ok = true;
   for (const SumClauseExpr *sum : clause.getSumExprListElements())
-    ok &= checkSum(checker, entry, *sum);
+    ok &= checkSum(*sum);
   if (IdentifierExpression *control = clause.getResetControl())
     ok &= checkControlName(checker, *control);
-  if (!checkCounterItem(checker, entry))
+  if (!checkCounterItem())
     return false;
   clause.setSumDesc(makeSumCounter(entry));
   return ok;
 }
 
 /// Adds the operands of COUNT to the entries that they count.
-bool checkCount(SemanticChecker &checker, ReportDataDescription &entry, ClauseCount &clause) {
-  bool ok = checkCounterItem(checker, entry);
+bool ReportEntryCheck::checkCount(ClauseCount &clause) {
+  bool ok = checkCounterItem();
   for (const CountClauseExpr *operand : clause.getCountExprListElements()) {
     for (Expression *counted : operand->getNameListElements()) {
       if (!bindReportItem(checker, *counted)) {
@@ -302,41 +354,33 @@ bool checkCount(SemanticChecker &checker, ReportDataDescription &entry, ClauseCo
   return ok;
 }
 
-bool checkFunction(SemanticChecker &checker, const ClauseFunction &clause) {
-  bool ok = true;
-  for (Expression *argument : clause.getArgumentListElements())
-    ok &= checker.semanticCheck(*argument);
-  return ok;
-}
-
 //===----------------------------------------------------------------------===//
 // PRESENT
 //===----------------------------------------------------------------------===//
 
 /// What an item shows under one of its conditions.
-bool checkPresentContents(SemanticChecker &checker, ReportDataDescription &entry,
-                          const PresentContents &contents) {
+bool ReportEntryCheck::checkPresentContents(const PresentContents &contents) {
   bool ok = true;
   if (IdentifierExpression *control = contents.getControlId())
     ok &= checkControlName(checker, *control);
   if (ClauseSource *source = contents.getSource())
-    ok &= checkSource(checker, entry, *source);
+    ok &= checkSource(*source);
   if (const ClauseReportValue *value = contents.getValue())
-    ok &= checkValue(checker, entry, *value);
+    ok &= checkValue(*value);
   if (const ClauseFunction *function = contents.getFunction())
     ok &= checkFunction(checker, *function);
   return ok;
 }
 
-bool checkPresence(SemanticChecker &checker, ReportDataDescription &entry) {
+bool ReportEntryCheck::checkPresence() {
   bool ok = true;
   for (const ClausePresentWhen *clause : entry.getClausePresentWhenListElements()) {
     if (clause->getPresentCond())
       ok &= checker.semanticCheck(*clause->getPresentCond());
-    ok &= checkPresentContents(checker, entry, *clause);
+    ok &= checkPresentContents(*clause);
   }
   for (const ClausePresentAfter *clause : entry.getClausePresentAfterListElements())
-    ok &= checkPresentContents(checker, entry, *clause);
+    ok &= checkPresentContents(*clause);
   return ok;
 }
 
@@ -353,7 +397,7 @@ template <typename Clause> bool checkNumbers(SemanticChecker &checker, const Cla
 }
 
 /// The numbers that say where an entry is printed, and how often.
-bool checkPlaces(SemanticChecker &checker, const ReportDataDescription &entry) {
+bool ReportEntryCheck::checkPlaces() {
   bool ok = checkNumbers(checker, entry.getLineClause());
   ok &= checkNumbers(checker, entry.getColumnClause());
   if (const ClauseLine *line = entry.getLineClause())
@@ -380,21 +424,7 @@ bool checkPlaces(SemanticChecker &checker, const ReportDataDescription &entry) {
 } // namespace
 
 bool checkReportEntry(SemanticChecker &checker, ReportDataDescription &entry) {
-  bool ok = checkPlaces(checker, entry);
-  if (ClauseSource *source = entry.getSourceClause()) {
-    ok &= checkSource(checker, entry, *source);
-    checker.addUsedSrc(&entry);
-  }
-  if (const ClauseReportValue *value = entry.getReportValueClause())
-    ok &= checkValue(checker, entry, *value);
-  if (ClauseSum *sum = entry.getSumClause())
-    ok &= checkSumClause(checker, entry, *sum);
-  if (ClauseCount *count = entry.getCountClause())
-    ok &= checkCount(checker, entry, *count);
-  if (const ClauseFunction *function = entry.getFunctionClause())
-    ok &= checkFunction(checker, *function);
-  ok &= checkPresence(checker, entry);
-  return ok;
+  return ReportEntryCheck(checker, entry).check();
 }
 
 } // namespace tarka
