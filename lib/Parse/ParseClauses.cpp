@@ -152,8 +152,7 @@ bool ClauseParser::atEnvironmentName(const ClauseSet &clauses) {
     return peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
   if (!peek().isUserWord())
     return false;
-  Word name(here(), peek().getInternedText(), peek().getInternedSpelling());
-  if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
+  if (environmentNameType(peek().text) != EnvNameType::Unknown)
     return true;
   bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
   return isFollowed && nearestKeyword(peek().text, clauses.keywords) == Keyword::None;

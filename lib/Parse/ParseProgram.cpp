@@ -143,13 +143,12 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
            !peek(1).isFirstOnLine());
   }
-  auto bareName = [](llvm::StringRef name) { return name.trim("\"'"); };
   Recovery::ErrorTrap trap(recovery);
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
-    llvm::StringRef name = bareName(current->getSourceUnitName());
+    llvm::StringRef name = withoutQuotes(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
-    if (!name.empty() && !bareName(peek().spelling).equals_insensitive(name))
-      error(DiagnosticId::EndProgramNameDiffers, here(), bareName(peek().spelling), name);
+    if (!name.empty() && !withoutQuotes(peek().spelling).equals_insensitive(name))
+      error(DiagnosticId::EndProgramNameDiffers, here(), withoutQuotes(peek().spelling), name);
     stream.skip();
   } else {
     expected("the name of the program that ends");
