@@ -156,7 +156,7 @@ std::string explainMissing(llvm::StringRef noun, llvm::StringRef name,
 
 std::optional<std::string> explainMissingProcedure(const CFGModule &module, const GraphView &view) {
   const FunctionSelection selection(module, view);
-  if (selection.all().empty()) {
+  if (selection.all().empty() && !view.function.empty()) {
     llvm::SmallVector<llvm::StringRef> names;
     for (const CFGFunc *function : module.getFuncList())
       names.push_back(function->getName());
