@@ -18,6 +18,7 @@
 #include "Report/Sink.h"
 #include "Verify.h"
 #include "Workers.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
@@ -90,6 +91,8 @@ bool Compilation::check() {
     checker.setListener(&parts);
   checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
   findings = collectFindings(file, frontEnd, handler);
+  if (request.command == Command::Check && !request.syntaxOnly)
+    addLanguageFindings(findings, file, *program, !frontEnd.hasErrors());
   return true;
 }
 
@@ -112,7 +115,10 @@ int Compilation::run() {
     return printLayout();
   if (request.command == Command::Ast)
     return printTree();
-  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
+  // A check that fails without an error says nothing against the program.
+  return llvm::any_of(findings, [](const Diagnostic &one) { return isError(one.severity); })
+             ? ExitFindings
+             : ExitClean;
 }
 
 bool Compilation::verify() {
@@ -189,15 +195,9 @@ int Compilation::printGraph() {
   return failed ? ExitFindings : ExitClean;
 }
 
-/// Checks that fail without a message say nothing against the records, so only errors stand in the
-/// way of the layout.
+/// The records are shown with whatever errors there are: most are in the procedure division and say
+/// nothing against them.
 int Compilation::printLayout() {
-  if (hasErrors() && !request.keepGoing) {
-    llvm::errs() << "tarka: no layout of " << file
-                 << " is printed: the errors above come first; --keep-going prints it all the "
-                    "same\n";
-    return ExitFindings;
-  }
   if (!request.layout.record.empty())
     if (auto missing = explainMissingRecord(*program, request.layout.record)) {
       llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
@@ -214,12 +214,6 @@ int Compilation::printLayout() {
 
 /// Like the layout; with errors in it the tree tells how far the checks came.
 int Compilation::printTree() {
-  if (hasErrors() && !request.keepGoing) {
-    llvm::errs() << "tarka: no tree of " << file
-                 << " is printed: the errors above come first; --keep-going prints it all the "
-                    "same\n";
-    return ExitFindings;
-  }
   llvm::outs().SetBuffered();
   if (request.format == OutputFormat::Json)
     printTreeJson(llvm::outs(), *program, file);

@@ -1,7 +1,7 @@
 //===- Findings.cpp - what was found in a compilation ---------------------===//
 
 #include "Findings.h"
-#include "Analyzer/ErrorHandler.h"
+#include "Analyzer/LanguageChecker.h"
 #include "Parse/Diagnostics.h"
 #include "llvm/Support/Path.h"
 
@@ -44,6 +44,19 @@ std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiag
   for (Diagnostic &diagnostic : findings)
     diagnostic.program = llvm::sys::path::filename(file);
   return findings;
+}
+
+void addLanguageFindings(std::vector<Diagnostic> &findings, llvm::StringRef file, Program &program,
+                         bool isTreeComplete) {
+  EarlierDiagnostics earlier;
+  earlier.isTreeComplete = isTreeComplete;
+  earlier.places.reserve(findings.size());
+  for (const Diagnostic &diagnostic : findings)
+    earlier.places.push_back(diagnostic.place);
+  for (const ErrorEntry &entry : checkLanguage(program, earlier)) {
+    findings.push_back(convert(entry));
+    findings.back().program = llvm::sys::path::filename(file);
+  }
 }
 
 } // namespace tarka

@@ -2,8 +2,8 @@
 
 #include "AST/DataDivision.h"
 #include "AST/Environment.h"
-#include "Analyzer/Statement/FileOperands.h"
 #include "AST/KindNames.h"
+#include "Analyzer/Statement/FileOperands.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
@@ -65,10 +65,10 @@ public:
   }
 
   void visitWriteStatement(WriteStatement &statement) {
-    auto phrase = llvm::find_if(
-        statement.getExceptionHandlerListElements(), [](const ExceptionHandler *handler) {
-          return handler->getType() == ExceptionHandlerType::EndOfPage;
-        });
+    auto phrase = llvm::find_if(statement.getExceptionHandlerListElements(),
+                                [](const ExceptionHandler *handler) {
+                                  return handler->getType() == ExceptionHandlerType::EndOfPage;
+                                });
     const DataDescription *record = statement.getRecordName()->getDataDescription();
     const FileDescription *file = record ? fileOfItem(*record) : nullptr;
     if (phrase == statement.getExceptionHandlerListElements().end() || !file)

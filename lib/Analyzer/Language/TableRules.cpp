@@ -33,7 +33,8 @@ std::optional<std::int64_t> constantOf(const Expression &operand) {
       value = literal->getIntegerValue();
   } else if (const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&operand)) {
     // A long chain of operators is not one of literals, and is not walked by recursion.
-    if (arithmetic->getOperand2() && !llvm::isa<NumericLiteralExpression>(arithmetic->getOperand2()))
+    if (arithmetic->getOperand2() &&
+        !llvm::isa<NumericLiteralExpression>(arithmetic->getOperand2()))
       return std::nullopt;
     if (llvm::isa<ArithmeticExpression>(arithmetic->getOperand1()))
       return std::nullopt;
@@ -275,7 +276,7 @@ private:
                     .str();
     }
     if (!shown.empty())
-      report.report(LanguageRule::SubscriptOutOfRange, identifier, shown, displayName(table),
+      report.report(LanguageRule::SubscriptOutOfRange, identifier, shown, displayNameOf(table),
                     countOf(most, "occurrence"));
   }
 
@@ -308,7 +309,7 @@ private:
                   nameOf(identifier), countOf(characters, "character"));
   }
 
-  static std::string displayName(const DataDescription &entry) {
+  static std::string displayNameOf(const DataDescription &entry) {
     return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
   }
 
