@@ -116,6 +116,8 @@ class XMLParseStatement;
 
 struct ExceptionProcedures;
 
+struct Homonyms;
+
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
 public:
@@ -479,15 +481,13 @@ public:
 
 private:
   // SCExprIdentifiers.cpp
-  llvm::SmallVector<FileDescription *, 2> findFiles(FileIdentifierExpression &identifier);
   bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
 
   // SCExpr.cpp, SCLiteral.cpp
   void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);
-  bool bindQualified(DataIdentifierExpression &identifier,
-                     llvm::ArrayRef<DataDescription *> candidates);
-  bool bindUnqualified(DataIdentifierExpression &identifier,
-                       const std::list<DataDescription *> &candidates, bool preferReportItem);
+  bool bindQualified(DataIdentifierExpression &identifier, const Homonyms &homonyms);
+  void bindUnqualified(DataIdentifierExpression &identifier, const Homonyms &homonyms,
+                       bool preferReportItem);
   llvm::ArrayRef<ReportDataDescription *> findSourcesSubscriptedBy(DataDescription *entry);
   bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
   bool checkAllLiteral(FigurativeLiteralExpression &literal);

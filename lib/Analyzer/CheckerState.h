@@ -8,6 +8,7 @@
 #ifndef TARKA_LIB_ANALYZER_CHECKERSTATE_H
 #define TARKA_LIB_ANALYZER_CHECKERSTATE_H
 
+#include "AST/Scope.h"
 #include "Analyzer/Data/RedefinableEntries.h"
 #include "Analyzer/Data/SymbolicCharacters.h"
 #include "Analyzer/Environment/SharedAreas.h"
@@ -17,8 +18,7 @@
 #include "llvm/ADT/StringSet.h"
 #include <cstddef>
 #include <map>
-#include <string>
-#include <utility>
+#include <optional>
 
 namespace tarka {
 
@@ -38,9 +38,8 @@ struct SemanticChecker::State {
   std::size_t usedSrcRead = 0;
   RedefinableEntries redefinable;
   std::map<const SourceUnit *, ExceptionProcedures> exceptionProcedures;
-  /// The programs of the compilation by the unit that they are nested in, null for the outermost
-  /// ones, and by their names in upper case; empty until a CALL asks.
-  llvm::DenseMap<std::pair<const SourceUnit *, const std::string *>, SourceUnit *> programs;
+  /// Absent until a CALL asks for it.
+  std::optional<ProgramNames> programNames;
   SharedAreas sharedAreas;
   SymbolicCharacters symbolicCharacters;
   /// The texts of the names of the ENTRY statements.

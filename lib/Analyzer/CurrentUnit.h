@@ -8,6 +8,7 @@
 #define TARKA_LIB_ANALYZER_CURRENTUNIT_H
 
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "Analyzer/TopLevel.h"
 
 namespace tarka {
@@ -22,14 +23,19 @@ inline SourceUnit *currentUnit() {
   return context().getCurrentSourceUnit();
 }
 
+/// The names that it can see.
+inline Scope currentScope() {
+  return Scope(currentUnit());
+}
+
 /// Its data division; null when it has none.
 inline DataDivision *currentDivision() {
   SourceUnit *unit = currentUnit();
   return unit ? unit->getDataDivision() : nullptr;
 }
 
-/// Its own SPECIAL-NAMES; null when it has none. See SpecialNames.h for what programs around it
-/// define.
+/// Its own SPECIAL-NAMES; null when it has none. Some clauses and conditions look names up here
+/// only; what the programs around it define as well is in currentScope().
 inline ParaSpecialNames *currentSpecialNames() {
   SourceUnit *unit = currentUnit();
   return unit ? unit->getSpecialNames() : nullptr;

@@ -359,7 +359,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   }
   do {
     // Files have no place here, which the checker tells about those that it finds among the files.
-    if (peek().isUserWord() && isFileName(*peek().getInternedText())) {
+    if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
       use->addFile(parseFileName());
       continue;
     }

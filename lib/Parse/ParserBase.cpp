@@ -153,7 +153,7 @@ bool ParserBase::atNumericLiteral() {
 bool ParserBase::atLiteral() {
   return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
          peek().isFigurativeConstant() ||
-         (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText()));
+         (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText()));
 }
 
 NumericLiteralExpression *ParserBase::parseNumericLiteral() {
@@ -228,7 +228,7 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     stream.skip();
     return new FigurativeLiteralExpression(&at, type, nullptr);
   }
-  if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
+  if (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText())) {
     Node at(begin);
     auto *symbol = new FigurativeLiteralExpression(&at, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);

@@ -75,131 +75,26 @@ bool SemanticChecker::semanticCheck(IdentifierExpression &identifier) {
 // Data references
 //===----------------------------------------------------------------------===//
 
-namespace {
-
-/// The entries of a data division that bear one name; none when there is no division.
-struct Candidates {
-  DataDivision *division = nullptr;
-  std::list<DataDescription *> *entries = nullptr;
-};
-
-Candidates findIn(SourceUnit &unit, const Word &name) {
-  DataDivision *division = unit.getDataDivision();
-  std::list<DataDescription *> *found =
-      division ? division->findItemByInternedName(&name.getWordData()) : nullptr;
-  return found && !found->empty() ? Candidates{division, found} : Candidates{};
-}
-
-/// Whether the entry is part of a GLOBAL record; a condition-name is as its conditional variable.
-bool isGlobal(DataDescription &entry) {
-  DataDescription *item = entry.getLevelNum() == 88 ? entry.getCondNameParent() : &entry;
-  return item && item->getRootDesc()->getGlobal();
-}
-
-/// The entry of the program itself that alone bears the name; null when there is none or another.
-DataDescription *findOnlyItem(const Word &name) {
-  DataDivision *division = currentDivision();
-  return division ? division->findOnlyItemByInternedName(&name.getWordData()) : nullptr;
-}
-
-/// The entries that \p name can mean: those of the program itself, else those of the nearest
-/// program around it whose first entry of the name is in a GLOBAL record. That only the first one
-/// is asked is on purpose: its namesakes stay candidates whether they are GLOBAL or not.
-Candidates findCandidates(const Word &name) {
-  SourceUnit *unit = currentUnit();
-  if (Candidates own = findIn(*unit, name); own.division)
-    return own;
-  for (SourceUnit *outer = unit->getParent(); outer; outer = outer->getParent())
-    if (Candidates found = findIn(*outer, name); found.division)
-      if (isGlobal(*found.entries->front()))
-        return found;
-  return {};
-}
-
-/// Of the entries that bear the first of \p words those that the qualifiers after it can mean: of
-/// many the ones that stand below the qualifier that fewest of them stand below.
-llvm::SmallVector<DataDescription *, 8> narrow(const Candidates &candidates,
-                                               const std::list<Word *> &words) {
-  constexpr std::size_t few = 8;
-  if (candidates.entries->size() <= few)
-    return {candidates.entries->begin(), candidates.entries->end()};
-  DataDivision &division = *candidates.division;
-  llvm::ArrayRef<DataDescription *> best;
-  for (auto qualifier = std::next(words.begin()); qualifier != words.end(); ++qualifier) {
-    const std::string &text = (*qualifier)->getWordData();
-    llvm::ArrayRef<DataDescription *> below =
-        division.findItemByQualifiedName(words.front()->getWordData(), text);
-    if (qualifier == std::next(words.begin()) || below.size() < best.size())
-      best = below;
-    // What follows the name of a file or report need not fit.
-    if (division.isFileOrReportName(text))
-      break;
-  }
-  return {best.begin(), best.end()};
-}
-
-/// The name that qualifies a record of the file or report section from outside: of its FD or RD.
-/// Null for entries of other sections.
-const std::string *ownerName(const DataDescription &entry) {
-  switch (entry.getStorageType()) {
-  case StorageType::File:
-    return &entry.getFileDescription()->getFileName()->getWordData();
-  case StorageType::Report:
-    return &entry.getReportDescription()->getReportName()->getWordData();
-  default:
-    return nullptr;
-  }
-}
-
-/// How an entry fits the qualifiers of a reference.
-enum class Match {
-  None,
-  Ancestors,   ///< the groups around it bear all of them
-  Owner,       ///< groups, and in the end the file or report
-  RecordOwner, ///< a record, whose first qualifier is the file or report
-};
-
-using WordIterator = std::list<Word *>::const_iterator;
-
-/// Fits \p entry against the qualifiers in [\p qualifier, \p end), nearest first. Groups may be
-/// left out; what follows the name of a file or report is not looked at.
-Match matchQualifiers(const DataDescription &entry, WordIterator qualifier, WordIterator end) {
-  const bool isConditionName = entry.getLevelNum() == 88;
-  const DataDescription *group = isConditionName ? entry.getCondNameParent() : entry.getParent();
-  if (!group && !isConditionName)
-    if (const std::string *owner = ownerName(entry))
-      return (*qualifier)->getWordData() == *owner ? Match::RecordOwner : Match::None;
-  for (; group; group = group->getParent()) {
-    if (group->getDataName() && group->getDataName()->getWordData() == (*qualifier)->getWordData())
-      if (++qualifier == end)
-        return Match::Ancestors;
-  }
-  const std::string *owner = ownerName(entry);
-  return owner && (*qualifier)->getWordData() == *owner ? Match::Owner : Match::None;
-}
-
-bool isReportEntry(const DataDescription *entry) {
-  return entry->getStorageType() == StorageType::Report;
-}
-
-} // namespace
-
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
                                     bool preferReportItem) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
+  const std::string *name = &words.front()->getWordData();
+  const Scope scope = currentScope();
   bool ok = true;
-  if (DataDescription *only = words.size() == 1 ? findOnlyItem(*words.front()) : nullptr) {
-    // Most references: a plain name that one entry of the program bears.
+  if (DataDescription *only = words.size() == 1 ? scope.findOnlyOwnItem(name) : nullptr) {
+    // Most references: a plain name that one entry of the program has.
     bindTo(identifier, only);
   } else {
-    Candidates candidates = findCandidates(*words.front());
-    if (!candidates.division) {
+    const Homonyms homonyms = scope.findItems(name);
+    if (!homonyms) {
       if (!silentIfUndefined)
         report(ErrorCode::IdentifierUndefined, &identifier);
       return false;
     }
-    ok = words.size() > 1 ? bindQualified(identifier, narrow(candidates, words))
-                          : bindUnqualified(identifier, *candidates.entries, preferReportItem);
+    if (words.size() > 1)
+      ok = bindQualified(identifier, homonyms);
+    else
+      bindUnqualified(identifier, homonyms, preferReportItem);
   }
   // What is wrong with the modifiers is reported, but the name is bound all the same.
   if (identifier.getSubscriptMod())
@@ -221,59 +116,36 @@ void SemanticChecker::bindTo(DataIdentifierExpression &identifier, DataDescripti
   checkDataAccessWayForRptDecl(identifier);
 }
 
+/// Binds the reference to the entry that its qualifiers fit. When several fit, it is the last one.
 bool SemanticChecker::bindQualified(DataIdentifierExpression &identifier,
-                                    llvm::ArrayRef<DataDescription *> candidates) {
+                                    const Homonyms &homonyms) {
   const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
-  int count = 0;
-  for (DataDescription *candidate : candidates) {
-    Match match = matchQualifiers(*candidate, std::next(words.begin()), words.end());
-    if (match == Match::None)
-      continue;
-    ++count;
-    // A match through a file or report gives the entry only; this difference is on purpose.
-    if (match == Match::Ancestors)
-      bindTo(identifier, candidate);
+  const auto matches = matchQualified(homonyms, words);
+  for (const QualifiedMatch &match : matches) {
+    // A match through a file or report gives the entry only; compilers rely on this difference.
+    if (match.isThroughOwner)
+      identifier.setDataDescription(match.entry);
     else
-      identifier.setDataDescription(candidate);
-    if (match == Match::RecordOwner)
-      break;
+      bindTo(identifier, match.entry);
   }
-  if (count == 0)
+  if (matches.empty())
     return report(ErrorCode::IdentifierNotInScope, &identifier,
                   words.front()->getWordData().c_str());
-  if (count > 1)
+  if (matches.size() > 1)
     return report(ErrorCode::IdentifierNotUnique, &identifier,
                   words.front()->getWordData().c_str());
   return true;
 }
 
-bool SemanticChecker::bindUnqualified(DataIdentifierExpression &identifier,
-                                      const std::list<DataDescription *> &candidates,
-                                      bool preferReportItem) {
-  auto isOther = [](const DataDescription *entry) { return !isReportEntry(entry); };
-  auto chosen = candidates.begin();
-  if (candidates.size() > 1) {
-    chosen = llvm::find_if(candidates, isOther);
-    if (chosen == candidates.end()) {
-      // Of items of the report section alone the last one is meant.
-      chosen = std::prev(candidates.end());
-    } else {
-      bool (*isRival)(const DataDescription *) = isOther;
-      if (preferReportItem && CompileOption::getCompileOptionInstance()->isOptionEnableRw()) {
-        auto reportItem = llvm::find_if(candidates, isReportEntry);
-        if (reportItem != candidates.end()) {
-          chosen = reportItem;
-          isRival = isReportEntry;
-        }
-      }
-      // The first one is taken, and the check does not fail for it: on purpose.
-      if (std::any_of(std::next(chosen), candidates.end(), isRival))
-        report(ErrorCode::IdentifierNotUnique, &identifier,
-               (*chosen)->getDataName()->getWordData().c_str());
-    }
-  }
-  bindTo(identifier, *chosen);
-  return true;
+/// Binds a name without qualifiers. One that is not unique is reported, but does not fail.
+void SemanticChecker::bindUnqualified(DataIdentifierExpression &identifier,
+                                      const Homonyms &homonyms, bool preferReportItem) {
+  const bool usesReportWriter = CompileOption::getCompileOptionInstance()->isOptionEnableRw();
+  const UnqualifiedMatch match = matchUnqualified(homonyms, preferReportItem && usesReportWriter);
+  if (!match.isUnique)
+    report(ErrorCode::IdentifierNotUnique, &identifier,
+           match.entry->getDataName()->getWordData().c_str());
+  bindTo(identifier, match.entry);
 }
 
 //===----------------------------------------------------------------------===//

@@ -3,7 +3,7 @@
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/OperandCheck.h"
 #include "llvm/ADT/STLExtras.h"
@@ -22,7 +22,7 @@ constexpr llvm::StringLiteral outputDevices[] = {"SYSOUT",   "SYSLIST", "SYSLST"
 
 /// The environment name that \p name stands for, or is itself; null when it is none of \p devices.
 Word *findDevice(Word &name, llvm::ArrayRef<llvm::StringLiteral> devices) {
-  ClauseEnvName *clause = findMnemonicName(name);
+  ClauseEnvName *clause = currentScope().findMnemonicName(&name.getWordData());
   Word *device = clause ? clause->getEnvironmentName() : &name;
   bool isKnown = llvm::any_of(devices, [&](llvm::StringRef known) {
     return known.equals_insensitive(device->getWordData());

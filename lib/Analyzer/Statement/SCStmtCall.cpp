@@ -288,39 +288,17 @@ namespace {
 /// The arguments of a CALL that are wrong wherever they are passed.
 using RefusedArguments = llvm::SmallPtrSet<const Argument *, 4>;
 
-/// A program's name as it is looked for: without the quotes of a literal, in upper case.
-const std::string *programKey(llvm::StringRef name) {
-  if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
-    name = name.drop_front().drop_back();
-  return &internString(name.upper());
-}
-
-bool isCommon(SourceUnit &unit) {
-  return unit.getIDDivision()->getProgramIDPara()->getType() == ProgramIdType::Common;
-}
-
 } // namespace
 
-/// The program that a CALL in the current unit reaches by \p name: one that is nested in the unit,
-/// a COMMON one that is nested in a unit around it, or an outermost one. Null when the program
-/// stands elsewhere.
+/// The program of the compilation that a CALL in the current unit reaches by \p name; null when
+/// there is none.
 SourceUnit *SemanticChecker::findProgram(llvm::StringRef name) {
-  if (state->programs.empty() && context().getCurrentProgram()) {
-    llvm::SmallVector<SourceUnit *, 16> units;
-    llvm::append_range(units, context().getCurrentProgram()->getSourceUnitListElements());
-    for (std::size_t next = 0; next < units.size(); ++next) {
-      SourceUnit *unit = units[next];
-      state->programs.try_emplace({unit->getParent(), programKey(unit->getSourceUnitName())}, unit);
-      llvm::append_range(units, unit->getNestedListElements());
-    }
-  }
-  const std::string *key = programKey(name);
-  SourceUnit *current = currentUnit();
-  for (SourceUnit *scope = current; scope; scope = scope->getParent())
-    if (SourceUnit *found = state->programs.lookup({scope, key});
-        found && (scope == current || isCommon(*found)))
-      return found;
-  return state->programs.lookup({nullptr, key});
+  const Program *program = context().getCurrentProgram();
+  if (!program)
+    return nullptr;
+  if (!state->programNames)
+    state->programNames.emplace(*program);
+  return state->programNames->find(currentUnit(), name);
 }
 
 namespace {

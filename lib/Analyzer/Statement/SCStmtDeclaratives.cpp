@@ -41,7 +41,8 @@ const ExceptionProcedures &SemanticChecker::exceptionProceduresOf(SourceUnit &un
       // A declarative may use a file whose own USE comes later and is not bound yet.
       FileDescription *file = fileName->getFileDescription();
       if (!file && isCurrent)
-        if (auto found = findFiles(*fileName); !found.empty())
+        if (auto found = currentScope().findFiles(&fileName->getFileName()->getWordData());
+            !found.empty())
           file = found.front();
       if (file)
         procedures.files[file] |= use->isGlobal();

@@ -10,7 +10,7 @@
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
 #include "AST/Statement.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/FileOperands.h"
 #include "Analyzer/Statement/OperandCheck.h"
@@ -238,7 +238,7 @@ bool checkAdvancingMnemonic(SemanticChecker &checker, WriteAdvancing &advancing,
   if (name.getQualifiedWord()->getNamesSize() > 1 || name.getSubscriptMod())
     return checker.report(ErrorCode::WriteAdvancingInvalid, &name);
   Word *word = *name.getQualifiedWord()->getNamesBegin();
-  const ClauseEnvName *clause = findMnemonicName(*word);
+  const ClauseEnvName *clause = currentScope().findMnemonicName(&word->getWordData());
   if (!clause)
     return checker.report(ErrorCode::WriteAdvancingInvalid, &name);
   advancing.setMnemonicName(word);

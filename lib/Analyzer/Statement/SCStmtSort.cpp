@@ -4,7 +4,6 @@
 #include "AST/DataDescription.h"
 #include "AST/Statement.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/Environment/SpecialNames.h"
 #include "Analyzer/Statement/FileOperands.h"
 #include "Analyzer/Statement/OperandCheck.h"
 #include <optional>
@@ -165,7 +164,8 @@ bool isDataName(const FileIdentifierExpression &name) {
 /// wrong.
 bool SemanticChecker::checkSortedFile(FileIdentifierExpression &name,
                                       const FileDescription *sortFile, bool isInput) {
-  if (isInput && findFiles(name).empty() && isDataName(name))
+  if (isInput && currentScope().findFiles(&name.getFileName()->getWordData()).empty() &&
+      isDataName(name))
     return report(ErrorCode::SortUsingNotFileName, &name);
   if (!checkFileName(*this, name, FileDescType::File) || !checkFileHasRecord(*this, name))
     return false;
@@ -203,7 +203,7 @@ bool SemanticChecker::checkSort(SortOrMerge &statement, const std::list<SortKey 
       ok &= checkSortKey(*this, *keyName, file);
 
   if (Word *alphabet = statement.getSeqAlphaName()) {
-    statement.setAlphabetClause(findAlphabet(*alphabet));
+    statement.setAlphabetClause(currentScope().findAlphabet(&alphabet->getWordData()));
     if (!statement.getAlphabetClause())
       ok = report(ErrorCode::CollatingAlphabetUndefined, alphabet);
   }
