@@ -54,6 +54,9 @@ public:
     DataDivision *division = unit ? unit->getDataDivision() : nullptr;
     return division ? division->findOnlyItemByInternedName(name) : nullptr;
   }
+  /// The entry that the checks bind a reference of \p words to: the name, then its qualifiers,
+  /// nearest first. Null when none fits; a reference that fits several is bound to one of them.
+  DataDescription *findReferenced(const std::list<Word *> &words) const;
   /// Whether one of the entries that \p name can mean is a condition-name (level 88).
   bool isConditionName(const std::string *name) const;
   /// The entry of the special register \p name. Registers belong to the outermost program, and

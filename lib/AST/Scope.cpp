@@ -48,6 +48,16 @@ Homonyms Scope::findItems(const std::string *name) const {
   return {};
 }
 
+DataDescription *Scope::findReferenced(const std::list<Word *> &words) const {
+  const Homonyms homonyms = findItems(&words.front()->getWordData());
+  if (!homonyms)
+    return nullptr;
+  if (words.size() == 1)
+    return matchUnqualified(homonyms, /*prefersReportItem=*/false).entry;
+  const auto matches = matchQualified(homonyms, words);
+  return matches.empty() ? nullptr : matches.back().entry;
+}
+
 bool Scope::isConditionName(const std::string *name) const {
   Homonyms found = findItems(name);
   return found && llvm::any_of(*found.entries, [](const DataDescription *entry) {

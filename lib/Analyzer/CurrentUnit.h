@@ -23,6 +23,20 @@ inline SourceUnit *currentUnit() {
   return context().getCurrentSourceUnit();
 }
 
+/// Makes a program the current one as long as this lives.
+class CurrentUnitScope {
+public:
+  explicit CurrentUnitScope(SourceUnit *unit) : previous(currentUnit()) {
+    context().setCurrentSourceUnit(unit);
+  }
+  ~CurrentUnitScope() { context().setCurrentSourceUnit(previous); }
+  CurrentUnitScope(const CurrentUnitScope &) = delete;
+  CurrentUnitScope &operator=(const CurrentUnitScope &) = delete;
+
+private:
+  SourceUnit *previous;
+};
+
 /// The names that it can see.
 inline Scope currentScope() {
   return Scope(currentUnit());

@@ -45,27 +45,28 @@ bool SemanticChecker::semanticCheck(ReportIdentifierExpression &identifier) {
 // Special registers
 //===----------------------------------------------------------------------===//
 
-bool SemanticChecker::checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister) {
+namespace {
+
+bool checkLinageCounter(SemanticChecker &checker,
+                        SpecialRegisterIdentifierExpression &specialRegister) {
   if (FileIdentifierExpression *file = specialRegister.getFileExpr()) {
-    if (!semanticCheck(*file))
+    if (!checker.semanticCheck(*file))
       return false;
     if (!file->getFileDescription()->getLinage())
-      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+      return checker.report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
     specialRegister.setDataDescription(file->getFileDescription()->getLineageCounter());
     return true;
   }
   llvm::SmallVector<FileDescription *, 2> files = currentScope().findFilesWithLinage();
   if (files.empty())
-    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    return checker.report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   if (files.size() > 1)
-    return report(ErrorCode::LinageCounterNotQualified, &specialRegister);
+    return checker.report(ErrorCode::LinageCounterNotQualified, &specialRegister);
   specialRegister.setDataDescription(files.front()->getLineageCounter());
   return true;
 }
 
-namespace {
-
-/// LENGTH OF is asked of what has a length: of neither a condition-name nor an index-name.
+/// Condition-names and index-names have no length.
 bool hasLength(const DataDescription &entry) {
   return !isConditionName(entry) && !isIndexName(entry);
 }
@@ -95,7 +96,7 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
     return true;
   }
   case SpecialRegisterType::LinageCounter:
-    return checkLinageCounter(specialRegister);
+    return checkLinageCounter(*this, specialRegister);
   case SpecialRegisterType::PageCounter:
   case SpecialRegisterType::LineCounter:
     if (ReportIdentifierExpression *name = specialRegister.getReportExpr())
@@ -112,7 +113,7 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
     return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   if (DataDescription *entry = currentScope().findRegister(&word->getWordData()))
     specialRegister.setDataDescription(entry);
-  // Some registers have no entry: their category is known all the same.
+  // Some registers have no entry; their category is known nevertheless.
   if (specialRegister.getDataCategory() == DataCategory::Unclassified)
     return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   if (ReferenceModifier *modifier = specialRegister.getReferenceMod())
