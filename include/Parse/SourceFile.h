@@ -38,14 +38,16 @@ public:
   unsigned getNumber() const { return number; }
   /// The text without a byte-order mark. A byte 0 follows the last one.
   llvm::StringRef getText() const { return text; }
-  /// What shows that the file is not text at all, or not in its encoding, and where that stands.
+  /// Whether the file is not text at all, or not in its encoding, and the offset at which that
+  /// shows.
   Fault getFault() const { return fault; }
   size_t getFaultOffset() const { return faultOffset; }
   /// The byte that could not be decoded.
   unsigned char getUndecodableByte() const { return undecodableByte; }
-  /// Whether the fault was not told yet.
+  /// Whether the fault was not reported yet; false from the second call on.
   bool isFaultNew() const { return std::exchange(faultIsNew, false); }
-  /// The form of its lines, see detectSourceFormat(); \p otherwise where they do not tell.
+  /// The form of its lines, see detectSourceFormat(); \p otherwise where they could be of either
+  /// form.
   SourceFormat getFormat(SourceFormat otherwise) const;
 
 private:

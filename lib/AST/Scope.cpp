@@ -379,9 +379,7 @@ namespace {
 
 /// The name as it is looked up: without the quotes of a literal, in upper case.
 const std::string *programKey(llvm::StringRef name) {
-  if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
-    name = name.drop_front().drop_back();
-  return &internString(name.upper());
+  return &internString(withoutQuotes(name).upper());
 }
 
 bool isCommon(const SourceUnit &unit) {

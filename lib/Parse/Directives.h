@@ -53,8 +53,8 @@ private:
   llvm::StringMap<DirectiveOperand> values;
 };
 
-/// Reads the text of one directive from left to right. The first fault is reported, then
-/// everything that is asked for gives nothing.
+/// Reads the text of one directive from left to right. The first fault is reported, then all
+/// further requests return nothing.
 class DirectiveText {
 public:
   DirectiveText(llvm::StringRef text, llvm::StringRef directive, const SourceRange &place,
@@ -64,7 +64,7 @@ public:
 
   /// Takes the word \p word off the text if it is the next one.
   bool consume(llvm::StringRef word);
-  /// Takes the next word off, whatever it is; empty where there is none.
+  /// Takes the next word, whatever it is; empty where there is none.
   llvm::StringRef takeWord();
   bool isAtEnd();
 

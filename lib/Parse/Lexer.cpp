@@ -20,8 +20,7 @@ Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context,
     reportFault(file);
 }
 
-/// One message stands for all that could be said about a file that is no text, or is in another
-/// encoding.
+/// One message stands for all mistakes in a file that is not text, or is in another encoding.
 void Lexer::reportFault(const SourceFile &file) {
   size_t offset = std::min(file.getFaultOffset(), file.getText().size());
   llvm::StringRef before = file.getText().take_front(offset);
@@ -217,7 +216,7 @@ bool Lexer::checkToken(Token &token) {
   }
 }
 
-/// A word that is too long is told once, where it stands first.
+/// A word that is too long is reported once, at its first use.
 void Lexer::reportLongWord(const Token &token) {
   if (context.longWords.insert(token.text).second)
     context.diagnostics.report(DiagnosticId::WordTooLong, token.place,
@@ -363,7 +362,7 @@ bool Lexer::readPicture(Token &token) {
   return true;
 }
 
-/// Reads a block whole, of which \p exec is the first word. EXEC SQL INCLUDE is a COPY: its one
+/// Reads a whole block, of which \p exec is the first word. EXEC SQL INCLUDE is a COPY: its one
 /// token is the keyword COPY with the name of the member as its text.
 void Lexer::readEmbeddedBlock(Token &exec) {
   Token language, text, end;
@@ -392,7 +391,7 @@ void Lexer::readEmbeddedBlock(Token &exec) {
   state = State::EmbeddedBlock;
 }
 
-/// Whether \p mark is the next character of the text, on this line or behind what is blank.
+/// Whether \p mark is the next character of the text, on this line or after blanks.
 bool Lexer::isAhead(char mark) {
   for (;;) {
     llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
@@ -486,7 +485,7 @@ void Lexer::readEmbeddedText(Token &token) {
     append(rest.take_front(end));
     isTerminated = end != llvm::StringRef::npos;
     if (isTerminated) {
-      // Its token is to know that a space stands before it.
+      // Its token is marked as preceded by a space.
       bool isAfterSpace = end > 0 && isBlank(rest[end - 1]);
       scanner.setCursor(rest.begin() + end - isAfterSpace);
       if (pieces == 0)

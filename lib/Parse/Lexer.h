@@ -1,7 +1,7 @@
 //===- Lexer.h - from lines of program text to tokens -----------*- C++ -*-===//
 //
 // Two floors. The scanner makes a token of the characters of one line and knows
-// nothing of files. The lexer takes lines from a LineReader, gives tokens their
+// nothing about files. The lexer takes lines from a LineReader, gives tokens their
 // places, and sees to what the language decides by the words before: picture
 // strings, embedded text, comment-entries, listing statements and directives.
 //
@@ -92,7 +92,7 @@ public:
 
   SourceFormat getFormat() const { return lines.getFormat(); }
 
-  /// Takes over what the context says about the decimal point, in the middle of a line too.
+  /// Applies the context's decimal point, in the middle of a line too.
   void updateDecimalPoint() { scanner.setDecimalPointIsComma(context.decimalPointIsComma); }
 
   /// Says that pseudo-text is being read: it is taken as it is, keywords have no effect on it, and

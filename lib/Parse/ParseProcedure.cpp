@@ -15,8 +15,7 @@ namespace tarka {
 
 ProcedureDivision *ProcedureParser::parseProcedureDivision() {
   SourceRange begin = here();
-  Node position(begin);
-  auto *division = new ProcedureDivision(&position);
+  auto *division = makeAt<ProcedureDivision>(begin);
   parseProcedureHeader(*division);
   while (accept(TokenKind::Period))
     ;
@@ -67,7 +66,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   }
   if (isRead && expect(TokenKind::Period))
     return;
-  // The header has had its message; the rest of its line says no more.
+  // The header was reported; skip the rest of it.
   while (!at(TokenKind::Period, Keyword::Declaratives) && !atStatement() && !atProcedureHeader() &&
          !atUnitBoundary())
     stream.skip();
@@ -124,7 +123,7 @@ bool ProcedureParser::atProcedureBody() {
 
 template <typename Owner> void ProcedureParser::parseParagraphs(Owner &owner) {
   while (atProcedureBody()) {
-    // A period alone says nothing.
+    // A period alone is an empty sentence.
     if (accept(TokenKind::Period))
       continue;
     HeaderKind header = headerKind();
@@ -345,7 +344,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   accept(Keyword::On);
   auto *use = make<UseStatement>(begin, UseTimingType::ForDebugging);
   if (accept(Keyword::All)) {
-    // Nothing is told about the items that are debugged.
+    // The tree has no place for the items to be debugged.
     if (at(Keyword::References)) {
       error(DiagnosticId::NotSupported, here(), "DEBUGGING ON ALL REFERENCES");
       while (!at(TokenKind::Period) && !atUnitBoundary())
@@ -358,7 +357,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
     return complete(use);
   }
   do {
-    // Files have no place here, which the checker tells about those that it finds among the files.
+    // Files are not allowed here; the checker reports them.
     if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
       use->addFile(parseFileName());
       continue;

@@ -161,6 +161,9 @@ public:
   /// Whether any division header, END PROGRAM or the end of the file is next.
   bool atUnitBoundary();
   bool atEndProgram();
+  /// Whether the PROGRAM-ID paragraph is next, with which a program begins that has no division
+  /// header before it.
+  bool atProgramId();
   /// Whether a paragraph, section or division header of the environment or data division is next,
   /// or the end of the file.
   bool atPartHeader();

@@ -129,7 +129,7 @@ void Preprocessor::next(Token &token) {
       break;
     replace(token);
   }
-  // Nothing but replacement makes text longer.
+  // Only replacement makes text longer.
   if (tokensAdded > 0)
     boundReplacement(token);
   if (isStopped) {
@@ -200,7 +200,7 @@ void Preprocessor::readReplaced(size_t level, Token &token) {
     return;
   }
   own->next(token, [this, level](Token &source) { readBelow(level, source); });
-  // What comes out here may be replaced by nothing farther out, and never be seen there.
+  // The result may be replaced by nothing at an outer level, and never be seen there.
   boundReplacement(token);
 }
 
@@ -266,7 +266,7 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
     statement.isDoubtful = true;
-    // What else stands in its line says no more.
+    // Skip the rest of its line.
     while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile) && !token.isFirstOnLine() &&
            !token.isVerb())
       readRaw(token);
@@ -461,7 +461,7 @@ bool Preprocessor::readReplacement(Token &token, llvm::StringRef statement, Repl
 }
 
 /// One side of a pair: pseudo-text, a literal, or an identifier with its qualifiers and subscripts.
-/// \p token is the first token of it, and after it the first one behind it.
+/// \p token is its first token; afterwards it is the first token after it.
 bool Preprocessor::readOperand(Token &token, llvm::SmallVectorImpl<Token> &tokens) {
   auto take = [&] {
     tokens.push_back(token);
@@ -546,7 +546,7 @@ bool Preprocessor::makePartial(const Token &keyword, Replacement &pair) {
     return false;
   }
   pair.fromPart = llvm::StringRef(pair.fromPart).upper();
-  // Marks are no part of a word: such text stands before or after words as words of its own.
+  // Punctuation is not part of a word: such text comes before or after words as words of its own.
   bool isOfWord =
       llvm::all_of(pair.fromPart, [](char c) { return llvm::isAlnum(c) || c == '-' || c == '_'; });
   if (isOfWord)

@@ -12,8 +12,8 @@ namespace {
 
 constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
 
-/// Where the first byte of a file stands that shows it to be no text; npos for text. A stray
-/// control byte makes no binary file: one in sixteen, near the beginning, does.
+/// The offset of the first byte that shows that a file is not text; npos for text. A stray control
+/// byte makes no binary file: one in sixteen, near the beginning, does.
 size_t findBinary(llvm::StringRef text) {
   size_t first = llvm::StringRef::npos;
   size_t count = 0;
@@ -71,7 +71,7 @@ public:
     return freeLines > fixedLines ? SourceFormat::Free : SourceFormat::Fixed;
   }
 
-  /// Whether more lines would hardly tell more.
+  /// Whether more lines would hardly change the result.
   bool isDone() const { return directed != SourceFormat::Auto || lines >= 2000; }
 
 private:

@@ -64,7 +64,7 @@ namespace {
 
 /// A symbolic character becomes the constant that SPECIAL-NAMES defines for it.
 bool resolveSymbolicCharacter(SemanticChecker &checker, FigurativeLiteralExpression &literal) {
-  auto *name = new Word(literal.getNode(), literal.getSymbolName(), "");
+  auto *name = generate<Word>(literal.getNode(), literal.getSymbolName(), "");
   auto *meaning =
       llvm::dyn_cast_or_null<FigurativeLiteralExpression>(checker.convertSymbolicValue(name));
   if (!meaning)

@@ -86,10 +86,10 @@ bool SemanticChecker::findUsedSrc(DataDescription *entry, ReportDataDescription 
 
 void SemanticChecker::addDummyStmtForReportDeclaratives(DataIdentifierExpression *source,
                                                         DataDescription *target) {
-  auto *receiver = new DataIdentifierExpression(nullptr, nullptr, nullptr, nullptr);
+  auto *receiver = generate<DataIdentifierExpression>(nullptr, nullptr, nullptr, nullptr);
   receiver->setDataDescription(target);
   std::list<IdentifierExpression *> receivers{receiver};
-  auto *move = new MoveStatement(nullptr, source, &receivers, /*isCorresponding=*/false);
+  auto *move = generate<MoveStatement>(nullptr, source, &receivers, /*isCorresponding=*/false);
   auto *rules = makeList<MoveRule>();
   rules->push_back(getMoveRule(source, receiver));
   move->setMoveRuleList(rules);

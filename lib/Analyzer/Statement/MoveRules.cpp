@@ -3,6 +3,7 @@
 #include "Analyzer/Statement/MoveRules.h"
 #include "AST/ClausePicture.h"
 #include "AST/DataDescription.h"
+#include "AST/Usage.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include <initializer_list>
 #include <optional>
@@ -64,11 +65,6 @@ constexpr CategoryMove categoryMoves[] = {
 
 bool isGroup(const DataDescription *entry) {
   return entry && entry->getChildrenSize() > 0;
-}
-
-/// COMP-3 and PACKED-DECIMAL are moved alike.
-bool isPacked(UsageType usage) {
-  return usage == UsageType::Comp3 || usage == UsageType::PackedDecimal;
 }
 
 } // namespace
@@ -207,7 +203,7 @@ MoveRule MoveDecision::fromReferenceModified() {
     return MoveRule::Character;
   if (receiverUsage() == UsageType::Display)
     return MoveRule::AlphanumericToDisplay;
-  return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+  return isPackedDecimal(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
 }
 
 MoveDecision::Rule MoveDecision::fromAlphabeticOrEdited() {
@@ -252,7 +248,8 @@ MoveRule MoveDecision::fromAlphanumericToNumeric() {
   if (!receiverEntry)
     return MoveRule::NumericConversion;
   if (receiverUsage() != UsageType::Display)
-    return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+    return isPackedDecimal(receiverUsage()) ? MoveRule::DisplayToPacked
+                                            : MoveRule::NumericConversion;
   return isReferenceModified(receiver) ? MoveRule::Character : MoveRule::AlphanumericToDisplay;
 }
 
@@ -274,12 +271,12 @@ MoveDecision::Rule MoveDecision::fromNumeric() {
 MoveRule MoveDecision::fromNumericToNumeric() {
   if (!senderEntry)
     return MoveRule::NumericConversion;
-  if (isPacked(senderEntry->getUsageType()))
-    return receiverEntry && isPacked(receiverUsage()) ? MoveRule::PackedToPacked
-                                                      : MoveRule::NumericConversion;
+  if (isPackedDecimal(senderEntry->getUsageType()))
+    return receiverEntry && isPackedDecimal(receiverUsage()) ? MoveRule::PackedToPacked
+                                                             : MoveRule::NumericConversion;
   if (senderEntry->getUsageType() != UsageType::Display || !receiverEntry)
     return MoveRule::NumericConversion;
-  if (isPacked(receiverUsage())) {
+  if (isPackedDecimal(receiverUsage())) {
     const ClausePicture *picture = senderEntry->getPicture();
     return picture && picture->isSigned() ? MoveRule::NumericConversion : MoveRule::DisplayToPacked;
   }

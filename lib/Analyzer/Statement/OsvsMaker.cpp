@@ -16,25 +16,26 @@ std::string quotedText(llvm::StringRef contents, llvm::StringRef prefix, std::in
 }
 
 DataDescription *OsvsMaker::item(const char *picture, UsageType usage) {
-  auto *entry = new DataDescription(at);
+  auto *entry = generate<DataDescription>(at);
   entry->setLevelNum(1);
   if (picture)
-    entry->setPicture(new ClausePicture(at, new Word(at, picture, "")));
-  entry->setUsage(new ClauseUsage(at, usage));
+    entry->setPicture(generate<ClausePicture>(at, generate<Word>(at, picture, "")));
+  entry->setUsage(generate<ClauseUsage>(at, usage));
   return entry;
 }
 
 llvm::StringRef OsvsMaker::keep(llvm::StringRef prefix, DataDescription *item, Expression *value) {
   SourceUnit &unit = *currentUnit();
   if (!unit.getDataDivision())
-    unit.setDataDivision(new DataDivision(at));
+    unit.setDataDivision(generate<DataDivision>(at));
   DataDivision &division = *unit.getDataDivision();
-  auto *name = new Word(at, (prefix + llvm::Twine(division.getWorkSectionSize() + 1)).str(), "");
+  auto *name =
+      generate<Word>(at, (prefix + llvm::Twine(division.getWorkSectionSize() + 1)).str(), "");
   item->setDataName(name);
   if (value) {
-    auto *phrase = new PhraseValue(at);
+    auto *phrase = generate<PhraseValue>(at);
     phrase->setLiteral1(llvm::cast<LiteralExpression>(value));
-    auto *clause = new ClauseValue(at);
+    auto *clause = generate<ClauseValue>(at);
     clause->addPhraseValue(phrase);
     item->setValue(clause);
   }

@@ -35,20 +35,22 @@ public:
   const Node *place() const { return at; }
 
   NumericLiteralExpression *number(llvm::StringRef text) {
-    auto *literal = new NumericLiteralExpression(at, text);
+    auto *literal = generate<NumericLiteralExpression>(at, text);
     checker.semanticCheck(*literal);
     return literal;
   }
-  Expression *zero() { return new FigurativeLiteralExpression(at, FigurativeType::Zero, nullptr); }
+  Expression *zero() {
+    return generate<FigurativeLiteralExpression>(at, FigurativeType::Zero, nullptr);
+  }
   Expression *text(llvm::StringRef contents) {
-    return new NonNumericLiteralExpression(at, quotedText(contents));
+    return generate<NonNumericLiteralExpression>(at, quotedText(contents));
   }
 
   /// A bound reference to an item of that name.
   DataIdentifierExpression *reference(llvm::StringRef name) {
-    auto *words = new QualifiedWord(at);
-    words->addNames(new Word(at, name, ""));
-    auto *identifier = new DataIdentifierExpression(at, words, nullptr, nullptr);
+    auto *words = generate<QualifiedWord>(at);
+    words->addNames(generate<Word>(at, name, ""));
+    auto *identifier = generate<DataIdentifierExpression>(at, words, nullptr, nullptr);
     checker.semanticCheck(*identifier);
     return identifier;
   }
@@ -61,16 +63,16 @@ public:
   llvm::StringRef keep(llvm::StringRef prefix, DataDescription *item, Expression *value);
 
   Condition *compare(RelationalConditionType relation, Expression *left, Expression *right) {
-    return new RelationalCondition(at, relation, left, right);
+    return generate<RelationalCondition>(at, relation, left, right);
   }
   Condition *combine(CombinedOperatorType op, Condition *left, Condition *right) {
-    return new CombinedCondition(at, op, left, right);
+    return generate<CombinedCondition>(at, op, left, right);
   }
 
   /// A MOVE whose sender needs no further check.
   Statement *move(Expression *sender, IdentifierExpression *receiver) {
     std::list<IdentifierExpression *> receivers{receiver};
-    auto *statement = new MoveStatement(at, sender, &receivers, /*isCorresponding=*/false);
+    auto *statement = generate<MoveStatement>(at, sender, &receivers, /*isCorresponding=*/false);
     statement->setMoveRuleList(makeList<MoveRule>());
     statement->getMoveRuleList()->push_back(checker.getMoveRule(sender, receiver));
     return statement;

@@ -27,16 +27,16 @@ constexpr llvm::StringLiteral CopySuffix = "_tkcopy";
 Section *copyIntoDeclaratives(Section &section, QualifiedWord &name, Statement *statement) {
   const std::string &text = section.getSectionName()->getWordData();
   const Node *place = statement ? static_cast<Node *>(statement) : &name;
-  auto *copyName = new Word(place, text + CopySuffix.str(), "");
+  auto *copyName = generate<Word>(place, text + CopySuffix.str(), "");
   Section *copy = section.createCopySection(section.getSectionName(), copyName);
   ProcedureDivision &division = currentProcedureDivision();
-  division.addDeclaratives(new Declaratives(copy, copy, nullptr));
+  division.addDeclaratives(generate<Declaratives>(copy, copy, nullptr));
   division.addRenameSection(copy);
 
   auto *perform = llvm::dyn_cast_or_null<PerformStatement>(statement);
   PerformProcedure *range = perform ? perform->getProcedureName() : nullptr;
   if (range && range->getProcedureName1()->getNamesElements().front()->getWordData() == text) {
-    auto *newName = new QualifiedWord(copyName);
+    auto *newName = generate<QualifiedWord>(copyName);
     newName->addNames(copyName);
     range->setProcedureName1(newName);
   }

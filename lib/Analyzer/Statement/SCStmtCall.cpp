@@ -53,7 +53,7 @@ bool checkProgramName(SemanticChecker &checker, CallStatement &call) {
   if (word && !word->getSubscriptMod() && !word->getReferenceMod() &&
       word->getQualifiedWord()->getNamesSize() == 1) {
     if (!checker.semanticCheck(*word, /*silentIfUndefined=*/true)) {
-      call.setProcedureName(new NonNumericLiteralExpression(
+      call.setProcedureName(generate<NonNumericLiteralExpression>(
           word, (*word->getQualifiedWord()->getNamesBegin())->getDisplayName()));
       return true;
     }

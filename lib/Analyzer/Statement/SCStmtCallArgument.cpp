@@ -1,6 +1,7 @@
 //===- SCStmtCallArgument.cpp - what can be passed to a program -----------===//
 
 #include "AST/DataDescription.h"
+#include "AST/Usage.h"
 #include "Analyzer/Expression/CharacterOperand.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/CallCheck.h"
@@ -177,15 +178,7 @@ bool ArgumentCheck::itemByValue(const DataIdentifierExpression &item) {
   default:
     return report(ErrorCode::CallArgumentType);
   }
-  switch (entry.getUsageType()) {
-  case UsageType::Binary:
-  case UsageType::Comp:
-  case UsageType::Comp4:
-  case UsageType::Comp5:
-    return true;
-  default:
-    return report(ErrorCode::CallArgumentType);
-  }
+  return isBinary(entry.getUsageType()) || report(ErrorCode::CallArgumentType);
 }
 
 } // namespace

@@ -34,9 +34,9 @@ DataIdentifierExpression *makeRegister(const Node &at, const char *name) {
   SourceUnit *unit = currentUnit();
   while (unit->getParent())
     unit = unit->getParent();
-  auto *word = new QualifiedWord(&at);
-  word->addNames(new Word(&at, name, ""));
-  auto *identifier = new DataIdentifierExpression(&at, word, nullptr, nullptr);
+  auto *word = generate<QualifiedWord>(&at);
+  word->addNames(generate<Word>(&at, name, ""));
+  auto *identifier = generate<DataIdentifierExpression>(&at, word, nullptr, nullptr);
   identifier->setDataDescription(Scope(unit).findRegister(&internString(name)));
   return identifier;
 }
@@ -61,15 +61,16 @@ bool prepareDliCall(SemanticChecker &checker, CallStatement &call, llvm::StringR
       return ok;
 
   Node at(call);
-  auto *count = new NumericLiteralExpression(&at, std::to_string(call.getArgumentListSize()));
+  auto *count = generate<NumericLiteralExpression>(&at, std::to_string(call.getArgumentListSize()));
   DataIdentifierExpression *receiver = makeRegister(at, dli.countRegister);
   std::list<IdentifierExpression *> receivers{receiver};
-  auto *move = new MoveStatement(&at, count, &receivers, /*isCorresponding=*/false);
+  auto *move = generate<MoveStatement>(&at, count, &receivers, /*isCorresponding=*/false);
   move->setMoveRuleList(makeList<MoveRule>());
   move->getMoveRuleList()->push_back(checker.getMoveRule(count, receiver));
   call.setMoveStmt(move);
-  call.addArgumentFront(new Argument(&at, ArgType::Reference, makeRegister(at, dli.countRegister),
-                                     /*isLeftOut=*/false));
+  call.addArgumentFront(generate<Argument>(&at, ArgType::Reference,
+                                           makeRegister(at, dli.countRegister),
+                                           /*isLeftOut=*/false));
   return ok;
 }
 

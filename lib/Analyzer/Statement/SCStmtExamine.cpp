@@ -16,7 +16,7 @@ Expression *asCharacters(Expression *operand) {
   auto *number = llvm::dyn_cast_if_present<NumericLiteralExpression>(operand);
   if (!number || !number->isInteger() || number->isSigned())
     return operand;
-  return new NonNumericLiteralExpression(number, quotedText(number->getData()));
+  return generate<NonNumericLiteralExpression>(number, quotedText(number->getData()));
 }
 
 /// The INSPECT that does what EXAMINE says; \p counter is null where nothing is counted.
@@ -28,7 +28,7 @@ public:
         sought(asCharacters(statement.getOptExpr())), by(asCharacters(statement.getByExpr())) {}
 
   InspectStatement *make(IdentifierExpression *counter, bool replaces) {
-    auto *inspect = new InspectStatement(&statement, subject, nullptr, nullptr, nullptr);
+    auto *inspect = generate<InspectStatement>(&statement, subject, nullptr, nullptr, nullptr);
     if (counter)
       inspect->addTallying(tallying(counter));
     if (replaces)
@@ -43,31 +43,33 @@ private:
   /// Everything before the first one: UNTIL FIRST.
   std::list<InspectRegion *> *untilFirst() {
     auto *regions = makeList<InspectRegion *>();
-    regions->push_back(new InspectRegion(&statement, InspRegType::Before, sought));
+    regions->push_back(generate<InspectRegion>(&statement, InspRegType::Before, sought));
     return regions;
   }
 
   TallyingItem *tallying(IdentifierExpression *counter) {
     TallyingItemFor *phrase = nullptr;
     if (isUntilFirst()) {
-      phrase = new TallyingItemFor(&statement, InspTailType::Characters, untilFirst(), nullptr);
+      phrase =
+          generate<TallyingItemFor>(&statement, InspTailType::Characters, untilFirst(), nullptr);
     } else {
-      phrase = new TallyingItemFor(
+      phrase = generate<TallyingItemFor>(
           &statement, isLeading() ? InspTailType::Leading : InspTailType::All, nullptr, nullptr);
-      phrase->addTallyingRegion(new TallyingRegion(&statement, sought, nullptr));
+      phrase->addTallyingRegion(generate<TallyingRegion>(&statement, sought, nullptr));
     }
     std::list<TallyingItemFor *> phrases{phrase};
-    return new TallyingItem(&statement, counter, &phrases);
+    return generate<TallyingItem>(&statement, counter, &phrases);
   }
 
   ReplacingItem *replacing() {
     if (isUntilFirst())
-      return new ReplacingItem(&statement, InspReplType::Characters, by, untilFirst(), nullptr);
+      return generate<ReplacingItem>(&statement, InspReplType::Characters, by, untilFirst(),
+                                     nullptr);
     InspReplType which = isLeading() ? InspReplType::Leading : InspReplType::All;
     if (statement.getOptionType() == ExamineOptionType::First)
       which = InspReplType::First;
-    auto *item = new ReplacingItem(&statement, which, nullptr, nullptr, nullptr);
-    item->addReplacingRegion(new ReplacingRegion(&statement, sought, by, nullptr));
+    auto *item = generate<ReplacingItem>(&statement, which, nullptr, nullptr, nullptr);
+    item->addReplacingRegion(generate<ReplacingRegion>(&statement, sought, by, nullptr));
     return item;
   }
 

@@ -54,7 +54,7 @@ void ExhibitConverter::addExhibited(DisplayStatement &display, Expression *opera
 
 /// One DISPLAY of all operands, with blanks between them.
 DisplayStatement *ExhibitConverter::displayAll() {
-  auto *display = new DisplayStatement(&statement);
+  auto *display = generate<DisplayStatement>(&statement);
   display->setUponName(statement.getUponName());
   for (Expression *operand : statement.getExhibitExprListElements()) {
     if (display->getIdenLiterListSize() != 0)
@@ -109,7 +109,7 @@ void ExhibitConverter::addChangedDisplays(Word *device) {
   std::string known =
       make.keep("TKDUMMY-EXHIBIT-", make.item("9", UsageType::Display), make.zero()).str();
   for (Expression *operand : statement.getExhibitExprListElements()) {
-    auto *display = new DisplayStatement(&statement);
+    auto *display = generate<DisplayStatement>(&statement);
     display->setUponName(device);
     addExhibited(*display, operand);
     DataDescription *copy = makeCopy(*operand);
@@ -123,7 +123,7 @@ void ExhibitConverter::addChangedDisplays(Word *device) {
         make.compare(RelationalConditionType::Equal, make.reference(known), make.zero()),
         make.compare(RelationalConditionType::NotEqual, operand, make.reference(last)));
     std::list<Statement *> show{display, make.move(operand, make.reference(last))};
-    statement.addConvertStmt(new IfStatement(&statement, isChanged, &show, nullptr));
+    statement.addConvertStmt(generate<IfStatement>(&statement, isChanged, &show, nullptr));
   }
   statement.addConvertStmt(make.move(make.number("1"), make.reference(known)));
 }

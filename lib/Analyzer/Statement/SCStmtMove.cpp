@@ -47,8 +47,9 @@ static void replaceOsvsSender(MoveStatement &statement) {
   if (!isDate && name != "TIME-OF-DAY")
     return;
   Node at(sender);
-  Word *word = new Word(&at, isDate ? "TARKA-OSVS-CURRENT-DATE" : "TARKA-OSVS-TIME-OF-DAY", "");
-  statement.setSource(new SpecialRegisterIdentifierExpression(
+  Word *word =
+      generate<Word>(&at, isDate ? "TARKA-OSVS-CURRENT-DATE" : "TARKA-OSVS-TIME-OF-DAY", "");
+  statement.setSource(generate<SpecialRegisterIdentifierExpression>(
       &at, isDate ? SpecialRegisterType::OsvsCurrentDate : SpecialRegisterType::OsvsTimeOfDay,
       nullptr, word, nullptr, nullptr, nullptr, nullptr));
 }

@@ -45,10 +45,11 @@ static Condition *makeCountCondition(OsvsMaker &make, OnStatement &statement,
   if (!every)
     return condition;
 
-  auto *since = new ArithmeticExpression(make.place(), ArithmeticExprType::Subtract,
-                                         make.reference(counter), first, /*parenthesised=*/false);
-  auto *rest = new FunctionIdentifierExpression(make.place(), IntrinsicType::Mod,
-                                                new Word(make.place(), "MOD", ""));
+  auto *since =
+      generate<ArithmeticExpression>(make.place(), ArithmeticExprType::Subtract,
+                                     make.reference(counter), first, /*parenthesised=*/false);
+  auto *rest = generate<FunctionIdentifierExpression>(make.place(), IntrinsicType::Mod,
+                                                      generate<Word>(make.place(), "MOD", ""));
   rest->addFunctionArg(since);
   rest->addFunctionArg(every);
   rest->setDataCategory(DataCategory::Numeric);
@@ -65,7 +66,7 @@ bool SemanticChecker::semanticCheck(OnStatement &statement) {
   OsvsMaker make(*this, statement);
   llvm::StringRef counter =
       make.keep("TKDUMMY-ON-", make.item("9(8)", UsageType::Binary), make.zero());
-  auto *count = new AddStatement(&statement, AddStmtType::To);
+  auto *count = generate<AddStatement>(&statement, AddStmtType::To);
   count->addOperand(make.number("1"));
   count->addTo(makeRoundedOperand(make.reference(counter), nullptr));
   statement.setAddStmt(count);

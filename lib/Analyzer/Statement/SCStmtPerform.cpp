@@ -83,7 +83,7 @@ bool SemanticChecker::semanticCheck(PerformStatement &statement) {
       return false;
   } else {
     // An empty inline PERFORM contains a CONTINUE, so that no later stage meets an empty list.
-    statement.addInlineStatement(new ContinueStatement(nullptr));
+    statement.addInlineStatement(generate<ContinueStatement>(nullptr));
   }
 
   switch (statement.getType()) {

@@ -33,8 +33,8 @@ std::int64_t countCharacters(const Expression &operand) {
 LiteralExpression *repeat(const NonNumericLiteralExpression &literal, std::int64_t copies) {
   static constexpr const char *prefixes[] = {"", "", "X", "Z", "G", "N", "NX"};
   auto kind = static_cast<int>(literal.getNonNumericLiteralType());
-  return new NonNumericLiteralExpression(&literal,
-                                         quotedText(literal.getData(), prefixes[kind], copies));
+  return generate<NonNumericLiteralExpression>(
+      &literal, quotedText(literal.getData(), prefixes[kind], copies));
 }
 
 /// The characters of \p operand one by one, from the first to the last of \p count; none where
@@ -45,14 +45,15 @@ std::list<Expression *> splitCharacters(const Expression &operand, std::int64_t 
     if (literal->getNonNumericLiteralType() == NonNumericLiteralType::Alphanumeric)
       for (char c : literal->getData())
         characters.push_back(
-            new NonNumericLiteralExpression(literal, quotedText(llvm::StringRef(&c, 1))));
+            generate<NonNumericLiteralExpression>(literal, quotedText(llvm::StringRef(&c, 1))));
   } else if (const auto *item = llvm::dyn_cast<DataIdentifierExpression>(&operand);
              item && !item->getReferenceMod()) {
     for (std::int64_t position = 1; position <= count; ++position)
-      characters.push_back(new DataIdentifierExpression(
+      characters.push_back(generate<DataIdentifierExpression>(
           item, item->getQualifiedWord(), item->getSubscriptMod(),
-          new ReferenceModifier(item, new NumericLiteralExpression(item, std::to_string(position)),
-                                new NumericLiteralExpression(item, "1"))));
+          generate<ReferenceModifier>(
+              item, generate<NumericLiteralExpression>(item, std::to_string(position)),
+              generate<NumericLiteralExpression>(item, "1"))));
   }
   return characters;
 }
@@ -76,11 +77,11 @@ void bindLike(SemanticChecker &checker, const Expression &checked, Expression &c
 /// One character, the value of an item, replaces several: REPLACING names each of them.
 static InspectStatement *replaceEach(const Node *at, IdentifierExpression *subject,
                                      const std::list<Expression *> &characters, Expression *by) {
-  auto *inspect = new InspectStatement(at, subject, nullptr, nullptr, nullptr);
-  auto *item = new ReplacingItem(at, InspReplType::All, nullptr, nullptr, nullptr);
+  auto *inspect = generate<InspectStatement>(at, subject, nullptr, nullptr, nullptr);
+  auto *item = generate<ReplacingItem>(at, InspReplType::All, nullptr, nullptr, nullptr);
   inspect->addReplacing(item);
   for (Expression *character : characters)
-    item->addReplacingRegion(new ReplacingRegion(at, character, by, nullptr));
+    item->addReplacingRegion(generate<ReplacingRegion>(at, character, by, nullptr));
   return inspect;
 }
 
@@ -109,8 +110,8 @@ bool SemanticChecker::semanticCheck(TransformStatement &statement) {
       }
     }
   }
-  auto *converting = new ConvertingItem(&statement, from, to, nullptr);
-  auto *inspect = new InspectStatement(&statement, subject, nullptr, nullptr, converting);
+  auto *converting = generate<ConvertingItem>(&statement, from, to, nullptr);
+  auto *inspect = generate<InspectStatement>(&statement, subject, nullptr, nullptr, converting);
   statement.setInspectStmt(inspect);
   return semanticCheck(*inspect);
 }
