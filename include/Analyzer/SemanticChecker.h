@@ -104,6 +104,8 @@ class WriteStatement;
 class XMLGenerateStatement;
 class XMLParseStatement;
 
+class CheckListener;
+
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
 public:
@@ -125,6 +127,10 @@ public:
   /// Pushes a warning at \p node. A warning is no failure.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   ErrorHandler *getErrorHandler() const { return errorHandler; }
+
+  /// Who is told the result of every part; null, the default, for nobody.
+  CheckListener *getListener() const { return listener; }
+  void setListener(CheckListener *newListener) { listener = newListener; }
 
   //===--------------------------------------------------------------------===//
   // State of the walk
@@ -468,6 +474,7 @@ public:
 private:
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
+  CheckListener *listener = nullptr;
   std::list<DataDescription *> *indexFreeList = nullptr;
   Section *outerSection = nullptr;
   bool isDeclaratives = false;

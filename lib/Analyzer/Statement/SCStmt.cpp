@@ -6,6 +6,7 @@
 
 #include "AST/Statement.h"
 #include "AST/StatementVisitor.h"
+#include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -50,7 +51,8 @@ private:
 } // namespace
 
 bool SemanticChecker::semanticCheck(Statement &statement) {
-  return StatementCheck(*this).visit(statement);
+  const PartCheck part(*this, CheckedPart::Statement, statement);
+  return part.done(StatementCheck(*this).visit(statement));
 }
 
 bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
