@@ -17,7 +17,8 @@ static bool isConditionName(const DataDescription &entry) {
 }
 
 bool isGlobal(const DataDescription &entry) {
-  const DataDescription *item = isConditionName(entry) ? entry.getCondNameParent() : &entry;
+  // The checks move condition-names from the children of an item to a list of their own.
+  const DataDescription *item = isConditionName(entry) ? entry.getOwner() : &entry;
   if (!item)
     return false;
   if (item->getRootDesc()->getGlobal())
