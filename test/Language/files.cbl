@@ -11,6 +11,7 @@
              relative key k.
            select d assign to d organization relative access dynamic
              relative key k.
+           select q assign to q organization relative.
            select l assign to l.
            select sf assign to sf.
        data division.
@@ -21,6 +22,8 @@
        1 r-record pic x(10).
        fd d.
        1 d-record pic x(10).
+       fd q.
+       1 q-record pic x(10).
        fd l linage 60.
        1 l-record pic x(10).
        sd sf.
@@ -40,7 +43,9 @@
            delete f *> expect: 5026
            start r *> expect: 5027
            start d
-           delete r
+           delete r invalid key display x end-delete
+           delete q
+           delete q invalid key display x end-delete *> expect: 5027
            read r next at end display x end-read *> expect: 5027
            read d next at end display x end-read
            read r invalid key display x end-read

@@ -196,7 +196,8 @@ CommandLineResult readCommandLine(int argc, char **argv) {
         return name.empty() ? std::string("a name is missing") : std::string();
       });
   layout->add_flag("--all", request.layout.all, "the special registers too");
-  layout->add_flag("--keep-going", request.keepGoing, "print the layout though there are errors");
+  layout->add_flag("--keep-going", request.keepGoing,
+                   "has no effect: the layout is always printed");
 
   CLI::App *ast =
       app.add_subcommand("ast", "print the tree of FILE with what the checks left in it");
@@ -204,7 +205,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   ast->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json")
       ->transform(oneOf(textFormats));
-  ast->add_flag("--keep-going", request.keepGoing, "print the tree though there are errors");
+  ast->add_flag("--keep-going", request.keepGoing, "has no effect: the tree is always printed");
 
   CLI::App *explain =
       app.add_subcommand("explain", "explain the diagnostic NUMBER with a program that draws it");

@@ -3,6 +3,7 @@
 #include "AST/DataDivision.h"
 #include "AST/Environment.h"
 #include "AST/KindNames.h"
+#include "AST/StatementVisitor.h"
 #include "Analyzer/Statement/FileOperands.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/DenseMap.h"
@@ -55,7 +56,9 @@ public:
   }
 
   void visitDeleteStatement(DeleteStatement &statement) {
-    checkOrganization("DELETE", *statement.getFileName());
+    if (checkOrganization("DELETE", *statement.getFileName()) &&
+        statement.getInvalidKeyHandlerSize() > 0)
+      checkAccess("INVALID KEY of DELETE", *statement.getFileName(), AccessType::Sequential);
   }
 
   void visitReadStatement(ReadStatement &statement) {
@@ -112,7 +115,11 @@ private:
 
   void checkAccess(llvm::StringRef what, FileIdentifierExpression &file, AccessType forbidden) {
     const ParaFileControl *control = controlOf(file);
-    if (control && control->getAccess() && control->getAccess()->getType() == forbidden)
+    if (!control)
+      return;
+    const AccessType access =
+        control->getAccess() ? control->getAccess()->getType() : AccessType::Sequential;
+    if (access == forbidden)
       report.report(LanguageRule::AccessModeForbids, file, what,
                     file.getFileName()->getDisplayName(), nameOf(forbidden).lower());
   }

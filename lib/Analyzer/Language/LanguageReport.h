@@ -29,9 +29,8 @@ public:
     if (node.getRange().origin != Origin::Source || isReported(node))
       return nullptr;
     const LanguageRuleInfo &info = languageRules()[static_cast<std::size_t>(rule)];
-    entries.emplace_back(
-        static_cast<ErrorEntry::ErrorSeverity>(info.severity), &node, info.number,
-        llvm::formatv(false, info.format, std::forward<Arguments>(arguments)...).str());
+    entries.emplace_back(static_cast<ErrorEntry::ErrorSeverity>(info.severity), &node, info.number,
+                         llvm::formatv(info.format, std::forward<Arguments>(arguments)...).str());
     return &entries.back();
   }
 
