@@ -105,6 +105,9 @@ void runWorkers(const std::vector<std::string> &files, unsigned jobs, WorkerTask
       worker.out = memfd_create("out", MFD_CLOEXEC);
       worker.err = memfd_create("err", MFD_CLOEXEC);
       worker.answer = memfd_create("answer", MFD_CLOEXEC);
+      // What is in the buffers is the parent's to write.
+      llvm::outs().flush();
+      llvm::errs().flush();
       pid_t child = fork();
       if (child == 0) {
         dup2(worker.out, STDOUT_FILENO);
