@@ -210,7 +210,7 @@ void ParserBase::missingPeriod() {
   if (last.file == place.file && last.endLine != 0 && isBefore) {
     const SourceRange behind{last.file, last.endLine, last.endColumn + 1, last.endLine,
                              last.endColumn};
-    diagnostics.addFix(DiagnosticId::PeriodMissing, place, {behind, "", "."});
+    context.diagnostics.addFix(DiagnosticId::PeriodMissing, place, {behind, "", "."});
   }
 }
 
