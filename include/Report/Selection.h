@@ -64,7 +64,9 @@ private:
 ///     *> tarka: off 3310 3403                                  the next line with program text
 ///     *> tarka: off 3310  ...  *> tarka: on 3310               the lines between them
 ///
-/// What follows the numbers is the reason. A comment with several numbers gives several of these.
+/// "on" ends the latest "off" of each of its numbers; without numbers, all of the latest comment.
+/// What follows the numbers of "off" is the reason. A comment with several numbers gives several of
+/// these.
 struct Suppression {
   /// The number, range or group in the comment.
   SourceRange place;
@@ -99,6 +101,7 @@ public:
 private:
   struct Comment;
   void readComment(const Comment &comment);
+  void endRegions(unsigned line, llvm::ArrayRef<llvm::StringRef> words);
 
   unsigned file;
   std::vector<Suppression> suppressions;

@@ -12,10 +12,11 @@ std::string Diagnostic::getMessage() const {
   std::string message = text;
   // Some texts name their subject themselves.
   const std::string quoted = "'" + subject + "'";
-  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted))
+  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted)) {
     message = llvm::StringRef(text).rtrim(" .").str() + ": " + quoted;
-  if (!detail.empty())
-    message += " (" + detail + ")";
+    if (!detail.empty())
+      message += " (" + detail + ")";
+  }
   if (!suggestion.empty())
     message += "; was " + suggestion + " meant?";
   if (programs.size() > 1)

@@ -4,7 +4,6 @@
 #include "Report/Sink.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
-#include "llvm/ADT/SmallSet.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Format.h"
 #include "llvm/Support/WithColor.h"
@@ -20,6 +19,22 @@ llvm::raw_ostream::Colors colorOf(Severity severity) {
   if (isError(severity))
     return llvm::raw_ostream::RED;
   return severity == Severity::Warning ? llvm::raw_ostream::MAGENTA : llvm::raw_ostream::BLUE;
+}
+
+/// The cells that are marked below a line: from \p begin to before \p end, which is greater.
+struct Marks {
+  std::size_t begin;
+  std::size_t end;
+
+  auto operator<=>(const Marks &) const = default;
+};
+
+Marks marksOf(const Excerpt &excerpt, const SourceRange &place) {
+  const std::size_t begin = excerpt.cellsBefore(place.beginColumn);
+  // What goes on in further lines is marked to the end of this one.
+  const std::size_t end =
+      place.endLine == place.beginLine ? excerpt.cellsBefore(place.endColumn + 1) : excerpt.size();
+  return {begin, std::max(end, begin + 1)};
 }
 
 class PrettySink : public Sink {
@@ -41,7 +56,6 @@ private:
   void printHeader(const SourceRange &place, llvm::raw_ostream::Colors color, llvm::StringRef kind,
                    llvm::StringRef text);
   void printExcerpt(llvm::StringRef line, llvm::ArrayRef<SourceRange> places);
-  void printMarks(const Excerpt &excerpt, const SourceRange &place);
   void printFix(const Diagnostic &diagnostic);
 
   llvm::raw_ostream &out;
@@ -104,25 +118,26 @@ void PrettySink::printExcerpt(llvm::StringRef line, llvm::ArrayRef<SourceRange> 
   const SourceRange &first = places.front();
   const Excerpt excerpt(line, first.beginColumn);
   out << llvm::format_decimal(first.beginLine, numberWidth) << " | " << excerpt.getText() << '\n';
-  // One line of marks for each place; equal places have one together.
-  llvm::SmallSet<std::pair<unsigned, unsigned>, 4> marked;
+  // As many lines of marks as places overlap.
+  llvm::SmallVector<Marks, 2> all;
   for (const SourceRange &place : places)
-    if (marked.insert({place.beginColumn, place.endColumn}).second)
-      printMarks(excerpt, place);
-}
-
-void PrettySink::printMarks(const Excerpt &excerpt, const SourceRange &place) {
-  const std::size_t begin = excerpt.cellsBefore(place.beginColumn);
-  std::size_t end = excerpt.cellsBefore(place.endColumn + 1);
-  // What goes on in further lines is marked to the end of this one.
-  if (place.endLine != place.beginLine)
-    end = excerpt.size();
-  std::string marks(begin, ' ');
-  out.indent(numberWidth) << " | " << marks;
-  marks = "^";
-  marks.append(end > begin + 1 ? end - begin - 1 : 0, '~');
-  llvm::WithColor(out, llvm::raw_ostream::GREEN, /*Bold=*/true, /*BG=*/false, mode) << marks;
-  out << '\n';
+    all.push_back(marksOf(excerpt, place));
+  llvm::sort(all);
+  all.erase(llvm::unique(all), all.end());
+  while (!all.empty()) {
+    std::size_t cell = 0;
+    out.indent(numberWidth) << " | ";
+    llvm::erase_if(all, [&](const Marks &marks) {
+      if (marks.begin < cell)
+        return false;
+      out.indent(static_cast<unsigned>(marks.begin - cell));
+      llvm::WithColor(out, llvm::raw_ostream::GREEN, /*Bold=*/true, /*BG=*/false, mode)
+          << '^' << std::string(marks.end - marks.begin - 1, '~');
+      cell = marks.end;
+      return true;
+    });
+    out << '\n';
+  }
 }
 
 void PrettySink::printFix(const Diagnostic &diagnostic) {

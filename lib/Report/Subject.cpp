@@ -136,6 +136,13 @@ std::vector<DiagnosticNote> declarationsOf(llvm::StringRef name, SourceUnit &uni
     for (const DataDescription *entry : *entries) {
       if (notes.size() == limit)
         break;
+      // A copybook that was copied twice has them in one place.
+      if (llvm::any_of(notes, [&](const DiagnosticNote &note) {
+            return note.place.file == entry->getRange().file &&
+                   note.place.beginLine == entry->getRange().beginLine &&
+                   note.place.beginColumn == entry->getRange().beginColumn;
+          }))
+        continue;
       std::string text = "one '" + nameOf(entry->getDataName()) + "' is declared here";
       if (const DataDescription *group = entry->getParent())
         text += ", in '" + nameOf(group->getDataName()) + "'";

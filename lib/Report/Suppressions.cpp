@@ -101,17 +101,7 @@ void Suppressions::readComment(const Comment &comment) {
     rest = rest.drop_front();
   }
   if (verb == "on") {
-    // Without numbers it ends everything.
-    llvm::erase_if(open, [&](std::size_t index) {
-      Suppression &one = suppressions[index];
-      const bool isNamed = llvm::any_of(written, [&](llvm::StringRef word) {
-        const NumberRange range = *parseNumbers(word);
-        return range.first <= one.numbers.first && one.numbers.last <= range.last;
-      });
-      if (written.empty() || isNamed)
-        one.lastLine = comment.line;
-      return written.empty() || isNamed;
-    });
+    endRegions(comment.line, written);
     return;
   }
   if (written.empty()) {
@@ -128,6 +118,26 @@ void Suppressions::readComment(const Comment &comment) {
     suppressions.push_back(
         {placeOf(word), word.str(), *parseNumbers(word), line, line, llvm::join(rest, " "), false});
   }
+}
+
+/// Ends the regions that "on" in \p line names: for each of \p words the latest "off" of it that is
+/// open, without words all of the latest comment.
+void Suppressions::endRegions(unsigned line, llvm::ArrayRef<llvm::StringRef> words) {
+  auto end = [&](std::size_t position) {
+    suppressions[open[position]].lastLine = line;
+    open.erase(open.begin() + static_cast<std::ptrdiff_t>(position));
+  };
+  if (words.empty() && !open.empty()) {
+    const unsigned latest = suppressions[open.back()].place.beginLine;
+    while (!open.empty() && suppressions[open.back()].place.beginLine == latest)
+      end(open.size() - 1);
+  }
+  for (llvm::StringRef word : words)
+    for (std::size_t position = open.size(); position-- > 0;)
+      if (suppressions[open[position]].written == word) {
+        end(position);
+        break;
+      }
 }
 
 bool Suppressions::suppress(const Diagnostic &diagnostic) {
