@@ -208,8 +208,9 @@ void ParserBase::missingPeriod() {
   const bool isBefore = std::make_pair(last.endLine, last.endColumn) <
                         std::make_pair(place.beginLine, place.beginColumn);
   if (last.file == place.file && last.endLine != 0 && isBefore) {
-    const SourceRange behind{last.file, last.endLine, last.endColumn + 1, last.endLine,
-                             last.endColumn};
+    SourceRange behind = last;
+    behind.beginLine = last.endLine;
+    behind.beginColumn = last.endColumn + 1;
     context.diagnostics.addFix(DiagnosticId::PeriodMissing, place, {behind, "", "."});
   }
 }

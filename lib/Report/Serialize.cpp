@@ -14,7 +14,10 @@ template <typename Archive> void transfer(Archive &archive, SourceRange &place) 
   archive.number(place.beginLine);
   archive.number(place.beginColumn);
   archive.number(place.endLine);
-  archive.number(place.endColumn);
+  // A bit-field cannot be passed by reference.
+  unsigned endColumn = place.endColumn;
+  archive.number(endColumn);
+  place.endColumn = endColumn;
 }
 
 template <typename Archive> void transfer(Archive &archive, DiagnosticNote &note) {
