@@ -7,7 +7,7 @@
            perform nowhere
       *> expect@-1: 3403
            add 1 to c. *> tarka: off 3310 it comes later
-      *> tarka: off 3310, 3403
+      *> tarka: off 3310 the next line
 
       * A comment between.
            add 1 to d
