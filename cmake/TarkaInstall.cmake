@@ -3,7 +3,7 @@ include(CMakePackageConfigHelpers)
 
 set(TARKA_PACKAGE_DIR ${CMAKE_INSTALL_LIBDIR}/cmake/Tarka)
 
-install(TARGETS tarkaAST tarkaParse tarkaAnalyzer tarkaReport EXPORT TarkaTargets)
+install(TARGETS tarkaAST tarkaParse tarkaAnalyzer tarkaFlow tarkaReport EXPORT TarkaTargets)
 install(TARGETS tarka)
 install(DIRECTORY include/ DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/tarka
   FILES_MATCHING PATTERN *.h PATTERN *.def)

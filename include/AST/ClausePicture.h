@@ -92,7 +92,7 @@ public:
 private:
   Word *charString;
   const PictureInfo *info = nullptr;
-  /// Written out when somebody asks, which for most pictures nobody does.
+  /// Written out on demand; most pictures are never asked for it.
   mutable const std::string *extended = nullptr;
   LiteralExpression *currencySign = nullptr;
 };

@@ -71,6 +71,11 @@ public:
   std::int64_t getMax() const;
   /// The first number of OCCURS n TO m; 0 when it is not written.
   std::int64_t getMin() const;
+  /// How often the item occurs at most and at least. A number that is wrong is reported by the
+  /// checks; at most the item occurs once or more. OCCURS m DEPENDING ON stands for OCCURS 1 TO m
+  /// DEPENDING ON; without DEPENDING ON the two are equal.
+  std::int64_t getMostOccurrences() const;
+  std::int64_t getLeastOccurrences() const;
   /// OCCURS ... DEPENDING ON.
   bool isVariableTable() const { return odoName != nullptr; }
 
@@ -101,7 +106,7 @@ public:
   explicit PhraseValue(const Node *at) : Node(at) {}
 
   TARKA_FIELD(LiteralExpression *, literal1, Literal1)
-  /// What follows THROUGH; null when there is no range.
+  /// What follows THROUGH; null for a single value.
   TARKA_FIELD(LiteralExpression *, literal2, Literal2)
   TARKA_FIELD(Word *, word1, Word1)
   TARKA_FIELD(Word *, word2, Word2)

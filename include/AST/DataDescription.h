@@ -35,6 +35,8 @@ public:
   Word *getDataName() const { return dataName; }
   /// Keeps the index of the data division right when the entry is known there.
   void setDataName(Word *name);
+  /// An entry that cannot be referred to: FILLER, or without a name.
+  bool isFiller() const { return !dataName || dataName->getWordData() == "FILLER"; }
   DescType getType() const { return type; }
 
   // The tree.
@@ -54,8 +56,8 @@ public:
   std::list<DataDescription *>::iterator getChildrenEnd() { return endOf(children); }
   std::size_t getChildrenSize() const { return children ? children->size() : 0; }
   const std::list<DataDescription *> &getChildrenElements() const { return listOrEmpty(children); }
-  /// The list itself, never null. Whoever changes it directly, and not with one of the functions
-  /// below, sets the parent of what is new and says so with childrenChanged().
+  /// The list itself, never null. Code that changes it directly, and not with one of the functions
+  /// below, sets the parent of new elements and then calls childrenChanged().
   std::list<DataDescription *> *getChildrenList();
   /// Replaces the list. \p list is kept, not copied; null stands for no children.
   void setChildrenList(std::list<DataDescription *> *list);
@@ -64,9 +66,10 @@ public:
   /// Puts \p child in front of \p before, one of the children, and makes this entry its parent.
   /// Takes the same time wherever \p before stands, once its offset is known.
   void insertChildBefore(DataDescription *before, DataDescription *child);
-  /// Says that the list of children was changed directly.
+  /// To be called after the list of children was changed directly.
   void childrenChanged();
-  /// Says that a clause of this entry was changed in place, by decoding its PICTURE for example.
+  /// To be called after a clause of this entry was changed in place, for example when its PICTURE
+  /// was decoded.
   void clauseChanged();
 
   /// True when there are children; condition names count as long as they stand among them.
@@ -308,7 +311,7 @@ private:
   RareParts *rare = nullptr;
   /// The division whose index knows this entry; null while none does.
   DataDivision *division = nullptr;
-  /// Where the children lie; null for an entry without children and while nobody has asked.
+  /// Where the children lie; null for an entry without children and before it is asked for.
   mutable GroupLayout *layout = nullptr;
   std::int64_t offsetSize = -1;
   /// The entry's place in the layout of its parent; the layout knows whether it holds.

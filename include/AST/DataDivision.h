@@ -21,8 +21,8 @@ namespace tarka {
 
 /// The DATA DIVISION of a source unit.
 ///
-/// A section list may be appended to directly; the index takes notice at the next question. It must
-/// not be changed otherwise: replace it whole instead.
+/// A section list may be appended to directly; the index reads what is new at the next question. It
+/// must not be changed otherwise, only replaced as a whole.
 class DataDivision : public Node {
 public:
   explicit DataDivision(const Node *at) : Node(at) {}

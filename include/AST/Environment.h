@@ -82,6 +82,13 @@ private:
 // SPECIAL-NAMES
 //===----------------------------------------------------------------------===//
 
+/// What the system knows by \p name, in upper or lower case.
+EnvNameType environmentNameType(llvm::StringRef name);
+/// The devices that ACCEPT reads from: SYSIN, SYSIPT and CONSOLE.
+bool isInputDevice(llvm::StringRef name);
+/// The devices that DISPLAY writes to: SYSOUT, SYSLIST, SYSLST, SYSPUNCH, SYSPCH and CONSOLE.
+bool isOutputDevice(llvm::StringRef name);
+
 /// environment-name IS mnemonic-name ON STATUS IS condition OFF STATUS IS condition.
 class ClauseEnvName : public Node {
 public:
@@ -89,7 +96,10 @@ public:
 
   Word *getEnvironmentName() const { return environmentName; }
   /// What kind of name the environment name is, by its text.
-  EnvNameType getEnvNameType() const;
+  EnvNameType getEnvNameType() const {
+    return environmentName ? environmentNameType(environmentName->getWordData())
+                           : EnvNameType::Unknown;
+  }
 
   TARKA_FIELD(Word *, mnemonicName, MnemonicName)
   TARKA_FIELD(Word *, onCondition, OnCondition)

@@ -19,14 +19,14 @@ namespace tarka {
 #define TARKA_END
 #include "AST/Enumerations.def"
 
-/// The class of the nodes of a kind, such as "IfStatement"; "Statement" and the like for a number
-/// that is no kind.
+/// The class of the nodes of a kind, such as "IfStatement"; "Statement" and the like for a
+/// number that is not a kind.
 llvm::StringRef classNameOf(StatementType kind);
 llvm::StringRef classNameOf(ExpressionType kind);
 llvm::StringRef classNameOf(ConditionType kind);
 
 /// What the programmer wrote, such as "IF" or "EXIT PERFORM". For the statements that the graph
-/// builder makes, lower-case words that say what they do; empty for a number that is no kind.
+/// builder makes, lower-case words that say what they do; empty for a number that is not a kind.
 llvm::StringRef verbOf(StatementType kind);
 
 } // namespace tarka

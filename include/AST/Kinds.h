@@ -88,9 +88,9 @@ enum class SpecialRegisterType : std::uint8_t {
   OsvsTimeOfDay = 36,
 };
 
-/// The intrinsic functions, see IntrinsicFunctions.h. The result is numeric unless noted. The
-/// numbers are taken up to 72; functions that came to the language later share the three "other"
-/// numbers, by what they give.
+/// The intrinsic functions, see IntrinsicFunctions.h. The result is numeric unless noted. Functions
+/// that were added to the language later share the three "other" numbers, by their results; their
+/// names tell them apart.
 enum class IntrinsicType : std::uint8_t {
   None = 0,
   Abs = 1,
@@ -119,7 +119,7 @@ enum class IntrinsicType : std::uint8_t {
   Exp = 24,
   Exp10 = 25,
   Factorial = 26,
-  OtherNumeric = 27, ///< the numeric functions without a number of their own, told by name
+  OtherNumeric = 27, ///< the numeric functions without a number of their own
   Integer = 28,
   IntegerOfDate = 29,
   IntegerOfDay = 30,

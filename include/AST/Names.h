@@ -11,6 +11,14 @@
 
 namespace tarka {
 
+/// The name of a program without the quotes of a literal; quotes that are not a pair stay.
+inline llvm::StringRef withoutQuotes(llvm::StringRef name) {
+  for (char quote : {'\'', '"'})
+    if (name.size() >= 2 && name.front() == quote && name.back() == quote)
+      return name.drop_front().drop_back();
+  return name;
+}
+
 /// One user word. User words compare in upper case: the parser folds them once and keeps the
 /// spelling of the source as the second text.
 class Word : public Node {

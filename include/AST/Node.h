@@ -35,8 +35,7 @@ const std::string &fileNameOf(unsigned file);
 enum class Origin : std::uint8_t {
   /// The source text, copybooks included.
   Source,
-  /// Declarations that belong to the environment of the program: the special registers, and what
-  /// CICS, DB2 and DL/I add to it.
+  /// The language: the special registers, which every program has.
   Supplied,
   /// What the checks make of the source: index names, slack bytes, the name of a FILLER, the
   /// statements that others stand for.
@@ -46,6 +45,12 @@ enum class Origin : std::uint8_t {
 /// Where a construct stands: the physical file, lines and columns from 1, the end inclusive.
 /// All zero for a construct that has no place in the source.
 struct SourceRange {
+  SourceRange() = default;
+  SourceRange(unsigned number, unsigned firstLine, unsigned firstColumn, unsigned lastLine,
+              unsigned lastColumn)
+      : file(number), beginLine(firstLine), beginColumn(firstColumn), endLine(lastLine),
+        endColumn(lastColumn) {}
+
   unsigned file = 0;
   unsigned beginLine = 0;
   unsigned beginColumn = 0;
@@ -102,27 +107,13 @@ private:
   SourceRange range;
 };
 
-/// Makes a node: the one way to make nodes outside of the parser, whose make() also gives them
-/// their place.
-///
-///   NodeMaker generated(Origin::Generated);
-///   auto *move = generated.make<MoveStatement>(&call, sender, &receivers, false);
-class NodeMaker {
-public:
-  explicit NodeMaker(Origin from) : origin(from) {}
-
-  /// A new node of class \p T at the position of \p at, which may be null, and of the maker's
-  /// origin. \p arguments are those of the constructor after the position.
-  template <typename T, typename... Arguments>
-  T *make(const Node *at, Arguments &&...arguments) const {
-    T *node = new T(at, std::forward<Arguments>(arguments)...);
-    node->setOrigin(origin);
-    return node;
-  }
-
-private:
-  Origin origin;
-};
+/// Makes a node that is not in the source: the one way for the checks to add to the tree. \p at,
+/// whose position the node gets, may be null; \p arguments are those of the constructor after it.
+template <typename T, typename... Arguments> T *generate(const Node *at, Arguments &&...arguments) {
+  T *node = new T(at, std::forward<Arguments>(arguments)...);
+  node->setOrigin(Origin::Generated);
+  return node;
+}
 
 //===----------------------------------------------------------------------===//
 // Lists of nodes
@@ -139,7 +130,7 @@ template <typename Element> std::list<Element> takeOver(std::list<Element> *give
   return elements;
 }
 
-/// An empty list that nobody can change.
+/// An empty list, which cannot be changed.
 template <typename Element> const std::list<Element> &emptyList() {
   static const std::list<Element> empty;
   return empty;

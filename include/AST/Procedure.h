@@ -140,8 +140,8 @@ struct ParagraphInSection {
 };
 
 /// The procedure division. Names of procedures are found through an index, in source order. It
-/// takes notice of new sections and declaratives at the next question; their paragraphs must be
-/// complete by then.
+/// reads new sections and declaratives at the next question; their paragraphs must be complete by
+/// then.
 class ProcedureDivision : public Node {
 public:
   using Node::Node;

@@ -22,7 +22,7 @@ public:
   ProgramIdParagraph(const Node *at, Word *name, ProgramIdType kind)
       : Node(at), type(kind), programName(name) {}
 
-  /// COMMON wins over INITIAL and RECURSIVE, which are told by the flags.
+  /// COMMON takes precedence over INITIAL and RECURSIVE, which the flags tell.
   ProgramIdType getType() const { return type; }
   Word *getProgramName() const { return programName; }
 

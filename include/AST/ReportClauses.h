@@ -41,7 +41,7 @@ private:
   Expression *codeExpr;
 };
 
-/// CONTROL. The controls stand in the order written, major first; FINAL is no member of the list.
+/// CONTROL. The controls stand in the order written, major first; FINAL is not in the list.
 class ClauseControl : public Node {
 public:
   ClauseControl(const Node *at, ControlOption controlOption) : Node(at), option(controlOption) {}
@@ -438,7 +438,7 @@ public:
 
   PresentType getAfterType() const { return afterType; }
 
-  /// ABSENT AFTER: what is told apart is shown everywhere else.
+  /// ABSENT AFTER: the contents are shown everywhere else.
   TARKA_FLAG(absent, Absent)
 
 private:

@@ -1,6 +1,6 @@
 //===- StatementBranch.h - statements that direct control -------*- C++ -*-===//
 //
-// CALL and its kin, GO TO, PERFORM, ALTER, the EXIT forms, GOBACK, STOP, IF,
+// CALL, CANCEL, ENTRY, GO TO, PERFORM, ALTER, the EXIT forms, GOBACK, STOP, IF,
 // EVALUATE, SEARCH, ON, CONTINUE, NEXT SENTENCE, EXEC and TRACE.
 //
 //===----------------------------------------------------------------------===//

@@ -306,6 +306,7 @@ public:
 
   /// The procedures of the procedure format.
   ProcedureRange &getProcedures() { return range; }
+  const ProcedureRange &getProcedures() const { return range; }
 
   /// Records what the first procedure-name stands for, then what the second does.
   void addSection(Section *section) { range.addSection(section); }

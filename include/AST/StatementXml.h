@@ -42,7 +42,7 @@ public:
   /// \p item is null for EVERY.
   XMLSuppressItem(const Node *at, IdentifierExpression *item) : Node(at), identifier(item) {}
 
-  /// Which items EVERY speaks of; None and All where it does not say.
+  /// Which items EVERY names; None and All where it is not written.
   TARKA_FIELD(XmlSuppressClass, suppressClass, SuppressClass)
   TARKA_FIELD(XmlNodeType, type, Type)
   TARKA_FIELD(IdentifierExpression *, identifier, Identifier)

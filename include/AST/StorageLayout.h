@@ -1,11 +1,12 @@
 //===- StorageLayout.h - where the bytes of a record lie --------*- C++ -*-===//
 //
-// The layout of the children of one group, worked out from the left as far as
-// somebody has asked, and kept until the tree or a clause changes. A change
-// throws away what stands to the right of it and nothing else, so that walking
-// through a record and inserting fillers on the way costs a step an entry.
+// The layout of the children of one group. It is worked out from the left as far
+// as it has been asked for and kept until the tree or a clause changes. A change
+// discards what stands to the right of it, so that a walk through a record that
+// inserts slack bytes on the way takes constant time for each entry.
 //
-// DataDescription's offsets and sizes are the door; nobody else needs this.
+// DataDescription gives the offsets and sizes; only the additions of sizes are of
+// use elsewhere.
 //
 //===----------------------------------------------------------------------===//
 
@@ -20,6 +21,10 @@ namespace tarka {
 
 /// The size at which counting ends: whatever is larger is as large as this.
 inline constexpr std::int64_t MaxStorageSize = std::numeric_limits<std::int64_t>::max();
+
+/// The sum and the product of sizes, which are never negative; what does not fit is MaxStorageSize.
+std::int64_t addSizes(std::int64_t left, std::int64_t right);
+std::int64_t multiplySizes(std::int64_t left, std::int64_t right);
 
 /// The bytes of one occurrence of the elementary item \p item.
 std::int64_t elementarySize(const DataDescription &item);

@@ -23,6 +23,7 @@ namespace tarka {
 class CFGFunc;
 class CFGGraph;
 class CFGModule;
+class EntryStatement;
 class Parameter;
 class Returning;
 
@@ -216,6 +217,9 @@ public:
   void setEntryBlock(CFGBlock *block) { entryBlock = block; }
   CFGFunc *getFunc() const { return func; }
   void setFunc(CFGFunc *function) { func = function; }
+  /// The statement in the tree; null for an entry that was made by hand.
+  const EntryStatement *getStatement() const { return statement; }
+  void setStatement(const EntryStatement *entry) { statement = entry; }
 
 private:
   const std::string *name;
@@ -224,6 +228,7 @@ private:
   Returning *returning = nullptr;
   CFGBlock *entryBlock = nullptr;
   CFGFunc *func = nullptr;
+  const EntryStatement *statement = nullptr;
   int index;
 };
 
@@ -290,10 +295,22 @@ public:
   /// declaratives is not among them, see TopLevel::getRptDeclCFGFunction().
   const std::list<CFGFunc *> &getFuncList() const { return functions; }
 
+  /// A function of report declaratives, with the function of the source unit that has them.
+  struct ReportDeclaratives {
+    CFGFunc *function;
+    const CFGFunc *ofUnit;
+  };
+  void addReportDeclaratives(CFGFunc *function, const CFGFunc *ofUnit) {
+    reportDeclaratives.push_back({function, ofUnit});
+  }
+  /// Those of every unit that has report declaratives, in the order of the units.
+  const std::list<ReportDeclaratives> &getReportDeclaratives() const { return reportDeclaratives; }
+
 private:
   const std::string *name;
   std::list<DataDescription *> globalVars;
   std::list<CFGFunc *> functions;
+  std::list<ReportDeclaratives> reportDeclaratives;
 };
 
 } // namespace tarka

@@ -37,7 +37,7 @@ llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable();
 /// The entry of \p id.
 const DiagnosticInfo &infoOf(DiagnosticId id);
 
-/// \p text as a message can show it: as it is, or in hexadecimal where it is no printable UTF-8.
+/// \p text as a message can show it: as it is, or in hexadecimal where it is not printable UTF-8.
 std::string showText(llvm::StringRef text);
 
 /// One message that was reported.

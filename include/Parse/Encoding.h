@@ -22,13 +22,13 @@ bool looksLikeEbcdic(llvm::StringRef text);
 /// Text as UTF-8.
 struct DecodedText {
   std::string text;
-  /// The first byte that is no character of the encoding: where the space that stands for it is in
-  /// the text, npos when there is none, and what it is.
+  /// The first byte that is not a character of the encoding: the offset in the text of the space
+  /// that replaces it, npos when there is none, and its value.
   size_t firstUndecodable = llvm::StringRef::npos;
   unsigned char undecodableByte = 0;
 };
 
-/// Decodes \p bytes, which are in a known \p encoding. A byte-order mark tells better than the
+/// Decodes \p bytes, which are in a known \p encoding. A byte-order mark takes precedence over the
 /// encoding named.
 ///
 /// Of EBCDIC text NEL and LF end lines, as CR LF and CR do; where there are no ends of lines, each

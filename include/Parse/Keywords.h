@@ -1,6 +1,6 @@
 //===- Keywords.h - reserved words and the table of words -------*- C++ -*-===//
 //
-// The words that the language gives a meaning to (Keywords.def), and the table
+// The words that have a meaning in the language (Keywords.def), and the table
 // that every word of a program is looked up in once: the entry gives the word in
 // upper case, interned, and the keyword that it is, if it is one.
 //

@@ -17,8 +17,8 @@ namespace tarka {
 class Program;
 
 /// Reads the compilation in file \p path and builds its tree. Everything that is wrong with the
-/// source goes to \p diagnostics; what could not be read is left out of the tree whole, so that the
-/// tree is complete for the checker. \p inputName is the name of the compilation, by which its
+/// source goes to \p diagnostics; constructs that could not be parsed are left out of the tree, so
+/// that the checker gets a complete tree. \p inputName is the name of the compilation, by which its
 /// graph will be named.
 ///
 /// Fails only when the file itself cannot be read. The tree lives until the process ends.

@@ -46,8 +46,8 @@ struct ParseOptions {
   SourceFormat format = SourceFormat::Auto;
   /// The encoding of all source files, which isKnownEncoding(); empty is UTF-8.
   std::string encoding;
-  /// Compilation variables for >>IF and >>EVALUATE: name and value. A value of digits is a
-  /// number, an empty one only says that the variable is defined.
+  /// Compilation variables for >>IF and >>EVALUATE: name and value. A value of digits is a number;
+  /// an empty one only defines the variable.
   std::vector<std::pair<std::string, std::string>> defines;
   /// Read debugging lines even where the program does not say WITH DEBUGGING MODE.
   bool debuggingLines = false;

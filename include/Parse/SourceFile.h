@@ -38,14 +38,16 @@ public:
   unsigned getNumber() const { return number; }
   /// The text without a byte-order mark. A byte 0 follows the last one.
   llvm::StringRef getText() const { return text; }
-  /// What shows that the file is not text at all, or not in its encoding, and where that stands.
+  /// Whether the file is not text at all, or not in its encoding, and the offset at which that
+  /// shows.
   Fault getFault() const { return fault; }
   size_t getFaultOffset() const { return faultOffset; }
   /// The byte that could not be decoded.
   unsigned char getUndecodableByte() const { return undecodableByte; }
-  /// Whether the fault was not told yet.
+  /// Whether the fault was not reported yet; false from the second call on.
   bool isFaultNew() const { return std::exchange(faultIsNew, false); }
-  /// The form of its lines, see detectSourceFormat(); \p otherwise where they do not tell.
+  /// The form of its lines, see detectSourceFormat(); \p otherwise where they could be of either
+  /// form.
   SourceFormat getFormat(SourceFormat otherwise) const;
 
 private:
@@ -87,18 +89,29 @@ public:
   llvm::ErrorOr<const SourceFile *> findCopybook(llvm::StringRef textName, llvm::StringRef library,
                                                  const SourceFile &includer);
 
+  /// The source of the BMS mapset \p name, searched for in the same directories: the file of that
+  /// name with the extension .bms, or else the first .bms file that defines such a mapset.
+  llvm::ErrorOr<const SourceFile *> findMapset(llvm::StringRef name, llvm::StringRef library,
+                                               const SourceFile &includer);
+
   /// The directories that findCopybook() searches, as a message shows them.
   std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
 
 private:
   llvm::SmallVector<std::string, 8> searchDirectories(llvm::StringRef library,
                                                       const SourceFile &includer) const;
+  llvm::ErrorOr<const SourceFile *> findMember(llvm::StringRef name, llvm::StringRef library,
+                                               const SourceFile &includer,
+                                               llvm::ArrayRef<llvm::StringLiteral> extensions);
+  const llvm::StringMap<std::string> &mapsetsOf(llvm::StringRef directory);
 
   const ParseOptions &options;
   llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;
   llvm::StringMap<const SourceFile *> files;
-  /// Where a copybook was found before, by text-name, library and the includer's directory.
+  /// Where a member was found before, by name, library, extensions and the includer's directory.
   llvm::StringMap<std::string> found;
+  /// The files that define mapsets, by the mapset, of the directories looked at.
+  llvm::StringMap<llvm::StringMap<std::string>> mapsets;
 };
 
 } // namespace tarka

@@ -2,7 +2,7 @@
 //
 // A character string is read into runs of equal symbols, every run is given its
 // place (which side of the decimal point, fixed or floating), the places are
-// held against the table of precedence, and what is left is to count and to
+// checked against the table of precedence, and what is left is to count and to
 // name the category. No step looks at the item's length, only at the runs, so
 // that X(999999999) costs what X costs.
 //
@@ -302,7 +302,7 @@ void Decoder::findCurrencySymbol() {
   if (info.currencySymbol)
     return;
   // A stray letter can only have been meant as a currency symbol. No CURRENCY SIGN clause can
-  // introduce it, which is what the programmer needs to be told.
+  // introduce it, which is what the programmer needs to know.
   const Run *stray = llvm::find_if(runs, [](const Run &run) { return isStrayLetter(run.symbol); });
   if (stray != runs.end())
     info.currencySymbol = stray->symbol;

@@ -21,6 +21,16 @@ std::int64_t ClauseOccurs::getMin() const {
   return minExpr ? minExpr->getIntegerValue() : 0;
 }
 
+std::int64_t ClauseOccurs::getMostOccurrences() const {
+  return std::max<std::int64_t>(getMax(), 1);
+}
+
+std::int64_t ClauseOccurs::getLeastOccurrences() const {
+  if (!isVariableTable())
+    return getMostOccurrences();
+  return minExpr ? std::clamp<std::int64_t>(getMin(), 0, getMostOccurrences()) : 1;
+}
+
 //===----------------------------------------------------------------------===//
 // The entry and its place
 //===----------------------------------------------------------------------===//

@@ -6,19 +6,25 @@
 
 namespace tarka {
 
-EnvNameType ClauseEnvName::getEnvNameType() const {
-  if (!environmentName)
-    return EnvNameType::Unknown;
-  llvm::StringRef name = environmentName->getWordData();
+static bool isOneOf(llvm::StringRef name, llvm::ArrayRef<llvm::StringLiteral> names) {
+  return llvm::any_of(names, [&](llvm::StringRef one) { return name.equals_insensitive(one); });
+}
+
+bool isInputDevice(llvm::StringRef name) {
+  return isOneOf(name, {"SYSIN", "SYSIPT", "CONSOLE"});
+}
+
+bool isOutputDevice(llvm::StringRef name) {
+  return isOneOf(name, {"SYSOUT", "SYSLIST", "SYSLST", "SYSPUNCH", "SYSPCH", "CONSOLE"});
+}
+
+EnvNameType environmentNameType(llvm::StringRef name) {
   if (name.starts_with_insensitive("UPSI-"))
     return EnvNameType::Switch;
-  auto isOneOf = [&](llvm::ArrayRef<llvm::StringLiteral> names) {
-    return llvm::any_of(names, [&](llvm::StringRef one) { return name.equals_insensitive(one); });
-  };
-  if (isOneOf({"SYSIN", "SYSIPT", "SYSOUT", "SYSLIST", "SYSLST", "SYSPUNCH", "SYSPCH", "CONSOLE"}))
+  if (isInputDevice(name) || isOutputDevice(name))
     return EnvNameType::Device;
-  if (isOneOf({"C01", "C02", "C03", "C04", "C05", "C06", "C07", "C08", "C09", "C10", "C11", "C12",
-               "CSP", "S01", "S02", "S03", "S04", "S05", "AFP-5A"}))
+  if (isOneOf(name, {"C01", "C02", "C03", "C04", "C05", "C06", "C07", "C08", "C09", "C10", "C11",
+                     "C12", "CSP", "S01", "S02", "S03", "S04", "S05", "AFP-5A"}))
     return EnvNameType::Carriage;
   return EnvNameType::Unknown;
 }

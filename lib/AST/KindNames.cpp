@@ -1,8 +1,14 @@
 //===- KindNames.cpp - the texts of the enumerations ----------------------===//
 
 #include "AST/KindNames.h"
+#include "AST/Statement.h"
 
 namespace tarka {
+
+// The kind of a row is the kind of its class.
+#define TARKA_STATEMENT(Enumerator, Number, Class, Verb)                                           \
+  static_assert(Class::Kind == StatementType::Enumerator);
+#include "AST/Statements.def"
 
 #define TARKA_ENUM(Type)                                                                           \
   llvm::StringRef nameOf(Type value) {                                                             \

@@ -2,6 +2,7 @@
 
 #include "AST/StorageLayout.h"
 #include "AST/Expression.h"
+#include "AST/Usage.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/Support/MathExtras.h"
 #include <algorithm>
@@ -17,7 +18,15 @@ bool takesNoStorage(const DataDescription &entry) {
   return entry.getLevelNum() == 66 || entry.getLevelNum() == 88;
 }
 
-// Sizes are never negative, and one that does not fit stays at the largest.
+std::int64_t maxOccurrences(const DataDescription &entry) {
+  return entry.getOccurs() ? entry.getOccurs()->getMostOccurrences() : 1;
+}
+
+std::int64_t minOccurrences(const DataDescription &entry) {
+  return entry.getOccurs() ? entry.getOccurs()->getLeastOccurrences() : 1;
+}
+
+} // namespace
 
 std::int64_t addSizes(std::int64_t left, std::int64_t right) {
   std::int64_t sum;
@@ -28,23 +37,6 @@ std::int64_t multiplySizes(std::int64_t left, std::int64_t right) {
   std::int64_t product;
   return llvm::MulOverflow(left, right, product) ? MaxStorageSize : product;
 }
-
-std::int64_t maxOccurrences(const DataDescription &entry) {
-  // A wrong number is reported elsewhere; one occurrence is there in any case.
-  return entry.getOccurs() ? std::max<std::int64_t>(entry.getOccurs()->getMax(), 1) : 1;
-}
-
-std::int64_t minOccurrences(const DataDescription &entry) {
-  std::int64_t max = maxOccurrences(entry);
-  const ClauseOccurs *occurs = entry.getOccurs();
-  if (!occurs || !occurs->isVariableTable())
-    return max;
-  // OCCURS m DEPENDING ON stands for OCCURS 1 TO m DEPENDING ON.
-  std::int64_t min = occurs->getMinExpr() ? occurs->getMin() : 1;
-  return std::clamp<std::int64_t>(min, 0, max);
-}
-
-} // namespace
 
 //===----------------------------------------------------------------------===//
 // Elementary items
@@ -92,19 +84,12 @@ std::int64_t elementarySize(const DataDescription &item) {
   const ClausePicture *picture = item.getPicture();
   if (!picture)
     return 0;
-  switch (usage) {
-  case UsageType::Binary:
-  case UsageType::Comp:
-  case UsageType::Comp4:
-  case UsageType::Comp5:
+  if (isBinary(usage))
     return binarySize(picture->getStoredDigitNum());
-  case UsageType::Comp3:
-  case UsageType::PackedDecimal:
-    // Two digits a byte, and half a byte for the sign.
+  // Two digits a byte, and half a byte for the sign.
+  if (isPackedDecimal(usage))
     return picture->getStoredDigitNum() / 2 + 1;
-  default:
-    return characterSize(item, usage);
-  }
+  return characterSize(item, usage);
 }
 
 //===----------------------------------------------------------------------===//
@@ -119,7 +104,7 @@ GroupLayout &GroupLayout::of(const DataDescription &group) {
     group.layout->knownChildren = group.children->size();
   }
   GroupLayout &layout = *group.layout;
-  // Somebody has changed the list and not said so.
+  // The list was changed without a call of childrenChanged().
   if (layout.knownChildren != group.children->size())
     listChanged(group);
   return layout;

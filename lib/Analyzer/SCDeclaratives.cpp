@@ -53,7 +53,7 @@ bool checkUseProcedures(SemanticChecker &checker, UseStatement &use) {
   bool ok = true;
   auto *procedures = makeList<UseProcedure *>();
   for (Word *word : use.getProcedureListElements()) {
-    auto *name = new QualifiedWord(word);
+    auto *name = generate<QualifiedWord>(word);
     name->addNames(word);
     Section *section = checker.findSectionFromQualWord(name, nullptr);
     Paragraph *paragraph = section ? nullptr : checker.findParagraphFromQualWord(name, nullptr);
@@ -61,7 +61,7 @@ bool checkUseProcedures(SemanticChecker &checker, UseStatement &use) {
       ok = false;
       continue;
     }
-    auto *procedure = new UseProcedure(word);
+    auto *procedure = generate<UseProcedure>(word);
     procedure->setSection(section);
     procedure->setParagraph(paragraph);
     procedures->push_back(procedure);

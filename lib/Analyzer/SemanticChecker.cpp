@@ -83,8 +83,9 @@ void makeCallable(SemanticChecker &checker, SourceUnit &unit) {
 void sizeXmlText(SemanticChecker &checker) {
   if (DataDescription *xmlText = checker.getXmlTextRegister();
       xmlText && checker.getXmlTextSize() != 1)
-    xmlText->setPicture(new ClausePicture(
-        nullptr, new Word(nullptr, "X(" + std::to_string(checker.getXmlTextSize()) + ")", "")));
+    xmlText->setPicture(generate<ClausePicture>(
+        nullptr,
+        generate<Word>(nullptr, "X(" + std::to_string(checker.getXmlTextSize()) + ")", "")));
   checker.setXmlTextSize(1);
   checker.setXmlTextRegister(nullptr);
 }
@@ -126,7 +127,7 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
     ok &= semanticCheck(*data);
   } else if (!unit.isNested()) {
     // The registers exist even in a program without data of its own.
-    DataDivision *registers = new DataDivision(nullptr);
+    DataDivision *registers = generate<DataDivision>(nullptr);
     registers->setWorkSection(makeList<DataDescription *>());
     createSpecialRegister(registers->getWorkSection());
     unit.setDataDivision(registers);

@@ -73,30 +73,31 @@ LiteralExpression *makeInitialValue(const SpecialRegister &from) {
   case Initial::None:
     return nullptr;
   case Initial::Zero:
-    return new FigurativeLiteralExpression(nullptr, FigurativeType::Zero, nullptr);
+    return generate<FigurativeLiteralExpression>(nullptr, FigurativeType::Zero, nullptr);
   case Initial::Space:
-    return new FigurativeLiteralExpression(nullptr, FigurativeType::Space, nullptr);
+    return generate<FigurativeLiteralExpression>(nullptr, FigurativeType::Space, nullptr);
   case Initial::NonNumeric:
-    return new NonNumericLiteralExpression(nullptr, from.value);
+    return generate<NonNumericLiteralExpression>(nullptr, from.value);
   case Initial::Numeric:
-    return new NumericLiteralExpression(nullptr, from.value);
+    return generate<NumericLiteralExpression>(nullptr, from.value);
   }
   return nullptr;
 }
 
 DataDescription *makeEntry(const SpecialRegister &from) {
-  auto *entry = new DataDescription(nullptr);
+  auto *entry = generate<DataDescription>(nullptr);
+  entry->setOrigin(Origin::Supplied);
   entry->setLevelNum(1);
-  entry->setDataName(new Word(nullptr, from.name, ""));
+  entry->setDataName(generate<Word>(nullptr, from.name, ""));
   if (from.isGlobal)
-    entry->setGlobal(new ClauseGlobal(nullptr));
-  entry->setPicture(new ClausePicture(nullptr, new Word(nullptr, from.picture, "")));
+    entry->setGlobal(generate<ClauseGlobal>(nullptr));
+  entry->setPicture(generate<ClausePicture>(nullptr, generate<Word>(nullptr, from.picture, "")));
   if (from.usage != UsageType::None)
-    entry->setUsage(new ClauseUsage(nullptr, from.usage));
+    entry->setUsage(generate<ClauseUsage>(nullptr, from.usage));
   if (LiteralExpression *initial = makeInitialValue(from)) {
-    auto *phrase = new PhraseValue;
+    auto *phrase = generate<PhraseValue>(nullptr);
     phrase->setLiteral1(initial);
-    auto *value = new ClauseValue(nullptr);
+    auto *value = generate<ClauseValue>(nullptr);
     value->addPhraseValue(phrase);
     entry->setValue(value);
   }

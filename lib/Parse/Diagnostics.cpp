@@ -70,7 +70,7 @@ void FrontEndDiagnostics::addSpellingFix(DiagnosticId id, const SourceRange &pla
 
 void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &place,
                               std::string message) {
-  // What is wrong behind a fatal error is its consequence.
+  // Errors after a fatal error are its consequences.
   if (fatalSeen)
     return;
   entries.push_back({info.id, info.severity, place, std::move(message), {}});
@@ -78,7 +78,7 @@ void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &pla
     fatalSeen = true;
   if (isError(info.severity))
     ++errorCount;
-  // Past the bound one last message says that there is more.
+  // At the limit, one last message says that more are not shown.
   if (errorCount < maxErrors)
     return;
   isSilent = true;

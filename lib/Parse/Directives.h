@@ -18,6 +18,8 @@
 
 namespace tarka {
 
+struct ParseOptions;
+
 /// A value in a directive: a number, a text or a truth value.
 struct DirectiveOperand {
   enum class Kind : uint8_t { None, Number, Text, Truth };
@@ -48,13 +50,17 @@ public:
   const DirectiveOperand *find(llvm::StringRef name) const;
   void define(llvm::StringRef name, DirectiveOperand value);
   void undefine(llvm::StringRef name);
+  /// Defines what the compile option DEFINE lists: NAME, NAME=1, NAME='text', NAME=B'1' ...
+  void defineAll(llvm::StringRef list);
+  /// Defines the variables that tell the options of the compiler: IGY-CICS, IGY-SQL ...
+  void defineOptions(const ParseOptions &options);
 
 private:
   llvm::StringMap<DirectiveOperand> values;
 };
 
-/// Reads the text of one directive from left to right. The first fault is reported, then
-/// everything that is asked for gives nothing.
+/// Reads the text of one directive from left to right. The first fault is reported, then all
+/// further requests return nothing.
 class DirectiveText {
 public:
   DirectiveText(llvm::StringRef text, llvm::StringRef directive, const SourceRange &place,
@@ -64,7 +70,7 @@ public:
 
   /// Takes the word \p word off the text if it is the next one.
   bool consume(llvm::StringRef word);
-  /// Takes the next word off, whatever it is; empty where there is none.
+  /// Takes the next word, whatever it is; empty where there is none.
   llvm::StringRef takeWord();
   bool isAtEnd();
 

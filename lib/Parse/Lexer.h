@@ -1,7 +1,7 @@
 //===- Lexer.h - from lines of program text to tokens -----------*- C++ -*-===//
 //
 // Two floors. The scanner makes a token of the characters of one line and knows
-// nothing of files. The lexer takes lines from a LineReader, gives tokens their
+// nothing about files. The lexer takes lines from a LineReader, gives tokens their
 // places, and sees to what the language decides by the words before: picture
 // strings, embedded text, comment-entries, listing statements and directives.
 //
@@ -23,7 +23,9 @@ namespace tarka {
 struct LexerContext {
   LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
       : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
-        debuggingMode(options.debuggingLines) {}
+        debuggingMode(options.debuggingLines) {
+    variables.defineOptions(options);
+  }
 
   /// The options given, and those that the source turns on by itself.
   ParseOptions options;
@@ -82,6 +84,10 @@ private:
 /// or semicolon is a separator.
 llvm::StringRef pictureIn(llvm::StringRef text);
 
+/// Reports, the first time, that \p file is no text or not in its encoding: 3, 6, 7. Gives whether
+/// there is no use in reading it.
+bool reportFault(const SourceFile &file, LexerContext &context);
+
 /// The tokens of one file.
 class Lexer {
 public:
@@ -92,7 +98,7 @@ public:
 
   SourceFormat getFormat() const { return lines.getFormat(); }
 
-  /// Takes over what the context says about the decimal point, in the middle of a line too.
+  /// Applies the context's decimal point, in the middle of a line too.
   void updateDecimalPoint() { scanner.setDecimalPointIsComma(context.decimalPointIsComma); }
 
   /// Says that pseudo-text is being read: it is taken as it is, keywords have no effect on it, and
@@ -110,7 +116,6 @@ public:
 private:
   enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText, EmbeddedBlock };
 
-  void reportFault(const SourceFile &file);
   bool nextLine();
   bool readLine();
   void obeyOptions(llvm::StringRef text);

@@ -105,7 +105,7 @@ void Lexer::setSourceFormat(DirectiveText &text) {
     context.diagnostics.report(DiagnosticId::SourceFormatExpected, placeOfLine());
 }
 
-/// A directive of conditional compilation that is met in text that is read.
+/// A conditional-compilation directive in text that is not being skipped.
 void Lexer::obeyConditional(llvm::StringRef name, DirectiveText &text) {
   switch (directiveNamed(name)) {
   case Directive::If:
@@ -129,7 +129,7 @@ void Lexer::beginConditional(llvm::StringRef name, DirectiveText &text) {
   if (conditionals.size() >= context.options.limits.directiveDepth) {
     context.diagnostics.report(DiagnosticId::DirectivesTooDeep, placeOfLine(),
                                context.options.limits.directiveDepth);
-    // That none of them has its end is no wonder.
+    // A missing end of one of them is not reported.
     conditionals.clear();
     isAtEnd = true;
     return;

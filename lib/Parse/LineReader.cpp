@@ -25,7 +25,7 @@ bool isContinuationByte(char c) {
 /// between shift codes, as its two bytes did where the shift codes come from.
 class ColumnCounter {
 public:
-  /// The column behind the characters that were passed.
+  /// The column after the characters passed.
   unsigned getColumn() const { return column; }
 
   /// Goes on over \p c.
@@ -303,7 +303,7 @@ bool LineReader::isOptionsLine(const PhysicalLine &line) {
 bool LineReader::isContinued() const {
   const char *at = position;
   while (at < fileEnd) {
-    // Most lines tell by their first characters that they are text of their own.
+    // The first characters of most lines show that they do not continue another line.
     if (fileEnd - at > 8 && !holdsUnusual(load8(at)) && at[indicatorColumn - 1] == ' ') {
       const char *first = at + indicatorColumn;
       while (first < fileEnd && *first == ' ')
@@ -322,7 +322,7 @@ bool LineReader::isContinued() const {
     // The indicator itself, where nothing odd stands before it.
     if (line.isPlain && lineEnd - at == indicatorColumn && at[indicatorColumn - 1] == '-')
       return true;
-    // Otherwise only lines that do not count have others behind them that might.
+    // Otherwise only ignored lines can be followed by a continuation.
     lineEnd = std::find_if(lineEnd, fileEnd, [](char c) { return c == '\n' || c == '\r'; });
     line.end = lineEnd;
     line.isPlain = line.isPlain && !std::memchr(at, '\t', lineEnd - at);

@@ -62,14 +62,14 @@ public:
     }
     return rangeOfUnplain(first, last);
   }
-  /// The place behind the last line of the file.
+  /// The place after the last line of the file.
   SourceRange endOfFile() const;
 
 private:
   /// A line as it stands in the file.
   struct PhysicalLine {
     const char *start = nullptr;
-    const char *end = nullptr; ///< behind the last character, before the line's end
+    const char *end = nullptr; ///< after the last character, before the line's end
     unsigned number = 0;
     bool isPlain = true; ///< a byte is a column: no tab, no character of several bytes
     bool controlBytes = false;
@@ -79,7 +79,7 @@ private:
     char indicator = ' ';
     const char *text = nullptr;  ///< column 8
     const char *areaB = nullptr; ///< column 12
-    const char *limit = nullptr; ///< behind column 72 or the line's end
+    const char *limit = nullptr; ///< after column 72 or the line's end
   };
   /// A piece of a continued line: where it begins in the joined text and in the file.
   struct Segment {

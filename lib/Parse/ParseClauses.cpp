@@ -1,7 +1,7 @@
 //===- ParseClauses.cpp - what all entries and their clauses share --------===//
 //
 // The entries of the environment and data division are clauses in any order up
-// to a period. A mistake costs the clause that it stands in: reading goes on at
+// to a period. After a mistake in a clause, parsing resumes at
 // the next word that begins a clause, and at the latest with the next entry.
 //
 //===----------------------------------------------------------------------===//
@@ -46,7 +46,7 @@ void ClauseParser::takeSectionHeader(Keyword header) {
   expected("SECTION");
   if (atSequence(TokenKind::Period, Keyword::Section))
     stream.skip();
-  // Something else stands in the place of SECTION.
+  // There is another word in place of SECTION.
   if (!at(TokenKind::Period) && !peek().isFirstOnLine())
     stream.skip();
   accept(Keyword::Section);
@@ -62,20 +62,20 @@ void ClauseParser::takeParagraphHeader() {
 // Clauses
 //===----------------------------------------------------------------------===//
 
-Node ClauseParser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
-                                llvm::function_ref<bool()> parseClause) {
+SourceRange ClauseParser::parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                                       llvm::function_ref<bool()> parseClause) {
   bool wasReadable = true;
   while (!at(TokenKind::Period)) {
     if (atEntryBoundary(clauses)) {
       if (wasReadable)
         missingPeriod();
-      return from(begin);
+      return from(begin).getRange();
     }
     wasReadable = parseClause();
     if (!wasReadable)
       skipToClause(clauses);
   }
-  Node place = from(begin);
+  SourceRange place = from(begin).getRange();
   accept(TokenKind::Period);
   return place;
 }
@@ -94,13 +94,13 @@ void ClauseParser::parseParagraphClauses(const ClauseSet &clauses,
     missingPeriod();
 }
 
-/// Gives true where the clause is known after all: a keyword of it is misspelt.
+/// True where the clause is known after all, with a misspelt keyword.
 bool ClauseParser::unknownClause(const ClauseSet &clauses) {
   llvm::SmallVector<Keyword, 80> words(clauses.keywords);
   words.append(clauses.synonyms.begin(), clauses.synonyms.end());
   Keyword meant = peek().isWord() ? nearestKeyword(peek().text, words) : Keyword::None;
   if (meant != Keyword::None && textOf(meant) == peek().text && !at(meant)) {
-    // A word of OS/VS COBOL, which is no keyword without its option.
+    // An OS/VS COBOL word, which is a keyword only with its option.
     error(DiagnosticId::OsvsStatement, here(), peek().text);
     stream.skip();
     skipToClause(clauses, /*isUnknown=*/true);
@@ -152,8 +152,7 @@ bool ClauseParser::atEnvironmentName(const ClauseSet &clauses) {
     return peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
   if (!peek().isUserWord())
     return false;
-  Word name(here(), peek().getInternedText(), peek().getInternedSpelling());
-  if (ClauseEnvName(&name, &name).getEnvNameType() != EnvNameType::Unknown)
+  if (environmentNameType(peek().text) != EnvNameType::Unknown)
     return true;
   bool isFollowed = peek(1).isOneOf(Keyword::Is, Keyword::On, Keyword::Off) || peek(1).isUserWord();
   return isFollowed && nearestKeyword(peek().text, clauses.keywords) == Keyword::None;

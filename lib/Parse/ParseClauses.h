@@ -42,8 +42,8 @@ public:
   void skipToEntry(const ClauseSet &clauses);
   /// Parses clauses with \p parseClause, which returns false on failure, up to and with the period
   /// that ends the entry. Returns the place from \p begin to the last token before the period.
-  Node parseClauses(const SourceRange &begin, const ClauseSet &clauses,
-                    llvm::function_ref<bool()> parseClause);
+  SourceRange parseClauses(const SourceRange &begin, const ClauseSet &clauses,
+                           llvm::function_ref<bool()> parseClause);
   /// The same for a paragraph, in which every clause may have a period of its own.
   void parseParagraphClauses(const ClauseSet &clauses, llvm::function_ref<bool()> parseClause);
   /// Reports that \p what is not supported and skips the clause that begins with the next token.

@@ -2,7 +2,7 @@
 //
 // What a parenthesis opens, an arithmetic expression or a condition, shows only
 // behind what it holds, and so does what a name is. Everything is therefore read
-// once, as Comparand: a condition, or an expression that the text behind it may
+// once, as Comparand: a condition, or an expression that the text after it may
 // still make one.
 //
 //===----------------------------------------------------------------------===//
@@ -214,7 +214,7 @@ ConditionParser::Comparand ConditionParser::parseCombined(Abbreviation &abbrevia
   }
 }
 
-/// One condition of a combined one, or an expression that is none yet.
+/// One condition of a combined one, or an expression that no operator has made a condition yet.
 ConditionParser::Comparand ConditionParser::parseTerm(Abbreviation &abbreviation) {
   SourceRange begin = here();
   // A > B OR = C, A > B OR NOT = C, A > B OR IS NOT = C: NOT is part of the operator and holds for
@@ -233,7 +233,7 @@ ConditionParser::Comparand ConditionParser::parseTerm(Abbreviation &abbreviation
   return parseSimple(abbreviation);
 }
 
-/// A NOT that is no part of an operator: it negates one condition.
+/// A NOT that is not part of an operator negates one condition.
 Condition *ConditionParser::parseNegated(Abbreviation &abbreviation) {
   SourceRange begin = here();
   accept(Keyword::Not);
@@ -241,7 +241,7 @@ Condition *ConditionParser::parseNegated(Abbreviation &abbreviation) {
     return expected("a condition");
 
   Comparand operand = parseSimple(abbreviation);
-  // NOT C behind A > B says that A > C does not hold: the leaf takes the NOT in, what follows is
+  // NOT C after A > B means that A > C does not hold: the leaf takes the NOT, what follows is
   // compared with > again.
   if (operand.expression && abbreviation.subject && !isNameOfCondition(operand.expression)) {
     return make<AbbrRelationalCondition>(begin, negationOf(abbreviation.relation),
@@ -368,8 +368,7 @@ Expression *ConditionParser::parseRelationObject(RelationalConditionType relatio
       return first;
     return continueArithmetic(parenthesise(first, begin), begin);
   }
-  Node position(begin);
-  auto *objects = new AbbrRelationCombinedExpression(&position, first);
+  auto *objects = makeAt<AbbrRelationCombinedExpression>(begin, first);
   while (at(Keyword::And, Keyword::Or)) {
     AbbrRelationItem *item = parseFurtherObject(relation);
     if (!item)
@@ -378,11 +377,10 @@ Expression *ConditionParser::parseRelationObject(RelationalConditionType relatio
   }
   if (!expect(TokenKind::RParen))
     return nullptr;
-  objects->setRange(from(begin).getRange());
-  return objects;
+  return complete(objects);
 }
 
-/// {AND | OR} [NOT] [operator] object. A written operator holds for the objects behind it.
+/// {AND | OR} [NOT] [operator] object. A written operator applies to the objects after it.
 AbbrRelationItem *ConditionParser::parseFurtherObject(RelationalConditionType &relation) {
   SourceRange begin = here();
   CombinedOperatorType op = at(Keyword::And) ? CombinedOperatorType::And : CombinedOperatorType::Or;
@@ -419,13 +417,13 @@ bool ConditionParser::isNameOfCondition(const Expression *operand) {
   return isConditionName(text) || isSwitchName(text);
 }
 
-/// The condition that the name of a condition or of a switch's status stands for.
+/// The condition that a condition-name or the name of a switch status stands for.
 Condition *ConditionParser::namedCondition(DataIdentifierExpression *name) {
   QualifiedWord *words = name->getQualifiedWord();
   const std::string &text = (*words->getNamesBegin())->getWordData();
   if (!name->getSubscriptMod() && isSwitchName(text) && !isConditionName(text))
-    return new SwitchCondition(name, words);
-  return new ConditionNameCondition(name, name);
+    return makeAt<SwitchCondition>(name->getRange(), words);
+  return makeAt<ConditionNameCondition>(name->getRange(), name);
 }
 
 /// The condition that an operand alone, which began at \p begin, is: a name of a condition, or
@@ -437,7 +435,8 @@ Condition *ConditionParser::conditionOf(Expression *operand, const SourceRange &
   if (abbreviation.subject && !isName) {
     return make<AbbrRelationalCondition>(begin, abbreviation.relation, /*written=*/false, operand);
   }
-  // A name that is not declared as one is taken for one too: the checker says what it is instead.
+  // A name that is not declared as a condition-name is taken for one too; the checker reports what
+  // it is.
   if (name && !name->getReferenceMod()) {
     abbreviation.subject = nullptr;
     return namedCondition(name);

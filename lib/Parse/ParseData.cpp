@@ -10,12 +10,11 @@ namespace tarka {
 // The division and its sections
 //===----------------------------------------------------------------------===//
 
-/// The division hangs in the tree before it is read, since conditions of the report section ask it
-/// for condition-names.
+/// The division is attached to the tree before it is parsed, because conditions in the report
+/// section look up condition-names in it.
 DataDivision *DataParser::parseDataDivision() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *division = new DataDivision(&place);
+  auto *division = makeAt<DataDivision>(begin);
   context.unit->setDataDivision(division);
   if (atDivision(Keyword::Data)) {
     takeDivisionHeader(Keyword::Data);
@@ -38,11 +37,10 @@ DataDivision *DataParser::parseDataDivision() {
       stream.skip();
     while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
   }
-  division->setRange(from(begin).getRange());
-  return division;
+  return complete(division);
 }
 
-/// A section that does not belong here goes whole, with entries that others could have as well.
+/// A section that does not belong here is skipped with all its entries.
 void DataParser::skipForeignSection() {
   if (at(Keyword::Communication) || atWord("SCREEN"))
     error(DiagnosticId::NotSupported, here(), peek().text + " SECTION");
@@ -54,7 +52,7 @@ void DataParser::skipForeignSection() {
          (!peek().isFirstOnLine() || (!at(Keyword::Section) && !peek(1).is(Keyword::Section))));
 }
 
-/// The section that is next. The order of the sections does not matter to anybody, so any is good.
+/// The section that is next. The sections may come in any order.
 void DataParser::parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen) {
   struct SectionInfo {
     Keyword header;
@@ -111,9 +109,9 @@ void DataParser::parseDataSection(DataDivision &division, std::bitset<sectionKin
 
 namespace {
 
-/// Puts entries together to records by their level numbers: an entry belongs to the nearest one
-/// before it that has a lower level. Wrong levels (00, 50 ...) and wrong orders of right ones take
-/// the place that their number gives them; the checker has the messages for them.
+/// Builds records from entries by their level numbers: an entry belongs to the nearest one before
+/// it that has a lower level. Wrong levels (00, 50 ...) and wrong orders of right ones take the
+/// place that their number gives them; the checker reports them.
 class RecordBuilder {
 public:
   RecordBuilder(ParserBase &theParser, DataParser::AddRecord addRecord)
@@ -125,7 +123,7 @@ public:
   RecordBuilder(const RecordBuilder &) = delete;
   RecordBuilder &operator=(const RecordBuilder &) = delete;
 
-  /// Takes the next entry; \p isSound says whether all of it could be read.
+  /// Takes the next entry; \p isSound says whether it was parsed without a mistake.
   void add(DataDescription *entry, bool isSound) {
     place(entry);
     completeUnsound();
@@ -133,8 +131,8 @@ public:
       unsound = entry;
   }
 
-  /// An entry could not be read, perhaps the one that begins a record: then it is not told once
-  /// more that the record has no beginning.
+  /// An entry could not be parsed, perhaps the one that begins a record: a missing beginning of the
+  /// record is not reported then.
   void noteLostEntry() { isMisplaced = true; }
 
 private:
@@ -156,12 +154,13 @@ private:
     }
   }
 
-  /// What could not be read of an entry may have been its PICTURE. Where nothing stands below the
-  /// entry, so that it needs one, it gets one, lest it is told once more that it has none.
+  /// What could not be parsed of an entry may have been its PICTURE. An elementary entry gets one,
+  /// so that the checker does not report a missing PICTURE as well.
   void completeUnsound() {
     if (unsound && !unsound->isGroupItem() && !unsound->getPicture() && !unsound->getUsage() &&
         unsound->getLevelNum() != 66 && unsound->getLevelNum() != 88)
-      unsound->setPicture(new ClausePicture(unsound, new Word(unsound, "X", "X")));
+      unsound->setPicture(ParserBase::makeAt<ClausePicture>(
+          unsound->getRange(), ParserBase::makeAt<Word>(unsound->getRange(), "X", "X")));
     unsound = nullptr;
   }
 
@@ -173,7 +172,7 @@ private:
       parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
   }
 
-  /// Level 66 stands behind the last item of its record.
+  /// Level 66 follows the last item of its record.
   void addRenames(DataDescription *entry) {
     if (!record || record->getLevelNum() == 77) {
       parser.error(DiagnosticId::RenamesWithoutRecord, entry->getRange());
@@ -222,9 +221,9 @@ private:
   ParserBase &parser;
   DataParser::AddRecord give;
   DataDescription *record = nullptr;
-  /// The entry read last that is no condition-name.
+  /// The last entry that is not a condition-name.
   DataDescription *item = nullptr;
-  /// The entry read last, if some of it could not be read.
+  /// The last entry, if it was parsed with a mistake.
   DataDescription *unsound = nullptr;
   /// The entries that the next one may be subordinate to, of ascending levels.
   llvm::SmallVector<DataDescription *, 16> open;
@@ -279,8 +278,7 @@ DataDescription *DataParser::parseDataEntry() {
     skipToEntry(dataClauses);
     return nullptr;
   }
-  Node place(begin);
-  auto *entry = new DataDescription(&place);
+  auto *entry = makeAt<DataDescription>(begin);
   entry->setLevelNum(level);
 
   Word *name = nullptr;
@@ -299,8 +297,7 @@ DataDescription *DataParser::parseDataEntry() {
   if (name && context.options.osvs)
     skipCopiedEntryName(level, *name);
 
-  Node whole = parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); });
-  entry->setRange(whole.getRange());
+  entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
   return entry;
 }
 
@@ -355,7 +352,7 @@ static bool needsOperand(Keyword keyword) {
 }
 
 /// A keyword where the name of the entry may stand begins a clause of an entry without a name. It
-/// is meant as the name when there is no such clause, or when that would be cut off at once.
+/// is taken for the name when there is no such clause, or when the clause would have no operand.
 Word *DataParser::parseEntryName(const ClauseSet &clauses) {
   if (!peek().isWord())
     return nullptr;
@@ -370,7 +367,7 @@ Word *DataParser::parseEntryName(const ClauseSet &clauses) {
     return takeWord();
   error(DiagnosticId::ReservedWord, here(), "a data-name", peek().spelling);
   stream.skip();
-  // The name may come behind a word too many.
+  // The name may follow a superfluous word.
   return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : nullptr;
 }
 

@@ -94,8 +94,8 @@ bool DataParser::parseDataClause(DataDescription &entry) {
 // PICTURE and USAGE
 //===----------------------------------------------------------------------===//
 
-/// Behind a misspelt PICTURE the stream does not know that a picture follows, and makes words and
-/// marks of it.
+/// After a misspelt PICTURE the stream does not know that a picture follows, and makes several
+/// tokens of it.
 Word *DataParser::parsePictureString() {
   if (at(TokenKind::PictureString)) {
     bool isKeyword =
@@ -120,8 +120,7 @@ ClausePicture *DataParser::parsePicture() {
   Word *string = parsePictureString();
   if (!string)
     return nullptr;
-  Node at = from(begin);
-  auto *picture = new ClausePicture(&at, string);
+  auto *picture = make<ClausePicture>(begin, string);
   if (context.decimalPointIsComma)
     picture->decodePicture(/*decimalPointIsComma=*/true);
   return picture;
@@ -225,8 +224,7 @@ ClauseUsage *DataParser::parseUsage() {
     stream.skip();
   }
   accept(Keyword::Native);
-  Node at = from(begin);
-  return new ClauseUsage(&at, type);
+  return make<ClauseUsage>(begin, type);
 }
 
 /// GROUP-USAGE [IS] NATIONAL
@@ -236,8 +234,7 @@ ClauseGroupUsage *DataParser::parseGroupUsage() {
   accept(Keyword::Is);
   if (!expect(Keyword::National))
     return nullptr;
-  Node at = from(begin);
-  return new ClauseGroupUsage(&at);
+  return make<ClauseGroupUsage>(begin);
 }
 
 /// [SIGN [IS]] {LEADING | TRAILING} [SEPARATE [CHARACTER]]
@@ -251,8 +248,7 @@ ClauseSign *DataParser::parseSign() {
   bool isSeparate = accept(Keyword::Separate);
   if (isSeparate)
     accept(Keyword::Character);
-  Node at = from(begin);
-  return new ClauseSign(&at, isLeading, isSeparate);
+  return make<ClauseSign>(begin, isLeading, isSeparate);
 }
 
 /// {SYNCHRONIZED | SYNC} [LEFT | RIGHT]
@@ -260,8 +256,7 @@ ClauseSynchronized *DataParser::parseSynchronized() {
   SourceRange begin = here();
   stream.skip();
   Word *side = at(Keyword::Left, Keyword::Right) ? takeWord() : nullptr;
-  Node at = from(begin);
-  return new ClauseSynchronized(&at, side);
+  return make<ClauseSynchronized>(begin, side);
 }
 
 /// {JUSTIFIED | JUST} [RIGHT]
@@ -269,8 +264,7 @@ ClauseJustified *DataParser::parseJustified() {
   SourceRange begin = here();
   stream.skip();
   accept(Keyword::Right);
-  Node at = from(begin);
-  return new ClauseJustified(&at);
+  return make<ClauseJustified>(begin);
 }
 
 /// BLANK [WHEN] {ZERO | ZEROS | ZEROES}
@@ -280,8 +274,7 @@ ClauseBlankZero *DataParser::parseBlankZero() {
   accept(Keyword::When);
   if (!acceptAny(Keyword::Zero, Keyword::Zeros, Keyword::Zeroes))
     return expected("ZERO");
-  Node at = from(begin);
-  return new ClauseBlankZero(&at);
+  return make<ClauseBlankZero>(begin);
 }
 
 /// DATE FORMAT [IS] pattern
@@ -296,8 +289,7 @@ ClauseDateFormat *DataParser::parseDateFormat() {
   // In a pattern letters of both cases differ.
   auto *pattern = new Word(here(), peek().getInternedSpelling(), peek().getInternedSpelling());
   stream.skip();
-  Node at = from(begin);
-  return new ClauseDateFormat(&at, pattern);
+  return make<ClauseDateFormat>(begin, pattern);
 }
 
 //===----------------------------------------------------------------------===//
@@ -311,8 +303,7 @@ ClauseRedefines *DataParser::parseRedefines() {
   DataIdentifierExpression *object = parseDataName();
   if (!object)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseRedefines(&at, object);
+  return make<ClauseRedefines>(begin, object);
 }
 
 /// RENAMES data-name [{THROUGH | THRU} data-name]
@@ -328,8 +319,7 @@ ClauseRenames *DataParser::parseRenames() {
     if (!last)
       return nullptr;
   }
-  Node at = from(begin);
-  return new ClauseRenames(&at, first, last);
+  return make<ClauseRenames>(begin, first, last);
 }
 
 //===----------------------------------------------------------------------===//
@@ -340,8 +330,7 @@ ClauseRenames *DataParser::parseRenames() {
 ClauseOccurs *DataParser::parseOccurs() {
   SourceRange begin = here();
   accept(Keyword::Occurs);
-  Node place(begin);
-  auto *occurs = new ClauseOccurs(&place);
+  auto *occurs = makeAt<ClauseOccurs>(begin);
   if (!parseOccursBounds(*occurs))
     return nullptr;
   while (true) {
@@ -363,8 +352,7 @@ ClauseOccurs *DataParser::parseOccurs() {
       break;
     }
   }
-  occurs->setRange(from(begin).getRange());
-  return occurs;
+  return complete(occurs);
 }
 
 /// [n TO] m [TIMES]. That there must be a number is a rule of the checker.
@@ -399,15 +387,14 @@ bool DataParser::parseOccursBounds(ClauseOccurs &occurs) {
 
 /// {ASCENDING | DESCENDING} [KEY] [IS] data-name ...
 ///
-/// That a key is no literal is a rule of the checker. A number is more likely a level number.
+/// The checker reports a key that is a literal. A number is more likely a level number.
 Key *DataParser::parseOccursKey() {
   SourceRange begin = here();
   SortOrder order = at(Keyword::Ascending) ? SortOrder::Ascending : SortOrder::Descending;
   stream.skip();
   accept(Keyword::Key);
   accept(Keyword::Is);
-  Node place(begin);
-  Key *key = new Key(&place, order);
+  Key *key = makeAt<Key>(begin, order);
   do {
     Expression *name = nullptr;
     if (at(TokenKind::AlphanumericLiteral))
@@ -418,14 +405,13 @@ Key *DataParser::parseOccursKey() {
       return nullptr;
     key->addData(name);
   } while (peek().isUserWord() || at(TokenKind::AlphanumericLiteral));
-  key->setRange(from(begin).getRange());
-  return key;
+  return complete(key);
 }
 
 /// INDEXED [BY] index-name ...
 bool DataParser::parseIndexNames(ClauseOccurs &occurs) {
   accept(Keyword::By);
-  // A word before a literal or IS is no index-name, but was meant to begin the next clause.
+  // A word before a literal or IS is not an index-name; it was meant to begin the next clause.
   auto atAnother = [this] {
     const Token &next = peek(1);
     bool isLiteral =
@@ -436,10 +422,11 @@ bool DataParser::parseIndexNames(ClauseOccurs &occurs) {
     Word *name = parseUserWord("an index-name");
     if (!name)
       return false;
-    auto *qualified = new QualifiedWord(name);
+    auto *qualified = makeAt<QualifiedWord>(name->getRange());
     qualified->addNames(name);
     context.indexNames.insert(&name->getWordData());
-    occurs.addIndex(new DataIdentifierExpression(name, qualified, nullptr, nullptr));
+    occurs.addIndex(
+        makeAt<DataIdentifierExpression>(name->getRange(), qualified, nullptr, nullptr));
   } while (atAnother());
   return true;
 }
@@ -454,15 +441,14 @@ ClauseValue *DataParser::parseValue() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseValue(&place);
+  auto *clause = makeAt<ClauseValue>(begin);
   auto atFalse = [&] {
     return at(Keyword::False) ||
            (at(Keyword::When) && peek(1).isOneOf(Keyword::Set, Keyword::False));
   };
   do {
     // That there is a value besides that of FALSE is a rule of the checker.
-    PhraseValue *phrase = atFalse() ? new PhraseValue(&place) : parseValuePhrase();
+    PhraseValue *phrase = atFalse() ? makeAt<PhraseValue>(begin) : parseValuePhrase();
     if (!phrase)
       return nullptr;
     clause->addPhraseValue(phrase);
@@ -480,8 +466,7 @@ ClauseValue *DataParser::parseValue() {
       return nullptr;
     clause->setFalseValue(literal);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 PhraseValue *DataParser::parseValuePhrase() {
@@ -490,8 +475,7 @@ PhraseValue *DataParser::parseValuePhrase() {
   Word *word = nullptr;
   if (!parseValueOperand(literal, word))
     return nullptr;
-  Node place(begin);
-  auto *phrase = new PhraseValue(&place);
+  auto *phrase = makeAt<PhraseValue>(begin);
   phrase->setLiteral1(literal);
   phrase->setWord1(word);
   if (acceptAny(Keyword::Thru, Keyword::Through)) {
@@ -500,12 +484,11 @@ PhraseValue *DataParser::parseValuePhrase() {
     phrase->setLiteral2(literal);
     phrase->setWord2(word);
   }
-  phrase->setRange(from(begin).getRange());
-  return phrase;
+  return complete(phrase);
 }
 
-/// A literal, or the name of a symbolic character, for which the checks put the literal, or tell
-/// that there is no such character.
+/// A literal, or the name of a symbolic character, which the checker replaces by the literal, or
+/// reports as unknown.
 bool DataParser::parseValueOperand(LiteralExpression *&literal, Word *&word) {
   literal = nullptr;
   word = nullptr;

@@ -22,8 +22,7 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
   takeDivisionHeader(Keyword::Environment);
   expectPeriod();
-  Node place(begin);
-  auto *division = new EnvironmentDivision(&place);
+  auto *division = makeAt<EnvironmentDivision>(begin);
   context.unit->setEnvironmentDivision(division);
 
   while (!atUnitBoundary()) {
@@ -51,12 +50,11 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
       stream.skip();
     while (!atPartHeader());
   }
-  division->setRange(from(begin).getRange());
-  return division;
+  return complete(division);
 }
 
-/// The section whose header begins with SECTION, behind which its name stands or what belongs to
-/// it; None where it is no section of this division.
+/// The section whose header begins with SECTION and goes on with its name or its content; None for
+/// a section of another division.
 Keyword EnvironmentParser::environmentSectionAt() {
   switch (peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword) {
   case Keyword::Configuration:
@@ -126,8 +124,7 @@ ConfigurationSection &EnvironmentParser::configurationSectionOf(EnvironmentDivis
   if (!division.getConfigurationSection()) {
     if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "CONFIGURATION SECTION", describe(peek()));
-    Node place(here());
-    division.setConfigurationSection(new ConfigurationSection(&place));
+    division.setConfigurationSection(makeAt<ConfigurationSection>(here()));
   }
   return *division.getConfigurationSection();
 }
@@ -137,44 +134,46 @@ InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision 
   if (!division.getInputOutputSection()) {
     if (!hasHeader)
       error(DiagnosticId::HeaderMissing, here(), "INPUT-OUTPUT SECTION", describe(peek()));
-    Node place(here());
-    division.setInputOutputSection(new InputOutputSection(&place));
+    division.setInputOutputSection(makeAt<InputOutputSection>(here()));
   }
   return *division.getInputOutputSection();
 }
 
-/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes, and functions that are programs
-/// themselves, cannot be used, so they are nothing to pass over in silence.
+/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes and user-defined functions are
+/// not supported.
 void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
   while (!atPartHeader() && !accept(TokenKind::Period)) {
-    if (at(Keyword::Function) && parseRepositoryFunctions())
-      continue;
-    error(DiagnosticId::NotSupported, here(), "such a REPOSITORY entry");
-    do
+    SourceRange begin = here();
+    if (at(Keyword::Function)) {
+      if (parseRepositoryFunctions())
+        continue;
+    } else {
       stream.skip();
-    while (!atPartHeader() && !at(TokenKind::Period) && !at(Keyword::Function, Keyword::Class));
+    }
+    error(DiagnosticId::NotSupported, begin, "such a REPOSITORY entry");
+    while (!atPartHeader() && !at(TokenKind::Period) && !at(Keyword::Function, Keyword::Class))
+      stream.skip();
   }
 }
 
-/// Gives false, and has read nothing, where the functions are not intrinsic ones.
+/// FUNCTION {ALL | name ...} INTRINSIC. False, without a message, where the functions are not
+/// intrinsic ones.
 bool EnvironmentParser::parseRepositoryFunctions() {
-  unsigned count = 1;
-  while (peek(count).isWord() && !peek(count).is(Keyword::Intrinsic) &&
-         !peek(count).is(Keyword::Function))
-    ++count;
-  if (!peek(count).is(Keyword::Intrinsic))
-    return false;
   accept(Keyword::Function);
-  if (accept(Keyword::All))
-    for (const IntrinsicFunction &function : intrinsicFunctions())
-      context.repositoryFunctions.insert(&internString(function.name));
-  while (!accept(Keyword::Intrinsic)) {
-    const Word &name = *takeWord();
-    if (findIntrinsicFunction(name.getWordData()))
-      context.repositoryFunctions.insert(&name.getWordData());
+  llvm::SmallVector<const Word *, 16> names;
+  while (peek().isWord() && !at(Keyword::Intrinsic, Keyword::Function) && !atPartHeader())
+    names.push_back(takeWord());
+  if (!accept(Keyword::Intrinsic))
+    return false;
+  for (const Word *name : names) {
+    if (name->getWordData() == textOf(Keyword::All))
+      for (const IntrinsicFunction &function : intrinsicFunctions())
+        context.repositoryFunctions.insert(&internString(function.name));
+    else if (findIntrinsicFunction(name->getWordData()))
+      context.repositoryFunctions.insert(&name->getWordData());
     else
-      reportUnknownFunction(name);
+      reportUnknownFunction(*name);
   }
   return true;
 }
@@ -191,8 +190,7 @@ void EnvironmentParser::parseSourceComputer(ConfigurationSection &section) {
   SourceRange begin = here();
   if (section.getSourceComputer())
     error(DiagnosticId::HeaderTwice, here(), "SOURCE-COMPUTER");
-  Node place(begin);
-  auto *computer = new ParaSourceComputer(&place);
+  auto *computer = makeAt<ParaSourceComputer>(begin);
   section.setSourceComputer(computer);
   takeParagraphHeader();
   if (atPartHeader())
@@ -201,7 +199,7 @@ void EnvironmentParser::parseSourceComputer(ConfigurationSection &section) {
   if (peek().isUserWord())
     computer->setComputerName(takeWord());
   const ClauseSet clauses{"SOURCE-COMPUTER", sourceComputerKeywords, sourceComputerSynonyms};
-  Node whole = parseClauses(begin, clauses, [&] {
+  computer->setRange(parseClauses(begin, clauses, [&] {
     if (!at(Keyword::With, Keyword::Debugging))
       return unknownClause(clauses);
     accept(Keyword::With);
@@ -211,8 +209,7 @@ void EnvironmentParser::parseSourceComputer(ConfigurationSection &section) {
     stream.setDebuggingMode(true);
     computer->setIsDebuggingMode(true);
     return true;
-  });
-  computer->setRange(whole.getRange());
+  }));
 }
 
 static constexpr Keyword objectComputerKeywords[] = {Keyword::Memory, Keyword::Program,
@@ -224,8 +221,7 @@ void EnvironmentParser::parseObjectComputer(ConfigurationSection &section) {
   SourceRange begin = here();
   if (section.getObjectComputer())
     error(DiagnosticId::HeaderTwice, here(), "OBJECT-COMPUTER");
-  Node place(begin);
-  auto *computer = new ParaObjectComputer(&place);
+  auto *computer = makeAt<ParaObjectComputer>(begin);
   section.setObjectComputer(computer);
   takeParagraphHeader();
   if (atPartHeader())
@@ -234,7 +230,7 @@ void EnvironmentParser::parseObjectComputer(ConfigurationSection &section) {
   if (peek().isUserWord())
     computer->setComputerName(takeWord());
   const ClauseSet clauses{"OBJECT-COMPUTER", objectComputerKeywords, objectComputerSynonyms};
-  Node whole = parseClauses(begin, clauses, [&] {
+  computer->setRange(parseClauses(begin, clauses, [&] {
     switch (peek().keyword) {
     case Keyword::Memory:
       return parseOnce(*computer, &ParaObjectComputer::getMemSize, &ParaObjectComputer::setMemSize,
@@ -251,8 +247,7 @@ void EnvironmentParser::parseObjectComputer(ConfigurationSection &section) {
     default:
       return unknownClause(clauses);
     }
-  });
-  computer->setRange(whole.getRange());
+  }));
 }
 
 /// MEMORY SIZE integer {WORDS | CHARACTERS | MODULES}
@@ -264,8 +259,7 @@ ClauseMemorySize *EnvironmentParser::parseMemorySize() {
   if (!size)
     return nullptr;
   acceptAny(Keyword::Words, Keyword::Characters, Keyword::Modules);
-  Node at = from(begin);
-  return new ClauseMemorySize(&at, size);
+  return make<ClauseMemorySize>(begin, size);
 }
 
 /// PROGRAM COLLATING SEQUENCE IS alphabet-name
@@ -279,8 +273,7 @@ ClauseSequence *EnvironmentParser::parseCollatingSequence() {
   Word *alphabet = parseUserWord("an alphabet-name");
   if (!alphabet)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseSequence(&at, alphabet);
+  return make<ClauseSequence>(begin, alphabet);
 }
 
 /// SEGMENT-LIMIT IS priority-number
@@ -291,8 +284,7 @@ ClauseSegmentLimit *EnvironmentParser::parseSegmentLimit() {
   NumericLiteralExpression *limit = parseNumericLiteral();
   if (!limit)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseSegmentLimit(&at, limit);
+  return make<ClauseSegmentLimit>(begin, limit);
 }
 
 //===----------------------------------------------------------------------===//
@@ -308,8 +300,7 @@ void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
   if (section.getSpecialNames()) {
     error(DiagnosticId::HeaderTwice, here(), "SPECIAL-NAMES");
   } else {
-    Node place(begin);
-    section.setSpecialNames(new ParaSpecialNames(&place));
+    section.setSpecialNames(makeAt<ParaSpecialNames>(begin));
   }
   ParaSpecialNames &names = *section.getSpecialNames();
   takeParagraphHeader();
@@ -319,7 +310,7 @@ void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
   names.setRange(from(begin).getRange());
 }
 
-/// Gives a clause that was read to the paragraph; false when it could not be read.
+/// Adds a parsed clause to the paragraph; false when it could not be parsed.
 template <typename Clause>
 static bool addTo(ParaSpecialNames &names, void (ParaSpecialNames::*add)(Clause *),
                   Clause *clause) {
@@ -372,8 +363,7 @@ bool EnvironmentParser::parseSpecialNamesClause(ParaSpecialNames &names, const C
 /// environment-name [IS] [mnemonic-name] {ON | OFF} [STATUS] [IS] condition-name
 ClauseEnvName *EnvironmentParser::parseEnvironmentName() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *clause = new ClauseEnvName(&place, takeWord());
+  auto *clause = makeAt<ClauseEnvName>(begin, takeWord());
   bool hasIs = accept(Keyword::Is);
   if (hasIs || !at(Keyword::On, Keyword::Off)) {
     Word *mnemonic = parseUserWord("a mnemonic-name");
@@ -399,8 +389,7 @@ ClauseEnvName *EnvironmentParser::parseEnvironmentName() {
     else
       clause->setOffCondition(condition);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// Whether an alphabet-name is next that older programs define without the word ALPHABET.
@@ -430,24 +419,21 @@ ClauseAlphabet *EnvironmentParser::parseAlphabet() {
   else if (accept(Keyword::Native))
     type = AlphabetType::Native;
   else if (!atLiteral() && !at(TokenKind::Period)) {
-    // Which names of code pages there are is for the checker to judge, and so is an alphabet that
-    // ends before it has begun.
+    // The checker reports unknown names of code pages and empty alphabets.
     Word *codeName =
         parseUserWord("STANDARD-1, STANDARD-2, NATIVE, EBCDIC or a literal of the alphabet");
     if (!codeName)
       return nullptr;
     type = codeName->getWordData() == "EBCDIC" ? AlphabetType::Ebcdic : AlphabetType::Unknown;
   }
-  Node place(begin);
-  auto *clause = new ClauseAlphabet(&place, name, type);
+  auto *clause = makeAt<ClauseAlphabet>(begin, name, type);
   while (type == AlphabetType::User && atLiteral()) {
     PhrsAlphabet *phrase = parseAlphabetPhrase();
     if (!phrase)
       return nullptr;
     clause->addAlpha(phrase);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// [FOR ALPHANUMERIC], which says nothing new. Alphabets and classes of national characters are
@@ -466,8 +452,7 @@ PhrsAlphabet *EnvironmentParser::parseAlphabetPhrase() {
   LiteralExpression *first = parseLiteral();
   if (!first)
     return nullptr;
-  Node place(begin);
-  auto *phrase = new PhrsAlphabet(&place, first);
+  auto *phrase = makeAt<PhrsAlphabet>(begin, first);
   if (acceptAny(Keyword::Thru, Keyword::Through)) {
     LiteralExpression *last = parseLiteral();
     if (!last)
@@ -480,8 +465,7 @@ PhrsAlphabet *EnvironmentParser::parseAlphabetPhrase() {
       return nullptr;
     phrase->addAlso(also);
   }
-  phrase->setRange(from(begin).getRange());
-  return phrase;
+  return complete(phrase);
 }
 
 /// SYMBOLIC CHARACTERS {names [IS | ARE] integers} ... [IN alphabet-name]
@@ -492,8 +476,7 @@ ClauseSymbolic *EnvironmentParser::parseSymbolicCharacters() {
   if (!parseForAlphanumeric())
     return nullptr;
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseSymbolic(&place);
+  auto *clause = makeAt<ClauseSymbolic>(begin);
   do {
     PhrsSymbolic *phrase = parseSymbolicPhrase();
     if (!phrase)
@@ -506,12 +489,11 @@ ClauseSymbolic *EnvironmentParser::parseSymbolicCharacters() {
       return nullptr;
     clause->setAlphabetName(alphabet);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
-/// Whether names follow that have integers behind them. An environment-name clause begins with a
-/// name too, but has none.
+/// Whether names are next that integers follow. An environment-name clause begins with a name too,
+/// but has none.
 bool EnvironmentParser::atSymbolicPhrase() {
   unsigned names = 0;
   while (names + 1 < TokenStream::lookAhead && peek(names).isUserWord())
@@ -526,8 +508,7 @@ bool EnvironmentParser::atSymbolicPhrase() {
 
 PhrsSymbolic *EnvironmentParser::parseSymbolicPhrase() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *phrase = new PhrsSymbolic(&place);
+  auto *phrase = makeAt<PhrsSymbolic>(begin);
   do {
     Word *name = parseUserWord("the name of a symbolic character");
     if (!name)
@@ -541,8 +522,7 @@ PhrsSymbolic *EnvironmentParser::parseSymbolicPhrase() {
       return nullptr;
     phrase->addInteger(ordinal);
   } while (atNumericLiteral());
-  phrase->setRange(from(begin).getRange());
-  return phrase;
+  return complete(phrase);
 }
 
 /// CLASS class-name [FOR ALPHANUMERIC] IS {literal [{THROUGH | THRU} literal]} ...
@@ -553,16 +533,14 @@ ClauseClass *EnvironmentParser::parseClass() {
   if (!name || !parseForAlphanumeric())
     return nullptr;
   accept(Keyword::Is);
-  Node place(begin);
-  auto *clause = new ClauseClass(&place, name);
+  auto *clause = makeAt<ClauseClass>(begin, name);
   do {
     PhrsClass *phrase = parseClassPhrase();
     if (!phrase)
       return nullptr;
     clause->addLiteral(phrase);
   } while (atLiteral());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 PhrsClass *EnvironmentParser::parseClassPhrase() {
@@ -576,8 +554,7 @@ PhrsClass *EnvironmentParser::parseClassPhrase() {
     if (!last)
       return nullptr;
   }
-  Node at = from(begin);
-  auto *phrase = new PhrsClass(&at, first);
+  auto *phrase = make<PhrsClass>(begin, first);
   phrase->setThruLiteral(last);
   return phrase;
 }
@@ -600,11 +577,10 @@ ClauseCurrency *EnvironmentParser::parseCurrency() {
     if (!symbol)
       return nullptr;
   }
-  Node at = from(begin);
-  return new ClauseCurrency(&at, sign, symbol);
+  return make<ClauseCurrency>(begin, sign, symbol);
 }
 
-/// DECIMAL-POINT IS COMMA, which holds for the numbers behind it.
+/// DECIMAL-POINT IS COMMA, which applies to all numbers after it.
 ClauseDecimalPoint *EnvironmentParser::parseDecimalPoint() {
   SourceRange begin = here();
   accept(Keyword::DecimalPoint);
@@ -614,8 +590,7 @@ ClauseDecimalPoint *EnvironmentParser::parseDecimalPoint() {
   stream.setDecimalPointIsComma(true);
   if (!expect(Keyword::Comma))
     return nullptr;
-  Node at = from(begin);
-  return new ClauseDecimalPoint(&at);
+  return make<ClauseDecimalPoint>(begin);
 }
 
 } // namespace tarka

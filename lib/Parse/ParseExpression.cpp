@@ -78,8 +78,8 @@ bool ExpressionParser::atOperand() {
   return atLiteral() && !atProcedureHeader();
 }
 
-/// A word of digits and hyphens names nothing but procedures. As an operand it is a number that
-/// went wrong, for the checks to tell.
+/// A word of digits and hyphens can only name a procedure. As an operand it is a malformed number,
+/// which the checker reports.
 static bool isNumberGoneWrong(const Token &token) {
   return token.isWord() && llvm::isDigit(token.text.front()) &&
          llvm::all_of(token.text, [](char c) { return llvm::isDigit(c) || c == '-'; });
@@ -89,8 +89,7 @@ Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
   if (atLiteral())
     return parseLiteral();
   if (isNumberGoneWrong(peek()) && !atProcedureHeader()) {
-    Node at(here());
-    auto *number = new NumericLiteralExpression(&at, peek().spelling);
+    auto *number = makeAt<NumericLiteralExpression>(here(), peek().spelling);
     stream.skip();
     return number;
   }
@@ -116,15 +115,15 @@ QualifiedWord *ExpressionParser::parseDataQualifiedWord(llvm::StringRef what) {
   if (peek().isUserWord() || !isDataName(peek()))
     return parseQualifiedWord(what);
   // A register: its word is reserved.
-  Node at(here());
-  auto *name = new QualifiedWord(&at);
+  auto *name = makeAt<QualifiedWord>(here());
   name->addNames(takeWord());
   return name;
 }
 
 DataIdentifierExpression *ExpressionParser::parseDataName(llvm::StringRef what) {
   QualifiedWord *name = parseDataQualifiedWord(what);
-  return name ? new DataIdentifierExpression(name, name, nullptr, nullptr) : nullptr;
+  return name ? makeAt<DataIdentifierExpression>(name->getRange(), name, nullptr, nullptr)
+              : nullptr;
 }
 
 DataIdentifierExpression *ExpressionParser::parseDataIdentifier(llvm::StringRef what) {
@@ -138,7 +137,7 @@ DataIdentifierExpression *ExpressionParser::parseDataIdentifier(llvm::StringRef 
   return make<DataIdentifierExpression>(name->getRange(), name, subscripts, reference);
 }
 
-/// A parenthesis behind a comma is the next operand of a list, as in MAX (A, (B + C)).
+/// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
 bool ExpressionParser::atModifier() {
   return at(TokenKind::LParen) && !peek().isAfterComma();
 }
@@ -152,7 +151,7 @@ bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
     if (level.isTooDeep())
       return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
     stream.skip();
-    // Only the colon behind the first expression tells what the parentheses hold.
+    // Only the colon after the first expression shows what the parentheses hold.
     Expression *first = nullptr;
     if (!at(TokenKind::Colon) && !(first = parseSubscript()))
       return false;
@@ -163,8 +162,7 @@ bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
     }
     if (subscripts)
       return expected("':'");
-    Node position(begin);
-    subscripts = new SubscriptModifier(&position);
+    subscripts = makeAt<SubscriptModifier>(begin);
     subscripts->addSubscript(first);
     while (!accept(TokenKind::RParen)) {
       if (!at(Keyword::All) && !at(TokenKind::Plus, TokenKind::Minus, TokenKind::LParen) &&
@@ -175,7 +173,7 @@ bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
         return false;
       subscripts->addSubscript(subscript);
     }
-    subscripts->setRange(from(begin).getRange());
+    complete(subscripts);
   }
   return true;
 }
@@ -184,15 +182,45 @@ bool ExpressionParser::parseModifiers(SubscriptModifier *&subscripts,
 /// ZERO under the name ALL: no occurrence has that number.
 Expression *ExpressionParser::parseSubscript() {
   if (!at(Keyword::All))
-    return parseArithmeticExpression();
-  Node at(here());
-  auto *all = new FigurativeLiteralExpression(&at, FigurativeType::Zero, nullptr);
+    return continueArithmetic(nullptr, here(), /*isSubscript=*/true);
+  auto *all = makeAt<FigurativeLiteralExpression>(here(), FigurativeType::Zero, nullptr);
   all->setSymbolName(peek().text);
   stream.skip();
   return all;
 }
 
-/// With the colon next. A missing position is for the checker to tell.
+/// Whether a signed number begins another subscript after \p subscript: C (1 -1), C (I + 1 +2). A
+/// name can still take an offset, C (I -1), but what is complete cannot. In a reference modifier
+/// the sign is an operator, X (N + 1 -1 : 2).
+bool ExpressionParser::atNextSubscript(const Expression &subscript) {
+  const SourceRange &last = stream.getLastPlace();
+  const SourceRange sign = here();
+  const bool touches = last.file == sign.file && last.endLine == sign.beginLine &&
+                       last.endColumn + 1 == sign.beginColumn;
+  if (touches || !atNumericLiteral())
+    return false;
+  if (const auto *sum = llvm::dyn_cast<ArithmeticExpression>(&subscript)) {
+    if (sum->isParenthesised() ||
+        !llvm::is_contained({ArithmeticExprType::Add, ArithmeticExprType::Subtract},
+                            sum->getOperator()))
+      return false;
+  } else if (!llvm::isa<NumericLiteralExpression>(subscript)) {
+    return false;
+  }
+  unsigned open = 0;
+  for (unsigned n = 2; n < TokenStream::lookAhead; ++n) {
+    if (peek(n).is(TokenKind::LParen))
+      ++open;
+    else if (peek(n).isOneOf(TokenKind::Period, TokenKind::EndOfFile) ||
+             (peek(n).is(TokenKind::RParen) && open-- == 0))
+      return true;
+    else if (open == 0 && peek(n).is(TokenKind::Colon))
+      return false;
+  }
+  return true;
+}
+
+/// With the colon next. The checker reports a missing position.
 ReferenceModifier *ExpressionParser::parseReferenceModifier(const SourceRange &begin,
                                                             Expression *position) {
   accept(TokenKind::Colon);
@@ -206,12 +234,12 @@ ReferenceModifier *ExpressionParser::parseReferenceModifier(const SourceRange &b
 
 FileIdentifierExpression *ExpressionParser::parseFileName() {
   Word *name = atProcedureHeader() ? expected("a file-name") : parseUserWord("a file-name");
-  return name ? new FileIdentifierExpression(name, name) : nullptr;
+  return name ? makeAt<FileIdentifierExpression>(name->getRange(), name) : nullptr;
 }
 
 ReportIdentifierExpression *ExpressionParser::parseReportName() {
   Word *name = atProcedureHeader() ? expected("a report-name") : parseUserWord("a report-name");
-  return name ? new ReportIdentifierExpression(name, name) : nullptr;
+  return name ? makeAt<ReportIdentifierExpression>(name->getRange(), name) : nullptr;
 }
 
 Expression *ExpressionParser::parseNumberOrDataName(llvm::StringRef what) {
@@ -283,8 +311,8 @@ IdentifierExpression *ExpressionParser::parseAddressOrLength() {
 //===----------------------------------------------------------------------===//
 
 /// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it. Where
-/// such a name is a reserved word, its arguments tell the function: LENGTH (A), LENGTH OF A. RANDOM
-/// needs none, and is nothing else where an operand stands.
+/// such a name is a reserved word, it is the function only before arguments: LENGTH (A), but not
+/// LENGTH OF A. RANDOM needs no arguments, and can be nothing else where an operand stands.
 bool ExpressionParser::atFunction() {
   const Token &token = peek();
   if (token.is(Keyword::Function))
@@ -309,7 +337,7 @@ FunctionIdentifierExpression *ExpressionParser::parseFunction() {
   Depth level(*this);
   if (level.isTooDeep())
     return error(DiagnosticId::NestedTooDeep, begin, maxDepth);
-  auto *call = new FunctionIdentifierExpression(name, function->type, name);
+  auto *call = makeAt<FunctionIdentifierExpression>(name->getRange(), function->type, name);
   SourceRange open = here();
   if (atModifier()) {
     accept(TokenKind::LParen);
@@ -333,12 +361,12 @@ FunctionIdentifierExpression *ExpressionParser::parseFunction() {
   return call;
 }
 
-/// The arguments up to and with the closing parenthesis. Behind the name of a function that has no
-/// arguments the parentheses may hold a reference modifier instead.
+/// The arguments up to and with the closing parenthesis. After the name of a function without
+/// arguments, the parentheses may hold a reference modifier instead.
 bool ExpressionParser::parseFunctionArguments(FunctionIdentifierExpression &call,
                                               const SourceRange &open) {
   while (!accept(TokenKind::RParen)) {
-    // TRIM says with a word which side it trims.
+    // TRIM takes a word for the side to trim.
     if (at(Keyword::Leading, Keyword::Trailing) && !call.getArgKeyword()) {
       call.setArgKeyword(takeWord());
       continue;
@@ -403,10 +431,12 @@ Expression *ExpressionParser::parseArithmeticExpression() {
 
 /// The sum that begins with \p first, which began at \p begin and of which more operands and
 /// operators may follow; null when nothing of it was read yet.
-Expression *ExpressionParser::continueArithmetic(Expression *first, const SourceRange &begin) {
+Expression *ExpressionParser::continueArithmetic(Expression *first, const SourceRange &begin,
+                                                 bool isSubscript) {
   Expression *sum = parseProduct(first, begin);
-  // In a list, a sign behind a comma belongs to the next operand: MAX (A, -1).
-  while (sum && at(TokenKind::Plus, TokenKind::Minus) && !peek().isAfterComma()) {
+  // In a list, a sign after a comma belongs to the next operand: MAX (A, -1).
+  while (sum && at(TokenKind::Plus, TokenKind::Minus) && !peek().isAfterComma() &&
+         !(isSubscript && atNextSubscript(*sum))) {
     ArithmeticExprType op = operatorOf(peek().kind);
     stream.skip();
     sum = makeBinary(op, begin, sum, parseProduct(nullptr, here()));

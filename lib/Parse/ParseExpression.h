@@ -75,7 +75,9 @@ public:
 protected:
   /// The sum that begins with \p first, which began at \p begin and of which more operands and
   /// operators may follow; \p first is null when nothing of it was parsed yet.
-  Expression *continueArithmetic(Expression *first, const SourceRange &begin);
+  /// \p isSubscript says that a signed number can begin another subscript.
+  Expression *continueArithmetic(Expression *first, const SourceRange &begin,
+                                 bool isSubscript = false);
   /// Marks the expression in the parentheses that began at \p begin and just ended. A single
   /// operand is not changed by them.
   Expression *parenthesise(Expression *inner, const SourceRange &begin);
@@ -91,6 +93,7 @@ private:
   bool atModifier();
   bool parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference);
   Expression *parseSubscript();
+  bool atNextSubscript(const Expression &subscript);
   ReferenceModifier *parseReferenceModifier(const SourceRange &begin, Expression *position);
   IdentifierExpression *parseSpecialRegister();
   IdentifierExpression *parseAddressOrLength();

@@ -58,10 +58,8 @@ FileDescription *FileSectionParser::parseFileDescription() {
     skipToEntry(fileClauses);
     return nullptr;
   }
-  Node place(begin);
-  auto *file = new FileDescription(&place, type, name);
-  Node whole = parseClauses(begin, fileClauses, [&] { return parseFileClause(*file); });
-  file->setRange(whole.getRange());
+  auto *file = makeAt<FileDescription>(begin, type, name);
+  file->setRange(parseClauses(begin, fileClauses, [&] { return parseFileClause(*file); }));
   return file;
 }
 
@@ -113,8 +111,8 @@ bool FileSectionParser::parseFileClause(FileDescription &file) {
   }
 }
 
-/// A data-name. A function or a register, which is none, is read as well: the checker tells that it
-/// will not do.
+/// A data-name. A function or a register is parsed as well: the checker reports that it will not
+/// do.
 IdentifierExpression *FileSectionParser::parseItemName(llvm::StringRef what) {
   return peek().isUserWord() ? parseDataName(what) : parseIdentifier(what);
 }
@@ -145,8 +143,7 @@ ClauseBlock *FileSectionParser::parseBlock() {
   } else {
     acceptAny(Keyword::Characters, Keyword::Character);
   }
-  Node at = from(begin);
-  return new ClauseBlock(&at, min, max, blockUnit);
+  return make<ClauseBlock>(begin, min, max, blockUnit);
 }
 
 /// RECORD [CONTAINS] n [TO m] [CHARACTERS], or
@@ -180,8 +177,7 @@ ClauseRecord *FileSectionParser::parseRecord() {
     if (!size)
       return nullptr;
   }
-  Node at = from(begin);
-  return new ClauseRecord(&at, min, max, isVarying, size);
+  return make<ClauseRecord>(begin, min, max, isVarying, size);
 }
 
 /// LABEL {RECORD | RECORDS} [IS | ARE] {STANDARD | OMITTED | data-name ...}
@@ -195,8 +191,7 @@ ClauseLabel *FileSectionParser::parseLabel() {
     type = LabelType::Standard;
   else if (accept(Keyword::Omitted))
     type = LabelType::Omitted;
-  Node place(begin);
-  auto *clause = new ClauseLabel(&place, type);
+  auto *clause = makeAt<ClauseLabel>(begin, type);
   if (type == LabelType::DataName) {
     do {
       IdentifierExpression *name = parseItemName("STANDARD, OMITTED or a data-name");
@@ -205,8 +200,7 @@ ClauseLabel *FileSectionParser::parseLabel() {
       clause->addDataName(name);
     } while (peek().isUserWord());
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// VALUE OF {system-name [[IS] {data-name | literal}]} ...
@@ -215,16 +209,14 @@ ClauseValueOf *FileSectionParser::parseValueOf() {
   accept(Keyword::Value);
   if (!expect(Keyword::Of))
     return nullptr;
-  Node place(begin);
-  auto *clause = new ClauseValueOf(&place);
+  auto *clause = makeAt<ClauseValueOf>(begin);
   do {
     ValueOfElem *element = parseValueOfElement();
     if (!element)
       return nullptr;
     clause->addFileValueOfElem(element);
   } while (peek().isUserWord());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 ValueOfElem *FileSectionParser::parseValueOfElement() {
@@ -243,8 +235,7 @@ ValueOfElem *FileSectionParser::parseValueOfElement() {
     value = parseItemName("a data-name or a literal");
   if (hasIs && !value)
     return nullptr;
-  Node at = from(begin);
-  return new ValueOfElem(&at, name, value);
+  return make<ValueOfElem>(begin, name, value);
 }
 
 /// DATA {RECORD | RECORDS} [IS | ARE] data-name ...
@@ -254,16 +245,14 @@ ClauseDataRecord *FileSectionParser::parseDataRecord() {
   if (!acceptAny(Keyword::Record, Keyword::Records))
     return expected("RECORD or RECORDS");
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseDataRecord(&place);
+  auto *clause = makeAt<ClauseDataRecord>(begin);
   do {
     Word *name = parseUserWord("a data-name");
     if (!name)
       return nullptr;
     clause->addName(name);
   } while (peek().isUserWord());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// LINAGE [IS] n [LINES] [[WITH] FOOTING [AT] n] [[LINES] [AT] TOP n] [[LINES] [AT] BOTTOM n]
@@ -272,8 +261,7 @@ ClauseLinage *FileSectionParser::parseLinage() {
   SourceRange begin = here();
   accept(Keyword::Linage);
   accept(Keyword::Is);
-  Node place(begin);
-  auto *clause = new ClauseLinage(&place);
+  auto *clause = makeAt<ClauseLinage>(begin);
   Expression *lines = parseNumberOrDataName(number);
   if (!lines)
     return nullptr;
@@ -308,8 +296,7 @@ ClauseLinage *FileSectionParser::parseLinage() {
     if (!isSecond)
       (clause->*set)(count);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// RECORDING [MODE] [IS] mode
@@ -327,8 +314,7 @@ ClauseRecordingMode *FileSectionParser::parseRecordingMode() {
   if (mode == RecordingModeType::NotGiven)
     return expected("F, V, S or U");
   stream.skip();
-  Node at = from(begin);
-  return new ClauseRecordingMode(&at, mode);
+  return make<ClauseRecordingMode>(begin, mode);
 }
 
 /// CODE-SET [IS] alphabet-name
@@ -339,8 +325,7 @@ ClauseCodeSet *FileSectionParser::parseCodeSet() {
   Word *alphabet = parseUserWord("an alphabet-name");
   if (!alphabet)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseCodeSet(&at, alphabet);
+  return make<ClauseCodeSet>(begin, alphabet);
 }
 
 /// {REPORT | REPORTS} [IS | ARE] report-name ...
@@ -348,16 +333,14 @@ ClauseReport *FileSectionParser::parseReportClause() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseReport(&place);
+  auto *clause = makeAt<ClauseReport>(begin);
   do {
     ReportIdentifierExpression *name = parseReportName();
     if (!name)
       return nullptr;
     clause->addReportName(name);
   } while (peek().isUserWord());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 } // namespace tarka

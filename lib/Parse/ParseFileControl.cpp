@@ -55,11 +55,9 @@ ParaFileControl *FileControlParser::parseSelect() {
     skipToEntry(selectClauses);
     return nullptr;
   }
-  Node place(begin);
-  auto *file = new ParaFileControl(&place, name);
+  auto *file = makeAt<ParaFileControl>(begin, name);
   file->setIsOptional(isOptional);
-  Node whole = parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); });
-  file->setRange(whole.getRange());
+  file->setRange(parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); }));
   if (!file->getAssign() && !trap.hasErrorOccurred())
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
@@ -125,7 +123,7 @@ bool FileControlParser::parseSelectClause(ParaFileControl &file) {
   }
 }
 
-/// Whether a word behind an assignment-name is no further one but the keyword of a clause misspelt:
+/// Whether a word after an assignment-name is not another one but a misspelt keyword of a clause:
 /// IS follows it, or it comes near to a long keyword. Short words come near to each other too
 /// often.
 bool FileControlParser::atMisspeltSelectClause() {
@@ -142,8 +140,7 @@ ClauseAssign *FileControlParser::parseAssign() {
   SourceRange begin = here();
   accept(Keyword::Assign);
   accept(Keyword::To);
-  Node place(begin);
-  auto *clause = new ClauseAssign(&place);
+  auto *clause = makeAt<ClauseAssign>(begin);
   do {
     if (at(TokenKind::AlphanumericLiteral)) {
       clause->addAssignment(parseNonNumericLiteral());
@@ -163,8 +160,7 @@ ClauseAssign *FileControlParser::parseAssign() {
     if (!acceptAny(Keyword::Reel, Keyword::Unit))
       return expected("REEL or UNIT");
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// RESERVE {integer | NO} [ALTERNATE] [AREA | AREAS]
@@ -181,8 +177,7 @@ ClauseReserve *FileControlParser::parseReserve() {
   if (at(Keyword::Alternate) && peek(1).isOneOf(Keyword::Area, Keyword::Areas))
     accept(Keyword::Alternate);
   acceptAny(Keyword::Area, Keyword::Areas);
-  Node at = from(begin);
-  return new ClauseReserve(&at, count);
+  return make<ClauseReserve>(begin, count);
 }
 
 /// [ORGANIZATION [IS]] {SEQUENTIAL | INDEXED | RELATIVE | LINE SEQUENTIAL}
@@ -203,8 +198,7 @@ ClauseOrganization *FileControlParser::parseOrganization() {
   } else {
     return expected("SEQUENTIAL, INDEXED, RELATIVE or LINE SEQUENTIAL");
   }
-  Node at = from(begin);
-  return new ClauseOrganization(&at, type);
+  return make<ClauseOrganization>(begin, type);
 }
 
 /// PADDING [CHARACTER] [IS] {data-name | literal}
@@ -220,8 +214,7 @@ ClausePadding *FileControlParser::parsePadding() {
     character = parseDataName("a data-name or a literal");
   if (!character)
     return nullptr;
-  Node at = from(begin);
-  return new ClausePadding(&at, character);
+  return make<ClausePadding>(begin, character);
 }
 
 /// RECORD DELIMITER [IS] {STANDARD-1 | assignment-name}
@@ -233,8 +226,7 @@ ClauseRecordDelimiter *FileControlParser::parseRecordDelimiter() {
   Word *name = at(Keyword::Standard1) ? takeWord() : parseUserWord("STANDARD-1 or a name");
   if (!name)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseRecordDelimiter(&at, name);
+  return make<ClauseRecordDelimiter>(begin, name);
 }
 
 /// ACCESS [MODE] [IS] {SEQUENTIAL | RANDOM | DYNAMIC}
@@ -252,8 +244,7 @@ ClauseAccess *FileControlParser::parseAccess() {
     type = AccessType::Dynamic;
   else
     return expected("SEQUENTIAL, RANDOM or DYNAMIC");
-  Node at = from(begin);
-  return new ClauseAccess(&at, type);
+  return make<ClauseAccess>(begin, type);
 }
 
 /// [FILE] STATUS [IS] data-name [data-name]
@@ -267,14 +258,13 @@ ClauseStatus *FileControlParser::parseFileStatus() {
   if (!first)
     return nullptr;
   DataIdentifierExpression *second = nullptr;
-  // A name with IS behind it is a clause whose keyword is misspelt.
+  // A name before IS is a clause with a misspelt keyword.
   if (peek().isUserWord() && !peek(1).is(Keyword::Is)) {
     second = parseDataName();
     if (!second)
       return nullptr;
   }
-  Node at = from(begin);
-  return new ClauseStatus(&at, first, second);
+  return make<ClauseStatus>(begin, first, second);
 }
 
 /// PASSWORD [IS] data-name
@@ -285,8 +275,7 @@ ClausePassWord *FileControlParser::parsePassword() {
   DataIdentifierExpression *name = parseDataName();
   if (!name)
     return nullptr;
-  Node at = from(begin);
-  return new ClausePassWord(&at, name);
+  return make<ClausePassWord>(begin, name);
 }
 
 /// RECORD [KEY] [IS] data-name [PASSWORD [IS] data-name]
@@ -304,8 +293,7 @@ ClauseRecordKey *FileControlParser::parseRecordKey() {
     if (!password)
       return nullptr;
   }
-  Node at = from(begin);
-  auto *clause = new ClauseRecordKey(&at, name);
+  auto *clause = make<ClauseRecordKey>(begin, name);
   clause->setPassWord(password);
   return clause;
 }
@@ -319,8 +307,7 @@ ClauseRelativeKey *FileControlParser::parseRelativeKey() {
   DataIdentifierExpression *name = parseDataName();
   if (!name)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseRelativeKey(&at, name);
+  return make<ClauseRelativeKey>(begin, name);
 }
 
 /// ALTERNATE [RECORD] [KEY] [IS] data-name [PASSWORD [IS] data-name] [[WITH] DUPLICATES]
@@ -333,8 +320,7 @@ ClauseAlternate *FileControlParser::parseAlternateKey() {
   DataIdentifierExpression *name = parseDataName();
   if (!name)
     return nullptr;
-  Node place(begin);
-  auto *clause = new ClauseAlternate(&place, name);
+  auto *clause = makeAt<ClauseAlternate>(begin, name);
   if (at(Keyword::Password)) {
     ClausePassWord *password = parsePassword();
     if (!password)
@@ -348,8 +334,7 @@ ClauseAlternate *FileControlParser::parseAlternateKey() {
   } else {
     clause->setIsDuplicates(accept(Keyword::Duplicates));
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 //===----------------------------------------------------------------------===//
@@ -385,7 +370,7 @@ bool FileControlParser::parseIOControlClause(InputOutputSection &section) {
     break;
   case Keyword::Apply:
     if (!peek(1).is(Keyword::WriteOnly) && peek(1).isWord()) {
-      // The other techniques only told the access methods of their time where to save time.
+      // The other techniques were hints for access methods of the past.
       error(DiagnosticId::NoEffect, here(), "APPLY " + peek(1).spelling.str());
       stream.skip();
       skipToClause(ioControlClauses);
@@ -407,15 +392,14 @@ bool FileControlParser::parseIOControlClause(InputOutputSection &section) {
 /// RERUN [ON name] [EVERY {integer RECORDS | [END [OF]] {REEL | UNIT}} [OF] file-name]
 ClauseRerun *FileControlParser::parseRerun() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *clause = new ClauseRerun(&place);
+  auto *clause = makeAt<ClauseRerun>(begin);
   accept(Keyword::Rerun);
   if (accept(Keyword::On)) {
     // Whether it is a file or an assignment-name is for the checker to find out.
     Word *name = parseUserWord("a file-name or an assignment-name");
     if (!name)
       return nullptr;
-    clause->setFileName(new FileIdentifierExpression(name, name));
+    clause->setFileName(makeAt<FileIdentifierExpression>(name->getRange(), name));
   }
   if (accept(Keyword::Every)) {
     if (atNumericLiteral()) {
@@ -435,8 +419,7 @@ ClauseRerun *FileControlParser::parseRerun() {
       return nullptr;
     clause->setEveryFileName(file);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// SAME [RECORD | SORT | SORT-MERGE] [AREA] [FOR] file-name ...
@@ -452,13 +435,11 @@ ClauseSame *FileControlParser::parseSame() {
     type = SameType::SortMerge;
   acceptAny(Keyword::Area, Keyword::Areas);
   accept(Keyword::For);
-  Node place(begin);
-  auto *clause = new ClauseSame(&place, type);
+  auto *clause = makeAt<ClauseSame>(begin, type);
   // That the list must not be empty is a rule of the checker, here and below.
   while (peek().isUserWord() && !atProcedureHeader())
     clause->addFileName(parseFileName());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// MULTIPLE FILE [TAPE] [CONTAINS] {file-name [POSITION [IS] integer]} ...
@@ -469,8 +450,7 @@ ClauseMultipleFile *FileControlParser::parseMultipleFile() {
     return nullptr;
   accept(Keyword::Tape);
   accept(Keyword::Contains);
-  Node place(begin);
-  auto *clause = new ClauseMultipleFile(&place);
+  auto *clause = makeAt<ClauseMultipleFile>(begin);
   while (peek().isUserWord() && !atProcedureHeader()) {
     SourceRange phrase = here();
     FileIdentifierExpression *file = parseFileName();
@@ -481,11 +461,9 @@ ClauseMultipleFile *FileControlParser::parseMultipleFile() {
       if (!position)
         return nullptr;
     }
-    Node at = from(phrase);
-    clause->addMultipleFile(new PrsMultipleFile(&at, file, position));
+    clause->addMultipleFile(make<PrsMultipleFile>(phrase, file, position));
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// APPLY WRITE-ONLY [ON] file-name ...
@@ -495,12 +473,10 @@ ClauseApplyWriteOnly *FileControlParser::parseApplyWriteOnly() {
   if (!expect(Keyword::WriteOnly))
     return nullptr;
   accept(Keyword::On);
-  Node place(begin);
-  auto *clause = new ClauseApplyWriteOnly(&place);
+  auto *clause = makeAt<ClauseApplyWriteOnly>(begin);
   while (peek().isUserWord() && !atProcedureHeader())
     clause->addFileName(parseFileName());
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 } // namespace tarka

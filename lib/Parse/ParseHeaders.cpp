@@ -18,12 +18,18 @@ namespace tarka {
 bool ParserBase::atUnitBoundary() {
   if (at(TokenKind::EndOfFile))
     return true;
-  return divisionAt() != Keyword::None || atEndProgram() ||
-         atSequence(Keyword::ProgramId, TokenKind::Period);
+  return divisionAt() != Keyword::None || atEndProgram() || atProgramId();
 }
 
-/// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: a program
-/// whose end nobody sees would take all that follow for its own.
+bool ParserBase::atProgramId() {
+  return at(Keyword::ProgramId) &&
+         (peek(1).is(TokenKind::Period) ||
+          (peek().isFirstOnLine() &&
+           (peek(1).isWord() || peek(1).is(TokenKind::AlphanumericLiteral))));
+}
+
+/// END PROGRAM, also where one of its words is misspelt or missing or they are exchanged: otherwise
+/// the programs after it would be taken for its own.
 bool ParserBase::atEndProgram() {
   if (!at(Keyword::End, Keyword::Program))
     return false;
@@ -43,7 +49,7 @@ bool ParserBase::atEndProgram() {
 }
 
 /// The division whose header is next, also where a word of the header is misspelt or missing or its
-/// words are exchanged: a division that nobody sees would cost a message for each of its lines.
+/// words are exchanged.
 Keyword ParserBase::divisionAt() {
   static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
                                           Keyword::Data, Keyword::Procedure};
@@ -67,7 +73,7 @@ Keyword ParserBase::divisionAt() {
   return Keyword::None;
 }
 
-/// Which division begins with the word DIVISION alone: what follows it tells.
+/// Which division begins with the word DIVISION alone, judged by what follows it.
 Keyword ParserBase::namelessDivision() {
   if (peek(1).is(Keyword::Using))
     return Keyword::Procedure;
@@ -173,7 +179,7 @@ bool ParserBase::atLevelNumber() {
                        Keyword::Times, Keyword::To, Keyword::When);
 }
 
-/// Where the header is missing, what only one of the sections can hold tells which it is.
+/// Where the header is missing, the section is recognized by entries that only it can hold.
 Keyword ParserBase::dataSectionAt() {
   static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
                                         Keyword::LocalStorage, Keyword::Linkage, Keyword::Report};
@@ -200,7 +206,7 @@ Keyword ParserBase::dataSectionAt() {
 }
 
 void ParserBase::missingPeriod() {
-  // The end of the file is no place to look at.
+  // The end of the file has no text to point at.
   SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
   error(DiagnosticId::PeriodMissing, place, describe(peek()));
   // It goes behind the last token, where that is in the same text.
@@ -219,7 +225,7 @@ void ParserBase::expectPeriod() {
   if (accept(TokenKind::Period))
     return;
   missingPeriod();
-  // What else stands in the line of a header belongs to nothing.
+  // Skip the rest of the line of a header.
   while (!peek().isFirstOnLine() && !atPartHeader() &&
          !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
     if (accept(TokenKind::Period))
@@ -273,7 +279,7 @@ bool ParserBase::atMisspeltSection() {
 
 /// A name in area A before a period, and any name before SECTION, begins a procedure. Where the
 /// period of the sentence before it is missing, it must not be taken for an operand of that
-/// sentence. In free form every line begins in area A, which says nothing.
+/// sentence. In free form every line begins in area A, which proves nothing.
 bool ParserBase::atProcedureHeader() {
   const Token &name = peek();
   if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
@@ -328,7 +334,7 @@ bool ParserBase::atStatement() {
   }
 }
 
-/// The period of a header. Where something else stands in its line, that is skipped as well.
+/// The period of a header. The rest of its line is skipped.
 void ParserBase::expectHeaderPeriod() {
   if (expect(TokenKind::Period))
     return;

@@ -5,7 +5,6 @@
 //===----------------------------------------------------------------------===//
 
 #include "Parse/ParseProcedure.h"
-#include "Parse/ParseSupplied.h"
 
 namespace tarka {
 
@@ -15,8 +14,7 @@ namespace tarka {
 
 ProcedureDivision *ProcedureParser::parseProcedureDivision() {
   SourceRange begin = here();
-  Node position(begin);
-  auto *division = new ProcedureDivision(&position);
+  auto *division = makeAt<ProcedureDivision>(begin);
   parseProcedureHeader(*division);
   while (accept(TokenKind::Period))
     ;
@@ -57,7 +55,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
     for (Parameter *parameter : parameters)
       division.addParameter(parameter);
   }
-  SuppliedParser(context).supplyParameters(division, header);
+  context.procedureHeader = header;
   SourceRange begin = here();
   if (isRead && accept(Keyword::Returning)) {
     DataIdentifierExpression *item = parseDataName();
@@ -67,7 +65,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   }
   if (isRead && expect(TokenKind::Period))
     return;
-  // The header has had its message; the rest of its line says no more.
+  // The header was reported; skip the rest of it.
   while (!at(TokenKind::Period, Keyword::Declaratives) && !atStatement() && !atProcedureHeader() &&
          !atUnitBoundary())
     stream.skip();
@@ -124,7 +122,7 @@ bool ProcedureParser::atProcedureBody() {
 
 template <typename Owner> void ProcedureParser::parseParagraphs(Owner &owner) {
   while (atProcedureBody()) {
-    // A period alone says nothing.
+    // A period alone is an empty sentence.
     if (accept(TokenKind::Period))
       continue;
     HeaderKind header = headerKind();
@@ -345,7 +343,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   accept(Keyword::On);
   auto *use = make<UseStatement>(begin, UseTimingType::ForDebugging);
   if (accept(Keyword::All)) {
-    // Nothing is told about the items that are debugged.
+    // The tree has no place for the items to be debugged.
     if (at(Keyword::References)) {
       error(DiagnosticId::NotSupported, here(), "DEBUGGING ON ALL REFERENCES");
       while (!at(TokenKind::Period) && !atUnitBoundary())
@@ -358,7 +356,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
     return complete(use);
   }
   do {
-    // Files have no place here, which the checker tells about those that it finds among the files.
+    // Files are not allowed here; the checker reports them.
     if (peek().isUserWord() && isFileName(*peek().getInternedText())) {
       use->addFile(parseFileName());
       continue;

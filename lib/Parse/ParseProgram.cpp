@@ -37,8 +37,7 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       continue;
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
-      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) &&
-             !atSequence(Keyword::ProgramId, TokenKind::Period))
+      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId())
         stream.skip();
       continue;
     }
@@ -55,8 +54,7 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
   return program;
 }
 
-/// A class or a function of the programmer's, which are not supported: it goes whole, up to its
-/// END.
+/// A class or user-defined function, which is not supported, is skipped up to its END.
 bool ProgramParser::skipClassOrFunction() {
   unsigned n = !peek(1).is(Keyword::Division) ? 0 : peek(2).is(TokenKind::Period) ? 3 : 2;
   const Token header = peek(n);
@@ -75,15 +73,14 @@ bool ProgramParser::skipClassOrFunction() {
 //===----------------------------------------------------------------------===//
 
 /// Programs nested in this one follow its procedure division; END PROGRAM, which a program that is
-/// the last of a file may leave out, says where the program ends.
+/// the last of a file may leave out, ends the program.
 SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   SourceRange begin = here();
   Depth level(*this);
   SourceUnit *enclosing = context.unit;
 
   IdentificationDivision *identification = parseIdentificationDivision();
-  Node position(begin);
-  SourceUnit *current = new SourceUnit(&position, identification, outer);
+  SourceUnit *current = makeAt<SourceUnit>(begin, identification, outer);
   context.unit = current;
   if (outer)
     outer->addNested(current);
@@ -94,17 +91,21 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
     current->setEnvironmentDivision(EnvironmentParser(context).parseEnvironmentDivision());
   if (atDivision(Keyword::Data))
     DataParser(context).parseDataDivision();
-  SuppliedParser(context).supplyInterfaceBlock();
+  SuppliedParser supplied(context);
+  // A program with a communication area is translated, one that has commands of CICS or DL/I too.
+  if (!outer)
+    context.isTranslated = isDeclared("DFHCOMMAREA");
+  supplied.supplyInterfaceBlock();
   if (atDivision(Keyword::Procedure))
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
+  const SourceRange header = context.procedureHeader;
 
   while (!at(TokenKind::EndOfFile)) {
     if (atEndProgram()) {
       parseEndProgram(current);
       break;
     }
-    bool anotherProgram =
-        atDivision(Keyword::Identification) || atSequence(Keyword::ProgramId, TokenKind::Period);
+    bool anotherProgram = atDivision(Keyword::Identification) || atProgramId();
     if (anotherProgram) {
       // Without END PROGRAM before it, the program that follows is nested in this one; that needs
       // an END PROGRAM of its own and another one for this program.
@@ -116,15 +117,17 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
       parseSourceUnit(current);
       continue;
     }
-    // A division out of its order; the text up to the next boundary is told once.
+    // A division out of its order; the text up to the next boundary is reported once.
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
     stream.skip();
     while (!atUnitBoundary())
       stream.skip();
   }
 
-  SuppliedParser(context).supplyCommunicationAreas();
-  current->setRange(from(begin).getRange());
+  supplied.supplyCommunicationAreas();
+  if (current->getProcDivision() && context.isTranslated)
+    supplied.supplyParameters(*current->getProcDivision(), header);
+  complete(current);
   context.unit = enclosing;
   context.embeddedLanguages = outerLanguages;
   context.decimalPointIsComma = outerComma;
@@ -141,19 +144,18 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
   } else {
     error(DiagnosticId::Expected, here(), "END PROGRAM",
           (describe(peek()) + " " + describe(peek(1))));
-    // What stands before the name.
+    // Skip what comes before the name.
     do
       stream.skip();
     while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
            !peek(1).isFirstOnLine());
   }
-  auto bareName = [](llvm::StringRef name) { return name.trim("\"'"); };
   Recovery::ErrorTrap trap(recovery);
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
-    llvm::StringRef name = bareName(current->getSourceUnitName());
+    llvm::StringRef name = withoutQuotes(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
-    if (!name.empty() && !bareName(peek().spelling).equals_insensitive(name))
-      error(DiagnosticId::EndProgramNameDiffers, here(), bareName(peek().spelling), name);
+    if (!name.empty() && !withoutQuotes(peek().spelling).equals_insensitive(name))
+      error(DiagnosticId::EndProgramNameDiffers, here(), withoutQuotes(peek().spelling), name);
     stream.skip();
   } else {
     expected("the name of the program that ends");
@@ -178,84 +180,95 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
   }
-
-  // PROGRAM-ID. name IS COMMON INITIAL RECURSIVE PROGRAM.
-  SourceRange idBegin = here();
-  ProgramIdParagraph *programId = nullptr;
-  bool hasProgramId = accept(Keyword::ProgramId);
-  bool isReported = !hasProgramId;
-  if (isReported) {
-    expected("PROGRAM-ID");
-    // A word that stands there as a header is that one misspelt.
-    hasProgramId = peek().isWord() && peek(1).is(TokenKind::Period) && !atUnitBoundary() &&
-                   !(flagsOf(peek().keyword) & KF_CommentParagraph);
-    if (hasProgramId)
-      stream.skip();
-  }
-  if (hasProgramId) {
-    accept(TokenKind::Period);
-    if (at(TokenKind::Period)) {
-      expected("the name of the program");
-      stream.skip();
-    }
-    Word *name = nullptr;
-    bool isName =
-        peek().isWord() && !atUnitBoundary() && !(flagsOf(peek().keyword) & KF_CommentParagraph);
-    if (isName || at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral)) {
-      // The name keeps its spelling, and a literal its quotes.
-      name = new Word(peek().place, &internString(peek().spelling), &internString(peek().spelling));
-      stream.skip();
-    } else {
-      expected("the name of the program");
-      name = new Word(new Node(idBegin), "", "");
-    }
-    accept(Keyword::Is);
-    bool common = false, initial = false, recursive = false;
-    while (at(Keyword::Common, Keyword::Initial, Keyword::Recursive)) {
-      common |= at(Keyword::Common);
-      initial |= at(Keyword::Initial);
-      recursive |= at(Keyword::Recursive);
-      stream.skip();
-    }
-    accept(Keyword::Program);
-    ProgramIdType type = common      ? ProgramIdType::Common
-                         : initial   ? ProgramIdType::Initial
-                         : recursive ? ProgramIdType::Recursive
-                                     : ProgramIdType::None;
-    Node at = from(idBegin);
-    programId = new ProgramIdParagraph(&at, name, type);
-    programId->setIsInitial(initial);
-    programId->setIsRecursive(recursive);
-    expectPeriod();
-  } else {
-    Node at(idBegin);
-    programId = new ProgramIdParagraph(&at, new Word(&at, "", ""), ProgramIdType::None);
-  }
-
-  // The paragraphs with comment-entries; the stream leaves out their texts.
-  for (;;) {
-    if (flagsOf(peek().keyword) & KF_CommentParagraph) {
-      stream.skip();
-      accept(TokenKind::Period);
-      // Where the header is misspelt the stream does not know of the division.
-      if (trap.hasErrorOccurred())
-        stream.skipCommentEntry();
-    } else if (!context.options.osvs && peek().text == textOf(Keyword::Remarks)) {
-      error(DiagnosticId::OsvsStatement, here(), peek().text);
-      stream.skip();
-      stream.skipCommentEntry();
-    } else {
-      break;
-    }
-  }
+  const bool hasProgramId = at(Keyword::ProgramId);
+  ProgramIdParagraph *programId = parseProgramId();
+  // Where the header of the division is misspelt, the stream does not skip the comment-entries.
+  while (acceptCommentParagraph(/*skipsEntry=*/trap.hasErrorOccurred()))
+    ;
   if (!atUnitBoundary()) {
-    if (!isReported)
+    if (hasProgramId)
       expected("a division");
     while (!atUnitBoundary())
       stream.skip();
   }
-  Node at = from(begin);
-  return new IdentificationDivision(&at, programId);
+  return make<IdentificationDivision>(begin, programId);
+}
+
+/// PROGRAM-ID [.] program-name [[IS] {COMMON | INITIAL | RECURSIVE}... [PROGRAM]] [.]
+ProgramIdParagraph *ProgramParser::parseProgramId() {
+  SourceRange begin = here();
+  bool isHeader = accept(Keyword::ProgramId);
+  if (!isHeader) {
+    expected("PROGRAM-ID");
+    // A word in the place of the header is a misspelt PROGRAM-ID.
+    isHeader = peek().isWord() && peek(1).is(TokenKind::Period) && !atUnitBoundary() &&
+               !atCommentParagraph();
+    if (isHeader)
+      stream.skip();
+  }
+  if (!isHeader)
+    return makeAt<ProgramIdParagraph>(begin, makeAt<Word>(begin, "", ""), ProgramIdType::None);
+  accept(TokenKind::Period);
+  if (at(TokenKind::Period)) {
+    expected("the name of the program");
+    stream.skip();
+  }
+  Word *name = parseProgramName(begin);
+  accept(Keyword::Is);
+  bool common = false, initial = false, recursive = false;
+  while (at(Keyword::Common, Keyword::Initial, Keyword::Recursive)) {
+    common |= at(Keyword::Common);
+    initial |= at(Keyword::Initial);
+    recursive |= at(Keyword::Recursive);
+    stream.skip();
+  }
+  accept(Keyword::Program);
+  ProgramIdType type = common      ? ProgramIdType::Common
+                       : initial   ? ProgramIdType::Initial
+                       : recursive ? ProgramIdType::Recursive
+                                   : ProgramIdType::None;
+  auto *programId = make<ProgramIdParagraph>(begin, name, type);
+  programId->setIsInitial(initial);
+  programId->setIsRecursive(recursive);
+  if (!atCommentParagraph() && !atUnitBoundary())
+    expectPeriod();
+  return programId;
+}
+
+/// The name keeps its spelling, and a literal its quotes. A missing name is reported and replaced
+/// by an empty one at \p paragraph.
+Word *ProgramParser::parseProgramName(const SourceRange &paragraph) {
+  bool isName = peek().isWord() && !atUnitBoundary() && !atCommentParagraph();
+  if (!isName && !at(TokenKind::AlphanumericLiteral, TokenKind::IntegerLiteral)) {
+    expected("the name of the program");
+    return makeAt<Word>(paragraph, "", "");
+  }
+  const std::string &spelling = internString(peek().spelling);
+  Word *name = new Word(here(), &spelling, &spelling);
+  stream.skip();
+  return name;
+}
+
+/// Whether the header of a paragraph with a comment-entry is next: AUTHOR and the like.
+bool ProgramParser::atCommentParagraph() {
+  return flagsOf(peek().keyword) & KF_CommentParagraph;
+}
+
+/// header [.] [comment-entry]. The stream leaves out the comment-entry unless \p skipsEntry.
+bool ProgramParser::acceptCommentParagraph(bool skipsEntry) {
+  if (atCommentParagraph()) {
+    stream.skip();
+    accept(TokenKind::Period);
+    if (skipsEntry)
+      stream.skipCommentEntry();
+    return true;
+  }
+  if (context.options.osvs || !atWord(textOf(Keyword::Remarks)))
+    return false;
+  error(DiagnosticId::OsvsStatement, here(), peek().text);
+  stream.skip();
+  stream.skipCommentEntry();
+  return true;
 }
 
 } // namespace tarka

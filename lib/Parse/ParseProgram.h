@@ -17,6 +17,10 @@ public:
 private:
   SourceUnit *parseSourceUnit(SourceUnit *outer);
   IdentificationDivision *parseIdentificationDivision();
+  ProgramIdParagraph *parseProgramId();
+  Word *parseProgramName(const SourceRange &paragraph);
+  bool atCommentParagraph();
+  bool acceptCommentParagraph(bool skipsEntry);
   bool skipClassOrFunction();
   void parseEndProgram(SourceUnit *unit);
 };

@@ -60,15 +60,13 @@ void ReportParser::parseReportGroups(ReportDescription *report) {
 /// level-number [data-name] clauses.
 DataDescription *ReportParser::parseReportGroupEntry() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *entry = new ReportDataDescription(&place);
+  auto *entry = makeAt<ReportDataDescription>(begin);
   entry->setLevelNum(parseLevelNumber());
   if (Word *name = parseEntryName(groupClauses))
     entry->setDataName(name);
   PresentContents *choice = nullptr;
-  Node whole =
-      parseClauses(begin, groupClauses, [&] { return parseReportGroupClause(*entry, choice); });
-  entry->setRange(whole.getRange());
+  entry->setRange(
+      parseClauses(begin, groupClauses, [&] { return parseReportGroupClause(*entry, choice); }));
   return entry;
 }
 
@@ -86,11 +84,9 @@ ReportDescription *ReportParser::parseReportDescription() {
     skipToEntry(reportClauses);
     return nullptr;
   }
-  Node place(begin);
-  auto *report = new ReportDescription(&place, name);
-  Node whole =
-      parseClauses(begin, reportClauses, [&] { return parseReportDescriptionClause(*report); });
-  report->setRange(whole.getRange());
+  auto *report = makeAt<ReportDescription>(begin, name);
+  report->setRange(
+      parseClauses(begin, reportClauses, [&] { return parseReportDescriptionClause(*report); }));
   return report;
 }
 
@@ -142,8 +138,7 @@ ClauseAllow *ReportParser::parseAllow() {
     return nullptr;
   if (!acceptAny(Keyword::Corr, Keyword::Corresponding))
     return expected("CORR");
-  Node at = from(begin);
-  return new ClauseAllow(&at, isAllowed);
+  return make<ClauseAllow>(begin, isAllowed);
 }
 
 /// [WITH] CODE [IS] {literal | data-name | mnemonic-name}
@@ -160,8 +155,7 @@ ClauseCode *ReportParser::parseCode() {
     code = parseDataName("a literal or a name");
   if (!code)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseCode(&at, code);
+  return make<ClauseCode>(begin, code);
 }
 
 /// {CONTROL | CONTROLS} [IS | ARE] [FINAL] [data-name ...]
@@ -169,9 +163,8 @@ ClauseControl *ReportParser::parseControl() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
   bool isFinal = accept(Keyword::Final);
-  auto *clause = new ClauseControl(&place, isFinal ? ControlOption::Final : ControlOption::None);
+  auto *clause = makeAt<ClauseControl>(begin, isFinal ? ControlOption::Final : ControlOption::None);
   if (!isFinal && !peek().isUserWord())
     return expected("FINAL or a data-name");
   while (atNameIn(reportClauses)) {
@@ -180,8 +173,7 @@ ClauseControl *ReportParser::parseControl() {
       return nullptr;
     clause->addControlId(control);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// LINE {LIMIT | LIMITS} [IS | ARE] n [COLUMNS]
@@ -195,8 +187,7 @@ ClauseLineLimit *ReportParser::parseLineLimit() {
   if (!limit)
     return nullptr;
   acceptAny(Keyword::Columns, Keyword::Cols);
-  Node at = from(begin);
-  return new ClauseLineLimit(&at, limit);
+  return make<ClauseLineLimit>(begin, limit);
 }
 
 /// OVERFLOW [PROCEDURE] [IS] {literal | word ...}
@@ -215,8 +206,7 @@ ClauseOverflow *ReportParser::parseOverflow() {
   } else if (!accept(Keyword::Omitted)) {
     return expected("a literal, OMITTED or STOP RUN");
   }
-  Node at = from(begin);
-  return new ClauseOverflow(&at, filling);
+  return make<ClauseOverflow>(begin, filling);
 }
 
 /// PAGE [LIMIT [IS] | LIMITS [ARE]] [n [LINE | LINES]] [n COLUMNS] [HEADING n] [FIRST DETAIL n]
@@ -226,10 +216,9 @@ ClausePageLimit *ReportParser::parsePageLimit() {
   accept(Keyword::Page);
   acceptAny(Keyword::Limit, Keyword::Limits);
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClausePageLimit(&place);
+  auto *clause = makeAt<ClausePageLimit>(begin);
 
-  // The two sizes of the page, told apart by their units. A report group has the level 1.
+  // The two sizes of the page, distinguished by their units. A report group has the level 1.
   auto atReportGroup = [&] { return atLevelNumber() && peek().text.ltrim('0') == "1"; };
   while ((atNumericLiteral() && !atReportGroup()) || atNameIn(reportClauses)) {
     Expression *number = parseNumberOrDataName("a number of lines");
@@ -249,11 +238,10 @@ ClausePageLimit *ReportParser::parsePageLimit() {
   while (at(Keyword::Heading, Keyword::First, Keyword::Last, Keyword::Footing))
     if (!parsePageRegion(*clause))
       return nullptr;
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
-/// One line of the page that PAGE LIMIT gives a meaning to.
+/// One line number of PAGE LIMIT.
 bool ReportParser::parsePageRegion(ClausePageLimit &page) {
   using Page = ClausePageLimit;
   SourceRange begin = here();
@@ -300,16 +288,14 @@ ClauseStyle *ReportParser::parseStyle() {
   SourceRange begin = here();
   accept(Keyword::Style);
   accept(Keyword::Is);
-  Node place(begin);
-  auto *clause = new ClauseStyle(&place);
+  auto *clause = makeAt<ClauseStyle>(begin);
   do {
     Word *style = parseUserWord("a style");
     if (!style)
       return nullptr;
     clause->addStyle(style);
   } while (atNameIn(groupClauses));
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 } // namespace tarka

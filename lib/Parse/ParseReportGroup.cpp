@@ -119,14 +119,12 @@ ClauseType *ReportParser::parseType() {
   ReportGroupType type = parseGroupType();
   if (type == ReportGroupType::None)
     return nullptr;
-  Node place(begin);
-  auto *clause = new ClauseType(&place, type);
+  auto *clause = makeAt<ClauseType>(begin, type);
   bool isControl =
       type == ReportGroupType::ControlHeading || type == ReportGroupType::ControlFooting;
   if (isControl && !parseTypeControls(*clause))
     return nullptr;
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// The words of a group type or their abbreviation; None after a message.
@@ -189,7 +187,7 @@ bool ReportParser::parseTypeControls(ClauseType &type) {
 // LINE, COLUMN, NEXT GROUP
 //===----------------------------------------------------------------------===//
 
-/// [PLUS | +], which makes the number behind it a relative one.
+/// [PLUS | +], which makes the number after it relative.
 bool ReportParser::acceptPlus() {
   return acceptAny(Keyword::Plus, TokenKind::Plus);
 }
@@ -200,8 +198,7 @@ ClauseLine *ReportParser::parseLine() {
   stream.skip();
   acceptNumber();
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseLine(&place);
+  auto *clause = makeAt<ClauseLine>(begin);
   while (true) {
     bool isOn = accept(Keyword::On);
     if (atSequence(Keyword::Next, Keyword::Page)) {
@@ -227,8 +224,7 @@ ClauseLine *ReportParser::parseLine() {
       return nullptr;
     clause->setVaryingList(varying);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// The word NUMBER or NUMBERS; only the first of them is reserved.
@@ -252,8 +248,7 @@ ClauseColumn *ReportParser::parseColumn() {
   SourceRange begin = here();
   stream.skip();
   acceptNumber();
-  Node place(begin);
-  auto *clause = new ClauseColumn(&place);
+  auto *clause = makeAt<ClauseColumn>(begin);
   if (accept(Keyword::Center))
     clause->setAlignment(ColumnAlignment::Center);
   else if (accept(Keyword::Right))
@@ -269,8 +264,7 @@ ClauseColumn *ReportParser::parseColumn() {
       return nullptr;
     clause->addNumbers(number);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// NEXT GROUP [IS] {[PLUS] n | [ON] NEXT PAGE}
@@ -294,8 +288,7 @@ ClauseNextGroup *ReportParser::parseNextGroup() {
     if (!number)
       return nullptr;
   }
-  Node at = from(begin);
-  return new ClauseNextGroup(&at, type, number);
+  return make<ClauseNextGroup>(begin, type, number);
 }
 
 /// GROUP LIMIT [IS] n
@@ -307,8 +300,7 @@ ClauseGroupLimit *ReportParser::parseGroupLimit() {
   Expression *limit = parseNumberOrDataName("the number of a line");
   if (!limit)
     return nullptr;
-  Node at = from(begin);
-  return new ClauseGroupLimit(&at, limit);
+  return make<ClauseGroupLimit>(begin, limit);
 }
 
 //===----------------------------------------------------------------------===//
@@ -321,8 +313,7 @@ ClauseReportOccurs *ReportParser::parseReportOccurs() {
   ClauseOccurs *occurs = parseOccurs();
   if (!occurs)
     return nullptr;
-  Node place(begin);
-  auto *clause = new ClauseReportOccurs(&place);
+  auto *clause = makeAt<ClauseReportOccurs>(begin);
   clause->setOccurs(occurs);
   if (acceptAny(Keyword::Step, Keyword::Width)) {
     Expression *step = parseNumberOrDataName("a number of lines or columns");
@@ -337,8 +328,7 @@ ClauseReportOccurs *ReportParser::parseReportOccurs() {
       return nullptr;
     clause->setVaryingList(varying);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// VARYING {name [FROM expression] [BY expression]} ...
@@ -356,8 +346,7 @@ std::list<VaryingPhrase *> *ReportParser::parseVarying() {
     Expression *step = nullptr;
     if (accept(Keyword::By) && !(step = parseArithmeticExpression()))
       return nullptr;
-    Node at = from(begin);
-    phrases->push_back(new VaryingPhrase(&at, name, start, step));
+    phrases->push_back(make<VaryingPhrase>(begin, name, start, step));
   } while (atNameIn(groupClauses));
   return phrases;
 }
@@ -380,8 +369,7 @@ ClauseRepeated *ReportParser::parseRepeated() {
       return nullptr;
     acceptAny(Keyword::Columns, Keyword::Cols);
   }
-  Node at = from(begin);
-  return new ClauseRepeated(&at, times, every);
+  return make<ClauseRepeated>(begin, times, every);
 }
 
 /// MULTIPLE {PAGE | PAGES}
@@ -391,16 +379,14 @@ ClauseMultiple *ReportParser::parseMultiple() {
   if (!at(Keyword::Page) && !atWord("PAGES"))
     return expected("PAGES");
   stream.skip();
-  Node at = from(begin);
-  return new ClauseMultiple(&at);
+  return make<ClauseMultiple>(begin);
 }
 
 /// WRAP [AFTER [COLUMN] n] [TO [COLUMN] n]
 ClauseWrap *ReportParser::parseWrap() {
   SourceRange begin = here();
   accept(Keyword::Wrap);
-  Node place(begin);
-  auto *clause = new ClauseWrap(&place);
+  auto *clause = makeAt<ClauseWrap>(begin);
   if (accept(Keyword::After)) {
     acceptAny(Keyword::Column, Keyword::Col);
     Expression *column = parseNumberOrDataName("the number of a column");
@@ -415,8 +401,7 @@ ClauseWrap *ReportParser::parseWrap() {
       return nullptr;
     clause->setToColumn(column);
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 //===----------------------------------------------------------------------===//
@@ -431,7 +416,7 @@ template <typename Owner> static bool hasContents(const Owner &owner) {
     return owner.getSourceClause() || owner.getReportValueClause() || owner.getFunctionClause();
 }
 
-/// Gives what the entry shows to the choice that the condition behind it makes.
+/// Moves what the entry shows to the choice that the condition after it makes.
 static void moveContents(ReportDataDescription &entry, PresentContents &choice) {
   choice.setSource(entry.getSourceClause());
   choice.setValue(entry.getReportValueClause());
@@ -473,18 +458,16 @@ ClauseSource *ReportParser::parseSource() {
   SourceRange begin = here();
   stream.skip();
   acceptAny(Keyword::Is, Keyword::Are);
-  Node place(begin);
-  auto *clause = new ClauseSource(&place);
+  auto *clause = makeAt<ClauseSource>(begin);
   do {
     SourceClauseExpr *operand = parseSourceOperand();
     if (!operand)
       return nullptr;
     clause->addSourceExpr(operand);
-    // An entry with SOURCE has no SUM clause, so SUM behind it is one more operand.
+    // An entry with SOURCE has no SUM clause, so SUM after it is another operand.
   } while (at(Keyword::Sum) || (atLiteral() ? !atLevelNumber() : atNameIn(groupClauses)));
   clause->setRounded(accept(Keyword::Rounded));
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// SUM operands, a literal, an identifier or an arithmetic expression.
@@ -494,7 +477,7 @@ SourceClauseExpr *ReportParser::parseSourceOperand() {
     SumClauseExpr *sum = parseSum();
     if (!sum)
       return nullptr;
-    return new SourceClauseExpr(sum, SourceExprType::Sum, nullptr, sum);
+    return makeAt<SourceClauseExpr>(sum->getRange(), SourceExprType::Sum, nullptr, sum);
   }
   Expression *operand = parseArithmeticExpression();
   if (!operand)
@@ -502,8 +485,7 @@ SourceClauseExpr *ReportParser::parseSourceOperand() {
   SourceExprType type = llvm::isa<ArithmeticExpression>(operand) ? SourceExprType::Arithmetic
                         : llvm::isa<LiteralExpression>(operand)  ? SourceExprType::Literal
                                                                  : SourceExprType::Identifier;
-  Node at = from(begin);
-  return new SourceClauseExpr(&at, type, operand);
+  return make<SourceClauseExpr>(begin, type, operand);
 }
 
 /// SUM [OF] operand ... [UPON data-name ...]
@@ -511,8 +493,7 @@ SumClauseExpr *ReportParser::parseSum() {
   SourceRange begin = here();
   accept(Keyword::Sum);
   accept(Keyword::Of);
-  Node place(begin);
-  auto *sum = new SumClauseExpr(&place);
+  auto *sum = makeAt<SumClauseExpr>(begin);
   do {
     Expression *operand = parseArithmeticExpression();
     if (!operand)
@@ -527,15 +508,13 @@ SumClauseExpr *ReportParser::parseSum() {
       sum->addUpon(detail);
     } while (atNameIn(groupClauses));
   }
-  sum->setRange(from(begin).getRange());
-  return sum;
+  return complete(sum);
 }
 
 /// {SUM operands} ... [RESET [ON] {FINAL | data-name}] [ROUNDED]
 ClauseSum *ReportParser::parseSumClause() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *clause = new ClauseSum(&place);
+  auto *clause = makeAt<ClauseSum>(begin);
   while (at(Keyword::Sum)) {
     SumClauseExpr *sum = parseSum();
     if (!sum)
@@ -557,25 +536,23 @@ ClauseSum *ReportParser::parseSumClause() {
   }
   if (accept(Keyword::Rounded))
     clause->setRounded(true);
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 /// COUNT [OF] data-name ...
 ClauseCount *ReportParser::parseCount() {
   SourceRange begin = here();
-  Node place(begin);
-  auto *clause = new ClauseCount(&place);
+  auto *clause = makeAt<ClauseCount>(begin);
   accept(Keyword::Count);
   accept(Keyword::Of);
-  auto *operand = new CountClauseExpr(&place);
+  auto *operand = makeAt<CountClauseExpr>(begin);
   do {
     DataIdentifierExpression *name = parseDataName();
     if (!name)
       return nullptr;
     operand->addName(name);
   } while (atNameIn(groupClauses));
-  operand->setRange(from(begin).getRange());
+  complete(operand);
   clause->addCountExpr(operand);
   clause->setRange(operand->getRange());
   return clause;
@@ -589,8 +566,7 @@ ClauseFunction *ReportParser::parseFunctionClause() {
   Word *name = parseUserWord("the name of a function");
   if (!name)
     return nullptr;
-  Node place(begin);
-  auto *clause = new ClauseFunction(&place, name);
+  auto *clause = makeAt<ClauseFunction>(begin, name);
   if (accept(TokenKind::LParen)) {
     while (!accept(TokenKind::RParen)) {
       Expression *argument = parseArithmeticExpression();
@@ -599,13 +575,12 @@ ClauseFunction *ReportParser::parseFunctionClause() {
       clause->addArgument(argument);
     }
   }
-  clause->setRange(from(begin).getRange());
-  return clause;
+  return complete(clause);
 }
 
 ClauseReportSign *ReportParser::parseReportSign() {
   ClauseSign *sign = parseSign();
-  return sign ? new ClauseReportSign(sign, sign) : nullptr;
+  return sign ? makeAt<ClauseReportSign>(sign->getRange(), sign) : nullptr;
 }
 
 //===----------------------------------------------------------------------===//
@@ -640,17 +615,14 @@ bool ReportParser::parsePresent(ReportDataDescription &entry, PresentContents *&
 
 /// condition, or OTHER for what holds when none of the conditions before does.
 ClausePresentWhen *ReportParser::parsePresentWhen(const SourceRange &begin, bool isAbsent) {
-  if (accept(Keyword::Other)) {
-    Node at = from(begin);
-    return new ClausePresentWhen(&at, PresentType::None, nullptr);
-  }
+  if (accept(Keyword::Other))
+    return make<ClausePresentWhen>(begin, PresentType::None, nullptr);
   Condition *condition = parseCondition();
   if (!condition)
     return nullptr;
   if (isAbsent)
-    condition = new NegatedCondition(condition, condition);
-  Node at = from(begin);
-  return new ClausePresentWhen(&at, PresentType::Condition, condition);
+    condition = makeAt<NegatedCondition>(condition->getRange(), condition);
+  return make<ClausePresentWhen>(begin, PresentType::Condition, condition);
 }
 
 /// [JUST] AFTER [NEW] {PAGE [OR data-name] | data-name [OR PAGE]}
@@ -680,8 +652,7 @@ ClausePresentAfter *ReportParser::parsePresentAfter(const SourceRange &begin) {
       type = PresentType::ControlOrPage;
     }
   }
-  Node at = from(begin);
-  auto *clause = new ClausePresentAfter(&at, type);
+  auto *clause = make<ClausePresentAfter>(begin, type);
   clause->setControlId(control);
   return clause;
 }

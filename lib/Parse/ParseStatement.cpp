@@ -82,7 +82,7 @@ StatementResult StatementParser::rejectStatement() {
   return Outcome::Failed;
 }
 
-/// USE begins a section of the declaratives and stands nowhere else.
+/// USE can only begin a section of the declaratives.
 StatementResult StatementParser::rejectUse() {
   error(DiagnosticId::UseOutsideDeclaratives, here());
   while (!at(TokenKind::Period) && !atUnitBoundary())
@@ -160,10 +160,9 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   return trap.hasErrorOccurred() ? Outcome::Failed : Outcome::Absent;
 }
 
-/// Stands for statements that were reported and skipped, where at least one is needed.
+/// A placeholder for statements that were reported and skipped, where at least one is needed.
 Statement *StatementParser::makePlaceholder(const SourceRange &begin) {
-  Node place(begin);
-  return new ContinueStatement(&place);
+  return makeAt<ContinueStatement>(begin);
 }
 
 bool StatementParser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
@@ -270,8 +269,8 @@ bool StatementParser::correctDividedEnd() {
   return true;
 }
 
-/// Reports ON or AT, which was taken off the stream, where one of the words behind it makes a
-/// phrase of it and another is not right. False when they are no such words.
+/// Reports ON or AT, which was just taken, where the words after it are almost a phrase. False when
+/// they are not.
 bool StatementParser::rejectPhrase(const Token &first) {
   llvm::SmallVector<Keyword, 3> wanted;
   if (first.is(Keyword::On))
@@ -409,7 +408,7 @@ bool StatementParser::atResumption(bool passesWhen) {
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::Otherwise) ||
       isScopeTerminator(token.keyword) || (token.is(Keyword::When) && !passesWhen))
     return true;
-  // EXHIBIT and the like, where the option for them is missing: each is told.
+  // EXHIBIT and the like without their option: each is reported.
   if (!context.options.osvs && token.isFirstOnLine() && token.is(Keyword::None) &&
       isOsvsWord(token.text) && !isNamed(token))
     return true;
@@ -422,8 +421,8 @@ void StatementParser::skipToStatement(bool passesWhen) {
     stream.skip();
 }
 
-/// Takes the rest of the statement \p verb, which could not be read, off the stream. None stands
-/// for a statement that nobody knows: phrases that no statement around could have are its own.
+/// Skips the rest of the statement \p verb, which could not be parsed. None stands for an unknown
+/// statement, which takes the phrases that no enclosing statement can have.
 void StatementParser::skipRestOfStatement(Keyword verb) {
   const ScopedVerb *scope = scopeOf(verb);
   PhraseSet taken;
@@ -449,7 +448,8 @@ void StatementParser::skipRestOfStatement(Keyword verb) {
     stream.skip();
 }
 
-/// Gives up the sentence. The statements around the place all end at its period, in silence.
+/// Skips the rest of the sentence. The enclosing statements all end at its period, without
+/// messages.
 void StatementParser::abandonSentence() {
   recovery.abandonSentence();
   while (!at(TokenKind::Period) && !atUnitBoundary() && !atProcedureHeader() &&
@@ -481,7 +481,7 @@ bool StatementParser::parseParameters(std::list<Parameter *> &parameters) {
 }
 
 /// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
-/// text is no program: an apostrophe in it opens no literal.
+/// text is not tokenized: an apostrophe in it opens no literal.
 void StatementParser::skipNote(bool isWholeParagraph) {
   bool isFixed = peek().isInFixedForm();
   stream.skip();
@@ -489,7 +489,7 @@ void StatementParser::skipNote(bool isWholeParagraph) {
     return stream.skipRemark();
   if (isFixed)
     return stream.skipCommentEntry();
-  // In free form nothing but what follows a period tells where the paragraph ends.
+  // In free form the paragraph ends where a header follows a period.
   do {
     stream.skipRemark();
     accept(TokenKind::Period);

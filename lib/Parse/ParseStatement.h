@@ -16,7 +16,7 @@ public:
   /// statements is reported and skipped. Failed when statements were there but all of them failed.
   Outcome parseStatements(std::list<Statement *> &statements);
   /// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
-  /// text is no program: an apostrophe in it opens no literal.
+  /// text is not tokenized: an apostrophe in it opens no literal.
   void skipNote(bool isWholeParagraph);
 
 protected:

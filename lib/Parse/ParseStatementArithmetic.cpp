@@ -33,8 +33,7 @@ bool ArithmeticStatements::parseReceivers(std::list<RoundedOperand *> &receivers
   return true;
 }
 
-/// The one operand that stands before GIVING, which was read as if it were a receiving operand.
-/// Null after a message.
+/// The one operand before GIVING, which was parsed as a receiving operand. Null after a message.
 Expression *ArithmeticStatements::soleOperand(const std::list<RoundedOperand *> &operands) {
   if (operands.size() > 1)
     return error(DiagnosticId::OneOperandBeforeGiving,
@@ -189,7 +188,7 @@ StatementResult ArithmeticStatements::parseDivide() {
   }
 
   if (at(Keyword::Remainder)) {
-    // A remainder belongs to one quotient, and there is none before GIVING.
+    // A remainder needs one quotient, which only GIVING provides.
     if (divide->getGivingListSize() != 1)
       return error(DiagnosticId::RemainderNeedsOneQuotient, here());
     accept(Keyword::Remainder);

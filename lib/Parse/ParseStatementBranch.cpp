@@ -141,7 +141,7 @@ StatementResult BranchStatements::parseGoto() {
   } else if (jump->getProcedureNameListSize() > 1) {
     return expected("DEPENDING");
   }
-  // A target that is no name at all: GO TO alone, for ALTER to set, ends its sentence.
+  // GO TO without a target, which ALTER sets, ends its sentence; anything else is a wrong target.
   if (jump->getProcedureNameListSize() == 0 && !at(TokenKind::Period) && !atResumption(false))
     return parseProcedureName(), nullptr;
   return complete(jump);
@@ -197,8 +197,8 @@ StatementResult BranchStatements::parseExit() {
 // PERFORM
 //===----------------------------------------------------------------------===//
 
-/// Whether an operand with TIMES behind it is next. A name can be that of a procedure just as well;
-/// what follows its qualifiers and subscripts tells.
+/// Whether an operand before TIMES is next. A name can also be that of a procedure; what follows
+/// its qualifiers and subscripts decides.
 bool BranchStatements::atTimesPhrase() {
   if (isSpecialRegister(peek().keyword) || at(Keyword::Function))
     return true;
@@ -219,11 +219,11 @@ bool BranchStatements::atTimesPhrase() {
     else if (peek(n).isOneOf(TokenKind::Period, TokenKind::EndOfFile))
       return false;
   }
-  // No name of a procedure has that many words behind it.
+  // A procedure-name is not followed by so many tokens.
   return true;
 }
 
-/// Whether a phrase that says how often, or until when, is next.
+/// Whether TIMES, UNTIL or VARYING with their operands is next.
 bool BranchStatements::atPerformPhrase() {
   return at(Keyword::With, Keyword::Test, Keyword::Until, Keyword::Varying) || atTimesPhrase();
 }
@@ -251,8 +251,8 @@ StatementResult BranchStatements::parsePerform() {
   return complete(perform);
 }
 
-/// The statements and END-PERFORM; they are read even where the phrase before them could not be,
-/// which \p isComplete tells.
+/// The statements and END-PERFORM; they are read even where the phrase before them could not be, in
+/// which case \p isComplete is false.
 StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, bool isComplete) {
   if (!isComplete)
     skipToStatement();
@@ -337,8 +337,7 @@ StatementResult BranchStatements::parseNextSentence() {
   return make<NextSentenceStatement>(begin);
 }
 
-/// The branch behind ELSE, where there is one. From here on an ELSE belongs to a statement farther
-/// out.
+/// The branch after ELSE, if there is one. Another ELSE belongs to an outer statement.
 bool BranchStatements::parseElse(std::list<Statement *> &statements) {
   if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
@@ -497,7 +496,7 @@ EvaluateWhen *BranchStatements::parseEvaluateWhen(EvaluateStatement &evaluate) {
 }
 
 /// ANY, TRUE, FALSE, a condition, or [NOT] operand [THROUGH operand]. What a name alone is, the
-/// subject tells: beside an operand it is an operand, beside a truth value a condition.
+/// subject decides: beside an operand it is an operand, beside a truth value a condition.
 EvaluateObject *BranchStatements::parseEvaluateObject(const EvaluateSubject *subject) {
   SourceRange begin = here();
   if (accept(Keyword::Any))

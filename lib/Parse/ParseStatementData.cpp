@@ -49,7 +49,7 @@ StatementResult DataStatements::parseDisplay() {
   SourceRange begin = here();
   accept(Keyword::Display);
   auto *display = make<DisplayStatement>(begin);
-  // END-DISPLAY is no reserved word, and so it could name something to be displayed.
+  // END-DISPLAY is not a reserved word, so it could name an operand.
   auto parse = [this] { return parseOperand(); };
   auto atAnother = [this] { return atOperand() && !at(Keyword::EndDisplay); };
   if (!parseSeries(*display, &DisplayStatement::addIdenLiter, parse, atAnother))
@@ -129,7 +129,7 @@ static SetItemType formatOf(SetToValueType value) {
 /// receiver... {TO value | UP BY operand | DOWN BY operand}
 ///
 /// A receiving operand is an identifier, ADDRESS OF identifier, a switch or a condition-name; which
-/// of them, only the words behind the list tell.
+/// of them, only the words after the list decide.
 SetItem *DataStatements::parseSetItem() {
   auto *item = make<SetItem>(here(), SetItemType::To);
   std::list<Expression *> receivers;
@@ -168,7 +168,7 @@ SetItem *DataStatements::parseSetItem() {
     auto *name = llvm::dyn_cast<DataIdentifierExpression>(receiver);
     if (!name)
       return error(DiagnosticId::ConditionNameForTrue, receiver->getRange());
-    item->addCond(new ConditionNameCondition(name, name));
+    item->addCond(makeAt<ConditionNameCondition>(name->getRange(), name));
   }
   return complete(item);
 }

@@ -28,7 +28,7 @@ OpenFile *FileStatements::parseOpenFile() {
   return complete(file);
 }
 
-/// The mode in which OPEN opens the files behind \p keyword.
+/// The mode in which OPEN opens the files after \p keyword.
 static std::optional<OpenType> openModeOf(Keyword keyword) {
   switch (keyword) {
   case Keyword::Input:
@@ -227,7 +227,7 @@ bool FileStatements::parseWriteAdvancing(WriteStatement &write) {
     write.setAdvancing(make<WriteAdvancing>(begin, WriteAdvType::Page, nullptr, isBefore));
     return true;
   }
-  // A mnemonic-name is told from the name of a data item only when names are looked up.
+  // Only the lookup of the name distinguishes a mnemonic-name from a data-name.
   Expression *amount = parseOperand("a number of lines, a mnemonic-name or PAGE");
   if (!amount)
     return false;
@@ -300,7 +300,7 @@ StatementResult FileStatements::parseReturn() {
     if (!statement->getIntoIdentifier())
       return nullptr;
   }
-  // Nothing but AT END can tell the program that the last record was returned.
+  // Only AT END can detect that the last record was returned.
   if (!at(Keyword::At, Keyword::End, Keyword::Not))
     return expected("AT END");
   return finish(statement, &ReturnStatement::addEndHandler);
@@ -384,7 +384,7 @@ SortIO *FileStatements::parseSortIO(Keyword filesWord, Keyword procedureWord) {
 StatementResult FileStatements::parseSort() {
   SourceRange begin = here();
   accept(Keyword::Sort);
-  // A table that is sorted where it stands can be qualified and subscripted; a file cannot.
+  // A table to be sorted can be qualified and subscripted; a file cannot.
   if (peek(1).isOneOf(Keyword::Of, Keyword::In, TokenKind::LParen))
     return error(DiagnosticId::SortOfTable, here());
   FileIdentifierExpression *file = parseFileName();

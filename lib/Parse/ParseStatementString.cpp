@@ -57,7 +57,7 @@ StatementResult StringStatements::parseString() {
   return finish(string, &StringStatement::addOverflowHandler);
 }
 
-/// [ALL] operand {OR [ALL] operand}..., behind DELIMITED [BY]
+/// [ALL] operand {OR [ALL] operand}..., after DELIMITED [BY]
 bool StringStatements::parseUnstringDelimiters(UnstringStatement &unstring) {
   do {
     SourceRange begin = here();
@@ -159,7 +159,7 @@ bool StringStatements::atInspectMode() {
   return at(Keyword::Characters, Keyword::All, Keyword::Leading, Keyword::First);
 }
 
-/// Whether the counter of a further item of TALLYING is next: an identifier with FOR behind it.
+/// Whether the counter of a further item of TALLYING is next: an identifier before FOR.
 bool StringStatements::atTallyingCounter() {
   if (!atIdentifier())
     return false;

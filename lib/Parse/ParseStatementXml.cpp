@@ -68,7 +68,7 @@ XMLTypeItem *XmlStatements::parseXmlTypeItem() {
   return make<XMLTypeItem>(begin, item, type);
 }
 
-/// Whether a further item of SUPPRESS is next. WHEN alone is no sign of one: it can belong to a
+/// Whether a further item of SUPPRESS is next. WHEN alone does not prove it: it can belong to a
 /// statement around.
 bool XmlStatements::atXmlSuppressItem() {
   return at(Keyword::Every) || atIdentifier();

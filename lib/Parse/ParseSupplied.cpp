@@ -33,14 +33,13 @@ void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceR
       return item && item->getQualifiedWord()->getNamesElements().front()->getWordData() == name;
     });
   };
-  Node place(header);
   for (llvm::StringRef name : {"DFHCOMMAREA", "DFHEIBLK"}) {
     if (isNamed(name))
       continue;
-    std::list<Word *> names{new Word(&place, name, name)};
-    auto *word = new QualifiedWord(&place, &names);
-    auto *item = new DataIdentifierExpression(&place, word, nullptr, nullptr);
-    division.addParameterFront(new Parameter(&place, ParameterType::Reference, item));
+    std::list<Word *> names{makeAt<Word>(header, name, name)};
+    auto *word = makeAt<QualifiedWord>(header, &names);
+    auto *item = makeAt<DataIdentifierExpression>(header, word, nullptr, nullptr);
+    division.addParameterFront(makeAt<Parameter>(header, ParameterType::Reference, item));
   }
 }
 
@@ -57,7 +56,7 @@ void SuppliedParser::supplyCommunicationAreas() {
     supplyRecords("DLZDIB", StorageType::WorkingStorage);
 }
 
-/// Reads the records in \p text, which stands in memory under the name \p file.
+/// Parses the records in \p text, which is kept in memory under the name \p file.
 void SuppliedParser::readRecords(llvm::StringRef file, llvm::StringRef text, StorageType storage,
                                  AddRecord add) {
   SourceManager files(context.options);
@@ -73,14 +72,13 @@ void SuppliedParser::supplyRecords(llvm::StringRef copybook, StorageType storage
   assert(supplied && "not a supplied copybook");
   DataDivision *division = context.unit->getDataDivision();
   if (!division) {
-    Node place(context.unit->getRange());
-    division = new DataDivision(&place);
+    division = makeAt<DataDivision>(context.unit->getRange());
     context.unit->setDataDivision(division);
   }
   readRecords(supplied->getFileName(), supplied->text, storage, [&](DataDescription *record) {
     if (storage == StorageType::WorkingStorage)
       return division->addWorkSection(record);
-    record->setGlobal(new ClauseGlobal(record));
+    record->setGlobal(makeAt<ClauseGlobal>(record->getRange()));
     division->addLinkSection(record);
   });
 }
@@ -95,7 +93,7 @@ bool SuppliedParser::atSqlType() {
 }
 
 /// What follows the name of a host variable of \p type in its place, where $ stands for the name
-/// and # for the size; empty for what is no type.
+/// and # for the size; empty for an unknown type.
 static llvm::StringRef declarationOf(llvm::StringRef type) {
   constexpr llvm::StringLiteral locator = " PIC S9(9) COMP-5.";
   constexpr llvm::StringLiteral characters = ". 49 $-LENGTH PIC S9(9) COMP-5. 49 $-DATA PIC X(#).";
@@ -115,7 +113,7 @@ static llvm::StringRef declarationOf(llvm::StringRef type) {
       .Default("");
 }
 
-/// The size in a type: digits, and K, M or G for a multiple; 0 for what is none.
+/// The size in a type: digits, and K, M or G for a multiple; 0 when it is not a size.
 static uint64_t sizeOf(llvm::StringRef text) {
   uint64_t size = 0;
   if (text.consumeInteger(10, size))
@@ -134,7 +132,7 @@ bool SuppliedParser::parseSqlType(DataDescription &entry) {
   accept(Keyword::Sql);
   accept(Keyword::Type);
   accept(Keyword::Is);
-  // The last word that is known tells: XML AS CLOB, BINARY LARGE OBJECT, TABLE ... AS LOCATOR.
+  // The last known word decides: XML AS CLOB, BINARY LARGE OBJECT, TABLE ... AS LOCATOR.
   SourceRange place = here();
   llvm::StringRef declaration;
   uint64_t size = 1;

@@ -59,7 +59,7 @@ void ParserBase::skipPastPeriod() {
       stream.skip();
 }
 
-/// Takes the tokens up to the next space or separator period, and gives their text.
+/// Takes the tokens up to the next space or separator period, and returns their text.
 std::string ParserBase::takeRun() {
   std::string run = peek().spelling.str();
   SourceRange last = here();
@@ -73,7 +73,7 @@ std::string ParserBase::takeRun() {
   for (; clings(peek(), last); stream.skip()) {
     if (at(TokenKind::Period) && !clings(peek(1), here()))
       break;
-    // The comma between two tokens is no token.
+    // A separator comma is not a token.
     if (peek().isAfterComma())
       run += ',';
     run += peek().spelling;
@@ -119,8 +119,7 @@ QualifiedWord *ParserBase::parseQualifiedWord(llvm::StringRef what) {
       return nullptr;
     names.push_back(qualifier);
   }
-  Node at = from(begin);
-  return new QualifiedWord(&at, &names);
+  return make<QualifiedWord>(begin, &names);
 }
 
 QualifiedWord *ParserBase::parseProcedureName() {
@@ -129,15 +128,14 @@ QualifiedWord *ParserBase::parseProcedureName() {
   if (!name)
     return nullptr;
   std::list<Word *> names{name};
-  // More than one qualifier is none of the language, but the checker has the message for it.
+  // The language allows one qualifier; the checker reports more.
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *section = parseProcedureWord();
     if (!section)
       return nullptr;
     names.push_back(section);
   }
-  Node at = from(begin);
-  return new QualifiedWord(&at, &names);
+  return make<QualifiedWord>(begin, &names);
 }
 
 //===----------------------------------------------------------------------===//
@@ -167,8 +165,7 @@ NumericLiteralExpression *ParserBase::parseNumericLiteral() {
   }
   text += peek().spelling;
   stream.skip();
-  Node at = from(begin);
-  auto *literal = new NumericLiteralExpression(&at, text);
+  auto *literal = make<NumericLiteralExpression>(begin, text);
   if (context.decimalPointIsComma)
     literal->convertDecimalPoint(literal->getData());
   return literal;
@@ -177,8 +174,7 @@ NumericLiteralExpression *ParserBase::parseNumericLiteral() {
 NonNumericLiteralExpression *ParserBase::parseNonNumericLiteral() {
   if (!at(TokenKind::AlphanumericLiteral))
     return expected("a literal in quotes");
-  Node at(here());
-  auto *literal = new NonNumericLiteralExpression(&at, peek().text);
+  auto *literal = makeAt<NonNumericLiteralExpression>(here(), peek().text);
   stream.skip();
   return literal;
 }
@@ -220,17 +216,15 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     LiteralExpression *inner = atLiteral() ? parseLiteral() : expected("the literal of ALL");
     if (!inner)
       return nullptr;
-    Node at = from(begin);
-    return new FigurativeLiteralExpression(&at, FigurativeType::AllLiteral, inner);
+    return make<FigurativeLiteralExpression>(begin, FigurativeType::AllLiteral, inner);
   }
   if (FigurativeType type = figurativeTypeOf(peek().keyword); type != FigurativeType::None) {
-    Node at(begin);
     stream.skip();
-    return new FigurativeLiteralExpression(&at, type, nullptr);
+    return makeAt<FigurativeLiteralExpression>(begin, type, nullptr);
   }
   if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
-    Node at(begin);
-    auto *symbol = new FigurativeLiteralExpression(&at, FigurativeType::SymbolicCharacter, nullptr);
+    auto *symbol =
+        makeAt<FigurativeLiteralExpression>(begin, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);
     stream.skip();
     return symbol;
@@ -252,7 +246,7 @@ LiteralExpression *ParserBase::parseLiteral() {
 // Misspelt keywords
 //===----------------------------------------------------------------------===//
 
-// What joins the operands of a statement before it with those behind it.
+// The words between the operands of a statement.
 static constexpr Keyword joints[] = {Keyword::By,       Keyword::Delimited, Keyword::From,
                                      Keyword::Giving,   Keyword::Into,      Keyword::Replacing,
                                      Keyword::Tallying, Keyword::To,        Keyword::Until,

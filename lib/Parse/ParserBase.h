@@ -52,6 +52,10 @@ struct ParserContext {
   llvm::DenseSet<const std::string *> indexNames;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
+  /// Whether the translator of CICS reads the outermost program.
+  bool isTranslated = false;
+  /// The header of the procedure division that was read last.
+  SourceRange procedureHeader;
 };
 
 class ParserBase {
@@ -160,6 +164,9 @@ public:
   /// Whether any division header, END PROGRAM or the end of the file is next.
   bool atUnitBoundary();
   bool atEndProgram();
+  /// Whether the PROGRAM-ID paragraph is next, with which a program begins that has no division
+  /// header before it.
+  bool atProgramId();
   /// Whether a paragraph, section or division header of the environment or data division is next,
   /// or the end of the file.
   bool atPartHeader();

@@ -85,7 +85,8 @@ public:
   /// by itself after the comment paragraphs of an identification division; this is for text that
   /// stands where only a header may.
   void skipCommentEntry();
-  /// Leaves out text that is no program up to its period, which comes next, or to a header.
+  /// Skips text that is not part of the program, up to its period, which is then next, or to a
+  /// header.
   void skipRemark();
 
   /// The options given, and those that CBL and PROCESS lines turned on.

@@ -40,7 +40,7 @@ struct EnclosingStatement {
   PhraseSet given; ///< the phrases already given
 };
 
-/// The parts that can be met without their statement.
+/// The parts that can be found without their statement.
 enum class StrayPart : uint8_t { Else = 1, When = 2, Phrase = 4 };
 
 class Recovery {
@@ -63,8 +63,8 @@ public:
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
 
-  /// Finds out whether a mistake was met since the trap was set, be it reported or suppressed, in
-  /// the syntax or in the source text.
+  /// Detects whether a mistake was found since the trap was set: reported or suppressed, in the
+  /// syntax or in the source text.
   class ErrorTrap {
   public:
     explicit ErrorTrap(const Recovery &owner)
@@ -149,7 +149,7 @@ public:
   /// Notes \p part, which belongs to no statement. False when the sentence has another one like it:
   /// both belong to one statement, most likely, which was reported.
   bool isFirstStray(StrayPart part);
-  /// Whether the END- word of \p verb ends a statement of which stray parts were met.
+  /// Whether the END- word of \p verb ends a statement of which stray parts were found.
   bool endsStray(Keyword verb);
 
   /// Nothing more is parsed or reported up to the end of the sentence.

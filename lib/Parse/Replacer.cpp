@@ -92,7 +92,7 @@ void Replacer::fillRun(Source source) {
       ready.push_back(done);
 }
 
-/// Gives the next token, replaced or not.
+/// Produces the next token, replaced or not.
 void Replacer::produce(Token &token, Source source) {
   while (made.empty()) {
     const Token &front = windowAt(0, source);
@@ -108,7 +108,7 @@ void Replacer::produce(Token &token, Source source) {
   made.pop_front();
 }
 
-/// The token that stands \p index places on in the source.
+/// The token \p index places ahead in the source.
 const Token &Replacer::windowAt(size_t index, Source source) {
   while (window.size() <= index) {
     Token token;
@@ -138,7 +138,7 @@ void Replacer::splitPicture(const Token &picture) {
   }
 }
 
-/// Replaces what stands at the front of the window if a pair fits there.
+/// Replaces the text at the front of the window if a pair matches there.
 bool Replacer::replaceFront(Source source) {
   const Token front = window.front();
   llvm::ArrayRef<unsigned> whole;

@@ -79,7 +79,7 @@ private:
 
   std::deque<Token> window; ///< read from the source, not replaced yet
   std::deque<Token> made;   ///< replacing text
-  bool spaceIsDue = false;  ///< something was replaced by nothing behind a space
+  bool spaceIsDue = false;  ///< something was replaced by nothing after a space
   Token ahead;              ///< the first token of the next run
   bool hasAhead = false;
   llvm::SmallVector<Token, 16> run; ///< tokens without a space between them

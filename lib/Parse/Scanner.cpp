@@ -149,7 +149,7 @@ void Scanner::scanNumber(Token &token, const char *begin) {
       skipDigits();
     }
   }
-  // What clings to the number belongs to it, though it is no number then: the checks say so.
+  // What touches the number belongs to it; the checker reports that it is not a number then.
   while (cursor < textEnd && isWordCharacter(*cursor))
     ++cursor;
   while (cursor[-1] == '-')
@@ -183,6 +183,13 @@ void Scanner::scanMark(Token &token, const char *begin) {
   auto two = [this](TokenKind kind) {
     ++cursor;
     return kind;
+  };
+  // Whether an equal sign completes < or >. In pseudo-text, "==" after it closes the text.
+  auto beforeEqualSign = [&] {
+    const char *end = cursor;
+    while (end < textEnd && *end == '=')
+      ++end;
+    return end != cursor && (!keepsCommas || (end - cursor) % 2 != 0);
   };
   TokenKind kind = TokenKind::Other;
   switch (c) {
@@ -220,12 +227,12 @@ void Scanner::scanMark(Token &token, const char *begin) {
     kind = following == '=' ? two(TokenKind::PseudoText) : TokenKind::Equal;
     break;
   case '<':
-    kind = following == '>'   ? two(TokenKind::NotEqual)
-           : following == '=' ? two(TokenKind::LessEqual)
-                              : TokenKind::Less;
+    kind = following == '>'    ? two(TokenKind::NotEqual)
+           : beforeEqualSign() ? two(TokenKind::LessEqual)
+                               : TokenKind::Less;
     break;
   case '>':
-    kind = following == '=' ? two(TokenKind::GreaterEqual) : TokenKind::Greater;
+    kind = beforeEqualSign() ? two(TokenKind::GreaterEqual) : TokenKind::Greater;
     break;
   default:
     break;

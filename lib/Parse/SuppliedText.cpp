@@ -13,7 +13,7 @@ namespace {
 // Copybooks
 //===----------------------------------------------------------------------===//
 
-/// The EXEC interface block, which tells a task about its last command.
+/// The EXEC interface block, which describes the last command of a task.
 constexpr llvm::StringLiteral dfheiblk = R"(       01  DFHEIBLK.
            02  EIBTIME      PIC S9(7) COMP-3.
            02  EIBDATE      PIC S9(7) COMP-3.

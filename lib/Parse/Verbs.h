@@ -55,10 +55,10 @@ struct ScopedVerb {
   PhraseSet phrases;
 };
 
-/// The scope of \p verb; null for a verb without END- word and for what is no verb.
+/// The scope of \p verb; null for a verb without END- word and for a word that is not a verb.
 const ScopedVerb *scopeOf(Keyword verb);
 const ScopedVerb *scopeOf(llvm::StringRef verb);
-/// The verb that \p endWord ends; None when it is no END- word of a statement.
+/// The verb that \p endWord ends; None when it is not the END- word of a statement.
 Keyword verbOfEnd(Keyword endWord);
 
 } // namespace tarka

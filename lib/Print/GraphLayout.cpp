@@ -5,7 +5,6 @@
 #include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
-#include "Analyzer/TopLevel.h"
 #include "llvm/Support/raw_ostream.h"
 
 namespace tarka {
@@ -64,21 +63,58 @@ const std::string &BlockGroup::name() const {
   return procedure ? procedure->getDisplayName() : outside;
 }
 
-GraphLayout::GraphLayout(const CFGFunc &described, const ProcedureStarts &starts)
-    : function(&described) {
+GraphLayout::GraphLayout(const CFGFunc &described, const ProcedureStarts &starts,
+                         const FlowModule &module)
+    : function(&described), flow(module.graphOf(described)) {
   for (const CFGBlock *block : described.getBody()->getBlockList()) {
     openGroup(block, starts);
     groups.back().blocks.push_back(block);
     groupOf.push_back(groups.size() - 1);
     blocks.push_back(block);
   }
+  nodesOfBlock.resize(blocks.size());
+  std::size_t group = 0;
+  for (const FlowNode &node : flow->nodes()) {
+    if (const CFGBlock *block = node.getBlock()) {
+      auto &[first, count] = nodesOfBlock[static_cast<std::size_t>(block->getPlace())];
+      if (!count)
+        first = node.getId() - flow->firstNode();
+      ++count;
+      group = groupIndex(block);
+    }
+    // The end of a procedure follows the last of its nodes.
+    groupOfNode.push_back(group);
+  }
+}
+
+llvm::ArrayRef<FlowNode> GraphLayout::nodesOf(const CFGBlock *block) const {
+  const auto &[first, count] = nodesOfBlock[static_cast<std::size_t>(block->getPlace())];
+  return flow->nodes().slice(first, count);
+}
+
+std::vector<ProcedureWays> waysOfGroups(const GraphLayout &layout) {
+  std::vector<ProcedureWays> ways(layout.groups.size());
+  for (const FlowNode &node : layout.flow->nodes())
+    for (const FlowEdge &edge : node.successors()) {
+      const FlowNode &target = layout.flow->getModule().node(edge.to);
+      const bool isBack =
+          edge.kind == FlowEdgeKind::Return || edge.kind == FlowEdgeKind::DeclarativeEnd;
+      const bool isJump = target.getKind() == FlowNodeKind::Procedure;
+      if (isBack || !target.getBlock() || !node.isReached() ||
+          (!isJump && layout.groupIndex(node) == layout.groupIndex(target)))
+        continue;
+      ways[layout.groupIndex(node)].insert({edge.kind, target.getBlock()});
+    }
+  return ways;
 }
 
 const CFGBlock *GraphLayout::fallsInto(const CFGBlock *block) const {
   auto next = static_cast<std::size_t>(block->getPlace()) + 1;
-  if (block->getHaveTerminator() || block->getSuccessorBlock() || next == blocks.size())
-    return nullptr;
-  return blocks[next];
+  return flow->fallsThrough(*block) && next < blocks.size() ? blocks[next] : nullptr;
+}
+
+bool GraphLayout::isDead(const BlockGroup &group) const {
+  return (group.section || group.paragraph) && !flow->isReached(*group.blocks.front());
 }
 
 void GraphLayout::openGroup(const CFGBlock *block, const ProcedureStarts &starts) {
@@ -101,15 +137,14 @@ FunctionSelection::FunctionSelection(const CFGModule &module, const GraphView &v
   for (const CFGFunc *function : module.getFuncList())
     if (wanted(function))
       functions.push_back(function);
-  const CFGFunc *report = TopLevel::getTopLevelInstance("")->getRptDeclCFGFunction();
-  if (report && report->getModule() == &module && wanted(report))
-    reportDeclaratives = report;
+  for (const CFGModule::ReportDeclaratives &report : module.getReportDeclaratives())
+    if (wanted(report.function) || wanted(report.ofUnit))
+      reportDeclaratives.push_back(report.function);
 }
 
 std::vector<const CFGFunc *> FunctionSelection::all() const {
   std::vector<const CFGFunc *> both = functions;
-  if (reportDeclaratives)
-    both.push_back(reportDeclaratives);
+  both.insert(both.end(), reportDeclaratives.begin(), reportDeclaratives.end());
   return both;
 }
 
@@ -134,6 +169,19 @@ llvm::SmallVector<ProcedureTarget, 1> targetsOf(const Statement &statement) {
       targets.push_back({"perform", range->getBeginSection(), range->getBeginParagraph()});
   }
   return targets;
+}
+
+llvm::StringRef calledProgram(const Statement &statement) {
+  auto *call = llvm::dyn_cast<CallStatement>(&statement);
+  if (!call)
+    return "";
+  if (auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call->getProcedureName()))
+    return name->getData();
+  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(call->getProcedureName());
+  if (!identifier || !identifier->getQualifiedWord() ||
+      identifier->getQualifiedWord()->getNamesElements().empty())
+    return "";
+  return identifier->getQualifiedWord()->getNamesElements().front()->getDisplayName();
 }
 
 namespace {

@@ -10,6 +10,7 @@
 
 #include "AST/Procedure.h"
 #include "Analyzer/CFG.h"
+#include "Flow/FlowGraph.h"
 #include "Print/PrintGraph.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/SetVector.h"
@@ -49,22 +50,45 @@ struct GraphLayout {
   /// The group of every block, by place.
   std::vector<std::size_t> groupOf;
 
-  GraphLayout(const CFGFunc &described, const ProcedureStarts &starts);
+  /// What can run after what in the function.
+  const FlowGraph *flow;
+
+  GraphLayout(const CFGFunc &described, const ProcedureStarts &starts, const FlowModule &module);
+
+  /// The group of every node of the flow graph, by its number within the function.
+  std::vector<std::size_t> groupOfNode;
 
   std::size_t groupIndex(const CFGBlock *block) const {
     return groupOf[static_cast<std::size_t>(block->getPlace())];
   }
-  /// The block into which \p block falls; null when it leads somewhere, or nowhere.
+  std::size_t groupIndex(const FlowNode &node) const {
+    return groupOfNode[node.getId() - flow->firstNode()];
+  }
+  /// The nodes that stand in \p block, in their order.
+  llvm::ArrayRef<FlowNode> nodesOf(const CFGBlock *block) const;
+  /// The block into which control falls from \p block; null where it does not.
   const CFGBlock *fallsInto(const CFGBlock *block) const;
+  /// Whether the group is a procedure that control never comes to.
+  bool isDead(const BlockGroup &group) const;
 
 private:
   void openGroup(const CFGBlock *block, const ProcedureStarts &starts);
+
+  /// The first node of every block, within the function, and how many there are.
+  std::vector<std::pair<std::size_t, std::size_t>> nodesOfBlock;
 };
 
-/// The functions to print: those of the module, then that of the report declaratives.
+/// How control leaves a procedure for others: the kind of the way, and the block that it leads to.
+/// Returning to a performer is no such way.
+using ProcedureWays = llvm::SetVector<std::pair<FlowEdgeKind, const CFGBlock *>>;
+
+/// The ways of every group of a function.
+std::vector<ProcedureWays> waysOfGroups(const GraphLayout &layout);
+
+/// The functions to print: those of the module, then those of the report declaratives.
 struct FunctionSelection {
   std::vector<const CFGFunc *> functions;
-  const CFGFunc *reportDeclaratives = nullptr;
+  std::vector<const CFGFunc *> reportDeclaratives;
 
   FunctionSelection(const CFGModule &module, const GraphView &view);
   std::vector<const CFGFunc *> all() const;
@@ -96,6 +120,10 @@ ElementFacts factsOf(const CFGElem &element);
 
 /// Prints "MOVE", "GO TO NEXT-STEP", "data AMOUNT".
 void printElement(llvm::raw_ostream &os, const CFGElem &element);
+
+/// The program that \p statement calls by a literal, or the name of what identifies it; empty where
+/// it calls none.
+llvm::StringRef calledProgram(const Statement &statement);
 
 /// Calls \p visit(way, target) for every link of \p block that is set, and for falling through.
 template <typename Visitor>

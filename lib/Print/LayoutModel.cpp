@@ -15,10 +15,7 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 llvm::StringRef programName(const SourceUnit &unit) {
-  llvm::StringRef name = unit.getSourceUnitName();
-  return name.size() > 2 && (name.front() == '"' || name.front() == '\'')
-             ? name.slice(1, name.size() - 1)
-             : name;
+  return withoutQuotes(unit.getSourceUnitName());
 }
 
 llvm::StringRef entryName(const DataDescription &entry) {
@@ -29,10 +26,6 @@ SourceRange placeOf(const DataDescription &entry) {
   if (entry.getRange().beginLine || !entry.getDataName())
     return entry.getRange();
   return entry.getDataName()->getRange();
-}
-
-bool isMadeByCompiler(const DataDescription &entry) {
-  return entry.getRange().beginLine == 0;
 }
 
 const FileDescription *linageFile(const DataDescription &entry) {
@@ -114,24 +107,9 @@ std::string valueText(const LiteralExpression *literal, const Word *word) {
 // Sizes
 //===----------------------------------------------------------------------===//
 
-Occurrences occurrencesOf(const ClauseOccurs &occurs) {
-  const std::int64_t max = std::max<std::int64_t>(occurs.getMax(), 1);
-  if (!occurs.isVariableTable())
-    return {max, max};
-  // OCCURS m DEPENDING ON stands for OCCURS 1 TO m DEPENDING ON.
-  const std::int64_t min = occurs.getMinExpr() ? occurs.getMin() : 1;
-  return {std::clamp<std::int64_t>(min, 0, max), max};
-}
-
 std::int64_t minTotalSize(const DataDescription &entry) {
-  const std::int64_t times = entry.getOccurs() ? occurrencesOf(*entry.getOccurs()).min : 1;
-  std::int64_t total;
-  return llvm::MulOverflow(entry.getMinAllocSize(), times, total) ? MaxStorageSize : total;
-}
-
-static std::int64_t addSizes(std::int64_t left, std::int64_t right) {
-  std::int64_t sum;
-  return llvm::AddOverflow(left, right, sum) ? MaxStorageSize : sum;
+  const ClauseOccurs *occurs = entry.getOccurs();
+  return multiplySizes(entry.getMinAllocSize(), occurs ? occurs->getLeastOccurrences() : 1);
 }
 
 std::int64_t RecordGroup::bytes() const {
@@ -168,16 +146,10 @@ std::int64_t LayoutSection::bytes() const {
 
 namespace {
 
-/// The registers that every program has. The LINAGE-COUNTER of a file and the index names of
-/// tables, which the compiler makes as well, come from what the programmer wrote.
-bool isSpecialRegister(const DataDescription &record) {
-  return placeOf(record).beginLine == 0 && !record.getFileDescription();
-}
-
 RecordGroup select(const std::list<DataDescription *> &records, const LayoutView &view) {
   RecordGroup group;
   for (const DataDescription *record : records) {
-    const bool isWanted = view.record.empty() ? view.all || !isSpecialRegister(*record)
+    const bool isWanted = view.record.empty() ? view.all || record->getOrigin() != Origin::Supplied
                                               : entryName(*record).equals_insensitive(view.record);
     if (isWanted) {
       group.records.push_back(record);
@@ -289,7 +261,8 @@ std::optional<std::string> explainMissingRecord(const Program &program, llvm::St
     if (name.edit_distance_insensitive(other, true, allowed) <= allowed &&
         !llvm::is_contained(near, other))
       near.push_back(other);
-    if (!isSpecialRegister(*record) && written.size() <= few && !llvm::is_contained(written, other))
+    if (record->getOrigin() != Origin::Supplied && written.size() <= few &&
+        !llvm::is_contained(written, other))
       written.push_back(other);
   }
   if (!near.empty())

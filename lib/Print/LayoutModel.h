@@ -50,8 +50,6 @@ llvm::StringRef programName(const SourceUnit &unit);
 llvm::StringRef entryName(const DataDescription &entry);
 /// Where the entry, or at least its name, stands in the source. File 0 for what has no place there.
 SourceRange placeOf(const DataDescription &entry);
-/// No entry of the source stands behind it.
-bool isMadeByCompiler(const DataDescription &entry);
 /// The file that the entry is the LINAGE-COUNTER of; null for every other entry.
 const FileDescription *linageFile(const DataDescription &entry);
 /// A record of a file that shares the area of the first one without a REDEFINES clause.
@@ -68,13 +66,6 @@ std::string literalText(const LiteralExpression &literal);
 std::string operandText(const Expression *operand);
 /// One end of a value of a VALUE clause, which may still be a word.
 std::string valueText(const LiteralExpression *literal, const Word *word);
-
-/// The least and the greatest number of occurrences.
-struct Occurrences {
-  std::int64_t min;
-  std::int64_t max;
-};
-Occurrences occurrencesOf(const ClauseOccurs &occurs);
 
 /// Bytes of all occurrences together, with every OCCURS DEPENDING ON table at its smallest.
 std::int64_t minTotalSize(const DataDescription &entry);

@@ -2,7 +2,10 @@
 
 #include "Print/PrintGraph.h"
 #include "AST/Names.h"
+#include "AST/Program.h"
+#include "AST/Statement.h"
 #include "Print/GraphLayout.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Format.h"
 #include "llvm/Support/JSON.h"
 #include "llvm/Support/raw_ostream.h"
@@ -10,26 +13,6 @@
 namespace tarka {
 
 namespace {
-
-/// How control leaves a procedure: what the way is called, and the block that it leads to.
-using ProcedureWays = llvm::SetVector<std::pair<llvm::StringRef, const CFGBlock *>>;
-
-ProcedureWays waysOf(const GraphLayout &layout, const BlockGroup &group) {
-  ProcedureWays ways;
-  for (const CFGBlock *block : group.blocks) {
-    for (const CFGElem *element : block->getElements())
-      if (const Statement *statement = element->getStmt())
-        for (const ProcedureTarget &target : targetsOf(*statement))
-          if (target.start())
-            ways.insert({target.how, target.start()});
-    auto home = layout.groupOf[static_cast<std::size_t>(block->getPlace())];
-    forEachWay(layout, block, [&](llvm::StringRef way, const CFGBlock *target) {
-      if (layout.groupOf[static_cast<std::size_t>(target->getPlace())] != home)
-        ways.insert({way, target});
-    });
-  }
-  return ways;
-}
 
 //===----------------------------------------------------------------------===//
 // Text
@@ -41,7 +24,8 @@ public:
 
   void print(const GraphLayout &layout) {
     const CFGFunc &function = *layout.function;
-    os << "function " << function.getName() << '\n';
+    os << "function " << function.getName() << (layout.flow->isCalled() ? "" : " [not called]")
+       << '\n';
     if (!function.getParams().empty())
       os << "  parameters " << function.getParams().size() << '\n';
     if (function.getReturning())
@@ -49,37 +33,45 @@ public:
     for (const CFGEntry *entry : function.getEntryList())
       os << "  entry " << entry->getIndex() << ' ' << entry->getName() << " at "
          << entry->getEntryBlock()->getPlace() << '\n';
-    for (const BlockGroup &group : layout.groups) {
+    std::vector<ProcedureWays> ways;
+    if (view.collapse)
+      ways = waysOfGroups(layout);
+    for (std::size_t index = 0; index < layout.groups.size(); ++index) {
+      const BlockGroup &group = layout.groups[index];
       if (!view.paragraph.empty() && !group.has(view.paragraph))
         continue;
       if (view.collapse)
-        printCollapsed(layout, group);
+        printCollapsed(layout, group, ways[index]);
       else
         printGroup(layout, group);
     }
   }
 
 private:
-  void printHeading(const BlockGroup &group) {
+  void printHeading(const GraphLayout &layout, const BlockGroup &group) {
     if (group.paragraph)
       os << "  paragraph " << group.name();
     else if (group.section)
       os << "  section " << group.name();
     else
       os << "  " << group.name();
+    if (layout.isDead(group))
+      os << notReached;
   }
 
-  void printCollapsed(const GraphLayout &layout, const BlockGroup &group) {
-    printHeading(group);
+  void printCollapsed(const GraphLayout &layout, const BlockGroup &group,
+                      const ProcedureWays &ways) {
+    printHeading(layout, group);
     os << ": " << countStatements(group) << " statements, blocks "
        << group.blocks.front()->getPlace() << " to " << group.blocks.back()->getPlace() << '\n';
-    for (const auto &[way, target] : waysOf(layout, group))
-      os << "       " << way << ' ' << target->getPlace() << ' ' << target->getName() << '\n';
+    for (const auto &[way, target] : ways)
+      os << "       " << flowEdgeKindName(way) << ' ' << target->getPlace() << ' '
+         << target->getName() << '\n';
   }
 
   void printGroup(const GraphLayout &layout, const BlockGroup &group) {
     if (group.section || group.paragraph) {
-      printHeading(group);
+      printHeading(layout, group);
       os << '\n';
     }
     for (const CFGBlock *block : group.blocks)
@@ -97,6 +89,8 @@ private:
       os << "         ";
       os << factsOf(*element).node->getBeginLineNo() << ' ';
       printElement(os, *element);
+      if (isDead(layout, *element))
+        os << notReached;
       os << '\n';
     }
     llvm::StringRef separator = "       -> ";
@@ -110,6 +104,14 @@ private:
       os << '\n';
   }
 
+  static bool isDead(const GraphLayout &layout, const CFGElem &element) {
+    const Statement *statement = element.getStmt();
+    return statement && llvm::any_of(layout.nodesOf(element.getBlock()), [&](const FlowNode &node) {
+             return node.getStatement() == statement && !node.isReached();
+           });
+  }
+
+  static constexpr llvm::StringLiteral notReached = " [not reached]";
   llvm::raw_ostream &os;
   const GraphView &view;
 };
@@ -123,31 +125,44 @@ public:
   JsonPrinter(llvm::raw_ostream &output, const GraphView &wanted)
       : json(output, /*IndentSize=*/1), view(wanted) {}
 
-  void print(const CFGModule &module, const FunctionSelection &selection,
-             const ProcedureStarts &starts) {
+  void print(const CFGModule &module, const FlowModule &flow) {
+    const FunctionSelection selection(module, view);
+    const ProcedureStarts starts = findProcedures(module);
     json.object([&] {
       text("name", module.getName());
       json.attributeArray("functions", [&] {
         for (const CFGFunc *function : selection.functions)
-          printFunction(GraphLayout(*function, starts));
+          printFunction(GraphLayout(*function, starts, flow));
       });
-      if (selection.reportDeclaratives) {
-        json.attributeBegin("reportDeclaratives");
-        printFunction(GraphLayout(*selection.reportDeclaratives, starts));
-        json.attributeEnd();
-      }
+      if (selection.reportDeclaratives.empty())
+        return;
+      json.attributeBegin("reportDeclaratives");
+      printFunction(GraphLayout(*selection.reportDeclaratives.back(), starts, flow));
+      json.attributeEnd();
+      json.attributeArray("reportDeclarativesOfPrograms", [&] {
+        for (const CFGFunc *function : selection.reportDeclaratives)
+          printFunction(GraphLayout(*function, starts, flow));
+      });
     });
   }
 
 private:
   /// Text of the source may be in any encoding; JSON is UTF-8.
-  void text(llvm::StringRef key, llvm::StringRef value) {
-    json.attribute(key, llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value));
+  void text(llvm::StringRef key, llvm::StringRef value) { json.attribute(key, inUtf8(value)); }
+  static std::string inUtf8(llvm::StringRef value) {
+    return llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value);
+  }
+
+  bool isShown(const BlockGroup &group) const {
+    return view.paragraph.empty() || group.has(view.paragraph);
   }
 
   void printFunction(const GraphLayout &layout) {
     json.object([&] {
       text("name", layout.function->getName());
+      if (layout.flow->isReportDeclaratives() && layout.flow->getSourceUnit())
+        text("program", layout.flow->getSourceUnit()->getSourceUnitName());
+      json.attribute("called", layout.flow->isCalled());
       json.attributeArray("entries", [&] {
         for (const CFGEntry *entry : layout.function->getEntryList())
           json.object([&] {
@@ -156,33 +171,218 @@ private:
             json.attribute("block", entry->getEntryBlock()->getPlace());
           });
       });
+      if (view.collapse)
+        return printProcedures(layout);
       json.attributeArray("blocks", [&] {
         for (const BlockGroup &group : layout.groups)
-          if (view.paragraph.empty() || group.has(view.paragraph))
+          if (isShown(group))
             for (const CFGBlock *block : group.blocks)
-              printBlock(block);
+              printBlock(layout, block);
       });
+      printProcedureList(layout);
+      printNodes(layout);
+      printEdges(layout);
+      printCalls(layout);
     });
   }
 
-  void printBlock(const CFGBlock *block) {
+  void printPlace(const SourceRange &range) {
+    if (!range.beginLine)
+      return;
+    text("file", fileNameOf(range.file));
+    json.attribute("line", range.beginLine);
+    json.attribute("column", range.beginColumn);
+    json.attribute("endLine", range.endLine);
+    json.attribute("endColumn", range.endColumn);
+  }
+
+  void printBlock(const GraphLayout &layout, const CFGBlock *block) {
     json.object([&] {
       json.attribute("id", block->getPlace());
       text("name", block->getName());
       json.attribute("type", static_cast<int>(block->getBlockType()));
       json.attribute("terminator", block->getHaveTerminator());
+      json.attribute("reached", layout.flow->isReached(*block));
       json.attributeArray("elements", [&] {
         for (const CFGElem *element : block->getElements())
-          json.object([&] {
-            ElementFacts facts = factsOf(*element);
-            json.attribute("kind", static_cast<int>(element->getType()));
-            json.attribute("class", facts.className);
-            json.attribute("line", facts.node->getBeginLineNo());
-          });
+          printElementOf(layout, *element);
       });
       for (std::size_t link = 0; link < cfgLinkCount; ++link)
         if (const CFGBlock *target = block->getLink(static_cast<CFGLink>(link)))
           json.attribute(cfgLinkNames[link], target->getPlace());
+      if (const CFGBlock *next = layout.fallsInto(block))
+        json.attribute("fallsInto", next->getPlace());
+    });
+  }
+
+  void printElementOf(const GraphLayout &layout, const CFGElem &element) {
+    json.object([&] {
+      ElementFacts facts = factsOf(element);
+      json.attribute("kind", static_cast<int>(element.getType()));
+      json.attribute("class", facts.className);
+      const SourceRange &range = facts.node->getRange();
+      if (!range.beginLine)
+        json.attribute("line", 0);
+      printPlace(range);
+      const Statement *statement = element.getStmt();
+      if (!statement)
+        return;
+      const BlockGroup &group = layout.groups[layout.groupIndex(element.getBlock())];
+      if (group.section || group.paragraph)
+        text("procedure", group.name());
+      for (const FlowNode &node : layout.nodesOf(element.getBlock()))
+        if (node.getStatement() == statement && node.getKind() != FlowNodeKind::Evaluate)
+          json.attribute("node", idOf(layout, node));
+      auto targets = targetsOf(*statement);
+      if (!targets.empty())
+        json.attributeArray("targets", [&] {
+          for (const ProcedureTarget &target : targets)
+            json.value(inUtf8(target.name()));
+        });
+      if (llvm::StringRef program = calledProgram(*statement); !program.empty())
+        text("program", program);
+    });
+  }
+
+  static std::int64_t idOf(const GraphLayout &layout, const FlowNode &node) {
+    return node.getId() - layout.flow->firstNode();
+  }
+  bool isShown(const GraphLayout &layout, const FlowNode &node) const {
+    return isShown(layout.groups[layout.groupIndex(node)]);
+  }
+
+  void printProcedureList(const GraphLayout &layout) {
+    const FlowModule &flow = layout.flow->getModule();
+    json.attributeArray("procedures", [&] {
+      for (const FlowProcedure &procedure : layout.flow->procedures()) {
+        const FlowNode &entry = flow.node(procedure.entry);
+        if (!isShown(layout, entry))
+          continue;
+        json.object([&] {
+          text("name", procedure.getName()->getDisplayName());
+          json.attribute("kind", procedure.section ? "section" : "paragraph");
+          if (procedure.parent != noFlow)
+            text("section", flow.procedure(procedure.parent).getName()->getDisplayName());
+          json.attribute("entry", idOf(layout, entry));
+          json.attribute("end", idOf(layout, flow.node(procedure.end)));
+          json.attribute("reached", entry.isReached());
+          json.attribute("fallsThrough", procedure.fallsThrough);
+          if (procedure.isDeclarative)
+            json.attribute("declarative", true);
+          printPlace(procedure.getRange());
+        });
+      }
+    });
+  }
+
+  void printNodes(const GraphLayout &layout) {
+    const FlowModule &flow = layout.flow->getModule();
+    json.attributeArray("nodes", [&] {
+      for (const FlowNode &node : layout.flow->nodes()) {
+        if (!isShown(layout, node))
+          continue;
+        json.object([&] {
+          json.attribute("id", idOf(layout, node));
+          json.attribute("kind", flowNodeKindName(node.getKind()));
+          if (node.getBlock())
+            json.attribute("block", node.getBlock()->getPlace());
+          if (!node.getClassName().empty())
+            json.attribute("class", node.getClassName());
+          text("verb", node.getVerb());
+          if (node.getProcedure() != noFlow)
+            text("procedure", flow.procedure(node.getProcedure()).getName()->getDisplayName());
+          json.attribute("reached", node.isReached());
+          printPlace(node.getRange());
+        });
+      }
+    });
+  }
+
+  void printEdges(const GraphLayout &layout) {
+    const FlowModule &flow = layout.flow->getModule();
+    json.attributeArray("edges", [&] {
+      for (const FlowNode &node : layout.flow->nodes())
+        for (const FlowEdge &edge : node.successors()) {
+          const FlowNode &target = flow.node(edge.to);
+          if (!isShown(layout, node) && !isShown(layout, target))
+            continue;
+          json.object([&] {
+            json.attribute("from", idOf(layout, node));
+            json.attribute("to", idOf(layout, target));
+            json.attribute("kind", flowEdgeKindName(edge.kind));
+          });
+        }
+      // Into other functions: a nested program, a GLOBAL declarative, a report's declarative.
+      for (const FlowPerform &perform : flow.performs()) {
+        const FlowNode &node = flow.node(perform.node);
+        const FlowRange &range = flow.ranges()[perform.range];
+        if (node.getParent() == layout.flow && range.graph != layout.flow && isShown(layout, node))
+          printEdgeOut(layout, node, *range.graph, flow.procedure(range.begin).entry, perform.kind);
+      }
+      for (const FlowCall &call : flow.calls()) {
+        const FlowNode &node = flow.node(call.node);
+        if (node.getParent() == layout.flow && call.target && isShown(layout, node))
+          printEdgeOut(layout, node, *call.target, call.target->firstNode(), FlowEdgeKind::Call);
+      }
+    });
+  }
+
+  void printEdgeOut(const GraphLayout &layout, const FlowNode &node, const FlowGraph &graph,
+                    std::uint32_t target, FlowEdgeKind kind) {
+    json.object([&] {
+      json.attribute("from", idOf(layout, node));
+      json.attribute("to", target - graph.firstNode());
+      text("function", graph.getName());
+      json.attribute("kind", flowEdgeKindName(kind));
+    });
+  }
+
+  void printCalls(const GraphLayout &layout) {
+    json.attributeArray("calls", [&] {
+      for (const FlowCall &call : layout.flow->getModule().calls()) {
+        const FlowNode &node = layout.flow->getModule().node(call.node);
+        if (node.getParent() != layout.flow || !isShown(layout, node))
+          continue;
+        json.object([&] {
+          json.attribute("from", idOf(layout, node));
+          text(call.isDynamic ? "identifier" : "program", call.name);
+          json.attribute("dynamic", call.isDynamic);
+          json.attribute("inCompilation", call.target != nullptr);
+        });
+      }
+    });
+  }
+
+  /// With --collapse: a procedure is one thing, with its ways to others.
+  void printProcedures(const GraphLayout &layout) {
+    const std::vector<ProcedureWays> ways = waysOfGroups(layout);
+    json.attributeArray("procedures", [&] {
+      for (std::size_t index = 0; index < layout.groups.size(); ++index) {
+        const BlockGroup &group = layout.groups[index];
+        if (!isShown(group))
+          continue;
+        json.object([&] {
+          json.attribute("id", static_cast<std::int64_t>(index));
+          if (group.section || group.paragraph)
+            text("name", group.name());
+          json.attribute("kind", group.paragraph ? "paragraph"
+                                 : group.section ? "section"
+                                                 : "outside");
+          if (group.section && group.paragraph)
+            text("section", group.section->getDisplayName());
+          json.attribute("reached", !layout.isDead(group));
+          json.attribute("statements", static_cast<std::int64_t>(countStatements(group)));
+          json.attribute("firstBlock", group.blocks.front()->getPlace());
+          json.attribute("lastBlock", group.blocks.back()->getPlace());
+          json.attributeArray("ways", [&] {
+            for (const auto &[kind, target] : ways[index])
+              json.object([&] {
+                json.attribute("to", static_cast<std::int64_t>(layout.groupIndex(target)));
+                json.attribute("kind", flowEdgeKindName(kind));
+              });
+          });
+        });
+      }
     });
   }
 
@@ -193,17 +393,18 @@ private:
 } // namespace
 
 void printGraphText(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view) {
-  ProcedureStarts starts = findProcedures(module);
+  const std::unique_ptr<FlowModule> flow = createFlow(module);
+  const ProcedureStarts starts = findProcedures(module);
   TextPrinter printer(os, view);
   const char *separator = "";
   for (const CFGFunc *function : FunctionSelection(module, view).all()) {
     os << std::exchange(separator, "\n");
-    printer.print(GraphLayout(*function, starts));
+    printer.print(GraphLayout(*function, starts, *flow));
   }
 }
 
 void printGraphJson(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view) {
-  JsonPrinter(os, view).print(module, FunctionSelection(module, view), findProcedures(module));
+  JsonPrinter(os, view).print(module, *createFlow(module));
   os << '\n';
 }
 

@@ -401,6 +401,7 @@ private:
   llvm::raw_ostream &os;
   const GraphView &view;
   StatementText text;
+  std::unique_ptr<FlowModule> flow;
   std::vector<GraphLayout> layouts;
   llvm::DenseMap<const CFGGraph *, std::size_t> numbers;
   ReachableBlocks reachable;
@@ -412,9 +413,10 @@ private:
 
 void DotPrinter::print(const CFGModule &module, const std::vector<const CFGFunc *> &functions,
                        const ProcedureStarts &starts) {
+  flow = createFlow(module);
   for (const CFGFunc *function : functions) {
     numbers[function->getBody()] = layouts.size();
-    layouts.emplace_back(*function, starts);
+    layouts.emplace_back(*function, starts, *flow);
     reachable.addFunction(layouts.back(), starts);
     text.addFunction(layouts.back());
   }

@@ -86,11 +86,10 @@ void describeValues(Description &text, const ClauseValue &clause) {
 
 void describeOccurs(Description &text, const DataDescription &entry) {
   const ClauseOccurs &occurs = *entry.getOccurs();
-  const Occurrences times = occurrencesOf(occurs);
   text.part("OCCURS");
   if (occurs.isVariableTable())
-    text.add(std::to_string(times.min) + " TO");
-  text.add(std::to_string(times.max));
+    text.add(std::to_string(occurs.getLeastOccurrences()) + " TO");
+  text.add(std::to_string(occurs.getMostOccurrences()));
   if (occurs.isVariableTable())
     text.add("DEPENDING ON " + operandText(occurs.getOdoName()));
   if (occurs.getIndexListSize() != 0)
@@ -160,7 +159,7 @@ Description describe(const DataDescription &entry) {
   }
   describeData(text, entry);
   describeClauses(text, entry);
-  if (isMadeByCompiler(entry))
+  if (!entry.isWritten())
     text.part("compiler-made");
   if (const FileDescription *file = linageFile(entry))
     text.add("for " + file->getFileName()->getDisplayName());
@@ -614,7 +613,7 @@ void JsonPrinter::printEntry(const DataDescription &entry) {
     json.attribute("level", entry.getLevelNum());
     text("name", entryName(entry));
     printPlace(placeOf(entry));
-    flag("compilerMade", isMadeByCompiler(entry));
+    flag("compilerMade", !entry.isWritten());
     if (const FileDescription *file = linageFile(entry))
       text("forFile", file->getFileName()->getDisplayName());
     if (entry.getLevelNum() == 88) {
@@ -672,10 +671,9 @@ void JsonPrinter::printData(const DataDescription &entry) {
 
 void JsonPrinter::printOccurs(const DataDescription &entry) {
   const ClauseOccurs &occurs = *entry.getOccurs();
-  const Occurrences times = occurrencesOf(occurs);
   json.attributeObject("occurs", [&] {
-    json.attribute("min", times.min);
-    json.attribute("max", times.max);
+    json.attribute("min", occurs.getLeastOccurrences());
+    json.attribute("max", occurs.getMostOccurrences());
     text("dependingOn", operandText(occurs.getOdoName()));
     json.attribute("minBytes", minTotalSize(entry));
     json.attribute("bytes", entry.getTotalAllocSize());

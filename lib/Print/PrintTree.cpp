@@ -287,7 +287,7 @@ void TreePrinter::print(llvm::StringRef role, DataDescription &entry) {
   this->entry("redefines", entry.getRedefineObject());
   if (entry.getAccessWay())
     sink.number("accessWay", entry.getAccessWay());
-  flag("compilerMade", isMadeByCompiler(entry));
+  flag("compilerMade", !entry.isWritten());
   properties(entry);
   auto *reportEntry =
       entry.getType() == DescType::Report ? static_cast<ReportDataDescription *>(&entry) : nullptr;

@@ -17,7 +17,7 @@ class raw_ostream;
 
 namespace tarka {
 
-/// \p file is the source file as it was given: places in it are told without its name.
+/// \p file is the source file as it was given: places in it are printed without its name.
 void printTreeText(llvm::raw_ostream &os, Program &program, llvm::StringRef file);
 void printTreeJson(llvm::raw_ostream &os, Program &program, llvm::StringRef file);
 

@@ -285,9 +285,8 @@ void TreePrinter::properties(DataDescription &entry) {
 void TreePrinter::clauses(DataDescription &entry) {
   if (ClauseOccurs *occurs = entry.getOccurs()) {
     Open inner(sink, "", "ClauseOccurs", occurs->getRange());
-    auto [min, max] = occurrencesOf(*occurs);
-    sink.number("min", min);
-    sink.number("max", max);
+    sink.number("min", occurs->getLeastOccurrences());
+    sink.number("max", occurs->getMostOccurrences());
     operand("dependingOn", occurs->getOdoName());
     for (Key *key : occurs->getKeysElements()) {
       Open part(sink, "", "Key", key->getRange());

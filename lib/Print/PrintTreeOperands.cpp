@@ -2,6 +2,7 @@
 
 #include "AST/DataDescription.h"
 #include "AST/Environment.h"
+#include "AST/ExpressionVisitor.h"
 #include "AST/FileDescription.h"
 #include "AST/KindNames.h"
 #include "AST/ReportDescription.h"
@@ -9,7 +10,6 @@
 #include "Print/TreePrinter.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
-#include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
 
@@ -47,51 +47,49 @@ void TreePrinter::common(Expression &expression) {
   }
 }
 
+/// Prints what an operand consists of, by its class.
+class TreePrinter::OperandFields : public ExpressionVisitor<OperandFields> {
+public:
+  explicit OperandFields(TreePrinter &treePrinter) : printer(treePrinter) {}
+
+#define TARKA_EXPRESSION(Kind, Number, Class)                                                      \
+  void visit##Class(Class &expression) { printer.fields(expression); }
+#include "AST/Expressions.def"
+
+private:
+  TreePrinter &printer;
+};
+
 void TreePrinter::print(llvm::StringRef role, Expression &expression) {
-  if (auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&expression))
-    return printArithmetic(role, *arithmetic);
   Open node(sink, role, classNameOf(expression.getExprType()), expression.getRange());
-  switch (expression.getExprType()) {
-  case ExpressionType::NumericLiteral:
-  case ExpressionType::NonNumericLiteral:
-  case ExpressionType::FigurativeConstant:
-    sink.text("value", literalText(llvm::cast<LiteralExpression>(expression)));
-    common(expression);
-    if (auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&expression))
-      flag("national", constant->isNational());
-    break;
-  case ExpressionType::DataIdentifier:
-    fields(llvm::cast<DataIdentifierExpression>(expression));
-    break;
-  case ExpressionType::FileIdentifier: {
-    auto &file = llvm::cast<FileIdentifierExpression>(expression);
-    name("name", file.getFileName());
-    if (FileDescription *entry = file.getFileDescription())
-      sink.target("boundTo", {entry->getFileName()->getDisplayName(), entry->getRange()});
-    break;
-  }
-  case ExpressionType::FunctionIdentifier:
-    fields(llvm::cast<FunctionIdentifierExpression>(expression));
-    break;
-  case ExpressionType::SpecialRegister:
-    fields(llvm::cast<SpecialRegisterIdentifierExpression>(expression));
-    break;
-  case ExpressionType::AbbrRelationCombined: {
-    auto &objects = llvm::cast<AbbrRelationCombinedExpression>(expression);
-    one("left", objects.getLeft());
-    all("right", objects.getRightAbbrListElements());
-    break;
-  }
-  case ExpressionType::ReportIdentifier: {
-    auto &report = llvm::cast<ReportIdentifierExpression>(expression);
-    name("name", report.getReportName());
-    if (ReportDescription *entry = report.getReportDescription())
-      sink.target("boundTo", {entry->getReportName()->getDisplayName(), entry->getRange()});
-    break;
-  }
-  case ExpressionType::Arithmetic:
-    llvm_unreachable("printed above");
-  }
+  OperandFields(*this).visit(expression);
+}
+
+void TreePrinter::fields(LiteralExpression &literal) {
+  sink.text("value", literalText(literal));
+  common(literal);
+}
+
+void TreePrinter::fields(FigurativeLiteralExpression &constant) {
+  fields(static_cast<LiteralExpression &>(constant));
+  flag("national", constant.isNational());
+}
+
+void TreePrinter::fields(FileIdentifierExpression &file) {
+  name("name", file.getFileName());
+  if (FileDescription *entry = file.getFileDescription())
+    sink.target("boundTo", {entry->getFileName()->getDisplayName(), entry->getRange()});
+}
+
+void TreePrinter::fields(ReportIdentifierExpression &report) {
+  name("name", report.getReportName());
+  if (ReportDescription *entry = report.getReportDescription())
+    sink.target("boundTo", {entry->getReportName()->getDisplayName(), entry->getRange()});
+}
+
+void TreePrinter::fields(AbbrRelationCombinedExpression &objects) {
+  one("left", objects.getLeft());
+  all("right", objects.getRightAbbrListElements());
 }
 
 void TreePrinter::fields(DataIdentifierExpression &identifier) {
@@ -150,14 +148,13 @@ void TreePrinter::steps(llvm::ArrayRef<ArithmeticExpression *> chain) {
 
 /// Chains of operators lean to the left. Such a chain is one node: its first operand, and after it
 /// the others in the order in which they are worked in, each under its operator.
-void TreePrinter::printArithmetic(llvm::StringRef role, ArithmeticExpression &expression) {
+void TreePrinter::fields(ArithmeticExpression &expression) {
   llvm::SmallVector<ArithmeticExpression *, 8> chain{&expression};
   while (auto *left = llvm::dyn_cast<ArithmeticExpression>(chain.back()->getOperand1())) {
     if (!chain.back()->getOperand2() || !left->getOperand2())
       break;
     chain.push_back(left);
   }
-  Open node(sink, role, "ArithmeticExpression", expression.getRange());
   common(expression);
   steps(chain);
   flag("parenthesised", expression.isParenthesised());
@@ -178,48 +175,72 @@ void TreePrinter::print(llvm::StringRef role, AbbrRelationItem &item) {
   one("condition", item.getCond());
 }
 
+/// Prints what a condition consists of, by its class.
+class TreePrinter::ConditionFields : public ConditionVisitor<ConditionFields> {
+public:
+  explicit ConditionFields(TreePrinter &treePrinter) : printer(treePrinter) {}
+
+#define TARKA_CONDITION(Kind, Number, Class)                                                       \
+  void visit##Class(Class &condition) { printer.fields(condition); }
+#include "AST/Conditions.def"
+
+private:
+  TreePrinter &printer;
+};
+
 void TreePrinter::print(llvm::StringRef role, Condition &condition) {
-  if (auto *combined = llvm::dyn_cast<CombinedCondition>(&condition))
-    return printCombined(role, *combined);
   Open node(sink, role, classNameOf(condition.getType()), condition.getRange());
-  if (auto *conditionName = llvm::dyn_cast<ConditionNameCondition>(&condition)) {
-    one("name", static_cast<Expression *>(conditionName->getConditionName()));
-  } else if (auto *status = llvm::dyn_cast<SwitchCondition>(&condition)) {
-    sink.text("name", nameText(*status->getSwitchName()));
-    name("mnemonicName", status->getMnemonicName());
-    if (ClauseEnvName *clause = status->getEnvClause()) {
-      sink.text("status", status->isOnCond() ? "ON" : "OFF");
-      sink.target("clause", {clause->getEnvironmentName()->getDisplayName(), clause->getRange()});
-    }
-  } else if (auto *relation = llvm::dyn_cast<RelationalCondition>(&condition)) {
-    sink.text("relation", nameOf(relation->getConditionType()));
-    flag("sameGroup", relation->isSameGroup());
-    one("left", relation->getLeft());
-    one("right", relation->getRight());
-  } else if (auto *ofClass = llvm::dyn_cast<ClassCondition>(&condition)) {
-    sink.text("class", nameOf(ofClass->getClassType()));
-    name("className", ofClass->getClassName());
-    if (ClauseClass *clause = ofClass->getClauseClass())
-      sink.target("clause", {ofClass->getClassName()->getDisplayName(), clause->getRange()});
-    one("operand", ofClass->getLeft());
-  } else if (auto *sign = llvm::dyn_cast<SignCondition>(&condition)) {
-    sink.text("sign", nameOf(sign->getSignType()));
-    one("operand", sign->getOperand());
-  } else if (auto *negated = llvm::dyn_cast<NegatedCondition>(&condition)) {
-    one("operand", negated->getOperand());
-  } else if (auto *abbreviated = llvm::dyn_cast<AbbrRelationalCondition>(&condition)) {
-    sink.text("relation", nameOf(abbreviated->getConditionType()));
-    flag("takenOver", !abbreviated->isRelationWritten());
-    one("right", abbreviated->getRight());
+  ConditionFields(*this).visit(condition);
+}
+
+void TreePrinter::fields(ConditionNameCondition &condition) {
+  operand("name", condition.getConditionName());
+}
+
+void TreePrinter::fields(SwitchCondition &status) {
+  sink.text("name", nameText(*status.getSwitchName()));
+  name("mnemonicName", status.getMnemonicName());
+  if (ClauseEnvName *clause = status.getEnvClause()) {
+    sink.text("status", status.isOnCond() ? "ON" : "OFF");
+    sink.target("clause", {clause->getEnvironmentName()->getDisplayName(), clause->getRange()});
   }
 }
 
+void TreePrinter::fields(RelationalCondition &relation) {
+  sink.text("relation", nameOf(relation.getConditionType()));
+  flag("sameGroup", relation.isSameGroup());
+  one("left", relation.getLeft());
+  one("right", relation.getRight());
+}
+
+void TreePrinter::fields(ClassCondition &condition) {
+  sink.text("class", nameOf(condition.getClassType()));
+  name("className", condition.getClassName());
+  if (ClauseClass *clause = condition.getClauseClass())
+    sink.target("clause", {condition.getClassName()->getDisplayName(), clause->getRange()});
+  one("operand", condition.getLeft());
+}
+
+void TreePrinter::fields(SignCondition &condition) {
+  sink.text("sign", nameOf(condition.getSignType()));
+  one("operand", condition.getOperand());
+}
+
+void TreePrinter::fields(NegatedCondition &condition) {
+  one("operand", condition.getOperand());
+}
+
+void TreePrinter::fields(AbbrRelationalCondition &relation) {
+  sink.text("relation", nameOf(relation.getConditionType()));
+  flag("takenOver", !relation.isRelationWritten());
+  one("right", relation.getRight());
+}
+
 /// Like chains of arithmetic operators.
-void TreePrinter::printCombined(llvm::StringRef role, CombinedCondition &condition) {
+void TreePrinter::fields(CombinedCondition &condition) {
   llvm::SmallVector<CombinedCondition *, 8> chain{&condition};
   while (auto *left = llvm::dyn_cast_if_present<CombinedCondition>(chain.back()->getLeft()))
     chain.push_back(left);
-  Open node(sink, role, "CombinedCondition", condition.getRange());
   one("first", chain.back()->getLeft());
   for (CombinedCondition *link : llvm::reverse(chain))
     one(nameOf(link->getOpTy()), link->getRight());

@@ -1,7 +1,7 @@
 //===- PrintTreeStatements.cpp - statements of the tree -------------------===//
 //
-// One function a statement, told in the order in which the statement is
-// written; then what the checks made of it.
+// One function for each statement. It prints the parts in the order in which the
+// statement is written, then what the checks have made of it.
 //
 //===----------------------------------------------------------------------===//
 
@@ -70,7 +70,7 @@ void TreePrinter::range(ProcedureRange &range) {
 void TreePrinter::print(llvm::StringRef role, RoundedOperand &operand) {
   if (!operand.first)
     return;
-  // ROUNDED goes with the receiver, so it is told by what the receiver is.
+  // ROUNDED belongs to the receiver, so it is part of its role.
   print(operand.second ? role.str() + " rounded" : role.str(), *operand.first);
 }
 

@@ -36,7 +36,7 @@ static void forEachItem(const DataDescription &entry, unsigned depth, Visitor vi
 
 ReportColumns::ReportColumns(const ReportDescription &report) {
   for (const ReportDataDescription *group : report.getRecordListElements()) {
-    // The last column that is filled so far; below 0 when it cannot be told.
+    // The last column that is filled so far; below 0 when it is not known.
     long long end = 0;
     forEachItem(*group, 0, [&](const ReportDataDescription &entry, unsigned) {
       if (entry.getLineClause())
@@ -160,7 +160,7 @@ std::vector<std::string> partsOf(const ReportDataDescription &entry) {
   if (const ClausePicture *picture = entry.getPicture())
     parts.push_back("PIC " + picture->getCharStringWord()->getWordData());
   if (const ClauseReportOccurs *occurs = entry.getReportOccursClause()) {
-    parts.push_back("OCCURS " + std::to_string(occurrencesOf(*occurs->getOccurs()).max));
+    parts.push_back("OCCURS " + std::to_string(occurs->getOccurs()->getMostOccurrences()));
     if (occurs->getStepExpr())
       parts.back() += " STEP " + wordsOf(occurs->getStepExpr());
   }

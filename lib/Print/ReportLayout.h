@@ -26,12 +26,12 @@ struct ColumnRange {
 };
 
 /// Where the items of a report stand within their lines. A column that is counted from the item
-/// before it is one that can be told as long as the columns of that item are known.
+/// before it is known as long as the columns of that item are known.
 class ReportColumns {
 public:
   explicit ReportColumns(const ReportDescription &report);
 
-  /// One range for every number of the COLUMN clause; none where they cannot be told.
+  /// One range for every number of the COLUMN clause; none where they are not known.
   const std::vector<ColumnRange> &of(const DataDescription &entry) const;
 
 private:

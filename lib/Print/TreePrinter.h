@@ -1,7 +1,7 @@
 //===- TreePrinter.h - the walk over the tree, and where it goes -*- C++ -*-===//
 //
-// TreePrinter goes through the tree once and tells a TreeSink what it finds;
-// the sinks turn it into text and JSON.
+// TreePrinter goes through the tree once and reports what it finds to a
+// TreeSink; the sinks turn it into text and JSON.
 //
 //===----------------------------------------------------------------------===//
 
@@ -25,7 +25,7 @@ struct TreeTarget {
   SourceRange place;
 };
 
-/// What is told of a node: its kind and place, then its properties, then the nodes below it.
+/// Receives a node: its kind and place, then its properties, then the nodes below it.
 class TreeSink {
 public:
   virtual ~TreeSink() = default;
@@ -38,7 +38,7 @@ public:
   virtual void texts(llvm::StringRef name, llvm::ArrayRef<llvm::StringRef> values) = 0;
   virtual void number(llvm::StringRef name, std::int64_t value) = 0;
   virtual void numbers(llvm::StringRef name, llvm::ArrayRef<std::int64_t> values) = 0;
-  /// Says that the node is what \p name says.
+  /// The node has the property \p name.
   virtual void flag(llvm::StringRef name) = 0;
   /// Another node of the tree that this one stands for.
   virtual void target(llvm::StringRef name, const TreeTarget &to) = 0;
@@ -137,11 +137,25 @@ private:
   void print(llvm::StringRef role, ReferenceModifier &modifier);
   void print(llvm::StringRef role, AbbrRelationItem &item);
   void print(llvm::StringRef role, Condition &condition);
+  class OperandFields;
+  class ConditionFields;
+  void fields(AbbrRelationCombinedExpression &objects);
+  void fields(ArithmeticExpression &expression);
   void fields(DataIdentifierExpression &identifier);
+  void fields(FigurativeLiteralExpression &constant);
+  void fields(FileIdentifierExpression &file);
   void fields(FunctionIdentifierExpression &function);
+  void fields(LiteralExpression &literal);
+  void fields(ReportIdentifierExpression &report);
   void fields(SpecialRegisterIdentifierExpression &specialRegister);
-  void printArithmetic(llvm::StringRef role, ArithmeticExpression &expression);
-  void printCombined(llvm::StringRef role, CombinedCondition &condition);
+  void fields(AbbrRelationalCondition &relation);
+  void fields(ClassCondition &condition);
+  void fields(CombinedCondition &condition);
+  void fields(ConditionNameCondition &condition);
+  void fields(NegatedCondition &condition);
+  void fields(RelationalCondition &relation);
+  void fields(SignCondition &condition);
+  void fields(SwitchCondition &status);
   void common(Expression &expression);
   void steps(llvm::ArrayRef<ArithmeticExpression *> chain);
 

@@ -162,7 +162,9 @@ void SarifSink::printInvocation(bool isSuccessful, int exitStatus) {
         json->object([&, &path = file, &text = reason] {
           json->attribute("level", "error");
           printText("message", text);
-          json->attributeArray("locations", [&] { printLocation({internFileName(path)}, "", ""); });
+          SourceRange place;
+          place.file = internFileName(path);
+          json->attributeArray("locations", [&] { printLocation(place, "", ""); });
         });
     });
   });

@@ -21,14 +21,12 @@ LATER.
 *> CHECK-NEXT:          9 GO TO FIRST-TIME
 *> CHECK-NEXT:        -> successor 2 tkdummy_after_goto
 *> CHECK-NEXT:     2: tkdummy_after_goto
-*> CHECK-NEXT:        -> falls into 3 FIRST-TIME
 *> CHECK-NEXT:   paragraph FIRST-TIME
 *> CHECK-NEXT:     3: FIRST-TIME [procedure] [terminator]
 *> CHECK-NEXT:          11 ALTER
 *> CHECK-NEXT:          12 GO TO SWITCH
 *> CHECK-NEXT:        -> successor 4 tkdummy_after_goto
 *> CHECK-NEXT:     4: tkdummy_after_goto
-*> CHECK-NEXT:        -> falls into 5 LATER
 *> CHECK-NEXT:   paragraph LATER
 *> CHECK-NEXT:     5: LATER [procedure]
 *> CHECK-NEXT:          14 STOP

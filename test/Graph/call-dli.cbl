@@ -25,7 +25,7 @@ FIRST-PART.
     CALL "CBLTDLI" USING GET-UNIQUE, PCB, AREA-1.
     CALL "cbltdli" USING HOW-MANY, GET-UNIQUE, PCB, AREA-1.
     EXIT PROGRAM.
-*> CHECK:      function READER
+*> CHECK:      function READER [not called]
 *> CHECK:        paragraph FIRST-PART
 *> CHECK-NEXT:     1: FIRST-PART [procedure] [terminator]
 *> CHECK-NEXT:          25 MOVE

@@ -67,7 +67,6 @@ SHARED SECTION.
 *> CHECK-NEXT:          20 return to performer of A-ERROR
 *> CHECK-NEXT:        -> successor 6 A-ERROR_exit_after
 *> CHECK-NEXT:     6: A-ERROR_exit_after
-*> CHECK-NEXT:        -> falls into 7 OUT-ERROR
 *> CHECK-NEXT:   section OUT-ERROR
 *> CHECK-NEXT:     7: OUT-ERROR [terminator]
 *> CHECK-NEXT:          27 PERFORM SHARED_tkcopy
@@ -78,7 +77,6 @@ SHARED SECTION.
 *> CHECK-NEXT:          25 return to performer of OUT-ERROR
 *> CHECK-NEXT:        -> successor 10 OUT-ERROR_exit_after
 *> CHECK-NEXT:    10: OUT-ERROR_exit_after
-*> CHECK-NEXT:        -> falls into 11 TRACING
 *> CHECK-NEXT:   section TRACING
 *> CHECK-NEXT:    11: TRACING
 *> CHECK-NEXT:          30 DISPLAY
@@ -87,20 +85,17 @@ SHARED SECTION.
 *> CHECK-NEXT:          28 return to performer of TRACING
 *> CHECK-NEXT:        -> successor 13 TRACING_exit_after
 *> CHECK-NEXT:    13: TRACING_exit_after
-*> CHECK-NEXT:        -> falls into 14 HELP
-*> CHECK-NEXT:   section HELP
+*> CHECK-NEXT:   section HELP [not reached]
 *> CHECK-NEXT:    14: HELP
-*> CHECK-NEXT:        -> falls into 15 HELP-1
-*> CHECK-NEXT:   paragraph HELP-1
+*> CHECK-NEXT:   paragraph HELP-1 [not reached]
 *> CHECK-NEXT:    15: HELP-1 [procedure]
-*> CHECK-NEXT:          33 DISPLAY
+*> CHECK-NEXT:          33 DISPLAY [not reached]
 *> CHECK-NEXT:        -> successor 16 HELP_exit
-*> CHECK-NEXT:   section HELP
+*> CHECK-NEXT:   section HELP [not reached]
 *> CHECK-NEXT:    16: HELP_exit [terminator]
 *> CHECK-NEXT:          31 return to performer of HELP
 *> CHECK-NEXT:        -> successor 17 HELP_exit_after
 *> CHECK-NEXT:    17: HELP_exit_after
-*> CHECK-NEXT:        -> falls into 18 SHARED_tkcopy
 *> CHECK-NEXT:   section SHARED_tkcopy
 *> CHECK-NEXT:    18: SHARED_tkcopy
 *> CHECK-NEXT:          44 DISPLAY
@@ -109,7 +104,6 @@ SHARED SECTION.
 *> CHECK-NEXT:          43 return to performer of SHARED_tkcopy
 *> CHECK-NEXT:        -> successor 20 SHARED_tkcopy_exit_after
 *> CHECK-NEXT:    20: SHARED_tkcopy_exit_after
-*> CHECK-NEXT:        -> falls into 21 tkdummy_end_declaratives
 *> CHECK-NEXT:    21: tkdummy_end_declaratives
 *> CHECK-NEXT:        -> falls into 22 MAIN
 *> CHECK-NEXT:   section MAIN
@@ -132,7 +126,6 @@ SHARED SECTION.
 *> CHECK-NEXT:    27: tkdummy_declarative_after
 *> CHECK-NEXT:          41 CLOSE
 *> CHECK-NEXT:          42 STOP
-*> CHECK-NEXT:        -> falls into 28 SHARED
-*> CHECK-NEXT:   section SHARED
+*> CHECK-NEXT:   section SHARED [not reached]
 *> CHECK-NEXT:    28: SHARED [procedure]
-*> CHECK-NEXT:          44 DISPLAY
+*> CHECK-NEXT:          44 DISPLAY [not reached]

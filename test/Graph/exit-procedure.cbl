@@ -34,7 +34,6 @@ PLAIN.
 *> CHECK-NEXT:        -> successor 3 tkdummy_perform_12_line_after, after 3 tkdummy_perform_12_line_after, return 3 tkdummy_perform_12_line_after
 *> CHECK-NEXT:     3: tkdummy_perform_12_line_after
 *> CHECK-NEXT:          13 STOP
-*> CHECK-NEXT:        -> falls into 4 WORK
 *> CHECK-NEXT:   section WORK
 *> CHECK-NEXT:     4: WORK [procedure] [terminator]
 *> CHECK-NEXT:          15 IF
@@ -51,23 +50,23 @@ PLAIN.
 *> CHECK-NEXT:          17 EXIT PARAGRAPH
 *> CHECK-NEXT:        -> after 16 tkdummy_end_paragraph
 *> CHECK-NEXT:     9: tkdummy_after_exit_paragraph [terminator]
-*> CHECK-NEXT:          18 when
+*> CHECK-NEXT:          18 when [not reached]
 *> CHECK-NEXT:        -> successor 12 tkdummy_evaluate_when_cond, then 10 tkdummy_evaluate_when_body, else 12 tkdummy_evaluate_when_cond, end 15 tkdummy_evaluate_end
 *> CHECK-NEXT:    10: tkdummy_evaluate_when_body [terminator]
-*> CHECK-NEXT:          19 EXIT PARAGRAPH
+*> CHECK-NEXT:          19 EXIT PARAGRAPH [not reached]
 *> CHECK-NEXT:        -> after 16 tkdummy_end_paragraph
 *> CHECK-NEXT:    11: tkdummy_after_exit_paragraph
 *> CHECK-NEXT:        -> successor 15 tkdummy_evaluate_end, then 15 tkdummy_evaluate_end
 *> CHECK-NEXT:    12: tkdummy_evaluate_when_cond [terminator]
-*> CHECK-NEXT:          18 when
+*> CHECK-NEXT:          18 when [not reached]
 *> CHECK-NEXT:        -> successor 15 tkdummy_evaluate_end, then 13 tkdummy_evaluate_when_body, else 15 tkdummy_evaluate_end, end 15 tkdummy_evaluate_end
 *> CHECK-NEXT:    13: tkdummy_evaluate_when_body [terminator]
-*> CHECK-NEXT:          20 EXIT SECTION
+*> CHECK-NEXT:          20 EXIT SECTION [not reached]
 *> CHECK-NEXT:        -> after 20 tkdummy_end_section
 *> CHECK-NEXT:    14: tkdummy_after_exit_section
 *> CHECK-NEXT:        -> successor 15 tkdummy_evaluate_end, then 15 tkdummy_evaluate_end
 *> CHECK-NEXT:    15: tkdummy_evaluate_end
-*> CHECK-NEXT:          22 DISPLAY
+*> CHECK-NEXT:          22 DISPLAY [not reached]
 *> CHECK-NEXT:        -> successor 16 tkdummy_end_paragraph
 *> CHECK-NEXT:    16: tkdummy_end_paragraph
 *> CHECK-NEXT:        -> successor 17 STEP-1_exit

@@ -43,13 +43,12 @@ EMPTY-LAST.
 *> CHECK-NEXT:          20 PERFORM FIRST-STEP THRU LAST-STEP
 *> CHECK-NEXT:        -> successor 4 tkdummy_perform_20_line_after, after 4 tkdummy_perform_20_line_after, return 4 tkdummy_perform_20_line_after
 *> CHECK-NEXT:     4: tkdummy_perform_20_line_after
-*> CHECK-NEXT:        -> falls into 5 LAST-STEP
-*> CHECK-NEXT:   paragraph LAST-STEP
+*> CHECK-NEXT:   paragraph LAST-STEP [not reached]
 *> CHECK-NEXT:     5: LAST-STEP [procedure] [terminator]
-*> CHECK-NEXT:          22 IF
+*> CHECK-NEXT:          22 IF [not reached]
 *> CHECK-NEXT:        -> then 6 tkdummy_then, end 7 tkdummy_endif
 *> CHECK-NEXT:     6: tkdummy_then
-*> CHECK-NEXT:          23 MOVE
+*> CHECK-NEXT:          23 MOVE [not reached]
 *> CHECK-NEXT:        -> successor 7 tkdummy_endif
 *> CHECK-NEXT:     7: tkdummy_endif
 *> CHECK-NEXT:        -> successor 8 LAST-STEP_exit
@@ -57,6 +56,5 @@ EMPTY-LAST.
 *> CHECK-NEXT:          21 return to performer of LAST-STEP
 *> CHECK-NEXT:        -> successor 9 LAST-STEP_exit_after
 *> CHECK-NEXT:     9: LAST-STEP_exit_after
-*> CHECK-NEXT:        -> falls into 10 EMPTY-LAST
-*> CHECK-NEXT:   paragraph EMPTY-LAST
+*> CHECK-NEXT:   paragraph EMPTY-LAST [not reached]
 *> CHECK-NEXT:    10: EMPTY-LAST [procedure]

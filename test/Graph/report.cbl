@@ -63,7 +63,6 @@ MAIN-1.
 *> CHECK-NEXT:          35 return to performer of P-ERROR
 *> CHECK-NEXT:        -> successor 5 P-ERROR_exit_after
 *> CHECK-NEXT:     5: P-ERROR_exit_after
-*> CHECK-NEXT:        -> falls into 6 tkdummy_end_declaratives
 *> CHECK-NEXT:     6: tkdummy_end_declaratives
 *> CHECK-NEXT:        -> falls into 7 MAIN
 *> CHECK-NEXT:   section MAIN

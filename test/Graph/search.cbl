@@ -38,7 +38,7 @@ BINARY-WITHOUT-END.
 *> CHECK-NEXT:     1: SERIAL [procedure] [terminator]
 *> CHECK-NEXT:          15 SET
 *> CHECK-NEXT:          16 SEARCH
-*> CHECK-NEXT:        -> successor 2 tkdummy_search_index_cmp, end 11 tkdummy_search_end
+*> CHECK-NEXT:        -> successor 2 tkdummy_search_index_cmp, then 2 tkdummy_search_index_cmp, end 11 tkdummy_search_end
 *> CHECK-NEXT:     2: tkdummy_search_index_cmp [terminator]
 *> CHECK-NEXT:        -> then 3 tkdummy_search_when_cond, else 10 tkdummy_search_at_end
 *> CHECK-NEXT:     3: tkdummy_search_when_cond [terminator]
@@ -69,7 +69,7 @@ BINARY-WITHOUT-END.
 *> CHECK-NEXT:   paragraph SERIAL-WITHOUT-END
 *> CHECK-NEXT:    12: SERIAL-WITHOUT-END [procedure] [terminator]
 *> CHECK-NEXT:          24 SEARCH
-*> CHECK-NEXT:        -> successor 13 tkdummy_search_index_cmp, end 17 tkdummy_search_end, next 18 tkdummy_end_sentence
+*> CHECK-NEXT:        -> successor 13 tkdummy_search_index_cmp, then 13 tkdummy_search_index_cmp, end 17 tkdummy_search_end, next 18 tkdummy_end_sentence
 *> CHECK-NEXT:    13: tkdummy_search_index_cmp [terminator]
 *> CHECK-NEXT:        -> then 14 tkdummy_search_when_cond, else 17 tkdummy_search_end
 *> CHECK-NEXT:    14: tkdummy_search_when_cond [terminator]
@@ -87,7 +87,7 @@ BINARY-WITHOUT-END.
 *> CHECK-NEXT:   paragraph BINARY-WITH-END
 *> CHECK-NEXT:    19: BINARY-WITH-END [procedure] [terminator]
 *> CHECK-NEXT:          26 SEARCH
-*> CHECK-NEXT:        -> successor 20 tkdummy_search_loop_cmp, end 28 tkdummy_search_end
+*> CHECK-NEXT:        -> successor 20 tkdummy_search_loop_cmp, then 20 tkdummy_search_loop_cmp, end 28 tkdummy_search_end
 *> CHECK-NEXT:    20: tkdummy_search_loop_cmp [terminator]
 *> CHECK-NEXT:        -> then 21 tkdummy_search_mid_index, else 27 tkdummy_search_at_end
 *> CHECK-NEXT:    21: tkdummy_search_mid_index
@@ -112,7 +112,7 @@ BINARY-WITHOUT-END.
 *> CHECK-NEXT:   paragraph BINARY-WITHOUT-END
 *> CHECK-NEXT:    29: BINARY-WITHOUT-END [procedure] [terminator]
 *> CHECK-NEXT:          31 SEARCH
-*> CHECK-NEXT:        -> successor 30 tkdummy_search_loop_cmp, end 37 tkdummy_search_end
+*> CHECK-NEXT:        -> successor 30 tkdummy_search_loop_cmp, then 30 tkdummy_search_loop_cmp, end 37 tkdummy_search_end
 *> CHECK-NEXT:    30: tkdummy_search_loop_cmp [terminator]
 *> CHECK-NEXT:        -> then 31 tkdummy_search_mid_index, else 37 tkdummy_search_end
 *> CHECK-NEXT:    31: tkdummy_search_mid_index

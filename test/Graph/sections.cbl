@@ -34,7 +34,6 @@ EMPTY-SECT SECTION.
 *> CHECK-NEXT:        -> successor 4 tkdummy_perform_13_line_after, after 4 tkdummy_perform_13_line_after, return 4 tkdummy_perform_13_line_after
 *> CHECK-NEXT:     4: tkdummy_perform_13_line_after
 *> CHECK-NEXT:          14 STOP
-*> CHECK-NEXT:        -> falls into 5 WORK
 *> CHECK-NEXT:   section WORK
 *> CHECK-NEXT:     5: WORK [procedure]
 *> CHECK-NEXT:          16 MOVE
@@ -57,7 +56,6 @@ EMPTY-SECT SECTION.
 *> CHECK-NEXT:          15 return to performer of WORK
 *> CHECK-NEXT:        -> successor 11 WORK_exit_after
 *> CHECK-NEXT:    11: WORK_exit_after
-*> CHECK-NEXT:        -> falls into 12 EMPTY-SECT
 *> CHECK-NEXT:   section EMPTY-SECT
 *> CHECK-NEXT:    12: EMPTY-SECT [procedure]
 *> CHECK-NEXT:        -> successor 13 EMPTY-SECT_exit

@@ -90,7 +90,6 @@ DRAIN.
 *> CHECK-NEXT:    17: tkdummy_endmerge [terminator]
 *> CHECK-NEXT:          32 GOBACK
 *> CHECK-NEXT:    18: tkdummy_after_goback
-*> CHECK-NEXT:        -> falls into 19 FILL
 *> CHECK-NEXT:   paragraph FILL
 *> CHECK-NEXT:    19: FILL [procedure]
 *> CHECK-NEXT:          34 RELEASE
@@ -103,7 +102,6 @@ DRAIN.
 *> CHECK-NEXT:          35 return to performer of FILL-END
 *> CHECK-NEXT:        -> successor 22 FILL-END_exit_after
 *> CHECK-NEXT:    22: FILL-END_exit_after
-*> CHECK-NEXT:        -> falls into 23 DRAIN
 *> CHECK-NEXT:   paragraph DRAIN
 *> CHECK-NEXT:    23: DRAIN [procedure] [terminator]
 *> CHECK-NEXT:          38 RETURN

@@ -72,15 +72,14 @@ LABELS.
 *> CHECK-NEXT:          25 GO TO LABELS
 *> CHECK-NEXT:        -> successor 14 tkdummy_after_goto
 *> CHECK-NEXT:    14: tkdummy_after_goto [terminator]
-*> CHECK-NEXT:          26 GO TO SENTENCES JUMPS LABELS
-*> CHECK-NEXT:        -> successor 15 tkdummy_after_goto
+*> CHECK-NEXT:          26 GO TO SENTENCES JUMPS LABELS [not reached]
+*> CHECK-NEXT:        -> successor 15 tkdummy_after_goto, end 15 tkdummy_after_goto
 *> CHECK-NEXT:    15: tkdummy_after_goto
-*> CHECK-NEXT:          27 MOVE
-*> CHECK-NEXT:        -> falls into 16 LABELS
+*> CHECK-NEXT:          27 MOVE [not reached]
 *> CHECK-NEXT:   paragraph LABELS
 *> CHECK-NEXT:    16: LABELS [procedure] [terminator]
 *> CHECK-NEXT:          29 EXIT PROGRAM
 *> CHECK-NEXT:    17: tkdummy_after_exit_program [terminator]
 *> CHECK-NEXT:          30 STOP
-*> CHECK-NEXT:          31 GOBACK
+*> CHECK-NEXT:          31 GOBACK [not reached]
 *> CHECK-NEXT:    18: tkdummy_after_goback

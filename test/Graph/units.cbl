@@ -63,22 +63,22 @@ END PROGRAM DATA-ONLY.
 *> CHECK-NEXT:          18 GOBACK
 *> CHECK-NEXT:     6: tkdummy_after_goback
 *>
-*> CHECK:      function CHILD
+*> CHECK:      function CHILD [not called]
 *> CHECK-NEXT:     0: entry
 *> CHECK-NEXT:        -> falls into 1 tkdummy_unnamed_sentence
 *> CHECK-NEXT:     1: tkdummy_unnamed_sentence [terminator]
 *> CHECK-NEXT:          22 EXIT PROGRAM
 *> CHECK-NEXT:     2: tkdummy_after_exit_program
-*> CHECK-NEXT:          23 DISPLAY
+*> CHECK-NEXT:          23 DISPLAY [not reached]
 *>
-*> CHECK:      function GRANDCHILD
+*> CHECK:      function GRANDCHILD [not called]
 *> CHECK-NEXT:     0: entry
 *> CHECK-NEXT:        -> falls into 1 tkdummy_unnamed_sentence
 *> CHECK-NEXT:     1: tkdummy_unnamed_sentence [terminator]
 *> CHECK-NEXT:          27 GOBACK
 *> CHECK-NEXT:     2: tkdummy_after_goback
 *>
-*> CHECK:      function SIBLING
+*> CHECK:      function SIBLING [not called]
 *> CHECK-NEXT:     0: entry
 *> CHECK-NEXT:        -> falls into 1 tkdummy_unnamed_sentence
 *> CHECK-NEXT:     1: tkdummy_unnamed_sentence [terminator]

@@ -86,7 +86,6 @@ END PROGRAM OUTER.
 *> CHECK-NEXT:          23 return to performer of IO-ERROR
 *> CHECK-NEXT:        -> successor 6 IO-ERROR_exit_after
 *> CHECK-NEXT:     6: IO-ERROR_exit_after
-*> CHECK-NEXT:        -> falls into 7 LOG-ERROR
 *> CHECK-NEXT:   section LOG-ERROR
 *> CHECK-NEXT:     7: LOG-ERROR
 *> CHECK-NEXT:          29 DISPLAY
@@ -95,7 +94,6 @@ END PROGRAM OUTER.
 *> CHECK-NEXT:          27 return to performer of LOG-ERROR
 *> CHECK-NEXT:        -> successor 9 LOG-ERROR_exit_after
 *> CHECK-NEXT:     9: LOG-ERROR_exit_after
-*> CHECK-NEXT:        -> falls into 10 tkdummy_end_declaratives
 *> CHECK-NEXT:    10: tkdummy_end_declaratives
 *> CHECK-NEXT:        -> falls into 11 MAIN
 *> CHECK-NEXT:   section MAIN
@@ -134,7 +132,7 @@ END PROGRAM OUTER.
 *> CHECK-NEXT:        -> successor 22 tkdummy_rewrite_end
 *> CHECK-NEXT:    22: tkdummy_rewrite_end
 *>
-*> CHECK:      function INNER
+*> CHECK:      function INNER [not called]
 *> CHECK-NEXT:     0: entry
 *> CHECK-NEXT:        -> falls into 1 MAIN
 *> CHECK-NEXT:   paragraph MAIN
@@ -146,7 +144,7 @@ END PROGRAM OUTER.
 *> CHECK-NEXT:          48 GOBACK
 *> CHECK-NEXT:     3: tkdummy_after_goback
 *>
-*> CHECK:      function INNERMOST
+*> CHECK:      function INNERMOST [not called]
 *> CHECK-NEXT:     0: entry
 *> CHECK-NEXT:          57 file LOG-FILE
 *> CHECK-NEXT:        -> falls into 1 MAIN

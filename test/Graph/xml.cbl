@@ -69,7 +69,7 @@ EVENTS-END.
 *> CHECK-NEXT:   paragraph PARSE-NONE
 *> CHECK-NEXT:    10: PARSE-NONE [procedure] [terminator]
 *> CHECK-NEXT:          26 XML PARSE
-*> CHECK-NEXT:        -> successor 11 tkdummy_xml_parser, end 17 tkdummy_xml_parse_end
+*> CHECK-NEXT:        -> successor 11 tkdummy_xml_parser, then 11 tkdummy_xml_parser, end 17 tkdummy_xml_parse_end
 *> CHECK-NEXT:    11: tkdummy_xml_parser [terminator]
 *> CHECK-NEXT:        -> then 12 tkdummy_xml_proc, else 16 tkdummy_26_line_xml_exception_cond
 *> CHECK-NEXT:    12: tkdummy_xml_proc [terminator]
@@ -89,7 +89,7 @@ EVENTS-END.
 *> CHECK-NEXT:   paragraph PARSE-BOTH
 *> CHECK-NEXT:    18: PARSE-BOTH [procedure] [terminator]
 *> CHECK-NEXT:          29 XML PARSE
-*> CHECK-NEXT:        -> successor 19 tkdummy_xml_parser, end 27 tkdummy_xml_parse_end
+*> CHECK-NEXT:        -> successor 19 tkdummy_xml_parser, then 19 tkdummy_xml_parser, end 27 tkdummy_xml_parse_end
 *> CHECK-NEXT:    19: tkdummy_xml_parser [terminator]
 *> CHECK-NEXT:        -> then 20 tkdummy_xml_proc, else 24 tkdummy_29_line_xml_exception_cond
 *> CHECK-NEXT:    20: tkdummy_xml_proc [terminator]
@@ -112,7 +112,6 @@ EVENTS-END.
 *> CHECK-NEXT:    27: tkdummy_xml_parse_end [terminator]
 *> CHECK-NEXT:          33 GOBACK
 *> CHECK-NEXT:    28: tkdummy_after_goback
-*> CHECK-NEXT:        -> falls into 29 EVENTS
 *> CHECK-NEXT:   paragraph EVENTS
 *> CHECK-NEXT:    29: EVENTS [procedure]
 *> CHECK-NEXT:          35 DISPLAY

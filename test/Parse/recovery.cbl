@@ -128,7 +128,7 @@
 
        ID DIVISION.
        PROGRAM-ID. P3
-       ENVIRONMENT DIVISION. *> expect: 220
+       ENVIRONMENT DIVISION.
        CONFIGURATION SECTION.
        REPOSITORY.
            CLASS BASE IS "java.lang.Object". *> expect: 221

@@ -48,3 +48,36 @@
            MOVE MAX(1) TO MAX(2)
            MOVE MAXIMUM(1) TO MAX(2).             *> expect: 3310
        END PROGRAM SOME-FUNCTIONS.
+
+      *> Any number of names.
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. MANY-FUNCTIONS.
+       ENVIRONMENT DIVISION.
+       CONFIGURATION SECTION.
+       REPOSITORY.
+           FUNCTION
+               ABS ACOS ASIN ATAN
+               CHAR COS EXP FACTORIAL
+               INTEGER LOG LOG10 MEAN
+               MEDIAN MIDRANGE MOD ORD
+               RANGE REM SIN SQRT
+               SUM TAN UPPER-CASE LOWER-CASE
+               ABS ACOS ASIN ATAN
+               CHAR COS EXP FACTORIAL
+               INTEGER LOG LOG10 MEAN
+               MEDIAN MIDRANGE MOD ORD
+               RANGE REM SIN SQRT
+               SUM TAN UPPER-CASE LOWER-CASE
+               ABS ACOS ASIN ATAN
+               CHAR COS EXP FACTORIAL
+               INTEGER LOG LOG10 MEAN
+               MEDIAN MIDRANGE MOD ORD
+               RANGE REM SIN SQRT
+               SUM TAN UPPER-CASE LOWER-CASE REVERSE
+               INTRINSIC.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       01  A PIC X(10).
+       PROCEDURE DIVISION.
+           DISPLAY REVERSE(A).
+       END PROGRAM MANY-FUNCTIONS.

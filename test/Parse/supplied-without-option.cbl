@@ -4,7 +4,7 @@
       *> RUN: not %tarka check %s 2>&1 | FileCheck %s
       *> CHECK: SQLCA was not found; the option --sql supplies it
       *> CHECK: dfhaid was not found; the option --cics supplies it
-      *> CHECK: DFHRESP(NORMAL) is a constant of CICS, which the option --cics provides
+      *> CHECK: DFHRESP(NORMAL) is a CICS constant; the option --cics provides it
        IDENTIFICATION DIVISION.
        PROGRAM-ID. P.
        DATA DIVISION.

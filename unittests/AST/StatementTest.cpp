@@ -9,27 +9,12 @@ using llvm::isa;
 
 namespace {
 
-template <class... Classes> struct ClassList {
-  /// Calls \p visit with the kind of each class and with its own test for a statement.
-  template <class Visitor> static void forEach(Visitor visit) {
-    (visit(Classes::Kind, [](const Statement &s) { return isa<Classes>(s); }), ...);
-  }
-};
-
-using AllStatements = ClassList<
-    AcceptStatement, AddStatement, AlterStatement, CallStatement, CancelStatement, CloseStatement,
-    ComputeStatement, ContinueStatement, DeleteStatement, DisplayStatement, DivideStatement,
-    EntryStatement, EvaluateStatement, ExitStatement, ExitProgramStatement, GotoStatement,
-    GobackStatement, IfStatement, InitializeStatement, InspectStatement, MergeStatement,
-    MoveStatement, MultiplyStatement, OpenStatement, PerformStatement, ReadStatement,
-    ReleaseStatement, ReturnStatement, RewriteStatement, SearchStatement, SetStatement,
-    SortStatement, StartStatement, StopStatement, StringStatement, SubtractStatement,
-    UnstringStatement, UseStatement, WriteStatement, XMLGenerateStatement, XMLParseStatement,
-    NextSentenceStatement, ExitParagraphStatement, ExitSectionStatement, InnerBranchStatement,
-    InnerExitStatement, InnerRegisterExceptionStatement, InnerWhenStatement,
-    InnerSearchWhenStatement, ExecStatement, TraceStatement, RwGenerateStatement,
-    RwInitiateStatement, RwTerminateStatement, RwSuppressStatement, ExitPerformStatement,
-    OnStatement, TransformStatement, ExamineStatement, ExhibitStatement>;
+/// Calls \p visit with every kind and with the test of its class for a statement.
+template <class Visitor> void forEachClass(Visitor visit) {
+#define TARKA_STATEMENT(Kind, Number, Class, Verb)                                                 \
+  visit(StatementType::Kind, [](const Statement &s) { return isa<Class>(s); });
+#include "AST/Statements.def"
+}
 
 // The codes 12, 15, 16, 59 and 0 belong to no statement; every other one to exactly one class.
 TEST(StatementTest, EveryKindHasOneClass) {
@@ -38,7 +23,7 @@ TEST(StatementTest, EveryKindHasOneClass) {
     const auto kind = static_cast<StatementType>(code);
     const Statement statement(nullptr, kind);
     int claims = 0;
-    AllStatements::forEach([&](StatementType own, auto matches) {
+    forEachClass([&](StatementType own, auto matches) {
       EXPECT_EQ(matches(statement), own == kind) << "code " << code;
       claims += matches(statement);
     });

@@ -136,3 +136,11 @@ TEST_F(CFGVerifier, CopiedSectionsShareTheirStatements) {
   tree2.build();
   EXPECT_EQ(failuresOf(*tree2.module), "");
 }
+
+/// The then branch is cut off from the IF; what stands behind a GO TO may be without a way in.
+TEST_F(CFGVerifier, StatementWithoutAWayIn) {
+  for (CFGBlock *start : block("tkdummy_then")->getGraph()->getBlockList())
+    if (start->getThenBlock() == block("tkdummy_then"))
+      start->addThenBlock(nullptr);
+  expectOnly(CFGRule::WayIn, block("tkdummy_then"));
+}

@@ -222,7 +222,7 @@ TEST_F(EnvironmentParseTest, oneMessageForEachMistake) {
     SYSIN IS CARDS.
 )");
   EXPECT_EQ(reported(), "224@5:5 200@6:16 200@8:5 201@8:31 200@9:22 200@11:21");
-  EXPECT_EQ(message(0), "'ALFABET' begins no clause of SPECIAL-NAMES; is ALPHABET meant?");
+  EXPECT_EQ(message(0), "'ALFABET' does not begin a clause of SPECIAL-NAMES; was ALPHABET meant?");
 
   InputOutputSection &section = parseFiles(R"(
     SELECT A ASSIGN TO X ORGANISATION IS INDEXED.

@@ -7,27 +7,12 @@
 #ifndef TARKA_LIB_ANALYZER_PICTURERULES_H
 #define TARKA_LIB_ANALYZER_PICTURERULES_H
 
-#include "AST/Kinds.h"
+#include "AST/Usage.h"
 
 namespace tarka {
 
 /// The most digits that a number can have.
 constexpr int MaxDigits = 31;
-
-/// The size and category of these follow from the usage alone, so they have no PICTURE.
-constexpr bool excludesPicture(UsageType usage) {
-  switch (usage) {
-  case UsageType::Comp1:
-  case UsageType::Comp2:
-  case UsageType::Index:
-  case UsageType::Pointer:
-  case UsageType::ProcedurePointer:
-  case UsageType::FunctionPointer:
-    return true;
-  default:
-    return false;
-  }
-}
 
 } // namespace tarka
 

@@ -6,6 +6,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/Program.h"
+#include "AST/Usage.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
@@ -62,7 +63,7 @@ void settleVariableRecords(SemanticChecker &checker, DataDescription &entry) {
     return;
   ClauseRecordingMode *mode = file->getRecordingMode();
   if (!mode)
-    file->setRecordingMode(new ClauseRecordingMode(nullptr, RecordingModeType::Variable));
+    file->setRecordingMode(generate<ClauseRecordingMode>(nullptr, RecordingModeType::Variable));
   else if (mode->getRecordingType() == RecordingModeType::NotGiven)
     mode->setRecordingType(RecordingModeType::Variable);
   checker.determineRecordingModeV(entry, *file);
@@ -74,8 +75,7 @@ bool isDualVariable(const DataDescription &entry) {
       entry.getDataCategory() != DataCategory::Numeric)
     return false;
   const UsageType usage = entry.getUsageType();
-  return usage == UsageType::Display || usage == UsageType::PackedDecimal ||
-         usage == UsageType::Comp3;
+  return usage == UsageType::Display || isPackedDecimal(usage);
 }
 
 //===----------------------------------------------------------------------===//
@@ -108,7 +108,7 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
   checkLevelNumber(entry);
   check88LevelDataDescription(entry);
   if (!entry.getDataName())
-    entry.setDataName(new Word(&entry, "FILLER", ""));
+    entry.setDataName(generate<Word>(&entry, "FILLER", ""));
 
   bool ok = true;
   if (entry.getRedefines())

@@ -180,9 +180,9 @@ OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
 void OccursCheck::createIndexNames() {
   DataDivision *division = currentDivision();
   for (DataIdentifierExpression *name : occurs.getIndexListElements()) {
-    auto *entry = new DataDescription(nullptr);
+    auto *entry = generate<DataDescription>(nullptr);
     entry->setLevelNum(1);
-    entry->setUsage(new ClauseUsage(nullptr, UsageType::Index));
+    entry->setUsage(generate<ClauseUsage>(nullptr, UsageType::Index));
     entry->setDataName(*name->getQualifiedWord()->getNamesBegin());
     entry->setIsCompilerMade(true);
     if (DataDescription *group = table.getParent()) {

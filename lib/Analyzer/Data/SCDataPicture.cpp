@@ -82,7 +82,7 @@ bool checkPictureCategory(SemanticChecker &checker, DataDescription &entry,
 
   case DataCategory::Dbcs:
     if (!entry.getUsage())
-      entry.setUsage(new ClauseUsage(nullptr, UsageType::Display1));
+      entry.setUsage(generate<ClauseUsage>(nullptr, UsageType::Display1));
     else if (entry.getUsage()->getType() != UsageType::Display1)
       ok = checker.report(ErrorCode::PictureStringInvalid, &entry);
     return ok;

@@ -17,12 +17,12 @@ namespace tarka {
 /// An entry that fills \p bytes. It is an item like any other afterwards, so it is not marked as
 /// made by the compiler.
 static DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes) {
-  auto *slack = new DataDescription(nullptr);
+  auto *slack = generate<DataDescription>(nullptr);
   slack->setLevelNum(level);
-  slack->setDataName(new Word(nullptr, "SLACK-BYTES", ""));
-  auto *picture = new Word(nullptr, "X(" + std::to_string(bytes) + ")", "");
-  slack->setPicture(new ClausePicture(nullptr, picture));
-  slack->setUsage(new ClauseUsage(nullptr, UsageType::Display));
+  slack->setDataName(generate<Word>(nullptr, "SLACK-BYTES", ""));
+  auto *picture = generate<Word>(nullptr, "X(" + std::to_string(bytes) + ")", "");
+  slack->setPicture(generate<ClausePicture>(nullptr, picture));
+  slack->setUsage(generate<ClauseUsage>(nullptr, UsageType::Display));
   return slack;
 }
 
@@ -79,7 +79,7 @@ bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
   if (entry.getLevelNum() == 1 && entry.isGroupItem()) {
     // The children have been checked already: the clauses are for later stages.
     for (DataDescription *child : entry.getChildrenElements())
-      child->setSynchronized(new ClauseSynchronized(nullptr, nullptr));
+      child->setSynchronized(generate<ClauseSynchronized>(nullptr, nullptr));
     return true;
   }
   DataDescription *group = entry.getParent();

@@ -19,21 +19,21 @@ namespace {
 
 /// A literal made by the checks.
 NumericLiteralExpression *makeLiteral(std::int64_t value) {
-  return new NumericLiteralExpression(nullptr, std::to_string(value));
+  return generate<NumericLiteralExpression>(nullptr, std::to_string(value));
 }
 
 /// A level-01 entry made by the checks.
 DataDescription *makeRecord(llvm::StringRef name) {
-  auto *record = new DataDescription(nullptr);
+  auto *record = generate<DataDescription>(nullptr);
   record->setLevelNum(1);
-  record->setDataName(new Word(nullptr, name, ""));
+  record->setDataName(generate<Word>(nullptr, name, ""));
   return record;
 }
 
 /// A PICTURE of one symbol and its repetition factor.
 ClausePicture *makePicture(llvm::StringRef symbol, llvm::StringRef count) {
-  return new ClausePicture(nullptr,
-                           new Word(nullptr, (symbol + llvm::Twine("(") + count + ")").str(), ""));
+  return generate<ClausePicture>(
+      nullptr, generate<Word>(nullptr, (symbol + llvm::Twine("(") + count + ")").str(), ""));
 }
 
 } // namespace
@@ -46,10 +46,10 @@ namespace {
 
 /// The clause REDEFINES \p first, placed in \p record.
 ClauseRedefines *makeRedefines(DataDescription &record, DataDescription &first) {
-  auto *name = new QualifiedWord(&record);
+  auto *name = generate<QualifiedWord>(&record);
   name->addNames(first.getDataName());
-  auto *object = new DataIdentifierExpression(&record, name, nullptr, nullptr);
-  return new ClauseRedefines(&record, object);
+  auto *object = generate<DataIdentifierExpression>(&record, name, nullptr, nullptr);
+  return generate<ClauseRedefines>(&record, object);
 }
 
 /// The record of a report file that declares none. Its length is that of the RECORD clause.
@@ -63,7 +63,7 @@ DataDescription *makeReportRecord(const FileDescription &file) {
   }
   DataDescription *record = makeRecord("TKDUMMY-FILE-VAR");
   record->setPicture(makePicture("X", length));
-  record->setUsage(new ClauseUsage(nullptr, UsageType::Display));
+  record->setUsage(generate<ClauseUsage>(nullptr, UsageType::Display));
   return record;
 }
 
@@ -97,7 +97,7 @@ void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescr
   const std::int64_t min = record.checkContainsOdo() ? record.getMinAllocSize() : max;
   ClauseRecord *clause = file.getRecord();
   if (!clause) {
-    clause = new ClauseRecord(nullptr, makeLiteral(min), makeLiteral(max), false, nullptr);
+    clause = generate<ClauseRecord>(nullptr, makeLiteral(min), makeLiteral(max), false, nullptr);
     clause->setForDetermineV(true);
     file.setRecord(clause);
     return;
@@ -120,7 +120,7 @@ static void settleRecordingMode(FileDescription &file) {
   if (!record)
     return;
   auto setMode = [&](RecordingModeType mode) {
-    file.setRecordingMode(new ClauseRecordingMode(nullptr, mode));
+    file.setRecordingMode(generate<ClauseRecordingMode>(nullptr, mode));
   };
   if (record->getIsVarying() || record->getMaxLength()) {
     setMode(RecordingModeType::Variable);
@@ -310,7 +310,7 @@ bool SemanticChecker::checkUnsigendInteger(Expression *expression) {
 /// Makes the LINAGE-COUNTER of a file, with the description of the number of lines.
 static void createLinageCounter(FileDescription &file) {
   DataDescription *counter = makeRecord("LINAGE-COUNTER");
-  counter->setGlobal(new ClauseGlobal(nullptr));
+  counter->setGlobal(generate<ClauseGlobal>(nullptr));
   const Expression *lines = file.getLinage()->getNumOfLines();
   if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(lines)) {
     if (const DataDescription *item = identifier->getDataDescription()) {
@@ -319,14 +319,14 @@ static void createLinageCounter(FileDescription &file) {
     }
   } else if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(lines)) {
     counter->setPicture(makePicture("9", std::to_string(literal->getDigitsNum())));
-    counter->setUsage(new ClauseUsage(nullptr, UsageType::Binary));
+    counter->setUsage(generate<ClauseUsage>(nullptr, UsageType::Binary));
   }
   counter->setFileDescription(&file);
   file.setLineageCounter(counter);
 
   SourceUnit &unit = *currentUnit();
   if (!unit.getDataDivision())
-    unit.setDataDivision(new DataDivision(nullptr));
+    unit.setDataDivision(generate<DataDivision>(nullptr));
   unit.getDataDivision()->addWorkSection(counter);
 }
 

@@ -30,7 +30,7 @@ namespace {
 NonNumericLiteralExpression *characterLiteral(const Node *at, char character) {
   const char quote = character == '"' ? '\'' : '"';
   const char text[] = {quote, character, quote};
-  return new NonNumericLiteralExpression(at, llvm::StringRef(text, sizeof(text)));
+  return generate<NonNumericLiteralExpression>(at, llvm::StringRef(text, sizeof(text)));
 }
 
 } // namespace
@@ -47,8 +47,8 @@ LiteralExpression *SemanticChecker::convertSymbolicValue(Word *name) {
     report(ErrorCode::SymbolicCharacterUndefined, name);
     return nullptr;
   }
-  return new FigurativeLiteralExpression(name, FigurativeType::AllLiteral,
-                                         characterLiteral(name, static_cast<char>(place - 1)));
+  return generate<FigurativeLiteralExpression>(
+      name, FigurativeType::AllLiteral, characterLiteral(name, static_cast<char>(place - 1)));
 }
 
 bool convertSymbolicValues(SemanticChecker &checker, ClauseValue &clause) {

@@ -75,7 +75,7 @@ bool SemanticChecker::semanticCheck(FigurativeLiteralExpression &literal) {
 
 /// A symbolic character becomes the constant that SPECIAL-NAMES defines for it.
 bool SemanticChecker::resolveSymbolicCharacter(FigurativeLiteralExpression &literal) {
-  auto *name = new Word(literal.getNode(), literal.getSymbolName(), "");
+  auto *name = generate<Word>(literal.getNode(), literal.getSymbolName(), "");
   auto *meaning = llvm::dyn_cast_or_null<FigurativeLiteralExpression>(convertSymbolicValue(name));
   if (!meaning)
     return false;

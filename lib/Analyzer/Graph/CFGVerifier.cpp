@@ -8,11 +8,13 @@
 #include "Analyzer/CFGVerifier.h"
 #include "AST/Expression.h"
 #include "AST/KindNames.h"
+#include "AST/NestedStatements.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/MapVector.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringSwitch.h"
 #include "llvm/ADT/Twine.h"
 #include "llvm/Support/raw_ostream.h"
@@ -92,10 +94,11 @@ private:
   void checkFallThrough(const Body &body, const CFGBlock *block, const CFGBlock *next,
                         const llvm::DenseSet<llvm::StringRef> &declaratives);
 
+  void checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives);
+
   void checkTargets(const CFGBlock *block, Statement &statement);
   void checkTarget(const CFGBlock *block, const Statement &statement, Procedure target);
-  void checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
-                  Procedure end);
+  void checkRange(const CFGBlock *block, const Statement &statement, const ProcedureRange &range);
   void checkSortPhrase(const CFGBlock *block, const Statement &statement, const SortIO *phrase);
   void require(bool holds, const CFGBlock *block, const Statement &statement,
                llvm::StringLiteral what) {
@@ -112,9 +115,7 @@ private:
   void expect(Statement &statement);
   void expectMade(Statement *made);
   void expectNested(Statement &statement);
-  void expectCall(CallStatement &call);
-  void expectPhrases(const std::list<ExceptionHandler *> &phrases);
-  void expectXmlPhrases(const std::list<ExceptionHandler *> &phrases);
+  bool expectCall(CallStatement &call);
   void checkOccurrences();
 
   CFGModule &module;
@@ -124,6 +125,7 @@ private:
   llvm::DenseMap<const CFGBlock *, const CFGGraph *> listedIn;
   /// The blocks that return to a performer, by the section, paragraph or PERFORM that ends there.
   llvm::DenseMap<const Node *, const CFGBlock *> exits;
+  llvm::DenseSet<const CFGBlock *> entryBlocks;
   /// The sections that the report writer calls, which have no exit.
   llvm::DenseSet<const Node *> reportSections;
   llvm::MapVector<const Statement *, Occurrence> occurrences;
@@ -153,6 +155,8 @@ void Verifier::collectBodies() {
   for (CFGFunc *func : module.getFuncList()) {
     function = &func->getName();
     SourceUnit *unit = func->getSourceUnit();
+    for (const CFGEntry *entry : func->getEntryList())
+      entryBlocks.insert(entry->getEntryBlock());
     if (func->getBody())
       bodies.push_back({func->getBody(), func->getName(), unit, false});
     else
@@ -209,6 +213,7 @@ void Verifier::checkBody(const Body &body) {
     checkLinks(body.graph, block);
     checkFallThrough(body, block, position == blocks.end() ? nullptr : *position, declaratives);
   }
+  checkWaysIn(body, declaratives);
 }
 
 void Verifier::checkLinks(const CFGGraph *graph, const CFGBlock *block) {
@@ -256,6 +261,65 @@ void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const C
          "it falls into " + next->getName() + ", which begins no procedure");
 }
 
+/// Whether control never goes on behind \p block, so that what follows may have no way in.
+static bool endsInTransfer(const CFGBlock *block) {
+  if (!block->getHaveTerminator() || block->getElements().empty())
+    return false;
+  const Statement *last = block->getElements().back()->getStmt();
+  if (!last)
+    return false;
+  switch (last->getType()) {
+  case StatementType::Goto:
+    return !llvm::cast<GotoStatement>(last)->getDependingName();
+  case StatementType::Goback:
+  case StatementType::NextSentence:
+  case StatementType::ExitParagraph:
+  case StatementType::ExitPerform:
+  case StatementType::ExitProgram:
+  case StatementType::ExitSection:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Walks the links from where control can begin, and looks for blocks with statements that were not
+/// passed.
+void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives) {
+  const std::vector<const CFGBlock *> blocks(body.graph->getBlockList().begin(),
+                                             body.graph->getBlockList().end());
+  llvm::DenseSet<const CFGBlock *> passed;
+  llvm::SmallVector<const CFGBlock *> open;
+  auto pass = [&](const CFGBlock *block) {
+    if (block && passed.insert(block).second)
+      open.push_back(block);
+  };
+  const CFGBlock *before = nullptr;
+  for (const CFGBlock *block : blocks) {
+    if (!before || block->getBlockType() == CFGBlockType::Procedure ||
+        declaratives.contains(block->getName()) || entryBlocks.contains(block) ||
+        endsInTransfer(before))
+      pass(block);
+    // The block at which an inline loop is controlled stands within the body, behind its first one.
+    if (!block->getElements().empty() ||
+        !llvm::StringRef(block->getName()).ends_with("_line_return"))
+      before = block;
+    while (!open.empty()) {
+      const CFGBlock *from = open.pop_back_val();
+      for (std::size_t link = 0; link < cfgLinkCount; ++link)
+        pass(from->getLink(static_cast<CFGLink>(link)));
+      const auto next = static_cast<std::size_t>(from->getPlace()) + 1;
+      if (!from->getHaveTerminator() && !from->getSuccessorBlock() && next < blocks.size())
+        pass(blocks[next]);
+    }
+  }
+  for (const CFGBlock *block : blocks)
+    if (!passed.contains(block) && llvm::any_of(block->getElements(), [](const CFGElem *element) {
+          return element->getStmt() != nullptr;
+        }))
+      fail(CFGRule::WayIn, block, "no block leads to it");
+}
+
 //===----------------------------------------------------------------------===//
 // Targets and ranges
 //===----------------------------------------------------------------------===//
@@ -268,8 +332,10 @@ void Verifier::checkTarget(const CFGBlock *block, const Statement &statement, Pr
          nameOf(statement) + " leads to " + target.name() + ", which has no start block");
 }
 
-void Verifier::checkRange(const CFGBlock *block, const Statement &statement, Procedure begin,
-                          Procedure end) {
+void Verifier::checkRange(const CFGBlock *block, const Statement &statement,
+                          const ProcedureRange &range) {
+  const Procedure begin{range.getBeginSection(), range.getBeginParagraph()};
+  Procedure end{range.getThruSection(), range.getThruParagraph()};
   checkTarget(block, statement, begin);
   // Without THROUGH the range ends where it begins.
   if (!end)
@@ -284,8 +350,7 @@ void Verifier::checkRange(const CFGBlock *block, const Statement &statement, Pro
 void Verifier::checkSortPhrase(const CFGBlock *block, const Statement &statement,
                                const SortIO *phrase) {
   if (phrase && phrase->getType() == SortIOType::Procedure)
-    checkRange(block, statement, {phrase->getFromSection(), phrase->getFromParagraph()},
-               {phrase->getToSection(), phrase->getToParagraph()});
+    checkRange(block, statement, phrase->getProcedures());
 }
 
 void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
@@ -303,8 +368,7 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
   case StatementType::Perform: {
     auto &perform = llvm::cast<PerformStatement>(statement);
     if (const PerformProcedure *range = perform.getProcedureName())
-      checkRange(block, statement, {range->getBeginSection(), range->getBeginParagraph()},
-                 {range->getThruSection(), range->getThruParagraph()});
+      checkRange(block, statement, *range);
     else if (perform.getInlineStatementsSize() && !exits.contains(&perform))
       fail(CFGRule::RangeExit, block, "the body of " + nameOf(statement) + " has no exit");
     return;
@@ -317,11 +381,8 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
   }
   case StatementType::Merge:
     return checkSortPhrase(block, statement, llvm::cast<MergeStatement>(statement).getOutput());
-  case StatementType::XmlParse: {
-    auto &parse = llvm::cast<XMLParseStatement>(statement);
-    return checkRange(block, statement, {parse.getBeginSection(), parse.getBeginParagraph()},
-                      {parse.getThruSection(), parse.getThruParagraph()});
-  }
+  case StatementType::XmlParse:
+    return checkRange(block, statement, llvm::cast<XMLParseStatement>(statement));
   case StatementType::NextSentence: {
     const CFGBlock *sentence = llvm::cast<NextSentenceStatement>(statement).getSentenceBlock();
     return require(sentence && sentence->getNextBlock(), block, statement,
@@ -405,28 +466,18 @@ void Verifier::expectList(const std::list<Statement *> &statements) {
     expect(*statement);
 }
 
-void Verifier::expectPhrases(const std::list<ExceptionHandler *> &phrases) {
-  for (ExceptionHandler *phrase : phrases)
-    expectList(phrase->getImperStmtListElements());
-}
-
-/// Phrases of other kinds are passed over.
-void Verifier::expectXmlPhrases(const std::list<ExceptionHandler *> &phrases) {
-  for (ExceptionHandler *phrase : phrases)
-    if (phrase->getType() == ExceptionHandlerType::OnException)
-      expectList(phrase->getImperStmtListElements());
-}
-
-void Verifier::expectCall(CallStatement &call) {
+/// The MOVEs in front of a CALL; false when the phrases of the CALL are not lowered.
+bool Verifier::expectCall(CallStatement &call) {
   const CompileOption *options = CompileOption::getCompileOptionInstance();
-  if (const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName())) {
-    if (options->isOptionDebug() && llvm::StringRef(name->getData()).starts_with("TKDEBUG_START"))
-      return;
-    for (bool enabled : {options->isOptionEnableCbltdli(), options->isOptionEnableAertdli()})
-      if (enabled && call.getMoveStmt())
-        expect(*call.getMoveStmt());
-  }
-  expectPhrases(call.getExceptHandlerElements());
+  const auto *name = llvm::dyn_cast<NonNumericLiteralExpression>(call.getProcedureName());
+  if (!name)
+    return true;
+  if (options->isOptionDebug() && llvm::StringRef(name->getData()).starts_with("TKDEBUG_START"))
+    return false;
+  for (bool enabled : {options->isOptionEnableCbltdli(), options->isOptionEnableAertdli()})
+    if (enabled)
+      expectMade(call.getMoveStmt());
+  return true;
 }
 
 /// Expects \p statement once more, with what is nested in it.
@@ -443,10 +494,7 @@ void Verifier::expect(Statement &statement) {
   case StatementType::Exhibit:
     return expectList(llvm::cast<ExhibitStatement>(statement).getConvertStmtListElements());
   case StatementType::Evaluate:
-    for (EvaluateCase *evaluateCase :
-         llvm::cast<EvaluateStatement>(statement).getWhenCaseListElements())
-      expectList(evaluateCase->getWhenStmtListElements());
-    return;
+    return expectNested(statement);
   default:
     break;
   }
@@ -460,55 +508,14 @@ void Verifier::expect(Statement &statement) {
 }
 
 void Verifier::expectNested(Statement &statement) {
-  if (auto *arithmetic = llvm::dyn_cast<ArithmeticStatement>(&statement))
-    return expectPhrases(arithmetic->getSizeErrorHandlerElements());
-
-  switch (statement.getType()) {
-  case StatementType::If: {
-    auto &branch = llvm::cast<IfStatement>(statement);
-    expectList(branch.getIfStmtListElements());
-    return expectList(branch.getElseStmtListElements());
-  }
-  case StatementType::On: {
-    auto &on = llvm::cast<OnStatement>(statement);
-    if (on.getAddStmt())
-      expect(*on.getAddStmt());
-    expectList(on.getUntilStmtListElements());
-    return expectList(on.getElseStmtListElements());
-  }
-  case StatementType::Perform:
-    return expectList(llvm::cast<PerformStatement>(statement).getInlineStatementsElements());
-  case StatementType::Search: {
-    auto &search = llvm::cast<SearchStatement>(statement);
-    for (SearchWhen *when : search.getWhenListElements())
-      expectList(when->getStatementListElements());
-    return expectPhrases(search.getAtHandlerElements());
-  }
-  case StatementType::Call:
-    return expectCall(llvm::cast<CallStatement>(statement));
-  case StatementType::String:
-    return expectPhrases(llvm::cast<StringStatement>(statement).getOverflowHandlerElements());
-  case StatementType::Unstring:
-    return expectPhrases(llvm::cast<UnstringStatement>(statement).getOverflowHandlerElements());
-  case StatementType::Read:
-    return expectPhrases(llvm::cast<ReadStatement>(statement).getErrorListElements());
-  case StatementType::Return:
-    return expectPhrases(llvm::cast<ReturnStatement>(statement).getEndHandlerElements());
-  case StatementType::Write:
-    return expectPhrases(llvm::cast<WriteStatement>(statement).getExceptionHandlerListElements());
-  case StatementType::Rewrite:
-    return expectPhrases(llvm::cast<RewriteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Start:
-    return expectPhrases(llvm::cast<StartStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Delete:
-    return expectPhrases(llvm::cast<DeleteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::XmlGenerate:
-    return expectXmlPhrases(llvm::cast<XMLGenerateStatement>(statement).getOnExcpHandlerElements());
-  case StatementType::XmlParse:
-    return expectXmlPhrases(llvm::cast<XMLParseStatement>(statement).getOnExcpHandlerElements());
-  default:
+  if (auto *on = llvm::dyn_cast<OnStatement>(&statement))
+    expectMade(on->getAddStmt());
+  if (auto *call = llvm::dyn_cast<CallStatement>(&statement); call && !expectCall(*call))
     return;
-  }
+  forEachNestedList(statement, [this](NodeRange<Statement> nested) {
+    for (Statement *one : nested)
+      expect(*one);
+  });
 }
 
 /// Whether \p statement is one that the builder makes itself.
@@ -561,6 +568,8 @@ llvm::StringRef ruleName(CFGRule rule) {
     return "RangeExit";
   case CFGRule::Target:
     return "Target";
+  case CFGRule::WayIn:
+    return "WayIn";
   }
   return "";
 }

@@ -134,14 +134,6 @@ void CFGBuilder::lowerSourceUnits(const std::list<SourceUnit *> &units) {
   }
 }
 
-/// The name of a program without the quotes of a literal; quotes that are no pair are kept.
-static llvm::StringRef withoutQuotes(llvm::StringRef name) {
-  for (char quote : {'\'', '"'})
-    if (name.size() >= 2 && name.front() == quote && name.back() == quote)
-      return name.drop_front().drop_back();
-  return name;
-}
-
 void CFGBuilder::analysisSourceUnit(SourceUnit &unit) {
   CFGFunc *function = new CFGFunc(withoutQuotes(unit.getSourceUnitName()).str(), module, nullptr);
   function->setSourceUnit(&unit);
@@ -235,6 +227,7 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
   function->setSectionList(sections);
   function->setBody(graph);
   context().setRptDeclCFGFunction(function);
+  module->addReportDeclaratives(function, savedFunction);
 
   context().setCurrentCFGFunction(savedFunction);
   graph = savedGraph;
@@ -249,13 +242,14 @@ void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
     UseStatement *use = declarative->getUseStmt();
     if (!use || use->getTimingType() != UseTimingType::AfterException)
       continue;
-    currentBlock->addCFGElemStmt(new InnerRegisterExceptionStatement(declarative, declarative));
+    currentBlock->addCFGElemStmt(
+        generate<InnerRegisterExceptionStatement>(declarative, declarative));
     registered->push_back(declarative->getSection());
   }
 
   continueInNewBlock("tkdummy_declaratives");
   Node nowhere;
-  CFGBlock *start = appendTerminator(new InnerBranchStatement(&nowhere, registered));
+  CFGBlock *start = appendTerminator(generate<InnerBranchStatement>(&nowhere, registered));
   for (Declaratives *declarative : division->getBaseDeclElements()) {
     Section *section = declarative->getSection();
     startProcedure(section->getSectionName(), *section, CFGBlockType::Ordinary);
@@ -316,7 +310,8 @@ void CFGBuilder::lowerProcedureExit(const std::string &name, Node *position, Sec
   const std::string *exitName = makeName(name + "_exit");
   CFGBlock *last = currentBlock;
   last->addSuccessorBlock(continueOn(graph->createBlock(exitName)));
-  CFGBlock *exit = appendTerminator(new InnerExitStatement(position, section, paragraph, nullptr));
+  CFGBlock *exit =
+      appendTerminator(generate<InnerExitStatement>(position, section, paragraph, nullptr));
   exit->addSuccessorBlock(continueOn(graph->createBlock(makeName(*exitName + "_after"))));
 }
 
@@ -395,7 +390,12 @@ void CFGBuilder::analysisNextSentenceStmt(NextSentenceStatement *statement) {
 
 void CFGBuilder::analysisGotoStmt(GotoStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
-  start->addSuccessorBlock(continueInNewBlock("tkdummy_after_goto"));
+  CFGBlock *after = continueInNewBlock("tkdummy_after_goto");
+  start->addSuccessorBlock(after);
+  // A value out of range goes on behind the statement. In the first block of an inline PERFORM the
+  // successor is replaced, so the way has a link of its own.
+  if (statement->getDependingName())
+    start->addEndBlock(after);
 }
 
 // On purpose without the link that GO TO has: nothing behind these is ever reached from them.
@@ -452,6 +452,7 @@ void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
   entry->setReturning(function->getReturning());
   entry->insertParams(statement->getParameterBegin(), statement->getParameterEnd());
   entry->setFunc(function);
+  entry->setStatement(statement);
   function->addEntry(entry);
 
   CFGBlock *before = currentBlock;

@@ -21,6 +21,13 @@ const std::string *CFGBuilder::makeLineName(llvm::StringRef prefix, const Node *
   return makeName(prefix + llvm::Twine(statement->getBeginLineNo()) + suffix);
 }
 
+/// Links \p start to the chain of blocks that a statement consists of. An inline PERFORM replaces
+/// the successor of the first block of its body, so the chain hangs on a second link too.
+static void leadInto(CFGBlock *start, CFGBlock *chain) {
+  start->addSuccessorBlock(chain);
+  start->addThenBlock(chain);
+}
+
 //===----------------------------------------------------------------------===//
 // PERFORM
 //===----------------------------------------------------------------------===//
@@ -69,7 +76,7 @@ void CFGBuilder::lowerInlinePerform(PerformStatement *statement, CFGBlock *start
   context().removePerformAfter();
 
   // The end of the body returns as the end of a performed range does.
-  appendTerminator(new InnerExitStatement(statement, nullptr, nullptr, statement));
+  appendTerminator(generate<InnerExitStatement>(statement, nullptr, nullptr, statement));
   currentBlock->addSuccessorBlock(after);
   // On purpose the body's first block leads past the PERFORM too, whatever it led to before.
   body->addSuccessorBlock(after);
@@ -92,18 +99,15 @@ void CFGBuilder::analysisExitPerformStmt(ExitPerformStatement *statement) {
 
 /// Performs \p procedure in the current block, on behalf of the statement at \p position.
 void CFGBuilder::lowerSynthesisedPerform(Node *position, PerformProcedure *procedure) {
-  analysisStatement(*new PerformStatement(position, PerformStmtType::Simple, procedure, nullptr,
-                                          nullptr, nullptr, nullptr, nullptr));
+  analysisStatement(*generate<PerformStatement>(position, PerformStmtType::Simple, procedure,
+                                                nullptr, nullptr, nullptr, nullptr, nullptr));
 }
 
 /// INPUT PROCEDURE or OUTPUT PROCEDURE.
 void CFGBuilder::lowerProcedurePhrase(Node *position, SortIO *phrase) {
-  auto *procedure =
-      new PerformProcedure(position, phrase->getFromProcedureName(), phrase->getToProcedureName());
-  procedure->setBeginSection(phrase->getFromSection());
-  procedure->setThruSection(phrase->getToSection());
-  procedure->setBeginParagraph(phrase->getFromParagraph());
-  procedure->setThruParagraph(phrase->getToParagraph());
+  auto *procedure = generate<PerformProcedure>(position, phrase->getFromProcedureName(),
+                                               phrase->getToProcedureName());
+  static_cast<ProcedureRange &>(*procedure) = phrase->getProcedures();
   lowerSynthesisedPerform(position, procedure);
 }
 
@@ -177,11 +181,11 @@ void CFGBuilder::analysisMergeStmt(MergeStatement *statement) {
 void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *parser = makeTerminatorBlock("tkdummy_xml_parser");
-  start->addSuccessorBlock(parser);
+  leadInto(start, parser);
 
   parser->addThenBlock(continueInNewBlock("tkdummy_xml_proc"));
-  auto *procedure = new PerformProcedure(statement, statement->getParseProcedure(),
-                                         statement->getThruProcedure());
+  auto *procedure = generate<PerformProcedure>(statement, statement->getParseProcedure(),
+                                               statement->getThruProcedure());
   procedure->setBeginSection(statement->getBeginSection());
   procedure->setThruSection(statement->getThruSection());
   procedure->setBeginParagraph(statement->getBeginParagraph());
@@ -233,8 +237,8 @@ void CFGBuilder::analysisSearchStmt(SearchStatement *statement) {
 void CFGBuilder::lowerSearchWhens(SearchStatement *statement, BlockList &tests, BlockList &ends) {
   for (SearchWhen *when : statement->getWhenListElements()) {
     CFGBlock *test = continueInNewBlock("tkdummy_search_when_cond");
-    appendTerminator(
-        new InnerSearchWhenStatement(statement, when->getCondition(), when->getStatementList()));
+    appendTerminator(generate<InnerSearchWhenStatement>(statement, when->getCondition(),
+                                                        when->getStatementList()));
     if (!tests.empty())
       tests.back()->addElseBlock(test);
     tests.push_back(test);
@@ -266,7 +270,7 @@ void CFGBuilder::lowerSearchEnd(SearchStatement *statement, CFGBlock *start, CFG
 void CFGBuilder::lowerSerialSearch(SearchStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *compare = makeTerminatorBlock("tkdummy_search_index_cmp");
-  start->addSuccessorBlock(compare);
+  leadInto(start, compare);
 
   BlockList tests, ends;
   lowerSearchWhens(statement, tests, ends);
@@ -285,7 +289,7 @@ void CFGBuilder::lowerSerialSearch(SearchStatement *statement) {
 void CFGBuilder::lowerBinarySearch(SearchStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *compare = makeTerminatorBlock("tkdummy_search_loop_cmp");
-  start->addSuccessorBlock(compare);
+  leadInto(start, compare);
   CFGBlock *middle = graph->createBlock("tkdummy_search_mid_index");
   statement->setIndexChangeBlock(middle);
   compare->addThenBlock(middle);

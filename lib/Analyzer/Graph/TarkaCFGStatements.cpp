@@ -56,7 +56,7 @@ void CFGBuilder::analysisEvaluateStmt(EvaluateStatement *statement) {
       tests.back()->addSuccessorBlock(test);
       tests.back()->addElseBlock(test);
     }
-    CFGBlock *test = appendTerminator(new InnerWhenStatement(
+    CFGBlock *test = appendTerminator(generate<InnerWhenStatement>(
         statement, evaluateCase->getWhenListElements().front()->getType(),
         evaluateCase->getWhenList(), evaluateCase->getWhenStmtList(), statement->getSubjectList()));
     tests.push_back(test);

@@ -139,11 +139,11 @@ void createCounters(SemanticChecker &checker, const std::list<VaryingPhrase *> *
     const auto *known = division->findItemByName(phrase->getName()->getWordData());
     if (known && !known->empty())
       continue;
-    auto *counter = new DataDescription(nullptr);
+    auto *counter = generate<DataDescription>(nullptr);
     counter->setLevelNum(77);
     counter->setDataName(phrase->getName());
-    counter->setPicture(new ClausePicture(nullptr, new Word(nullptr, "S9(9)", "")));
-    counter->setUsage(new ClauseUsage(nullptr, UsageType::Binary));
+    counter->setPicture(generate<ClausePicture>(nullptr, generate<Word>(nullptr, "S9(9)", "")));
+    counter->setUsage(generate<ClauseUsage>(nullptr, UsageType::Binary));
     counter->setIsCompilerMade(true);
     division->addWorkSection(counter);
     checker.semanticCheck(*counter);

@@ -157,8 +157,8 @@ void replaceDateSource(SourceClauseExpr &source) {
   const bool isDate = text == "CURRENT-DATE";
   if (!isDate && text != "TIME-OF-DAY")
     return;
-  auto *word = new Word(name, isDate ? "TARKA-CURRENT-DATE" : "TARKA-TIME-OF-DAY", "");
-  source.setExpr(new SpecialRegisterIdentifierExpression(
+  auto *word = generate<Word>(name, isDate ? "TARKA-CURRENT-DATE" : "TARKA-TIME-OF-DAY", "");
+  source.setExpr(generate<SpecialRegisterIdentifierExpression>(
       name, isDate ? SpecialRegisterType::CurrentDate : SpecialRegisterType::TimeOfDay, nullptr,
       word, nullptr, nullptr, nullptr, nullptr));
 }
@@ -175,7 +175,7 @@ bool ReportEntryCheck::checkSourceMove(Expression &sender) {
       return true;
   // The message points at the operand, because the source has no reference to the item. Checking
   // by category gives one message; the rules for operands may give several.
-  auto *receiver = new DataIdentifierExpression(&sender, nullptr, nullptr, nullptr);
+  auto *receiver = generate<DataIdentifierExpression>(&sender, nullptr, nullptr, nullptr);
   receiver->setDataDescription(&entry);
   return checker.getMoveRule(sender.getDataCategory(), receiver) != MoveRule::Illegal;
 }
@@ -311,11 +311,11 @@ DataDescription *makeSumCounter(const ReportDataDescription &entry) {
   if (scale > 0)
     text += ("V9(" + llvm::Twine(scale) + ")").str();
 
-  auto *counter = new DataDescription(nullptr);
+  auto *counter = generate<DataDescription>(nullptr);
   counter->setLevelNum(77);
   counter->setDataName(entry.getDataName());
-  counter->setPicture(new ClausePicture(nullptr, new Word(nullptr, text, "")));
-  counter->setUsage(new ClauseUsage(nullptr, UsageType::PackedDecimal));
+  counter->setPicture(generate<ClausePicture>(nullptr, generate<Word>(nullptr, text, "")));
+  counter->setUsage(generate<ClauseUsage>(nullptr, UsageType::PackedDecimal));
   counter->setIsCompilerMade(true);
   return counter;
 }

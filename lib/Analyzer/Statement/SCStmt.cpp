@@ -12,6 +12,7 @@
 #include "AST/Expression.h"
 #include "AST/Statement.h"
 #include "AST/StatementVisitor.h"
+#include "AST/Usage.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
@@ -135,11 +136,6 @@ constexpr CategoryMove categoryMoves[] = {
 
 bool isGroup(const DataDescription *entry) {
   return entry && entry->getChildrenSize() > 0;
-}
-
-/// COMP-3 and PACKED-DECIMAL are moved alike.
-bool isPacked(UsageType usage) {
-  return usage == UsageType::Comp3 || usage == UsageType::PackedDecimal;
 }
 
 } // namespace
@@ -278,7 +274,7 @@ MoveRule MoveRuleFinder::fromReferenceModified() {
     return MoveRule::Character;
   if (receiverUsage() == UsageType::Display)
     return MoveRule::AlphanumericToDisplay;
-  return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+  return isPackedDecimal(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
 }
 
 MoveRuleFinder::Rule MoveRuleFinder::fromAlphabeticOrEdited() {
@@ -323,7 +319,8 @@ MoveRule MoveRuleFinder::fromAlphanumericToNumeric() {
   if (!receiverEntry)
     return MoveRule::NumericConversion;
   if (receiverUsage() != UsageType::Display)
-    return isPacked(receiverUsage()) ? MoveRule::DisplayToPacked : MoveRule::NumericConversion;
+    return isPackedDecimal(receiverUsage()) ? MoveRule::DisplayToPacked
+                                            : MoveRule::NumericConversion;
   return isReferenceModified(receiver) ? MoveRule::Character : MoveRule::AlphanumericToDisplay;
 }
 
@@ -345,12 +342,12 @@ MoveRuleFinder::Rule MoveRuleFinder::fromNumeric() {
 MoveRule MoveRuleFinder::fromNumericToNumeric() {
   if (!senderEntry)
     return MoveRule::NumericConversion;
-  if (isPacked(senderEntry->getUsageType()))
-    return receiverEntry && isPacked(receiverUsage()) ? MoveRule::PackedToPacked
-                                                      : MoveRule::NumericConversion;
+  if (isPackedDecimal(senderEntry->getUsageType()))
+    return receiverEntry && isPackedDecimal(receiverUsage()) ? MoveRule::PackedToPacked
+                                                             : MoveRule::NumericConversion;
   if (senderEntry->getUsageType() != UsageType::Display || !receiverEntry)
     return MoveRule::NumericConversion;
-  if (isPacked(receiverUsage())) {
+  if (isPackedDecimal(receiverUsage())) {
     ClausePicture *picture = senderEntry->getPicture();
     return picture && picture->isSigned() ? MoveRule::NumericConversion : MoveRule::DisplayToPacked;
   }
@@ -419,8 +416,9 @@ static void replaceOsvsSender(MoveStatement &statement) {
   if (!isDate && name != "TIME-OF-DAY")
     return;
   Node at(sender);
-  Word *word = new Word(&at, isDate ? "TARKA-OSVS-CURRENT-DATE" : "TARKA-OSVS-TIME-OF-DAY", "");
-  statement.setSource(new SpecialRegisterIdentifierExpression(
+  Word *word =
+      generate<Word>(&at, isDate ? "TARKA-OSVS-CURRENT-DATE" : "TARKA-OSVS-TIME-OF-DAY", "");
+  statement.setSource(generate<SpecialRegisterIdentifierExpression>(
       &at, isDate ? SpecialRegisterType::OsvsCurrentDate : SpecialRegisterType::OsvsTimeOfDay,
       nullptr, word, nullptr, nullptr, nullptr, nullptr));
 }

@@ -6,7 +6,6 @@
 #include "Analyzer/Environment/SpecialNames.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/OperandCheck.h"
-#include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
 
@@ -16,18 +15,12 @@ namespace tarka {
 
 namespace {
 
-constexpr llvm::StringLiteral inputDevices[] = {"SYSIN", "SYSIPT", "CONSOLE"};
-constexpr llvm::StringLiteral outputDevices[] = {"SYSOUT",   "SYSLIST", "SYSLST",
-                                                 "SYSPUNCH", "SYSPCH",  "CONSOLE"};
-
-/// The environment name that \p name stands for, or is itself; null when it is none of \p devices.
-Word *findDevice(Word &name, llvm::ArrayRef<llvm::StringLiteral> devices) {
+/// The environment name that \p name stands for, or is itself; null unless it is a device for which
+/// \p isKnown holds.
+Word *findDevice(Word &name, bool (*isKnown)(llvm::StringRef)) {
   ClauseEnvName *clause = findMnemonicName(name);
   Word *device = clause ? clause->getEnvironmentName() : &name;
-  bool isKnown = llvm::any_of(devices, [&](llvm::StringRef known) {
-    return known.equals_insensitive(device->getWordData());
-  });
-  return isKnown ? device : nullptr;
+  return isKnown(device->getWordData()) ? device : nullptr;
 }
 
 } // namespace
@@ -102,7 +95,7 @@ bool SemanticChecker::semanticCheck(AcceptStatement &statement) {
   bool ok = checkAcceptReceiver(*this, *statement.getVariable(),
                                 from ? from->getType() : AcceptFromType::None);
   if (from && from->getType() == AcceptFromType::Device) {
-    Word *device = findDevice(*from->getFromName(), inputDevices);
+    Word *device = findDevice(*from->getFromName(), isInputDevice);
     if (!device)
       return report(ErrorCode::AcceptMnemonicInvalid, from->getFromName());
     from->setFromName(device);
@@ -148,7 +141,7 @@ bool SemanticChecker::semanticCheck(DisplayStatement &statement) {
   for (Expression *operand : statement.getIdenLiterListElements())
     ok &= checkDisplayed(*this, *operand);
   if (Word *name = statement.getUponName()) {
-    Word *device = findDevice(*name, outputDevices);
+    Word *device = findDevice(*name, isOutputDevice);
     if (!device)
       return report(ErrorCode::DisplayMnemonicInvalid, name);
     statement.setUponName(device);

@@ -76,16 +76,16 @@ Section *SemanticChecker::copyIntoDeclaratives(Section &section, QualifiedWord &
                                                Statement *statement) {
   const std::string &text = section.getSectionName()->getWordData();
   const Node *place = statement ? static_cast<Node *>(statement) : &name;
-  auto *copyName = new Word(place, text + CopySuffix.str(), "");
+  auto *copyName = generate<Word>(place, text + CopySuffix.str(), "");
   Section *copy = section.createCopySection(section.getSectionName(), copyName);
   ProcedureDivision &division = currentProcedureDivision();
-  division.addDeclaratives(new Declaratives(copy, copy, nullptr));
+  division.addDeclaratives(generate<Declaratives>(copy, copy, nullptr));
   division.addRenameSection(copy);
 
   auto *perform = llvm::dyn_cast_or_null<PerformStatement>(statement);
   PerformProcedure *range = perform ? perform->getProcedureName() : nullptr;
   if (range && range->getProcedureName1()->getNamesElements().front()->getWordData() == text) {
-    auto *newName = new QualifiedWord(copyName);
+    auto *newName = generate<QualifiedWord>(copyName);
     newName->addNames(copyName);
     range->setProcedureName1(newName);
   }
@@ -189,7 +189,7 @@ bool SemanticChecker::semanticCheck(PerformStatement &statement) {
       return false;
   } else {
     // An empty inline PERFORM does nothing, which CONTINUE says.
-    statement.addInlineStatement(new ContinueStatement(nullptr));
+    statement.addInlineStatement(generate<ContinueStatement>(nullptr));
   }
 
   switch (statement.getType()) {

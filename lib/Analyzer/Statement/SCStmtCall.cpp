@@ -9,6 +9,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "AST/Usage.h"
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
@@ -63,7 +64,7 @@ bool checkProgramName(SemanticChecker &checker, CallStatement &call) {
   if (word && !word->getSubscriptMod() && !word->getReferenceMod() &&
       word->getQualifiedWord()->getNamesSize() == 1) {
     if (!checker.semanticCheck(*word, /*silentIfUndefined=*/true)) {
-      call.setProcedureName(new NonNumericLiteralExpression(
+      call.setProcedureName(generate<NonNumericLiteralExpression>(
           word, (*word->getQualifiedWord()->getNamesBegin())->getDisplayName()));
       return true;
     }
@@ -249,15 +250,7 @@ bool ArgumentCheck::itemByValue(const DataIdentifierExpression &item) {
   default:
     return report(ErrorCode::CallArgumentType);
   }
-  switch (entry.getUsageType()) {
-  case UsageType::Binary:
-  case UsageType::Comp:
-  case UsageType::Comp4:
-  case UsageType::Comp5:
-    return true;
-  default:
-    return report(ErrorCode::CallArgumentType);
-  }
+  return isBinary(entry.getUsageType()) || report(ErrorCode::CallArgumentType);
 }
 
 /// RETURNING names an item that the program can give a value to.
@@ -290,9 +283,7 @@ using RefusedArguments = llvm::SmallPtrSet<const Argument *, 4>;
 
 /// A program's name as it is looked for: without the quotes of a literal, in upper case.
 const std::string *programKey(llvm::StringRef name) {
-  if (name.size() > 1 && (name.front() == '"' || name.front() == '\''))
-    name = name.drop_front().drop_back();
-  return &internString(name.upper());
+  return &internString(withoutQuotes(name).upper());
 }
 
 bool isCommon(SourceUnit &unit) {
@@ -406,7 +397,8 @@ bool checkPrototype(SemanticChecker &checker, CallStatement &call, SourceUnit &p
     ok &= refused.contains(argument) || checkAgainstParameter(checker, *argument, **parameter);
     ++parameter;
   }
-  if (parameter != division->getParameterEnd())
+  // A program that is compiled by itself may be passed fewer arguments than it has parameters.
+  if (parameter != division->getParameterEnd() && program.getParent())
     ok = checker.report(ErrorCode::CallArgumentParameterMismatch, &call);
 
   // What RETURNING names is described alike in both programs.
@@ -455,9 +447,9 @@ DataIdentifierExpression *makeRegister(const Node &at, const char *name) {
   SourceUnit *unit = currentUnit();
   while (unit->getParent())
     unit = unit->getParent();
-  auto *word = new QualifiedWord(&at);
-  word->addNames(new Word(&at, name, ""));
-  auto *identifier = new DataIdentifierExpression(&at, word, nullptr, nullptr);
+  auto *word = generate<QualifiedWord>(&at);
+  word->addNames(generate<Word>(&at, name, ""));
+  auto *identifier = generate<DataIdentifierExpression>(&at, word, nullptr, nullptr);
   identifier->setDataDescription(
       unit->getDataDivision()->findItemByInternedName(&internString(name))->front());
   return identifier;
@@ -478,15 +470,16 @@ bool prepareDliCall(SemanticChecker &checker, CallStatement &call, const DliInte
       return ok;
 
   Node at(call);
-  auto *count = new NumericLiteralExpression(&at, std::to_string(call.getArgumentListSize()));
+  auto *count = generate<NumericLiteralExpression>(&at, std::to_string(call.getArgumentListSize()));
   DataIdentifierExpression *receiver = makeRegister(at, dli.countRegister);
   std::list<IdentifierExpression *> receivers{receiver};
-  auto *move = new MoveStatement(&at, count, &receivers, /*isCorresponding=*/false);
+  auto *move = generate<MoveStatement>(&at, count, &receivers, /*isCorresponding=*/false);
   move->setMoveRuleList(makeList<MoveRule>());
   move->getMoveRuleList()->push_back(checker.getMoveRule(count, receiver));
   call.setMoveStmt(move);
-  call.addArgumentFront(new Argument(&at, ArgType::Reference, makeRegister(at, dli.countRegister),
-                                     /*isLeftOut=*/false));
+  call.addArgumentFront(generate<Argument>(&at, ArgType::Reference,
+                                           makeRegister(at, dli.countRegister),
+                                           /*isLeftOut=*/false));
   return ok;
 }
 

@@ -99,11 +99,11 @@ constexpr Sample samples[] = {
 DataIdentifierExpression *makeSample(InitializeReplacingType category) {
   const Sample &sample = *llvm::find_if(
       samples, [&](const Sample &candidate) { return candidate.category == category; });
-  auto *item = new DataDescription(nullptr);
+  auto *item = generate<DataDescription>(nullptr);
   item->setLevelNum(77);
-  item->setPicture(new ClausePicture(nullptr, new Word(nullptr, sample.picture, "")));
-  item->setUsage(new ClauseUsage(nullptr, sample.usage));
-  auto *receiver = new DataIdentifierExpression(nullptr, nullptr, nullptr, nullptr);
+  item->setPicture(generate<ClausePicture>(nullptr, generate<Word>(nullptr, sample.picture, "")));
+  item->setUsage(generate<ClauseUsage>(nullptr, sample.usage));
+  auto *receiver = generate<DataIdentifierExpression>(nullptr, nullptr, nullptr, nullptr);
   receiver->setDataDescription(item);
   return receiver;
 }

@@ -45,20 +45,22 @@ public:
   const Node *place() const { return at; }
 
   NumericLiteralExpression *number(llvm::StringRef text) {
-    auto *literal = new NumericLiteralExpression(at, text);
+    auto *literal = generate<NumericLiteralExpression>(at, text);
     checker.semanticCheck(*literal);
     return literal;
   }
-  Expression *zero() { return new FigurativeLiteralExpression(at, FigurativeType::Zero, nullptr); }
+  Expression *zero() {
+    return generate<FigurativeLiteralExpression>(at, FigurativeType::Zero, nullptr);
+  }
   Expression *text(llvm::StringRef contents) {
-    return new NonNumericLiteralExpression(at, quoted(contents));
+    return generate<NonNumericLiteralExpression>(at, quoted(contents));
   }
 
   /// A bound reference to an item of that name.
   DataIdentifierExpression *reference(llvm::StringRef name) {
-    auto *words = new QualifiedWord(at);
-    words->addNames(new Word(at, name, ""));
-    auto *identifier = new DataIdentifierExpression(at, words, nullptr, nullptr);
+    auto *words = generate<QualifiedWord>(at);
+    words->addNames(generate<Word>(at, name, ""));
+    auto *identifier = generate<DataIdentifierExpression>(at, words, nullptr, nullptr);
     checker.semanticCheck(*identifier);
     return identifier;
   }
@@ -67,16 +69,16 @@ public:
   llvm::StringRef keep(llvm::StringRef prefix, DataDescription *item, Expression *value);
 
   Condition *compare(RelationalConditionType relation, Expression *left, Expression *right) {
-    return new RelationalCondition(at, relation, left, right);
+    return generate<RelationalCondition>(at, relation, left, right);
   }
   Condition *combine(CombinedOperatorType op, Condition *left, Condition *right) {
-    return new CombinedCondition(at, op, left, right);
+    return generate<CombinedCondition>(at, op, left, right);
   }
 
   /// A MOVE whose sender needs no further check.
   Statement *move(Expression *sender, IdentifierExpression *receiver) {
     std::list<IdentifierExpression *> receivers{receiver};
-    auto *statement = new MoveStatement(at, sender, &receivers, /*isCorresponding=*/false);
+    auto *statement = generate<MoveStatement>(at, sender, &receivers, /*isCorresponding=*/false);
     statement->setMoveRuleList(makeList<MoveRule>());
     statement->getMoveRuleList()->push_back(checker.getMoveRule(sender, receiver));
     return statement;
@@ -89,11 +91,11 @@ private:
 
 /// An entry with that PICTURE; without one when it is null.
 DataDescription *Maker::item(const char *picture, UsageType usage) {
-  auto *entry = new DataDescription(at);
+  auto *entry = generate<DataDescription>(at);
   entry->setLevelNum(1);
   if (picture)
-    entry->setPicture(new ClausePicture(at, new Word(at, picture, "")));
-  entry->setUsage(new ClauseUsage(at, usage));
+    entry->setPicture(generate<ClausePicture>(at, generate<Word>(at, picture, "")));
+  entry->setUsage(generate<ClauseUsage>(at, usage));
   return entry;
 }
 
@@ -102,14 +104,15 @@ DataDescription *Maker::item(const char *picture, UsageType usage) {
 llvm::StringRef Maker::keep(llvm::StringRef prefix, DataDescription *item, Expression *value) {
   SourceUnit &unit = *currentUnit();
   if (!unit.getDataDivision())
-    unit.setDataDivision(new DataDivision(at));
+    unit.setDataDivision(generate<DataDivision>(at));
   DataDivision &division = *unit.getDataDivision();
-  auto *name = new Word(at, (prefix + llvm::Twine(division.getWorkSectionSize() + 1)).str(), "");
+  auto *name =
+      generate<Word>(at, (prefix + llvm::Twine(division.getWorkSectionSize() + 1)).str(), "");
   item->setDataName(name);
   if (value) {
-    auto *phrase = new PhraseValue(at);
+    auto *phrase = generate<PhraseValue>(at);
     phrase->setLiteral1(llvm::cast<LiteralExpression>(value));
-    auto *clause = new ClauseValue(at);
+    auto *clause = generate<ClauseValue>(at);
     clause->addPhraseValue(phrase);
     item->setValue(clause);
   }
@@ -156,10 +159,11 @@ static Condition *makeCountCondition(Maker &make, OnStatement &statement, llvm::
   if (!every)
     return condition;
 
-  auto *since = new ArithmeticExpression(make.place(), ArithmeticExprType::Subtract,
-                                         make.reference(counter), first, /*parenthesised=*/false);
-  auto *rest = new FunctionIdentifierExpression(make.place(), IntrinsicType::Mod,
-                                                new Word(make.place(), "MOD", ""));
+  auto *since =
+      generate<ArithmeticExpression>(make.place(), ArithmeticExprType::Subtract,
+                                     make.reference(counter), first, /*parenthesised=*/false);
+  auto *rest = generate<FunctionIdentifierExpression>(make.place(), IntrinsicType::Mod,
+                                                      generate<Word>(make.place(), "MOD", ""));
   rest->addFunctionArg(since);
   rest->addFunctionArg(every);
   rest->setDataCategory(DataCategory::Numeric);
@@ -176,7 +180,7 @@ bool SemanticChecker::semanticCheck(OnStatement &statement) {
   Maker make(*this, statement);
   llvm::StringRef counter =
       make.keep("TKDUMMY-ON-", make.item("9(8)", UsageType::Binary), make.zero());
-  auto *count = new AddStatement(&statement, AddStmtType::To);
+  auto *count = generate<AddStatement>(&statement, AddStmtType::To);
   count->addOperand(make.number("1"));
   count->addTo(makeRoundedOperand(make.reference(counter), nullptr));
   statement.setAddStmt(count);
@@ -217,8 +221,8 @@ std::int64_t countCharacters(const Expression &operand) {
 LiteralExpression *repeat(const NonNumericLiteralExpression &literal, std::int64_t copies) {
   static constexpr const char *prefixes[] = {"", "", "X", "Z", "G", "N", "NX"};
   auto kind = static_cast<int>(literal.getNonNumericLiteralType());
-  return new NonNumericLiteralExpression(&literal,
-                                         quoted(literal.getData(), prefixes[kind], copies));
+  return generate<NonNumericLiteralExpression>(&literal,
+                                               quoted(literal.getData(), prefixes[kind], copies));
 }
 
 /// The characters of \p operand one by one, from the first to the last of \p count; none where
@@ -229,14 +233,15 @@ std::list<Expression *> splitCharacters(const Expression &operand, std::int64_t 
     if (literal->getNonNumericLiteralType() == NonNumericLiteralType::Alphanumeric)
       for (char c : literal->getData())
         characters.push_back(
-            new NonNumericLiteralExpression(literal, quoted(llvm::StringRef(&c, 1))));
+            generate<NonNumericLiteralExpression>(literal, quoted(llvm::StringRef(&c, 1))));
   } else if (const auto *item = llvm::dyn_cast<DataIdentifierExpression>(&operand);
              item && !item->getReferenceMod()) {
     for (std::int64_t position = 1; position <= count; ++position)
-      characters.push_back(new DataIdentifierExpression(
+      characters.push_back(generate<DataIdentifierExpression>(
           item, item->getQualifiedWord(), item->getSubscriptMod(),
-          new ReferenceModifier(item, new NumericLiteralExpression(item, std::to_string(position)),
-                                new NumericLiteralExpression(item, "1"))));
+          generate<ReferenceModifier>(
+              item, generate<NumericLiteralExpression>(item, std::to_string(position)),
+              generate<NumericLiteralExpression>(item, "1"))));
   }
   return characters;
 }
@@ -246,11 +251,11 @@ std::list<Expression *> splitCharacters(const Expression &operand, std::int64_t 
 /// One character, held in an item, replaces several: REPLACING says so of each of them.
 static InspectStatement *replaceEach(const Node *at, IdentifierExpression *subject,
                                      const std::list<Expression *> &characters, Expression *by) {
-  auto *inspect = new InspectStatement(at, subject, nullptr, nullptr, nullptr);
-  auto *item = new ReplacingItem(at, InspReplType::All, nullptr, nullptr, nullptr);
+  auto *inspect = generate<InspectStatement>(at, subject, nullptr, nullptr, nullptr);
+  auto *item = generate<ReplacingItem>(at, InspReplType::All, nullptr, nullptr, nullptr);
   inspect->addReplacing(item);
   for (Expression *character : characters)
-    item->addReplacingRegion(new ReplacingRegion(at, character, by, nullptr));
+    item->addReplacingRegion(generate<ReplacingRegion>(at, character, by, nullptr));
   return inspect;
 }
 
@@ -277,8 +282,8 @@ bool SemanticChecker::semanticCheck(TransformStatement &statement) {
       }
     }
   }
-  auto *converting = new ConvertingItem(&statement, from, to, nullptr);
-  auto *inspect = new InspectStatement(&statement, subject, nullptr, nullptr, converting);
+  auto *converting = generate<ConvertingItem>(&statement, from, to, nullptr);
+  auto *inspect = generate<InspectStatement>(&statement, subject, nullptr, nullptr, converting);
   statement.setInspectStmt(inspect);
   return semanticCheck(*inspect);
 }
@@ -294,7 +299,7 @@ Expression *asCharacters(Expression *operand) {
   auto *number = llvm::dyn_cast_if_present<NumericLiteralExpression>(operand);
   if (!number || !number->isInteger() || number->isSigned())
     return operand;
-  return new NonNumericLiteralExpression(number, quoted(number->getData()));
+  return generate<NonNumericLiteralExpression>(number, quoted(number->getData()));
 }
 
 /// The INSPECT that does what EXAMINE says; \p counter is null where nothing is counted.
@@ -306,7 +311,7 @@ public:
         sought(asCharacters(statement.getOptExpr())), by(asCharacters(statement.getByExpr())) {}
 
   InspectStatement *make(IdentifierExpression *counter, bool replaces) {
-    auto *inspect = new InspectStatement(&statement, subject, nullptr, nullptr, nullptr);
+    auto *inspect = generate<InspectStatement>(&statement, subject, nullptr, nullptr, nullptr);
     if (counter)
       inspect->addTallying(tallying(counter));
     if (replaces)
@@ -321,31 +326,33 @@ private:
   /// Everything before the first one: UNTIL FIRST.
   std::list<InspectRegion *> *untilFirst() {
     auto *regions = makeList<InspectRegion *>();
-    regions->push_back(new InspectRegion(&statement, InspRegType::Before, sought));
+    regions->push_back(generate<InspectRegion>(&statement, InspRegType::Before, sought));
     return regions;
   }
 
   TallyingItem *tallying(IdentifierExpression *counter) {
     TallyingItemFor *phrase = nullptr;
     if (isUntilFirst()) {
-      phrase = new TallyingItemFor(&statement, InspTailType::Characters, untilFirst(), nullptr);
+      phrase =
+          generate<TallyingItemFor>(&statement, InspTailType::Characters, untilFirst(), nullptr);
     } else {
-      phrase = new TallyingItemFor(
+      phrase = generate<TallyingItemFor>(
           &statement, isLeading() ? InspTailType::Leading : InspTailType::All, nullptr, nullptr);
-      phrase->addTallyingRegion(new TallyingRegion(&statement, sought, nullptr));
+      phrase->addTallyingRegion(generate<TallyingRegion>(&statement, sought, nullptr));
     }
     std::list<TallyingItemFor *> phrases{phrase};
-    return new TallyingItem(&statement, counter, &phrases);
+    return generate<TallyingItem>(&statement, counter, &phrases);
   }
 
   ReplacingItem *replacing() {
     if (isUntilFirst())
-      return new ReplacingItem(&statement, InspReplType::Characters, by, untilFirst(), nullptr);
+      return generate<ReplacingItem>(&statement, InspReplType::Characters, by, untilFirst(),
+                                     nullptr);
     InspReplType which = isLeading() ? InspReplType::Leading : InspReplType::All;
     if (statement.getOptionType() == ExamineOptionType::First)
       which = InspReplType::First;
-    auto *item = new ReplacingItem(&statement, which, nullptr, nullptr, nullptr);
-    item->addReplacingRegion(new ReplacingRegion(&statement, sought, by, nullptr));
+    auto *item = generate<ReplacingItem>(&statement, which, nullptr, nullptr, nullptr);
+    item->addReplacingRegion(generate<ReplacingRegion>(&statement, sought, by, nullptr));
     return item;
   }
 
@@ -420,7 +427,7 @@ void ExhibitConverter::addExhibited(DisplayStatement &display, Expression *opera
 
 /// One DISPLAY of all operands, with blanks between them.
 DisplayStatement *ExhibitConverter::displayAll() {
-  auto *display = new DisplayStatement(&statement);
+  auto *display = generate<DisplayStatement>(&statement);
   display->setUponName(statement.getUponName());
   for (Expression *operand : statement.getExhibitExprListElements()) {
     if (display->getIdenLiterListSize() != 0)
@@ -475,7 +482,7 @@ void ExhibitConverter::addChangedDisplays(Word *device) {
   std::string known =
       make.keep("TKDUMMY-EXHIBIT-", make.item("9", UsageType::Display), make.zero()).str();
   for (Expression *operand : statement.getExhibitExprListElements()) {
-    auto *display = new DisplayStatement(&statement);
+    auto *display = generate<DisplayStatement>(&statement);
     display->setUponName(device);
     addExhibited(*display, operand);
     DataDescription *copy = makeCopy(*operand);
@@ -489,7 +496,7 @@ void ExhibitConverter::addChangedDisplays(Word *device) {
         make.compare(RelationalConditionType::Equal, make.reference(known), make.zero()),
         make.compare(RelationalConditionType::NotEqual, operand, make.reference(last)));
     std::list<Statement *> show{display, make.move(operand, make.reference(last))};
-    statement.addConvertStmt(new IfStatement(&statement, isChanged, &show, nullptr));
+    statement.addConvertStmt(generate<IfStatement>(&statement, isChanged, &show, nullptr));
   }
   statement.addConvertStmt(make.move(make.number("1"), make.reference(known)));
 }

@@ -40,7 +40,8 @@ bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
     if (findReport(name->getReportName()->getWordData()))
       return semanticCheck(*name) && ok;
     std::list<Word *> words{name->getReportName()};
-    group = new DataIdentifierExpression(name, new QualifiedWord(name, &words), nullptr, nullptr);
+    group = generate<DataIdentifierExpression>(name, generate<QualifiedWord>(name, &words), nullptr,
+                                               nullptr);
     statement.setFileName(group);
   }
   if (!group)

@@ -208,9 +208,9 @@ bool BinarySearchCheck::checkConditionName(ConditionNameCondition &condition) {
   if (!value.getLiteral1())
     return false;
 
-  auto *words = new QualifiedWord(&name);
+  auto *words = generate<QualifiedWord>(&name);
   words->addNames(variable->getDataName());
-  auto *operand = new DataIdentifierExpression(&name, words, name.getSubscriptMod(), nullptr);
+  auto *operand = generate<DataIdentifierExpression>(&name, words, name.getSubscriptMod(), nullptr);
   operand->setDataDescription(variable);
   if (const ClausePicture *picture = variable->getPicture()) {
     operand->setSrcDigitNum(static_cast<unsigned>(picture->getDigitNum()));
@@ -281,7 +281,7 @@ void BinarySearchCheck::makeSteps() {
   auto andThen = [&](Condition *next) -> Condition * {
     if (!agrees)
       return next;
-    return new CombinedCondition(next, CombinedOperatorType::And, agrees, next);
+    return generate<CombinedCondition>(next, CombinedOperatorType::And, agrees, next);
   };
   for (const SearchKey &key : keys) {
     if (!key.equal)
@@ -290,7 +290,7 @@ void BinarySearchCheck::makeSteps() {
                                              ? RelationalConditionType::Greater
                                              : RelationalConditionType::Less;
     statement.addCondList(
-        andThen(new RelationalCondition(key.equal, past, key.operand, key.value)));
+        andThen(generate<RelationalCondition>(key.equal, past, key.operand, key.value)));
     agrees = andThen(key.equal);
   }
 }

@@ -127,21 +127,16 @@ bool XmlGenerateCheck::checkDocument() {
 // The source and its contents
 //===----------------------------------------------------------------------===//
 
-bool isFiller(const DataDescription &entry) {
-  return !entry.getDataName() || entry.getDataName()->getWordData() == "FILLER";
-}
-
-/// Slack bytes are entries like any other, but stand nowhere in the source.
+/// The only entries below a record of the source that the checks make.
 bool isSlack(const DataDescription &entry) {
-  return entry.getBeginLineNo() == 0 && entry.getDataName() &&
-         entry.getDataName()->getWordData() == "SLACK-BYTES";
+  return !entry.isWritten();
 }
 
 /// What stands below the source and yet not in the document: another view of the same storage,
 /// items without a name to call an element by, and slack bytes.
 bool isLeftOut(const DataDescription &entry) {
   return entry.getLevelNum() == 66 || entry.getLevelNum() == 88 || entry.isRedefineSubject() ||
-         isSlack(entry) || (isFiller(entry) && !entry.hasSubordinateData());
+         isSlack(entry) || (entry.isFiller() && !entry.hasSubordinateData());
 }
 
 /// Items without a name can stand side by side, others could not be told apart in the document.
@@ -149,7 +144,7 @@ bool XmlGenerateCheck::checkNamesUnique(DataDescription &group) {
   bool ok = true;
   llvm::SmallPtrSet<const std::string *, 16> names;
   for (const DataDescription *child : group.getChildrenElements())
-    if (!isFiller(*child) && !isLeftOut(*child) &&
+    if (!child->isFiller() && !isLeftOut(*child) &&
         !names.insert(&child->getDataName()->getWordData()).second)
       ok = checker.report(ErrorCode::IdentifierNotUnique, statement.getFromIdent(),
                           child->getDataName()->getWordData().c_str());

@@ -36,7 +36,7 @@ CASES = [
     ("tabs.cbl", program("\t\tMOVE\t1 TO A.\n"), [], 0, []),
     ("long-line.cbl", program("           DISPLAY 'X'. *> " + "Y" * 1_000_000 + "\n"), [], 0, []),
     ("long-name.cbl", "program-id. p.\nprocedure division.\nmove 1 to " + "q" * 1_000_000 + ".\n", [], 1,
-     [r".*long-name.cbl:3:11 - 3:1000010 error 28 : the word q{30}\.\.\. has 1000000 characters, .*",
+     [r".*long-name.cbl:3:11 - 3:1000010 error 28 : the word q{30}\.\.\. has 1000000 characters; .*",
       r".*long-name.cbl:3:11 - 3:1000010 error 3310 : .*"]),
     ("unclosed.cbl", program("           DISPLAY 'ABC.\n           MOVE 1 TO A.\n"), [], 1,
      [r".*unclosed.cbl:8:20 - 8:24 error 24 : the literal has no closing apostrophe"]),
@@ -48,14 +48,14 @@ CASES = [
      [r".*SELF.cpy:1:17 - 1:20 error 45 : the copybook copies itself: .*SELF.cpy -> .*SELF.cpy"]),
     ("nested.cbl", program("           IF A = 1\n" * 10_000 + "           DISPLAY A\n" +
                            "           END-IF\n" * 10_000 + "           .\n"), [], 1,
-     [r".*nested.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ deep"]),
+     [r".*nested.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ levels deep"]),
     ("parentheses.cbl", program("           COMPUTE A =\n" + "           (\n" * 10_000 + "           A\n" +
                                 "           )\n" * 10_000 + "           .\n"), [], 1,
-     [r".*parentheses.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ deep"]),
+     [r".*parentheses.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ levels deep"]),
     *[(f"deep-{number}.cbl",
        program(f"           IF {first}\n" + f"           {opening}\n" * 10_000 + f"           {last}\n" +
                "           )\n" * 10_000 + "           CONTINUE.\n"), [], 1,
-       [r".*deep-\d.cbl:\d+:\d+ - .* error 202 : the nesting is more than \d+ deep"])
+       [r".*deep-\d.cbl:\d+:\d+ - .* error 202 : the nesting is more than \d+ levels deep"])
       for number, (first, opening, last) in enumerate([("A =", "A (", "A"), ("A =", "FUNCTION MAX (", "A"),
                                                        ("A =", "- (", "A"), ("", "NOT (", "A = 1")])],
     ("chain.cbl", program("           COMPUTE A = A\n" + "             + A\n" * 20_000 + "           .\n" +

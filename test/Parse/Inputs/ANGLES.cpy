@@ -1,0 +1,3 @@
+       01  <<S>>-A PIC X.
+       01  >-B     PIC X.
+       01  B<      PIC X.
