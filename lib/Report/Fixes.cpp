@@ -69,8 +69,8 @@ bool FixedSource::canMake(const TextEdit &edit) const {
   if (end < begin || !line.before.slice(begin, end).equals_insensitive(edit.oldText))
     return false;
   return llvm::none_of(line.edits, [&](const TextEdit &other) {
-    return place.beginColumn <= other.place.endColumn + 1 &&
-           other.place.beginColumn <= place.endColumn + 1;
+    return place.beginColumn <= other.place.endColumn + 1u &&
+           other.place.beginColumn <= place.endColumn + 1u;
   });
 }
 

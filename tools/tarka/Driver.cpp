@@ -13,6 +13,7 @@
 #include "OutputFile.h"
 #include "Parse/Parse.h"
 #include "Parse/SourceFile.h"
+#include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
@@ -55,6 +56,7 @@ private:
   bool analyse(std::string &failure);
   void applyFixes(std::vector<Diagnostic> &findings);
   int printGraph(CommandOutput &output);
+  GraphView drawableView(const CFGModule &module) const;
   int printLayout(CommandOutput &output);
   int printTree(CommandOutput &output);
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
@@ -64,6 +66,7 @@ private:
   SourceLines lines;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
+  PartResults parts{handler};
   Program *program = nullptr;
   bool checksSucceeded = false;
 };
@@ -80,7 +83,10 @@ bool Compilation::analyse(std::string &failure) {
     return false;
   }
   program = *parsed;
-  checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
+  SemanticChecker checker(&handler);
+  if (request.verify)
+    checker.setListener(&parts);
+  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
   return true;
 }
 
@@ -110,8 +116,11 @@ int Compilation::verify() {
   std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, lines);
   const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
   selectFindings(findings, file, isComplete, request.selection, lines);
-  return verifyReport(file, request.parse.encoding, findings, llvm::errs()) ? ExitClean
-                                                                            : ExitFindings;
+  parts.finish(file, checksSucceeded);
+  return verifyReport(file, request.parse.encoding, findings, request.syntaxOnly ? nullptr : &parts,
+                      llvm::errs())
+             ? ExitClean
+             : ExitFindings;
 }
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.
@@ -157,9 +166,21 @@ int Compilation::print() {
   CommandOutput output(request.output);
   if (!output.isOpen())
     return ExitInternal;
-  if (request.command == Command::Cfg)
+  if (request.command == Command::Cfg || request.command == Command::Flow)
     return printGraph(output);
   return request.command == Command::Layout ? printLayout(output) : printTree(output);
+}
+
+/// What is asked for, or one box for each procedure where all blocks would be too many to draw.
+GraphView Compilation::drawableView(const CFGModule &module) const {
+  GraphView view = request.view;
+  if (view.full || view.collapse || !view.paragraph.empty() || !isTooLargeToDraw(module, view))
+    return view;
+  llvm::errs() << "tarka: " << file
+               << " is too large to draw every block, so each procedure is one box; --paragraph "
+                  "NAME draws one in full, --full everything\n";
+  view.collapse = true;
+  return view;
 }
 
 int Compilation::printGraph(CommandOutput &output) {
@@ -182,6 +203,17 @@ int Compilation::printGraph(CommandOutput &output) {
     llvm::errs() << "tarka: the graph of " << file << " is wrong: " << failure << '\n';
   if (!failures.empty())
     return ExitInternal;
+  if (auto missing = explainMissingProcedure(*module, request.view)) {
+    llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+    return ExitUnusable;
+  }
+  if (request.command == Command::Flow) {
+    if (request.format == OutputFormat::Json)
+      printFlowJson(output.stream(), *module);
+    else
+      printFlowText(output.stream(), *module);
+    return !output.finish("flow") ? ExitInternal : failed ? ExitFindings : ExitClean;
+  }
 
   switch (request.format) {
   case OutputFormat::Text:
@@ -191,7 +223,7 @@ int Compilation::printGraph(CommandOutput &output) {
     printGraphJson(output.stream(), *module, request.view);
     break;
   case OutputFormat::Dot:
-    printGraphDot(output.stream(), *module, request.view, request.parse);
+    printGraphDot(output.stream(), *module, drawableView(*module), request.parse);
     break;
   case OutputFormat::Markdown:
     llvm_unreachable("not a form of the graph");
