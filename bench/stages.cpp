@@ -8,6 +8,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "Analyzer/CFGBuilder.h"
+#include "Analyzer/CompileOption.h"
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
@@ -35,7 +36,7 @@ double lap() {
 void measure(const char *file) {
   ErrorHandler handler;
   FrontEndDiagnostics frontEnd;
-  TopLevel::getTopLevelInstance(file);
+  TopLevel::beginCompilation(file, CompileSettings());
   lap();
   llvm::ErrorOr<Program *> program = parseProgram(file, file, ParseOptions(), frontEnd);
   if (!program) {

@@ -2,6 +2,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CFGBuilder.h"
+#include "Analyzer/CompileOption.h"
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
