@@ -27,6 +27,8 @@ enum class LanguageRule : int {
 /// One row of the table.
 struct LanguageRuleInfo {
   int number;
+  /// The enumerator.
+  const char *name;
   Severity severity;
   /// The llvm::formatv format of the message.
   const char *format;

@@ -33,7 +33,7 @@ void FlowReach::run() {
       endingAt[flow.rangeList[range].end].push_back(range);
   // Contexts that meet in many pieces are followed one by one up to this number; then they are
   // taken for one that may end everywhere, which finds too many ways but none too few.
-  budget = 4'000'000 + 64 * builder.pieces.size();
+  budget = 100'000 + 32 * builder.pieces.size();
 
   for (const auto &plan : builder.plans) {
     if (plan->graph->report || plan->graph->unit->isNested())

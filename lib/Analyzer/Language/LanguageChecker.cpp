@@ -13,7 +13,7 @@ namespace tarka {
 namespace {
 
 constexpr LanguageRuleInfo ruleTable[] = {
-#define LANGUAGE_RULE(name, number, severity, format) {number, Severity::severity, format},
+#define LANGUAGE_RULE(name, number, severity, format) {number, #name, Severity::severity, format},
 #include "Analyzer/LanguageRules.def"
 };
 

@@ -31,7 +31,11 @@ public:
     const LanguageRuleInfo &info = languageRules()[static_cast<std::size_t>(rule)];
     entries.emplace_back(static_cast<ErrorEntry::ErrorSeverity>(info.severity), &node, info.number,
                          llvm::formatv(info.format, std::forward<Arguments>(arguments)...).str());
-    return &entries.back();
+    // What a message is about comes first in quotes.
+    ErrorEntry &entry = entries.back();
+    entry.setSubject(
+        llvm::StringRef(entry.getMessage()).split('\'').second.split('\'').first.str());
+    return &entry;
   }
 
   std::vector<ErrorEntry> takeEntries() { return std::move(entries); }
