@@ -243,7 +243,7 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
   return message + "; tarka " + command->get_name() + " --help explains them\n";
 }
 
-/// Whether \p word, with which the command line begins, looks like a command and is no file.
+/// Whether \p word, with which the command line begins, looks like a command and is not a file.
 bool isMisspeltCommand(llvm::StringRef word) {
   return llvm::all_of(word, llvm::isAlpha) && !llvm::sys::fs::exists(word);
 }
