@@ -146,7 +146,7 @@ public:
         checkNumber(subscript);
     checkParts(identifier.getReferenceMod());
     const DataDescription *entry = identifier.getDataDescription();
-    if (!entry || !identifier.getQualifiedWord() || entry->getStorageType() == StorageType::Report)
+    if (!entry || !identifier.getQualifiedWord())
       return;
     if (where == OperandPlace::FunctionArgument)
       checkNotConditionName(identifier);
@@ -237,6 +237,9 @@ private:
     // Subscripts where there is no table have been reported.
     if (tables.empty())
       return !modifier;
+    // The lines of a report repeat without subscripts.
+    if (entry.getStorageType() == StorageType::Report)
+      return false;
     const std::size_t given = modifier ? modifier->getSubscriptSize() : 0;
     if (given == 0 && where == OperandPlace::WholeTable)
       return true;
@@ -282,9 +285,10 @@ private:
 
   void checkModifier(DataIdentifierExpression &identifier, const DataDescription &entry) {
     const ReferenceModifier *modifier = identifier.getReferenceMod();
+    if (!modifier || !modifier->getFromExpr() || entry.getStorageType() == StorageType::Report)
+      return;
     const std::int64_t size = entry.getAllocSize();
-    if (!modifier || !modifier->getFromExpr() || size <= 0 || entry.isTooLarge() ||
-        isUnknown(identifier))
+    if (size <= 0 || entry.isTooLarge() || isUnknown(identifier))
       return;
     // National and DBCS characters take two bytes each.
     const UsageType usage = entry.getUsageType();
