@@ -130,7 +130,10 @@ public:
   Suppressions &of(unsigned file) {
     auto found = files.find(file);
     if (found == files.end())
-      found = files.try_emplace(file, file, lines.textOf(file)).first;
+      found = files
+                  .try_emplace(file, file,
+                               lines.contains(file, Suppressions::marker) ? lines.textOf(file) : "")
+                  .first;
     return found->second;
   }
 
