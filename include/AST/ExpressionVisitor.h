@@ -42,6 +42,9 @@ public:
   Result visitExpression(Expression &) { return Result(); }
 
 private:
+  friend Derived;
+  ExpressionVisitor() = default;
+
   Derived &derived() { return static_cast<Derived &>(*this); }
 
   Result visitBase(LiteralExpression &literal) { return derived().visitLiteralExpression(literal); }
@@ -72,6 +75,9 @@ public:
   Result visitCondition(Condition &) { return Result(); }
 
 private:
+  friend Derived;
+  ConditionVisitor() = default;
+
   Derived &derived() { return static_cast<Derived &>(*this); }
 };
 

@@ -184,7 +184,8 @@ public:
   iterator begin() const { return beginOf(list); }
   iterator end() const { return endOf(list); }
   std::size_t size() const { return list ? list->size() : 0; }
-  void push_back(Type *item) { own().push_back(item); }
+  // As std::list spells it: the accessors below work on either.
+  void push_back(Type *item) { own().push_back(item); } // NOLINT(readability-identifier-naming)
 
   friend const List &elementsOf(const LazyList &lazy) { return listOrEmpty(lazy.list); }
 
@@ -202,6 +203,7 @@ private:
 template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &list) {
   return list;
 }
+template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &&) = delete;
 
 //===----------------------------------------------------------------------===//
 // Accessors

@@ -50,6 +50,9 @@ public:
   Result visitStatement(Statement &) { return Result(); }
 
 private:
+  friend Derived;
+  StatementVisitor() = default;
+
   Derived &derived() { return static_cast<Derived &>(*this); }
 
   Result visitBase(ArithmeticStatement &statement) {
