@@ -16,6 +16,7 @@
 
 namespace tarka {
 
+/// A condition. The kind code identifies the class.
 class Condition : public Node {
 public:
   ConditionType getType() const { return type; }

@@ -118,7 +118,7 @@ public:
   /// renamed item, DISPLAY when it renames several items or a group.
   UsageType getUsageType() const;
   /// A group is alphanumeric, or national under GROUP-USAGE; an item with a PICTURE has the
-  /// category of the PICTURE; without one the usage decides. Unclassified when nothing tells. A
+  /// category of the PICTURE; without one the usage decides. Unclassified when neither decides. A
   /// condition name has the category of its conditional variable; a level 66 that of the renamed
   /// item, alphanumeric when it renames several items.
   DataCategory getDataCategory() const;
@@ -191,7 +191,7 @@ public:
   /// The size of the entry is beyond what can be counted.
   bool isTooLarge() const;
 
-  /// What the checks noted as the offset, in bytes; below 0 while they have not.
+  /// The offset that the checks recorded, in bytes; below 0 while they have not.
   std::int64_t getOffsetSize() const { return offsetSize; }
   void setOffsetSize(std::int64_t bytes) { offsetSize = bytes; }
 

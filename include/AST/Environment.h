@@ -253,6 +253,8 @@ public:
   void addClass(ClauseClass *clause);
   void addCurrency(ClauseCurrency *clause) { currencies.push_back(clause); }
 
+  // Each gives the clause that defines the name, or null when there is none.
+
   ClauseAlphabet *findClauseAlphabetByWord(const Word *name) const;
   ClauseClass *findClauseClassByWord(const Word *name) const;
   /// By mnemonic name.
@@ -285,6 +287,7 @@ private:
   NameIndex<std::list<ClauseEnvName *>> conditionIndex;
 };
 
+/// CONFIGURATION SECTION. Paragraphs are null when absent.
 class ConfigurationSection : public Node {
 public:
   using Node::Node;
@@ -571,6 +574,7 @@ private:
   ClauseApplyWriteOnly *applyWriteOnly = nullptr;
 };
 
+/// INPUT-OUTPUT SECTION: the entries of FILE-CONTROL and I-O-CONTROL.
 class InputOutputSection : public Node {
 public:
   using Node::Node;
@@ -591,6 +595,7 @@ private:
   llvm::DenseMap<const std::string *, ParaFileControl *> fileControlIndex;
 };
 
+/// ENVIRONMENT DIVISION. Sections are null when absent.
 class EnvironmentDivision : public Node {
 public:
   using Node::Node;

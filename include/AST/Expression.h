@@ -16,7 +16,7 @@
 
 namespace tarka {
 
-/// An operand. The kind code tells the classes apart.
+/// An operand. The kind code identifies the class.
 class Expression : public Node {
 public:
   ExpressionType getExprType() const { return exprType; }

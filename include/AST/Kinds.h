@@ -41,6 +41,7 @@ enum class ExpressionType : std::uint8_t {
 #include "AST/Expressions.def"
 };
 
+/// The forms of numeric literals.
 enum class NumericLiteralType : std::uint8_t {
   Unclassified = 0,
   Integer = 1,
@@ -167,12 +168,13 @@ enum class IntrinsicType : std::uint8_t {
   NationalOf = 72,        ///< national
 };
 
+/// Conditions.
 enum class ConditionType : std::uint8_t {
 #define TARKA_CONDITION(Kind, Number, Class) Kind = Number,
 #include "AST/Conditions.def"
 };
 
-/// Statements. The checker refuses a node that carries a value without an enumerator.
+/// Statements. The checker rejects a node that carries a value without an enumerator.
 enum class StatementType : std::uint8_t {
 #define TARKA_STATEMENT(Kind, Number, Class, Verb) Kind = Number,
 #include "AST/Statements.def"
@@ -191,19 +193,25 @@ enum class DivideStmtType : std::uint8_t {
   IntoGivingRemainder = 4,
   ByGivingRemainder = 5,
 };
+/// The forms of WHEN in EVALUATE.
 enum class EvalWhenType : std::uint8_t { When = 1, Other = 2 };
 
+/// The formats of PERFORM.
 enum class PerformStmtType : std::uint8_t { Simple = 1, Times = 2, Until = 3, Varying = 4 };
 
+/// SEARCH and SEARCH ALL.
 enum class SearchType : std::uint8_t { Serial = 1, Binary = 2 };
 
+/// Where the records of SORT and MERGE come from or go to.
 enum class SortIOType : std::uint8_t { Files = 1, Procedure = 2 };
 
+/// The forms of STOP.
 enum class StopType : std::uint8_t { Run = 1, Literal = 2 };
 
 /// DELIMITED BY of STRING.
 enum class StringDelimiterType : std::uint8_t { None = 0, Size = 1, Operand = 2 };
 
+/// The forms of ADVANCING.
 enum class WriteAdvType : std::uint8_t {
   Lines = 1,    ///< ADVANCING operand LINES
   Page = 2,     ///< ADVANCING PAGE
@@ -245,9 +253,11 @@ enum class PattenType : std::uint8_t {
 
 // The report section.
 enum class SourceExprType : std::uint8_t { Identifier = 1, Arithmetic = 2, Sum = 3, Literal = 4 };
+/// The forms of NEXT GROUP; None without the clause.
 enum class NextGroupType : std::uint8_t { None = 0, Line = 1, Plus = 2, NextPage = 3 };
 /// What CONTROL names beside its data items.
 enum class ControlOption : std::uint8_t { None = 0, Final = 1 };
+/// What RESET names; None without the phrase.
 enum class ResetType : std::uint8_t { None = 0, Final = 1, Identifier = 2 };
 
 /// What a data item's accesses mean to the report writer's code generator.

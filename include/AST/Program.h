@@ -36,6 +36,7 @@ private:
   Word *programName;
 };
 
+/// IDENTIFICATION DIVISION.
 class IdentificationDivision : public Node {
 public:
   IdentificationDivision(const Node *at, ProgramIdParagraph *programId)

@@ -149,7 +149,7 @@ llvm::SmallVector<QualifiedMatch, 2> matchQualified(const Homonyms &homonyms,
 /// What a name without qualifiers means.
 struct UnqualifiedMatch {
   DataDescription *entry;
-  /// False when other entries are meant just as well; the first one is taken all the same.
+  /// False when other entries are meant just as well; the first one is still used.
   bool isUnique;
 };
 

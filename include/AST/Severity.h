@@ -17,11 +17,12 @@ class raw_ostream;
 
 namespace tarka {
 
+/// How serious a diagnostic is, most serious first.
 enum class Severity : std::uint8_t {
   Fatal = 0,   ///< an error after which the text is not read further
   Error = 1,   ///< the program is wrong
   Warning = 2, ///< the program is accepted; the exit status does not change
-  Info = 3,
+  Info = 3,    ///< a note for the reader
 };
 
 /// The word that the report uses: "fatal", "error", "warning" or "info".

@@ -20,7 +20,7 @@
 
 namespace tarka {
 
-/// A statement. The kind code tells the classes apart.
+/// A statement. The kind code identifies the class.
 ///
 /// Many statements have formats, which their own getType() tells; it hides this one, so the kind
 /// of such a statement is to be asked through a Statement.

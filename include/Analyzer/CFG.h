@@ -65,6 +65,7 @@ private:
   ReportDescription *report;
 };
 
+/// What a block is, apart from its elements.
 enum class CFGBlockType : std::uint8_t {
   Ordinary = 0,
   Procedure = 1, ///< the first block of a paragraph or a section
@@ -113,6 +114,7 @@ public:
 
   const std::string &getName() const { return *name; }
 
+  // Each appends one element for the node, which is not null.
   void addCFGElemStmt(Statement *statement);
   void addCFGElemDecl(DataDescription *data);
   void addCFGElemFileDecl(FileDescription *file);

@@ -26,6 +26,7 @@ public:
   /// in it. The function of the report declaratives is left in the compilation context.
   CFGModule *createModule(Program &program);
 
+  /// Adds the function of \p unit to the module, without those of the units nested in it.
   void analysisSourceUnit(SourceUnit &unit);
   CFGGraph *createCFG(CFGFunc *function, SourceUnit &unit);
   /// The result carries no information.

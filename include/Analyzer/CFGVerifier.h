@@ -18,6 +18,7 @@ class raw_ostream;
 
 namespace tarka {
 
+/// The rules that a finished graph keeps.
 enum class CFGRule : std::uint8_t {
   /// Blocks stand once in the list of their graph, and links stay within it.
   BlockInGraph,

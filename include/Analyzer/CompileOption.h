@@ -29,6 +29,7 @@ struct CompileSettings {
 /// option that can be asked for is off until it is set.
 class CompileOption {
 public:
+  /// The record of the process; never null.
   static CompileOption *getCompileOptionInstance();
 
   CompileOption(const CompileOption &) = delete;

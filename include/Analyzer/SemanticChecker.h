@@ -109,6 +109,7 @@ class CheckListener;
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
 public:
+  /// \p handler receives every diagnostic; it is not null and must outlive the checker.
   explicit SemanticChecker(ErrorHandler *handler);
   ~SemanticChecker();
   SemanticChecker(const SemanticChecker &) = delete;
@@ -217,6 +218,7 @@ public:
   // Environment division: Environment/SC*.cpp
   //===--------------------------------------------------------------------===//
 
+  /// Checks the sections of the division, each if present.
   bool semanticCheck(EnvironmentDivision &division);
   bool semanticCheck(ParaSourceComputer &paragraph);
   bool semanticCheck(ParaObjectComputer &paragraph);
@@ -270,16 +272,21 @@ public:
   bool checkClauseGroupUsage(DataDescription &entry);
   bool checkClauseUsage(DataDescription &entry);
 
+  /// The character string, its length, and whether it fits the usage: PictureStringInvalid,
+  /// PictureTooManyDigits, PictureEditedTooLong, PictureUsageMismatch and others.
   bool checkClausePicture(DataDescription &entry);
   /// Applies one CURRENCY SIGN clause to a picture; true when the picture uses its symbol.
   bool convertCurrencyString(ClausePicture *picture, ClauseCurrency *currency);
   /// True when \p symbol may be a currency symbol; diagnostics point at \p literal.
   bool checkValidString(char symbol, Expression *literal);
 
+  /// The level, the numbers of occurrences, the object of DEPENDING ON and the keys; reports the
+  /// Occurs... diagnostics.
   bool checkClauseOccurs(DataDescription &entry);
 
+  /// Reports SynchronizedUsage for an item that cannot be aligned.
   bool checkClauseSynchronized(DataDescription &entry);
-  /// The boundary in bytes that SYNCHRONIZED asks for; 0 for a usage that cannot be aligned.
+  /// The boundary in bytes that SYNCHRONIZED requires; 0 for a usage that cannot be aligned.
   int getSlackDivisor(DataDescription *entry);
   /// The entry that fills up to the boundary of \p item from \p offset; null when none is needed.
   DataDescription *createSlackBytes(DataDescription *item, std::int64_t offset);
@@ -291,6 +298,8 @@ public:
   /// when \p target was met.
   bool getSyncAllocBytes(DataDescription *node, int *bytes, DataDescription *target);
 
+  /// The values of an item, a group or a condition-name; reports ValueDoesNotFitPicture, the
+  /// GroupValue... diagnostics and others.
   bool checkClauseValue(DataDescription &entry);
   /// The values of a clause that belongs to no entry: symbolic characters become literals, and
   /// every literal is checked.
@@ -305,14 +314,16 @@ public:
   /// The figurative constant that a symbolic character stands for; null, with a diagnostic, when
   /// \p name is not a symbolic character.
   LiteralExpression *convertSymbolicValue(Word *name);
-  /// Notes that an entry without VALUE gets an initial value all the same.
+  /// Records that an entry without VALUE still gets an initial value.
   bool checkInitSpace(DataDescription &entry);
 
+  /// Binds the names of RENAMES and checks their range; reports the Renames... diagnostics.
   bool checkClauseRenames(DataDescription &entry);
   bool checkDataRenames(DataDescription *renamed);
   bool checkClauseSign(DataDescription &entry);
   bool checkSignElement(DataDescription *item, ClauseSign *inherited);
 
+  /// Links the entry with the one that it redefines; reports the Redefines... diagnostics.
   bool checkClauseRedifines(DataDescription &entry);
   bool checkClauseDateFormat(DataDescription &entry);
 
@@ -342,12 +353,14 @@ public:
   // Report description entries: Report/SCReport*.cpp
   //===--------------------------------------------------------------------===//
 
+  /// Checks one RD entry and its report groups.
   bool semanticCheck(ReportDescription &report);
 
   //===--------------------------------------------------------------------===//
   // Operands: SCExpr.cpp, SCLiteral.cpp, SCFunction.cpp
   //===--------------------------------------------------------------------===//
 
+  /// Checks an operand of any kind and binds its names.
   bool semanticCheck(Expression &expression);
   bool semanticCheck(LiteralExpression &literal);
   bool semanticCheck(IdentifierExpression &identifier);
@@ -387,6 +400,7 @@ public:
   // Conditions: SCCondition.cpp
   //===--------------------------------------------------------------------===//
 
+  /// Checks a condition of any kind and binds its names.
   bool semanticCheck(Condition &condition);
   bool semanticCheck(ConditionNameCondition &condition);
   bool semanticCheck(SwitchCondition &condition);
@@ -415,6 +429,7 @@ public:
   MoveRule getMoveRule(DataCategory sender, IdentifierExpression *receiver);
   MoveRule getMoveRule(Expression *sender, IdentifierExpression *receiver);
 
+  // One function for each kind of statement, called by the one above.
   bool semanticCheck(AcceptStatement &statement);
   bool semanticCheck(AddStatement &statement);
   bool semanticCheck(AlterStatement &statement);

@@ -167,7 +167,7 @@ bool isRepeatable(char c) {
   return StringRef("ABGNPXZ90/,+-*").contains(c) || mayBeCurrencySymbol(c);
 }
 
-/// Takes the symbol that \p text begins with.
+/// Reads the symbol that \p text begins with.
 char takeSymbol(StringRef &text) {
   const char first = fold(text.front());
   const char next = text.size() > 1 ? fold(text[1]) : '\0';
@@ -257,7 +257,7 @@ private:
 Decoder::Decoder(StringRef text, bool decimalPointIsComma) {
   isWellFormed = readRuns(text, runs);
   for (Run &run : runs) {
-    // From here on the period is the decimal point, whatever the program says.
+    // From here on the period is the decimal point in either case.
     if (decimalPointIsComma && (run.symbol == ',' || run.symbol == '.'))
       run.symbol = run.symbol == ',' ? '.' : ',';
     occurrences(run.symbol) = llvm::SaturatingAdd(occurrences(run.symbol), run.count);
@@ -390,7 +390,7 @@ void Decoder::count() {
     }
     if (run.place == AssumedPoint || run.place == Point)
       isAfterPoint = true;
-    // S, V and P take no room.
+    // S, V and P have no position.
     if (run.place != Sign && run.place != AssumedPoint && run.place != ScaleLeft &&
         run.place != ScaleRight)
       size = llvm::SaturatingMultiplyAdd<std::uint64_t>(run.count, run.place == CreditDebit ? 2 : 1,
@@ -419,7 +419,7 @@ void Decoder::count() {
   info.size = saturated(size);
 }
 
-/// Holds the places against the table.
+/// Checks the places against the table.
 bool Decoder::followsPrecedence() {
   for (const Run &run : runs) {
     if (run.place == Misplaced)
@@ -473,7 +473,7 @@ PictureInfo Decoder::decode() {
     info.category = category();
   switch (info.category) {
   case DataCategory::Unclassified:
-    // A stray letter was no currency symbol after all.
+    // A stray letter was not a currency symbol after all.
     if (isStrayLetter(info.currencySymbol))
       info.currencySymbol = 0;
     break;
@@ -482,7 +482,7 @@ PictureInfo Decoder::decode() {
     info.isDiffCurrencySymbol |= isStrayLetter(info.currencySymbol);
     break;
   default:
-    // The nines of an alphanumeric item are no digits.
+    // The nines of an alphanumeric item are not digits.
     info.digits = info.storedDigits = info.scale = 0;
   }
   return info;

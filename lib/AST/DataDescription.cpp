@@ -114,7 +114,7 @@ void DataDescription::childrenChanged() {
 }
 
 bool DataDescription::hasSubordinateData() const {
-  // An item may have any number of condition names, and each of them asks what it belongs to.
+  // An item may have any number of condition names, and each of them looks up its item.
   if (subordinateData == Subordinates::Unknown) {
     auto isData = [](const DataDescription *child) { return child->levelNum != 88; };
     subordinateData = llvm::any_of(listOrEmpty(children), isData) ? Subordinates::Data
@@ -134,7 +134,7 @@ void DataDescription::findItemByName(std::list<DataDescription *> *found, const 
 // Clauses that matter to storage
 //===----------------------------------------------------------------------===//
 
-/// Throws away the layout of \p top and of the groups below it that take over what has changed at
+/// Discards the layout of \p top and of the groups below it that take over what has changed at
 /// \p top: not of those that \p hasOwn says have a clause of their own.
 template <typename Predicate> static void renewInheritors(DataDescription *top, Predicate hasOwn) {
   forEachEntryIf(top, [&](DataDescription *entry) {

@@ -51,7 +51,7 @@ long long NumericLiteralExpression::getIntegerValue() const {
   return negative ? -value : value;
 }
 
-/// Takes the digits off the front of \p text and tells how many there were.
+/// Removes the digits at the front of \p text and returns their number.
 static int takeDigits(llvm::StringRef &text) {
   llvm::StringRef digits = text.take_while(llvm::isDigit);
   text = text.drop_front(digits.size());
@@ -59,7 +59,7 @@ static int takeDigits(llvm::StringRef &text) {
 }
 
 /// [sign] digits [point digits] [E [sign] digits]; a text of any other form stays unclassified,
-/// but its digits are counted all the same.
+/// but its digits are still counted.
 void NumericLiteralExpression::measure(char decimalPoint) {
   const char other = decimalPoint == '.' ? ',' : '.';
   digits = scale = exponent = 0;
@@ -111,7 +111,7 @@ void NumericLiteralExpression::measure(char decimalPoint) {
 
 namespace {
 
-/// What a prefix before the quote says about the literal.
+/// What a prefix before the quote determines about the literal.
 struct LiteralPrefix {
   llvm::StringLiteral letters;
   NonNumericLiteralType type;
@@ -145,7 +145,7 @@ const std::string &contentsOf(llvm::StringRef quoted) {
 
 /// The number of characters of a UTF-8 text: its bytes without the continuation bytes. Between
 /// shift codes stand characters of two bytes. Text of DBCS or national characters counts these, and
-/// the shift codes are no part of it; other text has a byte for each shift code and two for each
+/// the shift codes are not part of it; other text has a byte for each shift code and two for each
 /// such character.
 unsigned countCharacters(llvm::StringRef text, bool isDouble) {
   constexpr char shiftOut = '\x0E', shiftIn = '\x0F';

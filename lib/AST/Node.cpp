@@ -26,7 +26,7 @@ public:
     void *slab = std::aligned_alloc(hugePage, size);
     if (!slab)
       llvm::report_bad_alloc_error("no memory for the tree");
-    // No more than a wish: where it is not granted the slab has ordinary pages.
+    // Only a hint: where it is not honoured, the slab has ordinary pages.
     madvise(slab, size, MADV_HUGEPAGE);
     return slab;
   }
@@ -35,7 +35,7 @@ public:
   }
 };
 
-/// An interned text and its hash, which spares a look at the text in a table of millions of them.
+/// An interned text and its hash, which avoids reading the texts of a table with millions of them.
 struct InternedText {
   const std::string *text;
   unsigned hash;
@@ -49,7 +49,7 @@ struct HashedText {
   unsigned hash;
 };
 
-/// Interned texts are found by what they say.
+/// Interned texts are looked up by content.
 struct InternedTextInfo {
   using Pointer = llvm::DenseMapInfo<const std::string *>;
 
@@ -66,8 +66,8 @@ struct InternedTextInfo {
   }
 };
 
-/// What every tree of the process shares. It is never destroyed, so that nodes stay valid to the
-/// very end.
+/// The state that all trees of the process share. It is never destroyed, so that nodes stay valid
+/// to the very end.
 struct SharedStorage {
   // Each slab is as large as all before it: a small program asks for little, a large one rarely.
   llvm::BumpPtrAllocatorImpl<SlabAllocator, 1 << 18, 1 << 18, 1> arena;

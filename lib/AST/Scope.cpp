@@ -167,7 +167,7 @@ static bool isFound(const std::list<ClauseEnvName *> &clauses) {
 }
 
 /// What \p find gives for \p name in the nearest program that has a clause for it, and that
-/// program; both empty when there is none. The parser asks this about every operand, mostly in
+/// program; both empty when there is none. The parser calls this for every operand, mostly in
 /// programs without SPECIAL-NAMES.
 template <typename Clause>
 std::pair<Clause, SourceUnit *>

@@ -7,7 +7,7 @@
 namespace tarka {
 
 unsigned spellingTolerance(llvm::StringRef word) {
-  // A word of two letters comes near to everything.
+  // A word of two letters is similar to everything.
   return word.size() < 3 ? 0 : std::max<unsigned>(1, (static_cast<unsigned>(word.size()) + 1) / 4);
 }
 
