@@ -201,9 +201,8 @@ private:
 
 /// What the accessors of a list give as its elements.
 template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &list) {
-  return list;
+  return list; // NOLINT(bugprone-return-const-ref-from-parameter): a member of a node, no temporary
 }
-template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &&) = delete;
 
 //===----------------------------------------------------------------------===//
 // Accessors

@@ -86,7 +86,7 @@ ReportRun::ReportRun(const Request &driverRequest) : request(driverRequest) {
   options.record = request.writeBaseline.empty() ? nullptr : &record;
   options.maxErrors = request.maxErrors;
   options.mergeCopybooks = request.files.size() > 1;
-  reporter.emplace(*sink, options);
+  reporter = std::make_unique<Reporter>(*sink, options);
   reporter->begin({TARKA_VERSION, request.commandLine});
 }
 
@@ -219,7 +219,7 @@ int ReportRun::finish() {
     llvm::errs() << "tarka: " << request.maxErrors
                  << (request.maxErrors == 1 ? " error" : " errors")
                  << " reported, the rest is not shown\n";
-  if (summary.gone) {
+  if (known && summary.gone) {
     llvm::errs() << "tarka: of the baseline these are gone:\n";
     for (const std::string &line : known->remaining())
       llvm::errs() << "  " << line << '\n';

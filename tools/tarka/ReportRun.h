@@ -20,7 +20,7 @@ public:
   explicit ReportRun(const Request &driverRequest);
 
   /// False, after a message, when the output or the baseline cannot be opened.
-  bool isOpen() const { return reporter.has_value(); }
+  bool isOpen() const { return reporter != nullptr; }
   /// The exit status so far.
   int getStatus() const { return status; }
   /// Takes what is to be reported of one file.
@@ -48,7 +48,7 @@ private:
   std::unique_ptr<Sink> sink;
   std::optional<Baseline> known;
   Baseline record;
-  std::optional<Reporter> reporter;
+  std::unique_ptr<Reporter> reporter;
   std::chrono::steady_clock::time_point start = std::chrono::steady_clock::now();
   int status = ExitClean;
 };
