@@ -89,18 +89,29 @@ public:
   llvm::ErrorOr<const SourceFile *> findCopybook(llvm::StringRef textName, llvm::StringRef library,
                                                  const SourceFile &includer);
 
+  /// The source of the BMS mapset \p name, searched for in the same directories: the file of that
+  /// name with the extension .bms, or else the first .bms file that defines such a mapset.
+  llvm::ErrorOr<const SourceFile *> findMapset(llvm::StringRef name, llvm::StringRef library,
+                                               const SourceFile &includer);
+
   /// The directories that findCopybook() searches, as a message shows them.
   std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
 
 private:
   llvm::SmallVector<std::string, 8> searchDirectories(llvm::StringRef library,
                                                       const SourceFile &includer) const;
+  llvm::ErrorOr<const SourceFile *> findMember(llvm::StringRef name, llvm::StringRef library,
+                                               const SourceFile &includer,
+                                               llvm::ArrayRef<llvm::StringLiteral> extensions);
+  const llvm::StringMap<std::string> &mapsetsOf(llvm::StringRef directory);
 
   const ParseOptions &options;
   llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;
   llvm::StringMap<const SourceFile *> files;
-  /// Where a copybook was found before, by text-name, library and the includer's directory.
+  /// Where a member was found before, by name, library, extensions and the includer's directory.
   llvm::StringMap<std::string> found;
+  /// The files that define mapsets, by the mapset, of the directories looked at.
+  llvm::StringMap<llvm::StringMap<std::string>> mapsets;
 };
 
 } // namespace tarka

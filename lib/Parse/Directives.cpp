@@ -2,6 +2,7 @@
 
 #include "Parse/Directives.h"
 #include "Parse/CharacterTable.h"
+#include "Parse/ParseOptions.h"
 #include "llvm/ADT/StringExtras.h"
 #include <limits>
 
@@ -34,6 +35,47 @@ void CompilationVariables::define(llvm::StringRef name, DirectiveOperand value) 
 
 void CompilationVariables::undefine(llvm::StringRef name) {
   values.erase(name.upper());
+}
+
+void CompilationVariables::defineAll(llvm::StringRef list) {
+  while (!list.empty()) {
+    list = list.ltrim(" ,");
+    llvm::StringRef name = list.take_while(isWordCharacter);
+    if (name.empty())
+      return;
+    list = list.drop_front(name.size()).ltrim();
+    if (!list.consume_front("=")) {
+      define(name, DirectiveOperand::ofTruth(true));
+      continue;
+    }
+    list = list.ltrim();
+    bool isBoolean = list.consume_front_insensitive("B'");
+    int64_t number = 0;
+    if (isBoolean || list.starts_with("'") || list.starts_with("\"")) {
+      char quote = isBoolean ? '\'' : list.front();
+      auto [text, behind] = list.drop_front(!isBoolean).split(quote);
+      define(name,
+             isBoolean ? DirectiveOperand::ofTruth(text == "1") : DirectiveOperand::ofText(text));
+      list = behind;
+    } else if (!list.consumeInteger(10, number)) {
+      define(name, DirectiveOperand::ofNumber(number));
+    } else {
+      list = list.drop_until([](char c) { return c == ','; });
+    }
+  }
+}
+
+void CompilationVariables::defineOptions(const ParseOptions &options) {
+  // Those of a compiler of today with its options as they are delivered.
+  constexpr std::pair<llvm::StringLiteral, int64_t> numbers[] = {
+      {"IGY-COMPILER-VRM", 60400}, {"IGY-ARCH", 10}, {"IGY-LP", 32}};
+  for (const auto &[name, value] : numbers)
+    if (!find(name))
+      define(name, DirectiveOperand::ofNumber(value));
+  define("IGY-CICS", DirectiveOperand::ofTruth(options.cics));
+  define("IGY-SQL", DirectiveOperand::ofTruth(options.sql));
+  for (llvm::StringRef name : {"IGY-SQLIMS", "IGY-DLL", "IGY-DYNAM", "IGY-THREAD"})
+    define(name, DirectiveOperand::ofTruth(false));
 }
 
 void DirectiveText::fail(llvm::StringRef reason) {

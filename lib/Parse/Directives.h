@@ -18,6 +18,8 @@
 
 namespace tarka {
 
+struct ParseOptions;
+
 /// A value in a directive: a number, a text or a truth value.
 struct DirectiveOperand {
   enum class Kind : uint8_t { None, Number, Text, Truth };
@@ -48,6 +50,10 @@ public:
   const DirectiveOperand *find(llvm::StringRef name) const;
   void define(llvm::StringRef name, DirectiveOperand value);
   void undefine(llvm::StringRef name);
+  /// Defines what the compile option DEFINE lists: NAME, NAME=1, NAME='text', NAME=B'1' ...
+  void defineAll(llvm::StringRef list);
+  /// Defines the variables that tell the options of the compiler: IGY-CICS, IGY-SQL ...
+  void defineOptions(const ParseOptions &options);
 
 private:
   llvm::StringMap<DirectiveOperand> values;

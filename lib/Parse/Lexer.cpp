@@ -16,12 +16,13 @@ static constexpr size_t maxWordLength = 30;
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
     : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
-  if (file.getFault() != SourceFile::Fault::None && file.isFaultNew())
-    reportFault(file);
+  isAtEnd = reportFault(file, context);
 }
 
 /// One message stands for all mistakes in a file that is not text, or is in another encoding.
-void Lexer::reportFault(const SourceFile &file) {
+bool reportFault(const SourceFile &file, LexerContext &context) {
+  if (file.getFault() == SourceFile::Fault::None || !file.isFaultNew())
+    return false;
   size_t offset = std::min(file.getFaultOffset(), file.getText().size());
   llvm::StringRef before = file.getText().take_front(offset);
   unsigned line = static_cast<unsigned>(before.count('\n')) + 1;
@@ -32,22 +33,21 @@ void Lexer::reportFault(const SourceFile &file) {
   case SourceFile::Fault::Binary:
     context.diagnostics.report(DiagnosticId::BinaryFile, place,
                                showText(llvm::StringRef(before.end(), 1)));
-    isAtEnd = true;
-    return;
+    return true;
   case SourceFile::Fault::Ebcdic:
     context.diagnostics.report(DiagnosticId::EbcdicFile, SourceRange{file.getNumber(), 1, 1, 1, 1});
-    isAtEnd = true;
-    return;
+    return true;
   case SourceFile::Fault::Undecodable: {
     std::string byte = llvm::toHex(llvm::ArrayRef<uint8_t>(file.getUndecodableByte()));
     llvm::StringRef encoding = context.options.encoding;
     context.diagnostics.report(DiagnosticId::UndecodableByte, place, byte,
                                encoding.empty() ? "UTF-16" : encoding);
-    return;
+    return false;
   }
   case SourceFile::Fault::None:
-    return;
+    break;
   }
+  return false;
 }
 
 void Lexer::setPlace(Token &token) {
@@ -79,8 +79,30 @@ bool Lexer::readLine() {
   return true;
 }
 
+/// The text in the parentheses that \p text begins with, which is taken off it; quotes hide
+/// parentheses. Empty where there are none.
+static llvm::StringRef takeSuboptions(llvm::StringRef &text) {
+  text = text.ltrim();
+  if (!text.starts_with("("))
+    return {};
+  char quote = 0;
+  size_t end = 1;
+  for (unsigned depth = 1; end < text.size(); ++end) {
+    char c = text[end];
+    if (quote || c == '\'' || c == '"')
+      quote = quote == c ? 0 : quote ? quote : c;
+    else if (c == '(')
+      ++depth;
+    else if (c == ')' && --depth == 0)
+      break;
+  }
+  llvm::StringRef inner = text.slice(1, end);
+  text = text.drop_front(std::min(end + 1, text.size()));
+  return inner;
+}
+
 /// CBL and PROCESS lines: of the options of the compiler, those count here that say that CICS or
-/// DB2 adds to the source. Names in parentheses or quotes are suboptions.
+/// DB2 adds to the source, and DEFINE. Names in parentheses or quotes are suboptions.
 void Lexer::obeyOptions(llvm::StringRef text) {
   unsigned depth = 0;
   while (!text.empty()) {
@@ -99,9 +121,12 @@ void Lexer::obeyOptions(llvm::StringRef text) {
     text = text.drop_front(word.size());
     if (depth > 0)
       continue;
+    if (word.equals_insensitive("DEFINE") || word.equals_insensitive("DEF"))
+      context.variables.defineAll(takeSuboptions(text));
     context.options.cics |= word.equals_insensitive("CICS") || word.equals_insensitive("XOPTS");
     context.options.sql |= word.equals_insensitive("SQL");
   }
+  context.variables.defineOptions(context.options);
 }
 
 /// Moves on to the next line that is not a directive.

@@ -23,7 +23,9 @@ namespace tarka {
 struct LexerContext {
   LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
       : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
-        debuggingMode(options.debuggingLines) {}
+        debuggingMode(options.debuggingLines) {
+    variables.defineOptions(options);
+  }
 
   /// The options given, and those that the source turns on by itself.
   ParseOptions options;
@@ -82,6 +84,10 @@ private:
 /// or semicolon is a separator.
 llvm::StringRef pictureIn(llvm::StringRef text);
 
+/// Reports, the first time, that \p file is no text or not in its encoding: 3, 6, 7. Gives whether
+/// there is no use in reading it.
+bool reportFault(const SourceFile &file, LexerContext &context);
+
 /// The tokens of one file.
 class Lexer {
 public:
@@ -110,7 +116,6 @@ public:
 private:
   enum class State : uint8_t { Plain, Picture, EmbeddedWord, EmbeddedText, EmbeddedBlock };
 
-  void reportFault(const SourceFile &file);
   bool nextLine();
   bool readLine();
   void obeyOptions(llvm::StringRef text);

@@ -16,6 +16,7 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
                   : at(Keyword::Dli)                  ? ExecType::Dli
                                                       : ExecType::Other;
   context.embeddedLanguages.set(static_cast<unsigned>(type));
+  context.isTranslated |= type == ExecType::Cics || type == ExecType::Dli;
   stream.skip();
   llvm::StringRef text;
   if (at(TokenKind::EmbeddedText)) {

@@ -5,7 +5,6 @@
 //===----------------------------------------------------------------------===//
 
 #include "Parse/ParseProcedure.h"
-#include "Parse/ParseSupplied.h"
 
 namespace tarka {
 
@@ -56,7 +55,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
     for (Parameter *parameter : parameters)
       division.addParameter(parameter);
   }
-  SuppliedParser(context).supplyParameters(division, header);
+  context.procedureHeader = header;
   SourceRange begin = here();
   if (isRead && accept(Keyword::Returning)) {
     DataIdentifierExpression *item = parseDataName();

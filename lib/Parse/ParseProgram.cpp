@@ -91,9 +91,14 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
     current->setEnvironmentDivision(EnvironmentParser(context).parseEnvironmentDivision());
   if (atDivision(Keyword::Data))
     DataParser(context).parseDataDivision();
-  SuppliedParser(context).supplyInterfaceBlock();
+  SuppliedParser supplied(context);
+  // A program with a communication area is translated, one that has commands of CICS or DL/I too.
+  if (!outer)
+    context.isTranslated = isDeclared("DFHCOMMAREA");
+  supplied.supplyInterfaceBlock();
   if (atDivision(Keyword::Procedure))
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
+  const SourceRange header = context.procedureHeader;
 
   while (!at(TokenKind::EndOfFile)) {
     if (atEndProgram()) {
@@ -119,7 +124,9 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
       stream.skip();
   }
 
-  SuppliedParser(context).supplyCommunicationAreas();
+  supplied.supplyCommunicationAreas();
+  if (current->getProcDivision() && context.isTranslated)
+    supplied.supplyParameters(*current->getProcDivision(), header);
   complete(current);
   context.unit = enclosing;
   context.embeddedLanguages = outerLanguages;

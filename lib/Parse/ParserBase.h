@@ -52,6 +52,10 @@ struct ParserContext {
   llvm::DenseSet<const std::string *> indexNames;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
+  /// Whether the translator of CICS reads the outermost program.
+  bool isTranslated = false;
+  /// The header of the procedure division that was read last.
+  SourceRange procedureHeader;
 };
 
 class ParserBase {

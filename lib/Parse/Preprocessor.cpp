@@ -1,6 +1,7 @@
 //===- Preprocessor.cpp - COPY, REPLACE and the token stream --------------===//
 
 #include "Parse/Preprocessor.h"
+#include "Parse/BmsMap.h"
 #include "Parse/Lexer.h"
 #include "Parse/Replacer.h"
 #include "Parse/SuppliedText.h"
@@ -35,6 +36,8 @@ private:
     void next(Token &token) {
       if (!hasPushedBack) {
         lexer.next(token);
+        if (!places.empty())
+          token.place = places[std::min<size_t>(token.place.beginLine, places.size()) - 1];
         return;
       }
       token = pushedBack;
@@ -47,6 +50,9 @@ private:
 
     const SourceFile &file;
     Lexer lexer;
+    /// Where the lines of a symbolic map come from: places in the source of the map. Empty for a
+    /// file that is read as it is.
+    llvm::ArrayRef<SourceRange> places;
     std::unique_ptr<Replacer> replacer; ///< of the COPY that opened it, if it has REPLACING
     Token pushedBack;
     bool hasPushedBack = false;
@@ -58,6 +64,7 @@ private:
     std::string library;
     std::vector<Replacement> replacements;
     bool isDoubtful = false; ///< not all of it could be read
+    bool isInclude = false;  ///< EXEC SQL INCLUDE
   };
 
   void read(Token &token);
@@ -70,6 +77,14 @@ private:
   bool readCopyStatement(const Token &copyWord, CopyStatement &statement);
   bool readCopyName(Token &token, std::string &name);
   void openCopybook(CopyStatement &statement);
+  /// A copybook that is not read from a file: its text, and where each line of it comes from.
+  struct MadeCopybook {
+    const SourceFile *file = nullptr;
+    std::vector<SourceRange> places;
+  };
+  const SourceFile *findText(const CopyStatement &statement, const SourceFile &includer,
+                             llvm::ArrayRef<SourceRange> &places);
+  const MadeCopybook &makeMap(const SourceFile &macros, llvm::StringRef mapset);
   std::string chainTo(const SourceFile &file) const;
 
   void replace(const Token &replaceWord);
@@ -95,6 +110,8 @@ private:
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
   uint64_t copiedBytes = 0;
+  /// The symbolic maps that were made, by the file of the macros and the name in COPY.
+  llvm::StringMap<MadeCopybook> maps;
   uint64_t tokensAdded = 0;
   Replacer replacer; ///< of REPLACE
   /// The pairs in effect come last, before them those that they were added to.
@@ -219,6 +236,7 @@ void Preprocessor::copy(const Token &copyWord) {
     // EXEC SQL INCLUDE: a period after it is one of the text around.
     statement.place = copyWord.place;
     statement.textName = copyWord.text.trim("\"'").str();
+    statement.isInclude = true;
     if (statement.textName.empty())
       diagnostics.report(DiagnosticId::CopyNameExpected, copyWord.place, "INCLUDE", "END-EXEC");
     else
@@ -316,33 +334,15 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     stop(statement.place);
     return;
   }
-  llvm::ErrorOr<const SourceFile *> file =
-      files.findCopybook(statement.textName, statement.library, includer.file);
-  bool isMissing = !file && file.getError() == std::errc::no_such_file_or_directory;
-  const SuppliedCopybook *supplied = isMissing ? findSuppliedCopybook(statement.textName) : nullptr;
-  if (supplied && supplied->isWanted(context.options)) {
-    file = &files.addText(supplied->getFileName(), supplied->text);
-  } else if (supplied) {
-    diagnostics.report(DiagnosticId::SuppliedCopybookNotFound, statement.place, statement.textName,
-                       supplied->getOptionText());
+  llvm::ArrayRef<SourceRange> places;
+  const SourceFile *file = findText(statement, includer.file, places);
+  if (!file)
     return;
-  } else if (!file) {
-    std::string shown = statement.textName;
-    if (!statement.library.empty())
-      shown += " of " + statement.library;
-    if (isMissing)
-      diagnostics.report(DiagnosticId::CopybookNotFound, statement.place, shown,
-                         files.describeSearch(statement.library, includer.file));
-    else
-      diagnostics.report(DiagnosticId::CopybookUnreadable, statement.place, shown,
-                         file.getError().message());
+  if (llvm::any_of(levels, [&](const auto &level) { return &level->file == file; })) {
+    diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(*file));
     return;
   }
-  if (llvm::any_of(levels, [&](const auto &level) { return &level->file == *file; })) {
-    diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(**file));
-    return;
-  }
-  copiedBytes += (*file)->getText().size();
+  copiedBytes += file->getText().size();
   if (copiedBytes > uint64_t(limits.copiedMegabytes) << 20) {
     diagnostics.report(DiagnosticId::CopiedTextTooLarge, statement.place, limits.copiedMegabytes);
     stop(statement.place);
@@ -350,16 +350,81 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   }
   // Copied text is laid out like the text that copies it, unless its lines show something else.
   SourceFormat format = includer.lexer.getFormat();
-  if (context.options.format == SourceFormat::Auto)
-    format = (*file)->getFormat(format);
+  if (!places.empty())
+    format = SourceFormat::Free;
+  else if (context.options.format == SourceFormat::Auto)
+    format = file->getFormat(format);
   if (statement.isDoubtful)
-    diagnostics.markDamaged((*file)->getNumber());
-  levels.push_back(std::make_unique<Level>(**file, format, context, /*isMain=*/false));
+    diagnostics.markDamaged(places.empty() ? file->getNumber() : places.front().file);
+  levels.push_back(std::make_unique<Level>(*file, format, context, /*isMain=*/false));
+  levels.back()->places = places;
   if (!statement.replacements.empty()) {
     levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
     levels.back()->replacer->setReplacements(std::move(statement.replacements));
     ++replacingLevels;
   }
+}
+
+/// The text that \p statement copies: a copybook, one that CICS or DB2 supply, or the symbolic map
+/// of a mapset, whose lines come from \p places. Null, after a message, when there is none.
+const SourceFile *Preprocessor::findText(const CopyStatement &statement, const SourceFile &includer,
+                                         llvm::ArrayRef<SourceRange> &places) {
+  const SuppliedCopybook *supplied = findSuppliedCopybook(statement.textName);
+  // To INCLUDE SQLCA or SQLDA is to ask the precompiler for it, whatever members there are.
+  bool isPrecompilers = supplied && supplied->option == SupplyOption::Sql && statement.isInclude;
+  if (isPrecompilers && supplied->isWanted(context.options))
+    return &files.addText(supplied->getFileName(), supplied->text);
+  llvm::ErrorOr<const SourceFile *> file =
+      files.findCopybook(statement.textName, statement.library, includer);
+  if (file)
+    return *file;
+  std::string shown = statement.textName;
+  if (!statement.library.empty())
+    shown += " of " + statement.library;
+  if (file.getError() != std::errc::no_such_file_or_directory) {
+    diagnostics.report(DiagnosticId::CopybookUnreadable, statement.place, shown,
+                       file.getError().message());
+    return nullptr;
+  }
+  if (supplied) {
+    if (supplied->isWanted(context.options))
+      return &files.addText(supplied->getFileName(), supplied->text);
+    diagnostics.report(DiagnosticId::SuppliedCopybookNotFound, statement.place, statement.textName,
+                       supplied->getOptionText());
+    return nullptr;
+  }
+  llvm::ErrorOr<const SourceFile *> macros =
+      files.findMapset(statement.textName, statement.library, includer);
+  if (macros && context.options.cics) {
+    const MadeCopybook &map = makeMap(**macros, statement.textName);
+    if (!map.file)
+      diagnostics.report(DiagnosticId::BmsNoMapset, statement.place, (*macros)->getName());
+    places = map.places;
+    return map.file;
+  }
+  if (macros)
+    diagnostics.report(DiagnosticId::SuppliedCopybookNotFound, statement.place, statement.textName,
+                       "--cics");
+  else
+    diagnostics.report(DiagnosticId::CopybookNotFound, statement.place, shown,
+                       files.describeSearch(statement.library, includer));
+  return nullptr;
+}
+
+/// The symbolic map of \p mapset, made of the macros in \p macros the first time; without a file
+/// where they make none.
+const Preprocessor::MadeCopybook &Preprocessor::makeMap(const SourceFile &macros,
+                                                        llvm::StringRef mapset) {
+  std::string name = ("<map>/" + macros.getName() + "/" + mapset).str();
+  auto [entry, isNew] = maps.try_emplace(name);
+  MadeCopybook &made = entry->second;
+  if (!isNew || reportFault(macros, context))
+    return made;
+  SymbolicMap map = makeSymbolicMap(macros, mapset, context.words, diagnostics);
+  made.places = std::move(map.places);
+  if (map.isThere)
+    made.file = &files.addText(name, map.text);
+  return made;
 }
 
 /// How \p file, which is being read already, came to be copied again.

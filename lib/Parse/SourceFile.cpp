@@ -1,6 +1,7 @@
 //===- SourceFile.cpp - source files and where they are found -------------===//
 
 #include "Parse/SourceFile.h"
+#include "Parse/BmsMacros.h"
 #include "Parse/CharacterTable.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -98,7 +99,10 @@ private:
 
 /// The endings that a copybook's name may have besides the one written.
 constexpr llvm::StringLiteral copybookExtensions[] = {
-    "", ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB", ".copy", ".COPY", ".inc", ".INC"};
+    "",     ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB",      ".copy",     ".COPY",    ".inc",
+    ".INC", ".dcl", ".DCL", ".cpb", ".CPB", ".ccp", ".copybook", ".COPYBOOK", ".cobcopy", ".txt"};
+
+constexpr llvm::StringLiteral mapExtensions[] = {".bms", ".BMS"};
 
 /// \p name as written, in upper and in lower case, each once.
 llvm::SmallVector<std::string, 3> spellingsOf(llvm::StringRef name) {
@@ -211,8 +215,55 @@ std::string SourceManager::describeSearch(llvm::StringRef library,
 llvm::ErrorOr<const SourceFile *> SourceManager::findCopybook(llvm::StringRef textName,
                                                               llvm::StringRef library,
                                                               const SourceFile &includer) {
-  std::string key =
-      (textName + "\n" + library + "\n" + llvm::sys::path::parent_path(includer.getName())).str();
+  return findMember(textName, library, includer, copybookExtensions);
+}
+
+llvm::ErrorOr<const SourceFile *> SourceManager::findMapset(llvm::StringRef name,
+                                                            llvm::StringRef library,
+                                                            const SourceFile &includer) {
+  llvm::ErrorOr<const SourceFile *> named = findMember(name, library, includer, mapExtensions);
+  if (named || named.getError() != std::errc::no_such_file_or_directory)
+    return named;
+  for (const std::string &directory : searchDirectories(library, includer)) {
+    const llvm::StringMap<std::string> &known = mapsetsOf(directory);
+    if (auto file = known.find(name.upper()); file != known.end())
+      return open(file->second);
+  }
+  return named.getError();
+}
+
+/// The mapsets that the .bms files in \p directory define, each with its file. A mapset that two
+/// files define belongs to the first of them by name.
+const llvm::StringMap<std::string> &SourceManager::mapsetsOf(llvm::StringRef directory) {
+  auto [entry, isNew] = mapsets.try_emplace(directory);
+  if (!isNew)
+    return entry->second;
+  std::vector<std::string> paths;
+  std::error_code error;
+  for (llvm::vfs::directory_iterator file = fileSystem->dir_begin(directory, error), end;
+       !error && file != end; file.increment(error))
+    if (llvm::sys::path::extension(file->path()).equals_insensitive(".bms"))
+      paths.push_back(llvm::sys::path::remove_leading_dotslash(file->path()).str());
+  llvm::sort(paths);
+  for (const std::string &path : paths) {
+    llvm::ErrorOr<llvm::vfs::Status> status = fileSystem->status(path);
+    if (!status || !status->isRegularFile())
+      continue;
+    if (llvm::ErrorOr<const SourceFile *> file = open(path))
+      for (const std::string &label : mapsetsIn((*file)->getText()))
+        entry->second.try_emplace(label, path);
+  }
+  return entry->second;
+}
+
+/// Finds a member by its name and one of \p extensions.
+llvm::ErrorOr<const SourceFile *>
+SourceManager::findMember(llvm::StringRef textName, llvm::StringRef library,
+                          const SourceFile &includer,
+                          llvm::ArrayRef<llvm::StringLiteral> extensions) {
+  std::string key = (textName + "\n" + library + "\n" + extensions.back() + "\n" +
+                     llvm::sys::path::parent_path(includer.getName()))
+                        .str();
   std::error_code error = std::make_error_code(std::errc::no_such_file_or_directory);
   // Nothing is looked for twice, found or not.
   if (auto known = found.find(key); known != found.end()) {
@@ -244,7 +295,7 @@ llvm::ErrorOr<const SourceFile *> SourceManager::findCopybook(llvm::StringRef te
 
   for (const std::string &directory : searchDirectories(library, includer))
     for (const std::string &spelling : spellingsOf(textName))
-      for (llvm::StringRef extension : copybookExtensions) {
+      for (llvm::StringRef extension : extensions) {
         llvm::SmallString<128> path;
         // The current directory is not shown in the names of files that are in it.
         if (directory != "." && !llvm::sys::path::is_absolute(spelling))

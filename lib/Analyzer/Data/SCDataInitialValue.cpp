@@ -62,6 +62,9 @@ bool InitialValueCheck::check() {
 
   switch (category) {
   case DataCategory::Numeric:
+    // BLANK WHEN ZERO edits the item, so that its value may be characters as well.
+    if (isEditedForValue(entry) && !llvm::isa<NumericLiteralExpression>(literal))
+      return entry.getUsageType() == UsageType::National ? checkNational() : checkCharacters();
     return checkNumber();
   case DataCategory::InternalFloat:
     if (!llvm::isa<NumericLiteralExpression>(literal) &&

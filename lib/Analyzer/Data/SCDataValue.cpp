@@ -53,8 +53,10 @@ bool checkGroupLiteral(SemanticChecker &checker, DataDescription &group,
 //===----------------------------------------------------------------------===//
 
 /// Whether the conditional variable can have the value.
-bool isValueOf(const LiteralExpression &value, DataCategory variable) {
+bool isValueOf(const LiteralExpression &value, const DataDescription &entry) {
   const DataCategory category = value.getDataCategory();
+  const DataCategory variable =
+      isEditedForValue(entry) ? DataCategory::NumericEdited : entry.getDataCategory();
   if (category == variable)
     return true;
   if (llvm::isa<FigurativeLiteralExpression>(value) && variable == DataCategory::Alphanumeric)
@@ -82,7 +84,7 @@ bool checkConditionValues(SemanticChecker &checker, DataDescription &conditionNa
     ok = checker.semanticCheck(*value);
     if (!ok)
       return false;
-    if (variable && !isValueOf(*value, variable->getDataCategory()))
+    if (variable && !isValueOf(*value, *variable))
       ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName);
     if (LiteralExpression *through = phrase->getLiteral2()) {
       ok = checker.semanticCheck(*through);
@@ -94,7 +96,7 @@ bool checkConditionValues(SemanticChecker &checker, DataDescription &conditionNa
   }
   if (LiteralExpression *whenFalse = clause.getFalseValue()) {
     ok &= checker.semanticCheck(*whenFalse);
-    if (variable && !isValueOf(*whenFalse, variable->getDataCategory()))
+    if (variable && !isValueOf(*whenFalse, *variable))
       ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName);
   }
   return ok;

@@ -293,6 +293,28 @@ bool isInTable(const DataDescription &entry) {
   return false;
 }
 
+/// Whether \p operand can be a whole number. Only the running program knows the value of a
+/// quotient, a power, a product or a numeric function; what is known to have decimal places cannot
+/// be one.
+bool canBeInteger(const Expression &operand) {
+  const Expression *rest = &operand;
+  while (const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(rest)) {
+    switch (arithmetic->getOperator()) {
+    case ArithmeticExprType::Multiply:
+    case ArithmeticExprType::Divide:
+    case ArithmeticExprType::Power:
+      return true;
+    default:
+      if (const Expression *second = arithmetic->getOperand2(); second && !canBeInteger(*second))
+        return false;
+      rest = arithmetic->getOperand1();
+    }
+  }
+  bool isNumericFunction = llvm::isa<FunctionIdentifierExpression>(rest) &&
+                           rest->getDataCategory() == DataCategory::Numeric;
+  return isNumericFunction || rest->isInteger();
+}
+
 /// A subscript must be an integer or an index; for a data item its category tells.
 bool isSubscript(const Expression &operand) {
   DataCategory category = operand.getDataCategory();
@@ -302,7 +324,7 @@ bool isSubscript(const Expression &operand) {
   case ExpressionType::FigurativeConstant:
     return category == DataCategory::Numeric;
   default:
-    return operand.isInteger();
+    return canBeInteger(operand);
   }
 }
 
@@ -360,14 +382,14 @@ bool SemanticChecker::checkReferenceModifier(Expression &expression) {
 
   if (Expression *from = modifier->getFromExpr()) {
     semanticCheck(*from);
-    if (!from->isInteger())
+    if (!canBeInteger(*from))
       report(ErrorCode::ReferenceModifierNotInteger, &expression);
   } else {
     report(ErrorCode::ReferenceModifierStartMissing, &expression);
   }
   if (Expression *count = modifier->getCountExpr()) {
     semanticCheck(*count);
-    if (!count->isInteger())
+    if (!canBeInteger(*count))
       report(ErrorCode::ReferenceModifierNotInteger, &expression);
   }
   return ok;

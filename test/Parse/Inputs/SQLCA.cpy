@@ -1,0 +1,1 @@
+       01  SHOPS-OWN-SQLCA PIC X.

@@ -1,0 +1,2 @@
+       01  DCLTAB.
+           05  TAB-COLUMN PIC X.
