@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Writes an ordinary COBOL program of any size, for measurements.
+"""Generates a COBOL program of any size, for measurements.
 
-The knobs are independent of each other, so that growth in one direction can be
-looked at alone. The program is correct: checking it reports nothing.
+The options are independent of each other, so that growth can be measured in one
+direction at a time. The program is correct: checking it reports nothing.
 """
 
 import argparse

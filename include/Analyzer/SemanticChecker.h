@@ -114,6 +114,7 @@ class WriteStatement;
 class XMLGenerateStatement;
 class XMLParseStatement;
 
+class CheckListener;
 struct ExceptionProcedures;
 
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
@@ -137,6 +138,10 @@ public:
   /// Pushes a warning at \p node. A warning is no failure.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   ErrorHandler *getErrorHandler() const { return errorHandler; }
+
+  /// Who is told the result of every part; null, the default, for nobody.
+  CheckListener *getListener() const { return listener; }
+  void setListener(CheckListener *newListener) { listener = newListener; }
 
   //===--------------------------------------------------------------------===//
   // State of the walk
@@ -525,6 +530,7 @@ private:
 
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
+  CheckListener *listener = nullptr;
   std::list<DataDescription *> *indexFreeList = nullptr;
   Section *outerSection = nullptr;
   bool isDeclaratives = false;

@@ -1,9 +1,9 @@
-"""The explanations of the diagnostics: do their programs draw them, has every diagnostic one?
+"""Checks the explanations of the diagnostics: their programs, their completeness, the document.
 
     explanations.py programs TARKA DIRECTORY    runs both programs of every explanation; DIRECTORY
                                                 takes them
-    explanations.py catalogue TARKA             looks for diagnostics that nobody has explained
-    explanations.py document TARKA DOCUMENT     compares the document with what TARKA makes of them
+    explanations.py catalogue TARKA             finds diagnostics without an explanation
+    explanations.py document TARKA DOCUMENT     compares the document with what TARKA generates
 """
 
 import collections
@@ -47,7 +47,7 @@ def pattern_of(message):
 
 def look_at_reports(text, programs):
     """Every wrong program must be reported with the number, severity and text of its row."""
-    # What is found in a copybook is told by the copybook's name, below the program's directory.
+    # A diagnostic in a copybook has the name of the copybook, below the directory of the program.
     by_directory = {str(pathlib.Path(file).parent): file for file in programs}
     found = set()
     for line in text.split("\n"):
@@ -126,7 +126,7 @@ def main():
         faults = check_catalogue(tarka)
     else:
         faults = check_document(tarka, rest[0])
-    # One that is wrong in its form may have a thousand.
+    # A malformed document can have thousands of differences.
     print(*faults[:200], sep="\n")
     return 1 if faults else 0
 

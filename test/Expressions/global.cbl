@@ -56,7 +56,7 @@ DATA DIVISION.
 WORKING-STORAGE SECTION.
 77  MINE                        PIC X.
 PROCEDURE DIVISION.
-    *> NEAR of the program around is not GLOBAL, so the one farther out is meant: it is no number.
+    *> NEAR of the program around is not GLOBAL, so the name refers to the next outer one, which is not a number.
     DISPLAY NEAR MINE.
     ADD NEAR TO NEAR. *> expect: 3410 3410
     IF NEAR IS POSITIVE CONTINUE. *> expect: 3338
@@ -66,7 +66,7 @@ PROCEDURE DIVISION.
     SET FAR-X TO 1.
 
     *> The first HOMONYM is GLOBAL, its namesake comes along; the first SHADOW is not.
-    DISPLAY HOMONYM. *> expect: 3311
+    DISPLAY HOMONYM. *> expect: 3311 *> expect-pass
     DISPLAY HOMONYM OF LOCAL-SECOND.
     DISPLAY SHADOW. *> expect: 3310
     DISPLAY SHADOW OF GLOBAL-SECOND. *> expect: 3310

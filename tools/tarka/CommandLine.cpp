@@ -171,8 +171,18 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   cfg->add_option("--paragraph", request.view.paragraph,
                   "only the blocks of the paragraphs and sections of this name")
       ->option_text("NAME");
-  cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure (text and dot)");
+  cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure");
+  cfg->add_flag("--full", request.view.full,
+                "draw every block, however large the picture gets (dot)");
   cfg->add_flag("--keep-going", request.keepGoing, "build the graph though the checks failed");
+
+  CLI::App *flow = app.add_subcommand(
+      "flow", "print what is never reached in FILE, what is performed, and figures");
+  addCommonOptions(*flow, request, false);
+  flow->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json")
+      ->transform(oneOf(textFormats));
+  flow->add_flag("--keep-going", request.keepGoing, "print it though the checks failed");
 
   CLI::App *layout =
       app.add_subcommand("layout", "print where the bytes of the records of FILE lie");
@@ -207,14 +217,15 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](const std::string &word) {
-    return word == "check" || word == "cfg" || word == "layout" || word == "ast" ||
-           word == "explain" || word == "--help" || word == "-h" || word == "--version";
+    return word == "check" || word == "cfg" || word == "flow" || word == "layout" ||
+           word == "ast" || word == "explain" || word == "--help" || word == "-h" ||
+           word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front())) {
     if (isMisspeltCommand(arguments.front())) {
       std::cerr << "tarka: '" << arguments.front()
-                << "' is no file and no command; the commands are check, cfg, layout, ast and "
-                   "explain\n";
+                << "' is no file and no command; the commands are check, cfg, flow, layout, ast "
+                   "and explain\n";
       result.exitStatus = ExitUnusable;
       return result;
     }
@@ -233,6 +244,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     return result;
   }
   request.command = cfg->parsed()       ? Command::Cfg
+                    : flow->parsed()    ? Command::Flow
                     : layout->parsed()  ? Command::Layout
                     : ast->parsed()     ? Command::Ast
                     : explain->parsed() ? Command::Explain

@@ -21,7 +21,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Layout, Ast, Explain };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// What the command line asked for.

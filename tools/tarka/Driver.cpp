@@ -11,6 +11,7 @@
 #include "Explain.h"
 #include "Findings.h"
 #include "Parse/Parse.h"
+#include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
@@ -55,7 +56,9 @@ public:
   void report(llvm::raw_ostream &out) const;
 
 private:
+  bool verify();
   int printGraph();
+  GraphView drawableView(const CFGModule &module) const;
   int printLayout();
   int printTree();
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
@@ -64,6 +67,7 @@ private:
   const std::string &file;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
+  PartResults parts{handler};
   std::vector<Diagnostic> findings;
   Program *program = nullptr;
   bool checksSucceeded = false;
@@ -81,7 +85,10 @@ bool Compilation::check() {
     return false;
   }
   program = *parsed;
-  checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
+  SemanticChecker checker(&handler);
+  if (request.verify)
+    checker.setListener(&parts);
+  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
   findings = collectFindings(file, frontEnd, handler);
   return true;
 }
@@ -90,8 +97,7 @@ int Compilation::run() {
   if (!check())
     return ExitUnusable;
   if (request.verify)
-    return verifyReport(file, request.parse.encoding, findings, llvm::errs()) ? ExitClean
-                                                                              : ExitFindings;
+    return verify() ? ExitClean : ExitFindings;
   llvm::errs().SetBuffered();
   report(llvm::errs());
   llvm::errs().flush();
@@ -100,7 +106,7 @@ int Compilation::run() {
     llvm::errs().clear_error();
     return ExitInternal;
   }
-  if (request.command == Command::Cfg)
+  if (request.command == Command::Cfg || request.command == Command::Flow)
     return printGraph();
   if (request.command == Command::Layout)
     return printLayout();
@@ -109,10 +115,28 @@ int Compilation::run() {
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
+bool Compilation::verify() {
+  parts.finish(file, checksSucceeded);
+  return verifyReport(file, request.parse.encoding, findings, request.syntaxOnly ? nullptr : &parts,
+                      llvm::errs());
+}
+
 void Compilation::report(llvm::raw_ostream &out) const {
   std::unique_ptr<Sink> sink = makeClassicSink(out);
   for (const Diagnostic &diagnostic : findings)
     sink->report(diagnostic);
+}
+
+/// What is asked for, or one box for each procedure where all blocks would be too many to draw.
+GraphView Compilation::drawableView(const CFGModule &module) const {
+  GraphView view = request.view;
+  if (view.full || view.collapse || !view.paragraph.empty() || !isTooLargeToDraw(module, view))
+    return view;
+  llvm::errs() << "tarka: " << file
+               << " is too large to draw every block, so each procedure is one box; --paragraph "
+                  "NAME draws one in full, --full everything\n";
+  view.collapse = true;
+  return view;
 }
 
 int Compilation::printGraph() {
@@ -135,6 +159,17 @@ int Compilation::printGraph() {
     llvm::errs() << "tarka: the graph of " << file << " is wrong: " << failure << '\n';
   if (!failures.empty())
     return ExitInternal;
+  if (auto missing = explainMissingProcedure(*module, request.view)) {
+    llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+    return ExitUnusable;
+  }
+  if (request.command == Command::Flow) {
+    if (request.format == OutputFormat::Json)
+      printFlowJson(llvm::outs(), *module);
+    else
+      printFlowText(llvm::outs(), *module);
+    return !flushOutput("flow") ? ExitInternal : failed ? ExitFindings : ExitClean;
+  }
 
   switch (request.format) {
   case OutputFormat::Text:
@@ -144,7 +179,7 @@ int Compilation::printGraph() {
     printGraphJson(llvm::outs(), *module, request.view);
     break;
   case OutputFormat::Dot:
-    printGraphDot(llvm::outs(), *module, request.view, request.parse);
+    printGraphDot(llvm::outs(), *module, drawableView(*module), request.parse);
     break;
   case OutputFormat::Markdown:
     llvm_unreachable("not a form of the graph");

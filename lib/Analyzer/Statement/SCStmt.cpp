@@ -15,6 +15,7 @@
 #include "AST/Usage.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 #include <initializer_list>
 #include <optional>
@@ -61,7 +62,8 @@ private:
 } // namespace
 
 bool SemanticChecker::semanticCheck(Statement &statement) {
-  return StatementCheck(*this).visit(statement);
+  const PartCheck part(*this, CheckedPart::Statement, statement);
+  return part.done(StatementCheck(*this).visit(statement));
 }
 
 bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
