@@ -66,7 +66,7 @@ bool isDataName(const Token &token) {
 bool ExpressionParser::atIdentifier() {
   const Token &token = peek();
   if (token.isUserWord())
-    return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText()) &&
+    return !atProcedureHeader() && !scope().isSymbolicCharacter(token.getInternedText()) &&
            misspeltKeyword() == Keyword::None;
   return isSpecialRegister(token.keyword) || atFunction();
 }

@@ -172,7 +172,7 @@ bool ParserBase::atLevelNumber() {
   if (!next.isWord() || next.isFigurativeConstant())
     return false;
   if (next.isUserWord())
-    return !isSymbolicCharacter(*next.getInternedText());
+    return !scope().isSymbolicCharacter(next.getInternedText());
   return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
                        Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
                        Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,

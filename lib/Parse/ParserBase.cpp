@@ -151,7 +151,7 @@ bool ParserBase::atNumericLiteral() {
 bool ParserBase::atLiteral() {
   return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
          peek().isFigurativeConstant() ||
-         (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText()));
+         (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText()));
 }
 
 NumericLiteralExpression *ParserBase::parseNumericLiteral() {
@@ -222,7 +222,7 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     stream.skip();
     return makeAt<FigurativeLiteralExpression>(begin, type, nullptr);
   }
-  if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
+  if (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText())) {
     auto *symbol =
         makeAt<FigurativeLiteralExpression>(begin, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);
