@@ -270,7 +270,7 @@ bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
 }
 
 bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
-  ParaSpecialNames *names = currentUnit()->getSpecialNames();
+  ParaSpecialNames *names = currentSpecialNames();
   if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
     return report(ErrorCode::AlphabetNameRequired, &file);
   return true;
