@@ -31,7 +31,8 @@ bool checkUseFile(SemanticChecker &checker, const UseStatement &use, IdentifierE
   const FileDescription *file = fileName->getFileDescription();
   if (file->getType() == FileDescType::SortMerge)
     ok = checker.report(ErrorCode::UseSortMergeFile, &name);
-  if (const ClauseLabel *label = file->getLabel(); label && label->getType() == LabelType::Omitted && needsLabels(use))
+  if (const ClauseLabel *label = file->getLabel();
+      label && label->getType() == LabelType::Omitted && needsLabels(use))
     ok = checker.report(ErrorCode::UseLabelOmittedFile, &name);
   return ok;
 }

@@ -211,8 +211,10 @@ CommandLineResult readCommandLine(int argc, char **argv) {
 
   CLI::App *explain =
       app.add_subcommand("explain", "explain the diagnostic NUMBER with a program that draws it");
-  explain->add_option("NUMBER", request.numbers, "the number; without one all are listed; enterprise: the rules of "
-                                                "--enterprise")
+  explain
+      ->add_option("NUMBER", request.numbers,
+                   "the number; without one all are listed; enterprise: the rules of "
+                   "--enterprise")
       ->option_text("NUMBER...");
   explain->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json|markdown")

@@ -17,8 +17,8 @@ DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes);
 /// usage has none.
 int boundaryOf(const DataDescription &entry);
 
-/// SYNCHRONIZED of the level 01 group \p record becomes a clause of every elementary item in it that
-/// has none.
+/// SYNCHRONIZED of the level 01 group \p record becomes a clause of every elementary item in it
+/// that has none.
 void synchronizeItems(DataDescription &record);
 
 /// Inserts the slack bytes that place the SYNCHRONIZED items of \p record on their boundaries, and

@@ -7,8 +7,8 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Data/PictureRules.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"

@@ -114,9 +114,8 @@ bool isComparableValue(LiteralExpression &value, const DataDescription &variable
   const bool isNumber = llvm::isa<NumericLiteralExpression>(value);
   if (category == DataCategory::InternalFloat || category == DataCategory::ExternalFloat)
     return isNumber;
-  return isValueByCategory(value, variable) ||
-         (category == DataCategory::NationalEdited &&
-          value.getDataCategory() == DataCategory::National);
+  return isValueByCategory(value, variable) || (category == DataCategory::NationalEdited &&
+                                                value.getDataCategory() == DataCategory::National);
 }
 
 bool isValueOf(LiteralExpression &value, const DataDescription &variable) {

@@ -138,10 +138,9 @@ static void settleRecordingMode(FileDescription &file) {
   std::int64_t largest = 0;
   for (const DataDescription *entry : file.getRecordDescElements())
     largest = std::max(largest, entry->getAllocSize());
-  const bool isUnspanned = followsEnterprise(EnterpriseRule::BlockedFixedRecords) &&
-                           !givesBlockLength(*file.getBlock());
-  const bool fits =
-      isUnspanned || file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
+  const bool isUnspanned =
+      followsEnterprise(EnterpriseRule::BlockedFixedRecords) && !givesBlockLength(*file.getBlock());
+  const bool fits = isUnspanned || file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
   setMode(fits ? RecordingModeType::Fixed : RecordingModeType::Spanned);
 }
 

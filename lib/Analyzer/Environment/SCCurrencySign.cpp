@@ -33,8 +33,8 @@ bool SemanticChecker::checkClauseCurrency(ClauseCurrency &clause) {
   } else {
     if (text->getNonNumericLiteralType() == NonNumericLiteralType::Dbcs)
       ok = report(ErrorCode::CurrencySignNotSingleCharacter, sign);
-    const bool canBeLong = symbol && text->getLength() > 1 &&
-                           followsEnterprise(EnterpriseRule::LongCurrencySign);
+    const bool canBeLong =
+        symbol && text->getLength() > 1 && followsEnterprise(EnterpriseRule::LongCurrencySign);
     if (text->getLength() != 1 && !canBeLong)
       ok = report(ErrorCode::CurrencySignNotSingleCharacter, sign);
     llvm::StringRef forbidden = symbol ? numberCharacters : pictureCharacters;

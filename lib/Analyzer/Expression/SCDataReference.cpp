@@ -190,10 +190,10 @@ bool SemanticChecker::checkReferenceModifier(Expression &expression) {
   } else if (auto *function = llvm::dyn_cast<FunctionIdentifierExpression>(&expression)) {
     modifier = function->getReferenceMod();
     DataCategory category = function->getDataCategory();
-    const bool isText =
-        category == DataCategory::Alphanumeric || category == DataCategory::National ||
-        (category == DataCategory::Alphabetic &&
-         followsEnterprise(EnterpriseRule::ModifiedAlphabeticFunction));
+    const bool isText = category == DataCategory::Alphanumeric ||
+                        category == DataCategory::National ||
+                        (category == DataCategory::Alphabetic &&
+                         followsEnterprise(EnterpriseRule::ModifiedAlphabeticFunction));
     if (!isText)
       ok = report(ErrorCode::ReferenceModifierNotAllowed, &expression);
   } else {

@@ -229,8 +229,7 @@ MoveDecision::Rule MoveDecision::fromAlphanumeric() {
     return MoveRule::National;
   if (receiverCategory == Numeric)
     return fromAlphanumericToNumeric();
-  if (receiverCategory == Dbcs && isSpace(sender) &&
-      followsEnterprise(EnterpriseRule::SpaceToDbcs))
+  if (receiverCategory == Dbcs && isSpace(sender) && followsEnterprise(EnterpriseRule::SpaceToDbcs))
     return MoveRule::Character;
   return std::nullopt;
 }

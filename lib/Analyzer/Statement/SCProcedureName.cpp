@@ -61,7 +61,7 @@ Paragraph *reportNoProcedure(SemanticChecker &checker, QualifiedWord &name) {
 llvm::SmallVector<Paragraph *, 2> findInDeclaratives(const std::string &paragraphName,
                                                      const std::string *sectionName) {
   llvm::SmallVector<Paragraph *, 2> found;
-  for (const Declaratives *declarative : currentProcedureDivision().getDeclarativesElements()) {
+  for (const Declaratives *declarative : currentProcedureDivision().getDeclElements()) {
     const Section *section = declarative->getSection();
     if (section && (!sectionName || section->getSectionName()->getWordData() == *sectionName))
       llvm::append_range(found, section->findParagraphs(paragraphName));
