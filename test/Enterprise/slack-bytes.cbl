@@ -1,9 +1,22 @@
 *> RUN: %tarka layout --enterprise %s | FileCheck %s
 *>
-*> The slack bytes of Enterprise COBOL.
+*> The slack bytes of Enterprise COBOL, and the recording mode of blocked files.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. SLACK.
+ENVIRONMENT DIVISION.
+INPUT-OUTPUT SECTION.
+FILE-CONTROL.
+    SELECT BLOCKED ASSIGN TO BLOCKED.
+    SELECT BY-SYSTEM ASSIGN TO BYSYSTEM.
 DATA DIVISION.
+FILE SECTION.
+*> The length of these blocks is not given in bytes.
+FD  BLOCKED BLOCK CONTAINS 10 RECORDS RECORD CONTAINS 80.
+01  BLOCKED-RECORD PIC X(80).
+FD  BY-SYSTEM BLOCK CONTAINS 0 RECORD CONTAINS 80.
+01  BY-SYSTEM-RECORD PIC X(80).
+*> CHECK: FD BLOCKED 80 recording mode F
+*> CHECK: FD BY-SYSTEM 80 recording mode F
 WORKING-STORAGE SECTION.
 *> They follow the elementary item before the synchronized one, and belong to its group.
 01  AFTER-ITEM.
@@ -43,12 +56,12 @@ WORKING-STORAGE SECTION.
         10  PD-HOURS PIC S9(3) COMP SYNC.
         10  PD-INNER.
             15  PD-SMALL PIC S9(4) COMP SYNC.
-            15  PD-NAME PIC X(5).
-*> CHECK:      01 PADDED 0 0000 201
-*> CHECK:      05 PD-TABLE 1 0001 20 x10
+            15  PD-NAME PIC X(3).
+*> CHECK:      01 PADDED 0 0000 161
+*> CHECK:      05 PD-TABLE 1 0001 16 group, OCCURS 10
 *> CHECK:      10 SLACK-BYTES 2 0002 2
 *> CHECK:      10 PD-PAY 4 0004 4
-*> CHECK:      10 SLACK-BYTES 17
+*> CHECK:      10 SLACK-BYTES 15 000F 2
 *> SYNC of a record is that of every elementary item.
 01  WHOLE-RECORD SYNC.
     05  WR-TEXT PIC X.
@@ -59,7 +72,7 @@ WORKING-STORAGE SECTION.
 *> CHECK:      01 WHOLE-RECORD 0 0000 16
 *> CHECK:      05 SLACK-BYTES 1 0001 3
 *> CHECK:      10 WR-BINARY 4 0004 4
-*> CHECK:      05 WR-INDEX 12 000c 4
+*> CHECK:      05 WR-INDEX 12 000C 4
 *> A redefinition starts where its object does; inside, items are aligned.
 01  REDEFINED.
     05  RD-TEXT PIC X.
@@ -86,7 +99,7 @@ WORKING-STORAGE SECTION.
             15  TV-REST PIC X(2).
         10  TV-LAST PIC X.
 *> CHECK:      01 TABLE-OF-VIEWS 0 0000 24
-*> CHECK:      05 TV-ROW 0 0000 12 x2
+*> CHECK:      05 TV-ROW 0 0000 12 group, OCCURS 2
 *> CHECK-NEXT: 10 TV-CODE 0 0000 1
 *> CHECK-NEXT: 10 SLACK-BYTES 1 0001 3
 *> CHECK-NEXT: 10 TV-AREA 4 0004 4
