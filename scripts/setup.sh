@@ -3,7 +3,10 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-packages=$(sed -e 's/#.*//' packages.txt)
+# A line is a package, or a package and the command that it is needed for.
+packages=$(sed -e 's/#.*//' packages.txt | while read -r package command; do
+  [ -n "$command" ] && command -v "$command" >/dev/null || echo "$package"
+done)
 
 if ! command -v dpkg-query >/dev/null; then
   echo "setup: this is not a Debian system. Tarka needs what these Debian packages contain:" >&2

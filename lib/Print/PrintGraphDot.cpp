@@ -264,6 +264,12 @@ private:
   std::string boxOf(GroupId id) const {
     return ("f" + llvm::Twine(id.function) + "g" + llvm::Twine(id.group)).str();
   }
+  /// Whether the end of a procedure is drawn: it is one of a performed range, and something leads
+  /// to it.
+  bool isDrawnEnd(const FlowNode &node) const {
+    return node.getKind() == FlowNodeKind::ProcedureEnd && isEnd[node.getProcedure()] &&
+           !node.predecessors().empty();
+  }
   std::string endOf(std::uint32_t procedure) const {
     return ("end" + llvm::Twine(procedure)).str();
   }
@@ -293,6 +299,8 @@ private:
   llvm::DenseMap<const FlowGraph *, std::size_t> numbers;
   /// The procedures that are not shown, with a line to one that is.
   std::set<GroupId> neighbours;
+  /// What stands in a box in place of lines.
+  llvm::StringMap<std::vector<std::string>> notes;
   /// The boxes in which the program ends.
   llvm::StringSet<> exits;
   /// By the boxes that they lead from.
@@ -383,8 +391,7 @@ void DotPrinter::printGroup(GroupId id) {
     if (!layout.nodesOf(block).empty())
       printBlock(block, layout, id.function);
   for (const FlowNode &node : layout.flow->nodes())
-    if (node.getKind() == FlowNodeKind::ProcedureEnd && isEnd[node.getProcedure()] &&
-        groupOf(node) == id)
+    if (isDrawnEnd(node) && groupOf(node) == id)
       os << "        " << endOf(node.getProcedure())
          << " [shape=plain, fontname=\"Helvetica\", fontsize=8, fontcolor=\"#2060b0\", label=\"end "
             "of "
@@ -459,6 +466,8 @@ void DotPrinter::printProcedureBox(GroupId id, bool isNeighbour) {
     os << "<br/><font point-size=\"8\" color=\"#888888\">" << count
        << (count == 1 ? " statement" : " statements") << (isDead ? ", not reached" : "")
        << "</font>";
+  for (const std::string &note : notes[boxOf(id)])
+    os << "<br/><font point-size=\"8\" color=\"#b03060\">" << forHtml(note) << "</font>";
   os << ">];\n";
 }
 
@@ -551,7 +560,7 @@ void DotPrinter::addExit(const FlowNode &node) {
 
 void DotPrinter::addLines(const FlowNode &node) {
   // What a procedure's end is drawn for: its ways are those of the text; returning is not drawn.
-  if (node.getKind() == FlowNodeKind::ProcedureEnd && !isEnd[node.getProcedure()])
+  if (node.getKind() == FlowNodeKind::ProcedureEnd && !isDrawnEnd(node))
     return;
   for (const FlowEdge &edge : node.successors()) {
     const FlowNode &target = nodeAt(edge.to);
@@ -588,6 +597,13 @@ void DotPrinter::addLines(const FlowNode &node) {
 void DotPrinter::addCollapsedLines(std::size_t function) {
   const GraphLayout &layout = layouts[function];
   const std::vector<ProcedureWays> ways = waysOfGroups(layout);
+  // Lines from everywhere to one box make a picture that nobody can read, nor Graphviz draw: the
+  // boxes name it instead.
+  constexpr std::size_t manyGroups = 60, manyLines = 8;
+  std::vector<std::size_t> incoming(layout.groups.size());
+  for (const ProcedureWays &leaving : ways)
+    for (const auto &[kind, target] : leaving)
+      ++incoming[layout.groupIndex(target)];
   for (std::size_t index = 0; index < layout.groups.size(); ++index)
     for (const auto &[kind, target] : ways[index]) {
       const GroupId from{function, index}, to{function, layout.groupIndex(target)};
@@ -596,6 +612,10 @@ void DotPrinter::addCollapsedLines(std::size_t function) {
       const FlowNode &first = layout.nodesOf(target).front();
       const std::string source = isWanted(from) ? boxOf(from) : neighbour(from);
       const std::string goal = isWanted(to) ? boxOf(to) : neighbour(to);
+      if (layout.groups.size() > manyGroups && incoming[to.group] > manyLines && isWanted(from)) {
+        notes[source].push_back((flowEdgeKindName(kind) + " " + titleOf(to)).str());
+        continue;
+      }
       EdgeStyle style = styleOf(kind);
       llvm::StringRef label = kind == FlowEdgeKind::Next ? "" : flowEdgeKindName(kind);
       // Falling into a procedure that is performed says little about how the program is built.

@@ -17,7 +17,6 @@ import sys
 
 HERE = pathlib.Path(__file__).parent
 EXPLANATIONS = HERE.parent.parent / "explanations"
-REPORT_LINE = re.compile(r"(.*):\d+:\d+ - \d+:\d+ (\w+) (\d+) : (.*)")
 
 
 def run(tarka, *arguments):
@@ -51,17 +50,19 @@ def look_at_reports(text, programs):
     by_directory = {str(pathlib.Path(file).parent): file for file in programs}
     found = set()
     for line in text.split("\n"):
-        if match := REPORT_LINE.fullmatch(line):
-            path, severity, number, message = match.groups()
-            file = next((by_directory[str(up)] for up in pathlib.Path(path).parents if str(up) in by_directory), None)
-            diagnostic = programs.get(file)
-            if (
-                diagnostic
-                and int(number) == diagnostic["number"]
-                and severity == diagnostic["severity"]
-                and pattern_of(diagnostic["message"]).fullmatch(message)
-            ):
-                found.add(file)
+        if not line:
+            continue
+        reported = json.loads(line)
+        parents = map(str, pathlib.Path(reported["file"]).parents)
+        file = next((by_directory[up] for up in parents if up in by_directory), None)
+        diagnostic = programs.get(file)
+        if (
+            diagnostic
+            and reported["number"] == diagnostic["number"]
+            and reported["severity"] == diagnostic["severity"]
+            and pattern_of(diagnostic["message"]).fullmatch(reported["text"])
+        ):
+            found.add(file)
     return [f"{file}: its own diagnostic is not reported" for file in programs if file not in found]
 
 
@@ -82,8 +83,8 @@ def check_programs(tarka, directory):
         faults += verified.stderr.splitlines()
         if verified.returncode > 1 or verified.returncode == 1 and not verified.stderr:
             faults.append(f"tarka check --verify {' '.join(options)} ends with {verified.returncode}")
-        reported = run(tarka, "check", *options, *programs)
-        faults += look_at_reports(reported.stderr, programs)
+        reported = run(tarka, "check", "--format=ndjson", *options, *programs)
+        faults += look_at_reports(reported.stdout, programs)
     for options, programs in mended.items():
         result = run(tarka, "check", *options, *programs)
         faults += result.stderr.splitlines()
