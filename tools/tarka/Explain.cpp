@@ -313,12 +313,10 @@ void printEnterpriseRules(llvm::raw_ostream &out, OutputFormat format) {
 } // namespace
 
 int explain(const Request &request) {
-  if (request.numbers.size() == 1 && request.numbers.front() == "enterprise") {
-    printEnterpriseRules(llvm::outs(), request.format);
-    return flushOutput("explanation") ? ExitClean : ExitInternal;
-  }
+  const bool isAboutEnterprise =
+      request.numbers.size() == 1 && request.numbers.front() == "enterprise";
   std::vector<const DiagnosticRow *> rows;
-  if (!findRows(request, rows))
+  if (!isAboutEnterprise && !findRows(request, rows))
     return ExitUnusable;
 
   CommandOutput output(request.output);
@@ -326,7 +324,9 @@ int explain(const Request &request) {
     return ExitInternal;
   llvm::raw_ostream &out = output.stream();
   int status = ExitClean;
-  if (request.format == OutputFormat::Json)
+  if (isAboutEnterprise)
+    printEnterpriseRules(out, request.format);
+  else if (request.format == OutputFormat::Json)
     printJson(out, rows);
   else if (request.format == OutputFormat::Markdown)
     printMarkdown(out, rows);
