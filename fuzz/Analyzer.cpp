@@ -28,6 +28,7 @@ static CompileSettings settingsFor(llvm::StringRef input) {
   settings.enableAertdli = fuzz::hasOption(input, "--enable-aertdli");
   settings.enableRw = fuzz::hasOption(input, "--enable-rw");
   settings.enableOsvs = fuzz::hasOption(input, "--enable-osvs");
+  settings.enterprise = fuzz::hasOption(input, "--enterprise");
   return settings;
 }
 

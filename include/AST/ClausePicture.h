@@ -54,6 +54,9 @@ public:
   /// The character string as written.
   Word *getCharStringWord() const { return charString; }
 
+  /// Takes the symbol N for a DBCS character, as G is, and decodes the string again.
+  void readNationalAsDbcs();
+
   /// The string with the repetition factors written out, letters in upper case except a currency
   /// symbol. A string of more than MaxWrittenOut positions keeps its repetition factors, and so
   /// does one whose repetition factors are wrong.

@@ -23,6 +23,7 @@ struct CompileSettings {
   bool enableAertdli = false; ///< calls of the DL/I interface AERTDLI are recognised
   bool enableRw = false;      ///< the registers and identifiers of the report writer exist
   bool enableOsvs = false;    ///< the extensions of OS/VS COBOL are accepted
+  bool enterprise = false;    ///< the rules of EnterpriseRules.def follow Enterprise COBOL
 };
 
 /// The compile options: one record for the process, made on first use and never destroyed. Every
@@ -73,6 +74,10 @@ public:
   bool isOptionEnableOsvs() const { return enableOsvs; }
   void setOptionEnableOsvs(bool on) { enableOsvs = on; }
 
+  /// The checks follow Enterprise COBOL in the cases of EnterpriseRules.def.
+  bool isOptionEnterprise() const { return enterprise; }
+  void setOptionEnterprise(bool on) { enterprise = on; }
+
   /// The program collating sequence is EBCDIC; the ALPHABET clause sets it.
   bool isOptionSeqEbcdic() const { return seqEbcdic; }
   void setOptionSeqEbcdic(bool on) { seqEbcdic = on; }
@@ -106,6 +111,8 @@ private:
   [[maybe_unused]] bool reserved11 = false;
   /// The four letters stand for a text that is not set.
   std::string optionText = "NULL";
+  /// After the fields that other stages share, whose order is fixed.
+  bool enterprise = false;
 };
 
 } // namespace tarka

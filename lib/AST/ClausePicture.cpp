@@ -17,6 +17,7 @@
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/MathExtras.h"
+#include <algorithm>
 #include <array>
 #include <climits>
 
@@ -536,6 +537,13 @@ void ClausePicture::decodePicture(bool decimalPointIsComma) {
   info = lookUp(&charString->getWordData(), decimalPointIsComma);
   extended = nullptr;
   currencySign = nullptr;
+}
+
+void ClausePicture::readNationalAsDbcs() {
+  std::string text = charString->getWordData();
+  std::replace(text.begin(), text.end(), 'N', 'G');
+  std::replace(text.begin(), text.end(), 'n', 'g');
+  info = lookUp(&internString(text), /*decimalPointIsComma=*/false);
 }
 
 const std::string &ClausePicture::getExtendedPicture() const {

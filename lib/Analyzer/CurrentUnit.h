@@ -9,6 +9,7 @@
 
 #include "AST/Program.h"
 #include "AST/Scope.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/TopLevel.h"
 
 namespace tarka {
@@ -48,10 +49,14 @@ inline DataDivision *currentDivision() {
   return unit ? unit->getDataDivision() : nullptr;
 }
 
-/// Its own SPECIAL-NAMES; null when it has none. Some clauses and conditions look names up here
-/// only; what the programs around it define as well is in currentScope().
+/// The SPECIAL-NAMES that hold in it: its own; with --enterprise, where it has none, those of the
+/// nearest program around it. Null when there are none. Scope.h has what always holds in nested
+/// programs.
 inline ParaSpecialNames *currentSpecialNames() {
   SourceUnit *unit = currentUnit();
+  if (followsEnterprise(EnterpriseRule::OuterSpecialNames))
+    while (unit && !unit->getSpecialNames())
+      unit = unit->getParent();
   return unit ? unit->getSpecialNames() : nullptr;
 }
 

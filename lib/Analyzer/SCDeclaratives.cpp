@@ -6,6 +6,7 @@
 
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/Support/SaveAndRestore.h"
 
@@ -13,7 +14,14 @@ namespace tarka {
 
 namespace {
 
-bool checkUseFile(SemanticChecker &checker, IdentifierExpression &name) {
+/// Whether the procedures of \p use need files with labels.
+bool needsLabels(const UseStatement &use) {
+  return use.getTimingType() == UseTimingType::AfterLabel ||
+         use.getTimingType() == UseTimingType::BeforeLabel ||
+         !followsEnterprise(EnterpriseRule::UseOfUnlabelledFile);
+}
+
+bool checkUseFile(SemanticChecker &checker, const UseStatement &use, IdentifierExpression &name) {
   if (!checker.semanticCheck(name))
     return false;
   const auto *fileName = llvm::dyn_cast<FileIdentifierExpression>(&name);
@@ -23,7 +31,8 @@ bool checkUseFile(SemanticChecker &checker, IdentifierExpression &name) {
   const FileDescription *file = fileName->getFileDescription();
   if (file->getType() == FileDescType::SortMerge)
     ok = checker.report(ErrorCode::UseSortMergeFile, &name);
-  if (const ClauseLabel *label = file->getLabel(); label && label->getType() == LabelType::Omitted)
+  if (const ClauseLabel *label = file->getLabel();
+      label && label->getType() == LabelType::Omitted && needsLabels(use))
     ok = checker.report(ErrorCode::UseLabelOmittedFile, &name);
   return ok;
 }
@@ -97,10 +106,11 @@ bool SemanticChecker::semanticCheck(UseStatement &use) {
     if (!checkUseReporting(*this, use))
       return false;
   } else if (use.getFileListSize() != 0) {
-    if (use.getTimingType() == UseTimingType::ForDebugging)
+    if (use.getTimingType() == UseTimingType::ForDebugging &&
+        !followsEnterprise(EnterpriseRule::UseDebuggingFile))
       ok = report(ErrorCode::UseDebuggingWithFileName, &use);
     for (IdentifierExpression *name : use.getFileListElements())
-      ok &= checkUseFile(*this, *name);
+      ok &= checkUseFile(*this, use, *name);
   }
   if (use.getProcedureListSize() != 0)
     ok &= checkUseProcedures(*this, use);

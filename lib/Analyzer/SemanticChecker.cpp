@@ -10,6 +10,7 @@
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/PartCheck.h"
 #include <cassert>
 
@@ -102,6 +103,8 @@ bool SemanticChecker::semanticCheck(Program &program) {
   for (SourceUnit *unit : program.getSourceUnitListElements()) {
     context().setCurrentSourceUnit(unit);
     setIsDeclaratives(false);
+    if (followsEnterprise(EnterpriseRule::EntryNameOfProgram))
+      state->entryTexts.clear();
     ok &= PartCheck(*this, CheckedPart::Program, *unit).done(semanticCheck(*unit));
   }
   context().setCurrentProgram(nullptr);

@@ -9,6 +9,7 @@
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "Analyzer/CompileOption.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -84,12 +85,17 @@ LiteralExpression *makeInitialValue(const SpecialRegister &from) {
   return nullptr;
 }
 
+bool isGlobal(const SpecialRegister &from) {
+  return from.isGlobal || (llvm::StringRef(from.name).starts_with("XML-") &&
+                           followsEnterprise(EnterpriseRule::GlobalXmlRegisters));
+}
+
 DataDescription *makeEntry(const SpecialRegister &from) {
   auto *entry = generate<DataDescription>(nullptr);
   entry->setOrigin(Origin::Supplied);
   entry->setLevelNum(1);
   entry->setDataName(generate<Word>(nullptr, from.name, ""));
-  if (from.isGlobal)
+  if (isGlobal(from))
     entry->setGlobal(generate<ClauseGlobal>(nullptr));
   entry->setPicture(generate<ClausePicture>(nullptr, generate<Word>(nullptr, from.picture, "")));
   if (from.usage != UsageType::None)

@@ -74,6 +74,7 @@ void CompileOption::apply(const CompileSettings &settings) {
   enableAertdli = settings.enableAertdli;
   enableRw = settings.enableRw;
   enableOsvs = settings.enableOsvs;
+  enterprise = settings.enterprise;
 }
 
 } // namespace tarka

@@ -221,6 +221,9 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
       ->group(group);
   app.add_flag("--enable-osvs", request.parse.osvs, "the words and statements of OS/VS COBOL")
       ->group(group);
+  app.add_flag("--enterprise", request.compile.enterprise,
+               "follow Enterprise COBOL where the checks are stricter; tarka explain enterprise")
+      ->group(group);
 }
 
 /// What is wrong, and which options the command takes.
@@ -320,7 +323,10 @@ CommandLineResult readCommandLine(int argc, char **argv) {
 
   CLI::App *explain =
       app.add_subcommand("explain", "explain the diagnostic NUMBER with a program that draws it");
-  explain->add_option("NUMBER", request.numbers, "the number; without one all are listed")
+  explain
+      ->add_option("NUMBER", request.numbers,
+                   "the number; without one all are listed; enterprise: the rules of "
+                   "--enterprise")
       ->option_text("NUMBER...");
   explain->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json|markdown")

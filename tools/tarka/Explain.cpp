@@ -1,6 +1,7 @@
 //===- Explain.cpp - tarka explain ----------------------------------------===//
 
 #include "Explain.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Driver.h"
 #include "Explanations.h"
 #include "OutputFile.h"
@@ -276,11 +277,46 @@ bool findRows(const Request &request, std::vector<const DiagnosticRow *> &rows) 
   return true;
 }
 
+//===----------------------------------------------------------------------===//
+// The rules of --enterprise
+//===----------------------------------------------------------------------===//
+
+void printEnterpriseRules(llvm::raw_ostream &out, OutputFormat format) {
+  if (format == OutputFormat::Json) {
+    llvm::json::OStream json(out, 2);
+    json.object([&] {
+      json.attributeArray("enterpriseRules", [&] {
+        for (const EnterpriseRuleRow &row : enterpriseRules())
+          json.object([&] {
+            json.attribute("name", row.name);
+            json.attribute("rule", row.sentence);
+          });
+      });
+    });
+    out << '\n';
+    return;
+  }
+  if (format == OutputFormat::Markdown) {
+    out << "| Rule | With `--enterprise` |\n|---|---|\n";
+    for (const EnterpriseRuleRow &row : enterpriseRules())
+      out << "| " << row.name << " | " << row.sentence << " |\n";
+    return;
+  }
+  printWrapped(out, "With --enterprise the checks follow Enterprise COBOL in these cases. The "
+                    "diagnostics in parentheses are not reported for them.");
+  for (const EnterpriseRuleRow &row : enterpriseRules()) {
+    out << '\n' << row.name << '\n';
+    printWrapped(out, row.sentence);
+  }
+}
+
 } // namespace
 
 int explain(const Request &request) {
+  const bool isAboutEnterprise =
+      request.numbers.size() == 1 && request.numbers.front() == "enterprise";
   std::vector<const DiagnosticRow *> rows;
-  if (!findRows(request, rows))
+  if (!isAboutEnterprise && !findRows(request, rows))
     return ExitUnusable;
 
   CommandOutput output(request.output);
@@ -288,7 +324,9 @@ int explain(const Request &request) {
     return ExitInternal;
   llvm::raw_ostream &out = output.stream();
   int status = ExitClean;
-  if (request.format == OutputFormat::Json)
+  if (isAboutEnterprise)
+    printEnterpriseRules(out, request.format);
+  else if (request.format == OutputFormat::Json)
     printJson(out, rows);
   else if (request.format == OutputFormat::Markdown)
     printMarkdown(out, rows);

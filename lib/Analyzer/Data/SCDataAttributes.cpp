@@ -6,6 +6,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -46,9 +47,15 @@ bool SemanticChecker::checkClauseGlobal(DataDescription &entry) {
     ok = report(ErrorCode::GlobalNotLevel01, &entry);
   if (DataDivision *division = currentDivision(); division && entry.getDataName()) {
     auto *namesakes = division->findItemByName(entry.getDataName()->getWordData());
+    const bool allowsItems = followsEnterprise(EnterpriseRule::GlobalRecordName);
+    auto excludes = [&](const DataDescription &namesake) {
+      if (!allowsItems)
+        return namesake.getGlobal() != nullptr;
+      return namesake.getGlobal() && &namesake != &entry && !namesake.getParent();
+    };
     if (namesakes && namesakes->size() > 1)
       for (const DataDescription *namesake : *namesakes)
-        if (namesake->getGlobal())
+        if (excludes(*namesake))
           ok = report(ErrorCode::GlobalNameNotUnique, &entry);
   }
   for (DataDescription *child : entry.getChildrenElements())

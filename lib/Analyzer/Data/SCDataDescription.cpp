@@ -9,6 +9,8 @@
 #include "AST/Usage.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/Data/RecordAlignment.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 
@@ -117,6 +119,9 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
     ok &= checkClauseRedifines(entry);
   if (entry.getRenames())
     ok &= checkClauseRenames(entry);
+  if (isRecord(entry) && entry.getSynchronized() &&
+      followsEnterprise(EnterpriseRule::SynchronizedRecord))
+    synchronizeItems(entry);
   ok &= checkSubordinates(*this, entry);
   if (entry.getBlankZero())
     ok &= checkClauseBlank(entry);
@@ -134,6 +139,8 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
     ok &= checkClauseSign(entry);
   if (entry.getSynchronized())
     ok &= checkClauseSynchronized(entry);
+  if (isRecord(entry) && followsEnterprise(EnterpriseRule::SlackBytes))
+    alignRecord(entry);
   if (entry.getUsage())
     ok &= checkClauseUsage(entry);
   if (entry.getValue())
@@ -143,7 +150,7 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
 
   chainRecord(entry);
   settleVariableRecords(*this, entry);
-  if (entry.getOccursSync())
+  if (entry.getOccursSync() && !followsEnterprise(EnterpriseRule::SlackBytes))
     ok &= addOccursSlackBytes(entry);
   if (entry.getDateFormat())
     ok &= checkClauseDateFormat(entry);

@@ -8,6 +8,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -46,6 +47,23 @@ void qualifyKey(DataIdentifierExpression &key, const DataDescription &table) {
   key.setQualifiedWord(name);
 }
 
+/// The only item called \p name in \p table, which may be the table itself; null when there is none
+/// or more than one.
+DataDescription *findOnlyItemOf(DataDescription &table, const Word &name) {
+  DataDescription *found = nullptr;
+  unsigned count = 0;
+  llvm::SmallVector<DataDescription *, 16> rest{&table};
+  while (!rest.empty()) {
+    DataDescription *item = rest.pop_back_val();
+    if (item->getDataName() && item->getDataName()->getWordData() == name.getWordData()) {
+      found = item;
+      ++count;
+    }
+    rest.append(item->getChildrenElements().begin(), item->getChildrenElements().end());
+  }
+  return count == 1 ? found : nullptr;
+}
+
 /// The check of one OCCURS clause.
 class OccursCheck {
 public:
@@ -61,6 +79,7 @@ private:
   /// Whether the keys are right; OutsideTable as soon as one is not an item of the table.
   KeyResult checkKeys();
   KeyResult checkKey(Expression *operand);
+  bool bindKey(DataIdentifierExpression &key);
   void createIndexNames();
   bool checkDepending();
 
@@ -136,6 +155,18 @@ OccursCheck::KeyResult OccursCheck::checkKeys() {
   return result;
 }
 
+/// Qualification cannot tell the keys of tables without a name apart; the table itself can.
+bool OccursCheck::bindKey(DataIdentifierExpression &key) {
+  DataDescription *item = nullptr;
+  if (followsEnterprise(EnterpriseRule::KeyOfTable) && key.getQualifiedWord()->getNamesSize() == 1)
+    item = findOnlyItemOf(table, **key.getQualifiedWord()->getNamesBegin());
+  qualifyKey(key, table);
+  if (!item)
+    return checker.semanticCheck(key);
+  key.setDataDescription(item);
+  return true;
+}
+
 /// A key is the table itself or an item below it, with no other table in between.
 OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
   auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand);
@@ -143,8 +174,7 @@ OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
     checker.report(ErrorCode::OccursKeyNotDataIdentifier, &table);
     return KeyResult::Wrong;
   }
-  qualifyKey(*identifier, table);
-  if (!checker.semanticCheck(*identifier)) {
+  if (!bindKey(*identifier)) {
     checker.report(ErrorCode::OccursKeyUnresolved, identifier);
     return KeyResult::Wrong;
   }
@@ -211,7 +241,10 @@ bool OccursCheck::checkDepending() {
   bool ok = true;
   const DataDescription *object = name->getDataDescription();
   // The GLOBAL clause of the object itself counts, not that of its record.
-  if (isGlobal && !object->getGlobal())
+  const bool isObjectGlobal =
+      object->getGlobal() || (followsEnterprise(EnterpriseRule::DependingInGlobalRecord) &&
+                              object->getRootDesc()->getGlobal());
+  if (isGlobal && !isObjectGlobal)
     ok = checker.report(ErrorCode::OccursDependingNotGlobal, name);
   if (object->getDataCategory() != DataCategory::Numeric || !name->isInteger())
     ok = checker.report(ErrorCode::OccursDependingNotInteger, &table);

@@ -8,6 +8,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Data/PictureRules.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
@@ -123,6 +124,11 @@ bool SemanticChecker::checkClausePicture(DataDescription &entry) {
   ClausePicture &picture = *entry.getPicture();
   if (context().getIsDecimalPointComma()) {
     picture.decodePicture(/*decimalPointIsComma=*/true);
+    entry.clauseChanged();
+  }
+  if (followsEnterprise(EnterpriseRule::PictureNOfDisplay1) &&
+      entry.getUsageType() == UsageType::Display1) {
+    picture.readNationalAsDbcs();
     entry.clauseChanged();
   }
   if (entry.isGroupItem())

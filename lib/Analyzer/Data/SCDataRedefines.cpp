@@ -9,6 +9,7 @@
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include <iterator>
 #include <optional>
 
@@ -111,7 +112,7 @@ bool checkRedefinition(SemanticChecker &checker, DataDescription &subject,
     ok = checker.report(ErrorCode::RedefinesObjectOccurs, &subject);
   if (subject.getExternal())
     ok = checker.report(ErrorCode::RedefinesSubjectExternal, &subject);
-  if (object.getGlobal())
+  if (object.getGlobal() && !followsEnterprise(EnterpriseRule::RedefinesGlobal))
     ok = checker.report(ErrorCode::RedefinesObjectGlobal, &subject);
   if (object.getExternal() && subject.getAllocSize() > object.getAllocSize())
     ok = checker.report(ErrorCode::RedefinesExternalObjectSmaller, &subject);

@@ -6,6 +6,7 @@
 
 #include "AST/ClausePicture.h"
 #include "AST/DataDescription.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -26,11 +27,22 @@ bool SemanticChecker::checkClauseSign(DataDescription &entry) {
   return true;
 }
 
+/// Whether the SIGN of a group applies to the elementary item \p item: it is a signed number whose
+/// digits are characters.
+static bool takesSignOfGroup(const DataDescription &item) {
+  const UsageType usage = item.getUsageType();
+  return item.getPicture() && item.getPicture()->isSigned() &&
+         (usage == UsageType::Display || usage == UsageType::National);
+}
+
 bool SemanticChecker::checkSignElement(DataDescription *item, ClauseSign *inherited) {
   if (inherited) {
     // The item's own clause has been checked with the item.
     if (item->getSign())
       return true;
+    if (followsEnterprise(EnterpriseRule::SignOfGroup) && !item->isGroupItem() &&
+        !takesSignOfGroup(*item))
+      return false;
     item->setSign(inherited);
   }
   const ClauseSign *sign = item->getSign();
@@ -50,7 +62,8 @@ bool SemanticChecker::checkSignElement(DataDescription *item, ClauseSign *inheri
     ok = report(ErrorCode::SignNotSignedNumeric, item);
   if (usage != UsageType::Display && usage != UsageType::National)
     ok = report(ErrorCode::SignUsageNotDisplayOrNational, item);
-  if (sign && sign->isSeperate() && usage == UsageType::National)
+  if (sign && sign->isSeperate() && usage == UsageType::National &&
+      !followsEnterprise(EnterpriseRule::SignSeparateNational))
     ok = report(ErrorCode::SignSeparateUsageNotDisplay, item);
   return ok;
 }

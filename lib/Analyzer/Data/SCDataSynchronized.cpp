@@ -7,6 +7,8 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/DataDescription.h"
+#include "Analyzer/Data/RecordAlignment.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/Support/MathExtras.h"
 #include <algorithm>
@@ -14,9 +16,7 @@
 
 namespace tarka {
 
-/// An entry that fills \p bytes. It is an item like any other afterwards, so it is not marked as
-/// made by the compiler.
-static DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes) {
+DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes) {
   auto *slack = generate<DataDescription>(nullptr);
   slack->setLevelNum(level);
   slack->setDataName(generate<Word>(nullptr, "SLACK-BYTES", ""));
@@ -26,14 +26,14 @@ static DataDescription *makeSlackEntry(unsigned level, std::int64_t bytes) {
   return slack;
 }
 
-int SemanticChecker::getSlackDivisor(DataDescription *entry) {
-  switch (entry->getUsageType()) {
+int boundaryOf(const DataDescription &entry) {
+  switch (entry.getUsageType()) {
   case UsageType::Binary:
   case UsageType::Comp:
   case UsageType::Comp4:
   case UsageType::Comp5: {
     // Items of ten digits and more are aligned on 4 as well.
-    const ClausePicture *picture = entry->getPicture();
+    const ClausePicture *picture = entry.getPicture();
     return picture && picture->getDigitNum() >= 5 ? 4 : 2;
   }
   case UsageType::Comp1:
@@ -45,9 +45,15 @@ int SemanticChecker::getSlackDivisor(DataDescription *entry) {
   case UsageType::Comp2:
     return 8;
   default:
-    report(ErrorCode::SynchronizedUsage, entry);
     return 0;
   }
+}
+
+int SemanticChecker::getSlackDivisor(DataDescription *entry) {
+  const int boundary = boundaryOf(*entry);
+  if (boundary == 0)
+    report(ErrorCode::SynchronizedUsage, entry);
+  return boundary;
 }
 
 DataDescription *SemanticChecker::createSlackBytes(DataDescription *item, std::int64_t offset) {
@@ -76,6 +82,9 @@ static bool needsNoAlignment(UsageType usage) {
 }
 
 bool SemanticChecker::checkClauseSynchronized(DataDescription &entry) {
+  // The record is aligned as a whole, once its entries have been checked.
+  if (followsEnterprise(EnterpriseRule::SlackBytes))
+    return true;
   if (entry.getLevelNum() == 1 && entry.isGroupItem()) {
     // The children have been checked already: the clauses are for later stages.
     for (DataDescription *child : entry.getChildrenElements())

@@ -7,6 +7,7 @@
 
 #include "AST/DataDescription.h"
 #include "Analyzer/Data/PictureRules.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -22,6 +23,8 @@ bool SemanticChecker::checkClauseGroupUsage(DataDescription &entry) {
     return ok;
   ClauseUsage *usage = entry.getUsage();
   for (DataDescription *child : entry.getChildrenElements()) {
+    if (child->getLevelNum() == 66 && followsEnterprise(EnterpriseRule::GroupUsageWithRenames))
+      continue;
     if (!child->getUsage())
       child->setUsage(usage);
     else if (child->getUsageType() != entry.getUsageType())

@@ -9,6 +9,7 @@
 #include "AST/Expression.h"
 #include "Analyzer/Data/SymbolicCharacters.h"
 #include "Analyzer/Data/ValueLiterals.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include <iterator>
 
@@ -52,8 +53,8 @@ bool checkGroupLiteral(SemanticChecker &checker, DataDescription &group,
 // Condition names
 //===----------------------------------------------------------------------===//
 
-/// Whether the conditional variable can have the value.
-bool isValueOf(const LiteralExpression &value, const DataDescription &entry) {
+/// Whether the conditional variable can have the value, by categories.
+bool isValueByCategory(const LiteralExpression &value, const DataDescription &entry) {
   const DataCategory category = value.getDataCategory();
   const DataCategory variable =
       isEditedForValue(entry) ? DataCategory::NumericEdited : entry.getDataCategory();
@@ -70,6 +71,64 @@ bool isValueOf(const LiteralExpression &value, const DataDescription &entry) {
   default:
     return false;
   }
+}
+
+/// Whether a figurative constant other than ALL can be compared with the conditional variable.
+bool isFigurativeOf(FigurativeType constant, const DataDescription &variable,
+                    DataCategory category) {
+  switch (category) {
+  case DataCategory::Numeric:
+    // Digits compare with characters as characters.
+    return constant == FigurativeType::Zero || variable.getUsageType() == UsageType::Display ||
+           variable.getUsageType() == UsageType::National;
+  case DataCategory::InternalFloat:
+  case DataCategory::ExternalFloat:
+    return constant == FigurativeType::Zero;
+  case DataCategory::Dbcs:
+    return constant == FigurativeType::Space;
+  case DataCategory::Alphabetic:
+    return constant != FigurativeType::Zero;
+  case DataCategory::Alphanumeric:
+  case DataCategory::AlphanumericEdited:
+  case DataCategory::NumericEdited:
+  case DataCategory::National:
+  case DataCategory::NationalEdited:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Whether the conditional variable can be compared with the value, which makes it a value of a
+/// condition-name.
+bool isComparableValue(LiteralExpression &value, const DataDescription &variable) {
+  const DataCategory category =
+      isEditedForValue(variable) ? DataCategory::NumericEdited : variable.getDataCategory();
+  if (auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&value);
+      constant && constant->getFigurativeType() != FigurativeType::AllLiteral &&
+      constant->getFigurativeType() != FigurativeType::Null) {
+    if (category == DataCategory::National || category == DataCategory::NationalEdited)
+      constant->setIsNational(true);
+    return isFigurativeOf(constant->getFigurativeType(), variable, category);
+  }
+  const bool isNumber = llvm::isa<NumericLiteralExpression>(value);
+  if (category == DataCategory::InternalFloat || category == DataCategory::ExternalFloat)
+    return isNumber;
+  return isValueByCategory(value, variable) || (category == DataCategory::NationalEdited &&
+                                                value.getDataCategory() == DataCategory::National);
+}
+
+bool isValueOf(LiteralExpression &value, const DataDescription &variable) {
+  return followsEnterprise(EnterpriseRule::ConditionNameValue) ? isComparableValue(value, variable)
+                                                               : isValueByCategory(value, variable);
+}
+
+/// Whether \p through can end a range of values that starts with \p value.
+bool isEndOfRange(LiteralExpression &through, const LiteralExpression &value,
+                  const DataDescription *variable) {
+  if (followsEnterprise(EnterpriseRule::ConditionNameValue))
+    return !variable || isComparableValue(through, *variable);
+  return through.getDataCategory() == value.getDataCategory();
 }
 
 /// \p ok is the result so far. Each value overwrites it, so a correct value after a wrong one makes
@@ -90,7 +149,7 @@ bool checkConditionValues(SemanticChecker &checker, DataDescription &conditionNa
       ok = checker.semanticCheck(*through);
       if (!ok)
         return false;
-      if (through->getDataCategory() != value->getDataCategory())
+      if (!isEndOfRange(*through, *value, variable))
         ok = checker.report(ErrorCode::ValueThroughTypesDiffer, &conditionName);
     }
   }
@@ -108,7 +167,8 @@ bool SemanticChecker::checkGroupValue(DataDescription *subordinate) {
   bool ok = true;
   for (DataDescription *child : subordinate->getChildrenElements())
     ok &= checkGroupValue(child);
-  if (subordinate->getJustified() || subordinate->getSynchronized())
+  const bool allowsSynchronized = followsEnterprise(EnterpriseRule::GroupValueWithSynchronized);
+  if (subordinate->getJustified() || (subordinate->getSynchronized() && !allowsSynchronized))
     ok = report(ErrorCode::GroupValueJustifiedOrSynchronized, subordinate);
   if (subordinate->getUsageType() != UsageType::Display)
     ok = report(ErrorCode::GroupValueUsageNotDisplay, subordinate);

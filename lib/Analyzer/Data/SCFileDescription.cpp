@@ -9,6 +9,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/Twine.h"
 #include <algorithm>
@@ -112,6 +113,12 @@ void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescr
     clause->setMinLength(makeLiteral(min));
 }
 
+/// Whether the BLOCK CONTAINS clause says in bytes how long a block is. A number of records says
+/// that records do not span blocks, and 0 leaves the length to the system.
+static bool givesBlockLength(const ClauseBlock &block) {
+  return block.getUnit() != BlockUnit::Records && block.getMaxLength()->getIntegerValue() != 0;
+}
+
 /// The recording mode of a file whose source names none: V when the lengths of the records vary, S
 /// when a record does not fit into a block, else F. Without a RECORD clause, or a block size for
 /// records of one length, there is none.
@@ -131,7 +138,9 @@ static void settleRecordingMode(FileDescription &file) {
   std::int64_t largest = 0;
   for (const DataDescription *entry : file.getRecordDescElements())
     largest = std::max(largest, entry->getAllocSize());
-  const bool fits = file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
+  const bool isUnspanned =
+      followsEnterprise(EnterpriseRule::BlockedFixedRecords) && !givesBlockLength(*file.getBlock());
+  const bool fits = isUnspanned || file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
   setMode(fits ? RecordingModeType::Fixed : RecordingModeType::Spanned);
 }
 
@@ -260,7 +269,7 @@ bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
 }
 
 bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
-  ParaSpecialNames *names = currentUnit()->getSpecialNames();
+  ParaSpecialNames *names = currentSpecialNames();
   if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
     return report(ErrorCode::AlphabetNameRequired, &file);
   return true;

@@ -131,10 +131,6 @@ void CollatingTable::finish() {
     }
 }
 
-} // namespace
-
-namespace {
-
 /// Checks the literals of an ALPHABET clause against the category of the first one.
 class AlphabetLiterals {
 public:

@@ -7,6 +7,7 @@
 
 #include "AST/Expression.h"
 #include "AST/Program.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/StringRef.h"
 
@@ -32,7 +33,9 @@ bool SemanticChecker::checkClauseCurrency(ClauseCurrency &clause) {
   } else {
     if (text->getNonNumericLiteralType() == NonNumericLiteralType::Dbcs)
       ok = report(ErrorCode::CurrencySignNotSingleCharacter, sign);
-    if (text->getLength() != 1)
+    const bool canBeLong =
+        symbol && text->getLength() > 1 && followsEnterprise(EnterpriseRule::LongCurrencySign);
+    if (text->getLength() != 1 && !canBeLong)
       ok = report(ErrorCode::CurrencySignNotSingleCharacter, sign);
     llvm::StringRef forbidden = symbol ? numberCharacters : pictureCharacters;
     if (llvm::StringRef(text->getData()).find_first_of(forbidden) != llvm::StringRef::npos)

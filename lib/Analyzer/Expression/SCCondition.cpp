@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Expression/Comparison.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
@@ -210,6 +211,38 @@ Comparison comparisonOf(const Expression &left, const Expression &right) {
                                [static_cast<int>(right.getDataCategory())]);
 }
 
+bool isCharacters(DataCategory category) {
+  switch (category) {
+  case DataCategory::Alphabetic:
+  case DataCategory::Alphanumeric:
+  case DataCategory::AlphanumericEdited:
+  case DataCategory::NumericEdited:
+  case DataCategory::National:
+  case DataCategory::NationalEdited:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool isSpace(const Expression &operand) {
+  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&operand);
+  return constant && constant->getFigurativeType() == FigurativeType::Space;
+}
+
+/// What Enterprise COBOL compares beyond the table: characters of every category with each other
+/// and with integers, and DBCS characters with SPACE.
+bool compareInEnterprise(const Expression &left, const Expression &right) {
+  const DataCategory leftCategory = left.getDataCategory();
+  const DataCategory rightCategory = right.getDataCategory();
+  auto compares = [](const Expression &operand, DataCategory category) {
+    return isCharacters(category) || (category == DataCategory::Numeric && operand.isInteger());
+  };
+  if (leftCategory == DataCategory::Dbcs || rightCategory == DataCategory::Dbcs)
+    return isSpace(leftCategory == DataCategory::Dbcs ? right : left);
+  return compares(left, leftCategory) && compares(right, rightCategory);
+}
+
 bool arePointers(const Expression &left, const Expression &right) {
   return left.getDataCategory() == DataCategory::Pointer &&
          right.getDataCategory() == DataCategory::Pointer;
@@ -222,7 +255,9 @@ bool areComparable(const Expression &left, const Expression &right) {
   if (isConditionName(left) || isConditionName(right))
     return false;
   if (!arePointers(left, right))
-    return comparisonOf(left, right) != No;
+    return comparisonOf(left, right) != No ||
+           (followsEnterprise(EnterpriseRule::ComparisonOfClasses) &&
+            compareInEnterprise(left, right));
   // A data pointer does not compare with a pointer to code.
   std::optional<UsageType> leftUsage = usageOfIdentifier(left);
   std::optional<UsageType> rightUsage = usageOfIdentifier(right);

@@ -9,6 +9,7 @@
 #include "AST/Scope.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -189,7 +190,11 @@ bool SemanticChecker::checkReferenceModifier(Expression &expression) {
   } else if (auto *function = llvm::dyn_cast<FunctionIdentifierExpression>(&expression)) {
     modifier = function->getReferenceMod();
     DataCategory category = function->getDataCategory();
-    if (category != DataCategory::Alphanumeric && category != DataCategory::National)
+    const bool isText = category == DataCategory::Alphanumeric ||
+                        category == DataCategory::National ||
+                        (category == DataCategory::Alphabetic &&
+                         followsEnterprise(EnterpriseRule::ModifiedAlphabeticFunction));
+    if (!isText)
       ok = report(ErrorCode::ReferenceModifierNotAllowed, &expression);
   } else {
     return report(ErrorCode::SubscriptOrModifierNotAllowed, &expression);

@@ -7,10 +7,12 @@
 
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
+#include <optional>
 
 namespace tarka {
 
@@ -58,6 +60,29 @@ FunctionResult resultOf(IntrinsicType function) {
   }
 }
 
+bool isNumberCategory(DataCategory category) {
+  return category == DataCategory::Numeric || category == DataCategory::ExternalFloat ||
+         category == DataCategory::InternalFloat;
+}
+
+bool isTextCategory(DataCategory category) {
+  return category == DataCategory::Alphabetic || category == DataCategory::Alphanumeric ||
+         category == DataCategory::AlphanumericEdited || category == DataCategory::NumericEdited;
+}
+
+/// The category of a function whose arguments are of the categories \p first and \p second, where
+/// these can stand together in Enterprise COBOL: numbers with numbers, characters with characters.
+/// Nothing where they cannot.
+std::optional<DataCategory> commonCategory(DataCategory first, DataCategory second) {
+  if (first == second)
+    return first;
+  if (isNumberCategory(first) && isNumberCategory(second))
+    return DataCategory::InternalFloat;
+  if (isTextCategory(first) && isTextCategory(second))
+    return DataCategory::Alphanumeric;
+  return std::nullopt;
+}
+
 } // namespace
 
 bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
@@ -83,6 +108,12 @@ bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
     }
     DataCategory first = (*function.getFunctionArgListBegin())->getDataCategory();
     for (Expression *argument : function.getFunctionArgListElements()) {
+      if (followsEnterprise(EnterpriseRule::NumericArguments))
+        if (auto common = commonCategory(first, argument->getDataCategory())) {
+          first = *common;
+          function.setDataCategory(first);
+          continue;
+        }
       if (argument->getDataCategory() != first)
         ok = report(ErrorCode::FunctionArgumentCategoriesDiffer, &function);
       // The last argument decides in the end, also when the arguments disagree.

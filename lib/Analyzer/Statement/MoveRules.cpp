@@ -4,6 +4,7 @@
 #include "AST/ClausePicture.h"
 #include "AST/DataDescription.h"
 #include "AST/Usage.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include <initializer_list>
 #include <optional>
@@ -65,6 +66,11 @@ constexpr CategoryMove categoryMoves[] = {
 
 bool isGroup(const DataDescription *entry) {
   return entry && entry->getChildrenSize() > 0;
+}
+
+bool isSpace(const Expression &operand) {
+  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&operand);
+  return constant && constant->getFigurativeType() == FigurativeType::Space;
 }
 
 } // namespace
@@ -223,6 +229,8 @@ MoveDecision::Rule MoveDecision::fromAlphanumeric() {
     return MoveRule::National;
   if (receiverCategory == Numeric)
     return fromAlphanumericToNumeric();
+  if (receiverCategory == Dbcs && isSpace(sender) && followsEnterprise(EnterpriseRule::SpaceToDbcs))
+    return MoveRule::Character;
   return std::nullopt;
 }
 

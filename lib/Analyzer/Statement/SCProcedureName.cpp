@@ -7,9 +7,12 @@
 
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/Statement/ProcedureName.h"
 #include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
 
@@ -53,6 +56,32 @@ Paragraph *reportNoProcedure(SemanticChecker &checker, QualifiedWord &name) {
   return nullptr;
 }
 
+/// The paragraphs called \p paragraphName in the declarative sections; in those of the name
+/// \p sectionName unless it is null.
+llvm::SmallVector<Paragraph *, 2> findInDeclaratives(const std::string &paragraphName,
+                                                     const std::string *sectionName) {
+  llvm::SmallVector<Paragraph *, 2> found;
+  for (const Declaratives *declarative : currentProcedureDivision().getDeclElements()) {
+    const Section *section = declarative->getSection();
+    if (section && (!sectionName || section->getSectionName()->getWordData() == *sectionName))
+      llvm::append_range(found, section->findParagraphs(paragraphName));
+  }
+  return found;
+}
+
+/// The paragraph of a declarative section that \p name, which is found nowhere else, means in
+/// another declarative section. Null, with a diagnostic, when there is none or more than one.
+Paragraph *findInOtherDeclaratives(SemanticChecker &checker, QualifiedWord &name,
+                                   const std::string &paragraphName,
+                                   const std::string *sectionName) {
+  llvm::SmallVector<Paragraph *, 2> found;
+  if (checker.getInDeclaratives() && followsEnterprise(EnterpriseRule::ParagraphOfDeclaratives))
+    found = findInDeclaratives(paragraphName, sectionName);
+  if (found.size() > 1)
+    return reportNotUnique(checker, name);
+  return found.empty() ? reportNoProcedure(checker, name) : found.front();
+}
+
 /// paragraph OF section. Sections of the same name are searched as one.
 Paragraph *findParagraphInSections(SemanticChecker &checker, QualifiedWord &name,
                                    const std::string &paragraphName,
@@ -64,7 +93,7 @@ Paragraph *findParagraphInSections(SemanticChecker &checker, QualifiedWord &name
         return reportNotUnique(checker, name);
       found = paragraph;
     }
-  return found ? found : reportNoProcedure(checker, name);
+  return found ? found : findInOtherDeclaratives(checker, name, paragraphName, &sectionName);
 }
 
 } // namespace
@@ -138,7 +167,7 @@ Paragraph *SemanticChecker::findParagraphFromQualWord(QualifiedWord *name, State
       return reportNotUnique(*this, *name);
     found = candidate.paragraph;
   }
-  return found ? found : reportNoProcedure(*this, *name);
+  return found ? found : findInOtherDeclaratives(*this, *name, text, nullptr);
 }
 
 //===----------------------------------------------------------------------===//

@@ -8,16 +8,20 @@
 #include "AST/Expression.h"
 #include "AST/Statement.h"
 #include "Analyzer/CompileOption.h"
+#include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/Statement/MoveRules.h"
 
 namespace tarka {
 
-/// Reports a move once for each of its faults.
+/// Reports a move once for each of its faults; with --enterprise, once.
 static void reportFaults(SemanticChecker &checker, const MoveVerdict &verdict,
                          IdentifierExpression &receiver) {
-  for ([[maybe_unused]] MoveFault fault : verdict.faults)
+  for ([[maybe_unused]] MoveFault fault : verdict.faults) {
     checker.report(ErrorCode::MoveInvalid, &receiver);
+    if (followsEnterprise(EnterpriseRule::OneMessagePerMove))
+      return;
+  }
 }
 
 MoveVerdict checkMove(SemanticChecker &checker, const Expression &sender,

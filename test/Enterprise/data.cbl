@@ -1,0 +1,84 @@
+*> RUN: %tarka check --enterprise %s
+*> RUN: %tarka check --verify %s
+*>
+*> Data descriptions that are valid in Enterprise COBOL: silent with --enterprise, and with the
+*> expectations below without it.
+IDENTIFICATION DIVISION.
+PROGRAM-ID. DATA-RULES.
+ENVIRONMENT DIVISION.
+CONFIGURATION SECTION.
+SPECIAL-NAMES.
+    CURRENCY SIGN IS "EUR " WITH PICTURE SYMBOL "U". *> expect: 3116
+INPUT-OUTPUT SECTION.
+FILE-CONTROL.
+    SELECT SHARED ASSIGN TO SHARED.
+DATA DIVISION.
+FILE SECTION.
+FD  SHARED. *> expect-fail
+01  SHARED-1 GLOBAL.
+    05  SHARED-KEY PIC X(4).
+01  SHARED-2 GLOBAL. *> expect: 3257
+    05  SHARED-KEY PIC X(4).
+WORKING-STORAGE SECTION.
+*> SIGN of a group applies to signed numbers in characters; the others have no part in it.
+01  SIGNED-GROUP SIGN LEADING SEPARATE. *> expect-pass
+    05  SG-NUMBER PIC S9(3).
+    05  SG-UNSIGNED PIC 9(3). *> expect: 3270
+    05  SG-TEXT PIC X(3). *> expect: 3270
+    05  SG-PACKED PIC S9(3) COMP-3. *> expect: 3271
+    05  SG-FLOAT COMP-1. *> expect: 3267
+    05  SG-GROUP.
+        10  SG-BINARY PIC S9(4) COMP. *> expect: 3271
+01  NATIONAL-NUMBER PIC S9(3) NATIONAL SIGN LEADING SEPARATE. *> expect: 3269 3272
+*> GLOBAL records.
+01  GLOBAL-RECORD GLOBAL. *> expect: 3215
+    05  GLOBAL-COUNT PIC 99.
+    05  GLOBAL-TABLE PIC X OCCURS 1 TO 9 DEPENDING ON GLOBAL-COUNT. *> expect: 3229
+01  LOCAL-RECORD.
+    05  GLOBAL-RECORD PIC X.
+01  GLOBAL-AREA PIC X(4) GLOBAL.
+01  GLOBAL-VIEW REDEFINES GLOBAL-AREA PIC 9(4). *> expect: 3257
+*> Values of condition-names.
+01  FLOAT-SHORT COMP-1.
+    88  SHORT-NONE VALUE ZERO. *> expect: 3295
+    88  SHORT-ONE VALUE 1. *> expect: 3295
+    88  SHORT-SMALL VALUE 1.5E-3 THRU 2. *> expect: 3295 3294
+01  FLOAT-LONG COMP-2.
+    88  LONG-RANGE VALUE -1 THRU 1. *> expect: 3295 *> expect-pass
+01  NATIONAL-TEXT PIC N(4).
+    88  NT-BLANK VALUE SPACES. *> expect: 3295
+    88  NT-LOW VALUE LOW-VALUE THRU N"A". *> expect: 3295 3294
+01  TEXT-ITEM PIC X(4).
+    88  TI-BLANK VALUE SPACES.
+    88  TI-RANGE VALUE ZERO THRU "9999". *> expect: 3294
+01  NUMBER-ITEM PIC 9(4).
+    88  NI-END VALUE HIGH-VALUES. *> expect: 3295
+    88  NI-RANGE VALUE ZERO THRU 9.
+*> USAGE of a record with level 66.
+01  BINARY-RECORD USAGE COMP.
+    05  BR-1 PIC 9(4).
+    05  BR-2 PIC 9(4).
+    66  BR-BOTH RENAMES BR-1 THRU BR-2. *> expect: 3202 3277 3340
+*> SYNCHRONIZED has no effect on characters.
+01  VALUED-RECORD VALUE SPACES.
+    05  VR-TEXT PIC X(3) SYNC. *> expect: 3282
+    05  VR-NUMBER PIC 9(3).
+01  SYNC-TABLE.
+    05  ST-ROW OCCURS 3. *> expect-pass
+        10  ST-TEXT PIC X SYNC. *> expect: 3275
+        10  ST-PACKED PIC S9(3) COMP-3 SYNC. *> expect: 3275
+*> The symbol N of DISPLAY-1 is a DBCS character.
+01  DBCS-N PIC N(4) USAGE DISPLAY-1. *> expect: 3242 3278
+01  DBCS-G PIC G(4) USAGE DISPLAY-1.
+*> Tables without names have keys of one name.
+01  UNNAMED-TABLES.
+    05  OCCURS 5 ASCENDING KEY TABLE-KEY INDEXED BY TABLE-1.
+        10  TABLE-KEY PIC X(3).
+    05  OCCURS 5 ASCENDING KEY TABLE-KEY INDEXED BY TABLE-2. *> expect: 3311 3496
+        10  TABLE-KEY PIC X(3).
+*> The currency sign has four characters.
+01  PRICE PIC UZZ9.99.
+PROCEDURE DIVISION.
+    MOVE 1 TO PRICE SG-NUMBER
+    MOVE DBCS-G TO DBCS-N
+    GOBACK.
