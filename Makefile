@@ -1,14 +1,14 @@
-# The front door. Each target is a CMake preset or two; `make help` lists them.
+# The targets are short forms of CMake presets; `make help` lists them.
 
 PREFIX ?= /usr/local
 JOBS ?= $(shell nproc)
 
 .DEFAULT_GOAL := build
-# The builds below use every processor by themselves.
+# Each build already uses all processors.
 .NOTPARALLEL:
 .PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install lint format clean
 
-# How long `make fuzz` goes on, in seconds, and with which of the fuzzers.
+# How many seconds `make fuzz` runs, and the fuzzers that it runs.
 FUZZ_TIME ?= 3600
 FUZZERS ?= Analyzer Parser Preprocessor Reader
 
@@ -16,15 +16,15 @@ help:
 	@echo "make build     build the release (build/release)"
 	@echo "make demo      check an example program and print its control-flow graph"
 	@echo "make test      build with GCC, and with Clang under the sanitizers; run every test"
-	@echo "make fuzz      let the fuzzers run for FUZZ_TIME seconds (default 3600)"
-	@echo "make fuzz-smoke  let them run for a minute, as make test does too"
+	@echo "make fuzz      run the fuzzers for FUZZ_TIME seconds (default 3600)"
+	@echo "make fuzz-smoke  run them for a minute, as make test does too"
 	@echo "make bench     run the measurements"
-	@echo "make docs      write docs/diagnostics.md again, from explanations/"
+	@echo "make docs      regenerate docs/diagnostics.md from explanations/"
 	@echo "make install   install below PREFIX (default /usr/local)"
 	@echo "make lint      clang-format and clang-tidy over all sources"
-	@echo "make format    bring all sources into the project's format"
+	@echo "make format    format all sources"
 	@echo "make clean     remove the build directories"
-	@echo "make setup     install the missing packages of packages.txt (the others do it first)"
+	@echo "make setup     install the missing packages of packages.txt (all other targets do it first)"
 
 setup:
 	@scripts/setup.sh
@@ -54,7 +54,7 @@ test: build sanitize
 fuzz-smoke: sanitize
 	@ctest --preset sanitize -L fuzz
 
-# Each fuzzer gets its share; one that has found something leaves the rest of it unused.
+# Each fuzzer gets an equal share of the time; one that finds something ends early.
 fuzz: build/fuzz/build.ninja
 	@cmake --build --preset fuzz -j $(JOBS)
 	@failed=0; for fuzzer in $(FUZZERS); do \

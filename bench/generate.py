@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
-"""Writes an ordinary COBOL program of any size, for measurements.
+"""Generates a COBOL program of any size, for measurements.
 
-The knobs are independent of each other, so that growth in one direction can be
-looked at alone. The program is correct: checking it reports nothing.
+The options are independent of each other, so that growth can be measured in one
+direction at a time. The program is correct: checking it reports nothing.
 """
 
 import argparse
@@ -120,6 +120,55 @@ def statements(out, rng, paragraph, count, items, nesting, kind):
             lines += 2 * nesting + 1
 
 
+def performs(paragraph, count):
+    """Each procedure performs the two that come after twice its number, and loops."""
+    yield f"           PERFORM P-{paragraph}-BODY UNTIL COUNTER > 9."
+    yield f"       P-{paragraph}-BODY."
+    for performed in (2 * paragraph, 2 * paragraph + 1):
+        if performed <= count:
+            yield f"           PERFORM P-{performed} THRU P-{performed}-EXIT."
+
+
+def nested(paragraph, count):
+    """Each procedure of the first half performs all between the next one and its counterpart."""
+    if 2 * paragraph < count:
+        yield f"           PERFORM P-{paragraph + 1} THRU P-{count - paragraph}-EXIT."
+
+
+def gotos(paragraph, count):
+    """GO TO the exit, and out of the range to what ends the run."""
+    yield f"           IF COUNTER = 1 GO TO P-{paragraph}-EXIT."
+    yield "           IF COUNTER = 2 GO TO LAST-PARAGRAPH."
+    yield f"           IF COUNTER = 3 GO TO P-{min(paragraph + 1, count)}."
+    if paragraph < count:
+        yield f"           PERFORM P-{paragraph + 1} THRU P-{paragraph + 1}-EXIT."
+
+
+# How procedures lead to each other, by the kind of control.
+CONTROL = {"performs": performs, "nested": nested, "gotos": gotos}
+
+
+def generate_control(paragraphs, control):
+    """A program that is all control: what the flow graph has to follow."""
+    out = [
+        "       IDENTIFICATION DIVISION.",
+        "       PROGRAM-ID. BENCH.",
+        "       DATA DIVISION.",
+        "       WORKING-STORAGE SECTION.",
+        "       77  COUNTER PIC 9(5).",
+        "       PROCEDURE DIVISION.",
+        "       MAIN-PARAGRAPH.",
+        "           PERFORM P-1 THRU P-1-EXIT.",
+        "           STOP RUN.",
+    ]
+    for paragraph in range(1, paragraphs + 1):
+        out.append(f"       P-{paragraph}.")
+        out.append("           ADD 1 TO COUNTER.")
+        out += CONTROL[control](paragraph, paragraphs)
+        out += [f"       P-{paragraph}-EXIT.", "           EXIT."]
+    return out + ["       LAST-PARAGRAPH.", "           STOP RUN."]
+
+
 def generate(lines, items, paragraphs, depth, group, nesting, kind="plain", seed=1):
     """The lines of a program; `lines` is the size of the procedure division."""
     rng = random.Random(seed)
@@ -155,8 +204,11 @@ def main():
     parser.add_argument("--nesting", type=int, default=1, help="IFs inside one another")
     parser.add_argument("--kind", choices=KINDS, default="plain", help="what the items are")
     parser.add_argument("--seed", type=int, default=1)
-    arguments = parser.parse_args()
-    sys.stdout.write("\n".join(generate(**vars(arguments))) + "\n")
+    parser.add_argument("--control", choices=CONTROL, help="procedures that perform each other, only")
+    arguments = vars(parser.parse_args())
+    control = arguments.pop("control")
+    lines = generate_control(arguments["paragraphs"], control) if control else generate(**arguments)
+    sys.stdout.write("\n".join(lines) + "\n")
 
 
 if __name__ == "__main__":

@@ -13,7 +13,7 @@ import sys
 import tempfile
 import time
 
-from generate import KINDS
+from generate import CONTROL, KINDS
 
 TYPICAL = dict(lines=100_000, items=5_000, paragraphs=2_000, depth=2, group=50, nesting=1, kind="plain")
 
@@ -71,6 +71,30 @@ def table(title, tarka, command, sizes, runs, folder):
         before = size, seconds
 
 
+def stage_table(title, stages, sizes, runs, folder):
+    """What the stages take, each by itself: the least processor time of several runs."""
+    print(f"\n{title}")
+    print(f"{'lines':>9} {'read':>8} {'check':>8} {'cfg':>8} {'flow':>8} {'flow/check':>10} {'growth':>7}")
+    before = None
+    for knobs in sizes:
+        path = os.path.join(folder, "bench.cbl")
+        lines = write_program(path, knobs)
+        best = {}
+        for _ in range(runs):
+            words = subprocess.run([stages, path], capture_output=True, text=True, check=True).stdout.split()
+            for stage, milliseconds in zip(words[::2], words[1::2]):
+                best[stage] = min(best.get(stage, float("inf")), float(milliseconds))
+        growth = ""
+        if before:
+            growth = f"{(best['flow'] / before[1]) / (lines / before[0]):.2f}"
+        print(
+            f"{lines:>9} {best['read']:>8.1f} {best['check']:>8.1f} {best['cfg']:>8.1f} {best['flow']:>8.1f} "
+            f"{best['flow'] / best['check']:>10.2f} {growth:>7}",
+            flush=True,
+        )
+        before = lines, best["flow"]
+
+
 def grow(**changes):
     """The typical program with some knobs turned, one program for each value."""
     count = len(next(iter(changes.values())))
@@ -118,6 +142,19 @@ def main():
         show("cfg: everything grows", ["cfg"], grow(
             lines=to(125_000, 250_000, 500_000), items=to(6_000, 12_000, 25_000),
             paragraphs=to(1_250, 2_500, 5_000)))
+
+        stages = os.path.join(os.path.dirname(arguments.tarka), "..", "..", "bench", "tarka-stages")
+
+        def show_stages(title, sizes):
+            stage_table(title, stages, sizes, arguments.runs, folder)
+
+        show_stages("milliseconds of each stage: everything grows", grow(
+            lines=to(125_000, 250_000, 500_000, 1_000_000),
+            items=to(6_000, 12_000, 25_000, 50_000),
+            paragraphs=to(1_250, 2_500, 5_000, 10_000)))
+        for control in CONTROL:
+            show_stages(f"milliseconds of each stage: nothing but control, {control}",
+                        [dict(paragraphs=count, control=control) for count in to(10_000, 20_000, 40_000)])
 
 
 if __name__ == "__main__":

@@ -1,5 +1,5 @@
-# Run as a script: writes the files explanations/*.txt as a table in C++, so that an installed
-# program explains without them.
+# Run as a script: writes the files explanations/*.txt as a C++ table, so that the installed program
+# does not need them.
 #
 #     cmake -D DIRECTORY=... -D OUTPUT=... -P EmbedExplanations.cmake
 

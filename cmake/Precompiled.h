@@ -1,4 +1,4 @@
-// What nearly every source file includes, for the preset "dev".
+// Headers that most source files include, precompiled in the preset "dev".
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"

@@ -24,7 +24,7 @@ if(TARKA_SANITIZE)
 endif()
 
 find_program(CCACHE_PROGRAM ccache)
-# A precompiled header makes a poor key for the cache.
+# ccache works badly with precompiled headers.
 if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT TARKA_PRECOMPILE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
@@ -51,8 +51,8 @@ function(tarka_add_library target export_name sources)
   tarka_precompile(${target})
 endfunction()
 
-# With TARKA_PRECOMPILE, what nearly every source file includes is read once for each target. Some
-# headers are then there without being included, so this is for the editing loop only.
+# With TARKA_PRECOMPILE, the headers that most source files include are precompiled for each target.
+# This can hide missing includes, so it is for development only.
 function(tarka_precompile target)
   set(headers ${PROJECT_SOURCE_DIR}/cmake/Precompiled.h)
   if(NOT target STREQUAL tarkaAST)

@@ -1,6 +1,6 @@
 # tarka_add_test(<name> <command> [<argument>...])
 # One entry of ctest. The names of a sanitizer build carry a prefix, so that one run can show the
-# tests of both builds; the variable tarka_test_name tells the caller the name in full.
+# tests of both builds; the variable tarka_test_name returns the full name to the caller.
 function(tarka_add_test name)
   if(TARKA_SANITIZE)
     string(PREPEND name sanitize.)
@@ -13,7 +13,7 @@ function(tarka_add_test name)
   set(tarka_test_name ${name} PARENT_SCOPE)
 endfunction()
 
-# Every report is fatal and comes with a stack.
+# Every sanitizer report is fatal and has a stack trace.
 set(TARKA_SANITIZER_ENVIRONMENT
   ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:detect_leaks=0
   UBSAN_OPTIONS=print_stacktrace=1

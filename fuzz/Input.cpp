@@ -1,4 +1,4 @@
-//===- Input.cpp - what a fuzzer's bytes stand for ------------------------===//
+//===- Input.cpp - the input format of the fuzzers ------------------------===//
 
 #include "Input.h"
 #include "llvm/Support/MemoryBuffer.h"

@@ -1,8 +1,8 @@
-//===- Input.h - what a fuzzer's bytes stand for ----------------*- C++ -*-===//
+//===- Input.h - the input format of the fuzzers ----------------*- C++ -*-===//
 //
 // An input is a compilation: the main file, then copybooks, each after a line
-// "@NAME". An option is on when its name stands anywhere in the input, so that
-// test programs, which name theirs in their RUN lines, do as seeds unchanged.
+// "@NAME". An option is on when its name appears anywhere in the input, so that
+// test programs, which name theirs in RUN lines, can be used as seeds.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,8 +1,8 @@
-//===- Mutator.cpp - changes that keep most of a program readable ---------===//
+//===- Mutator.cpp - mutations that keep most of a program valid ----------===//
 //
-// Bytes changed at random hardly ever leave a program that gets past the first
-// statement. Half of the changes therefore move whole words and whole lines
-// about; the other half are the fuzzer's own.
+// Random changes of bytes hardly ever leave a program that parses beyond its
+// first statement. Half of the mutations therefore move whole words and lines;
+// the other half are those of the fuzzing library.
 //
 //===----------------------------------------------------------------------===//
 

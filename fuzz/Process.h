@@ -1,8 +1,8 @@
 //===- Process.h - many runs in one process ---------------------*- C++ -*-===//
 //
-// A compilation gives no memory back and leaves its state behind, since the
-// program does only one in a process. A fuzzer, which does many, has to begin
-// each of them anew, and to end in time.
+// A compilation does not free its memory, because the program runs only one in
+// a process. A fuzzer runs many: it resets the state before each, and ends
+// before memory runs out.
 //
 //===----------------------------------------------------------------------===//
 

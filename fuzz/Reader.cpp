@@ -8,7 +8,7 @@
 
 using namespace tarka;
 
-/// Stops when \p place is none: every token stands somewhere in its file.
+/// Aborts when \p place is empty: every token has a place in its file.
 static void checkPlace(const SourceRange &place) {
   bool isInOrder = place.beginLine < place.endLine ||
                    (place.beginLine == place.endLine && place.beginColumn <= place.endColumn);

@@ -1,8 +1,7 @@
 #!/bin/sh
 # run.sh FUZZER SECONDS [smoke]
-# Lets one fuzzer run. What it finds is left in its build directory, in findings/; what it has
-# learnt in corpus/, from where the next run goes on. A smoke run learns nothing from runs before,
-# and always makes the same choices.
+# Runs one fuzzer. Findings are stored in its build directory in findings/, and its corpus in corpus/,
+# which the next run continues. A smoke run uses neither the corpus nor random choices.
 set -eu
 fuzzer=$1 seconds=$2
 cd "$(dirname "$fuzzer")"

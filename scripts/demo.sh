@@ -1,11 +1,11 @@
 #!/bin/sh
-# Usage: demo.sh TARKA. Shows the program at work on an example, one plain line before each command.
+# Usage: demo.sh TARKA. Runs the program on examples, with a line of explanation before each command.
 set -eu
 tarka=$(realpath "$1")
 root=$(realpath "$(dirname "$0")/..")
 cd "$root/examples"
 
-# show STATUS TEXT ARGUMENT...: says what comes, runs tarka, and insists on its exit status.
+# show STATUS TEXT ARGUMENT...: prints the text, runs tarka, and checks its exit status.
 show() {
   expected=$1
   echo
@@ -27,7 +27,7 @@ show 0 "The control-flow graph of one paragraph of a premium calculation:" \
   cfg --paragraph FIND-RATE premium/PREMIUM.cbl
 show 0 "Where the bytes of one of its records lie:" layout --record POLICY premium/PREMIUM.cbl
 
-# The picture of the graph stays behind to be looked at.
+# The picture of the graph is kept in build/demo.
 picture=$root/build/demo/CUSTUPD
 mkdir -p "$root/build/demo"
 echo

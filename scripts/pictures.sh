@@ -5,17 +5,21 @@ tarka=$(realpath "$1")
 cd "$(dirname "$0")/.."
 mkdir -p docs/images
 
-# draw NAME PROGRAM PARAGRAPH
+# draw NAME PROGRAM OPTION...
 draw() {
-  "$tarka" cfg --format=dot --paragraph "$3" "test/Graph/$2.cbl" > "docs/images/$1.dot"
-  dot -Tsvg "docs/images/$1.dot" -o "docs/images/$1.svg"
-  rm "docs/images/$1.dot"
+  name=$1 program=$2
+  shift 2
+  "$tarka" cfg --format=dot "$@" "test/Graph/$program.cbl" > "docs/images/$name.dot"
+  dot -Tsvg "docs/images/$name.dot" -o "docs/images/$name.svg"
+  rm "docs/images/$name.dot"
 }
 
-draw if branches NESTED
-draw evaluate branches CASES
-draw size-error arithmetic BOTH
-draw read input-output READS
-draw perform perform OUT-OF-LINE
-draw perform-inline perform LOOPS
-draw sort sort-merge MAIN
+draw if branches --paragraph NESTED
+draw evaluate branches --paragraph CASES
+draw size-error arithmetic --paragraph BOTH
+draw read input-output --paragraph READS
+draw perform perform --paragraph OUT-OF-LINE
+draw perform-inline perform --paragraph LOOPS
+draw sort sort-merge --paragraph MAIN
+draw flow flow --function FLOWS
+draw flow-collapsed flow --function FLOWS --collapse

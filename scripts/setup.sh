@@ -3,7 +3,10 @@
 set -eu
 cd "$(dirname "$0")/.."
 
-packages=$(sed -e 's/#.*//' packages.txt)
+# A line is a package, or a package and the command that it is needed for.
+packages=$(sed -e 's/#.*//' packages.txt | while read -r package command; do
+  [ -n "$command" ] && command -v "$command" >/dev/null || echo "$package"
+done)
 
 if ! command -v dpkg-query >/dev/null; then
   echo "setup: this is not a Debian system. Tarka needs what these Debian packages contain:" >&2
@@ -30,13 +33,13 @@ give_up() {
   exit 1
 }
 
-# Root needs nothing; with sudo, ask for a password only where somebody can type one.
+# Root needs no sudo. Let sudo ask for a password only on a terminal.
 if [ "$(id -u)" = 0 ]; then
   as_root=""
 elif command -v sudo >/dev/null && { [ -t 0 ] || sudo -n true 2>/dev/null; }; then
   as_root="sudo"
 else
-  give_up "not root, and no way to become root"
+  give_up "neither root nor sudo is available"
 fi
 
 echo "setup: installing" $missing
@@ -46,7 +49,7 @@ apt_get() {
   $as_root env DEBIAN_FRONTEND=noninteractive apt-get -q -y -o Dpkg::Use-Pty=0 "$@" </dev/null >"$log" 2>&1
 }
 
-# The lists may be recent enough, so that a failure to renew them decides nothing yet.
+# A failed update is not fatal: the package lists may be recent enough.
 apt_get update || tail -n 5 "$log" >&2
 if ! apt_get install --no-install-recommends $missing; then
   tail -n 20 "$log" >&2
@@ -54,4 +57,4 @@ if ! apt_get install --no-install-recommends $missing; then
 fi
 
 missing=$(missing_packages)
-[ -z "$missing" ] || give_up "apt-get install left something out"
+[ -z "$missing" ] || give_up "apt-get install did not install all packages"

@@ -1,4 +1,4 @@
-# The suite of COBOL programs: each says in a comment how it is run.
+# The suite of COBOL programs. A comment in each contains the command that runs it.
 #
 #     *> RUN: %tarka check --verify %s
 #

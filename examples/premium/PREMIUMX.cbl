@@ -114,12 +114,12 @@
                      TO RATE-FOUND
            END-SEARCH.
       *> expect@+1: 3316:15-29
-           IF INSURED-AGE (1) < 18
+           IF INSURED-AGE (1) < 18 *> expect-pass
                SET RESULT-BAD-AGE TO TRUE.
 
        ADD-UP-LOADINGS.
       *> expect@+1: 3316:25-41 3528:25-41
-           MOVE ZERO TO LOADING-TOTAL (0).
+           MOVE ZERO TO LOADING-TOTAL (0). *> expect-pass
            PERFORM VARYING RIDER-NUMBER FROM 1 BY 1
                    UNTIL RIDER-NUMBER > RIDER-COUNT
                       OR NOT RESULT-OK

@@ -209,7 +209,7 @@
        4000-REGION-BREAK.
            MOVE WS-LAST-REGION     TO WD-REGION.
       *> expect@+1: 3468:39-47
-           MOVE 'NONE'             TO WD-NUMBER.
+           MOVE 'NONE'             TO WD-NUMBER. *> expect-pass
            MOVE 'TOTAL OF THE REGION' TO WD-TEXT.
            MOVE WS-REGION-TOTAL    TO WD-AMOUNT.
            PERFORM 7200-PRINT-DETAIL.

@@ -28,21 +28,17 @@ namespace tarka {
 
 // The environment division.
 class ClauseCurrency;
-class ClauseSame;
 class ClauseSymbolic;
 class EnvironmentDivision;
 class ParaIOControl;
 class ParaObjectComputer;
 class ParaSourceComputer;
 class ParaSpecialNames;
-class ClausePassWord;
-class PhrsAlphabet;
 class PhrsClass;
 class PhrsSymbolic;
 
 // The data division.
 class ClausePicture;
-class ClauseRecord;
 class ClauseSign;
 class ClauseValue;
 
@@ -57,11 +53,8 @@ class SignCondition;
 class SwitchCondition;
 
 // The procedure division.
-class AlterItem;
 class ExceptionHandler;
 class Parameter;
-class PerformVarying;
-class ProcedureRange;
 class Returning;
 class AcceptStatement;
 class AddStatement;
@@ -78,7 +71,6 @@ class EntryStatement;
 class EvaluateStatement;
 class ExamineStatement;
 class ExhibitStatement;
-class FileStatement;
 class GobackStatement;
 class GotoStatement;
 class IfStatement;
@@ -100,8 +92,6 @@ class RwSuppressStatement;
 class RwTerminateStatement;
 class SearchStatement;
 class SetStatement;
-class SortIO;
-class SortKey;
 class SortStatement;
 class StartStatement;
 class StopStatement;
@@ -114,7 +104,7 @@ class WriteStatement;
 class XMLGenerateStatement;
 class XMLParseStatement;
 
-struct ExceptionProcedures;
+class CheckListener;
 
 /// Checks one compilation. Diagnostics go to the error handler that the checker is made with.
 class SemanticChecker {
@@ -137,6 +127,10 @@ public:
   /// Pushes a warning at \p node. A warning is no failure.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   ErrorHandler *getErrorHandler() const { return errorHandler; }
+
+  /// Who is told the result of every part; null, the default, for nobody.
+  CheckListener *getListener() const { return listener; }
+  void setListener(CheckListener *newListener) { listener = newListener; }
 
   //===--------------------------------------------------------------------===//
   // State of the walk
@@ -478,53 +472,9 @@ public:
   Paragraph *findParagraphFromQualWord(QualifiedWord *name, Statement *statement);
 
 private:
-  // SCExprIdentifiers.cpp
-  llvm::SmallVector<FileDescription *, 2> findFiles(FileIdentifierExpression &identifier);
-  bool checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister);
-
-  // SCExpr.cpp, SCLiteral.cpp
-  void bindTo(DataIdentifierExpression &identifier, DataDescription *entry);
-  bool bindQualified(DataIdentifierExpression &identifier,
-                     llvm::ArrayRef<DataDescription *> candidates);
-  bool bindUnqualified(DataIdentifierExpression &identifier,
-                       const std::list<DataDescription *> &candidates, bool preferReportItem);
-  llvm::ArrayRef<ReportDataDescription *> findSourcesSubscriptedBy(DataDescription *entry);
-  bool resolveSymbolicCharacter(FigurativeLiteralExpression &literal);
-  bool checkAllLiteral(FigurativeLiteralExpression &literal);
-
-  // SCStmtBranch.cpp
-  Section *copyIntoDeclaratives(Section &section, QualifiedWord &name, Statement *statement);
-  Paragraph *findParagraphInSections(QualifiedWord &name, const std::string &paragraphName,
-                                     const std::string &sectionName);
-  Paragraph *reportNotUnique(QualifiedWord &name);
-  Paragraph *reportNoProcedure(QualifiedWord &name);
-  bool resolveRange(ProcedureRange &range, QualifiedWord *begin, QualifiedWord *thru,
-                    Statement &statement);
-  bool checkPerformTimes(Expression &times);
-  bool checkPerformVarying(PerformVarying &phrase);
-  bool resolveAlterItem(AlterItem &item, AlterStatement &statement);
-
-  // SCStmtCall.cpp
-  SourceUnit *findProgram(llvm::StringRef name);
-
-  // SCStmtSort.cpp
-  bool checkSortedFile(FileIdentifierExpression &name, const FileDescription *sortFile,
-                       bool isInput);
-  bool checkSortIO(SortIO &phrase, const FileDescription *sortFile, bool isInput,
-                   Statement &statement);
-  template <typename SortOrMerge>
-  bool checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys);
-
-  // SCStmtDeclaratives.cpp
-  const ExceptionProcedures &exceptionProceduresOf(SourceUnit &unit);
-  bool hasExceptionProcedure(const FileDescription *file, llvm::ArrayRef<UseFileMode> modes);
-  void markDeclaratives(FileStatement &statement, const FileDescription *file,
-                        llvm::ArrayRef<UseFileMode> modes);
-  void markDeclaratives(FileStatement &statement, IdentifierExpression *record,
-                        llvm::ArrayRef<UseFileMode> modes);
-
   std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
+  CheckListener *listener = nullptr;
   std::list<DataDescription *> *indexFreeList = nullptr;
   Section *outerSection = nullptr;
   bool isDeclaratives = false;

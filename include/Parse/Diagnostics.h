@@ -65,15 +65,15 @@ public:
     if (isSilent)
       return;
     const DiagnosticInfo &info = infoOf(id);
-    add(info, place, llvm::formatv(info.text, std::forward<Arguments>(arguments)...).str());
+    add(info, place, llvm::formatv(info.text, arguments...).str());
+    if (isMisspelling(id))
+      if constexpr (sizeof...(arguments) >= 2)
+        addSpellingFix(id, place, firstOf(arguments...), lastOf(arguments...));
   }
 
-  /// Says that \p edit certainly mends what was reported last; \p id is the number of that, so that
-  /// nothing happens when the report was dropped.
-  void addFix(DiagnosticId id, TextEdit edit) {
-    if (!isSilent && !entries.empty() && entries.back().id == id)
-      entries.back().fix.push_back(std::move(edit));
-  }
+  /// Says that \p edit certainly corrects what \p id at \p place, the latest diagnostic, reports.
+  /// Does nothing when that was dropped.
+  void addFix(DiagnosticId id, const SourceRange &place, TextEdit edit);
 
   llvm::ArrayRef<DiagnosticEntry> getEntries() const { return entries; }
   bool hasErrors() const { return errorCount != 0; }
@@ -88,6 +88,23 @@ public:
 
 private:
   void add(const DiagnosticInfo &info, const SourceRange &place, std::string message);
+
+  /// Whether \p id names a word first and last the keyword that was probably meant.
+  static bool isMisspelling(DiagnosticId id) {
+    return id == DiagnosticId::MisspeltVerb || id == DiagnosticId::MisspeltClause ||
+           id == DiagnosticId::MisspeltHeader;
+  }
+  /// Adds the keyword \p meant as the fix for the quoted \p word, unless another keyword is as
+  /// near.
+  void addSpellingFix(DiagnosticId id, const SourceRange &place, llvm::StringRef word,
+                      llvm::StringRef meant);
+  template <typename First, typename... Rest>
+  static std::string firstOf(const First &first, const Rest &...) {
+    return llvm::formatv("{0}", first).str();
+  }
+  template <typename... Arguments> static std::string lastOf(const Arguments &...arguments) {
+    return (llvm::formatv("{0}", arguments).str(), ...);
+  }
 
   std::vector<DiagnosticEntry> entries;
   SourceDamage damage;

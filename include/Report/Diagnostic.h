@@ -32,8 +32,10 @@ struct Diagnostic {
   std::string text;
   /// What it is about: a name as spelt, a literal as written. Empty where nothing is known.
   std::string subject;
-  /// More about the subject: the description of the item, or the name that was probably meant.
+  /// What the subject is: "PIC X(30)" for the name of an item.
   std::string detail;
+  /// The name that was probably meant in the place of the subject.
+  std::string suggestion;
   SourceRange place;
   /// The source line that the place begins in, as UTF-8; empty where it cannot be shown.
   std::string line;
@@ -52,6 +54,10 @@ struct Diagnostic {
   /// The text with what it is about behind it, and in how many programs it was found.
   std::string getMessage() const;
 };
+
+/// The characters of \p line in the columns from \p begin to \p end, which count from 1; a DBCS
+/// character between shift codes has two.
+llvm::StringRef sliceColumns(llvm::StringRef line, unsigned begin, unsigned end);
 
 /// Gives each of \p diagnostics, which are those of one compilation in the order found, its
 /// fingerprint: made of the number, the program and the text of the line with its spaces squeezed.

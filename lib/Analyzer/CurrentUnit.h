@@ -8,6 +8,7 @@
 #define TARKA_LIB_ANALYZER_CURRENTUNIT_H
 
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "Analyzer/TopLevel.h"
 
 namespace tarka {
@@ -22,14 +23,33 @@ inline SourceUnit *currentUnit() {
   return context().getCurrentSourceUnit();
 }
 
+/// Makes a program the current one as long as this lives.
+class CurrentUnitScope {
+public:
+  explicit CurrentUnitScope(SourceUnit *unit) : previous(currentUnit()) {
+    context().setCurrentSourceUnit(unit);
+  }
+  ~CurrentUnitScope() { context().setCurrentSourceUnit(previous); }
+  CurrentUnitScope(const CurrentUnitScope &) = delete;
+  CurrentUnitScope &operator=(const CurrentUnitScope &) = delete;
+
+private:
+  SourceUnit *previous;
+};
+
+/// The names that it can see.
+inline Scope currentScope() {
+  return Scope(currentUnit());
+}
+
 /// Its data division; null when it has none.
 inline DataDivision *currentDivision() {
   SourceUnit *unit = currentUnit();
   return unit ? unit->getDataDivision() : nullptr;
 }
 
-/// Its own SPECIAL-NAMES; null when it has none. See SpecialNames.h for what programs around it
-/// define.
+/// Its own SPECIAL-NAMES; null when it has none. Some clauses and conditions look names up here
+/// only; what the programs around it define as well is in currentScope().
 inline ParaSpecialNames *currentSpecialNames() {
   SourceUnit *unit = currentUnit();
   return unit ? unit->getSpecialNames() : nullptr;

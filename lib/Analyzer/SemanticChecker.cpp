@@ -10,6 +10,7 @@
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/PartCheck.h"
 #include <cassert>
 
 namespace tarka {
@@ -101,7 +102,7 @@ bool SemanticChecker::semanticCheck(Program &program) {
   for (SourceUnit *unit : program.getSourceUnitListElements()) {
     context().setCurrentSourceUnit(unit);
     setIsDeclaratives(false);
-    ok &= semanticCheck(*unit);
+    ok &= PartCheck(*this, CheckedPart::Program, *unit).done(semanticCheck(*unit));
   }
   context().setCurrentProgram(nullptr);
   freeIndex();
@@ -139,7 +140,7 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
   for (SourceUnit *nested : unit.getNestedListElements()) {
     setIsDeclaratives(false);
     const UnitScope current(nested);
-    ok &= semanticCheck(*nested);
+    ok &= PartCheck(*this, CheckedPart::Program, *nested).done(semanticCheck(*nested));
   }
   return ok;
 }
@@ -195,9 +196,9 @@ bool SemanticChecker::semanticCheck(DataDivision &division) {
   for (DataDescription *entry : division.getLinkSectionElements())
     ok &= semanticCheck(*entry);
   for (FileDescription *file : division.getFileSectionElements())
-    ok &= semanticCheck(*file);
+    ok &= PartCheck(*this, CheckedPart::Entry, *file).done(semanticCheck(*file));
   for (ReportDescription *description : division.getReportSectionElements())
-    ok &= semanticCheck(*description);
+    ok &= PartCheck(*this, CheckedPart::Entry, *description).done(semanticCheck(*description));
   return ok;
 }
 

@@ -1,6 +1,7 @@
 //===- Diagnostics.cpp - the messages of the front end --------------------===//
 
 #include "Parse/Diagnostics.h"
+#include "AST/Spelling.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/JSON.h"
@@ -11,6 +12,11 @@ static const DiagnosticInfo table[] = {
 #define FRONT_END_DIAGNOSTIC(Number, Enumerator, Level, Text)                                      \
   {DiagnosticId::Enumerator, Severity::Level, Text},
 #include "Parse/Diagnostics.def"
+};
+
+static constexpr llvm::StringLiteral keywordTexts[] = {
+#define KEYWORD(Enumerator, Text, Flags) Text,
+#include "Parse/Keywords.def"
 };
 
 llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable() {
@@ -35,6 +41,31 @@ std::string showText(llvm::StringRef text) {
   if (!hasControl && llvm::json::isUTF8(text))
     return text.str();
   return "X'" + llvm::toHex(text.take_front(16)) + "'";
+}
+
+void FrontEndDiagnostics::addFix(DiagnosticId id, const SourceRange &place, TextEdit edit) {
+  if (isSilent || entries.empty())
+    return;
+  DiagnosticEntry &last = entries.back();
+  const bool isLast = last.id == id && last.place.file == place.file &&
+                      last.place.beginLine == place.beginLine &&
+                      last.place.beginColumn == place.beginColumn;
+  if (isLast && last.fix.empty())
+    last.fix.push_back(std::move(edit));
+}
+
+void FrontEndDiagnostics::addSpellingFix(DiagnosticId id, const SourceRange &place,
+                                         llvm::StringRef word, llvm::StringRef meant) {
+  if (!word.consume_front("'") || !word.consume_back("'"))
+    return;
+  const std::string upper = word.upper();
+  const unsigned limit = spellingTolerance(upper);
+  const unsigned distance = spellingDistance(upper, meant, limit);
+  const bool isOnlyOne = llvm::none_of(keywordTexts, [&](llvm::StringRef keyword) {
+    return keyword != meant && spellingDistance(upper, keyword, limit) <= distance;
+  });
+  if (isOnlyOne)
+    addFix(id, place, {place, upper, meant.str()});
 }
 
 void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &place,

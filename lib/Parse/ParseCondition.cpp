@@ -342,7 +342,7 @@ ConditionParser::Comparand ConditionParser::parseRelation(Expression *subject,
   }
   // Without IS or NOT, only a declared class-name is one: any other name begins what follows.
   if (peek().isUserWord() && !atProcedureHeader() &&
-      (isWritten || isClassName(*peek().getInternedText()))) {
+      (isWritten || scope().findClass(peek().getInternedText()))) {
     abbreviation.subject = nullptr;
     Word *name = takeWord();
     return {make<ClassCondition>(begin, classCondition(ClassConditionType::ClassName, isNot),
@@ -419,14 +419,14 @@ bool ConditionParser::isNameOfCondition(const Expression *operand) {
   if (!name || name->getReferenceMod())
     return false;
   const std::string &text = (*name->getQualifiedWord()->getNamesBegin())->getWordData();
-  return isConditionName(text) || isSwitchName(text);
+  return scope().isConditionName(&text) || scope().isSwitchName(&text);
 }
 
 /// The condition that a condition-name or the name of a switch status stands for.
 Condition *ConditionParser::namedCondition(DataIdentifierExpression *name) {
   QualifiedWord *words = name->getQualifiedWord();
   const std::string &text = (*words->getNamesBegin())->getWordData();
-  if (!name->getSubscriptMod() && isSwitchName(text) && !isConditionName(text))
+  if (!name->getSubscriptMod() && scope().isSwitchName(&text) && !scope().isConditionName(&text))
     return makeAt<SwitchCondition>(name->getRange(), words);
   return makeAt<ConditionNameCondition>(name->getRange(), name);
 }

@@ -66,7 +66,7 @@ bool isDataName(const Token &token) {
 bool ExpressionParser::atIdentifier() {
   const Token &token = peek();
   if (token.isUserWord())
-    return !atProcedureHeader() && !isSymbolicCharacter(*token.getInternedText()) &&
+    return !atProcedureHeader() && !scope().isSymbolicCharacter(token.getInternedText()) &&
            misspeltKeyword() == Keyword::None;
   return isSpecialRegister(token.keyword) || atFunction();
 }
@@ -196,7 +196,7 @@ bool ExpressionParser::atNextSubscript(const Expression &subscript) {
   const SourceRange &last = stream.getLastPlace();
   const SourceRange sign = here();
   const bool touches = last.file == sign.file && last.endLine == sign.beginLine &&
-                       last.endColumn + 1 == sign.beginColumn;
+                       last.endColumn + 1u == sign.beginColumn;
   if (touches || !atNumericLiteral())
     return false;
   if (const auto *sum = llvm::dyn_cast<ArithmeticExpression>(&subscript)) {

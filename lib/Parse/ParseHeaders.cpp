@@ -172,7 +172,7 @@ bool ParserBase::atLevelNumber() {
   if (!next.isWord() || next.isFigurativeConstant())
     return false;
   if (next.isUserWord())
-    return !isSymbolicCharacter(*next.getInternedText());
+    return !scope().isSymbolicCharacter(next.getInternedText());
   return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
                        Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
                        Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,
@@ -209,6 +209,16 @@ void ParserBase::missingPeriod() {
   // The end of the file has no text to point at.
   SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
   error(DiagnosticId::PeriodMissing, place, describe(peek()));
+  // It goes behind the last token, where that is in the same text.
+  const SourceRange &last = stream.getLastPlace();
+  const bool isBefore = std::make_pair(last.endLine, last.endColumn) <
+                        std::make_pair(place.beginLine, place.beginColumn);
+  if (last.file == place.file && last.endLine != 0 && isBefore) {
+    SourceRange behind = last;
+    behind.beginLine = last.endLine;
+    behind.beginColumn = last.endColumn + 1;
+    context.diagnostics.addFix(DiagnosticId::PeriodMissing, place, {behind, "", "."});
+  }
 }
 
 void ParserBase::expectPeriod() {

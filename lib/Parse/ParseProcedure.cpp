@@ -359,7 +359,7 @@ UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   }
   do {
     // Files are not allowed here; the checker reports them.
-    if (peek().isUserWord() && isFileName(*peek().getInternedText())) {
+    if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
       use->addFile(parseFileName());
       continue;
     }

@@ -98,7 +98,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   SuppliedParser supplied(context);
   // A program with a communication area is translated, one that has commands of CICS or DL/I too.
   if (!outer)
-    context.isTranslated = isDeclared("DFHCOMMAREA");
+    context.isTranslated = isItem("DFHCOMMAREA");
   supplied.supplyInterfaceBlock();
   if (atDivision(Keyword::Procedure))
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());

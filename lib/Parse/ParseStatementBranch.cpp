@@ -57,7 +57,7 @@ Argument *BranchStatements::parseCallArgument(ArgType type, const SourceRange &b
   if (accept(Keyword::Omitted))
     return make<Argument>(begin, type, nullptr, /*isLeftOut=*/true);
   Expression *operand = nullptr;
-  if (peek().isUserWord() && isFileName(*peek().getInternedText()))
+  if (peek().isUserWord() && scope().isFileName(peek().getInternedText()))
     operand = parseFileName();
   else
     operand = parseOperand();

@@ -391,7 +391,8 @@ StatementResult FileStatements::parseSort() {
   if (!file)
     return nullptr;
   const std::string &name = file->getFileName()->getWordData();
-  if (isItemName(name) && !isFileName(name))
+  const bool isFile = scope().isFileName(&name);
+  if (!isFile && scope().findItems(&name))
     return error(DiagnosticId::SortOfTable, file->getRange());
   auto *sort = make<SortStatement>(begin, file);
   if (!parseSeries(*sort, &SortStatement::addKey, &FileStatements::parseSortKey,
@@ -412,7 +413,7 @@ StatementResult FileStatements::parseSort() {
   sort->setSeqAlphaName(alphabet);
 
   if (!at(Keyword::Using, Keyword::Input)) {
-    if (!isFileName(name))
+    if (!isFile)
       return error(DiagnosticId::SortOfTable, file->getRange());
     return expected("USING or INPUT PROCEDURE");
   }

@@ -18,7 +18,7 @@ void SuppliedParser::supplyInterfaceBlock() {
   if (!stream.getOptions().cics || context.unit->getParent())
     return;
   for (llvm::StringRef name : {"DFHEIBLK", "DFHCOMMAREA"})
-    if (!isDeclared(name))
+    if (!isItem(name))
       supplyRecords(name, StorageType::Linkage);
 }
 
@@ -49,10 +49,10 @@ void SuppliedParser::supplyCommunicationAreas() {
   auto has = [this](ExecType language) {
     return context.embeddedLanguages.test(static_cast<unsigned>(language));
   };
-  if (stream.getOptions().sql && has(ExecType::Sql) && !isDeclared("SQLCA") &&
-      !isDeclared("SQLCODE") && !isDeclared("SQLSTATE"))
+  if (stream.getOptions().sql && has(ExecType::Sql) && !isItem("SQLCA") && !isItem("SQLCODE") &&
+      !isItem("SQLSTATE"))
     supplyRecords("SQLCA", StorageType::WorkingStorage);
-  if (stream.getOptions().cics && has(ExecType::Dli) && !isDeclared("DIBSTAT"))
+  if (stream.getOptions().cics && has(ExecType::Dli) && !isItem("DIBSTAT"))
     supplyRecords("DLZDIB", StorageType::WorkingStorage);
 }
 

@@ -87,7 +87,7 @@ std::string ParserBase::takeRun() {
   auto clings = [](const Token &token, const SourceRange &before) {
     const SourceRange &place = token.place;
     return place.file == before.file && place.beginLine == before.endLine &&
-           place.beginColumn <= before.endColumn + 1 + token.isAfterComma() &&
+           place.beginColumn <= before.endColumn + 1u + token.isAfterComma() &&
            !token.isFromReplacement() && !token.is(TokenKind::EndOfFile);
   };
   for (; clings(peek(), last); stream.skip()) {
@@ -171,7 +171,7 @@ bool ParserBase::atNumericLiteral() {
 bool ParserBase::atLiteral() {
   return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
          peek().isFigurativeConstant() ||
-         (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText()));
+         (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText()));
 }
 
 NumericLiteralExpression *ParserBase::parseNumericLiteral() {
@@ -242,7 +242,7 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     stream.skip();
     return makeAt<FigurativeLiteralExpression>(begin, type, nullptr);
   }
-  if (peek().isUserWord() && isSymbolicCharacter(*peek().getInternedText())) {
+  if (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText())) {
     auto *symbol =
         makeAt<FigurativeLiteralExpression>(begin, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);

@@ -20,6 +20,7 @@
 
 #include "AST/Expression.h"
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "AST/Statement.h"
 #include "Parse/Diagnostics.h"
 #include "Parse/ParseOptions.h"
@@ -241,30 +242,20 @@ public:
   void skipEmbeddedText();
 
   //===--------------------------------------------------------------------===//
-  // What the program declares (ParseNames.cpp). The names are those of tokens,
-  // which are interned.
+  // What the program declares
   //===--------------------------------------------------------------------===//
 
-  /// Whether the name is a condition-name (level 88) of this unit or of an outer one.
-  bool isConditionName(const std::string &name) const;
-  /// Whether the name is an ON or OFF condition of SPECIAL-NAMES of this unit or an outer one.
-  bool isSwitchName(const std::string &name) const;
-  /// Whether CLASS of SPECIAL-NAMES declares the name, in this unit or an outer one.
-  bool isClassName(const std::string &name) const;
-  /// Whether SYMBOLIC CHARACTERS declares the name, in this unit or an outer one.
-  bool isSymbolicCharacter(const std::string &name) const;
-  /// Whether the name is a mnemonic name of SPECIAL-NAMES of this unit or an outer one.
-  bool isMnemonicName(const std::string &name) const;
-  /// Whether the name is that of a file (FD, SD or SELECT) of this unit or an outer one.
-  bool isFileName(const std::string &name) const;
-  /// Whether the name is that of a report (RD).
-  bool isReportName(const std::string &name) const;
-  /// Whether the unit can see a data item of the name: it declares it, or an outer program shares
-  /// it.
-  bool isItemName(const std::string &name) const;
-  bool isDeclared(llvm::StringRef name) const { return isItemName(internString(name)); }
+  /// The names that the unit being read can see.
+  Scope scope() const { return Scope(context.unit); }
+  /// Whether the unit can see a data item of that name.
+  bool isItem(llvm::StringRef name) const {
+    return static_cast<bool>(scope().findItems(&internString(name)));
+  }
   /// Whether the word is declared as anything that can be an operand.
-  bool isNamed(const Token &word);
+  bool isNamed(const Token &word) const {
+    const std::string *name = word.getInternedText();
+    return context.indexNames.contains(name) || scope().isDeclared(name);
+  }
 
 protected:
   /// How deep constructs may nest: statements in statements, parentheses, programs.

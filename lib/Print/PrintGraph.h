@@ -10,6 +10,7 @@
 
 #include "Analyzer/CFG.h"
 #include "Parse/ParseOptions.h"
+#include <optional>
 #include <string>
 
 namespace llvm {
@@ -24,9 +25,18 @@ struct GraphView {
   std::string function;
   /// Only the blocks of the paragraphs and sections of this name; all when empty.
   std::string paragraph;
-  /// Show a procedure as one thing, with the ways that lead from it to others. Not for JSON.
+  /// Show a procedure as one thing, with the ways that lead from it to others.
   bool collapse = false;
+  /// Draw everything, however large the picture is.
+  bool full = false;
 };
+
+/// What to tell a person when \p view names a function or a paragraph that is not there, with the
+/// names that are near; nothing when it is all right.
+std::optional<std::string> explainMissingProcedure(const CFGModule &module, const GraphView &view);
+
+/// Whether Graphviz could not draw all blocks that \p view shows in reasonable time.
+bool isTooLargeToDraw(const CFGModule &module, const GraphView &view);
 
 // The function of the report declaratives comes last, when the compilation has one.
 

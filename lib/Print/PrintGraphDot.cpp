@@ -16,12 +16,15 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/StringMap.h"
 #include "llvm/ADT/StringSet.h"
 #include "llvm/Support/GraphWriter.h"
 #include "llvm/Support/JSON.h"
 #include "llvm/Support/raw_ostream.h"
 #include <algorithm>
+#include <iterator>
 #include <optional>
+#include <set>
 
 namespace tarka {
 
@@ -31,170 +34,53 @@ namespace {
 constexpr std::size_t labelWidth = 64;
 
 //===----------------------------------------------------------------------===//
-// Which way control takes
+// Edges of the picture
 //===----------------------------------------------------------------------===//
 
-enum class EdgeKind { Flow, FallThrough, GoTo, Perform, Accompanying };
+/// How an edge is drawn.
+enum class EdgeStyle { Flow, FallsInto, Jump, Perform, Faint };
 
-/// A way that leads from a block. Where several lead to the same place they are one.
-struct Way {
-  EdgeKind kind = EdgeKind::Accompanying;
-  llvm::SmallVector<llvm::StringRef, 3> names;
-};
-using Ways = llvm::MapVector<const CFGBlock *, Way>;
-
-const Statement *lastStatement(const CFGBlock *block) {
-  return block->getElements().empty() ? nullptr : block->getElements().back()->getStmt();
-}
-
-/// Whether control never goes on behind the last statement of \p block.
-bool neverGoesOn(const CFGBlock *block) {
-  const Statement *last = lastStatement(block);
-  if (!last)
-    return false;
-  switch (last->getType()) {
-  case StatementType::Goto:
-    return !llvm::cast<GotoStatement>(last)->getDependingName();
-  case StatementType::Stop:
-    return !llvm::cast<StopStatement>(last)->getLiteral();
-  case StatementType::Goback:
-  case StatementType::NextSentence:
-  case StatementType::ExitParagraph:
-  case StatementType::ExitPerform:
-  case StatementType::ExitProgram:
-  case StatementType::ExitSection:
-    return true;
+EdgeStyle styleOf(FlowEdgeKind kind) {
+  switch (kind) {
+  case FlowEdgeKind::FallsInto:
+    return EdgeStyle::FallsInto;
+  case FlowEdgeKind::GoTo:
+  case FlowEdgeKind::Depending:
+  case FlowEdgeKind::Altered:
+  case FlowEdgeKind::Handler:
+    return EdgeStyle::Jump;
+  case FlowEdgeKind::Perform:
+  case FlowEdgeKind::Declarative:
+  case FlowEdgeKind::SortInput:
+  case FlowEdgeKind::SortOutput:
+    return EdgeStyle::Perform;
   default:
-    return false;
+    return EdgeStyle::Flow;
   }
 }
 
-/// Whether \p block leads to its successor, which some blocks have only for company.
-bool takesSuccessor(const CFGBlock *block) {
-  const CFGBlock *successor = block->getSuccessorBlock();
-  if (neverGoesOn(block))
-    return false;
-  for (CFGLink branch : {CFGLink::Then, CFGLink::OnSize, CFGLink::NotOnSize, CFGLink::Inline})
-    if (block->getLink(branch))
-      return false;
-  return !block->getAfterBlock() || block->getAfterBlock() == successor;
-}
-
-/// Whether control goes from \p block to its end block: where the branch for the one of two results
-/// is not written.
-bool takesEnd(const CFGBlock *block) {
-  const Statement *last = lastStatement(block);
-  if (last && (last->getType() == StatementType::Sort || last->getType() == StatementType::Merge))
-    return false;
-  auto isSet = [&](CFGLink link) { return block->getLink(link) != nullptr; };
-  return isSet(CFGLink::Then) != isSet(CFGLink::Else) ||
-         isSet(CFGLink::OnSize) != isSet(CFGLink::NotOnSize);
-}
-
-EdgeKind kindOf(const CFGBlock *block, CFGLink link) {
-  switch (link) {
-  case CFGLink::Successor:
-    return takesSuccessor(block) ? EdgeKind::Flow : EdgeKind::Accompanying;
-  case CFGLink::End:
-    return takesEnd(block) ? EdgeKind::Flow : EdgeKind::Accompanying;
-  case CFGLink::Next:
-  case CFGLink::Return:
-    return EdgeKind::Accompanying;
-  default:
-    return EdgeKind::Flow;
+llvm::StringRef attributesOf(EdgeStyle style) {
+  switch (style) {
+  case EdgeStyle::Flow:
+    return "";
+  case EdgeStyle::FallsInto:
+    return ", color=\"#999999\", fontcolor=\"#999999\"";
+  case EdgeStyle::Jump:
+    return ", color=\"#b03060\", fontcolor=\"#b03060\"";
+  case EdgeStyle::Perform:
+    return ", style=dashed, color=\"#2060b0\", fontcolor=\"#2060b0\"";
+  case EdgeStyle::Faint:
+    return ", style=dotted, color=\"#aaaaaa\", fontcolor=\"#aaaaaa\"";
   }
+  return "";
 }
 
-void addWay(Ways &ways, const CFGBlock *target, EdgeKind kind, llvm::StringRef name) {
-  if (!target)
-    return;
-  Way &way = ways[target];
-  way.kind = std::min(way.kind, kind);
-  if (!llvm::is_contained(way.names, name))
-    way.names.push_back(name);
-}
-
-/// The ways to which the last statement of \p block knows the target.
-void addStatementWays(Ways &ways, const CFGBlock *block) {
-  for (const CFGElem *element : block->getElements()) {
-    const Statement *statement = element->getStmt();
-    if (!statement)
-      continue;
-    for (const ProcedureTarget &target : targetsOf(*statement))
-      addWay(ways, target.start(),
-             statement->getType() == StatementType::Goto ? EdgeKind::GoTo : EdgeKind::Perform,
-             target.how);
-    if (auto *next = llvm::dyn_cast<NextSentenceStatement>(statement)) {
-      if (const CFGBlock *sentence = next->getSentenceBlock())
-        addWay(ways, sentence->getNextBlock(), EdgeKind::Flow, "next sentence");
-    } else if (auto *exit = llvm::dyn_cast<ExitPerformStatement>(statement)) {
-      addWay(ways, exit->getAfterBlock(), EdgeKind::Flow, "exit");
-    }
-  }
-}
-
-Ways waysFrom(const GraphLayout &layout, const CFGBlock *block) {
-  Ways ways;
-  for (std::size_t number = 0; number < cfgLinkCount; ++number) {
-    const auto link = static_cast<CFGLink>(number);
-    const bool isExit = link == CFGLink::After && neverGoesOn(block);
-    addWay(ways, block->getLink(link), kindOf(block, link),
-           isExit ? llvm::StringLiteral("exit") : cfgLinkNames[number]);
-  }
-  if (!neverGoesOn(block))
-    addWay(ways, layout.fallsInto(block), EdgeKind::FallThrough, "fall through");
-  addStatementWays(ways, block);
-  return ways;
-}
-
-/// What is written at an edge: the names that say more than the others. Simply going on has none.
-std::string labelOf(const Way &way) {
-  auto has = [&](llvm::StringRef name) { return llvm::is_contained(way.names, name); };
-  std::string label;
-  for (llvm::StringRef name : way.names) {
-    const bool isSaid = name == "successor" || (name == "return" && has("after")) ||
-                        (name == "end" && way.names.size() > 1) ||
-                        // The body of a WHEN has both, though nothing is decided at its end.
-                        (name == "then" && has("successor"));
-    if (!isSaid)
-      label += (label.empty() ? "" : ", ") + name.str();
-  }
-  return label;
-}
-
-/// Whether \p way is drawn. Of the links that only accompany the flow, that is the one to the block
-/// where a loop is controlled.
-bool isDrawn(const Way &way) {
-  return way.kind != EdgeKind::Accompanying || llvm::is_contained(way.names, "return");
-}
-
-/// The blocks that control can reach from the beginnings of procedures, entries and of the
-/// function.
-class ReachableBlocks {
-public:
-  void addFunction(const GraphLayout &layout, const ProcedureStarts &starts) {
-    llvm::SmallVector<const CFGBlock *> open;
-    auto reach = [&](const CFGBlock *block) {
-      if (reached.insert(block).second)
-        open.push_back(block);
-    };
-    reach(layout.blocks.front());
-    for (const CFGEntry *entry : layout.function->getEntryList())
-      reach(entry->getEntryBlock());
-    for (const CFGBlock *block : layout.blocks)
-      if (starts.contains(block))
-        reach(block);
-    while (!open.empty()) {
-      const CFGBlock *block = open.pop_back_val();
-      for (const auto &[target, way] : waysFrom(layout, block))
-        if (target->getGraph() == block->getGraph() && isDrawn(way))
-          reach(target);
-    }
-  }
-  bool contains(const CFGBlock *block) const { return reached.contains(block); }
-
-private:
-  llvm::DenseSet<const CFGBlock *> reached;
+/// The kinds of the edges from one box to another, which are drawn as one line for each style.
+struct Line {
+  std::string to;
+  EdgeStyle style;
+  llvm::SmallVector<llvm::StringRef, 2> labels;
+  bool constrains = true;
 };
 
 //===----------------------------------------------------------------------===//
@@ -235,6 +121,19 @@ public:
       add(lines, line, factsOf(element).node->getRange());
     }
     return lines;
+  }
+
+  /// What decides at a loop test.
+  std::string textOfTest(const FlowNode &node) {
+    auto *perform = llvm::dyn_cast<PerformStatement>(node.getStatement());
+    if (!perform)
+      return "next entry of the table";
+    if (const Expression *times = perform->getTimesInteger())
+      return excerpts.excerpt(times->getRange(), labelWidth) + " TIMES";
+    const Condition *until = perform->getUntilCondition();
+    if (!until && !perform->getPhraseListElements().empty())
+      until = perform->getPhraseListElements().front()->getUntilCondition();
+    return until ? "UNTIL " + excerpts.excerpt(until->getRange(), labelWidth) : "again";
   }
 
 private:
@@ -331,23 +230,6 @@ std::string forQuotes(llvm::StringRef text) {
   return llvm::DOT::EscapeString(inUtf8(text));
 }
 
-/// The attributes of an edge by its kind.
-llvm::StringRef styleOf(EdgeKind kind) {
-  switch (kind) {
-  case EdgeKind::Flow:
-    return "";
-  case EdgeKind::FallThrough:
-    return ", color=\"#999999\", fontcolor=\"#999999\"";
-  case EdgeKind::GoTo:
-    return ", color=\"#b03060\", fontcolor=\"#b03060\"";
-  case EdgeKind::Perform:
-    return ", style=dashed, color=\"#2060b0\", fontcolor=\"#2060b0\"";
-  case EdgeKind::Accompanying:
-    return ", style=dotted, color=\"#aaaaaa\", fontcolor=\"#aaaaaa\"";
-  }
-  return "";
-}
-
 class DotPrinter {
 public:
   DotPrinter(llvm::raw_ostream &output, const GraphView &wanted, const ParseOptions &options)
@@ -366,65 +248,86 @@ private:
   bool isWanted(const BlockGroup &group) const {
     return view.paragraph.empty() || group.has(view.paragraph);
   }
-  bool isShown(const CFGBlock *block) const {
-    return reachable.contains(block) || !block->getElements().empty();
-  }
+  bool isWanted(GroupId id) const { return isWanted(groupAt(id)); }
 
-  std::optional<GroupId> groupOf(const CFGBlock *block) const {
-    auto number = numbers.find(block->getGraph());
-    if (number == numbers.end())
-      return std::nullopt;
-    return GroupId{number->second, layouts[number->second].groupIndex(block)};
+  const FlowNode &nodeAt(std::uint32_t number) const { return flow->node(number); }
+  std::size_t functionOf(const FlowNode &node) const { return numbers.lookup(node.getParent()); }
+  GroupId groupOf(const FlowNode &node) const {
+    const std::size_t function = functionOf(node);
+    return {function, layouts[function].groupIndex(node)};
   }
   const BlockGroup &groupAt(GroupId id) const { return layouts[id.function].groups[id.group]; }
-  std::string nodeOf(const CFGBlock *block) const {
-    return ("f" + llvm::Twine(numbers.lookup(block->getGraph())) + "b" +
-            llvm::Twine(block->getPlace()))
-        .str();
+
+  std::string boxOf(const CFGBlock *block, std::size_t function) const {
+    return ("f" + llvm::Twine(function) + "b" + llvm::Twine(block->getPlace())).str();
   }
-  static std::string nodeOf(GroupId id) {
+  std::string boxOf(GroupId id) const {
     return ("f" + llvm::Twine(id.function) + "g" + llvm::Twine(id.group)).str();
+  }
+  /// Whether the end of a procedure is drawn: it is one of a performed range, and something leads
+  /// to it.
+  bool isDrawnEnd(const FlowNode &node) const {
+    return node.getKind() == FlowNodeKind::ProcedureEnd && isEnd[node.getProcedure()] &&
+           !node.predecessors().empty();
+  }
+  std::string endOf(std::uint32_t procedure) const {
+    return ("end" + llvm::Twine(procedure)).str();
   }
 
   void printFunction(std::size_t number);
   void printGroup(GroupId id);
-  void printBlock(const CFGBlock *block);
-  void printProcedureNode(GroupId id, bool isNeighbour);
-  void printBlockEdges(GroupId id);
-  void printEdgesFromNeighbours();
-  void printCollapsedEdges(GroupId id);
-  void printEdge(const std::string &from, const std::string &to, llvm::StringRef label,
-                 EdgeKind kind, bool constrains);
+  void printBlock(const CFGBlock *block, const GraphLayout &layout, std::size_t function);
+  void printProcedureBox(GroupId id, bool isNeighbour);
   std::string titleOf(GroupId id) const;
   std::string neighbour(GroupId id);
+
+  void addLines(const FlowNode &node);
+  void addLine(const FlowNode &node, const FlowNode &target, FlowEdgeKind kind,
+               std::optional<EdgeStyle> drawnAs = std::nullopt);
+  void addFall(const FlowNode &node, std::uint32_t procedure, FlowEdgeKind kind);
+  void addExit(const FlowNode &node);
+  void addLine(const std::string &from, const std::string &to, EdgeStyle style,
+               llvm::StringRef label, bool constrains);
+  void addCollapsedLines(std::size_t function);
+  void printLines();
 
   llvm::raw_ostream &os;
   const GraphView &view;
   StatementText text;
   std::unique_ptr<FlowModule> flow;
   std::vector<GraphLayout> layouts;
-  llvm::DenseMap<const CFGGraph *, std::size_t> numbers;
-  ReachableBlocks reachable;
-  llvm::StringSet<> neighbours;
-  llvm::StringSet<> edges;
-  /// The first blocks of the procedures that are performed.
-  llvm::DenseSet<const CFGBlock *> performed;
+  llvm::DenseMap<const FlowGraph *, std::size_t> numbers;
+  /// The procedures that are not shown, with a line to one that is.
+  std::set<GroupId> neighbours;
+  /// What stands in a box in place of lines.
+  llvm::StringMap<std::vector<std::string>> notes;
+  /// The boxes in which the program ends.
+  llvm::StringSet<> exits;
+  /// By the boxes that they lead from.
+  llvm::MapVector<std::string, std::vector<Line>, llvm::StringMap<unsigned>> lines;
+  /// The procedures whose end is an end of something that is performed.
+  std::vector<bool> isEnd, isPerformed;
+  /// Where a statement that performs goes on.
+  std::vector<std::vector<const FlowPerform *>> performsOf; ///< by node
 };
 
 void DotPrinter::print(const CFGModule &module, const std::vector<const CFGFunc *> &functions,
                        const ProcedureStarts &starts) {
   flow = createFlow(module);
   for (const CFGFunc *function : functions) {
-    numbers[function->getBody()] = layouts.size();
+    numbers[flow->graphOf(*function)] = layouts.size();
     layouts.emplace_back(*function, starts, *flow);
-    reachable.addFunction(layouts.back(), starts);
     text.addFunction(layouts.back());
   }
-  for (const GraphLayout &layout : layouts)
-    for (const CFGBlock *block : layout.blocks)
-      for (const auto &[target, way] : waysFrom(layout, block))
-        if (way.kind == EdgeKind::Perform)
-          performed.insert(target);
+  isEnd.resize(flow->procedures().size());
+  isPerformed.resize(flow->procedures().size());
+  performsOf.resize(flow->nodes().size());
+  for (const FlowPerform &perform : flow->performs()) {
+    const FlowRange &range = flow->ranges()[perform.range];
+    isEnd[range.end] = true;
+    isPerformed[range.begin] = true;
+    performsOf[perform.node].push_back(&perform);
+  }
 
   os << "digraph \"" << forQuotes(module.getName()) << "\" {\n"
      << "  graph [fontname=\"Helvetica\", labeljust=l, nodesep=0.3, ranksep=0.35"
@@ -432,14 +335,18 @@ void DotPrinter::print(const CFGModule &module, const std::vector<const CFGFunc 
      << "  node [shape=box, fontname=\"Courier\", fontsize=10, margin=\"0.08,0.04\", height=0.2,"
         " color=\"#666666\"];\n"
      << "  edge [fontname=\"Helvetica\", fontsize=9, arrowsize=0.7];\n";
+  // The lines tell which boxes there are beside those of the blocks.
+  for (std::size_t number = 0; number < layouts.size(); ++number)
+    if (view.collapse)
+      addCollapsedLines(number);
+    else
+      for (const FlowNode &node : layouts[number].flow->nodes())
+        addLines(node);
   for (std::size_t number = 0; number < layouts.size(); ++number)
     printFunction(number);
-  for (std::size_t number = 0; number < layouts.size(); ++number)
-    for (std::size_t group = 0; group < layouts[number].groups.size(); ++group)
-      if (isWanted(layouts[number].groups[group]))
-        view.collapse ? printCollapsedEdges({number, group}) : printBlockEdges({number, group});
-  if (!view.paragraph.empty())
-    printEdgesFromNeighbours();
+  for (GroupId id : neighbours)
+    printProcedureBox(id, /*isNeighbour=*/true);
+  printLines();
   os << "}\n";
 }
 
@@ -463,7 +370,7 @@ void DotPrinter::printFunction(std::size_t number) {
            << " SECTION</b>>; style=filled; color=\"#e8ecf4\";\n";
     }
     if (view.collapse)
-      printProcedureNode({number, index}, /*isNeighbour=*/false);
+      printProcedureBox({number, index}, /*isNeighbour=*/false);
     else
       printGroup({number, index});
   }
@@ -473,31 +380,61 @@ void DotPrinter::printFunction(std::size_t number) {
 }
 
 void DotPrinter::printGroup(GroupId id) {
+  const GraphLayout &layout = layouts[id.function];
   const BlockGroup &group = groupAt(id);
   if (group.paragraph)
-    os << "      subgraph cluster_" << nodeOf(id) << " {\n        label=<<b>"
-       << forHtml(group.name())
-       << "</b>>; style=\"rounded,filled\"; color=\"#b8c4d8\"; fillcolor=\"#f6f8fc\";\n";
+    os << "      subgraph cluster_" << boxOf(id) << " {\n        label=<<b>"
+       << forHtml(group.name()) << "</b>" << (layout.isDead(group) ? " (not reached)" : "")
+       << ">; style=\"rounded,filled\"; color=\"#b8c4d8\"; fillcolor=\""
+       << (layout.isDead(group) ? "#eeeeee" : "#f6f8fc") << "\";\n";
   for (const CFGBlock *block : group.blocks)
-    if (isShown(block))
-      printBlock(block);
+    if (!layout.nodesOf(block).empty())
+      printBlock(block, layout, id.function);
+  for (const FlowNode &node : layout.flow->nodes())
+    if (isDrawnEnd(node) && groupOf(node) == id)
+      os << "        " << endOf(node.getProcedure())
+         << " [shape=plain, fontname=\"Helvetica\", fontsize=8, fontcolor=\"#2060b0\", label=\"end "
+            "of "
+         << forQuotes(node.getVerb()) << "\"];\n";
   if (group.paragraph)
     os << "      }\n";
 }
 
-/// The name of the block small above its statements; alone when there are none.
-void DotPrinter::printBlock(const CFGBlock *block) {
-  const bool isDead = !reachable.contains(block);
-  os << "        " << nodeOf(block) << " [style=filled, fillcolor=\""
+/// The name of the block small above its statements.
+void DotPrinter::printBlock(const CFGBlock *block, const GraphLayout &layout,
+                            std::size_t function) {
+  const bool isDead = !layout.flow->isReached(*block);
+  os << "        " << boxOf(block, function) << " [style=filled, fillcolor=\""
      << (isDead ? "#eeeeee" : "#ffffff") << "\", label=<";
   std::string title = std::to_string(block->getPlace()) + " " + block->getName();
   if (isDead)
     title += " (not reached)";
   os << "<font point-size=\"7\" color=\"#888888\">" << forHtml(title) << "</font>";
-  for (const CFGElem *element : block->getElements())
-    for (const std::string &line : text.linesOf(*element))
-      os << "<br align=\"left\"/>" << forHtml(line);
+  for (const FlowNode &node : layout.nodesOf(block))
+    if (node.getKind() == FlowNodeKind::LoopTest)
+      os << "<br align=\"left\"/>" << forHtml(text.textOfTest(node));
+    else if (node.getKind() == FlowNodeKind::Entry)
+      os << "<br align=\"left\"/>ENTRY";
+  for (const CFGElem *element : block->getElements()) {
+    const Statement *statement = element->getStmt();
+    if (statement && statement->getType() == StatementType::InnerExit)
+      continue;
+    const bool isDeadHere =
+        !isDead && statement && llvm::any_of(layout.nodesOf(block), [&](const FlowNode &node) {
+          return node.getStatement() == statement && !node.isReached();
+        });
+    for (const std::string &line : text.linesOf(*element)) {
+      os << "<br align=\"left\"/>";
+      if (isDeadHere)
+        os << "<font color=\"#999999\">" << forHtml(line) << " (not reached)</font>";
+      else
+        os << forHtml(line);
+    }
+  }
   os << "<br align=\"left\"/>>];\n";
+  if (exits.contains(boxOf(block, function)))
+    os << "        " << boxOf(block, function)
+       << "x [shape=doublecircle, label=\"\", width=0.1, height=0.1];\n";
 }
 
 /// "CHECK-INPUT", "MAIN SECTION", "entry"
@@ -513,105 +450,193 @@ std::string DotPrinter::titleOf(GroupId id) const {
   return (isBehind ? "end of " : "") + group.name() + " SECTION";
 }
 
-void DotPrinter::printProcedureNode(GroupId id, bool isNeighbour) {
+void DotPrinter::printProcedureBox(GroupId id, bool isNeighbour) {
   const BlockGroup &group = groupAt(id);
-  os << "      " << nodeOf(id) << " [";
+  os << "      " << boxOf(id) << " [";
   if (isNeighbour) {
     os << "shape=box, style=\"rounded,dashed\", fontsize=8, label=\"" << forQuotes(titleOf(id))
        << "\"];\n";
     return;
   }
-  os << "style=\"rounded,filled\", fillcolor=\"#ffffff\", label=<<b>" << forHtml(titleOf(id))
-     << "</b>";
+  const bool isDead = layouts[id.function].isDead(group);
+  os << "style=\"rounded,filled\", fillcolor=\"" << (isDead ? "#eeeeee" : "#ffffff")
+     << "\", label=<<b>" << forHtml(titleOf(id)) << "</b>";
   const std::size_t count = countStatements(group);
-  if (count)
+  if (count || isDead)
     os << "<br/><font point-size=\"8\" color=\"#888888\">" << count
-       << (count == 1 ? " statement" : " statements") << "</font>";
+       << (count == 1 ? " statement" : " statements") << (isDead ? ", not reached" : "")
+       << "</font>";
+  for (const std::string &note : notes[boxOf(id)])
+    os << "<br/><font point-size=\"8\" color=\"#b03060\">" << forHtml(note) << "</font>";
   os << ">];\n";
 }
 
-/// The node of a procedure that is not shown itself.
+/// The box of a procedure that is not shown itself.
 std::string DotPrinter::neighbour(GroupId id) {
-  std::string node = nodeOf(id);
-  if (neighbours.insert(node).second)
-    printProcedureNode(id, /*isNeighbour=*/true);
-  return node;
+  neighbours.insert(id);
+  return boxOf(id);
 }
 
-void DotPrinter::printEdge(const std::string &from, const std::string &to, llvm::StringRef label,
-                           EdgeKind kind, bool constrains) {
-  std::string edge = from + " -> " + to + " [label=\"" + label.str() + "\"" + styleOf(kind).str() +
-                     (constrains ? "" : ", constraint=false");
-  if (edges.insert(edge).second)
-    os << "  " << edge << "];\n";
-}
+//===----------------------------------------------------------------------===//
+// Lines
+//===----------------------------------------------------------------------===//
 
-void DotPrinter::printBlockEdges(GroupId id) {
-  const GraphLayout &layout = layouts[id.function];
-  for (const CFGBlock *block : groupAt(id).blocks) {
-    if (!isShown(block))
-      continue;
-    for (const auto &[target, way] : waysFrom(layout, block)) {
-      std::optional<GroupId> home = groupOf(target);
-      if (!home || !isDrawn(way) || (isWanted(groupAt(*home)) && !isShown(target)))
-        continue;
-      std::string label = labelOf(way);
-      const bool isWithin = home == id;
-      if (isWanted(groupAt(*home)))
-        printEdge(
-            nodeOf(block), nodeOf(target), label, way.kind,
-            way.kind == EdgeKind::Flow || way.kind == EdgeKind::FallThrough ||
-                (isWithin && way.kind == EdgeKind::GoTo && target->getPlace() > block->getPlace()));
-      else
-        printEdge(nodeOf(block), neighbour(*home), label, way.kind, /*constrains=*/true);
-    }
+void DotPrinter::addLine(const std::string &from, const std::string &to, EdgeStyle style,
+                         llvm::StringRef label, bool constrains) {
+  std::vector<Line> &drawn = lines[from];
+  auto same =
+      llvm::find_if(drawn, [&](const Line &line) { return line.to == to && line.style == style; });
+  if (same == drawn.end()) {
+    drawn.push_back({to, style, {}, constrains});
+    same = std::prev(drawn.end());
   }
+  if (!label.empty() && !llvm::is_contained(same->labels, label))
+    same->labels.push_back(label);
 }
 
-/// The ways from procedures that are not shown to those that are.
-void DotPrinter::printEdgesFromNeighbours() {
-  for (std::size_t number = 0; number < layouts.size(); ++number)
-    for (std::size_t group = 0; group < layouts[number].groups.size(); ++group) {
-      if (isWanted(layouts[number].groups[group]))
-        continue;
-      for (const CFGBlock *block : layouts[number].groups[group].blocks) {
-        if (!reachable.contains(block))
-          continue;
-        for (const auto &[target, way] : waysFrom(layouts[number], block)) {
-          std::optional<GroupId> home = groupOf(target);
-          if (!home || !isWanted(groupAt(*home)) || way.kind == EdgeKind::Accompanying)
-            continue;
-          std::string to = view.collapse ? nodeOf(*home) : nodeOf(target);
-          if (view.collapse || isShown(target))
-            printEdge(neighbour({number, group}), to, labelOf(way), way.kind, true);
-        }
-      }
-    }
+void DotPrinter::printLines() {
+  for (const auto &[from, drawn] : lines)
+    for (const Line &line : drawn)
+      os << "  " << from << " -> " << line.to << " [label=\"" << llvm::join(line.labels, ", ")
+         << "\"" << attributesOf(line.style) << (line.constrains ? "" : ", constraint=false")
+         << "];\n";
+}
+
+/// The line of an edge from a node in one box to one in another.
+void DotPrinter::addLine(const FlowNode &node, const FlowNode &target, FlowEdgeKind kind,
+                         std::optional<EdgeStyle> drawnAs) {
+  const GroupId home = groupOf(node), other = groupOf(target);
+  if (!isWanted(home) && (!isWanted(other) || !node.isReached()))
+    return;
+  const bool isPlain = kind == FlowEdgeKind::Next;
+  const EdgeStyle style = drawnAs.value_or(styleOf(kind));
+  llvm::StringRef label = isPlain ? llvm::StringRef() : flowEdgeKindName(kind);
+  const bool isSame = home == other;
+  if (isSame && node.getBlock() && node.getBlock() == target.getBlock() && isPlain)
+    return;
+  std::string from = !isWanted(home)                                ? neighbour(home)
+                     : node.getKind() == FlowNodeKind::ProcedureEnd ? endOf(node.getProcedure())
+                     : node.getBlock() ? boxOf(node.getBlock(), home.function)
+                                       : "";
+  std::string to = !isWanted(other)                                 ? neighbour(other)
+                   : target.getKind() == FlowNodeKind::ProcedureEnd ? endOf(target.getProcedure())
+                   : target.getBlock() ? boxOf(target.getBlock(), other.function)
+                                       : "";
+  // Nothing is drawn of the start, and of a label's handler only the way to the label.
+  if (from.empty() || to.empty())
+    return;
+  const bool isForward = target.getId() > node.getId();
+  const bool isClose = style == EdgeStyle::Flow || style == EdgeStyle::FallsInto ||
+                       (isSame && style == EdgeStyle::Jump);
+  addLine(from, to, style, label, (isForward && isClose) || !isWanted(home) || !isWanted(other));
+}
+
+/// A way to the end of \p procedure. Where nobody performs it, that is a way to what follows.
+void DotPrinter::addFall(const FlowNode &node, std::uint32_t procedure, FlowEdgeKind kind) {
+  const FlowProcedure &left = flow->procedure(procedure);
+  if (isEnd[procedure])
+    return addLine(node, nodeAt(left.end), kind);
+  if (left.fallsTo == noFlow)
+    return;
+  const FlowNode &next = nodeAt(left.fallsTo);
+  if (next.getKind() == FlowNodeKind::ProcedureEnd)
+    return addFall(node, next.getProcedure(), kind);
+  if (next.getKind() == FlowNodeKind::Exit) {
+    if (isWanted(groupOf(node)) && node.getBlock())
+      addExit(node);
+    return;
+  }
+  // The outcome of a condition is told too.
+  addLine(node, next, kind == FlowEdgeKind::Next ? FlowEdgeKind::FallsInto : kind,
+          EdgeStyle::FallsInto);
+}
+
+/// The end of the program, which every box has for itself.
+void DotPrinter::addExit(const FlowNode &node) {
+  std::string box = boxOf(node.getBlock(), functionOf(node));
+  exits.insert(box);
+  addLine(box, box + "x", EdgeStyle::Flow, "", true);
+}
+
+void DotPrinter::addLines(const FlowNode &node) {
+  // What a procedure's end is drawn for: its ways are those of the text; returning is not drawn.
+  if (node.getKind() == FlowNodeKind::ProcedureEnd && !isDrawnEnd(node))
+    return;
+  for (const FlowEdge &edge : node.successors()) {
+    const FlowNode &target = nodeAt(edge.to);
+    if (edge.kind == FlowEdgeKind::Return || edge.kind == FlowEdgeKind::DeclarativeEnd)
+      continue;
+    // Round again is drawn as a way from the test to itself.
+    if (node.getKind() == FlowNodeKind::LoopTest && target.getKind() == FlowNodeKind::Procedure)
+      continue;
+    if (target.getKind() == FlowNodeKind::ProcedureEnd)
+      addFall(node, target.getProcedure(), edge.kind);
+    else if (target.getKind() == FlowNodeKind::Exit) {
+      if (node.getBlock() && isWanted(groupOf(node)))
+        addExit(node);
+    } else
+      addLine(node, target, edge.kind);
+  }
+  // Behind what is performed, if it comes to its end.
+  for (const FlowPerform *perform : performsOf[node.getId()]) {
+    if (!flow->ranges()[perform->range].completes || perform->returnsTo == noFlow)
+      continue;
+    const FlowNode &next = nodeAt(perform->returnsTo);
+    const FlowEdgeKind kind =
+        perform->kind == FlowEdgeKind::Loop ? FlowEdgeKind::Loop : FlowEdgeKind::Next;
+    if (next.getKind() == FlowNodeKind::ProcedureEnd)
+      addFall(node, next.getProcedure(), kind);
+    else if (next.getKind() == FlowNodeKind::Exit)
+      addExit(node);
+    else
+      addLine(node, next, kind);
+  }
 }
 
 /// The ways from one procedure to others, which its blocks have in them.
-void DotPrinter::printCollapsedEdges(GroupId id) {
-  for (const CFGBlock *block : groupAt(id).blocks) {
-    if (!reachable.contains(block))
-      continue;
-    for (const auto &[target, way] : waysFrom(layouts[id.function], block)) {
-      std::optional<GroupId> home = groupOf(target);
-      const bool isJump = way.kind == EdgeKind::GoTo || way.kind == EdgeKind::Perform;
-      if (!home || (home == id && !isJump) || way.kind == EdgeKind::Accompanying)
+void DotPrinter::addCollapsedLines(std::size_t function) {
+  const GraphLayout &layout = layouts[function];
+  const std::vector<ProcedureWays> ways = waysOfGroups(layout);
+  // Lines from everywhere to one box make a picture that nobody can read, nor Graphviz draw: the
+  // boxes name it instead.
+  constexpr std::size_t manyGroups = 60, manyLines = 8;
+  std::vector<std::size_t> incoming(layout.groups.size());
+  for (const ProcedureWays &leaving : ways)
+    for (const auto &[kind, target] : leaving)
+      ++incoming[layout.groupIndex(target)];
+  for (std::size_t index = 0; index < layout.groups.size(); ++index)
+    for (const auto &[kind, target] : ways[index]) {
+      const GroupId from{function, index}, to{function, layout.groupIndex(target)};
+      if (!isWanted(from) && !isWanted(to))
         continue;
-      std::string to = isWanted(groupAt(*home)) ? nodeOf(*home) : neighbour(*home);
-      if (isJump)
-        printEdge(nodeOf(id), to, labelOf(way), way.kind, /*constrains=*/true);
-      else if (performed.contains(target))
-        // Falling into a procedure that is performed says little about how the program is built.
-        printEdge(nodeOf(id), to, "", EdgeKind::Accompanying, /*constrains=*/false);
-      else
-        printEdge(nodeOf(id), to, "fall through", EdgeKind::FallThrough, /*constrains=*/true);
+      const FlowNode &first = layout.nodesOf(target).front();
+      const std::string source = isWanted(from) ? boxOf(from) : neighbour(from);
+      const std::string goal = isWanted(to) ? boxOf(to) : neighbour(to);
+      if (layout.groups.size() > manyGroups && incoming[to.group] > manyLines && isWanted(from)) {
+        notes[source].push_back((flowEdgeKindName(kind) + " " + titleOf(to)).str());
+        continue;
+      }
+      EdgeStyle style = styleOf(kind);
+      llvm::StringRef label = kind == FlowEdgeKind::Next ? "" : flowEdgeKindName(kind);
+      // Falling into a procedure that is performed says little about how the program is built.
+      const bool isFaint = style == EdgeStyle::FallsInto && first.getProcedure() != noFlow &&
+                           isPerformed[first.getProcedure()];
+      if (kind == FlowEdgeKind::Loop)
+        style = EdgeStyle::Perform;
+      addLine(source, goal, isFaint ? EdgeStyle::Faint : style, isFaint ? "" : label, !isFaint);
     }
-  }
 }
 
 } // namespace
+
+bool isTooLargeToDraw(const CFGModule &module, const GraphView &view) {
+  // Graphviz takes more than a second for about as many boxes, and far more for larger graphs.
+  constexpr std::size_t manyBlocks = 350;
+  std::size_t blocks = 0;
+  for (const CFGFunc *function : FunctionSelection(module, view).all())
+    blocks += function->getBody()->getBlockList().size();
+  return blocks > manyBlocks;
+}
 
 void printGraphDot(llvm::raw_ostream &os, const CFGModule &module, const GraphView &view,
                    const ParseOptions &options) {

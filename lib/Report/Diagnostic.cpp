@@ -1,6 +1,7 @@
 //===- Diagnostic.cpp - one diagnostic, whoever found it ------------------===//
 
 #include "Report/Diagnostic.h"
+#include "Report/Excerpt.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringMap.h"
 #include "llvm/Support/BLAKE3.h"
@@ -11,13 +12,20 @@ std::string Diagnostic::getMessage() const {
   std::string message = text;
   // Some texts name their subject themselves.
   const std::string quoted = "'" + subject + "'";
-  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted))
+  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted)) {
     message = llvm::StringRef(text).rtrim(" .").str() + ": " + quoted;
-  if (!detail.empty())
-    message += "; " + detail;
+    if (!detail.empty())
+      message += " (" + detail + ")";
+  }
+  if (!suggestion.empty())
+    message += "; was " + suggestion + " meant?";
   if (programs.size() > 1)
     message += "; in " + std::to_string(programs.size()) + " programs";
   return message;
+}
+
+llvm::StringRef sliceColumns(llvm::StringRef line, unsigned begin, unsigned end) {
+  return line.slice(offsetOfColumn(line, begin), offsetOfColumn(line, end + 1));
 }
 
 void setFingerprints(std::vector<Diagnostic> &diagnostics) {

@@ -102,7 +102,7 @@ PROCEDURE DIVISION.
     IF NU + 1 = AB CONTINUE. *> expect: 3335
     IF AN + 1 = NU CONTINUE. *> expect: 3322
 
-    *> Both operands are looked at, and what is wrong with them comes first.
+    *> Both operands are checked, and their own faults are reported first.
     IF NOWHERE = NEITHER CONTINUE. *> expect: 3310:8-14 3310:18-24
     IF NOWHERE = AE CONTINUE. *> expect: 3310
 

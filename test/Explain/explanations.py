@@ -1,9 +1,9 @@
-"""The explanations of the diagnostics: do their programs draw them, has every diagnostic one?
+"""Checks the explanations of the diagnostics: their programs, their completeness, the document.
 
     explanations.py programs TARKA DIRECTORY    runs both programs of every explanation; DIRECTORY
                                                 takes them
-    explanations.py catalogue TARKA             looks for diagnostics that nobody has explained
-    explanations.py document TARKA DOCUMENT     compares the document with what TARKA makes of them
+    explanations.py catalogue TARKA             finds diagnostics without an explanation
+    explanations.py document TARKA DOCUMENT     compares the document with what TARKA generates
 """
 
 import collections
@@ -17,7 +17,6 @@ import sys
 
 HERE = pathlib.Path(__file__).parent
 EXPLANATIONS = HERE.parent.parent / "explanations"
-REPORT_LINE = re.compile(r"(.*):\d+:\d+ - \d+:\d+ (\w+) (\d+) : (.*)")
 
 
 def run(tarka, *arguments):
@@ -47,21 +46,23 @@ def pattern_of(message):
 
 def look_at_reports(text, programs):
     """Every wrong program must be reported with the number, severity and text of its row."""
-    # What is found in a copybook is told by the copybook's name, below the program's directory.
+    # A diagnostic in a copybook has the name of the copybook, below the directory of the program.
     by_directory = {str(pathlib.Path(file).parent): file for file in programs}
     found = set()
     for line in text.split("\n"):
-        if match := REPORT_LINE.fullmatch(line):
-            path, severity, number, message = match.groups()
-            file = next((by_directory[str(up)] for up in pathlib.Path(path).parents if str(up) in by_directory), None)
-            diagnostic = programs.get(file)
-            if (
-                diagnostic
-                and int(number) == diagnostic["number"]
-                and severity == diagnostic["severity"]
-                and pattern_of(diagnostic["message"]).fullmatch(message)
-            ):
-                found.add(file)
+        if not line:
+            continue
+        reported = json.loads(line)
+        parents = map(str, pathlib.Path(reported["file"]).parents)
+        file = next((by_directory[up] for up in parents if up in by_directory), None)
+        diagnostic = programs.get(file)
+        if (
+            diagnostic
+            and reported["number"] == diagnostic["number"]
+            and reported["severity"] == diagnostic["severity"]
+            and pattern_of(diagnostic["message"]).fullmatch(reported["text"])
+        ):
+            found.add(file)
     return [f"{file}: its own diagnostic is not reported" for file in programs if file not in found]
 
 
@@ -82,8 +83,8 @@ def check_programs(tarka, directory):
         faults += verified.stderr.splitlines()
         if verified.returncode > 1 or verified.returncode == 1 and not verified.stderr:
             faults.append(f"tarka check --verify {' '.join(options)} ends with {verified.returncode}")
-        reported = run(tarka, "check", *options, *programs)
-        faults += look_at_reports(reported.stderr, programs)
+        reported = run(tarka, "check", "--format=ndjson", *options, *programs)
+        faults += look_at_reports(reported.stdout, programs)
     for options, programs in mended.items():
         result = run(tarka, "check", *options, *programs)
         faults += result.stderr.splitlines()
@@ -126,7 +127,7 @@ def main():
         faults = check_catalogue(tarka)
     else:
         faults = check_document(tarka, rest[0])
-    # One that is wrong in its form may have a thousand.
+    # A malformed document can have thousands of differences.
     print(*faults[:200], sep="\n")
     return 1 if faults else 0
 

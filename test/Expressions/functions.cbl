@@ -42,9 +42,9 @@ PROCEDURE DIVISION.
 
     *> Only characters can be modified.
     MOVE FUNCTION REVERSE (TEXT-ITEM) (1:3) TO TEXT-ITEM.
-    MOVE FUNCTION CURRENT-DATE (1.5:2) TO TEXT-ITEM. *> expect: 3314
-    MOVE FUNCTION ABS (N) (1:2) TO N. *> expect: 3315
-    MOVE FUNCTION ABS (N) (D:D) TO N. *> expect: 3315 3314 3314
+    MOVE FUNCTION CURRENT-DATE (1.5:2) TO TEXT-ITEM. *> expect: 3314 *> expect-pass
+    MOVE FUNCTION ABS (N) (1:2) TO N. *> expect: 3315 *> expect-pass
+    MOVE FUNCTION ABS (N) (D:D) TO N. *> expect: 3315 3314 3314 *> expect-pass
 
     *> A function receives nothing.
     MOVE 1 TO FUNCTION ABS (N). *> expect: 3504:5-30

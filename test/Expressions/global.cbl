@@ -1,27 +1,38 @@
 *> RUN: %tarka check --verify %s
 *>
 *> Names of enclosing programs: only GLOBAL records are seen, and whether the first entry of a name
-*> is GLOBAL decides for all its namesakes.
+*> is GLOBAL decides for all its namesakes. A name that the program declares itself hides all others,
+*> of whatever kind they are.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. OUTERMOST.
 ENVIRONMENT DIVISION.
+CONFIGURATION SECTION.
+SPECIAL-NAMES.
+    UPSI-0 ON STATUS IS SWITCHED
+    SYMBOLIC CHARACTERS STAR IS 93.
 INPUT-OUTPUT SECTION.
 FILE-CONTROL.
     SELECT SHARED-FILE ASSIGN TO SHARED.
+    SELECT SHARED-FILE-2 ASSIGN TO SHARED2.
     SELECT OWN-FILE ASSIGN TO OWN.
 DATA DIVISION.
 FILE SECTION.
 FD  SHARED-FILE IS GLOBAL.
 01  SHARED-RECORD               PIC X(10).
+    88  SHARED-EMPTY            VALUE SPACES.
+FD  SHARED-FILE-2 IS GLOBAL.
+01  SHARED-RECORD-2             PIC X(10).
 FD  OWN-FILE.
 01  OWN-RECORD                  PIC X(10).
 WORKING-STORAGE SECTION.
 01  FAR                         GLOBAL.
     05  FAR-ITEM                PIC X.
         88  FAR-ITEM-SET        VALUE "X".
+        88  FAR-ITEM-SET-2      VALUE "X".
     05  FAR-TABLE               PIC X OCCURS 3 INDEXED BY FAR-X.
 01  NEAR                        PIC X GLOBAL.
 01  HIDDEN                      PIC X.
+    88  OWN-CONDITION           VALUE "X".
 01  GLOBAL-FIRST                GLOBAL.
     05  HOMONYM                 PIC X.
 01  LOCAL-SECOND.
@@ -55,8 +66,14 @@ PROGRAM-ID. INNERMOST.
 DATA DIVISION.
 WORKING-STORAGE SECTION.
 77  MINE                        PIC X.
+01  OWN-FILE                    PIC 9.
+01  SHARED-FILE-2               PIC 9.
+01  OWN-CONDITION               PIC 9.
+01  FAR-ITEM-SET-2              PIC 9.
+01  SWITCHED                    PIC 9.
+01  STAR                        PIC 9.
 PROCEDURE DIVISION.
-    *> NEAR of the program around is not GLOBAL, so the one farther out is meant: it is no number.
+    *> NEAR of the program around is not GLOBAL, so the name refers to the next outer one, which is not a number.
     DISPLAY NEAR MINE.
     ADD NEAR TO NEAR. *> expect: 3410 3410
     IF NEAR IS POSITIVE CONTINUE. *> expect: 3338
@@ -66,7 +83,7 @@ PROCEDURE DIVISION.
     SET FAR-X TO 1.
 
     *> The first HOMONYM is GLOBAL, its namesake comes along; the first SHADOW is not.
-    DISPLAY HOMONYM. *> expect: 3311
+    DISPLAY HOMONYM. *> expect: 3311 *> expect-pass
     DISPLAY HOMONYM OF LOCAL-SECOND.
     DISPLAY SHADOW. *> expect: 3310
     DISPLAY SHADOW OF GLOBAL-SECOND. *> expect: 3310
@@ -75,6 +92,16 @@ PROCEDURE DIVISION.
     DISPLAY SHARED-RECORD.
     DISPLAY OWN-RECORD. *> expect: 3310
     READ OWN-FILE. *> expect: 3324
+
+    *> Items of the program, not the files, conditions and characters of the programs around it.
+    CALL "ANOTHER" USING OWN-FILE SHARED-FILE-2 SHARED-FILE.
+    EVALUATE OWN-CONDITION WHEN 1 CONTINUE END-EVALUATE.
+    EVALUATE FAR-ITEM-SET-2 WHEN 1 CONTINUE END-EVALUATE.
+    EVALUATE SWITCHED WHEN 1 CONTINUE END-EVALUATE.
+    EVALUATE FAR-ITEM-SET WHEN TRUE CONTINUE END-EVALUATE.
+    EVALUATE SHARED-EMPTY WHEN TRUE CONTINUE END-EVALUATE.
+    EVALUATE TRUE WHEN SHARED-EMPTY CONTINUE WHEN FAR-ITEM-SET CONTINUE END-EVALUATE.
+    ADD 1 TO STAR.
 END PROGRAM INNERMOST.
 END PROGRAM NO-DATA-HERE.
 END PROGRAM MIDDLE-ONE.

@@ -1,6 +1,6 @@
 *> RUN: %tarka check --verify %s
 *>
-*> How long literals may be, what hexadecimal ones are made of, and what ALL goes with.
+*> The length of literals, the digits of hexadecimal ones, and the operands of ALL.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. LITERALS.
 ENVIRONMENT DIVISION.
@@ -36,7 +36,7 @@ PROCEDURE DIVISION.
     MOVE X"G0H0" TO TEXT-ITEM. *> expect: 3307
     MOVE "G0" TO TEXT-ITEM.
 
-    *> ALL goes with characters and with figurative constants, but not with another ALL.
+    *> ALL is allowed with characters and figurative constants, but not with another ALL.
     MOVE ALL "AB" TO TEXT-ITEM.
     MOVE ALL X"G1" TO TEXT-ITEM. *> expect: 3307
     MOVE ALL SPACES TO TEXT-ITEM.

@@ -1,6 +1,7 @@
 *> RUN: %tarka check --verify %s
 *>
 *> Subscripts and reference modifiers: where they may stand, and what they may be.
+*> expect-pass: 3301 3310 3314 3316
 IDENTIFICATION DIVISION.
 PROGRAM-ID. MODIFIERS.
 DATA DIVISION.
@@ -30,12 +31,12 @@ PROCEDURE DIVISION.
     DISPLAY ROW-NAME (N + 1) ROW-NAME (ROW-X - 1) CELLS (1, N) CELLS (ROW-X CELL-X + 2).
     DISPLAY ROW-NAME (BINARY-ITEM) CELLS (ROW-X, ROW-NAME (1)). *> expect: 3301:36-62
 
-    *> Zero is taken for one; a negative literal is not looked at.
+    *> Zero is treated as one; a negative literal is not checked.
     DISPLAY ROW-NAME (0). *> expect: 3528
     DISPLAY CELLS (0, 0). *> expect: 3528 3528
     DISPLAY ROW-NAME (-1).
 
-    *> A number with decimal places is numeric all the same when it is an item.
+    *> An item with decimal places is accepted as a numeric item.
     DISPLAY ROW-NAME (WITH-SCALE) ROW-NAME (ZERO).
     DISPLAY ROW-NAME (1.5). *> expect: 3301
     DISPLAY ROW-NAME (TEXT-ITEM). *> expect: 3301
@@ -55,7 +56,7 @@ PROCEDURE DIVISION.
 
     *> Reference modifiers need characters.
     DISPLAY NO-TABLE (1:) NO-TABLE (2:1) NO-TABLE (N:N + 1) ROW-NAME (1) (2:3).
-    *> A group is characters, whatever it holds.
+    *> A group consists of characters, whatever it contains.
     DISPLAY BINARY-GROUP (1:1).
     DISPLAY TABLES (1:10) EDITED (1:1) N (1:2) NATIONAL-ITEM (1:2) DBCS-ITEM (2:).
     DISPLAY BINARY-ITEM (1:1). *> expect: 3316

@@ -1,6 +1,6 @@
 *> RUN: %tarka check --verify %s
 *>
-*> Reading goes on with the next section, and SECTION behind EXIT begins none.
+*> Parsing continues with the next section, and SECTION after EXIT does not begin one.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. NOSECT.
 DATA DIVISION.

@@ -40,29 +40,25 @@
       *> CHECK:     >20 DISPLAY &quot;A  &lt;B&gt;&quot; N<
       *> CHECK:     >23 EVALUATE N ALSO TRUE<br align="left"/>24 WHEN 1 ALSO ANY<br align="left"/>25 WHEN 2 ALSO N = 3<
       *> CHECK:     >26 ADD 1 TO N ON SIZE ERROR<
-      *> CHECK:     f0b1 -> f0b2 [label="after"]
-      *> CHECK-NEXT: f0b1 -> f0b4 [label="perform", style=dashed
+      *> CHECK:     f0b1 -> f0b4 [label="perform", style=dashed
+      *> CHECK-NEXT: f0b1 -> f0b2 [label=""]
       *> CHECK-NEXT: f0b2 -> f0b18 [label="go to"
-      *> CHECK-NEXT: f0b4 -> f0b5 [label="then"]
-      *> CHECK-NEXT: f0b4 -> f0b6 [label="else"]
+      *> CHECK-NEXT: f0b4 -> f0b5 [label="true"]
+      *> CHECK-NEXT: f0b4 -> f0b6 [label="false"]
       *> CHECK-NEXT: f0b5 -> f0b8 [label=""]
-      *> CHECK-NEXT: f0b6 -> f0b14 [label="exit"]
-      *> CHECK:     f0b9 -> f0b11 [label="end"]
-      *> CHECK-NEXT: f0b9 -> f0b10 [label="onSize"]
-      *> CHECK-NEXT: f0b10 -> f0b13 [label="next sentence"]
-      *> CHECK:     f0b14 -> f0b15 [label="fall through"
+      *> CHECK-NEXT: f0b6 -> f0b15 [label="falls into"
+      *> CHECK:     f0b9 -> f0b10 [label="size error"]
       *>
       *> ONE-NOT:  LAST-STEP
-      *> ONE:      tkdummy_end_paragraph
-      *> ONE:      f0g3 [{{.*}}label="STEP-2"
-      *> ONE-NEXT: f0b14 -> f0g3 [label="fall through"
-      *> ONE-NEXT: f0g1 [{{.*}}label="MAIN"
+      *> ONE:      f0g1 [{{.*}}label="MAIN"
+      *> ONE-NEXT: f0g3 [{{.*}}label="STEP-2"
       *> ONE-NEXT: f0g1 -> f0b4 [label="perform"
+      *> ONE:      f0b8 -> f0g3 [label="false"
       *> ONE-NOT:  LAST-STEP
       *>
       *> SMALL-NOT: f0b
       *> SMALL:     f0g2 [{{.*}}<b>STEP-1</b>{{.*}}6 statements
-      *> SMALL:     f0g0 -> f0g1 [label="fall through"
+      *> SMALL:     f0g0 -> f0g1 [label=""]
       *> SMALL-NEXT: f0g1 -> f0g2 [label="perform"
       *> SMALL-NEXT: f0g1 -> f0g4 [label="go to"
-      *> SMALL-NEXT: f0g2 -> f0g3 [label="fall through"
+      *> SMALL-NEXT: f0g2 -> f0g3 [label="falls into"

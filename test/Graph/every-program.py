@@ -2,8 +2,8 @@
 
     every-program.py TARKA DIRECTORY...
 
-Each program is read with the options of its own RUN lines. The program looks at the finished graph
-with the verifier and fails where that finds a fault.
+Each program is read with the options of its own RUN lines. The program runs the verifier on the
+finished graph and fails if it finds a fault.
 """
 
 import concurrent.futures
@@ -29,7 +29,7 @@ def options_of(source):
 
 
 def look_at(tarka, source):
-    """None for a program that does not pass, else what is wrong with its graph."""
+    """None for a program that does not pass the checks, else the faults of its graph."""
 
     def run(*arguments):
         return subprocess.run([tarka, *arguments, *options, str(source)], capture_output=True)
@@ -63,7 +63,7 @@ def main():
         for message in result:
             print(message)
     print(f"{len(passed)} of {len(sources)} programs pass the checks")
-    # Were hardly any clean, this would look at nothing.
+    # Fail if hardly any program passes, because nothing would be verified.
     return 1 if any(passed) or len(passed) < 20 else 0
 
 

@@ -1,6 +1,6 @@
 *> RUN: %tarka cfg --enable-osvs %s | FileCheck %s
 *>
-*> In the place of the statements of OS/VS COBOL stands what the checks made of them.
+*> The statements of OS/VS COBOL are replaced by those that the checks generate.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. OSVS.
 DATA DIVISION.

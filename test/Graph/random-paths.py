@@ -44,7 +44,7 @@ PHRASES = [
     ("call 'q'", "on exception", "not on exception", "end-call"),
 ]
 TRANSFERS = ["exit paragraph", "exit section", "go to p3", "goback"]
-# No more is added behind as many; the number of ways multiplies.
+# Above this number of paths no statement is added, because the number multiplies.
 MANY_WAYS = 10
 
 # A way: the lines passed, and the statement that leaves the paragraph, None where it goes on.
@@ -168,7 +168,7 @@ class Graph:
         blocks = json.loads(cfg("json"))["functions"][0]["blocks"]
         self.blocks = {block["id"]: block for block in blocks}
         self.with_other = with_other
-        # Where EXIT PERFORM goes stands in the text only; to the loop's control means behind it here.
+        # Only the text shows where EXIT PERFORM goes; the loop's control stands for the block after it here.
         behind = {b["return"]: b["after"] for b in blocks if "inline" in b}
         self.exits = {}
         for line in cfg("text").splitlines():

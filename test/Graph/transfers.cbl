@@ -8,7 +8,7 @@ WORKING-STORAGE SECTION.
 01  N                       PIC 9.
 PROCEDURE DIVISION.
 SENTENCES.
-*>  One block behind the sentence for both statements.
+*>  One block after the sentence for both statements.
     IF N = 1
         NEXT SENTENCE
     ELSE
@@ -17,7 +17,7 @@ SENTENCES.
         ELSE
             MOVE 3 TO N.
     MOVE 4 TO N.
-*>  The block behind belongs to the first block of the sentence, not to that of the IF.
+*>  The block after it belongs to the first block of the sentence, not to that of the IF.
     ADD 1 TO N
     IF N = 5 NEXT SENTENCE END-IF
     MOVE 6 TO N.

@@ -1,6 +1,6 @@
 *> RUN: %tarka cfg %s | FileCheck %s --match-full-lines
 *>
-*> Programs in and behind each other; a quoted name; a program of data alone; entries.
+*> Nested and consecutive programs; a quoted name; a program of data alone; entries.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. 'quoted'.
 DATA DIVISION.

@@ -1,4 +1,4 @@
-      *> Errors stand in the way of the layout, unless it is wanted all the same.
+      *> Errors prevent the layout, unless --keep-going is given.
       *> RUN: sh -c '%tarka layout %s 2> %t; echo status $?' | FileCheck %s --check-prefix=STOP
       *> RUN: FileCheck %s --check-prefix=WHY < %t
       *> RUN: sh -c '%tarka layout --keep-going %s 2> %t; echo status $?' | FileCheck %s --check-prefix=GO

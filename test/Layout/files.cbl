@@ -56,7 +56,7 @@
        01  VARIED-2.
       *> CHECK-NEXT: 01 VARIED-2 0 0000 30 group, 5 to 30 bytes, REDEFINES VARIED-1
            05  PIC X(5) OCCURS 1 TO 6 DEPENDING ON COUNT-1.
-      *> Lengths that are written stand for the first variable record, not for those after it.
+      *> Lengths that are written apply to the first variable record, not to those after it.
        FD  OWN-RANGE RECORD CONTAINS 20 TO 40.
       *> CHECK: FD OWN-RANGE 90 recording mode V, records of 1 to 45 bytes
        01  OWN-1.

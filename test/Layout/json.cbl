@@ -1,4 +1,4 @@
-      *> The JSON form: what is subordinate stands in its entry, what does not apply is left out.
+      *> The JSON form: subordinate entries are within their entry, and what does not apply is omitted.
       *> RUN: %tarka layout --format=json %s > %t
       *> RUN: python3 -m json.tool %t > %t.tool
       *> RUN: FileCheck %s < %t

@@ -1,4 +1,4 @@
-      *> --record shows one record, or tells why there is none to show; --all shows the registers.
+      *> --record shows one record, or says why it cannot; --all shows the registers.
       *> RUN: %tarka layout --record=customer-record %s | FileCheck %s --check-prefix=ONE
       *> RUN: %tarka layout --record return-code %s | FileCheck %s --check-prefix=REGISTER
       *> RUN: %tarka layout --all %s | FileCheck %s --check-prefix=ALL

@@ -20,7 +20,7 @@
       *> CHECK-NEXT: 15 AMOUNT 1 0001 2
                10  SUBTOTAL  PIC S9(5) COMP-3.
       *> CHECK-NEXT: 10 SUBTOTAL 30 001E 3
-      *> Behind a table the offset is that behind its last occurrence.
+      *> After a table the offset is that after its last occurrence.
            05  LAST-ITEM PIC XX.
       *> CHECK-NEXT: 05 LAST-ITEM 165 00A5 2
 

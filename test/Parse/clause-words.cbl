@@ -1,4 +1,4 @@
-      *> A misspelt word behind a list of names begins the next clause.
+      *> A misspelt word after a list of names begins the next clause.
       *> RUN: %tarka check --verify %s
        IDENTIFICATION DIVISION.
        PROGRAM-ID. P.
@@ -9,7 +9,7 @@
            05 C OCCURS 3 INDEXED BY IY, IZ PIC X.
            05 D PIC 9 OCCURS 3 INDEXED BY JY JZ
               VALUE 5.
-      *> What is misspelt is read as what was meant: nothing else is told.
+      *> A misspelt word is read as the intended one: nothing else is reported.
            05 E PICTRE 9(4). *> expect: 224
            05 F PCI 9(5).9(2). *> expect: 224
            05 G PIC 9(3) USAGE COMPP-3. *> expect: 224

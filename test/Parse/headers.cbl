@@ -1,6 +1,6 @@
 *> RUN: %tarka check --verify %s
 *>
-*> A header that is misspelt costs one message, and what stands under it is read.
+*> A misspelt header has one message, and what follows it is read.
 
 IDENTIFICATION DIVISION DIVISION. *> expect: 220
 PROGRAM-ID. P1.

@@ -1,6 +1,6 @@
       *> RUN: %tarka check --verify --enable-osvs %s
       *>
-      *> The text of NOTE is no program, whatever it looks like.
+      *> The text of NOTE is not program text, even if it looks like it.
        IDENTIFICATION DIVISION.
        PROGRAM-ID. NOTES.
        DATA DIVISION.

@@ -1,4 +1,4 @@
-      *> A number that a clause waits for is no level number, although it begins a line.
+      *> A number that a clause expects is not a level number, although it begins a line.
       *> RUN: %tarka check --verify %s
        IDENTIFICATION DIVISION.
        PROGRAM-ID. NUMBERS.

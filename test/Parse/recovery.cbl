@@ -1,4 +1,4 @@
-      *> One mistake costs one message, at the word that is wrong, and reading goes on behind it.
+      *> One mistake has one message, at the word that is wrong, and reading continues after it.
       *> RUN: %tarka check --syntax-only --verify -I %S/Inputs %s
        IDENTIFICATION DIVISION.
        PROGRAM-ID. P1.
@@ -95,7 +95,7 @@
            IF A EQUEL B DISPLAY A. *> expect: 421
            READ F AT ENDD DISPLAY A END-READ. *> expect: 200:22-25
            ADD 1 TO A ON SIZE ERRROR DISPLAY A. *> expect: 200:31-36
-      * Each of the old statements is told.
+      * Each of the old statements is reported.
            EXAMINE A TALLYING ALL "A" *> expect: 422
            EXHIBIT A *> expect: 422
            TRANSFORM A FROM "A" TO "B". *> expect: 422
@@ -134,7 +134,7 @@
            CLASS BASE IS "java.lang.Object". *> expect: 221
        DATA DIVISION.
        WORKING-STORAGE SECTION.
-      *> A copybook whose REPLACING is broken is not told line by line.
+      *> A copybook with a faulty REPLACING is not reported line by line.
        COPY TAGGED REPLACING ==:TAG:== ==NEW==. *> expect: 61
        COPY COPY TAGGED. *> expect: 40
       * The period may be the copybook's.

@@ -1,5 +1,5 @@
       *> RUN: %tarka check --verify %s
-      *> Functions that REPOSITORY names stand without FUNCTION, in the program and those in it.
+      *> Functions that REPOSITORY names need no FUNCTION, in the program and those nested in it.
        IDENTIFICATION DIVISION.
        PROGRAM-ID. ALL-FUNCTIONS.
        ENVIRONMENT DIVISION.

@@ -1,4 +1,4 @@
-      *> What CICS and DB2 supply, and what they know nothing of.
+      *> What CICS and DB2 supply, and what they do not.
       *> RUN: %tarka check --verify --cics --sql -I %S/Inputs %s
        IDENTIFICATION DIVISION.
        PROGRAM-ID. OUTER.

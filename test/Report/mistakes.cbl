@@ -52,7 +52,7 @@ RD  NUMBERS CODE SYSTEM-TYPEWRITER *> expect: 3405
         10  COL 30 PIC X VALUES "A" "B".
 01  TYPE RF LINE 5 COL 1 PIC X PRESENT AFTER NO-CONTROL VALUE "A". *> expect: 3310
 
-*> Groups are of level 01, lines stand in no lines, and columns in a line.
+*> Groups have level 01, lines are not within lines, and columns are in a line.
 RD  STRUCTURE.
 01  TYPE DETAIL.
     05  COL 1 PIC X VALUE "A". *> expect: 3203
@@ -114,7 +114,7 @@ RD  SHOWN CONTROLS ARE WORD-ITEM BIRTHDAY.
     05  COL 9 PIC X(3) COUNT OF SHOWN-DETAIL. *> expect: 3424
     05  COL 9 PIC X(3) PRESENT WHEN NO-CONDITION SOURCE WORD-ITEM. *> expect: 3310
 
-*> Each name stands for one report.
+*> Each name refers to one report.
 RD  SHOWN. *> expect: 3311
 01  TYPE DETAIL.
 PROCEDURE DIVISION.

@@ -1,7 +1,7 @@
 *> RUN: %tarka check --verify %s
 *>
-*> Operands that are no numbers, and receivers that cannot take one. What was not found is not
-*> looked at again.
+*> Operands that are not numbers, and receivers that cannot take one. An undefined name is not
+*> reported again.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. ARITHMETIC-ERRORS.
 ENVIRONMENT DIVISION.
@@ -30,7 +30,7 @@ WORKING-STORAGE SECTION.
 66  R                           RENAMES A THRU C.
 PROCEDURE DIVISION.
 MAIN.
-    *> Every operand of a kind that is no number; the neighbours are looked at all the same.
+    *> Every kind of operand that is not a number; the other operands are checked too.
     ADD X E NA IX TX PT A-IS-ONE N (1:2) TO N. *> expect: 3410:9-9 3410:11-11 3410:13-14 3410:16-17 3410:19-20 3410:22-23 3410:25-32 3410:34-40
     ADD G TAB R TO N. *> expect: 3411:9-9 3411:11-13 3410:15-15
     ADD "1" SPACE ALL "1" NULL N"1" TO N. *> expect: 3415:9-11 3415:13-17 3415:19-25 3415:27-30 3415:32-35
@@ -46,7 +46,7 @@ MAIN.
     ADD CORRESPONDING R TO 5. *> expect: 3414:23-23 3414:28-28
     ADD CORRESPONDING NOWHERE TO G. *> expect: 3310
 
-    *> A phrase is checked to its end, whatever is wrong with the operands.
+    *> A phrase is checked to its end, even if an operand is wrong.
     ADD X TO N ON SIZE ERROR MOVE 1 TO NOWHERE NOT ON SIZE ERROR ADD X TO N. *> expect: 3410:9-9 3310 3410:70-70
 
     SUBTRACT X G "1" FROM N X E. *> expect: 3422:14-14 3422:16-16 3421:18-20 3422:29-29 3422:31-31

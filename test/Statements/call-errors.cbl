@@ -89,7 +89,7 @@ PARAMETERS.
     CALL "NESTED" USING REC BY VALUE BINARY-ITEM. *> expect: 3439
     CALL "VALUES" USING BINARY-ITEM BY CONTENT REC BY VALUE "A". *> expect: 3439 3439
     CALL "VALUES" USING OMITTED BY VALUE 1 2 RETURNING REC. *> expect: 3443:25-31 3444:56-58
-    *> What is wrong wherever it is passed is told once.
+    *> What cannot be passed in any way is reported once.
     CALL "VALUES" USING BY VALUE OMITTED 1 2. *> expect: 3445
     CALL "NESTED" USING REC BY VALUE REC. *> expect: 3454
     STOP RUN.

@@ -91,7 +91,7 @@ KNOWN-PROGRAMS.
 *> CHECK:      CallStatement <[[#@LINE-1]]:5-
 *> CHECK:        parameter: DataIdentifierExpression {{.*}} name=P-1 boundTo=P-1@[[#@LINE+19]]:1
 *> CHECK-NEXT:   parameter: DataIdentifierExpression {{.*}} name=P-2 boundTo=P-2@[[#@LINE+20]]:1
-    *> What lies behind these is not known.
+    *> What these refer to is not known.
     CALL "NESTED" USING LINKAGE-RECORD CHARACTER-1.
     CALL "NESTED" USING SHARED-AREA NAME (1).
     CALL "NESTED" USING CHARACTERS-8 (1:1) REC (1:1).

@@ -2,6 +2,7 @@
 *>
 *> A condition-name has the category of its conditional variable, and yet is neither a number nor
 *> characters: no statement takes it for a data item.
+*> expect-pass: 3468
 IDENTIFICATION DIVISION.
 PROGRAM-ID. NOITEMS.
 DATA DIVISION.

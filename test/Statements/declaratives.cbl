@@ -37,7 +37,7 @@ MAIN-1.
     PERFORM HANDLER.
     PERFORM HANDLER-2. *> expect: 3403
     PERFORM BOTH. *> expect: 3402 3403
-    *> The copy is no procedure of the program outside of the declaratives.
+    *> The copy is not a procedure of the program outside of the declaratives.
     PERFORM OUTER-SECTION.
     STOP RUN.
 OUTER-SECTION SECTION.

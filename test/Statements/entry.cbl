@@ -16,7 +16,7 @@ PROCEDURE DIVISION USING GIVEN.
 START-1.
     ENTRY "FIRST-WAY" USING GIVEN GIVEN-77.
     ENTRY "SECOND-WAY".
-    *> Of a name that is there already the parameters are not looked at.
+    *> The parameters of a duplicate name are not checked.
     ENTRY "FIRST-WAY" USING OWN-PART. *> expect: 3460:11-21
     *> Case and blanks count.
     ENTRY "first-way".
@@ -34,7 +34,7 @@ DATA DIVISION.
 LINKAGE SECTION.
 77  BACK                        PIC S9(4) COMP.
 PROCEDURE DIVISION RETURNING BACK. *> expect: 3002
-    *> The name counts although the statement may not stand here.
+    *> The name counts although the statement is not allowed here.
     ENTRY "NESTED-WAY". *> expect: 3462:5-22 3461:5-22
     ENTRY "NESTED-WAY". *> expect: 3462 3461 3460
     GOBACK.

@@ -59,7 +59,7 @@ MAIN.
             CONTINUE
     END-EVALUATE
 
-    *> How many: each WHEN for itself, at the WHEN; the objects that have a subject are looked at.
+    *> The number of objects is reported at each WHEN; the objects that have a subject are checked.
     EVALUATE N ALSO X
         WHEN 1                         *> expect: 3430:9-14
         WHEN 1 ALSO "A" ALSO 5         *> expect: 3430
@@ -108,7 +108,7 @@ MAIN.
             CONTINUE
     END-EVALUATE
 
-    *> A subject that was not found is not compared with; the statements are looked at all the same.
+    *> An undefined subject is not compared; the statements are checked too.
     EVALUATE NOWHERE ALSO X            *> expect: 3310
         WHEN "A" ALSO NULL             *> expect: 3432
             DISPLAY NEITHER            *> expect: 3310

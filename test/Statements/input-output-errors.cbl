@@ -126,7 +126,7 @@ READS.
     READ SLOTS KEY SLOT-NUMBER. *> expect: 3566
 STARTS.
     START SORTED. *> expect: 3550
-*>  Beginning where a key does, but ending behind it; ending with it, but beginning behind.
+*>  Beginning where a key does, but ending after it; ending with it, but beginning later.
     START CUSTOMERS KEY = CUSTOMER-2. *> expect: 3566:27-36
     START CUSTOMERS KEY = CUSTOMER-NUMBER. *> expect: 3566
     START CUSTOMERS KEY = SHARED-1-R. *> expect: 3566

@@ -91,7 +91,7 @@ OPENS.
     OPEN INPUT BOOK REVERSED.
     OPEN INPUT BOOK WITH NO REWIND LOG-FILE OUTPUT PRINTER NO REWIND FORM-FILE
         I-O CUSTOMERS EXTEND VARYING-FILE SHARED-1.
-*>  Sequential access has an end to write behind in any organization.
+*>  With sequential access records can be added at the end in any organization.
     OPEN EXTEND LEDGER LINED LOG-FILE OUTPUT SLOTS REPORT-FILE.
     OPEN I-O LEDGER SLOTS LINED.
 READS.
@@ -99,7 +99,7 @@ READS.
 *>  Several records of one length: the longest is moved.
     READ BOOK INTO AREA-80 AT END CONTINUE NOT AT END CONTINUE END-READ.
     READ BOOK NEXT RECORD INTO NUMBER-EDITED AT END CONTINUE.
-*>  Of different lengths: as groups, whatever they hold.
+*>  Of different lengths: as groups, whatever they contain.
     READ VARYING-FILE INTO FLOAT-NUMBER.
     READ VARYING-FILE INTO SLOT.
     READ CUSTOMERS INTO LEDGER-ENTRY KEY IS CUSTOMER-NAME OF CUSTOMER

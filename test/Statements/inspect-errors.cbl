@@ -33,7 +33,7 @@ PROCEDURE DIVISION.
     INSPECT FUNCTION LENGTH (T) TALLYING N FOR CHARACTERS. *> expect: 3528
     INSPECT FUNCTION TRIM (T) REPLACING ALL "A" BY "B". *> expect: 3504:13-29
     INSPECT FUNCTION TRIM (T) CONVERTING "A" TO "B". *> expect: 3504
-    *> What is wrong with the operands as such is said all the same.
+    *> Faults of the operands themselves are reported too.
     INSPECT BIN CONVERTING 1 TO N"A". *> expect: 3528 3534
     INSPECT NOWHERE TALLYING NEITHER FOR ALL NOR BEFORE YET. *> expect: 3310 3310 3310 3310
 

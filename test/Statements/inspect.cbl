@@ -50,7 +50,7 @@ PROCEDURE DIVISION.
     INSPECT T CONVERTING X"4041" TO TWO
     INSPECT GR CONVERTING GR-2 TO ZEROS
 
-    *> Numbers in characters are looked at by their digits, groups as they are.
+    *> DISPLAY numbers are inspected by their digits, groups by their characters.
     INSPECT ZONED REPLACING LEADING ZERO BY "1" ALL "12" BY ZONED-2 ZONED-2 BY TWO
     INSPECT SEPARATED REPLACING ALL ZONED-2 BY SEPARATED SEPARATED BY "00"
     INSPECT SHOWN TALLYING N FOR ALL "."

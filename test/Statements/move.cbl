@@ -3,6 +3,7 @@
 *> What may be moved where. An illegal move is reported once for every category in the order
 *> alphabetic, alphanumeric, numeric, numeric-edited, floating point, DBCS, national,
 *> national-edited, from that of the sender on, until one of them has a rule for the receiver.
+*> expect-pass: 3468
 IDENTIFICATION DIVISION.
 PROGRAM-ID. MOVES.
 DATA DIVISION.

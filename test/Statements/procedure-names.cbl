@@ -16,7 +16,7 @@ WORKING-STORAGE SECTION.
     05  ROWS                    PIC X OCCURS 3 INDEXED BY ROW-X.
 PROCEDURE DIVISION.
 OUTSIDE.
-    *> Outside of sections the paragraph that stands there is meant, whatever the sections hold.
+    *> Outside of sections the name refers to the paragraph there, regardless of those in sections.
     PERFORM SHARED.
     GO TO SHARED.
     PERFORM ONLY-IN-B.
@@ -40,7 +40,7 @@ FIRST-OF-A.
     GO TO IN-BOTH.
     PERFORM ONLY-IN-B THRU B-SECTION.
     PERFORM OUTSIDE.
-    *> Not hidden: it stands outside and in another section.
+    *> Not hidden: it is outside and in another section.
     PERFORM SHARED. *> expect: 3401
     PERFORM DOUBLE-IN-B. *> expect: 3401
     PERFORM DOUBLE-IN-B OF B-SECTION. *> expect: 3401
@@ -113,7 +113,7 @@ NO-GO-TO.
     CONTINUE.
 EMPTY-ONE.
 CHANGES.
-    ALTER CHANGED-1 TO ONLY-IN-B CHANGED-2 TO PROCEED TO B-SECTION CHANGED-3 TO OUTSIDE.
+    ALTER CHANGED-1 TO ONLY-IN-B CHANGED-2 TO PROCEED TO B-SECTION CHANGED-3 TO OUTSIDE. *> expect-fail
     ALTER NOT-ALONE TO OUTSIDE. *> expect: 3406:11-19
     ALTER TWO-SENTENCES TO OUTSIDE. *> expect: 3406
     ALTER EMPTY-ONE TO OUTSIDE. *> expect: 3406

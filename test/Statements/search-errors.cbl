@@ -56,7 +56,7 @@ PROCEDURE DIVISION.
     SEARCH E VARYING ONE-VALUE (X) WHEN N = 1 CONTINUE END-SEARCH. *> expect: 3499
     SEARCH ALL E VARYING N WHEN K1 (X) = "A" CONTINUE END-SEARCH. *> expect: 3492:26-26
 
-    *> What else is wrong in the statement is found all the same.
+    *> Other mistakes in the statement are reported too.
     SEARCH NOWHERE VARYING NEITHER AT END DISPLAY NOR WHEN V (X) = N DISPLAY YET END-SEARCH. *> expect: 3310 3310 3310 3310
 
     *> SEARCH ALL: one WHEN, of relations with EQUAL and condition-names, by AND.
@@ -72,7 +72,7 @@ PROCEDURE DIVISION.
     SEARCH ALL E WHEN TWO-VALUES (X) CONTINUE END-SEARCH. *> expect: 3503:23-36
     SEARCH ALL E WHEN A-RANGE (X) CONTINUE END-SEARCH. *> expect: 3503
 
-    *> What stands on the left is a key of this table, at the index that steps.
+    *> The left operand is a key of this table, at the index that is stepped.
     SEARCH ALL E WHEN F (X) = 1 CONTINUE END-SEARCH. *> expect: 3501:23-27
     SEARCH ALL FLOATS WHEN FLOAT-KEY (FX) = 1 CONTINUE END-SEARCH. *> expect: 3501
     SEARCH ALL E WHEN P (X) = NULL CONTINUE END-SEARCH. *> expect: 3502:23-27

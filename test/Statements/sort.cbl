@@ -32,7 +32,7 @@ SD  SORTED.
     05  EXTERNAL-FLOAT-KEY      PIC +9.99E+99.
     05  PIC X(40).
     66  RENAMED-KEY RENAMES ALPHABETIC-KEY THRU EDITED-KEY.
-*>  Keys may stand in any record.
+*>  Keys may be in any record.
 01  SORT-RECORD-2.
     05  GROUP-KEY.
         10  PIC X(3).

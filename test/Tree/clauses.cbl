@@ -75,7 +75,7 @@
       *> CHECK:      UseStatement {{.*}} timing=AFTER LABEL labelPosition=ENDING label=REEL
       *> CHECK:      value: ArithmeticExpression {{.*}} digits=4 scale=3 stepDigits=[3, 3, 4] stepScales=[2, 2, 3]
       *> CHECK:      XMLSuppressItem {{.*}} class=NUMERIC type=ELEMENT
-      *> Slack bytes, however many, are no part of the document.
+      *> Slack bytes are not part of the document.
       *> CHECK-NEXT: when:
       *> CHECK-NEXT: contents: {{.*}} boundTo=C@
       *> CHECK-NEXT: contents: {{.*}} boundTo=B@

@@ -1,8 +1,8 @@
-"""Prints the tree of every program, with whatever is wrong with it.
+"""Prints the tree of every program, including programs with errors.
 
     every-program.py TARKA DIRECTORY...
 
-Both forms must come out whole: as many nodes in the JSON as lines in the text, and no field twice.
+Both forms must be complete: as many nodes in the JSON as lines in the text, and no field twice.
 """
 
 import concurrent.futures
@@ -24,7 +24,7 @@ def count(node):
 
 
 def one_of_each(pairs):
-    """An object in which every field stands once."""
+    """An object whose fields are unique."""
     fields = dict(pairs)
     if len(fields) < len(pairs):
         raise ValueError(f"a field stands twice among {[name for name, value in pairs]}")

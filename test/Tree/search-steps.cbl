@@ -1,6 +1,6 @@
 *> RUN: %tarka ast %s | FileCheck %s
 *>
-*> The conditions that SEARCH ALL steps by: one of them holds when the entry stands behind the one
+*> The conditions that SEARCH ALL steps by: one of them holds when the entry comes after the one
 *> that is sought, in the order of the keys whatever order they are tested in.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. STEPS.

@@ -21,38 +21,38 @@ P. GOBACK.
 
 *> CHECK:      ComputeStatement
 *> CHECK-NEXT:   receiver: DataIdentifierExpression {{.*}} name=A
-*> CHECK-NEXT:   value: ArithmeticExpression
+*> CHECK-NEXT:   value: ArithmeticExpression {{.*}} category=numeric{{$}}
 *> CHECK-NEXT:     first: DataIdentifierExpression {{.*}} name=B
 *> CHECK-NEXT:     -: NumericLiteralExpression {{.*}} value=1
-*> CHECK-NEXT:     -: ArithmeticExpression
-*> CHECK-NEXT:       first: ArithmeticExpression
+*> CHECK-NEXT:     -: ArithmeticExpression {{.*}} category=numeric{{$}}
+*> CHECK-NEXT:       first: ArithmeticExpression {{.*}} category=numeric{{$}}
 *> CHECK-NEXT:         -: DataIdentifierExpression {{.*}} name=C
 *> CHECK-NEXT:       **: NumericLiteralExpression {{.*}} value=2
 *> CHECK-NEXT:       *: ArithmeticExpression {{.*}} parenthesised
 *> CHECK-NEXT:         first: DataIdentifierExpression {{.*}} name=D
 *> CHECK-NEXT:         +: NumericLiteralExpression {{.*}} value=-2.5
 *> CHECK-NEXT:       /: DataIdentifierExpression {{.*}} name=T
-*> CHECK-NEXT:         subscript: ArithmeticExpression
+*> CHECK-NEXT:         subscript: ArithmeticExpression {{.*}} category=numeric{{$}}
 *> CHECK-NEXT:           first: DataIdentifierExpression {{.*}} name=I
 *> CHECK-NEXT:           -: NumericLiteralExpression {{.*}} value=1
 *> CHECK-NEXT:         subscript: NumericLiteralExpression {{.*}} value=-1
 
 *> CHECK:      IfStatement
 *> CHECK-NEXT:   condition: CombinedCondition
-*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation==
+*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation=={{$}}
 *> CHECK-NEXT:       left: DataIdentifierExpression {{.*}} name=A
 *> CHECK-NEXT:       right: DataIdentifierExpression {{.*}} name=B
 *> CHECK-NEXT:     OR: CombinedCondition
 *> CHECK-NEXT:       first: AbbrRelationalCondition {{.*}} relation== takenOver
 *> CHECK-NEXT:         right: DataIdentifierExpression {{.*}} name=C
-*> CHECK-NEXT:       AND: AbbrRelationalCondition {{.*}} relation=>
+*> CHECK-NEXT:       AND: AbbrRelationalCondition {{.*}} relation=>{{$}}
 *> CHECK-NEXT:         right: DataIdentifierExpression {{.*}} name=D
 *> CHECK-NEXT:   then: ContinueStatement
 
 *> CHECK:      IfStatement
 *> CHECK-NEXT:   condition: NegatedCondition
 *> CHECK-NEXT:     operand: CombinedCondition
-*> CHECK-NEXT:       first: RelationalCondition {{.*}} relation=NOT >
+*> CHECK-NEXT:       first: RelationalCondition {{.*}} relation=NOT >{{$}}
 *> CHECK-NEXT:         left: DataIdentifierExpression {{.*}} name=A
 *> CHECK-NEXT:         right: DataIdentifierExpression {{.*}} name=B
 *> CHECK-NEXT:       AND: AbbrRelationalCondition {{.*}} relation=NOT > takenOver
@@ -63,13 +63,13 @@ P. GOBACK.
 
 *> CHECK:      IfStatement
 *> CHECK-NEXT:   condition: CombinedCondition
-*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation=NOT =
+*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation=NOT ={{$}}
 *> CHECK-NEXT:       left: DataIdentifierExpression {{.*}} name=A
 *> CHECK-NEXT:       right: AbbrRelationCombinedExpression
 *> CHECK-NEXT:         left: DataIdentifierExpression {{.*}} name=B
 *> CHECK-NEXT:         right: AbbrRelationItem {{.*}} operator=AND
 *> CHECK-NEXT:           condition: AbbrRelationalCondition {{.*}} relation=NOT = takenOver
-*> CHECK-NEXT:             right: ArithmeticExpression
+*> CHECK-NEXT:             right: ArithmeticExpression {{.*}} category=numeric{{$}}
 *> CHECK-NEXT:               first: DataIdentifierExpression {{.*}} name=C
 *> CHECK-NEXT:               +: NumericLiteralExpression {{.*}} value=1
 *> CHECK-NEXT:               *: NumericLiteralExpression {{.*}} value=2
@@ -79,10 +79,10 @@ P. GOBACK.
 
 *> CHECK:      IfStatement
 *> CHECK-NEXT:   condition: CombinedCondition
-*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation==
+*> CHECK-NEXT:     first: RelationalCondition {{.*}} relation=={{$}}
 *> CHECK-NEXT:       left: DataIdentifierExpression {{.*}} name=A
 *> CHECK-NEXT:       right: DataIdentifierExpression {{.*}} name=B
-*> CHECK-NEXT:     AND: AbbrRelationalCondition {{.*}} relation=NOT <
+*> CHECK-NEXT:     AND: AbbrRelationalCondition {{.*}} relation=NOT <{{$}}
 *> CHECK-NEXT:       right: DataIdentifierExpression {{.*}} name=C
 *> CHECK-NEXT:     OR: AbbrRelationalCondition {{.*}} relation=NOT < takenOver
 *> CHECK-NEXT:       right: DataIdentifierExpression {{.*}} name=D
@@ -133,29 +133,29 @@ P. GOBACK.
 *> CHECK-NEXT: GobackStatement
 
 *> CHECK:      EvaluateStatement
-*> CHECK-NEXT:   subject: EvaluateSubject {{.*}} is=operand
+*> CHECK-NEXT:   subject: EvaluateSubject {{.*}} is=operand{{$}}
 *> CHECK-NEXT:     DataIdentifierExpression {{.*}} name=A
-*> CHECK-NEXT:   subject: EvaluateSubject {{.*}} is=TRUE
+*> CHECK-NEXT:   subject: EvaluateSubject {{.*}} is=TRUE{{$}}
 *> CHECK-NEXT:   EvaluateCase
-*> CHECK-NEXT:     when: EvaluateWhen
-*> CHECK-NEXT:       EvaluateObject {{.*}} is=operand
+*> CHECK-NEXT:     when: EvaluateWhen <{{[^>]*}}>{{$}}
+*> CHECK-NEXT:       EvaluateObject {{.*}} is=operand{{$}}
 *> CHECK-NEXT:         NumericLiteralExpression {{.*}} value=1
-*> CHECK-NEXT:       EvaluateObject {{.*}} is=condition
-*> CHECK-NEXT:         RelationalCondition {{.*}} relation==
+*> CHECK-NEXT:       EvaluateObject {{.*}} is=condition{{$}}
+*> CHECK-NEXT:         RelationalCondition {{.*}} relation=={{$}}
 *> CHECK-NEXT:           left: DataIdentifierExpression {{.*}} name=B
 *> CHECK-NEXT:           right: DataIdentifierExpression {{.*}} name=C
-*> CHECK-NEXT:     when: EvaluateWhen
+*> CHECK-NEXT:     when: EvaluateWhen <{{[^>]*}}>{{$}}
 *> CHECK-NEXT:       EvaluateObject {{.*}} is=range not
 *> CHECK-NEXT:         NumericLiteralExpression {{.*}} value=2
-*> CHECK-NEXT:         thru: ArithmeticExpression
+*> CHECK-NEXT:         thru: ArithmeticExpression {{.*}} category=numeric{{$}}
 *> CHECK-NEXT:           first: NumericLiteralExpression {{.*}} value=3
 *> CHECK-NEXT:           +: DataIdentifierExpression {{.*}} name=D
-*> CHECK-NEXT:       EvaluateObject {{.*}} is=FALSE
+*> CHECK-NEXT:       EvaluateObject {{.*}} is=FALSE{{$}}
 *> CHECK-NEXT:     ContinueStatement
 *> CHECK-NEXT:   EvaluateCase
-*> CHECK-NEXT:     when: EvaluateWhen
-*> CHECK-NEXT:       EvaluateObject {{.*}} is=ANY
-*> CHECK-NEXT:       EvaluateObject {{.*}} is=ANY
+*> CHECK-NEXT:     when: EvaluateWhen <{{[^>]*}}>{{$}}
+*> CHECK-NEXT:       EvaluateObject {{.*}} is=ANY{{$}}
+*> CHECK-NEXT:       EvaluateObject {{.*}} is=ANY{{$}}
 *> CHECK-NEXT:     when: EvaluateWhen {{.*}} other
 *> CHECK-NEXT:     GobackStatement
 *> CHECK-NEXT: ExitStatement

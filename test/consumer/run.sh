@@ -28,6 +28,19 @@ cmake --build "$work"
 "$work/consumer" | tee "$work/output"
 grep -q 'declare void @MAIN' "$work/output" || fail "the module lacks its function"
 
+cat > "$work/dead.cbl" <<'END'
+identification division.
+program-id. dead.
+procedure division.
+first-one.
+    go to last-one.
+in-between.
+    display 'never'.
+last-one.
+    stop run.
+END
+[ "$("$work/dead" "$work/dead.cbl")" = "6 in-between" ] || fail "the dead paragraph is not found"
+
 # No library of Tarka brings a copy, and they do need one.
 libraries=$(find "$prefix" -name 'libtarka*.so')
 [ -n "$libraries" ] || fail "no installed libraries"

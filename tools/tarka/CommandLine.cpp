@@ -26,6 +26,15 @@ const std::map<std::string, OutputFormat> explanationFormats{{"text", OutputForm
                                                              {"json", OutputFormat::Json},
                                                              {"markdown", OutputFormat::Markdown}};
 
+const std::map<std::string, ReportForm> reportForms{
+    {"classic", ReportForm::Classic}, {"pretty", ReportForm::Pretty},
+    {"json", ReportForm::Json},       {"ndjson", ReportForm::Ndjson},
+    {"sarif", ReportForm::Sarif},     {"github", ReportForm::Github},
+    {"junit", ReportForm::Junit},     {"gcc", ReportForm::Gcc}};
+
+const std::map<std::string, ColorChoice> colorChoices{
+    {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
+
 /// Turns one of \p names into its value, whatever its case.
 template <typename Value> CLI::Validator oneOf(const std::map<std::string, Value> &names) {
   auto convert = [&names](std::string &text) -> std::string {
@@ -64,6 +73,105 @@ std::string checkEncoding(const std::string &name) {
          "IBM-939 are examples, iconv -l lists them all";
 }
 
+/// Adds what --off, --warn and --error say of \p words.
+void addRule(Request &request, const char *option, Selection::Action action,
+             llvm::StringRef words) {
+  const std::string unknown = request.selection.add(action, words);
+  if (unknown.empty())
+    return;
+  std::string names;
+  for (const DiagnosticGroup &group : diagnosticGroups())
+    names += (names.empty() ? "" : ", ") + group.name.str();
+  throw CLI::ValidationError(option, "'" + llvm::StringRef(unknown).trim().str() +
+                                         "' is neither a number, nor a range such as 3301-3399, "
+                                         "nor the name of a group: " +
+                                         names);
+}
+
+/// -Wno-NUMBER, -Werror=NUMBER, -Wno-error=NUMBER.
+void addWarningOption(Request &request, llvm::StringRef word) {
+  if (word.consume_front("error="))
+    addRule(request, "-W", Selection::Action::Error, word);
+  else if (word.consume_front("no-error="))
+    addRule(request, "-W", Selection::Action::Warn, word);
+  else if (word.consume_front("no-"))
+    addRule(request, "-W", Selection::Action::Off, word);
+  else
+    throw CLI::ValidationError("-W",
+                               "'" + word.str() +
+                                   "' is not understood; write -Wno-3310 to turn a diagnostic "
+                                   "off, -Werror=3528 to make it an error");
+}
+
+/// What every command that reports takes.
+void addReportOptions(CLI::App &app, Request &request) {
+  const char *group = "Report";
+  app.add_option_function<std::vector<std::string>>(
+         "-W",
+         [&request](const std::vector<std::string> &words) {
+           for (const std::string &word : words)
+             addWarningOption(request, word);
+         },
+         "turn diagnostics off, or into errors")
+      ->option_text("no-NUMBERS|error=NUMBERS")
+      ->allow_extra_args(false)
+      ->trigger_on_parse()
+      ->group(group);
+  auto addRuleOption = [&](const char *name, Selection::Action action, const char *description) {
+    app.add_option_function<std::vector<std::string>>(
+           name,
+           [&request, name, action](const std::vector<std::string> &lists) {
+             for (const std::string &words : lists)
+               addRule(request, name, action, words);
+           },
+           description)
+        ->option_text("NUMBERS")
+        ->allow_extra_args(false)
+        ->trigger_on_parse()
+        ->group(group);
+  };
+  addRuleOption("--off", Selection::Action::Off,
+                "do not report these: numbers, ranges, groups, with commas between them");
+  addRuleOption("--warn", Selection::Action::Warn, "report these as warnings");
+  addRuleOption("--error", Selection::Action::Error, "report these as errors");
+  app.add_option("--color", request.color, "color the report (auto: on a terminal)")
+      ->option_text("auto|always|never")
+      ->transform(oneOf(colorChoices))
+      ->group(group);
+  app.add_option("--output,-o", request.output, "write to FILE instead")
+      ->option_text("FILE")
+      ->group(group);
+}
+
+/// What check takes beyond that.
+void addCheckReportOptions(CLI::App &app, Request &request) {
+  const char *group = "Report";
+  app.add_option("--format", request.reportForm,
+                 "the form of the report (pretty on a terminal, else classic)")
+      ->option_text("classic|pretty|json|ndjson|sarif|github|junit|gcc")
+      ->transform(oneOf(reportForms))
+      ->group(group);
+  app.add_flag("--statistics", request.statistics, "print a summary at the end")->group(group);
+  app.add_option("--baseline", request.baseline, "leave out the findings that FILE knows")
+      ->option_text("FILE")
+      ->group(group);
+  app.add_option("--write-baseline", request.writeBaseline,
+                 "write all findings to FILE, and report none")
+      ->option_text("FILE")
+      ->group(group);
+  app.add_flag("--exit-zero", request.exitZero, "exit with 0 though errors are reported")
+      ->group(group);
+  app.add_option("--max-errors", request.maxErrors, "stop after N errors")
+      ->option_text("N")
+      ->check(CLI::Range(1u, ~0u).description(""))
+      ->group(group);
+  CLI::Option *fix =
+      app.add_flag("--fix", request.fix, "change the sources where a fix is certain")->group(group);
+  app.add_flag("--diff", request.diff, "with --fix: print the changes, and change nothing")
+      ->needs(fix)
+      ->group(group);
+}
+
 /// What every command takes: the files, how to read them, and the compile options.
 void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   auto *files = app.add_option("FILE", request.files, "the source to read")->required();
@@ -93,6 +201,8 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
   app.add_flag("--cics", request.parse.cics,
                "supply what CICS does: the EIB, DFHRESP(...), DFHAID, DFHBMSCA");
   app.add_flag("--sql", request.parse.sql, "supply what DB2 does: SQLCA, SQLDA, SQL TYPE");
+
+  addReportOptions(app, request);
 
   const char *group = "Compile options";
   app.add_flag("--check-file-id", request.compile.checkFileID,
@@ -153,6 +263,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
 
   CLI::App *check = app.add_subcommand("check", "report what is wrong with each FILE");
   addCommonOptions(*check, request, true);
+  addCheckReportOptions(*check, request);
   check->add_flag("--verify", request.verify,
                   "compare the report with the expectations in the source: *> expect: NUMBER");
   check->add_flag("--syntax-only", request.syntaxOnly,
@@ -171,8 +282,18 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   cfg->add_option("--paragraph", request.view.paragraph,
                   "only the blocks of the paragraphs and sections of this name")
       ->option_text("NAME");
-  cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure (text and dot)");
+  cfg->add_flag("--collapse", request.view.collapse, "one node for each procedure");
+  cfg->add_flag("--full", request.view.full,
+                "draw every block, however large the picture gets (dot)");
   cfg->add_flag("--keep-going", request.keepGoing, "build the graph though the checks failed");
+
+  CLI::App *flow = app.add_subcommand(
+      "flow", "print what is never reached in FILE, what is performed, and figures");
+  addCommonOptions(*flow, request, false);
+  flow->add_option("--format", request.format, "how to print it (text)")
+      ->option_text("text|json")
+      ->transform(oneOf(textFormats));
+  flow->add_flag("--keep-going", request.keepGoing, "print it though the checks failed");
 
   CLI::App *layout =
       app.add_subcommand("layout", "print where the bytes of the records of FILE lie");
@@ -203,18 +324,20 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   explain->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json|markdown")
       ->transform(oneOf(explanationFormats));
+  explain->add_option("--output,-o", request.output, "write to FILE instead")->option_text("FILE");
 
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](const std::string &word) {
-    return word == "check" || word == "cfg" || word == "layout" || word == "ast" ||
-           word == "explain" || word == "--help" || word == "-h" || word == "--version";
+    return word == "check" || word == "cfg" || word == "flow" || word == "layout" ||
+           word == "ast" || word == "explain" || word == "--help" || word == "-h" ||
+           word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front())) {
     if (isMisspeltCommand(arguments.front())) {
       std::cerr << "tarka: '" << arguments.front()
-                << "' is no file and no command; the commands are check, cfg, layout, ast and "
-                   "explain\n";
+                << "' is no file and no command; the commands are check, cfg, flow, layout, ast "
+                   "and explain\n";
       result.exitStatus = ExitUnusable;
       return result;
     }
@@ -233,10 +356,12 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     return result;
   }
   request.command = cfg->parsed()       ? Command::Cfg
+                    : flow->parsed()    ? Command::Flow
                     : layout->parsed()  ? Command::Layout
                     : ast->parsed()     ? Command::Ast
                     : explain->parsed() ? Command::Explain
                                         : Command::Check;
+  request.commandLine.assign(argv, argv + argc);
   result.request = std::move(request);
   return result;
 }

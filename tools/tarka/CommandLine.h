@@ -7,6 +7,7 @@
 #include "Parse/ParseOptions.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
+#include "Report/Selection.h"
 #include <optional>
 #include <string>
 #include <vector>
@@ -21,14 +22,37 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Layout, Ast, Explain };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain };
 enum class OutputFormat { Text, Json, Dot, Markdown };
+
+/// The forms of the report.
+enum class ReportForm {
+  Auto, ///< Pretty on a terminal, else Classic
+  Classic,
+  Pretty,
+  Json,
+  Ndjson,
+  Sarif,
+  Github,
+  Junit,
+  Gcc,
+};
+enum class ColorChoice { Auto, Always, Never };
 
 /// What the command line asked for.
 struct Request {
   Command command = Command::Check;
   std::vector<std::string> files;
   ParseOptions parse;
+  /// The words of the command line.
+  std::vector<std::string> commandLine;
+
+  // The report.
+  ReportForm reportForm = ReportForm::Auto;
+  ColorChoice color = ColorChoice::Auto;
+  Selection selection;
+  /// Where the report or the result goes; empty for standard error or output.
+  std::string output;
 
   CompileSettings compile;
 
@@ -36,6 +60,13 @@ struct Request {
   bool syntaxOnly = false;
   bool verify = false;
   unsigned jobs = 0; ///< 0 is one for each processor
+  bool statistics = false;
+  std::string baseline;
+  std::string writeBaseline;
+  bool exitZero = false;
+  unsigned maxErrors = 0; ///< 0 is no bound
+  bool fix = false;
+  bool diff = false;
 
   // cfg, layout, ast, explain
   OutputFormat format = OutputFormat::Text;

@@ -10,11 +10,17 @@
 #include "Analyzer/TopLevel.h"
 #include "Explain.h"
 #include "Findings.h"
+#include "OutputFile.h"
 #include "Parse/Parse.h"
+#include "Parse/SourceFile.h"
+#include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
-#include "Report/Sink.h"
+#include "Report/Fixes.h"
+#include "Report/Reporter.h"
+#include "ReportRun.h"
+#include "SourceLines.h"
 #include "Verify.h"
 #include "Workers.h"
 #include "llvm/Support/Path.h"
@@ -26,16 +32,6 @@
 
 namespace tarka {
 
-bool flushOutput(llvm::StringRef what) {
-  llvm::outs().flush();
-  if (!llvm::outs().has_error())
-    return true;
-  llvm::errs() << "tarka: cannot write the " << what << ": " << llvm::outs().error().message()
-               << '\n';
-  llvm::outs().clear_error();
-  return false;
-}
-
 namespace {
 
 /// The tree is walked by recursion, as deep as the source nests and as long as its chains of
@@ -45,31 +41,37 @@ constexpr unsigned stackSize = 1u << 30;
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
-  Compilation(const Request &request, const std::string &file) : request(request), file(file) {}
+  Compilation(const Request &driverRequest, const std::string &source)
+      : request(driverRequest), file(source), lines(driverRequest.parse) {}
 
-  /// Carries out the command on the file and gives the exit status.
-  int run();
-  /// Reads and checks the file. False, after a message, when it cannot be read.
-  bool check();
-  /// What the front end found comes first, then what the checks found, in one form.
-  void report(llvm::raw_ostream &out) const;
+  /// Reads and checks the file and gives what is to be reported of it.
+  FileReport check();
+  /// The same for --verify: compares what was found with what the source expects.
+  int verify();
+  /// Prints what the command asks for, after check().
+  int print();
 
 private:
-  int printGraph();
-  int printLayout();
-  int printTree();
+  /// False when the file cannot be read.
+  bool analyse(std::string &failure);
+  void applyFixes(std::vector<Diagnostic> &findings);
+  int printGraph(CommandOutput &output);
+  GraphView drawableView(const CFGModule &module) const;
+  int printLayout(CommandOutput &output);
+  int printTree(CommandOutput &output);
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
   const std::string &file;
+  SourceLines lines;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
-  std::vector<Diagnostic> findings;
+  PartResults parts{handler};
   Program *program = nullptr;
   bool checksSucceeded = false;
 };
 
-bool Compilation::check() {
+bool Compilation::analyse(std::string &failure) {
   llvm::StringRef baseName = llvm::sys::path::filename(file);
   CompileSettings settings = request.compile;
   settings.enableOsvs = request.parse.osvs;
@@ -77,45 +79,111 @@ bool Compilation::check() {
 
   llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
   if (!parsed) {
-    llvm::errs() << "tarka: cannot read " << file << ": " << parsed.getError().message() << '\n';
+    failure = "cannot read " + file + ": " + parsed.getError().message();
     return false;
   }
   program = *parsed;
-  checksSucceeded = request.syntaxOnly || SemanticChecker(&handler).semanticCheck(*program);
-  findings = collectFindings(file, frontEnd, handler);
+  SemanticChecker checker(&handler);
+  if (request.verify)
+    checker.setListener(&parts);
+  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
   return true;
 }
 
-int Compilation::run() {
-  if (!check())
+FileReport Compilation::check() {
+  FileReport report;
+  report.file = file;
+  if (!analyse(report.failure))
+    return report;
+  report.failedSilently = !checksSucceeded && !hasErrors();
+  if (showsSummary(request))
+    report.lines = lines.textOf(internFileName(file)).count('\n');
+  report.diagnostics = collectFindings(file, frontEnd, handler, lines);
+  const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
+  selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
+  if (request.fix)
+    applyFixes(report.diagnostics);
+  setFingerprints(report.diagnostics);
+  return report;
+}
+
+int Compilation::verify() {
+  std::string failure;
+  if (!analyse(failure)) {
+    llvm::errs() << "tarka: " << failure << '\n';
     return ExitUnusable;
-  if (request.verify)
-    return verifyReport(file, request.parse.encoding, findings, llvm::errs()) ? ExitClean
-                                                                              : ExitFindings;
-  llvm::errs().SetBuffered();
-  report(llvm::errs());
-  llvm::errs().flush();
-  // Where the report cannot be written nothing else can be said either.
-  if (llvm::errs().has_error()) {
-    llvm::errs().clear_error();
-    return ExitInternal;
   }
-  if (request.command == Command::Cfg)
-    return printGraph();
-  if (request.command == Command::Layout)
-    return printLayout();
-  if (request.command == Command::Ast)
-    return printTree();
-  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
+  std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, lines);
+  const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
+  selectFindings(findings, file, isComplete, request.selection, lines);
+  parts.finish(file, checksSucceeded);
+  return verifyReport(file, request.parse.encoding, findings, request.syntaxOnly ? nullptr : &parts,
+                      llvm::errs())
+             ? ExitClean
+             : ExitFindings;
 }
 
-void Compilation::report(llvm::raw_ostream &out) const {
-  std::unique_ptr<Sink> sink = makeClassicSink(out);
-  for (const Diagnostic &diagnostic : findings)
-    sink->report(diagnostic);
+/// Makes the changes that are certain, and takes what they correct out of \p findings.
+void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
+  // What was decoded or has a mark could not be written back as it was.
+  auto contents = llvm::MemoryBuffer::getFile(file);
+  const llvm::StringRef text = lines.textOf(internFileName(file));
+  if (!contents || (*contents)->getBuffer() != text)
+    return;
+  const SourceFormat format =
+      request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
+  FixedSource source(text, format == SourceFormat::Fixed);
+  std::vector<Diagnostic> rest;
+  for (Diagnostic &diagnostic : findings)
+    if (diagnostic.fix.empty() || !source.apply(diagnostic.fix))
+      rest.push_back(std::move(diagnostic));
+  const std::size_t fixes = findings.size() - rest.size();
+  if (fixes == 0) {
+    findings = std::move(rest);
+    return;
+  }
+  if (request.diff) {
+    // Nothing is changed, so everything is still to be reported.
+    source.printDiff(llvm::outs(), file);
+    llvm::outs().flush();
+    findings = collectFindings(file, frontEnd, handler, lines);
+    return;
+  }
+  OutputFile output(file);
+  if (output.stream()) {
+    *output.stream() << source.getText();
+    output.commit();
+  }
+  if (!output.getError().empty()) {
+    llvm::errs() << "tarka: " << file << " cannot be changed: " << output.getError() << '\n';
+    return;
+  }
+  llvm::errs() << "tarka: " << file << ": " << fixes << (fixes == 1 ? " fix\n" : " fixes\n");
+  findings = std::move(rest);
 }
 
-int Compilation::printGraph() {
+int Compilation::print() {
+  CommandOutput output(request.output);
+  if (!output.isOpen())
+    return ExitInternal;
+  if (request.command == Command::Cfg || request.command == Command::Flow)
+    return printGraph(output);
+  return request.command == Command::Layout ? printLayout(output) : printTree(output);
+}
+
+/// What is asked for, or one box for each procedure where all blocks would be too many to draw.
+GraphView Compilation::drawableView(const CFGModule &module) const {
+  GraphView view = request.view;
+  if (view.full || view.collapse || !view.paragraph.empty() || !isTooLargeToDraw(module, view))
+    return view;
+  llvm::errs() << "tarka: " << file
+               << " is too large to draw every block, so each procedure is one box; --paragraph "
+                  "NAME draws one in full, --full everything\n";
+  view.collapse = true;
+  return view;
+}
+
+int Compilation::printGraph(CommandOutput &output) {
   bool failed = hasErrors() || !checksSucceeded;
   if (failed && !request.keepGoing) {
     llvm::errs() << "tarka: no graph of " << file << " is printed: "
@@ -135,28 +203,39 @@ int Compilation::printGraph() {
     llvm::errs() << "tarka: the graph of " << file << " is wrong: " << failure << '\n';
   if (!failures.empty())
     return ExitInternal;
+  if (auto missing = explainMissingProcedure(*module, request.view)) {
+    llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+    return ExitUnusable;
+  }
+  if (request.command == Command::Flow) {
+    if (request.format == OutputFormat::Json)
+      printFlowJson(output.stream(), *module);
+    else
+      printFlowText(output.stream(), *module);
+    return !output.finish("flow") ? ExitInternal : failed ? ExitFindings : ExitClean;
+  }
 
   switch (request.format) {
   case OutputFormat::Text:
-    printGraphText(llvm::outs(), *module, request.view);
+    printGraphText(output.stream(), *module, request.view);
     break;
   case OutputFormat::Json:
-    printGraphJson(llvm::outs(), *module, request.view);
+    printGraphJson(output.stream(), *module, request.view);
     break;
   case OutputFormat::Dot:
-    printGraphDot(llvm::outs(), *module, request.view, request.parse);
+    printGraphDot(output.stream(), *module, drawableView(*module), request.parse);
     break;
   case OutputFormat::Markdown:
     llvm_unreachable("not a form of the graph");
   }
-  if (!flushOutput("graph"))
+  if (!output.finish("graph"))
     return ExitInternal;
   return failed ? ExitFindings : ExitClean;
 }
 
 /// Checks that fail without a message say nothing against the records, so only errors stand in the
 /// way of the layout.
-int Compilation::printLayout() {
+int Compilation::printLayout(CommandOutput &output) {
   if (hasErrors() && !request.keepGoing) {
     llvm::errs() << "tarka: no layout of " << file
                  << " is printed: the errors above come first; --keep-going prints it all the "
@@ -169,28 +248,28 @@ int Compilation::printLayout() {
       return ExitUnusable;
     }
   if (request.format == OutputFormat::Json)
-    printLayoutJson(llvm::outs(), *program, request.layout);
+    printLayoutJson(output.stream(), *program, request.layout);
   else
-    printLayoutText(llvm::outs(), *program, request.layout);
-  if (!flushOutput("layout"))
+    printLayoutText(output.stream(), *program, request.layout);
+  if (!output.finish("layout"))
     return ExitInternal;
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
 /// Like the layout; with errors in it the tree tells how far the checks came.
-int Compilation::printTree() {
+int Compilation::printTree(CommandOutput &output) {
   if (hasErrors() && !request.keepGoing) {
     llvm::errs() << "tarka: no tree of " << file
                  << " is printed: the errors above come first; --keep-going prints it all the "
                     "same\n";
     return ExitFindings;
   }
-  llvm::outs().SetBuffered();
+  output.stream().SetBuffered();
   if (request.format == OutputFormat::Json)
-    printTreeJson(llvm::outs(), *program, file);
+    printTreeJson(output.stream(), *program, file);
   else
-    printTreeText(llvm::outs(), *program, file);
-  if (!flushOutput("tree"))
+    printTreeText(output.stream(), *program, file);
+  if (!output.finish("tree"))
     return ExitInternal;
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
@@ -205,10 +284,65 @@ void compile(llvm::function_ref<void()> work) {
   worker.join();
 }
 
-/// Carries out the command on one file in this process.
-int runHere(const Request &request, const std::string &file) {
+/// Checks the files, one here or several in workers of their own, and reports.
+int checkFiles(const Request &request) {
+  ReportRun run(request);
+  if (!run.isOpen())
+    return run.getStatus();
+  if (request.files.size() == 1) {
+    compile([&] { run.take(Compilation(request, request.files.front()).check()); });
+    return run.finish();
+  }
+  auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
+    compile([&] { serialize(answer, Compilation(request, file).check()); });
+    return ExitClean;
+  };
+  runWorkers(request.files, request.jobs, checkOne, [&](const WorkerResult &result) {
+    std::optional<FileReport> report = deserializeFileReport(result.answer);
+    if (report && result.failure.empty())
+      run.take(std::move(*report));
+    else
+      run.takeCrash(result.file,
+                    result.failure.empty() ? "its worker did not answer" : result.failure);
+    return !run.isFull();
+  });
+  return run.finish();
+}
+
+int verifyFiles(const Request &request) {
+  auto verifyOne = [&](const std::string &file) {
+    int status = ExitInternal;
+    compile([&] { status = Compilation(request, file).verify(); });
+    return status;
+  };
+  if (request.files.size() == 1)
+    return verifyOne(request.files.front());
+  int status = ExitClean;
+  runWorkers(
+      request.files, request.jobs,
+      [&](const std::string &file, llvm::raw_ostream &) { return verifyOne(file); },
+      [&](const WorkerResult &result) {
+        if (!result.failure.empty())
+          llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
+        status = std::max(status, result.exitStatus);
+        return true;
+      });
+  return status;
+}
+
+/// Reports what is wrong with the file, then prints what was asked for.
+int printFile(const Request &request) {
   int status = ExitInternal;
-  compile([&] { status = Compilation(request, file).run(); });
+  compile([&] {
+    Compilation compilation(request, request.files.front());
+    ReportRun run(request);
+    FileReport report = compilation.check();
+    const bool isRead = report.failure.empty();
+    run.take(std::move(report));
+    status = run.finish();
+    if (isRead && status <= ExitFindings)
+      status = compilation.print();
+  });
   return status;
 }
 
@@ -216,19 +350,19 @@ int runHere(const Request &request, const std::string &file) {
 
 void writeReport(const Request &request, llvm::raw_ostream &out) {
   compile([&] {
-    Compilation compilation(request, request.files.front());
-    if (compilation.check())
-      compilation.report(out);
+    std::unique_ptr<Sink> sink = makeClassicSink(out);
+    for (const Diagnostic &diagnostic :
+         Compilation(request, request.files.front()).check().diagnostics)
+      sink->report(diagnostic);
   });
 }
 
 int carryOut(const Request &request) {
   if (request.command == Command::Explain)
     return explain(request);
-  if (request.files.size() == 1)
-    return runHere(request, request.files.front());
-  return runWorkers(request.files, request.jobs,
-                    [&](const std::string &file) { return runHere(request, file); });
+  if (request.command != Command::Check)
+    return printFile(request);
+  return request.verify ? verifyFiles(request) : checkFiles(request);
 }
 
 } // namespace tarka

@@ -22,10 +22,6 @@ int carryOut(const Request &request);
 /// Checks the first file of \p request and writes its report to \p out. Once in a process.
 void writeReport(const Request &request, llvm::raw_ostream &out);
 
-/// Sends off what was printed to standard output; false, with a message, when it could not be
-/// written. \p what is the name of what was printed.
-bool flushOutput(llvm::StringRef what);
-
 } // namespace tarka
 
 #endif // TARKA_TOOLS_DRIVER_H

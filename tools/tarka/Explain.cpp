@@ -3,6 +3,7 @@
 #include "Explain.h"
 #include "Driver.h"
 #include "Explanations.h"
+#include "OutputFile.h"
 #include "Workers.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -94,7 +95,7 @@ void printProgram(llvm::raw_ostream &out, const Explanation &explanation, Progra
 }
 
 void printText(llvm::raw_ostream &out, const DiagnosticRow &row) {
-  out << row.number << ' ' << row.severity << ": " << row.shownMessage() << '\n';
+  out << row.number << ' ' << severityName(row.severity) << ": " << row.shownMessage() << '\n';
   std::optional<Explanation> explanation = explanationOf(row.name);
   if (!explanation)
     return;
@@ -120,14 +121,15 @@ void printText(llvm::raw_ostream &out, const DiagnosticRow &row) {
     out << "\nSee also:\n\n";
     for (unsigned number : explanation->related)
       for (const DiagnosticRow *other : rowsOf(number))
-        out << "  " << other->number << ' ' << other->severity << ": " << other->shownMessage()
-            << '\n';
+        out << "  " << other->number << ' ' << severityName(other->severity) << ": "
+            << other->shownMessage() << '\n';
   }
 }
 
 void printList(llvm::raw_ostream &out) {
   for (const DiagnosticRow &row : diagnosticRows())
-    out << llvm::format_decimal(row.number, 4) << ' ' << llvm::left_justify(row.severity, 7) << ' '
+    out << llvm::format_decimal(row.number, 4) << ' '
+        << llvm::left_justify(severityName(row.severity), 7) << ' '
         << llvm::StringRef(row.shownMessage()).trim() << '\n';
 }
 
@@ -146,7 +148,7 @@ void printDiagnosticJson(llvm::json::OStream &json, const DiagnosticRow &row) {
   json.object([&] {
     json.attribute("name", row.name);
     json.attribute("number", row.number);
-    json.attribute("severity", row.severity);
+    json.attribute("severity", severityName(row.severity));
     json.attribute("message", row.message);
     std::optional<Explanation> explanation = explanationOf(row.name);
     if (!explanation)
@@ -199,7 +201,7 @@ void printLinksMarkdown(llvm::raw_ostream &out, llvm::ArrayRef<unsigned> numbers
 
 void printDiagnosticMarkdown(llvm::raw_ostream &out, const DiagnosticRow &row) {
   std::optional<Explanation> explanation = explanationOf(row.name);
-  out << "\n### " << row.number << "\n\n**" << row.severity << ":** `"
+  out << "\n### " << row.number << "\n\n**" << severityName(row.severity) << ":** `"
       << llvm::StringRef(row.shownMessage()).trim() << "`\n";
   if (!explanation)
     return;
@@ -281,7 +283,11 @@ int explain(const Request &request) {
   if (!findRows(request, rows))
     return ExitUnusable;
 
-  llvm::raw_ostream &out = llvm::outs();
+  CommandOutput output(request.output);
+  if (!output.isOpen())
+    return ExitInternal;
+  llvm::raw_ostream &out = output.stream();
+  int status = ExitClean;
   if (request.format == OutputFormat::Json)
     printJson(out, rows);
   else if (request.format == OutputFormat::Markdown)
@@ -296,16 +302,23 @@ int explain(const Request &request) {
     names.reserve(rows.size());
     for (const DiagnosticRow *row : rows)
       names.push_back(row->name);
-    return runWorkers(names, 0, [&](const std::string &name) {
+    auto explainOne = [&](const std::string &name, llvm::raw_ostream &answer) -> int {
       const DiagnosticRow *row =
           *llvm::find_if(rows, [&](const DiagnosticRow *one) { return one->name == name; });
       if (row != rows.front())
-        out << '\n' << std::string(textWidth, '-') << "\n\n";
-      printText(out, *row);
-      return flushOutput("explanation") ? ExitClean : ExitInternal;
+        answer << '\n' << std::string(textWidth, '-') << "\n\n";
+      printText(answer, *row);
+      return ExitClean;
+    };
+    runWorkers(names, 0, explainOne, [&](const WorkerResult &result) {
+      out << result.answer;
+      if (!result.failure.empty())
+        llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
+      status = std::max(status, result.exitStatus);
+      return true;
     });
   }
-  return flushOutput("explanation") ? ExitClean : ExitInternal;
+  return output.finish("explanation") ? status : ExitInternal;
 }
 
 } // namespace tarka

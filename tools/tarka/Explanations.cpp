@@ -24,11 +24,21 @@ constexpr EmbeddedText embeddedTexts[] = {
 #include "Explanations.inc"
 };
 
+constexpr llvm::StringLiteral frontEndEnumerators[] = {
+#define FRONT_END_DIAGNOSTIC(Number, Enumerator, Level, Text) #Enumerator,
+#include "Parse/Diagnostics.def"
+};
+
+constexpr llvm::StringLiteral checkEnumerators[] = {
+#define DIAGNOSTIC(name, number, severity, format) #name,
+#include "Analyzer/Diagnostics.def"
+};
+
 std::vector<DiagnosticRow> collectRows() {
   std::vector<DiagnosticRow> rows;
-  for (const DiagnosticInfo &info : frontEndDiagnosticTable()) {
+  for (auto [info, enumerator] : llvm::zip_equal(frontEndDiagnosticTable(), frontEndEnumerators)) {
     auto number = static_cast<unsigned>(info.id);
-    rows.push_back({number, std::to_string(number), severityName(info.severity), info.text});
+    rows.push_back({number, std::to_string(number), enumerator, info.severity, info.text});
   }
   for (std::size_t row = 0; row != DiagnosticCount; ++row) {
     const ErrorInfo &info = ErrorInfoStruct[row];
@@ -38,8 +48,8 @@ std::vector<DiagnosticRow> collectRows() {
     std::string name = std::to_string(info.number);
     if (isTwin)
       name += "-row" + std::to_string(row);
-    rows.push_back({static_cast<unsigned>(info.number), name,
-                    severityName(severityOf(static_cast<ErrorCode>(row))), info.format});
+    rows.push_back({static_cast<unsigned>(info.number), name, checkEnumerators[row],
+                    severityOf(static_cast<ErrorCode>(row)), info.format});
   }
   llvm::sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
     return std::tie(left.number, left.name) < std::tie(right.number, right.name);
@@ -197,6 +207,12 @@ std::string DiagnosticRow::shownMessage() const {
 const std::vector<DiagnosticRow> &diagnosticRows() {
   static const std::vector<DiagnosticRow> rows = collectRows();
   return rows;
+}
+
+const DiagnosticRow *findDiagnosticRow(unsigned number) {
+  const auto found = llvm::find_if(
+      diagnosticRows(), [number](const DiagnosticRow &row) { return row.number == number; });
+  return found == diagnosticRows().end() ? nullptr : &*found;
 }
 
 std::vector<ProgramLine> ProgramFile::linesOf(ProgramVersion version) const {

@@ -10,6 +10,7 @@
 #ifndef TARKA_TOOLS_EXPLANATIONS_H
 #define TARKA_TOOLS_EXPLANATIONS_H
 
+#include "AST/Severity.h"
 #include "llvm/ADT/StringRef.h"
 #include <optional>
 #include <string>
@@ -22,13 +23,18 @@ struct DiagnosticRow {
   unsigned number;
   /// The number; for one that stands in two rows of the catalogue with the row: "3527-row181".
   std::string name;
-  llvm::StringRef severity;
+  /// The enumerator that the code has for it: what is wrong in a few words.
+  llvm::StringRef enumerator;
+  Severity severity;
   /// The text as the table has it, with "%s" or "{0}" where an argument goes.
   llvm::StringRef message;
 
   /// The text to show, with dots where an argument goes.
   std::string shownMessage() const;
 };
+
+/// The first row of \p number; null when there is none.
+const DiagnosticRow *findDiagnosticRow(unsigned number);
 
 /// All rows in the order of their numbers.
 const std::vector<DiagnosticRow> &diagnosticRows();

@@ -1,49 +1,207 @@
 //===- Findings.cpp - what was found in a compilation ---------------------===//
 
 #include "Findings.h"
+#include "AST/Program.h"
 #include "Analyzer/ErrorHandler.h"
+#include "Explanations.h"
 #include "Parse/Diagnostics.h"
+#include "Report/Selection.h"
+#include "Report/Subject.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/Support/JSON.h"
 #include "llvm/Support/Path.h"
 
 namespace tarka {
 
 namespace {
 
-Diagnostic convert(const DiagnosticEntry &entry) {
+/// A source text that is longer says too much to be the subject of a message.
+constexpr std::size_t maxSubject = 60;
+constexpr unsigned maxDeclarations = 5;
+
+/// Diagnostics of names that are not declared, by what they are the names of.
+std::optional<NameKind> missingName(int number) {
+  auto is = [number](ErrorCode code) { return number == errorInfo(code).number; };
+  if (is(ErrorCode::IdentifierUndefined) || is(ErrorCode::IdentifierNotInScope))
+    return NameKind::Data;
+  if (is(ErrorCode::ProcedureNameUndefined))
+    return NameKind::Procedure;
+  if (is(ErrorCode::FileNameUndefined))
+    return NameKind::File;
+  return std::nullopt;
+}
+
+class FindingCollector {
+public:
+  FindingCollector(llvm::StringRef compiled, SourceLines &sourceLines)
+      : file(internFileName(compiled)), program(llvm::sys::path::filename(compiled)),
+        lines(sourceLines) {}
+
+  Diagnostic convert(const DiagnosticEntry &entry);
+  Diagnostic convert(const ErrorEntry &entry);
+
+private:
+  void describe(Diagnostic &diagnostic, const ErrorEntry &entry);
+  void complete(Diagnostic &diagnostic);
+  std::string textOf(const SourceRange &place);
+
+  unsigned file;
+  llvm::StringRef program;
+  SourceLines &lines;
+  NearNames nearNames;
+};
+
+Diagnostic FindingCollector::convert(const DiagnosticEntry &entry) {
   Diagnostic diagnostic;
   diagnostic.number = static_cast<int>(entry.getNumber());
   diagnostic.severity = entry.severity;
   diagnostic.text = entry.message;
   diagnostic.place = entry.place;
-  diagnostic.fix = entry.fix;
+  // What is certain for this program is not for others that copy the same text.
+  if (llvm::all_of(entry.fix, [&](const TextEdit &edit) { return edit.place.file == file; }))
+    diagnostic.fix = entry.fix;
+  complete(diagnostic);
   return diagnostic;
 }
 
-Diagnostic convert(const ErrorEntry &entry) {
+Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
   Diagnostic diagnostic;
   diagnostic.number = entry.getNumber();
   diagnostic.severity = static_cast<Severity>(entry.getSeverity());
   diagnostic.text = entry.getMessage();
-  diagnostic.subject = entry.getSubject();
   diagnostic.place = entry.getNode()->getRange();
   for (const ErrorNote &note : entry.getNotes())
     diagnostic.notes.push_back({note.text, note.place, ""});
+  describe(diagnostic, entry);
+  complete(diagnostic);
   return diagnostic;
+}
+
+/// Finds out what the diagnostic is about: what the check says, else what the node is, else what
+/// stands in the source.
+void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry) {
+  diagnostic.subject = entry.getSubject();
+  if (!diagnostic.subject.empty())
+    return;
+  Subject subject = subjectOf(*entry.getNode());
+  diagnostic.subject = std::move(subject.name);
+  diagnostic.detail = std::move(subject.detail);
+  if (diagnostic.subject.empty())
+    diagnostic.subject = textOf(diagnostic.place);
+
+  SourceUnit *unit = entry.getSourceUnit();
+  if (!unit)
+    return;
+  const llvm::StringRef name = llvm::StringRef(diagnostic.subject).split(" OF ").first;
+  if (const std::optional<NameKind> kind = missingName(diagnostic.number)) {
+    const llvm::StringRef near = nearNames.find(name, *kind, *unit);
+    if (!near.empty() && !near.equals_insensitive(name))
+      diagnostic.suggestion = near;
+  }
+  if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotUnique).number)
+    diagnostic.notes = declarationsOf(name, *unit, maxDeclarations);
+}
+
+/// What stands at \p place, when it is in one line and short.
+std::string FindingCollector::textOf(const SourceRange &place) {
+  if (place.beginLine != place.endLine)
+    return "";
+  const llvm::StringRef text =
+      sliceColumns(lines.line(place.file, place.beginLine), place.beginColumn, place.endColumn);
+  return text.size() <= maxSubject && llvm::json::isUTF8(text) ? text.rtrim(" .").str() : "";
+}
+
+void FindingCollector::complete(Diagnostic &diagnostic) {
+  auto lineOf = [&](const SourceRange &place) {
+    const llvm::StringRef line = lines.line(place.file, place.beginLine);
+    return llvm::json::isUTF8(line) ? line.str() : llvm::json::fixUTF8(line);
+  };
+  diagnostic.program = program;
+  diagnostic.line = lineOf(diagnostic.place);
+  for (DiagnosticNote &note : diagnostic.notes)
+    note.line = lineOf(note.place);
+}
+
+/// The comments that turn diagnostics off, of all files that diagnostics stand in.
+class SourceSuppressions {
+public:
+  explicit SourceSuppressions(SourceLines &sourceLines) : lines(sourceLines) {}
+
+  Suppressions &of(unsigned file) {
+    auto found = files.find(file);
+    if (found == files.end())
+      found = files.try_emplace(file, file, lines.textOf(file)).first;
+    return found->second;
+  }
+
+private:
+  SourceLines &lines;
+  std::map<unsigned, Suppressions> files;
+};
+
+Diagnostic makeWarning(DiagnosticId id, const SourceRange &place, std::string text) {
+  Diagnostic diagnostic;
+  diagnostic.number = static_cast<int>(id);
+  diagnostic.severity = infoOf(id).severity;
+  diagnostic.text = std::move(text);
+  diagnostic.place = place;
+  return diagnostic;
+}
+
+/// Whether some diagnostic has a number in \p range.
+bool isReported(const NumberRange &range) {
+  return llvm::any_of(diagnosticRows(), [&](const DiagnosticRow &row) {
+    return range.contains(static_cast<int>(row.number));
+  });
+}
+
+std::string describeLines(const Suppression &suppression) {
+  if (suppression.firstLine == suppression.lastLine)
+    return "line " + std::to_string(suppression.firstLine);
+  return "lines " + std::to_string(suppression.firstLine) + " to " +
+         std::to_string(suppression.lastLine);
 }
 
 } // namespace
 
 std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiagnostics &frontEnd,
-                                        const ErrorHandler &handler) {
+                                        const ErrorHandler &handler, SourceLines &lines) {
+  FindingCollector collector(file, lines);
   std::vector<Diagnostic> findings;
   findings.reserve(frontEnd.getEntries().size() + handler.getErrorList().size());
   for (const DiagnosticEntry &entry : frontEnd.getEntries())
-    findings.push_back(convert(entry));
+    findings.push_back(collector.convert(entry));
   for (const ErrorEntry *entry : handler.getErrorList())
-    findings.push_back(convert(*entry));
-  for (Diagnostic &diagnostic : findings)
-    diagnostic.program = llvm::sys::path::filename(file);
+    findings.push_back(collector.convert(*entry));
   return findings;
+}
+
+void selectFindings(std::vector<Diagnostic> &findings, llvm::StringRef file, bool isComplete,
+                    const Selection &selection, SourceLines &lines) {
+  SourceSuppressions suppressions(lines);
+  llvm::erase_if(findings, [&](const Diagnostic &diagnostic) {
+    return suppressions.of(diagnostic.place.file).suppress(diagnostic);
+  });
+
+  // What a comment in a copybook turns off may be found in another program.
+  const Suppressions &own = suppressions.of(internFileName(file));
+  std::vector<Diagnostic> warnings;
+  for (const SuppressionFault &fault : own.getFaults())
+    warnings.push_back(
+        makeWarning(DiagnosticId::SuppressionSyntax, fault.place,
+                    llvm::formatv(infoOf(DiagnosticId::SuppressionSyntax).text, fault.text).str()));
+  for (const Suppression &one : own.getAll())
+    if (isComplete && !one.isUsed && isReported(one.numbers))
+      warnings.push_back(makeWarning(DiagnosticId::UnusedSuppression, one.place,
+                                     llvm::formatv(infoOf(DiagnosticId::UnusedSuppression).text,
+                                                   one.written, describeLines(one))
+                                         .str()));
+  for (Diagnostic &warning : warnings) {
+    warning.program = llvm::sys::path::filename(file);
+    warning.line = lines.line(warning.place.file, warning.place.beginLine);
+    findings.push_back(std::move(warning));
+  }
+  llvm::erase_if(findings, [&](Diagnostic &diagnostic) { return !selection.apply(diagnostic); });
 }
 
 } // namespace tarka

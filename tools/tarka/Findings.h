@@ -4,17 +4,25 @@
 #define TARKA_TOOLS_FINDINGS_H
 
 #include "Report/Diagnostic.h"
+#include "SourceLines.h"
 #include <vector>
 
 namespace tarka {
 
 class ErrorHandler;
 class FrontEndDiagnostics;
+class Selection;
 
-/// The diagnostics of the front end, then those of the checks, in the order found. \p file is the
-/// source file of the compilation.
+/// The diagnostics of the front end, then those of the checks, in the order found: with what they
+/// are about, the source lines that they show, and the fixes for the source \p file itself.
 std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiagnostics &frontEnd,
-                                        const ErrorHandler &handler);
+                                        const ErrorHandler &handler, SourceLines &lines);
+
+/// Of \p findings those that comments in the source and \p selection leave, with the severity that
+/// they give. Adds warnings for comments of \p file that turn nothing off, when \p isComplete says
+/// that everything was checked.
+void selectFindings(std::vector<Diagnostic> &findings, llvm::StringRef file, bool isComplete,
+                    const Selection &selection, SourceLines &lines);
 
 } // namespace tarka
 

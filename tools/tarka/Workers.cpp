@@ -6,6 +6,7 @@
 #include "llvm/Support/Errno.h"
 #include "llvm/Support/raw_ostream.h"
 #include <algorithm>
+#include <csignal>
 #include <cstdlib>
 #include <cstring>
 #include <sys/mman.h>
@@ -17,10 +18,11 @@ namespace tarka {
 
 namespace {
 
-/// One file's worker: the memory files that take what it prints, and how it ended.
+/// One file's worker: the memory files that take what it prints and answers, and how it ended.
 struct Worker {
   int out = -1;
   int err = -1;
+  int answer = -1;
   int waitStatus = 0;
   bool started = false;
   bool ended = false;
@@ -48,48 +50,71 @@ bool copyOut(int memoryFile, int target) {
   return written;
 }
 
-/// Passes on what the worker printed, tells of its death if it died, and gives its exit status.
-int finish(Worker &worker, const std::string &file) {
+/// Takes the answer out of its memory file.
+std::string readAnswer(int memoryFile) {
+  std::string answer;
+  const off_t size = memoryFile < 0 ? 0 : lseek(memoryFile, 0, SEEK_END);
+  if (size > 0) {
+    answer.resize(static_cast<std::size_t>(size));
+    off_t offset = 0;
+    for (ssize_t got; (got = pread(memoryFile, answer.data() + offset, size - offset, offset)) > 0;)
+      offset += got;
+    answer.resize(static_cast<std::size_t>(offset));
+  }
+  if (memoryFile >= 0)
+    close(memoryFile);
+  return answer;
+}
+
+/// Passes on what the worker printed, and gives its result to \p take.
+bool finish(Worker &worker, const std::string &file,
+            llvm::function_ref<bool(const WorkerResult &)> take) {
   bool written = copyOut(worker.out, STDOUT_FILENO);
   written &= copyOut(worker.err, STDERR_FILENO);
+  const std::string answer = readAnswer(worker.answer);
+  WorkerResult result{file, answer, ExitInternal, ""};
   if (!written)
-    return ExitInternal;
-  if (!worker.started) {
-    llvm::errs() << "tarka: " << file << ": no process could be started for it\n";
-    return ExitInternal;
-  }
-  if (WIFSIGNALED(worker.waitStatus)) {
-    llvm::errs() << "tarka: " << file << ": internal failure ("
-                 << strsignal(WTERMSIG(worker.waitStatus)) << ")\n";
-    return ExitInternal;
-  }
-  return WEXITSTATUS(worker.waitStatus);
+    result.failure = "what was printed for it cannot be written";
+  else if (!worker.started)
+    result.failure = "no process could be started for it";
+  else if (WIFSIGNALED(worker.waitStatus))
+    result.failure =
+        "internal failure (" + std::string(strsignal(WTERMSIG(worker.waitStatus))) + ")";
+  else
+    result.exitStatus = WEXITSTATUS(worker.waitStatus);
+  return take(result);
 }
 
 } // namespace
 
-int runWorkers(const std::vector<std::string> &files, unsigned jobs,
-               llvm::function_ref<int(const std::string &)> work) {
+void runWorkers(const std::vector<std::string> &files, unsigned jobs, WorkerTask task,
+                llvm::function_ref<bool(const WorkerResult &)> take) {
   if (jobs == 0)
     jobs = std::max(1u, std::thread::hardware_concurrency());
 
   std::vector<Worker> workers(files.size());
   llvm::DenseMap<pid_t, std::size_t> running;
   std::size_t next = 0, printed = 0;
-  int status = ExitClean;
+  bool goOn = true;
 
-  while (printed < files.size()) {
+  while (goOn && printed < files.size()) {
     // Start workers while there is room. Those that have ended keep what they printed until it is
     // their turn, which is bounded by how many files may be open.
     while (next < files.size() && running.size() < jobs && next - printed < maxUnprinted) {
       Worker &worker = workers[next];
       worker.out = memfd_create("out", MFD_CLOEXEC);
       worker.err = memfd_create("err", MFD_CLOEXEC);
+      worker.answer = memfd_create("answer", MFD_CLOEXEC);
+      // What is in the buffers is the parent's to write.
+      llvm::outs().flush();
+      llvm::errs().flush();
       pid_t child = fork();
       if (child == 0) {
         dup2(worker.out, STDOUT_FILENO);
         dup2(worker.err, STDERR_FILENO);
-        int result = work(files[next]);
+        llvm::raw_fd_ostream answer(worker.answer, /*shouldClose=*/false);
+        int result = task(files[next], answer);
+        answer.flush();
         llvm::outs().flush();
         _exit(result);
       }
@@ -109,11 +134,14 @@ int runWorkers(const std::vector<std::string> &files, unsigned jobs,
       running.erase(found);
     }
 
-    // Print what is complete, in the order of the files.
-    for (; printed < files.size() && workers[printed].ended; ++printed)
-      status = std::max(status, finish(workers[printed], files[printed]));
+    // Pass on what is complete, in the order of the files.
+    for (; goOn && printed < files.size() && workers[printed].ended; ++printed)
+      goOn = finish(workers[printed], files[printed], take);
   }
-  return status;
+  for (const auto &[child, index] : running) {
+    kill(child, SIGKILL);
+    waitpid(child, nullptr, 0);
+  }
 }
 
 } // namespace tarka

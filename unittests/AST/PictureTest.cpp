@@ -179,7 +179,7 @@ TEST(Picture, InvalidStrings) {
       "9=",
       "\"X\"",
       "X(5)8",
-      // Symbols that stand once, and take no factor.
+      // Symbols that are allowed once, and have no factor.
       "SS9",
       "S(1)9",
       "9V9V9",
@@ -240,7 +240,7 @@ TEST(Picture, InvalidStrings) {
       "+9-",
       "99$-",
       "B+9",
-      // Scaling positions stand at one end of the digits, and not beside a decimal point.
+      // Scaling positions are at one end of the digits, and not next to a decimal point.
       "9P9",
       "P9P",
       "PPV9",
@@ -290,8 +290,8 @@ TEST(Picture, CurrencySymbols) {
     EXPECT_EQ(int(picture(text)->getDataCategory()), int(Unclassified)) << text;
     EXPECT_TRUE(picture(text)->isDiffCurrencySymbol()) << text;
   }
-  // Letters that are no symbol where they stand are taken for a currency symbol, which no CURRENCY
-  // SIGN clause can introduce.
+  // Letters that are not a symbol at their position are treated as a currency symbol, which no
+  // CURRENCY SIGN clause can introduce.
   for (const char *text : {"E99", "EE9", "d(3)9", "RZ9", "CC,CC9.99"}) {
     EXPECT_EQ(int(picture(text)->getDataCategory()), int(NumericEdited)) << text;
     EXPECT_TRUE(picture(text)->isDiffCurrencySymbol()) << text;

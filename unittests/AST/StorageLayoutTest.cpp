@@ -192,7 +192,7 @@ TEST(Layout, RedefinitionsShareAPlaceAndTakeTheLargest) {
   EXPECT_EQ(next->getOffset(), 1 + 7);
   EXPECT_EQ(record->getAllocSize(), 1 + 7 + 5);
 
-  // Linked to its object, a redefinition stays there whatever comes in between.
+  // A redefinition that is linked to its object stays there, whatever comes between them.
   for (DataDescription *subject : {smaller, larger, small})
     subject->setRedefineObject(a);
   Entry filler = Entry(05, "SLACK-BYTES").pic("X(3)");
@@ -309,7 +309,7 @@ TEST(Layout, AbsurdSizesStopAtTheEndOfTheRange) {
   EXPECT_TRUE(Entry(05, "Z").pic("X(2)").occurs("99999999999999999999999999999999")->isTooLarge());
 }
 
-/// The same sizes and offsets, worked out anew for every question.
+/// The same sizes and offsets, computed again for every query.
 struct Oracle {
   static std::int64_t size(DataDescription *entry, bool minimum) {
     if (!entry->hasSubordinateData())

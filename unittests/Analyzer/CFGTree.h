@@ -1,7 +1,7 @@
 //===- CFGTree.h - small checked trees and the shape of their graph -------===//
 //
-// Builds the trees that the tests of the graph start from, as the parser and
-// the checks would leave them, and writes a graph down in a few lines.
+// Builds checked trees for the tests of the graph, and prints a graph in a
+// short form.
 //
 //===----------------------------------------------------------------------===//
 
@@ -28,13 +28,13 @@ inline Word *word(llvm::StringRef text) {
   return new Word(atLine(1), text, "");
 }
 
-/// A node on a line; the arguments are those of its constructor behind the position.
+/// A node on a line; the arguments are those of its constructor after the position.
 template <typename Statement, typename... Arguments>
 Statement *make(unsigned line, Arguments... arguments) {
   return new Statement(atLine(line), arguments...);
 }
 
-/// A statement that only takes its place.
+/// A statement without an effect.
 inline Statement *plain(unsigned line = 1) {
   return make<ContinueStatement>(line);
 }

@@ -71,7 +71,7 @@ TEST_F(CFGVerifier, ElementThatPointsAtNothing) {
 }
 
 TEST_F(CFGVerifier, StatementLostAndStatementDoubled) {
-  // A statement that came into the tree behind the builder's back is missing from the graph.
+  // A statement that is added to the tree after building is missing from the graph.
   Statement *late = plain(9);
   p->getSentElements().front()->addStmt(late);
   expectOnly(CFGRule::StatementOnce, p->getStartBlock());

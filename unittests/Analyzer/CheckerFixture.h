@@ -1,6 +1,6 @@
 //===- CheckerFixture.h - trees for the tests of the checks -----*- C++ -*-===//
 //
-// Makes small trees by hand, for what COBOL source cannot say or what is tested
+// Builds small trees, for what COBOL source cannot express or what is tested
 // below the level of whole programs.
 //
 //===----------------------------------------------------------------------===//

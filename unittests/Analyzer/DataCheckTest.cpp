@@ -1,4 +1,4 @@
-//===- DataCheckTest.cpp - what the checks of data entries leave behind ---===//
+//===- DataCheckTest.cpp - the effects of the checks of data entries ------===//
 //
 // The entries, links and marks that the checks put into the tree, and trees that
 // source cannot say.

@@ -50,7 +50,7 @@ TEST_F(BindingTest, QualifiersMaySkipLevelsAndMustKeepTheirOrder) {
   EXPECT_EQ(bind({"A", "B", "C"}), a);
   EXPECT_EQ(bind({"A", "D"}), other);
   EXPECT_EQ(bind({"A", "C", "B"}), nullptr);
-  // Without a qualifier the first one is taken: the message alone tells that there are more.
+  // Without a qualifier the first one is used; the message reports that there are more.
   EXPECT_EQ(bind({"A"}), a);
   EXPECT_EQ(bind({"NONE"}), nullptr);
   EXPECT_FALSE(checker.semanticCheck(*reference({"NONE"}), /*silentIfUndefined=*/true, false));
@@ -94,7 +94,7 @@ TEST_F(BindingTest, CommonNamesAreFoundThroughTheIndexAsByTheScan) {
   EXPECT_EQ(bind({"ID", "ODD"}), nullptr);
   EXPECT_EQ(bind({"ID", "NONE"}), nullptr);
   EXPECT_EQ(numbers(), (std::vector<int>{3312, 3311, 3312}));
-  // R7 is a record and a file; what follows a file is not looked at, and the scan ends there.
+  // R7 is a record and a file; the search ends at a file.
   EXPECT_EQ(bind({"ID", "R7"}), record);
   EXPECT_EQ(bind({"ID", "R7", "NONE"}), record);
 
@@ -165,7 +165,7 @@ TEST_F(BindingTest, SubscriptsAndReferenceModifiers) {
   EXPECT_EQ(zero->getData(), "1");
   EXPECT_EQ(handler.getWarningCount(), 1);
   subscripted("T", number("-1"));
-  subscripted("T", reference({"F"})); // any numeric item will do
+  subscripted("T", reference({"F"})); // any numeric item is accepted
   EXPECT_EQ(numbers(), std::vector<int>{3528});
   subscripted("T", number("1.5"));
   subscripted("T", reference({"T"}));
@@ -258,7 +258,7 @@ TEST_F(LiteralTest, NumericLimits) {
 TEST_F(LiteralTest, HexadecimalDigits) {
   NonNumericLiteralExpression good(nullptr, "X\"0G\""), bad(nullptr, "X'G0'"),
       text(nullptr, "'G0'");
-  EXPECT_TRUE(checker.semanticCheck(good)); // the last one is not looked at
+  EXPECT_TRUE(checker.semanticCheck(good)); // the last one is not checked
   EXPECT_TRUE(checker.semanticCheck(text));
   EXPECT_FALSE(checker.semanticCheck(bad));
   ASSERT_EQ(numbers(), std::vector<int>{3307});

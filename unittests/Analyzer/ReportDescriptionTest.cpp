@@ -1,6 +1,6 @@
 //===- ReportDescriptionTest.cpp - what the checks make of a report -------===//
 //
-// The lists and links that later stages read, and that no message tells of.
+// The lists and links for later stages, which no diagnostic depends on.
 //
 //===----------------------------------------------------------------------===//
 

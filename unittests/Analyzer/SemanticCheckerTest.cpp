@@ -141,7 +141,7 @@ TEST_F(WalkTest, ProgramIdMustBeTheFileNameWhenAsked) {
   EXPECT_FALSE(checker.semanticCheck(program));
   EXPECT_EQ(numbers(), std::vector<int>{1001});
   EXPECT_NE(good->getDataDivision(), nullptr);
-  // Nothing more is done with such a program, nor with what is nested in it.
+  // Such a program is not checked further, nor are the programs nested in it.
   EXPECT_EQ(bad->getDataDivision(), nullptr);
   EXPECT_TRUE(bad->getCallableList().empty());
   EXPECT_TRUE(nested->getCallableList().empty());
@@ -186,7 +186,7 @@ TEST_F(WalkTest, DeclarativesAreSortedByTheirUse) {
   add(reporting("G2"));
   add(reporting("G1"));
   add(new UseStatement(nullptr, UseTimingType::AfterException));
-  add(nullptr); // behind one of either kind: it belongs to both
+  add(nullptr); // after one of each kind: it belongs to both
 
   EXPECT_TRUE(checker.semanticCheck(*division));
   EXPECT_EQ(division->getRptDeclElements(), (std::list<Declaratives *>{made[1], made[2], made[4]}));

@@ -13,7 +13,7 @@
 
 namespace tarka {
 
-/// Parses programs of free form. The text of a test begins in line 2, behind the identification
+/// Parses programs in free form. The text of a test begins in line 2, after the identification
 /// division.
 class ParserTest : public testing::Test {
 protected:

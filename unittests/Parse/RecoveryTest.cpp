@@ -82,7 +82,7 @@ TEST_F(RecoveryTest, AStatementIsLeftOutWithItsPhrasesAndItsEnd) {
              "goback.");
   expectRest("ADD A TO B ) ON SIZE ERROR CONTINUE NOT SIZE ERROR EXIT END-ADD GOBACK.", "200@3:12",
              "goback.");
-  // The END- word comes behind what the statement would have held.
+  // The END- word follows what the statement would have contained.
   expectRest("COMPUTE A = ( DISPLAY B END-COMPUTE GOBACK.", "201@3:15", "display goback.");
   expectRest("IF A = B READ 5 CONTINUE END-READ EXIT END-IF GOBACK.", "200@3:15",
              "if{continue exit} goback.");
@@ -109,7 +109,7 @@ TEST_F(RecoveryTest, WordsWithoutTheirStatement) {
   expectRest("CONTINUE WHEN A = B GOBACK.", "426@3:10", "continue goback.");
   expectRest("MOVE A TO B AT END GOBACK. NOT ON SIZE ERROR EXIT.", "427@3:13 427@3:28",
              "move goback. exit.");
-  // Further parts belong to the same statement, most likely, and so does its END- word.
+  // Further parts probably belong to the same statement, and so does its END- word.
   expectRest("CONTINUE WHEN 1 EXIT WHEN 2 EXIT END-EVALUATE END-IF GOBACK.", "426@3:10 424@3:47",
              "continue exit exit goback.");
   expectRest("ELSE EXIT END-IF END-IF GOBACK.", "425@3:1 424@3:18", "exit goback.");
@@ -124,7 +124,7 @@ TEST_F(RecoveryTest, WordsThatBeginNothing) {
   EXPECT_EQ(message(), "a statement cannot begin with 'DISPLA'; was DISPLAY meant?");
   expectRest("FROBNICATE A B. GOBACK.", "420@3:1", "goback.");
   expectRest("TO A. 5 GOBACK. ( EXIT.", "420@3:1 200@3:7 200@3:17", "goback. exit.");
-  // Is it a verb or a remainder? A name that begins a line leaves the statement before it alone.
+  // A name at the beginning of a line is a misspelt verb, not a remainder of the statement before.
   expectRest("CONTINUE\nFROBNICATE A. EXIT PROCEED A. GOBACK.", "420@4:1 420@4:20",
              "continue. goback.");
 }
@@ -140,7 +140,7 @@ TEST_F(RecoveryTest, AMisspeltVerbTakesWhatBelongsToItsStatement) {
   EXPECT_EQ(message(), "a statement cannot begin with 'END-FI'; was END-IF meant?");
   expectRest("READ F AT END PERFORM IF A = B EXIT END-PREFORM END-RAED NOT AT END EXIT. GOBACK.",
              "421@3:37 421@3:49 427@3:58", "read{perform{if{exit}}} exit. goback.");
-  // Of a word that means nothing, the phrases are its own that no other statement can have.
+  // A word with no meaning takes the phrases that no other open statement can have.
   expectRest("FROBNICATE F AT END EXIT NOT ON OVERFLOW EXIT END-READ GOBACK.", "420@3:1",
              "goback.");
   expectRest("READ F AT END FROBNICATE F NOT AT END EXIT END-READ GOBACK.", "420@3:15",

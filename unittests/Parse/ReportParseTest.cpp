@@ -224,7 +224,7 @@ TEST_F(ReportParseTest, presence) {
   EXPECT_FALSE(after.isAbsent());
   EXPECT_TRUE(child(line, 3).getClausePresentAfterListElements().front()->isAbsent());
 
-  // Several contents: each belongs to the condition behind it.
+  // Of several contents each belongs to the condition after it.
   ReportDataDescription &choice = child(line, 4);
   ASSERT_EQ(choice.getClausePresentWhenListSize(), 3u);
   auto option = choice.getClausePresentWhenListBegin();
@@ -253,7 +253,7 @@ RD.
   ReportDataDescription &group = *report.getRecordListElements().front();
   EXPECT_NE(group.getLineClause(), nullptr);
   EXPECT_EQ(group.getChildrenSize(), 5u);
-  // COL with nothing but a PICTURE behind it is the name.
+  // COL followed by a PICTURE is a name.
   EXPECT_EQ(child(group, 3).getDataName()->getWordData(), "COL");
 
   parse("DATA DIVISION. REPORT SECTION.\n01 TYPE DE.\n01 TYPE DE.\nRD R.\n01 A TYPE DE.\n");

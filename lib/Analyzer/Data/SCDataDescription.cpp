@@ -9,6 +9,7 @@
 #include "AST/Usage.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
+#include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
@@ -104,6 +105,7 @@ bool checkSubordinates(SemanticChecker &checker, DataDescription &entry) {
 } // namespace
 
 bool SemanticChecker::semanticCheck(DataDescription &entry) {
+  const PartCheck part(*this, CheckedPart::Entry, entry);
   // What these two find is reported, but does not count for the result.
   checkLevelNumber(entry);
   check88LevelDataDescription(entry);
@@ -150,7 +152,7 @@ bool SemanticChecker::semanticCheck(DataDescription &entry) {
     entry.setOffsetSize(entry.getOffset());
   if (isDualVariable(entry))
     entry.setIsDualVar(true);
-  return ok;
+  return part.done(ok);
 }
 
 } // namespace tarka

@@ -7,7 +7,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "Analyzer/CheckerState.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/CurrentUnit.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
@@ -38,8 +38,7 @@ NonNumericLiteralExpression *characterLiteral(const Node *at, char character) {
 /// A symbolic character is ALL of the character at its place in the character set, from 1.
 LiteralExpression *SemanticChecker::convertSymbolicValue(Word *name) {
   constexpr long long characters = 256;
-  const ClauseSymbolic *clause =
-      findSpecialName(*name, &ParaSpecialNames::findClauseSymbolicByWord);
+  const ClauseSymbolic *clause = currentScope().findSymbolicCharacter(&name->getWordData());
   const NumericLiteralExpression *ordinal =
       clause ? state->symbolicCharacters.findOrdinal(*clause, *name) : nullptr;
   const long long place = ordinal ? ordinal->getIntegerValue() : 0;

@@ -8,6 +8,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/Environment/EnvironmentCheck.h"
+#include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 #include <cstdlib>
 
@@ -17,22 +18,22 @@ bool SemanticChecker::semanticCheck(EnvironmentDivision &division) {
   bool ok = true;
   if (ConfigurationSection *configuration = division.getConfigurationSection()) {
     if (ParaSourceComputer *paragraph = configuration->getSourceComputer())
-      ok &= semanticCheck(*paragraph);
+      ok &= PartCheck(*this, CheckedPart::Entry, *paragraph).done(semanticCheck(*paragraph));
     if (ParaObjectComputer *paragraph = configuration->getObjectComputer())
-      ok &= semanticCheck(*paragraph);
+      ok &= PartCheck(*this, CheckedPart::Entry, *paragraph).done(semanticCheck(*paragraph));
     if (ParaSpecialNames *paragraph = configuration->getSpecialNames())
-      ok &= semanticCheck(*paragraph);
+      ok &= PartCheck(*this, CheckedPart::Entry, *paragraph).done(semanticCheck(*paragraph));
   }
   InputOutputSection *inputOutput = division.getInputOutputSection();
   if (!inputOutput)
     return ok;
   for (ParaFileControl *entry : inputOutput->getFileControlListElements())
-    ok &= semanticCheck(*entry);
+    ok &= PartCheck(*this, CheckedPart::Entry, *entry).done(semanticCheck(*entry));
   // Without an entry in FILE-CONTROL, I-O-CONTROL is not checked.
   if (inputOutput->getFileControlListSize() > 0 && inputOutput->getIOControlListSize() > 0 &&
       *inputOutput->getIOControlListBegin())
     for (ParaIOControl *entry : inputOutput->getIOControlListElements())
-      ok &= semanticCheck(*entry);
+      ok &= PartCheck(*this, CheckedPart::Entry, *entry).done(semanticCheck(*entry));
   return ok;
 }
 

@@ -39,7 +39,7 @@ bool SemanticChecker::checkClauseRerun(ParaIOControl &entry) {
   bool ok = true;
   if (FileIdentifierExpression *name = clause.getFileName()) {
     // RERUN may also name where the checkpoints go, which is not a file of the program.
-    if (findFiles(*name).empty()) {
+    if (currentScope().findFiles(&name->getFileName()->getWordData()).empty()) {
       clause.setAssignment(name->getFileName());
     } else {
       ok &= semanticCheck(*name);

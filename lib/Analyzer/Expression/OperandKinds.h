@@ -78,6 +78,11 @@ inline bool isNumber(const Expression &operand) {
   return operand.getDataCategory() == DataCategory::Numeric || isFloat(operand);
 }
 
+/// An integer that is not a condition-name of an integer item.
+inline bool holdsInteger(const Expression &operand) {
+  return operand.isInteger() && !isConditionName(operand);
+}
+
 /// What a number can be put into: a number, or an item that edits it.
 inline bool isNumberOrEdited(const Expression &operand) {
   return isNumber(operand) ||

@@ -53,13 +53,13 @@ bool SemanticChecker::semanticCheck(CombinedCondition &condition) {
   llvm::SmallVector<CombinedCondition *, 8> chain{&condition};
   while (auto *left = llvm::dyn_cast_if_present<CombinedCondition>(chain.back()->getLeft()))
     chain.push_back(left);
-  bool result = true;
+  bool ok = true;
   if (Condition *first = chain.back()->getLeft())
-    result = semanticCheck(*first);
+    ok = semanticCheck(*first);
   for (CombinedCondition *link : llvm::reverse(chain))
     if (Condition *right = link->getRight())
-      result &= semanticCheck(*right);
-  return result;
+      ok &= semanticCheck(*right);
+  return ok;
 }
 
 bool SemanticChecker::semanticCheck(AbbrRelationalCondition &condition) {
@@ -153,7 +153,7 @@ bool SemanticChecker::semanticCheck(RelationalCondition &condition) {
   if (!leftOk || !rightOk)
     return false;
 
-  bool result = checkCompareable(&left, &right, condition.getConditionType());
+  bool ok = checkCompareable(&left, &right, condition.getConditionType());
 
   // Under an EBCDIC collating sequence two groups of one shape are compared item by item.
   if (CompileOption::getCompileOptionInstance()->isOptionSeqEbcdic()) {
@@ -162,7 +162,7 @@ bool SemanticChecker::semanticCheck(RelationalCondition &condition) {
     if (leftGroup && rightGroup && leftGroup->getAllocSize() == rightGroup->getAllocSize())
       condition.setIsSameGroup(checkSameGroup(leftGroup, rightGroup));
   }
-  return result;
+  return ok;
 }
 
 namespace {
@@ -178,7 +178,7 @@ constexpr int categoryCount = 13;
 
 /// Rows are the category of the left operand, columns that of the right one, both by the values of
 /// DataCategory. Two alphanumeric-edited operands do not compare, although each of them does with
-/// the categories around it: that is on purpose, programs were written against it.
+/// the categories around it: programs rely on it.
 constexpr char comparisons[categoryCount][categoryCount + 1] = {
     // 0 none, 1 alphabetic, 2 alphanumeric, 3 numeric, 4 alphanumeric-edited, 5 numeric-edited,
     // 6 national, 7 national-edited, 8 DBCS, 9 external float, 10 internal float, 11 pointer,
@@ -232,15 +232,15 @@ bool areComparable(const Expression &left, const Expression &right) {
 
 bool SemanticChecker::checkCompareable(Expression *left, Expression *right,
                                        RelationalConditionType relation) {
-  bool result = true;
+  bool ok = true;
   if (arePointers(*left, *right) && relation != RelationalConditionType::Equal &&
       relation != RelationalConditionType::NotEqual)
-    result = report(ErrorCode::PointerRelationNotEquality, left);
+    ok = report(ErrorCode::PointerRelationNotEquality, left);
   if (!areComparable(*left, *right))
     return report(ErrorCode::ComparisonInvalid, left);
   if (comparisonOf(*left, *right) == National)
     checkNationalCmpFiguExpr(left, right);
-  return result;
+  return ok;
 }
 
 /// The figurative constant that \p operand is, when it stands for characters.
@@ -282,17 +282,17 @@ bool SemanticChecker::checkSameGroup(DataDescription *left, DataDescription *rig
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(ClassCondition &condition) {
-  bool result = semanticCheck(*condition.getLeft());
+  bool ok = semanticCheck(*condition.getLeft());
   if (condition.getType() != ClassConditionType::ClassName &&
       condition.getType() != ClassConditionType::NotClassName)
-    return result;
+    return ok;
   ParaSpecialNames *specialNames = currentSpecialNames();
   ClauseClass *clause =
       specialNames ? specialNames->findClauseClassByWord(condition.getClassName()) : nullptr;
   if (!clause)
     return report(ErrorCode::ClassConditionUndefined, &condition);
   condition.setClauseClass(clause);
-  return result;
+  return ok;
 }
 
 bool SemanticChecker::semanticCheck(SignCondition &condition) {

@@ -61,10 +61,10 @@ FunctionResult resultOf(IntrinsicType function) {
 } // namespace
 
 bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
-  bool result = true;
+  bool ok = true;
   for (Expression *argument : function.getFunctionArgListElements())
-    result &= semanticCheck(*argument);
-  result &= checkAllowArgument(function);
+    ok &= semanticCheck(*argument);
+  ok &= checkAllowArgument(function);
 
   switch (resultOf(function.getIntrinsicType())) {
   case FunctionResult::Numeric:
@@ -78,27 +78,27 @@ bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
     break;
   case FunctionResult::OfArguments: {
     if (function.getFunctionArgListSize() == 0) {
-      result = report(ErrorCode::FunctionArgumentMissing, &function);
+      ok = report(ErrorCode::FunctionArgumentMissing, &function);
       break;
     }
     DataCategory first = (*function.getFunctionArgListBegin())->getDataCategory();
     for (Expression *argument : function.getFunctionArgListElements()) {
       if (argument->getDataCategory() != first)
-        result = report(ErrorCode::FunctionArgumentCategoriesDiffer, &function);
+        ok = report(ErrorCode::FunctionArgumentCategoriesDiffer, &function);
       // The last argument decides in the end, also when the arguments disagree.
       function.setDataCategory(argument->getDataCategory());
     }
     break;
   }
   case FunctionResult::Invalid:
-    result = report(ErrorCode::FunctionInvalid, &function);
+    ok = report(ErrorCode::FunctionInvalid, &function);
     break;
   }
 
   // What is wrong with the reference modifier is reported, but does not fail the function.
   if (function.getReferenceMod())
     checkReferenceModifier(function);
-  return result;
+  return ok;
 }
 
 bool SemanticChecker::checkAllowArgument(FunctionIdentifierExpression &function) {
@@ -109,11 +109,11 @@ bool SemanticChecker::checkAllowArgument(FunctionIdentifierExpression &function)
 bool SemanticChecker::checkFunctionNumval(FunctionIdentifierExpression &function) {
   if (function.getFunctionArgListSize() == 0)
     return report(ErrorCode::FunctionArgumentMissing, &function);
-  bool result = true;
+  bool ok = true;
   for (Expression *argument : function.getFunctionArgListElements())
     if (argument->getDataCategory() == DataCategory::Numeric)
-      result = report(ErrorCode::NumvalArgumentCategory, &function);
-  return result;
+      ok = report(ErrorCode::NumvalArgumentCategory, &function);
+  return ok;
 }
 
 //===----------------------------------------------------------------------===//
@@ -175,12 +175,12 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
   for (ArithmeticExpression *link : llvm::reverse(chain)) {
     if (!operand1Ok)
       return false;
-    bool result = true;
+    bool ok = true;
     auto takeOperand = [&](Expression &operand) {
       if (!isArithmeticOperandKind(operand.getExprType()))
-        result = report(ErrorCode::ArithmeticOperandInvalid, link);
+        ok = report(ErrorCode::ArithmeticOperandInvalid, link);
       if (!isArithmeticOperandCategory(operand))
-        result = report(ErrorCode::ArithmeticOperandInvalid, link);
+        ok = report(ErrorCode::ArithmeticOperandInvalid, link);
       if (link->getSrcScale() < operand.getSrcScale()) {
         link->setSrcDigitNum(operand.getSrcDigitNum());
         link->setSrcScale(operand.getSrcScale());
@@ -193,7 +193,7 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
         return false;
       takeOperand(*second);
     }
-    operand1Ok = result;
+    operand1Ok = ok;
   }
   return operand1Ok;
 }
@@ -203,11 +203,11 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(AbbrRelationCombinedExpression &expression) {
-  bool result = !expression.getLeft() || semanticCheck(*expression.getLeft());
+  bool ok = !expression.getLeft() || semanticCheck(*expression.getLeft());
   for (AbbrRelationItem *item : expression.getRightAbbrListElements())
     if (item->getCond())
-      result &= semanticCheck(*item->getCond());
-  return result;
+      ok &= semanticCheck(*item->getCond());
+  return ok;
 }
 
 } // namespace tarka

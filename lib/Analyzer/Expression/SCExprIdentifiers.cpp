@@ -14,25 +14,9 @@ namespace tarka {
 // Files
 //===----------------------------------------------------------------------===//
 
-/// The files of that name: those of the unit itself, else the GLOBAL ones of the nearest unit
-/// around it that has any.
-llvm::SmallVector<FileDescription *, 2>
-SemanticChecker::findFiles(FileIdentifierExpression &identifier) {
-  const std::string &name = identifier.getFileName()->getWordData();
-  llvm::SmallVector<FileDescription *, 2> found;
-  bool isOuter = false;
-  for (SourceUnit *unit = currentUnit(); unit && found.empty(); unit = unit->getParent()) {
-    if (DataDivision *division = unit->getDataDivision())
-      for (FileDescription *file : division->findFiles(name))
-        if (!isOuter || file->getGlobal())
-          found.push_back(file);
-    isOuter = true;
-  }
-  return found;
-}
-
 bool SemanticChecker::semanticCheck(FileIdentifierExpression &identifier) {
-  llvm::SmallVector<FileDescription *, 2> found = findFiles(identifier);
+  llvm::SmallVector<FileDescription *, 2> found =
+      currentScope().findFiles(&identifier.getFileName()->getWordData());
   if (found.empty())
     return report(ErrorCode::FileNameUndefined, &identifier);
   identifier.setFileDescription(found.front());
@@ -46,13 +30,7 @@ bool SemanticChecker::semanticCheck(FileIdentifierExpression &identifier) {
 //===----------------------------------------------------------------------===//
 
 ReportDescription *SemanticChecker::findReport(const std::string &name) {
-  bool isOuter = false;
-  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent(), isOuter = true)
-    if (DataDivision *division = unit->getDataDivision())
-      for (ReportDescription *report : division->findReports(name))
-        if (!isOuter || report->getGlobal())
-          return report;
-  return nullptr;
+  return currentScope().findReport(&internString(name));
 }
 
 bool SemanticChecker::semanticCheck(ReportIdentifierExpression &identifier) {
@@ -69,54 +47,34 @@ bool SemanticChecker::semanticCheck(ReportIdentifierExpression &identifier) {
 
 namespace {
 
-/// The files with LINAGE that can be seen from the unit: its own, else the GLOBAL ones of the
-/// nearest unit around it that has any.
-llvm::SmallVector<FileDescription *, 2> filesWithLinage(SourceUnit *unit) {
-  llvm::SmallVector<FileDescription *, 2> found;
-  for (bool isOuter = false; unit && found.empty(); unit = unit->getParent(), isOuter = true)
-    if (DataDivision *division = unit->getDataDivision())
-      for (FileDescription *file : division->getFileSectionElements())
-        if (file->getLinage() && (!isOuter || file->getGlobal()))
-          found.push_back(file);
-  return found;
-}
-
-} // namespace
-
-bool SemanticChecker::checkLinageCounter(SpecialRegisterIdentifierExpression &specialRegister) {
+bool checkLinageCounter(SemanticChecker &checker,
+                        SpecialRegisterIdentifierExpression &specialRegister) {
   if (FileIdentifierExpression *file = specialRegister.getFileExpr()) {
-    if (!semanticCheck(*file))
+    if (!checker.semanticCheck(*file))
       return false;
     if (!file->getFileDescription()->getLinage())
-      return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+      return checker.report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
     specialRegister.setDataDescription(file->getFileDescription()->getLineageCounter());
     return true;
   }
-  llvm::SmallVector<FileDescription *, 2> files = filesWithLinage(currentUnit());
+  llvm::SmallVector<FileDescription *, 2> files = currentScope().findFilesWithLinage();
   if (files.empty())
-    return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
+    return checker.report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   if (files.size() > 1)
-    return report(ErrorCode::LinageCounterNotQualified, &specialRegister);
+    return checker.report(ErrorCode::LinageCounterNotQualified, &specialRegister);
   specialRegister.setDataDescription(files.front()->getLineageCounter());
   return true;
 }
 
-namespace {
-
-/// LENGTH OF is asked of what has a length: of neither a condition-name nor an index-name.
+/// Condition-names and index-names have no length.
 bool hasLength(const DataDescription &entry) {
   return !isConditionName(entry) && !isIndexName(entry);
 }
 
-/// Whether an unqualified PAGE-COUNTER or LINE-COUNTER is that of one report: the current one, the
-/// only one of the unit, else the only GLOBAL one of the nearest unit around it that has any.
-bool isOneReportMeant(SourceUnit *unit, const ReportDescription *current) {
-  std::size_t found = current ? 1 : 0;
-  for (bool isOuter = false; unit && !found; unit = unit->getParent(), isOuter = true)
-    if (DataDivision *division = unit->getDataDivision())
-      for (ReportDescription *report : division->getReportSectionElements())
-        found += !isOuter || report->getGlobal();
-  return found == 1;
+/// Whether an unqualified PAGE-COUNTER or LINE-COUNTER is that of one report: the current one, or
+/// the only one that is visible.
+bool isOneReportMeant(const ReportDescription *current) {
+  return current || currentScope().findReports().size() == 1;
 }
 
 } // namespace
@@ -138,12 +96,12 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
     return true;
   }
   case SpecialRegisterType::LinageCounter:
-    return checkLinageCounter(specialRegister);
+    return checkLinageCounter(*this, specialRegister);
   case SpecialRegisterType::PageCounter:
   case SpecialRegisterType::LineCounter:
     if (ReportIdentifierExpression *name = specialRegister.getReportExpr())
       return semanticCheck(*name);
-    return isOneReportMeant(currentUnit(), getCurrentRD()) ||
+    return isOneReportMeant(getCurrentRD()) ||
            report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   default:
     break;
@@ -153,16 +111,9 @@ bool SemanticChecker::semanticCheck(SpecialRegisterIdentifierExpression &special
   Word *word = specialRegister.getRegisterWord();
   if (!word)
     return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
-  for (SourceUnit *unit = currentUnit(); unit; unit = unit->getParent()) {
-    DataDivision *division = unit->getDataDivision();
-    std::list<DataDescription *> *entries =
-        division ? division->findItemByInternedName(&word->getWordData()) : nullptr;
-    if (entries && !entries->empty()) {
-      specialRegister.setDataDescription(entries->front());
-      break;
-    }
-  }
-  // Some registers have no entry: their category is known all the same.
+  if (DataDescription *entry = currentScope().findRegister(&word->getWordData()))
+    specialRegister.setDataDescription(entry);
+  // Some registers have no entry; their category is known nevertheless.
   if (specialRegister.getDataCategory() == DataCategory::Unclassified)
     return report(ErrorCode::SpecialRegisterInvalid, &specialRegister);
   if (ReferenceModifier *modifier = specialRegister.getReferenceMod())

@@ -14,7 +14,7 @@ constexpr int MaxDigits = 31;
 constexpr int MaxMantissaDigits = 16;
 constexpr int MaxExponent = 99;
 
-/// True when a sign stands within the literal: neither at its beginning nor that of an exponent.
+/// True when there is a sign inside the literal: neither at its beginning nor that of an exponent.
 bool hasInnerSign(llvm::StringRef text) {
   std::size_t sign = text.find_last_of("+-");
   if (sign == llvm::StringRef::npos || sign == 0)
@@ -32,8 +32,8 @@ bool SemanticChecker::semanticCheck(NumericLiteralExpression &literal) {
   if (context().getIsDecimalPointComma())
     literal.convertDecimalPoint(text);
 
-  // The messages about limits show no text: that is on purpose, as is that this one speaks of an
-  // exponent.
+  // The messages about limits do not quote the literal, and this one mentions an exponent even
+  // where there is none.
   if (literal.getDigitsNum() > MaxDigits)
     ok = report(ErrorCode::NumericLiteralTooManyDigits, &literal);
   // Two decimal points in one literal pass.
@@ -53,30 +53,20 @@ bool SemanticChecker::semanticCheck(NumericLiteralExpression &literal) {
 bool SemanticChecker::semanticCheck(NonNumericLiteralExpression &literal) {
   if (literal.getNonNumericLiteralType() != NonNumericLiteralType::Hexadecimal)
     return true;
-  // The last character is not looked at, on purpose.
+  // The last character is not checked; compilers rely on it.
   llvm::StringRef digits = llvm::StringRef(literal.getData()).drop_back(!literal.getData().empty());
   if (!llvm::all_of(digits, llvm::isHexDigit))
     return report(ErrorCode::HexLiteralInvalidCharacter, &literal, literal.getData().c_str());
   return true;
 }
 
-bool SemanticChecker::semanticCheck(FigurativeLiteralExpression &literal) {
-  switch (literal.getFigurativeType()) {
-  case FigurativeType::SymbolicCharacter:
-    return resolveSymbolicCharacter(literal);
-  case FigurativeType::AllLiteral:
-    return checkAllLiteral(literal);
-  default:
-    if (literal.getLiteral())
-      return report(ErrorCode::AllOfAll, &literal);
-    return true;
-  }
-}
+namespace {
 
 /// A symbolic character becomes the constant that SPECIAL-NAMES defines for it.
-bool SemanticChecker::resolveSymbolicCharacter(FigurativeLiteralExpression &literal) {
+bool resolveSymbolicCharacter(SemanticChecker &checker, FigurativeLiteralExpression &literal) {
   auto *name = generate<Word>(literal.getNode(), literal.getSymbolName(), "");
-  auto *meaning = llvm::dyn_cast_or_null<FigurativeLiteralExpression>(convertSymbolicValue(name));
+  auto *meaning =
+      llvm::dyn_cast_or_null<FigurativeLiteralExpression>(checker.convertSymbolicValue(name));
   if (!meaning)
     return false;
   literal.setFigurativeType(meaning->getFigurativeType());
@@ -84,26 +74,41 @@ bool SemanticChecker::resolveSymbolicCharacter(FigurativeLiteralExpression &lite
   return true;
 }
 
-/// ALL "text" stays; ALL before a figurative constant says nothing and is taken away.
-bool SemanticChecker::checkAllLiteral(FigurativeLiteralExpression &literal) {
+/// ALL before a figurative constant has no meaning and is removed; ALL "text" stays.
+bool checkAllLiteral(SemanticChecker &checker, FigurativeLiteralExpression &literal) {
   LiteralExpression *inner = literal.getLiteral();
   if (!inner)
-    return report(ErrorCode::AllNeedsLiteral, &literal);
+    return checker.report(ErrorCode::AllNeedsLiteral, &literal);
   auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(inner);
   // A symbolic character turns into another kind of constant when it is checked.
   const bool isSymbolic =
       constant && constant->getFigurativeType() == FigurativeType::SymbolicCharacter;
-  bool ok = semanticCheck(*inner);
+  bool ok = checker.semanticCheck(*inner);
   if (llvm::isa<NumericLiteralExpression>(inner))
-    return report(ErrorCode::AllNeedsLiteral, &literal);
+    return checker.report(ErrorCode::AllNeedsLiteral, &literal);
   if (!constant)
     return ok;
   FigurativeType type = constant->getFigurativeType();
   if (!isSymbolic && (type == FigurativeType::AllLiteral || type == FigurativeType::Null))
-    ok = report(ErrorCode::AllFigurativeConstant, &literal);
+    ok = checker.report(ErrorCode::AllFigurativeConstant, &literal);
   literal.setFigurativeType(type);
   literal.setLiteral(isSymbolic ? constant->getLiteral() : nullptr);
   return ok;
+}
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(FigurativeLiteralExpression &literal) {
+  switch (literal.getFigurativeType()) {
+  case FigurativeType::SymbolicCharacter:
+    return resolveSymbolicCharacter(*this, literal);
+  case FigurativeType::AllLiteral:
+    return checkAllLiteral(*this, literal);
+  default:
+    if (literal.getLiteral())
+      return report(ErrorCode::AllOfAll, &literal);
+    return true;
+  }
 }
 
 } // namespace tarka

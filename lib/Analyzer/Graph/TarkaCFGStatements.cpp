@@ -63,7 +63,6 @@ void CFGBuilder::analysisEvaluateStmt(EvaluateStatement *statement) {
 
     CFGBlock *body =
         lowerBranch("tkdummy_evaluate_when_body", evaluateCase->getWhenStmtListElements());
-    test->addSuccessorBlock(body);
     test->addThenBlock(body);
     ends.push_back(currentBlock);
   }

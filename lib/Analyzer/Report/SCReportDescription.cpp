@@ -10,7 +10,6 @@
 #include "AST/DataTree.h"
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/Environment/SpecialNames.h"
 #include "Analyzer/Report/ReportCheck.h"
 #include "llvm/Support/SaveAndRestore.h"
 
@@ -87,7 +86,8 @@ bool checkCode(SemanticChecker &checker, Expression &code) {
   if (!name || name->getQualifiedWord()->getNamesSize() > 1)
     return checker.semanticCheck(code);
   return checker.semanticCheck(*name, /*silentIfUndefined=*/true) ||
-         findMnemonicName(**name->getQualifiedWord()->getNamesBegin()) ||
+         currentScope().findMnemonicName(
+             &(*name->getQualifiedWord()->getNamesBegin())->getWordData()) ||
          checker.report(ErrorCode::MnemonicNameUndefined, name);
 }
 

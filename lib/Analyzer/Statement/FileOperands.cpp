@@ -2,6 +2,7 @@
 
 #include "Analyzer/Statement/FileOperands.h"
 #include "Analyzer/CheckerState.h"
+#include "Analyzer/Statement/MoveRules.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
@@ -10,7 +11,7 @@ namespace tarka {
 // Files and their records
 //===----------------------------------------------------------------------===//
 
-// LINAGE-COUNTER knows its file, too, but stands outside of the record area.
+// LINAGE-COUNTER has a file as well, but is outside of the record area.
 const FileDescription *fileOfItem(const DataDescription &item) {
   return item.getStorageType() == StorageType::File ? item.getFileDescription() : nullptr;
 }
@@ -32,7 +33,7 @@ bool checkFileName(SemanticChecker &checker, FileIdentifierExpression &name, Fil
   return true;
 }
 
-/// Reports of the report writer bring the record of their file with them.
+/// The record of a report file is made by the checks.
 bool checkFileHasRecord(SemanticChecker &checker, FileIdentifierExpression &name) {
   const FileDescription &file = *name.getFileDescription();
   auto hasSize = [](const DataDescription *record) { return record->getAllocSize() > 0; };
@@ -65,7 +66,7 @@ bool checkRecordName(SemanticChecker &checker, IdentifierExpression &name, FileD
 
 namespace {
 
-/// Whether an item can be moved from and to at all: it holds data, and data of its own.
+/// Whether an item can be moved from and to at all.
 bool isMovable(const DataDescription &item) {
   return item.getLevelNum() != 88 && item.getDataCategory() != DataCategory::Pointer &&
          item.getDataCategory() != DataCategory::Index;
@@ -76,7 +77,7 @@ bool isFromItem(const IdentifierExpression &from) {
   if (llvm::isa<FunctionIdentifierExpression>(from))
     return from.getDataCategory() == DataCategory::Alphanumeric ||
            from.getDataCategory() == DataCategory::National;
-  // The two registers that are no items know the item that they tell about.
+  // ADDRESS OF and LENGTH OF are not items, but have the description of their operand.
   if (auto *specialRegister = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&from);
       specialRegister && (specialRegister->getType() == SpecialRegisterType::AddressOf ||
                           specialRegister->getType() == SpecialRegisterType::LengthOf))
@@ -85,7 +86,7 @@ bool isFromItem(const IdentifierExpression &from) {
   return !item || isMovable(*item);
 }
 
-/// Whether the operand stands in the record area of \p file.
+/// Whether the operand is in the record area of \p file.
 bool isInRecordArea(const SemanticChecker &checker, const IdentifierExpression &operand,
                     const FileDescription *file) {
   const DataDescription *item = operand.getDataDescription();
@@ -93,15 +94,13 @@ bool isInRecordArea(const SemanticChecker &checker, const IdentifierExpression &
   return other && checker.getState().sharedAreas.isShared(other, file);
 }
 
-/// The rule of a MOVE between operands whose descriptions are right.
-bool checkMove(SemanticChecker &checker, Expression &sender, IdentifierExpression &receiver) {
+/// The MOVE between two operands; nothing is known of one whose entry is in error.
+bool checkImplicitMove(SemanticChecker &checker, const Expression &sender,
+                       IdentifierExpression &receiver) {
   if (sender.getDataCategory() == DataCategory::Unclassified ||
       receiver.getDataCategory() == DataCategory::Unclassified)
     return true;
-  // A move that is reported may have a rule all the same.
-  const int errorsBefore = checker.getErrorHandler()->getErrorCount();
-  checker.getMoveRule(&sender, &receiver);
-  return checker.getErrorHandler()->getErrorCount() == errorsBefore;
+  return checkMove(checker, sender, receiver).isLegal();
 }
 
 /// The record that INTO moves, as far as its description decides how: the only one, or the longest
@@ -130,7 +129,7 @@ bool checkFrom(SemanticChecker &checker, IdentifierExpression &from, IdentifierE
     return true;
   if (isInRecordArea(checker, from, fileOfItem(*record.getDataDescription())))
     return checker.report(sameStorage, &from);
-  return checkMove(checker, from, record);
+  return checkImplicitMove(checker, from, record);
 }
 
 bool checkInto(SemanticChecker &checker, IdentifierExpression &into, FileIdentifierExpression &file,
@@ -150,7 +149,7 @@ bool checkInto(SemanticChecker &checker, IdentifierExpression &into, FileIdentif
     return true;
   DataIdentifierExpression sender(&file, nullptr, nullptr, nullptr);
   sender.setDataDescription(record);
-  return checkMove(checker, sender, into);
+  return checkImplicitMove(checker, sender, into);
 }
 
 //===----------------------------------------------------------------------===//

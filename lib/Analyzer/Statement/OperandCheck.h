@@ -23,7 +23,7 @@ public:
 
   template <typename Part> OperandCheck &one(Part *part) {
     if (part)
-      result &= checker.semanticCheck(*part);
+      ok &= checker.semanticCheck(*part);
     return *this;
   }
   template <typename Part> OperandCheck &all(const std::list<Part *> &parts) {
@@ -31,11 +31,11 @@ public:
       one(part);
     return *this;
   }
-  operator bool() const { return result; }
+  operator bool() const { return ok; }
 
 private:
   SemanticChecker &checker;
-  bool result = true;
+  bool ok = true;
 };
 
 /// The description that a file-name was bound to; null when there is none.

@@ -3,7 +3,7 @@
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/OperandCheck.h"
 
@@ -18,7 +18,7 @@ namespace {
 /// The environment name that \p name stands for, or is itself; null unless it is a device for which
 /// \p isKnown holds.
 Word *findDevice(Word &name, bool (*isKnown)(llvm::StringRef)) {
-  ClauseEnvName *clause = findMnemonicName(name);
+  ClauseEnvName *clause = currentScope().findMnemonicName(&name.getWordData());
   Word *device = clause ? clause->getEnvironmentName() : &name;
   return isKnown(device->getWordData()) ? device : nullptr;
 }

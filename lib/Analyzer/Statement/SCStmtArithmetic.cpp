@@ -69,26 +69,26 @@ public:
   ArithmeticCheck &noFloat(Expression *operand, ErrorCode message);
   ArithmeticCheck &handlers(const ArithmeticStatement &statement) {
     for (ExceptionHandler *handler : statement.getSizeErrorHandlerElements())
-      result &= checker.semanticCheck(*handler);
+      ok &= checker.semanticCheck(*handler);
     return *this;
   }
-  operator bool() const { return result; }
+  operator bool() const { return ok; }
 
 private:
   void report(ErrorCode code, Expression *operand) {
-    result = checker.report(code, operand, nameOf(*operand));
+    ok = checker.report(code, operand, nameOf(*operand));
   }
   /// Binds the operand; false when nothing more is to be said about it.
   bool bind(Expression *operand) {
     bool bound = operand && checker.semanticCheck(*operand);
-    result &= bound || !operand;
+    ok &= bound || !operand;
     return bound && !isUnknown(*operand);
   }
   bool bindReceiver(Expression *operand);
 
   SemanticChecker &checker;
   const ArithmeticMessages &messages;
-  bool result = true;
+  bool ok = true;
 };
 
 /// Numeric items, functions and registers, numeric literals and ZERO.

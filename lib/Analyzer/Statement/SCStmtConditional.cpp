@@ -82,7 +82,7 @@ public:
   EvaluateCheck(SemanticChecker &theChecker, EvaluateStatement &statement);
 
   void check(EvaluateWhen &when);
-  bool isRight() const { return result; }
+  bool isRight() const { return ok; }
 
 private:
   /// A subject, and whether its own check has passed.
@@ -91,10 +91,10 @@ private:
     bool isBound;
   };
 
-  void report(ErrorCode code, Node *node) { result = checker.report(code, node); }
+  void report(ErrorCode code, Node *node) { ok = checker.report(code, node); }
   template <typename Part> bool bind(Part *part) {
     bool bound = !part || checker.semanticCheck(*part);
-    result &= bound;
+    ok &= bound;
     return bound;
   }
   void check(EvaluateObject &object, const Subject *subject);
@@ -102,7 +102,7 @@ private:
 
   SemanticChecker &checker;
   llvm::SmallVector<Subject, 4> subjects;
-  bool result = true;
+  bool ok = true;
 };
 
 EvaluateCheck::EvaluateCheck(SemanticChecker &theChecker, EvaluateStatement &statement)

@@ -11,6 +11,7 @@
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
+#include "Analyzer/Statement/MoveRules.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
@@ -113,20 +114,18 @@ bool isSpace(const Expression &operand) {
   return constant && constant->getFigurativeType() == FigurativeType::Space;
 }
 
-/// Whether \p sender may be moved to an item of the category: whether it may to one of which
-/// nothing else is known. That is tried where nobody hears of it.
-bool isMovable(Expression &sender, InitializeReplacingType category) {
-  // Blanks there are in DBCS as well.
+/// Whether \p sender may be moved to an item of the category of which nothing else is known.
+bool isMovable(const Expression &sender, InitializeReplacingType category) {
+  // DBCS has a space character as well.
   if (category == InitializeReplacingType::Dbcs && isSpace(sender))
     return true;
-  ErrorHandler unheard;
-  SemanticChecker(&unheard).getMoveRule(&sender, makeSample(category));
-  return unheard.getErrorList().empty();
+  return decideMove(sender, *makeSample(category)).isLegal();
 }
 
 } // namespace
 
-/// A group is no value for one item, unless it is of national characters and so an item itself.
+/// A group cannot be the value of one item, unless it is a national group, which is used as an
+/// item.
 static bool checkSender(SemanticChecker &checker, Expression &sender,
                         InitializeReplacingType category) {
   if (!checker.semanticCheck(sender))
@@ -148,20 +147,20 @@ static bool checkSender(SemanticChecker &checker, Expression &sender,
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(InitializeStatement &statement) {
-  bool result = true;
+  bool ok = true;
   for (IdentifierExpression *receiver : statement.getIdentifierListElements())
-    result &= checkReceiver(*this, *receiver);
+    ok &= checkReceiver(*this, *receiver);
 
   // The categories met so far, as bits.
   unsigned replaced = 0;
   for (InitializeReplacingItem *item : statement.getReplacingListElements()) {
     unsigned category = 1u << static_cast<unsigned>(item->getType());
     if (replaced & category)
-      result = report(ErrorCode::InitializeCategoryRepeated, item);
+      ok = report(ErrorCode::InitializeCategoryRepeated, item);
     replaced |= category;
-    result &= checkSender(*this, *item->getByExpr(), item->getType());
+    ok &= checkSender(*this, *item->getByExpr(), item->getType());
   }
-  return result;
+  return ok;
 }
 
 } // namespace tarka

@@ -60,7 +60,7 @@ bool checkTable(SemanticChecker &checker, SearchStatement &statement) {
 }
 
 /// VARYING: an index or an integer item, which is stepped together with the index of the table. The
-/// steps of SEARCH ALL are nobody's business.
+/// steps of SEARCH ALL are not visible to the program.
 bool checkVarying(SemanticChecker &checker, SearchStatement &statement) {
   IdentifierExpression *varying = statement.getVaryingIdentifier();
   if (!varying)

@@ -9,7 +9,7 @@
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/OperandCheck.h"
 #include "llvm/ADT/SmallVector.h"
@@ -148,7 +148,8 @@ bool SetItemCheck::checkSwitches() {
       ok = checker.report(ErrorCode::SetStatementInvalid, operand);
       continue;
     }
-    ClauseEnvName *clause = findMnemonicName(**name->getQualifiedWord()->getNamesBegin());
+    ClauseEnvName *clause = currentScope().findMnemonicName(
+        &(*name->getQualifiedWord()->getNamesBegin())->getWordData());
     if (!clause)
       ok = checker.report(ErrorCode::MnemonicNameUndefined, operand);
     else if (clause->getEnvNameType() != EnvNameType::Switch)

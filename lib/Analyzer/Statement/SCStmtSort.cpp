@@ -4,9 +4,10 @@
 #include "AST/DataDescription.h"
 #include "AST/Statement.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/Environment/SpecialNames.h"
+#include "Analyzer/Statement/ExceptionProcedures.h"
 #include "Analyzer/Statement/FileOperands.h"
 #include "Analyzer/Statement/OperandCheck.h"
+#include "Analyzer/Statement/ProcedureName.h"
 #include <optional>
 
 namespace tarka {
@@ -23,7 +24,7 @@ bool SemanticChecker::semanticCheck(ReturnStatement &statement) {
   if (IdentifierExpression *into = statement.getIntoIdentifier())
     ok &= checkInto(*this, *into, file, isFileRight, ErrorCode::ReturnIntoSameStorage,
                     ErrorCode::ReturnIntoInvalid);
-  markDeclaratives(statement, describedBy(&file), UseFileMode::Input);
+  markDeclaratives(*this, statement, describedBy(&file), UseFileMode::Input);
   return OperandCheck(*this).all(statement.getEndHandlerElements()) && ok;
 }
 
@@ -35,7 +36,7 @@ bool SemanticChecker::semanticCheck(ReleaseStatement &statement) {
   bool ok = isRecordRight;
   if (IdentifierExpression *from = statement.getFromIdentifier())
     ok &= checkFrom(*this, *from, record, isRecordRight, ErrorCode::ReleaseFromSameStorage);
-  markDeclaratives(statement, &record, UseFileMode::Output);
+  markDeclaratives(*this, statement, &record, UseFileMode::Output);
   return ok;
 }
 
@@ -153,73 +154,74 @@ bool checkRecordLengths(SemanticChecker &checker, const FileDescription &from,
 
 namespace {
 
-/// Whether a name that was written for a file is one of a data item.
+/// Whether a name that is written for a file is that of a data item.
 bool isDataName(const FileIdentifierExpression &name) {
   DataDivision *division = currentDivision();
   return division && division->findItemByInternedName(&name.getFileName()->getWordData());
 }
 
-} // namespace
-
 /// A file of USING or GIVING; \p sortFile is the file that is sorted, or null when its name is
 /// wrong.
-bool SemanticChecker::checkSortedFile(FileIdentifierExpression &name,
-                                      const FileDescription *sortFile, bool isInput) {
-  if (isInput && findFiles(name).empty() && isDataName(name))
-    return report(ErrorCode::SortUsingNotFileName, &name);
-  if (!checkFileName(*this, name, FileDescType::File) || !checkFileHasRecord(*this, name))
+bool checkSortedFile(SemanticChecker &checker, FileIdentifierExpression &name,
+                     const FileDescription *sortFile, bool isInput) {
+  if (isInput && currentScope().findFiles(&name.getFileName()->getWordData()).empty() &&
+      isDataName(name))
+    return checker.report(ErrorCode::SortUsingNotFileName, &name);
+  if (!checkFileName(checker, name, FileDescType::File) || !checkFileHasRecord(checker, name))
     return false;
   if (!sortFile)
     return true;
   const FileDescription &file = *name.getFileDescription();
-  return isInput ? checkRecordLengths(*this, file, *sortFile, name)
-                 : checkRecordLengths(*this, *sortFile, file, name);
+  return isInput ? checkRecordLengths(checker, file, *sortFile, name)
+                 : checkRecordLengths(checker, *sortFile, file, name);
 }
 
 /// Where the records come from or go to. An input or output procedure is run like a performed
 /// range.
-bool SemanticChecker::checkSortIO(SortIO &phrase, const FileDescription *sortFile, bool isInput,
-                                  Statement &statement) {
+bool checkSortIO(SemanticChecker &checker, SortIO &phrase, const FileDescription *sortFile,
+                 bool isInput, Statement &statement) {
   if (phrase.getType() == SortIOType::Procedure)
-    return resolveRange(phrase.getProcedures(), phrase.getFromProcedureName(),
+    return resolveRange(checker, phrase.getProcedures(), phrase.getFromProcedureName(),
                         phrase.getToProcedureName(), statement);
   bool ok = true;
   for (FileIdentifierExpression *name : phrase.getFileNameListElements())
-    ok &= checkSortedFile(*name, sortFile, isInput);
+    ok &= checkSortedFile(checker, *name, sortFile, isInput);
   return ok;
 }
 
 /// What SORT and MERGE have in common: the file, its keys, their order, and where records come from
 /// and go to.
 template <typename SortOrMerge>
-bool SemanticChecker::checkSort(SortOrMerge &statement, const std::list<SortKey *> &keys) {
+bool checkSort(SemanticChecker &checker, SortOrMerge &statement, const std::list<SortKey *> &keys) {
   FileIdentifierExpression &name = *statement.getFileName();
-  bool ok = checkFileName(*this, name, FileDescType::SortMerge);
+  bool ok = checkFileName(checker, name, FileDescType::SortMerge);
   const FileDescription *file = ok ? name.getFileDescription() : nullptr;
   if (file)
-    ok &= checkFileHasRecord(*this, name);
+    ok &= checkFileHasRecord(checker, name);
   for (SortKey *key : keys)
     for (IdentifierExpression *keyName : key->getKeyNameListElements())
-      ok &= checkSortKey(*this, *keyName, file);
+      ok &= checkSortKey(checker, *keyName, file);
 
   if (Word *alphabet = statement.getSeqAlphaName()) {
-    statement.setAlphabetClause(findAlphabet(*alphabet));
+    statement.setAlphabetClause(currentScope().findAlphabet(&alphabet->getWordData()));
     if (!statement.getAlphabetClause())
-      ok = report(ErrorCode::CollatingAlphabetUndefined, alphabet);
+      ok = checker.report(ErrorCode::CollatingAlphabetUndefined, alphabet);
   }
   if (statement.getInput())
-    ok &= checkSortIO(*statement.getInput(), file, true, statement);
+    ok &= checkSortIO(checker, *statement.getInput(), file, true, statement);
   if (statement.getOutput())
-    ok &= checkSortIO(*statement.getOutput(), file, false, statement);
+    ok &= checkSortIO(checker, *statement.getOutput(), file, false, statement);
   return ok;
 }
 
+} // namespace
+
 bool SemanticChecker::semanticCheck(SortStatement &statement) {
-  return checkSort(statement, statement.getKeyListElements());
+  return checkSort(*this, statement, statement.getKeyListElements());
 }
 
 bool SemanticChecker::semanticCheck(MergeStatement &statement) {
-  return checkSort(statement, statement.getKeySeqElements());
+  return checkSort(*this, statement, statement.getKeySeqElements());
 }
 
 } // namespace tarka

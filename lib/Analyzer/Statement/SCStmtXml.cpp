@@ -13,6 +13,7 @@
 #include "AST/Statement.h"
 #include "Analyzer/Expression/CharacterOperand.h"
 #include "Analyzer/Statement/OperandCheck.h"
+#include "Analyzer/Statement/ProcedureName.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallPtrSet.h"
 #include <algorithm>
@@ -261,7 +262,7 @@ bool SemanticChecker::semanticCheck(XMLParseStatement &statement) {
   ok &= checkCodePage(*this, statement.getCodePage());
   if (IdentifierExpression *schema = statement.getValidatingIdent())
     ok &= checkTextItem(*this, *schema);
-  ok &= resolveRange(statement, statement.getParseProcedure(), statement.getThruProcedure(),
+  ok &= resolveRange(*this, statement, statement.getParseProcedure(), statement.getThruProcedure(),
                      statement);
   return OperandCheck(*this).all(statement.getOnExcpHandlerElements()) && ok;
 }

@@ -10,9 +10,9 @@
        01  B PIC 999 VALUE 0 BLANK WHEN ZERO.
        01  C PIC 9(3)V99 BLANK WHEN ZERO VALUE SPACES.
        01  D PIC ZZ9 VALUE "  0" BLANK WHEN ZERO.
-       01  E PIC 999 VALUE "0000" BLANK WHEN ZERO. *> expect: 3292
-       01  F PIC 999 VALUE 1000 BLANK WHEN ZERO. *> expect: 3292
-       01  G PIC 999 VALUE "000". *> expect: 3293
+       01  E PIC 999 VALUE "0000" BLANK WHEN ZERO. *> expect: 3292 *> expect-pass
+       01  F PIC 999 VALUE 1000 BLANK WHEN ZERO. *> expect: 3292 *> expect-pass
+       01  G PIC 999 VALUE "000". *> expect: 3293 *> expect-pass
            88  ONE VALUE "001". *> expect: 3295
        PROCEDURE DIVISION.
            IF NONE OR FEW ADD 1 TO B GIVING A.

@@ -25,13 +25,13 @@ WORKING-STORAGE SECTION.
     66  R-INSIDE                RENAMES B THRU B-2. *> expect: 3263
     66  R-VARIABLE              RENAMES A THRU D.
     66  R-VARIABLE-2            RENAMES C THRU D.
-    66  R-CELL                  RENAMES CELLS.
+    66  R-CELL                  RENAMES CELLS. *> expect-pass
     66  R-UNKNOWN               RENAMES NO-SUCH-NAME. *> expect: 3310
-    66  R-RENAMED               RENAMES R-ONE. *> expect@-10: 3265
+    66  R-RENAMED               RENAMES R-ONE. *> expect@-10: 3265 *> expect-pass
 01  RENAMED-RECORD. *> expect: 3265
     05  E                       PIC X.
     05  NOT-66                  RENAMES E. *> expect: 3261
-    66  R-RECORD                RENAMES RENAMED-RECORD.
+    66  R-RECORD                RENAMES RENAMED-RECORD. *> expect-pass
 01  SIGNS.
     05  S-RIGHT                 PIC S9(3) SIGN LEADING.
     05  S-SEPARATE              PIC S9(3) SIGN IS TRAILING SEPARATE CHARACTER.
@@ -40,7 +40,7 @@ WORKING-STORAGE SECTION.
     05  S-UNSIGNED              PIC 9(3) SIGN LEADING. *> expect: 3270 3269
     05  S-PACKED                PIC S9(3) COMP-3 SIGN LEADING. *> expect: 3271 3269
     05  S-NO-PICTURE            COMP-1 SIGN LEADING. *> expect: 3267 3269
-01  SIGNED-GROUP                SIGN IS LEADING SEPARATE.
+01  SIGNED-GROUP                SIGN IS LEADING SEPARATE. *> expect-pass
     05  G-SIGNED                PIC S9(3).
     05  G-SUBGROUP.
         10  G-LEAF              PIC S9.
@@ -49,7 +49,7 @@ WORKING-STORAGE SECTION.
     05  U-NUMBER                PIC 9. *> expect: 3270
     05  U-TEXT                  PIC X. *> expect: 3270
 *> An item with a clause of its own speaks for the group.
-01  OWN-GROUP                   SIGN IS TRAILING.
+01  OWN-GROUP                   SIGN IS TRAILING. *> expect-pass
     05  O-NUMBER                PIC 9. *> expect: 3270
     05  O-OWN                   PIC S9 SIGN LEADING.
 LINKAGE SECTION.

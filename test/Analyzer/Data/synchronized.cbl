@@ -1,6 +1,6 @@
 *> RUN: %tarka check --verify %s
 *>
-*> SYNCHRONIZED says nothing where there is no boundary, except that a table asks its items for one.
+*> SYNCHRONIZED is ignored where there is no boundary, except within a table, whose items need one.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. SYNCHRONIZATION.
 DATA DIVISION.
@@ -16,13 +16,13 @@ WORKING-STORAGE SECTION.
     05  POINTER                 SYNC.
 77  ALIGNED-77                  PIC 9(9) BINARY SYNC.
 01  TABLES.
-    05  OCCURS 3.
+    05  OCCURS 3. *> expect-pass
         10  PIC X               SYNC. *> expect: 3275
         10  PIC S9(9) COMP      SYNC.
-    05  OCCURS 3.
-        10  OCCURS 3.
+    05  OCCURS 3. *> expect-pass
+        10  OCCURS 3. *> expect-pass
             15  PIC X           SYNC. *> expect: 3275 3275
-*> What redefines starts where its object does, whatever its boundary.
+*> A redefinition starts where its object does, regardless of its boundary.
 01  REDEFINING.
     05  PIC X.
     05  OBJECT-ITEM             PIC X(4).

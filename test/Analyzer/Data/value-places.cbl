@@ -16,7 +16,7 @@ WORKING-STORAGE SECTION.
     05  PIC X(2).
 01  GROUP-NULL                  VALUE NULL. *> expect: 3281
     05  PIC X(2).
-01  GROUP-TOO-SHORT             VALUE "ABC". *> expect: 3292
+01  GROUP-TOO-SHORT             VALUE "ABC". *> expect: 3292 *> expect-pass
     05  PIC X(2).
 01  GROUP-OVER-VALUES           VALUE SPACES.
     05  PIC X VALUE "A".        *> expect: 3283
@@ -63,6 +63,6 @@ WORKING-STORAGE SECTION.
 LINKAGE SECTION.
 01  PASSED                      PIC X(3) VALUE "ABC".
     88  PASSED-CONDITION        VALUE 1.
-01  PASSED-WRONG                PIC X(3) VALUE "ABCD". *> expect: 3292
+01  PASSED-WRONG                PIC X(3) VALUE "ABCD". *> expect: 3292 *> expect-pass
 PROCEDURE DIVISION.
     GOBACK.

@@ -1,6 +1,7 @@
 *> RUN: %tarka check --verify %s
 *>
 *> Initial values of items, by category.
+*> expect-pass: 3284 3285 3291 3292 3296 3298 3299 3325 3576
 IDENTIFICATION DIVISION.
 PROGRAM-ID. INITIAL-VALUES.
 ENVIRONMENT DIVISION.
@@ -34,15 +35,15 @@ WORKING-STORAGE SECTION.
 01  CHARACTERS-WRONG.
     05  PIC X(3)                VALUE "ABCD". *> expect: 3292:39-44
     05  PIC X(3)                VALUE Z"ABC". *> expect: 3292
-    05  PIC X(3)                VALUE 123. *> expect: 3293
-    05  PIC X(3)                VALUE N"ABC". *> expect: 3293
+    05  PIC X(3)                VALUE 123. *> expect: 3293 *> expect-pass
+    05  PIC X(3)                VALUE N"ABC". *> expect: 3293 *> expect-pass
     05  PIC X(3)                VALUE NULL. *> expect: 3325
-    05  PIC X(3)                VALUE ALL 5. *> expect: 3308
+    05  PIC X(3)                VALUE ALL 5. *> expect: 3308 *> expect-pass
     05  PIC X(3)                VALUE NO-CHARACTER. *> expect: 3140
     05  PIC A(3)                VALUE ZERO. *> expect: 3296
     05  PIC A(3)                VALUE 1.5E3. *> expect: 3296
-    05  PIC A(3)                VALUE 1. *> expect: 3293
-    05  PIC ZZ9.99              VALUE 1.50. *> expect: 3293
+    05  PIC A(3)                VALUE 1. *> expect: 3293 *> expect-pass
+    05  PIC ZZ9.99              VALUE 1.50. *> expect: 3293 *> expect-pass
     05  PIC ZZ9                 VALUE "   1". *> expect: 3292
     05  PIC N(2)                VALUE "AB". *> expect: 3576
     05  PIC N(2)                VALUE N"ABC". *> expect: 3292
@@ -80,8 +81,8 @@ WORKING-STORAGE SECTION.
     05  PIC V99                 VALUE 1. *> expect: 3292
     05  PIC 9(3)                VALUE -1. *> expect: 3291
     05  PIC 9(3)                VALUE +1234. *> expect: 3291 3292
-    05  PIC 9(3)                VALUE "123". *> expect: 3293
-    05  PIC 9(3)                VALUE 1.0E2. *> expect: 3293
+    05  PIC 9(3)                VALUE "123". *> expect: 3293 *> expect-pass
+    05  PIC 9(3)                VALUE 1.0E2. *> expect: 3293 *> expect-pass
     05  PIC 9(3)                VALUE SPACES. *> expect: 3325
     05  PIC 9(3)                VALUE ALL "0". *> expect: 3325
     05  PIC 9(3)                VALUE STAR. *> expect: 3325
@@ -98,8 +99,8 @@ WORKING-STORAGE SECTION.
     05  COMP-1                  VALUE "1". *> expect: 3285
     05  COMP-2                  VALUE SPACE. *> expect: 3285
     05  POINTER                 VALUE ZERO. *> expect: 3325
-    05  POINTER                 VALUE 0. *> expect: 3293
-    05  PIC 9(31)               VALUE 12345678901234567890123456789012. *> expect: 3306
+    05  POINTER                 VALUE 0. *> expect: 3293 *> expect-pass
+    05  PIC 9(31)               VALUE 12345678901234567890123456789012. *> expect: 3306 *> expect-pass
 *> An item starts with one value; the others are for condition names.
 01  ONE-VALUE.
     05  PIC X                   VALUE "A" "B". *> expect: 3293:43-45

@@ -5,7 +5,7 @@
        CONFIGURATION SECTION.
        SOURCE-COMPUTER. IBM-370.
       * An undefined alphabet ends the check of the paragraph: the limit
-      * of 50 behind it is not looked at.
+      * of 50 after it is not checked.
        OBJECT-COMPUTER. IBM-370
       *> expect@+1: 3101:24-26
            MEMORY SIZE 1.5 WORDS

@@ -37,8 +37,8 @@ FD  GOOD
     CODE-SET IS ASCII-CODE.
 01  GOOD-1 PIC X(10).
 01  GOOD-2 PIC X(20).
-*> The minimum is looked at twice, the maximum never. Not even that the range is the wrong way round
-*> is told.
+*> The minimum is checked twice, the maximum never. A range that is reversed
+*> is not reported.
 FD  BLOCK-1 BLOCK CONTAINS -5 TO -10 CHARACTERS. *> expect: 3151 3151
 01  BLOCK-1-R PIC X.
 FD  BLOCK-2 BLOCK CONTAINS 1.5 TO 2 CHARACTERS. *> expect: 3151 3151

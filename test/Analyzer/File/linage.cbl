@@ -1,6 +1,6 @@
 *> RUN: %tarka check --verify %s
 *>
-*> The phrases of LINAGE are unsigned integers, and the counter is there whatever they are.
+*> The phrases of LINAGE are unsigned integers, and the counter exists in any case.
 IDENTIFICATION DIVISION.
 PROGRAM-ID. LINAGES.
 ENVIRONMENT DIVISION.
@@ -32,7 +32,7 @@ FD  P5 LINAGE IS NOWHERE. *> expect: 3310
 WORKING-STORAGE SECTION.
 01  LINES-OF-PAGE PIC 9(3).
 01  UNSIGNED PIC 99.
-*> What is wrong with an item itself is told at the item.
+*> A fault of the item itself is reported at the item.
 01  SIGNED-ITEM PIC S9(3). *> expect: 3159
 01  FRACTION-ITEM PIC 9V9.
 01  TEXT-ITEM PIC X(2).

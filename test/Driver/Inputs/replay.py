@@ -1,7 +1,7 @@
-"""Runs every command of tarka on what the fuzzers once found, and on what they start from.
+"""Runs every command of tarka on earlier findings of the fuzzers, and on their seeds.
 
 A file holds a whole compilation: the main file, then copybooks, each after a line "@NAME". An option
-is on when its name stands anywhere in it.
+is on when its name appears anywhere in it.
 """
 
 import os

@@ -1,7 +1,8 @@
 """Writes a program in EBCDIC: ebcdic.py CODEPAGE LINE-END FILE [BYTES]
 
 LINE-END is nel, lf, crlf or records (of 80 bytes, without ends of lines). A character outside of
-Latin-1 is written as DBCS, between shift codes. What follows | stands in column 73. BYTES, in hexadecimal, replace the word BADBYTE.
+Latin-1 is written as DBCS, between shift codes. What follows | begins in column 73. BYTES, in
+hexadecimal, replace the word BADBYTE.
 """
 import sys
 
@@ -14,7 +15,7 @@ PROGRAM = """\
 000600 1 a pic x(9) value 'a\u00e4b'.
 000700 1 g pic g(4) display-1 value G'\u65e5\u672c\u8a9e'.
 000800 1 m pic x(9) value 'x\u65e5\u672cy'.|ignored
-000900 1 short pic x(3) value '\u65e5'. *> expect: 3292
+000900 1 short pic x(3) value '\u65e5'. *> expect: 3292 *> expect-pass
 001000 procedure division.
 001100     display 'BADBYTE' '\u65e5' nowhere. *> expect: 3310
 001200     display '\u65e5\u672c\u8a9e\u65e5\u672c\u8a9e\u65e5\u672c\u8a9e\u65e5\u672c\u8a9e\u65e5\u672c\u8a9e\u65e5\u672c\u8a9e'|ignored

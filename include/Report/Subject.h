@@ -1,0 +1,59 @@
+//===- Subject.h - what a diagnostic is about -------------------*- C++ -*-===//
+//
+// Derives from the node that a diagnostic points at what the programmer wrote
+// there, so that a report can name it.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_REPORT_SUBJECT_H
+#define TARKA_REPORT_SUBJECT_H
+
+#include "Report/Diagnostic.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/StringMap.h"
+
+namespace tarka {
+
+class SourceUnit;
+class Word;
+
+/// What a node is.
+struct Subject {
+  /// A name as spelt, with its qualifiers, or a literal as written. Empty for other nodes, of which
+  /// the source text tells more.
+  std::string name;
+  /// The picture of the item that the name stands for, when it is known.
+  std::string detail;
+};
+
+/// What \p node is about.
+Subject subjectOf(const Node &node);
+
+/// What kind of name a diagnostic misses.
+enum class NameKind { Data, Procedure, File };
+
+/// The declarations of \p name in the program, as notes of a diagnostic which says that the name is
+/// not unique. At most \p limit.
+std::vector<DiagnosticNote> declarationsOf(llvm::StringRef name, SourceUnit &unit, unsigned limit);
+
+/// Finds the name that was probably meant by one which is not declared.
+class NearNames {
+public:
+  /// The declared name, as spelt in its declaration, that is nearest to \p name and visible in
+  /// \p unit; empty when none is near. A program with very many undeclared names gets no more
+  /// answers after a while, so that the work stays in proportion to the source.
+  llvm::StringRef find(llvm::StringRef name, NameKind kind, SourceUnit &unit);
+
+private:
+  struct Names {
+    std::vector<const Word *> words;
+    llvm::StringMap<llvm::StringRef> answers;
+  };
+  Names &namesOf(NameKind kind, SourceUnit &unit);
+
+  llvm::DenseMap<std::pair<SourceUnit *, unsigned>, Names> units;
+};
+
+} // namespace tarka
+
+#endif // TARKA_REPORT_SUBJECT_H

@@ -1,0 +1,1 @@
+           move spaces to missing

@@ -1,0 +1,62 @@
+//===- SourceLines.cpp - the text of source lines -------------------------===//
+
+#include "SourceLines.h"
+#include "AST/Node.h"
+#include "Parse/Encoding.h"
+#include "Parse/SuppliedText.h"
+#include "llvm/Support/FileSystem.h"
+
+namespace tarka {
+
+/// The contents of the file; null when there is none. A copybook that an option supplies is not a
+/// file, but has a text.
+std::unique_ptr<llvm::MemoryBuffer> SourceLines::open(const std::string &name) const {
+  llvm::StringRef supplied = name;
+  if (supplied.consume_front("<supplied>/")) {
+    const SuppliedCopybook *copybook = findSuppliedCopybook(supplied);
+    return copybook ? llvm::MemoryBuffer::getMemBuffer(copybook->text) : nullptr;
+  }
+  // A pipe has been read, and opening it again might wait for ever.
+  if (!options.fileSystem && !llvm::sys::fs::is_regular_file(name))
+    return nullptr;
+  auto buffer = options.fileSystem ? options.fileSystem->getBufferForFile(name)
+                                   : llvm::MemoryBuffer::getFile(name);
+  if (!buffer)
+    return nullptr;
+  if (options.encoding.empty())
+    return std::move(*buffer);
+  return llvm::MemoryBuffer::getMemBufferCopy(
+      decodeText((*buffer)->getBuffer(), options.encoding).text);
+}
+
+SourceLines::File &SourceLines::read(unsigned number) {
+  std::unique_ptr<File> &file = files[number];
+  if (file)
+    return *file;
+  file = std::make_unique<File>();
+  file->contents = open(fileNameOf(number));
+  if (file->contents) {
+    file->text = file->contents->getBuffer();
+    file->text.consume_front("\xEF\xBB\xBF");
+  }
+  return *file;
+}
+
+/// Lines end with LF, CR or CR LF, as the front end reads them.
+llvm::StringRef SourceLines::line(unsigned number, unsigned lineNumber) {
+  File &file = read(number);
+  if (file.starts.empty())
+    for (std::size_t start = 0; start < file.text.size();) {
+      file.starts.push_back(start);
+      start = file.text.find_first_of("\r\n", start);
+      if (start != llvm::StringRef::npos)
+        start += file.text.substr(start).starts_with("\r\n") ? 2 : 1;
+    }
+  if (lineNumber == 0 || lineNumber > file.starts.size())
+    return "";
+  return file.text.substr(file.starts[lineNumber - 1]).take_until([](char c) {
+    return c == '\n' || c == '\r';
+  });
+}
+
+} // namespace tarka
