@@ -9,6 +9,7 @@
 #define TARKA_PARSE_DIAGNOSTICS_H
 
 #include "AST/Severity.h"
+#include "Parse/SourceDamage.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/Support/FormatVariadic.h"
 #include <cstdint>
@@ -78,6 +79,10 @@ public:
   bool hasErrors() const { return errorCount != 0; }
   /// The number of errors and fatal errors reported so far.
   unsigned getErrorCount() const { return errorCount; }
+  /// The text that the errors reported so far leave in doubt. The names in it are known when the
+  /// source was parsed.
+  const SourceDamage &getDamage() const { return damage; }
+  SourceDamage &getDamage() { return damage; }
   /// Whether a fatal error was reported: the text that follows is not worth reading.
   bool hasFatalError() const { return fatalSeen; }
 
@@ -102,6 +107,7 @@ private:
   }
 
   std::vector<DiagnosticEntry> entries;
+  SourceDamage damage;
   unsigned errorCount = 0;
   bool fatalSeen = false;
   bool isSilent = false;

@@ -21,6 +21,8 @@ class Program;
 /// that the checker gets a complete tree. \p inputName is the name of the compilation, by which its
 /// graph will be named.
 ///
+/// \p diagnostics also has the text and the names that the errors leave in doubt (getDamage()).
+///
 /// Fails only when the file itself cannot be read. The tree lives until the process ends.
 llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inputName,
                                       const ParseOptions &options,

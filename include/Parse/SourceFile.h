@@ -22,6 +22,8 @@
 
 namespace tarka {
 
+class SourceDamage;
+
 /// The text of one file. It stays in memory and at its address until the process ends.
 class SourceFile {
 public:
@@ -78,6 +80,9 @@ public:
   /// The file \p path, read from the file system the first time. An error code says why it cannot
   /// be read: it is missing, a directory, not accessible ...; reporting that is the caller's.
   llvm::ErrorOr<const SourceFile *> open(llvm::StringRef path);
+
+  /// Collects the names in damaged text of the files that were read.
+  void collectDamagedNames(SourceDamage &damage) const;
 
   /// A file \p name that holds \p text and exists in memory only.
   const SourceFile &addText(llvm::StringRef name, llvm::StringRef text);

@@ -76,8 +76,10 @@ void FrontEndDiagnostics::add(const DiagnosticInfo &info, const SourceRange &pla
   entries.push_back({info.id, info.severity, place, std::move(message), {}});
   if (info.severity == Severity::Fatal)
     fatalSeen = true;
-  if (isError(info.severity))
+  if (isError(info.severity)) {
     ++errorCount;
+    damage.add(place);
+  }
   // At the limit, one last message says that more are not shown.
   if (errorCount < maxErrors)
     return;

@@ -465,6 +465,24 @@ void Lexer::readCicsConstant(Token &token) {
   token.text = token.spelling = internString(std::to_string(number.value_or(0)));
 }
 
+/// Where on its last line an embedded block ends that has no END-EXEC: behind a misspelt END-EXEC,
+/// or before a period at the end of the line. 0 where the line ends no block, or an END-EXEC
+/// follows before another block begins. \p line is not empty.
+size_t Lexer::findMisspeltEnd(llvm::StringRef line) const {
+  llvm::StringRef text = line.rtrim(" \t\f\v");
+  bool hasPeriod = text.consume_back(".");
+  llvm::StringRef last = text.substr(text.find_last_of(" \t") + 1);
+  bool isMisspelt = last.size() >= 6 &&
+                    (last.starts_with_insensitive("END-") || last.ends_with_insensitive("EXEC"));
+  if (!hasPeriod && !isMisspelt)
+    return 0;
+  llvm::StringRef rest = lines.getRest();
+  size_t end = rest.find_insensitive("END-EXEC");
+  if (end != llvm::StringRef::npos && !rest.take_front(end).contains_insensitive("EXEC "))
+    return 0;
+  return text.end() - line.begin();
+}
+
 /// Reads what stands before END-EXEC as one token, which may be empty.
 void Lexer::readEmbeddedText(Token &token) {
   state = State::Plain;
@@ -518,6 +536,10 @@ void Lexer::readEmbeddedText(Token &token) {
       break;
     }
     scanner.setCursor(scanner.getEnd());
+    if (size_t length = findMisspeltEnd(rest)) {
+      scanner.setCursor(rest.begin() + length);
+      break;
+    }
     if (!nextLine())
       break;
     // What cannot be in any block shows that END-EXEC is missing.
@@ -527,6 +549,9 @@ void Lexer::readEmbeddedText(Token &token) {
   }
   if (!isTerminated) {
     context.diagnostics.report(DiagnosticId::UnclosedEmbeddedText, embedding.place, embedding.text);
+    SourceRange skipped = embedding.place;
+    skipped.endLine = std::max(skipped.endLine, place.endLine);
+    context.diagnostics.noteDamage(skipped);
     if (pieces == 0)
       place = lines.endOfFile();
   }

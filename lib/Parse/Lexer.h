@@ -125,6 +125,7 @@ private:
   bool readPicture(Token &token);
   void readEmbeddedBlock(Token &exec);
   void readEmbeddedText(Token &token);
+  size_t findMisspeltEnd(llvm::StringRef line) const;
   bool isAhead(char mark);
   void readCicsConstant(Token &token);
   void skipListingStatement(bool hasLiteral);

@@ -253,11 +253,28 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
   const char *first = skipBlanks(parts.text, end);
   if (first == end || beginsWith(first, end, "*>"))
     return false;
+  if (parts.limit < line.end && end == parts.limit && !isBlank(*end))
+    noteCut(line, parts);
   take(line, parts.text, end);
   areaB = parts.areaB;
   if (isContinued())
     joinContinuations(line, parts.limit);
   return true;
+}
+
+/// Notes text that goes on across column 72. A sequence number or an identification of the line,
+/// which may stand there as well, has digits in it.
+void LineReader::noteCut(const PhysicalLine &line, const FixedLine &parts) {
+  const char *begin = parts.limit;
+  while (begin > parts.text && !isBlank(begin[-1]))
+    --begin;
+  const char *end = std::find_if(parts.limit, line.end, isBlank);
+  if (std::any_of(parts.limit, end, llvm::isDigit))
+    return;
+  unsigned first = columnBehind(line, begin);
+  diagnostics.noteCutLine(
+      SourceRange{fileNumber, line.number, first, line.number, columnBehind(line, parts.limit) - 1},
+      llvm::StringRef(begin, end - begin));
 }
 
 /// Whether a line whose column 7 is not blank holds program text.

@@ -50,6 +50,9 @@ public:
   /// Whether faults in the layout of lines are passed over (in text that is left out).
   void setQuiet(bool on) { quiet = on; }
 
+  /// The text of the file that was not read yet.
+  llvm::StringRef getRest() const { return {position, static_cast<size_t>(fileEnd - position)}; }
+
   /// Whether the line holds bytes that are no characters.
   bool hasControlBytes() const { return controlBytes; }
 
@@ -94,6 +97,7 @@ private:
   static FixedLine divide(const PhysicalLine &line);
   static unsigned columnBehind(const PhysicalLine &line, const char *at);
   bool acceptFixed(const PhysicalLine &line);
+  void noteCut(const PhysicalLine &line, const FixedLine &parts);
   bool acceptFree(const PhysicalLine &line);
   bool acceptIndicator(const PhysicalLine &line, FixedLine &parts);
   bool isOptionsLine(const PhysicalLine &line);

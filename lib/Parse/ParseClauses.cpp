@@ -128,6 +128,7 @@ bool ClauseParser::unsupportedClause(llvm::StringRef what, const ClauseSet &clau
 }
 
 void ClauseParser::skipToClause(const ClauseSet &clauses, bool isUnknown) {
+  Skipping skipping(*this);
   while (!at(TokenKind::Period) && !atEntryBoundary(clauses)) {
     bool isFirst = peek().isFirstOnLine();
     bool isInner = isUnknown && !isFirst && llvm::is_contained(clauses.innerWords, peek().keyword);
@@ -140,6 +141,7 @@ void ClauseParser::skipToClause(const ClauseSet &clauses, bool isUnknown) {
 }
 
 void ClauseParser::skipToEntry(const ClauseSet &clauses) {
+  Skipping skipping(*this);
   while (!atEntryBoundary(clauses))
     if (accept(TokenKind::Period))
       return;

@@ -45,6 +45,7 @@ bool isRelationalOperator(const Token &token) {
   case TokenKind::Greater:
   case TokenKind::LessEqual:
   case TokenKind::GreaterEqual:
+  case TokenKind::PseudoText:
   case TokenKind::NotEqual:
     return true;
   default:
@@ -118,6 +119,10 @@ RelationalConditionType ConditionParser::parseRelationalOperator(bool isNot) {
     break;
   case TokenKind::NotEqual:
     relation = RelationalConditionType::NotEqual;
+    break;
+  case TokenKind::PseudoText:
+    // == of other languages.
+    error(DiagnosticId::Expected, token.place, describe(TokenKind::Equal), describe(token));
     break;
   default:
     relation = parseRelationalWords(token.keyword);

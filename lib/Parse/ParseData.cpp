@@ -33,6 +33,7 @@ DataDivision *DataParser::parseDataDivision() {
       continue;
     }
     expected("a section of the data division");
+    Skipping skipping(*this);
     do
       stream.skip();
     while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
@@ -46,6 +47,7 @@ void DataParser::skipForeignSection() {
     error(DiagnosticId::NotSupported, here(), peek().text + " SECTION");
   else
     error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "data division");
+  Skipping skipping(*this);
   do
     stream.skip();
   while (!atUnitBoundary() &&
@@ -135,8 +137,17 @@ public:
   /// record is not reported then.
   void noteLostEntry() { isMisplaced = true; }
 
+  /// The most likely level of an entry whose number is missing: that of the entry before it. Only
+  /// where that is a condition-name, an entry that begins with VALUE is another one.
+  unsigned getAssumedLevel(bool beginsWithValue) const {
+    if (!item || item->getLevelNum() == 66)
+      return 1;
+    return beginsWithValue && lastIsCondition ? 88 : item->getLevelNum();
+  }
+
 private:
   void place(DataDescription *entry) {
+    lastIsCondition = entry->getLevelNum() == 88;
     switch (entry->getLevelNum()) {
     case 88:
       addConditionName(entry);
@@ -229,26 +240,40 @@ private:
   llvm::SmallVector<DataDescription *, 16> open;
   bool isMisplaced = false;
   bool isRenamed = false;
+  bool lastIsCondition = false;
 };
 
 } // namespace
 
-void DataParser::parseRecords(const ClauseSet &clauses,
-                              llvm::function_ref<DataDescription *()> parseEntry, AddRecord add) {
+void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
   while (true) {
-    if (at(TokenKind::IntegerLiteral)) {
-      if (peek().isFirstOnLine())
-        recovery.resumeReporting();
-      Recovery::ErrorTrap trap(recovery);
-      if (DataDescription *entry = parseEntry())
+    Recovery::ErrorTrap trap(recovery);
+    SourceRange begin = here();
+    auto addEntry = [&](unsigned assumedLevel) {
+      DataDescription *entry = parseEntry(assumedLevel);
+      if (trap.hasErrorOccurred())
+        context.diagnostics.getDamage().add(from(begin).getRange());
+      if (entry)
         records.add(entry, !trap.hasErrorOccurred());
+    };
+    if (at(TokenKind::IntegerLiteral)) {
+      if (peek().isFirstOnLine() && !recovery.hasReportedHere())
+        recovery.resumeReporting();
+      addEntry(/*assumedLevel=*/0);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
     } else if (atEntryBoundary(clauses)) {
       return;
     } else {
       expected("a level number");
+      bool isRecord = peek().isInAreaA() && peek().isInFixedForm();
+      if (skipToEntryName(clauses)) {
+        addEntry(isRecord
+                     ? 1
+                     : records.getAssumedLevel(peek(1).isOneOf(Keyword::Value, Keyword::Values)));
+        continue;
+      }
       records.noteLostEntry();
       stream.skip();
       skipToEntry(clauses);
@@ -258,7 +283,7 @@ void DataParser::parseRecords(const ClauseSet &clauses,
 
 void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
   parseRecords(
-      dataClauses, [this] { return parseDataEntry(); },
+      dataClauses, [this](unsigned level) { return parseDataEntry(level); },
       [&](DataDescription *record) {
         record->setStorageType(storage);
         add(record);
@@ -270,9 +295,9 @@ void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
 //===----------------------------------------------------------------------===//
 
 /// level-number [data-name | FILLER] clauses.
-DataDescription *DataParser::parseDataEntry() {
+DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
   SourceRange begin = here();
-  unsigned level = parseLevelNumber();
+  unsigned level = parseLevelNumber(assumedLevel);
   if (level == 78) {
     error(DiagnosticId::NotSupported, begin, "level 78");
     skipToEntry(dataClauses);
@@ -291,6 +316,9 @@ DataDescription *DataParser::parseDataEntry() {
     }
   } else {
     name = parseEntryName(dataClauses);
+    // NAME 01, the words exchanged.
+    if (assumedLevel != 0)
+      accept(TokenKind::IntegerLiteral);
   }
   if (name)
     entry->setDataName(name);
@@ -299,6 +327,28 @@ DataDescription *DataParser::parseDataEntry() {
 
   entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
   return entry;
+}
+
+/// NAME PIC X, FOO NAME PIC X and NAME 01 PIC X are taken for entries. After the name there is a
+/// clause, or nothing more.
+bool DataParser::skipToEntryName(const ClauseSet &clauses) {
+  auto isNameAt = [&](unsigned n) {
+    if (!peek(n).isUserWord() && !peek(n).is(Keyword::Filler))
+      return false;
+    const Token next = peek(n + 1);
+    return next.isOneOf(TokenKind::Period, Keyword::Is) || clauses.contains(next.keyword);
+  };
+  if (isNameAt(0))
+    return true;
+  if (peek().isUserWord() && peek(1).is(TokenKind::IntegerLiteral) && !peek(1).isFirstOnLine() &&
+      clauses.contains(peek(2).keyword)) {
+    // The words are exchanged; the name is kept by dropping the number.
+    return true;
+  }
+  if (peek(1).isFirstOnLine() || !isNameAt(1))
+    return false;
+  stream.skip();
+  return true;
 }
 
 /// 01 A COPY B: in OS/VS COBOL the text of B may be a whole record, and A takes the place of the
@@ -315,9 +365,17 @@ void DataParser::skipCopiedEntryName(unsigned level, const Word &name) {
 
 /// Levels that the language does not have are the checker's to report. Past two digits they are
 /// all the same.
-unsigned DataParser::parseLevelNumber() {
+unsigned DataParser::parseLevelNumber(unsigned assumedLevel) {
   constexpr unsigned beyond = 100;
   unsigned level = 0;
+  if (assumedLevel != 0)
+    return assumedLevel;
+  const Token following = peek(1);
+  if (following.is(TokenKind::IntegerLiteral) && !following.isFirstOnLine() && peek(2).isWord() &&
+      !peek(2).isFirstOnLine()) {
+    stream.skip();
+    expected("a data-name");
+  }
   if (peek().text.getAsInteger(10, level) || level > beyond)
     level = beyond;
   stream.skip();

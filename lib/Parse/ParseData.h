@@ -43,12 +43,15 @@ public:
   void parseDataRecords(StorageType storage, AddRecord add);
 
 protected:
+  /// Parses one entry. The level number is next, or \p assumedLevel is not 0 and stands for one
+  /// that is missing. An entry that cannot stand in the tree is null.
+  using ParseEntry = llvm::function_ref<DataDescription *(unsigned assumedLevel)>;
   /// Parses entries with \p parseEntry as long as level numbers follow, puts them together to
-  /// records, and passes each complete record to \p add. An entry that cannot stand in the tree is
-  /// null.
-  void parseRecords(const ClauseSet &clauses, llvm::function_ref<DataDescription *()> parseEntry,
-                    AddRecord add);
-  unsigned parseLevelNumber();
+  /// records, and passes each complete record to \p add.
+  void parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add);
+  /// The level number that is next, unless \p assumedLevel is not 0. A number written twice counts
+  /// once, after a message.
+  unsigned parseLevelNumber(unsigned assumedLevel);
   /// The name of an entry or FILLER; null when the entry has none.
   Word *parseEntryName(const ClauseSet &clauses);
 
@@ -67,16 +70,22 @@ private:
   void parseDataSection(DataDivision &division, std::bitset<sectionKinds> &seen);
   void skipForeignSection();
   /// With a level number next. Null when the entry cannot stand in the tree.
-  DataDescription *parseDataEntry();
+  DataDescription *parseDataEntry(unsigned assumedLevel);
+  /// Skips what stands in place of the level number of an entry, up to its name. False when no
+  /// entry can be made out.
+  bool skipToEntryName(const ClauseSet &clauses);
   void skipCopiedEntryName(unsigned level, const Word &name);
 
   bool parseDataClause(DataDescription &entry);
   Word *parsePictureString();
+  bool isPictureDivided(const Word &string);
+  Word *mendPicture(const Word &string);
   ClauseGroupUsage *parseGroupUsage();
   PhraseValue *parseValuePhrase();
   bool parseValueOperand(LiteralExpression *&literal, Word *&word);
   /// [n TO] m TIMES
   bool parseOccursBounds(ClauseOccurs &occurs);
+  bool parseOccursPhrases(ClauseOccurs &occurs);
   Key *parseOccursKey();
   bool parseIndexNames(ClauseOccurs &occurs);
   ClauseRedefines *parseRedefines();

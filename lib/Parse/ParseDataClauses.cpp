@@ -3,6 +3,7 @@
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParseData.h"
 #include "Parse/ParseSupplied.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -17,7 +18,7 @@ static constexpr auto dataSynonyms =
                   valueUsages),
            std::array{Keyword::Disp, Keyword::FunctionPointer, Keyword::Index, Keyword::Object,
                       Keyword::Pointer, Keyword::ProcedurePointer, Keyword::Dynamic, Keyword::Sql,
-                      Keyword::Type});
+                      Keyword::Type, Keyword::Indexed});
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
                                       /*innerWords=*/{},
                                       /*beginsWithName=*/false,
@@ -74,6 +75,12 @@ bool DataParser::parseDataClause(DataDescription &entry) {
   case Keyword::Volatile:
     return parseOnce(entry, &Data::getVolatile, &Data::setVolatile,
                      &DataParser::parseBareClause<ClauseVolatile>);
+  case Keyword::Indexed:
+    // A phrase of OCCURS that another clause divides from it.
+    if (!entry.getOccurs())
+      return unknownClause(dataClauses);
+    error(DiagnosticId::PhraseApart, here(), describe(peek()), textOf(Keyword::Occurs));
+    return parseOccursPhrases(*entry.getOccurs());
   case Keyword::Is:
     // IS EXTERNAL, IS GLOBAL
     if (!peek(1).isOneOf(Keyword::External, Keyword::Global))
@@ -112,6 +119,27 @@ Word *DataParser::parsePictureString() {
   return new Word(from(begin).getRange(), &text, &text);
 }
 
+/// Whether the picture string has a parenthesis that a space keeps from being closed, as in X(1 0).
+bool DataParser::isPictureDivided(const Word &string) {
+  llvm::StringRef text = string.getWordData();
+  return text.count('(') > text.count(')') && !at(TokenKind::Period) && !peek().isFirstOnLine() &&
+         !dataClauses.contains(peek().keyword);
+}
+
+/// Reports a divided picture string and skips the rest of it. Its parenthesis is closed, so that
+/// the item can be checked all the same.
+Word *DataParser::mendPicture(const Word &string) {
+  llvm::StringRef text = string.getWordData();
+  error(DiagnosticId::PictureDivided, string.getRange(), text);
+  while (!at(TokenKind::Period) && !peek().isFirstOnLine() && !dataClauses.contains(peek().keyword))
+    takeRun();
+  auto [front, count] = text.rsplit('(');
+  count = count.take_while(llvm::isDigit);
+  std::string closed = count.empty() ? front.str() : (front + "(" + count + ")").str();
+  const std::string &mended = internString(closed);
+  return new Word(from(string.getRange()).getRange(), &mended, &mended);
+}
+
 /// {PICTURE | PIC} [IS] character-string
 ClausePicture *DataParser::parsePicture() {
   SourceRange begin = here();
@@ -120,6 +148,8 @@ ClausePicture *DataParser::parsePicture() {
   Word *string = parsePictureString();
   if (!string)
     return nullptr;
+  if (isPictureDivided(*string))
+    string = mendPicture(*string);
   auto *picture = make<ClausePicture>(begin, string);
   if (context.decimalPointIsComma)
     picture->decodePicture(/*decimalPointIsComma=*/true);
@@ -331,28 +361,32 @@ ClauseOccurs *DataParser::parseOccurs() {
   SourceRange begin = here();
   accept(Keyword::Occurs);
   auto *occurs = makeAt<ClauseOccurs>(begin);
-  if (!parseOccursBounds(*occurs))
+  if (!parseOccursBounds(*occurs) || !parseOccursPhrases(*occurs))
     return nullptr;
+  return complete(occurs);
+}
+
+/// [DEPENDING ON data-name] [KEY phrases] [INDEXED BY names], in any order.
+bool DataParser::parseOccursPhrases(ClauseOccurs &occurs) {
   while (true) {
     if (accept(Keyword::Depending)) {
       accept(Keyword::On);
       DataIdentifierExpression *object = parseDataName();
       if (!object)
-        return nullptr;
-      occurs->setOdoName(object);
+        return false;
+      occurs.setOdoName(object);
     } else if (at(Keyword::Ascending, Keyword::Descending)) {
       Key *key = parseOccursKey();
       if (!key)
-        return nullptr;
-      occurs->addKey(key);
+        return false;
+      occurs.addKey(key);
     } else if (accept(Keyword::Indexed)) {
-      if (!parseIndexNames(*occurs))
-        return nullptr;
+      if (!parseIndexNames(occurs))
+        return false;
     } else {
-      break;
+      return true;
     }
   }
-  return complete(occurs);
 }
 
 /// [n TO] m [TIMES]. That there must be a number is a rule of the checker.

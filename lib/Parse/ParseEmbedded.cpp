@@ -23,9 +23,9 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
     text = peek().text;
     stream.skip();
   }
-  // The stream has reported an END-EXEC that is missing. Without it the text takes the period and
-  // all that follows with it.
-  if (!accept(Keyword::EndExec) && at(TokenKind::EndOfFile))
+  // The stream has reported an END-EXEC that is missing. Without it the text may have taken the
+  // period, and ends of statements, with it.
+  if (!accept(Keyword::EndExec) && !at(TokenKind::Period))
     recovery.noteUnknownStatement();
   return make<ExecStatement>(begin, type, text);
 }
@@ -48,6 +48,7 @@ bool ParserBase::skipEmbeddedBlock() {
 
 /// The text of a block whose EXEC is misspelt, so that the stream has made tokens of it.
 void ParserBase::skipEmbeddedText() {
+  Skipping skipping(*this);
   while (!at(Keyword::EndExec) && !atUnitBoundary())
     stream.skip();
   accept(Keyword::EndExec);

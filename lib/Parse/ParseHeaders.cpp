@@ -226,6 +226,7 @@ void ParserBase::expectPeriod() {
     return;
   missingPeriod();
   // Skip the rest of the line of a header.
+  Skipping skipping(*this);
   while (!peek().isFirstOnLine() && !atPartHeader() &&
          !at(TokenKind::IntegerLiteral, Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Select))
     if (accept(TokenKind::Period))
@@ -338,6 +339,7 @@ bool ParserBase::atStatement() {
 void ParserBase::expectHeaderPeriod() {
   if (expect(TokenKind::Period))
     return;
+  Skipping skipping(*this, stream.getLastPlace());
   while (!peek().isFirstOnLine() && !at(TokenKind::Period) && !atStatement())
     stream.skip();
   accept(TokenKind::Period);

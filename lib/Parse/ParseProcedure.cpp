@@ -66,6 +66,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   if (isRead && expect(TokenKind::Period))
     return;
   // The header was reported; skip the rest of it.
+  Skipping skipping(*this);
   while (!at(TokenKind::Period, Keyword::Declaratives) && !atStatement() && !atProcedureHeader() &&
          !atUnitBoundary())
     stream.skip();
@@ -202,6 +203,7 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
       continue;
     }
     expected("a section of the declaratives");
+    Skipping skipping(*this);
     // At least one word goes, so that EXIT SECTION is passed as well.
     do
       stream.skip();

@@ -23,7 +23,9 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
     return main.getError();
   TokenStream tokens(**main, files, diagnostics);
   ParserContext context(tokens, diagnostics, options);
-  return ProgramParser(context).parse(inputName);
+  Program *program = ProgramParser(context).parse(inputName);
+  files.collectDamagedNames(diagnostics.getDamage());
+  return program;
 }
 
 Program *ProgramParser::parse(llvm::StringRef inputName) {
@@ -37,6 +39,7 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       continue;
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
+      Skipping skipping(*this);
       while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId())
         stream.skip();
       continue;
@@ -61,6 +64,7 @@ bool ProgramParser::skipClassOrFunction() {
   if (!header.is(Keyword::ClassId) && !(header.isWord() && header.text == "FUNCTION-ID"))
     return false;
   error(DiagnosticId::NotSupported, header.place, header.text);
+  Skipping skipping(*this);
   while (!at(TokenKind::EndOfFile) && !atSequence(Keyword::End, Keyword::Class) &&
          !atSequence(Keyword::End, Keyword::Function))
     stream.skip();
@@ -119,6 +123,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
     }
     // A division out of its order; the text up to the next boundary is reported once.
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+    Skipping skipping(*this);
     stream.skip();
     while (!atUnitBoundary())
       stream.skip();
@@ -188,6 +193,7 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   if (!atUnitBoundary()) {
     if (hasProgramId)
       expected("a division");
+    Skipping skipping(*this);
     while (!atUnitBoundary())
       stream.skip();
   }

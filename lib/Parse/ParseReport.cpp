@@ -49,7 +49,7 @@ void ReportParser::parseReportSection(DataDivision &division) {
 
 void ReportParser::parseReportGroups(ReportDescription *report) {
   parseRecords(
-      groupClauses, [this] { return parseReportGroupEntry(); },
+      groupClauses, [this](unsigned level) { return parseReportGroupEntry(level); },
       [&](DataDescription *group) {
         group->setStorageType(StorageType::Report);
         if (report)
@@ -58,10 +58,10 @@ void ReportParser::parseReportGroups(ReportDescription *report) {
 }
 
 /// level-number [data-name] clauses.
-DataDescription *ReportParser::parseReportGroupEntry() {
+DataDescription *ReportParser::parseReportGroupEntry(unsigned assumedLevel) {
   SourceRange begin = here();
   auto *entry = makeAt<ReportDataDescription>(begin);
-  entry->setLevelNum(parseLevelNumber());
+  entry->setLevelNum(parseLevelNumber(assumedLevel));
   if (Word *name = parseEntryName(groupClauses))
     entry->setDataName(name);
   PresentContents *choice = nullptr;

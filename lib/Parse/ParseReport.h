@@ -22,7 +22,7 @@ private:
   /// Parses report groups; \p report may be null.
   void parseReportGroups(ReportDescription *report);
   /// One entry of a report group, with its level number next.
-  DataDescription *parseReportGroupEntry();
+  DataDescription *parseReportGroupEntry(unsigned assumedLevel);
   ReportDescription *parseReportDescription();
   bool parseReportDescriptionClause(ReportDescription &report);
   ClauseAllow *parseAllow();

@@ -417,6 +417,7 @@ bool StatementParser::atResumption(bool passesWhen) {
 }
 
 void StatementParser::skipToStatement(bool passesWhen) {
+  Skipping skipping(*this);
   while (!atResumption(passesWhen))
     stream.skip();
 }
@@ -452,6 +453,7 @@ void StatementParser::skipRestOfStatement(Keyword verb) {
 /// messages.
 void StatementParser::abandonSentence() {
   recovery.abandonSentence();
+  Skipping skipping(*this);
   while (!at(TokenKind::Period) && !atUnitBoundary() && !atProcedureHeader() &&
          !atEndDeclaratives())
     stream.skip();

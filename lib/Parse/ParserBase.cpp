@@ -3,6 +3,7 @@
 #include "Parse/ParserBase.h"
 #include "AST/Spelling.h"
 #include "Parse/MisspeltWords.h"
+#include "Parse/SourceDiagnostics.h"
 #include "llvm/ADT/SmallString.h"
 
 namespace tarka {
@@ -10,6 +11,24 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 // Tokens
 //===----------------------------------------------------------------------===//
+
+/// Whether the mistake is new. The text around it is damaged in any case: where it is found out by
+/// what follows, the mistake itself is before that.
+bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
+  SourceDamage &damage = context.diagnostics.getDamage();
+  damage.add(place);
+  if (beginsSuppression(id))
+    damage.add(stream.getLastPlace());
+  if (!recovery.shouldReport(id, place))
+    return false;
+  const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);
+  if (!cut)
+    return true;
+  if (context.lastCutLine != std::pair(cut->place.file, cut->place.beginLine))
+    context.diagnostics.report(DiagnosticId::TextPastMargin, cut->place, cut->text);
+  context.lastCutLine = {cut->place.file, cut->place.beginLine};
+  return false;
+}
 
 Failure ParserBase::expected(llvm::StringRef what) {
   // The end of the file has no text to point at; the last thing read has.
@@ -52,6 +71,7 @@ Node ParserBase::from(const SourceRange &begin) {
 }
 
 void ParserBase::skipPastPeriod() {
+  Skipping skipping(*this);
   while (!at(TokenKind::EndOfFile))
     if (accept(TokenKind::Period))
       return;

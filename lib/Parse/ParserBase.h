@@ -30,6 +30,7 @@
 #include "llvm/ADT/DenseSet.h"
 #include <bitset>
 #include <optional>
+#include <utility>
 
 namespace tarka {
 
@@ -51,6 +52,8 @@ struct ParserContext {
   llvm::DenseSet<const std::string *> repositoryFunctions;
   /// The names after INDEXED BY, which become entries of the data division only when it is checked.
   llvm::DenseSet<const std::string *> indexNames;
+  /// The file and line that was reported last to be cut at column 72.
+  std::pair<unsigned, unsigned> lastCutLine;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
   /// Whether the translator of CICS reads the outermost program.
@@ -94,7 +97,7 @@ public:
   /// Reports \p id at \p place with the values of its {0}, {1} ..., unless it is suppressed.
   template <typename... Arguments>
   Failure error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
-    if (recovery.shouldReport(id, place))
+    if (isToBeReported(id, place))
       context.diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return {};
   }
@@ -121,6 +124,25 @@ public:
     node->setRange(from(node->getRange()).getRange());
     return node;
   }
+
+  /// Marks the tokens taken while it lives as damaged text. It is for loops that skip to a token at
+  /// which parsing can resume.
+  class Skipping {
+  public:
+    explicit Skipping(ParserBase &owner) : parser(owner), begin(owner.here()) {}
+    Skipping(ParserBase &owner, const SourceRange &first) : parser(owner), begin(first) {}
+    ~Skipping() {
+      if (parser.stream.getTaken() != takenBefore)
+        parser.context.diagnostics.getDamage().add(parser.from(begin).getRange());
+    }
+    Skipping(const Skipping &) = delete;
+    Skipping &operator=(const Skipping &) = delete;
+
+  private:
+    ParserBase &parser;
+    SourceRange begin;
+    uint64_t takenBefore = parser.stream.getTaken();
+  };
 
   /// Skips the next period and what comes before it, or to the end of the file.
   void skipPastPeriod();
@@ -257,6 +279,7 @@ protected:
   Recovery &recovery;
 
 private:
+  bool isToBeReported(DiagnosticId id, const SourceRange &place);
   Keyword namelessDivision();
   bool atMisspeltDivision(unsigned n);
 };

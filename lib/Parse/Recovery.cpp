@@ -10,8 +10,7 @@ namespace tarka {
 // Cascade suppression
 //===----------------------------------------------------------------------===//
 
-/// Whether it is uncertain after the message what the next tokens are meant to be.
-static bool beginsSuppression(DiagnosticId id) {
+bool beginsSuppression(DiagnosticId id) {
   switch (id) {
   case DiagnosticId::Expected:
   case DiagnosticId::ReservedWord:
@@ -42,6 +41,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade)
     ++suppressedMistakes;
+  else
+    lastReport = stream.getTaken();
   if (isCascade || beginsSuppression(id))
     suppressedUntil = stream.getTaken() + suppressedTokens;
   return !isCascade;

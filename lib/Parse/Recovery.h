@@ -19,6 +19,9 @@
 
 namespace tarka {
 
+/// Whether it is uncertain after the message \p id what the next tokens are meant to be.
+bool beginsSuppression(DiagnosticId id);
+
 /// A statement being parsed.
 struct EnclosingStatement {
   EnclosingStatement(Keyword theVerb, PhraseSet alreadyGiven)
@@ -62,6 +65,9 @@ public:
 
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
+
+  /// Whether the mistake at the next token has been reported: nothing was read since.
+  bool hasReportedHere() const { return stream.getTaken() == lastReport; }
 
   /// Detects whether a mistake was found since the trap was set: reported or suppressed, in the
   /// syntax or in the source text.
@@ -168,6 +174,8 @@ private:
   const FrontEndDiagnostics &diagnostics;
   /// The number of tokens taken from the stream up to which mistakes are suppressed.
   uint64_t suppressedUntil = 0;
+  /// The number of tokens that were taken when a mistake was reported last.
+  uint64_t lastReport = ~uint64_t(0);
   unsigned suppressedMistakes = 0;
 
   llvm::SmallVector<EnclosingStatement, 16> enclosing;

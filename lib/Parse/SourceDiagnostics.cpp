@@ -22,6 +22,11 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
   case DiagnosticId::CopybookNotFound:
   case DiagnosticId::SuppliedCopybookNotFound:
     missingCopybooks.push_back(place);
+    sink.getDamage().addMissingCopybook();
+    return;
+  case DiagnosticId::CopybookUnreadable:
+  case DiagnosticId::CopyCycle:
+    sink.getDamage().addMissingCopybook();
     return;
   default:
     return;
@@ -32,6 +37,21 @@ bool SourceDiagnostics::isDamaged(const SourceRange &place) const {
   return damagedFiles.contains(place.file) || llvm::any_of(damage, [&](const SourceRange &one) {
            return one.file == place.file && one.endLine == place.beginLine;
          });
+}
+
+const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,
+                                              const SourceRange &next) const {
+  // The line of the mistake was read a moment ago.
+  for (const CutLine &cut : llvm::reverse(cutLines)) {
+    const SourceRange &place = cut.place;
+    bool isLast = place.file == last.file && place.beginLine == last.endLine &&
+                  last.endColumn >= place.beginColumn;
+    bool isNext = place.file == next.file && place.beginLine == next.beginLine &&
+                  next.endColumn >= place.beginColumn;
+    if (isLast || isNext)
+      return &cut;
+  }
+  return nullptr;
 }
 
 bool SourceDiagnostics::isCopybookMissing(const SourceRange &before,

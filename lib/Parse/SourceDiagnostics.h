@@ -11,9 +11,16 @@
 #include "Parse/Diagnostics.h"
 #include "llvm/ADT/SmallSet.h"
 #include "llvm/ADT/SmallVector.h"
+#include <string>
 #include <utility>
 
 namespace tarka {
+
+/// Text that goes on past the column at which lines of fixed form end.
+struct CutLine {
+  SourceRange place; ///< of the last word before the margin
+  std::string text;  ///< the word with what follows it past the margin
+};
 
 /// Reports mistakes in the source text and remembers the text that they damage.
 class SourceDiagnostics {
@@ -30,11 +37,24 @@ public:
   bool hasErrors() const { return sink.hasErrors(); }
 
   /// Marks all text of \p file as damaged: a COPY that could only be read in part put it in.
-  void markDamaged(unsigned file) { damagedFiles.insert(file); }
+  void markDamaged(unsigned file) {
+    damagedFiles.insert(file);
+    sink.getDamage().addMissingCopybook();
+  }
+  /// Marks the text at \p place as damaged for later stages; the parser can expect what follows.
+  void noteDamage(const SourceRange &place) { sink.getDamage().add(place); }
   /// Whether the text at \p place is damaged: a message was reported that ends in its first line.
   bool isDamaged(const SourceRange &place) const;
   /// Whether a copybook that was not found belongs between \p before and \p after.
   bool isCopybookMissing(const SourceRange &before, const SourceRange &after) const;
+
+  /// Notes a line whose text seems to go on past column 72. Most of what stands there identifies
+  /// the line, so only a mistake on such a line is explained by it.
+  void noteCutLine(const SourceRange &place, llvm::StringRef text) {
+    cutLines.push_back({place, text.str()});
+  }
+  /// The line that is cut at \p last or \p next; null where both are whole.
+  const CutLine *findCutLine(const SourceRange &last, const SourceRange &next) const;
 
 private:
   void noteDamage(DiagnosticId id, const SourceRange &place);
@@ -42,6 +62,7 @@ private:
   FrontEndDiagnostics &sink;
   llvm::SmallVector<SourceRange, 0> damage;
   llvm::SmallVector<SourceRange, 0> missingCopybooks;
+  llvm::SmallVector<CutLine, 0> cutLines;
   llvm::SmallSet<unsigned, 4> damagedFiles;
 };
 

@@ -3,6 +3,7 @@
 #include "Parse/SourceFile.h"
 #include "Parse/BmsMacros.h"
 #include "Parse/CharacterTable.h"
+#include "Parse/SourceDamage.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
@@ -172,6 +173,13 @@ llvm::ErrorOr<const SourceFile *> SourceManager::open(llvm::StringRef path) {
   else
     file = new SourceFile(path, decodeText(bytes, options.encoding));
   return file;
+}
+
+void SourceManager::collectDamagedNames(SourceDamage &damage) const {
+  if (!damage.empty())
+    for (const auto &file : files)
+      if (file.second)
+        damage.collectNames(file.second->getNumber(), file.second->getText());
 }
 
 const SourceFile &SourceManager::addText(llvm::StringRef name, llvm::StringRef text) {
