@@ -176,7 +176,7 @@ private:
 /// One operator with its one or two operands, nested to any depth.
 class ArithmeticExpression : public Expression {
 public:
-  /// \p second is null for a unary operator. \p parenthesised tells that the expression stands in
+  /// \p second is null for a unary operator. \p parenthesised: the expression stands in
   /// parentheses of its own in the source.
   ArithmeticExpression(const Node *at, ArithmeticExprType op, Expression *first, Expression *second,
                        bool parenthesised)

@@ -33,8 +33,8 @@ enum class CFGRule : std::uint8_t {
   RangeExit,
   /// Where a statement sends control, there is a block to send it to.
   Target,
-  /// A block that holds a statement can be come to from the beginning of a procedure, unless it
-  /// stands behind an unconditional transfer of control.
+  /// A block that holds a statement is reachable from the beginning of a procedure, unless it
+  /// follows an unconditional transfer of control.
   WayIn,
 };
 

@@ -17,7 +17,7 @@ enum class CheckedPart {
   Statement,
 };
 
-/// Is told by a SemanticChecker which parts it checks and with which results. Parts nest.
+/// Notified by a SemanticChecker of the parts that it checks and of their results. Parts nest.
 class CheckListener {
 public:
   virtual ~CheckListener() = default;

@@ -124,11 +124,11 @@ public:
     errorHandler->PushError(code, node, text);
     return false;
   }
-  /// Pushes a warning at \p node. A warning is no failure.
+  /// Pushes a warning at \p node. A warning does not fail the check.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   ErrorHandler *getErrorHandler() const { return errorHandler; }
 
-  /// Who is told the result of every part; null, the default, for nobody.
+  /// The listener that receives the result of every part; null, the default, for none.
   CheckListener *getListener() const { return listener; }
   void setListener(CheckListener *newListener) { listener = newListener; }
 
@@ -465,10 +465,10 @@ public:
   /// A USING item of ENTRY.
   bool semanticCheck(Parameter *parameter);
 
-  /// The section that \p name means, or null; a name that no section has is no error.
+  /// The section that \p name means, or null; a name that no section has is not an error.
   /// \p statement is the referring statement, which may be null.
   Section *findSectionFromQualWord(QualifiedWord *name, Statement *statement);
-  /// The paragraph that \p name means; null, with a diagnostic, when there is no such one.
+  /// The paragraph that \p name means; null, with a diagnostic, when there is none.
   Paragraph *findParagraphFromQualWord(QualifiedWord *name, Statement *statement);
 
 private:

@@ -18,8 +18,8 @@ namespace tarka {
 enum class DeadReason : std::uint8_t {
   None,           ///< it does
   NoWayIn,        ///< nothing names it, and what stands before it only returns to performers
-  BehindTransfer, ///< it stands behind a procedure that never comes to its end
-  RangeNeverEnds, ///< it stands behind a PERFORM that never returns
+  BehindTransfer, ///< it follows a procedure that never reaches its end
+  RangeNeverEnds, ///< it follows a PERFORM that never returns
   OnlyFromDead,   ///< whatever leads to it is not reached itself
 };
 

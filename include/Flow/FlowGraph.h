@@ -195,7 +195,7 @@ public:
 
   /// Whether control can come to \p block, one of the function; it may hold no node.
   bool isReached(const CFGBlock &block) const;
-  /// Whether control can fall from the end of \p block into the block that stands behind it.
+  /// Whether control can fall from the end of \p block into the block that follows it.
   bool fallsThrough(const CFGBlock &block) const;
 
 private:

@@ -1,6 +1,6 @@
 //===- Parse.h - from a source file to a tree -------------------*- C++ -*-===//
 //
-// The door of the front end: reads one compilation and builds its tree.
+// The entry point of the front end: reads one compilation and builds its tree.
 //
 //===----------------------------------------------------------------------===//
 

@@ -67,7 +67,7 @@ llvm::StringRef sliceColumns(llvm::StringRef line, unsigned begin, unsigned end)
 
 /// Gives each of \p diagnostics, which are those of one compilation in the order found, its
 /// fingerprint: made of the number, the program and the text of the line with its spaces squeezed.
-/// Several with equal ones are told apart by their order.
+/// Several with equal ones are distinguished by their order.
 void setFingerprints(std::vector<Diagnostic> &diagnostics);
 
 } // namespace tarka

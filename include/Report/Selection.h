@@ -88,6 +88,9 @@ struct SuppressionFault {
 /// The suppressions of one file.
 class Suppressions {
 public:
+  /// The word that every such comment has.
+  static constexpr llvm::StringLiteral marker = "tarka:";
+
   /// Reads the comments of \p text, the whole text of file number \p fileNumber.
   Suppressions(unsigned fileNumber, llvm::StringRef text);
 

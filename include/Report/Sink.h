@@ -27,7 +27,7 @@ struct RunInfo {
 /// What came out of a run.
 struct RunSummary {
   unsigned files = 0;
-  /// Lines of the source files, without copybooks; 0 when nobody asked for them.
+  /// Lines of the source files, without copybooks; 0 when not requested.
   std::uint64_t lines = 0;
   unsigned errors = 0;
   unsigned warnings = 0;

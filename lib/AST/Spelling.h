@@ -26,7 +26,7 @@ public:
 private:
   llvm::StringRef word;
   llvm::StringRef nearest;
-  unsigned limit; ///< a candidate farther away than this is no better than what was found
+  unsigned limit; ///< a candidate farther away than this is not better than what was found
   bool isExact = false;
 };
 

@@ -42,7 +42,7 @@ std::string formatMessage(ErrorCode code, va_list arguments) {
 }
 
 /// Writes to the standard error stream through \p write, in large pieces. A stream that cannot be
-/// written to is no reason to end the program.
+/// written to does not end the program.
 template <typename Writer> void toStandardError(Writer write) {
   std::fflush(stderr);
   llvm::raw_fd_ostream out(STDERR_FILENO, /*shouldClose=*/false);

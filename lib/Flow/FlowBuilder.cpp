@@ -436,7 +436,7 @@ void FlowBuilder::collectUse(FunctionPlan &read) {
 
 /// The USE procedures that a failing operation on \p file may enter. In what mode the file is open
 /// when it fails is known at run time only, and a status of 47 to 49 arises just where the mode
-/// does not fit the statement, so a procedure for any mode counts. \p isSpecific tells that one of
+/// does not fit the statement, so a procedure for any mode counts. \p isSpecific: one of
 /// them always runs.
 llvm::SmallVector<std::uint32_t, 4> FlowBuilder::useSectionsFor(const FileDescription *file,
                                                                 bool &isSpecific) const {

@@ -124,6 +124,7 @@ private:
   }
   std::uint32_t fallOf(const FunctionPlan &of, const CFGBlock *block, const CFGBlock *&next) const;
   const CFGBlock *following(const CFGBlock *block) const;
+  const CFGBlock *entryBehind(const CFGBlock *block) const;
   std::uint32_t wayOn(std::uint32_t node, const CFGBlock *block);
   std::uint32_t exitNode() const { return plan->graph->nodeEnd - 1; }
   std::uint32_t endOf(const Section *section, const Paragraph *paragraph) const;

@@ -234,10 +234,12 @@ void FactCollector::findOverlaps() {
 /// Procedures that are performed and fallen into as well, except where a range around both is.
 void FactCollector::findFallenInto() {
   std::vector<std::pair<std::uint32_t, std::uint32_t>> texts;
+  texts.reserve(facts.ranges.size());
   for (const RangeFacts &range : facts.ranges)
     texts.push_back(textOf(range));
   llvm::sort(texts);
   std::vector<std::uint32_t> farthest;
+  farthest.reserve(texts.size());
   for (const auto &[first, last] : texts)
     farthest.push_back(std::max(last, farthest.empty() ? 0 : farthest.back()));
   for (RangeFacts &range : facts.ranges) {

@@ -65,6 +65,8 @@ std::uint32_t FlowBuilder::resolve(const CFGBlock *block) {
         node = endOf(exit->getSection(), exit->getParagraph());
     } else if (block->getHaveTerminator() && block->getThenBlock()) {
       next = block->getThenBlock();
+    } else if (const CFGBlock *entry = block->getHaveTerminator() ? nullptr : entryBehind(block)) {
+      next = entry;
     } else if (block->getSuccessorBlock()) {
       next = block->getSuccessorBlock();
     } else if (!block->getHaveTerminator()) {
@@ -89,14 +91,20 @@ const CFGBlock *FlowBuilder::following(const CFGBlock *block) const {
   return place < plan->blocks.size() ? plan->blocks[place] : nullptr;
 }
 
+/// The block of an ENTRY that stands right behind \p block; null without one. In the first block of
+/// an inline PERFORM the successor that led to it is replaced.
+const CFGBlock *FlowBuilder::entryBehind(const CFGBlock *block) const {
+  const CFGBlock *behind = following(block);
+  const std::uint32_t first =
+      behind ? plan->firstNode[static_cast<std::size_t>(behind->getPlace())] : noFlow;
+  return first != noFlow && flow.nodeList[first].getKind() == FlowNodeKind::Entry ? behind
+                                                                                  : nullptr;
+}
+
 /// Where control goes on behind the last statement of \p block, which ends in no transfer.
 std::uint32_t FlowBuilder::wayOn(std::uint32_t node, const CFGBlock *block) {
-  // An ENTRY in the first block of an inline PERFORM: the successor that led to it is replaced.
-  if (const CFGBlock *behind = following(block)) {
-    const std::uint32_t first = plan->firstNode[static_cast<std::size_t>(behind->getPlace())];
-    if (first != noFlow && flow.nodeList[first].getKind() == FlowNodeKind::Entry)
-      return first;
-  }
+  if (const CFGBlock *entry = entryBehind(block))
+    return resolve(entry);
   const CFGBlock *next = block->getSuccessorBlock();
   const std::uint32_t end = next ? noFlow : fall(block, next);
   if (!next)

@@ -158,8 +158,8 @@ void FlowReach::goOn(std::uint32_t fromPiece, std::uint32_t node) {
   state[fromPiece].leadsTo.push_back(node);
   if (state[fromPiece].anyContext)
     enter(anyContext, piece);
-  for (std::size_t at = 0; at < state[fromPiece].contexts.size(); ++at)
-    enter(state[fromPiece].contexts[at], piece);
+  for (std::uint32_t context : state[fromPiece].contexts)
+    enter(context, piece);
 }
 
 void FlowReach::process(std::uint32_t node) {
@@ -184,6 +184,8 @@ void FlowReach::process(std::uint32_t node) {
     state[piece].endReached = true;
     if (state[piece].anyContext)
       atEnd(anyContext, procedure);
+    // More contexts may come while these go on.
+    // NOLINTNEXTLINE(modernize-loop-convert)
     for (std::size_t at = 0; at < state[piece].contexts.size(); ++at)
       atEnd(state[piece].contexts[at], procedure);
   }
@@ -251,8 +253,8 @@ void FlowReach::complete(std::uint32_t range) {
   if (flow.rangeList[range].completes)
     return;
   flow.rangeList[range].completes = true;
-  for (std::size_t at = 0; at < waiting[range].size(); ++at) {
-    const FlowSite &site = builder.sites[waiting[range][at]];
+  for (std::uint32_t number : waiting[range]) {
+    const FlowSite &site = builder.sites[number];
     if (site.returnsTo != noFlow)
       goOn(builder.pieceOf[site.node], site.returnsTo);
   }
@@ -475,8 +477,11 @@ template <> struct GraphTraits<const tarka::PerformGraph *> {
   };
 
   static NodeRef getEntryNode(const tarka::PerformGraph *graph) { return &graph->nodes.back(); }
+  // The names are those that LLVM asks for.
+  // NOLINTBEGIN(readability-identifier-naming)
   static ChildIteratorType child_begin(NodeRef node) { return {node->next.begin(), node}; }
   static ChildIteratorType child_end(NodeRef node) { return {node->next.end(), node}; }
+  // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace llvm

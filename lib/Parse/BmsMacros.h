@@ -92,7 +92,7 @@ private:
   size_t nextPart(size_t at) const;
   void addOperand(BmsMacro &macro, llvm::StringRef text, const SourceRange &place);
   SourceRange rangeOf(size_t first, size_t last) const;
-  /// Reports \p id, but not for a mapset that nobody asked for.
+  /// Reports \p id, but not for a mapset that was not requested.
   template <typename... Arguments>
   void report(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
     if (!isSkipping)

@@ -38,7 +38,7 @@ public:
 
   bool isOpen() const { return handle != reinterpret_cast<iconv_t>(-1); }
 
-  /// Appends \p bytes to \p result, with a space for a byte that is no character.
+  /// Appends \p bytes to \p result, with a space for a byte that is not a character.
   void convert(llvm::StringRef bytes, DecodedText &result) {
     iconv(handle, nullptr, nullptr, nullptr, nullptr);
     char *from = const_cast<char *>(bytes.data());

@@ -84,8 +84,8 @@ private:
 /// or semicolon is a separator.
 llvm::StringRef pictureIn(llvm::StringRef text);
 
-/// Reports, the first time, that \p file is no text or not in its encoding: 3, 6, 7. Gives whether
-/// there is no use in reading it.
+/// Reports, the first time, that \p file is not text or not in its encoding: 3, 6, 7. Gives whether
+/// it must not be read.
 bool reportFault(const SourceFile &file, LexerContext &context);
 
 /// The tokens of one file.

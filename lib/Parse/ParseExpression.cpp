@@ -196,7 +196,7 @@ bool ExpressionParser::atNextSubscript(const Expression &subscript) {
   const SourceRange &last = stream.getLastPlace();
   const SourceRange sign = here();
   const bool touches = last.file == sign.file && last.endLine == sign.beginLine &&
-                       last.endColumn + 1 == sign.beginColumn;
+                       last.endColumn + 1u == sign.beginColumn;
   if (touches || !atNumericLiteral())
     return false;
   if (const auto *sum = llvm::dyn_cast<ArithmeticExpression>(&subscript)) {

@@ -234,7 +234,7 @@ void ReportParser::acceptNumber() {
 }
 
 /// Whether a number of a LINE or COLUMN clause is next, of which \p count were read. The first one
-/// is no level number wherever it stands, and only it can be a data-name: further words are more
+/// is not a level number wherever it stands, and only it can be a data-name: further words are more
 /// likely a mistake.
 bool ReportParser::atLineOrColumn(std::size_t count) {
   if (count > 0 && atLevelNumber())

@@ -12,7 +12,7 @@ class StatementParser : public ConditionParser {
 public:
   using ConditionParser::ConditionParser;
 
-  /// Statements as long as verbs follow. What is no statement and ends none of the enclosing
+  /// Statements as long as verbs follow. What is not a statement and ends none of the enclosing
   /// statements is reported and skipped. Failed when statements were there but all of them failed.
   Outcome parseStatements(std::list<Statement *> &statements);
   /// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its

@@ -67,7 +67,7 @@ std::string ParserBase::takeRun() {
   auto clings = [](const Token &token, const SourceRange &before) {
     const SourceRange &place = token.place;
     return place.file == before.file && place.beginLine == before.endLine &&
-           place.beginColumn <= before.endColumn + 1 + token.isAfterComma() &&
+           place.beginColumn <= before.endColumn + 1u + token.isAfterComma() &&
            !token.isFromReplacement() && !token.is(TokenKind::EndOfFile);
   };
   for (; clings(peek(), last); stream.skip()) {

@@ -578,7 +578,7 @@ bool Preprocessor::readOperand(Token &token, llvm::SmallVectorImpl<Token> &token
 }
 
 /// The text between == and ==, of which \p opening is the first. False, after a message, when there
-/// is no other.
+/// is no closing one.
 bool Preprocessor::readPseudoText(const Token &opening, llvm::SmallVectorImpl<Token> &tokens) {
   Lexer &lexer = levels.back()->lexer;
   lexer.setInPseudoText(true);

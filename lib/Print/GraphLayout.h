@@ -79,7 +79,7 @@ private:
 };
 
 /// How control leaves a procedure for others: the kind of the way, and the block that it leads to.
-/// Returning to a performer is no such way.
+/// Returning to a performer does not count.
 using ProcedureWays = llvm::SetVector<std::pair<FlowEdgeKind, const CFGBlock *>>;
 
 /// The ways of every group of a function.

@@ -531,7 +531,7 @@ void DotPrinter::addLine(const FlowNode &node, const FlowNode &target, FlowEdgeK
   addLine(from, to, style, label, (isForward && isClose) || !isWanted(home) || !isWanted(other));
 }
 
-/// A way to the end of \p procedure. Where nobody performs it, that is a way to what follows.
+/// A way to the end of \p procedure. Where it is never performed, that is a way to what follows.
 void DotPrinter::addFall(const FlowNode &node, std::uint32_t procedure, FlowEdgeKind kind) {
   const FlowProcedure &left = flow->procedure(procedure);
   if (isEnd[procedure])
@@ -546,7 +546,7 @@ void DotPrinter::addFall(const FlowNode &node, std::uint32_t procedure, FlowEdge
       addExit(node);
     return;
   }
-  // The outcome of a condition is told too.
+  // The outcome of a condition is shown too.
   addLine(node, next, kind == FlowEdgeKind::Next ? FlowEdgeKind::FallsInto : kind,
           EdgeStyle::FallsInto);
 }
@@ -597,7 +597,7 @@ void DotPrinter::addLines(const FlowNode &node) {
 void DotPrinter::addCollapsedLines(std::size_t function) {
   const GraphLayout &layout = layouts[function];
   const std::vector<ProcedureWays> ways = waysOfGroups(layout);
-  // Lines from everywhere to one box make a picture that nobody can read, nor Graphviz draw: the
+  // Lines from everywhere to one box are unreadable, and too many for Graphviz to draw: the
   // boxes name it instead.
   constexpr std::size_t manyGroups = 60, manyLines = 8;
   std::vector<std::size_t> incoming(layout.groups.size());

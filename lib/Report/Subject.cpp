@@ -106,7 +106,7 @@ std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
 
 } // namespace
 
-// A diagnostic has a Node, which has no kind of its own: the families of nodes are told apart by
+// A diagnostic has a Node, which has no kind of its own: the families of nodes are distinguished by
 // their C++ type, the kinds within a family as everywhere.
 Subject subjectOf(const Node &node) {
   if (const auto *expression = dynamic_cast<const Expression *>(&node))

@@ -9,7 +9,6 @@ namespace tarka {
 
 namespace {
 
-constexpr llvm::StringLiteral marker = "tarka:";
 /// Fixed form: the column of the indicator, from 0.
 constexpr std::size_t indicator = 6;
 

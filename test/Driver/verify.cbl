@@ -14,8 +14,8 @@ PROCEDURE DIVISION.
     MOVE A TO UNKNOWN. *> expect: 3310 *> expect-pass
     MOVE A TO B. *> expect-fail
     MOVE A TO B. *> expect-pass: 3468
-    ALTER OLD TO NEW.
-    ALTER OLD TO NEW. *> expect-fail
+    ALTER OLD TO NEW. *> expect: 5101
+    ALTER OLD TO NEW. *> expect-fail *> expect: 5101
 OLD.
     GO TO OLD.
 NEW.

@@ -31,10 +31,10 @@ PROCEDURE DIVISION.
     DISPLAY ROW-NAME (N + 1) ROW-NAME (ROW-X - 1) CELLS (1, N) CELLS (ROW-X CELL-X + 2).
     DISPLAY ROW-NAME (BINARY-ITEM) CELLS (ROW-X, ROW-NAME (1)). *> expect: 3301:36-62
 
-    *> Zero is treated as one; a negative literal is not checked.
+    *> Zero is treated as one.
     DISPLAY ROW-NAME (0). *> expect: 3528
     DISPLAY CELLS (0, 0). *> expect: 3528 3528
-    DISPLAY ROW-NAME (-1).
+    DISPLAY ROW-NAME (-1). *> expect: 5001
 
     *> An item with decimal places is accepted as a numeric item.
     DISPLAY ROW-NAME (WITH-SCALE) ROW-NAME (ZERO).
@@ -47,10 +47,10 @@ PROCEDURE DIVISION.
     DISPLAY ROW-NAME (NOWHERE). *> expect: 3310:23-29
     DISPLAY ROW-NAME (NOWHERE + 1). *> expect: 3310:23-29
 
-    *> Only tables and what they hold have subscripts; how many is not counted.
+    *> Only tables and what they hold have subscripts.
     DISPLAY NO-TABLE (1). *> expect: 3316
     DISPLAY N (TEXT-ITEM). *> expect: 3316 3301
-    DISPLAY CELLS (1) ROWS (2).
+    DISPLAY CELLS (1) ROWS (2). *> expect: 5002
     IF ROW-EMPTY (1) CONTINUE.
     IF NOT-IN-TABLE (1) CONTINUE. *> expect: 3316
 
@@ -67,8 +67,7 @@ PROCEDURE DIVISION.
     DISPLAY NO-TABLE (WITH-SCALE:1). *> expect: 3314
     DISPLAY BINARY-ITEM (1:TEXT-ITEM). *> expect: 3316 3314
     DISPLAY NO-TABLE (NOWHERE:1). *> expect: 3310 3314
-    *> Values are not compared with the length of the item.
-    DISPLAY NO-TABLE (11:5).
+    DISPLAY NO-TABLE (11:5). *> expect: 5004
 
     *> Of a wrong modifier the statement still goes on: a modified receiver is characters.
     MOVE NO-TABLE (1:2) TO NO-TABLE (3:2) ROW-NAME (0) (1:1). *> expect: 3528

@@ -1,13 +1,15 @@
-      *> Errors prevent the layout, unless --keep-going is given.
-      *> RUN: sh -c '%tarka layout %s 2> %t; echo status $?' | FileCheck %s --check-prefix=STOP
-      *> RUN: FileCheck %s --check-prefix=WHY < %t
-      *> RUN: sh -c '%tarka layout --keep-going %s 2> %t; echo status $?' | FileCheck %s --check-prefix=GO
-      *> STOP-NOT: PROGRAM
-      *> STOP: status 1
-      *> WHY: error 3310
-      *> WHY: no layout of {{.*}}errors.cbl is printed: the errors above come first; --keep-going
-      *> GO: 01 ITEM 0 0000 3
-      *> GO: status 1
+      *> A mistake in the procedure division does not keep the records and the tree from being
+      *> shown; the report and the status tell of it.
+      *> RUN: sh -c '%tarka layout %s 2> %t; echo status $?' | FileCheck %s --check-prefix=LAYOUT
+      *> RUN: FileCheck %s --check-prefix=REPORT < %t
+      *> RUN: sh -c '%tarka ast %s 2> %t; echo status $?' | FileCheck %s --check-prefix=TREE
+      *> RUN: FileCheck %s --check-prefix=REPORT < %t
+      *> LAYOUT: 01 ITEM 0 0000 3
+      *> LAYOUT: status 1
+      *> TREE: MoveStatement
+      *> TREE: status 1
+      *> REPORT: error 3310
+      *> REPORT-NOT: tarka:
        IDENTIFICATION DIVISION.
        PROGRAM-ID. ERRORS.
        DATA DIVISION.

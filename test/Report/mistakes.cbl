@@ -137,7 +137,7 @@ P-ERROR-1.
     SUPPRESS PRINTING. *> expect: 3409
     TERMINATE NUMBERS.
     PERFORM FINISH.
-*> The copy of FINISH that this section performs stands behind the procedures of a report.
+*> The copy of FINISH that this section performs follows the procedures of a report.
 BEFORE-DETAIL SECTION.
     USE BEFORE REPORTING SHOWN-DETAIL.
 BEFORE-DETAIL-1.

@@ -244,7 +244,7 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
   return message + "; tarka " + command->get_name() + " --help explains them\n";
 }
 
-/// Whether \p word, with which the command line begins, looks like a command and is no file.
+/// Whether \p word, with which the command line begins, looks like a command and is not a file.
 bool isMisspeltCommand(llvm::StringRef word) {
   return llvm::all_of(word, llvm::isAlpha) && !llvm::sys::fs::exists(word);
 }
@@ -308,7 +308,8 @@ CommandLineResult readCommandLine(int argc, char **argv) {
         return name.empty() ? std::string("a name is missing") : std::string();
       });
   layout->add_flag("--all", request.layout.all, "the special registers too");
-  layout->add_flag("--keep-going", request.keepGoing, "print the layout though there are errors");
+  layout->add_flag("--keep-going", request.keepGoing,
+                   "has no effect: the layout is always printed");
 
   CLI::App *ast =
       app.add_subcommand("ast", "print the tree of FILE with what the checks left in it");
@@ -316,7 +317,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   ast->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json")
       ->transform(oneOf(textFormats));
-  ast->add_flag("--keep-going", request.keepGoing, "print the tree though there are errors");
+  ast->add_flag("--keep-going", request.keepGoing, "has no effect: the tree is always printed");
 
   CLI::App *explain =
       app.add_subcommand("explain", "explain the diagnostic NUMBER with a program that draws it");

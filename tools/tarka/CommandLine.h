@@ -66,7 +66,7 @@ struct Request {
   std::string baseline;
   std::string writeBaseline;
   bool exitZero = false;
-  unsigned maxErrors = 0; ///< 0 is no bound
+  unsigned maxErrors = 0; ///< 0 for unlimited
   bool fix = false;
   bool diff = false;
 

@@ -67,6 +67,8 @@ private:
   SourceLines lines;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
+  /// What the second pass has found; only check runs it.
+  std::vector<ErrorEntry> secondPass;
   PartResults parts{handler};
   Program *program = nullptr;
   bool checksSucceeded = false;
@@ -88,6 +90,8 @@ bool Compilation::analyse(std::string &failure) {
   if (request.verify)
     checker.setListener(&parts);
   checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
+  if (request.command == Command::Check && !request.syntaxOnly)
+    secondPass = checkLanguage(*program, frontEnd, handler);
   return true;
 }
 
@@ -96,10 +100,11 @@ FileReport Compilation::check() {
   report.file = file;
   if (!analyse(report.failure))
     return report;
-  report.failedSilently = !checksSucceeded && !hasErrors();
+  report.failedSilently =
+      request.command == Command::Check && !checksSucceeded && !hasErrors() && secondPass.empty();
   if (showsSummary(request))
     report.lines = lines.textOf(internFileName(file)).count('\n');
-  report.diagnostics = collectFindings(file, frontEnd, handler, lines);
+  report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
   const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
   if (!request.all)
@@ -118,7 +123,7 @@ int Compilation::verify() {
     llvm::errs() << "tarka: " << failure << '\n';
     return ExitUnusable;
   }
-  std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, lines);
+  std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, secondPass, lines);
   const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
   selectFindings(findings, file, isComplete, request.selection, lines);
   parts.finish(file, checksSucceeded);
@@ -239,15 +244,9 @@ int Compilation::printGraph(CommandOutput &output) {
   return failed ? ExitFindings : ExitClean;
 }
 
-/// Checks that fail without a message say nothing against the records, so only errors stand in the
-/// way of the layout.
+/// The records are shown with whatever errors there are: most are in the procedure division and say
+/// nothing against them.
 int Compilation::printLayout(CommandOutput &output) {
-  if (hasErrors() && !request.keepGoing) {
-    llvm::errs() << "tarka: no layout of " << file
-                 << " is printed: the errors above come first; --keep-going prints it all the "
-                    "same\n";
-    return ExitFindings;
-  }
   if (!request.layout.record.empty())
     if (auto missing = explainMissingRecord(*program, request.layout.record)) {
       llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
@@ -264,12 +263,6 @@ int Compilation::printLayout(CommandOutput &output) {
 
 /// Like the layout; with errors in it the tree tells how far the checks came.
 int Compilation::printTree(CommandOutput &output) {
-  if (hasErrors() && !request.keepGoing) {
-    llvm::errs() << "tarka: no tree of " << file
-                 << " is printed: the errors above come first; --keep-going prints it all the "
-                    "same\n";
-    return ExitFindings;
-  }
   output.stream().SetBuffered();
   if (request.format == OutputFormat::Json)
     printTreeJson(output.stream(), *program, file);

@@ -1,7 +1,7 @@
 //===- Explanations.cpp - what there is to say of a diagnostic ------------===//
 
 #include "Explanations.h"
-#include "Analyzer/ErrorHandler.h"
+#include "Analyzer/LanguageChecker.h"
 #include "Parse/Diagnostics.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -51,6 +51,9 @@ std::vector<DiagnosticRow> collectRows() {
     rows.push_back({static_cast<unsigned>(info.number), name, checkEnumerators[row],
                     severityOf(static_cast<ErrorCode>(row)), info.format});
   }
+  for (const LanguageRuleInfo &info : languageRules())
+    rows.push_back({static_cast<unsigned>(info.number), std::to_string(info.number), info.name,
+                    info.severity, info.format});
   llvm::sort(rows, [](const DiagnosticRow &left, const DiagnosticRow &right) {
     return std::tie(left.number, left.name) < std::tie(right.number, right.name);
   });

@@ -95,7 +95,7 @@ struct Explanation {
   std::vector<ProgramFile> files;
 };
 
-/// The explanation of the row of this name; none when nobody has written it.
+/// The explanation of the row of this name; none when it is not written.
 std::optional<Explanation> explanationOf(llvm::StringRef name);
 
 /// What is left of \p line of a program without the comment that says what is expected; none when

@@ -132,7 +132,10 @@ public:
   Suppressions &of(unsigned file) {
     auto found = files.find(file);
     if (found == files.end())
-      found = files.try_emplace(file, file, lines.textOf(file)).first;
+      found = files
+                  .try_emplace(file, file,
+                               lines.contains(file, Suppressions::marker) ? lines.textOf(file) : "")
+                  .first;
     return found->second;
   }
 
@@ -166,8 +169,21 @@ std::string describeLines(const Suppression &suppression) {
 
 } // namespace
 
+std::vector<ErrorEntry> checkLanguage(Program &program, const FrontEndDiagnostics &frontEnd,
+                                      const ErrorHandler &handler) {
+  EarlierDiagnostics earlier;
+  earlier.isTreeComplete = !frontEnd.hasErrors();
+  earlier.places.reserve(frontEnd.getEntries().size() + handler.getErrorList().size());
+  for (const DiagnosticEntry &entry : frontEnd.getEntries())
+    earlier.places.push_back(entry.place);
+  for (const ErrorEntry *entry : handler.getErrorList())
+    earlier.places.push_back(entry->getNode()->getRange());
+  return checkLanguage(program, earlier);
+}
+
 std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiagnostics &frontEnd,
-                                        const ErrorHandler &handler, SourceLines &lines) {
+                                        const ErrorHandler &handler,
+                                        llvm::ArrayRef<ErrorEntry> secondPass, SourceLines &lines) {
   FindingCollector collector(file, lines);
   std::vector<Diagnostic> findings;
   findings.reserve(frontEnd.getEntries().size() + handler.getErrorList().size());
@@ -175,6 +191,8 @@ std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiag
     findings.push_back(collector.convert(entry));
   for (const ErrorEntry *entry : handler.getErrorList())
     findings.push_back(collector.convert(*entry));
+  for (const ErrorEntry &entry : secondPass)
+    findings.push_back(collector.convert(entry));
   return findings;
 }
 

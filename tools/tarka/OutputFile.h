@@ -12,7 +12,7 @@
 namespace tarka {
 
 /// A file that appears whole or not at all: it is written beside its place, and renamed by
-/// commit(). What is no regular file, such as /dev/null or a pipe, is written to directly.
+/// commit(). What is not a regular file, such as /dev/null or a pipe, is written to directly.
 class OutputFile {
 public:
   /// Opens \p path for writing; where that fails getError() says why.

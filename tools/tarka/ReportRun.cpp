@@ -154,8 +154,12 @@ void ReportRun::take(FileReport report) {
     llvm::errs() << "tarka: " << report.failure << '\n';
     status = std::max<int>(status, ExitUnusable);
   }
-  if (report.failedSilently && isReported)
+  if (report.failedSilently && isReported) {
+    flush();
+    llvm::errs() << "tarka: " << report.file
+                 << ": the checks failed without finding anything; this is a fault of tarka\n";
     status = std::max<int>(status, ExitFindings);
+  }
   reporter->take(std::move(report));
   flush();
 }

@@ -5,6 +5,7 @@
 #include "Parse/Encoding.h"
 #include "Parse/SuppliedText.h"
 #include "llvm/Support/FileSystem.h"
+#include <algorithm>
 
 namespace tarka {
 
@@ -40,6 +41,39 @@ SourceLines::File &SourceLines::read(unsigned number) {
     file->text.consume_front("\xEF\xBB\xBF");
   }
   return *file;
+}
+
+bool SourceLines::contains(unsigned number, llvm::StringRef word) {
+  const std::string &name = fileNameOf(number);
+  const bool isPlain = !options.fileSystem && options.encoding.empty();
+  if (!isPlain || files.contains(number) || !llvm::sys::fs::is_regular_file(name))
+    return textOf(number).contains(word);
+  llvm::Expected<llvm::sys::fs::file_t> opened = llvm::sys::fs::openNativeFileForRead(name);
+  if (!opened) {
+    llvm::consumeError(opened.takeError());
+    return false;
+  }
+  // Blocks overlap by what may be the beginning of the word.
+  std::string buffer(1 << 16, '\0');
+  std::size_t kept = 0;
+  bool isFound = false;
+  while (!isFound) {
+    llvm::Expected<std::size_t> got = llvm::sys::fs::readNativeFile(
+        *opened, llvm::MutableArrayRef(buffer.data() + kept, buffer.size() - kept));
+    if (!got)
+      llvm::consumeError(got.takeError());
+    else if (*got > 0) {
+      const llvm::StringRef block(buffer.data(), kept + *got);
+      isFound = block.contains(word);
+      const llvm::StringRef tail = block.take_back(word.size() - 1);
+      kept = tail.size();
+      std::copy(tail.begin(), tail.end(), buffer.begin());
+      continue;
+    }
+    break;
+  }
+  llvm::sys::fs::closeFile(*opened);
+  return isFound;
 }
 
 /// Lines end with LF, CR or CR LF, as the front end reads them.

@@ -27,6 +27,10 @@ public:
   /// it cannot be read again.
   llvm::StringRef textOf(unsigned file) { return read(file).text; }
 
+  /// Whether \p word stands in the text. A file that was not asked for before is not kept in
+  /// memory.
+  bool contains(unsigned file, llvm::StringRef word);
+
   /// Line \p number, from 1, without its end; empty when there is none. It stays valid as long as
   /// this object.
   llvm::StringRef line(unsigned file, unsigned number);

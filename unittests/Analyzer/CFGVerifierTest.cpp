@@ -137,7 +137,7 @@ TEST_F(CFGVerifier, CopiedSectionsShareTheirStatements) {
   EXPECT_EQ(failuresOf(*tree2.module), "");
 }
 
-/// The then branch is cut off from the IF; what stands behind a GO TO may be without a way in.
+/// The then branch is cut off from the IF; what follows a GO TO may be unreachable.
 TEST_F(CFGVerifier, StatementWithoutAWayIn) {
   for (CFGBlock *start : block("tkdummy_then")->getGraph()->getBlockList())
     if (start->getThenBlock() == block("tkdummy_then"))

@@ -206,7 +206,7 @@ TEST_F(DataCheckTest, CurrencySymbolsAreConverted) {
   EXPECT_EQ(picture.getExtendedPicture(), "$$9");
   EXPECT_EQ(picture.getCurrencySymbolLiteral(), sign);
   EXPECT_EQ(picture.getSize(), 5);
-  // A number is no symbol of its own.
+  // A number is not a symbol of its own.
   ClauseCurrency numeric(nullptr, number("5"), nullptr);
   EXPECT_FALSE(checker.convertCurrencyString(&picture, &numeric));
   EXPECT_EQ(numbers(), Numbers());

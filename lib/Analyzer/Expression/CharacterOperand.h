@@ -1,11 +1,11 @@
 //===- CharacterOperand.h - operands as characters and counters -*- C++ -*-===//
 //
 // What the statements that work on characters (STRING, UNSTRING, INSPECT, XML)
-// want to know of an operand: what its characters are, how many there are, and
+// need to know about an operand: what its characters are, how many there are, and
 // whether an item can keep a count.
 //
 // An operand that is not bound, or whose entry is in error, has been reported;
-// about it every question has the answer that draws no further message.
+// for it every function returns the answer that causes no further message.
 //
 //===----------------------------------------------------------------------===//
 
@@ -24,7 +24,7 @@ namespace tarka {
 enum class CharacterKind : std::uint8_t {
   Unknown,  ///< the operand is in error
   None,     ///< it has no characters: numeric literals, binary items, indexes, pointers and so on
-  Any,      ///< a figurative constant, which takes the kind of what it stands beside
+  Any,      ///< a figurative constant, which takes the kind of the operand it is used with
   Display,  ///< one byte each: USAGE DISPLAY, groups
   Dbcs,     ///< USAGE DISPLAY-1
   National, ///< USAGE NATIONAL, national groups
@@ -55,7 +55,7 @@ DataDescription *dataItemOf(const Expression &operand);
 /// What keeps an operand from being an item that counts.
 enum class CounterFault : std::uint8_t {
   None,
-  NotNumeric, ///< no elementary numeric item
+  NotNumeric, ///< not an elementary numeric item
   Scaled,     ///< its PICTURE has a P, so that it cannot hold every number
   NotInteger, ///< it has decimal places
 };
@@ -71,7 +71,7 @@ struct CounterMessages {
 constexpr CounterMessages integerCounter = {ErrorCode::IntegerRequired,
                                             ErrorCode::IntegerWithScaledPicture};
 
-/// Checks an item that a statement counts in; null, for a phrase that is not written, is right.
+/// Checks an item that a statement counts in; null, for a phrase that is not written, is ok.
 /// Reports \p messages, IntegerRequired for an item with decimal places, and
 /// FunctionInReceivingArea.
 bool checkCounter(SemanticChecker &checker, IdentifierExpression *counter,

@@ -7,8 +7,8 @@ namespace tarka {
 
 class Expression;
 
-/// Whether the two operands, both bound, may be compared for equality. Says nothing: conditions and
-/// EVALUATE each have a message of their own.
+/// Whether the two operands, both bound, may be compared for equality. Reports nothing: conditions
+/// and EVALUATE each have a message of their own.
 bool areComparable(const Expression &left, const Expression &right);
 
 } // namespace tarka

@@ -13,7 +13,7 @@
 
 namespace tarka {
 
-/// The entry that the operand stands for; null when it is no data item.
+/// The entry that the operand refers to; null when it is not a data item.
 inline DataDescription *entryOf(const Expression &operand) {
   if (const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&operand);
       special && (special->getType() == SpecialRegisterType::LengthOf ||
@@ -30,7 +30,7 @@ inline DataDescription *entryOfDataIdentifier(const Expression &operand) {
   return identifier ? identifier->getDataDescription() : nullptr;
 }
 
-/// Of all entries with USAGE INDEX the checks make the index-names.
+/// Index-names are those entries with USAGE INDEX that the checks make.
 inline bool isIndexName(const DataDescription &entry) {
   return entry.getIsCompilerMade() && entry.getUsageType() == UsageType::Index;
 }
@@ -55,7 +55,7 @@ inline bool isGroupItem(const Expression &operand) {
   return entry && entry->hasSubordinateData() && !isReferenceModified(operand);
 }
 
-/// A condition-name has the category of its conditional variable, but is no data item.
+/// A condition-name has the category of its conditional variable, but is not a data item.
 inline bool isConditionName(const Expression &operand) {
   const DataDescription *entry = entryOf(operand);
   return entry && isConditionName(*entry);
@@ -89,8 +89,8 @@ inline bool isNumberOrEdited(const Expression &operand) {
          (operand.getDataCategory() == DataCategory::NumericEdited && !isConditionName(operand));
 }
 
-/// A special register that can be asked but not set: what LENGTH OF and ADDRESS OF give is no item,
-/// and LINAGE-COUNTER belongs to the output of its file.
+/// A special register that can be read but not set: LENGTH OF and ADDRESS OF give a value, not an
+/// item, and LINAGE-COUNTER belongs to the output of its file.
 inline bool isReadOnlyRegister(const Expression &operand) {
   const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&operand);
   return special && (special->getType() == SpecialRegisterType::LengthOf ||

@@ -105,7 +105,7 @@ bool SemanticChecker::checkAllowArgument(FunctionIdentifierExpression &function)
   return function.getIntrinsicType() != IntrinsicType::Numval || checkFunctionNumval(function);
 }
 
-/// NUMVAL reads a number out of characters, so a number as such is no argument for it.
+/// NUMVAL converts characters to a number, so its argument cannot be a number.
 bool SemanticChecker::checkFunctionNumval(FunctionIdentifierExpression &function) {
   if (function.getFunctionArgListSize() == 0)
     return report(ErrorCode::FunctionArgumentMissing, &function);
@@ -170,7 +170,7 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
     chain.push_back(left);
 
   // The result of the link below, which is the first operand of the next one; the innermost first
-  // operand is no arithmetic expression and has its own check.
+  // operand is not an arithmetic expression and has its own check.
   bool operand1Ok = semanticCheck(*chain.back()->getOperand1());
   for (ArithmeticExpression *link : llvm::reverse(chain)) {
     if (!operand1Ok)

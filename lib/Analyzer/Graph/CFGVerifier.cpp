@@ -1,7 +1,7 @@
 //===- CFGVerifier.cpp - is a graph whole ---------------------------------===//
 //
-// The verifier reads the tree by itself: it says which statements ought to be
-// in the graph without asking the builder, and then looks whether they are.
+// The verifier reads the tree independently: it determines which statements must be
+// in the graph without using the builder, and then checks that they are.
 //
 //===----------------------------------------------------------------------===//
 
@@ -261,7 +261,7 @@ void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const C
          "it falls into " + next->getName() + ", which begins no procedure");
 }
 
-/// Whether control never goes on behind \p block, so that what follows may have no way in.
+/// Whether control never continues after \p block, so that what follows may be unreachable.
 static bool endsInTransfer(const CFGBlock *block) {
   if (!block->getHaveTerminator() || block->getElements().empty())
     return false;
@@ -283,8 +283,8 @@ static bool endsInTransfer(const CFGBlock *block) {
   }
 }
 
-/// Walks the links from where control can begin, and looks for blocks with statements that were not
-/// passed.
+/// Walks the links from where control can begin, and finds the blocks with statements that were not
+/// visited.
 void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives) {
   const std::vector<const CFGBlock *> blocks(body.graph->getBlockList().begin(),
                                              body.graph->getBlockList().end());
@@ -300,7 +300,7 @@ void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRe
         declaratives.contains(block->getName()) || entryBlocks.contains(block) ||
         endsInTransfer(before))
       pass(block);
-    // The block at which an inline loop is controlled stands within the body, behind its first one.
+    // The block at which an inline loop is controlled is in the body, after its first one.
     if (!block->getElements().empty() ||
         !llvm::StringRef(block->getName()).ends_with("_line_return"))
       before = block;
@@ -403,7 +403,7 @@ void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
 }
 
 //===----------------------------------------------------------------------===//
-// What the tree says should be there
+// What the tree requires
 //===----------------------------------------------------------------------===//
 
 void Verifier::expectUnit(SourceUnit &unit) {

@@ -56,7 +56,7 @@ void CFGGraph::addBlock(CFGBlock *block) {
 }
 
 CFGBlock *CFGGraph::findBlock(llvm::StringRef name) {
-  // Take up the blocks that were made since the last lookup; of equal names the first one stays.
+  // Enter the blocks that were made since the last lookup; of equal names the first one stays.
   auto unindexed = lastIndexed == blocks.end() ? blocks.begin() : std::next(lastIndexed);
   for (; unindexed != blocks.end(); ++unindexed) {
     firstOfName.try_emplace((*unindexed)->getName(), *unindexed);
@@ -78,8 +78,8 @@ CFGBlock *CFGBuilder::continueInNewBlock(llvm::StringRef name) {
   return continueOn(graph->createBlock(name));
 }
 
-/// A name that is put together lives in the arena: it is hardly ever made twice, so that looking
-/// for an equal one would be in vain.
+/// A composed name lives in the arena: it is hardly ever made twice, so looking
+/// for an equal one would not pay.
 const std::string *CFGBuilder::makeName(const llvm::Twine &name) {
   return new (allocateForever(sizeof(std::string))) std::string(name.str());
 }
@@ -392,13 +392,13 @@ void CFGBuilder::analysisGotoStmt(GotoStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *after = continueInNewBlock("tkdummy_after_goto");
   start->addSuccessorBlock(after);
-  // A value out of range goes on behind the statement. In the first block of an inline PERFORM the
+  // A value out of range continues after the statement. In the first block of an inline PERFORM the
   // successor is replaced, so the way has a link of its own.
   if (statement->getDependingName())
     start->addEndBlock(after);
 }
 
-// On purpose without the link that GO TO has: nothing behind these is ever reached from them.
+// These have no link, unlike GO TO: the statement that follows is never reached from them.
 
 void CFGBuilder::analysisExitProgramStmt(ExitProgramStatement *statement) {
   appendTerminator(statement);
@@ -438,10 +438,10 @@ void CFGBuilder::joinExits(BlockList &exits, llvm::StringRef name) {
   exits.clear();
 }
 
-/// ENTRY is no element: control that comes from above runs into the entry point.
+/// ENTRY is not an element: control that comes from above runs into the entry point.
 void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
   CFGFunc *function = context().getCurrentCFGFunction();
-  // A literal of another kind was refused, and is no name to enter by.
+  // A literal of another kind has been reported and cannot be an entry name.
   const auto *literal =
       llvm::dyn_cast_if_present<NonNumericLiteralExpression>(statement->getEntryLiteral());
   if (!literal)
@@ -465,7 +465,7 @@ void CFGBuilder::analysisEntryStmt(EntryStatement *statement) {
 // OS/VS COBOL: the statements that the checks made stand for these
 //===----------------------------------------------------------------------===//
 
-/// Lowers a statement that the checks made; one that was refused has none.
+/// Lowers a statement that the checks made; one that was rejected has none.
 void CFGBuilder::lowerMade(Statement *made) {
   if (made)
     analysisStatement(*made);

@@ -15,7 +15,7 @@
 
 namespace tarka {
 
-/// A name that tells the line of a statement: two statements of one line have the same.
+/// A name made from the line of a statement: two statements of one line have the same.
 const std::string *CFGBuilder::makeLineName(llvm::StringRef prefix, const Node *statement,
                                             llvm::StringRef suffix) {
   return makeName(prefix + llvm::Twine(statement->getBeginLineNo()) + suffix);
@@ -78,7 +78,7 @@ void CFGBuilder::lowerInlinePerform(PerformStatement *statement, CFGBlock *start
   // The end of the body returns as the end of a performed range does.
   appendTerminator(generate<InnerExitStatement>(statement, nullptr, nullptr, statement));
   currentBlock->addSuccessorBlock(after);
-  // On purpose the body's first block leads past the PERFORM too, whatever it led to before.
+  // The body's first block leads past the PERFORM too; this replaces its earlier successor.
   body->addSuccessorBlock(after);
   graph->addBlock(after);
   continueOn(after);
@@ -86,7 +86,7 @@ void CFGBuilder::lowerInlinePerform(PerformStatement *statement, CFGBlock *start
 
 void CFGBuilder::analysisExitPerformStmt(ExitPerformStatement *statement) {
   appendTerminator(statement);
-  // Outside of an inline PERFORM there is nothing to leave, and no block to tell.
+  // Outside of an inline PERFORM there is nothing to leave, and no block to record.
   if (!performReturns.empty())
     statement->setAfterBlock(statement->isCycle() ? performReturns.back()
                                                   : *std::prev(context().getPerformAfterEnd()));
@@ -137,7 +137,7 @@ void CFGBuilder::analysisSortStmt(SortStatement *statement) {
     lowerProcedurePhrase(statement, statement->getOutput());
     outputEnd = currentBlock;
   }
-  // The name says start, though the block stands behind the output: the code generator knows it so.
+  // The code generator knows the block by this name, although it comes after the output.
   CFGBlock *sort = makeTerminatorBlock("tkdummy_sort_start");
   if (outputEnd)
     outputEnd->addSuccessorBlock(sort);
@@ -195,7 +195,7 @@ void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   CFGBlock *afterProcedure = continueInNewBlock("tkdummy_xml_proc_after");
   performed->addSuccessorBlock(afterProcedure);
 
-  // The first part of the name is spelt so in the contract.
+  // The code generator expects this spelling of the first part of the name.
   CFGBlock *result = makeTerminatorBlock("tarkka_xml_parse_result_cond");
   afterProcedure->addSuccessorBlock(result);
   CFGBlock *exception =

@@ -46,7 +46,7 @@ void CFGBuilder::analysisOnStmt(OnStatement *statement) {
               statement->getElseStmtListElements(), "tkdummy_endon");
 }
 
-/// A chain of tests, each with its body. EVALUATE itself is no element: its tests stand for it.
+/// A chain of tests, each with its body. EVALUATE itself is not an element: its tests represent it.
 void CFGBuilder::analysisEvaluateStmt(EvaluateStatement *statement) {
   BlockList tests, ends;
   for (EvaluateCase *evaluateCase : statement->getWhenCaseListElements()) {
@@ -86,7 +86,7 @@ void CFGBuilder::analysisEvaluateStmt(EvaluateStatement *statement) {
 
 void CFGBuilder::lowerSizeError(ArithmeticStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
-  // The join stands behind the phrases in the list, so it is made outside of it.
+  // The join comes after the phrases in the list, so it is made without being appended yet.
   CFGBlock *join = new CFGBlock("tkdummy_end_on_size", nullptr);
   start->addEndBlock(join);
   if (!statement->getSizeErrorHandlerSize())
@@ -149,8 +149,8 @@ void CFGBuilder::lowerOverflow(Statement *statement, const HandlerList &phrases)
   BlockList ends;
   ExceptionHandler *first = phrases.front();
   lowerPhrase(start, first, first->isNotOn(), names, ends);
-  // On purpose the second of two phrases counts as the NOT form whatever it says: the code
-  // generator expects the order in which the language has them.
+  // The second of two phrases counts as the NOT form whichever it is: the code
+  // generator expects the order in which the language defines them.
   if (phrases.size() == 2)
     lowerPhrase(start, phrases.back(), /*isNot=*/true, names, ends);
   joinAt("tkdummy_end", start, ends);
@@ -168,7 +168,7 @@ void CFGBuilder::analysisUnstringStmt(UnstringStatement *statement) {
 // Input and output
 //===----------------------------------------------------------------------===//
 
-/// How an input-output statement differs from its kin.
+/// How one input-output statement differs from the others.
 struct CFGBuilder::InputOutputShape {
   BranchNames branches;
   llvm::StringLiteral end;
@@ -184,7 +184,7 @@ void CFGBuilder::lowerInputOutput(FileStatement *statement, const HandlerList &p
   }
   CFGBlock *start = appendTerminator(statement);
   if (phrases.empty()) {
-    // A USE procedure may run: it is entered from S and comes back behind it.
+    // A USE procedure may run: it is entered from S and returns after it.
     CFGBlock *after = new CFGBlock("tkdummy_declarative_after", graph);
     start->addAfterBlock(after);
     start->addReturnBlock(after);
@@ -234,7 +234,7 @@ void CFGBuilder::analysisRewriteStmt(RewriteStatement *statement) {
 }
 
 void CFGBuilder::analysisDeleteStmt(DeleteStatement *statement) {
-  // On purpose one name for both branches: the code generator tells them apart by then and else.
+  // Both branches have one name: the code generator distinguishes them by then and else.
   static constexpr InputOutputShape shape = {
       {"tkdummy_delete_exception", "tkdummy_delete_exception"}, "tkdummy_delete_end", true};
   lowerInputOutput(statement, statement->getInvalidKeyHandlerElements(), shape);
@@ -308,7 +308,7 @@ void CFGBuilder::lowerCallOfIdentifier(CallStatement *statement) {
   joinAt("tkdummy_call_end", start, ends);
 }
 
-/// The program is looked for twice, in two places; the second lookup is made where the first one
+/// The program is looked up twice, in two places; the second lookup is made where the first one
 /// found nothing.
 void CFGBuilder::lowerCallOfLiteral(CallStatement *statement) {
   CompileOption *options = CompileOption::getCompileOptionInstance();
@@ -320,7 +320,7 @@ void CFGBuilder::lowerCallOfLiteral(CallStatement *statement) {
     return;
   }
   if (Statement *move = statement->getMoveStmt()) {
-    // On purpose twice when both interfaces are enabled: each has its own preparation.
+    // Lowered twice when both interfaces are enabled: each has its own preparation.
     if (options->isOptionEnableCbltdli())
       analysisStatement(*move);
     if (options->isOptionEnableAertdli())

@@ -14,12 +14,12 @@ namespace tarka {
 
 namespace {
 
-/// How one statement says what is wrong with an operand.
+/// The diagnostics of one statement for a wrong operand.
 struct ArithmeticMessages {
-  ErrorCode notNumeric; ///< an identifier that is no number
+  ErrorCode notNumeric; ///< an identifier that is not a number
   ErrorCode group;      ///< a group where one number must stand
   ErrorCode result;     ///< a receiver of a result that can neither hold nor edit a number
-  ErrorCode statement;  ///< an operand that the statement has no place for
+  ErrorCode statement;  ///< an operand of a kind that the statement does not accept
 };
 
 constexpr ArithmeticMessages addMessages = {
@@ -48,7 +48,7 @@ const char *nameOf(const Expression &operand) {
 }
 
 /// Checks the operands of one statement one after the other and keeps the result of all. Null
-/// operands, of phrases that are not written, are right.
+/// operands, of phrases that are not written, are ok.
 class ArithmeticCheck {
 public:
   ArithmeticCheck(SemanticChecker &theChecker, const ArithmeticMessages &theMessages)
@@ -78,7 +78,7 @@ private:
   void report(ErrorCode code, Expression *operand) {
     ok = checker.report(code, operand, nameOf(*operand));
   }
-  /// Binds the operand; false when nothing more is to be said about it.
+  /// Binds the operand; false when it needs no further check.
   bool bind(Expression *operand) {
     bool bound = operand && checker.semanticCheck(*operand);
     ok &= bound || !operand;
@@ -129,8 +129,8 @@ ArithmeticCheck &ArithmeticCheck::results(const std::list<RoundedOperand *> &ope
   return *this;
 }
 
-/// Both operands of CORRESPONDING are whole groups, alphanumeric or national. That no item of the
-/// one has a counterpart in the other is no error.
+/// Both operands of CORRESPONDING are whole groups, alphanumeric or national. Groups without
+/// corresponding items are valid.
 ArithmeticCheck &ArithmeticCheck::corresponding(Expression *from, RoundedOperand *to,
                                                 ErrorCode notGroup) {
   for (Expression *operand : {from, to ? to->first : nullptr})
@@ -204,7 +204,7 @@ bool SemanticChecker::semanticCheck(DivideStatement &statement) {
   return check.handlers(statement);
 }
 
-/// The operands of an operator are the concern of its own check; an expression may also be one
+/// The operands of an operator are checked by its own check; an expression may also be one
 /// operand alone.
 bool SemanticChecker::semanticCheck(ComputeStatement &statement) {
   return ArithmeticCheck(*this, computeMessages)

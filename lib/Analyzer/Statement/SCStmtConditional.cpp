@@ -76,7 +76,7 @@ bool isRangeOfOneClass(const Expression &front, const Expression &rear) {
          isUnknown(other);
 }
 
-/// The objects of EVALUATE, held one by one against the subjects.
+/// Checks the objects of EVALUATE one by one against the subjects.
 class EvaluateCheck {
 public:
   EvaluateCheck(SemanticChecker &theChecker, EvaluateStatement &statement);
@@ -125,7 +125,7 @@ void EvaluateCheck::check(EvaluateWhen &when) {
     check(*object, subject != subjects.end() ? subject++ : nullptr);
 }
 
-/// A truth value is held against a truth value, an operand against operands.
+/// A truth value is compared with a truth value, an operand with operands.
 void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
   bool isValueWanted = subject && subject->node->getType() == EvalSubjectType::Expression;
   switch (object.getType()) {
@@ -155,7 +155,7 @@ void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
     return report(ErrorCode::EvaluateTypeMismatch, &object);
   if (!subject->isBound)
     return;
-  // Both ends of a range are wrong for one reason.
+  // One message for both ends of a range.
   if (isFrontBound && !compare(*front, object, *subject))
     return;
   if (rear && isRearBound)
@@ -163,7 +163,7 @@ void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
 }
 
 /// The operand must be of a kind that the subject can be compared with; pointers have no order, so
-/// that there is no range of them.
+/// they cannot form a range.
 bool EvaluateCheck::compare(Expression &operand, EvaluateObject &object, const Subject &subject) {
   Expression &value = *subject.node->getExpr();
   if (isUnknown(value) || isUnknown(operand))

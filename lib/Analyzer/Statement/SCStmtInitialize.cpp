@@ -20,8 +20,8 @@ namespace tarka {
 // Receivers
 //===----------------------------------------------------------------------===//
 
-/// Whether the item stands behind one of the OCCURS DEPENDING ON tables of \p division that is in
-/// its record and that it is no part of: then its place changes with the size of the table.
+/// Whether the item follows one of the OCCURS DEPENDING ON tables of \p division that is in
+/// its record but does not contain it: then its offset changes with the size of the table.
 static bool isBehindVariableTable(const DataDescription &item, DataDivision &division) {
   llvm::ArrayRef<DataDescription *> tables = division.getVariableTables();
   const auto *behind = llvm::partition_point(tables, [&](const DataDescription *table) {
@@ -66,8 +66,8 @@ static bool checkReceiver(SemanticChecker &checker, IdentifierExpression &receiv
     return checker.report(ErrorCode::InitializeReceiverRenames, &receiver);
   if (!isInitialized(receiver.getDataCategory()))
     return checker.report(ErrorCode::InitializeIdentifierInvalid, &receiver);
-  // The message speaks of every record with an OCCURS DEPENDING ON table. Such a record, and such a
-  // table itself, is initialised at its present size; what stands behind the table cannot be.
+  // The text names every record with an OCCURS DEPENDING ON table. Such a record, and such a
+  // table itself, is initialised at its present size; what follows the table cannot be.
   if (item && isVariablyLocated(*item))
     return checker.report(ErrorCode::InitializeReceiverOccursDepending, &receiver);
   return true;

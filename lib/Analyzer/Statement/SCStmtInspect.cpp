@@ -1,6 +1,6 @@
 //===- SCStmtInspect.cpp - INSPECT ----------------------------------------===//
 //
-// INSPECT looks at the characters of one item, so everything it compares them
+// INSPECT examines the characters of one item, so everything it compares them
 // with or puts in their place is characters of the same kind. TRANSFORM and
 // EXAMINE come here too, as the INSPECT that does their work.
 //

@@ -14,8 +14,8 @@ namespace tarka {
 
 namespace {
 
-/// A report is driven from outside: while it presents a group, it cannot be asked for the next one.
-/// Copies of other sections that declaratives perform are no part of a USE BEFORE REPORTING.
+/// A report is driven from outside: while it presents a group, it cannot generate the next one.
+/// Copies of other sections that declaratives perform are not part of a USE BEFORE REPORTING.
 bool checkDrivesReport(SemanticChecker &checker, Statement &statement) {
   const bool isPresenting = checker.getInDeclaratives() && checker.getCurrentRD();
   return !isPresenting || checker.report(ErrorCode::StatementInvalid, &statement);
@@ -67,7 +67,7 @@ bool SemanticChecker::semanticCheck(RwTerminateStatement &statement) {
 }
 
 /// There is a group to suppress in the procedures of USE BEFORE REPORTING only. The USE statements
-/// of other declaratives leave their mark; that of one whose group has no meaning leaves none.
+/// of other declaratives set isDeclaratives; one whose group is not found does not.
 bool SemanticChecker::semanticCheck(RwSuppressStatement &statement) {
   const bool isBeforeReporting = getInDeclaratives() && !getIsDeclaratives();
   return isBeforeReporting || report(ErrorCode::StatementInvalid, &statement);

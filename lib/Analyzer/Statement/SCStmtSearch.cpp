@@ -1,9 +1,9 @@
 //===- SCStmtSearch.cpp - SEARCH ------------------------------------------===//
 //
 // A serial SEARCH steps an index through a table; its conditions can be any.
-// SEARCH ALL halves a sorted table, so its conditions must say of the keys what
-// they equal. From them the check makes the conditions by which later stages
-// know in which half to go on.
+// SEARCH ALL is a binary search of a sorted table, so its conditions must test the
+// keys for equality. From them the check makes the conditions by which later stages
+// choose the half to continue in.
 //
 //===----------------------------------------------------------------------===//
 
@@ -24,8 +24,8 @@ namespace tarka {
 
 namespace {
 
-/// Every table around the one that is searched has an index to say which of its occurrences is
-/// meant.
+/// Every table around the one that is searched has an index that selects which of its occurrences
+/// is meant.
 bool checkOuterTables(SemanticChecker &checker, IdentifierExpression &name,
                       const DataDescription &table) {
   bool ok = true;
@@ -96,7 +96,7 @@ public:
   }
 
   bool check(Condition &condition);
-  /// False when a key of the table is in error: then nothing can be said about the conditions.
+  /// False when a key of the table is in error: then the conditions cannot be checked.
   bool areKeysKnown() const {
     return llvm::all_of(keys, [](const SearchKey &key) { return key.item != nullptr; });
   }
@@ -145,7 +145,7 @@ void BinarySearchCheck::collectKeys() {
 }
 
 bool BinarySearchCheck::check(Condition &condition) {
-  // Long chains of AND lean to the left; the tests are visited as they are written all the same.
+  // Long chains of AND lean to the left; the tests are still visited in the order written.
   bool ok = true;
   llvm::SmallVector<Condition *, 8> pending{&condition};
   while (!pending.empty()) {
@@ -274,8 +274,8 @@ bool BinarySearchCheck::checkPrefix() {
   return true;
 }
 
-/// Makes the conditions that say the entry stands behind the one sought: it agrees in the first
-/// keys, and the next key is past its value. One of them holds, or the entry stands before.
+/// Makes the conditions under which the entry comes after the one sought: it agrees in the first
+/// keys, and the next key is past its value. If none holds, the entry comes before it.
 void BinarySearchCheck::makeSteps() {
   Condition *agrees = nullptr;
   auto andThen = [&](Condition *next) -> Condition * {

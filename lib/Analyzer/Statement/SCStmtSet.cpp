@@ -21,10 +21,10 @@ namespace tarka {
 namespace {
 
 //===----------------------------------------------------------------------===//
-// What a SET knows of its operands
+// Kinds of operands
 //===----------------------------------------------------------------------===//
 
-/// The kinds of operands that SET ... TO tells apart.
+/// The kinds of operands that SET ... TO distinguishes.
 enum Operand : unsigned {
   IndexName,
   IndexItem,
@@ -80,7 +80,7 @@ constexpr Verdict Receiver = ErrorCode::SetPointerReceiverInvalid;
 
 /// By receiver, then by sender. Of the operands of SET only an index-name is converted between
 /// occurrence number and offset: an index data item takes over an offset as it is, and an integer
-/// item an occurrence number, and neither has a use for the other. A pointer to a program takes
+/// item takes an occurrence number; neither accepts the other. A pointer to a program takes
 /// over what a pointer holds, but not the other way round.
 constexpr Verdict verdicts[][Other + 1] = {
     // clang-format off
@@ -160,7 +160,7 @@ bool SetItemCheck::checkSwitches() {
   return ok;
 }
 
-/// condition-name... TO {TRUE | FALSE}: FALSE needs to be told what it is.
+/// condition-name... TO {TRUE | FALSE}: FALSE requires WHEN SET TO FALSE.
 bool SetItemCheck::checkConditions() {
   bool ok = true;
   for (Condition *condition : item.getCondListElements()) {
@@ -245,7 +245,7 @@ std::optional<Operand> SetItemCheck::checkSender() {
   return kindOf(sender);
 }
 
-/// After ENTRY stands the name of a program: characters, as in CALL.
+/// ENTRY is followed by the name of a program: characters, as in CALL.
 bool SetItemCheck::checkEntry(Expression &operand) {
   DataCategory category = operand.getDataCategory();
   bool isName = (category == DataCategory::Alphabetic || category == DataCategory::Alphanumeric) &&

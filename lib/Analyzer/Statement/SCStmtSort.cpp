@@ -130,7 +130,7 @@ std::optional<RecordLengths> recordLengthsOf(const FileDescription &file) {
 }
 
 /// The records of \p from go to \p to: none may be longer than the longest there, and where lengths
-/// vary none shorter than the shortest. The two messages speak of what is true of the receiving
+/// vary none shorter than the shortest. The two messages state what is true of the receiving
 /// file: the first that its records vary; the second, whatever its text says, that they do not.
 bool checkRecordLengths(SemanticChecker &checker, const FileDescription &from,
                         const FileDescription &to, FileIdentifierExpression &name) {
@@ -154,7 +154,7 @@ bool checkRecordLengths(SemanticChecker &checker, const FileDescription &from,
 
 namespace {
 
-/// Whether a name that is written for a file is that of a data item.
+/// Whether a name written where a file-name belongs is that of a data item.
 bool isDataName(const FileIdentifierExpression &name) {
   DataDivision *division = currentDivision();
   return division && division->findItemByInternedName(&name.getFileName()->getWordData());

@@ -82,7 +82,7 @@ bool SemanticChecker::semanticCheck(StringStatement &statement) {
       checkSender(*item->getDelimitedName());
   }
 
-  // The receiver says what characters are strung together.
+  // The receiver determines the kind of the characters.
   IdentifierExpression &receiver = *statement.getIntoIdentifier();
   if (checkStringReceiver(*this, receiver)) {
     const CharacterKind kind = characterKindOf(receiver);
@@ -152,7 +152,7 @@ bool UnstringCheck::checkSource() {
   return true;
 }
 
-/// ALL belongs to the phrase, so ALL literal would say it twice.
+/// ALL belongs to the phrase, so ALL literal would repeat it.
 bool UnstringCheck::checkDelimiter(Expression &delimiter) {
   if (!checker.semanticCheck(delimiter))
     return false;
@@ -216,7 +216,7 @@ bool UnstringCheck::checkDelimiterTarget(IdentifierExpression &delimiter,
   return true;
 }
 
-/// DELIMITER IN and COUNT IN speak of what DELIMITED BY found.
+/// DELIMITER IN and COUNT IN refer to what DELIMITED BY found.
 bool UnstringCheck::checkIsDelimited(IdentifierExpression *item) {
   if (item && statement.getDelimiterListSize() == 0)
     return checker.report(ErrorCode::UnstringStatementInvalid, item);

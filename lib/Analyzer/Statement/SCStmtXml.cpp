@@ -49,7 +49,7 @@ bool isXmlText(const Expression &operand) {
 }
 
 /// A literal or an item that holds text; null where it is not written. A figurative constant has no
-/// length and so is no text here.
+/// length and so is not text here.
 bool checkText(SemanticChecker &checker, Expression *text) {
   if (!text)
     return true;
@@ -133,14 +133,14 @@ bool isSlack(const DataDescription &entry) {
   return !entry.isWritten();
 }
 
-/// What stands below the source and yet not in the document: another view of the same storage,
+/// The entries below the source that are not in the document: another view of the same storage,
 /// items without a name to call an element by, and slack bytes.
 bool isLeftOut(const DataDescription &entry) {
   return entry.getLevelNum() == 66 || entry.getLevelNum() == 88 || entry.isRedefineSubject() ||
          isSlack(entry) || (entry.isFiller() && !entry.hasSubordinateData());
 }
 
-/// Items without a name can stand side by side, others could not be told apart in the document.
+/// Siblings must have distinct names in the document; items without a name may repeat.
 bool XmlGenerateCheck::checkNamesUnique(DataDescription &group) {
   bool ok = true;
   llvm::SmallPtrSet<const std::string *, 16> names;
@@ -221,12 +221,12 @@ bool XmlGenerateCheck::checkName(XMLNameItem &item) {
   return checkText(checker, item.getLiteral()) && ok;
 }
 
-/// A group is an element whatever happens.
+/// A group is always an element.
 bool XmlGenerateCheck::checkType(XMLTypeItem &item) {
   return checkElementaryPart(*item.getIdentifier());
 }
 
-/// Only contents can have a value to be left out for.
+/// Only an item with contents has a value that it can be suppressed for.
 bool XmlGenerateCheck::checkSuppress(XMLSuppressItem &item) {
   bool ok = true;
   if (IdentifierExpression *part = item.getIdentifier())

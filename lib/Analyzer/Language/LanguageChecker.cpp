@@ -1,0 +1,106 @@
+//===- LanguageChecker.cpp - the walk of the second pass ------------------===//
+
+#include "Analyzer/LanguageChecker.h"
+#include "AST/NestedStatements.h"
+#include "AST/Procedure.h"
+#include "AST/Program.h"
+#include "LanguageFamilies.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallPtrSet.h"
+
+namespace tarka {
+
+namespace {
+
+constexpr LanguageRuleInfo ruleTable[] = {
+#define LANGUAGE_RULE(name, number, severity, format) {number, #name, Severity::severity, format},
+#include "Analyzer/LanguageRules.def"
+};
+
+} // namespace
+
+llvm::ArrayRef<LanguageRuleInfo> languageRules() {
+  return ruleTable;
+}
+
+LanguageReport::LanguageReport(const EarlierDiagnostics &earlier)
+    : treeIncomplete(!earlier.isTreeComplete) {
+  reported.reserve(earlier.places.size());
+  for (const SourceRange &place : earlier.places)
+    reported.emplace_back(place.file, place.beginLine, place.beginColumn);
+  llvm::sort(reported);
+}
+
+bool LanguageReport::isReported(const Node &node) const {
+  const SourceRange &range = node.getRange();
+  auto next = llvm::lower_bound(reported, Place(range.file, range.beginLine, range.beginColumn));
+  return next != reported.end() && *next <= Place(range.file, range.endLine, range.endColumn);
+}
+
+namespace {
+
+class LanguageWalk {
+public:
+  explicit LanguageWalk(LanguageReport &languageReport) : report(languageReport) {}
+
+  void check(SourceUnit &unit) {
+    checkFileControl(unit, report);
+    if (DataDivision *division = unit.getDataDivision())
+      checkVariableTables(*division, report);
+    if (ProcedureDivision *division = unit.getProcDivision())
+      check(*division);
+    for (SourceUnit *nested : unit.getNestedListElements())
+      check(*nested);
+  }
+
+private:
+  void check(ProcedureDivision &division) {
+    // What a declarative performs has been copied; it is checked where it is written.
+    const std::list<Section *> &renamed = division.getRenameSectionListElements();
+    const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());
+    for (Declaratives *declarative : division.getDeclElements())
+      if (!copies.contains(declarative->getSection()))
+        check(*declarative->getSection());
+    sentences(division.getSentElements(), {});
+    for (Paragraph *paragraph : division.getParaElements())
+      sentences(paragraph->getSentElements(), {.inParagraph = true});
+    for (Section *section : division.getSectElements())
+      check(*section);
+  }
+
+  void check(Section &section) {
+    sentences(section.getSentElements(), {.inSection = true});
+    for (Paragraph *paragraph : section.getParaElements())
+      sentences(paragraph->getSentElements(), {.inSection = true, .inParagraph = true});
+  }
+
+  void sentences(const std::list<Sentence *> &list, const StatementContext &context) {
+    for (Sentence *sentence : list)
+      for (Statement *statement : sentence->getStmtElements())
+        check(*statement, context);
+  }
+
+  void check(Statement &statement, const StatementContext &context) {
+    checkOperands(statement, report);
+    checkFileStatement(statement, report);
+    checkStatement(statement, context, report);
+    forEachNestedList(statement, [&](NodeRange<Statement> nested) {
+      for (Statement *inner : nested)
+        check(*inner, context);
+    });
+  }
+
+  LanguageReport &report;
+};
+
+} // namespace
+
+std::vector<ErrorEntry> checkLanguage(Program &program, const EarlierDiagnostics &earlier) {
+  LanguageReport report(earlier);
+  LanguageWalk walk(report);
+  for (SourceUnit *unit : program.getSourceUnitListElements())
+    walk.check(*unit);
+  return report.takeEntries();
+}
+
+} // namespace tarka

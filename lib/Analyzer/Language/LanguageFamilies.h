@@ -1,0 +1,31 @@
+//===- LanguageFamilies.h - the families of rules of the second pass -*- C++ -*-===//
+
+#ifndef TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
+#define TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
+
+#include "AST/Program.h"
+#include "AST/Statement.h"
+#include "LanguageReport.h"
+
+namespace tarka {
+
+/// SELECT entries and what statements do with files, FileRules.cpp.
+void checkFileControl(SourceUnit &unit, LanguageReport &report);
+void checkFileStatement(Statement &statement, LanguageReport &report);
+
+/// Subscripts and reference modifiers, TableRules.cpp.
+void checkVariableTables(DataDivision &division, LanguageReport &report);
+void checkOperands(Statement &statement, LanguageReport &report);
+
+/// The procedure that a statement stands in.
+struct StatementContext {
+  bool inSection = false;
+  bool inParagraph = false;
+};
+
+/// Other rules of one statement, StatementRules.cpp.
+void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report);
+
+} // namespace tarka
+
+#endif // TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H

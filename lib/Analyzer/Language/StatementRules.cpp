@@ -1,0 +1,67 @@
+//===- StatementRules.cpp - other rules of one statement ------------------===//
+
+#include "AST/StatementVisitor.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "LanguageFamilies.h"
+
+namespace tarka {
+
+namespace {
+
+class StatementCheck : public StatementVisitor<StatementCheck> {
+public:
+  StatementCheck(const StatementContext &statementContext, LanguageReport &languageReport)
+      : context(statementContext), report(languageReport) {}
+
+  void visitMoveStatement(MoveStatement &statement) {
+    if (statement.isCorresponding())
+      checkGroup(statement.getSource());
+    for (IdentifierExpression *target : statement.getTargetListElements()) {
+      checkReceiver(*target);
+      if (statement.isCorresponding())
+        checkGroup(target);
+    }
+  }
+
+  void visitExitSectionStatement(ExitSectionStatement &statement) {
+    if (!context.inSection)
+      report.report(LanguageRule::ExitOutsideProcedure, statement, "SECTION", "section");
+  }
+  void visitExitParagraphStatement(ExitParagraphStatement &statement) {
+    if (!context.inParagraph)
+      report.report(LanguageRule::ExitOutsideProcedure, statement, "PARAGRAPH", "paragraph");
+  }
+
+  /// Its check fails without a message, so that no graph is made.
+  void visitAlterStatement(AlterStatement &statement) {
+    report.report(LanguageRule::AlterNotAnalysed, statement);
+  }
+
+private:
+  void checkReceiver(IdentifierExpression &target) {
+    auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&target);
+    if (!special || special->getType() != SpecialRegisterType::LengthOf)
+      return;
+    if (const DataDescription *entry = special->getDataDescription(); entry && entry->getDataName())
+      report.report(LanguageRule::LengthOfAsReceiver, target,
+                    entry->getDataName()->getDisplayName());
+  }
+
+  void checkGroup(Expression *operand) {
+    const DataDescription *entry = operand ? entryOfDataIdentifier(*operand) : nullptr;
+    if (entry && entry->getDataName() && !isUnknown(*operand) && !isGroupItem(*operand))
+      report.report(LanguageRule::CorrespondingNotGroup, *operand,
+                    entry->getDataName()->getDisplayName());
+  }
+
+  const StatementContext &context;
+  LanguageReport &report;
+};
+
+} // namespace
+
+void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report) {
+  StatementCheck(context, report).visit(statement);
+}
+
+} // namespace tarka

@@ -1,0 +1,345 @@
+//===- TableRules.cpp - subscripts and parts of items ---------------------===//
+//
+// How many subscripts an item needs, and which literal subscripts and reference
+// modifiers are outside of the item whatever the program does. A table with
+// OCCURS DEPENDING ON counts with its maximum.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/DataDivision.h"
+#include "AST/ExpressionVisitor.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "LanguageFamilies.h"
+#include "OperandWalk.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallVector.h"
+#include <optional>
+
+namespace tarka {
+
+namespace {
+
+const std::string &nameOf(const DataIdentifierExpression &identifier) {
+  return identifier.getQualifiedWord()->getNamesElements().front()->getDisplayName();
+}
+
+/// The value of an operand that is made of integer literals alone, as far as it is small enough to
+/// be counted with.
+std::optional<std::int64_t> constantOf(const Expression &operand) {
+  constexpr std::int64_t limit = 1'000'000'000;
+  std::optional<std::int64_t> value;
+  if (const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(&operand)) {
+    if (literal->isInteger())
+      value = literal->getIntegerValue();
+  } else if (const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&operand)) {
+    // A long chain of operators is not one of literals, and is not walked by recursion.
+    if (arithmetic->getOperand2() &&
+        !llvm::isa<NumericLiteralExpression>(arithmetic->getOperand2()))
+      return std::nullopt;
+    if (llvm::isa<ArithmeticExpression>(arithmetic->getOperand1()))
+      return std::nullopt;
+    std::optional<std::int64_t> left = constantOf(*arithmetic->getOperand1());
+    std::optional<std::int64_t> right =
+        arithmetic->getOperand2() ? constantOf(*arithmetic->getOperand2()) : 0;
+    if (!left || !right)
+      return std::nullopt;
+    switch (arithmetic->getOperator()) {
+    case ArithmeticExprType::Add:
+    case ArithmeticExprType::UnaryPlus:
+      value = *left + *right;
+      break;
+    case ArithmeticExprType::Subtract:
+      value = *left - *right;
+      break;
+    case ArithmeticExprType::UnaryMinus:
+      value = -*left;
+      break;
+    default:
+      break;
+    }
+  }
+  if (value && (*value > limit || *value < -limit))
+    return std::nullopt;
+  return value;
+}
+
+/// A subscript that is an index-name with a literal added or subtracted.
+struct RelativeIndex {
+  const DataIdentifierExpression *index;
+  bool isAdded;
+  std::int64_t distance;
+};
+
+std::optional<RelativeIndex> relativeIndexOf(const Expression &subscript) {
+  const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&subscript);
+  if (!arithmetic || !arithmetic->getOperand2())
+    return std::nullopt;
+  const bool isAdded = arithmetic->getOperator() == ArithmeticExprType::Add;
+  if (!isAdded && arithmetic->getOperator() != ArithmeticExprType::Subtract)
+    return std::nullopt;
+  const auto *index = llvm::dyn_cast<DataIdentifierExpression>(arithmetic->getOperand1());
+  std::optional<std::int64_t> distance = constantOf(*arithmetic->getOperand2());
+  if (!index || !distance || !index->getDataDescription() ||
+      !isIndexName(*index->getDataDescription()))
+    return std::nullopt;
+  return RelativeIndex{index, isAdded, *distance};
+}
+
+/// ALL is kept as a named figurative constant.
+bool isAll(const Expression &subscript) {
+  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&subscript);
+  return constant && constant->getSymbolName() == "ALL";
+}
+
+/// The tables that \p entry is in, the outermost first.
+llvm::SmallVector<const DataDescription *, 4> tablesAround(const DataDescription &entry) {
+  llvm::SmallVector<const DataDescription *, 4> tables;
+  const DataDescription *group = isConditionName(entry) ? entry.getCondNameParent() : &entry;
+  for (; group; group = group->getParent())
+    if (group->getOccurs())
+      tables.push_back(group);
+  std::reverse(tables.begin(), tables.end());
+  return tables;
+}
+
+/// Where an operand stands, as far as its subscripts depend on it.
+enum class OperandPlace {
+  Statement,
+  FunctionArgument,
+  /// The operand of LENGTH OF, ADDRESS OF and FUNCTION LENGTH, which may be a table as a whole.
+  WholeTable,
+};
+
+/// Checks the operands of one statement with everything that they are made of.
+class TableCheck : public ExpressionVisitor<TableCheck> {
+public:
+  explicit TableCheck(LanguageReport &languageReport) : report(languageReport) {}
+
+  void check(Expression *operand, OperandPlace where = OperandPlace::Statement) {
+    if (!operand)
+      return;
+    const OperandPlace outer = place;
+    place = where;
+    visit(*operand);
+    place = outer;
+  }
+
+  void check(Condition *condition) {
+    // Long chains of AND and OR lean to the left.
+    llvm::SmallVector<Condition *, 8> pending;
+    for (; condition; condition = pending.empty() ? nullptr : pending.pop_back_val()) {
+      while (auto *chain = llvm::dyn_cast<CombinedCondition>(condition)) {
+        if (chain->getRight())
+          pending.push_back(chain->getRight());
+        if (!chain->getLeft())
+          break;
+        condition = chain->getLeft();
+      }
+      checkOne(*condition);
+    }
+  }
+
+  void visitDataIdentifierExpression(DataIdentifierExpression &identifier) {
+    const OperandPlace where = place;
+    if (SubscriptModifier *subscripts = identifier.getSubscriptMod())
+      for (Expression *subscript : subscripts->getSubscriptElements())
+        checkNumber(subscript);
+    checkParts(identifier.getReferenceMod());
+    const DataDescription *entry = identifier.getDataDescription();
+    if (!entry || !identifier.getQualifiedWord())
+      return;
+    if (where == OperandPlace::FunctionArgument)
+      checkNotConditionName(identifier);
+    if (checkSubscripts(identifier, *entry, where))
+      checkModifier(identifier, *entry);
+  }
+
+  void visitFunctionIdentifierExpression(FunctionIdentifierExpression &function) {
+    const bool takesTables = function.getIntrinsicType() == IntrinsicType::Length;
+    for (Expression *argument : function.getFunctionArgListElements())
+      check(argument, takesTables ? OperandPlace::WholeTable : OperandPlace::FunctionArgument);
+    checkParts(function.getReferenceMod());
+  }
+
+  void visitSpecialRegisterIdentifierExpression(SpecialRegisterIdentifierExpression &special) {
+    check(special.getIdent(), OperandPlace::WholeTable);
+    checkParts(special.getReferenceMod());
+  }
+
+  /// Long chains of operators lean to the left.
+  void visitArithmeticExpression(ArithmeticExpression &expression) {
+    const OperandPlace where = place;
+    Expression *first = &expression;
+    while (auto *link = llvm::dyn_cast<ArithmeticExpression>(first)) {
+      check(link->getOperand2(), where);
+      first = link->getOperand1();
+    }
+    check(first, where);
+  }
+
+  void visitAbbrRelationCombinedExpression(AbbrRelationCombinedExpression &objects) {
+    check(objects.getLeft());
+    for (AbbrRelationItem *item : objects.getRightAbbrListElements())
+      check(item->getCond());
+  }
+
+private:
+  void checkOne(Condition &condition) {
+    if (auto *name = llvm::dyn_cast<ConditionNameCondition>(&condition)) {
+      check(static_cast<Expression *>(name->getConditionName()));
+    } else if (auto *relation = llvm::dyn_cast<RelationalCondition>(&condition)) {
+      check(relation->getLeft());
+      check(relation->getRight());
+    } else if (auto *abbreviated = llvm::dyn_cast<AbbrRelationalCondition>(&condition)) {
+      check(abbreviated->getRight());
+    } else if (auto *ofClass = llvm::dyn_cast<ClassCondition>(&condition)) {
+      check(ofClass->getLeft());
+    } else if (auto *sign = llvm::dyn_cast<SignCondition>(&condition)) {
+      check(sign->getOperand());
+    } else if (auto *negated = llvm::dyn_cast<NegatedCondition>(&condition)) {
+      check(negated->getOperand());
+    }
+  }
+
+  /// A subscript, a leftmost position or a length: the condition-name passes for a number with the
+  /// checks before this pass, because it has the category of its variable.
+  void checkNumber(Expression *operand) {
+    if (!operand)
+      return;
+    check(operand);
+    if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand))
+      checkNotConditionName(*identifier);
+  }
+
+  void checkParts(ReferenceModifier *modifier) {
+    if (!modifier)
+      return;
+    checkNumber(modifier->getFromExpr());
+    checkNumber(modifier->getCountExpr());
+  }
+
+  void checkNotConditionName(DataIdentifierExpression &name) {
+    const DataDescription *entry = name.getDataDescription();
+    if (entry && isConditionName(*entry) && entry->getCondNameParent() &&
+        entry->getCondNameParent()->getDataName())
+      report.report(LanguageRule::ConditionNameAsValue, name, nameOf(name),
+                    entry->getCondNameParent()->getDataName()->getDisplayName());
+  }
+
+  /// Gives false where the number of subscripts is wrong, or nothing can be said of the item.
+  bool checkSubscripts(DataIdentifierExpression &identifier, const DataDescription &entry,
+                       OperandPlace where) {
+    // The parent of an index-name is its table, which it is no part of.
+    if (isIndexName(entry))
+      return false;
+    SubscriptModifier *modifier = identifier.getSubscriptMod();
+    llvm::SmallVector<const DataDescription *, 4> tables = tablesAround(entry);
+    // Subscripts where there is no table have been reported.
+    if (tables.empty())
+      return !modifier;
+    // The lines of a report repeat without subscripts.
+    if (entry.getStorageType() == StorageType::Report)
+      return false;
+    const std::size_t given = modifier ? modifier->getSubscriptSize() : 0;
+    if (given == 0 && where == OperandPlace::WholeTable)
+      return true;
+    if (given != tables.size()) {
+      report.report(LanguageRule::SubscriptCount, identifier, nameOf(identifier),
+                    countOf(static_cast<std::int64_t>(tables.size()), "subscript"),
+                    given ? std::to_string(given) : "none");
+      return false;
+    }
+    for (auto [table, subscript] : llvm::zip(tables, modifier->getSubscriptElements()))
+      if (isAll(*subscript)) {
+        if (where == OperandPlace::Statement)
+          report.report(LanguageRule::SubscriptAllOutsideFunction, identifier, nameOf(identifier));
+      } else {
+        checkSubscript(identifier, *table, *subscript);
+      }
+    return true;
+  }
+
+  void checkSubscript(DataIdentifierExpression &identifier, const DataDescription &table,
+                      Expression &subscript) {
+    const ClauseOccurs &occurs = *table.getOccurs();
+    if (!occurs.getMaxExpr() && !occurs.getMinExpr())
+      return;
+    const std::int64_t most = occurs.getMostOccurrences();
+    std::string shown;
+    if (std::optional<std::int64_t> value = constantOf(subscript)) {
+      if (*value < 1 || *value > most)
+        shown = std::to_string(*value);
+    } else if (std::optional<RelativeIndex> relative = relativeIndexOf(subscript)) {
+      // An index counts from 1. After a search that found nothing it is one beyond the table.
+      const bool isOutside =
+          relative->isAdded ? relative->distance >= most : relative->distance > most;
+      if (isOutside)
+        shown = llvm::formatv("{0} {1} {2}", nameOf(*relative->index),
+                              relative->isAdded ? "+" : "-", relative->distance)
+                    .str();
+    }
+    if (!shown.empty())
+      report.report(LanguageRule::SubscriptOutOfRange, identifier, shown, displayNameOf(table),
+                    countOf(most, "occurrence"));
+  }
+
+  void checkModifier(DataIdentifierExpression &identifier, const DataDescription &entry) {
+    const ReferenceModifier *modifier = identifier.getReferenceMod();
+    if (!modifier || !modifier->getFromExpr() || entry.getStorageType() == StorageType::Report)
+      return;
+    const std::int64_t size = entry.getAllocSize();
+    if (size <= 0 || entry.isTooLarge() || isUnknown(identifier))
+      return;
+    // National and DBCS characters take two bytes each.
+    const UsageType usage = entry.getUsageType();
+    const std::int64_t characters =
+        usage == UsageType::National || usage == UsageType::Display1 ? size / 2 : size;
+    std::optional<std::int64_t> from = constantOf(*modifier->getFromExpr());
+    std::optional<std::int64_t> count =
+        modifier->getCountExpr() ? constantOf(*modifier->getCountExpr()) : std::nullopt;
+    const bool isBeginOutside = from && (*from < 1 || *from > characters);
+    const bool isCountOutside = count && (*count < 1 || *count > characters);
+    const bool isEndOutside = from && count && *from + *count - 1 > characters;
+    if (!isBeginOutside && !isCountOutside && !isEndOutside)
+      return;
+    auto shown = [](const Expression *written, std::optional<std::int64_t> value) {
+      if (!written)
+        return std::string();
+      return value ? std::to_string(*value) : std::string("...");
+    };
+    report.report(LanguageRule::ModifierOutOfRange, identifier,
+                  shown(modifier->getFromExpr(), from) + ":" +
+                      shown(modifier->getCountExpr(), count),
+                  nameOf(identifier), countOf(characters, "character"));
+  }
+
+  static std::string displayNameOf(const DataDescription &entry) {
+    return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
+  }
+
+  LanguageReport &report;
+  OperandPlace place = OperandPlace::Statement;
+};
+
+} // namespace
+
+void checkVariableTables(DataDivision &division, LanguageReport &report) {
+  for (DataDescription *table : division.getVariableTables()) {
+    auto *object = llvm::dyn_cast<DataIdentifierExpression>(table->getOccurs()->getOdoName());
+    const DataDescription *entry = object ? object->getDataDescription() : nullptr;
+    if (!entry || !isConditionName(*entry) || !entry->getCondNameParent() ||
+        !entry->getCondNameParent()->getDataName())
+      continue;
+    report.report(LanguageRule::ConditionNameAsValue, *object, nameOf(*object),
+                  entry->getCondNameParent()->getDataName()->getDisplayName());
+  }
+}
+
+void checkOperands(Statement &statement, LanguageReport &report) {
+  TableCheck check(report);
+  forEachOperand(
+      statement, [&](Expression &operand) { check.check(&operand); },
+      [&](Condition &condition) { check.check(&condition); });
+}
+
+} // namespace tarka

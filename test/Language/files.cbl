@@ -1,0 +1,69 @@
+      *> RUN: %tarka check --verify %s
+       identification division.
+       program-id. files.
+       environment division.
+       input-output section.
+       file-control.
+           select f assign to f.
+           select f assign to g. *> expect: 5022:19
+           select undescribed assign to h. *> expect: 5021:19
+           select r assign to r organization relative access random
+             relative key k.
+           select d assign to d organization relative access dynamic
+             relative key k.
+           select q assign to q organization relative.
+           select l assign to l.
+           select sf assign to sf.
+       data division.
+       file section.
+       fd f.
+       1 f-record pic x(10).
+       fd r.
+       1 r-record pic x(10).
+       fd d.
+       1 d-record pic x(10).
+       fd q.
+       1 q-record pic x(10).
+       fd l linage 60.
+       1 l-record pic x(10).
+       sd sf.
+       1 sf-record.
+        2 sk pic x(10).
+       working-storage section.
+       1 k pic 9(4).
+       1 x pic x(5).
+       1 g.
+        2 e pic 9.
+         88 e-on value 1.
+       procedure division.
+           exit paragraph. *> expect: 5013
+       main.
+           start f *> expect: 5026
+           start f key = k *> expect: 3566
+           delete f *> expect: 5026
+           start r *> expect: 5027
+           start d
+           delete r invalid key display x end-delete
+           delete q
+           delete q invalid key display x end-delete *> expect: 5027
+           read r next at end display x end-read *> expect: 5027
+           read d next at end display x end-read
+           read r invalid key display x end-read
+           write f-record at end-of-page display x end-write *> expect: 5024
+           write l-record at end-of-page display x end-write
+           write l-record after page at end-of-page display x *> expect: 5025
+           end-write
+           merge sf ascending key sk using f f giving l *> expect: 5023:46
+           merge sf ascending key sk using f l giving l *> expect: 5023:55
+           sort sf ascending key sk using f giving f
+      *> Receivers and groups.
+           move k to length of x *> expect: 5011
+           move length of x to k
+           move corresponding x to g *> expect: 5012
+           move corresponding g to e *> expect: 5012
+           move corresponding g to g
+           exit section *> expect: 5013
+           exit paragraph
+           if k = 1 exit paragraph end-if
+           stop run.
+       end program files.
