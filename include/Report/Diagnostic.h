@@ -16,6 +16,8 @@
 
 namespace tarka {
 
+class SourceUnit;
+
 /// A further place that explains a diagnostic, such as "first declared here".
 struct DiagnosticNote {
   std::string text;
@@ -50,6 +52,10 @@ struct Diagnostic {
   /// The source files of all compilations that have this same diagnostic of a copybook; empty when
   /// it was found in one only.
   std::vector<std::string> programs;
+  /// The node that a check reports, and the program unit. Null for the front end, and in another
+  /// process than the one that found it.
+  const Node *node = nullptr;
+  SourceUnit *unit = nullptr;
 
   /// The text with what it is about behind it, and in how many programs it was found.
   std::string getMessage() const;

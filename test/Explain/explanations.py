@@ -83,7 +83,7 @@ def check_programs(tarka, directory):
         faults += verified.stderr.splitlines()
         if verified.returncode > 1 or verified.returncode == 1 and not verified.stderr:
             faults.append(f"tarka check --verify {' '.join(options)} ends with {verified.returncode}")
-        reported = run(tarka, "check", "--format=ndjson", *options, *programs)
+        reported = run(tarka, "check", "--all", "--format=ndjson", *options, *programs)
         faults += look_at_reports(reported.stdout, programs)
     for options, programs in mended.items():
         result = run(tarka, "check", *options, *programs)

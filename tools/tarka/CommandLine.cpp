@@ -151,6 +151,7 @@ void addCheckReportOptions(CLI::App &app, Request &request) {
       ->option_text("classic|pretty|json|ndjson|sarif|github|junit|gcc")
       ->transform(oneOf(reportForms))
       ->group(group);
+  app.add_flag("--all", request.all, "report what follows from other errors too")->group(group);
   app.add_flag("--statistics", request.statistics, "print a summary at the end")->group(group);
   app.add_option("--baseline", request.baseline, "leave out the findings that FILE knows")
       ->option_text("FILE")

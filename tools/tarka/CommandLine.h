@@ -51,6 +51,8 @@ struct Request {
   ReportForm reportForm = ReportForm::Auto;
   ColorChoice color = ColorChoice::Auto;
   Selection selection;
+  /// Report the consequences of other errors too.
+  bool all = false;
   /// Where the report or the result goes; empty for standard error or output.
   std::string output;
 

@@ -17,6 +17,7 @@
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
+#include "Report/Consequences.h"
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
 #include "ReportRun.h"
@@ -106,6 +107,10 @@ FileReport Compilation::check() {
   report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
   const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
+  if (!request.all)
+    removeConsequences(report.diagnostics, *program, [&](unsigned source, unsigned number) {
+      return lines.line(source, number);
+    });
   if (request.fix)
     applyFixes(report.diagnostics);
   setFingerprints(report.diagnostics);
@@ -139,6 +144,7 @@ void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
       request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
   FixedSource source(text, format == SourceFormat::Fixed);
   std::vector<Diagnostic> rest;
+  const std::vector<Diagnostic> all = request.diff ? findings : std::vector<Diagnostic>();
   for (Diagnostic &diagnostic : findings)
     if (diagnostic.fix.empty() || !source.apply(diagnostic.fix))
       rest.push_back(std::move(diagnostic));
@@ -151,7 +157,7 @@ void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
     // Nothing is changed, so everything is still to be reported.
     source.printDiff(llvm::outs(), file);
     llvm::outs().flush();
-    findings = collectFindings(file, frontEnd, handler, secondPass, lines);
+    findings = all;
     return;
   }
   OutputFile output(file);
@@ -344,8 +350,10 @@ int printFile(const Request &request) {
 void writeReport(const Request &request, llvm::raw_ostream &out) {
   compile([&] {
     std::unique_ptr<Sink> sink = makeClassicSink(out);
+    Request complete = request;
+    complete.all = true;
     for (const Diagnostic &diagnostic :
-         Compilation(request, request.files.front()).check().diagnostics)
+         Compilation(complete, complete.files.front()).check().diagnostics)
       sink->report(diagnostic);
   });
 }

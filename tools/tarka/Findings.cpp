@@ -70,6 +70,8 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
   diagnostic.severity = static_cast<Severity>(entry.getSeverity());
   diagnostic.text = entry.getMessage();
   diagnostic.place = entry.getNode()->getRange();
+  diagnostic.node = entry.getNode();
+  diagnostic.unit = entry.getSourceUnit();
   for (const ErrorNote &note : entry.getNotes())
     diagnostic.notes.push_back({note.text, note.place, ""});
   describe(diagnostic, entry);
