@@ -14,8 +14,8 @@ WORKING-STORAGE SECTION.
 COPY NOMEMBER.
 01  GOOD PIC 9(4).
 01  GOOD-TEXT PIC A(4).
-*> The front end cannot read the entry, and the picture that is left is wrong.
-*> CHECK: [[#@LINE+1]]:{{.*}}error: '8' does not begin a clause
+*> The front end cannot read the picture: what uses the item is not reported.
+*> CHECK: [[#@LINE+1]]:{{.*}}error: a picture character-string contains no spaces
 01  BROKEN PIC S9(8 8) COMP.
 *> CHECK: [[#@LINE+1]]:{{.*}}error: Invalid Picture string
 01  WRONG PIC Q(3).
