@@ -3,7 +3,7 @@
 *> RUN: not %tarka check --all %s 2>&1 | grep -c " error " | FileCheck %s --check-prefix=ALL
 *> A cause that is turned off hides nothing.
 *> RUN: not %tarka check --off=43 %s 2>&1 | FileCheck %s --check-prefix=OFF
-*> ALL: 11
+*> ALL: 9
 *> OFF: error 3310 {{.*}}'MEMBER-A'
 IDENTIFICATION DIVISION.
 PROGRAM-ID. FOLLOWS.
