@@ -6,6 +6,7 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSet.h"
+#include <memory>
 #include <optional>
 
 namespace tarka {
@@ -298,7 +299,7 @@ private:
       reportOutOfPlace(macro, "DFHMSD");
       return;
     }
-    map.emplace();
+    map = std::make_unique<BmsMapDefinition>();
     map->place = macro.place;
     map->name = checkName(macro, "a map", maxMapName, "IO");
     map->options = readOptions(macro, mapset->options);
@@ -558,9 +559,9 @@ private:
 
   std::optional<Mapset> mapset;
   std::optional<MapWriter> writer;
-  std::optional<BmsMapDefinition> map;
-  llvm::StringSet<> names; ///< of the fields and groups of the map
-  std::string groupName;   ///< of the field before
+  std::unique_ptr<BmsMapDefinition> map; ///< the one being read; null between maps
+  llvm::StringSet<> names;               ///< of the fields and groups of the map
+  std::string groupName;                 ///< of the field before
   unsigned blockEnd = 0;
   bool wasOutOfPlace = false;
 };
