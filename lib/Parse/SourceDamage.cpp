@@ -34,7 +34,7 @@ void SourceDamage::collectNames(unsigned file, llvm::StringRef text) {
 }
 
 void SourceDamage::addWords(llvm::StringRef text) {
-  while (!(text = text.ltrim(" \t")).empty()) {
+  while (!(text = text.drop_while(isBlank)).empty()) {
     llvm::StringRef run = text.take_until(isBlank);
     text = text.drop_front(run.size());
     llvm::StringRef whole = run.trim(".,;()\"'");

@@ -3,6 +3,8 @@
 #include "ParserTest.h"
 #include "Print/PrintTree.h"
 #include "llvm/ADT/SmallVector.h"
+#include "llvm/Support/thread.h"
+#include <optional>
 
 namespace tarka {
 namespace {
@@ -48,6 +50,8 @@ std::string outlineOf(llvm::StringRef tree) {
 
 class RecoveryTest : public ParserTest {
 protected:
+  void checkDeepNesting();
+
   /// Reads \p text as a procedure division whose first line is 3, and gives its outline.
   std::string outline(const std::string &text) {
     parse("PROCEDURE DIVISION.\n" + text);
@@ -167,6 +171,13 @@ TEST_F(RecoveryTest, TheSentenceEndsWithItsPeriodOrTheDivision) {
 }
 
 TEST_F(RecoveryTest, NestingTooDeepIsOneMessage) {
+  // As the program does, on a stack that is large enough for the deepest nesting.
+  constexpr unsigned stackSize = 1u << 29;
+  llvm::thread onLargeStack(std::optional<unsigned>(stackSize), [this] { checkDeepNesting(); });
+  onLargeStack.join();
+}
+
+void RecoveryTest::checkDeepNesting() {
   const std::pair<const char *, const char *> nests[] = {
       {"IF A = B ", " END-IF"},
       {"PERFORM UNTIL A = B ", " END-PERFORM"},
