@@ -15,7 +15,8 @@ endfunction()
 
 # Every sanitizer report is fatal and has a stack trace.
 set(TARKA_SANITIZER_ENVIRONMENT
-  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:detect_leaks=0
+  # LLVM sets a signal stack of its own, which the sanitizer would unmap when a thread ends.
+  ASAN_OPTIONS=detect_stack_use_after_return=1:strict_string_checks=1:detect_leaks=0:use_sigaltstack=0
   UBSAN_OPTIONS=print_stacktrace=1
   ASAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer
   UBSAN_SYMBOLIZER_PATH=${LLVM_TOOLS_BINARY_DIR}/llvm-symbolizer)
