@@ -22,7 +22,8 @@ struct Subject {
   /// A name as spelt, with its qualifiers, or a literal as written. Empty for other nodes, of which
   /// the source text tells more.
   std::string name;
-  /// The picture of the item that the name stands for, when it is known.
+  /// What the item is that the name stands for, "PIC S9(5) COMP-3", or the category of a literal or
+  /// an expression.
   std::string detail;
 };
 
@@ -30,7 +31,12 @@ struct Subject {
 Subject subjectOf(const Node &node);
 
 /// What kind of name a diagnostic misses.
-enum class NameKind { Data, Procedure, File };
+enum class NameKind {
+  Operand,     ///< data items, and names of SPECIAL-NAMES
+  Procedure,
+  File,
+  SpecialName,
+};
 
 /// The declarations of \p name in the program, as notes of a diagnostic which says that the name is
 /// not unique. At most \p limit.

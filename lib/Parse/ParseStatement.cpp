@@ -289,6 +289,7 @@ bool StatementParser::rejectPhrase(const Token &first) {
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
 bool StatementParser::rejectWord(StatementList &list) {
+  const SourceRange before = stream.getLastPlace();
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (rejectPhrase(word)) {
@@ -323,6 +324,8 @@ bool StatementParser::rejectWord(StatementList &list) {
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
+    if (list.lastIsWrong)
+      context.diagnostics.getDamage().add(before);
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
   }

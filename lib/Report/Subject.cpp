@@ -2,7 +2,9 @@
 
 #include "Report/Subject.h"
 #include "AST/Expression.h"
+#include "AST/KindNames.h"
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "AST/Spelling.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -26,48 +28,39 @@ std::string nameOf(const QualifiedWord *name) {
   return text;
 }
 
-/// The picture of an elementary item, and that a group is one.
+/// The picture and the usage of an elementary item, and that a group is one.
 std::string describeItem(const DataDescription *item) {
   if (!item || item->getLevelNum() == 88)
-    return "";
+    return item ? "a condition-name" : "";
+  if (item->getChildrenSize() > 0)
+    return "a group";
+  std::string text;
   if (const ClausePicture *picture = item->getPicture())
-    return "PIC " + picture->getCharStringWord()->getDisplayName();
-  return item->isGroupItem() ? "a group" : "";
+    text = "PIC " + picture->getCharStringWord()->getDisplayName();
+  if (const UsageType usage = item->getUsageType();
+      usage != UsageType::None && usage != UsageType::Display)
+    text += (text.empty() ? "" : " ") + nameOf(usage).str();
+  return text;
+}
+
+std::string nameOfEntry(const DataDescription *entry) {
+  return entry ? nameOf(entry->getDataName()) : "";
 }
 
 Subject describeExpression(const Expression &expression) {
-  if (const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&expression))
-    return {nameOf(identifier->getQualifiedWord()), describeItem(identifier->getDataDescription())};
+  if (const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&expression)) {
+    const DataDescription *entry = identifier->getDataDescription();
+    std::string name = nameOf(identifier->getQualifiedWord());
+    return {name.empty() ? nameOfEntry(entry) : name, describeItem(entry)};
+  }
   if (const auto *file = llvm::dyn_cast<FileIdentifierExpression>(&expression))
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = llvm::dyn_cast<ReportIdentifierExpression>(&expression))
     return {nameOf(report->getReportName()), ""};
+  std::string category = nameOf(expression.getDataCategory()).str();
   if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&expression))
-    return {number->getData(), ""};
-  return {};
-}
-
-/// Calls \p enter for \p entry, everything below it and the condition names.
-template <typename Enter> void walkEntries(DataDescription *entry, Enter enter) {
-  enter(*entry);
-  for (DataDescription *child : entry->getChildrenElements())
-    walkEntries(child, enter);
-  for (DataDescription *name :
-       llvm::make_range(entry->getCondNameChildrenBegin(), entry->getCondNameChildrenEnd()))
-    enter(*name);
-}
-
-template <typename Enter> void walkDivision(DataDivision &division, Enter enter) {
-  for (const FileDescription *file : division.getFileSectionElements())
-    for (DataDescription *record : file->getRecordDescElements())
-      walkEntries(record, enter);
-  if (const auto *records = division.getWorkSection())
-    for (DataDescription *record : *records)
-      walkEntries(record, enter);
-  for (DataDescription *record : division.getLocalSectionElements())
-    walkEntries(record, enter);
-  for (DataDescription *record : division.getLinkSectionElements())
-    walkEntries(record, enter);
+    return {number->getData(), std::move(category)};
+  return {"", std::move(category)};
 }
 
 std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
@@ -95,12 +88,20 @@ std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
         addSection(section);
     return words;
   }
-  DataDivision *division = unit.getDataDivision();
-  if (division && kind == NameKind::File)
-    for (const FileDescription *file : division->getFileSectionElements())
-      add(file->getFileName());
-  if (division && kind == NameKind::Data)
-    walkDivision(*division, [&](const DataDescription &entry) { add(entry.getDataName()); });
+  const Scope scope(&unit);
+  switch (kind) {
+  case NameKind::Operand:
+    scope.forEachItem([&](const DataDescription *entry) { add(entry->getDataName()); });
+    [[fallthrough]];
+  case NameKind::SpecialName:
+    scope.forEachSpecialName(add);
+    break;
+  case NameKind::File:
+    scope.forEachFile([&](const FileDescription *file) { add(file->getFileName()); });
+    break;
+  case NameKind::Procedure:
+    break;
+  }
   return words;
 }
 

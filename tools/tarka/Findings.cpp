@@ -21,13 +21,20 @@ constexpr unsigned maxDeclarations = 5;
 
 /// Diagnostics of names that are not declared, by what they are the names of.
 std::optional<NameKind> missingName(int number) {
-  auto is = [number](ErrorCode code) { return number == errorInfo(code).number; };
-  if (is(ErrorCode::IdentifierUndefined) || is(ErrorCode::IdentifierNotInScope))
-    return NameKind::Data;
-  if (is(ErrorCode::ProcedureNameUndefined))
+  auto isAny = [number](std::initializer_list<ErrorCode> codes) {
+    return llvm::any_of(codes, [&](ErrorCode code) { return number == errorInfo(code).number; });
+  };
+  using enum ErrorCode;
+  if (isAny({IdentifierUndefined, IdentifierNotInScope}))
+    return NameKind::Operand;
+  if (isAny({ProcedureNameUndefined}))
     return NameKind::Procedure;
-  if (is(ErrorCode::FileNameUndefined))
+  if (isAny({FileNameUndefined, FileNameNotSelected}))
     return NameKind::File;
+  if (isAny({SymbolicCharacterUndefined, CollatingAlphabetUndefined, SwitchConditionUndefined,
+             ClassConditionUndefined, MnemonicNameInvalid, MnemonicNameUndefined,
+             AcceptMnemonicInvalid, DisplayMnemonicInvalid}))
+    return NameKind::SpecialName;
   return std::nullopt;
 }
 
@@ -42,6 +49,7 @@ public:
 
 private:
   void describe(Diagnostic &diagnostic, const ErrorEntry &entry);
+  Subject describe(const Node &node);
   void complete(Diagnostic &diagnostic);
   std::string textOf(const SourceRange &place);
 
@@ -71,6 +79,7 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
   diagnostic.text = entry.getMessage();
   diagnostic.place = entry.getNode()->getRange();
   diagnostic.node = entry.getNode();
+  diagnostic.otherNode = entry.getOtherOperand();
   diagnostic.unit = entry.getSourceUnit();
   for (const ErrorNote &note : entry.getNotes())
     diagnostic.notes.push_back({note.text, note.place, ""});
@@ -85,11 +94,14 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
   diagnostic.subject = entry.getSubject();
   if (!diagnostic.subject.empty())
     return;
-  Subject subject = subjectOf(*entry.getNode());
+  Subject subject = describe(*entry.getNode());
   diagnostic.subject = std::move(subject.name);
   diagnostic.detail = std::move(subject.detail);
-  if (diagnostic.subject.empty())
-    diagnostic.subject = textOf(diagnostic.place);
+  if (const Node *other = entry.getOtherOperand()) {
+    Subject second = describe(*other);
+    diagnostic.otherSubject = std::move(second.name);
+    diagnostic.otherDetail = std::move(second.detail);
+  }
 
   SourceUnit *unit = entry.getSourceUnit();
   if (!unit)
@@ -102,6 +114,13 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
   }
   if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotUnique).number)
     diagnostic.notes = declarationsOf(name, *unit, maxDeclarations);
+}
+
+Subject FindingCollector::describe(const Node &node) {
+  Subject subject = subjectOf(node);
+  if (subject.name.empty())
+    subject.name = textOf(node.getRange());
+  return subject;
 }
 
 /// What stands at \p place, when it is in one line and short.

@@ -44,6 +44,7 @@ public:
   explicit LanguageWalk(LanguageReport &languageReport) : report(languageReport) {}
 
   void check(SourceUnit &unit) {
+    report.setUnit(unit);
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision())
       checkVariableTables(*division, report);
