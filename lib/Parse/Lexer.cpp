@@ -180,7 +180,7 @@ void Lexer::next(Token &token) {
   }
 }
 
-/// Does what \p token calls for; false when it is not for the parser.
+/// Handles what \p token means to the lexer; false when the parser does not get it.
 bool Lexer::checkToken(Token &token) {
   if (token.keyword != Keyword::None) {
     bool isKept = inPseudoText || actOnKeyword(token);
@@ -249,7 +249,7 @@ void Lexer::reportLongWord(const Token &token) {
                                token.spelling.size(), maxWordLength);
 }
 
-/// Does what a keyword calls for besides being one; false when it is not for the parser.
+/// Handles a keyword that means something to the lexer; false when the parser does not get it.
 bool Lexer::actOnKeyword(Token &token) {
   if (state == State::EmbeddedWord) {
     state = State::EmbeddedText;

@@ -16,8 +16,8 @@ static constexpr Keyword environmentHeaders[] = {
     Keyword::Configuration, Keyword::SourceComputer, Keyword::ObjectComputer, Keyword::SpecialNames,
     Keyword::Repository,    Keyword::InputOutput,    Keyword::FileControl,    Keyword::IOControl};
 
-/// The division and its parts hang in the tree before they are read: what they declare is looked up
-/// there while reading goes on.
+/// The division and its parts are attached to the tree before they are parsed, because the parser
+/// looks up there what they declare.
 EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
   takeDivisionHeader(Keyword::Environment);
@@ -46,6 +46,7 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
       error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "environment division");
     else
       expected("a section or paragraph of the environment division");
+    Skipping skipping(*this);
     do
       stream.skip();
     while (!atPartHeader());
@@ -396,9 +397,9 @@ ClauseEnvName *EnvironmentParser::parseEnvironmentName() {
 bool EnvironmentParser::atAlphabetWithoutKeyword() {
   if (!peek().isUserWord())
     return false;
-  unsigned behind = peek(1).is(Keyword::Is) ? 2 : 1;
-  return peek(behind).isOneOf(Keyword::Standard1, Keyword::Standard2, Keyword::Native) ||
-         (behind == 2 && peek(behind).is(TokenKind::AlphanumericLiteral));
+  unsigned next = peek(1).is(Keyword::Is) ? 2 : 1;
+  return peek(next).isOneOf(Keyword::Standard1, Keyword::Standard2, Keyword::Native) ||
+         (next == 2 && peek(next).is(TokenKind::AlphanumericLiteral));
 }
 
 /// [ALPHABET] alphabet-name [FOR ALPHANUMERIC] IS {STANDARD-1 | STANDARD-2 | NATIVE | EBCDIC |
@@ -436,8 +437,7 @@ ClauseAlphabet *EnvironmentParser::parseAlphabet() {
   return complete(clause);
 }
 
-/// [FOR ALPHANUMERIC], which says nothing new. Alphabets and classes of national characters are
-/// another matter.
+/// [FOR ALPHANUMERIC], which is the default. National alphabets and classes are not supported.
 bool EnvironmentParser::parseForAlphanumeric() {
   if (!accept(Keyword::For))
     return true;

@@ -56,7 +56,8 @@ public:
       bool isNumbered = llvm::all_of(line.take_front(6), llvm::isDigit);
       bool isIndicated = line[6] != ' ' && llvm::all_of(line.take_front(6), isBlank);
       fixedLines += isNumbered || (isIndicated && line[6] != 'D' && line[6] != 'd');
-    } else {
+    } else if (indent != 6) {
+      // Text that begins in column 7 itself may have been meant for area A.
       ++freeLines;
     }
     // A word that goes on across column 72.
