@@ -24,7 +24,8 @@ struct LexerContext {
   LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
       : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
         debuggingMode(options.debuggingLines) {
-    variables.defineOptions(options);
+    variables.defineDefaults();
+    variables.defineLanguages(options);
   }
 
   /// The options given, and those that the source turns on by itself.
@@ -52,6 +53,8 @@ public:
     previous = TokenKind::EndOfFile;
   }
   void setKeepsCommas(bool on) { keepsCommas = on; }
+  /// Takes tags like :PRE: for parts of words, as in a copybook that is read by itself.
+  void setReadsTags(bool on) { readsTags = on; }
   void setDecimalPointIsComma(bool on) { decimalPoint = on ? ',' : '.'; }
 
   /// Makes the next token; false at the end of the text.
@@ -70,6 +73,7 @@ private:
   void scanLiteral(Token &token, const char *begin);
   void scanMark(Token &token, const char *begin);
   bool beginsFraction(bool afterSpace) const;
+  const char *skipTag() const;
 
   WordTable &words;
   const char *cursor = nullptr;
@@ -77,6 +81,7 @@ private:
   TokenKind previous = TokenKind::EndOfFile;
   char decimalPoint = '.';
   bool keepsCommas;
+  bool readsTags = false;
   bool literalIsOpen = false;
 };
 

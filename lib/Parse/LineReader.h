@@ -94,8 +94,8 @@ private:
   };
 
   bool readPhysicalLine(PhysicalLine &line);
-  static FixedLine divide(const PhysicalLine &line);
-  static unsigned columnBehind(const PhysicalLine &line, const char *at);
+  FixedLine divide(const PhysicalLine &line) const;
+  unsigned columnBehind(const PhysicalLine &line, const char *at) const;
   bool acceptFixed(const PhysicalLine &line);
   void noteCut(const PhysicalLine &line, const FixedLine &parts);
   bool acceptFree(const PhysicalLine &line);
@@ -111,6 +111,7 @@ private:
 
   SourceDiagnostics &diagnostics;
   const unsigned fileNumber;
+  const unsigned tabWidth;
   SourceFormat format;
   bool debugging = false;
   bool quiet = false;

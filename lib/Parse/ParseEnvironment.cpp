@@ -2,9 +2,11 @@
 
 #include "Parse/ParseEnvironment.h"
 #include "AST/IntrinsicFunctions.h"
+#include "Parse/Encoding.h"
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParseData.h"
 #include "Parse/ParseFileControl.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -559,6 +561,23 @@ PhrsClass *EnvironmentParser::parseClassPhrase() {
   return phrase;
 }
 
+/// The symbol that \p sign, a hexadecimal literal of one byte, stands for in pictures: the
+/// character of that byte in the code page of the source, or in the usual one of EBCDIC systems
+/// where the source is in ASCII. Null for other literals.
+static LiteralExpression *currencySymbolOf(const LiteralExpression &sign,
+                                           const std::string &encoding) {
+  const auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(&sign);
+  std::string byte;
+  if (!literal || literal->getNonNumericLiteralType() != NonNumericLiteralType::Hexadecimal ||
+      !llvm::tryGetFromHex(literal->getData(), byte) || byte.size() != 1)
+    return nullptr;
+  const bool isEbcdic = decodeText("\xC1", encoding).text == "A\n";
+  const std::string character = decodeText(byte, isEbcdic ? encoding : "IBM-1140").text;
+  Node place(sign.getRange());
+  return new NonNumericLiteralExpression(
+      &place, ("'" + llvm::StringRef(character).rtrim('\n') + "'").str());
+}
+
 /// CURRENCY [SIGN] [IS] literal [[WITH] PICTURE SYMBOL literal]
 ClauseCurrency *EnvironmentParser::parseCurrency() {
   SourceRange begin = here();
@@ -576,6 +595,8 @@ ClauseCurrency *EnvironmentParser::parseCurrency() {
     symbol = parseLiteral();
     if (!symbol)
       return nullptr;
+  } else {
+    symbol = currencySymbolOf(*sign, context.options.encoding);
   }
   return make<ClauseCurrency>(begin, sign, symbol);
 }

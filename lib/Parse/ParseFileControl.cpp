@@ -25,6 +25,10 @@ static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selec
 
 void FileControlParser::parseFileControl(InputOutputSection &section) {
   takeParagraphHeader();
+  parseFileEntries(section);
+}
+
+void FileControlParser::parseFileEntries(InputOutputSection &section) {
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;

@@ -263,8 +263,8 @@ ParserBase::HeaderKind ParserBase::headerKind() {
   }
   // In fixed form a name in area A is one also where more words follow it on its line.
   bool hasExtraWord = peek(1).isVerb() || (peek(1).isUserWord() && peek(2).is(TokenKind::Period));
-  if (name.isUserWord() && name.isInAreaA() && name.isInFixedForm() && hasExtraWord && !peek(1).isFirstOnLine() &&
-      suggestKeyword(name.text, KF_Verb).empty())
+  if (name.isUserWord() && name.isInAreaA() && name.isInFixedForm() && hasExtraWord &&
+      !peek(1).isFirstOnLine() && suggestKeyword(name.text, KF_Verb).empty())
     return HeaderKind::Paragraph;
   // The period of a name that has its line to itself was forgotten.
   bool isAlone = name.isUserWord() && name.isInAreaA() && peek(1).isFirstOnLine() &&
