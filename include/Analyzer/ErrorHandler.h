@@ -78,8 +78,8 @@ public:
   /// report derives it from the node.
   const std::string &getSubject() const { return subject; }
   void setSubject(std::string what) { subject = std::move(what); }
-  /// The second operand that the diagnostic is about: the sender where the receiver of a MOVE is the
-  /// node, the right side of a comparison where the left side is. Null where there is only one.
+  /// The second operand that the diagnostic is about: the sender where the receiver of a MOVE is
+  /// the node, the right side of a comparison where the left side is. Null where there is only one.
   const Node *getOtherOperand() const { return otherOperand; }
   void setOtherOperand(const Node *operand) { otherOperand = operand; }
   /// Places that explain the diagnostic, such as "first declared here".

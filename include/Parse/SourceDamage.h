@@ -30,9 +30,9 @@ public:
   /// concerned.
   bool contains(const SourceRange &place) const;
 
-  /// Where \p name, in any case, is a word of a damaged line, or would be but for one character that
-  /// makes two of it (CUST,NAME for CUST-NAME). What it names there may be missing from the tree or
-  /// differ from what was meant.
+  /// Where \p name, in any case, is a word of a damaged line, or would be but for one character
+  /// that makes two of it (CUST,NAME for CUST-NAME). What it names there may be missing from the
+  /// tree or differ from what was meant.
   llvm::SmallVector<SourceRange, 2> findName(llvm::StringRef name) const;
 
   /// Whether text is missing of which not even the names are known: a copybook was not found or not

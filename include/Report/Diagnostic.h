@@ -48,6 +48,8 @@ struct Diagnostic {
   /// Where else the subject draws the same diagnostic: the other uses of a name that is not
   /// declared.
   std::vector<SourceRange> furtherPlaces;
+  /// For text of a copybook where it was copied, "FILE:LINE", and in how many places more.
+  std::string copiedFrom;
   /// The edits that certainly mend it; empty where there are none.
   std::vector<TextEdit> fix;
   /// The name of the source file of the compilation, without its directory. The place itself may

@@ -32,7 +32,7 @@ Subject subjectOf(const Node &node);
 
 /// What kind of name a diagnostic misses.
 enum class NameKind {
-  Operand,     ///< data items, and names of SPECIAL-NAMES
+  Operand, ///< data items, and names of SPECIAL-NAMES
   Procedure,
   File,
   SpecialName,

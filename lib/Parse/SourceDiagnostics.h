@@ -36,6 +36,9 @@ public:
 
   bool hasErrors() const { return sink.hasErrors(); }
 
+  /// Notes that \p statement copies the text of file number \p file.
+  void noteCopy(unsigned file, const SourceRange &statement) { sink.addCopy({file, statement}); }
+
   /// Marks all text of \p file as damaged: a COPY that could only be read in part put it in.
   void markDamaged(unsigned file) {
     damagedFiles.insert(file);

@@ -304,8 +304,7 @@ const FileDescription *ConsequenceFinder::fileAt(const SourceRange &place) const
   if (next == fileParts.begin())
     return nullptr;
   const auto &[position, part] = *std::prev(next);
-  const bool isInside =
-      position.first == place.file && place.beginLine <= part.range.endLine;
+  const bool isInside = position.first == place.file && place.beginLine <= part.range.endLine;
   return isInside ? part.file : nullptr;
 }
 
@@ -480,8 +479,7 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
 /// lines can hold others, so only its beginning counts.
 std::size_t ConsequenceFinder::causeOfPlace(const Diagnostic &diagnostic) const {
   SourceRange place = diagnostic.place;
-  if (place.beginLine != place.endLine &&
-      !dynamic_cast<const DataDescription *>(diagnostic.node)) {
+  if (place.beginLine != place.endLine && !dynamic_cast<const DataDescription *>(diagnostic.node)) {
     place.endLine = place.beginLine;
     place.endColumn = place.beginColumn;
   }
@@ -492,9 +490,7 @@ std::size_t ConsequenceFinder::causeOfPlace(const Diagnostic &diagnostic) const 
 SourceRange ConsequenceFinder::runAround(const SourceRange &place) const {
   SourceRange run = place;
   const llvm::StringRef line = lineOf(place.file, place.beginLine);
-  auto isText = [&](unsigned column) {
-    return !sliceColumns(line, column, column).trim().empty();
-  };
+  auto isText = [&](unsigned column) { return !sliceColumns(line, column, column).trim().empty(); };
   while (run.beginColumn > 1 && isText(run.beginColumn - 1))
     run.beginColumn = run.beginColumn - 1;
   while (isText(run.endColumn + 1))
@@ -509,8 +505,8 @@ bool ConsequenceFinder::isUnknown(llvm::StringRef name, const SourceUnit *unit) 
   return !scope.isDeclared(text) && scope.findFiles(text).empty() && !scope.findReport(text);
 }
 
-/// The error because of which a declaration of \p name is not in the tree as meant: the damaged text
-/// has the name where one can be declared.
+/// The error because of which a declaration of \p name is not in the tree as meant: the damaged
+/// text has the name where one can be declared.
 std::size_t ConsequenceFinder::damagedDeclarationOf(llvm::StringRef name, bool isProcedure) const {
   for (const SourceRange &place : damagedText.findName(name))
     if (isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure)
@@ -563,8 +559,7 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
       if (known.first == diagnostic.unit && isAboutFile(diagnostics[cause].number) &&
           isSlip(name, nameIn(diagnostics[cause])))
         return cause;
-  const bool isMisspelling =
-      !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
+  const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
   if (!isMisspelling) {
     if (const std::size_t copybook = missingCopybookOf(diagnostic); copybook != none)
       return copybook;
@@ -652,7 +647,7 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     return same->second;
   Involved involved;
   involved.enter(diagnostic.node);
-  if (involved.isEmpty())
+  if (involved.isEmpty() && !entryAt(diagnostic.place))
     involved.enter(Scope(diagnostic.unit).findItems(&internString(nameIn(diagnostic).upper())));
   involved.enter(diagnostic.otherNode);
   for (const DataDescription *item : involved.getEntries())
@@ -740,8 +735,7 @@ void ConsequenceFinder::describeCauses() {
 }
 
 /// Adds to the cause number \p index how much follows from it.
-void ConsequenceFinder::describeCause(std::size_t index,
-                                      llvm::ArrayRef<std::size_t> consequences) {
+void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::size_t> consequences) {
   Diagnostic &cause = diagnostics[index];
   std::vector<std::string> names;
   llvm::StringSet<> known;

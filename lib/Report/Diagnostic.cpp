@@ -15,8 +15,8 @@ static std::string quote(const std::string &subject, const std::string &detail) 
 std::string Diagnostic::getMessage() const {
   std::string message = text;
   // Some texts name their subject themselves.
-  if (!subject.empty() && (!otherSubject.empty() ||
-                           !llvm::StringRef(text).contains_insensitive("'" + subject + "'"))) {
+  if (!subject.empty() &&
+      (!otherSubject.empty() || !llvm::StringRef(text).contains_insensitive("'" + subject + "'"))) {
     message = llvm::StringRef(text).rtrim(" .").str() + ": " + quote(subject, detail);
     if (!otherSubject.empty())
       message += " and " + quote(otherSubject, otherDetail);

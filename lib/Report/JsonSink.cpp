@@ -47,6 +47,7 @@ void printDiagnostic(llvm::json::OStream &json, const Diagnostic &diagnostic) {
             printText("source", note.line);
           });
       });
+    printText("copiedFrom", diagnostic.copiedFrom);
     if (!diagnostic.furtherPlaces.empty())
       json.attributeArray("furtherPlaces", [&] {
         for (const SourceRange &place : diagnostic.furtherPlaces)

@@ -49,6 +49,7 @@ template <typename Archive> void transfer(Archive &archive, Diagnostic &diagnost
   archive.text(diagnostic.line);
   archive.list(diagnostic.notes);
   archive.list(diagnostic.furtherPlaces);
+  archive.text(diagnostic.copiedFrom);
   archive.list(diagnostic.fix);
   archive.text(diagnostic.program);
   archive.text(diagnostic.fingerprint);

@@ -3,6 +3,7 @@
 #include "Report/Subject.h"
 #include "AST/Expression.h"
 #include "AST/KindNames.h"
+#include "AST/PictureFault.h"
 #include "AST/Program.h"
 #include "AST/Scope.h"
 #include "AST/Spelling.h"
@@ -41,6 +42,20 @@ std::string describeItem(const DataDescription *item) {
       usage != UsageType::None && usage != UsageType::Display)
     text += (text.empty() ? "" : " ") + nameOf(usage).str();
   return text;
+}
+
+/// The character at which a picture that breaks a rule goes wrong.
+std::string describeFault(const DataDescription &item) {
+  const ClausePicture *picture = item.getPicture();
+  if (!picture || picture->getDataCategory() != DataCategory::Unclassified)
+    return "";
+  const llvm::StringRef text = picture->getCharStringWord()->getDisplayName();
+  const std::size_t fault = findPictureFault(text);
+  if (fault >= text.size())
+    return "";
+  const std::string position = "position " + std::to_string(fault + 1);
+  return ", wrong from " +
+         (llvm::isASCII(text[fault]) ? "'" + text.substr(fault, 1).str() + "' in " : "") + position;
 }
 
 std::string nameOfEntry(const DataDescription *entry) {
@@ -117,7 +132,7 @@ Subject subjectOf(const Node &node) {
   if (const auto *name = dynamic_cast<const QualifiedWord *>(&node))
     return {nameOf(name), ""};
   if (const auto *item = dynamic_cast<const DataDescription *>(&node))
-    return {nameOf(item->getDataName()), describeItem(item)};
+    return {nameOf(item->getDataName()), describeItem(item) + describeFault(*item)};
   if (const auto *file = dynamic_cast<const FileDescription *>(&node))
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = dynamic_cast<const ReportDescription *>(&node))

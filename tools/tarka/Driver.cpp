@@ -20,6 +20,7 @@
 #include "Report/Consequences.h"
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
+#include "Report/SourceOrder.h"
 #include "ReportRun.h"
 #include "SourceLines.h"
 #include "Verify.h"
@@ -113,6 +114,7 @@ FileReport Compilation::check() {
   if (request.fix)
     applyFixes(report.diagnostics);
   setFingerprints(report.diagnostics);
+  orderBySource(report.diagnostics, internFileName(file), frontEnd.getCopies());
   return report;
 }
 
@@ -136,9 +138,8 @@ void Compilation::hideConsequences(std::vector<Diagnostic> &findings) {
   const SourceDamage &damage = frontEnd.getDamage();
   auto contains = [&](const SourceRange &place) { return damage.contains(place); };
   auto findName = [&](llvm::StringRef name) { return damage.findName(name); };
-  removeConsequences(
-      findings, *program, {contains, findName},
-      [&](unsigned source, unsigned number) { return lines.line(source, number); });
+  removeConsequences(findings, *program, {contains, findName},
+                     [&](unsigned source, unsigned number) { return lines.line(source, number); });
 }
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.

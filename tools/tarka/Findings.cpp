@@ -18,6 +18,8 @@ namespace {
 /// A source text that is longer says too much to be the subject of a message.
 constexpr std::size_t maxSubject = 60;
 constexpr unsigned maxDeclarations = 5;
+/// The last column of program text in fixed form.
+constexpr unsigned marginColumn = 72;
 
 /// Diagnostics of names that are not declared, by what they are the names of.
 std::optional<NameKind> missingName(int number) {
@@ -84,6 +86,10 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
   for (const ErrorNote &note : entry.getNotes())
     diagnostic.notes.push_back({note.text, note.place, ""});
   describe(diagnostic, entry);
+  // The checks do not give every message the text that it takes.
+  constexpr llvm::StringLiteral noText = "(null)";
+  if (const std::size_t position = diagnostic.text.find(noText); position != std::string::npos)
+    diagnostic.text.replace(position, noText.size(), diagnostic.subject);
   complete(diagnostic);
   return diagnostic;
 }
@@ -123,13 +129,18 @@ Subject FindingCollector::describe(const Node &node) {
   return subject;
 }
 
-/// What stands at \p place, when it is in one line and short.
+/// What stands at \p place, when it is short; of several lines the first.
 std::string FindingCollector::textOf(const SourceRange &place) {
-  if (place.beginLine != place.endLine)
+  const bool isCut = place.beginLine != place.endLine;
+  llvm::StringRef text =
+      sliceColumns(lines.line(place.file, place.beginLine), place.beginColumn,
+                   isCut ? std::max(marginColumn, place.beginColumn) : place.endColumn);
+  if (isCut)
+    text = text.split("*>").first;
+  text = text.rtrim(" .");
+  if (text.empty() || text.size() > maxSubject || !llvm::json::isUTF8(text))
     return "";
-  const llvm::StringRef text =
-      sliceColumns(lines.line(place.file, place.beginLine), place.beginColumn, place.endColumn);
-  return text.size() <= maxSubject && llvm::json::isUTF8(text) ? text.rtrim(" .").str() : "";
+  return isCut ? text.str() + " ..." : text.str();
 }
 
 void FindingCollector::complete(Diagnostic &diagnostic) {

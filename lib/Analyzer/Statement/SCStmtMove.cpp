@@ -14,8 +14,8 @@
 
 namespace tarka {
 
-/// Reports a move once for each of its faults; with --enterprise, once. \p sender is null where only
-/// its category is known.
+/// Reports a move once for each of its faults; with --enterprise, once. \p sender is null where
+/// only its category is known.
 static void reportFaults(SemanticChecker &checker, const MoveVerdict &verdict,
                          const Expression *sender, IdentifierExpression &receiver) {
   for ([[maybe_unused]] MoveFault fault : verdict.faults) {
