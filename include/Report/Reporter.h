@@ -70,6 +70,8 @@ public:
 
   void begin(const RunInfo &run) { sink.begin(run); }
   void take(FileReport report);
+  /// How many compilations were taken.
+  unsigned getFiles() const { return summary.files; }
   /// Whether the bound of errors was reached and the rest of the run is of no use.
   bool isFull() const { return options.maxErrors && summary.errors >= options.maxErrors; }
   /// Reports what belongs to several compilations. Then the counts are complete.

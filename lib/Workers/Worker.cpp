@@ -72,8 +72,8 @@ std::uint64_t addressSpace() {
 void limitMemory(const WorkerOptions &options) {
   if (options.maxBytes == 0)
     return;
-  std::set_new_handler([] { _exit(exitOutOfMemory); });
-  llvm::install_bad_alloc_error_handler([](void *, const char *, bool) { _exit(exitOutOfMemory); });
+  std::set_new_handler(endOutOfMemory);
+  llvm::install_bad_alloc_error_handler([](void *, const char *, bool) { endOutOfMemory(); });
   rlimit limit;
   getrlimit(RLIMIT_AS, &limit);
   limit.rlim_cur =
@@ -82,6 +82,10 @@ void limitMemory(const WorkerOptions &options) {
 }
 
 } // namespace
+
+void endOutOfMemory() {
+  _exit(exitOutOfMemory);
+}
 
 void FileDescriptor::reset(int descriptor) {
   if (number >= 0)
