@@ -1,9 +1,9 @@
 //===- SourceDamage.h - text that could not be read as meant ----*- C++ -*-===//
 //
-// After an error the front end goes on with a tree in which what the wrong text
-// declares may be missing or incomplete. What later stages find wrong with it is
-// a consequence of the error. This class says which text and which names that
-// concerns.
+// After an error the front end continues with a tree in which the declarations of
+// the wrong text may be missing or incomplete. Errors that later stages find
+// because of that are consequences of the first one. This class tells which text
+// and which names are affected.
 //
 //===----------------------------------------------------------------------===//
 
@@ -35,8 +35,8 @@ public:
   /// tree or differ from what was meant.
   llvm::SmallVector<SourceRange, 2> findName(llvm::StringRef name) const;
 
-  /// Whether text is missing of which not even the names are known: a copybook was not found or not
-  /// readable, or its COPY statement could only be read in part.
+  /// Whether text is missing whose names are not known: a copybook was not found or not readable,
+  /// or its COPY statement could only be parsed in part.
   bool isCopybookMissing() const { return copybookIsMissing; }
 
   //===--------------------------------------------------------------------===//

@@ -19,6 +19,7 @@
 
 namespace tarka {
 
+class OpenConstructs;
 class Preprocessor;
 class SourceDiagnostics;
 
@@ -39,8 +40,8 @@ public:
   TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
   ~TokenStream();
 
-  /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference
-  /// is good until the stream is asked for something else.
+  /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
+  /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
     if (n >= count)
@@ -94,6 +95,8 @@ public:
 
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
+  /// The constructs being parsed, in which the stream notes the mistakes in the text.
+  OpenConstructs &getOpenConstructs();
 
 private:
   void fill(unsigned wanted);
