@@ -58,15 +58,18 @@ private:
 void orderBySource(std::vector<Diagnostic> &diagnostics, unsigned mainFile,
                    llvm::ArrayRef<CopiedFile> copies) {
   const CopyChains chains(mainFile, copies);
-  std::vector<std::pair<Path, Diagnostic>> sorted;
-  sorted.reserve(diagnostics.size());
-  for (Diagnostic &diagnostic : diagnostics) {
+  std::vector<std::pair<Path, std::size_t>> order;
+  order.reserve(diagnostics.size());
+  for (auto [index, diagnostic] : llvm::enumerate(diagnostics)) {
     diagnostic.copiedFrom = chains.describe(diagnostic.place);
-    sorted.emplace_back(chains.pathOf(diagnostic.place), std::move(diagnostic));
+    order.emplace_back(chains.pathOf(diagnostic.place), index);
   }
-  llvm::stable_sort(sorted, llvm::less_first());
-  for (auto [diagnostic, entry] : llvm::zip(diagnostics, sorted))
-    diagnostic = std::move(entry.second);
+  llvm::sort(order);
+  std::vector<Diagnostic> sorted;
+  sorted.reserve(diagnostics.size());
+  for (const auto &[path, index] : order)
+    sorted.push_back(std::move(diagnostics[index]));
+  diagnostics = std::move(sorted);
 }
 
 } // namespace tarka
