@@ -195,7 +195,8 @@ bool StatementParser::endsStatements(StatementList &list) {
     }
     if (recovery.canEndWith(keyword))
       return true;
-    if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement())
+    if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement() &&
+        !recovery.isCutOff(keyword))
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
     stream.skip();
@@ -289,9 +290,21 @@ bool StatementParser::rejectPhrase(const Token &first) {
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
 bool StatementParser::rejectWord(StatementList &list) {
+  // After a mistake, words that never begin a statement are what is left of it.
+  if (!peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged()) {
+    Skipping skipping(*this);
+    stream.skip();
+    list.lastIsWrong = true;
+    recovery.noteUnknownStatement();
+    skipRestOfStatement(list.lastVerb);
+    return false;
+  }
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
-  if (rejectPhrase(word)) {
+  if (word.isOneOf(Keyword::Cics, Keyword::Sql, Keyword::Dli) && peek().isWord()) {
+    error(DiagnosticId::Expected, word.place, textOf(Keyword::Exec), describe(word));
+    skipEmbeddedText();
+  } else if (rejectPhrase(word)) {
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
   } else if (!context.options.osvs && word.isWord() && isOsvsWord(word.text)) {

@@ -18,6 +18,8 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   // The program goes on where the copybook ends.
   if (context.isCopybook && at(TokenKind::EndOfFile))
     return false;
+  if (at(TokenKind::Period))
+    recovery.noteMisplacedPeriod();
   SourceDamage &damage = context.diagnostics.getDamage();
   damage.add(place);
   if (beginsSuppression(id))
