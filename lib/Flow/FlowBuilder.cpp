@@ -7,6 +7,7 @@
 
 #include "Flow/FlowBuilder.h"
 #include "AST/Expression.h"
+#include "Analyzer/Graph/ProcedureEnds.h"
 #include "llvm/ADT/STLExtras.h"
 #include <limits>
 
@@ -62,9 +63,9 @@ void FlowBuilder::addFunction(const CFGFunc &function, SourceUnit *unit, bool is
   plan->graph = flow.graphList.back().get();
   plan->body = function.getBody();
   plan->blocks.assign(plan->body->getBlockList().begin(), plan->body->getBlockList().end());
-  if (!isReport) {
+  if (unit && !isReport) {
     planOfUnit[unit] = plan;
-    planOfName[llvm::StringRef(function.getName()).upper()].push_back(plan);
+    programNames.add(*unit);
   }
   plan->graph->procedureBegin = static_cast<std::uint32_t>(flow.procedureList.size());
   markProcedures(*plan);
@@ -177,29 +178,6 @@ void FlowBuilder::closeSection() {
 }
 
 namespace {
-
-/// Whether \p block belongs to its section as a whole, so that the paragraph before it is over.
-bool endsParagraph(const CFGBlock *block) {
-  if (block->getName() == "tkdummy_end_section")
-    return true;
-  if (block->getElements().empty() || !block->getElements().front()->getStmt())
-    return false;
-  auto *exit = llvm::dyn_cast<InnerExitStatement>(block->getElements().front()->getStmt());
-  return exit && exit->getSection();
-}
-
-/// Whether \p block stands outside of procedures, behind those before it.
-bool endsSection(const CFGBlock *block) {
-  return block->getName() == "tkdummy_end_declaratives" ||
-         block->getName() == "tkdummy_rpt_declaratives_end";
-}
-
-/// Whether the PERFORM that \p block holds was made for a procedure phrase.
-bool isProcedurePhrase(const CFGBlock *block) {
-  llvm::StringRef name = block->getName();
-  return name == "tkdummy_sort_input" || name == "tkdummy_sort_output" ||
-         name == "tkdummy_merge_then" || name == "tkdummy_xml_proc";
-}
 
 /// Whether something is decided in \p block, an empty one of XML PARSE.
 bool isXmlDecision(const CFGBlock *block) {
@@ -336,7 +314,8 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       break;
     case StatementType::Perform: {
       auto *perform = llvm::cast<PerformStatement>(statement);
-      if (isProcedurePhrase(block))
+      // The graph has a PERFORM of its own for the procedures that SORT, MERGE and XML PARSE name.
+      if (!perform->isWritten())
         kind = FlowNodeKind::Step;
       if (perform->getInlineStatementsSize())
         returnOfPerform[perform] = block->getReturnBlock();
@@ -494,31 +473,6 @@ void FlowBuilder::addSite(std::uint32_t node, std::uint32_t range, std::uint32_t
     plan->sitesInto.push_back({static_cast<std::uint32_t>(sites.size()), block});
   sites.push_back({node, range, returnsTo, into, back, firstSite[node]});
   firstSite[node] = static_cast<std::uint32_t>(sites.size() - 1);
-}
-
-/// The program that a CALL of \p name in the current one reaches: one that is nested in it, or a
-/// COMMON one that is nested in a program around it, or another outermost one.
-FunctionPlan *FlowBuilder::findCallable(llvm::StringRef name) {
-  auto found = planOfName.find(name.upper());
-  if (found == planOfName.end())
-    return nullptr;
-  SourceUnit *caller = plan->graph->unit;
-  FunctionPlan *outermost = nullptr;
-  for (FunctionPlan *candidate : found->second) {
-    SourceUnit *parent = candidate->graph->unit->getParent();
-    if (!parent) {
-      outermost = candidate;
-      continue;
-    }
-    if (parent == caller)
-      return candidate;
-    const bool isCommon = candidate->graph->unit->getIDDivision()->getProgramIDPara()->getType() ==
-                          ProgramIdType::Common;
-    for (SourceUnit *around = caller; isCommon && around; around = around->getParent())
-      if (around == parent)
-        return candidate;
-  }
-  return outermost;
 }
 
 /// Sorts the edges by the nodes that they lead from, and indexes them both ways. The order of the

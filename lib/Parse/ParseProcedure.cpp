@@ -55,6 +55,7 @@ void ProcedureParser::parseProcedures(ProcedureDivision &division) {
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
 void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   SourceRange header = here();
+  recovery.endSentence();
   if (!atDivision(Keyword::Procedure)) {
     missingHeader(Keyword::Procedure, "PROCEDURE DIVISION");
     context.procedureHeader = header;

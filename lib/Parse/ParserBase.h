@@ -46,7 +46,7 @@ struct NamelessFile {
 struct ParserContext {
   ParserContext(TokenStream &tokens, FrontEndDiagnostics &messages,
                 const ParseOptions &parseOptions)
-      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens, messages) {}
+      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens) {}
 
   TokenStream &stream;
   FrontEndDiagnostics &diagnostics;

@@ -19,6 +19,7 @@
 
 namespace tarka {
 
+class OpenConstructs;
 class Preprocessor;
 class SourceDiagnostics;
 
@@ -94,6 +95,8 @@ public:
 
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
+  /// The constructs being parsed, in which the stream notes the mistakes in the text.
+  OpenConstructs &getOpenConstructs();
 
 private:
   void fill(unsigned wanted);

@@ -39,9 +39,11 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
       sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
       source.isDamaged(place) || source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
-  if (isCascade)
-    ++suppressedMistakes;
-  else
+  if (isCascade || isError(infoOf(id).severity)) {
+    constructs.noteMistake();
+    sentenceIsDamaged = true;
+  }
+  if (!isCascade)
     lastReport = stream.getTaken();
   if (isCascade || beginsSuppression(id))
     suppressedUntil = stream.getTaken() + suppressedTokens;

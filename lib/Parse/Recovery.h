@@ -12,6 +12,7 @@
 #define TARKA_LIB_PARSE_RECOVERY_H
 
 #include "Parse/Diagnostics.h"
+#include "Parse/OpenConstructs.h"
 #include "Parse/Preprocessor.h"
 #include "Parse/Verbs.h"
 #include "llvm/ADT/STLExtras.h"
@@ -52,8 +53,7 @@ enum class StrayPart : uint8_t { Else = 1, When = 2, Phrase = 4 };
 
 class Recovery {
 public:
-  Recovery(const TokenStream &tokens, const FrontEndDiagnostics &messages)
-      : stream(tokens), diagnostics(messages) {}
+  explicit Recovery(TokenStream &tokens) : stream(tokens), constructs(tokens.getOpenConstructs()) {}
 
   //===--------------------------------------------------------------------===//
   // Cascade suppression
@@ -73,17 +73,11 @@ public:
   /// Whether the mistake at the next token has been reported: nothing was read since.
   bool hasReportedHere() const { return stream.getTaken() == lastReport; }
 
-  /// Detects whether a mistake was found since the trap was set: reported or suppressed, in the
-  /// syntax or in the source text.
-  class ErrorTrap {
+  /// A construct whose parse function asks, before it is through, whether a mistake was found in
+  /// it: reported or suppressed, in the syntax or in the source text.
+  class ConstructScope : public OpenConstructs::Scope {
   public:
-    explicit ErrorTrap(const Recovery &owner)
-        : recovery(owner), mistakesBefore(owner.countMistakes()) {}
-    bool hasErrorOccurred() const { return recovery.countMistakes() != mistakesBefore; }
-
-  private:
-    const Recovery &recovery;
-    unsigned mistakesBefore;
+    explicit ConstructScope(Recovery &owner) : Scope(owner.constructs) {}
   };
 
   //===--------------------------------------------------------------------===//
@@ -160,7 +154,7 @@ public:
   }
   bool hasUnknownStatement() const { return unknownStatement; }
   /// Whether a mistake was found in the sentence.
-  bool isSentenceDamaged() const { return countMistakes() != mistakesBeforeSentence; }
+  bool isSentenceDamaged() const { return sentenceIsDamaged; }
 
   /// A mistake was found at a period inside of statements. The period may be the mistake: in the
   /// next sentence of the paragraph the parts of these statements may come without messages.
@@ -180,8 +174,7 @@ public:
   bool isSentenceAbandoned() const { return sentenceIsAbandoned; }
 
   void endSentence() {
-    sentenceIsAbandoned = unknownStatement = false;
-    mistakesBeforeSentence = countMistakes();
+    sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
     expectedEnds = std::exchange(cutEnds, {});
     suspect = 0;
@@ -192,15 +185,12 @@ public:
   }
 
 private:
-  unsigned countMistakes() const { return diagnostics.getErrorCount() + suppressedMistakes; }
-
   const TokenStream &stream;
-  const FrontEndDiagnostics &diagnostics;
+  OpenConstructs &constructs;
   /// The number of tokens taken from the stream up to which mistakes are suppressed.
   uint64_t suppressedUntil = 0;
   /// The number of tokens that were taken when a mistake was reported last.
   uint64_t lastReport = ~uint64_t(0);
-  unsigned suppressedMistakes = 0;
 
   llvm::SmallVector<EnclosingStatement, 16> enclosing;
   /// The END- words of all open lists, and where those of the innermost one begin.
@@ -214,12 +204,12 @@ private:
 
   bool unknownStatement = false;
   bool sentenceIsAbandoned = false;
+  bool sentenceIsDamaged = false;
   uint8_t strayParts = 0;
   /// What a misplaced period of this sentence and of the one before it have cut off.
   uint8_t cutParts = 0;
   llvm::SmallSet<Keyword, 4> cutEnds;
   llvm::SmallSet<Keyword, 4> expectedEnds;
-  unsigned mistakesBeforeSentence = 0;
   uint64_t statementsBegun = 0;
   /// The number of the statement in which mistakes are consequences of what stands before it.
   uint64_t suspect = 0;
