@@ -25,6 +25,7 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
   TokenStream tokens(**main, files, diagnostics);
   ParserContext context(tokens, diagnostics, options);
   Program *program = ProgramParser(context).parse(inputName);
+  tokens.reportCutLines();
   files.collectDamagedNames(diagnostics.getDamage());
   return program;
 }

@@ -140,8 +140,10 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine())
+      if (peek().isFirstOnLine()) {
         recovery.resumeReporting();
+        warnOfAreaA(peek());
+      }
       list.lastVerb = peek().keyword;
       list.lastIsWrong = false;
       Statement *statement = parseStatement();
@@ -158,6 +160,12 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   if (!statements.empty())
     return Outcome::Parsed;
   return construct.hasMistake() ? Outcome::Failed : Outcome::Absent;
+}
+
+/// In fixed form area A is for headers. Blocks of embedded languages have rules of their own.
+void StatementParser::warnOfAreaA(const Token &verb) {
+  if (verb.isInAreaA() && verb.isInFixedForm() && !verb.isOneOf(Keyword::Exec, Keyword::Execute))
+    context.diagnostics.report(DiagnosticId::StatementInAreaA, verb.place, verb.text);
 }
 
 /// A placeholder for statements that were reported and skipped, where at least one is needed.
