@@ -14,9 +14,15 @@ void SourceDamage::add(const SourceRange &place) {
   if (place.beginLine == 0)
     return;
   const unsigned lastLine = std::max(place.beginLine, place.endLine);
-  for (unsigned line = place.beginLine; line <= lastLine; ++line)
-    lines[{place.file, line}].push_back({line == place.beginLine ? place.beginColumn : 1,
-                                         line == place.endLine ? place.endColumn : endOfLine});
+  for (unsigned line = place.beginLine; line <= lastLine; ++line) {
+    const Columns added = {line == place.beginLine ? place.beginColumn : 1,
+                           line == place.endLine ? place.endColumn : endOfLine};
+    auto &known = lines[{place.file, line}];
+    if (llvm::none_of(known, [&](const Columns &columns) {
+          return columns.first <= added.first && added.last <= columns.last;
+        }))
+      known.push_back(added);
+  }
 }
 
 bool SourceDamage::contains(const SourceRange &place) const {

@@ -7,6 +7,7 @@
 #include "AST/Scope.h"
 #include "AST/Spelling.h"
 #include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringMap.h"
@@ -22,6 +23,10 @@ namespace {
 constexpr unsigned sequenceArea = 6;
 constexpr unsigned areaB = 12;
 constexpr unsigned maxColumn = 72;
+/// How many wrong names of files are compared with one another.
+constexpr std::size_t maxFiles = 100;
+/// As far as this a place is extended to the spaces around it.
+constexpr unsigned maxRun = 30;
 /// The front end's message about a reserved word in the place of something else.
 constexpr int reservedWord = 201;
 /// How many names the message of a missing copybook has.
@@ -44,6 +49,11 @@ bool isAboutMissingName(int number) {
 /// Numbers of references that cannot be understood.
 bool isAboutReference(int number) {
   return 3310 <= number && number <= 3316;
+}
+
+/// Those after which a whole copybook is missing, but the text around it is as it should be.
+bool isMissingCopybook(int number) {
+  return 43 <= number && number <= 49;
 }
 
 bool isWrongPicture(int number) {
@@ -192,15 +202,17 @@ private:
   void noteDamagedText();
   void noteLostDeclaration(std::size_t index);
   void noteLostLevel(std::size_t index);
+  bool isNameKnown(const SourceRange &place) const;
   void noteFilesWithoutRecords();
   SourceRange runAround(const SourceRange &place) const;
   bool isTornFrom(const SourceRange &first, const SourceRange &second) const;
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
-  std::size_t damagedDeclarationOf(llvm::StringRef name, bool isProcedure) const;
+  std::size_t damagedDeclarationOf(llvm::StringRef name, bool isProcedure);
   std::size_t takeLostName(const Diagnostic &diagnostic, const std::string &key);
   std::size_t nearestFrontEndError(const SourceRange &place) const;
   std::size_t causeOf(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
+  std::size_t damageAt(const SourceRange &place) const;
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
   std::size_t damageOf(const DataDescription *entry, std::size_t except) const;
@@ -232,14 +244,21 @@ private:
   llvm::DenseMap<const Node *, std::size_t> damagedOperands;
   /// Errors behind which text of unknown content is missing.
   std::vector<std::size_t> missingCopybooks;
-  /// Errors each of which leaves one declaration without its name, of data and of procedures, and
-  /// the undeclared names that they were taken for.
+  /// Errors each of which leaves one declaration without its name, of data, files and procedures,
+  /// and the undeclared names that they were taken for.
   std::vector<std::size_t> lostNames;
+  std::vector<std::size_t> lostFiles;
   std::vector<std::size_t> lostProcedures;
   llvm::StringMap<std::size_t> foundNames;
+  /// Answers of damagedDeclarationOf().
+  llvm::StringMap<std::size_t> damagedNames;
+  llvm::StringMap<std::size_t> damagedProcedures;
+  /// The entries behind one whose level is not known.
+  llvm::DenseSet<const DataDescription *> inDoubt;
 
   llvm::StringMap<std::size_t> reported;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
+  std::vector<std::size_t> reportedFiles;
 };
 
 void ConsequenceFinder::enterUnit(SourceUnit &unit) {
@@ -362,11 +381,11 @@ void ConsequenceFinder::noteDamagedText() {
     return;
   for (const auto &[file, ofFile] : entries)
     for (const DataDescription *entry : ofFile)
-      if (damagedText.contains(entry->getRange()))
-        noteDamage(entry, nearestFrontEndError(entry->getRange()));
+      if (const std::size_t cause = damageAt(entry->getRange()); cause != none)
+        noteDamage(entry, cause);
   for (const auto &[position, part] : fileParts)
-    if (damagedText.contains(part.range))
-      noteDamage(part.file, nearestFrontEndError(part.range));
+    if (const std::size_t cause = damageAt(part.range); cause != none)
+      noteDamage(part.file, cause);
   // What a damaged COPY would copy is missing as well.
   for (const char *verb : {"COPY", "INCLUDE"})
     for (const SourceRange &place : damagedText.findName(verb))
@@ -403,16 +422,36 @@ void ConsequenceFinder::noteLostDeclaration(std::size_t index) {
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1);
-  const bool isNameKnown =
-      entry && entry->getDataName() && !entry->getDataName()->getSpelling().empty();
-  // A reserved word in the place of a name was meant to be the name, but for a clause.
-  const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
-  const bool isReserved = diagnostics[index].number == reservedWord && word != "VALUE" &&
-                          word != "VALUES" && word != "ASSIGN";
-  if ((!isLevelKnown || !isNameKnown) && !isReserved)
-    lostNames.push_back(index);
+  if (!isNameKnown(place)) {
+    // A reserved word in the place of a name was meant to be the name, but for a clause.
+    const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
+    const bool isReserved = diagnostics[index].number == reservedWord && word != "VALUE" &&
+                            word != "VALUES" && word != "ASSIGN";
+    const llvm::StringRef first =
+        line.drop_front(std::min<std::size_t>(line.size(), sequenceArea)).ltrim().split(' ').first;
+    const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
+                          first.equals_insensitive("SD");
+    if (!isReserved)
+      (isOfFile ? lostFiles : lostNames).push_back(index);
+  }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
+/// \p place is in, or that begins behind it in the line.
+bool ConsequenceFinder::isNameKnown(const SourceRange &place) const {
+  auto hasName = [](const DataDescription &entry) {
+    return entry.getDataName() && !entry.getDataName()->getSpelling().empty();
+  };
+  const DataDescription *entry = entryAt(place);
+  if (entry && (place.beginLine < entry->getRange().endLine ||
+                place.beginColumn <= entry->getRange().endColumn + 1))
+    return hasName(*entry);
+  SourceRange lineEnd = place;
+  lineEnd.beginColumn = maxColumn;
+  const DataDescription *last = entryAt(lineEnd);
+  return last && last != entry && hasName(*last);
 }
 
 /// The level of an entry is not known, or there is none.
@@ -421,8 +460,9 @@ void ConsequenceFinder::noteLostLevel(std::size_t index) {
   // A word or two alone were meant to copy text, most likely.
   const llvm::StringRef line = lineOf(place.file, place.beginLine).take_front(maxColumn);
   llvm::SmallVector<llvm::StringRef, 4> words;
-  llvm::SplitString(line.drop_front(std::min<std::size_t>(sequenceArea, place.beginColumn - 1)),
-                    words);
+  llvm::SplitString(
+      line.drop_front(std::min<std::size_t>({line.size(), sequenceArea, place.beginColumn - 1})),
+      words);
   if (words.size() <= 2 && !words.empty() && words.back().ends_with("."))
     missingCopybooks.push_back(index);
   const auto ofFile = entries.find(place.file);
@@ -439,7 +479,8 @@ void ConsequenceFinder::noteLostLevel(std::size_t index) {
         before->getChildrenSize() == 0 && !before->getPicture())
       noteDamage(before, index);
   for (; next != ofFile->second.end(); ++next) {
-    if (isTopLevel(**next) && beginOf(place) < beginOf((*next)->getRange()))
+    const bool isNextRecord = isTopLevel(**next) && beginOf(place) < beginOf((*next)->getRange());
+    if (isNextRecord || !inDoubt.insert(*next).second)
       break;
     noteDamage(*next, index);
   }
@@ -483,7 +524,15 @@ std::size_t ConsequenceFinder::causeOfPlace(const Diagnostic &diagnostic) const 
     place.endLine = place.beginLine;
     place.endColumn = place.beginColumn;
   }
-  return damagedText.contains(place) ? nearestFrontEndError(place) : none;
+  return damageAt(place);
+}
+
+/// The error because of which text at \p place is damaged; none where no text is.
+std::size_t ConsequenceFinder::damageAt(const SourceRange &place) const {
+  if (!damagedText.contains(place))
+    return none;
+  const std::size_t cause = nearestFrontEndError(place);
+  return cause == none || isMissingCopybook(diagnostics[cause].number) ? none : cause;
 }
 
 /// \p place, which is in one line, with the characters around it up to the next spaces.
@@ -491,9 +540,9 @@ SourceRange ConsequenceFinder::runAround(const SourceRange &place) const {
   SourceRange run = place;
   const llvm::StringRef line = lineOf(place.file, place.beginLine);
   auto isText = [&](unsigned column) { return !sliceColumns(line, column, column).trim().empty(); };
-  while (run.beginColumn > 1 && isText(run.beginColumn - 1))
+  for (unsigned n = 0; n < maxRun && run.beginColumn > 1 && isText(run.beginColumn - 1); ++n)
     run.beginColumn = run.beginColumn - 1;
-  while (isText(run.endColumn + 1))
+  for (unsigned n = 0; n < maxRun && isText(run.endColumn + 1); ++n)
     run.endColumn = run.endColumn + 1;
   return run;
 }
@@ -507,11 +556,16 @@ bool ConsequenceFinder::isUnknown(llvm::StringRef name, const SourceUnit *unit) 
 
 /// The error because of which a declaration of \p name is not in the tree as meant: the damaged
 /// text has the name where one can be declared.
-std::size_t ConsequenceFinder::damagedDeclarationOf(llvm::StringRef name, bool isProcedure) const {
-  for (const SourceRange &place : damagedText.findName(name))
-    if (isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure)
-      return nearestFrontEndError(place);
-  return none;
+std::size_t ConsequenceFinder::damagedDeclarationOf(llvm::StringRef name, bool isProcedure) {
+  auto &known = isProcedure ? damagedProcedures : damagedNames;
+  const auto [answer, isNew] = known.try_emplace(name.upper(), none);
+  if (isNew)
+    for (const SourceRange &place : damagedText.findName(name))
+      if (isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure) {
+        answer->second = nearestFrontEndError(place);
+        break;
+      }
+  return answer->second;
 }
 
 /// The error that leaves a declaration without a name which may be this one. Each stands for one
@@ -519,7 +573,9 @@ std::size_t ConsequenceFinder::damagedDeclarationOf(llvm::StringRef name, bool i
 std::size_t ConsequenceFinder::takeLostName(const Diagnostic &diagnostic, const std::string &key) {
   if (const auto known = foundNames.find(key); known != foundNames.end())
     return known->second;
-  auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures : lostNames;
+  auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
+               : isAboutFile(diagnostic.number)    ? lostFiles
+                                                   : lostNames;
   if (lost.empty())
     return none;
   const std::size_t cause = lost.front();
@@ -538,8 +594,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   const bool isProcedure = isAboutProcedure(diagnostic.number);
   const SourceRange &place = diagnostic.place;
   if (place.beginLine == place.endLine)
-    if (const SourceRange run = runAround(place); damagedText.contains(run))
-      return nearestFrontEndError(run);
+    if (const std::size_t cause = damageAt(runAround(place)); cause != none)
+      return cause;
   if (const std::size_t cause = damagedDeclarationOf(name, isProcedure); cause != none)
     return cause;
   if (!isAbout)
@@ -555,9 +611,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return first->second;
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
-    for (const auto &[known, cause] : reportedNames)
-      if (known.first == diagnostic.unit && isAboutFile(diagnostics[cause].number) &&
-          isSlip(name, nameIn(diagnostics[cause])))
+    for (const std::size_t cause : reportedFiles)
+      if (diagnostics[cause].unit == diagnostic.unit && isSlip(name, nameIn(diagnostics[cause])))
         return cause;
   const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
   if (!isMisspelling) {
@@ -572,6 +627,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
       isTornFrom(diagnostics[index - 1].place, place))
     return index - 1;
   reportedNames[{diagnostic.unit, key}] = index;
+  if (isAboutFile(diagnostic.number) && reportedFiles.size() < maxFiles)
+    reportedFiles.push_back(index);
   return none;
 }
 

@@ -39,6 +39,9 @@ bool Reporter::merge(Diagnostic &diagnostic, llvm::StringRef file) {
   std::vector<std::string> &programs = ofCopybooks[position->second].programs;
   if (programs.empty() || programs.back() != file)
     programs.push_back(file.str());
+  // Each program copies the text in another place.
+  if (programs.size() > 1)
+    ofCopybooks[position->second].copiedFrom.clear();
   return true;
 }
 

@@ -50,6 +50,10 @@ std::string describeFault(const DataDescription &item) {
   if (!picture || picture->getDataCategory() != DataCategory::Unclassified)
     return "";
   const llvm::StringRef text = picture->getCharStringWord()->getDisplayName();
+  // Longer ones are wrong as a whole.
+  constexpr std::size_t maxCharacters = 50;
+  if (text.size() > maxCharacters)
+    return "";
   const std::size_t fault = findPictureFault(text);
   if (fault >= text.size())
     return "";
