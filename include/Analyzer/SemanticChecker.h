@@ -69,6 +69,7 @@ class DisplayStatement;
 class DivideStatement;
 class EntryStatement;
 class EvaluateStatement;
+class ExecStatement;
 class ExamineStatement;
 class ExhibitStatement;
 class GobackStatement;
@@ -443,6 +444,8 @@ public:
   bool semanticCheck(DivideStatement &statement);
   bool semanticCheck(EntryStatement &statement);
   bool semanticCheck(EvaluateStatement &statement);
+  /// Binds the operands of the block's command. Reports nothing.
+  bool semanticCheck(ExecStatement &statement);
   bool semanticCheck(ExamineStatement &statement);
   bool semanticCheck(ExhibitStatement &statement);
   bool semanticCheck(GobackStatement &statement);

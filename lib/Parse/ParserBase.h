@@ -29,10 +29,13 @@
 #include "Parse/Recovery.h"
 #include "llvm/ADT/DenseSet.h"
 #include <bitset>
+#include <memory>
 #include <optional>
 #include <utility>
 
 namespace tarka {
+
+class EmbeddedScratch;
 
 /// The state of parsing one stream of tokens.
 struct ParserContext {
@@ -56,6 +59,8 @@ struct ParserContext {
   std::pair<unsigned, unsigned> lastCutLine;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
+  /// The parser of their operands; null before the first one.
+  std::shared_ptr<EmbeddedScratch> embeddedScratch;
   /// Whether the translator of CICS reads the outermost program.
   bool isTranslated = false;
   /// The header of the procedure division that was read last.
