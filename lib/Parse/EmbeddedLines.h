@@ -39,9 +39,8 @@ public:
 
 private:
   const EmbeddedRun &runOf(std::uint32_t offset) const {
-    return *std::prev(llvm::upper_bound(runs, offset, [](std::uint32_t at, const EmbeddedRun &run) {
-      return at < run.offset;
-    }));
+    return *std::prev(llvm::upper_bound(
+        runs, offset, [](std::uint32_t at, const EmbeddedRun &run) { return at < run.offset; }));
   }
 
   const char *begin;

@@ -485,8 +485,8 @@ size_t Lexer::findMisspeltEnd(llvm::StringRef line) const {
   return text.end() - line.begin();
 }
 
-/// Where END-EXEC begins in \p line: a word of its own, and not inside of a literal that ends on the
-/// line. npos without one.
+/// Where END-EXEC begins in \p line: a word of its own, and not inside of a literal that ends on
+/// the line. npos without one.
 static size_t findEndExec(llvm::StringRef line) {
   constexpr llvm::StringLiteral terminator = "END-EXEC";
   size_t checked = 0; // no literal is open here
@@ -523,8 +523,8 @@ void Lexer::readEmbeddedText(Token &token) {
   auto noteRuns = [&](llvm::StringRef piece, size_t offset) {
     const SourceRange whole = lines.rangeOf(piece.begin(), piece.end() - 1);
     runs.push_back({static_cast<std::uint32_t>(offset), whole.beginLine, whole.beginColumn});
-    const bool isSimple = whole.beginLine == whole.endLine &&
-                          whole.endColumn - whole.beginColumn + 1 == piece.size();
+    const bool isSimple =
+        whole.beginLine == whole.endLine && whole.endColumn - whole.beginColumn + 1 == piece.size();
     if (isSimple || lines.hasControlBytes())
       return;
     // Tabs, characters of several bytes, continued lines.

@@ -141,7 +141,8 @@ private:
     const DataDescription *entry = wholeItem(value);
     if (!entry || !operand.isWritten())
       return;
-    const bool isWord = row.argument == CicsArgument::Fullword || row.argument == CicsArgument::Cvda;
+    const bool isWord =
+        row.argument == CicsArgument::Fullword || row.argument == CicsArgument::Cvda;
     if (isWord && !isFullword(*entry))
       report.report(LanguageRule::CicsNotFullword, *value, nameOfEntry(*entry), operand.getName(),
                     name());
@@ -153,8 +154,7 @@ private:
   /// HANDLE CONDITION and IGNORE CONDITION name conditions.
   void checkCondition(EmbeddedOperand &operand) {
     const bool namesConditions = llvm::is_contained(info.words, "CONDITION");
-    if (!namesConditions || isWordOfCommand(operand.getName()) ||
-        cicsCondition(operand.getName()))
+    if (!namesConditions || isWordOfCommand(operand.getName()) || cicsCondition(operand.getName()))
       return;
     report.report(LanguageRule::CicsUnknownCondition, operand, operand.getName(),
                   suggestion(nearestCicsCondition(operand.getName())));

@@ -93,6 +93,10 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
     return;
   checkNames(*command, unit);
   checkLabels(*command, unit);
+  // Options have names; what could not be read has none.
+  if (command->getLanguage() != ExecType::Sql)
+    if (EmbeddedOperand *unread = command->find(""))
+      report.report(LanguageRule::EmbeddedUnexpectedText, *unread, command->getName());
   if (auto *cics = llvm::dyn_cast<CicsCommand>(command))
     checkCicsCommand(*cics, report);
 }

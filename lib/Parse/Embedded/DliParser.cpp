@@ -31,9 +31,8 @@ unsigned countFunctionWords(llvm::ArrayRef<Token> tokens) {
     llvm::SmallVector<llvm::StringRef, 4> words;
     phrase.split(words, ' ');
     if (tokens.size() >= words.size() &&
-        llvm::all_of(llvm::zip(words, tokens), [](const auto &pair) {
-          return std::get<1>(pair).text == std::get<0>(pair);
-        }))
+        llvm::all_of(llvm::zip(words, tokens),
+                     [](const auto &pair) { return std::get<1>(pair).text == std::get<0>(pair); }))
       return static_cast<unsigned>(words.size());
   }
   return 1;
@@ -103,9 +102,8 @@ private:
       rest = rest.drop_front(value.size());
       if (value.empty())
         continue;
-      auto *operand =
-          new EmbeddedOperand(rangeFrom(value.front().place, value.back().place),
-                              option.name->getInternedText(), EmbeddedRole::Read);
+      auto *operand = new EmbeddedOperand(rangeFrom(value.front().place, value.back().place),
+                                          option.name->getInternedText(), EmbeddedRole::Read);
       operand->setIsWithArgument(true);
       operand->setValue(scratch.parseExpression(value));
       command->addOperand(operand);

@@ -31,9 +31,8 @@ std::size_t endOfNumber(llvm::StringRef text, std::size_t begin) {
   while (at < text.size() && (llvm::isDigit(text[at]) || text[at] == '.'))
     ++at;
   if (at < text.size() && (text[at] == 'E' || text[at] == 'e')) {
-    const std::size_t digits = at + 1 < text.size() && (text[at + 1] == '+' || text[at + 1] == '-')
-                                   ? at + 2
-                                   : at + 1;
+    const std::size_t digits =
+        at + 1 < text.size() && (text[at + 1] == '+' || text[at + 1] == '-') ? at + 2 : at + 1;
     if (digits < text.size() && llvm::isDigit(text[digits]))
       for (at = digits; at < text.size() && llvm::isDigit(text[at]);)
         ++at;

@@ -36,10 +36,9 @@ public:
       return nullptr;
     const SourceRange place = rangeOf(tokens.front(), tokens[tokens.size() - 2]);
     const SqlKind kind = kindOf();
-    const std::string verb =
-        kind == SqlKind::Other || kind == SqlKind::Declaration
-            ? tokens.front().text.upper()
-            : nameOf(kind).str();
+    const std::string verb = kind == SqlKind::Other || kind == SqlKind::Declaration
+                                 ? tokens.front().text.upper()
+                                 : nameOf(kind).str();
     command = new SqlCommand(place, &internString(verb), kind);
     readNames();
     readHostVariables();
@@ -330,8 +329,8 @@ private:
                           : isCall ? EmbeddedRole::ReadWritten
                                    : EmbeddedRole::Read;
       Expression *indicator = takeIndicator(n);
-      if (assigns && (at(n).isMark('=') || (!isBehindEqualSign &&
-                                            (at(n).isMark(',') || at(n).isMark(')')))))
+      if (assigns &&
+          (at(n).isMark('=') || (!isBehindEqualSign && (at(n).isMark(',') || at(n).isMark(')')))))
         role = EmbeddedRole::Written;
       addVariable(isTarget ? "INTO" : "", role, variable);
       if (indicator)
@@ -376,8 +375,8 @@ private:
       ++n;
       names.insert(names.begin(), takeCobolName(n));
     }
-    while (at(n).isOneOf("OF", "IN") && at(n + 1).kind == SqlTokenKind::Word &&
-           context.unit && Scope(context.unit).findItems(&upper(at(n + 1)))) {
+    while (at(n).isOneOf("OF", "IN") && at(n + 1).kind == SqlTokenKind::Word && context.unit &&
+           Scope(context.unit).findItems(&upper(at(n + 1)))) {
       ++n;
       names.push_back(takeCobolName(n));
     }
@@ -390,8 +389,8 @@ private:
     auto *qualified = new QualifiedWord(nullptr);
     qualified->setRange(source.places.rangeOf(llvm::StringRef(begin, end - begin)));
     for (llvm::StringRef name : names)
-      qualified->addNames(new Word(source.places.rangeOf(name), &internString(name.upper()),
-                                   &internString(name)));
+      qualified->addNames(
+          new Word(source.places.rangeOf(name), &internString(name.upper()), &internString(name)));
     SubscriptModifier *subscripts = nullptr;
     if (at(n).isMark('(') && at(n).text.begin() == end)
       subscripts = takeSubscripts(n);
@@ -403,7 +402,8 @@ private:
     return internString(rest.take_while(isCobolWordCharacter).upper());
   }
 
-  /// The subscripts in the parentheses at \p n, which is moved behind them: one expression of COBOL.
+  /// The subscripts in the parentheses at \p n, which is moved behind them: one expression of
+  /// COBOL.
   SubscriptModifier *takeSubscripts(std::size_t &n) {
     const std::size_t begin = n;
     n = skipParentheses(n);
@@ -553,12 +553,11 @@ private:
     else
       takeTable(n, TableAccess::Read);
     n += at(n).is("AS");
-    const bool isCorrelation =
-        at(n).kind == SqlTokenKind::Word &&
-        !at(n).isOneOf("WHERE", "ORDER", "GROUP", "HAVING", "FETCH", "FOR", "WITH", "UNION",
-                       "INNER", "LEFT") &&
-        !at(n).isOneOf("RIGHT", "FULL", "JOIN", "ON", "OPTIMIZE", "QUERYNO", "EXCEPT", "INTERSECT",
-                       "CROSS", "INTO");
+    const bool isCorrelation = at(n).kind == SqlTokenKind::Word &&
+                               !at(n).isOneOf("WHERE", "ORDER", "GROUP", "HAVING", "FETCH", "FOR",
+                                              "WITH", "UNION", "INNER", "LEFT") &&
+                               !at(n).isOneOf("RIGHT", "FULL", "JOIN", "ON", "OPTIMIZE", "QUERYNO",
+                                              "EXCEPT", "INTERSECT", "CROSS", "INTO");
     return n + isCorrelation;
   }
 
