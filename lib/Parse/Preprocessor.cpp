@@ -27,6 +27,7 @@ public:
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
   void scan(llvm::StringRef text, const EmbeddedLines &places,
             llvm::SmallVectorImpl<Token> &tokens);
+  OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
 
@@ -305,8 +306,8 @@ static bool isPartOfMemberName(const Token &token) {
   return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
 }
 
-/// Reads the name of a copybook or library, of which \p token is the first one, and the token
-/// behind it. The name is a word, or a literal that holds any name.
+/// Reads the name of a copybook or library, of which \p token is the first token, and the token
+/// after it. The name is a word, or a literal that holds any name.
 bool Preprocessor::readCopyName(Token &token, std::string &name) {
   if (token.is(TokenKind::AlphanumericLiteral)) {
     name = token.text.trim("\"'").str();
@@ -708,6 +709,10 @@ void TokenStream::setDecimalPointIsComma(bool on) {
 
 const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
   return outer ? outer->getSourceDiagnostics() : source->getDiagnostics();
+}
+
+OpenConstructs &TokenStream::getOpenConstructs() {
+  return outer ? outer->getOpenConstructs() : source->getOpenConstructs();
 }
 
 const ParseOptions &TokenStream::getOptions() const {

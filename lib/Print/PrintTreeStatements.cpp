@@ -305,7 +305,7 @@ void TreePrinter::print(llvm::StringRef role, EmbeddedOperand &operandOfCommand)
   Open node(sink, role, "EmbeddedOperand", operandOfCommand.getRange());
   if (!operandOfCommand.getName().empty())
     sink.text("option", operandOfCommand.getName());
-  sink.text("role", nameOf(operandOfCommand.getRole()));
+  sink.text("effect", nameOf(operandOfCommand.getRole()));
   name("name", operandOfCommand.getWord());
   operand("argument", operandOfCommand.getValue());
 }

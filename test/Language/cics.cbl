@@ -25,9 +25,9 @@
        FIRST-ONE.
       *> A literal may hold END-EXEC, a command may run over lines and hold comments.
       *> CHECK:      EmbeddedCommand <31:22-35:27> name=SEND TEXT
-      *> CHECK:      EmbeddedOperand <32:16-32:29> option=FROM role=read
+      *> CHECK:      EmbeddedOperand <32:16-32:29> option=FROM effect=read
       *> CHECK-NEXT: argument: DataIdentifier{{.*}} <32:22-32:28>
-      *> CHECK:      EmbeddedOperand <34:16-34:41> option=LENGTH role=read
+      *> CHECK:      EmbeddedOperand <34:16-34:41> option=LENGTH effect=read
            EXEC CICS SEND TEXT
                FROM (WS-TEXT)
       *        a comment line
