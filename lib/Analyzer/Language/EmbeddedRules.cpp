@@ -94,7 +94,7 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
   checkNames(*command, unit);
   checkLabels(*command, unit);
   // Options have names; what could not be read has none.
-  if (command->getLanguage() != ExecType::Sql)
+  if (command->getLanguage() != ExecType::Sql && !report.isTreeIncomplete())
     if (EmbeddedOperand *unread = command->find(""))
       report.report(LanguageRule::EmbeddedUnexpectedText, *unread, command->getName());
   if (auto *cics = llvm::dyn_cast<CicsCommand>(command))
