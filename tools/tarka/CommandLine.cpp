@@ -80,7 +80,11 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->option_text("NUMBER...");
     return;
   }
-  auto *files = app.add_option("FILE", request.files, "the source to read")->required();
+  auto *files = app.add_option("FILE", request.files,
+                               command == Command::Check
+                                   ? "files, directories, @LISTs of names; - is standard input"
+                                   : "the source to read; - is standard input")
+                    ->required();
   if (command == Command::Check)
     files->option_text("FILE...");
   else
@@ -143,7 +147,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
       for (const CommandInfo &info : allCommands())
         names.push_back(info.name);
       std::cerr << "tarka: '" << arguments.front()
-                << "' is no file and no command; the commands are "
+                << "' is neither a command nor a file; the commands are "
                 << llvm::join(llvm::ArrayRef(names).drop_back(), ", ") << " and "
                 << names.back().str() << '\n';
       result.exitStatus = ExitUnusable;
@@ -158,7 +162,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     if (!std::cout.flush()) {
-      std::cerr << "tarka: cannot write what was asked for\n";
+      std::cerr << "tarka: cannot write to standard output\n";
       result.exitStatus = ExitInternal;
     }
     return result;
