@@ -27,6 +27,7 @@ public:
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
   void scan(llvm::StringRef text, const EmbeddedLines &places,
             llvm::SmallVectorImpl<Token> &tokens);
+  void reportCutLines() { diagnostics.reportCutLines(); }
   OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
@@ -713,6 +714,10 @@ const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
 
 OpenConstructs &TokenStream::getOpenConstructs() {
   return outer ? outer->getOpenConstructs() : source->getOpenConstructs();
+}
+
+void TokenStream::reportCutLines() {
+  source->reportCutLines();
 }
 
 const ParseOptions &TokenStream::getOptions() const {

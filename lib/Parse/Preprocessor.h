@@ -105,6 +105,9 @@ public:
   void scanEmbedded(llvm::StringRef text, const EmbeddedLines &places,
                     llvm::SmallVectorImpl<Token> &tokens);
 
+  /// Reports the lines that are cut at column 72, when the parser has read everything.
+  void reportCutLines();
+
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
   /// The constructs being parsed, in which the stream notes the mistakes in the text.

@@ -296,7 +296,7 @@ constexpr CommandInfo commandTable[] = {
      "print what is never reached in FILE, what is performed, and figures"},
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
-    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that draws it"},
+    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
 };
 // clang-format on
 
