@@ -4,6 +4,7 @@
 #include "AST/NestedStatements.h"
 #include "AST/Procedure.h"
 #include "AST/Program.h"
+#include "EmbeddedRules.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallPtrSet.h"
@@ -41,13 +42,17 @@ namespace {
 
 class LanguageWalk {
 public:
-  explicit LanguageWalk(LanguageReport &languageReport) : report(languageReport) {}
+  explicit LanguageWalk(LanguageReport &languageReport)
+      : report(languageReport), embedded(languageReport) {}
 
   void check(SourceUnit &unit) {
     report.setUnit(unit);
+    current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision())
       checkVariableTables(*division, report);
+    for (ExecStatement *block : unit.getDataBlockElements())
+      embedded.check(*block, unit);
     if (ProcedureDivision *division = unit.getProcDivision())
       check(*division);
     for (SourceUnit *nested : unit.getNestedListElements())
@@ -85,6 +90,8 @@ private:
     checkOperands(statement, report);
     checkFileStatement(statement, report);
     checkStatement(statement, context, report);
+    if (auto *block = llvm::dyn_cast<ExecStatement>(&statement))
+      embedded.check(*block, *current);
     forEachNestedList(statement, [&](NodeRange<Statement> nested) {
       for (Statement *inner : nested)
         check(*inner, context);
@@ -92,6 +99,8 @@ private:
   }
 
   LanguageReport &report;
+  EmbeddedCheck embedded;
+  SourceUnit *current = nullptr;
 };
 
 } // namespace
