@@ -307,7 +307,7 @@ constexpr CommandInfo commandTable[] = {
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
     {Command::Init, "init", "write a tarka.toml after a look at the sources"},
     {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
-    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that draws it"},
+    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
 };
 // clang-format on
 
