@@ -397,7 +397,9 @@ class Machine:
 
     def run(self):
         # Where it is, the statement it was at last, the ranges being performed, the altered targets.
-        start = (0, "start", (), ())
+        self.explore((0, "start", (), ()))
+
+    def explore(self, start):
         seen, open_states = {start}, [start]
         while open_states:
             state = open_states.pop()
@@ -501,4 +503,5 @@ def main():
     return failures != 0
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

@@ -297,6 +297,12 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   flow->add_option("--format", request.format, "how to print it (text)")
       ->option_text("text|json")
       ->transform(oneOf(textFormats));
+  flow->add_option("--item", request.item,
+                   "instead: where this item is written, and which reads that can reach")
+      ->option_text("NAME")
+      ->check([](const std::string &name) {
+        return name.empty() ? std::string("a name is missing") : std::string();
+      });
   flow->add_flag("--keep-going", request.keepGoing, "print it though the checks failed");
 
   CLI::App *layout =

@@ -47,6 +47,9 @@ struct Request {
   /// The words of the command line.
   std::vector<std::string> commandLine;
 
+  /// The item that is followed through the program, which may be qualified; empty without one.
+  std::string item;
+
   // The report.
   ReportForm reportForm = ReportForm::Auto;
   ColorChoice color = ColorChoice::Auto;
