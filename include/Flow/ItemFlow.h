@@ -39,8 +39,8 @@ struct ItemUse {
 struct ItemFlow {
   const FlowGraph *graph = nullptr;
   DataDescription *item = nullptr;
-  ByteSet bytes;                    ///< of the item, in its area
-  std::vector<ItemUse> uses;        ///< in the order of the text, those that control comes to
+  ByteSet bytes;             ///< of the item, in its area
+  std::vector<ItemUse> uses; ///< in the order of the text, those that control comes to
   std::vector<std::uint32_t> readsOfInitial; ///< by their places
   /// Others may see the item when the program has ended: it is passed, external, global or in a
   /// program that may be called again.

@@ -55,8 +55,8 @@ public:
   void visitCallStatement(CallStatement &s) {
     one(s.getProcedureName());
     for (Argument *argument : s.getArgumentListElements())
-      one(argument->getExpr(), argument->getType() == ArgType::Reference ? OperandRole::MayUpdate
-                                                                         : OperandRole::Read);
+      one(argument->getExpr(),
+          argument->getType() == ArgType::Reference ? OperandRole::MayUpdate : OperandRole::Read);
     one(s.getReturn(), OperandRole::MayWrite);
   }
   void visitCancelStatement(CancelStatement &s) { all(s.getProgramListElements()); }
@@ -187,9 +187,7 @@ public:
 
   // Files and documents.
 
-  void visitReadStatement(ReadStatement &s) {
-    one(s.getIntoIdentifier(), OperandRole::MayWrite);
-  }
+  void visitReadStatement(ReadStatement &s) { one(s.getIntoIdentifier(), OperandRole::MayWrite); }
   void visitWriteStatement(WriteStatement &s) {
     one(s.getFromIdentifier());
     // A mnemonic-name is bound to nothing.

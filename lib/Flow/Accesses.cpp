@@ -27,7 +27,8 @@ void ByteSet::add(std::int64_t begin, std::int64_t end) {
   if (begin >= end)
     return;
   auto *first = llvm::partition_point(list, [&](const Range &range) { return range.end < begin; });
-  auto *last = std::find_if(first, list.end(), [&](const Range &range) { return range.begin > end; });
+  auto *last =
+      std::find_if(first, list.end(), [&](const Range &range) { return range.begin > end; });
   if (first != last) {
     begin = std::min(begin, first->begin);
     end = std::max(end, std::prev(last)->end);
@@ -176,7 +177,8 @@ ByteSet Access::bytes() const {
   const std::optional<std::int64_t> from = literalOf(part->getFromExpr());
   const std::optional<std::int64_t> count = literalOf(part->getCountExpr());
   const ByteSet::Range range = whole.ranges().front();
-  const std::int64_t begin = from ? range.begin + std::max<std::int64_t>(*from - 1, 0) : range.begin;
+  const std::int64_t begin =
+      from ? range.begin + std::max<std::int64_t>(*from - 1, 0) : range.begin;
   const std::int64_t end =
       from && count ? std::min(addSizes(begin, std::max<std::int64_t>(*count, 0)), range.end)
                     : range.end;
@@ -198,7 +200,8 @@ bool Access::isExact() const {
   const ReferenceModifier *part = operand ? operand->getReferenceMod() : nullptr;
   if (!part)
     return subscripts || tablesAround(*first).empty() || !operand;
-  return literalOf(part->getFromExpr()) && (!part->getCountExpr() || literalOf(part->getCountExpr())) &&
+  return literalOf(part->getFromExpr()) &&
+         (!part->getCountExpr() || literalOf(part->getCountExpr())) &&
          storage.getUsageType() == UsageType::Display;
 }
 
@@ -376,8 +379,8 @@ private:
   void initialize(DataDescription &entry, IdentifierExpression &identifier) {
     const bool isWhole = !identifier.getReferenceMod() && !subscriptsOf(&identifier);
     if (!entry.hasSubordinateData())
-      return found({&entry, &identifier,
-                    isSelective ? OperandRole::MayWrite : OperandRole::Write, false});
+      return found(
+          {&entry, &identifier, isSelective ? OperandRole::MayWrite : OperandRole::Write, false});
     llvm::SmallVector<DataDescription *> open(entry.getChildrenBegin(), entry.getChildrenEnd());
     while (!open.empty()) {
       DataDescription *child = open.pop_back_val();
@@ -391,8 +394,8 @@ private:
       if (category == DataCategory::Index || category == DataCategory::Pointer ||
           category == DataCategory::Unclassified || (child->isFiller() && !withFiller))
         continue;
-      found({child, nullptr,
-             isWhole && !isSelective ? OperandRole::Write : OperandRole::MayWrite, false});
+      found({child, nullptr, isWhole && !isSelective ? OperandRole::Write : OperandRole::MayWrite,
+             false});
     }
   }
 
@@ -485,9 +488,9 @@ public:
   void visitXMLParseStatement(XMLParseStatement &s) {
     if (node.getKind() == FlowNodeKind::Statement)
       operands(s);
-    for (llvm::StringRef name : {"XML-CODE", "XML-EVENT", "XML-INFORMATION", "XML-NAMESPACE",
-                                 "XML-NAMESPACE-PREFIX", "XML-NNAMESPACE", "XML-NNAMESPACE-PREFIX",
-                                 "XML-NTEXT", "XML-TEXT"})
+    for (llvm::StringRef name :
+         {"XML-CODE", "XML-EVENT", "XML-INFORMATION", "XML-NAMESPACE", "XML-NAMESPACE-PREFIX",
+          "XML-NNAMESPACE", "XML-NNAMESPACE-PREFIX", "XML-NTEXT", "XML-TEXT"})
       specialRegister(name, OperandRole::MayUpdate);
   }
 
@@ -571,7 +574,8 @@ public:
     if (auto *name = llvm::dyn_cast_or_null<ReportIdentifierExpression>(s.getFileName());
         name && name->getReportDescription())
       return report(*name->getReportDescription());
-    const DataDescription *group = s.getFileName() ? s.getFileName()->getDataDescription() : nullptr;
+    const DataDescription *group =
+        s.getFileName() ? s.getFileName()->getDataDescription() : nullptr;
     if (group && group->getReportDescription())
       report(*group->getReportDescription());
   }
@@ -582,15 +586,15 @@ public:
   }
 
 private:
-  /// The varied item is set before the condition is tested. The innermost one steps at each test, an
-  /// outer one when those within it begin again.
+  /// The varied item is set before the condition is tested. The innermost one steps at each test,
+  /// an outer one when those within it begin again.
   void varied(const PerformVarying &phrase, bool isTest, bool isOneOfSeveral) {
     auto *name = llvm::dyn_cast_or_null<IdentifierExpression>(phrase.getVaryingIdentifier());
     if (!name || !name->getDataDescription())
       return;
-    const OperandRole role = !isTest           ? OperandRole::Write
+    const OperandRole role = !isTest          ? OperandRole::Write
                              : isOneOfSeveral ? OperandRole::MayUpdate
-                                               : OperandRole::Update;
+                                              : OperandRole::Update;
     items.isSet.insert(name->getDataDescription());
     found({name->getDataDescription(), name, role, /*isUsedAtOnce=*/true});
   }

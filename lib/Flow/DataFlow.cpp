@@ -135,8 +135,8 @@ private:
       return;
     auto found = sites.find(node);
     for (const FlowEdge &edge : from.successors()) {
-      const bool isReturn = isEnd && edge.kind != FlowEdgeKind::FallsInto &&
-                            edge.kind != FlowEdgeKind::Leave;
+      const bool isReturn =
+          isEnd && edge.kind != FlowEdgeKind::FallsInto && edge.kind != FlowEdgeKind::Leave;
       if (!isReturn && (found == sites.end() || !leadsIntoRange(edge, found->second)))
         visit(edge.to, noFlow);
     }
@@ -235,8 +235,7 @@ private:
     for (std::uint32_t at = 0; at < order.size(); ++at)
       placeOf[order[at] - graph.firstNode()] = at;
     const std::uint32_t endOfRange =
-        context.range == noFlow ? noFlow
-                                : module.procedure(module.ranges()[context.range].end).end;
+        context.range == noFlow ? noFlow : module.procedure(module.ranges()[context.range].end).end;
     context.entry = placeOf[entry - graph.firstNode()];
     for (std::uint32_t at = 0; at < order.size(); ++at) {
       if (order[at] == endOfRange)
@@ -293,9 +292,8 @@ private:
             budget -= std::min<std::size_t>(budget, 1);
           }
       for (std::uint32_t at : passed)
-        if (budget == 0 || llvm::any_of(endingAt[context.nodes[at]], [&](std::uint32_t outer) {
-              return around[outer];
-            })) {
+        if (budget == 0 || llvm::any_of(endingAt[context.nodes[at]],
+                                        [&](std::uint32_t outer) { return around[outer]; })) {
           context.foreignEnds.push_back(at);
           escaped.try_emplace(context.nodes[at], BitVector(problem.factCount));
         }
@@ -457,7 +455,7 @@ private:
   const bool isForward;
   bool isOneContext = false;
   llvm::DenseMap<std::uint32_t, llvm::SmallVector<std::uint32_t, 2>> sites; ///< by node
-  llvm::DenseMap<std::uint32_t, std::uint32_t> contextOf;                  ///< by range
+  llvm::DenseMap<std::uint32_t, std::uint32_t> contextOf;                   ///< by range
   std::vector<Context> contexts;
   std::vector<std::uint32_t> placeOf; ///< by node, of the context being made
   std::vector<std::uint32_t> innerFirst;

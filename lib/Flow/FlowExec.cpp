@@ -40,13 +40,29 @@ llvm::SmallVector<std::string, 16> wordsOf(llvm::StringRef text) {
 
 using Words = llvm::SmallVector<std::string, 16>;
 
-/// The labels in the parentheses behind the options: CONDITION(LABEL). Those of \p only, when it is
-/// not empty.
-void collectLabels(const Words &words, llvm::StringRef only,
-                   llvm::SmallVectorImpl<std::string> &labels) {
-  for (std::size_t at = 2; at + 3 < words.size(); ++at)
-    if (words[at + 1] == "(" && words[at + 3] == ")" && (only.empty() || words[at] == only))
-      labels.push_back(words[at + 2]);
+/// The operands of HANDLE and IGNORE from \p at on: CONDITION(LABEL), or CONDITION alone.
+void collectSettings(const Words &words, std::size_t at, HandlerKind kind, ExecFlow &effect) {
+  for (; at < words.size(); ++at) {
+    HandlerSetting setting = {kind, words[at], ""};
+    if (at + 3 < words.size() && words[at + 1] == "(" && words[at + 3] == ")") {
+      setting.label = words[at + 2];
+      at += 3;
+    }
+    if (setting.condition != "NOHANDLE" && setting.condition != "(" && setting.condition != ")")
+      effect.settings.push_back(std::move(setting));
+  }
+}
+
+/// LABEL(NAME) is one setting of the one abend; CANCEL and PROGRAM(NAME) lead to no label.
+void collectAbend(const Words &words, ExecFlow &effect) {
+  HandlerSetting setting = {HandlerKind::Abend, "ABEND", ""};
+  for (std::size_t at = 2; at < words.size(); ++at) {
+    effect.resetsAbend |= words[at] == "RESET";
+    if (words[at] == "LABEL" && at + 2 < words.size() && words[at + 1] == "(")
+      setting.label = words[at + 2];
+  }
+  if (!effect.resetsAbend)
+    effect.settings.push_back(std::move(setting));
 }
 
 void classifyCics(const Words &words, ExecFlow &effect) {
@@ -56,15 +72,21 @@ void classifyCics(const Words &words, ExecFlow &effect) {
   });
   if (command == "HANDLE" && words.size() > 1) {
     if (words[1] == "CONDITION")
-      collectLabels(words, "", effect.conditionLabels);
+      collectSettings(words, 2, HandlerKind::Condition, effect);
     else if (words[1] == "AID")
-      collectLabels(words, "", effect.aidLabels);
+      collectSettings(words, 2, HandlerKind::Aid, effect);
     else if (words[1] == "ABEND")
-      collectLabels(words, "LABEL", effect.abendLabels);
+      collectAbend(words, effect);
     return;
   }
-  if (command == "IGNORE" || command == "PUSH" || command == "POP")
+  if (command == "IGNORE") {
+    collectSettings(words, 2, HandlerKind::Condition, effect);
     return;
+  }
+  if (command == "PUSH" || command == "POP") {
+    (command == "PUSH" ? effect.pushesHandlers : effect.popsHandlers) = true;
+    return;
+  }
   effect.mayAbend = true;
   effect.raisesCondition = !asksForResponse;
   effect.receivesKey = command == "RECEIVE";
@@ -161,7 +183,12 @@ void namesOfSql(llvm::StringRef text, const Words &words, HostName visit) {
     if (c == '\'' || c == '"') {
       end = std::min(text.find(c, end), text.size() - 1) + 1;
     } else if (isHost || llvm::isAlpha(c)) {
-      end = std::min(text.find_if([](char one) { return !llvm::isAlnum(one) && one != '-' && one != '_' && one != '.'; }, end), text.size());
+      end = std::min(text.find_if(
+                         [](char one) {
+                           return !llvm::isAlnum(one) && one != '-' && one != '_' && one != '.';
+                         },
+                         end),
+                     text.size());
       llvm::StringRef word = text.slice(isHost ? at + 1 : at, end);
       if (!isHost)
         isInto = word.equals_insensitive("INTO") && words[0] != "INSERT";

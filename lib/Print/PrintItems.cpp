@@ -56,9 +56,9 @@ std::vector<Found> findItems(const FlowModule &flow, llvm::StringRef name) {
   for (const auto &graph : flow.graphs()) {
     SourceUnit *unit = graph->getSourceUnit();
     DataDivision *division = unit ? unit->getDataDivision() : nullptr;
-    std::list<DataDescription *> *entries =
-        division && !graph->isReportDeclaratives() ? division->findItemByName(words.front().str())
-                                                   : nullptr;
+    std::list<DataDescription *> *entries = division && !graph->isReportDeclaratives()
+                                                ? division->findItemByName(words.front().str())
+                                                : nullptr;
     if (entries)
       for (DataDescription *entry : *entries)
         if (isQualifiedBy(*entry, llvm::ArrayRef(words).drop_front()))
@@ -67,8 +67,8 @@ std::vector<Found> findItems(const FlowModule &flow, llvm::StringRef name) {
   return found;
 }
 
-/// The programs in which an item can be used: its own, and of a global one those nested in it. Those
-/// that do not use it are left out, but for its own.
+/// The programs in which an item can be used: its own, and of a global one those nested in it.
+/// Those that do not use it are left out, but for its own.
 std::vector<ItemFlow> followEverywhere(const FlowModule &flow, const StorageAreas &areas,
                                        const Found &found) {
   std::vector<ItemFlow> flows;
@@ -79,9 +79,8 @@ std::vector<ItemFlow> followEverywhere(const FlowModule &flow, const StorageArea
     if (!unit)
       continue;
     ItemFlow one = followItem(*graph, *found.item, areas);
-    if (graph.get() == found.graph || llvm::any_of(one.uses, [](const ItemUse &use) {
-          return !use.isElsewhere;
-        }))
+    if (graph.get() == found.graph ||
+        llvm::any_of(one.uses, [](const ItemUse &use) { return !use.isElsewhere; }))
       flows.push_back(std::move(one));
   }
   return flows;
@@ -110,7 +109,8 @@ public:
   std::string verbOf(const ItemUse &use) const {
     const FlowNode &node = module.node(use.node);
     if (node.getStatement() && !node.isWritten())
-      return tarka::verbOf(node.getStatement()->getType()).str() + " (" + node.getVerb().str() + ")";
+      return tarka::verbOf(node.getStatement()->getType()).str() + " (" + node.getVerb().str() +
+             ")";
     return node.getVerb().str();
   }
   /// The lines of \p uses, each once.

@@ -19,8 +19,8 @@ class CFGModule;
 /// one does.
 std::optional<std::string> explainMissingItem(const CFGModule &module, llvm::StringRef name);
 
-/// For each item of the name \p name, which may be qualified as in "A OF B": where it is written and
-/// which reads that can reach, where it is read and from what.
+/// For each item of the name \p name, which may be qualified as in "A OF B": where it is written
+/// and which reads that can reach, where it is read and from what.
 void printItemsText(llvm::raw_ostream &os, const CFGModule &module, llvm::StringRef name);
 /// The same as one JSON object.
 void printItemsJson(llvm::raw_ostream &os, const CFGModule &module, llvm::StringRef name);
