@@ -25,6 +25,10 @@ static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selec
 
 void FileControlParser::parseFileControl(InputOutputSection &section) {
   takeParagraphHeader();
+  parseFileEntries(section);
+}
+
+void FileControlParser::parseFileEntries(InputOutputSection &section) {
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
@@ -34,6 +38,12 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
       continue;
     }
     expected("SELECT");
+    // Only the word is missing.
+    if (peek().isUserWord() && peek(1).is(Keyword::Assign)) {
+      if (ParaFileControl *file = parseSelect())
+        section.addFileControl(file);
+      continue;
+    }
     if (peek().isUserWord() && nearestKeyword(peek().text, Keyword::Select) != Keyword::None) {
       stream.correct(Keyword::Select);
       continue;
@@ -46,8 +56,9 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 /// SELECT [OPTIONAL] file-name clauses.
 ParaFileControl *FileControlParser::parseSelect() {
   SourceRange begin = here();
-  recovery.resumeReporting();
-  Recovery::ErrorTrap trap(recovery);
+  if (at(Keyword::Select))
+    recovery.resumeReporting();
+  Recovery::ConstructScope construct(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
@@ -58,7 +69,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   auto *file = makeAt<ParaFileControl>(begin, name);
   file->setIsOptional(isOptional);
   file->setRange(parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); }));
-  if (!file->getAssign() && !trap.hasErrorOccurred())
+  if (!file->getAssign() && !construct.hasMistake())
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
 }

@@ -24,6 +24,7 @@ public:
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
+  OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
 
@@ -302,8 +303,8 @@ static bool isPartOfMemberName(const Token &token) {
   return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
 }
 
-/// Reads the name of a copybook or library, of which \p token is the first one, and the token
-/// behind it. The name is a word, or a literal that holds any name.
+/// Reads the name of a copybook or library, of which \p token is the first token, and the token
+/// after it. The name is a word, or a literal that holds any name.
 bool Preprocessor::readCopyName(Token &token, std::string &name) {
   if (token.is(TokenKind::AlphanumericLiteral)) {
     name = token.text.trim("\"'").str();
@@ -665,6 +666,10 @@ void TokenStream::setDecimalPointIsComma(bool on) {
 
 const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
   return source->getDiagnostics();
+}
+
+OpenConstructs &TokenStream::getOpenConstructs() {
+  return source->getOpenConstructs();
 }
 
 const ParseOptions &TokenStream::getOptions() const {
