@@ -51,7 +51,7 @@ class Generator(executions.Generator):
 
     def build(self):
         self.lines = list(self.head)
-        self.can_alter = False
+        self.can_alter = self.has_commands = self.has_nested = False
         super().build()
 
     def operand(self):
