@@ -2,6 +2,7 @@
 
 #include "Options.h"
 #include "Parse/Encoding.h"
+#include "PathPattern.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <type_traits>
@@ -116,6 +117,14 @@ std::string addWarningOption(Request &request, const OptionValue &value) {
          "an error";
 }
 
+/// Adds a pattern to one of the lists of the request.
+template <auto List> std::string addPattern(Request &request, const OptionValue &value) {
+  if (llvm::Error fault = PathPattern::create(value.text).takeError())
+    return "'" + value.text + "' is no pattern: " + llvm::toString(std::move(fault));
+  (request.*List).push_back(value.text);
+  return "";
+}
+
 std::string setRecord(Request &request, const OptionValue &value) {
   request.layout.record = value.text;
   return value.text.empty() ? "a name is missing" : "";
@@ -150,6 +159,17 @@ constexpr Option table[] = {
      .help = "supply what DB2 does: SQLCA, SQLDA, SQL TYPE",
      .set = assign<&Request::parse, &ParseOptions::sql>},
 
+    // Which programs.
+    {.name = "include", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "the programs in directories (*.cbl, *.cob, *.cobol, *.pco)",
+     .set = addPattern<&Request::include>},
+    {.name = "exclude", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "what to leave out of directories: files and directories",
+     .set = addPattern<&Request::exclude>},
+    {.name = "stdin-name", .type = OptionType::Text, .isConfigurable = false, .commands = readers,
+     .value = "NAME", .help = "the file that standard input, given as -, stands for",
+     .set = assign<&Request::stdinName>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -160,6 +180,11 @@ constexpr Option table[] = {
     {.name = "jobs", .letter = 'j', .type = OptionType::Number, .commands = check, .value = "N",
      .min = 1, .max = 1024, .help = "files to check at the same time (one a processor)",
      .set = assign<&Request::jobs>},
+    {.name = "time-limit", .type = OptionType::Seconds, .commands = check, .value = "SECONDS",
+     .help = "give a program up after this time", .set = assign<&Request::timeLimit>},
+    {.name = "memory-limit", .type = OptionType::Number, .commands = check, .value = "MIB",
+     .min = 1, .max = 1u << 20, .help = "give a program up when it needs more memory",
+     .set = assign<&Request::memoryLimit>},
 
     // What the other commands print.
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Cfg),

@@ -66,7 +66,7 @@ CASES = [
     ("alter.cbl", ..., ["cfg"], 1, [r"tarka: no graph of .*alter.cbl is printed: the checks did not "
                                     r"succeed, though no message says why .*--keep-going.*"]),
     ("alter.cbl", ..., ["cfg", "--keep-going"], 1, []),
-    ("", None, [], 2, [r"tarka: cannot read .*: Is a directory"]),
+    ("", None, ["ast"], 2, [r"tarka: cannot read .*: Is a directory"]),
     ("alter.cbl", ..., ["check", "--bogus"], 2, [r"tarka: .*--bogus", r"tarka: the options of check are .*--verify.*"]),
 ]
 
