@@ -9,6 +9,7 @@
 #include "Flow/DataFlow.h"
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringMap.h"
 
 namespace tarka {
 

@@ -14,6 +14,7 @@ import pathlib
 import subprocess
 import sys
 
+sys.dont_write_bytecode = True
 spec = importlib.util.spec_from_file_location(
     "executions", pathlib.Path(__file__).with_name("random-executions.py"))
 executions = importlib.util.module_from_spec(spec)
