@@ -40,8 +40,8 @@ public:
   TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
   ~TokenStream();
 
-  /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference
-  /// is good until the stream is asked for something else.
+  /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
+  /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
     if (n >= count)
@@ -92,6 +92,9 @@ public:
 
   /// The options given, and those that CBL and PROCESS lines turned on.
   const ParseOptions &getOptions() const;
+
+  /// Reports the lines that are cut at column 72, when the parser has read everything.
+  void reportCutLines();
 
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;

@@ -147,7 +147,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
       for (const CommandInfo &info : allCommands())
         names.push_back(info.name);
       std::cerr << "tarka: '" << arguments.front()
-                << "' is no file and no command; the commands are "
+                << "' is neither a command nor a file; the commands are "
                 << llvm::join(llvm::ArrayRef(names).drop_back(), ", ") << " and "
                 << names.back().str() << '\n';
       result.exitStatus = ExitUnusable;
@@ -162,7 +162,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     if (!std::cout.flush()) {
-      std::cerr << "tarka: cannot write what was asked for\n";
+      std::cerr << "tarka: cannot write to standard output\n";
       result.exitStatus = ExitInternal;
     }
     return result;
