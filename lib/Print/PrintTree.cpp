@@ -223,6 +223,7 @@ void TreePrinter::print(llvm::StringRef role, SourceUnit &unit) {
     sink.texts("callable", callable);
   one("", unit.getEnvironmentDivision());
   one("", unit.getDataDivision());
+  all("block", unit.getDataBlockElements());
   one("", unit.getProcDivision());
   all("nested", unit.getNestedListElements());
 }
