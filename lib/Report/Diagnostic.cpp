@@ -25,8 +25,8 @@ std::string Diagnostic::getMessage() const {
     message += "; was " + suggestion + " meant?";
   if (const std::size_t more = furtherPlaces.size())
     message += "; used in " + std::to_string(more) + (more == 1 ? " more place" : " more places");
-  if (programs.size() > 1)
-    message += "; in " + std::to_string(programs.size()) + " programs";
+  if (programCount > 1)
+    message += "; in " + std::to_string(programCount) + " programs";
   return message;
 }
 

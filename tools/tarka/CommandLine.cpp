@@ -33,9 +33,10 @@ std::string namesOf(const Option &option) {
 
 CLI::Option *addFlag(CLI::App &app, Request &request, const Option &option) {
   // What tarka.toml turns on can be turned off.
-  app.add_flag_function("--no-" + option.name.str(),
-                        [&](std::int64_t) { take(request, option, "false"); })
-      ->group("");
+  if (option.isConfigurable)
+    app.add_flag_function("--no-" + option.name.str(),
+                          [&](std::int64_t) { take(request, option, "false"); })
+        ->group("");
   return app.add_flag_function(
       namesOf(option), [&](std::int64_t) { take(request, option, "true"); }, option.help.str());
 }
@@ -80,12 +81,16 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->option_text("NUMBER...");
     return;
   }
+  if (command == Command::Init) {
+    app.add_option("DIRECTORY", request.files, "where the file is written (.)")->expected(1);
+    return;
+  }
   auto *files = app.add_option("FILE", request.files,
                                command == Command::Check
                                    ? "files, directories, @LISTs of names; - is standard input"
                                    : "the source to read; - is standard input")
                     ->required();
-  if (command == Command::Check)
+  if (command == Command::Check || command == Command::Config)
     files->option_text("FILE...");
   else
     files->expected(1);
@@ -118,22 +123,20 @@ bool isMisspeltCommand(llvm::StringRef word) {
 
 } // namespace
 
+Request Request::withoutOptions() const {
+  Request result;
+  result.command = command;
+  result.files = files;
+  result.numbers = numbers;
+  result.commandLine = commandLine;
+  result.settings = settings;
+  result.parse.fileSystem = parse.fileSystem;
+  return result;
+}
+
 CommandLineResult readCommandLine(int argc, char **argv) {
   CommandLineResult result;
   Request request;
-
-  CLI::App app("Tarka analyses COBOL source.\n"
-               "When only files are given, they are checked.",
-               "tarka");
-  app.set_version_flag("--version", "tarka " TARKA_VERSION);
-  app.require_subcommand(1);
-  app.failure_message(describeFailure);
-  for (const CommandInfo &info : allCommands()) {
-    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
-    command->callback([&request, &info] { request.command = info.command; });
-    addOperands(*command, request, info.command);
-    addOptions(*command, request, info.command);
-  }
 
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
@@ -155,6 +158,23 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     }
     arguments.insert(arguments.begin(), "check");
   }
+  CLI::App app("Tarka analyses COBOL source.\n"
+               "When only files are given, they are checked.",
+               "tarka");
+  app.set_version_flag("--version", "tarka " TARKA_VERSION);
+  app.require_subcommand(1);
+  app.failure_message(describeFailure);
+  for (const CommandInfo &info : allCommands()) {
+    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
+    command->callback([&request, &info] { request.command = info.command; });
+    // Making options takes time; only those of the command that is carried out are needed.
+    if (arguments.empty() || arguments.front() != info.name)
+      continue;
+    addOperands(*command, request, info.command);
+    // `tarka config` shows what check would do.
+    addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
+  }
+
   std::reverse(arguments.begin(), arguments.end());
 
   try {

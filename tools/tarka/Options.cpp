@@ -130,6 +130,11 @@ std::string setRecord(Request &request, const OptionValue &value) {
   return value.text.empty() ? "a name is missing" : "";
 }
 
+std::string setItem(Request &request, const OptionValue &value) {
+  request.item = value.text;
+  return value.text.empty() ? "a name is missing" : "";
+}
+
 // clang-format off
 constexpr Option table[] = {
     // How the source is read.
@@ -165,6 +170,15 @@ constexpr Option table[] = {
      .value = "NAME", .help = "the file that standard input, given as -, stands for",
      .set = assign<&Request::stdinName>},
 
+    // Configuration files.
+    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = readers,
+     .value = "FILE", .help = "use FILE instead of the tarka.toml above each program",
+     .set = assign<&Request::config>},
+    {.name = "no-config", .isConfigurable = false, .commands = readers,
+     .help = "use no tarka.toml", .set = assign<&Request::noConfig>},
+    {.name = "force", .isConfigurable = false, .commands = setOf(Command::Init),
+     .help = "overwrite a tarka.toml that is there", .set = assign<&Request::force>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -192,6 +206,9 @@ constexpr Option table[] = {
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
      .choices = explanationFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
+    {.name = "item", .type = OptionType::Text, .commands = setOf(Command::Flow),
+     .value = "NAME", .help = "instead, where this item is written and what can read that",
+     .set = setItem},
     {.name = "function", .type = OptionType::Text, .commands = setOf(Command::Cfg),
      .value = "NAME", .help = "only this program's function",
      .set = assign<&Request::view, &GraphView::function>},
@@ -230,7 +247,7 @@ constexpr Option table[] = {
     {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
      .set = assign<&Request::color>},
-    {.name = "output", .letter = 'o', .type = OptionType::Path,
+    {.name = "output", .letter = 'o', .type = OptionType::Path, .isConfigurable = false,
      .commands = readers | setOf(Command::Explain), .value = "FILE", .group = reportGroup,
      .help = "write to FILE instead", .set = assign<&Request::output>},
     {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
@@ -296,6 +313,8 @@ constexpr CommandInfo commandTable[] = {
      "print what is never reached in FILE, what is performed, and figures"},
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
+    {Command::Init, "init", "write a tarka.toml after a look at the sources"},
+    {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
     {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
 };
 // clang-format on
