@@ -104,6 +104,13 @@ bool isSlip(llvm::StringRef name, llvm::StringRef meant) {
   return different == 1;
 }
 
+/// \p line without a sequence number and what is behind column 72.
+llvm::StringRef programText(llvm::StringRef line) {
+  const bool isNumbered =
+      line.size() > sequenceArea && llvm::all_of(line.take_front(sequenceArea), llvm::isDigit);
+  return line.take_front(maxColumn).drop_front(isNumbered ? sequenceArea : 0);
+}
+
 bool isTopLevel(const DataDescription &entry) {
   return entry.getLevelNum() == 1 || entry.getLevelNum() == 77;
 }
@@ -337,8 +344,7 @@ bool ConsequenceFinder::isInProcedures(const SourceRange &place) const {
 bool ConsequenceFinder::beginsLine(const SourceRange &place) const {
   const llvm::StringRef before =
       sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1);
-  return llvm::none_of(before.drop_front(std::min<std::size_t>(before.size(), sequenceArea)),
-                       llvm::isAlnum);
+  return llvm::none_of(programText(before), llvm::isAlnum);
 }
 
 /// Notes what the error makes unreliable.
@@ -427,8 +433,7 @@ void ConsequenceFinder::noteLostDeclaration(std::size_t index) {
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
     const bool isReserved = diagnostics[index].number == reservedWord && word != "VALUE" &&
                             word != "VALUES" && word != "ASSIGN";
-    const llvm::StringRef first =
-        line.drop_front(std::min<std::size_t>(line.size(), sequenceArea)).ltrim().split(' ').first;
+    const llvm::StringRef first = programText(line).ltrim().split(' ').first;
     const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
                           first.equals_insensitive("SD");
     if (!isReserved)
@@ -458,12 +463,10 @@ bool ConsequenceFinder::isNameKnown(const SourceRange &place) const {
 void ConsequenceFinder::noteLostLevel(std::size_t index) {
   const SourceRange &place = diagnostics[index].place;
   // A word or two alone were meant to copy text, most likely.
-  const llvm::StringRef line = lineOf(place.file, place.beginLine).take_front(maxColumn);
   llvm::SmallVector<llvm::StringRef, 4> words;
-  llvm::SplitString(
-      line.drop_front(std::min<std::size_t>({line.size(), sequenceArea, place.beginColumn - 1})),
-      words);
-  if (words.size() <= 2 && !words.empty() && words.back().ends_with("."))
+  llvm::SplitString(programText(lineOf(place.file, place.beginLine)), words);
+  if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
+      llvm::any_of(words.front(), llvm::isAlpha))
     missingCopybooks.push_back(index);
   const auto ofFile = entries.find(place.file);
   if (ofFile == entries.end())
