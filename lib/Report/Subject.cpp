@@ -76,10 +76,12 @@ Subject describeExpression(const Expression &expression) {
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = llvm::dyn_cast<ReportIdentifierExpression>(&expression))
     return {nameOf(report->getReportName()), ""};
-  std::string category = nameOf(expression.getDataCategory()).str();
+  // Of other operands in error the category may not be known.
   if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&expression))
-    return {number->getData(), std::move(category)};
-  return {"", std::move(category)};
+    return {number->getData(), nameOf(number->getDataCategory()).str()};
+  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&expression))
+    return {"", nameOf(text->getDataCategory()).str()};
+  return {};
 }
 
 std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
