@@ -284,8 +284,9 @@ private:
 void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
   while (true) {
-    Recovery::ConstructScope construct(recovery);
+    // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
+    Recovery::ConstructScope construct(recovery);
     auto addEntry = [&](unsigned assumedLevel) {
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())

@@ -395,7 +395,9 @@ void ConsequenceFinder::noteDamagedText() {
   // What a damaged COPY would copy is missing as well.
   for (const char *verb : {"COPY", "INCLUDE"})
     for (const SourceRange &place : damagedText.findName(verb))
-      missingCopybooks.push_back(nearestFrontEndError(place));
+      if (const std::size_t index = nearestFrontEndError(place);
+          beginOf(diagnostics[index].place) <= beginOf(place))
+        missingCopybooks.push_back(index);
   for (const auto &[position, index] : frontEndErrors)
     if (!isAboutCopy(diagnostics[index].number))
       noteLostDeclaration(index);
