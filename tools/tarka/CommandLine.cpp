@@ -96,24 +96,35 @@ void addOperands(CLI::App &app, Request &request, Command command) {
     files->expected(1);
 }
 
-/// What is wrong, and which options the command takes.
+/// What is wrong with \p word, an option that \p command does not have.
+std::string describeUnknown(const CLI::App &command, const std::string &word) {
+  std::vector<std::string> names;
+  for (const CLI::Option *option : command.get_options())
+    for (const std::string &name : option->get_lnames())
+      names.push_back(name);
+  // The value may be attached to the name; one dash is as good as two to guess by.
+  const llvm::StringRef name = llvm::StringRef(word).split('=').first.ltrim('-');
+  const std::string near = nearestWord(name, names);
+  return command.get_name() + " has no option '" + (name.size() > 1 ? "--" : "-") + name.str() +
+         "'" + (near.empty() ? "" : "; was --" + near + " meant?");
+}
+
+/// One line: what is wrong, and what was probably meant, or where to look it up.
 std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
-  std::string message = "tarka: " + std::string(error.what()) + "\n";
-  std::vector<const CLI::App *> commands = {program};
-  for (const CLI::App *command : program->get_subcommands())
-    commands.push_back(command);
-  const CLI::App *command = commands.back();
-  if (command == program) {
-    message += "tarka: the commands are";
-    for (const CLI::App *one : program->get_subcommands({}))
-      message += " " + one->get_name();
-    return message + "; tarka --help explains them\n";
-  }
-  message += "tarka: the options of " + command->get_name() + " are";
-  for (const CLI::Option *option : command->get_options())
-    if (option->nonpositional() && !option->get_group().empty())
-      message += " " + option->get_name();
-  return message + "; tarka " + command->get_name() + " --help explains them\n";
+  const CLI::App *command = program;
+  for (const CLI::App *chosen : program->get_subcommands())
+    command = chosen;
+  std::string message = error.what();
+  if (const std::vector<std::string> extras = command->remaining();
+      command != program && !extras.empty() &&
+      error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError))
+    message = describeUnknown(*command, extras.front());
+  else if (llvm::StringRef(message).starts_with("FILE: At Most 1"))
+    message = command->get_name() + " reads one file, and several are given";
+  if (!llvm::StringRef(message).ends_with("?"))
+    message += "; tarka " + (command == program ? "" : command->get_name() + " ") +
+               "--help lists the options";
+  return "tarka: " + message + "\n";
 }
 
 /// Whether \p word, with which the command line begins, looks like a command and is not a file.
@@ -146,13 +157,14 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front())) {
     if (isMisspeltCommand(arguments.front())) {
-      std::vector<llvm::StringRef> names;
+      std::vector<std::string> names;
       for (const CommandInfo &info : allCommands())
-        names.push_back(info.name);
-      std::cerr << "tarka: '" << arguments.front()
-                << "' is neither a command nor a file; the commands are "
-                << llvm::join(llvm::ArrayRef(names).drop_back(), ", ") << " and "
-                << names.back().str() << '\n';
+        names.push_back(info.name.str());
+      const std::string near = nearestWord(arguments.front(), names);
+      std::cerr << "tarka: '" << arguments.front() << "' is neither a command nor a file; "
+                << (near.empty() ? "the commands are " + llvm::join(names, ", ")
+                                 : "was " + near + " meant?")
+                << '\n';
       result.exitStatus = ExitUnusable;
       return result;
     }

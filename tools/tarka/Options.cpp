@@ -1,6 +1,7 @@
 //===- Options.cpp - the table of all options -----------------------------===//
 
 #include "Options.h"
+#include "AST/Spelling.h"
 #include "Parse/Encoding.h"
 #include "PathPattern.h"
 #include "llvm/ADT/STLExtras.h"
@@ -90,12 +91,13 @@ std::string addRule(Request &request, Selection::Action action, llvm::StringRef 
   const std::string unknown = request.selection.add(action, words);
   if (unknown.empty())
     return "";
-  std::vector<llvm::StringRef> names;
+  std::vector<std::string> names;
   for (const DiagnosticGroup &group : diagnosticGroups())
-    names.push_back(group.name);
-  return "'" + llvm::StringRef(unknown).trim().str() +
+    names.push_back(group.name.str());
+  const llvm::StringRef word = llvm::StringRef(unknown).trim();
+  return "'" + word.str() +
          "' is neither a number, nor a range such as 3301-3399, nor the name of a group: " +
-         llvm::join(names, ", ");
+         llvm::join(names, ", ") + suggestWord(word, names);
 }
 
 template <Selection::Action action>
@@ -347,10 +349,10 @@ std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &
       value.number = static_cast<unsigned>(choice.value);
       return "";
     }
-  std::vector<llvm::StringRef> words;
+  std::vector<std::string> words;
   for (const OptionChoice &choice : option.choices)
-    words.push_back(choice.word);
-  return "'" + text.str() + "' is none of " + llvm::join(words, ", ");
+    words.push_back(choice.word.str());
+  return "'" + text.str() + "' is none of " + llvm::join(words, ", ") + suggestWord(text, words);
 }
 
 } // namespace
@@ -397,6 +399,19 @@ std::string setOption(const Option &option, llvm::StringRef text, Request &reque
     break;
   }
   return fault.empty() ? option.set(request, value) : fault;
+}
+
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string lower = word.lower();
+  SpellingMatch match(lower);
+  for (const std::string &candidate : candidates)
+    match.consider(candidate);
+  return match.getNearest().str();
+}
+
+std::string suggestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string near = nearestWord(word, candidates);
+  return near.empty() ? "" : "; was " + near + " meant?";
 }
 
 llvm::ArrayRef<CommandInfo> allCommands() {
