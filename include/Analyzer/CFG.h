@@ -1,9 +1,9 @@
 //===- CFG.h - the control-flow graph ---------------------------*- C++ -*-===//
 //
-// What the analyzer hands to the code generator: one module for a compilation,
+// The output of the analyzer for a code generator: one module for a compilation,
 // one function for a source unit, each with a graph of named blocks whose
-// elements point back into the checked tree. The records only hold what the
-// builder decided; docs/cfg.md says which shape stands for which construct.
+// elements point back into the checked tree. docs/cfg.md describes the shape of
+// each construct.
 //
 // Names of blocks are a contract and are not unique: every IF has its
 // "tkdummy_then". A lookup by name gives the block that was made first.
@@ -33,9 +33,10 @@ struct CFGRecord {
   static void operator delete(void *) {}
 };
 
-/// One element of a block. Exactly one of its three descriptions and its statement is set, by type.
+/// One element of a block: a statement or a description, by its type.
 class CFGElem : public CFGRecord {
 public:
+  /// What the element describes.
   enum class ElemType : std::uint8_t {
     Statement = 0,
     DataDeclaration = 1,
@@ -49,6 +50,7 @@ public:
         report(reportDescription) {}
 
   ElemType getType() const { return type; }
+  // The node of the element; each is null in an element of another type.
   DataDescription *getData() const { return data; }
   FileDescription *getFile() const { return file; }
   Statement *getStmt() const { return stmt; }
@@ -86,12 +88,12 @@ enum class CFGLink : std::uint8_t {
 };
 inline constexpr std::size_t cfgLinkCount = 10;
 
-/// What the links are called where they are shown, by CFGLink.
+/// The names of the links in printed forms, by CFGLink.
 inline constexpr llvm::StringLiteral cfgLinkNames[cfgLinkCount] = {
     "successor", "then", "else", "end", "next", "onSize", "notOnSize", "inline", "after", "return",
 };
 
-/// Declares get<Name>Block() and add<Name>Block(), which replaces what was there.
+/// Declares get<Name>Block() and add<Name>Block(), which replaces an earlier block.
 #define TARKA_CFG_LINK(Name)                                                                       \
   CFGBlock *get##Name##Block() const {                                                             \
     return getLink(CFGLink::Name);                                                                 \
@@ -106,12 +108,13 @@ inline constexpr llvm::StringLiteral cfgLinkNames[cfgLinkCount] = {
 /// made after it in the same graph.
 class CFGBlock : public CFGRecord {
 public:
-  /// A block outside of every list; \p owner may be null. CFGGraph::addBlock() adds it.
+  /// A block that is in no list yet; \p owner may be null. CFGGraph::addBlock() adds it.
   CFGBlock(llvm::StringRef blockName, CFGGraph *owner)
       : CFGBlock(&internString(blockName), owner) {}
   /// The same with a name that lives forever, such as that of a Word.
   CFGBlock(const std::string *blockName, CFGGraph *owner) : name(blockName), graph(owner) {}
 
+  /// The label of the block, which other blocks may have as well.
   const std::string &getName() const { return *name; }
 
   // Each appends one element for the node, which is not null.
@@ -119,6 +122,7 @@ public:
   void addCFGElemDecl(DataDescription *data);
   void addCFGElemFileDecl(FileDescription *file);
   void addCFGElemReportDecl(ReportDescription *report);
+  /// The elements in the order in which control passes them.
   const std::list<CFGElem *> &getElements() const { return elements; }
 
   /// Whether the block ends in a transfer of control.
@@ -129,7 +133,7 @@ public:
 
   /// The graph that the block belongs to; null until a block made without one is added to one.
   CFGGraph *getGraph() const { return graph; }
-  /// The block's place in its graph's list, from 0; -1 while it is in no list.
+  /// The index of the block in the list of its graph, from 0; -1 while it is in no list.
   int getPlace() const { return place; }
 
   /// The block in which control continues.
@@ -176,45 +180,61 @@ private:
 /// The blocks of one function, in the order in which they were made.
 class CFGGraph : public CFGRecord {
 public:
-  /// Makes a block at the end of the list. Other blocks of that name stay as they are.
+  /// Appends a new block to the list. Blocks of the same name may exist.
   CFGBlock *createBlock(llvm::StringRef name) { return createBlock(&internString(name)); }
   /// The same with a name that lives forever, such as that of a Word.
   CFGBlock *createBlock(const std::string *name);
   /// The first block of exactly that name, case included; null when there is none.
   CFGBlock *findBlock(llvm::StringRef name);
-  /// Appends a block that was made by itself, and takes it for this graph's own.
+  /// Appends a block that was made outside of a graph, and becomes its graph.
   void addBlock(CFGBlock *block);
 
+  /// The blocks in the order in which they were added, which is the order of falling through.
   const std::list<CFGBlock *> &getBlockList() const { return blocks; }
 
 private:
   std::list<CFGBlock *> blocks;
-  /// The first block of each name, made when the first name is looked up: the builder itself never
-  /// asks, and many a graph is never asked at all.
+  /// The first block of each name, made at the first lookup: the builder needs none, and neither do
+  /// many users of the graph.
   llvm::DenseMap<llvm::StringRef, CFGBlock *> firstOfName;
-  /// The last block that the index knows; the end of the list before the first lookup.
+  /// The last block in the index; the end of the list before the first lookup.
   std::list<CFGBlock *>::iterator lastIndexed = blocks.end();
 };
 
+/// The parameters and the result of a function, or of one of its entries.
+class CFGSignature : public CFGRecord {
+public:
+  /// Inserts the range before the present parameters.
+  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
+    parameters.insert(parameters.begin(), first, last);
+  }
+  /// The items of USING, in their order.
+  const std::list<Parameter *> &getParams() const { return parameters; }
+
+  /// The phrase RETURNING; null without one.
+  Returning *getReturning() const { return returning; }
+  void setReturning(Returning *phrase) { returning = phrase; }
+
+private:
+  std::list<Parameter *> parameters;
+  Returning *returning = nullptr;
+};
+
 /// An ENTRY statement: a further way into its function.
-class CFGEntry : public CFGRecord {
+class CFGEntry : public CFGSignature {
 public:
   /// \p place counts the entries of the function from 1.
   CFGEntry(const std::string &entryName, const std::string &functionName, int place)
       : name(&internString(entryName)), funcName(&internString(functionName)), index(place) {}
 
+  /// The name that a CALL of the entry uses.
   const std::string &getName() const { return *name; }
+  /// The name of the function.
   const std::string &getFuncName() const { return *funcName; }
+  /// The number of the entry in its function, from 1.
   int getIndex() const { return index; }
 
-  /// Puts the range before the parameters that are there.
-  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
-    parameters.insert(parameters.begin(), first, last);
-  }
-  const std::list<Parameter *> &getParams() const { return parameters; }
-
-  Returning *getReturning() const { return returning; }
-  void setReturning(Returning *phrase) { returning = phrase; }
+  /// The block in which control begins; null until it is set, like the function.
   CFGBlock *getEntryBlock() const { return entryBlock; }
   void setEntryBlock(CFGBlock *block) { entryBlock = block; }
   CFGFunc *getFunc() const { return func; }
@@ -226,8 +246,6 @@ public:
 private:
   const std::string *name;
   const std::string *funcName;
-  std::list<Parameter *> parameters;
-  Returning *returning = nullptr;
   CFGBlock *entryBlock = nullptr;
   CFGFunc *func = nullptr;
   const EntryStatement *statement = nullptr;
@@ -235,25 +253,20 @@ private:
 };
 
 /// One source unit, or the declaratives of the report writer.
-class CFGFunc : public CFGRecord {
+class CFGFunc : public CFGSignature {
 public:
   CFGFunc(const std::string &functionName, CFGModule *owner, SourceUnit *unit)
       : name(&internString(functionName)), module(owner), sourceUnit(unit) {}
 
   /// The program's name without the quotes of a literal.
   const std::string &getName() const { return *name; }
+  /// The module that the function is made for; for report declaratives too.
   CFGModule *getModule() const { return module; }
 
-  /// Puts the range before the parameters that are there.
-  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
-    parameters.insert(parameters.begin(), first, last);
-  }
-  const std::list<Parameter *> &getParams() const { return parameters; }
-  Returning *getReturning() const { return returning; }
-  void setReturning(Returning *phrase) { returning = phrase; }
-
+  /// The blocks of the function; null until they are made.
   CFGGraph *getBody() const { return body; }
   void setBody(CFGGraph *graph) { body = graph; }
+  /// The program; null for report declaratives.
   SourceUnit *getSourceUnit() const { return sourceUnit; }
   void setSourceUnit(SourceUnit *unit) { sourceUnit = unit; }
 
@@ -261,15 +274,13 @@ public:
   std::size_t getEntryListSize() const { return entries.size(); }
   const std::list<CFGEntry *> &getEntryList() const { return entries; }
 
-  /// The sections of the USE BEFORE REPORTING declaratives; null but for their function.
+  /// The sections of the USE BEFORE REPORTING declaratives; null in other functions.
   std::list<Section *> *getSectionList() const { return sectionList; }
-  /// Keeps \p sections itself, and forgets an earlier list.
+  /// Keeps a pointer to \p sections in place of an earlier list.
   void setSectionList(std::list<Section *> *sections) { sectionList = sections; }
 
 private:
   const std::string *name;
-  std::list<Parameter *> parameters;
-  Returning *returning = nullptr;
   CFGGraph *body = nullptr;
   CFGModule *module;
   SourceUnit *sourceUnit;
@@ -302,6 +313,7 @@ public:
     CFGFunc *function;
     const CFGFunc *ofUnit;
   };
+  /// Adds the function \p function of the report declaratives of \p ofUnit.
   void addReportDeclaratives(CFGFunc *function, const CFGFunc *ofUnit) {
     reportDeclaratives.push_back({function, ofUnit});
   }

@@ -6,8 +6,9 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/DataDescription.h"
+#include "Analyzer/SpecialRegisters.h"
 #include "AST/Expression.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
@@ -112,14 +113,18 @@ DataDescription *makeEntry(const SpecialRegister &from) {
 
 } // namespace
 
+bool isXmlTextRegister(const DataDescription &entry) {
+  return entry.getOrigin() == Origin::Supplied && entry.getDataName()->getWordData() == "XML-TEXT";
+}
+
 void SemanticChecker::createSpecialRegister(std::list<DataDescription *> *list) {
   const CompileOption &options = *CompileOption::getCompileOptionInstance();
   for (const SpecialRegister &from : Registers) {
     if (from.option != Always && !(options.*from.option)())
       continue;
     list->push_back(makeEntry(from));
-    if (list->back()->getDataName()->getWordData() == "XML-TEXT")
-      setXmlTextRegister(list->back());
+    if (isXmlTextRegister(*list->back()))
+      state->xmlText.entry = list->back();
   }
 }
 

@@ -7,13 +7,24 @@
 
 #include "Flow/FlowBuilder.h"
 #include "AST/Expression.h"
+#include "Analyzer/Graph/ProcedureEnds.h"
 #include "llvm/ADT/STLExtras.h"
 #include <limits>
 
 namespace tarka {
 
 std::unique_ptr<FlowModule> createFlow(const CFGModule &module) {
-  return FlowBuilder(module).build();
+  FlowBuilder builder(module, nullptr);
+  std::unique_ptr<FlowModule> flow = builder.build();
+  if (!builder.namesHandlers())
+    return flow;
+  // Which labels of HANDLE are active at a command is a question about the flow. It is answered on
+  // a graph in which all are, and then the graph is made with those that can be.
+  const ActiveHandlers active =
+      findActiveHandlers(*flow, [&](const FlowGraph &graph, llvm::StringRef label) {
+        return builder.findProcedure(graph, label);
+      });
+  return FlowBuilder(module, &active).build();
 }
 
 std::unique_ptr<FlowModule> FlowBuilder::build() {
@@ -62,9 +73,9 @@ void FlowBuilder::addFunction(const CFGFunc &function, SourceUnit *unit, bool is
   plan->graph = flow.graphList.back().get();
   plan->body = function.getBody();
   plan->blocks.assign(plan->body->getBlockList().begin(), plan->body->getBlockList().end());
-  if (!isReport) {
+  if (unit && !isReport) {
     planOfUnit[unit] = plan;
-    planOfName[llvm::StringRef(function.getName()).upper()].push_back(plan);
+    programNames.add(*unit);
   }
   plan->graph->procedureBegin = static_cast<std::uint32_t>(flow.procedureList.size());
   markProcedures(*plan);
@@ -178,34 +189,27 @@ void FlowBuilder::closeSection() {
 
 namespace {
 
-/// Whether \p block belongs to its section as a whole, so that the paragraph before it is over.
-bool endsParagraph(const CFGBlock *block) {
-  if (block->getName() == "tkdummy_end_section")
-    return true;
-  if (block->getElements().empty() || !block->getElements().front()->getStmt())
-    return false;
-  auto *exit = llvm::dyn_cast<InnerExitStatement>(block->getElements().front()->getStmt());
-  return exit && exit->getSection();
-}
-
-/// Whether \p block stands outside of procedures, behind those before it.
-bool endsSection(const CFGBlock *block) {
-  return block->getName() == "tkdummy_end_declaratives" ||
-         block->getName() == "tkdummy_rpt_declaratives_end";
-}
-
-/// Whether the PERFORM that \p block holds was made for a procedure phrase.
-bool isProcedurePhrase(const CFGBlock *block) {
-  llvm::StringRef name = block->getName();
-  return name == "tkdummy_sort_input" || name == "tkdummy_sort_output" ||
-         name == "tkdummy_merge_then" || name == "tkdummy_xml_proc";
-}
-
 /// Whether something is decided in \p block, an empty one of XML PARSE.
 bool isXmlDecision(const CFGBlock *block) {
   llvm::StringRef name = block->getName();
   return name == "tkdummy_xml_parser" || name == "tarkka_xml_parse_result_cond" ||
          name.ends_with("_line_xml_exception_cond");
+}
+
+/// Whether \p block is the last phase of a SORT or MERGE.
+bool endsSort(const CFGBlock *block) {
+  llvm::StringRef name = block->getName();
+  return name == "tkdummy_sort_start" || name == "tkdummy_merge_start";
+}
+
+/// Whether SORT or MERGE writes the files of GIVING in its last phase.
+bool writesFiles(const Statement *statement) {
+  const SortIO *output = nullptr;
+  if (const auto *sort = llvm::dyn_cast_or_null<SortStatement>(statement))
+    output = sort->getOutput();
+  else if (const auto *merge = llvm::dyn_cast_or_null<MergeStatement>(statement))
+    output = merge->getOutput();
+  return output && output->getType() == SortIOType::Files;
 }
 
 /// The place of the join of the statement in which \p block ends; 0 where nothing is nested in it.
@@ -236,7 +240,7 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
   made.lastNode.assign(made.blocks.size(), noFlow);
   made.pieceOfBlock.assign(made.blocks.size(), noFlow);
   made.graph->nodeBegin = static_cast<std::uint32_t>(flow.nodeList.size());
-  conditionHandlers = aidHandlers = abendHandlers = {};
+  handlers.assign(activeHandlers ? 0 : 3, {});
   openSection = openParagraph = noFlow;
   openJoins.clear();
   openPiece(noFlow);
@@ -285,17 +289,17 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
   closeSection();
 
   openJoins.clear();
-  for (Handlers *handlers : {&conditionHandlers, &aidHandlers, &abendHandlers})
-    if (!handlers->labels.empty()) {
+  for (Handlers &set : handlers)
+    if (!set.labels.empty()) {
       openPiece(noFlow);
-      handlers->hub = addNode(FlowNodeKind::Handler, nullptr, nullptr);
-      for (std::uint32_t label : handlers->labels)
-        addEdge(handlers->hub, flow.procedureList[label].entry, FlowEdgeKind::Handler);
+      set.node = addNode(FlowNodeKind::Handler, nullptr, nullptr);
+      for (std::uint32_t label : set.labels)
+        addEdge(set.node, flow.procedureList[label].entry, FlowEdgeKind::Handler);
     }
   openPiece(noFlow);
   addNode(FlowNodeKind::Exit, nullptr, nullptr);
   made.graph->nodeEnd = static_cast<std::uint32_t>(flow.nodeList.size());
-  handlersOf.push_back({conditionHandlers.hub, aidHandlers.hub, abendHandlers.hub});
+  handlersOf.push_back(std::move(handlers));
   closedByOf.push_back(std::move(closedBy));
 }
 
@@ -307,6 +311,10 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
   }
   if (block->getElements().empty() && isXmlDecision(block)) {
     addNode(FlowNodeKind::Step, block, currentXmlParse);
+    return;
+  }
+  if (block->getElements().empty() && endsSort(block) && writesFiles(currentSort)) {
+    addNode(FlowNodeKind::Step, block, currentSort);
     return;
   }
   for (const CFGElem *element : block->getElements()) {
@@ -336,7 +344,8 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       break;
     case StatementType::Perform: {
       auto *perform = llvm::cast<PerformStatement>(statement);
-      if (isProcedurePhrase(block))
+      // The graph has a PERFORM of its own for the procedures that SORT, MERGE and XML PARSE name.
+      if (!perform->isWritten())
         kind = FlowNodeKind::Step;
       if (perform->getInlineStatementsSize())
         returnOfPerform[perform] = block->getReturnBlock();
@@ -350,6 +359,10 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
     case StatementType::XmlParse:
       currentXmlParse = statement;
       break;
+    case StatementType::Sort:
+    case StatementType::Merge:
+      currentSort = statement;
+      break;
     case StatementType::Exec:
       noteHandlers(*llvm::cast<ExecStatement>(statement));
       break;
@@ -360,24 +373,48 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
   }
 }
 
-/// The labels that HANDLE names anywhere in the program: which of them hold at a command depends on
-/// the way taken to it.
+/// Collects the labels that commands can lead to: while nothing is known of the way taken to a
+/// command, all labels that HANDLE names anywhere in the program.
 void FlowBuilder::noteHandlers(const ExecStatement &exec) {
-  const ExecFlow effect = classifyExec(exec);
-  auto note = [&](Handlers &handlers, llvm::ArrayRef<std::string> names) {
-    for (const std::string &name : names)
-      if (std::uint32_t label = findProcedure(name);
-          label != noFlow && !llvm::is_contained(handlers.labels, label))
-        handlers.labels.push_back(label);
-  };
-  note(conditionHandlers, effect.conditionLabels);
-  note(aidHandlers, effect.aidLabels);
-  note(abendHandlers, effect.abendLabels);
+  if (activeHandlers) {
+    auto active = activeHandlers->find(&exec);
+    if (active == activeHandlers->end() || llvm::any_of(handlers, [&](const Handlers &known) {
+          return known.labels == active->second;
+        }))
+      return;
+    handlers.push_back({active->second});
+    return;
+  }
+  for (const HandlerSetting &setting : classifyExec(exec).settings) {
+    auto &labels = handlers[static_cast<std::size_t>(setting.kind)].labels;
+    const std::uint32_t label = findProcedure(*plan->graph, setting.label);
+    if (label == noFlow || llvm::is_contained(labels, label))
+      continue;
+    labels.push_back(label);
+    hasHandlers = true;
+  }
 }
 
-/// The section or paragraph of the current function with that name; noFlow without one.
-std::uint32_t FlowBuilder::findProcedure(llvm::StringRef name) const {
-  SourceUnit *unit = plan->graph->unit;
+/// The nodes of the handlers that the command may lead to.
+llvm::SmallVector<std::uint32_t, 3> FlowBuilder::handlersAt(const ExecStatement &exec,
+                                                            const ExecFlow &effect) {
+  llvm::SmallVector<std::uint32_t, 3> nodes;
+  if (activeHandlers) {
+    auto active = activeHandlers->find(&exec);
+    for (const Handlers &set : handlers)
+      if (active != activeHandlers->end() && set.labels == active->second)
+        nodes.push_back(set.node);
+    return nodes;
+  }
+  for (HandlerKind kind : {HandlerKind::Condition, HandlerKind::Aid, HandlerKind::Abend})
+    if (effect.mayEnter(kind))
+      nodes.push_back(handlers[static_cast<std::size_t>(kind)].node);
+  return nodes;
+}
+
+/// The section or paragraph of that name in \p graph; noFlow without one.
+std::uint32_t FlowBuilder::findProcedure(const FlowGraph &graph, llvm::StringRef name) const {
+  SourceUnit *unit = graph.unit;
   ProcedureDivision *division = unit ? unit->getProcDivision() : nullptr;
   if (!division)
     return noFlow;
@@ -494,31 +531,6 @@ void FlowBuilder::addSite(std::uint32_t node, std::uint32_t range, std::uint32_t
     plan->sitesInto.push_back({static_cast<std::uint32_t>(sites.size()), block});
   sites.push_back({node, range, returnsTo, into, back, firstSite[node]});
   firstSite[node] = static_cast<std::uint32_t>(sites.size() - 1);
-}
-
-/// The program that a CALL of \p name in the current one reaches: one that is nested in it, or a
-/// COMMON one that is nested in a program around it, or another outermost one.
-FunctionPlan *FlowBuilder::findCallable(llvm::StringRef name) {
-  auto found = planOfName.find(name.upper());
-  if (found == planOfName.end())
-    return nullptr;
-  SourceUnit *caller = plan->graph->unit;
-  FunctionPlan *outermost = nullptr;
-  for (FunctionPlan *candidate : found->second) {
-    SourceUnit *parent = candidate->graph->unit->getParent();
-    if (!parent) {
-      outermost = candidate;
-      continue;
-    }
-    if (parent == caller)
-      return candidate;
-    const bool isCommon = candidate->graph->unit->getIDDivision()->getProgramIDPara()->getType() ==
-                          ProgramIdType::Common;
-    for (SourceUnit *around = caller; isCommon && around; around = around->getParent())
-      if (around == parent)
-        return candidate;
-  }
-  return outermost;
 }
 
 /// Sorts the edges by the nodes that they lead from, and indexes them both ways. The order of the

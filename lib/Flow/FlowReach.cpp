@@ -224,15 +224,9 @@ void FlowReach::callWhatIsHeld(std::uint32_t node) {
   SourceUnit *unit = flow.nodeList[node].graph->unit;
   if (!isHeld || !unit || !heldCalls.insert(unit).second)
     return;
-  for (const std::string &name : unit->getCallableList()) {
-    llvm::StringRef plain = name;
-    if (plain.size() > 1 && (plain.front() == '\'' || plain.front() == '"'))
-      plain = plain.drop_front().drop_back();
-    auto found = builder.planOfName.find(plain.upper());
-    if (found != builder.planOfName.end())
-      for (const FunctionPlan *plan : found->second)
-        start(plan->mainRange);
-  }
+  for (const std::string &name : unit->getCallableList())
+    if (const FunctionPlan *plan = builder.findCallable(unit, name))
+      start(plan->mainRange);
 }
 
 void FlowReach::enterSite(std::uint32_t number) {
@@ -367,7 +361,13 @@ void FlowReach::addEdges() {
     flow.performList.push_back({site.node, site.range, site.returnsTo, site.into});
     if (range.graph != node.graph)
       continue;
-    add(site.node, flow.procedureList[range.begin].entry, site.into);
+    // One node may perform a range with several ways back.
+    bool isFirst = true;
+    for (std::uint32_t other = site.nextOfNode; other != noFlow;
+         other = builder.sites[other].nextOfNode)
+      isFirst &= builder.sites[other].range != site.range || builder.sites[other].into != site.into;
+    if (isFirst)
+      add(site.node, flow.procedureList[range.begin].entry, site.into);
     // The loop's own way into the range shares the way back of the first one.
     if (range.completes && node.reached && site.into != FlowEdgeKind::Loop)
       add(flow.procedureList[range.end].end, site.returnsTo, site.back);
@@ -477,11 +477,8 @@ template <> struct GraphTraits<const tarka::PerformGraph *> {
   };
 
   static NodeRef getEntryNode(const tarka::PerformGraph *graph) { return &graph->nodes.back(); }
-  // The names are those that LLVM asks for.
-  // NOLINTBEGIN(readability-identifier-naming)
   static ChildIteratorType child_begin(NodeRef node) { return {node->next.begin(), node}; }
   static ChildIteratorType child_end(NodeRef node) { return {node->next.end(), node}; }
-  // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace llvm

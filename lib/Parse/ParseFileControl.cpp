@@ -29,12 +29,20 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 }
 
 void FileControlParser::parseFileEntries(InputOutputSection &section) {
+  bool previousIsWrong = false;
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(Keyword::Select)) {
+      Recovery::ConstructScope construct(recovery);
       if (ParaFileControl *file = parseSelect())
         section.addFileControl(file);
+      previousIsWrong = construct.hasMistake();
+      continue;
+    }
+    // The rest of an entry that was cut in two.
+    if (previousIsWrong && selectClauses.contains(peek().keyword)) {
+      skipToEntry(selectClauses);
       continue;
     }
     expected("SELECT");
@@ -48,6 +56,12 @@ void FileControlParser::parseFileEntries(InputOutputSection &section) {
       stream.correct(Keyword::Select);
       continue;
     }
+    // The clauses of an entry whose first line is not there.
+    if (selectClauses.contains(peek().keyword)) {
+      context.namelessSelects.push_back(here());
+      skipToEntry(selectClauses);
+      continue;
+    }
     stream.skip();
     skipToEntry(selectClauses);
   }
@@ -58,18 +72,19 @@ ParaFileControl *FileControlParser::parseSelect() {
   SourceRange begin = here();
   if (at(Keyword::Select))
     recovery.resumeReporting();
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
   if (!name) {
+    context.namelessSelects.push_back(begin);
     skipToEntry(selectClauses);
     return nullptr;
   }
   auto *file = makeAt<ParaFileControl>(begin, name);
   file->setIsOptional(isOptional);
   file->setRange(parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); }));
-  if (!file->getAssign() && !trap.hasErrorOccurred())
+  if (!file->getAssign() && !construct.hasMistake())
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
 }

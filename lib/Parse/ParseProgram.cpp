@@ -25,6 +25,7 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
   TokenStream tokens(**main, files, diagnostics);
   ParserContext context(tokens, diagnostics, options);
   Program *program = ProgramParser(context).parse(inputName);
+  tokens.reportCutLines();
   files.collectDamagedNames(diagnostics.getDamage());
   return program;
 }
@@ -98,16 +99,17 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   bool outerComma = context.decimalPointIsComma;
   auto outerLanguages = std::exchange(context.embeddedLanguages, {});
 
-  if (atDivision(Keyword::Environment))
-    current->setEnvironmentDivision(EnvironmentParser(context).parseEnvironmentDivision());
-  if (atDivision(Keyword::Data))
-    DataParser(context).parseDataDivision();
+  context.missingHeaders.clear();
+  context.namelessFiles.clear();
+  context.namelessSelects.clear();
+  context.previousEntry = {};
+  parseDeclaringDivisions();
   SuppliedParser supplied(context);
   // A program with a communication area is translated, one that has commands of CICS or DL/I too.
   if (!outer)
     context.isTranslated = isItem("DFHCOMMAREA");
   supplied.supplyInterfaceBlock();
-  if (atDivision(Keyword::Procedure))
+  if (atDivision(Keyword::Procedure) || atStrayProcedures())
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
   const SourceRange header = context.procedureHeader;
 
@@ -126,6 +128,10 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
         continue;
       }
       parseSourceUnit(current);
+      continue;
+    }
+    if (atDivision(Keyword::Procedure) && isHeaderDisplaced(Keyword::Procedure)) {
+      ProcedureParser(context).resumeProcedureDivision(*current->getProcDivision());
       continue;
     }
     // A division out of its order; the text up to the next boundary is reported once.
@@ -147,6 +153,31 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   return current;
 }
 
+/// The environment and the data division. Where they are exchanged or begin twice, that is
+/// reported, and what they declare is read all the same.
+void ProgramParser::parseDeclaringDivisions() {
+  while (true) {
+    const Keyword division = divisionAt();
+    if (division == Keyword::Environment || division == Keyword::Data) {
+      const bool isAgain = division == Keyword::Environment
+                               ? context.unit->getEnvironmentDivision() != nullptr
+                               : context.unit->getDataDivision() != nullptr;
+      const bool isLate = division == Keyword::Environment && context.unit->getDataDivision();
+      if ((isAgain || isLate) && !isHeaderDisplaced(division))
+        error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+      if (division == Keyword::Environment)
+        EnvironmentParser(context).parseEnvironmentDivision();
+      else
+        DataParser(context).parseDataDivision();
+    } else if (division == Keyword::None && atDataSection()) {
+      missingHeader(Keyword::Data, "DATA DIVISION");
+      DataParser(context).parseDataDivision();
+    } else {
+      return;
+    }
+  }
+}
+
 /// END PROGRAM name.
 void ProgramParser::parseEndProgram(SourceUnit *current) {
   recovery.resumeReporting();
@@ -162,7 +193,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
            !peek(1).isFirstOnLine());
   }
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
     llvm::StringRef name = withoutQuotes(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
@@ -174,7 +205,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     accept(TokenKind::Period);
   }
   // One message is enough for a line.
-  if (!trap.hasErrorOccurred())
+  if (!construct.hasMistake())
     expectHeaderPeriod();
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
@@ -187,7 +218,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
 
 IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   SourceRange begin = here();
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   if (atDivision(Keyword::Identification)) {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
@@ -195,13 +226,14 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   const bool hasProgramId = at(Keyword::ProgramId);
   ProgramIdParagraph *programId = parseProgramId();
   // Where the header of the division is misspelt, the stream does not skip the comment-entries.
-  while (acceptCommentParagraph(/*skipsEntry=*/trap.hasErrorOccurred()))
+  while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
     ;
-  if (!atUnitBoundary()) {
+  auto atEnd = [this] { return atUnitBoundary() || (peek().isFirstOnLine() && atDataSection()); };
+  if (!atEnd()) {
     if (hasProgramId)
       expected("a division");
     Skipping skipping(*this);
-    while (!atUnitBoundary())
+    while (!atEnd())
       stream.skip();
   }
   return make<IdentificationDivision>(begin, programId);

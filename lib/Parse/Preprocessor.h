@@ -13,12 +13,15 @@
 #include "Parse/Keywords.h"
 #include "Parse/SourceFile.h"
 #include "Parse/Token.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/SmallVector.h"
 #include <array>
 #include <cassert>
 #include <memory>
 
 namespace tarka {
 
+class OpenConstructs;
 class Preprocessor;
 class SourceDiagnostics;
 
@@ -37,10 +40,16 @@ public:
 
   /// Reads \p main. \p files and \p diagnostics must outlive the stream.
   TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+  /// A stream of the tokens that setTokens() gives it. \p enclosing, from which they come, must
+  /// outlive it.
+  explicit TokenStream(TokenStream &enclosing);
   ~TokenStream();
 
-  /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference
-  /// is good until the stream is asked for something else.
+  /// Begins anew with \p tokens, which must live until the next ones are set.
+  void setTokens(llvm::ArrayRef<Token> tokens);
+
+  /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
+  /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
     if (n >= count)
@@ -92,13 +101,24 @@ public:
   /// The options given, and those that CBL and PROCESS lines turned on.
   const ParseOptions &getOptions() const;
 
+  /// Adds to \p tokens those of \p text, the text of an embedded block, read as COBOL text.
+  void scanEmbedded(llvm::StringRef text, const EmbeddedLines &places,
+                    llvm::SmallVectorImpl<Token> &tokens);
+
+  /// Reports the lines that are cut at column 72, when the parser has read everything.
+  void reportCutLines();
+
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
+  /// The constructs being parsed, in which the stream notes the mistakes in the text.
+  OpenConstructs &getOpenConstructs();
 
 private:
   void fill(unsigned wanted);
 
-  std::unique_ptr<Preprocessor> source;
+  std::unique_ptr<Preprocessor> source; ///< null for a stream of given tokens
+  TokenStream *outer = nullptr;         ///< of a stream of given tokens
+  llvm::ArrayRef<Token> given;
   std::array<Token, lookAhead> ring;
   unsigned first = 0;
   unsigned count = 0;

@@ -22,7 +22,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Flow, Layout, Ast, Explain };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// The forms of the report.
@@ -50,12 +50,22 @@ struct OptionSetting {
 /// What the command line asked for.
 struct Request {
   Command command = Command::Check;
+  /// Files, directories, @LISTs, and - for standard input.
   std::vector<std::string> files;
+  /// Which files of a directory are programs, and which are left out: patterns as PathPattern reads
+  /// them.
+  std::vector<std::string> include;
+  std::vector<std::string> exclude;
+  /// What standard input is called.
+  std::string stdinName = "<stdin>";
   ParseOptions parse;
   /// The words of the command line.
   std::vector<std::string> commandLine;
   /// Its options in their order.
   std::vector<OptionSetting> settings;
+
+  /// The item that is followed through the program, which may be qualified; empty without one.
+  std::string item;
 
   // The report.
   ReportForm reportForm = ReportForm::Auto;
@@ -71,7 +81,9 @@ struct Request {
   // check
   bool syntaxOnly = false;
   bool verify = false;
-  unsigned jobs = 0; ///< 0 is one for each processor
+  unsigned jobs = 0;        ///< 0 is one for each processor
+  double timeLimit = 0;     ///< seconds for each program; 0 for no limit
+  unsigned memoryLimit = 0; ///< mebibytes for each program; 0 for no limit
   bool statistics = false;
   std::string baseline;
   std::string writeBaseline;
@@ -88,6 +100,14 @@ struct Request {
 
   // explain
   std::vector<std::string> numbers;
+
+  // Where options come from.
+  std::string config;    ///< the configuration file; empty for those above the programs
+  bool noConfig = false; ///< use none
+  bool force = false;    ///< init overwrites
+
+  /// The same with no option set.
+  Request withoutOptions() const;
 };
 
 /// Reads the command line. Gives the request, or the exit status with which to end at once: after

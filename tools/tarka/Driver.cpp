@@ -8,22 +8,27 @@
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Configuration.h"
 #include "Explain.h"
 #include "Findings.h"
+#include "Inputs.h"
 #include "OutputFile.h"
 #include "Parse/Parse.h"
 #include "Parse/SourceFile.h"
 #include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
+#include "Print/PrintItems.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
+#include "ProgramRun.h"
 #include "Report/Consequences.h"
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
 #include "ReportRun.h"
 #include "SourceLines.h"
 #include "Verify.h"
-#include "Workers.h"
+#include "Workers/Interrupt.h"
+#include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
@@ -34,10 +39,6 @@
 namespace tarka {
 
 namespace {
-
-/// The tree is walked by recursion, as deep as the source nests and as long as its chains of
-/// operators are; this much stack is reserved for it, and what is not used costs nothing.
-constexpr unsigned stackSize = 1u << 30;
 
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
@@ -135,10 +136,12 @@ int Compilation::verify() {
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.
 void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
-  // What was decoded or has a mark could not be written back as it was.
+  // Standard input has no place to write to. What was decoded or has a mark could not be written
+  // back as it was.
   auto contents = llvm::MemoryBuffer::getFile(file);
   const llvm::StringRef text = lines.textOf(internFileName(file));
-  if (!contents || (*contents)->getBuffer() != text)
+  const bool isStandardInput = request.parse.fileSystem && file == request.stdinName;
+  if (isStandardInput || !contents || (*contents)->getBuffer() != text)
     return;
   const SourceFormat format =
       request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
@@ -219,7 +222,16 @@ int Compilation::printGraph(CommandOutput &output) {
     return ExitUnusable;
   }
   if (request.command == Command::Flow) {
-    if (request.format == OutputFormat::Json)
+    if (!request.item.empty()) {
+      if (auto missing = explainMissingItem(*module, request.item)) {
+        llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+        return ExitUnusable;
+      }
+      if (request.format == OutputFormat::Json)
+        printItemsJson(output.stream(), *module, request.item);
+      else
+        printItemsText(output.stream(), *module, request.item);
+    } else if (request.format == OutputFormat::Json)
       printFlowJson(output.stream(), *module);
     else
       printFlowText(output.stream(), *module);
@@ -279,53 +291,91 @@ void compile(llvm::function_ref<void()> work) {
   // The elements of lists lie on huge pages, as the tree itself does.
   mi_option_enable(mi_option_large_os_pages);
 #endif
-  llvm::thread worker(std::optional<unsigned>(stackSize), work);
+  llvm::thread worker(std::optional<unsigned>(compilationStack), work);
   worker.join();
 }
 
-/// Checks the files, one here or several in workers of their own, and reports.
-int checkFiles(const Request &request) {
+/// The programs of a run whose configuration can be read.
+class ConfiguredInputs {
+public:
+  ConfiguredInputs(const Request &request, Configuration &configured, Inputs::FaultHandler handler)
+      : configuration(configured), fault(handler), inputs(request, std::move(handler)) {}
+
+  std::optional<std::string> next() {
+    while (std::optional<std::string> file = inputs.next()) {
+      llvm::Expected<const ConfigurationFile *> configured = configuration.fileFor(*file);
+      if (configured)
+        return file;
+      const std::string reason = llvm::toString(configured.takeError());
+      if (reported.insert(reason).second)
+        fault(*file, reason + "; the programs below it are not analysed");
+    }
+    return std::nullopt;
+  }
+
+private:
+  Configuration &configuration;
+  Inputs::FaultHandler fault;
+  Inputs inputs;
+  llvm::StringSet<> reported;
+};
+
+/// Checks the programs and reports.
+int checkFiles(const Request &request, Configuration &configuration) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
-  if (request.files.size() == 1) {
-    compile([&] { run.take(Compilation(request, request.files.front()).check()); });
-    return run.finish();
-  }
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
-    compile([&] { serialize(answer, Compilation(request, file).check()); });
+    const Request own = llvm::cantFail(configuration.requestFor(file));
+    compile([&] { serialize(answer, Compilation(own, file).check()); });
     return ExitClean;
   };
-  runWorkers(request.files, request.jobs, checkOne, [&](const WorkerResult &result) {
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &name, const std::string &reason) {
+                            run.takeUnreadable(name, reason);
+                          });
+  auto next = [&] { return inputs.next(); };
+  const int signal = runPrograms(request, next, checkOne, [&](const ProgramResult &result) {
     std::optional<FileReport> report = deserializeFileReport(result.answer);
     if (report && result.failure.empty())
       run.take(std::move(*report));
     else
-      run.takeCrash(result.file,
+      run.takeCrash(result.file.str(),
                     result.failure.empty() ? "its worker did not answer" : result.failure);
     return !run.isFull();
   });
-  return run.finish();
+  if (signal)
+    run.interrupt(signal);
+  const int status = run.finish();
+  if (signal)
+    endBySignal(signal);
+  return status;
 }
 
-int verifyFiles(const Request &request) {
+int verifyFiles(const Request &request, Configuration &configuration) {
   auto verifyOne = [&](const std::string &file) {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
     int status = ExitInternal;
-    compile([&] { status = Compilation(request, file).verify(); });
+    compile([&] { status = Compilation(own, file).verify(); });
     return status;
   };
-  if (request.files.size() == 1)
-    return verifyOne(request.files.front());
   int status = ExitClean;
-  runWorkers(
-      request.files, request.jobs,
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &, const std::string &reason) {
+                            llvm::errs() << "tarka: " << reason << '\n';
+                            status = std::max<int>(status, ExitUnusable);
+                          });
+  const int signal = runPrograms(
+      request, [&] { return inputs.next(); },
       [&](const std::string &file, llvm::raw_ostream &) { return verifyOne(file); },
-      [&](const WorkerResult &result) {
+      [&](const ProgramResult &result) {
         if (!result.failure.empty())
           llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
-        status = std::max(status, result.exitStatus);
+        status = std::max(status, result.failure.empty() ? result.exitStatus : ExitInternal);
         return true;
       });
+  if (signal)
+    endBySignal(signal);
   return status;
 }
 
@@ -333,7 +383,9 @@ int verifyFiles(const Request &request) {
 int printFile(const Request &request) {
   int status = ExitInternal;
   compile([&] {
-    Compilation compilation(request, request.files.front());
+    const std::string &operand = request.files.front();
+    const std::string file = operand == standardInput ? request.stdinName : operand;
+    Compilation compilation(request, file);
     ReportRun run(request);
     FileReport report = compilation.check();
     const bool isRead = report.failure.empty();
@@ -358,12 +410,59 @@ void writeReport(const Request &request, llvm::raw_ostream &out) {
   });
 }
 
-int carryOut(const Request &request) {
-  if (request.command == Command::Explain)
+/// Reads standard input, when an operand stands for it, into a file system of \p request that has
+/// it under its name. False, after a message, when it cannot be read.
+static bool readStandardInput(Request &request) {
+  if (!llvm::is_contained(request.files, standardInput))
+    return true;
+  auto buffer = llvm::MemoryBuffer::getSTDIN();
+  if (!buffer) {
+    llvm::errs() << "tarka: cannot read standard input: " << buffer.getError().message() << '\n';
+    return false;
+  }
+  llvm::SmallString<128> path(request.stdinName);
+  auto memory = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
+  auto files =
+      llvm::makeIntrusiveRefCnt<llvm::vfs::OverlayFileSystem>(llvm::vfs::getRealFileSystem());
+  llvm::sys::fs::make_absolute(path);
+  memory->addFile(path, 0, std::move(*buffer));
+  files->pushOverlay(memory);
+  request.parse.fileSystem = files;
+  return true;
+}
+
+/// Where the search begins for the configuration of a run: its first operand.
+static std::string placeOfRun(const Request &request) {
+  const std::string &operand = request.files.front();
+  if (operand == standardInput)
+    return request.stdinName;
+  return llvm::StringRef(operand).starts_with("@") ? "." : operand;
+}
+
+int carryOut(Request request) {
+  switch (request.command) {
+  case Command::Explain:
     return explain(request);
-  if (request.command != Command::Check)
-    return printFile(request);
-  return request.verify ? verifyFiles(request) : checkFiles(request);
+  case Command::Config:
+    return printConfiguration(request);
+  case Command::Init:
+    return initializeConfiguration(request);
+  default:
+    break;
+  }
+  if (!readStandardInput(request))
+    return ExitUnusable;
+  Configuration configuration(request);
+  const std::string place = placeOfRun(request);
+  if (llvm::Error error = configuration.beginRun(place)) {
+    llvm::errs() << "tarka: " << llvm::toString(std::move(error)) << '\n';
+    return ExitUnusable;
+  }
+  const Request configured = llvm::cantFail(configuration.requestFor(place));
+  if (configured.command != Command::Check)
+    return printFile(configured);
+  return configured.verify ? verifyFiles(configured, configuration)
+                           : checkFiles(configured, configuration);
 }
 
 } // namespace tarka

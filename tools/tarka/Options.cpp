@@ -1,7 +1,9 @@
 //===- Options.cpp - the table of all options -----------------------------===//
 
 #include "Options.h"
+#include "AST/Spelling.h"
 #include "Parse/Encoding.h"
+#include "PathPattern.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <type_traits>
@@ -78,7 +80,7 @@ std::string addDefinition(Request &request, const OptionValue &value) {
 std::string setEncoding(Request &request, const OptionValue &value) {
   if (!isKnownEncoding(value.text))
     return "'" + value.text +
-           "' is no encoding known here; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
+           "' is not a known encoding; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
            "and IBM-939 are examples, iconv -l lists them all";
   request.parse.encoding = value.text;
   return "";
@@ -89,12 +91,13 @@ std::string addRule(Request &request, Selection::Action action, llvm::StringRef 
   const std::string unknown = request.selection.add(action, words);
   if (unknown.empty())
     return "";
-  std::vector<llvm::StringRef> names;
+  std::vector<std::string> names;
   for (const DiagnosticGroup &group : diagnosticGroups())
-    names.push_back(group.name);
-  return "'" + llvm::StringRef(unknown).trim().str() +
+    names.push_back(group.name.str());
+  const llvm::StringRef word = llvm::StringRef(unknown).trim();
+  return "'" + word.str() +
          "' is neither a number, nor a range such as 3301-3399, nor the name of a group: " +
-         llvm::join(names, ", ");
+         llvm::join(names, ", ") + suggestWord(word, names);
 }
 
 template <Selection::Action action>
@@ -116,8 +119,21 @@ std::string addWarningOption(Request &request, const OptionValue &value) {
          "an error";
 }
 
+/// Adds a pattern to one of the lists of the request.
+template <auto List> std::string addPattern(Request &request, const OptionValue &value) {
+  if (llvm::Error fault = PathPattern::create(value.text).takeError())
+    return "'" + value.text + "' is not a valid pattern: " + llvm::toString(std::move(fault));
+  (request.*List).push_back(value.text);
+  return "";
+}
+
 std::string setRecord(Request &request, const OptionValue &value) {
   request.layout.record = value.text;
+  return value.text.empty() ? "a name is missing" : "";
+}
+
+std::string setItem(Request &request, const OptionValue &value) {
+  request.item = value.text;
   return value.text.empty() ? "a name is missing" : "";
 }
 
@@ -145,6 +161,26 @@ constexpr Option table[] = {
      .help = "supply what DB2 does: SQLCA, SQLDA, SQL TYPE",
      .set = assign<&Request::parse, &ParseOptions::sql>},
 
+    // Which programs.
+    {.name = "include", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "the programs in directories (*.cbl, *.cob, *.cobol, *.pco)",
+     .set = addPattern<&Request::include>},
+    {.name = "exclude", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "what to leave out of directories: files and directories",
+     .set = addPattern<&Request::exclude>},
+    {.name = "stdin-name", .type = OptionType::Text, .isConfigurable = false, .commands = readers,
+     .value = "NAME", .help = "the file that standard input, given as -, stands for",
+     .set = assign<&Request::stdinName>},
+
+    // Configuration files.
+    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = readers,
+     .value = "FILE", .help = "use FILE instead of the tarka.toml above each program",
+     .set = assign<&Request::config>},
+    {.name = "no-config", .isConfigurable = false, .commands = readers,
+     .help = "use no tarka.toml", .set = assign<&Request::noConfig>},
+    {.name = "force", .isConfigurable = false, .commands = setOf(Command::Init),
+     .help = "overwrite a tarka.toml that is there", .set = assign<&Request::force>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -153,8 +189,13 @@ constexpr Option table[] = {
      .help = "read the program only: what the front end reports, no checks",
      .set = assign<&Request::syntaxOnly>},
     {.name = "jobs", .letter = 'j', .type = OptionType::Number, .commands = check, .value = "N",
-     .min = 1, .max = 1024, .help = "files to check at the same time (one a processor)",
+     .min = 1, .max = 1024, .help = "how many files to check at the same time (one per processor)",
      .set = assign<&Request::jobs>},
+    {.name = "time-limit", .type = OptionType::Seconds, .commands = check, .value = "SECONDS",
+     .help = "stop analysing a program after this time", .set = assign<&Request::timeLimit>},
+    {.name = "memory-limit", .type = OptionType::Number, .commands = check, .value = "MIB",
+     .min = 1, .max = 1u << 20, .help = "stop analysing a program that needs more memory",
+     .set = assign<&Request::memoryLimit>},
 
     // What the other commands print.
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Cfg),
@@ -167,6 +208,9 @@ constexpr Option table[] = {
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
      .choices = explanationFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
+    {.name = "item", .type = OptionType::Text, .commands = setOf(Command::Flow),
+     .value = "NAME", .help = "instead, where this item is written and what can read that",
+     .set = setItem},
     {.name = "function", .type = OptionType::Text, .commands = setOf(Command::Cfg),
      .value = "NAME", .help = "only this program's function",
      .set = assign<&Request::view, &GraphView::function>},
@@ -179,7 +223,7 @@ constexpr Option table[] = {
      .help = "draw every block, however large the picture gets (dot)",
      .set = assign<&Request::view, &GraphView::full>},
     {.name = "keep-going", .commands = setOf(Command::Cfg) | setOf(Command::Flow),
-     .help = "print it though the checks failed", .set = assign<&Request::keepGoing>},
+     .help = "print it even if the checks failed", .set = assign<&Request::keepGoing>},
     {.name = "record", .type = OptionType::Text, .commands = setOf(Command::Layout),
      .value = "NAME", .help = "only the records of this name", .set = setRecord},
     {.name = "all", .commands = setOf(Command::Layout), .help = "the special registers too",
@@ -205,7 +249,7 @@ constexpr Option table[] = {
     {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
      .set = assign<&Request::color>},
-    {.name = "output", .letter = 'o', .type = OptionType::Path,
+    {.name = "output", .letter = 'o', .type = OptionType::Path, .isConfigurable = false,
      .commands = readers | setOf(Command::Explain), .value = "FILE", .group = reportGroup,
      .help = "write to FILE instead", .set = assign<&Request::output>},
     {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
@@ -213,18 +257,18 @@ constexpr Option table[] = {
      .help = "the form of the report (auto: pretty on a terminal, else classic)",
      .set = assign<&Request::reportForm>},
     {.name = "all", .commands = check, .group = reportGroup,
-     .help = "report what follows from other errors too", .set = assign<&Request::all>},
+     .help = "also report errors that follow from others", .set = assign<&Request::all>},
     {.name = "statistics", .commands = check, .group = reportGroup,
      .help = "print a summary at the end", .set = assign<&Request::statistics>},
     {.name = "baseline", .type = OptionType::Path, .commands = check, .value = "FILE",
-     .group = reportGroup, .help = "leave out the findings that FILE knows",
+     .group = reportGroup, .help = "leave out the findings that are in FILE",
      .set = assign<&Request::baseline>},
     {.name = "write-baseline", .type = OptionType::Path, .isConfigurable = false,
      .commands = check, .value = "FILE", .group = reportGroup,
      .help = "write all findings to FILE, and report none",
      .set = assign<&Request::writeBaseline>},
     {.name = "exit-zero", .commands = check, .group = reportGroup,
-     .help = "exit with 0 though errors are reported", .set = assign<&Request::exitZero>},
+     .help = "exit with 0 even if errors are reported", .set = assign<&Request::exitZero>},
     {.name = "max-errors", .type = OptionType::Number, .commands = check, .value = "N", .min = 1,
      .group = reportGroup, .help = "stop after N errors", .set = assign<&Request::maxErrors>},
     {.name = "fix", .isConfigurable = false, .commands = check, .group = reportGroup,
@@ -271,7 +315,9 @@ constexpr CommandInfo commandTable[] = {
      "print what is never reached in FILE, what is performed, and figures"},
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
-    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that draws it"},
+    {Command::Init, "init", "write a tarka.toml after a look at the sources"},
+    {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
+    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
 };
 // clang-format on
 
@@ -287,13 +333,13 @@ std::string readNumber(const Option &option, llvm::StringRef text, OptionValue &
   std::string range = " from " + std::to_string(option.min);
   if (option.max != ~0u)
     range += " to " + std::to_string(option.max);
-  return "'" + text.str() + "' is no whole number" + range;
+  return "'" + text.str() + "' is not a whole number" + range;
 }
 
 std::string readSeconds(llvm::StringRef text, OptionValue &value) {
   if (!text.getAsDouble(value.seconds) && value.seconds >= 0 && value.seconds < 1e9)
     return "";
-  return "'" + text.str() + "' is no number of seconds";
+  return "'" + text.str() + "' is not a number of seconds";
 }
 
 std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &value) {
@@ -303,10 +349,10 @@ std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &
       value.number = static_cast<unsigned>(choice.value);
       return "";
     }
-  std::vector<llvm::StringRef> words;
+  std::vector<std::string> words;
   for (const OptionChoice &choice : option.choices)
-    words.push_back(choice.word);
-  return "'" + text.str() + "' is none of " + llvm::join(words, ", ");
+    words.push_back(choice.word.str());
+  return "'" + text.str() + "' is none of " + llvm::join(words, ", ") + suggestWord(text, words);
 }
 
 } // namespace
@@ -353,6 +399,19 @@ std::string setOption(const Option &option, llvm::StringRef text, Request &reque
     break;
   }
   return fault.empty() ? option.set(request, value) : fault;
+}
+
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string lower = word.lower();
+  SpellingMatch match(lower);
+  for (const std::string &candidate : candidates)
+    match.consider(candidate);
+  return match.getNearest().str();
+}
+
+std::string suggestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string near = nearestWord(word, candidates);
+  return near.empty() ? "" : "; was " + near + " meant?";
 }
 
 llvm::ArrayRef<CommandInfo> allCommands() {

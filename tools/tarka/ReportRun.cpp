@@ -2,6 +2,7 @@
 
 #include "ReportRun.h"
 #include "Explanations.h"
+#include "Inputs.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/Process.h"
 
@@ -85,7 +86,8 @@ ReportRun::ReportRun(const Request &driverRequest) : request(driverRequest) {
   options.known = known ? &*known : nullptr;
   options.record = request.writeBaseline.empty() ? nullptr : &record;
   options.maxErrors = request.maxErrors;
-  options.mergeCopybooks = request.files.size() > 1;
+  options.mergeCopybooks = namesSeveralPrograms(request.files);
+  options.listPrograms = isForMachines(formOf(request));
   reporter = std::make_unique<Reporter>(*sink, options);
   reporter->begin({TARKA_VERSION, request.commandLine});
 }
@@ -175,6 +177,21 @@ void ReportRun::takeCrash(const std::string &file, const std::string &reason) {
   flush();
 }
 
+void ReportRun::interrupt(int signal) {
+  flush();
+  llvm::errs() << "tarka: stopped; only " << reporter->getFiles()
+               << (reporter->getFiles() == 1 ? " program is" : " programs are") << " reported\n";
+  // What a shell makes of a program that the signal ends.
+  status = 128 + signal;
+}
+
+void ReportRun::takeUnreadable(const std::string &name, const std::string &reason) {
+  FileReport report;
+  report.file = name;
+  report.failure = reason;
+  take(std::move(report));
+}
+
 bool ReportRun::flush() {
   if (out != &llvm::errs())
     return true;
@@ -220,7 +237,7 @@ int ReportRun::finish() {
                  << (request.maxErrors == 1 ? " error" : " errors")
                  << " reported, the rest is not shown\n";
   if (known && summary.gone) {
-    llvm::errs() << "tarka: of the baseline these are gone:\n";
+    llvm::errs() << "tarka: these findings of the baseline no longer occur:\n";
     for (const std::string &line : known->remaining())
       llvm::errs() << "  " << line << '\n';
   }
