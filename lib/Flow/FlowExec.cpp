@@ -1,107 +1,80 @@
 //===- FlowExec.cpp - what EXEC blocks do to the flow of control -----------===//
 //
-// Reads the first words of an EXEC block, and the labels that it names.
+// Which commands end the task, raise conditions and enter handlers, and the labels
+// that HANDLE and WHENEVER name.
 //
 //===----------------------------------------------------------------------===//
 
+#include "AST/Embedded.h"
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/STLExtras.h"
-#include "llvm/ADT/StringExtras.h"
-#include "llvm/ADT/StringSwitch.h"
 
 namespace tarka {
 
 namespace {
 
-/// The words of a block in upper case, with parentheses as words of their own. Literals are words
-/// with their quotes.
-llvm::SmallVector<std::string, 16> wordsOf(llvm::StringRef text) {
-  llvm::SmallVector<std::string, 16> words;
-  for (std::size_t at = 0; at < text.size();) {
-    const char c = text[at];
-    std::size_t end = at + 1;
-    if (llvm::isSpace(c) || c == ',' || c == ';') {
-      at = end;
-      continue;
-    }
-    if (c == '\'' || c == '"')
-      end =
-          std::min(text.size(), text.find(c, end) == llvm::StringRef::npos ? text.size()
-                                                                           : text.find(c, end) + 1);
-    else if (c != '(' && c != ')')
-      end = std::min(text.size(), text.find_first_of(" \t\r\n,;()'\"", end));
-    words.push_back(text.slice(at, end).upper());
-    at = end;
-  }
-  return words;
+/// The labels among the operands of HANDLE.
+void collectLabels(const EmbeddedCommand &command, llvm::SmallVectorImpl<std::string> &labels) {
+  for (const EmbeddedOperand *operand : command.getOperandElements())
+    if (operand->getRole() == EmbeddedRole::Label && operand->getWord())
+      labels.push_back(operand->getWord()->getWordData());
 }
 
-using Words = llvm::SmallVector<std::string, 16>;
-
-/// The labels in the parentheses behind the options: CONDITION(LABEL). Those of \p only, when it is
-/// not empty.
-void collectLabels(const Words &words, llvm::StringRef only,
-                   llvm::SmallVectorImpl<std::string> &labels) {
-  for (std::size_t at = 2; at + 3 < words.size(); ++at)
-    if (words[at + 1] == "(" && words[at + 3] == ")" && (only.empty() || words[at] == only))
-      labels.push_back(words[at + 2]);
-}
-
-void classifyCics(const Words &words, ExecFlow &effect) {
-  const std::string &command = words[0];
-  const bool asksForResponse = llvm::any_of(words, [](llvm::StringRef word) {
-    return word == "NOHANDLE" || word == "RESP" || word == "RESP2";
-  });
-  if (command == "HANDLE" && words.size() > 1) {
-    if (words[1] == "CONDITION")
-      collectLabels(words, "", effect.conditionLabels);
-    else if (words[1] == "AID")
-      collectLabels(words, "", effect.aidLabels);
-    else if (words[1] == "ABEND")
-      collectLabels(words, "LABEL", effect.abendLabels);
+void classifyCics(const EmbeddedCommand &command, ExecFlow &effect) {
+  llvm::StringRef name = command.getName();
+  const auto [verb, rest] = name.split(' ');
+  if (verb == "HANDLE") {
+    if (rest == "CONDITION")
+      collectLabels(command, effect.conditionLabels);
+    else if (rest == "AID")
+      collectLabels(command, effect.aidLabels);
+    else if (rest == "ABEND")
+      collectLabels(command, effect.abendLabels);
     return;
   }
-  if (command == "IGNORE" || command == "PUSH" || command == "POP")
+  if (verb == "IGNORE" || verb == "PUSH" || verb == "POP")
     return;
+  const bool asksForResponse =
+      command.has("NOHANDLE") || command.has("RESP") || command.has("RESP2");
   effect.mayAbend = true;
   effect.raisesCondition = !asksForResponse;
-  effect.receivesKey = command == "RECEIVE";
-  effect.endsTask = command == "RETURN" || command == "XCTL" || command == "ABEND";
+  // RESP and NOHANDLE suspend HANDLE AID as well.
+  effect.receivesKey = verb == "RECEIVE" && !asksForResponse;
+  effect.endsTask = verb == "RETURN" || verb == "XCTL" || verb == "ABEND";
   if (effect.endsTask)
-    effect.goesOn = asksForResponse && command != "ABEND";
+    effect.goesOn = asksForResponse && verb != "ABEND";
 }
 
-void classifySql(const Words &words, ExecFlow &effect) {
-  if (words[0] != "WHENEVER") {
-    effect.isSqlStatement = !llvm::StringSwitch<bool>(words[0])
-                                 .Cases("DECLARE", "INCLUDE", "BEGIN", "END", true)
-                                 .Default(false);
+void classifySql(const SqlCommand &command, ExecFlow &effect) {
+  effect.isSqlStatement = command.isExecutable();
+  switch (command.getWhenever()) {
+  case WheneverCondition::None:
     return;
-  }
-  std::size_t at = 1;
-  if (words.size() > 2 && words[1] == "NOT") {
+  case WheneverCondition::NotFound:
     effect.wheneverKind = 0;
-    at = 3;
-  } else if (words.size() > 1) {
-    effect.wheneverKind = words[1] == "SQLERROR" ? 1 : words[1] == "SQLWARNING" ? 2 : -1;
-    at = 2;
+    break;
+  case WheneverCondition::SqlError:
+    effect.wheneverKind = 1;
+    break;
+  case WheneverCondition::SqlWarning:
+    effect.wheneverKind = 2;
+    break;
   }
-  const bool isGoTo = at < words.size() && (words[at] == "GO" || words[at] == "GOTO");
-  if (isGoTo)
-    effect.wheneverLabel = llvm::StringRef(words.back()).ltrim(':').str();
+  if (const Word *label = command.getLabel())
+    effect.wheneverLabel = label->getWordData();
 }
 
 } // namespace
 
 ExecFlow classifyExec(const ExecStatement &exec) {
   ExecFlow effect;
-  const Words words = wordsOf(exec.getText());
-  if (words.empty())
+  const EmbeddedCommand *command = exec.getCommand();
+  if (!command)
     return effect;
-  if (exec.getType() == ExecType::Cics)
-    classifyCics(words, effect);
-  else if (exec.getType() == ExecType::Sql)
-    classifySql(words, effect);
+  if (command->getLanguage() == ExecType::Cics)
+    classifyCics(*command, effect);
+  else if (const auto *sql = llvm::dyn_cast<SqlCommand>(command))
+    classifySql(*sql, effect);
   return effect;
 }
 
