@@ -12,6 +12,7 @@
 #include "AST/Statement.h"
 #include "Print/GraphLayout.h"
 #include "Print/SourceExcerpts.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/MapVector.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
@@ -199,20 +200,15 @@ private:
 // The picture
 //===----------------------------------------------------------------------===//
 
-/// Text of the source may be in any encoding; Graphviz wants UTF-8.
-std::string inUtf8(llvm::StringRef text) {
-  return llvm::json::isUTF8(text) ? text.str() : llvm::json::fixUTF8(text);
-}
-
 std::string forHtml(llvm::StringRef text) {
   std::string result;
   llvm::raw_string_ostream stream(result);
-  llvm::printHTMLEscaped(inUtf8(text), stream);
+  llvm::printHTMLEscaped(toUtf8(text), stream);
   return result;
 }
 
 std::string forQuotes(llvm::StringRef text) {
-  return llvm::DOT::EscapeString(inUtf8(text));
+  return llvm::DOT::EscapeString(toUtf8(text));
 }
 
 class DotPrinter {
@@ -507,7 +503,7 @@ void DotPrinter::addLine(const FlowNode &node, const FlowNode &target, FlowEdgeK
                    : target.getKind() == FlowNodeKind::ProcedureEnd ? endOf(target.getProcedure())
                    : target.getBlock() ? boxOf(target.getBlock(), other.function)
                                        : "";
-  // Nothing is drawn of the start, and of a label's handler only the way to the label.
+  // Nothing is drawn of the start and of handlers.
   if (from.empty() || to.empty())
     return;
   const bool isForward = target.getId() > node.getId();
@@ -554,7 +550,11 @@ void DotPrinter::addLines(const FlowNode &node) {
     // Round again is drawn as a way from the test to itself.
     if (node.getKind() == FlowNodeKind::LoopTest && target.getKind() == FlowNodeKind::Procedure)
       continue;
-    if (target.getKind() == FlowNodeKind::ProcedureEnd)
+    if (target.getKind() == FlowNodeKind::Handler) {
+      // Straight to the labels: the handler has no box.
+      for (const FlowEdge &toLabel : target.successors())
+        addLine(node, nodeAt(toLabel.to), toLabel.kind);
+    } else if (target.getKind() == FlowNodeKind::ProcedureEnd)
       addFall(node, target.getProcedure(), edge.kind);
     else if (target.getKind() == FlowNodeKind::Exit) {
       if (node.getBlock() && isWanted(groupOf(node)))

@@ -33,9 +33,10 @@ std::string namesOf(const Option &option) {
 
 CLI::Option *addFlag(CLI::App &app, Request &request, const Option &option) {
   // What tarka.toml turns on can be turned off.
-  app.add_flag_function("--no-" + option.name.str(),
-                        [&](std::int64_t) { take(request, option, "false"); })
-      ->group("");
+  if (option.isConfigurable)
+    app.add_flag_function("--no-" + option.name.str(),
+                          [&](std::int64_t) { take(request, option, "false"); })
+        ->group("");
   return app.add_flag_function(
       namesOf(option), [&](std::int64_t) { take(request, option, "true"); }, option.help.str());
 }
@@ -80,35 +81,50 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->option_text("NUMBER...");
     return;
   }
+  if (command == Command::Init) {
+    app.add_option("DIRECTORY", request.files, "where the file is written (.)")->expected(1);
+    return;
+  }
   auto *files = app.add_option("FILE", request.files,
                                command == Command::Check
                                    ? "files, directories, @LISTs of names; - is standard input"
                                    : "the source to read; - is standard input")
                     ->required();
-  if (command == Command::Check)
+  if (command == Command::Check || command == Command::Config)
     files->option_text("FILE...");
   else
     files->expected(1);
 }
 
-/// What is wrong, and which options the command takes.
+/// What is wrong with \p word, an option that \p command does not have.
+std::string describeUnknown(const CLI::App &command, const std::string &word) {
+  std::vector<std::string> names;
+  for (const CLI::Option *option : command.get_options())
+    for (const std::string &name : option->get_lnames())
+      names.push_back(name);
+  // The value may be attached to the name; one dash is as good as two to guess by.
+  const llvm::StringRef name = llvm::StringRef(word).split('=').first.ltrim('-');
+  const std::string near = nearestWord(name, names);
+  return command.get_name() + " has no option '" + (name.size() > 1 ? "--" : "-") + name.str() +
+         "'" + (near.empty() ? "" : "; was --" + near + " meant?");
+}
+
+/// One line: what is wrong, and what was probably meant, or where to look it up.
 std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
-  std::string message = "tarka: " + std::string(error.what()) + "\n";
-  std::vector<const CLI::App *> commands = {program};
-  for (const CLI::App *command : program->get_subcommands())
-    commands.push_back(command);
-  const CLI::App *command = commands.back();
-  if (command == program) {
-    message += "tarka: the commands are";
-    for (const CLI::App *one : program->get_subcommands({}))
-      message += " " + one->get_name();
-    return message + "; tarka --help explains them\n";
-  }
-  message += "tarka: the options of " + command->get_name() + " are";
-  for (const CLI::Option *option : command->get_options())
-    if (option->nonpositional() && !option->get_group().empty())
-      message += " " + option->get_name();
-  return message + "; tarka " + command->get_name() + " --help explains them\n";
+  const CLI::App *command = program;
+  for (const CLI::App *chosen : program->get_subcommands())
+    command = chosen;
+  std::string message = error.what();
+  if (const std::vector<std::string> extras = command->remaining();
+      command != program && !extras.empty() &&
+      error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError))
+    message = describeUnknown(*command, extras.front());
+  else if (llvm::StringRef(message).starts_with("FILE: At Most 1"))
+    message = command->get_name() + " reads one file, and several are given";
+  if (!llvm::StringRef(message).ends_with("?"))
+    message += "; tarka " + (command == program ? "" : command->get_name() + " ") +
+               "--help lists the options";
+  return "tarka: " + message + "\n";
 }
 
 /// Whether \p word, with which the command line begins, looks like a command and is not a file.
@@ -118,22 +134,20 @@ bool isMisspeltCommand(llvm::StringRef word) {
 
 } // namespace
 
+Request Request::withoutOptions() const {
+  Request result;
+  result.command = command;
+  result.files = files;
+  result.numbers = numbers;
+  result.commandLine = commandLine;
+  result.settings = settings;
+  result.parse.fileSystem = parse.fileSystem;
+  return result;
+}
+
 CommandLineResult readCommandLine(int argc, char **argv) {
   CommandLineResult result;
   Request request;
-
-  CLI::App app("Tarka analyses COBOL source.\n"
-               "When only files are given, they are checked.",
-               "tarka");
-  app.set_version_flag("--version", "tarka " TARKA_VERSION);
-  app.require_subcommand(1);
-  app.failure_message(describeFailure);
-  for (const CommandInfo &info : allCommands()) {
-    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
-    command->callback([&request, &info] { request.command = info.command; });
-    addOperands(*command, request, info.command);
-    addOptions(*command, request, info.command);
-  }
 
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
@@ -143,18 +157,36 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front())) {
     if (isMisspeltCommand(arguments.front())) {
-      std::vector<llvm::StringRef> names;
+      std::vector<std::string> names;
       for (const CommandInfo &info : allCommands())
-        names.push_back(info.name);
-      std::cerr << "tarka: '" << arguments.front()
-                << "' is neither a command nor a file; the commands are "
-                << llvm::join(llvm::ArrayRef(names).drop_back(), ", ") << " and "
-                << names.back().str() << '\n';
+        names.push_back(info.name.str());
+      const std::string near = nearestWord(arguments.front(), names);
+      std::cerr << "tarka: '" << arguments.front() << "' is neither a command nor a file; "
+                << (near.empty() ? "the commands are " + llvm::join(names, ", ")
+                                 : "was " + near + " meant?")
+                << '\n';
       result.exitStatus = ExitUnusable;
       return result;
     }
     arguments.insert(arguments.begin(), "check");
   }
+  CLI::App app("Tarka analyses COBOL source.\n"
+               "When only files are given, they are checked.",
+               "tarka");
+  app.set_version_flag("--version", "tarka " TARKA_VERSION);
+  app.require_subcommand(1);
+  app.failure_message(describeFailure);
+  for (const CommandInfo &info : allCommands()) {
+    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
+    command->callback([&request, &info] { request.command = info.command; });
+    // Making options takes time; only those of the command that is carried out are needed.
+    if (arguments.empty() || arguments.front() != info.name)
+      continue;
+    addOperands(*command, request, info.command);
+    // `tarka config` shows what check would do.
+    addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
+  }
+
   std::reverse(arguments.begin(), arguments.end());
 
   try {

@@ -22,7 +22,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Flow, Layout, Ast, Explain };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// The forms of the report.
@@ -64,6 +64,9 @@ struct Request {
   /// Its options in their order.
   std::vector<OptionSetting> settings;
 
+  /// The item that is followed through the program, which may be qualified; empty without one.
+  std::string item;
+
   // The report.
   ReportForm reportForm = ReportForm::Auto;
   ColorChoice color = ColorChoice::Auto;
@@ -97,6 +100,14 @@ struct Request {
 
   // explain
   std::vector<std::string> numbers;
+
+  // Where options come from.
+  std::string config;    ///< the configuration file; empty for those above the programs
+  bool noConfig = false; ///< use none
+  bool force = false;    ///< init overwrites
+
+  /// The same with no option set.
+  Request withoutOptions() const;
 };
 
 /// Reads the command line. Gives the request, or the exit status with which to end at once: after

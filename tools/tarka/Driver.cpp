@@ -8,6 +8,7 @@
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Configuration.h"
 #include "Explain.h"
 #include "Findings.h"
 #include "Inputs.h"
@@ -16,6 +17,7 @@
 #include "Parse/SourceFile.h"
 #include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
+#include "Print/PrintItems.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
 #include "ProgramRun.h"
@@ -26,6 +28,7 @@
 #include "SourceLines.h"
 #include "Verify.h"
 #include "Workers/Interrupt.h"
+#include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
@@ -219,7 +222,16 @@ int Compilation::printGraph(CommandOutput &output) {
     return ExitUnusable;
   }
   if (request.command == Command::Flow) {
-    if (request.format == OutputFormat::Json)
+    if (!request.item.empty()) {
+      if (auto missing = explainMissingItem(*module, request.item)) {
+        llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+        return ExitUnusable;
+      }
+      if (request.format == OutputFormat::Json)
+        printItemsJson(output.stream(), *module, request.item);
+      else
+        printItemsText(output.stream(), *module, request.item);
+    } else if (request.format == OutputFormat::Json)
       printFlowJson(output.stream(), *module);
     else
       printFlowText(output.stream(), *module);
@@ -283,18 +295,45 @@ void compile(llvm::function_ref<void()> work) {
   worker.join();
 }
 
+/// The programs of a run whose configuration can be read.
+class ConfiguredInputs {
+public:
+  ConfiguredInputs(const Request &request, Configuration &configured, Inputs::FaultHandler handler)
+      : configuration(configured), fault(handler), inputs(request, std::move(handler)) {}
+
+  std::optional<std::string> next() {
+    while (std::optional<std::string> file = inputs.next()) {
+      llvm::Expected<const ConfigurationFile *> configured = configuration.fileFor(*file);
+      if (configured)
+        return file;
+      const std::string reason = llvm::toString(configured.takeError());
+      if (reported.insert(reason).second)
+        fault(*file, reason + "; the programs below it are not analysed");
+    }
+    return std::nullopt;
+  }
+
+private:
+  Configuration &configuration;
+  Inputs::FaultHandler fault;
+  Inputs inputs;
+  llvm::StringSet<> reported;
+};
+
 /// Checks the programs and reports.
-int checkFiles(const Request &request) {
+int checkFiles(const Request &request, Configuration &configuration) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
-    compile([&] { serialize(answer, Compilation(request, file).check()); });
+    const Request own = llvm::cantFail(configuration.requestFor(file));
+    compile([&] { serialize(answer, Compilation(own, file).check()); });
     return ExitClean;
   };
-  Inputs inputs(request, [&](const std::string &name, const std::string &reason) {
-    run.takeUnreadable(name, reason);
-  });
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &name, const std::string &reason) {
+                            run.takeUnreadable(name, reason);
+                          });
   auto next = [&] { return inputs.next(); };
   const int signal = runPrograms(request, next, checkOne, [&](const ProgramResult &result) {
     std::optional<FileReport> report = deserializeFileReport(result.answer);
@@ -313,17 +352,19 @@ int checkFiles(const Request &request) {
   return status;
 }
 
-int verifyFiles(const Request &request) {
+int verifyFiles(const Request &request, Configuration &configuration) {
   auto verifyOne = [&](const std::string &file) {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
     int status = ExitInternal;
-    compile([&] { status = Compilation(request, file).verify(); });
+    compile([&] { status = Compilation(own, file).verify(); });
     return status;
   };
   int status = ExitClean;
-  Inputs inputs(request, [&](const std::string &, const std::string &reason) {
-    llvm::errs() << "tarka: " << reason << '\n';
-    status = std::max<int>(status, ExitUnusable);
-  });
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &, const std::string &reason) {
+                            llvm::errs() << "tarka: " << reason << '\n';
+                            status = std::max<int>(status, ExitUnusable);
+                          });
   const int signal = runPrograms(
       request, [&] { return inputs.next(); },
       [&](const std::string &file, llvm::raw_ostream &) { return verifyOne(file); },
@@ -390,14 +431,38 @@ static bool readStandardInput(Request &request) {
   return true;
 }
 
+/// Where the search begins for the configuration of a run: its first operand.
+static std::string placeOfRun(const Request &request) {
+  const std::string &operand = request.files.front();
+  if (operand == standardInput)
+    return request.stdinName;
+  return llvm::StringRef(operand).starts_with("@") ? "." : operand;
+}
+
 int carryOut(Request request) {
-  if (request.command == Command::Explain)
+  switch (request.command) {
+  case Command::Explain:
     return explain(request);
+  case Command::Config:
+    return printConfiguration(request);
+  case Command::Init:
+    return initializeConfiguration(request);
+  default:
+    break;
+  }
   if (!readStandardInput(request))
     return ExitUnusable;
-  if (request.command != Command::Check)
-    return printFile(request);
-  return request.verify ? verifyFiles(request) : checkFiles(request);
+  Configuration configuration(request);
+  const std::string place = placeOfRun(request);
+  if (llvm::Error error = configuration.beginRun(place)) {
+    llvm::errs() << "tarka: " << llvm::toString(std::move(error)) << '\n';
+    return ExitUnusable;
+  }
+  const Request configured = llvm::cantFail(configuration.requestFor(place));
+  if (configured.command != Command::Check)
+    return printFile(configured);
+  return configured.verify ? verifyFiles(configured, configuration)
+                           : checkFiles(configured, configuration);
 }
 
 } // namespace tarka

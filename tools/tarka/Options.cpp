@@ -1,6 +1,7 @@
 //===- Options.cpp - the table of all options -----------------------------===//
 
 #include "Options.h"
+#include "AST/Spelling.h"
 #include "Parse/Encoding.h"
 #include "PathPattern.h"
 #include "llvm/ADT/STLExtras.h"
@@ -90,12 +91,13 @@ std::string addRule(Request &request, Selection::Action action, llvm::StringRef 
   const std::string unknown = request.selection.add(action, words);
   if (unknown.empty())
     return "";
-  std::vector<llvm::StringRef> names;
+  std::vector<std::string> names;
   for (const DiagnosticGroup &group : diagnosticGroups())
-    names.push_back(group.name);
-  return "'" + llvm::StringRef(unknown).trim().str() +
+    names.push_back(group.name.str());
+  const llvm::StringRef word = llvm::StringRef(unknown).trim();
+  return "'" + word.str() +
          "' is neither a number, nor a range such as 3301-3399, nor the name of a group: " +
-         llvm::join(names, ", ");
+         llvm::join(names, ", ") + suggestWord(word, names);
 }
 
 template <Selection::Action action>
@@ -127,6 +129,11 @@ template <auto List> std::string addPattern(Request &request, const OptionValue 
 
 std::string setRecord(Request &request, const OptionValue &value) {
   request.layout.record = value.text;
+  return value.text.empty() ? "a name is missing" : "";
+}
+
+std::string setItem(Request &request, const OptionValue &value) {
+  request.item = value.text;
   return value.text.empty() ? "a name is missing" : "";
 }
 
@@ -165,6 +172,15 @@ constexpr Option table[] = {
      .value = "NAME", .help = "the file that standard input, given as -, stands for",
      .set = assign<&Request::stdinName>},
 
+    // Configuration files.
+    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = readers,
+     .value = "FILE", .help = "use FILE instead of the tarka.toml above each program",
+     .set = assign<&Request::config>},
+    {.name = "no-config", .isConfigurable = false, .commands = readers,
+     .help = "use no tarka.toml", .set = assign<&Request::noConfig>},
+    {.name = "force", .isConfigurable = false, .commands = setOf(Command::Init),
+     .help = "overwrite a tarka.toml that is there", .set = assign<&Request::force>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -192,6 +208,9 @@ constexpr Option table[] = {
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
      .choices = explanationFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
+    {.name = "item", .type = OptionType::Text, .commands = setOf(Command::Flow),
+     .value = "NAME", .help = "instead, where this item is written and what can read that",
+     .set = setItem},
     {.name = "function", .type = OptionType::Text, .commands = setOf(Command::Cfg),
      .value = "NAME", .help = "only this program's function",
      .set = assign<&Request::view, &GraphView::function>},
@@ -230,7 +249,7 @@ constexpr Option table[] = {
     {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
      .set = assign<&Request::color>},
-    {.name = "output", .letter = 'o', .type = OptionType::Path,
+    {.name = "output", .letter = 'o', .type = OptionType::Path, .isConfigurable = false,
      .commands = readers | setOf(Command::Explain), .value = "FILE", .group = reportGroup,
      .help = "write to FILE instead", .set = assign<&Request::output>},
     {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
@@ -296,6 +315,8 @@ constexpr CommandInfo commandTable[] = {
      "print what is never reached in FILE, what is performed, and figures"},
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
+    {Command::Init, "init", "write a tarka.toml after a look at the sources"},
+    {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
     {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
 };
 // clang-format on
@@ -328,10 +349,10 @@ std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &
       value.number = static_cast<unsigned>(choice.value);
       return "";
     }
-  std::vector<llvm::StringRef> words;
+  std::vector<std::string> words;
   for (const OptionChoice &choice : option.choices)
-    words.push_back(choice.word);
-  return "'" + text.str() + "' is none of " + llvm::join(words, ", ");
+    words.push_back(choice.word.str());
+  return "'" + text.str() + "' is none of " + llvm::join(words, ", ") + suggestWord(text, words);
 }
 
 } // namespace
@@ -378,6 +399,19 @@ std::string setOption(const Option &option, llvm::StringRef text, Request &reque
     break;
   }
   return fault.empty() ? option.set(request, value) : fault;
+}
+
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string lower = word.lower();
+  SpellingMatch match(lower);
+  for (const std::string &candidate : candidates)
+    match.consider(candidate);
+  return match.getNearest().str();
+}
+
+std::string suggestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string near = nearestWord(word, candidates);
+  return near.empty() ? "" : "; was " + near + " meant?";
 }
 
 llvm::ArrayRef<CommandInfo> allCommands() {

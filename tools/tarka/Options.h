@@ -102,6 +102,11 @@ const Option *findOption(llvm::StringRef name, Command command);
 /// empty when nothing is.
 std::string setOption(const Option &option, llvm::StringRef text, Request &request);
 
+/// The one of \p candidates that \p word was probably meant to be; empty when none is near.
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates);
+/// "; was WORD meant?" for that word; empty when none is near.
+std::string suggestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates);
+
 /// What a command is called and what it is for, in the order of the help.
 struct CommandInfo {
   Command command;
