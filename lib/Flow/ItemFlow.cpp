@@ -120,20 +120,22 @@ private:
     return isTaken;
   }
 
-  /// What the access does to the item; the bytes are none where it does nothing.
-  ByteSet bytesMeant(const Access &access, bool &isWhole) {
+  /// What an access means for the item.
+  struct Meaning {
+    ByteSet bytes;        ///< none where it does nothing to the item
+    bool isWhole = false; ///< whether all of the bytes are accessed, and not some of them
+  };
+  Meaning meaningOf(const Access &access) {
     const DataDescription *itsArea = areas.areaOf(*access.item);
     if (itsArea == area) {
       ByteSet bytes = access.bytes();
       if (!bytes.overlaps(result.bytes))
         return {};
-      isWhole = access.isExact();
-      return bytes;
+      return {std::move(bytes), access.isExact()};
     }
     // An item of the linkage section may lie anywhere whose address is known.
-    isWhole = false;
     if (isAddressTaken && access.item->getStorageType() == StorageType::Linkage)
-      return result.bytes;
+      return {result.bytes};
     return {};
   }
 
@@ -144,12 +146,11 @@ private:
         if (!node.isReached())
           continue;
         forEachAccess(node, [&](const Access &access) {
-          bool isWhole;
-          ByteSet bytes = bytesMeant(access, isWhole);
-          if (bytes.empty())
+          Meaning meaning = meaningOf(access);
+          if (meaning.bytes.empty())
             return;
           if (other.get() == &graph)
-            add(node, access, std::move(bytes), isWhole);
+            add(node, access, std::move(meaning.bytes), meaning.isWhole);
           else if (!llvm::any_of(outside, [&](const Access &known) {
                      return known.item == access.item && known.role == access.role;
                    }))
@@ -162,9 +163,7 @@ private:
     isUsedOutside = true;
     for (std::uint32_t node : leavingNodes()) {
       for (const Access &access : outside) {
-        bool isWhole;
-        ByteSet bytes = bytesMeant(access, isWhole);
-        add(flow.node(node), access, std::move(bytes), /*isWhole=*/false).isElsewhere = true;
+        add(flow.node(node), access, meaningOf(access).bytes, /*isWhole=*/false).isElsewhere = true;
       }
     }
     // In the order of the text.

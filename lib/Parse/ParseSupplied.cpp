@@ -155,9 +155,14 @@ bool SuppliedParser::parseSqlType(DataDescription &entry) {
   }
 
   llvm::StringRef name = entry.getDataName()->getWordData();
-  std::string text = ("01 " + name).str();
+  // An entry a line, from column 8 on: lines that both source formats read alike.
+  constexpr llvm::StringLiteral margin = "       ";
+  std::string text = (margin + "01 " + name).str();
   for (char c : declaration)
-    text += c == '$' ? name.str() : c == '#' ? std::to_string(size) : std::string(1, c);
+    text += c == '$'   ? name.str()
+            : c == '#' ? std::to_string(size)
+            : c == '.' ? (".\n" + margin).str()
+                       : std::string(1, c);
   readRecords("<supplied>/SQL-TYPE", text, StorageType::WorkingStorage,
               [&](DataDescription *record) {
                 entry.setPicture(record->getPicture());

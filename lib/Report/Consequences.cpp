@@ -72,8 +72,8 @@ bool isAboutFile(int number) {
 
 /// Numbers that say that nothing, or more than one thing, has a name.
 bool isAboutName(int number) {
-  return number == 3310 || number == 3311 || number == 3312 || isAboutFile(number) ||
-         isAboutProcedure(number);
+  return number == 3310 || number == 3311 || number == 3312 || number == 5201 ||
+         isAboutFile(number) || isAboutProcedure(number);
 }
 
 /// The name that the diagnostic is about, without qualifiers.
@@ -429,7 +429,7 @@ void ConsequenceFinder::noteLostDeclaration(std::size_t index) {
   const DataDescription *entry = entryAt(place);
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
-                             place.beginColumn <= entry->getRange().endColumn + 1);
+                             place.beginColumn <= entry->getRange().endColumn + 1U);
   if (!isNameKnown(place)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause.
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
@@ -453,7 +453,7 @@ bool ConsequenceFinder::isNameKnown(const SourceRange &place) const {
   };
   const DataDescription *entry = entryAt(place);
   if (entry && (place.beginLine < entry->getRange().endLine ||
-                place.beginColumn <= entry->getRange().endColumn + 1))
+                place.beginColumn <= entry->getRange().endColumn + 1U))
     return hasName(*entry);
   SourceRange lineEnd = place;
   lineEnd.beginColumn = maxColumn;
@@ -640,7 +640,7 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
 /// Whether one character stands between the two places, which is no space.
 bool ConsequenceFinder::isTornFrom(const SourceRange &first, const SourceRange &second) const {
   if (first.file != second.file || first.endLine != second.beginLine ||
-      first.endColumn + 2 != second.beginColumn)
+      first.endColumn + 2U != second.beginColumn)
     return false;
   const unsigned between = first.endColumn + 1;
   return sliceColumns(lineOf(first.file, first.endLine), between, between) != " ";

@@ -8,6 +8,10 @@
        01  N PIC 9(4).
        01  DFHVALUE PIC 9(4) OCCURS 5.
        01  CLOB-AREA SQL TYPE IS XML AS CLOB(2 M).
+      *> The names decide how long the lines are that are made of these.
+       01  BIG SQL TYPE IS CLOB(1M).
+       01  LOC-1 USAGE IS SQL TYPE IS CLOB-LOCATOR.
+       01  NAME-FOR-A-FILE SQL TYPE IS CLOB-FILE.
        01  NO-TYPE SQL TYPE IS MAGIC. *> expect: 221
        PROCEDURE DIVISION.
            MOVE DFHRESP(NORMAL) TO N

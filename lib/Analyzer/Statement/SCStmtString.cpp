@@ -12,6 +12,7 @@
 #include "Analyzer/Expression/CharacterOperand.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/OperandCheck.h"
+#include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
 
