@@ -1,6 +1,7 @@
 //===- CommandLine.cpp - reading the command line -------------------------===//
 
 #include "CommandLine.h"
+#include "AST/Spelling.h"
 #include "Parse/Encoding.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -35,18 +36,30 @@ const std::map<std::string, ReportForm> reportForms{
 const std::map<std::string, ColorChoice> colorChoices{
     {"auto", ColorChoice::Auto}, {"always", ColorChoice::Always}, {"never", ColorChoice::Never}};
 
+/// The one of \p candidates that \p word was probably meant to be; empty when none is near.
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string lower = word.lower();
+  SpellingMatch match(lower);
+  for (const std::string &candidate : candidates)
+    match.consider(candidate);
+  return match.getNearest().str();
+}
+
 /// Turns one of \p names into its value, whatever its case.
 template <typename Value> CLI::Validator oneOf(const std::map<std::string, Value> &names) {
   auto convert = [&names](std::string &text) -> std::string {
     std::string all;
+    std::vector<std::string> words;
     for (const auto &[name, value] : names) {
       if (CLI::detail::to_lower(text) == name) {
         text = std::to_string(static_cast<int>(value));
         return "";
       }
       all += (all.empty() ? "" : ", ") + name;
+      words.push_back(name);
     }
-    return "'" + text + "' is none of " + all;
+    const std::string near = nearestWord(text, words);
+    return "'" + text + "' is none of " + all + (near.empty() ? "" : "; was " + near + " meant?");
   };
   return CLI::Validator(convert, "");
 }
@@ -79,13 +92,16 @@ void addRule(Request &request, const char *option, Selection::Action action,
   const std::string unknown = request.selection.add(action, words);
   if (unknown.empty())
     return;
-  std::string names;
+  std::vector<std::string> names;
   for (const DiagnosticGroup &group : diagnosticGroups())
-    names += (names.empty() ? "" : ", ") + group.name.str();
-  throw CLI::ValidationError(option, "'" + llvm::StringRef(unknown).trim().str() +
+    names.push_back(group.name.str());
+  const std::string word = llvm::StringRef(unknown).trim().str();
+  const std::string near = nearestWord(word, names);
+  throw CLI::ValidationError(option, "'" + word +
                                          "' is neither a number, nor a range such as 3301-3399, "
                                          "nor the name of a group: " +
-                                         names);
+                                         llvm::join(names, ", ") +
+                                         (near.empty() ? "" : "; was " + near + " meant?"));
 }
 
 /// -Wno-NUMBER, -Werror=NUMBER, -Wno-error=NUMBER.
@@ -227,24 +243,43 @@ void addCommonOptions(CLI::App &app, Request &request, bool severalFiles) {
       ->group(group);
 }
 
-/// What is wrong, and which options the command takes.
-std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
-  std::string message = "tarka: " + std::string(error.what()) + "\n";
-  std::vector<const CLI::App *> commands = {program};
-  for (const CLI::App *command : program->get_subcommands())
-    commands.push_back(command);
-  const CLI::App *command = commands.back();
-  if (command == program) {
-    message += "tarka: the commands are";
-    for (const CLI::App *one : program->get_subcommands({}))
-      message += " " + one->get_name();
-    return message + "; tarka --help explains them\n";
+/// The options of \p command without what is passed to them: "--format", "-I".
+std::vector<std::string> optionNames(const CLI::App &command) {
+  std::vector<std::string> names;
+  for (const CLI::Option *option : command.get_options()) {
+    for (const std::string &name : option->get_lnames())
+      names.push_back("--" + name);
+    for (const std::string &name : option->get_snames())
+      names.push_back("-" + name);
   }
-  message += "tarka: the options of " + command->get_name() + " are";
-  for (const CLI::Option *option : command->get_options())
-    if (option->nonpositional())
-      message += " " + option->get_name();
-  return message + "; tarka " + command->get_name() + " --help explains them\n";
+  return names;
+}
+
+/// What is wrong with \p word, an option that \p command does not have.
+std::string describeUnknown(const CLI::App &command, const std::string &word) {
+  // The value may be attached to the name; one dash is as good as two to guess by.
+  const llvm::StringRef name = llvm::StringRef(word).split('=').first.ltrim('-');
+  const std::string near = nearestWord(("--" + name).str(), optionNames(command));
+  return command.get_name() + " has no option '--" + name.str() + "'" +
+         (near.empty() ? "" : "; was " + near + " meant?");
+}
+
+/// One line: what is wrong, and what was probably meant, or where to look it up.
+std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
+  const CLI::App *command = program;
+  for (const CLI::App *chosen : program->get_subcommands())
+    command = chosen;
+  std::string message = error.what();
+  if (const std::vector<std::string> extras = command->remaining();
+      command != program && !extras.empty() &&
+      error.get_exit_code() == static_cast<int>(CLI::ExitCodes::ExtrasError))
+    message = describeUnknown(*command, extras.front());
+  else if (llvm::StringRef(message).starts_with("FILE: At Most 1"))
+    message = command->get_name() + " reads one file, and several are given";
+  if (!llvm::StringRef(message).ends_with("?"))
+    message += "; tarka " + (command == program ? "" : command->get_name() + " ") +
+               "--help lists the options";
+  return "tarka: " + message + "\n";
 }
 
 /// Whether \p word, with which the command line begins, looks like a command and is not a file.
@@ -336,16 +371,20 @@ CommandLineResult readCommandLine(int argc, char **argv) {
 
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
+  std::vector<std::string> commands;
+  for (const CLI::App *command : app.get_subcommands({}))
+    commands.push_back(command->get_name());
   auto isForTheProgram = [&](const std::string &word) {
-    return word == "check" || word == "cfg" || word == "flow" || word == "layout" ||
-           word == "ast" || word == "explain" || word == "--help" || word == "-h" ||
+    return llvm::is_contained(commands, word) || word == "--help" || word == "-h" ||
            word == "--version";
   };
   if (!arguments.empty() && !isForTheProgram(arguments.front())) {
     if (isMisspeltCommand(arguments.front())) {
-      std::cerr << "tarka: '" << arguments.front()
-                << "' is no file and no command; the commands are check, cfg, flow, layout, ast "
-                   "and explain\n";
+      const std::string near = nearestWord(arguments.front(), commands);
+      std::cerr << "tarka: '" << arguments.front() << "' is no file and no command; "
+                << (near.empty() ? "the commands are " + llvm::join(commands, ", ")
+                                 : "was " + near + " meant?")
+                << '\n';
       result.exitStatus = ExitUnusable;
       return result;
     }

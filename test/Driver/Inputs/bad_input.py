@@ -67,7 +67,8 @@ CASES = [
                                     r"succeed, though no message says why .*--keep-going.*"]),
     ("alter.cbl", ..., ["cfg", "--keep-going"], 1, []),
     ("", None, [], 2, [r"tarka: cannot read .*: Is a directory"]),
-    ("alter.cbl", ..., ["check", "--bogus"], 2, [r"tarka: .*--bogus", r"tarka: the options of check are .*--verify.*"]),
+    ("alter.cbl", ..., ["check", "--bogus"], 2, 
+     [r"tarka: check has no option '--bogus'; tarka check --help lists the options"]),
 ]
 
 failures = 0
