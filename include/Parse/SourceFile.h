@@ -19,6 +19,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tarka {
 
@@ -102,9 +103,11 @@ public:
   /// The directories that findCopybook() searches, as a message shows them.
   std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
 
+  /// The same directories, in order; "." is the current one.
+  std::vector<std::string> searchDirectories(llvm::StringRef library,
+                                             const SourceFile &includer) const;
+
 private:
-  llvm::SmallVector<std::string, 8> searchDirectories(llvm::StringRef library,
-                                                      const SourceFile &includer) const;
   llvm::ErrorOr<const SourceFile *> findMember(llvm::StringRef name, llvm::StringRef library,
                                                const SourceFile &includer,
                                                llvm::ArrayRef<llvm::StringLiteral> extensions);

@@ -15,13 +15,13 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inputName,
-                                      const ParseOptions &options,
-                                      FrontEndDiagnostics &diagnostics) {
+                                      const ParseOptions &options, FrontEndDiagnostics &diagnostics,
+                                      Expansion *expansion) {
   SourceManager files(options);
   llvm::ErrorOr<const SourceFile *> main = files.open(path);
   if (!main)
     return main.getError();
-  TokenStream tokens(**main, files, diagnostics);
+  TokenStream tokens(**main, files, diagnostics, expansion);
   ParserContext context(tokens, diagnostics, options);
   Program *program = ProgramParser(context).parse(inputName);
   files.collectDamagedNames(diagnostics.getDamage());

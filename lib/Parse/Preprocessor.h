@@ -19,6 +19,7 @@
 
 namespace tarka {
 
+class Expansion;
 class Preprocessor;
 class SourceDiagnostics;
 
@@ -35,8 +36,10 @@ public:
   /// How many tokens peek() can look at, the next one included.
   static constexpr unsigned lookAhead = 64;
 
-  /// Reads \p main. \p files and \p diagnostics must outlive the stream.
-  TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+  /// Reads \p main, and records what COPY and REPLACE make of it in \p record, if it is not null.
+  /// \p files, \p diagnostics and \p record must outlive the stream.
+  TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics,
+              Expansion *record = nullptr);
   ~TokenStream();
 
   /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference

@@ -189,13 +189,13 @@ const SourceFile &SourceManager::addText(llvm::StringRef name, llvm::StringRef t
 }
 
 /// The directories to look in for what \p includer copies from \p library, in order.
-llvm::SmallVector<std::string, 8>
-SourceManager::searchDirectories(llvm::StringRef library, const SourceFile &includer) const {
+std::vector<std::string> SourceManager::searchDirectories(llvm::StringRef library,
+                                                          const SourceFile &includer) const {
   llvm::SmallVector<std::string, 8> places(options.includeDirectories.begin(),
                                            options.includeDirectories.end());
   places.push_back(llvm::sys::path::parent_path(includer.getName()).str());
   places.push_back("");
-  llvm::SmallVector<std::string, 8> directories;
+  std::vector<std::string> directories;
   auto add = [&](llvm::StringRef directory) {
     std::string shown = directory.empty() ? "." : directory.str();
     if (!llvm::is_contained(directories, shown))
