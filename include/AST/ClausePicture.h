@@ -40,6 +40,12 @@ struct PictureInfo {
   int size = 0;
 };
 
+/// Takes the first character off \p text, which is not empty: the text of a PICTURE character
+/// string or of a currency symbol. A character outside of ASCII, such as a pound sign, is given as
+/// one byte from 0x80 on, the same for the same currency symbol; X'7F' is given for one that is
+/// neither in Latin-1 nor a currency symbol.
+char takePictureCharacter(llvm::StringRef &text);
+
 /// The PICTURE clause.
 class ClausePicture : public Node {
 public:

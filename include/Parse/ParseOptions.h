@@ -1,4 +1,4 @@
-//===- ParseOptions.h - what the front end can be told ----------*- C++ -*-===//
+//===- ParseOptions.h - options of the front end ----------*- C++ -*-===//
 //
 // The options of reading and parsing, and the bounds that keep every input from
 // running away with time or memory.

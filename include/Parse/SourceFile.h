@@ -52,6 +52,9 @@ public:
   /// The form of its lines, see detectSourceFormat(); \p otherwise where they could be of either
   /// form.
   SourceFormat getFormat(SourceFormat otherwise) const;
+  /// To the next multiple of how many columns a tab goes: 4 where comment lines, headers and
+  /// records stand in their columns only with such tabs, otherwise 8.
+  unsigned getTabWidth() const;
 
 private:
   llvm::StringRef name;
@@ -64,7 +67,11 @@ private:
   mutable bool faultIsNew = true;
   mutable SourceFormat format = SourceFormat::Auto;
   mutable bool formatIsKnown = false;
+  mutable unsigned tabWidth = 0; ///< 0 as long as it is not known
 };
+
+/// Whether the extension of \p path is one that only copybooks have: .cpy, .copy, .inc ...
+bool hasCopybookExtension(llvm::StringRef path);
 
 /// The layout that the lines of \p text have: Fixed or Free. Where the lines would do for either,
 /// it is \p otherwise.

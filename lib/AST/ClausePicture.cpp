@@ -16,6 +16,7 @@
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringExtras.h"
+#include "llvm/Support/ConvertUTF.h"
 #include "llvm/Support/MathExtras.h"
 #include <algorithm>
 #include <array>
@@ -168,10 +169,40 @@ bool isRepeatable(char c) {
   return StringRef("ABGNPXZ90/,+-*").contains(c) || mayBeCurrencySymbol(c);
 }
 
+} // namespace
+
+char takePictureCharacter(llvm::StringRef &text) {
+  const char first = text.front();
+  const auto *begin = reinterpret_cast<const llvm::UTF8 *>(text.begin());
+  const auto *end = reinterpret_cast<const llvm::UTF8 *>(text.end());
+  llvm::UTF32 character = 0;
+  const bool isEncoded = static_cast<unsigned char>(first) >= 0x80 &&
+                         llvm::convertUTF8Sequence(&begin, end, &character,
+                                                   llvm::strictConversion) == llvm::conversionOK;
+  if (!isEncoded) {
+    text = text.drop_front();
+    return first;
+  }
+  text = text.drop_front(begin - reinterpret_cast<const llvm::UTF8 *>(text.begin()));
+  // The symbols of Latin-1 keep their byte. Those of the currency block, as many as there are
+  // control bytes in Latin-1, take the place of these.
+  constexpr llvm::UTF32 firstLatin = 0xA0, firstCurrency = 0x20A0, lastCurrency = 0x20BF;
+  if (character >= firstLatin && character <= 0xFF)
+    return static_cast<char>(character);
+  if (character >= firstCurrency && character <= lastCurrency)
+    return static_cast<char>(0x80 + (character - firstCurrency));
+  constexpr char notInPictures = '\x7F';
+  return notInPictures;
+}
+
+namespace {
+
 /// Reads the symbol that \p text begins with.
 char takeSymbol(StringRef &text) {
   const char first = fold(text.front());
   const char next = text.size() > 1 ? fold(text[1]) : '\0';
+  if (static_cast<unsigned char>(first) >= 0x80)
+    return takePictureCharacter(text);
   if ((first == 'C' && next == 'R') || (first == 'D' && next == 'B')) {
     text = text.drop_front(2);
     return first == 'C' ? Credit : Debit;

@@ -65,17 +65,45 @@ void CompilationVariables::defineAll(llvm::StringRef list) {
   }
 }
 
-void CompilationVariables::defineOptions(const ParseOptions &options) {
+void CompilationVariables::defineDefaults() {
   // Those of a compiler of today with its options as they are delivered.
   constexpr std::pair<llvm::StringLiteral, int64_t> numbers[] = {
-      {"IGY-COMPILER-VRM", 60400}, {"IGY-ARCH", 10}, {"IGY-LP", 32}};
+      {"IGY-COMPILER-VRM", 60400}, {"IGY-ARCH", 10}, {"IGY-LP", 32}, {"IGY-OPTIMIZE", 0}};
   for (const auto &[name, value] : numbers)
     if (!find(name))
       define(name, DirectiveOperand::ofNumber(value));
+  for (llvm::StringRef name : {"IGY-SQLIMS", "IGY-DLL", "IGY-DYNAM", "IGY-THREAD"})
+    if (!find(name))
+      define(name, DirectiveOperand::ofTruth(false));
+}
+
+void CompilationVariables::defineLanguages(const ParseOptions &options) {
   define("IGY-CICS", DirectiveOperand::ofTruth(options.cics));
   define("IGY-SQL", DirectiveOperand::ofTruth(options.sql));
-  for (llvm::StringRef name : {"IGY-SQLIMS", "IGY-DLL", "IGY-DYNAM", "IGY-THREAD"})
-    define(name, DirectiveOperand::ofTruth(false));
+}
+
+void CompilationVariables::defineOption(llvm::StringRef option, llvm::StringRef suboptions) {
+  constexpr std::pair<llvm::StringLiteral, llvm::StringLiteral> numbers[] = {
+      {"ARCH", "IGY-ARCH"},
+      {"LP", "IGY-LP"},
+      {"OPTIMIZE", "IGY-OPTIMIZE"},
+      {"OPT", "IGY-OPTIMIZE"}};
+  constexpr std::pair<llvm::StringLiteral, llvm::StringLiteral> switches[] = {
+      {"DLL", "IGY-DLL"},
+      {"DYNAM", "IGY-DYNAM"},
+      {"DYN", "IGY-DYNAM"},
+      {"SQLIMS", "IGY-SQLIMS"},
+      {"THREAD", "IGY-THREAD"}};
+  for (const auto &[name, variable] : numbers) {
+    int64_t value = 0;
+    if (option.equals_insensitive(name) && !suboptions.trim().getAsInteger(10, value))
+      define(variable, DirectiveOperand::ofNumber(value));
+  }
+  llvm::StringRef positive = option;
+  const bool isOn = !positive.consume_front_insensitive("NO");
+  for (const auto &[name, variable] : switches)
+    if (positive.equals_insensitive(name))
+      define(variable, DirectiveOperand::ofTruth(isOn));
 }
 
 void DirectiveText::fail(llvm::StringRef reason) {

@@ -52,8 +52,12 @@ public:
   void undefine(llvm::StringRef name);
   /// Defines what the compile option DEFINE lists: NAME, NAME=1, NAME='text', NAME=B'1' ...
   void defineAll(llvm::StringRef list);
-  /// Defines the variables that tell the options of the compiler: IGY-CICS, IGY-SQL ...
-  void defineOptions(const ParseOptions &options);
+  /// Defines the variables that tell the options of the compiler, each unless it is defined.
+  void defineDefaults();
+  /// Defines IGY-CICS and IGY-SQL.
+  void defineLanguages(const ParseOptions &options);
+  /// Sets the variable of the compiler's option \p option, if it has one: ARCH(12), DLL, NODYNAM.
+  void defineOption(llvm::StringRef option, llvm::StringRef suboptions);
 
 private:
   llvm::StringMap<DirectiveOperand> values;

@@ -2,6 +2,7 @@
 
 #include "Parse/Lexer.h"
 #include "Parse/CharacterTable.h"
+#include "Parse/SourceFile.h"
 #include "Parse/SuppliedText.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
@@ -17,6 +18,7 @@ Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context,
     : context(context), lines(file, format, context.diagnostics, isMain),
       scanner(context.words, /*keepsCommas=*/false) {
   isAtEnd = reportFault(file, context);
+  scanner.setReadsTags(isMain && hasCopybookExtension(file.getName()));
 }
 
 /// One message stands for all mistakes in a file that is not text, or is in another encoding.
@@ -102,31 +104,26 @@ static llvm::StringRef takeSuboptions(llvm::StringRef &text) {
 }
 
 /// CBL and PROCESS lines: of the options of the compiler, those count here that say that CICS or
-/// DB2 adds to the source, and DEFINE. Names in parentheses or quotes are suboptions.
+/// DB2 adds to the source, DEFINE, and those that compilation variables tell.
 void Lexer::obeyOptions(llvm::StringRef text) {
-  unsigned depth = 0;
   while (!text.empty()) {
     llvm::StringRef word = text.take_while(isWordCharacter);
-    if (word.empty()) {
-      char mark = text.front();
+    text = text.drop_front(word.size());
+    if (word.empty() && !text.starts_with("(")) {
+      const char mark = text.front();
       text = text.drop_front();
       if (mark == '\'' || mark == '"')
         text = text.split(mark).second;
-      else if (mark == '(')
-        ++depth;
-      else if (mark == ')' && depth > 0)
-        --depth;
       continue;
     }
-    text = text.drop_front(word.size());
-    if (depth > 0)
-      continue;
+    const llvm::StringRef suboptions = takeSuboptions(text);
     if (word.equals_insensitive("DEFINE") || word.equals_insensitive("DEF"))
-      context.variables.defineAll(takeSuboptions(text));
+      context.variables.defineAll(suboptions);
+    context.variables.defineOption(word, suboptions);
     context.options.cics |= word.equals_insensitive("CICS") || word.equals_insensitive("XOPTS");
     context.options.sql |= word.equals_insensitive("SQL");
   }
-  context.variables.defineOptions(context.options);
+  context.variables.defineLanguages(context.options);
 }
 
 /// Moves on to the next line that is not a directive.
@@ -180,7 +177,7 @@ void Lexer::next(Token &token) {
   }
 }
 
-/// Does what \p token calls for; false when it is not for the parser.
+/// Handles what \p token means to the lexer; false when the parser does not get it.
 bool Lexer::checkToken(Token &token) {
   if (token.keyword != Keyword::None) {
     bool isKept = inPseudoText || actOnKeyword(token);
@@ -233,7 +230,7 @@ bool Lexer::checkToken(Token &token) {
     }
     return true;
   case TokenKind::Word:
-    if (token.spelling.size() > maxWordLength && !inPseudoText)
+    if (token.spelling.size() > maxWordLength && !inPseudoText && !token.spelling.contains(':'))
       reportLongWord(token);
     return true;
   default:
@@ -249,7 +246,7 @@ void Lexer::reportLongWord(const Token &token) {
                                token.spelling.size(), maxWordLength);
 }
 
-/// Does what a keyword calls for besides being one; false when it is not for the parser.
+/// Handles a keyword that means something to the lexer; false when the parser does not get it.
 bool Lexer::actOnKeyword(Token &token) {
   if (state == State::EmbeddedWord) {
     state = State::EmbeddedText;

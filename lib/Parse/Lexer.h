@@ -1,8 +1,8 @@
 //===- Lexer.h - from lines of program text to tokens -----------*- C++ -*-===//
 //
-// Two floors. The scanner makes a token of the characters of one line and knows
-// nothing about files. The lexer takes lines from a LineReader, gives tokens their
-// places, and sees to what the language decides by the words before: picture
+// There are two levels. The scanner makes tokens from the characters of one line
+// and knows nothing about files. The lexer takes lines from a LineReader, gives
+// tokens their places, and handles what depends on the words before: picture
 // strings, embedded text, comment-entries, listing statements and directives.
 //
 //===----------------------------------------------------------------------===//
@@ -24,7 +24,8 @@ struct LexerContext {
   LexerContext(const ParseOptions &options, FrontEndDiagnostics &sink)
       : options(options), diagnostics(sink), words(options.osvs), variables(options.defines),
         debuggingMode(options.debuggingLines) {
-    variables.defineOptions(options);
+    variables.defineDefaults();
+    variables.defineLanguages(options);
   }
 
   /// The options given, and those that the source turns on by itself.
@@ -52,6 +53,8 @@ public:
     previous = TokenKind::EndOfFile;
   }
   void setKeepsCommas(bool on) { keepsCommas = on; }
+  /// Takes tags like :PRE: for parts of words, as in a copybook that is read by itself.
+  void setReadsTags(bool on) { readsTags = on; }
   void setDecimalPointIsComma(bool on) { decimalPoint = on ? ',' : '.'; }
 
   /// Makes the next token; false at the end of the text.
@@ -70,6 +73,7 @@ private:
   void scanLiteral(Token &token, const char *begin);
   void scanMark(Token &token, const char *begin);
   bool beginsFraction(bool afterSpace) const;
+  const char *skipTag() const;
 
   WordTable &words;
   const char *cursor = nullptr;
@@ -77,6 +81,7 @@ private:
   TokenKind previous = TokenKind::EndOfFile;
   char decimalPoint = '.';
   bool keepsCommas;
+  bool readsTags = false;
   bool literalIsOpen = false;
 };
 
@@ -84,8 +89,8 @@ private:
 /// or semicolon is a separator.
 llvm::StringRef pictureIn(llvm::StringRef text);
 
-/// Reports, the first time, that \p file is not text or not in its encoding: 3, 6, 7. Gives whether
-/// it must not be read.
+/// Reports, once for each file, that \p file is not text or not in its encoding: 3, 6, 7. Returns
+/// true when the file cannot be read.
 bool reportFault(const SourceFile &file, LexerContext &context);
 
 /// The tokens of one file.
@@ -110,9 +115,9 @@ public:
     scanner.setKeepsCommas(on);
   }
 
-  /// Passes over text up to the period that ends it, or to the next header.
+  /// Skips text up to the period that ends it, or to the next header.
   void skipRemark();
-  /// Passes over text up to the next paragraph, section or division header.
+  /// Skips text up to the next paragraph, section or division header.
   void skipCommentEntry();
 
 private:
@@ -164,7 +169,7 @@ private:
   Keyword previousKeyword = Keyword::None;
   Token embedding; ///< the word after EXEC
   SourceRange includePlace;
-  /// What was read of an embedded block behind EXEC, the first one to be given last.
+  /// The tokens of an embedded block that were read after EXEC, in reverse order.
   llvm::SmallVector<Token, 3> block;
   bool atLineStart = false;
   bool inPseudoText = false;

@@ -15,7 +15,6 @@ constexpr unsigned indicatorColumn = 7;
 constexpr unsigned textColumn = 8;
 constexpr unsigned areaBColumn = 12;
 constexpr unsigned lastTextColumn = 72;
-constexpr unsigned tabWidth = 8;
 
 bool isContinuationByte(char c) {
   return (static_cast<unsigned char>(c) & 0xC0) == 0x80;
@@ -25,6 +24,9 @@ bool isContinuationByte(char c) {
 /// between shift codes, as its two bytes did where the shift codes come from.
 class ColumnCounter {
 public:
+  /// A tab goes on to the next multiple of \p width.
+  explicit ColumnCounter(unsigned width) : tabWidth(width) {}
+
   /// The column after the characters passed.
   unsigned getColumn() const { return column; }
 
@@ -35,7 +37,7 @@ public:
     if (c == shiftOut || c == shiftIn)
       isDouble = c == shiftOut;
   }
-  /// The same where a tab goes on to the next multiple of eight.
+  /// The same with tabs.
   void passWithTabs(char c) {
     if (c == '\t')
       column = (column - 1) / tabWidth * tabWidth + tabWidth + 1;
@@ -47,6 +49,7 @@ private:
   static constexpr char shiftOut = '\x0E';
   static constexpr char shiftIn = '\x0F';
 
+  unsigned tabWidth;
   unsigned column = 1;
   bool isDouble = false;
 };
@@ -109,8 +112,9 @@ private:
 
 LineReader::LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
                        bool isMain)
-    : diagnostics(diagnostics), fileNumber(file.getNumber()), format(format),
-      optionsMayCome(isMain), position(file.getText().begin()), fileEnd(file.getText().end()) {}
+    : diagnostics(diagnostics), fileNumber(file.getNumber()), tabWidth(file.getTabWidth()),
+      format(format), optionsMayCome(isMain), position(file.getText().begin()),
+      fileEnd(file.getText().end()) {}
 
 bool LineReader::next() {
   PhysicalLine line;
@@ -165,9 +169,9 @@ bool LineReader::readPhysicalLine(PhysicalLine &line) {
   return true;
 }
 
-/// Finds the parts of a line in fixed form. Columns count characters, and a tab goes on to the
-/// next multiple of eight.
-LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
+/// Finds the parts of a line in fixed form. Columns count characters, and tabs as wide as they are
+/// in the file.
+LineReader::FixedLine LineReader::divide(const PhysicalLine &line) const {
   FixedLine parts;
   if (line.isPlain) {
     size_t length = line.end - line.start;
@@ -180,7 +184,7 @@ LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
     return parts;
   }
   parts.text = parts.areaB = parts.limit = line.end;
-  ColumnCounter counter;
+  ColumnCounter counter(tabWidth);
   for (const char *at = line.start; at < line.end; ++at) {
     const unsigned column = counter.getColumn();
     if (!isContinuationByte(*at)) {
@@ -201,10 +205,10 @@ LineReader::FixedLine LineReader::divide(const PhysicalLine &line) {
 }
 
 /// The column in which the character at \p at stands or would stand.
-unsigned LineReader::columnBehind(const PhysicalLine &line, const char *at) {
+unsigned LineReader::columnBehind(const PhysicalLine &line, const char *at) const {
   if (line.isPlain)
     return static_cast<unsigned>(at - line.start) + 1;
-  ColumnCounter counter;
+  ColumnCounter counter(tabWidth);
   for (const char *from = line.start; from < at; ++from)
     counter.passWithTabs(*from);
   return counter.getColumn();
@@ -431,7 +435,7 @@ unsigned LineReader::columnOf(const char *start, const char *at) {
   if (controlBytes) {
     while (at > start && isContinuationByte(*at))
       --at;
-    ColumnCounter counter;
+    ColumnCounter counter(tabWidth);
     for (const char *from = start; from < at; ++from)
       counter.pass(*from);
     return counter.getColumn();

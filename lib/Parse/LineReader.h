@@ -1,8 +1,8 @@
 //===- LineReader.h - lines of program text ---------------------*- C++ -*-===//
 //
-// Knows how lines are laid out in fixed and in free form, which of them hold
-// program text, and how a line is continued on the next. Above it, text is just
-// text; every position in it can be traced back to its place in the file.
+// Implements the layout of lines in fixed and in free form: which lines contain
+// program text, and how a line is continued on the next. The layers above see only
+// text; every position in it can be mapped to its place in the file.
 //
 //===----------------------------------------------------------------------===//
 
@@ -19,7 +19,7 @@
 namespace tarka {
 
 /// Reads the lines of program text of one file. Comment lines, blank lines and, unless they are
-/// asked for, debugging lines are passed over. In fixed form a line and its continuation lines
+/// requested, debugging lines are skipped. In fixed form a line and its continuation lines
 /// are one.
 class LineReader {
 public:
@@ -47,7 +47,7 @@ public:
   /// The text of the CBL and PROCESS lines passed since it was asked for last.
   std::string takeOptionsText() { return std::exchange(optionsText, {}); }
   bool hasOptionsText() const { return !optionsText.empty(); }
-  /// Whether faults in the layout of lines are passed over (in text that is left out).
+  /// Sets whether mistakes in the layout of lines are not reported (in text that is skipped).
   void setQuiet(bool on) { quiet = on; }
 
   /// The text of the file that was not read yet.
@@ -94,8 +94,8 @@ private:
   };
 
   bool readPhysicalLine(PhysicalLine &line);
-  static FixedLine divide(const PhysicalLine &line);
-  static unsigned columnBehind(const PhysicalLine &line, const char *at);
+  FixedLine divide(const PhysicalLine &line) const;
+  unsigned columnBehind(const PhysicalLine &line, const char *at) const;
   bool acceptFixed(const PhysicalLine &line);
   void noteCut(const PhysicalLine &line, const FixedLine &parts);
   bool acceptFree(const PhysicalLine &line);
@@ -111,6 +111,7 @@ private:
 
   SourceDiagnostics &diagnostics;
   const unsigned fileNumber;
+  const unsigned tabWidth;
   SourceFormat format;
   bool debugging = false;
   bool quiet = false;
@@ -135,7 +136,7 @@ private:
   llvm::SmallVector<Segment, 4> segments;
   size_t currentSegment = 0;
 
-  // Columns are counted on from the place that was asked for last.
+  // Columns are counted from the position that was asked for last.
   const char *countedLine = nullptr;
   const char *countedTo = nullptr;
   unsigned countedColumns = 0;

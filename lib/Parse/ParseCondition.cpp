@@ -1,9 +1,9 @@
 //===- ParseCondition.cpp - conditions ------------------------------------===//
 //
-// What a parenthesis opens, an arithmetic expression or a condition, shows only
-// behind what it holds, and so does what a name is. Everything is therefore read
-// once, as Comparand: a condition, or an expression that the text after it may
-// still make one.
+// Whether a parenthesis opens an arithmetic expression or a condition is known
+// only after its content, and whether a name is an operand or a condition-name
+// only after the name. Everything is therefore read once, as a Comparand: a
+// condition, or an expression that the text after it may still make a condition.
 //
 //===----------------------------------------------------------------------===//
 

@@ -179,14 +179,15 @@ private:
   void addConditionName(DataDescription *entry) {
     if (item)
       item->addChildren(entry);
-    else
+    else if (!parser.isCopybook())
       parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
   }
 
   /// Level 66 follows the last item of its record.
   void addRenames(DataDescription *entry) {
     if (!record || record->getLevelNum() == 77) {
-      parser.error(DiagnosticId::RenamesWithoutRecord, entry->getRange());
+      if (!parser.isCopybook())
+        parser.error(DiagnosticId::RenamesWithoutRecord, entry->getRange());
       return;
     }
     record->addChildren(entry);
@@ -198,6 +199,12 @@ private:
     unsigned level = entry->getLevelNum();
     while (!open.empty() && open.back()->getLevelNum() >= level)
       open.pop_back();
+    if (open.empty() && parser.isCopybook() && level > 1 && level < 50) {
+      // The group that the entries belong to stands before the COPY.
+      auto *group = ParserBase::makeAt<DataDescription>(entry->getRange());
+      group->setLevelNum(1);
+      begin(group);
+    }
     if (open.empty()) {
       // One message for a record without its beginning, however many items there are in it.
       if (level > 1 && level < 50 && !isMisplaced) {

@@ -2,9 +2,11 @@
 
 #include "Parse/ParseEnvironment.h"
 #include "AST/IntrinsicFunctions.h"
+#include "Parse/Encoding.h"
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParseData.h"
 #include "Parse/ParseFileControl.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -16,8 +18,8 @@ static constexpr Keyword environmentHeaders[] = {
     Keyword::Configuration, Keyword::SourceComputer, Keyword::ObjectComputer, Keyword::SpecialNames,
     Keyword::Repository,    Keyword::InputOutput,    Keyword::FileControl,    Keyword::IOControl};
 
-/// The division and its parts hang in the tree before they are read: what they declare is looked up
-/// there while reading goes on.
+/// The division and its parts are attached to the tree before they are parsed, because the parser
+/// looks up there what they declare.
 EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
   takeDivisionHeader(Keyword::Environment);
@@ -46,6 +48,7 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
       error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "environment division");
     else
       expected("a section or paragraph of the environment division");
+    Skipping skipping(*this);
     do
       stream.skip();
     while (!atPartHeader());
@@ -396,9 +399,9 @@ ClauseEnvName *EnvironmentParser::parseEnvironmentName() {
 bool EnvironmentParser::atAlphabetWithoutKeyword() {
   if (!peek().isUserWord())
     return false;
-  unsigned behind = peek(1).is(Keyword::Is) ? 2 : 1;
-  return peek(behind).isOneOf(Keyword::Standard1, Keyword::Standard2, Keyword::Native) ||
-         (behind == 2 && peek(behind).is(TokenKind::AlphanumericLiteral));
+  unsigned next = peek(1).is(Keyword::Is) ? 2 : 1;
+  return peek(next).isOneOf(Keyword::Standard1, Keyword::Standard2, Keyword::Native) ||
+         (next == 2 && peek(next).is(TokenKind::AlphanumericLiteral));
 }
 
 /// [ALPHABET] alphabet-name [FOR ALPHANUMERIC] IS {STANDARD-1 | STANDARD-2 | NATIVE | EBCDIC |
@@ -436,8 +439,7 @@ ClauseAlphabet *EnvironmentParser::parseAlphabet() {
   return complete(clause);
 }
 
-/// [FOR ALPHANUMERIC], which says nothing new. Alphabets and classes of national characters are
-/// another matter.
+/// [FOR ALPHANUMERIC], which is the default. National alphabets and classes are not supported.
 bool EnvironmentParser::parseForAlphanumeric() {
   if (!accept(Keyword::For))
     return true;
@@ -559,6 +561,23 @@ PhrsClass *EnvironmentParser::parseClassPhrase() {
   return phrase;
 }
 
+/// The symbol that \p sign, a hexadecimal literal of one byte, stands for in pictures: the
+/// character of that byte in the code page of the source, or in the usual one of EBCDIC systems
+/// where the source is in ASCII. Null for other literals.
+static LiteralExpression *currencySymbolOf(const LiteralExpression &sign,
+                                           const std::string &encoding) {
+  const auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(&sign);
+  std::string byte;
+  if (!literal || literal->getNonNumericLiteralType() != NonNumericLiteralType::Hexadecimal ||
+      !llvm::tryGetFromHex(literal->getData(), byte) || byte.size() != 1)
+    return nullptr;
+  const bool isEbcdic = decodeText("\xC1", encoding).text == "A\n";
+  const std::string character = decodeText(byte, isEbcdic ? encoding : "IBM-1140").text;
+  Node place(sign.getRange());
+  return new NonNumericLiteralExpression(
+      &place, ("'" + llvm::StringRef(character).rtrim('\n') + "'").str());
+}
+
 /// CURRENCY [SIGN] [IS] literal [[WITH] PICTURE SYMBOL literal]
 ClauseCurrency *EnvironmentParser::parseCurrency() {
   SourceRange begin = here();
@@ -576,6 +595,8 @@ ClauseCurrency *EnvironmentParser::parseCurrency() {
     symbol = parseLiteral();
     if (!symbol)
       return nullptr;
+  } else {
+    symbol = currencySymbolOf(*sign, context.options.encoding);
   }
   return make<ClauseCurrency>(begin, sign, symbol);
 }

@@ -18,7 +18,7 @@ static constexpr ClauseSet fileClauses{
 
 void FileSectionParser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
-  bool isTold = false;
+  bool isReported = false;
   while (true) {
     if (at(Keyword::Fd, Keyword::Sd)) {
       // The records of a file that has no name are read, but belong nowhere.
@@ -30,9 +30,9 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
           file->addRecordDesc(record);
       });
     } else if (at(TokenKind::IntegerLiteral)) {
-      if (!isTold)
+      if (!isReported)
         error(DiagnosticId::RecordWithoutFile, here());
-      isTold = true;
+      isReported = true;
       parseDataRecords(StorageType::File, [](DataDescription *) {});
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
@@ -40,7 +40,7 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
       return;
     } else {
       expected("FD or SD");
-      isTold = true;
+      isReported = true;
       stream.skip();
       skipToEntry(fileClauses);
     }

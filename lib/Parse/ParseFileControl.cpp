@@ -25,6 +25,10 @@ static constexpr ClauseSet selectClauses{"a SELECT entry", selectKeywords, selec
 
 void FileControlParser::parseFileControl(InputOutputSection &section) {
   takeParagraphHeader();
+  parseFileEntries(section);
+}
+
+void FileControlParser::parseFileEntries(InputOutputSection &section) {
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
@@ -34,6 +38,12 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
       continue;
     }
     expected("SELECT");
+    // Only the word is missing.
+    if (peek().isUserWord() && peek(1).is(Keyword::Assign)) {
+      if (ParaFileControl *file = parseSelect())
+        section.addFileControl(file);
+      continue;
+    }
     if (peek().isUserWord() && nearestKeyword(peek().text, Keyword::Select) != Keyword::None) {
       stream.correct(Keyword::Select);
       continue;
@@ -46,7 +56,8 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 /// SELECT [OPTIONAL] file-name clauses.
 ParaFileControl *FileControlParser::parseSelect() {
   SourceRange begin = here();
-  recovery.resumeReporting();
+  if (at(Keyword::Select))
+    recovery.resumeReporting();
   Recovery::ErrorTrap trap(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);

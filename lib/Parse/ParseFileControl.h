@@ -14,6 +14,8 @@ public:
 
   /// With the header of the paragraph next.
   void parseFileControl(InputOutputSection &section);
+  /// Parses the SELECT entries that are next and adds them to \p section.
+  void parseFileEntries(InputOutputSection &section);
   void parseIOControl(InputOutputSection &section);
 
 private:

@@ -261,6 +261,11 @@ ParserBase::HeaderKind ParserBase::headerKind() {
         name.isOneOf(Keyword::Else, Keyword::Otherwise, Keyword::When, Keyword::Declaratives);
     return name.isInAreaA() && !isPartOfStatement ? HeaderKind::Paragraph : HeaderKind::None;
   }
+  // In fixed form a name in area A is one also where more words follow it on its line.
+  bool hasExtraWord = peek(1).isVerb() || (peek(1).isUserWord() && peek(2).is(TokenKind::Period));
+  if (name.isUserWord() && name.isInAreaA() && name.isInFixedForm() && hasExtraWord &&
+      !peek(1).isFirstOnLine() && suggestKeyword(name.text, KF_Verb).empty())
+    return HeaderKind::Paragraph;
   // The period of a name that has its line to itself was forgotten.
   bool isAlone = name.isUserWord() && name.isInAreaA() && peek(1).isFirstOnLine() &&
                  peek(1).isVerb() &&

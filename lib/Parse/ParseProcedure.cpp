@@ -20,27 +20,30 @@ ProcedureDivision *ProcedureParser::parseProcedureDivision() {
     ;
   if (atDeclaratives())
     parseDeclaratives(*division);
+  parseProcedures(*division);
+  return complete(division);
+}
 
+void ProcedureParser::parseProcedures(ProcedureDivision &division) {
   Section *section = nullptr;
   while (!atUnitBoundary()) {
     if (headerKind() == HeaderKind::Section) {
       section = parseSectionHeader();
-      division->addSect(section);
+      division.addSect(section);
     } else if (atEndDeclaratives()) {
       error(DiagnosticId::EndDeclarativesWithoutStart, here());
       takeEndDeclaratives();
     } else if (at(Keyword::Declaratives)) {
       error(DiagnosticId::DeclarativesOutOfPlace, here());
-      parseDeclaratives(*division);
+      parseDeclaratives(division);
     }
     if (section) {
       parseParagraphs(*section);
       complete(section);
     } else {
-      parseParagraphs(*division);
+      parseParagraphs(division);
     }
   }
-  return complete(division);
 }
 
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
@@ -337,37 +340,43 @@ UseStatement *ProcedureParser::parseUseReporting(const SourceRange &begin, bool 
   return isRead ? complete(use) : nullptr;
 }
 
-/// USE [FOR] DEBUGGING [ON] {ALL PROCEDURES | procedure-name...}
+/// USE [FOR] DEBUGGING [ON] {ALL PROCEDURES | procedure-name | [ALL REFERENCES [OF]] item}...
+///
+/// The tree has no place for the items to be debugged.
 UseStatement *ProcedureParser::parseUseDebugging(const SourceRange &begin) {
   accept(Keyword::For);
   if (!expect(Keyword::Debugging))
     return nullptr;
   accept(Keyword::On);
   auto *use = make<UseStatement>(begin, UseTimingType::ForDebugging);
-  if (accept(Keyword::All)) {
-    // The tree has no place for the items to be debugged.
-    if (at(Keyword::References)) {
-      error(DiagnosticId::NotSupported, here(), "DEBUGGING ON ALL REFERENCES");
-      while (!at(TokenKind::Period) && !atUnitBoundary())
-        stream.skip();
-      return complete(use);
-    }
-    if (!expect(Keyword::Procedures))
-      return nullptr;
-    use->setIsAllProcedures(true);
-    return complete(use);
-  }
   do {
+    if (accept(Keyword::All)) {
+      if (accept(Keyword::Procedures)) {
+        use->setIsAllProcedures(true);
+        continue;
+      }
+      if (!accept(Keyword::References))
+        return expected("PROCEDURES or REFERENCES");
+      accept(Keyword::Of);
+      if (!parseDataIdentifier())
+        return nullptr;
+      continue;
+    }
     // Files are not allowed here; the checker reports them.
     if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
       use->addFile(parseFileName());
+      continue;
+    }
+    if (peek().isUserWord() && isItem(peek().text)) {
+      if (!parseDataIdentifier())
+        return nullptr;
       continue;
     }
     QualifiedWord *name = parseProcedureName();
     if (!name)
       return nullptr;
     use->addProcedure(*name->getNamesBegin());
-  } while (at(TokenKind::IntegerLiteral) || atName());
+  } while (at(TokenKind::IntegerLiteral, Keyword::All) || atName());
   return complete(use);
 }
 

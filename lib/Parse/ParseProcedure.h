@@ -13,6 +13,9 @@ public:
 
   /// With PROCEDURE DIVISION next. Never null.
   ProcedureDivision *parseProcedureDivision();
+  /// Parses sections, paragraphs and sentences up to the end of the unit and adds them to
+  /// \p division.
+  void parseProcedures(ProcedureDivision &division);
 
 private:
   void parseProcedureHeader(ProcedureDivision &division);

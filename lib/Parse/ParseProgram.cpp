@@ -2,6 +2,7 @@
 
 #include "Parse/ParseProgram.h"
 #include "Parse/Parse.h"
+#include "Parse/ParseCopybook.h"
 #include "Parse/ParseData.h"
 #include "Parse/ParseEnvironment.h"
 #include "Parse/ParseProcedure.h"
@@ -31,6 +32,12 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
 Program *ProgramParser::parse(llvm::StringRef inputName) {
   Program *program = new Program(inputName);
   SourceRange first = here();
+  if (hasCopybookExtension(inputName) && !at(TokenKind::EndOfFile) &&
+      !atDivision(Keyword::Identification) && !atProgramId()) {
+    if (SourceUnit *unit = CopybookParser(context).parse(inputName))
+      program->addSourceUnit(unit);
+    return program;
+  }
   while (!at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError()) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))

@@ -21,7 +21,7 @@ static constexpr ClauseSet reportClauses{
 
 void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
-  bool isTold = false;
+  bool isReported = false;
   while (true) {
     if (at(Keyword::Rd)) {
       // The groups of a report that has no name are read, but belong nowhere.
@@ -30,9 +30,9 @@ void ReportParser::parseReportSection(DataDivision &division) {
         division.addReportSection(report);
       parseReportGroups(report);
     } else if (at(TokenKind::IntegerLiteral)) {
-      if (!isTold)
+      if (!isReported)
         error(DiagnosticId::GroupWithoutReport, here());
-      isTold = true;
+      isReported = true;
       parseReportGroups(nullptr);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
@@ -40,7 +40,7 @@ void ReportParser::parseReportSection(DataDivision &division) {
       return;
     } else {
       expected("RD");
-      isTold = true;
+      isReported = true;
       stream.skip();
       skipToEntry(reportClauses);
     }

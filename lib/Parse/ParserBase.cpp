@@ -15,6 +15,9 @@ namespace tarka {
 /// Whether the mistake is new. The text around it is damaged in any case: where it is found out by
 /// what follows, the mistake itself is before that.
 bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
+  // The program goes on where the copybook ends.
+  if (context.isCopybook && at(TokenKind::EndOfFile))
+    return false;
   SourceDamage &damage = context.diagnostics.getDamage();
   damage.add(place);
   if (beginsSuppression(id))

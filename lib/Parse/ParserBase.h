@@ -48,6 +48,8 @@ struct ParserContext {
   SourceUnit *unit = nullptr;
   unsigned depth = 0; ///< of nested statements, parentheses, programs
   bool decimalPointIsComma = false;
+  /// The file is a copybook that is read by itself: what stands around it in a program is unknown.
+  bool isCopybook = false;
   /// The functions that REPOSITORY lets stand without FUNCTION, by their interned names.
   llvm::DenseSet<const std::string *> repositoryFunctions;
   /// The names after INDEXED BY, which become entries of the data division only when it is checked.
@@ -256,6 +258,9 @@ public:
     const std::string *name = word.getInternedText();
     return context.indexNames.contains(name) || scope().isDeclared(name);
   }
+
+  /// Whether the source is a copybook that is read by itself.
+  bool isCopybook() const { return context.isCopybook; }
 
 protected:
   /// How deep constructs may nest: statements in statements, parentheses, programs.

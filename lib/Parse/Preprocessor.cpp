@@ -348,8 +348,8 @@ static bool isPartOfMemberName(const Token &token) {
   return token.isOneOf(TokenKind::Word, TokenKind::IntegerLiteral) && !token.is(Keyword::Replacing);
 }
 
-/// Reads the name of a copybook or library, of which \p token is the first one, and the token
-/// behind it. The name is a word, or a literal that holds any name.
+/// Reads the name of a copybook or library, of which \p token is the first token, and the token
+/// after it. The name is a word, or a literal that holds any name.
 bool Preprocessor::readCopyName(Token &token, std::string &name) {
   if (token.is(TokenKind::AlphanumericLiteral)) {
     name = token.text.trim("\"'").str();

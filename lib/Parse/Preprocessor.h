@@ -1,8 +1,8 @@
 //===- Preprocessor.h - the token stream that a parser reads ----*- C++ -*-===//
 //
 // The tokens of a compilation in the order in which the compiler is to see them:
-// copybooks put in their place, REPLACING and REPLACE carried out, directives
-// obeyed. Tokens are made when somebody asks for them and are not kept.
+// copybooks inserted, REPLACING and REPLACE applied, directives applied. Tokens
+// are made on demand and are not kept.
 //
 //===----------------------------------------------------------------------===//
 
@@ -25,7 +25,7 @@ class SourceDiagnostics;
 
 /// The tokens of one compilation.
 ///
-/// What the stream sees to by itself, so that no look-ahead can come in between:
+/// The stream handles by itself, so that look-ahead cannot interfere:
 /// - The string after PIC or PICTURE [IS] is one PictureString.
 /// - EXEC and EXECUTE come as EXEC, the word after it, one EmbeddedText, END-EXEC.
 /// - A comment-entry (the text after the period of AUTHOR, DATE-WRITTEN ... in an

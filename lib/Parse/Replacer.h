@@ -1,9 +1,9 @@
 //===- Replacer.h - REPLACING and REPLACE -----------------------*- C++ -*-===//
 //
-// Replaces words of a stream of tokens by others. Text words are what is
-// compared: a word, a number, a literal, or one mark. Where replacing text meets
-// other text without a space between them the two are read again as one, which
-// is how :TAG:-NAME becomes a word, and X(:LENGTH:) a picture.
+// Replaces words in a stream of tokens. The units of comparison are text words: a
+// word, a number, a literal, or one punctuation mark. Where replacement text and
+// other text have no space between them, they are scanned again as one; so
+// :TAG:-NAME becomes a word, and X(:LENGTH:) a picture.
 //
 //===----------------------------------------------------------------------===//
 
@@ -46,9 +46,9 @@ public:
   Replacer(LexerContext &context, uint64_t &tokensAdded)
       : context(context), tokensAdded(tokensAdded) {}
 
-  /// From now on carries out \p pairs, the first that fits at any place.
+  /// Applies \p pairs from now on; at any place the first pair that matches counts.
   void setReplacements(std::vector<Replacement> pairs);
-  /// Whether there is anything to do: pairs, or tokens that were read ahead.
+  /// Whether next() is needed: there are pairs, or tokens that were read ahead.
   bool isActive() const {
     return !replacements.empty() || !ready.empty() || hasAhead || !made.empty() || !window.empty();
   }

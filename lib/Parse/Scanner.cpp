@@ -72,6 +72,8 @@ bool Scanner::scan(Token &token) {
       }
       if (*cursor == decimalPoint && beginsFraction(token.isPrecededBySpace()))
         scanNumber(token, begin);
+      else if (skipTag() != cursor)
+        scanWord(token, begin);
       else
         scanMark(token, begin);
       return true;
@@ -97,9 +99,23 @@ bool Scanner::beginsFraction(bool afterSpace) const {
           previous != TokenKind::AlphanumericLiteral);
 }
 
+/// The end of the tag that begins at the cursor, such as :PRE:, for which COPY REPLACING puts a
+/// part of a word; the cursor where there is none, or tags are not read.
+const char *Scanner::skipTag() const {
+  if (!readsTags || keepsCommas || cursor == textEnd || *cursor != ':')
+    return cursor;
+  const char *end = std::find_if_not(cursor + 1, textEnd, isWordCharacter);
+  return end > cursor + 1 && end < textEnd && *end == ':' ? end + 1 : cursor;
+}
+
 void Scanner::scanWord(Token &token, const char *begin) {
-  while (cursor < textEnd && isWordCharacter(*cursor))
-    ++cursor;
+  const char *tagEnd = cursor;
+  do {
+    cursor = tagEnd;
+    while (cursor < textEnd && isWordCharacter(*cursor))
+      ++cursor;
+    tagEnd = skipTag();
+  } while (tagEnd != cursor);
   if (cursor < textEnd && classOf(*cursor) == CharacterClass::Quote &&
       isLiteralPrefix(llvm::StringRef(begin, cursor - begin))) {
     scanLiteral(token, begin);

@@ -56,7 +56,8 @@ public:
       bool isNumbered = llvm::all_of(line.take_front(6), llvm::isDigit);
       bool isIndicated = line[6] != ' ' && llvm::all_of(line.take_front(6), isBlank);
       fixedLines += isNumbered || (isIndicated && line[6] != 'D' && line[6] != 'd');
-    } else {
+    } else if (indent != 6) {
+      // Text that begins in column 7 itself may have been meant for area A.
       ++freeLines;
     }
     // A word that goes on across column 72.
@@ -103,6 +104,45 @@ constexpr llvm::StringLiteral copybookExtensions[] = {
     "",     ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB",      ".copy",     ".COPY",    ".inc",
     ".INC", ".dcl", ".DCL", ".cpb", ".CPB", ".ccp", ".copybook", ".COPYBOOK", ".cobcopy", ".txt"};
 
+/// Those of them that no program has.
+constexpr llvm::StringLiteral extensionsOfCopybooks[] = {".cpy", ".copy", ".inc",      ".dcl",
+                                                         ".cpb", ".ccp",  ".copybook", ".cobcopy"};
+
+constexpr unsigned wideTab = 8, narrowTab = 4;
+
+/// Whether \p text, that of a line of fixed form, begins what stands in area A: a division, a
+/// section, a file or a record.
+bool belongsToAreaA(llvm::StringRef text) {
+  llvm::StringRef first = text.take_while(isWordCharacter);
+  llvm::StringRef second = text.drop_front(first.size()).ltrim().take_while(isWordCharacter);
+  return second.equals_insensitive("DIVISION") || second.equals_insensitive("SECTION") ||
+         first.equals_insensitive("FD") || first.equals_insensitive("PROGRAM-ID") || first == "01";
+}
+
+/// Compares both widths of tabs by the lines of \p text that have a column of their own.
+unsigned detectTabWidth(llvm::StringRef text) {
+  constexpr size_t indicatorColumn = 7, areaA = 8, areaB = 12;
+  constexpr unsigned maxLines = 2000;
+  int preference = 0;
+  for (unsigned line = 0; !text.empty() && line < maxLines; ++line) {
+    auto [first, rest] = text.split('\n');
+    text = rest;
+    llvm::StringRef blanks = first.take_while(isBlank);
+    llvm::StringRef words = first.drop_front(blanks.size());
+    if (words.empty() || !blanks.contains('\t'))
+      continue;
+    auto isInPlace = [&](size_t width) {
+      size_t column = 1;
+      for (char c : blanks)
+        column = c == '\t' ? (column - 1) / width * width + width + 1 : column + 1;
+      return words.front() == '*' ? column == indicatorColumn : column >= areaA && column < areaB;
+    };
+    if (words.front() == '*' || belongsToAreaA(words))
+      preference += isInPlace(narrowTab) - isInPlace(wideTab);
+  }
+  return preference > 0 ? narrowTab : wideTab;
+}
+
 constexpr llvm::StringLiteral mapExtensions[] = {".bms", ".BMS"};
 
 /// \p name as written, in upper and in lower case, each once.
@@ -141,6 +181,18 @@ SourceFormat SourceFile::getFormat(SourceFormat otherwise) const {
     format = detectSourceFormat(text, SourceFormat::Auto);
   formatIsKnown = true;
   return format == SourceFormat::Auto ? otherwise : format;
+}
+
+unsigned SourceFile::getTabWidth() const {
+  if (tabWidth == 0)
+    tabWidth = text.contains('\t') ? detectTabWidth(text) : wideTab;
+  return tabWidth;
+}
+
+bool hasCopybookExtension(llvm::StringRef path) {
+  llvm::StringRef extension = llvm::sys::path::extension(path);
+  return llvm::any_of(extensionsOfCopybooks,
+                      [&](llvm::StringRef one) { return extension.equals_insensitive(one); });
 }
 
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {

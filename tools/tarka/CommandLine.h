@@ -39,6 +39,14 @@ enum class ReportForm {
 };
 enum class ColorChoice { Auto, Always, Never };
 
+struct Option;
+
+/// An option that was given, with its value as written; "true" or "false" for a flag.
+struct OptionSetting {
+  const Option *option;
+  std::string text;
+};
+
 /// What the command line asked for.
 struct Request {
   Command command = Command::Check;
@@ -46,6 +54,8 @@ struct Request {
   ParseOptions parse;
   /// The words of the command line.
   std::vector<std::string> commandLine;
+  /// Its options in their order.
+  std::vector<OptionSetting> settings;
 
   // The report.
   ReportForm reportForm = ReportForm::Auto;

@@ -171,13 +171,16 @@ bool SemanticChecker::convertCurrencyString(ClausePicture *picture, ClauseCurren
       return false;
   }
   // Of a longer symbol only the first character counts; the sign is kept whole.
-  const llvm::StringRef text = textOf(symbolLiteral);
-  if (text.empty() || !checkValidString(text.front(), symbolLiteral))
+  llvm::StringRef text = textOf(symbolLiteral);
+  if (text.empty())
+    return false;
+  const char symbol = takePictureCharacter(text);
+  if (!checkValidString(symbol, symbolLiteral))
     return false;
   llvm::SmallString<64> extended = llvm::StringRef(picture->getExtendedPicture());
-  if (!llvm::is_contained(extended, text.front()))
+  if (!llvm::is_contained(extended, symbol))
     return false;
-  std::replace(extended.begin(), extended.end(), text.front(), '$');
+  std::replace(extended.begin(), extended.end(), symbol, '$');
   picture->setCurrencySymbolLiteral(currency->getSignLiteral());
   picture->setExtendedPicture(extended);
   return true;

@@ -38,7 +38,11 @@ bool SemanticChecker::checkClauseCurrency(ClauseCurrency &clause) {
     if (text->getLength() != 1 && !canBeLong)
       ok = report(ErrorCode::CurrencySignNotSingleCharacter, sign);
     llvm::StringRef forbidden = symbol ? numberCharacters : pictureCharacters;
-    if (llvm::StringRef(text->getData()).find_first_of(forbidden) != llvm::StringRef::npos)
+    // What a hexadecimal literal contains are the digits of a character, not the character.
+    const bool isHexadecimal =
+        text->getNonNumericLiteralType() == NonNumericLiteralType::Hexadecimal;
+    if (!isHexadecimal &&
+        llvm::StringRef(text->getData()).find_first_of(forbidden) != llvm::StringRef::npos)
       ok = report(ErrorCode::CurrencySignInvalidCharacter, sign);
   }
   if (!symbol)

@@ -1,0 +1,4 @@
+       7000-READ.
+           READ CUSTOMER-FILE AT END SET END-OF-CUSTOMERS TO TRUE
+           END-READ.
+           EVALUAT TRUE.

@@ -1,0 +1,377 @@
+//===- Options.cpp - the table of all options -----------------------------===//
+
+#include "Options.h"
+#include "AST/Spelling.h"
+#include "Parse/Encoding.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+#include <type_traits>
+
+namespace tarka {
+
+namespace {
+
+template <typename Enumeration> constexpr int valueOf(Enumeration enumerator) {
+  return static_cast<int>(enumerator);
+}
+
+constexpr OptionChoice sourceFormats[] = {{"fixed", valueOf(SourceFormat::Fixed)},
+                                          {"free", valueOf(SourceFormat::Free)},
+                                          {"auto", valueOf(SourceFormat::Auto)}};
+
+constexpr OptionChoice reportForms[] = {
+    {"auto", valueOf(ReportForm::Auto)},     {"classic", valueOf(ReportForm::Classic)},
+    {"pretty", valueOf(ReportForm::Pretty)}, {"json", valueOf(ReportForm::Json)},
+    {"ndjson", valueOf(ReportForm::Ndjson)}, {"sarif", valueOf(ReportForm::Sarif)},
+    {"github", valueOf(ReportForm::Github)}, {"junit", valueOf(ReportForm::Junit)},
+    {"gcc", valueOf(ReportForm::Gcc)}};
+
+constexpr OptionChoice graphFormats[] = {{"text", valueOf(OutputFormat::Text)},
+                                         {"json", valueOf(OutputFormat::Json)},
+                                         {"dot", valueOf(OutputFormat::Dot)}};
+
+constexpr OptionChoice textFormats[] = {{"text", valueOf(OutputFormat::Text)},
+                                        {"json", valueOf(OutputFormat::Json)}};
+
+constexpr OptionChoice explanationFormats[] = {{"text", valueOf(OutputFormat::Text)},
+                                               {"json", valueOf(OutputFormat::Json)},
+                                               {"markdown", valueOf(OutputFormat::Markdown)}};
+
+constexpr OptionChoice colorChoices[] = {{"auto", valueOf(ColorChoice::Auto)},
+                                         {"always", valueOf(ColorChoice::Always)},
+                                         {"never", valueOf(ColorChoice::Never)}};
+
+/// The commands that read a program.
+constexpr CommandSet readers = setOf(Command::Check) | setOf(Command::Cfg) | setOf(Command::Flow) |
+                               setOf(Command::Layout) | setOf(Command::Ast);
+constexpr CommandSet check = setOf(Command::Check);
+
+constexpr llvm::StringLiteral reportGroup = "Report";
+constexpr llvm::StringLiteral compileGroup = "Compile options";
+
+/// Sets the field that the members of \p Path lead to.
+template <auto... Path> std::string assign(Request &request, const OptionValue &value) {
+  auto &field = (request.*....*Path);
+  using Field = std::remove_reference_t<decltype(field)>;
+  if constexpr (std::is_same_v<Field, bool>)
+    field = value.on;
+  else if constexpr (std::is_same_v<Field, double>)
+    field = value.seconds;
+  else if constexpr (std::is_arithmetic_v<Field> || std::is_enum_v<Field>)
+    field = static_cast<Field>(value.number);
+  else if constexpr (std::is_same_v<Field, std::string>)
+    field = value.text;
+  else
+    field.push_back(value.text);
+  return "";
+}
+
+/// NAME=VALUE, or NAME alone.
+std::string addDefinition(Request &request, const OptionValue &value) {
+  auto [name, text] = llvm::StringRef(value.text).split('=');
+  if (name.empty())
+    return "a name is missing in '" + value.text + "'; write NAME=VALUE or NAME";
+  request.parse.defines.emplace_back(name, text);
+  return "";
+}
+
+/// Accepts what iconv can decode.
+std::string setEncoding(Request &request, const OptionValue &value) {
+  if (!isKnownEncoding(value.text))
+    return "'" + value.text +
+           "' is no encoding known here; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
+           "and IBM-939 are examples, iconv -l lists them all";
+  request.parse.encoding = value.text;
+  return "";
+}
+
+/// Adds what --off, --warn and --error say of \p words.
+std::string addRule(Request &request, Selection::Action action, llvm::StringRef words) {
+  const std::string unknown = request.selection.add(action, words);
+  if (unknown.empty())
+    return "";
+  std::vector<std::string> names;
+  for (const DiagnosticGroup &group : diagnosticGroups())
+    names.push_back(group.name.str());
+  const llvm::StringRef word = llvm::StringRef(unknown).trim();
+  return "'" + word.str() +
+         "' is neither a number, nor a range such as 3301-3399, nor the name of a group: " +
+         llvm::join(names, ", ") + suggestWord(word, names);
+}
+
+template <Selection::Action action>
+std::string addRules(Request &request, const OptionValue &value) {
+  return addRule(request, action, value.text);
+}
+
+/// -Wno-NUMBER, -Werror=NUMBER, -Wno-error=NUMBER.
+std::string addWarningOption(Request &request, const OptionValue &value) {
+  llvm::StringRef word = value.text;
+  if (word.consume_front("error="))
+    return addRule(request, Selection::Action::Error, word);
+  if (word.consume_front("no-error="))
+    return addRule(request, Selection::Action::Warn, word);
+  if (word.consume_front("no-"))
+    return addRule(request, Selection::Action::Off, word);
+  return "'" + word.str() +
+         "' is not understood; write -Wno-3310 to turn a diagnostic off, -Werror=3528 to make it "
+         "an error";
+}
+
+std::string setRecord(Request &request, const OptionValue &value) {
+  request.layout.record = value.text;
+  return value.text.empty() ? "a name is missing" : "";
+}
+
+// clang-format off
+constexpr Option table[] = {
+    // How the source is read.
+    {.name = "copybook-path", .letter = 'I', .type = OptionType::Path, .isList = true,
+     .isSearched = true, .scope = OptionScope::File, .commands = readers, .value = "DIR",
+     .help = "a directory with copybooks; may be given several times",
+     .set = assign<&Request::parse, &ParseOptions::includeDirectories>},
+    {.name = "define", .letter = 'D', .type = OptionType::Text, .isList = true,
+     .scope = OptionScope::File, .commands = readers, .value = "NAME[=VALUE]",
+     .help = "a compilation variable for >>IF and >>EVALUATE", .set = addDefinition},
+    {.name = "source-format", .type = OptionType::Choice, .scope = OptionScope::File,
+     .commands = readers, .choices = sourceFormats, .fallback = "\"auto\"",
+     .help = "the layout of the lines (auto)",
+     .set = assign<&Request::parse, &ParseOptions::format>},
+    {.name = "encoding", .type = OptionType::Text, .scope = OptionScope::File, .commands = readers,
+     .value = "NAME", .fallback = "\"UTF-8\"",
+     .help = "the encoding of the source files (UTF-8)", .set = setEncoding},
+    {.name = "cics", .scope = OptionScope::File, .commands = readers,
+     .help = "supply what CICS does: the EIB, DFHRESP(...), DFHAID, DFHBMSCA",
+     .set = assign<&Request::parse, &ParseOptions::cics>},
+    {.name = "sql", .scope = OptionScope::File, .commands = readers,
+     .help = "supply what DB2 does: SQLCA, SQLDA, SQL TYPE",
+     .set = assign<&Request::parse, &ParseOptions::sql>},
+
+    // What check does.
+    {.name = "verify", .isConfigurable = false, .commands = check,
+     .help = "compare the report with the expectations in the source: *> expect: NUMBER",
+     .set = assign<&Request::verify>},
+    {.name = "syntax-only", .commands = check,
+     .help = "read the program only: what the front end reports, no checks",
+     .set = assign<&Request::syntaxOnly>},
+    {.name = "jobs", .letter = 'j', .type = OptionType::Number, .commands = check, .value = "N",
+     .min = 1, .max = 1024, .help = "files to check at the same time (one a processor)",
+     .set = assign<&Request::jobs>},
+
+    // What the other commands print.
+    {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Cfg),
+     .choices = graphFormats, .fallback = "\"text\"", .help = "how to print it (text)",
+     .set = assign<&Request::format>},
+    {.name = "format", .type = OptionType::Choice,
+     .commands = setOf(Command::Flow) | setOf(Command::Layout) | setOf(Command::Ast),
+     .choices = textFormats, .fallback = "\"text\"", .help = "how to print it (text)",
+     .set = assign<&Request::format>},
+    {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
+     .choices = explanationFormats, .fallback = "\"text\"", .help = "how to print it (text)",
+     .set = assign<&Request::format>},
+    {.name = "function", .type = OptionType::Text, .commands = setOf(Command::Cfg),
+     .value = "NAME", .help = "only this program's function",
+     .set = assign<&Request::view, &GraphView::function>},
+    {.name = "paragraph", .type = OptionType::Text, .commands = setOf(Command::Cfg),
+     .value = "NAME", .help = "only the blocks of the paragraphs and sections of this name",
+     .set = assign<&Request::view, &GraphView::paragraph>},
+    {.name = "collapse", .commands = setOf(Command::Cfg), .help = "one node for each procedure",
+     .set = assign<&Request::view, &GraphView::collapse>},
+    {.name = "full", .commands = setOf(Command::Cfg),
+     .help = "draw every block, however large the picture gets (dot)",
+     .set = assign<&Request::view, &GraphView::full>},
+    {.name = "keep-going", .commands = setOf(Command::Cfg) | setOf(Command::Flow),
+     .help = "print it though the checks failed", .set = assign<&Request::keepGoing>},
+    {.name = "record", .type = OptionType::Text, .commands = setOf(Command::Layout),
+     .value = "NAME", .help = "only the records of this name", .set = setRecord},
+    {.name = "all", .commands = setOf(Command::Layout), .help = "the special registers too",
+     .set = assign<&Request::layout, &LayoutView::all>},
+    {.name = "keep-going", .commands = setOf(Command::Layout) | setOf(Command::Ast),
+     .help = "has no effect: it is always printed", .set = assign<&Request::keepGoing>},
+
+    // The report.
+    {.name = "", .letter = 'W', .type = OptionType::Text, .isList = true,
+     .scope = OptionScope::File, .isConfigurable = false, .commands = readers,
+     .value = "no-NUMBERS|error=NUMBERS", .group = reportGroup,
+     .help = "turn diagnostics off, or into errors", .set = addWarningOption},
+    {.name = "off", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
+     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .help = "do not report these: numbers, ranges, groups, with commas between them",
+     .set = addRules<Selection::Action::Off>},
+    {.name = "warn", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
+     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .help = "report these as warnings", .set = addRules<Selection::Action::Warn>},
+    {.name = "error", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
+     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .help = "report these as errors", .set = addRules<Selection::Action::Error>},
+    {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
+     .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
+     .set = assign<&Request::color>},
+    {.name = "output", .letter = 'o', .type = OptionType::Path,
+     .commands = readers | setOf(Command::Explain), .value = "FILE", .group = reportGroup,
+     .help = "write to FILE instead", .set = assign<&Request::output>},
+    {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
+     .fallback = "\"auto\"", .group = reportGroup,
+     .help = "the form of the report (auto: pretty on a terminal, else classic)",
+     .set = assign<&Request::reportForm>},
+    {.name = "all", .commands = check, .group = reportGroup,
+     .help = "report what follows from other errors too", .set = assign<&Request::all>},
+    {.name = "statistics", .commands = check, .group = reportGroup,
+     .help = "print a summary at the end", .set = assign<&Request::statistics>},
+    {.name = "baseline", .type = OptionType::Path, .commands = check, .value = "FILE",
+     .group = reportGroup, .help = "leave out the findings that FILE knows",
+     .set = assign<&Request::baseline>},
+    {.name = "write-baseline", .type = OptionType::Path, .isConfigurable = false,
+     .commands = check, .value = "FILE", .group = reportGroup,
+     .help = "write all findings to FILE, and report none",
+     .set = assign<&Request::writeBaseline>},
+    {.name = "exit-zero", .commands = check, .group = reportGroup,
+     .help = "exit with 0 though errors are reported", .set = assign<&Request::exitZero>},
+    {.name = "max-errors", .type = OptionType::Number, .commands = check, .value = "N", .min = 1,
+     .group = reportGroup, .help = "stop after N errors", .set = assign<&Request::maxErrors>},
+    {.name = "fix", .isConfigurable = false, .commands = check, .group = reportGroup,
+     .help = "change the sources where a fix is certain", .set = assign<&Request::fix>},
+    {.name = "diff", .isConfigurable = false, .commands = check, .needs = "fix",
+     .group = reportGroup, .help = "with --fix: print the changes, and change nothing",
+     .set = assign<&Request::diff>},
+
+    // How it is compiled.
+    {.name = "check-file-id", .scope = OptionScope::File, .commands = readers,
+     .group = compileGroup, .help = "PROGRAM-ID must be the name of the file",
+     .set = assign<&Request::compile, &CompileSettings::checkFileID>},
+    {.name = "dateproc", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "honour DATE FORMAT clauses",
+     .set = assign<&Request::compile, &CompileSettings::dateproc>},
+    {.name = "debug", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "debugging mode", .set = assign<&Request::compile, &CompileSettings::debug>},
+    {.name = "dual", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "mark dual variables", .set = assign<&Request::compile, &CompileSettings::dual>},
+    {.name = "init", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "items without VALUE are initialised",
+     .set = assign<&Request::compile, &CompileSettings::init>},
+    {.name = "enable-cbltdli", .scope = OptionScope::File, .commands = readers,
+     .group = compileGroup, .help = "calls of CBLTDLI are DL/I calls",
+     .set = assign<&Request::compile, &CompileSettings::enableCbltdli>},
+    {.name = "enable-aertdli", .scope = OptionScope::File, .commands = readers,
+     .group = compileGroup, .help = "calls of AERTDLI are DL/I calls",
+     .set = assign<&Request::compile, &CompileSettings::enableAertdli>},
+    {.name = "enable-rw", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "the report writer's registers and identifiers",
+     .set = assign<&Request::compile, &CompileSettings::enableRw>},
+    {.name = "enable-osvs", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "the words and statements of OS/VS COBOL",
+     .set = assign<&Request::parse, &ParseOptions::osvs>},
+    {.name = "enterprise", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+     .help = "follow Enterprise COBOL where the checks are stricter; tarka explain enterprise",
+     .set = assign<&Request::compile, &CompileSettings::enterprise>},
+};
+
+constexpr CommandInfo commandTable[] = {
+    {Command::Check, "check", "report what is wrong with each FILE"},
+    {Command::Cfg, "cfg", "print the control-flow graph of FILE"},
+    {Command::Flow, "flow",
+     "print what is never reached in FILE, what is performed, and figures"},
+    {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
+    {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
+    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that draws it"},
+};
+// clang-format on
+
+std::string readFlag(llvm::StringRef text, OptionValue &value) {
+  value.on = text == "true";
+  return value.on || text == "false" ? "" : "'" + text.str() + "' is neither true nor false";
+}
+
+std::string readNumber(const Option &option, llvm::StringRef text, OptionValue &value) {
+  if (!text.getAsInteger(10, value.number) && value.number >= option.min &&
+      value.number <= option.max)
+    return "";
+  std::string range = " from " + std::to_string(option.min);
+  if (option.max != ~0u)
+    range += " to " + std::to_string(option.max);
+  return "'" + text.str() + "' is no whole number" + range;
+}
+
+std::string readSeconds(llvm::StringRef text, OptionValue &value) {
+  if (!text.getAsDouble(value.seconds) && value.seconds >= 0 && value.seconds < 1e9)
+    return "";
+  return "'" + text.str() + "' is no number of seconds";
+}
+
+std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &value) {
+  for (const OptionChoice &choice : option.choices)
+    if (text.equals_insensitive(choice.word)) {
+      value.text = choice.word;
+      value.number = static_cast<unsigned>(choice.value);
+      return "";
+    }
+  std::vector<std::string> words;
+  for (const OptionChoice &choice : option.choices)
+    words.push_back(choice.word.str());
+  return "'" + text.str() + "' is none of " + llvm::join(words, ", ") + suggestWord(text, words);
+}
+
+} // namespace
+
+std::string Option::valueText() const {
+  if (choices.empty())
+    return value.str();
+  std::vector<llvm::StringRef> words;
+  for (const OptionChoice &choice : choices)
+    words.push_back(choice.word);
+  return llvm::join(words, "|");
+}
+
+llvm::ArrayRef<Option> allOptions() {
+  return table;
+}
+
+const Option *findOption(llvm::StringRef name, Command command) {
+  for (const Option &option : table)
+    if (!name.empty() && option.name == name && option.isOf(command))
+      return &option;
+  return nullptr;
+}
+
+std::string setOption(const Option &option, llvm::StringRef text, Request &request) {
+  OptionValue value;
+  value.text = text;
+  std::string fault;
+  switch (option.type) {
+  case OptionType::Flag:
+    fault = readFlag(text, value);
+    break;
+  case OptionType::Number:
+    fault = readNumber(option, text, value);
+    break;
+  case OptionType::Seconds:
+    fault = readSeconds(text, value);
+    break;
+  case OptionType::Choice:
+    fault = readChoice(option, text, value);
+    break;
+  case OptionType::Text:
+  case OptionType::Path:
+    break;
+  }
+  return fault.empty() ? option.set(request, value) : fault;
+}
+
+std::string nearestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string lower = word.lower();
+  SpellingMatch match(lower);
+  for (const std::string &candidate : candidates)
+    match.consider(candidate);
+  return match.getNearest().str();
+}
+
+std::string suggestWord(llvm::StringRef word, llvm::ArrayRef<std::string> candidates) {
+  const std::string near = nearestWord(word, candidates);
+  return near.empty() ? "" : "; was " + near + " meant?";
+}
+
+llvm::ArrayRef<CommandInfo> allCommands() {
+  return commandTable;
+}
+
+} // namespace tarka
