@@ -1,6 +1,7 @@
 //===- CommandLine.cpp - reading the command line -------------------------===//
 
 #include "CommandLine.h"
+#include "Depfile.h"
 #include "Options.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -80,6 +81,12 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->option_text("NUMBER...");
     return;
   }
+  if (command == Command::Generate) {
+    app.add_option("WHAT", request.operands, "a shell, or man and the directory for the pages")
+        ->option_text("bash|zsh|fish|man [DIRECTORY]")
+        ->required();
+    return;
+  }
   auto *files = app.add_option("FILE", request.files, "the source to read")->required();
   if (command == Command::Check)
     files->option_text("FILE...");
@@ -116,6 +123,22 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
     message += "; tarka " + (command == program ? "" : command->get_name() + " ") +
                "--help lists the options";
   return "tarka: " + message + "\n";
+}
+
+/// Puts the long names of options in the place of those that compilers have for depfiles: -MD,
+/// -MF FILE, -MT NAME. CLI11 has no short names of two letters.
+void translateDepfileOptions(std::vector<std::string> &arguments) {
+  for (std::string &word : arguments) {
+    if (word == "--")
+      return;
+    llvm::StringRef value = word;
+    if (value == "-MD")
+      word = "--depfile";
+    else if (value.consume_front("-MF"))
+      word = ("--depfile-output" + (value.empty() ? "" : "=" + value)).str();
+    else if (value.consume_front("-MT"))
+      word = ("--depfile-target" + (value.empty() ? "" : "=" + value)).str();
+  }
 }
 
 /// Whether \p word, with which the command line begins, looks like a command and is not a file.
@@ -163,10 +186,13 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     }
     arguments.insert(arguments.begin(), "check");
   }
+  translateDepfileOptions(arguments);
   std::reverse(arguments.begin(), arguments.end());
 
   try {
     app.parse(arguments);
+    if (const std::string fault = checkDepfileOptions(request); !fault.empty())
+      throw CLI::ValidationError(fault);
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     if (!std::cout.flush()) {

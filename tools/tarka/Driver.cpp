@@ -8,11 +8,16 @@
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Depfile.h"
 #include "Explain.h"
 #include "Findings.h"
+#include "Generate.h"
 #include "OutputFile.h"
+#include "Parse/Dependencies.h"
+#include "Parse/Expansion.h"
 #include "Parse/Parse.h"
 #include "Parse/SourceFile.h"
+#include "Print/PrintExpansion.h"
 #include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
@@ -43,12 +48,15 @@ constexpr unsigned stackSize = 1u << 30;
 class Compilation {
 public:
   Compilation(const Request &driverRequest, const std::string &source)
-      : request(driverRequest), file(source), lines(driverRequest.parse) {}
+      : request(driverRequest), file(source), lines(driverRequest.parse),
+        expansion(driverRequest.command == Command::Expand) {}
 
   /// Reads and checks the file and gives what is to be reported of it.
   FileReport check();
   /// The same for --verify: compares what was found with what the source expects.
   int verify();
+  /// Prints what the program copies, as the report asks for; gives the exit status.
+  int listCopybooks(llvm::raw_ostream &out);
   /// Prints what the command asks for, after check().
   int print();
 
@@ -60,6 +68,7 @@ private:
   GraphView drawableView(const CFGModule &module) const;
   int printLayout(CommandOutput &output);
   int printTree(CommandOutput &output);
+  int printExpansion(CommandOutput &output);
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
@@ -70,6 +79,9 @@ private:
   /// What the second pass has found; only check runs it.
   std::vector<ErrorEntry> secondPass;
   PartResults parts{handler};
+  Expansion expansion;
+  /// What the front end reads; null unless something asks for it.
+  llvm::IntrusiveRefCntPtr<DependencyRecorder> dependencies;
   Program *program = nullptr;
   bool checksSucceeded = false;
 };
@@ -80,7 +92,15 @@ bool Compilation::analyse(std::string &failure) {
   settings.enableOsvs = request.parse.osvs;
   TopLevel::beginCompilation(baseName.str(), settings);
 
-  llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
+  ParseOptions options = request.parse;
+  if (!request.depfileTargets.empty() || request.writeDepfile || !request.depfile.empty()) {
+    dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
+        options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
+    options.fileSystem = dependencies;
+  }
+  const bool isExpanded = request.command == Command::Expand || request.listCopybooks;
+  llvm::ErrorOr<Program *> parsed =
+      parseProgram(file, baseName, options, frontEnd, isExpanded ? &expansion : nullptr);
   if (!parsed) {
     failure = "cannot read " + file + ": " + parsed.getError().message();
     return false;
@@ -98,7 +118,10 @@ bool Compilation::analyse(std::string &failure) {
 FileReport Compilation::check() {
   FileReport report;
   report.file = file;
-  if (!analyse(report.failure))
+  const bool isRead = analyse(report.failure);
+  if (dependencies)
+    report.inputs = watchedPaths(dependencies->getDependencies(), *llvm::vfs::getRealFileSystem());
+  if (!isRead)
     return report;
   report.failedSilently =
       request.command == Command::Check && !checksSucceeded && !hasErrors() && secondPass.empty();
@@ -173,12 +196,41 @@ void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
   findings = std::move(rest);
 }
 
+int Compilation::listCopybooks(llvm::raw_ostream &out) {
+  std::string failure;
+  if (!analyse(failure)) {
+    llvm::errs() << "tarka: " << failure << '\n';
+    return ExitUnusable;
+  }
+  if (request.reportForm == ReportForm::Json)
+    printCopiesJson(out, file, expansion);
+  else
+    printCopiesText(out, file, expansion);
+  const bool isMissing = llvm::any_of(expansion.getCopies(), [](const CopyUse &use) {
+    return use.outcome == CopyUse::Outcome::Missing;
+  });
+  return isMissing ? ExitFindings : ExitClean;
+}
+
+int Compilation::printExpansion(CommandOutput &output) {
+  output.stream().SetBuffered();
+  if (request.format == OutputFormat::Json)
+    printExpansionJson(output.stream(), expansion);
+  else
+    printExpansionText(output.stream(), expansion, request.expansion);
+  if (!output.finish("text"))
+    return ExitInternal;
+  return hasErrors() ? ExitFindings : ExitClean;
+}
+
 int Compilation::print() {
   CommandOutput output(request.output);
   if (!output.isOpen())
     return ExitInternal;
   if (request.command == Command::Cfg || request.command == Command::Flow)
     return printGraph(output);
+  if (request.command == Command::Expand)
+    return printExpansion(output);
   return request.command == Command::Layout ? printLayout(output) : printTree(output);
 }
 
@@ -283,14 +335,54 @@ void compile(llvm::function_ref<void()> work) {
   worker.join();
 }
 
+/// Prints what each of the files copies.
+int listCopybooks(const Request &given) {
+  Request request = given;
+  request.syntaxOnly = true;
+  CommandOutput output(request.output);
+  if (!output.isOpen())
+    return ExitInternal;
+  const bool isJson = request.reportForm == ReportForm::Json;
+  if (isJson)
+    output.stream() << "{\"version\":1,\"programs\":[";
+  int status = ExitClean;
+  bool isFirst = true;
+  auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
+    int result = ExitInternal;
+    compile([&] { result = Compilation(request, file).listCopybooks(answer); });
+    return result;
+  };
+  runWorkers(request.files, request.jobs, listOne, [&](const WorkerResult &result) {
+    if (!result.failure.empty())
+      llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
+    else if (!result.answer.empty())
+      output.stream() << (isJson && !isFirst ? ",\n" : "") << result.answer;
+    isFirst &= result.answer.empty();
+    status = std::max(status, result.failure.empty() ? result.exitStatus : ExitInternal);
+    return true;
+  });
+  if (isJson)
+    output.stream() << "]}\n";
+  return output.finish("list") ? status : ExitInternal;
+}
+
 /// Checks the files, one here or several in workers of their own, and reports.
 int checkFiles(const Request &request) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
+  Depfile depfile(request);
+  auto take = [&](FileReport report) {
+    depfile.add(report.inputs);
+    run.take(std::move(report));
+  };
+  auto finish = [&] {
+    const int status = run.finish();
+    return depfile.write() ? status : ExitInternal;
+  };
   if (request.files.size() == 1) {
-    compile([&] { run.take(Compilation(request, request.files.front()).check()); });
-    return run.finish();
+    compile([&] { take(Compilation(request, request.files.front()).check()); });
+    return finish();
   }
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
     compile([&] { serialize(answer, Compilation(request, file).check()); });
@@ -299,13 +391,13 @@ int checkFiles(const Request &request) {
   runWorkers(request.files, request.jobs, checkOne, [&](const WorkerResult &result) {
     std::optional<FileReport> report = deserializeFileReport(result.answer);
     if (report && result.failure.empty())
-      run.take(std::move(*report));
+      take(std::move(*report));
     else
       run.takeCrash(result.file,
                     result.failure.empty() ? "its worker did not answer" : result.failure);
     return !run.isFull();
   });
-  return run.finish();
+  return finish();
 }
 
 int verifyFiles(const Request &request) {
@@ -330,7 +422,9 @@ int verifyFiles(const Request &request) {
 }
 
 /// Reports what is wrong with the file, then prints what was asked for.
-int printFile(const Request &request) {
+int printFile(const Request &given) {
+  Request request = given;
+  request.syntaxOnly = request.command == Command::Expand;
   int status = ExitInternal;
   compile([&] {
     Compilation compilation(request, request.files.front());
@@ -361,8 +455,12 @@ void writeReport(const Request &request, llvm::raw_ostream &out) {
 int carryOut(const Request &request) {
   if (request.command == Command::Explain)
     return explain(request);
+  if (request.command == Command::Generate)
+    return generate(request);
   if (request.command != Command::Check)
     return printFile(request);
+  if (request.listCopybooks)
+    return listCopybooks(request);
   return request.verify ? verifyFiles(request) : checkFiles(request);
 }
 
