@@ -2,6 +2,7 @@
 
 #include "Input.h"
 #include "llvm/Support/MemoryBuffer.h"
+#include <cstdlib>
 
 namespace tarka::fuzz {
 
@@ -39,7 +40,8 @@ ParseOptions optionsFor(llvm::StringRef input) {
   options.limits.replacementTokens = 50'000;
 
   auto memory = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
-  memory->setCurrentWorkingDirectory("/");
+  if (memory->setCurrentWorkingDirectory("/"))
+    abort();
   for (const InputFile &file : splitInput(input))
     if (!file.name.empty() && !file.name.starts_with("."))
       memory->addFile(file.name, 0, llvm::MemoryBuffer::getMemBufferCopy(file.text, file.name));

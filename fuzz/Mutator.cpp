@@ -10,7 +10,6 @@
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringRef.h"
 #include <algorithm>
-#include <cstring>
 #include <random>
 #include <string>
 
@@ -104,7 +103,7 @@ std::string changeLines(StringRef text, StringRef from, Random &random) {
 
 size_t give(const std::string &result, uint8_t *data, size_t maxSize) {
   size_t size = std::min(result.size(), maxSize);
-  memcpy(data, result.data(), size);
+  std::copy_n(result.begin(), size, data);
   return size;
 }
 

@@ -17,8 +17,7 @@
 #include "AST/Forward.h"
 #include "AST/Kinds.h"
 #include "Analyzer/ErrorHandler.h"
-#include "llvm/ADT/ArrayRef.h"
-#include "llvm/ADT/SmallVector.h"
+#include <cstddef>
 #include <cstdint>
 #include <list>
 #include <memory>
@@ -127,6 +126,7 @@ public:
   }
   /// Pushes a warning at \p node. A warning does not fail the check.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
+  /// The error handler that the checker was made with; never null.
   ErrorHandler *getErrorHandler() const { return errorHandler; }
 
   /// The listener that receives the result of every part; null, the default, for none.
@@ -137,53 +137,45 @@ public:
   // State of the walk
   //===--------------------------------------------------------------------===//
 
-  /// The section whose statements are being checked, or null.
-  Section *getOuterSection() const { return outerSection; }
-  void setOuterSection(Section *section) { outerSection = section; }
+  /// The section whose statements are being checked; null outside of sections.
+  Section *getOuterSection() const;
+  void setOuterSection(Section *section);
 
   /// Set while the USE statement of a declarative is checked.
-  bool getIsDeclaratives() const { return isDeclaratives; }
-  void setIsDeclaratives(bool on) { isDeclaratives = on; }
+  bool getIsDeclaratives() const;
+  void setIsDeclaratives(bool on);
 
   /// Set while the section of a declarative is checked.
-  bool getInDeclaratives() const { return inDeclaratives; }
-  void setInDeclaratives(bool on) { inDeclaratives = on; }
+  bool getInDeclaratives() const;
+  void setInDeclaratives(bool on);
 
   /// The report whose description, or whose USE BEFORE REPORTING declarative, is being checked.
-  ReportDescription *getCurrentRD() const { return currentRD; }
-  void setCurrentRD(ReportDescription *report) { currentRD = report; }
-  /// True when \p report is the current report, or there is none.
-  bool checkCurrentRD(const ReportDescription *report) const {
-    return !currentRD || currentRD == report;
-  }
+  ReportDescription *getCurrentRD() const;
+  void setCurrentRD(ReportDescription *report);
+  /// Whether \p report is the current report, or there is no current report.
+  bool checkCurrentRD(const ReportDescription *report) const;
 
   /// The report items that have a SOURCE clause. Begin and End may only be asked for when there is
   /// one.
   void addUsedSrc(ReportDataDescription *item);
   std::list<ReportDataDescription *>::iterator getUsedSrcListBegin();
   std::list<ReportDataDescription *>::iterator getUsedSrcListEnd();
-  std::size_t getUsedSrcListSize() const { return usedSrcList ? usedSrcList->size() : 0; }
+  std::size_t getUsedSrcListSize() const;
 
-  /// The largest item, in bytes, that an XML PARSE of the current source unit reads; 1 when there
-  /// is no such statement.
-  std::uint64_t getXmlTextSize() const { return xmlTextSize; }
-  void setXmlTextSize(std::uint64_t bytes) { xmlTextSize = bytes; }
-  /// The XML-TEXT register of the current source unit; null when it has none of its own.
-  DataDescription *getXmlTextRegister() const { return xmlTextRegister; }
-  void setXmlTextRegister(DataDescription *entry) { xmlTextRegister = entry; }
-
-  /// Notes an index name that was given a parent; freeIndex() takes the parents away again when
-  /// the program has been checked, so that no later stage takes the entry for a child.
+  /// Remembers an index name that was given a parent.
   void addIndexFreeList(DataDescription *entry);
+  /// Removes the parents of those index names. It runs when the compilation has been checked, so
+  /// that no later stage takes an index name for a child.
   void freeIndex();
 
-  /// What the rules remember across the compilation, one object for each family that needs it.
-  /// Only the library sees inside: lib/Analyzer/CheckerState.h.
+  /// What the rules remember during the compilation, one object for each family that needs it. It
+  /// is defined in lib/Analyzer/CheckerState.h, which is not installed.
   struct State;
   State &getState() const { return *state; }
 
-  /// The names of the ENTRY statements met so far. Names are the same when their texts are.
+  /// Adds the name of an ENTRY statement, an alphanumeric literal.
   void addEntryName(LiteralExpression *name);
+  /// Whether an ENTRY statement with the text of \p name was added; case and spaces count.
   bool findEntryNames(LiteralExpression *name);
 
   //===--------------------------------------------------------------------===//
@@ -197,14 +189,25 @@ public:
   bool semanticCheck(SourceUnit &unit);
   /// Makes the program \p name callable from \p unit and everything nested in it.
   bool setCallableSource(SourceUnit &unit, std::string name);
+  /// Checks the sections of the division in the order of the source.
   bool semanticCheck(DataDivision &division);
+  /// Checks USING and RETURNING, the declaratives, then the procedures; reports UsingItem... and
+  /// ReturningInNestedProgram.
   bool semanticCheck(ProcedureDivision &division);
+  /// Checks a USE statement and the section that it belongs to.
   bool semanticCheck(Declaratives &declarative);
+  /// Binds the files, procedures or the report group of a USE statement; reports the Use...
+  /// diagnostics.
   bool semanticCheck(UseStatement &use);
+  /// Checks the priority number (PriorityNumberRange) and everything in the section.
   bool semanticCheck(Section &section);
-  /// \p section is the one around the paragraph or sentence, null outside of sections.
+  /// Checks the sentences of a paragraph. \p section is the one around it, null outside of
+  /// sections.
   bool semanticCheck(Paragraph &paragraph, Section *section);
+  /// Checks the statements of a sentence. \p section is the one around it, null outside of
+  /// sections.
   bool semanticCheck(Sentence &sentence, Section *section);
+  /// The item of RETURNING; reports UsingItemNotLinkageRecord.
   bool semanticCheck(Returning &returning);
 
   //===--------------------------------------------------------------------===//
@@ -220,39 +223,68 @@ public:
 
   /// Checks the sections of the division, each if present.
   bool semanticCheck(EnvironmentDivision &division);
+  /// SOURCE-COMPUTER has no rules: always true.
   bool semanticCheck(ParaSourceComputer &paragraph);
+  /// MEMORY SIZE, the collating sequence, SEGMENT-LIMIT.
   bool semanticCheck(ParaObjectComputer &paragraph);
+  /// The clauses of SPECIAL-NAMES, and that mnemonic and alphabet names are unique.
   bool semanticCheck(ParaSpecialNames &paragraph);
+  /// A SELECT entry: each of its clauses, and PASSWORD.
   bool semanticCheck(ParaFileControl &entry);
+  /// An I-O-CONTROL entry: each of its clauses.
   bool semanticCheck(ParaIOControl &entry);
 
   // Each of these checks one clause or phrase of SPECIAL-NAMES.
+
+  /// The environment name, and the conditions of a UPSI switch.
   bool checkClauseEnvName(ClauseEnvName &clause);
   /// A literal of ALPHABET: unsigned integer, plain alphanumeric literal or figurative constant.
   bool checkLiteralValue(LiteralExpression *literal);
+  /// ALPHABET; fills in the collating table of the clause.
   bool checkClauseAlphabet(ClauseAlphabet &clause);
+  /// One list of SYMBOLIC CHARACTERS: as many integers as names.
   bool checkPhraseSymbolic(PhrsSymbolic &phrase);
+  /// The lists of SYMBOLIC CHARACTERS, and the alphabet that they refer to.
   bool checkClauseSymbolic(ClauseSymbolic &clause);
+  /// One literal or range of CLASS.
   bool checkPhraseClass(PhrsClass &phrase);
+  /// The literals and ranges of CLASS.
   bool checkClauseClass(ClauseClass &clause);
+  /// CURRENCY SIGN; reports CurrencySignNotSingleCharacter and CurrencySignInvalidCharacter.
   bool checkClauseCurrency(ClauseCurrency &clause);
 
   // Each of these checks one clause of a FILE-CONTROL entry, which the entry must have.
+
+  /// ASSIGN has no rules: always true.
   bool checkClauseAssign(ParaFileControl &entry);
+  /// RESERVE: the number is an integer.
   bool checkClauseReserve(ParaFileControl &entry);
+  /// ORGANIZATION has no rules: always true.
   bool checkClauseOrganization(ParaFileControl &entry);
+  /// PADDING CHARACTER: one character, and an item outside the file section.
   bool checkClausePadding(ParaFileControl &entry);
+  /// RECORD DELIMITER has no rules: always true.
   bool checkClauseRecordDelimiter(ParaFileControl &entry);
+  /// ACCESS MODE has no rules: always true.
   bool checkClauseAccess(ParaFileControl &entry);
+  /// FILE STATUS; reports the FileStatus... diagnostics.
   bool checkClauseStatus(ParaFileControl &entry);
+  /// RECORD KEY with its PASSWORD. The key must be an item of the file section.
   bool checkClauseRecordKey(ParaFileControl &entry);
+  /// RELATIVE KEY: an unsigned integer.
   bool checkClauseRelativeKey(ParaFileControl &entry);
+  /// Binds the names of the ALTERNATE RECORD KEY clauses, with their PASSWORDs.
   bool checkClauseAlternateList(ParaFileControl &entry);
 
   // Each of these checks one clause of an I-O-CONTROL entry, which the entry must have.
+
+  /// RERUN: the file that it counts is sequential.
   bool checkClauseRerun(ParaIOControl &entry);
+  /// SAME AREA, SAME RECORD AREA, SAME SORT AREA.
   bool checkClauseSame(ParaIOControl &entry);
+  /// MULTIPLE FILE TAPE: names of files.
   bool checkClauseMultipleFile(ParaIOControl &entry);
+  /// APPLY WRITE-ONLY: names of sequential files.
   bool checkClauseApplyWriteOnly(ParaIOControl &entry);
 
   //===--------------------------------------------------------------------===//
@@ -261,15 +293,26 @@ public:
 
   /// Checks one entry and everything below it.
   bool semanticCheck(DataDescription &entry);
+  /// The level number, and the clauses that levels 66 and 88 can have; reports the Level...
+  /// diagnostics.
   bool checkLevelNumber(DataDescription &entry);
   /// Moves the condition names among the children of \p entry to a list of their own.
   bool check88LevelDataDescription(DataDescription &entry);
+
   // From here on each checks one clause, which the entry must have.
+
+  /// BLANK WHEN ZERO; reports the BlankZero... diagnostics.
   bool checkClauseBlank(DataDescription &entry);
+  /// EXTERNAL; reports the External... diagnostics.
   bool checkClauseExternal(DataDescription &entry);
+  /// GLOBAL, which the items directly below inherit; reports the Global... diagnostics.
   bool checkClauseGlobal(DataDescription &entry);
+  /// JUSTIFIED; reports the Justified... diagnostics.
   bool checkClauseJustified(DataDescription &entry);
+  /// Passes the USAGE of a group on to the entries directly below it; reports
+  /// UsageDiffersFromGroup.
   bool checkClauseGroupUsage(DataDescription &entry);
+  /// USAGE of an elementary item; reports the Usage... diagnostics.
   bool checkClauseUsage(DataDescription &entry);
 
   /// The character string, its length, and whether it fits the usage: PictureStringInvalid,
@@ -319,12 +362,20 @@ public:
 
   /// Binds the names of RENAMES and checks their range; reports the Renames... diagnostics.
   bool checkClauseRenames(DataDescription &entry);
+  /// An item at one end of the range of RENAMES: its level, and that it is not in a table.
   bool checkDataRenames(DataDescription *renamed);
+  /// The SIGN clause of an item, or of a group, whose items inherit it; reports the Sign...
+  /// diagnostics.
   bool checkClauseSign(DataDescription &entry);
+  /// Gives \p inherited, the SIGN of a group, to the items at and below \p item that have none of
+  /// their own, or checks the item's own clause when it is null. True when an item can have the
+  /// clause.
   bool checkSignElement(DataDescription *item, ClauseSign *inherited);
 
-  /// Links the entry with the one that it redefines; reports the Redefines... diagnostics.
+  /// Links the entry with the one that it redefines; reports the Redefines... diagnostics. The
+  /// spelling of the name is part of the interface.
   bool checkClauseRedifines(DataDescription &entry);
+  /// Decodes the pattern of DATE FORMAT; without date processing the clause is removed.
   bool checkClauseDateFormat(DataDescription &entry);
 
   //===--------------------------------------------------------------------===//
@@ -334,19 +385,33 @@ public:
   /// Checks an FD or SD entry with its records.
   bool semanticCheck(FileDescription &file);
   // Each of these checks one clause, which the entry must have.
+
+  /// GLOBAL, which the records of the file inherit.
   bool checkClauseGlobalFile(FileDescription &file);
+  /// EXTERNAL has no rules: always true.
   bool checkClauseExternalFile(FileDescription &file);
+  /// BLOCK CONTAINS; reports BlockContainsNotNonzeroUnsigned.
   bool checkClauseBlock(FileDescription &file);
+  /// RECORD CONTAINS and RECORD VARYING; reports the Record... diagnostics.
   bool checkClauseRecord(FileDescription &file);
+  /// LABEL RECORDS; reports LabelNotDataItem.
   bool checkClauseLabel(FileDescription &file);
+  /// VALUE OF; reports the ValueOf... diagnostics.
   bool checkClauseValueOf(FileDescription &file);
+  /// DATA RECORDS has no rules: always true.
   bool checkClauseDataRecord(FileDescription &file);
+  /// LINAGE; reports the Linage... diagnostics.
   bool checkClauseLinage(FileDescription &file);
+  /// RECORDING MODE by itself has no rules: always true.
   bool checkClauseRecordingMode(FileDescription &file);
+  /// CODE-SET: the alphabet is defined.
   bool checkClauseCodeSet(FileDescription &file);
+  /// REPORT; links each report with the file.
   bool checkClauseReport(FileDescription &file);
+  /// Whether an operand of LINAGE is an unsigned integer; reports LinageNotUnsigned and
+  /// LinageNotInteger. The spelling of the name is part of the interface.
   bool checkUnsigendInteger(Expression *expression);
-  /// Widens the record lengths of \p file for a record of variable length.
+  /// Adjusts the record lengths of \p file to \p record, which has a variable length.
   void determineRecordingModeV(DataDescription &record, FileDescription &file);
 
   //===--------------------------------------------------------------------===//
@@ -362,14 +427,18 @@ public:
 
   /// Checks an operand of any kind and binds its names.
   bool semanticCheck(Expression &expression);
+  /// Checks a literal of any kind.
   bool semanticCheck(LiteralExpression &literal);
+  /// Checks an identifier of any kind and binds its names.
   bool semanticCheck(IdentifierExpression &identifier);
   /// Binds a data reference to its entry. \p silentIfUndefined: a name that is not found is no
   /// error, the caller decides. \p preferReportItem: of an item of the report section and another
   /// of the same name the former is meant.
   bool semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined = false,
                      bool preferReportItem = false);
+  /// The subscripts of a reference: which operands they can be, and that only a table has them.
   bool checkSubscriptModifier(DataIdentifierExpression &identifier);
+  /// The reference modifier of a data item or function.
   bool checkReferenceModifier(Expression &expression);
   /// Notes how a report declarative uses the item.
   bool checkDataAccessWayForRptDecl(DataIdentifierExpression &identifier);
@@ -378,22 +447,33 @@ public:
   /// Makes the MOVE of \p source to the report item \p target that no statement writes.
   void addDummyStmtForReportDeclaratives(DataIdentifierExpression *source, DataDescription *target);
 
+  /// The number of digits, and the exponent of a floating-point literal.
   bool semanticCheck(NumericLiteralExpression &literal);
+  /// The digits of a hexadecimal literal.
   bool semanticCheck(NonNumericLiteralExpression &literal);
+  /// Resolves symbolic characters and ALL literal; reports the All... diagnostics.
   bool semanticCheck(FigurativeLiteralExpression &literal);
 
+  /// An intrinsic function with its arguments and reference modifier.
   bool semanticCheck(FunctionIdentifierExpression &function);
+  /// The rules for the arguments of particular functions; today those of NUMVAL.
   bool checkAllowArgument(FunctionIdentifierExpression &function);
+  /// The arguments of NUMVAL, which cannot be numbers.
   bool checkFunctionNumval(FunctionIdentifierExpression &function);
 
+  /// Binds a file-name to its description.
   bool semanticCheck(FileIdentifierExpression &file);
+  /// Binds a special register to its entry, with its operand where it has one.
   bool semanticCheck(SpecialRegisterIdentifierExpression &specialRegister);
+  /// Binds the name of a report.
   bool semanticCheck(ReportIdentifierExpression &identifier);
   /// The report of that name: one of the current source unit, or a GLOBAL one of a unit around it;
   /// null when there is none.
   ReportDescription *findReport(const std::string &name);
 
+  /// Checks the operands of an arithmetic expression, whose values must be numbers.
   bool semanticCheck(ArithmeticExpression &expression);
+  /// Checks the operands of an abbreviated combined relation.
   bool semanticCheck(AbbrRelationCombinedExpression &expression);
 
   //===--------------------------------------------------------------------===//
@@ -402,15 +482,26 @@ public:
 
   /// Checks a condition of any kind and binds its names.
   bool semanticCheck(Condition &condition);
+  /// A condition-name with its subscripts.
   bool semanticCheck(ConditionNameCondition &condition);
+  /// Binds the name of a UPSI switch condition.
   bool semanticCheck(SwitchCondition &condition);
+  /// Checks both operands and whether they can be compared.
   bool semanticCheck(RelationalCondition &condition);
+  /// Checks the operand and binds a class-name to its definition in SPECIAL-NAMES.
   bool semanticCheck(ClassCondition &condition);
+  /// Checks the operand, which must be a number.
   bool semanticCheck(SignCondition &condition);
+  /// Checks the condition after NOT.
   bool semanticCheck(NegatedCondition &condition);
+  /// Checks the conditions that AND and OR combine, in the order of the source.
   bool semanticCheck(CombinedCondition &condition);
+  /// Checks the comparisons that an abbreviated condition stands for.
   bool semanticCheck(AbbrRelationalCondition &condition);
+  /// Whether the categories of two bound operands can be compared with \p relation. The spelling of
+  /// the name is part of the interface.
   bool checkCompareable(Expression *left, Expression *right, RelationalConditionType relation);
+  /// Marks a figurative constant that is compared with a national operand as national; always true.
   bool checkNationalCmpFiguExpr(Expression *left, Expression *right);
   /// True when two groups have the same shape and elementary items of the same kinds and sizes.
   bool checkSameGroup(DataDescription *left, DataDescription *right);
@@ -430,51 +521,101 @@ public:
   MoveRule getMoveRule(Expression *sender, IdentifierExpression *receiver);
 
   // One function for each kind of statement, called by the one above.
+
+  /// ACCEPT; the mnemonic-name after FROM is replaced by its device. Reports the Accept...
+  /// diagnostics.
   bool semanticCheck(AcceptStatement &statement);
+  /// ADD in all three formats: numeric operands, receivers that are items, CORRESPONDING.
   bool semanticCheck(AddStatement &statement);
+  /// ALTER. Always false: a program whose branches change at run time must not reach later stages.
   bool semanticCheck(AlterStatement &statement);
+  /// CALL: the name, the arguments, the parameters of a called program of the compilation. Reports
+  /// the Call... diagnostics.
   bool semanticCheck(CallStatement &statement);
+  /// CANCEL; reports the Cancel... diagnostics.
   bool semanticCheck(CancelStatement &statement);
+  /// CLOSE: binds the files.
   bool semanticCheck(CloseStatement &statement);
+  /// COMPUTE: the expression, and receivers that are numbers.
   bool semanticCheck(ComputeStatement &statement);
+  /// CONTINUE has no operands: always true.
   bool semanticCheck(ContinueStatement &statement);
+  /// DELETE: binds the file; the phrases.
   bool semanticCheck(DeleteStatement &statement);
+  /// DISPLAY; the mnemonic-name after UPON is replaced by its device. Reports the Display...
+  /// diagnostics.
   bool semanticCheck(DisplayStatement &statement);
+  /// DIVIDE in all formats, with REMAINDER.
   bool semanticCheck(DivideStatement &statement);
+  /// ENTRY; reports the Entry... and UsingItem... diagnostics.
   bool semanticCheck(EntryStatement &statement);
+  /// EVALUATE: subjects and objects, and that they can be compared.
   bool semanticCheck(EvaluateStatement &statement);
+  /// EXAMINE, whose count goes to TALLY.
   bool semanticCheck(ExamineStatement &statement);
+  /// EXHIBIT, which is converted to DISPLAY, IF and MOVE statements.
   bool semanticCheck(ExhibitStatement &statement);
+  /// GOBACK has no operands: always true.
   bool semanticCheck(GobackStatement &statement);
+  /// GO TO: resolves the procedure-names; the item of DEPENDING ON.
   bool semanticCheck(GotoStatement &statement);
+  /// IF: the condition and both branches.
   bool semanticCheck(IfStatement &statement);
+  /// INITIALIZE; reports the Initialize... diagnostics.
   bool semanticCheck(InitializeStatement &statement);
+  /// INSPECT; reports the Inspect... diagnostics.
   bool semanticCheck(InspectStatement &statement);
+  /// MERGE: the files, the keys, the output procedure. Reports the Sort... diagnostics.
   bool semanticCheck(MergeStatement &statement);
+  /// MOVE: records the MoveRule of each receiver; reports the Move... diagnostics.
   bool semanticCheck(MoveStatement &statement);
+  /// MULTIPLY in both formats.
   bool semanticCheck(MultiplyStatement &statement);
+  /// ON, which is converted to a counter and a condition.
   bool semanticCheck(OnStatement &statement);
+  /// OPEN; reports the Open... diagnostics.
   bool semanticCheck(OpenStatement &statement);
+  /// PERFORM: resolves the procedure-names; TIMES, UNTIL, VARYING; the statements in the body.
   bool semanticCheck(PerformStatement &statement);
+  /// READ: binds the file; INTO, KEY, the phrases.
   bool semanticCheck(ReadStatement &statement);
+  /// RELEASE: a record of a sort file; FROM.
   bool semanticCheck(ReleaseStatement &statement);
+  /// RETURN: binds the sort file; INTO, the phrases.
   bool semanticCheck(ReturnStatement &statement);
+  /// REWRITE: binds the record; FROM, the phrases.
   bool semanticCheck(RewriteStatement &statement);
+  /// GENERATE: binds the report or its detail group.
   bool semanticCheck(RwGenerateStatement &statement);
+  /// INITIATE: binds the reports.
   bool semanticCheck(RwInitiateStatement &statement);
+  /// SUPPRESS, which must be in a procedure of USE BEFORE REPORTING.
   bool semanticCheck(RwSuppressStatement &statement);
+  /// TERMINATE: binds the reports.
   bool semanticCheck(RwTerminateStatement &statement);
+  /// SEARCH and SEARCH ALL; reports the Search... diagnostics.
   bool semanticCheck(SearchStatement &statement);
+  /// SET in all formats; reports the Set... diagnostics.
   bool semanticCheck(SetStatement &statement);
+  /// SORT: the files, the keys, the procedures. Reports the Sort... diagnostics.
   bool semanticCheck(SortStatement &statement);
+  /// START: binds the file; KEY, the phrases.
   bool semanticCheck(StartStatement &statement);
+  /// STOP; reports StopLiteralKind.
   bool semanticCheck(StopStatement &statement);
+  /// STRING; reports the String... diagnostics.
   bool semanticCheck(StringStatement &statement);
+  /// SUBTRACT in all three formats, CORRESPONDING included.
   bool semanticCheck(SubtractStatement &statement);
+  /// TRANSFORM, which is converted to INSPECT.
   bool semanticCheck(TransformStatement &statement);
+  /// UNSTRING; reports the Unstring... diagnostics.
   bool semanticCheck(UnstringStatement &statement);
+  /// WRITE: binds the record; FROM, ADVANCING, the phrases. Reports the Write... diagnostics.
   bool semanticCheck(WriteStatement &statement);
+  /// XML GENERATE: the receiver, the source and the phrases.
   bool semanticCheck(XMLGenerateStatement &statement);
+  /// XML PARSE: resolves the processing procedure; enlarges XML-TEXT to the document.
   bool semanticCheck(XMLParseStatement &statement);
 
   /// A USING item of ENTRY.
@@ -487,17 +628,8 @@ public:
   Paragraph *findParagraphFromQualWord(QualifiedWord *name, Statement *statement);
 
 private:
-  std::list<LiteralExpression *> *entryNames = nullptr;
   ErrorHandler *errorHandler;
   CheckListener *listener = nullptr;
-  std::list<DataDescription *> *indexFreeList = nullptr;
-  Section *outerSection = nullptr;
-  bool isDeclaratives = false;
-  bool inDeclaratives = false;
-  ReportDescription *currentRD = nullptr;
-  std::list<ReportDataDescription *> *usedSrcList = nullptr;
-  std::uint64_t xmlTextSize = 1;
-  DataDescription *xmlTextRegister = nullptr;
   std::unique_ptr<State> state;
 };
 

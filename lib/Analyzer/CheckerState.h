@@ -15,13 +15,39 @@
 #include "Analyzer/Expression/SubscriptedSources.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/Statement/ExceptionProcedures.h"
+#include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringSet.h"
+#include <cstdint>
+#include <list>
 #include <optional>
 
 namespace tarka {
 
+/// The special register XML-TEXT of the source unit being checked.
+struct XmlTextRegister {
+  /// Null when the source unit has none of its own.
+  DataDescription *entry = nullptr;
+  /// The size in bytes of the largest item that an XML PARSE of the source unit reads; 1 when there
+  /// is no such statement.
+  std::uint64_t size = 1;
+};
+
 struct SemanticChecker::State {
-  /// Of the items of getUsedSrcListBegin().
+  /// The section whose statements are being checked, or null.
+  Section *outerSection = nullptr;
+  /// Set while the USE statement of a declarative is checked.
+  bool isDeclaratives = false;
+  /// Set while the section of a declarative is checked.
+  bool inDeclaratives = false;
+  /// The report whose description, or whose USE BEFORE REPORTING declarative, is being checked.
+  ReportDescription *currentReport = nullptr;
+  /// The index names with a parent, which freeIndex() takes away.
+  llvm::SmallVector<DataDescription *, 0> boundIndexes;
+  XmlTextRegister xmlText;
+
+  /// The report items that have a SOURCE clause.
+  std::list<ReportDataDescription *> usedSources;
+  /// Those items by the subscripts of their SOURCE.
   SubscriptedSources subscriptedSources;
   RedefinableEntries redefinable;
   ExceptionProcedures exceptionProcedures;

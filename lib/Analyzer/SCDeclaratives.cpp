@@ -6,6 +6,7 @@
 
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/Support/SaveAndRestore.h"
@@ -83,15 +84,15 @@ bool checkUseProcedures(SemanticChecker &checker, UseStatement &use) {
 
 bool SemanticChecker::semanticCheck(Declaratives &declarative) {
   // USE BEFORE REPORTING sets the report for the section that follows it.
-  const llvm::SaveAndRestore reportScope(currentRD);
+  const llvm::SaveAndRestore reportScope(state->currentReport);
   bool ok = true;
   if (UseStatement *use = declarative.getUseStmt()) {
     setIsDeclaratives(true);
     ok &= semanticCheck(*use);
   }
   if (Section *section = declarative.getSection()) {
-    const llvm::SaveAndRestore outer(outerSection, section);
-    const llvm::SaveAndRestore flag(inDeclaratives, true);
+    const llvm::SaveAndRestore outer(state->outerSection, section);
+    const llvm::SaveAndRestore flag(state->inDeclaratives, true);
     ok &= semanticCheck(*section);
     // Control returns from a declarative as from a performed section.
     section->setIsPerformThru(true);

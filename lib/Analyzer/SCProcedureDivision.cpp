@@ -7,6 +7,7 @@
 
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/Support/SaveAndRestore.h"
@@ -127,7 +128,7 @@ bool SemanticChecker::semanticCheck(ProcedureDivision &division) {
   for (Paragraph *paragraph : division.getParaElements())
     ok &= semanticCheck(*paragraph, nullptr);
   for (Section *section : division.getSectElements()) {
-    const llvm::SaveAndRestore outer(outerSection, section);
+    const llvm::SaveAndRestore outer(state->outerSection, section);
     ok &= semanticCheck(*section);
   }
   return ok;

@@ -25,32 +25,63 @@ SemanticChecker::SemanticChecker(ErrorHandler *handler)
 
 SemanticChecker::~SemanticChecker() = default;
 
+Section *SemanticChecker::getOuterSection() const {
+  return state->outerSection;
+}
+void SemanticChecker::setOuterSection(Section *section) {
+  state->outerSection = section;
+}
+
+bool SemanticChecker::getIsDeclaratives() const {
+  return state->isDeclaratives;
+}
+void SemanticChecker::setIsDeclaratives(bool on) {
+  state->isDeclaratives = on;
+}
+
+bool SemanticChecker::getInDeclaratives() const {
+  return state->inDeclaratives;
+}
+void SemanticChecker::setInDeclaratives(bool on) {
+  state->inDeclaratives = on;
+}
+
+ReportDescription *SemanticChecker::getCurrentRD() const {
+  return state->currentReport;
+}
+void SemanticChecker::setCurrentRD(ReportDescription *report) {
+  state->currentReport = report;
+}
+bool SemanticChecker::checkCurrentRD(const ReportDescription *report) const {
+  return !state->currentReport || state->currentReport == report;
+}
+
 void SemanticChecker::addUsedSrc(ReportDataDescription *item) {
-  if (!usedSrcList)
-    usedSrcList = makeList<ReportDataDescription *>();
-  usedSrcList->push_back(item);
+  state->usedSources.push_back(item);
 }
 
 std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListBegin() {
-  if (!usedSrcList)
+  if (state->usedSources.empty())
     assert(0 && "NULL Reference");
-  return usedSrcList->begin();
+  return state->usedSources.begin();
 }
 
 std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListEnd() {
-  if (!usedSrcList)
+  if (state->usedSources.empty())
     assert(0 && "NULL Reference");
-  return usedSrcList->end();
+  return state->usedSources.end();
+}
+
+std::size_t SemanticChecker::getUsedSrcListSize() const {
+  return state->usedSources.size();
 }
 
 void SemanticChecker::addIndexFreeList(DataDescription *entry) {
-  if (!indexFreeList)
-    indexFreeList = makeList<DataDescription *>();
-  indexFreeList->push_back(entry);
+  state->boundIndexes.push_back(entry);
 }
 
 void SemanticChecker::freeIndex() {
-  for (DataDescription *entry : listOrEmpty(indexFreeList))
+  for (DataDescription *entry : state->boundIndexes)
     entry->setParent(nullptr);
 }
 
@@ -82,14 +113,11 @@ void makeCallable(SemanticChecker &checker, SourceUnit &unit) {
 }
 
 /// XML-TEXT grows to the largest item that an XML PARSE of the source unit reads.
-void sizeXmlText(SemanticChecker &checker) {
-  if (DataDescription *xmlText = checker.getXmlTextRegister();
-      xmlText && checker.getXmlTextSize() != 1)
-    xmlText->setPicture(generate<ClausePicture>(
-        nullptr,
-        generate<Word>(nullptr, "X(" + std::to_string(checker.getXmlTextSize()) + ")", "")));
-  checker.setXmlTextSize(1);
-  checker.setXmlTextRegister(nullptr);
+void sizeXmlText(XmlTextRegister &xmlText) {
+  if (xmlText.entry && xmlText.size != 1)
+    xmlText.entry->setPicture(generate<ClausePicture>(
+        nullptr, generate<Word>(nullptr, "X(" + std::to_string(xmlText.size) + ")", "")));
+  xmlText = {};
 }
 
 } // namespace
@@ -138,7 +166,7 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
   }
   if (ProcedureDivision *procedure = unit.getProcDivision())
     ok &= semanticCheck(*procedure);
-  sizeXmlText(*this);
+  sizeXmlText(state->xmlText);
 
   for (SourceUnit *nested : unit.getNestedListElements()) {
     setIsDeclaratives(false);

@@ -8,6 +8,7 @@
 
 #include "AST/DataDescription.h"
 #include "AST/Expression.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/SemanticChecker.h"
@@ -119,7 +120,7 @@ void SemanticChecker::createSpecialRegister(std::list<DataDescription *> *list) 
       continue;
     list->push_back(makeEntry(from));
     if (list->back()->getDataName()->getWordData() == "XML-TEXT")
-      setXmlTextRegister(list->back());
+      state->xmlText.entry = list->back();
   }
 }
 

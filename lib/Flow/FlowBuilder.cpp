@@ -7,6 +7,7 @@
 
 #include "Flow/FlowBuilder.h"
 #include "AST/Expression.h"
+#include "Analyzer/Graph/ProcedureEnds.h"
 #include "llvm/ADT/STLExtras.h"
 #include <limits>
 
@@ -178,29 +179,6 @@ void FlowBuilder::closeSection() {
 
 namespace {
 
-/// Whether \p block belongs to its section as a whole, so that the paragraph before it is over.
-bool endsParagraph(const CFGBlock *block) {
-  if (block->getName() == "tkdummy_end_section")
-    return true;
-  if (block->getElements().empty() || !block->getElements().front()->getStmt())
-    return false;
-  auto *exit = llvm::dyn_cast<InnerExitStatement>(block->getElements().front()->getStmt());
-  return exit && exit->getSection();
-}
-
-/// Whether \p block stands outside of procedures, behind those before it.
-bool endsSection(const CFGBlock *block) {
-  return block->getName() == "tkdummy_end_declaratives" ||
-         block->getName() == "tkdummy_rpt_declaratives_end";
-}
-
-/// Whether the PERFORM that \p block holds was made for a procedure phrase.
-bool isProcedurePhrase(const CFGBlock *block) {
-  llvm::StringRef name = block->getName();
-  return name == "tkdummy_sort_input" || name == "tkdummy_sort_output" ||
-         name == "tkdummy_merge_then" || name == "tkdummy_xml_proc";
-}
-
 /// Whether something is decided in \p block, an empty one of XML PARSE.
 bool isXmlDecision(const CFGBlock *block) {
   llvm::StringRef name = block->getName();
@@ -336,7 +314,8 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       break;
     case StatementType::Perform: {
       auto *perform = llvm::cast<PerformStatement>(statement);
-      if (isProcedurePhrase(block))
+      // The graph has a PERFORM of its own for the procedures that SORT, MERGE and XML PARSE name.
+      if (!perform->isWritten())
         kind = FlowNodeKind::Step;
       if (perform->getInlineStatementsSize())
         returnOfPerform[perform] = block->getReturnBlock();

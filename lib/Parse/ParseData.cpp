@@ -255,14 +255,14 @@ private:
 void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
   while (true) {
-    Recovery::ErrorTrap trap(recovery);
+    Recovery::ConstructScope construct(recovery);
     SourceRange begin = here();
     auto addEntry = [&](unsigned assumedLevel) {
       DataDescription *entry = parseEntry(assumedLevel);
-      if (trap.hasErrorOccurred())
+      if (construct.hasMistake())
         context.diagnostics.getDamage().add(from(begin).getRange());
       if (entry)
-        records.add(entry, !trap.hasErrorOccurred());
+        records.add(entry, !construct.hasMistake());
     };
     if (at(TokenKind::IntegerLiteral)) {
       if (peek().isFirstOnLine() && !recovery.hasReportedHere())

@@ -58,7 +58,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   SourceRange begin = here();
   if (at(Keyword::Select))
     recovery.resumeReporting();
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
@@ -69,7 +69,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   auto *file = makeAt<ParaFileControl>(begin, name);
   file->setIsOptional(isOptional);
   file->setRange(parseClauses(begin, selectClauses, [&] { return parseSelectClause(*file); }));
-  if (!file->getAssign() && !trap.hasErrorOccurred())
+  if (!file->getAssign() && !construct.hasMistake())
     error(DiagnosticId::ClauseMissing, name->getRange(), "SELECT", "ASSIGN");
   return file;
 }

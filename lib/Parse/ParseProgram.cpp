@@ -162,7 +162,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     while (peek().isWord() && !peek(1).isOneOf(TokenKind::Period, TokenKind::EndOfFile) &&
            !peek(1).isFirstOnLine());
   }
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
     llvm::StringRef name = withoutQuotes(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
@@ -174,7 +174,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     accept(TokenKind::Period);
   }
   // One message is enough for a line.
-  if (!trap.hasErrorOccurred())
+  if (!construct.hasMistake())
     expectHeaderPeriod();
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
@@ -187,7 +187,7 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
 
 IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   SourceRange begin = here();
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   if (atDivision(Keyword::Identification)) {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
@@ -195,7 +195,7 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   const bool hasProgramId = at(Keyword::ProgramId);
   ProgramIdParagraph *programId = parseProgramId();
   // Where the header of the division is misspelt, the stream does not skip the comment-entries.
-  while (acceptCommentParagraph(/*skipsEntry=*/trap.hasErrorOccurred()))
+  while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
     ;
   if (!atUnitBoundary()) {
     if (hasProgramId)

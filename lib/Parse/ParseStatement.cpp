@@ -135,7 +135,7 @@ StatementResult StatementParser::parseService() {
 //===----------------------------------------------------------------------===//
 
 Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   Recovery::ListScope scope(recovery);
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
@@ -157,7 +157,7 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   }
   if (!statements.empty())
     return Outcome::Parsed;
-  return trap.hasErrorOccurred() ? Outcome::Failed : Outcome::Absent;
+  return construct.hasMistake() ? Outcome::Failed : Outcome::Absent;
 }
 
 /// A placeholder for statements that were reported and skipped, where at least one is needed.

@@ -556,7 +556,7 @@ EvaluateObject *BranchStatements::parseEvaluateOperand(const SourceRange &begin,
 StatementResult BranchStatements::parseSearch() {
   SourceRange begin = here();
   accept(Keyword::Search);
-  Recovery::ErrorTrap trap(recovery);
+  Recovery::ConstructScope construct(recovery);
   SearchType type = accept(Keyword::All) ? SearchType::Binary : SearchType::Serial;
   IdentifierExpression *table = parseIdentifier();
   auto *search = make<SearchStatement>(begin, type, table);
@@ -576,7 +576,7 @@ StatementResult BranchStatements::parseSearch() {
   for (ExceptionHandler *handler : handlers)
     search->addAtHandler(handler);
   if (!at(Keyword::When)) {
-    if (isComplete && !trap.hasErrorOccurred())
+    if (isComplete && !construct.hasMistake())
       expect(Keyword::When);
     isComplete = false;
     // The statements of the WHEN that is missing.

@@ -38,7 +38,7 @@ namespace tarka {
 struct ParserContext {
   ParserContext(TokenStream &tokens, FrontEndDiagnostics &messages,
                 const ParseOptions &parseOptions)
-      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens, messages) {}
+      : stream(tokens), diagnostics(messages), options(parseOptions), recovery(tokens) {}
 
   TokenStream &stream;
   FrontEndDiagnostics &diagnostics;

@@ -28,6 +28,7 @@ public:
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
+  OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
 
@@ -748,6 +749,10 @@ void TokenStream::setDecimalPointIsComma(bool on) {
 
 const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
   return source->getDiagnostics();
+}
+
+OpenConstructs &TokenStream::getOpenConstructs() {
+  return source->getOpenConstructs();
 }
 
 const ParseOptions &TokenStream::getOptions() const {

@@ -20,6 +20,7 @@
 namespace tarka {
 
 class Expansion;
+class OpenConstructs;
 class Preprocessor;
 class SourceDiagnostics;
 
@@ -97,6 +98,8 @@ public:
 
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
+  /// The constructs being parsed, in which the stream notes the mistakes in the text.
+  OpenConstructs &getOpenConstructs();
 
 private:
   void fill(unsigned wanted);

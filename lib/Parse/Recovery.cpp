@@ -39,9 +39,9 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
       sentenceIsAbandoned || stream.getTaken() < suppressedUntil || source.isDamaged(place) ||
       source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
-  if (isCascade)
-    ++suppressedMistakes;
-  else
+  if (isCascade || isError(infoOf(id).severity))
+    constructs.noteMistake();
+  if (!isCascade)
     lastReport = stream.getTaken();
   if (isCascade || beginsSuppression(id))
     suppressedUntil = stream.getTaken() + suppressedTokens;

@@ -12,6 +12,7 @@
 #define TARKA_LIB_PARSE_RECOVERY_H
 
 #include "Parse/Diagnostics.h"
+#include "Parse/OpenConstructs.h"
 #include "Parse/Preprocessor.h"
 #include "Parse/Verbs.h"
 #include "llvm/ADT/SmallVector.h"
@@ -48,8 +49,7 @@ enum class StrayPart : uint8_t { Else = 1, When = 2, Phrase = 4 };
 
 class Recovery {
 public:
-  Recovery(const TokenStream &tokens, const FrontEndDiagnostics &messages)
-      : stream(tokens), diagnostics(messages) {}
+  explicit Recovery(TokenStream &tokens) : stream(tokens), constructs(tokens.getOpenConstructs()) {}
 
   //===--------------------------------------------------------------------===//
   // Cascade suppression
@@ -69,17 +69,11 @@ public:
   /// Whether the mistake at the next token has been reported: nothing was read since.
   bool hasReportedHere() const { return stream.getTaken() == lastReport; }
 
-  /// Detects whether a mistake was found since the trap was set: reported or suppressed, in the
-  /// syntax or in the source text.
-  class ErrorTrap {
+  /// A construct whose parse function asks, before it is through, whether a mistake was found in
+  /// it: reported or suppressed, in the syntax or in the source text.
+  class ConstructScope : public OpenConstructs::Scope {
   public:
-    explicit ErrorTrap(const Recovery &owner)
-        : recovery(owner), mistakesBefore(owner.countMistakes()) {}
-    bool hasErrorOccurred() const { return recovery.countMistakes() != mistakesBefore; }
-
-  private:
-    const Recovery &recovery;
-    unsigned mistakesBefore;
+    explicit ConstructScope(Recovery &owner) : Scope(owner.constructs) {}
   };
 
   //===--------------------------------------------------------------------===//
@@ -168,15 +162,12 @@ public:
   }
 
 private:
-  unsigned countMistakes() const { return diagnostics.getErrorCount() + suppressedMistakes; }
-
   const TokenStream &stream;
-  const FrontEndDiagnostics &diagnostics;
+  OpenConstructs &constructs;
   /// The number of tokens taken from the stream up to which mistakes are suppressed.
   uint64_t suppressedUntil = 0;
   /// The number of tokens that were taken when a mistake was reported last.
   uint64_t lastReport = ~uint64_t(0);
-  unsigned suppressedMistakes = 0;
 
   llvm::SmallVector<EnclosingStatement, 16> enclosing;
   /// The END- words of all open lists, and where those of the innermost one begin.

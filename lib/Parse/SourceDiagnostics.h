@@ -9,6 +9,7 @@
 #define TARKA_LIB_PARSE_SOURCEDIAGNOSTICS_H
 
 #include "Parse/Diagnostics.h"
+#include "Parse/OpenConstructs.h"
 #include "llvm/ADT/SmallSet.h"
 #include "llvm/ADT/SmallVector.h"
 #include <string>
@@ -32,9 +33,14 @@ public:
   void report(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
     sink.report(id, place, std::forward<Arguments>(arguments)...);
     noteDamage(id, place);
+    if (isError(infoOf(id).severity))
+      constructs.noteMistake();
   }
 
   bool hasErrors() const { return sink.hasErrors(); }
+
+  /// What the parser is parsing while it asks for tokens.
+  OpenConstructs &getOpenConstructs() { return constructs; }
 
   /// Marks all text of \p file as damaged: a COPY that could only be read in part put it in.
   void markDamaged(unsigned file) {
@@ -60,6 +66,7 @@ private:
   void noteDamage(DiagnosticId id, const SourceRange &place);
 
   FrontEndDiagnostics &sink;
+  OpenConstructs constructs;
   llvm::SmallVector<SourceRange, 0> damage;
   llvm::SmallVector<SourceRange, 0> missingCopybooks;
   llvm::SmallVector<CutLine, 0> cutLines;

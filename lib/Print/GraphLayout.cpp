@@ -5,6 +5,7 @@
 #include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "Analyzer/Graph/ProcedureEnds.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/raw_ostream.h"
@@ -18,22 +19,6 @@ void addSection(ProcedureStarts &starts, const Section &section) {
   starts[section.getStartBlock()] = {section.getSectionName(), true};
   for (const Paragraph *paragraph : section.getParaElements())
     starts[paragraph->getStartBlock()] = {paragraph->getParagraphName(), false};
-}
-
-/// Whether \p block belongs to its section as a whole, so that the paragraph before it is over.
-bool endsParagraph(const CFGBlock *block) {
-  if (block->getName() == "tkdummy_end_section")
-    return true;
-  if (block->getElements().empty() || !block->getElements().front()->getStmt())
-    return false;
-  auto *exit = llvm::dyn_cast<InnerExitStatement>(block->getElements().front()->getStmt());
-  return exit && exit->getSection();
-}
-
-/// Whether \p block stands outside of procedures, behind those before it.
-bool endsSection(const CFGBlock *block) {
-  return block->getName() == "tkdummy_end_declaratives" ||
-         block->getName() == "tkdummy_rpt_declaratives_end";
 }
 
 } // namespace

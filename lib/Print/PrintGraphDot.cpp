@@ -149,22 +149,7 @@ private:
   /// Whether the element stands in the source itself, and not for a part of something there.
   static bool isWritten(const CFGElem &element) {
     const Statement *statement = element.getStmt();
-    if (!statement || !statement->getRange().beginLine)
-      return false;
-    switch (statement->getType()) {
-    case StatementType::InnerBranch:
-    case StatementType::InnerExit:
-    case StatementType::InnerRegisterException:
-      return false;
-    case StatementType::Perform: {
-      // The PERFORM of a procedure that another statement names has that statement's place.
-      llvm::StringRef block = element.getBlock()->getName();
-      return block != "tkdummy_sort_input" && block != "tkdummy_sort_output" &&
-             block != "tkdummy_merge_then" && block != "tkdummy_xml_proc";
-    }
-    default:
-      return true;
-    }
+    return statement && statement->isWritten();
   }
 
   SourceRange untilNextStatement(SourceRange range) const {

@@ -1,5 +1,6 @@
 //===- SemanticCheckerTest.cpp - the walk over a program ------------------===//
 
+#include "Analyzer/CheckerState.h"
 #include "CheckerFixture.h"
 #include "llvm/IR/Module.h"
 
@@ -56,7 +57,7 @@ TEST_F(WalkTest, SpecialRegistersByOption) {
   checker.createSpecialRegister(&registers);
   ASSERT_EQ(registers.size(), 15u);
   EXPECT_EQ(registers.back()->getDataName()->getWordData(), "XML-TEXT");
-  EXPECT_EQ(checker.getXmlTextRegister(), registers.back());
+  EXPECT_EQ(checker.getState().xmlText.entry, registers.back());
 
   options.setOptionEnableRw(true);
   options.setOptionEnableOsvs(true);
@@ -103,7 +104,7 @@ TEST_F(WalkTest, OutermostUnitsGetTheirRegistersAndXmlTextItsSize) {
   SourceUnit *second = unit("SECOND");
   program.addSourceUnit(first);
   program.addSourceUnit(second);
-  checker.setXmlTextSize(500);
+  checker.getState().xmlText.size = 500;
   EXPECT_TRUE(checker.semanticCheck(program));
   EXPECT_EQ(nested->getDataDivision(), nullptr);
   auto xmlTextOf = [](SourceUnit *made) {

@@ -61,8 +61,7 @@ bool SemanticChecker::checkDataAccessWayForRptDecl(DataIdentifierExpression &ide
   for (auto used = entry->getUsedRDListBegin(); used != entry->getUsedRDListEnd(); ++used)
     if (checkCurrentRD(*used))
       entry->setAccessWay(static_cast<int>(AccessWay::Used));
-  for (ReportDataDescription *item :
-       state->subscriptedSources.find(entry, listOrEmpty(usedSrcList)))
+  for (ReportDataDescription *item : state->subscriptedSources.find(entry, state->usedSources))
     findUsedSrc(entry, item);
   return true;
 }

@@ -30,12 +30,6 @@ std::string nameOf(const Statement &statement) {
       .str();
 }
 
-/// The blocks that a synthesised PERFORM begins.
-bool isProcedurePhraseBlock(llvm::StringRef name) {
-  return name == "tkdummy_sort_input" || name == "tkdummy_sort_output" ||
-         name == "tkdummy_merge_then" || name == "tkdummy_xml_proc";
-}
-
 /// The blocks outside of procedures that the text before them runs into.
 bool isProcedureFrame(llvm::StringRef name) {
   return llvm::StringSwitch<bool>(name)
@@ -96,15 +90,7 @@ private:
 
   void checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRef> &declaratives);
 
-  void checkTargets(const CFGBlock *block, Statement &statement);
-  void checkTarget(const CFGBlock *block, const Statement &statement, Procedure target);
-  void checkRange(const CFGBlock *block, const Statement &statement, const ProcedureRange &range);
-  void checkSortPhrase(const CFGBlock *block, const Statement &statement, const SortIO *phrase);
-  void require(bool holds, const CFGBlock *block, const Statement &statement,
-               llvm::StringLiteral what) {
-    if (!holds)
-      fail(CFGRule::Target, block, nameOf(statement) + " has no " + what);
-  }
+  class TargetCheck;
 
   void expectUnit(SourceUnit &unit);
   void expectProcedure(Procedure procedure, bool isPerformThru);
@@ -224,27 +210,6 @@ void Verifier::checkLinks(const CFGGraph *graph, const CFGBlock *block) {
              "its " + cfgLinkNames[link] + " block " + target->getName() + " is not in the graph");
 }
 
-void Verifier::checkElement(const CFGBlock *block, const CFGElem &element) {
-  const bool set[] = {element.getStmt() != nullptr, element.getData() != nullptr,
-                      element.getFile() != nullptr, element.getReport() != nullptr};
-  const auto wanted = static_cast<std::size_t>(element.getType());
-  for (std::size_t type = 0; type < std::size(set); ++type)
-    if (set[type] != (type == wanted)) {
-      fail(CFGRule::ElementPointer, block, "the pointers of an element do not fit its type");
-      break;
-    }
-  if (element.getBlock() != block)
-    fail(CFGRule::ElementPointer, block, "an element names another block as its own");
-
-  if (Statement *statement = element.getStmt()) {
-    Occurrence &occurrence = occurrences[statement];
-    ++occurrence.found;
-    occurrence.block = block;
-    occurrence.function = function;
-    checkTargets(block, *statement);
-  }
-}
-
 void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const CFGBlock *next,
                                 const llvm::DenseSet<llvm::StringRef> &declaratives) {
   if (block->getHaveTerminator() || block->getSuccessorBlock())
@@ -324,81 +289,107 @@ void Verifier::checkWaysIn(const Body &body, const llvm::DenseSet<llvm::StringRe
 // Targets and ranges
 //===----------------------------------------------------------------------===//
 
-void Verifier::checkTarget(const CFGBlock *block, const Statement &statement, Procedure target) {
+/// Checks that the procedures and blocks that a statement refers to are in the graph.
+class Verifier::TargetCheck : public StatementVisitor<TargetCheck> {
+public:
+  TargetCheck(Verifier &owner, const CFGBlock *withStatement)
+      : verifier(owner), block(withStatement) {}
+
+  void visitGotoStatement(GotoStatement &jump) {
+    for (GotoProcedure *target : jump.getProcedureListElements())
+      checkTarget(jump, {target->getSection(), target->getParagraph()});
+  }
+  void visitAlterStatement(AlterStatement &alter) {
+    for (AlterItem *item : alter.getAlterListElements()) {
+      checkTarget(alter, {nullptr, item->getSrcParagraph()});
+      checkTarget(alter, {item->getDstSection(), item->getDstParagraph()});
+    }
+  }
+  void visitPerformStatement(PerformStatement &perform) {
+    if (const PerformProcedure *range = perform.getProcedureName())
+      checkRange(perform, *range);
+    else if (perform.getInlineStatementsSize() && !verifier.exits.contains(&perform))
+      verifier.fail(CFGRule::RangeExit, block, "the body of " + nameOf(perform) + " has no exit");
+  }
+  void visitSortStatement(SortStatement &sort) {
+    checkSortPhrase(sort, sort.getInput());
+    checkSortPhrase(sort, sort.getOutput());
+  }
+  void visitMergeStatement(MergeStatement &merge) { checkSortPhrase(merge, merge.getOutput()); }
+  void visitXMLParseStatement(XMLParseStatement &parse) { checkRange(parse, parse); }
+  void visitNextSentenceStatement(NextSentenceStatement &next) {
+    const CFGBlock *sentence = next.getSentenceBlock();
+    require(sentence && sentence->getNextBlock(), next, "block behind its sentence");
+  }
+  void visitExitPerformStatement(ExitPerformStatement &exit) {
+    require(verifier.listedIn.contains(exit.getAfterBlock()), exit, "PERFORM to leave");
+  }
+  void visitExitParagraphStatement(ExitParagraphStatement &exit) { checkExit(exit); }
+  void visitExitSectionStatement(ExitSectionStatement &exit) { checkExit(exit); }
+  void visitSearchStatement(SearchStatement &search) {
+    require(verifier.listedIn.contains(search.getIndexChangeBlock()), search,
+            "block that steps the index");
+  }
+
+private:
+  void require(bool holds, const Statement &statement, llvm::StringLiteral what) {
+    if (!holds)
+      verifier.fail(CFGRule::Target, block, nameOf(statement) + " has no " + what);
+  }
+  void checkExit(const Statement &exit) {
+    require(block->getAfterBlock(), exit, "procedure to leave");
+  }
+  void checkTarget(const Statement &statement, Procedure target);
+  void checkRange(const Statement &statement, const ProcedureRange &range);
+  void checkSortPhrase(const Statement &statement, const SortIO *phrase) {
+    if (phrase && phrase->getType() == SortIOType::Procedure)
+      checkRange(statement, phrase->getProcedures());
+  }
+
+  Verifier &verifier;
+  const CFGBlock *block;
+};
+
+void Verifier::TargetCheck::checkTarget(const Statement &statement, Procedure target) {
   if (!target)
-    fail(CFGRule::Target, block, nameOf(statement) + " names no procedure that is known");
-  else if (!listedIn.contains(target.start()))
-    fail(CFGRule::Target, block,
-         nameOf(statement) + " leads to " + target.name() + ", which has no start block");
+    verifier.fail(CFGRule::Target, block, nameOf(statement) + " names no procedure that is known");
+  else if (!verifier.listedIn.contains(target.start()))
+    verifier.fail(CFGRule::Target, block,
+                  nameOf(statement) + " leads to " + target.name() + ", which has no start block");
 }
 
-void Verifier::checkRange(const CFGBlock *block, const Statement &statement,
-                          const ProcedureRange &range) {
+void Verifier::TargetCheck::checkRange(const Statement &statement, const ProcedureRange &range) {
   const Procedure begin{range.getBeginSection(), range.getBeginParagraph()};
   Procedure end{range.getThruSection(), range.getThruParagraph()};
-  checkTarget(block, statement, begin);
+  checkTarget(statement, begin);
   // Without THROUGH the range ends where it begins.
   if (!end)
     end = begin;
   else
-    checkTarget(block, statement, end);
-  if (end && !exits.contains(end.node()) && !reportSections.contains(end.node()))
-    fail(CFGRule::RangeExit, block,
-         nameOf(statement) + " ends with " + end.name() + ", which has no exit block");
+    checkTarget(statement, end);
+  if (end && !verifier.exits.contains(end.node()) && !verifier.reportSections.contains(end.node()))
+    verifier.fail(CFGRule::RangeExit, block,
+                  nameOf(statement) + " ends with " + end.name() + ", which has no exit block");
 }
 
-void Verifier::checkSortPhrase(const CFGBlock *block, const Statement &statement,
-                               const SortIO *phrase) {
-  if (phrase && phrase->getType() == SortIOType::Procedure)
-    checkRange(block, statement, phrase->getProcedures());
-}
-
-void Verifier::checkTargets(const CFGBlock *block, Statement &statement) {
-  switch (statement.getType()) {
-  case StatementType::Goto:
-    for (GotoProcedure *target : llvm::cast<GotoStatement>(statement).getProcedureListElements())
-      checkTarget(block, statement, {target->getSection(), target->getParagraph()});
-    return;
-  case StatementType::Alter:
-    for (AlterItem *item : llvm::cast<AlterStatement>(statement).getAlterListElements()) {
-      checkTarget(block, statement, {nullptr, item->getSrcParagraph()});
-      checkTarget(block, statement, {item->getDstSection(), item->getDstParagraph()});
+void Verifier::checkElement(const CFGBlock *block, const CFGElem &element) {
+  const bool set[] = {element.getStmt() != nullptr, element.getData() != nullptr,
+                      element.getFile() != nullptr, element.getReport() != nullptr};
+  const auto wanted = static_cast<std::size_t>(element.getType());
+  for (std::size_t type = 0; type < std::size(set); ++type)
+    if (set[type] != (type == wanted)) {
+      fail(CFGRule::ElementPointer, block, "the pointers of an element do not fit its type");
+      break;
     }
-    return;
-  case StatementType::Perform: {
-    auto &perform = llvm::cast<PerformStatement>(statement);
-    if (const PerformProcedure *range = perform.getProcedureName())
-      checkRange(block, statement, *range);
-    else if (perform.getInlineStatementsSize() && !exits.contains(&perform))
-      fail(CFGRule::RangeExit, block, "the body of " + nameOf(statement) + " has no exit");
-    return;
-  }
-  case StatementType::Sort: {
-    auto &sort = llvm::cast<SortStatement>(statement);
-    checkSortPhrase(block, statement, sort.getInput());
-    checkSortPhrase(block, statement, sort.getOutput());
-    return;
-  }
-  case StatementType::Merge:
-    return checkSortPhrase(block, statement, llvm::cast<MergeStatement>(statement).getOutput());
-  case StatementType::XmlParse:
-    return checkRange(block, statement, llvm::cast<XMLParseStatement>(statement));
-  case StatementType::NextSentence: {
-    const CFGBlock *sentence = llvm::cast<NextSentenceStatement>(statement).getSentenceBlock();
-    return require(sentence && sentence->getNextBlock(), block, statement,
-                   "block behind its sentence");
-  }
-  case StatementType::ExitPerform:
-    return require(listedIn.contains(llvm::cast<ExitPerformStatement>(statement).getAfterBlock()),
-                   block, statement, "PERFORM to leave");
-  case StatementType::ExitParagraph:
-  case StatementType::ExitSection:
-    return require(block->getAfterBlock(), block, statement, "procedure to leave");
-  case StatementType::Search:
-    return require(listedIn.contains(llvm::cast<SearchStatement>(statement).getIndexChangeBlock()),
-                   block, statement, "block that steps the index");
-  default:
-    return;
+  if (element.getBlock() != block)
+    fail(CFGRule::ElementPointer, block, "an element names another block as its own");
+
+  if (Statement *statement = element.getStmt()) {
+    Occurrence &occurrence = occurrences[statement];
+    ++occurrence.found;
+    occurrence.block = block;
+    occurrence.function = function;
+    TargetCheck(*this, block).visit(*statement);
   }
 }
 
@@ -518,8 +509,8 @@ void Verifier::expectNested(Statement &statement) {
   });
 }
 
-/// Whether \p statement is one that the builder makes itself.
-bool isMadeByBuilder(const Statement &statement, const CFGBlock *block) {
+/// Whether \p statement was made by the builder, not by the parser or the checks.
+bool isMadeByBuilder(const Statement &statement) {
   switch (statement.getType()) {
   case StatementType::InnerBranch:
   case StatementType::InnerExit:
@@ -528,8 +519,7 @@ bool isMadeByBuilder(const Statement &statement, const CFGBlock *block) {
   case StatementType::InnerSearchWhen:
     return true;
   case StatementType::Perform:
-    return isProcedurePhraseBlock(block->getName()) &&
-           block->getElements().front()->getStmt() == &statement;
+    return !statement.isWritten();
   default:
     return false;
   }
@@ -538,7 +528,7 @@ bool isMadeByBuilder(const Statement &statement, const CFGBlock *block) {
 void Verifier::checkOccurrences() {
   for (const auto &[statement, occurrence] : occurrences) {
     unsigned expected = occurrence.expected;
-    if (!expected && isMadeByBuilder(*statement, occurrence.block))
+    if (!expected && isMadeByBuilder(*statement))
       expected = 1;
     function = occurrence.function;
     if (occurrence.found != expected)

@@ -186,10 +186,7 @@ void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   parser->addThenBlock(continueInNewBlock("tkdummy_xml_proc"));
   auto *procedure = generate<PerformProcedure>(statement, statement->getParseProcedure(),
                                                statement->getThruProcedure());
-  procedure->setBeginSection(statement->getBeginSection());
-  procedure->setThruSection(statement->getThruSection());
-  procedure->setBeginParagraph(statement->getBeginParagraph());
-  procedure->setThruParagraph(statement->getThruParagraph());
+  static_cast<ProcedureRange &>(*procedure) = *statement;
   lowerSynthesisedPerform(statement, procedure);
   CFGBlock *performed = currentBlock;
   CFGBlock *afterProcedure = continueInNewBlock("tkdummy_xml_proc_after");

@@ -9,6 +9,7 @@
 
 #include "AST/DataTree.h"
 #include "AST/Program.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Report/ReportCheck.h"
 #include "llvm/Support/SaveAndRestore.h"
@@ -289,7 +290,7 @@ bool checkStructure(SemanticChecker &checker, ReportDataDescription &group,
 
 /// While the report is current, every data item that is bound is noted as used by it.
 bool SemanticChecker::semanticCheck(ReportDescription &description) {
-  const llvm::SaveAndRestore current(currentRD, &description);
+  const llvm::SaveAndRestore current(state->currentReport, &description);
   bool ok = checkDescriptionClauses(*this, description);
 
   // Entries may name later ones, so all of them are checked as data first.

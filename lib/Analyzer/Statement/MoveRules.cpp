@@ -136,10 +136,9 @@ private:
   MoveRule fromAlphanumericToNumeric();
   Rule fromNumeric();
   MoveRule fromNumericToNumeric();
-  Rule fromNumericEdited();
+  Rule fromNumericEditedOrNational();
   Rule fromFloat();
   Rule fromDbcs();
-  Rule fromNational();
   Rule fromNationalEdited();
 
   const Expression &sender;
@@ -154,10 +153,10 @@ const MoveDecision::Attempt MoveDecision::attempts[] = {
     {{Alphabetic, AlphanumericEdited}, &MoveDecision::fromAlphabeticOrEdited},
     {{Alphanumeric}, &MoveDecision::fromAlphanumeric},
     {{Numeric}, &MoveDecision::fromNumeric},
-    {{NumericEdited}, &MoveDecision::fromNumericEdited},
+    {{NumericEdited}, &MoveDecision::fromNumericEditedOrNational},
     {anyFloat, &MoveDecision::fromFloat},
     {{Dbcs}, &MoveDecision::fromDbcs},
-    {{National}, &MoveDecision::fromNational},
+    {{National}, &MoveDecision::fromNumericEditedOrNational},
     {{NationalEdited}, &MoveDecision::fromNationalEdited},
 };
 
@@ -294,7 +293,7 @@ MoveRule MoveDecision::fromNumericToNumeric() {
                                                             : MoveRule::DisplayToDisplay;
 }
 
-MoveDecision::Rule MoveDecision::fromNumericEdited() {
+MoveDecision::Rule MoveDecision::fromNumericEditedOrNational() {
   if (isReceiver(numbers))
     return MoveRule::NumericConversion;
   if (isReceiver(plainCharacters))
@@ -314,16 +313,6 @@ MoveDecision::Rule MoveDecision::fromFloat() {
 MoveDecision::Rule MoveDecision::fromDbcs() {
   if (isReceiver(dbcsAndNational))
     return MoveRule::Character;
-  return std::nullopt;
-}
-
-MoveDecision::Rule MoveDecision::fromNational() {
-  if (isReceiver(numbers))
-    return MoveRule::NumericConversion;
-  if (isReceiver(plainCharacters))
-    return MoveRule::Character;
-  if (isReceiver(anyNational))
-    return MoveRule::National;
   return std::nullopt;
 }
 

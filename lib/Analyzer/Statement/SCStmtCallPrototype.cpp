@@ -53,7 +53,7 @@ bool isShorter(SemanticChecker &checker, const Expression &operand,
   StorageType storage = entry->getStorageType();
   // XML-TEXT grows with what is parsed.
   if ((storage != StorageType::WorkingStorage && storage != StorageType::LocalStorage) ||
-      entry == checker.getXmlTextRegister())
+      entry == checker.getState().xmlText.entry)
     return false;
   return entry->getAllocSize() > 0 && entry->getAllocSize() < parameter.getMinAllocSize();
 }

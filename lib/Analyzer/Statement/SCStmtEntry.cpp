@@ -9,9 +9,6 @@
 namespace tarka {
 
 void SemanticChecker::addEntryName(LiteralExpression *name) {
-  if (!entryNames)
-    entryNames = makeList<LiteralExpression *>();
-  entryNames->push_back(name);
   state->entryTexts.insert(llvm::cast<NonNumericLiteralExpression>(name)->getData());
 }
 

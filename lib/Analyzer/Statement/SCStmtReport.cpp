@@ -8,6 +8,8 @@
 #include "AST/Expression.h"
 #include "AST/ReportDescription.h"
 #include "AST/Statement.h"
+#include "Analyzer/CompileOption.h"
+#include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Statement/OperandCheck.h"
 
 namespace tarka {
@@ -30,6 +32,15 @@ bool isDetailGroup(const DataDescription &entry) {
   return !type || type->getTypeOption() == ReportGroupType::Detail;
 }
 
+/// Whether several items have the name of \p group, which has no qualifiers. Such a name is bound
+/// to one of them, and reported.
+bool isAmbiguous(const DataIdentifierExpression &group) {
+  const std::list<Word *> &words = group.getQualifiedWord()->getNamesElements();
+  const Homonyms homonyms = currentScope().findItems(&words.front()->getWordData());
+  const bool usesReportWriter = CompileOption::getCompileOptionInstance()->isOptionEnableRw();
+  return words.size() == 1 && homonyms && !matchUnqualified(homonyms, usesReportWriter).isUnique;
+}
+
 } // namespace
 
 bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
@@ -46,12 +57,10 @@ bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
   }
   if (!group)
     return ok;
-  // A name that is not unique is bound all the same; one message is enough for it.
-  const std::size_t reported = errorHandler->getErrorList().size();
   if (!semanticCheck(*group, /*silentIfUndefined=*/false, /*preferReportItem=*/true))
     return false;
-  if (errorHandler->getErrorList().size() == reported &&
-      !isDetailGroup(*group->getDataDescription()))
+  // One message is enough for a name that several items have.
+  if (!isAmbiguous(*group) && !isDetailGroup(*group->getDataDescription()))
     return report(ErrorCode::StatementInvalid, group);
   return ok;
 }

@@ -11,6 +11,7 @@
 #include "AST/DataTree.h"
 #include "AST/Expression.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/Expression/CharacterOperand.h"
 #include "Analyzer/Statement/OperandCheck.h"
 #include "Analyzer/Statement/ProcedureName.h"
@@ -258,7 +259,7 @@ static bool checkTextItem(SemanticChecker &checker, IdentifierExpression &item) 
 bool SemanticChecker::semanticCheck(XMLParseStatement &statement) {
   bool ok = checkTextItem(*this, *statement.getParseIdent());
   if (const DataDescription *document = statement.getParseIdent()->getDataDescription())
-    setXmlTextSize(std::max<std::uint64_t>(getXmlTextSize(), document->getAllocSize()));
+    state->xmlText.size = std::max<std::uint64_t>(state->xmlText.size, document->getAllocSize());
   ok &= checkCodePage(*this, statement.getCodePage());
   if (IdentifierExpression *schema = statement.getValidatingIdent())
     ok &= checkTextItem(*this, *schema);

@@ -1,0 +1,55 @@
+//===- OpenConstructs.h - the constructs being parsed -----------*- C++ -*-===//
+//
+// A parse function that goes on after a mistake must know that there was one: what
+// it has read is not complete, and what seems to be missing need not be. A mistake
+// in the syntax is found by the parser, one in the text by the token stream; both
+// are noted here.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_PARSE_OPENCONSTRUCTS_H
+#define TARKA_LIB_PARSE_OPENCONSTRUCTS_H
+
+namespace tarka {
+
+/// The constructs that are being parsed, one within the other.
+class OpenConstructs {
+public:
+  /// Notes a mistake in the innermost construct, whether it is reported or suppressed.
+  void noteMistake() {
+    if (innermost)
+      innermost->mistake = true;
+  }
+
+  /// A construct, which is being parsed as long as the scope lives.
+  class Scope {
+  public:
+    explicit Scope(OpenConstructs &owner) : constructs(owner), outer(owner.innermost) {
+      constructs.innermost = this;
+    }
+    ~Scope() {
+      constructs.innermost = outer;
+      if (mistake)
+        constructs.noteMistake();
+    }
+    Scope(const Scope &) = delete;
+    Scope &operator=(const Scope &) = delete;
+
+    /// Whether a mistake was found since the scope began. Only to be called for the innermost
+    /// construct.
+    bool hasMistake() const { return mistake; }
+
+  private:
+    friend OpenConstructs;
+    OpenConstructs &constructs;
+    Scope *outer;
+    bool mistake = false;
+  };
+
+private:
+  Scope *innermost = nullptr;
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_PARSE_OPENCONSTRUCTS_H
