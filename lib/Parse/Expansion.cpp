@@ -15,11 +15,12 @@ bool samePlace(const SourceRange &left, const SourceRange &right) {
 }
 
 bool isInside(const SourceRange &inner, const SourceRange &outer) {
-  return inner.file == outer.file &&
-         std::pair(inner.beginLine, inner.beginColumn) >=
-             std::pair(outer.beginLine, outer.beginColumn) &&
-         std::pair<unsigned, unsigned>(inner.endLine, inner.endColumn) <=
-             std::pair<unsigned, unsigned>(outer.endLine, outer.endColumn);
+  const bool beginsInside = inner.beginLine != outer.beginLine
+                                ? inner.beginLine > outer.beginLine
+                                : inner.beginColumn >= outer.beginColumn;
+  const bool endsInside = inner.endLine != outer.endLine ? inner.endLine < outer.endLine
+                                                         : inner.endColumn <= outer.endColumn;
+  return inner.file == outer.file && beginsInside && endsInside;
 }
 
 } // namespace

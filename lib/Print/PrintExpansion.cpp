@@ -55,6 +55,11 @@ bool beginsBefore(const ExpandedText::Splice &left, const ExpandedText::Splice &
          std::pair(right.place.beginLine, right.place.beginColumn);
 }
 
+bool endsBefore(const SourceRange &left, const SourceRange &right) {
+  return left.endLine != right.endLine ? left.endLine < right.endLine
+                                       : left.endColumn < right.endColumn;
+}
+
 TextLines::TextLines(const ExpandedText &expanded) : splices(expanded.splices) {
   llvm::StringRef rest = expanded.file->getText();
   while (!rest.empty()) {
@@ -79,7 +84,7 @@ void TextLines::takeLongWords(const ExpandedText &expanded) {
         return splice.place.beginLine <= word.place.endLine &&
                splice.place.endLine >= word.place.beginLine;
       };
-      const auto *near = llvm::find_if(splices, touches);
+      auto near = llvm::find_if(splices, touches);
       if (word.text.empty() || near == splices.end())
         continue;
       ExpandedText::Splice splice;
@@ -89,8 +94,7 @@ void TextLines::takeLongWords(const ExpandedText &expanded) {
       // What is replaced itself is not written again.
       const bool isReplaced = llvm::any_of(splices, [&](const ExpandedText::Splice &other) {
         return !beginsBefore(splice, other) && touches(other) &&
-               std::pair<unsigned, unsigned>(other.place.endLine, other.place.endColumn) >=
-                   std::pair<unsigned, unsigned>(word.place.endLine, word.place.endColumn);
+               !endsBefore(other.place, word.place);
       });
       word.text = "";
       if (isReplaced)

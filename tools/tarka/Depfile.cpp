@@ -3,6 +3,7 @@
 #include "Depfile.h"
 #include "OutputFile.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
 
 namespace tarka {
