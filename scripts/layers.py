@@ -18,7 +18,8 @@ LAYERS = {
     "Analyzer": {"AST", "Report"},
     "Flow": {"AST", "Report", "Analyzer"},
     "Print": {"AST", "Report", "Parse", "Analyzer", "Flow"},
-    "tools": {"AST", "Report", "Parse", "Analyzer", "Flow", "Print"},
+    "Workers": set(),
+    "tools": {"AST", "Report", "Parse", "Analyzer", "Flow", "Print", "Workers"},
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)

@@ -1,8 +1,8 @@
 //===- ClausePicture.h - the PICTURE clause ---------------------*- C++ -*-===//
 //
 // A PICTURE clause and what its character string says about the item: category,
-// digits, scale, size. A string is decoded once for the whole process; the
-// clause itself only points at the result.
+// digits, scale, size. Each string is decoded once in a process; the clauses
+// point to the result.
 //
 //===----------------------------------------------------------------------===//
 
@@ -16,13 +16,13 @@
 
 namespace tarka {
 
-/// What a PICTURE character string says. Counts that pass the range of int stop at its end.
+/// What a PICTURE character string says. Counts are limited to the range of int.
 struct PictureInfo {
-  /// Unclassified when the string breaks a rule; the counts then are what could be made of it.
+  /// Unclassified when the string breaks a rule; the counts are then those of its valid part.
   DataCategory category = DataCategory::Unclassified;
   /// The string has an S.
   bool isSigned = false;
-  /// Scaling positions stand to the left of the digits, as in PP99.
+  /// Scaling positions are to the left of the digits, as in PP99.
   bool isPFront = false;
   /// A currency symbol other than "$" is used.
   bool isDiffCurrencySymbol = false;
@@ -32,7 +32,7 @@ struct PictureInfo {
   /// but the first; of an external floating-point item the digits of the mantissa. 0 for items
   /// that are neither numeric, numeric-edited nor external floating-point.
   int digits = 0;
-  /// The digits without the scaling positions, hence those that are stored: 1 for 9PP.
+  /// The digits that are stored, without the scaling positions: 1 for 9PP.
   int storedDigits = 0;
   /// Digit positions to the right of the decimal point, never negative: 3 for PP9, 0 for 9PP.
   int scale = 0;
@@ -54,7 +54,7 @@ public:
   ClausePicture(const Node *at, Word *characterString);
 
   /// Decodes again; \p decimalPointIsComma means that comma and period swap roles. What
-  /// setExtendedPicture() and setCurrencySymbolLiteral() left is forgotten.
+  /// setExtendedPicture() and setCurrencySymbolLiteral() have set is discarded.
   void decodePicture(bool decimalPointIsComma);
 
   /// The character string as written.
@@ -70,20 +70,20 @@ public:
   void setExtendedPicture(llvm::StringRef text) { extended = &internString(text); }
   static constexpr unsigned MaxWrittenOut = 1u << 16;
 
-  /// The sign that the currency symbol stands for; null while the default sign "$" does.
+  /// The currency sign that the symbol stands for; null for the default sign "$".
   LiteralExpression *getCurrencySymbolLiteral() const { return currencySign; }
-  /// Notes the CURRENCY SIGN literal. From now on its length counts in getSize().
+  /// Sets the CURRENCY SIGN literal, whose length then counts in getSize().
   void setCurrencySymbolLiteral(LiteralExpression *sign) { currencySign = sign; }
 
   /// DataCategory::Unclassified when the string breaks a rule.
   DataCategory getDataCategory() const { return info->category; }
-  /// Digit positions, scaling positions (P) included: what the limit of 31 is about.
+  /// Digit positions, scaling positions (P) included. The limit of 31 digits applies to them.
   int getDigitNum() const { return info->digits; }
-  /// Digit positions that are stored, scaling positions not counted: what the size of a binary or
-  /// packed item depends on.
+  /// Digit positions that are stored, scaling positions not counted. The size of a binary or packed
+  /// item depends on them.
   int getStoredDigitNum() const { return info->storedDigits; }
   /// Digit positions to the right of the decimal point, scaling positions included; 0 when the
-  /// scaling positions stand to the right of the digits. An item's value is its stored digits
+  /// scaling positions are to the right of the digits. An item's value is its stored digits
   /// times ten to the power of getScalePower().
   int getScale() const { return info->scale; }
   int getScalePower() const {
@@ -94,14 +94,14 @@ public:
   int getSize() const;
   /// The string has an S. The sign of an edited or external floating-point item does not count.
   bool isSigned() const { return info->isSigned; }
-  /// Scaling positions stand to the left of the digits.
+  /// Scaling positions are to the left of the digits.
   bool isPFront() const { return info->isPFront; }
   bool isDiffCurrencySymbol() const { return info->isDiffCurrencySymbol; }
 
 private:
   Word *charString;
   const PictureInfo *info = nullptr;
-  /// Written out on demand; most pictures are never asked for it.
+  /// Made on demand: most pictures do not need it.
   mutable const std::string *extended = nullptr;
   LiteralExpression *currencySign = nullptr;
 };

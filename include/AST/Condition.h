@@ -5,7 +5,7 @@
 // An abbreviated combined relation without parentheses, A = B OR C AND > D, is
 // a tree of CombinedCondition nodes over one RelationalCondition (A = B) and
 // AbbrRelationalCondition leaves (= C, > D), so that AND binds before OR. Each
-// leaf carries the relation that holds for it, written or taken over.
+// leaf has the relation that applies to it, written or inherited.
 //
 //===----------------------------------------------------------------------===//
 
@@ -28,7 +28,7 @@ private:
   ConditionType type;
 
 protected:
-  /// Bytes of the subclasses that fit in beside the kind code.
+  /// A byte for the subclasses, which fits beside the kind code.
   std::uint8_t subtype = 0;
   bool flag = false;
 };
@@ -177,7 +177,7 @@ private:
 /// A relation without its subject, which is that of the relation before it.
 class AbbrRelationalCondition : public Condition {
 public:
-  /// \p relation is the one that holds, written or taken over; \p written tells which.
+  /// \p relation is the one that applies; \p written tells whether it is written or inherited.
   AbbrRelationalCondition(const Node *at, RelationalConditionType relation, bool written,
                           Expression *object)
       : Condition(at, ConditionType::AbbrRelational), right(object) {

@@ -16,7 +16,7 @@
 
 namespace tarka {
 
-/// A clause that is nothing but its presence.
+/// Defines a clause without operands.
 #define TARKA_BARE_CLAUSE(Class)                                                                   \
   class Class : public Node {                                                                      \
   public:                                                                                          \

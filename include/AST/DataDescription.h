@@ -1,7 +1,7 @@
 //===- DataDescription.h - data description entries -------------*- C++ -*-===//
 //
 // One data description entry: what is written (level, name, clauses), its place
-// in the record, and what the checks find out. Offsets and sizes come from the
+// in the record, and the results of the checks. Offsets and sizes come from the
 // storage layout, which is kept with the groups (see StorageLayout.h).
 //
 //===----------------------------------------------------------------------===//
@@ -17,8 +17,8 @@ class GroupLayout;
 
 /// One data description entry of level 01 to 49, 66, 77 or 88.
 ///
-/// The parent tells where an entry belongs; only what stands in the parent's list of children takes
-/// part in its storage. An index name has the parent of its table and no place in that list.
+/// An entry belongs to its parent. Only the entries in the parent's list of children take part in
+/// its storage: an index name has the parent of its table, but is not in that list.
 class DataDescription : public Node {
 public:
   explicit DataDescription(const Node *at) : Node(at) {}
@@ -31,11 +31,11 @@ public:
     if (parent)
       parent->subordinateData = Subordinates::Unknown;
   }
-  /// Null for an entry without a name, until the checks call it FILLER.
+  /// Null for an entry without a name, until the checks name it FILLER.
   Word *getDataName() const { return dataName; }
-  /// Keeps the index of the data division right when the entry is known there.
+  /// Updates the index of the data division if the entry is in it.
   void setDataName(Word *name);
-  /// An entry that cannot be referred to: FILLER, or without a name.
+  /// Whether the entry cannot be referred to: it is FILLER, or has no name.
   bool isFiller() const { return !dataName || dataName->getWordData() == "FILLER"; }
   DescType getType() const { return type; }
 
@@ -45,10 +45,10 @@ public:
   DataDescription *getParent() const { return parent; }
   void setParent(DataDescription *group) { parent = group; }
   void removeParent() { parent = nullptr; }
-  /// The entry that this one takes USAGE, SIGN and the like over from: its parent, or its
-  /// conditional variable.
+  /// The entry that this one inherits USAGE, SIGN and similar clauses from: its parent, or its
+  /// conditional variable. Null for a record.
   const DataDescription *getOwner() const { return parent ? parent : getCondNameParent(); }
-  /// The entry that following getParent() leads to.
+  /// The entry at the top: the last one that following getParent() leads to.
   DataDescription *getRootDesc();
   const DataDescription *getRootDesc() const;
 
@@ -63,8 +63,8 @@ public:
   void setChildrenList(std::list<DataDescription *> *list);
   /// Appends \p child and makes this entry its parent.
   void addChildren(DataDescription *child);
-  /// Puts \p child in front of \p before, one of the children, and makes this entry its parent.
-  /// Takes the same time wherever \p before stands, once its offset is known.
+  /// Inserts \p child before \p before, one of the children, and makes this entry its parent. Takes
+  /// constant time once the offset of \p before is known.
   void insertChildBefore(DataDescription *before, DataDescription *child);
   /// To be called after the list of children was changed directly.
   void childrenChanged();
@@ -72,12 +72,12 @@ public:
   /// was decoded.
   void clauseChanged();
 
-  /// True when there are children; condition names count as long as they stand among them.
+  /// True when there are children; condition names count while they are among them.
   bool isGroupItem() const { return children && !children->empty(); }
-  /// True when there are children that are data, hence not condition names alone.
+  /// True when there are children other than condition names.
   bool hasSubordinateData() const;
 
-  // Clauses, null when absent. Setting one that matters to storage renews the layout.
+  // Clauses, null when absent. Setting one that affects storage invalidates the layout.
 
   ClausePicture *getPicture() const { return picture; }
   void setPicture(ClausePicture *clause);
@@ -160,10 +160,10 @@ public:
   /// True when the entry redefines another one: it has a REDEFINES clause or an object.
   bool isRedefineSubject() const { return redefines || getRedefineObject(); }
 
-  // Where the entry lives.
+  // The section of the entry.
 
   /// As set; else the file or report section for an entry with a file or report description; else
-  /// that of the group; else working-storage, where what the compiler makes goes.
+  /// that of the group; else working-storage, which holds the entries that the checks make.
   StorageType getStorageType() const;
   void setStorageType(StorageType storageType) { storage = storageType; }
   /// The FD or SD of a record, found from the entries below it too; null outside the file section.
@@ -174,8 +174,8 @@ public:
   ReportDescription *getReportDescription() const;
   void setReportDescription(ReportDescription *report) { setRare(&RareParts::report, report); }
 
-  // Storage. All sizes and offsets are in bytes; what passes the range of the type stays at its
-  // end, see isTooLarge().
+  // Storage. All sizes and offsets are in bytes and limited to the range of the type, see
+  // isTooLarge().
 
   /// From the start of the record, with every table before the entry at its largest; of an entry in
   /// a table, that of its first occurrence. 0 for a record itself.
@@ -195,21 +195,21 @@ public:
   std::int64_t getOffsetSize() const { return offsetSize; }
   void setOffsetSize(std::int64_t bytes) { offsetSize = bytes; }
 
-  // What the checks find out.
+  // Results of the checks.
 
-  /// Carries an initial value, or a subordinate does.
+  /// Whether the entry or a subordinate one has an initial value.
   bool haveValue() const { return haveValueFlag; }
   void setHaveValue(bool flag) { haveValueFlag = flag; }
-  /// Made by the checks: an index name.
+  /// Whether the checks made the entry: an index name.
   bool getIsCompilerMade() const { return compilerMade; }
   void setIsCompilerMade(bool flag) { compilerMade = flag; }
-  /// A table with a SYNCHRONIZED item in it.
+  /// Whether the entry is a table with a SYNCHRONIZED item in it.
   bool getOccursSync() const { return occursSync; }
   void setOccursSync(bool flag) { occursSync = flag; }
   bool isDualVar() const { return dualVar; }
   void setIsDualVar(bool flag) { dualVar = flag; }
-  /// True when an OCCURS DEPENDING ON table stands below the entry, whether the checks have marked
-  /// the entry or not.
+  /// Whether an OCCURS DEPENDING ON table is below the entry, whether or not the checks have marked
+  /// the entry.
   bool checkContainsOdo() const;
   void setContainsOdo(bool flag) { containsOdo = flag; }
   /// How report declaratives use the item, see AccessWay.
@@ -231,8 +231,7 @@ public:
   }
   void addGenDE(ReportDataDescription *item);
 
-  /// Appends to \p found every entry of this entry's tree, itself included, that bears \p name, in
-  /// source order.
+  /// Appends to \p found this entry and those below it that are named \p name, in source order.
   void findItemByName(std::list<DataDescription *> *found, const std::string &name);
 
   // The division.
@@ -244,15 +243,15 @@ public:
 
 protected:
   DataDescription(const Node *at, DescType descType) : Node(at), type(descType) {}
-  /// A copy of what is written of \p entry and of where it lives; without children, condition names
-  /// and anything that the checks found out.
+  /// A copy of \p entry as written, in the same place; without children, condition names and
+  /// results of the checks.
   DataDescription(const DataDescription &entry, DescType descType);
 
 private:
   friend class DataDivision;
   friend class GroupLayout;
 
-  /// What few entries have.
+  /// What only few entries have.
   struct RareParts {
     ClauseSign *sign = nullptr;
     ClauseGroupUsage *groupUsage = nullptr;
@@ -296,7 +295,7 @@ private:
   bool occursSync : 1 = false;
   bool dualVar : 1 = false;
   bool containsOdo : 1 = false;
-  /// What hasSubordinateData() has found out.
+  /// The cached result of hasSubordinateData().
   enum class Subordinates : std::uint8_t { Unknown, ConditionNames, Data };
   mutable Subordinates subordinateData : 2 = Subordinates::Unknown;
   unsigned sourceOrder = 0;
@@ -309,12 +308,12 @@ private:
   ClauseRedefines *redefines = nullptr;
   ClauseValue *value = nullptr;
   RareParts *rare = nullptr;
-  /// The division whose index knows this entry; null while none does.
+  /// The division whose index holds this entry; null while there is none.
   DataDivision *division = nullptr;
-  /// Where the children lie; null for an entry without children and before it is asked for.
+  /// The layout of the children; null for an entry without children and until it is needed.
   mutable GroupLayout *layout = nullptr;
   std::int64_t offsetSize = -1;
-  /// The entry's place in the layout of its parent; the layout knows whether it holds.
+  /// The entry's index in the layout of its parent; the layout knows whether it is valid.
   mutable unsigned layoutIndex = 0;
 };
 

@@ -21,8 +21,8 @@ namespace tarka {
 
 /// The DATA DIVISION of a source unit.
 ///
-/// A section list may be appended to directly; the index reads what is new at the next question. It
-/// must not be changed otherwise, only replaced as a whole.
+/// A section list may be appended to directly: the index reads the new entries at the next lookup.
+/// Otherwise it must not be changed, only replaced as a whole.
 class DataDivision : public Node {
 public:
   explicit DataDivision(const Node *at) : Node(at) {}
@@ -36,7 +36,7 @@ public:
   std::list<DataDescription *> *getWorkSection() const { return workSection; }
   /// \p list is kept, not copied.
   void setWorkSection(std::list<DataDescription *> *list);
-  /// Appends, making the list when there is none, and sets the storage type.
+  /// Appends a record and sets its storage type; makes the list when there is none.
   void addWorkSection(DataDescription *entry);
   /// All entries of working-storage in source order, subordinates and condition names included.
   /// Entries that were put between others after the first call are not in it; those appended to the
@@ -57,7 +57,7 @@ public:
 
   /// All entries with the name \p name, of every section and level: those of the file section
   /// first, then working-storage, local-storage, linkage and report section, each in source order;
-  /// then what was added after the first question, in the order of adding. Null when there is none.
+  /// then those added after the first lookup, in the order of adding. Null when there is none.
   /// The list belongs to the index and grows with it.
   std::list<DataDescription *> *findItemByName(const std::string &name);
   /// The same for a name that is interned already, as the text of a Word is.
@@ -72,11 +72,11 @@ public:
     auto found = index.find(name);
     return found == index.end() ? nullptr : found->second.only;
   }
-  /// Of these entries those that stand in a group, file or report named \p qualifier, at any depth,
-  /// in the same order. Valid until the next question.
+  /// Those of these entries that are in a group, file or report named \p qualifier, at any depth,
+  /// in the same order. Valid until the next lookup.
   llvm::ArrayRef<DataDescription *> findItemByQualifiedName(const std::string &name,
                                                             const std::string &qualifier);
-  /// True when a file or report of the division bears \p name.
+  /// True when a file or report of the division is named \p name.
   bool isFileOrReportName(const std::string &name);
 
   /// The FD and SD entries with the name \p name, in source order.
@@ -120,14 +120,14 @@ private:
   };
 
   void updateIndex();
-  /// Forgets everything; the next question begins anew.
+  /// Clears the index; the next lookup builds it again.
   void forgetIndex();
-  /// Enters \p root with everything below it, as far as it is not known already.
+  /// Enters \p root and everything below it that is not in the index yet.
   void indexRecord(DataDescription *root);
   void indexName(DataDescription *entry);
   void unindexName(DataDescription *entry);
 
-  /// The entries of one name by every name that can qualify them. Most names never need it.
+  /// The entries of one name by every name that can qualify them. Few names need it.
   using QualifiedNames = GrowingIndex<DataDescription>;
 
   std::list<DataDescription *> *workSection = nullptr;

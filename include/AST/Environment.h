@@ -82,7 +82,7 @@ private:
 // SPECIAL-NAMES
 //===----------------------------------------------------------------------===//
 
-/// What the system knows by \p name, in upper or lower case.
+/// The kind of environment name that \p name is, in upper or lower case.
 EnvNameType environmentNameType(llvm::StringRef name);
 /// The devices that ACCEPT reads from: SYSIN, SYSIPT and CONSOLE.
 bool isInputDevice(llvm::StringRef name);
@@ -240,13 +240,13 @@ public:
   using Node::Node;
 };
 
-/// SPECIAL-NAMES. Look-ups compare the texts of the words exactly and answer with the first clause
-/// of that name, or null; they take the same time however many clauses there are.
+/// SPECIAL-NAMES. Lookups compare the texts of the words exactly, give the first clause of that
+/// name or null, and take constant time.
 class ParaSpecialNames : public Node {
 public:
   using Node::Node;
 
-  // A clause is added when it is complete: that is when its names are entered.
+  // A clause must be complete when it is added, because its names are entered then.
   void addEnvName(ClauseEnvName *clause);
   void addAlphabet(ClauseAlphabet *clause);
   void addSymbolic(ClauseSymbolic *clause);
@@ -439,7 +439,7 @@ public:
 
   /// The file's name; the position's own file name is Node::getFileName().
   Word *getFileName() const { return fileName; }
-  /// The organization that holds: the clause's, or sequential where there is none.
+  /// The organization of the file: that of the clause, or sequential without one.
   OrganizationType getOrganizationType() const {
     return organization ? organization->getType() : OrganizationType::Sequential;
   }
@@ -483,7 +483,7 @@ class ClauseRerun : public Node {
 public:
   using Node::Node;
 
-  /// The name after ON; when it turns out to be no file, the check moves it to the assignment.
+  /// The name after ON; when it is not a file, the check moves it to the assignment.
   TARKA_FIELD(FileIdentifierExpression *, onName, FileName)
   TARKA_FIELD(Word *, assignment, Assignment)
   TARKA_FIELD(NumericLiteralExpression *, recordCount, RecordCount)

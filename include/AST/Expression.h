@@ -26,7 +26,7 @@ public:
   /// True when the operand can only hold integers.
   virtual bool isInteger() const { return false; }
 
-  /// Digit positions and decimal places of the operand as the checks left them; both 0 before.
+  /// Digit positions and decimal places of the operand, set by the checks; 0 before.
   unsigned getSrcDigitNum() const { return srcDigitNum; }
   void setSrcDigitNum(unsigned digits) { srcDigitNum = digits; }
   unsigned getSrcScale() const { return srcScale; }
@@ -39,7 +39,7 @@ private:
   ExpressionType exprType;
 
 protected:
-  /// A few bytes of the subclasses, kept here because they fit in beside the kind code.
+  /// A few bytes for the subclasses, which fit beside the kind code.
   std::uint8_t subtype = 0;
   bool flag = false;
 

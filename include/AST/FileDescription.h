@@ -222,7 +222,7 @@ private:
   FileDescType type;
   Word *fileName;
   std::list<DataDescription *> records;
-  /// The division whose index knows the records; null while none does.
+  /// The division whose index holds the records; null while there is none.
   DataDivision *division = nullptr;
 };
 

@@ -2,7 +2,7 @@
 //
 // Entries are found by name in lists that grow while they are searched: the
 // checks add special registers, index names, slack bytes and copied sections.
-// What is here reads on in such a list when it is asked.
+// The classes here read the new elements of such a list at each lookup.
 //
 //===----------------------------------------------------------------------===//
 

@@ -174,7 +174,7 @@ enum class ConditionType : std::uint8_t {
 #include "AST/Conditions.def"
 };
 
-/// Statements. The checker rejects a node that carries a value without an enumerator.
+/// Statements. The checks reject a node whose value has no enumerator.
 enum class StatementType : std::uint8_t {
 #define TARKA_STATEMENT(Kind, Number, Class, Verb) Kind = Number,
 #include "AST/Statements.def"
@@ -224,34 +224,7 @@ enum class ProgramIdType : std::uint8_t { None = 0, Initial = 1, Common = 2, Rec
 /// LEFT and RIGHT of SYNCHRONIZED.
 enum class SynchronizedType : std::uint8_t { None = 0, Left = 1, Right = 2 };
 
-/// The patterns of DATE FORMAT.
-enum class PattenType : std::uint8_t {
-  None = 0,
-  YY = 1,
-  YYX = 2,
-  YYXX = 3,
-  YYXXX = 4,
-  YYXXXX = 5,
-  YYYY = 6,
-  YYYYX = 7,
-  YYYYXX = 8,
-  YYYYXXX = 9,
-  YYYYXXXX = 10,
-  X = 11,
-  XYY = 12,
-  XYYYY = 13,
-  XX = 14,
-  XXYY = 15,
-  XXYYYY = 16,
-  XXX = 17,
-  XXXYY = 18,
-  XXXYYYY = 19,
-  XXXX = 20,
-  XXXXYY = 21,
-  XXXXYYYY = 22,
-};
-
-// The report section.
+/// The operands of SOURCE in the report section.
 enum class SourceExprType : std::uint8_t { Identifier = 1, Arithmetic = 2, Sum = 3, Literal = 4 };
 /// The forms of NEXT GROUP; None without the clause.
 enum class NextGroupType : std::uint8_t { None = 0, Line = 1, Plus = 2, NextPage = 3 };
@@ -260,7 +233,7 @@ enum class ControlOption : std::uint8_t { None = 0, Final = 1 };
 /// What RESET names; None without the phrase.
 enum class ResetType : std::uint8_t { None = 0, Final = 1, Identifier = 2 };
 
-/// What a data item's accesses mean to the report writer's code generator.
+/// How report declaratives use a data item, for the code generator of the report writer.
 enum class AccessWay : std::uint8_t { None = 0, Used = 1, Moved = 2 };
 
 } // namespace tarka

@@ -11,7 +11,7 @@
 
 namespace tarka {
 
-/// The name of a program without the quotes of a literal; quotes that are not a pair stay.
+/// The name of a program without the quotes of a literal; unpaired quotes are kept.
 inline llvm::StringRef withoutQuotes(llvm::StringRef name) {
   for (char quote : {'\'', '"'})
     if (name.size() >= 2 && name.front() == quote && name.back() == quote)
@@ -34,7 +34,7 @@ public:
   const std::string &getWordData() const { return *data; }
   /// The spelling as written; empty when the compiler made the word.
   const std::string &getSpelling() const { return *spelling; }
-  /// What to show to a person: the spelling, or the text where there is none.
+  /// The text for messages: the spelling, or the text where there is none.
   const std::string &getDisplayName() const { return spelling->empty() ? *data : *spelling; }
 
 private:

@@ -1,8 +1,8 @@
 //===- Node.h - root of every tree object -----------------------*- C++ -*-===//
 //
 // The root class of the tree, the positions that diagnostics point at, and the
-// arena that every node lives in. Nodes are never given back during a
-// compilation, so making one is a pointer bump.
+// arena that every node lives in. Nodes are never freed, so allocating one only
+// advances a pointer.
 //
 //===----------------------------------------------------------------------===//
 
@@ -19,7 +19,7 @@
 
 namespace tarka {
 
-/// Memory that lives until the process ends, handed out by bumping a pointer.
+/// Allocates memory that lives until the process ends; it only advances a pointer.
 void *allocateForever(std::size_t size, std::size_t alignment = alignof(std::max_align_t));
 
 /// The one process-wide copy of \p text; equal texts give the same address.
@@ -37,12 +37,12 @@ enum class Origin : std::uint8_t {
   Source,
   /// The language: the special registers, which every program has.
   Supplied,
-  /// What the checks make of the source: index names, slack bytes, the name of a FILLER, the
-  /// statements that others stand for.
+  /// Made by the checks or the graph builder: index names, slack bytes, the name of a FILLER, the
+  /// statements that others are converted to.
   Generated,
 };
 
-/// Where a construct stands: the physical file, lines and columns from 1, the end inclusive.
+/// The place of a construct: the physical file, lines and columns from 1, the end inclusive.
 /// All zero for a construct that has no place in the source.
 struct SourceRange {
   SourceRange() = default;
@@ -56,7 +56,7 @@ struct SourceRange {
   unsigned beginColumn = 0;
   unsigned endLine = 0;
   unsigned endColumn : 30 = 0;
-  /// Where the node comes from that has this range.
+  /// The origin of the node that has this range.
   Origin origin : 2 = Origin::Source;
 };
 
@@ -98,17 +98,19 @@ public:
   const SourceRange &getRange() const { return range; }
   void setRange(const SourceRange &where) { range = where; }
 
+  /// Where the node comes from.
   Origin getOrigin() const { return range.origin; }
   void setOrigin(Origin from) { range.origin = from; }
-  /// Whether the node stands in the source text; only then it has a position that is its own.
+  /// Whether the node is in the source text. Only such a node has a position of its own.
   bool isWritten() const { return range.origin == Origin::Source; }
 
 private:
   SourceRange range;
 };
 
-/// Makes a node that is not in the source: the one way for the checks to add to the tree. \p at,
-/// whose position the node gets, may be null; \p arguments are those of the constructor after it.
+/// Makes a node that is not in the source. Checks and graph builder make all their nodes with it.
+/// \p at, whose position the node gets, may be null; \p arguments are those of the constructor
+/// after it.
 template <typename T, typename... Arguments> T *generate(const Node *at, Arguments &&...arguments) {
   T *node = new T(at, std::forward<Arguments>(arguments)...);
   node->setOrigin(Origin::Generated);
@@ -122,7 +124,7 @@ template <typename T, typename... Arguments> T *generate(const Node *at, Argumen
 // A node owns its lists. A list that a constructor or a setter is given is taken over: its elements
 // are moved, and it is empty afterwards.
 
-/// The elements of \p given, which is empty afterwards; null stands for an empty list.
+/// Moves the elements of \p given, which is empty afterwards; null stands for an empty list.
 template <typename Element> std::list<Element> takeOver(std::list<Element> *given) {
   std::list<Element> elements;
   if (given)
@@ -184,7 +186,7 @@ public:
   iterator begin() const { return beginOf(list); }
   iterator end() const { return endOf(list); }
   std::size_t size() const { return list ? list->size() : 0; }
-  // As std::list spells it: the accessors below work on either.
+  // The name is that of std::list, so that the accessors below work with both.
   void push_back(Type *item) { own().push_back(item); } // NOLINT(readability-identifier-naming)
 
   friend const List &elementsOf(const LazyList &lazy) { return listOrEmpty(lazy.list); }

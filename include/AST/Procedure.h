@@ -35,44 +35,52 @@ private:
   std::list<Statement *> statements;
 };
 
-/// A paragraph. Its end may be the end of a performed range: then control can return from it.
-class Paragraph : public Node {
+/// What paragraphs and sections have in common: sentences, and that they can be performed.
+class ProcedureBody : public Node {
 public:
-  Paragraph(const Node *at, Word *name) : Node(at), paragraphName(name) {}
+  using Node::Node;
 
-  Word *getParagraphName() const { return paragraphName; }
-  void addSent(Sentence *sentence) { sentences.push_back(sentence); }
+  /// The sentences of a paragraph; of a section those before its first paragraph.
+  TARKA_LIST_ADD(Sentence, sentences, Sent, Sent)
 
-  TARKA_LIST(Sentence, sentences, Sent)
-
+  /// Whether a performed range ends here, so that control can return from the end.
   bool isPerformThru() const { return performThru; }
   void setIsPerformThru(bool value) { performThru = value; }
   /// The source line of the last PERFORM whose range ends here; 0 when there is none.
   int getPerformLine() const { return performLine; }
   void setPerformLine(int line) { performLine = line; }
-  /// The block that the paragraph starts in; null before the graph is built.
+  /// The block that the procedure starts in; null before the graph is built.
   CFGBlock *getStartBlock() const { return startBlock; }
   void setStartBlock(CFGBlock *block) { startBlock = block; }
 
 private:
   bool performThru = false;
-  std::list<Sentence *> sentences;
-  Word *paragraphName;
-  CFGBlock *startBlock = nullptr;
   int performLine = 0;
+  std::list<Sentence *> sentences;
+  CFGBlock *startBlock = nullptr;
+};
+
+/// A paragraph.
+class Paragraph : public ProcedureBody {
+public:
+  Paragraph(const Node *at, Word *name) : ProcedureBody(at), paragraphName(name) {}
+
+  Word *getParagraphName() const { return paragraphName; }
+
+private:
+  Word *paragraphName;
 };
 
 /// A section with its priority number, the sentences before its first paragraph, and its
 /// paragraphs.
-class Section : public Node {
+class Section : public ProcedureBody {
 public:
-  Section(const Node *at, Word *name) : Node(at), sectionName(name) {}
+  Section(const Node *at, Word *name) : ProcedureBody(at), sectionName(name) {}
 
   Word *getSectionName() const { return sectionName; }
   /// Null when the header has no priority number.
   NumericLiteralExpression *getPriorityNumExpr() const { return priorityNumber; }
   void setPriorityNumExpr(NumericLiteralExpression *number) { priorityNumber = number; }
-  void addSent(Sentence *sentence) { sentences.push_back(sentence); }
   void addPara(Paragraph *paragraph) {
     paragraphs.push_back(paragraph);
     paragraphIndex[&paragraph->getParagraphName()->getWordData()].push_back(paragraph);
@@ -85,24 +93,12 @@ public:
   /// declaratives. \p name is this section's own name.
   Section *createCopySection(Word *name, Word *copyName);
 
-  TARKA_LIST(Sentence, sentences, Sent)
   TARKA_LIST(Paragraph, paragraphs, Para)
 
-  bool isPerformThru() const { return performThru; }
-  void setIsPerformThru(bool value) { performThru = value; }
-  int getPerformLine() const { return performLine; }
-  void setPerformLine(int line) { performLine = line; }
-  CFGBlock *getStartBlock() const { return startBlock; }
-  void setStartBlock(CFGBlock *block) { startBlock = block; }
-
 private:
-  bool performThru = false;
-  std::list<Sentence *> sentences;
   std::list<Paragraph *> paragraphs;
   Word *sectionName;
   NumericLiteralExpression *priorityNumber = nullptr;
-  CFGBlock *startBlock = nullptr;
-  int performLine = 0;
   llvm::DenseMap<const std::string *, llvm::SmallVector<Paragraph *, 1>> paragraphIndex;
 };
 
@@ -140,8 +136,7 @@ struct ParagraphInSection {
 };
 
 /// The procedure division. Names of procedures are found through an index, in source order. It
-/// reads new sections and declaratives at the next question; their paragraphs must be complete by
-/// then.
+/// reads new sections and declaratives at the next lookup, when their paragraphs must be complete.
 class ProcedureDivision : public Node {
 public:
   using Node::Node;
@@ -153,7 +148,7 @@ public:
   void setReturning(Returning *phrase) { returning = phrase; }
 
   void addDeclaratives(Declaratives *declarative) { declaratives.push_back(declarative); }
-  /// Declaratives by kind, as the check of the division splits them.
+  /// The declaratives by kind, as the check of the division sorts them.
   void addBaseDeclaratives(Declaratives *declarative) { baseDeclaratives.push_back(declarative); }
   void addRptDeclaratives(Declaratives *declarative) { rptDeclaratives.push_back(declarative); }
   /// Sections that the checks copied into the declaratives.
@@ -169,7 +164,7 @@ public:
   llvm::ArrayRef<Section *> findDeclarativeSections(const std::string &name);
   /// The copied sections of that name.
   llvm::ArrayRef<Section *> findRenameSections(const std::string &name);
-  /// The paragraphs of that name that stand in no section.
+  /// The paragraphs of that name that are in no section.
   llvm::ArrayRef<Paragraph *> findParagraphs(const std::string &name);
   /// The paragraphs of that name in the sections outside of the declaratives.
   llvm::ArrayRef<ParagraphInSection> findSectionParagraphs(const std::string &name);

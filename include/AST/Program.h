@@ -22,7 +22,7 @@ public:
   ProgramIdParagraph(const Node *at, Word *name, ProgramIdType kind)
       : Node(at), type(kind), programName(name) {}
 
-  /// COMMON takes precedence over INITIAL and RECURSIVE, which the flags tell.
+  /// COMMON takes precedence over INITIAL and RECURSIVE, for which there are flags.
   ProgramIdType getType() const { return type; }
   Word *getProgramName() const { return programName; }
 
@@ -58,7 +58,7 @@ public:
   /// The unit that this one is nested in; null for an outermost one.
   SourceUnit *getParent() const { return parent; }
   bool isNested() const { return parent != nullptr; }
-  /// The text of PROGRAM-ID: as spelt, with the quotes of a literal.
+  /// The text of PROGRAM-ID as written, with the quotes of a literal.
   const std::string &getSourceUnitName() const {
     return idDivision->getProgramIDPara()->getProgramName()->getWordData();
   }
@@ -74,7 +74,7 @@ public:
 
   void addNested(SourceUnit *unit) { nestedUnits.push_back(unit); }
 
-  /// The programs that may be called from this unit by being contained in it or in an outer one.
+  /// The programs that this unit may call because they are contained in it or in an outer one.
   void addCallableList(const std::string &name) { callableList.push_back(name); }
   const std::list<std::string> &getCallableList() const { return callableList; }
 

@@ -47,8 +47,8 @@ public:
   /// The number of the USE BEFORE REPORTING procedure of the group, from 1; 0 when it has none.
   TARKA_FIELD(int, declIndex, DeclIndex)
 
-  // What the checks find out. "Head" is an entry that begins a line, "line" the line that an entry
-  // stands in.
+  // Results of the checks. "Head" is an entry that begins a line, "line" the line that an entry is
+  // in.
   TARKA_FIELD(ReportDataDescription *, currHeadDesc, CurrHeadDesc)
   TARKA_FIELD(ReportDataDescription *, prevHeadDesc, PrevHeadDesc)
   TARKA_FIELD(ReportDataDescription *, currLineDesc, CurrLineDesc)
@@ -150,7 +150,7 @@ private:
   friend class DataDivision;
   Word *reportName;
   std::list<ReportDataDescription *> records;
-  /// The division whose index knows the groups; null while none does.
+  /// The division whose index holds the groups; null while there is none.
   DataDivision *division = nullptr;
 };
 

@@ -9,7 +9,7 @@
 // report that it belongs to, has the clause; a condition-name is with its
 // conditional variable. The names of SPECIAL-NAMES hold in every nested program.
 //
-// Names are texts of words, see internString(), and are compared by address.
+// Names are texts of words, which internString() makes unique, and are compared by address.
 // Every lookup is a few steps in an index for each program between the one that
 // asks and the one that declares the name.
 //
@@ -166,7 +166,12 @@ UnqualifiedMatch matchUnqualified(const Homonyms &homonyms, bool prefersReportIt
 /// same in upper and lower case, and with or without quotes.
 class ProgramNames {
 public:
+  ProgramNames() = default;
+  /// The names of all programs in \p program.
   explicit ProgramNames(const Program &program);
+
+  /// Adds a program. Of two that have one name in one program, the first one is found.
+  void add(SourceUnit &unit);
 
   /// The program that a CALL in \p caller reaches by \p name: one that is nested in the caller, a
   /// COMMON one that is nested in a program around it, or an outermost one. Null when there is no

@@ -2,9 +2,9 @@
 //
 // The base of all statements, and the phrases that hold imperative statements.
 //
-// A list that a constructor of a statement is given belongs to the statement
-// from then on. Members that hold one byte stand first in every class: they
-// fill the room that the kind code leaves in front of the first pointer.
+// A list that is passed to a constructor of a statement belongs to the statement
+// from then on. Members of one byte come first in every class: they fill the
+// space between the kind code and the first pointer.
 //
 //===----------------------------------------------------------------------===//
 
@@ -22,8 +22,8 @@ namespace tarka {
 
 /// A statement. The kind code identifies the class.
 ///
-/// Many statements have formats, which their own getType() tells; it hides this one, so the kind
-/// of such a statement is to be asked through a Statement.
+/// Many statements have formats, which their own getType() gives. It hides this one, so the kind of
+/// such a statement is obtained through a Statement.
 class Statement : public Node {
 public:
   Statement(const Node *at, StatementType type) : Node(at), kind(type) {}
@@ -64,11 +64,11 @@ private:
   std::list<Statement *> imperStmts;
 };
 
-/// The procedures that a procedure-name, or two with THROUGH, stand for. Set by the check; all
-/// null before. Of a section and a paragraph at the same end at most one is set.
+/// The procedures that a procedure-name, or two with THROUGH, refer to. Set by the check; all null
+/// before. At each end, at most one of section and paragraph is set.
 class ProcedureRange {
 public:
-  /// Records what procedure-name-1 stands for, and at the second call what procedure-name-2 does.
+  /// Records what procedure-name-1 refers to, and at the second call what procedure-name-2 does.
   void addSection(Section *section) { (hasBegin() ? thruSection : beginSection) = section; }
   void addParagraph(Paragraph *paragraph) {
     (hasBegin() ? thruParagraph : beginParagraph) = paragraph;

@@ -134,7 +134,7 @@ private:
 // Procedures
 //===----------------------------------------------------------------------===//
 
-/// A target of GO TO as the check found it; one of the two is null.
+/// A target of GO TO, as resolved by the check; one of the two is null.
 class GotoProcedure : public Node {
 public:
   GotoProcedure(Section *targetSection, Paragraph *targetParagraph)
@@ -158,7 +158,7 @@ public:
   TARKA_LIST_ADD(QualifiedWord, procedureNames, ProcedureNameList, ProcedureName)
   /// Null without DEPENDING ON.
   TARKA_FIELD(IdentifierExpression *, dependingName, DependingName)
-  /// What the names stand for, in their order; set by the check.
+  /// The procedures that the names refer to, in their order; set by the check.
   TARKA_LIST_ADD(GotoProcedure, procedures, ProcedureList, Procedure)
   void forgetProcedures() { procedures = {}; }
 
@@ -176,7 +176,8 @@ public:
 
   TARKA_FIELD(QualifiedWord *, srcProcName, SrcProcName)
   TARKA_FIELD(QualifiedWord *, dstProcName, DstProcName)
-  /// What the names stand for; null before the check, which sets one of the two destinations.
+  /// The procedures that the names refer to; null before the check, which sets one of the two
+  /// destinations.
   TARKA_FIELD(Paragraph *, srcParagraph, SrcParagraph)
   TARKA_FIELD(Section *, dstSection, DstSection)
   TARKA_FIELD(Paragraph *, dstParagraph, DstParagraph)
@@ -200,7 +201,7 @@ private:
   std::list<AlterItem *> items;
 };
 
-/// procedure-name-1 [THROUGH procedure-name-2], with the procedures that the names stand for.
+/// procedure-name-1 [THROUGH procedure-name-2], with the procedures that the names refer to.
 class PerformProcedure : public Node, public ProcedureRange {
 public:
   /// \p thru is null without THROUGH.
@@ -253,7 +254,7 @@ private:
 class PerformStatement : public StatementOf<StatementType::Perform> {
 public:
   PerformStatement(const Node *at, PerformStmtType format) : StatementOf(at), type(format) {}
-  /// What the statement does not say is null.
+  /// The phrases that are not written are null.
   PerformStatement(const Node *at, PerformStmtType format, PerformProcedure *procedure,
                    std::list<Statement *> *statements, Expression *times, PerformTest *test,
                    std::list<PerformVarying *> *varying, Condition *until)
@@ -361,7 +362,7 @@ private:
   LazyList<Statement> elseStmts;
 };
 
-/// What EVALUATE and ALSO are followed by: operand, condition, TRUE or FALSE.
+/// A subject, after EVALUATE or ALSO: operand, condition, TRUE or FALSE.
 class EvaluateSubject : public Node {
 public:
   EvaluateSubject(const Node *at, EvalSubjectType which, Expression *operand, Condition *condition)
@@ -379,7 +380,7 @@ private:
   Condition *cond = nullptr;
 };
 
-/// What WHEN and ALSO are followed by: ANY, condition, TRUE, FALSE, or
+/// An object, after WHEN or ALSO: ANY, condition, TRUE, FALSE, or
 /// [NOT] operand [THROUGH operand].
 class EvaluateObject : public Node {
 public:
@@ -502,7 +503,7 @@ public:
   TARKA_FIELD(Expression *, everyExpr, EveryExpr)
   /// Null without UNTIL.
   TARKA_FIELD(Expression *, untilExpr, UntilExpr)
-  /// The statements that are run when the count fits.
+  /// The statements that are executed when the count is right.
   TARKA_LIST_ADD(Statement, untilStmts, UntilStmtList, UntilStmt)
   /// Empty without ELSE.
   TARKA_LIST_ADD(Statement, elseStmts, ElseStmtList, ElseStmt)
@@ -527,7 +528,7 @@ private:
 /// EXEC language text END-EXEC
 class ExecStatement : public StatementOf<StatementType::Exec> {
 public:
-  /// \p body is what stands between the name of the language and END-EXEC.
+  /// \p body is the text between the name of the language and END-EXEC.
   ExecStatement(const Node *at, ExecType language, llvm::StringRef body)
       : StatementOf(at), type(language), text(&internString(body)) {}
 

@@ -7,10 +7,10 @@
 
 namespace tarka {
 
-/// A statement that does the same as \p original but can be checked and lowered on its own: the
-/// statements nested in it are copies too, and the procedures that it names are still to be found.
+/// A copy of \p original that can be checked and lowered on its own: the statements nested in it
+/// are copied too, and the procedures that it names are not resolved.
 ///
-/// Operands and conditions are shared, since they mean the same data in either place.
+/// Operands and conditions are shared, since they refer to the same data in both places.
 Statement *copyStatement(Statement *original);
 
 } // namespace tarka

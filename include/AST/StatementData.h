@@ -85,10 +85,10 @@ private:
 // SET
 //===----------------------------------------------------------------------===//
 
-/// What follows TO, UP BY or DOWN BY: operand, ENTRY operand, NULL, ON, OFF, TRUE or FALSE.
+/// The value after TO, UP BY or DOWN BY: operand, ENTRY operand, NULL, ON, OFF, TRUE or FALSE.
 class SetToValue : public Node {
 public:
-  /// \p value is null for the words that stand for themselves.
+  /// \p value is null for NULL, ON, OFF, TRUE and FALSE.
   SetToValue(const Node *at, SetToValueType which, Expression *value = nullptr)
       : Node(at), type(which), toExpr(value) {}
 
@@ -100,7 +100,7 @@ private:
   Expression *toExpr = nullptr;
 };
 
-/// One receiving list of SET with what it is set to:
+/// One receiving list of SET with its value:
 ///   {identifier | ADDRESS OF identifier}... {TO | UP BY | DOWN BY} value
 ///   mnemonic-name... TO {ON | OFF}
 ///   condition-name... TO {TRUE | FALSE}
@@ -114,7 +114,7 @@ public:
   TARKA_LIST_ADD(Expression, operands, SetList, Set)
   /// The condition-names, each a ConditionNameCondition.
   TARKA_LIST_ADD(Condition, conditions, CondList, Cond)
-  /// The switches that the names of the switch format stand for; set by the check.
+  /// The switches that the names of the switch format refer to; set by the check.
   TARKA_LIST_ADD(Word, mnemonicNames, MnemonicNameList, MnemonicName)
 
 private:
@@ -436,7 +436,7 @@ public:
   TARKA_FIELD(Expression *, transformExpr, TransformExpr)
   TARKA_FIELD(Expression *, fromExpr, FromExpr)
   TARKA_FIELD(Expression *, toExpr, ToExpr)
-  /// The INSPECT that does the work, made by the check; null before.
+  /// The INSPECT that the statement is converted to; null before the check.
   TARKA_FIELD(Statement *, inspectStmt, InspectStmt)
 
 private:
@@ -456,12 +456,12 @@ public:
   TARKA_FIELD(ExamineType, examType, ExamType)
   TARKA_FIELD(ExamineOptionType, optionType, OptionType)
   TARKA_FIELD(Expression *, examineExpr, ExamineExpr)
-  /// The operand that is looked for.
+  /// The operand that is searched for.
   TARKA_FIELD(Expression *, optExpr, OptExpr)
   /// Null where nothing is replaced.
   TARKA_FIELD(Expression *, byExpr, ByExpr)
-  /// The INSPECT that does the work and the MOVE before it that clears TALLY, made by the check;
-  /// null before, and the MOVE where nothing is counted.
+  /// The INSPECT that the statement is converted to, and the MOVE before it that clears TALLY. Null
+  /// before the check; the MOVE also where nothing is counted.
   TARKA_FIELD(Statement *, inspectStmt, InspectStmt)
   TARKA_FIELD(Statement *, moveStmt, MoveStmt)
 
@@ -484,7 +484,7 @@ public:
   TARKA_LIST_ADD(Expression, operands, ExhibitExprList, ExhibitExpr)
   /// Null without UPON.
   TARKA_FIELD(Word *, uponName, UponName)
-  /// The statements that do the work, made by the check.
+  /// The statements that the statement is converted to; set by the check.
   TARKA_LIST_ADD(Statement, convertStmts, ConvertStmtList, ConvertStmt)
 
 private:

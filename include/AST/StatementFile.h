@@ -18,7 +18,7 @@ namespace tarka {
 /// The base of the statements that can enter a USE procedure.
 class FileStatement : public Statement {
 public:
-  /// True when a USE procedure may run in the course of the statement; set by the check.
+  /// True when a USE procedure may run during the statement; set by the check.
   bool getIsDeclaratives() const { return declaratives; }
   void setIsDeclaratives(bool value) { declaratives = value; }
 
@@ -115,7 +115,7 @@ class ReadStatement : public StatementOf<StatementType::Read, FileStatement> {
 public:
   ReadStatement(const Node *at, FileIdentifierExpression *file) : StatementOf(at), fileName(file) {}
 
-  /// True for NEXT, written or meant.
+  /// True for NEXT, written or implied.
   TARKA_FLAG(nextRecord, NextRecord)
   TARKA_FIELD(FileIdentifierExpression *, fileName, FileName)
   /// Null without INTO, KEY.
@@ -308,11 +308,11 @@ public:
   ProcedureRange &getProcedures() { return range; }
   const ProcedureRange &getProcedures() const { return range; }
 
-  /// Records what the first procedure-name stands for, then what the second does.
+  /// Records what the first procedure-name refers to, then what the second does.
   void addSection(Section *section) { range.addSection(section); }
   void addParagraph(Paragraph *paragraph) { range.addParagraph(paragraph); }
 
-  /// The first and the last procedure; set by the check, and null where the name stands for a
+  /// The first and the last procedure; set by the check, and null where the name refers to a
   /// procedure of the other kind or is not written.
   Section *getFromSection() const { return range.getBeginSection(); }
   void setFromSection(Section *section) { range.setBeginSection(section); }
@@ -393,7 +393,7 @@ private:
 // Declaratives
 //===----------------------------------------------------------------------===//
 
-/// A procedure that USE FOR DEBUGGING names, as the check found it; one of the two is null.
+/// A procedure that USE FOR DEBUGGING names, as resolved by the check; one of the two is null.
 class UseProcedure : public Node {
 public:
   explicit UseProcedure(const Node *at) : Node(at) {}
@@ -429,7 +429,7 @@ public:
   TARKA_LIST_ADD(IdentifierExpression, givingItems, GivingList, Giving)
   /// The groups of BEFORE REPORTING.
   TARKA_LIST_ADD(IdentifierExpression, reports, ReportList, Report)
-  /// The names of FOR DEBUGGING, and what they stand for; the latter null before the check.
+  /// The names of FOR DEBUGGING, and the procedures that they refer to, null before the check.
   TARKA_LIST_ADD(Word, procedures, ProcedureList, Procedure)
   TARKA_FIELD(std::list<UseProcedure *> *, useProcedures, UseProcedureList)
 

@@ -1,8 +1,8 @@
 //===- StatementInner.h - statements of the graph ---------------*- C++ -*-===//
 //
-// The statements that stand in no source text: the graph builder makes them for
-// what the code generator has to do between the programmer's statements. They
-// point at lists of the tree and take nothing over.
+// Statements that are not in the source text: the graph builder makes them for
+// what the code generator must do between the programmer's statements. They
+// point at lists of the tree, which they do not own.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,9 +1,9 @@
 //===- CFG.h - the control-flow graph ---------------------------*- C++ -*-===//
 //
-// What the analyzer hands to the code generator: one module for a compilation,
+// The output of the analyzer for a code generator: one module for a compilation,
 // one function for a source unit, each with a graph of named blocks whose
-// elements point back into the checked tree. The records only hold what the
-// builder decided; docs/cfg.md says which shape stands for which construct.
+// elements point back into the checked tree. docs/cfg.md describes the shape of
+// each construct.
 //
 // Names of blocks are a contract and are not unique: every IF has its
 // "tkdummy_then". A lookup by name gives the block that was made first.
@@ -86,12 +86,12 @@ enum class CFGLink : std::uint8_t {
 };
 inline constexpr std::size_t cfgLinkCount = 10;
 
-/// What the links are called where they are shown, by CFGLink.
+/// The names of the links in printed forms, by CFGLink.
 inline constexpr llvm::StringLiteral cfgLinkNames[cfgLinkCount] = {
     "successor", "then", "else", "end", "next", "onSize", "notOnSize", "inline", "after", "return",
 };
 
-/// Declares get<Name>Block() and add<Name>Block(), which replaces what was there.
+/// Declares get<Name>Block() and add<Name>Block(), which replaces an earlier block.
 #define TARKA_CFG_LINK(Name)                                                                       \
   CFGBlock *get##Name##Block() const {                                                             \
     return getLink(CFGLink::Name);                                                                 \
@@ -106,7 +106,7 @@ inline constexpr llvm::StringLiteral cfgLinkNames[cfgLinkCount] = {
 /// made after it in the same graph.
 class CFGBlock : public CFGRecord {
 public:
-  /// A block outside of every list; \p owner may be null. CFGGraph::addBlock() adds it.
+  /// A block that is in no list yet; \p owner may be null. CFGGraph::addBlock() adds it.
   CFGBlock(llvm::StringRef blockName, CFGGraph *owner)
       : CFGBlock(&internString(blockName), owner) {}
   /// The same with a name that lives forever, such as that of a Word.
@@ -129,7 +129,7 @@ public:
 
   /// The graph that the block belongs to; null until a block made without one is added to one.
   CFGGraph *getGraph() const { return graph; }
-  /// The block's place in its graph's list, from 0; -1 while it is in no list.
+  /// The index of the block in the list of its graph, from 0; -1 while it is in no list.
   int getPlace() const { return place; }
 
   /// The block in which control continues.
@@ -176,23 +176,23 @@ private:
 /// The blocks of one function, in the order in which they were made.
 class CFGGraph : public CFGRecord {
 public:
-  /// Makes a block at the end of the list. Other blocks of that name stay as they are.
+  /// Appends a new block to the list. Blocks of the same name may exist.
   CFGBlock *createBlock(llvm::StringRef name) { return createBlock(&internString(name)); }
   /// The same with a name that lives forever, such as that of a Word.
   CFGBlock *createBlock(const std::string *name);
   /// The first block of exactly that name, case included; null when there is none.
   CFGBlock *findBlock(llvm::StringRef name);
-  /// Appends a block that was made by itself, and takes it for this graph's own.
+  /// Appends a block that was made outside of a graph, and becomes its graph.
   void addBlock(CFGBlock *block);
 
   const std::list<CFGBlock *> &getBlockList() const { return blocks; }
 
 private:
   std::list<CFGBlock *> blocks;
-  /// The first block of each name, made when the first name is looked up: the builder itself never
-  /// asks, and many a graph is never asked at all.
+  /// The first block of each name, made at the first lookup: the builder needs none, and neither do
+  /// many users of the graph.
   llvm::DenseMap<llvm::StringRef, CFGBlock *> firstOfName;
-  /// The last block that the index knows; the end of the list before the first lookup.
+  /// The last block in the index; the end of the list before the first lookup.
   std::list<CFGBlock *>::iterator lastIndexed = blocks.end();
 };
 
@@ -261,9 +261,9 @@ public:
   std::size_t getEntryListSize() const { return entries.size(); }
   const std::list<CFGEntry *> &getEntryList() const { return entries; }
 
-  /// The sections of the USE BEFORE REPORTING declaratives; null but for their function.
+  /// The sections of the USE BEFORE REPORTING declaratives; null in other functions.
   std::list<Section *> *getSectionList() const { return sectionList; }
-  /// Keeps \p sections itself, and forgets an earlier list.
+  /// Keeps a pointer to \p sections in place of an earlier list.
   void setSectionList(std::list<Section *> *sections) { sectionList = sections; }
 
 private:

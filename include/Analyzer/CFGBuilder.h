@@ -15,8 +15,8 @@
 
 namespace tarka {
 
-/// Builds the graph of one compilation. The tree must have passed its checks: what they resolve and
-/// attach is taken for granted here, and nothing is reported.
+/// Builds the graph of one compilation. The tree must have passed its checks: the builder relies on
+/// what they resolve and attach, and reports nothing.
 ///
 /// Every handler appends to the current block and leaves the builder on the block where the next
 /// statement belongs.
@@ -29,7 +29,7 @@ public:
   /// Adds the function of \p unit to the module, without those of the units nested in it.
   void analysisSourceUnit(SourceUnit &unit);
   CFGGraph *createCFG(CFGFunc *function, SourceUnit &unit);
-  /// The result carries no information.
+  /// Adds the items of working-storage to the module. The result has no meaning.
   bool analysisDecl(DataDivision &division);
   void analysisRptDeclaratives(ProcedureDivision *division);
   void analysisBaseDeclaratives(ProcedureDivision *division);
@@ -93,7 +93,7 @@ private:
     llvm::StringLiteral notException;
   };
 
-  // What every lowering is made of.
+  // The steps that every lowering consists of.
   CFGBlock *continueOn(CFGBlock *block);
   CFGBlock *continueInNewBlock(llvm::StringRef name);
   void startProcedure(Word *name, Section &section, CFGBlockType type);

@@ -1,8 +1,7 @@
 //===- CFGVerifier.h - is a graph whole -------------------------*- C++ -*-===//
 //
-// Checks that a finished graph keeps the promises that a code generator relies
-// on. A failure is a fault of the builder, never of the program that is
-// compiled.
+// Checks the invariants of a finished graph that code generators rely on. A
+// failure is a fault of the builder, never of the program that is compiled.
 //
 //===----------------------------------------------------------------------===//
 
@@ -20,11 +19,11 @@ namespace tarka {
 
 /// The rules that a finished graph keeps.
 enum class CFGRule : std::uint8_t {
-  /// Blocks stand once in the list of their graph, and links stay within it.
+  /// A block is in the list of its graph once, and links stay within the graph.
   BlockInGraph,
-  /// An element has exactly the pointer that its type asks for, and knows its block.
+  /// An element has exactly the pointer that its type requires, and points to its block.
   ElementPointer,
-  /// Every statement of the tree stands in one element, unless others replace it or a copy of its
+  /// Every statement of the tree is in one element, unless others replace it or a copy of its
   /// section was made.
   StatementOnce,
   /// A block without terminator and successor falls into the beginning of a procedure, or off the
@@ -32,28 +31,28 @@ enum class CFGRule : std::uint8_t {
   FallThrough,
   /// The end of a performed range has the two blocks that lead back and on.
   RangeExit,
-  /// Where a statement sends control, there is a block to send it to.
+  /// Wherever a statement transfers control, there is a block.
   Target,
   /// A block that holds a statement is reachable from the beginning of a procedure, unless it
   /// follows an unconditional transfer of control.
   WayIn,
 };
 
-/// One broken promise.
+/// One violation of a rule.
 struct CFGFailure {
   CFGRule rule;
   /// The name of the function.
   std::string function;
-  /// Where it was found; null when no block is to blame.
+  /// Where it was found; null when it does not concern a block.
   const CFGBlock *block;
   std::string message;
 };
 
-/// Looks at every function of \p module, and at those made of report declaratives. Takes time in
-/// proportion to the size of the graph. Gives nothing for a graph that is whole.
+/// Checks every function of \p module and those of report declaratives, in time proportional to the
+/// size of the graph. The result is empty for a correct graph.
 std::vector<CFGFailure> verifyModule(CFGModule &module);
 
-/// The name of a rule, as it stands in its enumerator.
+/// The name of a rule: its enumerator.
 llvm::StringRef ruleName(CFGRule rule);
 
 /// One line: function, block with its place in the list, rule and message.

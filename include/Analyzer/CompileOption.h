@@ -27,7 +27,7 @@ struct CompileSettings {
 };
 
 /// The compile options: one record for the process, made on first use and never destroyed. Every
-/// option that can be asked for is off until it is set.
+/// option that can be queried is off until it is set.
 class CompileOption {
 public:
   /// The record of the process; never null.
@@ -36,8 +36,8 @@ public:
   CompileOption(const CompileOption &) = delete;
   CompileOption &operator=(const CompileOption &) = delete;
 
-  /// Sets all options for a new compilation. What the compilation before has found out, such as the
-  /// EBCDIC collating sequence, is forgotten.
+  /// Sets all options for a new compilation. What the previous compilation has set, such as the
+  /// EBCDIC collating sequence, is reset.
   void apply(const CompileSettings &settings);
 
   /// The PROGRAM-ID must be the base name of the input.

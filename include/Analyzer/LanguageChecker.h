@@ -2,7 +2,7 @@
 //
 // Rules of the language that SemanticChecker does not enforce: subscripts and
 // parts that are certainly outside of their item, statements that do not fit the
-// organization of a file, and the like. They have diagnostics of their own, and
+// organization of a file, and similar rules. They have diagnostics of their own, and
 // change nothing in the tree.
 //
 //===----------------------------------------------------------------------===//
@@ -46,9 +46,9 @@ struct EarlierDiagnostics {
   bool isTreeComplete = true;
 };
 
-/// Checks \p program, which SemanticChecker::semanticCheck() has been through, and gives what was
-/// found: in each program the files first, then the data, then the statements in source order.
-/// Names that could not be bound are passed over.
+/// Checks \p program, which SemanticChecker::semanticCheck() has completed, and returns the
+/// diagnostics: in each program first those of files, then of data, then of statements in source
+/// order. Names that could not be bound are ignored.
 std::vector<ErrorEntry> checkLanguage(Program &program, const EarlierDiagnostics &earlier);
 
 } // namespace tarka

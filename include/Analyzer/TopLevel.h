@@ -2,7 +2,7 @@
 //
 // What every stage of the analysis shares for one compilation: the program, the
 // source unit and the data sections being checked, the state that the graph
-// builder threads between statements, and facts of the environment division.
+// builder keeps between statements, and facts of the environment division.
 //
 //===----------------------------------------------------------------------===//
 
@@ -25,11 +25,11 @@ namespace tarka {
 class CFGFunc;
 struct CompileSettings;
 
-/// The one LLVM context of the process. It lives to the end of the process, as the module in it.
+/// The one LLVM context of the process. It lives until the process ends, as does the module in it.
 llvm::LLVMContext &globalContext();
 
 /// The compilation context: one for the process, made on first use and never destroyed. Nothing in
-/// it is reset when a source unit ends; the code that owns a field sets it anew. A process that
+/// it is reset when a source unit ends; the code that owns a field resets it. A process that
 /// compiles several programs begins each with beginCompilation().
 class TopLevel {
 public:
@@ -51,7 +51,7 @@ public:
   /// The module of the compilation, named by the identifier.
   llvm::Module *getModule() const { return module; }
 
-  /// The block in which the sentence being lowered began: where NEXT SENTENCE goes on from.
+  /// The block in which the sentence being lowered began. NEXT SENTENCE goes to its Next block.
   void setCurrentSentenceCFGBlock(CFGBlock *block) { currentSentenceBlock = block; }
   CFGBlock *getCurrentSentenceCFGBlock() const { return currentSentenceBlock; }
 
@@ -100,7 +100,7 @@ public:
   void setIsDecimalPointComma(bool comma) { decimalPointIsComma = comma; }
   bool getIsDecimalPointComma() const { return decimalPointIsComma; }
 
-  /// The function made of the report declaratives, which stands outside the module's list.
+  /// The function of the report declaratives, which is not in the list of the module.
   void setRptDeclCFGFunction(CFGFunc *function) { rptDeclCFGFunction = function; }
   CFGFunc *getRptDeclCFGFunction() const { return rptDeclCFGFunction; }
 
@@ -114,8 +114,8 @@ private:
       : id(std::move(compilation)), module(itsModule) {}
   TopLevel &operator=(TopLevel &&) = default;
 
-  // The record is shared with later stages. What has no accessor here is theirs and only gets its
-  // initial value.
+  // The record is shared with later stages. Fields without an accessor are theirs; here they only
+  // get their initial value.
   std::string firstText;
   std::string serialText = "0000000000000000";
   std::string id;

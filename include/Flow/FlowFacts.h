@@ -1,8 +1,8 @@
-//===- FlowFacts.h - what a maintainer asks about a program -----*- C++ -*-===//
+//===- FlowFacts.h - facts about a program for maintainers ------*- C++ -*-===//
 //
-// Which procedures are never reached and why, which performed ranges are in
-// trouble, and figures for every procedure: read off a flow graph in time
-// proportional to it.
+// Which procedures are never reached and why, which performed ranges have a
+// problem, and metrics of every procedure. They are computed from a flow graph in
+// time proportional to its size.
 //
 //===----------------------------------------------------------------------===//
 
@@ -14,20 +14,21 @@
 
 namespace tarka {
 
-/// Why control never comes to a procedure.
+/// Why control never reaches a procedure.
 enum class DeadReason : std::uint8_t {
-  None,           ///< it does
-  NoWayIn,        ///< nothing names it, and what stands before it only returns to performers
+  None,           ///< it is reached
+  NoWayIn,        ///< nothing names it, and the procedure before it only returns to performers
   BehindTransfer, ///< it follows a procedure that never reaches its end
   RangeNeverEnds, ///< it follows a PERFORM that never returns
-  OnlyFromDead,   ///< whatever leads to it is not reached itself
+  OnlyFromDead,   ///< everything that leads to it is itself not reached
 };
 
+/// The facts about one paragraph or section.
 struct ProcedureFacts {
   std::uint32_t procedure = noFlow; ///< by its number in the module
   DeadReason dead = DeadReason::None;
-  /// The statement or procedure to blame: the PERFORM that never returns, the last thing in front,
-  /// the node that is not reached; noFlow where there is none.
+  /// The node that is the cause: the PERFORM that never returns, the last node before the
+  /// procedure, the node that is not reached; noFlow where there is none.
   std::uint32_t because = noFlow;
   unsigned statements = 0; ///< and conditions, as written
   unsigned complexity = 1; ///< McCabe: one more than the decisions
@@ -37,26 +38,29 @@ struct ProcedureFacts {
   unsigned fanOut = 0;     ///< procedures that it names, and CALLs
 };
 
+/// The facts about one performed range.
 struct RangeFacts {
-  std::uint32_t range = noFlow;
+  std::uint32_t range = noFlow; ///< by its number in the module
   /// The statements that perform it, by their nodes.
   llvm::SmallVector<std::uint32_t, 2> performers;
-  bool endsBeforeStart = false;
-  bool neverReturns = false;
-  bool recursive = false;
+  bool endsBeforeStart = false; ///< its last procedure is before its first one in the text
+  bool neverReturns = false;    ///< control cannot reach its end
+  bool recursive = false;       ///< it can be performed again while it is being performed
   /// A GO TO that leads out of it; noFlow without one.
   std::uint32_t leftBy = noFlow;
-  /// Another range that begins in this one and ends behind it; noFlow without one.
+  /// Another range that begins in this one and ends after it; noFlow without one.
   std::uint32_t overlapsWith = noFlow;
   /// The procedure above that control falls from into it; noFlow without one.
   std::uint32_t fallenIntoFrom = noFlow;
 
+  /// Whether the range has one of these problems.
   bool isInTrouble() const {
     return endsBeforeStart || neverReturns || recursive || leftBy != noFlow ||
            overlapsWith != noFlow || fallenIntoFrom != noFlow;
   }
 };
 
+/// The facts about one program.
 struct FlowFacts {
   const FlowGraph *graph = nullptr;
   std::vector<ProcedureFacts> procedures; ///< in the order of the text
@@ -64,7 +68,7 @@ struct FlowFacts {
   std::vector<RangeFacts> ranges;
 };
 
-/// The facts about one program.
+/// Computes the facts about the program of \p graph, which the result refers to.
 FlowFacts collectFacts(const FlowGraph &graph);
 
 } // namespace tarka

@@ -1,12 +1,12 @@
 //===- FlowGraph.h - what can run after what --------------------*- C++ -*-===//
 //
-// The ways through a checked program. createFlow() reads the blocks of a
-// CFGModule and decides, once for every user, what can follow what: the nodes
-// are statements and conditions, the edges say why control goes on there.
-// docs/flow.md explains the model.
+// The control flow of a checked program. createFlow() reads the blocks of a
+// CFGModule and decides what can follow what: the nodes are statements and
+// conditions, the kinds of the edges say why control continues there. docs/flow.md
+// explains the model.
 //
 // A FlowModule holds everything in flat arrays, and a node is known by its place
-// in them. LLVM's graph algorithms work on a FlowGraph by way of GraphTraits.
+// in them. LLVM's graph algorithms work on a FlowGraph through GraphTraits.
 //
 //===----------------------------------------------------------------------===//
 
@@ -39,24 +39,26 @@ class SourceUnit;
 class Statement;
 class Word;
 
+/// The kinds of nodes, see FlowKinds.def.
 enum class FlowNodeKind : std::uint8_t {
 #define FLOW_NODE(Enumerator, Name) Enumerator,
 #include "Flow/FlowKinds.def"
 };
 
+/// Why control can go from one node to another, see FlowKinds.def.
 enum class FlowEdgeKind : std::uint8_t {
 #define FLOW_EDGE(Enumerator, Name) Enumerator,
 #include "Flow/FlowKinds.def"
 };
 
-/// What a kind is called in every printed form, such as "loop end".
+/// The name of a kind in all printed forms, such as "loop end".
 llvm::StringRef flowNodeKindName(FlowNodeKind kind);
 llvm::StringRef flowEdgeKindName(FlowEdgeKind kind);
 
-/// The number of a node, a procedure or a range that is not there.
+/// Stands for no node, no procedure or no range where a number is expected.
 inline constexpr std::uint32_t noFlow = ~0u;
 
-/// A way from one node to another of the same function. Nodes are numbered within the module.
+/// An edge from one node to another of the same function. Nodes are numbered within the module.
 struct FlowEdge {
   std::uint32_t from;
   std::uint32_t to;
@@ -76,24 +78,24 @@ public:
   /// The statement; of a condition, a loop test or a step the one that it belongs to. Null where
   /// there is none. For WHEN it is the statement that the graph builder made.
   const Statement *getStatement() const { return statement; }
-  /// The block that the node stands in; null for the start, the exit and the handlers.
+  /// The block that holds the node; null for the start, the exit and the handlers.
   const CFGBlock *getBlock() const { return block; }
   /// The paragraph or section around the node by its place in the module; noFlow outside of any.
   std::uint32_t getProcedure() const { return procedure; }
-  /// Whether control can come here at all.
+  /// Whether control can reach the node.
   bool isReached() const { return reached; }
-  /// Whether the node stands for what the programmer wrote: a statement, a condition or an ENTRY.
+  /// Whether the programmer wrote the node: a statement, a condition or an ENTRY.
   bool isWritten() const;
-  /// Where it stands in the source; all zero where nothing was written.
+  /// Its place in the source; all zero where nothing was written.
   SourceRange getRange() const;
   /// What was written, such as "IF" or "WHEN"; the name of a procedure; otherwise the kind's name.
   llvm::StringRef getVerb() const;
   /// The class of the statement, such as "IfStatement"; empty without one.
   llvm::StringRef getClassName() const;
-  /// Nesting of the statement within others, from 0.
+  /// The nesting of the statement within others, from 0.
   unsigned getDepth() const { return depth; }
 
-  /// The function's graph; the name is the one that LLVM's algorithms ask for.
+  /// The graph of the function. LLVM's algorithms require this name.
   FlowGraph *getParent() const { return graph; }
   llvm::ArrayRef<FlowEdge> successors() const;
   /// The numbers of the edges that lead here.
@@ -133,7 +135,7 @@ struct FlowProcedure {
   bool endReached = false;
 
   const Word *getName() const;
-  /// Where it stands in the source.
+  /// Its place in the source.
   const SourceRange &getRange() const;
 };
 
@@ -145,11 +147,11 @@ struct FlowRange {
   bool reached = false;
   /// Whether control can come back to a performer.
   bool completes = false;
-  /// Whether it can be left and performed again before it has come to its end.
+  /// Whether it can be performed again while it is being performed.
   bool recursive = false;
 };
 
-/// A place that performs a range, and the place that control comes back to.
+/// A node that performs a range, and the node that control returns to.
 struct FlowPerform {
   std::uint32_t node = noFlow;
   std::uint32_t range = noFlow;
@@ -189,8 +191,8 @@ public:
   /// The paragraphs and sections in the order of the text, declaratives first.
   llvm::MutableArrayRef<FlowProcedure> procedures() const;
   std::uint32_t firstProcedure() const { return procedureBegin; }
-  /// Whether the program can run: it is an outermost one, or a CALL that is reached may be of it.
-  /// For another one the nodes tell what would be reached if it were called.
+  /// Whether the program can run: it is an outermost one, or a CALL that is reached may call it.
+  /// For other programs the nodes tell what would be reached if they were called.
   bool isCalled() const { return called; }
 
   /// Whether control can come to \p block, one of the function; it may hold no node.
@@ -249,8 +251,8 @@ private:
   std::vector<FlowCall> callList;
 };
 
-/// Reads the graph of a checked program, in time proportional to its size. \p module must outlive
-/// the result. Names that the checks could not resolve lead nowhere.
+/// Makes the flow graphs of a checked program, in time proportional to its size. \p module must
+/// outlive the result. Names that the checks could not resolve have no edges.
 std::unique_ptr<FlowModule> createFlow(const CFGModule &module);
 
 /// Walks the edges of a node as pointers to the nodes at their other ends.

@@ -10,37 +10,68 @@
 #ifndef TARKA_PARSE_DEPENDENCIES_H
 #define TARKA_PARSE_DEPENDENCIES_H
 
+#include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringMap.h"
 #include "llvm/ADT/StringRef.h"
 #include "llvm/Support/VirtualFileSystem.h"
+#include <map>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace tarka {
 
-/// One file or directory, and what the compilation found there.
+/// One thing that a compilation found in the file system.
 struct Dependency {
   enum Kind : std::uint8_t {
-    Contents,  ///< a file was read
-    Missing,   ///< there was nothing of this name
-    NoFile,    ///< there was something that is not a regular file
-    Directory, ///< the names in a directory were read
+    Contents, ///< a file was read
+    Names,    ///< a directory was searched
+    Missing,  ///< there was nothing of this name
+    NoFile,   ///< there was something that is not a regular file
   };
   Kind kind = Missing;
   std::string path;
-  /// The BLAKE3 digest, in hexadecimal digits, of the contents or of the names.
+  /// Of Contents and Names: the digest of what was there.
   std::string digest;
+  /// Of Names: which names count, by what stands before their first dot, in lower case and sorted.
+  /// Empty for all names.
+  std::vector<std::string> stems;
 };
 
 /// The BLAKE3 digest of \p bytes in hexadecimal digits.
 std::string digestOf(llvm::StringRef bytes);
 
-/// Whether \p dependency still is what was found.
-bool isUnchanged(const Dependency &dependency, llvm::vfs::FileSystem &fileSystem);
+/// Looks at files and directories, at each of them once.
+class DependencyChecker {
+public:
+  explicit DependencyChecker(llvm::vfs::FileSystem &source) : fileSystem(source) {}
+
+  /// Whether what \p dependency says is so.
+  bool isUnchanged(const Dependency &dependency);
+  /// The digest of the names in \p directory that begin with one of \p stems, or of all names where
+  /// \p stems is empty. That of a directory that is not there differs from that of an empty one.
+  std::string digestOfNames(llvm::StringRef directory, llvm::ArrayRef<std::string> stems);
+  /// Whether \p directory has the name \p name.
+  bool hasName(llvm::StringRef directory, llvm::StringRef name);
+
+private:
+  struct Directory {
+    bool exists = false;
+    /// The names by what stands before their first dot, in lower case.
+    std::map<std::string, std::set<std::string>, std::less<>> names;
+  };
+  const Directory &read(llvm::StringRef directory);
+  /// Empty when the file cannot be read.
+  const std::string &digestOfFile(llvm::StringRef path);
+
+  llvm::vfs::FileSystem &fileSystem;
+  llvm::StringMap<Directory> directories;
+  llvm::StringMap<std::string> files;
+};
 
 /// The files and directories of which one is newer whenever one of \p dependencies has changed: the
-/// files that were read, and for a name that was looked for in vain the directory where it would
-/// appear, or the nearest one that is there. Sorted, each once.
+/// files that were read, and for a directory that was searched the directory itself, or where it is
+/// missing the nearest one around it. Sorted, each once.
 std::vector<std::string> watchedPaths(llvm::ArrayRef<Dependency> dependencies,
                                       llvm::vfs::FileSystem &fileSystem);
 
@@ -58,16 +89,17 @@ public:
   /// Records that \p bytes were read from \p path.
   void addContents(llvm::StringRef path, llvm::StringRef bytes);
 
-  /// What was recorded, in no particular order.
-  std::vector<Dependency> getDependencies() const;
+  /// What was recorded, by path. Names that were looked for in vain are put together by directory.
+  std::vector<Dependency> getDependencies();
   /// Whether the record determines the result. It does not when a file could not be opened, or
   /// changed while it was read.
   bool isComplete() const { return complete; }
 
 private:
-  void add(llvm::StringRef path, Dependency::Kind kind, std::string digest = "");
-
-  llvm::StringMap<Dependency> found;
+  std::map<std::string, std::string> contents;
+  std::set<std::string> missing;
+  std::set<std::string> otherThanFiles;
+  std::set<std::string> listed;
   bool complete = true;
 };
 

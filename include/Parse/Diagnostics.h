@@ -1,6 +1,6 @@
 //===- Diagnostics.h - the messages of the front end ------------*- C++ -*-===//
 //
-// What the front end has to say about the source. Numbers, severities and texts
+// The diagnostics of the front end. Numbers, severities and texts
 // are in one table, Diagnostics.def; code names a message by its enumerator.
 //
 //===----------------------------------------------------------------------===//
@@ -25,7 +25,7 @@ enum class DiagnosticId : uint16_t {
 #include "Parse/Diagnostics.def"
 };
 
-/// What the table says about one message.
+/// A row of the table of messages.
 struct DiagnosticInfo {
   DiagnosticId id;
   Severity severity;
@@ -38,7 +38,7 @@ llvm::ArrayRef<DiagnosticInfo> frontEndDiagnosticTable();
 /// The entry of \p id.
 const DiagnosticInfo &infoOf(DiagnosticId id);
 
-/// \p text as a message can show it: as it is, or in hexadecimal where it is not printable UTF-8.
+/// \p text for use in a message: unchanged, or in hexadecimal when it is not printable UTF-8.
 std::string showText(llvm::StringRef text);
 
 /// One message that was reported.
@@ -47,14 +47,14 @@ struct DiagnosticEntry {
   Severity severity;
   SourceRange place;
   std::string message;
-  /// Changes of the source that certainly mend it; empty where there are none.
+  /// Changes of the source that certainly correct it; empty where there are none.
   std::vector<TextEdit> fix;
 
   unsigned getNumber() const { return static_cast<unsigned>(id); }
 };
 
 /// Collects what the front end reports, in the order in which it was reported. After a thousand
-/// errors one closing message is added, and everything later is dropped.
+/// errors one closing message is added, and everything later is discarded.
 class FrontEndDiagnostics {
 public:
   static constexpr unsigned maxErrors = 1000;
@@ -71,19 +71,19 @@ public:
         addSpellingFix(id, place, firstOf(arguments...), lastOf(arguments...));
   }
 
-  /// Says that \p edit certainly corrects what \p id at \p place, the latest diagnostic, reports.
-  /// Does nothing when that was dropped.
+  /// Adds \p edit as the fix of the latest diagnostic, which is \p id at \p place. Does nothing
+  /// when that diagnostic was discarded.
   void addFix(DiagnosticId id, const SourceRange &place, TextEdit edit);
 
   llvm::ArrayRef<DiagnosticEntry> getEntries() const { return entries; }
   bool hasErrors() const { return errorCount != 0; }
   /// The number of errors and fatal errors reported so far.
   unsigned getErrorCount() const { return errorCount; }
-  /// The text that the errors reported so far leave in doubt. The names in it are known when the
-  /// source was parsed.
+  /// The text that the errors reported so far make unreliable. The names in it are known once the
+  /// source has been parsed.
   const SourceDamage &getDamage() const { return damage; }
   SourceDamage &getDamage() { return damage; }
-  /// Whether a fatal error was reported: the text that follows is not worth reading.
+  /// Whether a fatal error was reported, so that the rest of the text need not be read.
   bool hasFatalError() const { return fatalSeen; }
 
 private:

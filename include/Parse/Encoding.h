@@ -1,7 +1,7 @@
 //===- Encoding.h - source files in other encodings than UTF-8 --*- C++ -*-===//
 //
-// Everything above works on UTF-8. A file in another encoding, EBCDIC above all,
-// is decoded when it is read.
+// The front end works on UTF-8. A file in another encoding, such as EBCDIC, is
+// decoded when it is read.
 //
 //===----------------------------------------------------------------------===//
 

@@ -25,7 +25,7 @@ enum class Keyword : uint16_t {
 #include "Parse/Keywords.def"
 };
 
-/// What the table says about a keyword. A keyword without ContextSensitive is reserved.
+/// The properties of a keyword. A keyword without ContextSensitive is reserved.
 enum KeywordFlag : uint16_t {
   KF_None = 0,
   KF_ContextSensitive = 1,    ///< a user word except where the syntax asks for the keyword
@@ -65,7 +65,7 @@ inline bool isScopeTerminator(Keyword keyword) {
   return flagsOf(keyword) & KF_ScopeTerminator;
 }
 
-/// A word as the table knows it.
+/// The result of looking up a word.
 struct WordLookup {
   const std::string *interned; ///< in upper case, see internString()
   bool isUpperCase;            ///< whether the text and the spelling looked up are equal
@@ -81,13 +81,13 @@ public:
   WordTable(const WordTable &) = delete;
   WordTable &operator=(const WordTable &) = delete;
 
-  /// Finds \p spelling, which is entered when it is not there yet.
+  /// Finds \p spelling, which is entered when it is not in the table yet.
   WordLookup lookup(llvm::StringRef spelling);
 
 private:
   static constexpr std::size_t shortText = 16;
 
-  /// Holds a short text itself, so that to look one up takes one place of memory only.
+  /// Holds a short text itself, so that looking one up touches one cache line only.
   struct Slot {
     const std::string *interned = nullptr;
     uint32_t hash = 0;

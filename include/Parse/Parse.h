@@ -17,12 +17,12 @@ namespace tarka {
 class Expansion;
 class Program;
 
-/// Reads the compilation in file \p path and builds its tree. Everything that is wrong with the
-/// source goes to \p diagnostics; constructs that could not be parsed are left out of the tree, so
+/// Reads the compilation in file \p path and builds its tree. Errors in the source are
+/// reported to \p diagnostics; constructs that could not be parsed are left out of the tree, so
 /// that the checker gets a complete tree. \p inputName is the name of the compilation, by which its
 /// graph will be named.
 ///
-/// \p diagnostics also has the text and the names that the errors leave in doubt (getDamage()).
+/// \p diagnostics also has the text and the names that the errors make unreliable (getDamage()).
 ///
 /// What COPY and REPLACE make of the source is recorded in \p expansion, where that is not null.
 ///

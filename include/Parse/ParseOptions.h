@@ -1,7 +1,7 @@
 //===- ParseOptions.h - options of the front end ----------*- C++ -*-===//
 //
-// The options of reading and parsing, and the bounds that keep every input from
-// running away with time or memory.
+// The options of reading and parsing, and the limits that bound time and memory
+// for every input.
 //
 //===----------------------------------------------------------------------===//
 
@@ -19,12 +19,12 @@ namespace tarka {
 
 /// How the lines of a source are laid out.
 enum class SourceFormat : uint8_t {
-  Auto,  ///< found out from the content of the file
+  Auto,  ///< detected from the content of the file
   Fixed, ///< sequence number, indicator in column 7, areas A and B, columns 73 on ignored
   Free   ///< every column is program text
 };
 
-/// Bounds of what one compilation may ask for.
+/// The limits of one compilation.
 struct ParseLimits {
   /// COPY inside copied text.
   unsigned copyDepth = 100;
@@ -40,8 +40,8 @@ struct ParseLimits {
 
 /// The options of the front end.
 struct ParseOptions {
-  /// Where copybooks are looked for, in this order, before the directory of the including file
-  /// and the current directory.
+  /// The directories that are searched for copybooks, in this order, before the directory of the
+  /// including file and the current directory.
   std::vector<std::string> includeDirectories;
   SourceFormat format = SourceFormat::Auto;
   /// The encoding of all source files, which isKnownEncoding(); empty is UTF-8.
@@ -49,7 +49,7 @@ struct ParseOptions {
   /// Compilation variables for >>IF and >>EVALUATE: name and value. A value of digits is a number;
   /// an empty one only defines the variable.
   std::vector<std::pair<std::string, std::string>> defines;
-  /// Read debugging lines even where the program does not say WITH DEBUGGING MODE.
+  /// Read debugging lines even without WITH DEBUGGING MODE.
   bool debuggingLines = false;
   /// The words of OS/VS COBOL are reserved.
   bool osvs = false;

@@ -1,9 +1,9 @@
 //===- SourceDamage.h - text that could not be read as meant ----*- C++ -*-===//
 //
-// After an error the front end goes on with a tree in which what the wrong text
-// declares may be missing or incomplete. What later stages find wrong with it is
-// a consequence of the error. This class says which text and which names that
-// concerns.
+// After an error the front end continues with a tree in which the declarations of
+// the wrong text may be missing or incomplete. Errors that later stages find
+// because of that are consequences of the first one. This class tells which text
+// and which names are affected.
 //
 //===----------------------------------------------------------------------===//
 
@@ -24,8 +24,8 @@ class SourceDamage {
 public:
   bool empty() const { return lines.empty() && !copybookIsMissing; }
 
-  /// Whether \p place begins, ends, or has a line between in damaged text. What is found wrong
-  /// there is most likely a consequence of the error that was reported for it.
+  /// Whether \p place shares a line with damaged text. An error there is most likely a consequence
+  /// of the error that was reported for that text.
   bool contains(const SourceRange &place) const;
 
   /// Whether \p name, in any case, is a word of damaged text, or would be but for one character
@@ -36,8 +36,8 @@ public:
   /// The words of the damaged text, in upper case.
   const llvm::StringSet<> &getNames() const { return names; }
 
-  /// Whether text is missing of which not even the names are known: a copybook was not found or not
-  /// readable, or its COPY statement could only be read in part.
+  /// Whether text is missing whose names are not known: a copybook was not found or not readable,
+  /// or its COPY statement could only be parsed in part.
   bool isCopybookMissing() const { return copybookIsMissing; }
 
   //===--------------------------------------------------------------------===//

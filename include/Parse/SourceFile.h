@@ -25,14 +25,15 @@ namespace tarka {
 
 class SourceDamage;
 
-/// The text of one file. It stays in memory and at its address until the process ends.
+/// The text of one file. It stays at its address in memory until the process ends.
 class SourceFile {
 public:
-  /// What the first fault in the bytes of a file is.
+  /// The first fault in the bytes of a file.
   enum class Fault : uint8_t { None, Binary, Ebcdic, Undecodable };
 
+  /// A file of UTF-8 text with the bytes \p contents.
   SourceFile(llvm::StringRef name, std::unique_ptr<llvm::MemoryBuffer> contents);
-  /// A file whose text was decoded from \p encoding.
+  /// A file whose text was decoded from another encoding.
   SourceFile(llvm::StringRef name, const DecodedText &decoded);
 
   /// The name as it was given or found.
@@ -41,19 +42,17 @@ public:
   unsigned getNumber() const { return number; }
   /// The text without a byte-order mark. A byte 0 follows the last one.
   llvm::StringRef getText() const { return text; }
-  /// Whether the file is not text at all, or not in its encoding, and the offset at which that
-  /// shows.
+  /// Whether the file is not text, or not in its encoding, and the offset of the first such byte.
   Fault getFault() const { return fault; }
   size_t getFaultOffset() const { return faultOffset; }
   /// The byte that could not be decoded.
   unsigned char getUndecodableByte() const { return undecodableByte; }
-  /// Whether the fault was not reported yet; false from the second call on.
+  /// True at the first call only, so that the fault is reported once.
   bool isFaultNew() const { return std::exchange(faultIsNew, false); }
-  /// The form of its lines, see detectSourceFormat(); \p otherwise where they could be of either
-  /// form.
+  /// The format of its lines, see detectSourceFormat(); \p otherwise where they fit both formats.
   SourceFormat getFormat(SourceFormat otherwise) const;
-  /// To the next multiple of how many columns a tab goes: 4 where comment lines, headers and
-  /// records stand in their columns only with such tabs, otherwise 8.
+  /// The distance of tab stops in columns: 4 where comment lines, headers and records are in their
+  /// columns only with that, otherwise 8.
   unsigned getTabWidth() const;
 
 private:
@@ -67,26 +66,26 @@ private:
   mutable bool faultIsNew = true;
   mutable SourceFormat format = SourceFormat::Auto;
   mutable bool formatIsKnown = false;
-  mutable unsigned tabWidth = 0; ///< 0 as long as it is not known
+  mutable unsigned tabWidth = 0; ///< 0 until it is known
 };
 
 /// Whether the extension of \p path is one that only copybooks have: .cpy, .copy, .inc ...
 bool hasCopybookExtension(llvm::StringRef path);
 
-/// The layout that the lines of \p text have: Fixed or Free. Where the lines would do for either,
-/// it is \p otherwise.
+/// The format of the lines of \p text: Fixed or Free; \p otherwise where they fit both.
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise = SourceFormat::Fixed);
 
 /// Reads files, keeps them, and finds copybooks.
 class SourceManager {
 public:
+  /// \p options must outlive the manager.
   explicit SourceManager(const ParseOptions &options);
   ~SourceManager();
 
   const ParseOptions &getOptions() const { return options; }
 
-  /// The file \p path, read from the file system the first time. An error code says why it cannot
-  /// be read: it is missing, a directory, not accessible ...; reporting that is the caller's.
+  /// The file \p path, read from the file system the first time. The error code is the reason
+  /// why it cannot be read, such as a missing file; the caller reports it.
   llvm::ErrorOr<const SourceFile *> open(llvm::StringRef path);
 
   /// Collects the names in damaged text of the files that were read.
@@ -107,7 +106,7 @@ public:
   llvm::ErrorOr<const SourceFile *> findMapset(llvm::StringRef name, llvm::StringRef library,
                                                const SourceFile &includer);
 
-  /// The directories that findCopybook() searches, as a message shows them.
+  /// The directories that findCopybook() searches, for use in a message.
   std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
 
   /// The same directories, in order; "." is the current one.

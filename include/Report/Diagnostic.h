@@ -1,7 +1,7 @@
-//===- Diagnostic.h - one diagnostic, whoever found it ----------*- C++ -*-===//
+//===- Diagnostic.h - one diagnostic of any stage ---------------*- C++ -*-===//
 //
-// The one value that stands for a diagnostic of the front end, of the checks and
-// of later passes. It holds everything that a report shows, so that it can be
+// The common form of the diagnostics of the front end, of the checks and of later
+// passes. It holds everything that a report shows, so that it can be
 // sent from the process that found it to the one that prints it.
 //
 //===----------------------------------------------------------------------===//
@@ -32,7 +32,7 @@ struct Diagnostic {
   Severity severity = Severity::Error;
   /// The text of the table, with its arguments filled in.
   std::string text;
-  /// What it is about: a name as spelt, a literal as written. Empty where nothing is known.
+  /// What it is about: a name or a literal, as written. Empty where it is not known.
   std::string subject;
   /// What the subject is: "PIC X(30)" for the name of an item.
   std::string detail;
@@ -42,7 +42,7 @@ struct Diagnostic {
   /// The source line that the place begins in, as UTF-8; empty where it cannot be shown.
   std::string line;
   std::vector<DiagnosticNote> notes;
-  /// The edits that certainly mend it; empty where there are none.
+  /// The edits that certainly correct it; empty where there are none.
   std::vector<TextEdit> fix;
   /// The name of the source file of the compilation, without its directory. The place itself may
   /// be in a copybook.
@@ -57,7 +57,7 @@ struct Diagnostic {
   const Node *node = nullptr;
   SourceUnit *unit = nullptr;
 
-  /// The text with what it is about behind it, and in how many programs it was found.
+  /// The text followed by its subject, and by the number of programs that have the diagnostic.
   std::string getMessage() const;
 };
 

@@ -1,8 +1,8 @@
 //===- Reporter.h - from what was found to what is printed ------*- C++ -*-===//
 //
-// The diagnostics of all compilations of a run on their way to the sink: those
-// that a baseline knows stay silent, those of a copybook that several programs
-// share become one, the rest is counted and printed.
+// Passes the diagnostics of all compilations of a run to the sink. Those that are
+// in the baseline are left out, those of a copybook that several programs share
+// are merged, the rest is counted and printed.
 //
 //===----------------------------------------------------------------------===//
 
@@ -20,7 +20,7 @@ namespace tarka {
 struct FileReport {
   /// The source file, as it was named.
   std::string file;
-  /// Why nothing could be found out about it; empty when something could.
+  /// Why the file could not be analysed; empty when it could.
   std::string failure;
   /// In the order found, with fingerprints, without those that are turned off.
   std::vector<Diagnostic> diagnostics;
@@ -34,7 +34,7 @@ struct FileReport {
 
 /// Writes \p report for deserializeFileReport() in a process of the same program.
 void serialize(llvm::raw_ostream &out, const FileReport &report);
-/// Reads what serialize() wrote; none when \p bytes are not whole.
+/// Reads what serialize() wrote; nothing when \p bytes are incomplete.
 std::optional<FileReport> deserializeFileReport(llvm::StringRef bytes);
 
 /// Findings that are known and not reported again.
@@ -43,12 +43,15 @@ public:
   /// Reads the file that write() wrote.
   static llvm::Expected<Baseline> read(const std::string &path);
 
+  /// Adds \p diagnostic to the known findings.
   void add(const Diagnostic &diagnostic);
-  /// Whether \p diagnostic is known. Each known finding answers for one diagnostic.
+  /// Whether \p diagnostic is known. Each known finding matches one diagnostic.
   bool take(const Diagnostic &diagnostic);
   /// The lines of the findings that were not taken, sorted.
   std::vector<std::string> remaining() const;
+  /// The number of known findings.
   std::size_t size() const;
+  /// Writes the findings in the form that read() reads.
   void write(llvm::raw_ostream &out) const;
 
 private:
@@ -56,8 +59,10 @@ private:
   llvm::StringMap<std::vector<std::string>> findings;
 };
 
+/// Selects, merges and counts the diagnostics of a run and passes them to a sink.
 class Reporter {
 public:
+  /// What is done with the diagnostics besides printing them.
   struct Options {
     /// Findings to leave out; null for none.
     Baseline *known = nullptr;
@@ -69,11 +74,16 @@ public:
     bool mergeCopybooks = false;
   };
 
+  /// \p target must outlive the reporter.
   Reporter(Sink &target, Options reporterOptions) : sink(target), options(reporterOptions) {}
 
+  /// Begins the report.
   void begin(const RunInfo &run) { sink.begin(run); }
+  /// Reports the diagnostics of one compilation.
   void take(FileReport report);
-  /// Whether the bound of errors was reached and the rest of the run is of no use.
+  /// How many compilations were taken.
+  unsigned getFiles() const { return summary.files; }
+  /// Whether the maximum of errors was reached, so that the rest of the run can be skipped.
   bool isFull() const { return options.maxErrors && summary.errors >= options.maxErrors; }
   /// Reports what belongs to several compilations. Then the counts are complete.
   RunSummary &finish();
@@ -88,7 +98,7 @@ private:
   Sink &sink;
   Options options;
   RunSummary summary;
-  /// Diagnostics of copybooks in the order found, and their indexes by what they say.
+  /// Diagnostics of copybooks in the order found, and their indexes by their contents.
   std::vector<Diagnostic> ofCopybooks;
   llvm::StringMap<std::size_t> copybookIndex;
 };

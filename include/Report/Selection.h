@@ -1,7 +1,7 @@
 //===- Selection.h - choosing what is reported ------------------*- C++ -*-===//
 //
-// Which diagnostics are reported and how serious they are, by number: what the
-// command line says of all files, and what comments in a source say of its lines.
+// Which diagnostics are reported, and with which severity, by number: by the
+// command line for all files, by comments in a source for its lines.
 //
 //===----------------------------------------------------------------------===//
 
@@ -34,21 +34,24 @@ struct DiagnosticGroup {
 /// The groups by ascending number.
 llvm::ArrayRef<DiagnosticGroup> diagnosticGroups();
 
-/// Reads "3310", "3301-3399" or the name of a group; none when \p word is not one of them.
+/// Parses "3310", "3301-3399" or the name of a group; nothing when \p word is none of them.
 std::optional<NumberRange> parseNumbers(llvm::StringRef word);
 
-/// What becomes of diagnostics by their numbers. Of several rules for a number the last one counts.
+/// What is done with diagnostics by their numbers. Of several rules for a number, the last applies.
 class Selection {
 public:
   enum class Action : std::uint8_t { Off, Warn, Error };
 
-  /// Adds a rule for \p words: numbers, ranges and groups with commas between them. Gives the word
-  /// that is none of them; empty when all are understood.
+  /// Adds a rule for \p words: numbers, ranges and groups with commas between them. Returns the
+  /// first word that is none of them; empty when all are valid.
   std::string add(Action action, llvm::StringRef words);
 
-  /// Gives \p diagnostic its severity; false when it is not to be reported. A fatal error stays
-  /// one: what comes after it was not read.
+  /// Sets the severity of \p diagnostic; false when it is not to be reported. A fatal error is not
+  /// changed, because the text after it was not read.
   bool apply(Diagnostic &diagnostic) const;
+
+  /// The rules in words; equal for two selections only when they do the same.
+  std::string describe() const;
 
 private:
   struct Rule {
@@ -94,7 +97,7 @@ public:
   /// Reads the comments of \p text, the whole text of file number \p fileNumber.
   Suppressions(unsigned fileNumber, llvm::StringRef text);
 
-  /// Whether a comment turns \p diagnostic off, which stands in the file. A fatal error cannot be
+  /// Whether a comment turns off \p diagnostic, whose place is in the file. A fatal error cannot be
   /// turned off.
   bool suppress(const Diagnostic &diagnostic);
 
@@ -111,7 +114,7 @@ private:
   /// Those of a comment on a line of its own, which a later "on" may end, by their indexes.
   std::vector<std::size_t> open;
   std::vector<SuppressionFault> faults;
-  /// The indexes of those that hold for one line, and of the others.
+  /// The indexes of those that apply to one line, and of the others.
   llvm::DenseMap<unsigned, llvm::SmallVector<std::size_t, 2>> byLine;
   std::vector<std::size_t> regions;
 };

@@ -1,7 +1,7 @@
 //===- Sink.h - the forms that a report is printed in -----------*- C++ -*-===//
 //
-// One sink a form. Each writes to the stream that it is made with; nothing is
-// kept back after end(). docs/report.md describes the forms.
+// One sink for each form. Each writes to the stream that it is made with, and has
+// written everything after end(). docs/report.md describes the forms.
 //
 //===----------------------------------------------------------------------===//
 
@@ -16,15 +16,15 @@
 
 namespace tarka {
 
-/// What a run is.
+/// Describes a run.
 struct RunInfo {
-  /// Of the program.
+  /// The version of the program.
   std::string version;
   /// The words of the command line.
   std::vector<std::string> commandLine;
 };
 
-/// What came out of a run.
+/// The result of a run.
 struct RunSummary {
   unsigned files = 0;
   /// Lines of the source files, without copybooks; 0 when not requested.
@@ -41,7 +41,7 @@ struct RunSummary {
   int exitStatus = 0;
 };
 
-/// What there is to say of a number, for forms that describe their rules.
+/// Describes a number, for forms that list their rules.
 struct RuleText {
   std::string name;    ///< an identifier that says what is wrong; may be empty
   std::string message; ///< the text of the table
@@ -81,7 +81,7 @@ std::unique_ptr<Sink> makeGithubSink(llvm::raw_ostream &out);
 /// One JSON document.
 std::unique_ptr<Sink> makeJsonSink(llvm::raw_ostream &out);
 
-/// One JSON object a line, one diagnostic each.
+/// One JSON object per line, one for each diagnostic.
 std::unique_ptr<Sink> makeNdjsonSink(llvm::raw_ostream &out);
 
 /// A test report in the XML of JUnit: a test case for each file.

@@ -17,19 +17,19 @@ namespace tarka {
 class SourceUnit;
 class Word;
 
-/// What a node is.
+/// What a diagnostic is about.
 struct Subject {
-  /// A name as spelt, with its qualifiers, or a literal as written. Empty for other nodes, of which
-  /// the source text tells more.
+  /// A name with its qualifiers or a literal, as written. Empty for other nodes, which the source
+  /// text shows better.
   std::string name;
-  /// The picture of the item that the name stands for, when it is known.
+  /// The picture of the item that the name refers to, when it is known.
   std::string detail;
 };
 
-/// What \p node is about.
+/// The subject of a diagnostic at \p node.
 Subject subjectOf(const Node &node);
 
-/// What kind of name a diagnostic misses.
+/// The kind of name that is not declared.
 enum class NameKind { Data, Procedure, File };
 
 /// The declarations of \p name in the program, as notes of a diagnostic which says that the name is
@@ -39,7 +39,7 @@ std::vector<DiagnosticNote> declarationsOf(llvm::StringRef name, SourceUnit &uni
 /// Finds the name that was probably meant by one which is not declared.
 class NearNames {
 public:
-  /// The declared name, as spelt in its declaration, that is nearest to \p name and visible in
+  /// The declared name, as written in its declaration, that is nearest to \p name and visible in
   /// \p unit; empty when none is near. A program with very many undeclared names gets no more
   /// answers after a while, so that the work stays in proportion to the source.
   llvm::StringRef find(llvm::StringRef name, NameKind kind, SourceUnit &unit);

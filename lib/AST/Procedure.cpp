@@ -86,7 +86,7 @@ Section *Section::createCopySection(Word *name, Word *copyName) {
          "a copy is made of the section named");
   Section *copy = new Section(this, copyName);
   copy->setPriorityNumExpr(priorityNumber);
-  for (Sentence *sentence : sentences)
+  for (Sentence *sentence : getSentElements())
     copy->addSent(copyOf(sentence));
   for (Paragraph *paragraph : paragraphs) {
     Paragraph *paragraphCopy = new Paragraph(paragraph, paragraph->getParagraphName());

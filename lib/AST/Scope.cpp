@@ -394,9 +394,13 @@ ProgramNames::ProgramNames(const Program &program) {
   llvm::append_range(units, program.getSourceUnitListElements());
   for (std::size_t next = 0; next < units.size(); ++next) {
     SourceUnit *unit = units[next];
-    programs.try_emplace({unit->getParent(), programKey(unit->getSourceUnitName())}, unit);
+    add(*unit);
     llvm::append_range(units, unit->getNestedListElements());
   }
+}
+
+void ProgramNames::add(SourceUnit &unit) {
+  programs.try_emplace({unit.getParent(), programKey(unit.getSourceUnitName())}, &unit);
 }
 
 SourceUnit *ProgramNames::find(const SourceUnit *caller, llvm::StringRef name) const {

@@ -63,9 +63,9 @@ void FlowBuilder::addFunction(const CFGFunc &function, SourceUnit *unit, bool is
   plan->graph = flow.graphList.back().get();
   plan->body = function.getBody();
   plan->blocks.assign(plan->body->getBlockList().begin(), plan->body->getBlockList().end());
-  if (!isReport) {
+  if (unit && !isReport) {
     planOfUnit[unit] = plan;
-    planOfName[llvm::StringRef(function.getName()).upper()].push_back(plan);
+    programNames.add(*unit);
   }
   plan->graph->procedureBegin = static_cast<std::uint32_t>(flow.procedureList.size());
   markProcedures(*plan);
@@ -473,31 +473,6 @@ void FlowBuilder::addSite(std::uint32_t node, std::uint32_t range, std::uint32_t
     plan->sitesInto.push_back({static_cast<std::uint32_t>(sites.size()), block});
   sites.push_back({node, range, returnsTo, into, back, firstSite[node]});
   firstSite[node] = static_cast<std::uint32_t>(sites.size() - 1);
-}
-
-/// The program that a CALL of \p name in the current one reaches: one that is nested in it, or a
-/// COMMON one that is nested in a program around it, or another outermost one.
-FunctionPlan *FlowBuilder::findCallable(llvm::StringRef name) {
-  auto found = planOfName.find(name.upper());
-  if (found == planOfName.end())
-    return nullptr;
-  SourceUnit *caller = plan->graph->unit;
-  FunctionPlan *outermost = nullptr;
-  for (FunctionPlan *candidate : found->second) {
-    SourceUnit *parent = candidate->graph->unit->getParent();
-    if (!parent) {
-      outermost = candidate;
-      continue;
-    }
-    if (parent == caller)
-      return candidate;
-    const bool isCommon = candidate->graph->unit->getIDDivision()->getProgramIDPara()->getType() ==
-                          ProgramIdType::Common;
-    for (SourceUnit *around = caller; isCommon && around; around = around->getParent())
-      if (around == parent)
-        return candidate;
-  }
-  return outermost;
 }
 
 /// Sorts the edges by the nodes that they lead from, and indexes them both ways. The order of the

@@ -10,13 +10,13 @@
 #define TARKA_LIB_FLOW_FLOWBUILDER_H
 
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "AST/Statement.h"
 #include "Analyzer/CFG.h"
 #include "Flow/FlowGraph.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/SmallVector.h"
-#include "llvm/ADT/StringMap.h"
 
 namespace tarka {
 
@@ -135,7 +135,9 @@ private:
   void addEdge(std::uint32_t from, std::uint32_t to, FlowEdgeKind kind);
   void addSite(std::uint32_t node, std::uint32_t range, std::uint32_t returnsTo, FlowEdgeKind into,
                FlowEdgeKind back, const CFGBlock *block = nullptr);
-  FunctionPlan *findCallable(llvm::StringRef name);
+  FunctionPlan *findCallable(const SourceUnit *caller, llvm::StringRef name) const {
+    return planOfUnit.lookup(programNames.find(caller, name));
+  }
   llvm::SmallVector<std::uint32_t, 4> useSectionsFor(const FileDescription *file,
                                                      bool &isSpecific) const;
   void collectUse(FunctionPlan &read);
@@ -146,7 +148,7 @@ private:
   FlowModule &flow;
   std::vector<std::unique_ptr<FunctionPlan>> plans;
   llvm::DenseMap<const SourceUnit *, FunctionPlan *> planOfUnit;
-  llvm::StringMap<llvm::SmallVector<FunctionPlan *, 1>> planOfName;
+  ProgramNames programNames;
   std::vector<FlowPiece> pieces;
   std::vector<std::uint32_t> pieceOf; ///< by node
   llvm::DenseMap<const Node *, std::uint32_t> procedureNumbers;

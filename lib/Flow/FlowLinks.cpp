@@ -542,7 +542,7 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
   FunctionPlan *callee = nullptr;
   if (name) {
     record.name = name->getData();
-    callee = findCallable(record.name);
+    callee = findCallable(plan->graph->unit, record.name);
     record.target = callee ? callee->graph : nullptr;
   } else {
     record.isDynamic = true;

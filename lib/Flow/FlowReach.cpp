@@ -224,15 +224,9 @@ void FlowReach::callWhatIsHeld(std::uint32_t node) {
   SourceUnit *unit = flow.nodeList[node].graph->unit;
   if (!isHeld || !unit || !heldCalls.insert(unit).second)
     return;
-  for (const std::string &name : unit->getCallableList()) {
-    llvm::StringRef plain = name;
-    if (plain.size() > 1 && (plain.front() == '\'' || plain.front() == '"'))
-      plain = plain.drop_front().drop_back();
-    auto found = builder.planOfName.find(plain.upper());
-    if (found != builder.planOfName.end())
-      for (const FunctionPlan *plan : found->second)
-        start(plan->mainRange);
-  }
+  for (const std::string &name : unit->getCallableList())
+    if (const FunctionPlan *plan = builder.findCallable(unit, name))
+      start(plan->mainRange);
 }
 
 void FlowReach::enterSite(std::uint32_t number) {

@@ -11,42 +11,39 @@ namespace tarka {
 namespace {
 
 namespace vfs = llvm::vfs;
+namespace path = llvm::sys::path;
 
 /// A file whose contents are recorded when they are read.
 class RecordedFile : public vfs::File {
 public:
   RecordedFile(std::unique_ptr<vfs::File> source, std::string opened, DependencyRecorder &target)
-      : file(std::move(source)), path(std::move(opened)), recorder(target) {}
+      : file(std::move(source)), name(std::move(opened)), recorder(target) {}
 
   llvm::ErrorOr<vfs::Status> status() override { return file->status(); }
-  llvm::ErrorOr<std::unique_ptr<llvm::MemoryBuffer>> getBuffer(const llvm::Twine &name,
+  llvm::ErrorOr<std::unique_ptr<llvm::MemoryBuffer>> getBuffer(const llvm::Twine &shown,
                                                                std::int64_t size,
                                                                bool requiresNullTerminator,
                                                                bool isVolatile) override {
-    auto buffer = file->getBuffer(name, size, requiresNullTerminator, isVolatile);
+    auto buffer = file->getBuffer(shown, size, requiresNullTerminator, isVolatile);
     if (buffer)
-      recorder.addContents(path, (*buffer)->getBuffer());
+      recorder.addContents(name, (*buffer)->getBuffer());
     return buffer;
   }
   std::error_code close() override { return file->close(); }
 
 private:
   std::unique_ptr<vfs::File> file;
-  std::string path;
+  std::string name;
   DependencyRecorder &recorder;
 };
 
-/// The digest of the names in a directory; empty when it cannot be read.
-std::string digestOfNames(llvm::StringRef path, vfs::FileSystem &fileSystem) {
-  std::vector<std::string> names;
-  std::error_code error;
-  for (vfs::directory_iterator entry = fileSystem.dir_begin(path, error), end;
-       !error && entry != end; entry.increment(error))
-    names.push_back(llvm::sys::path::filename(entry->path()).str());
-  if (error)
-    return "";
-  llvm::sort(names);
-  return digestOf(llvm::join(names, "\n"));
+std::string stemOf(llvm::StringRef name) {
+  return name.split('.').first.lower();
+}
+
+std::string directoryOf(llvm::StringRef name) {
+  const llvm::StringRef directory = path::parent_path(name);
+  return directory.empty() ? "." : directory.str();
 }
 
 } // namespace
@@ -57,113 +54,151 @@ std::string digestOf(llvm::StringRef bytes) {
   return llvm::toHex(hasher.final(), /*LowerCase=*/true);
 }
 
-bool isUnchanged(const Dependency &dependency, vfs::FileSystem &fileSystem) {
-  const llvm::ErrorOr<vfs::Status> status = fileSystem.status(dependency.path);
+bool DependencyChecker::isUnchanged(const Dependency &dependency) {
   switch (dependency.kind) {
+  case Dependency::Contents:
+    return digestOfFile(dependency.path) == dependency.digest;
+  case Dependency::Names:
+    return digestOfNames(dependency.path, dependency.stems) == dependency.digest;
   case Dependency::Missing:
-    return !status;
-  case Dependency::NoFile:
+    return !fileSystem.status(dependency.path);
+  case Dependency::NoFile: {
+    const llvm::ErrorOr<vfs::Status> status = fileSystem.status(dependency.path);
     return status && !status->isRegularFile();
-  case Dependency::Directory:
-    return digestOfNames(dependency.path, fileSystem) == dependency.digest;
-  case Dependency::Contents: {
-    // A pipe has been read once, and opening it again might wait for ever.
-    if (!status || !status->isRegularFile())
-      return false;
-    auto buffer = fileSystem.getBufferForFile(dependency.path);
-    return buffer && digestOf((*buffer)->getBuffer()) == dependency.digest;
   }
   }
   return false;
 }
 
-std::vector<std::string> watchedPaths(llvm::ArrayRef<Dependency> dependencies,
-                                      vfs::FileSystem &fileSystem) {
-  std::vector<std::string> paths;
-  llvm::StringMap<std::string> nearest;
-  auto nearestDirectory = [&](llvm::StringRef directory) {
-    std::string &answer = nearest[directory];
-    if (!answer.empty())
-      return answer;
-    llvm::StringRef candidate = directory;
-    while (!candidate.empty() && !fileSystem.exists(candidate))
-      candidate = llvm::sys::path::parent_path(candidate);
-    return answer = candidate.empty() ? "." : candidate.str();
-  };
-  for (const Dependency &dependency : dependencies)
-    switch (dependency.kind) {
-    case Dependency::Contents:
-      paths.push_back(dependency.path);
-      break;
-    case Dependency::Directory:
-      paths.push_back(nearestDirectory(dependency.path));
-      break;
-    case Dependency::Missing:
-    case Dependency::NoFile:
-      paths.push_back(nearestDirectory(llvm::sys::path::parent_path(dependency.path)));
-      break;
-    }
-  llvm::sort(paths);
-  paths.erase(llvm::unique(paths), paths.end());
-  return paths;
+const std::string &DependencyChecker::digestOfFile(llvm::StringRef file) {
+  auto [entry, isNew] = files.try_emplace(file);
+  if (!isNew)
+    return entry->second;
+  // A pipe has been read once, and opening it again might wait for ever.
+  const llvm::ErrorOr<vfs::Status> status = fileSystem.status(file);
+  if (status && status->isRegularFile())
+    if (auto buffer = fileSystem.getBufferForFile(file))
+      entry->second = digestOf((*buffer)->getBuffer());
+  return entry->second;
 }
 
-llvm::ErrorOr<vfs::Status> DependencyRecorder::status(const llvm::Twine &path) {
-  auto result = ProxyFileSystem::status(path);
-  if (!result && result.getError() == std::errc::no_such_file_or_directory)
-    add(path.str(), Dependency::Missing);
-  else if (!result && result.getError() == std::errc::not_a_directory)
-    add(path.str(), Dependency::Missing);
+const DependencyChecker::Directory &DependencyChecker::read(llvm::StringRef directory) {
+  auto [entry, isNew] = directories.try_emplace(directory);
+  Directory &result = entry->second;
+  if (!isNew)
+    return result;
+  std::error_code error;
+  for (vfs::directory_iterator file = fileSystem.dir_begin(directory, error), end;
+       !error && file != end; file.increment(error)) {
+    const llvm::StringRef name = path::filename(file->path());
+    result.names[stemOf(name)].insert(name.str());
+  }
+  result.exists = !error;
+  return result;
+}
+
+bool DependencyChecker::hasName(llvm::StringRef directory, llvm::StringRef name) {
+  const Directory &known = read(directory);
+  const auto found = known.names.find(stemOf(name));
+  return found != known.names.end() && found->second.count(name.str()) > 0;
+}
+
+std::string DependencyChecker::digestOfNames(llvm::StringRef directory,
+                                             llvm::ArrayRef<std::string> stems) {
+  const Directory &known = read(directory);
+  std::string names = known.exists ? "+" : "-";
+  auto add = [&](const std::set<std::string> &some) {
+    for (const std::string &name : some) {
+      names += '\0';
+      names += name;
+    }
+  };
+  if (stems.empty())
+    for (const auto &[stem, some] : known.names)
+      add(some);
+  for (const std::string &stem : stems)
+    if (const auto found = known.names.find(stem); found != known.names.end())
+      add(found->second);
+  return digestOf(names);
+}
+
+std::vector<std::string> watchedPaths(llvm::ArrayRef<Dependency> dependencies,
+                                      vfs::FileSystem &fileSystem) {
+  std::set<std::string> paths;
+  for (const Dependency &dependency : dependencies) {
+    if (dependency.kind == Dependency::Contents) {
+      paths.insert(dependency.path);
+      continue;
+    }
+    std::string nearest =
+        dependency.kind == Dependency::Names ? dependency.path : directoryOf(dependency.path);
+    while (nearest != "." && !fileSystem.exists(nearest))
+      nearest = directoryOf(nearest);
+    paths.insert(nearest);
+  }
+  return {paths.begin(), paths.end()};
+}
+
+llvm::ErrorOr<vfs::Status> DependencyRecorder::status(const llvm::Twine &name) {
+  auto result = ProxyFileSystem::status(name);
+  if (result && !result->isRegularFile())
+    otherThanFiles.insert(name.str());
+  else if (!result && (result.getError() == std::errc::no_such_file_or_directory ||
+                       result.getError() == std::errc::not_a_directory))
+    missing.insert(name.str());
   else if (!result)
     complete = false;
-  else if (!result->isRegularFile())
-    add(path.str(), Dependency::NoFile);
   return result;
 }
 
 llvm::ErrorOr<std::unique_ptr<vfs::File>>
-DependencyRecorder::openFileForRead(const llvm::Twine &path) {
-  auto file = ProxyFileSystem::openFileForRead(path);
+DependencyRecorder::openFileForRead(const llvm::Twine &name) {
+  auto file = ProxyFileSystem::openFileForRead(name);
   if (!file) {
     complete = false;
     return file;
   }
   return std::unique_ptr<vfs::File>(
-      std::make_unique<RecordedFile>(std::move(*file), path.str(), *this));
+      std::make_unique<RecordedFile>(std::move(*file), name.str(), *this));
 }
 
-vfs::directory_iterator DependencyRecorder::dir_begin(const llvm::Twine &path,
+vfs::directory_iterator DependencyRecorder::dir_begin(const llvm::Twine &directory,
                                                       std::error_code &error) {
-  const std::string name = path.str();
-  const std::string digest = digestOfNames(name, getUnderlyingFS());
-  if (digest.empty())
-    add(name, Dependency::Missing);
-  else
-    add(name, Dependency::Directory, digest);
-  return ProxyFileSystem::dir_begin(path, error);
+  listed.insert(directory.str());
+  return ProxyFileSystem::dir_begin(directory, error);
 }
 
-void DependencyRecorder::addContents(llvm::StringRef path, llvm::StringRef bytes) {
-  add(path, Dependency::Contents, digestOf(bytes));
+void DependencyRecorder::addContents(llvm::StringRef file, llvm::StringRef bytes) {
+  const std::string digest = digestOf(bytes);
+  const std::string &known = contents.try_emplace(file.str(), digest).first->second;
+  complete &= known == digest;
 }
 
-void DependencyRecorder::add(llvm::StringRef path, Dependency::Kind kind, std::string digest) {
-  auto [entry, isNew] = found.try_emplace(path, Dependency{kind, path.str(), digest});
-  Dependency &known = entry->second;
-  // A directory is looked at both as a name and for its names.
-  if (kind == Dependency::Directory && known.kind == Dependency::NoFile) {
-    known.kind = kind;
-    known.digest = std::move(digest);
-  } else if (!isNew && (known.kind != kind || known.digest != digest) &&
-             !(known.kind == Dependency::Directory && kind == Dependency::NoFile)) {
-    complete = false;
-  }
-}
-
-std::vector<Dependency> DependencyRecorder::getDependencies() const {
+std::vector<Dependency> DependencyRecorder::getDependencies() {
   std::vector<Dependency> all;
-  for (const auto &entry : found)
-    all.push_back(entry.second);
+  for (const auto &[file, digest] : contents)
+    all.push_back({Dependency::Contents, file, digest, {}});
+  for (const std::string &name : otherThanFiles)
+    all.push_back({Dependency::NoFile, name, "", {}});
+
+  DependencyChecker checker(getUnderlyingFS());
+  std::map<std::string, std::set<std::string>> stems;
+  for (const std::string &name : missing) {
+    const std::string directory = directoryOf(name);
+    // A link that leads nowhere has a name, and what it leads to may appear.
+    if (checker.hasName(directory, path::filename(name)))
+      all.push_back({Dependency::Missing, name, "", {}});
+    else
+      stems[directory].insert(stemOf(path::filename(name)));
+  }
+  for (const std::string &directory : listed) {
+    stems.erase(directory);
+    all.push_back({Dependency::Names, directory, checker.digestOfNames(directory, {}), {}});
+  }
+  for (const auto &[directory, names] : stems) {
+    const std::vector<std::string> sorted(names.begin(), names.end());
+    all.push_back({Dependency::Names, directory, checker.digestOfNames(directory, sorted), sorted});
+  }
   return all;
 }
 

@@ -27,6 +27,10 @@ public:
     }
   }
 
+  void reportFailure(llvm::StringRef file, llvm::StringRef reason) override {
+    out << file << ":1:1: fatal error: " << reason << '\n';
+  }
+
 private:
   void printPlace(const SourceRange &place) {
     out << fileNameOf(place.file) << ':' << place.beginLine << ':' << place.beginColumn << ": ";

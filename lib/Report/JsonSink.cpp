@@ -62,6 +62,14 @@ void printDiagnostic(llvm::json::OStream &json, const Diagnostic &diagnostic) {
   });
 }
 
+/// A file that could not be analysed.
+void printFailure(llvm::json::OStream &json, llvm::StringRef file, llvm::StringRef reason) {
+  json.object([&] {
+    json.attribute("file", toUtf8(file));
+    json.attribute("reason", toUtf8(reason));
+  });
+}
+
 class JsonSink : public Sink {
 public:
   explicit JsonSink(llvm::raw_ostream &stream) : out(stream), json(stream, 2) {}
@@ -85,10 +93,7 @@ public:
     json.attributeEnd();
     json.attributeArray("failures", [&] {
       for (const auto &[file, reason] : failures)
-        json.object([&] {
-          json.attribute("file", toUtf8(file));
-          json.attribute("reason", toUtf8(reason));
-        });
+        printFailure(json, file, reason);
     });
     json.attributeObject("summary", [&] {
       json.attribute("files", summary.files);
@@ -113,6 +118,12 @@ public:
   void report(const Diagnostic &diagnostic) override {
     llvm::json::OStream json(out);
     printDiagnostic(json, diagnostic);
+    out << '\n';
+  }
+
+  void reportFailure(llvm::StringRef file, llvm::StringRef reason) override {
+    llvm::json::OStream json(out);
+    printFailure(json, file, reason);
     out << '\n';
   }
 

@@ -87,7 +87,11 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->required();
     return;
   }
-  auto *files = app.add_option("FILE", request.files, "the source to read")->required();
+  auto *files = app.add_option("FILE", request.files,
+                               command == Command::Check
+                                   ? "files, directories, @LISTs of names; - is standard input"
+                                   : "the source to read; - is standard input")
+                    ->required();
   if (command == Command::Check)
     files->option_text("FILE...");
   else

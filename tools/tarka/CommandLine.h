@@ -51,7 +51,14 @@ struct OptionSetting {
 /// What the command line asked for.
 struct Request {
   Command command = Command::Check;
+  /// Files, directories, @LISTs, and - for standard input.
   std::vector<std::string> files;
+  /// Which files of a directory are programs, and which are left out: patterns as PathPattern reads
+  /// them.
+  std::vector<std::string> include;
+  std::vector<std::string> exclude;
+  /// What standard input is called.
+  std::string stdinName = "<stdin>";
   ParseOptions parse;
   /// The words of the command line.
   std::vector<std::string> commandLine;
@@ -72,7 +79,9 @@ struct Request {
   // check
   bool syntaxOnly = false;
   bool verify = false;
-  unsigned jobs = 0; ///< 0 is one for each processor
+  unsigned jobs = 0;        ///< 0 is one for each processor
+  double timeLimit = 0;     ///< seconds for each program; 0 for no limit
+  unsigned memoryLimit = 0; ///< mebibytes for each program; 0 for no limit
   bool statistics = false;
   std::string baseline;
   std::string writeBaseline;
@@ -80,6 +89,9 @@ struct Request {
   unsigned maxErrors = 0; ///< 0 for unlimited
   bool fix = false;
   bool diff = false;
+  /// Keep reports, and use those that are kept; where, unless it is in the user's cache.
+  bool cache = true;
+  std::string cacheDirectory;
   /// Print what the programs copy instead of the report.
   bool listCopybooks = false;
   /// Write a depfile: under this name, or one made of the output's.

@@ -12,6 +12,7 @@
 #include "Explain.h"
 #include "Findings.h"
 #include "Generate.h"
+#include "Inputs.h"
 #include "OutputFile.h"
 #include "Parse/Dependencies.h"
 #include "Parse/Expansion.h"
@@ -22,13 +23,15 @@
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
+#include "ProgramRun.h"
 #include "Report/Consequences.h"
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
+#include "ReportCache.h"
 #include "ReportRun.h"
 #include "SourceLines.h"
 #include "Verify.h"
-#include "Workers.h"
+#include "Workers/Interrupt.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
@@ -39,10 +42,6 @@
 namespace tarka {
 
 namespace {
-
-/// The tree is walked by recursion, as deep as the source nests and as long as its chains of
-/// operators are; this much stack is reserved for it, and what is not used costs nothing.
-constexpr unsigned stackSize = 1u << 30;
 
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
@@ -55,6 +54,8 @@ public:
   FileReport check();
   /// The same for --verify: compares what was found with what the source expects.
   int verify();
+  /// What the front end has read; null where nothing asks for it.
+  DependencyRecorder *getDependencies() { return dependencies.get(); }
   /// Prints what the program copies, as the report asks for; gives the exit status.
   int listCopybooks(llvm::raw_ostream &out);
   /// Prints what the command asks for, after check().
@@ -93,7 +94,7 @@ bool Compilation::analyse(std::string &failure) {
   TopLevel::beginCompilation(baseName.str(), settings);
 
   ParseOptions options = request.parse;
-  if (!request.depfileTargets.empty() || request.writeDepfile || !request.depfile.empty()) {
+  if (ReportCache::isWanted(request) || Depfile(request).isWanted()) {
     dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
         options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
     options.fileSystem = dependencies;
@@ -119,7 +120,7 @@ FileReport Compilation::check() {
   FileReport report;
   report.file = file;
   const bool isRead = analyse(report.failure);
-  if (dependencies)
+  if (Depfile(request).isWanted())
     report.inputs = watchedPaths(dependencies->getDependencies(), *llvm::vfs::getRealFileSystem());
   if (!isRead)
     return report;
@@ -158,10 +159,12 @@ int Compilation::verify() {
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.
 void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
-  // What was decoded or has a mark could not be written back as it was.
+  // Standard input has no place to write to. What was decoded or has a mark could not be written
+  // back as it was.
   auto contents = llvm::MemoryBuffer::getFile(file);
   const llvm::StringRef text = lines.textOf(internFileName(file));
-  if (!contents || (*contents)->getBuffer() != text)
+  const bool isStandardInput = request.parse.fileSystem && file == request.stdinName;
+  if (isStandardInput || !contents || (*contents)->getBuffer() != text)
     return;
   const SourceFormat format =
       request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
@@ -331,14 +334,12 @@ void compile(llvm::function_ref<void()> work) {
   // The elements of lists lie on huge pages, as the tree itself does.
   mi_option_enable(mi_option_large_os_pages);
 #endif
-  llvm::thread worker(std::optional<unsigned>(stackSize), work);
+  llvm::thread worker(std::optional<unsigned>(compilationStack), work);
   worker.join();
 }
 
-/// Prints what each of the files copies.
-int listCopybooks(const Request &given) {
-  Request request = given;
-  request.syntaxOnly = true;
+/// Prints what each of the programs copies.
+int listCopybooks(const Request &request) {
   CommandOutput output(request.output);
   if (!output.isOpen())
     return ExitInternal;
@@ -346,58 +347,79 @@ int listCopybooks(const Request &given) {
   if (isJson)
     output.stream() << "{\"version\":1,\"programs\":[";
   int status = ExitClean;
-  bool isFirst = true;
+  llvm::ListSeparator comma(",\n");
   auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
     int result = ExitInternal;
     compile([&] { result = Compilation(request, file).listCopybooks(answer); });
     return result;
   };
-  runWorkers(request.files, request.jobs, listOne, [&](const WorkerResult &result) {
+  Inputs inputs(request, [&](const std::string &, const std::string &reason) {
+    llvm::errs() << "tarka: " << reason << '\n';
+    status = std::max<int>(status, ExitUnusable);
+  });
+  auto next = [&] { return inputs.next(); };
+  const int signal = runPrograms(request, next, listOne, [&](const ProgramResult &result) {
     if (!result.failure.empty())
       llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
-    else if (!result.answer.empty())
-      output.stream() << (isJson && !isFirst ? ",\n" : "") << result.answer;
-    isFirst &= result.answer.empty();
+    else if (isJson && !result.answer.empty())
+      output.stream() << comma << result.answer;
+    else
+      output.stream() << result.answer;
     status = std::max(status, result.failure.empty() ? result.exitStatus : ExitInternal);
     return true;
   });
+  if (signal)
+    endBySignal(signal);
   if (isJson)
     output.stream() << "]}\n";
   return output.finish("list") ? status : ExitInternal;
 }
 
-/// Checks the files, one here or several in workers of their own, and reports.
+/// Checks the programs and reports.
 int checkFiles(const Request &request) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
   Depfile depfile(request);
-  auto take = [&](FileReport report) {
-    depfile.add(report.inputs);
-    run.take(std::move(report));
-  };
-  auto finish = [&] {
-    const int status = run.finish();
-    return depfile.write() ? status : ExitInternal;
-  };
-  if (request.files.size() == 1) {
-    compile([&] { take(Compilation(request, request.files.front()).check()); });
-    return finish();
-  }
+  ReportCache cache(request);
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
-    compile([&] { serialize(answer, Compilation(request, file).check()); });
+    compile([&] {
+      Compilation compilation(request, file);
+      const FileReport report = compilation.check();
+      std::string bytes;
+      llvm::raw_string_ostream stream(bytes);
+      serialize(stream, report);
+      if (DependencyRecorder *dependencies = compilation.getDependencies())
+        cache.store(file, *dependencies, bytes);
+      answer << bytes;
+    });
     return ExitClean;
   };
-  runWorkers(request.files, request.jobs, checkOne, [&](const WorkerResult &result) {
-    std::optional<FileReport> report = deserializeFileReport(result.answer);
-    if (report && result.failure.empty())
-      take(std::move(*report));
-    else
-      run.takeCrash(result.file,
-                    result.failure.empty() ? "its worker did not answer" : result.failure);
-    return !run.isFull();
+  Inputs inputs(request, [&](const std::string &name, const std::string &reason) {
+    run.takeUnreadable(name, reason);
   });
-  return finish();
+  auto next = [&] { return inputs.next(); };
+  const int signal = runPrograms(
+      request, next, checkOne,
+      [&](const ProgramResult &result) {
+        std::optional<FileReport> report = deserializeFileReport(result.answer);
+        if (report && result.failure.empty()) {
+          depfile.add(report->inputs);
+          run.take(std::move(*report));
+        } else {
+          run.takeCrash(result.file.str(),
+                        result.failure.empty() ? "its worker did not answer" : result.failure);
+        }
+        return !run.isFull();
+      },
+      [&](const std::string &file) { return cache.find(file); });
+  if (signal)
+    run.interrupt(signal);
+  cache.prune();
+  const int status = depfile.write() ? run.finish() : std::max<int>(run.finish(), ExitInternal);
+  if (signal)
+    endBySignal(signal);
+  return status;
 }
 
 int verifyFiles(const Request &request) {
@@ -406,28 +428,32 @@ int verifyFiles(const Request &request) {
     compile([&] { status = Compilation(request, file).verify(); });
     return status;
   };
-  if (request.files.size() == 1)
-    return verifyOne(request.files.front());
   int status = ExitClean;
-  runWorkers(
-      request.files, request.jobs,
+  Inputs inputs(request, [&](const std::string &, const std::string &reason) {
+    llvm::errs() << "tarka: " << reason << '\n';
+    status = std::max<int>(status, ExitUnusable);
+  });
+  const int signal = runPrograms(
+      request, [&] { return inputs.next(); },
       [&](const std::string &file, llvm::raw_ostream &) { return verifyOne(file); },
-      [&](const WorkerResult &result) {
+      [&](const ProgramResult &result) {
         if (!result.failure.empty())
           llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
-        status = std::max(status, result.exitStatus);
+        status = std::max(status, result.failure.empty() ? result.exitStatus : ExitInternal);
         return true;
       });
+  if (signal)
+    endBySignal(signal);
   return status;
 }
 
 /// Reports what is wrong with the file, then prints what was asked for.
-int printFile(const Request &given) {
-  Request request = given;
-  request.syntaxOnly = request.command == Command::Expand;
+int printFile(const Request &request) {
   int status = ExitInternal;
   compile([&] {
-    Compilation compilation(request, request.files.front());
+    const std::string &operand = request.files.front();
+    const std::string file = operand == standardInput ? request.stdinName : operand;
+    Compilation compilation(request, file);
     ReportRun run(request);
     FileReport report = compilation.check();
     const bool isRead = report.failure.empty();
@@ -452,11 +478,35 @@ void writeReport(const Request &request, llvm::raw_ostream &out) {
   });
 }
 
-int carryOut(const Request &request) {
+/// Reads standard input, when an operand stands for it, into a file system of \p request that has
+/// it under its name. False, after a message, when it cannot be read.
+static bool readStandardInput(Request &request) {
+  if (!llvm::is_contained(request.files, standardInput))
+    return true;
+  auto buffer = llvm::MemoryBuffer::getSTDIN();
+  if (!buffer) {
+    llvm::errs() << "tarka: cannot read standard input: " << buffer.getError().message() << '\n';
+    return false;
+  }
+  llvm::SmallString<128> path(request.stdinName);
+  auto memory = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
+  auto files =
+      llvm::makeIntrusiveRefCnt<llvm::vfs::OverlayFileSystem>(llvm::vfs::getRealFileSystem());
+  llvm::sys::fs::make_absolute(path);
+  memory->addFile(path, 0, std::move(*buffer));
+  files->pushOverlay(memory);
+  request.parse.fileSystem = files;
+  return true;
+}
+
+int carryOut(Request request) {
   if (request.command == Command::Explain)
     return explain(request);
   if (request.command == Command::Generate)
     return generate(request);
+  request.syntaxOnly |= request.command == Command::Expand || request.listCopybooks;
+  if (!readStandardInput(request))
+    return ExitUnusable;
   if (request.command != Command::Check)
     return printFile(request);
   if (request.listCopybooks)

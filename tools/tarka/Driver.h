@@ -14,10 +14,7 @@ namespace tarka {
 
 /// Carries out the request and gives the exit status. Reports go to standard error, what was asked
 /// to be printed to standard output.
-///
-/// There is one compilation in a process: for several files a worker process is started for each,
-/// so that a crash or a runaway costs that file only. Their reports come in the order of the files.
-int carryOut(const Request &request);
+int carryOut(Request request);
 
 /// Checks the first file of \p request and writes its report to \p out. Once in a process.
 void writeReport(const Request &request, llvm::raw_ostream &out);

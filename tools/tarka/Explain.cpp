@@ -5,7 +5,8 @@
 #include "Driver.h"
 #include "Explanations.h"
 #include "OutputFile.h"
-#include "Workers.h"
+#include "ProgramRun.h"
+#include "Workers/Interrupt.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Format.h"
@@ -336,10 +337,9 @@ int explain(const Request &request) {
     printText(out, *rows.front());
   else {
     // There is one compilation in a process.
-    std::vector<std::string> names;
-    names.reserve(rows.size());
-    for (const DiagnosticRow *row : rows)
-      names.push_back(row->name);
+    auto next = [&, row = rows.begin()]() mutable -> std::optional<std::string> {
+      return row == rows.end() ? std::nullopt : std::optional<std::string>((*row++)->name);
+    };
     auto explainOne = [&](const std::string &name, llvm::raw_ostream &answer) -> int {
       const DiagnosticRow *row =
           *llvm::find_if(rows, [&](const DiagnosticRow *one) { return one->name == name; });
@@ -348,13 +348,15 @@ int explain(const Request &request) {
       printText(answer, *row);
       return ExitClean;
     };
-    runWorkers(names, 0, explainOne, [&](const WorkerResult &result) {
+    const int signal = runPrograms(request, next, explainOne, [&](const ProgramResult &result) {
       out << result.answer;
       if (!result.failure.empty())
         llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
       status = std::max(status, result.exitStatus);
       return true;
     });
+    if (signal)
+      endBySignal(signal);
   }
   return output.finish("explanation") ? status : ExitInternal;
 }

@@ -3,6 +3,7 @@
 #include "Options.h"
 #include "AST/Spelling.h"
 #include "Parse/Encoding.h"
+#include "PathPattern.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <type_traits>
@@ -48,6 +49,7 @@ constexpr CommandSet readers = setOf(Command::Check) | setOf(Command::Cfg) | set
 constexpr CommandSet check = setOf(Command::Check);
 
 constexpr llvm::StringLiteral reportGroup = "Report";
+constexpr llvm::StringLiteral cacheGroup = "Cache";
 constexpr llvm::StringLiteral dependencyGroup = "Dependencies";
 constexpr llvm::StringLiteral compileGroup = "Compile options";
 
@@ -120,6 +122,14 @@ std::string addWarningOption(Request &request, const OptionValue &value) {
          "an error";
 }
 
+/// Adds a pattern to one of the lists of the request.
+template <auto List> std::string addPattern(Request &request, const OptionValue &value) {
+  if (llvm::Error fault = PathPattern::create(value.text).takeError())
+    return "'" + value.text + "' is no pattern: " + llvm::toString(std::move(fault));
+  (request.*List).push_back(value.text);
+  return "";
+}
+
 std::string setRecord(Request &request, const OptionValue &value) {
   request.layout.record = value.text;
   return value.text.empty() ? "a name is missing" : "";
@@ -149,6 +159,17 @@ constexpr Option table[] = {
      .help = "supply what DB2 does: SQLCA, SQLDA, SQL TYPE",
      .set = assign<&Request::parse, &ParseOptions::sql>},
 
+    // Which programs.
+    {.name = "include", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "the programs in directories (*.cbl, *.cob, *.cobol, *.pco)",
+     .set = addPattern<&Request::include>},
+    {.name = "exclude", .type = OptionType::Text, .isList = true, .commands = check,
+     .value = "PATTERN", .help = "what to leave out of directories: files and directories",
+     .set = addPattern<&Request::exclude>},
+    {.name = "stdin-name", .type = OptionType::Text, .isConfigurable = false, .commands = readers,
+     .value = "NAME", .help = "the file that standard input, given as -, stands for",
+     .set = assign<&Request::stdinName>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -159,6 +180,11 @@ constexpr Option table[] = {
     {.name = "jobs", .letter = 'j', .type = OptionType::Number, .commands = check, .value = "N",
      .min = 1, .max = 1024, .help = "files to check at the same time (one a processor)",
      .set = assign<&Request::jobs>},
+    {.name = "time-limit", .type = OptionType::Seconds, .commands = check, .value = "SECONDS",
+     .help = "give a program up after this time", .set = assign<&Request::timeLimit>},
+    {.name = "memory-limit", .type = OptionType::Number, .commands = check, .value = "MIB",
+     .min = 1, .max = 1u << 20, .help = "give a program up when it needs more memory",
+     .set = assign<&Request::memoryLimit>},
 
     // What the other commands print.
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Cfg),
@@ -240,6 +266,14 @@ constexpr Option table[] = {
     {.name = "diff", .isConfigurable = false, .commands = check, .needs = "fix",
      .group = reportGroup, .help = "with --fix: print the changes, and change nothing",
      .set = assign<&Request::diff>},
+
+    // What is kept from run to run.
+    {.name = "cache", .commands = check, .fallback = "true", .group = cacheGroup,
+     .help = "use the reports that are kept of unchanged programs (on; --no-cache for off)",
+     .set = assign<&Request::cache>},
+    {.name = "cache-dir", .type = OptionType::Path, .commands = check, .value = "DIR",
+     .group = cacheGroup, .help = "keep them in DIR instead of $XDG_CACHE_HOME/tarka",
+     .set = assign<&Request::cacheDirectory>},
 
     // What the programs depend on.
     {.name = "list-copybooks", .isConfigurable = false, .commands = check, .group = dependencyGroup,

@@ -2,6 +2,7 @@
 
 #include "ReportRun.h"
 #include "Explanations.h"
+#include "Inputs.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/Process.h"
 
@@ -85,7 +86,7 @@ ReportRun::ReportRun(const Request &driverRequest) : request(driverRequest) {
   options.known = known ? &*known : nullptr;
   options.record = request.writeBaseline.empty() ? nullptr : &record;
   options.maxErrors = request.maxErrors;
-  options.mergeCopybooks = request.files.size() > 1;
+  options.mergeCopybooks = namesSeveralPrograms(request.files);
   reporter = std::make_unique<Reporter>(*sink, options);
   reporter->begin({TARKA_VERSION, request.commandLine});
 }
@@ -173,6 +174,21 @@ void ReportRun::takeCrash(const std::string &file, const std::string &reason) {
   status = ExitInternal;
   reporter->take(std::move(report));
   flush();
+}
+
+void ReportRun::interrupt(int signal) {
+  flush();
+  llvm::errs() << "tarka: broken off; only " << reporter->getFiles()
+               << (reporter->getFiles() == 1 ? " program is" : " programs are") << " reported\n";
+  // What a shell makes of a program that the signal ends.
+  status = 128 + signal;
+}
+
+void ReportRun::takeUnreadable(const std::string &name, const std::string &reason) {
+  FileReport report;
+  report.file = name;
+  report.failure = reason;
+  take(std::move(report));
 }
 
 bool ReportRun::flush() {

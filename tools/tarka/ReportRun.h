@@ -27,8 +27,12 @@ public:
   void take(FileReport report);
   /// The same of a file whose worker did not come to an end.
   void takeCrash(const std::string &file, const std::string &reason);
+  /// The same of a file, directory or list that cannot be read; \p reason names it.
+  void takeUnreadable(const std::string &name, const std::string &reason);
   /// Whether the rest of the run is of no use.
   bool isFull() const { return reporter->isFull(); }
+  /// Notes that \p signal has broken the run off.
+  void interrupt(int signal);
   /// Ends the report and gives the exit status of the run.
   int finish();
 

@@ -1,24 +1,25 @@
 //===- SCDataDateFormat.cpp - DATE FORMAT -------------------------------===//
 //
-// The known patterns of windowed and expanded dates.
+// The patterns of windowed and expanded dates.
 //
 //===----------------------------------------------------------------------===//
 
 #include "AST/DataDescription.h"
+#include "AST/KindNames.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/SemanticChecker.h"
-#include "llvm/ADT/STLExtras.h"
-#include <iterator>
+#include <optional>
 
 namespace tarka {
 
-/// In the order of PattenType, from 1.
-static constexpr llvm::StringLiteral datePatterns[] = {
-    "YY",      "YYX",      "YYXX",    "YYXXX", "YYXXXX", "YYYY",     "YYYYX", "YYYYXX",
-    "YYYYXXX", "YYYYXXXX", "X",       "XYY",   "XYYYY",  "XX",       "XXYY",  "XXYYYY",
-    "XXX",     "XXXYY",    "XXXYYYY", "XXXX",  "XXXXYY", "XXXXYYYY",
-};
-static_assert(std::size(datePatterns) == static_cast<std::size_t>(PattenType::XXXXYYYY));
+/// The pattern with the text \p word; nothing when it is unknown.
+static std::optional<PattenType> findPattern(llvm::StringRef word) {
+  constexpr auto last = static_cast<unsigned>(PattenType::XXXXYYYY);
+  for (unsigned number = 1; number <= last; ++number)
+    if (const auto pattern = static_cast<PattenType>(number); nameOf(pattern) == word)
+      return pattern;
+  return std::nullopt;
+}
 
 /// Without date processing the clause has no effect and is removed. An unknown pattern keeps its
 /// type and is not reported: later stages decide what to do with it.
@@ -28,9 +29,8 @@ bool SemanticChecker::checkClauseDateFormat(DataDescription &entry) {
     return true;
   }
   ClauseDateFormat *format = entry.getDateFormat();
-  const auto *pattern = llvm::find(datePatterns, format->getPatten()->getWordData());
-  if (pattern != std::end(datePatterns))
-    format->setPattenType(static_cast<PattenType>(pattern - std::begin(datePatterns) + 1));
+  if (const auto pattern = findPattern(format->getPatten()->getWordData()))
+    format->setPattenType(*pattern);
   return true;
 }
 

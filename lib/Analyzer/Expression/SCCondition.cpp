@@ -1,7 +1,7 @@
 //===- SCCondition.cpp - checks of conditions -----------------------------===//
 
-#include "AST/Condition.h"
 #include "AST/DataDescription.h"
+#include "AST/ExpressionVisitor.h"
 #include "AST/Program.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
@@ -21,27 +21,30 @@ namespace tarka {
 // Dispatch
 //===----------------------------------------------------------------------===//
 
-bool SemanticChecker::semanticCheck(Condition &condition) {
-  switch (condition.getType()) {
-  case ConditionType::ConditionName:
-    return semanticCheck(llvm::cast<ConditionNameCondition>(condition));
-  case ConditionType::Switch:
-    return semanticCheck(llvm::cast<SwitchCondition>(condition));
-  case ConditionType::Relational:
-    return semanticCheck(llvm::cast<RelationalCondition>(condition));
-  case ConditionType::Class:
-    return semanticCheck(llvm::cast<ClassCondition>(condition));
-  case ConditionType::Sign:
-    return semanticCheck(llvm::cast<SignCondition>(condition));
-  case ConditionType::Negated:
-    return semanticCheck(llvm::cast<NegatedCondition>(condition));
-  case ConditionType::Combined:
-    return semanticCheck(llvm::cast<CombinedCondition>(condition));
-  case ConditionType::AbbrRelational:
-    return semanticCheck(llvm::cast<AbbrRelationalCondition>(condition));
+namespace {
+
+/// Hands a condition to the check of its class.
+class ConditionCheck : public ConditionVisitor<ConditionCheck, bool> {
+public:
+  explicit ConditionCheck(SemanticChecker &semanticChecker) : checker(semanticChecker) {}
+
+#define TARKA_CONDITION(Kind, Number, Class)                                                       \
+  bool visit##Class(Class &condition) { return checker.semanticCheck(condition); }
+#include "AST/Conditions.def"
+
+  bool visitCondition(Condition &) {
+    assert(0 && "invalid Condition Type\n");
+    return false;
   }
-  assert(0 && "invalid Condition Type\n");
-  return false;
+
+private:
+  SemanticChecker &checker;
+};
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(Condition &condition) {
+  return ConditionCheck(*this).visit(condition);
 }
 
 bool SemanticChecker::semanticCheck(NegatedCondition &condition) {

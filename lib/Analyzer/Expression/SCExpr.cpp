@@ -4,59 +4,51 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/Expression.h"
+#include "AST/ExpressionVisitor.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
 
-bool SemanticChecker::semanticCheck(Expression &expression) {
-  switch (expression.getExprType()) {
-  case ExpressionType::NumericLiteral:
-  case ExpressionType::NonNumericLiteral:
-  case ExpressionType::FigurativeConstant:
-    return semanticCheck(llvm::cast<LiteralExpression>(expression));
-  case ExpressionType::Arithmetic:
-    return semanticCheck(llvm::cast<ArithmeticExpression>(expression));
-  case ExpressionType::DataIdentifier:
-  case ExpressionType::FileIdentifier:
-  case ExpressionType::FunctionIdentifier:
-  case ExpressionType::SpecialRegister:
-    return semanticCheck(llvm::cast<IdentifierExpression>(expression));
-  case ExpressionType::AbbrRelationCombined:
-    return semanticCheck(llvm::cast<AbbrRelationCombinedExpression>(expression));
-  case ExpressionType::ReportIdentifier:
-    break;
+namespace {
+
+/// Hands an operand to the check of its class.
+class ExpressionCheck : public ExpressionVisitor<ExpressionCheck, bool> {
+public:
+  explicit ExpressionCheck(SemanticChecker &semanticChecker) : checker(semanticChecker) {}
+
+#define TARKA_EXPRESSION(Kind, Number, Class)                                                      \
+  bool visit##Class(Class &expression) { return check(expression); }
+#include "AST/Expressions.def"
+
+  bool visitExpression(Expression &expression) {
+    return checker.report(ErrorCode::IdentifierUndefined, &expression);
   }
-  return report(ErrorCode::IdentifierUndefined, &expression);
+
+private:
+  template <typename Class> bool check(Class &expression) {
+    return checker.semanticCheck(expression);
+  }
+  /// A report-name is no operand; the statements that take one check it themselves.
+  bool check(ReportIdentifierExpression &name) { return visitExpression(name); }
+
+  SemanticChecker &checker;
+};
+
+} // namespace
+
+bool SemanticChecker::semanticCheck(Expression &expression) {
+  return ExpressionCheck(*this).visit(expression);
 }
 
 bool SemanticChecker::semanticCheck(LiteralExpression &literal) {
-  switch (literal.getExprType()) {
-  case ExpressionType::NumericLiteral:
-    return semanticCheck(llvm::cast<NumericLiteralExpression>(literal));
-  case ExpressionType::NonNumericLiteral:
-    return semanticCheck(llvm::cast<NonNumericLiteralExpression>(literal));
-  case ExpressionType::FigurativeConstant:
-    return semanticCheck(llvm::cast<FigurativeLiteralExpression>(literal));
-  default:
-    llvm_unreachable("Invalid Expression Type");
-  }
+  return ExpressionCheck(*this).visit(literal);
 }
 
 bool SemanticChecker::semanticCheck(IdentifierExpression &identifier) {
-  switch (identifier.getExprType()) {
-  case ExpressionType::DataIdentifier:
-    return semanticCheck(llvm::cast<DataIdentifierExpression>(identifier));
-  case ExpressionType::FileIdentifier:
-    return semanticCheck(llvm::cast<FileIdentifierExpression>(identifier));
-  case ExpressionType::FunctionIdentifier:
-    return semanticCheck(llvm::cast<FunctionIdentifierExpression>(identifier));
-  case ExpressionType::SpecialRegister:
-    return semanticCheck(llvm::cast<SpecialRegisterIdentifierExpression>(identifier));
-  default:
+  if (llvm::isa<ReportIdentifierExpression>(identifier))
     llvm_unreachable("Invalid Expression Type");
-  }
+  return ExpressionCheck(*this).visit(identifier);
 }
 
 } // namespace tarka

@@ -4,6 +4,7 @@
 //
 //===----------------------------------------------------------------------===//
 
+#include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Analyzer/CurrentUnit.h"
@@ -31,10 +32,8 @@ std::int64_t countCharacters(const Expression &operand) {
 
 /// \p copies times the contents of \p literal, as a literal of its kind.
 LiteralExpression *repeat(const NonNumericLiteralExpression &literal, std::int64_t copies) {
-  static constexpr const char *prefixes[] = {"", "", "X", "Z", "G", "N", "NX"};
-  auto kind = static_cast<int>(literal.getNonNumericLiteralType());
   return generate<NonNumericLiteralExpression>(
-      &literal, quotedText(literal.getData(), prefixes[kind], copies));
+      &literal, quotedText(literal.getData(), nameOf(literal.getNonNumericLiteralType()), copies));
 }
 
 /// The characters of \p operand one by one, from the first to the last of \p count; none where

@@ -66,8 +66,8 @@ CASES = [
     ("alter.cbl", ..., ["cfg"], 1, [r"tarka: no graph of .*alter.cbl is printed: the checks did not "
                                     r"succeed, though no message says why .*--keep-going.*"]),
     ("alter.cbl", ..., ["cfg", "--keep-going"], 1, []),
-    ("", None, [], 2, [r"tarka: cannot read .*: Is a directory"]),
-    ("alter.cbl", ..., ["check", "--bogus"], 2, 
+    ("", None, ["ast"], 2, [r"tarka: cannot read .*: Is a directory"]),
+    ("alter.cbl", ..., ["check", "--bogus"], 2,
      [r"tarka: check has no option '--bogus'; tarka check --help lists the options"]),
 ]
 

@@ -1,0 +1,145 @@
+//===- ProgramRun.cpp - a run over many programs --------------------------===//
+
+#include "ProgramRun.h"
+#include "Workers/Interrupt.h"
+#include "Workers/WorkerPool.h"
+#include "llvm/Support/ErrorHandling.h"
+#include "llvm/Support/Format.h"
+#include "llvm/Support/raw_ostream.h"
+#include <cstring>
+#include <system_error>
+#ifdef TARKA_MIMALLOC
+#include <mimalloc.h>
+#endif
+
+namespace tarka {
+
+namespace {
+
+constexpr std::uint64_t megabyte = 1u << 20;
+
+/// Prints what a worker printed. False when it cannot be written.
+bool print(llvm::raw_ostream &out, llvm::StringRef text) {
+  if (text.empty())
+    return true;
+  out << text;
+  out.flush();
+  auto &file = static_cast<llvm::raw_fd_ostream &>(out);
+  const bool isWritten = !file.has_error();
+  file.clear_error();
+  return isWritten;
+}
+
+/// Lets the worker notice that its memory is at an end.
+void connectAllocator() {
+#ifdef TARKA_MIMALLOC
+  auto handle = [](int error, void *) {
+    if (error == ENOMEM)
+      endOutOfMemory();
+  };
+  mi_register_error(handle, nullptr);
+#endif
+}
+
+/// Why \p result is none; empty when the task came to its end.
+std::string describeFailure(const WorkerResult &result, const Request &request) {
+  std::string text;
+  llvm::raw_string_ostream out(text);
+  switch (result.kind) {
+  case WorkerResult::Done:
+    break;
+  case WorkerResult::Crashed:
+    out << "not analysed: internal failure (" << strsignal(result.value) << ")";
+    break;
+  case WorkerResult::OutOfTime:
+    out << "not analysed: it takes longer than " << llvm::format("%g", request.timeLimit)
+        << " s (--time-limit)";
+    break;
+  case WorkerResult::OutOfMemory:
+    out << "not analysed: it needs more than " << request.memoryLimit
+        << " MiB of memory (--memory-limit)";
+    break;
+  case WorkerResult::NotStarted:
+    out << "not analysed: no process can be started: "
+        << std::generic_category().message(result.value);
+    break;
+  }
+  return text;
+}
+
+class ProgramRun {
+public:
+  ProgramRun(const Request &driverRequest, ProgramSource source, ProgramTask programTask,
+             llvm::function_ref<bool(const ProgramResult &)> taker, KnownAnswer knownAnswer)
+      : request(driverRequest), next(source), task(programTask), take(taker), known(knownAnswer),
+        pool({.jobs = request.jobs,
+              .maxSeconds = request.timeLimit,
+              .maxBytes = request.memoryLimit * megabyte,
+              .reservedBytes = compilationStack}) {}
+
+  int run();
+
+private:
+  void startMore();
+  bool pass(const WorkerResult &result);
+
+  const Request &request;
+  ProgramSource next;
+  ProgramTask task;
+  llvm::function_ref<bool(const ProgramResult &)> take;
+  KnownAnswer known;
+  WorkerPool pool;
+  bool hasMore = true;
+};
+
+int ProgramRun::run() {
+  Interrupt interrupt;
+  startMore();
+  while (!pool.isEmpty() && !interrupt.getSignal()) {
+    pool.wait(interrupt.getDescriptor());
+    while (std::optional<WorkerResult> result = pool.take())
+      if (!pass(*result))
+        return 0;
+    startMore();
+  }
+  if (interrupt.getSignal())
+    while (std::optional<WorkerResult> result = pool.takeEnded())
+      if (!pass(*result))
+        break;
+  return interrupt.getSignal();
+}
+
+void ProgramRun::startMore() {
+  while (hasMore && pool.hasRoom()) {
+    std::optional<std::string> file = next();
+    hasMore = file.has_value();
+    if (!file)
+      break;
+    if (std::optional<std::string> answer = known ? known(*file) : std::nullopt)
+      pool.add(*file, std::move(*answer));
+    else
+      pool.start(*file, [&](llvm::raw_ostream &answer) {
+        connectAllocator();
+        return task(*file, answer);
+      });
+  }
+}
+
+/// Passes on what a worker printed and answered; false when the run is not to go on.
+bool ProgramRun::pass(const WorkerResult &result) {
+  bool isWritten = print(llvm::outs(), result.out);
+  isWritten &= print(llvm::errs(), result.err);
+  ProgramResult program{result.name, result.answer, result.value, describeFailure(result, request)};
+  if (!isWritten)
+    program.failure = "what was printed for it cannot be written";
+  return take(program);
+}
+
+} // namespace
+
+int runPrograms(const Request &request, ProgramSource next, ProgramTask task,
+                llvm::function_ref<bool(const ProgramResult &)> take, KnownAnswer known) {
+  return ProgramRun(request, next, task, take, known).run();
+}
+
+} // namespace tarka

@@ -1,0 +1,194 @@
+//===- WorkersTest.cpp - workers, whatever becomes of them ----------------===//
+
+#include "Workers/Interrupt.h"
+#include "Workers/WorkerPool.h"
+#include "llvm/Support/raw_ostream.h"
+#include <csignal>
+#include <gtest/gtest.h>
+#include <poll.h>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+using namespace tarka;
+
+namespace {
+
+std::vector<WorkerResult> runAll(WorkerPool &pool, int tasks,
+                                 llvm::function_ref<int(int, llvm::raw_ostream &)> task) {
+  std::vector<WorkerResult> results;
+  for (int next = 0; next < tasks || !pool.isEmpty();) {
+    for (; next < tasks && pool.hasRoom(); ++next)
+      pool.start(std::to_string(next), [&](llvm::raw_ostream &out) { return task(next, out); });
+    pool.wait();
+    while (std::optional<WorkerResult> result = pool.take())
+      results.push_back(std::move(*result));
+  }
+  return results;
+}
+
+// What they print and answer is far larger than a pipe, and they end in another order.
+TEST(WorkerPool, ResultsComeWholeAndInOrder) {
+  WorkerPool pool({.jobs = 8});
+  const std::string large(1 << 20, 'x');
+  auto results = runAll(pool, 60, [&](int number, llvm::raw_ostream &answer) {
+    usleep(static_cast<unsigned>((60 - number) % 7) * 3000);
+    llvm::outs() << "out " << number;
+    llvm::errs() << "err " << number << large;
+    answer << number << large;
+    return number;
+  });
+  ASSERT_EQ(results.size(), 60u);
+  for (int number = 0; number < 60; ++number) {
+    const WorkerResult &result = results[static_cast<unsigned>(number)];
+    EXPECT_EQ(result.kind, WorkerResult::Done);
+    EXPECT_EQ(result.value, number);
+    EXPECT_EQ(result.name, std::to_string(number));
+    EXPECT_EQ(result.out, "out " + std::to_string(number));
+    EXPECT_EQ(result.err, "err " + std::to_string(number) + large);
+    EXPECT_EQ(result.answer, std::to_string(number) + large);
+  }
+  EXPECT_EQ(pool.getEnded(), 60u);
+  EXPECT_GT(pool.getSlowest().second, 0.015);
+}
+
+TEST(WorkerPool, EachKindOfFailureCostsOneTask) {
+  WorkerPoolOptions options{.jobs = 2, .maxSeconds = 0.3};
+  // The sanitizer has the address space for itself.
+  if (!LLVM_ADDRESS_SANITIZER_BUILD)
+    options.maxBytes = 64u << 20;
+  WorkerPool pool(options);
+  auto results = runAll(pool, 6, [&](int number, llvm::raw_ostream &answer) -> int {
+    answer << number;
+    if (number == 1)
+      raise(SIGSEGV);
+    if (number == 2)
+      pause();
+    if (number == 3) {
+      std::vector<std::string> memory;
+      while (options.maxBytes != 0)
+        memory.emplace_back(1u << 20, 'x');
+    }
+    if (number == 4) {
+      close(3); // the answer ends, the worker does not
+      pause();
+    }
+    return 7;
+  });
+  ASSERT_EQ(results.size(), 6u);
+  EXPECT_EQ(results[0].kind, WorkerResult::Done);
+  EXPECT_EQ(results[1].kind, WorkerResult::Crashed);
+  EXPECT_EQ(results[1].value, SIGSEGV);
+  EXPECT_EQ(results[2].kind, WorkerResult::OutOfTime);
+  EXPECT_GE(results[2].seconds, 0.3);
+  EXPECT_EQ(results[3].kind, options.maxBytes ? WorkerResult::OutOfMemory : WorkerResult::Done);
+  EXPECT_EQ(results[4].kind, WorkerResult::OutOfTime);
+  EXPECT_EQ(results[5].kind, WorkerResult::Done);
+  EXPECT_EQ(results[5].value, 7);
+  EXPECT_EQ(results[5].answer, "5");
+}
+
+// When the run is broken off, what is ready can be had without waiting for the others.
+TEST(WorkerPool, ResultsBehindARunningWorker) {
+  WorkerPool pool({.jobs = 3});
+  pool.start("slow", [](llvm::raw_ostream &) { return pause(); });
+  for (const char *name : {"a", "b"})
+    pool.start(name, [](llvm::raw_ostream &) { return 0; });
+  while (pool.getEnded() < 2)
+    pool.wait();
+  EXPECT_FALSE(pool.take());
+  EXPECT_EQ(pool.takeEnded()->name, "a");
+  EXPECT_EQ(pool.takeEnded()->name, "b");
+  EXPECT_FALSE(pool.takeEnded());
+}
+
+/// Reads one answer of a worker that stays.
+std::string ask(const Worker &worker, llvm::StringRef question) {
+  EXPECT_EQ(write(worker.getChannel(), question.data(), question.size()),
+            static_cast<ssize_t>(question.size()));
+  pollfd channel = {worker.getChannel(), POLLIN, 0};
+  poll(&channel, 1, 10'000);
+  char buffer[100];
+  const ssize_t size = read(worker.getChannel(), buffer, sizeof buffer);
+  return std::string(buffer, size > 0 ? static_cast<std::size_t>(size) : 0);
+}
+
+/// Answers each question with itself in brackets, and ends with the questions.
+int answerQuestions(int channel) {
+  char buffer[100];
+  int count = 0;
+  for (ssize_t size; (size = read(channel, buffer, sizeof buffer)) > 0; ++count) {
+    const std::string answer = "(" + std::string(buffer, static_cast<std::size_t>(size)) + ")";
+    if (write(channel, answer.data(), answer.size()) < 0)
+      return 100;
+  }
+  return count;
+}
+
+// Two workers that stay do not hold each other's channel open.
+TEST(Worker, StaysAndAnswers) {
+  llvm::Expected<Worker> first = Worker::start(answerQuestions);
+  ASSERT_TRUE(!!first);
+  std::optional<Worker> second(llvm::cantFail(Worker::start(answerQuestions)));
+  EXPECT_EQ(ask(*first, "one"), "(one)");
+  EXPECT_EQ(ask(*second, "two"), "(two)");
+  EXPECT_EQ(ask(*first, "three"), "(three)");
+  shutdown(first->getChannel(), SHUT_WR);
+  const WorkerEnd end = first->wait();
+  EXPECT_EQ(end.kind, WorkerEnd::Exited);
+  EXPECT_EQ(end.value, 2);
+  // The destructor ends what has not been waited for.
+  const pid_t pid = second->getPid();
+  second.reset();
+  EXPECT_EQ(kill(pid, 0), -1);
+}
+
+// Workers that compute, sleep or wait for a question end when their parent is killed.
+TEST(Worker, EndsWithItsParent) {
+  prctl(PR_SET_CHILD_SUBREAPER, 1);
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t parent = fork();
+  if (parent == 0) {
+    std::vector<Worker> workers;
+    workers.push_back(llvm::cantFail(Worker::start([](int) { return pause(); })));
+    workers.push_back(llvm::cantFail(Worker::start(answerQuestions)));
+    workers.push_back(llvm::cantFail(Worker::start([](int) -> int {
+      for (volatile unsigned count = 0;; count = count + 1) {
+      }
+    })));
+    ask(workers[1], "ready?");
+    [[maybe_unused]] const ssize_t written = write(ready[1], "", 1);
+    pause();
+  }
+  char byte;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  kill(parent, SIGKILL);
+  // Orphans become children of this process. They end, or this would wait for ever.
+  alarm(20);
+  int ended = 0;
+  while (waitpid(-1, nullptr, 0) > 0)
+    ++ended;
+  alarm(0);
+  EXPECT_EQ(ended, 4);
+  prctl(PR_SET_CHILD_SUBREAPER, 0);
+}
+
+TEST(Interrupt, IsKeptOnceThenActsAsBefore) {
+  const pid_t child = fork();
+  if (child == 0) {
+    Interrupt interrupt;
+    raise(SIGTERM);
+    pollfd descriptor = {interrupt.getDescriptor(), POLLIN, 0};
+    if (interrupt.getSignal() != SIGTERM || poll(&descriptor, 1, 0) != 1)
+      _exit(1);
+    raise(SIGTERM);
+    _exit(2);
+  }
+  int status;
+  waitpid(child, &status, 0);
+  EXPECT_TRUE(WIFSIGNALED(status) && WTERMSIG(status) == SIGTERM) << status;
+}
+
+} // namespace
