@@ -1,10 +1,10 @@
 //===- ClausePicture.cpp - decoding of PICTURE strings --------------------===//
 //
-// A character string is read into runs of equal symbols, every run is given its
-// place (which side of the decimal point, fixed or floating), the places are
-// checked against the table of precedence, and what is left is to count and to
-// name the category. No step looks at the item's length, only at the runs, so
-// that X(999999999) costs what X costs.
+// A character string is read into runs of equal symbols, every run gets its place
+// (which side of the decimal point, fixed or floating), the places are checked
+// against the table of precedence, then positions are counted and the category is
+// determined. Every step works on the runs, not on the positions, so that
+// X(999999999) takes no longer than X.
 //
 //===----------------------------------------------------------------------===//
 
@@ -33,8 +33,8 @@ namespace {
 // The table of precedence
 //===----------------------------------------------------------------------===//
 
-/// What a symbol is where it stands. Signs, currency symbols, suppression symbols and scaling
-/// positions are different things on different sides of the decimal point.
+/// A symbol with its place. Signs, currency symbols, suppression symbols and scaling positions are
+/// distinguished by the side of the decimal point on which they are.
 enum Place : unsigned {
   Blank,              // B
   ZeroOrSlash,        // 0 /
@@ -55,8 +55,8 @@ enum Place : unsigned {
   Any,                // X
   Sign,               // S
   AssumedPoint,       // V
-  ScaleLeft,          // P left of the decimal point, hence right of the digits
-  ScaleRight,         // P right of the decimal point, hence left of the digits
+  ScaleLeft,          // P left of the decimal point, which is right of the digits
+  ScaleRight,         // P right of the decimal point, which is left of the digits
   NationalCharacter,  // N
   DbcsCharacter,      // G
   NumPlaces,
@@ -74,7 +74,7 @@ struct PrecedenceRow {
 };
 
 /// The order of symbols. An x says that the symbol of the column may come before the symbol of the
-/// row, next to it or farther off. Where a symbol has two rows, the upper one is for its use left
+/// row, next to it or further away. Where a symbol has two rows, the upper one is for its use left
 /// of the decimal point (for a single sign: left of the digits), the lower one right of it. A
 /// symbol that may not come before itself stands at most once.
 constexpr PrecedenceRow precedence[] = {
@@ -119,7 +119,8 @@ constexpr auto mayPrecede = [] {
       if (*mark == 'x' || *mark == '.')
         sets[row.second] |= PlaceSet(*mark == 'x') << column++;
     if (column != NumPlaces)
-      __builtin_unreachable(); // not a constant, so the compiler refuses a row of another length
+      __builtin_unreachable(); // not a constant, so that the compiler rejects a row of another
+                               // length
   }
   return sets;
 }();
@@ -129,11 +130,11 @@ static_assert(std::size(precedence) == NumPlaces, "one row for each symbol");
 // Reading the string
 //===----------------------------------------------------------------------===//
 
-/// The two-letter symbols as one character each; lower case letters mean nothing else here.
+/// The two-letter symbols as one character each; lower-case letters have no other meaning here.
 constexpr char Credit = 'c';
 constexpr char Debit = 'd';
 
-/// A symbol with its repetition, equal neighbours taken together.
+/// A run of equal symbols with their number.
 struct Run {
   char symbol;
   bool isRepeated; ///< a repetition factor is written
@@ -164,7 +165,7 @@ bool isStrayLetter(char c) {
   return StringRef("CDER").contains(c);
 }
 
-/// Symbols that stand at most once take no repetition factor.
+/// Symbols that can occur only once have no repetition factor.
 bool isRepeatable(char c) {
   return StringRef("ABGNPXZ90/,+-*").contains(c) || mayBeCurrencySymbol(c);
 }
@@ -250,7 +251,7 @@ int saturated(std::uint64_t count) {
   return static_cast<int>(std::min<std::uint64_t>(count, INT_MAX));
 }
 
-/// The work on one string.
+/// Decodes one string.
 class Decoder {
 public:
   Decoder(StringRef text, bool decimalPointIsComma);
@@ -262,8 +263,8 @@ private:
   void findCurrencySymbol();
   void assignPlaces();
   Place placeOf(const Run &run, bool isFirst, bool isRight, bool isBeforeDigits) const;
-  /// Two equal signs or currency symbols make a floating string, but for the signs of a mantissa
-  /// and an exponent.
+  /// Two equal signs or currency symbols make a floating string, except the signs of a mantissa and
+  /// an exponent.
   bool isFloating(char symbol) const {
     return info.category != DataCategory::ExternalFloat && occurrences(symbol) > 1;
   }
@@ -293,7 +294,7 @@ Decoder::Decoder(StringRef text, bool decimalPointIsComma) {
     if (decimalPointIsComma && (run.symbol == ',' || run.symbol == '.'))
       run.symbol = run.symbol == ',' ? '.' : ',';
     occurrences(run.symbol) = llvm::SaturatingAdd(occurrences(run.symbol), run.count);
-    // The letters that may be currency symbols by mistake are judged as such later.
+    // Letters that may be currency symbols by mistake are handled later.
     isWellFormed &= !run.isRepeated || isRepeatable(run.symbol) || isStrayLetter(run.symbol);
   }
 }
@@ -303,7 +304,7 @@ constexpr std::uint64_t ExponentSize = 4;
 
 /// A sign, a mantissa of nines with a decimal point, E, a sign, and 99.
 bool Decoder::isExternalFloat() const {
-  // The string with s for a sign and p for a decimal point, provided that they stand once.
+  // The string with s for a sign and p for a decimal point, provided that they occur once.
   llvm::SmallString<8> shape;
   for (const Run &run : runs) {
     if (run.symbol == '9') {
@@ -322,7 +323,7 @@ bool Decoder::isExternalFloat() const {
   return (shape == "s9pEs9" || shape == "sp9Es9" || shape == "s9p9Es9") && runs.back().count == 2;
 }
 
-/// Settles which character is the currency symbol. Two of them in one string are one too many.
+/// Settles which character is the currency symbol. A string can have only one.
 void Decoder::findCurrencySymbol() {
   for (const Run &run : runs) {
     if (!mayBeCurrencySymbol(run.symbol))
@@ -463,7 +464,7 @@ bool Decoder::followsPrecedence() {
       return false;
     seen |= setOf(run.place);
   }
-  // Symbols that share a row are not to be mixed.
+  // Symbols that share a row must not be mixed.
   const bool isSuppressionMixed = has('Z') && has('*');
   const int signKinds = has('+') + has('-') + has(Credit) + has(Debit);
   return !isSuppressionMixed && signKinds <= 1;
@@ -483,7 +484,7 @@ DataCategory Decoder::category() const {
     return DataCategory::Alphabetic;
   if (seen & (setOf(Letter) | setOf(Any)))
     return seen & insertions ? DataCategory::AlphanumericEdited : DataCategory::Alphanumeric;
-  // What is left is numeric, and needs a digit that is not only scaled.
+  // The rest is numeric, and needs a digit that is stored.
   if (info.storedDigits == 0)
     return DataCategory::Unclassified;
   return seen & ~numeric ? DataCategory::NumericEdited : DataCategory::Numeric;
@@ -532,7 +533,7 @@ const PictureInfo *lookUp(const std::string *text, bool decimalPointIsComma) {
   return info;
 }
 
-/// The string with its repetition factors written out, as far as that makes sense.
+/// The string with its repetition factors written out, unless it becomes too long or is wrong.
 std::string writeOut(StringRef text) {
   std::string result;
   RunList runs;

@@ -131,11 +131,11 @@ void DataDescription::findItemByName(std::list<DataDescription *> *found, const 
 }
 
 //===----------------------------------------------------------------------===//
-// Clauses that matter to storage
+// Clauses that affect storage
 //===----------------------------------------------------------------------===//
 
-/// Discards the layout of \p top and of the groups below it that take over what has changed at
-/// \p top: not of those that \p hasOwn says have a clause of their own.
+/// Discards the layout of \p top and of the groups below it that inherit the changed clause of
+/// \p top: not of those that have a clause of their own, for which \p hasOwn is true.
 template <typename Predicate> static void renewInheritors(DataDescription *top, Predicate hasOwn) {
   forEachEntryIf(top, [&](DataDescription *entry) {
     if (entry != top && hasOwn(*entry))
@@ -171,7 +171,7 @@ void DataDescription::setRedefineObject(DataDescription *object) {
   GroupLayout::itemChanged(*this);
 }
 
-/// The USAGE that holds for \p entry by its own clause or that of a group; None without any.
+/// The USAGE of \p entry by its own clause or that of a group; None without any.
 static UsageType writtenUsage(const DataDescription *entry) {
   for (; entry; entry = entry->getOwner()) {
     if (entry->getUsage())
@@ -183,8 +183,8 @@ static UsageType writtenUsage(const DataDescription *entry) {
 }
 
 void DataDescription::setUsage(ClauseUsage *clause) {
-  // Handing the clause of a group down to its subordinates changes nothing for storage, and must
-  // not cost another walk for every level.
+  // Passing the clause of a group to its subordinates does not affect storage, and must not cost
+  // another walk for every level.
   UsageType before = writtenUsage(this);
   usage = clause;
   if (writtenUsage(this) != before)
@@ -198,7 +198,7 @@ void DataDescription::setGroupUsage(ClauseGroupUsage *clause) {
     renewInheritors(this, [](const DataDescription &entry) { return entry.usage != nullptr; });
 }
 
-/// SIGN ... SEPARATE holds for \p entry by its own clause or that of a group.
+/// SIGN ... SEPARATE applies to \p entry by its own clause or that of a group.
 static bool writtenSeparate(const DataDescription *entry) {
   for (; entry; entry = entry->getOwner())
     if (entry->getSign())
@@ -318,7 +318,7 @@ ReportDescription *DataDescription::getReportDescription() const {
 }
 
 //===----------------------------------------------------------------------===//
-// What the checks find out
+// Results of the checks
 //===----------------------------------------------------------------------===//
 
 bool DataDescription::checkContainsOdo() const {

@@ -60,7 +60,7 @@ DataDivision::findItemByQualifiedName(const std::string &name, const std::string
   if (!names)
     names = std::make_unique<QualifiedNames>();
   names->readOn(*homonyms, [&](DataDescription *entry) {
-    // The checks will call what has no name FILLER.
+    // The checks will name entries without a name FILLER.
     for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
       names->addOnce(group->getDataName() ? group->getDataName()->getWordData()
                                           : internString("FILLER"),
@@ -174,7 +174,7 @@ void FileDescription::addRecordDesc(DataDescription *entry) {
 }
 
 void FileDescription::setRecordDesc(const std::list<DataDescription *> &list) {
-  // The index forgets the old records while they can still be found.
+  // Clear the index while the old records can still be found.
   if (division && !records.empty())
     division->forgetIndex();
   records.clear();

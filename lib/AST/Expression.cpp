@@ -22,7 +22,7 @@ DataCategory categoryOfPart(const DataDescription &item) {
   }
 }
 
-/// Whether the entry can hold nothing but integers.
+/// Whether the entry can only hold integers.
 bool holdsIntegers(const DataDescription &item) {
   switch (item.getDataCategory()) {
   case DataCategory::Index:
@@ -87,7 +87,7 @@ bool FunctionIdentifierExpression::isInteger() const {
   case IntrinsicType::Min:
   case IntrinsicType::Range:
   case IntrinsicType::Sum:
-    // What these give has the decimal places of what they are given.
+    // The results of these have the decimal places of their arguments.
     for (const Expression *argument : arguments)
       if (!argument->isInteger())
         return false;

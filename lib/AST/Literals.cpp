@@ -77,7 +77,7 @@ void NumericLiteralExpression::measure(char decimalPoint) {
   if (digits == 0 || text.starts_with(llvm::StringRef(&other, 1)))
     return;
   if (text.empty()) {
-    // A point with nothing behind it ends a sentence, so a literal cannot end with one.
+    // A point at the end ends the sentence, so a literal cannot end with one.
     if (!hasPoint)
       subtype = static_cast<std::uint8_t>(NumericLiteralType::Integer);
     else if (scale > 0)
@@ -98,7 +98,7 @@ void NumericLiteralExpression::measure(char decimalPoint) {
     subtype = static_cast<std::uint8_t>(NumericLiteralType::FloatingPoint);
     return;
   }
-  // Further signs or points inside: not an integer, and the checks say what is wrong with it.
+  // Further signs or points inside: not an integer; the checks report it.
   if (text.find_first_not_of("0123456789+-.,") == llvm::StringRef::npos) {
     digits = static_cast<int>(llvm::count_if(*data, llvm::isDigit));
     subtype = static_cast<std::uint8_t>(NumericLiteralType::FixedPoint);
@@ -144,7 +144,7 @@ const std::string &contentsOf(llvm::StringRef quoted) {
 }
 
 /// The number of characters of a UTF-8 text: its bytes without the continuation bytes. Between
-/// shift codes stand characters of two bytes. Text of DBCS or national characters counts these, and
+/// shift codes are characters of two bytes. Text of DBCS or national characters counts these, and
 /// the shift codes are not part of it; other text has a byte for each shift code and two for each
 /// such character.
 unsigned countCharacters(llvm::StringRef text, bool isDouble) {

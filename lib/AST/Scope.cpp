@@ -268,8 +268,8 @@ void Scope::forEachFile(llvm::function_ref<void(FileDescription *)> visit) const
 
 namespace {
 
-/// The entries that the qualifiers in \p words can fit: of many, those that stand below the
-/// qualifier that fewest of them stand below.
+/// The entries that the qualifiers in \p words can fit: of many, those that are below the
+/// qualifier that has the fewest of them below it.
 llvm::SmallVector<DataDescription *, 8> narrow(const Homonyms &homonyms,
                                                const std::list<Word *> &words) {
   constexpr std::size_t few = 8;

@@ -48,7 +48,7 @@ bool SpellingMatch::consider(llvm::StringRef candidate) {
     return false;
   nearest = candidate;
   isExact = distance == 0;
-  // From now on only a nearer one counts.
+  // From now on only a nearer one is of interest.
   limit = distance == 0 ? 0 : distance - 1;
   return true;
 }

@@ -7,11 +7,11 @@
 
 namespace tarka {
 
-/// How many slips are believed in a word of this length.
+/// The maximum distance at which a word of this length counts as misspelt.
 unsigned spellingTolerance(llvm::StringRef word);
 
-/// The number of slips that make \p wanted out of \p word: a character left out, put in, replaced,
-/// or two neighbours exchanged. Past \p limit any number above it.
+/// The edit distance of \p word and \p wanted: characters deleted, inserted, replaced, or two
+/// neighbours exchanged. Beyond \p limit it is any number above it.
 unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned limit);
 
 /// The candidate nearest to \p word within its tolerance; the first of equally near ones, empty

@@ -7,8 +7,8 @@ namespace tarka {
 
 namespace {
 
-/// Copies the parts of a statement that has been copied as a node and so shares them with its
-/// original. What the checks and the graph builder set in a statement is set anew in its copy.
+/// Copies the parts that a statement shares with its original after the node itself was copied.
+/// What the checks and the graph builder set in a statement is cleared, to be set in the copy.
 class CopyParts : public StatementVisitor<CopyParts> {
 public:
   void visitAlterStatement(AlterStatement &copy) {

@@ -13,7 +13,7 @@ namespace tarka {
 
 namespace {
 
-/// Entries without storage of their own that may stand among the children of a group.
+/// Entries without storage of their own that may be among the children of a group.
 bool takesNoStorage(const DataDescription &entry) {
   return entry.getLevelNum() == 66 || entry.getLevelNum() == 88;
 }
@@ -123,7 +123,7 @@ std::int64_t GroupLayout::nextBegin(const DataDescription &child) const {
   if (laid.empty())
     return 0;
   // What redefines begins with its object. While the checks have not linked the two, the object is
-  // the child before: nothing but other redefinitions of it may stand between.
+  // the child before: only other redefinitions of it may be in between.
   if (const DataDescription *object = child.getRedefineObject(); object && holds(*object))
     return laid[object->layoutIndex].begin;
   bool sharesPlace = child.getRedefines() || takesNoStorage(child);
@@ -306,7 +306,7 @@ renamedEntries(const DataDescription &entry) {
     return {nullptr, nullptr};
   DataDescription *first = boundEntry(renames->getFromData());
   DataDescription *last = renames->getToData() ? boundEntry(renames->getToData()) : first;
-  // A level 66 that renames itself or another one would lead nowhere.
+  // A level 66 that renames itself or another one has no storage.
   if (!first || !last || first->getLevelNum() == 66 || last->getLevelNum() == 66)
     return {nullptr, nullptr};
   return {first, last};
@@ -317,7 +317,7 @@ const DataDescription *DataDescription::getSingleRenamed() const {
   return first == last ? first : nullptr;
 }
 
-/// What a condition name stands for: its conditional variable. Every other entry stands for itself.
+/// The conditional variable of a condition name; every other entry itself.
 const DataDescription *DataDescription::getStorageItem() const {
   const DataDescription *item = this;
   while (item->levelNum == 88 && item->getOwner())

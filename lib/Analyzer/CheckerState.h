@@ -1,7 +1,7 @@
 //===- CheckerState.h - what the checks remember ----------------*- C++ -*-===//
 //
 // A rule checks one node. What it must know about earlier nodes is kept here, in one
-// object for each family of rules, and stays out of the installed header.
+// object for each family of rules, and not in the installed header.
 //
 //===----------------------------------------------------------------------===//
 
@@ -41,7 +41,7 @@ struct SemanticChecker::State {
   bool inDeclaratives = false;
   /// The report whose description, or whose USE BEFORE REPORTING declarative, is being checked.
   ReportDescription *currentReport = nullptr;
-  /// The index names with a parent, which freeIndex() takes away.
+  /// The index names with a parent, which freeIndex() removes.
   llvm::SmallVector<DataDescription *, 0> boundIndexes;
   XmlTextRegister xmlText;
 

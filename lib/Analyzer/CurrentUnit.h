@@ -49,9 +49,9 @@ inline DataDivision *currentDivision() {
   return unit ? unit->getDataDivision() : nullptr;
 }
 
-/// The SPECIAL-NAMES that hold in it: its own; with --enterprise, where it has none, those of the
-/// nearest program around it. Null when there are none. Scope.h has what always holds in nested
-/// programs.
+/// The SPECIAL-NAMES that apply to it: its own; with --enterprise, where it has none, those of the
+/// nearest program around it. Null when there are none. Scope.h has the rules that always apply to
+/// nested programs.
 inline ParaSpecialNames *currentSpecialNames() {
   SourceUnit *unit = currentUnit();
   if (followsEnterprise(EnterpriseRule::OuterSpecialNames))

@@ -21,14 +21,14 @@ namespace tarka {
 
 namespace {
 
-/// An item of USING or RETURNING must stand in the linkage section or be of level 01 or 77. The
-/// message asks for both; one of the two is enough.
+/// An item of USING or RETURNING must be in the linkage section or of level 01 or 77. The message
+/// requires both; one of the two is enough.
 bool isUsableAsParameter(const DataDescription &entry) {
   return entry.getStorageType() == StorageType::Linkage || entry.getLevelNum() == 1 ||
          entry.getLevelNum() == 77;
 }
 
-/// What can receive an argument that is passed by value: an elementary item in binary or
+/// Whether an item can receive an argument that is passed by value: an elementary item in binary or
 /// floating point, a pointer, or one character, alphanumeric or national.
 bool isPassedByValue(const DataDescription &entry) {
   if (entry.hasSubordinateData())

@@ -1,6 +1,6 @@
 //===- GraphLayout.h - what the printed forms of a graph share --*- C++ -*-===//
 //
-// Where the blocks of a graph stand in the source, what they hold, and the ways
+// The places of the blocks of a graph in the source, their contents, and the ways
 // that lead from them.
 //
 //===----------------------------------------------------------------------===//
@@ -68,7 +68,7 @@ struct GraphLayout {
   llvm::ArrayRef<FlowNode> nodesOf(const CFGBlock *block) const;
   /// The block into which control falls from \p block; null where it does not.
   const CFGBlock *fallsInto(const CFGBlock *block) const;
-  /// Whether the group is a procedure that control never comes to.
+  /// Whether the group is a procedure that control never reaches.
   bool isDead(const BlockGroup &group) const;
 
 private:

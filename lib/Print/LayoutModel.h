@@ -1,7 +1,7 @@
 //===- LayoutModel.h - what the layout printers have in common --*- C++ -*-===//
 //
-// The sections of a program as the printers go through them, and the words for
-// what an entry says.
+// The sections of a program in the form that the printers need, and the texts for
+// the clauses of an entry.
 //
 //===----------------------------------------------------------------------===//
 

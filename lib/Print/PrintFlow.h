@@ -1,7 +1,7 @@
 //===- PrintFlow.h - what a maintainer asks about a program -----*- C++ -*-===//
 //
-// The facts of the flow graph for people and for programs; docs/flow.md tells
-// what they mean.
+// Prints the facts of the flow graph as text and as JSON; docs/flow.md explains
+// them.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,7 +1,6 @@
 //===- PrintGraph.h - the graph as text, JSON and DOT -----------*- C++ -*-===//
 //
-// Prints the control-flow graph of a compilation. docs/cfg.md tells what each
-// form shows.
+// Prints the control-flow graph of a compilation. docs/cfg.md describes the forms.
 //
 //===----------------------------------------------------------------------===//
 
@@ -19,7 +18,7 @@ class raw_ostream;
 
 namespace tarka {
 
-/// Which part of the graph to print, and how closely to look.
+/// Which part of the graph to print, and in how much detail.
 struct GraphView {
   /// Only the function of this name, whatever its case; all when empty.
   std::string function;

@@ -123,7 +123,7 @@ public:
     return lines;
   }
 
-  /// What decides at a loop test.
+  /// The condition of a loop test.
   std::string textOfTest(const FlowNode &node) {
     auto *perform = llvm::dyn_cast<PerformStatement>(node.getStatement());
     if (!perform)
@@ -146,7 +146,7 @@ private:
     return {range.file, range.beginLine, range.beginColumn};
   }
 
-  /// Whether the element stands in the source itself, and not for a part of something there.
+  /// Whether the element is a statement of the source, not one that the graph builder made.
   static bool isWritten(const CFGElem &element) {
     const Statement *statement = element.getStmt();
     return statement && statement->isWritten();

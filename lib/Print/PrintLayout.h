@@ -1,8 +1,8 @@
 //===- PrintLayout.h - records as a table and as JSON -----------*- C++ -*-===//
 //
-// Prints where the bytes of every record and independent item of a compilation
-// lie, after its checks. docs/command-line.md and docs/json.md tell what each
-// form shows.
+// Prints the layout in storage of the records and independent items of a
+// compilation, after its checks. docs/command-line.md and docs/json.md describe
+// the forms.
 //
 //===----------------------------------------------------------------------===//
 
@@ -29,11 +29,11 @@ struct LayoutView {
 
 /// A table for each section, at most 100 columns wide, and the totals of the sections.
 void printLayoutText(llvm::raw_ostream &os, const Program &program, const LayoutView &view = {});
-/// One object; what is subordinate to an entry stands in the entry.
+/// One object; subordinate entries are in the object of their entry.
 void printLayoutJson(llvm::raw_ostream &os, const Program &program, const LayoutView &view = {});
 
-/// What to tell whoever asks for the record \p name when the compilation has none: where the name
-/// is used otherwise, or which names there are. Nothing when there is such a record.
+/// The message for a record \p name that the compilation does not have: where the name is used
+/// otherwise, or which names there are. Empty when there is such a record.
 std::optional<std::string> explainMissingRecord(const Program &program, llvm::StringRef name);
 
 } // namespace tarka

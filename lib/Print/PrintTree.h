@@ -1,8 +1,7 @@
 //===- PrintTree.h - the checked tree as text and JSON ----------*- C++ -*-===//
 //
-// Prints the tree of a compilation with what the checks left in it.
-// docs/json.md tells what the JSON form holds; the text form says the same, one
-// node a line.
+// Prints the tree of a compilation with what the checks have added. docs/json.md
+// describes the JSON form; the text form has the same contents, one node per line.
 //
 //===----------------------------------------------------------------------===//
 

@@ -267,7 +267,7 @@ void TreePrinter::properties(DataDescription &entry) {
   if (ClauseDateFormat *format = entry.getDateFormat())
     name("dateFormat", format->getPatten());
 
-  // What the checks found out.
+  // Results of the checks.
   if (entry.getOffsetSize() >= 0 && entry.getType() == DescType::Data)
     sink.number("offset", entry.getOffsetSize());
   flag("hasValue", entry.haveValue());

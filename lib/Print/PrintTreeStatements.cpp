@@ -1,7 +1,7 @@
 //===- PrintTreeStatements.cpp - statements of the tree -------------------===//
 //
 // One function for each statement. It prints the parts in the order in which the
-// statement is written, then what the checks have made of it.
+// statement is written, then what the checks have added.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,6 +1,6 @@
 //===- ReportLayout.h - where the items of a report are printed -*- C++ -*-===//
 //
-// The report section describes no storage but paper: lines, and columns in them.
+// The report section describes printed pages, not storage: lines and columns.
 //
 //===----------------------------------------------------------------------===//
 
@@ -25,8 +25,8 @@ struct ColumnRange {
   long long last;
 };
 
-/// Where the items of a report stand within their lines. A column that is counted from the item
-/// before it is known as long as the columns of that item are known.
+/// The columns of the items of a report. A column that is relative to the item before it is known
+/// if the columns of that item are known.
 class ReportColumns {
 public:
   explicit ReportColumns(const ReportDescription &report);

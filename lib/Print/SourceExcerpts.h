@@ -1,6 +1,6 @@
 //===- SourceExcerpts.h - pieces of the source, one line each ---*- C++ -*-===//
 //
-// Reads again what stands at a place of the source, to show it to a person.
+// Reads the text at a place of the source again, to show it.
 //
 //===----------------------------------------------------------------------===//
 

@@ -1,7 +1,7 @@
 //===- TreePrinter.h - the walk over the tree, and where it goes -*- C++ -*-===//
 //
-// TreePrinter goes through the tree once and reports what it finds to a
-// TreeSink; the sinks turn it into text and JSON.
+// TreePrinter walks the tree once and passes the nodes to a TreeSink; the sinks
+// write text and JSON.
 //
 //===----------------------------------------------------------------------===//
 

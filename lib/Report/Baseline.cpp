@@ -1,8 +1,8 @@
 //===- Baseline.cpp - findings that are known -----------------------------===//
 //
-// A baseline is a text file, one finding a line, so that a version control system
-// can merge it: the fingerprint, and for a person the number, the file and the
-// message.
+// A baseline is a text file with one finding per line, so that a version control
+// system can merge it: the fingerprint, and for readers the number, the file and
+// the message.
 //
 //===----------------------------------------------------------------------===//
 

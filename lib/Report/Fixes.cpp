@@ -28,7 +28,7 @@ FixedSource::FixedSource(llvm::StringRef text, bool isFixed) : isFixedForm(isFix
   }
 }
 
-/// Program text as it becomes. Behind column 72 nothing moves.
+/// The changed program text. The text after column 72 does not move.
 std::string FixedSource::Line::after(bool isFixed) const {
   std::string text = before.str();
   std::string behind;

@@ -7,8 +7,8 @@ namespace tarka {
 
 namespace {
 
-/// The version of both forms. It rises when a field changes its meaning or goes; new fields do not
-/// count.
+/// The version of both forms. It is incremented when a field changes its meaning or is removed, not
+/// for new fields.
 constexpr int formVersion = 1;
 
 void printPlace(llvm::json::OStream &json, const SourceRange &place) {

@@ -1,7 +1,7 @@
 //===- SarifSink.cpp - the report as SARIF 2.1.0 --------------------------===//
 //
-// The results are written as they come; what only the end of the run knows (the
-// rules that were broken, the exit status) follows them in the same object.
+// The results are written as they come; what is only known at the end of the run
+// (the rules that were broken, the exit status) follows them in the same object.
 //
 //===----------------------------------------------------------------------===//
 

@@ -73,7 +73,7 @@ template <typename Enter> void walkDivision(DataDivision &division, Enter enter)
 std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
   std::vector<const Word *> words;
   auto add = [&](const Word *name) {
-    // What the compiler makes has no spelling.
+    // Entries that the checks make have no spelling.
     if (name && !name->getSpelling().empty())
       words.push_back(name);
   };

@@ -1,6 +1,6 @@
 //===- SCDataAttributes.cpp - BLANK WHEN ZERO, EXTERNAL, GLOBAL, JUSTIFIED ===//
 //
-// Clauses with short rules.
+// BLANK WHEN ZERO, EXTERNAL, GLOBAL and JUSTIFIED.
 //
 //===----------------------------------------------------------------------===//
 

@@ -35,7 +35,7 @@ CharacterKind kindOfItem(const DataDescription &item) {
   const DataCategory category = item.getDataCategory();
   if (category == DataCategory::Unclassified || category == DataCategory::National)
     return kindOfCategory(category);
-  // Whatever USAGE is written for a group, the group itself is characters.
+  // A group is characters, whatever its USAGE.
   if (item.hasSubordinateData())
     return CharacterKind::Display;
   switch (item.getUsageType()) {
@@ -146,7 +146,7 @@ std::optional<std::int64_t> countOfItem(const DataDescription &item) {
   if (item.getMinAllocSize() != size || item.isTooLarge() ||
       (item.getDataName() && item.getDataName()->getWordData() == "XML-TEXT"))
     return std::nullopt;
-  // A number counts as its digits: it is looked at without its sign.
+  // Of a number the digits count, not the sign.
   if (item.getDataCategory() == DataCategory::Numeric && item.getPicture())
     return item.getPicture()->getStoredDigitNum();
   CharacterKind kind = kindOfItem(item);
@@ -161,7 +161,7 @@ std::optional<std::int64_t> valueOf(const Expression *expression) {
   return literal->getIntegerValue();
 }
 
-/// Of (leftmost position : length) the length tells, or else the position.
+/// (leftmost position : length): the length, or else what follows from the position.
 std::optional<std::int64_t> countOfPart(const ReferenceModifier &part,
                                         std::optional<std::int64_t> whole) {
   if (part.getCountExpr())

@@ -1,11 +1,11 @@
 //===- CharacterOperand.h - operands as characters and counters -*- C++ -*-===//
 //
-// What the statements that work on characters (STRING, UNSTRING, INSPECT, XML)
-// need to know about an operand: what its characters are, how many there are, and
-// whether an item can keep a count.
+// Properties of an operand for the statements that work on characters (STRING,
+// UNSTRING, INSPECT, XML): what its characters are, how many there are, and whether
+// an item can hold a count.
 //
 // An operand that is not bound, or whose entry is in error, has been reported;
-// for it every function returns the answer that causes no further message.
+// for it every function returns the result that causes no further message.
 //
 //===----------------------------------------------------------------------===//
 
@@ -32,7 +32,7 @@ enum class CharacterKind : std::uint8_t {
 
 CharacterKind characterKindOf(const Expression &operand);
 
-/// True when characters of the one kind can stand beside characters of the other.
+/// Whether characters of one kind can be used together with characters of the other.
 bool areOfOneKind(CharacterKind left, CharacterKind right);
 
 /// True for an item, a literal or a function that holds text: characters that are neither a number

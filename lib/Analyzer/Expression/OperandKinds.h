@@ -1,7 +1,7 @@
 //===- OperandKinds.h - what an operand that was bound is -----------------===//
 //
-// The questions that the rules of many statements ask of an operand, once its
-// own check has passed.
+// Properties of an operand that the rules of many statements need, once its own
+// check has passed.
 //
 //===----------------------------------------------------------------------===//
 
@@ -39,7 +39,7 @@ inline bool isConditionName(const DataDescription &entry) {
   return entry.getLevelNum() == 88;
 }
 
-/// Nothing is known of the kind of the operand: its entry is in error, which has been reported.
+/// The kind of the operand is not known: its entry is in error, which has been reported.
 inline bool isUnknown(const Expression &operand) {
   return operand.getDataCategory() == DataCategory::Unclassified;
 }
@@ -49,7 +49,7 @@ inline bool isReferenceModified(const Expression &operand) {
   return identifier && identifier->getReferenceMod();
 }
 
-/// A whole group, hence not a part of it.
+/// A whole group, not a part of it.
 inline bool isGroupItem(const Expression &operand) {
   const DataDescription *entry = entryOf(operand);
   return entry && entry->hasSubordinateData() && !isReferenceModified(operand);
@@ -83,7 +83,7 @@ inline bool holdsInteger(const Expression &operand) {
   return operand.isInteger() && !isConditionName(operand);
 }
 
-/// What a number can be put into: a number, or an item that edits it.
+/// Whether a number can be stored in it: a number, or an item that edits it.
 inline bool isNumberOrEdited(const Expression &operand) {
   return isNumber(operand) ||
          (operand.getDataCategory() == DataCategory::NumericEdited && !isConditionName(operand));

@@ -52,7 +52,7 @@ bool SemanticChecker::semanticCheck(NegatedCondition &condition) {
 }
 
 /// Long chains of AND and OR lean to the left, so that side is walked by a loop; the conditions are
-/// visited in the order in which they are written all the same.
+/// still visited in the order in which they are written.
 bool SemanticChecker::semanticCheck(CombinedCondition &condition) {
   llvm::SmallVector<CombinedCondition *, 8> chain{&condition};
   while (auto *left = llvm::dyn_cast_if_present<CombinedCondition>(chain.back()->getLeft()))
@@ -253,7 +253,7 @@ bool arePointers(const Expression &left, const Expression &right) {
 
 } // namespace
 
-/// A condition-name says something of its conditional variable, but has no value of its own.
+/// A condition-name is a condition on its conditional variable and has no value of its own.
 bool areComparable(const Expression &left, const Expression &right) {
   if (isConditionName(left) || isConditionName(right))
     return false;

@@ -16,7 +16,7 @@ namespace tarka {
 
 namespace {
 
-/// Binds the reference and takes over what the entry says about it.
+/// Binds the reference to the entry and sets what follows from it.
 void bindTo(SemanticChecker &checker, DataIdentifierExpression &identifier,
             DataDescription *entry) {
   identifier.setDataDescription(entry);
@@ -84,7 +84,7 @@ bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool s
     else
       bindUnqualified(*this, identifier, homonyms, preferReportItem);
   }
-  // What is wrong with the modifiers is reported, but the name is bound all the same.
+  // Errors in the modifiers are reported, but the name is bound.
   if (identifier.getSubscriptMod())
     checkSubscriptModifier(identifier);
   if (identifier.getReferenceMod())
@@ -131,7 +131,7 @@ bool canBeInteger(const Expression &operand) {
   return isNumericFunction || rest->isInteger();
 }
 
-/// A subscript must be an integer or an index; for a data item its category tells.
+/// A subscript must be an integer or an index; for a data item its category decides.
 bool isSubscript(const Expression &operand) {
   DataCategory category = operand.getDataCategory();
   switch (operand.getExprType()) {
@@ -153,7 +153,7 @@ bool SemanticChecker::checkSubscriptModifier(DataIdentifierExpression &identifie
   if (entry && !isInTable(*entry))
     ok = report(ErrorCode::SubscriptOrModifierNotAllowed, &identifier);
   for (Expression *subscript : identifier.getSubscriptMod()->getSubscriptElements()) {
-    // Of a relative subscript the operands are looked at, nothing else.
+    // Of a relative subscript only the operands are checked.
     if (auto *relative = llvm::dyn_cast<ArithmeticExpression>(subscript)) {
       ok &= semanticCheck(*relative->getOperand1());
       if (relative->getOperand2())
@@ -175,7 +175,8 @@ bool SemanticChecker::checkSubscriptModifier(DataIdentifierExpression &identifie
   return ok;
 }
 
-/// Only a modifier where none can be makes the result false; the bounds are reported and pass.
+/// The result is false only for a modifier that is not allowed; wrong bounds are reported, but
+/// pass.
 bool SemanticChecker::checkReferenceModifier(Expression &expression) {
   bool ok = true;
   ReferenceModifier *modifier = nullptr;

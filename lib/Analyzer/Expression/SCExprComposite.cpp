@@ -126,7 +126,7 @@ bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
     break;
   }
 
-  // What is wrong with the reference modifier is reported, but does not fail the function.
+  // Errors in the reference modifier are reported, but do not fail the function.
   if (function.getReferenceMod())
     checkReferenceModifier(function);
   return ok;
@@ -171,7 +171,7 @@ bool isArithmeticOperandKind(ExpressionType kind) {
 /// Numbers of all kinds; a numeric-edited item only in the report section, where it is the number
 /// that is to be printed.
 bool isArithmeticOperandCategory(const Expression &operand) {
-  // What an operator gives is a number; asking for its category would walk its whole chain.
+  // The result of an operator is a number; getDataCategory() would walk its whole chain.
   if (llvm::isa<ArithmeticExpression>(operand))
     return true;
   if (isConditionName(operand))

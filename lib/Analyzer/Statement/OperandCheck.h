@@ -1,7 +1,7 @@
 //===- OperandCheck.h - checks the parts of a statement one by one --------===//
 //
 // Most statement checks begin with their operands, in the order in which they
-// are written, so that every name in a program stands for something.
+// are written, so that every name in a program is bound.
 //
 //===----------------------------------------------------------------------===//
 

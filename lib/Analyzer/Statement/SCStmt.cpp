@@ -32,7 +32,7 @@ public:
 #define TARKA_OTHER_STATEMENT(Kind, Number, Class, Verb)
 #include "AST/Statements.def"
 
-  /// What never stands in a sentence.
+  /// Statements that are not allowed in a sentence.
   bool visitStatement(Statement &statement) {
     return checker.report(ErrorCode::StatementInvalid, &statement);
   }

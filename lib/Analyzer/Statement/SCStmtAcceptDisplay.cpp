@@ -109,7 +109,7 @@ bool SemanticChecker::semanticCheck(AcceptStatement &statement) {
 
 namespace {
 
-/// Whatever can be written as characters is displayed; the others have no such form.
+/// Everything that can be written as characters can be displayed.
 bool checkDisplayed(SemanticChecker &checker, Expression &operand) {
   if (!checker.semanticCheck(operand))
     return false;

@@ -19,7 +19,7 @@ Expression *asCharacters(Expression *operand) {
   return generate<NonNumericLiteralExpression>(number, quotedText(number->getData()));
 }
 
-/// The INSPECT that does what EXAMINE says; \p counter is null where nothing is counted.
+/// The INSPECT that is equivalent to the EXAMINE; \p counter is null where nothing is counted.
 class ExamineConverter {
 public:
   explicit ExamineConverter(ExamineStatement &theStatement)

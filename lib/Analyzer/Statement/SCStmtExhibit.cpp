@@ -26,7 +26,7 @@ std::string exhibitedName(const Expression &operand) {
   return name;
 }
 
-/// Makes what EXHIBIT is turned into.
+/// Makes the statements that EXHIBIT is converted to.
 class ExhibitConverter {
 public:
   ExhibitConverter(SemanticChecker &checker, ExhibitStatement &theStatement)
@@ -52,7 +52,7 @@ void ExhibitConverter::addExhibited(DisplayStatement &display, Expression *opera
   display.addIdenLiter(operand);
 }
 
-/// One DISPLAY of all operands, with blanks between them.
+/// One DISPLAY of all operands, separated by spaces.
 DisplayStatement *ExhibitConverter::displayAll() {
   auto *display = generate<DisplayStatement>(&statement);
   display->setUponName(statement.getUponName());

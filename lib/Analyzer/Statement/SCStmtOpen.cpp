@@ -28,7 +28,7 @@ UseFileMode useModeOf(OpenType mode) {
   return UseFileMode::None;
 }
 
-/// REVERSED and NO REWIND say where on its tape a file begins.
+/// REVERSED and NO REWIND determine where on its tape a file begins.
 bool checkOpenOption(SemanticChecker &checker, OpenFile &file, OpenType mode,
                      const ParaFileControl &control) {
   bool ok = true;

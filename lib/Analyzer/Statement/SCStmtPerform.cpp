@@ -29,7 +29,7 @@ bool isGroup(const Expression &operand) {
   return entry && entry->isGroupItem();
 }
 
-/// What PERFORM VARYING can count with.
+/// Whether PERFORM VARYING can count with the operand.
 bool isCountable(const Expression &operand) {
   if (isConditionName(operand))
     return false;
