@@ -43,11 +43,15 @@ public:
   /// section are. Never null.
   std::list<DataDescription *> *getWorkFlatList();
 
-  // The other sections. A record that is added takes on the storage type of its section.
+  // The other sections.
 
+  /// Appends a record to the LOCAL-STORAGE section and sets its storage type.
   void addLocalSection(DataDescription *entry);
+  /// Appends a record to the LINKAGE section and sets its storage type.
   void addLinkSection(DataDescription *entry);
+  /// Appends an FD or SD entry to the FILE section.
   void addFileSection(FileDescription *file) { fileSection.push_back(file); }
+  /// Appends an RD entry to the REPORT section.
   void addReportSection(ReportDescription *report) { reportSection.push_back(report); }
 
   TARKA_LIST(DataDescription, localSection, LocalSection)
@@ -119,6 +123,7 @@ private:
     std::list<DataDescription *> *all = nullptr;
   };
 
+  /// Reads the entries that were added since the last lookup.
   void updateIndex();
   /// Clears the index; the next lookup builds it again.
   void forgetIndex();

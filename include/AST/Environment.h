@@ -579,6 +579,7 @@ class InputOutputSection : public Node {
 public:
   using Node::Node;
 
+  /// Appends a SELECT entry, which must have its name.
   void addFileControl(ParaFileControl *entry);
   void addIOControl(ParaIOControl *entry) { ioControls.push_back(entry); }
 

@@ -180,8 +180,9 @@ enum class StatementType : std::uint8_t {
 #include "AST/Statements.def"
 };
 
-/// The formats of ADD and SUBTRACT.
+/// The formats of ADD.
 enum class AddStmtType : std::uint8_t { To = 1, Giving = 2, Corresponding = 3 };
+/// The formats of SUBTRACT.
 enum class SubtractStmtType : std::uint8_t { From = 1, Giving = 2, Corresponding = 3 };
 /// The formats of MULTIPLY.
 enum class MultiplyStmtType : std::uint8_t { By = 1, Giving = 2 };

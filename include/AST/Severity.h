@@ -1,7 +1,7 @@
 //===- Severity.h - how serious a diagnostic is -----------------*- C++ -*-===//
 //
-// What the diagnostics of the front end, of the checks and of later passes have
-// in common: their severities, and the line that the report has for one.
+// The common parts of the diagnostics of the front end, of the checks and of later
+// passes: severities, the line of the report, changes of the source.
 //
 //===----------------------------------------------------------------------===//
 
@@ -28,7 +28,7 @@ enum class Severity : std::uint8_t {
 /// The word that the report uses: "fatal", "error", "warning" or "info".
 llvm::StringRef severityName(Severity severity);
 
-/// Whether the exit status counts it.
+/// Whether the severity affects the exit status.
 inline bool isError(Severity severity) {
   return severity == Severity::Fatal || severity == Severity::Error;
 }
@@ -42,9 +42,9 @@ void printReportLine(llvm::raw_ostream &out, const SourceRange &place, Severity 
 struct TextEdit {
   /// The text to replace. An insertion has its end one column before its beginning.
   SourceRange place;
-  /// What stands there now, in upper case; the edit is only valid where it does. Empty for an
-  /// insertion.
+  /// The present text in upper case, without which the edit is not valid. Empty for an insertion.
   std::string oldText;
+  /// The text that replaces it.
   std::string newText;
 };
 

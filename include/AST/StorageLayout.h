@@ -19,7 +19,7 @@
 
 namespace tarka {
 
-/// The size at which counting ends: whatever is larger is as large as this.
+/// The largest size: sizes beyond it are set to it.
 inline constexpr std::int64_t MaxStorageSize = std::numeric_limits<std::int64_t>::max();
 
 /// The sum and the product of sizes, which are never negative; what does not fit is MaxStorageSize.
@@ -46,25 +46,27 @@ public:
   /// The place of \p child in the list of \p group; the end of the list when it is not there.
   static ChildList::iterator placeOf(const DataDescription &group, const DataDescription &child);
 
-  /// The size or the place of \p item may be another one now.
+  /// To be called when the size or the place of \p item may have changed.
   static void itemChanged(const DataDescription &item);
-  /// The list of \p group may hold anything now.
+  /// To be called when the list of \p group was changed in any way.
   static void listChanged(const DataDescription &group);
-  /// A child of \p group was put at the end of the list, or in front of the child \p before.
+  /// To be called when a child was added at the end of the list of \p group, or before the child
+  /// \p before.
   static void childAdded(const DataDescription &group, const DataDescription *before);
 
 private:
   /// A child that is laid out.
   struct Slot {
     ChildList::iterator place;
-    /// Bytes from the start of the group to the child. What takes up no storage has the value of
-    /// the child before.
+    /// Bytes from the start of the group to the child. A child without storage has the value of the
+    /// child before it.
     std::int64_t begin;
     /// Bytes from the start of the group to the end of what is laid out so far.
     std::int64_t end;
   };
   struct MinimumFrame;
 
+  /// The layout of \p group, made at the first call.
   static GroupLayout &of(const DataDescription &group);
   static void layOut(const DataDescription &group, const DataDescription *upTo);
   /// Bytes of all occurrences of \p child, which must be elementary or laid out.
@@ -79,7 +81,7 @@ private:
   void truncate(std::size_t count);
 
   std::vector<Slot> laid;
-  /// How many children the list had when it was last looked at.
+  /// The number of children when the list was last read.
   std::size_t knownChildren = 0;
   /// Below 0 while it is not known, and always when the group is not laid out to its end.
   std::int64_t minSize = -1;

@@ -1,4 +1,4 @@
-//===- Usage.h - what follows from a USAGE alone ----------------*- C++ -*-===//
+//===- Usage.h - properties of usages ---------------------------*- C++ -*-===//
 //
 // The families of usages that more than one rule depends on.
 //

@@ -196,8 +196,26 @@ private:
   std::list<CFGBlock *>::iterator lastIndexed = blocks.end();
 };
 
+/// The parameters and the result of a function, which each of its entries has of its own.
+class CFGSignature : public CFGRecord {
+public:
+  /// Inserts the range before the present parameters.
+  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
+    parameters.insert(parameters.begin(), first, last);
+  }
+  const std::list<Parameter *> &getParams() const { return parameters; }
+
+  /// Null without RETURNING.
+  Returning *getReturning() const { return returning; }
+  void setReturning(Returning *phrase) { returning = phrase; }
+
+private:
+  std::list<Parameter *> parameters;
+  Returning *returning = nullptr;
+};
+
 /// An ENTRY statement: a further way into its function.
-class CFGEntry : public CFGRecord {
+class CFGEntry : public CFGSignature {
 public:
   /// \p place counts the entries of the function from 1.
   CFGEntry(const std::string &entryName, const std::string &functionName, int place)
@@ -207,14 +225,6 @@ public:
   const std::string &getFuncName() const { return *funcName; }
   int getIndex() const { return index; }
 
-  /// Puts the range before the parameters that are there.
-  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
-    parameters.insert(parameters.begin(), first, last);
-  }
-  const std::list<Parameter *> &getParams() const { return parameters; }
-
-  Returning *getReturning() const { return returning; }
-  void setReturning(Returning *phrase) { returning = phrase; }
   CFGBlock *getEntryBlock() const { return entryBlock; }
   void setEntryBlock(CFGBlock *block) { entryBlock = block; }
   CFGFunc *getFunc() const { return func; }
@@ -226,8 +236,6 @@ public:
 private:
   const std::string *name;
   const std::string *funcName;
-  std::list<Parameter *> parameters;
-  Returning *returning = nullptr;
   CFGBlock *entryBlock = nullptr;
   CFGFunc *func = nullptr;
   const EntryStatement *statement = nullptr;
@@ -235,7 +243,7 @@ private:
 };
 
 /// One source unit, or the declaratives of the report writer.
-class CFGFunc : public CFGRecord {
+class CFGFunc : public CFGSignature {
 public:
   CFGFunc(const std::string &functionName, CFGModule *owner, SourceUnit *unit)
       : name(&internString(functionName)), module(owner), sourceUnit(unit) {}
@@ -243,14 +251,6 @@ public:
   /// The program's name without the quotes of a literal.
   const std::string &getName() const { return *name; }
   CFGModule *getModule() const { return module; }
-
-  /// Puts the range before the parameters that are there.
-  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
-    parameters.insert(parameters.begin(), first, last);
-  }
-  const std::list<Parameter *> &getParams() const { return parameters; }
-  Returning *getReturning() const { return returning; }
-  void setReturning(Returning *phrase) { returning = phrase; }
 
   CFGGraph *getBody() const { return body; }
   void setBody(CFGGraph *graph) { body = graph; }
@@ -268,8 +268,6 @@ public:
 
 private:
   const std::string *name;
-  std::list<Parameter *> parameters;
-  Returning *returning = nullptr;
   CFGGraph *body = nullptr;
   CFGModule *module;
   SourceUnit *sourceUnit;

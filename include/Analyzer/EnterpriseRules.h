@@ -13,6 +13,7 @@
 
 namespace tarka {
 
+/// The cases of the table.
 enum class EnterpriseRule {
 #define ENTERPRISE_RULE(Enumerator, Name, Sentence) Enumerator,
 #include "Analyzer/EnterpriseRules.def"
@@ -28,8 +29,8 @@ struct EnterpriseRuleRow {
 /// All rows, in the order of the table.
 llvm::ArrayRef<EnterpriseRuleRow> enterpriseRules();
 
-/// Whether the checks follow Enterprise COBOL in this case. All rules hang on one option; naming
-/// the rule leads from its row to the code and back.
+/// Whether the checks follow Enterprise COBOL in this case. One option turns on all rules; the
+/// argument connects the code with its row in the table.
 inline bool followsEnterprise(EnterpriseRule) {
   return CompileOption::getCompileOptionInstance()->isOptionEnterprise();
 }

@@ -134,6 +134,7 @@ struct FlowProcedure {
   /// Whether control can come to the end.
   bool endReached = false;
 
+  /// The name of the paragraph or section.
   const Word *getName() const;
   /// Its place in the source.
   const SourceRange &getRange() const;

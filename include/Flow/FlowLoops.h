@@ -33,7 +33,9 @@ struct GraphTraits<DomTreeNodeBase<tarka::FlowNode> *>
 
 namespace tarka {
 
+/// Which nodes all ways from the start pass before a node.
 using FlowDominatorTree = llvm::DominatorTreeBase<FlowNode, /*IsPostDom=*/false>;
+/// Which nodes all ways to the exit pass after a node.
 using FlowPostDominatorTree = llvm::DominatorTreeBase<FlowNode, /*IsPostDom=*/true>;
 
 /// A natural loop: its header dominates its nodes.
@@ -45,6 +47,7 @@ private:
   ~FlowLoop() = default;
 };
 
+/// The natural loops of a graph.
 using FlowLoopInfo = llvm::LoopInfoBase<FlowNode, FlowLoop>;
 
 } // namespace tarka

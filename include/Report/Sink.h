@@ -48,6 +48,7 @@ struct RuleText {
   std::string rule;    ///< the explanation, one paragraph; may be empty
   Severity severity = Severity::Error;
 };
+/// Gives the description of a number.
 using RuleLookup = std::function<RuleText(int number)>;
 
 /// Prints diagnostics in one form. begin() and end() are called once each, around everything.

@@ -6,7 +6,7 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "AST/DataDescription.h"
+#include "Analyzer/SpecialRegisters.h"
 #include "AST/Expression.h"
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
@@ -113,13 +113,17 @@ DataDescription *makeEntry(const SpecialRegister &from) {
 
 } // namespace
 
+bool isXmlTextRegister(const DataDescription &entry) {
+  return entry.getOrigin() == Origin::Supplied && entry.getDataName()->getWordData() == "XML-TEXT";
+}
+
 void SemanticChecker::createSpecialRegister(std::list<DataDescription *> *list) {
   const CompileOption &options = *CompileOption::getCompileOptionInstance();
   for (const SpecialRegister &from : Registers) {
     if (from.option != Always && !(options.*from.option)())
       continue;
     list->push_back(makeEntry(from));
-    if (list->back()->getDataName()->getWordData() == "XML-TEXT")
+    if (isXmlTextRegister(*list->back()))
       state->xmlText.entry = list->back();
   }
 }

@@ -1,10 +1,9 @@
 //===- BmsMacros.h - the macro statements of a BMS source -------*- C++ -*-===//
 //
 // A BMS source is assembler language: a name in column 1, an operation, operands
-// without blanks, remarks behind them. A mark in column 72 continues a statement
-// in column 16 of the next line. This reader makes statements of the lines and
-// checks the operands of DFHMSD, DFHMDI and DFHMDF against one table; what the
-// macros mean is the business of BmsMap.
+// without spaces, then remarks. A mark in column 72 continues a statement in column
+// 16 of the next line. This reader makes statements from the lines and checks the
+// operands of DFHMSD, DFHMDI and DFHMDF against one table; BmsMap interprets them.
 //
 //===----------------------------------------------------------------------===//
 
@@ -35,7 +34,7 @@ struct BmsOperand {
   /// The text between the quotes, doubled quotes and ampersands once; a value without quotes as it
   /// is.
   std::string getText() const;
-  /// The number that the operand is; 0 when it is none.
+  /// The value of the operand as a number; 0 when it is not a number.
   unsigned getNumber() const;
 };
 
@@ -69,7 +68,7 @@ public:
   bool next(BmsMacro &macro);
 
 private:
-  /// Where a character of a statement stands.
+  /// The place of a character of a statement.
   struct Position {
     unsigned line;
     unsigned column;

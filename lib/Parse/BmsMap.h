@@ -1,8 +1,8 @@
 //===- BmsMap.h - the symbolic map of a mapset ------------------*- C++ -*-===//
 //
 // A CICS program copies the symbolic description map of a mapset: the records
-// that the assembler makes of the macros DFHMSD, DFHMDI and DFHMDF. Where the
-// member does not exist, it is made here.
+// that the assembler generates from the macros DFHMSD, DFHMDI and DFHMDF. Where the
+// member does not exist, it is generated here.
 //
 //===----------------------------------------------------------------------===//
 
@@ -20,7 +20,7 @@ class SourceDiagnostics;
 class SourceFile;
 class WordTable;
 
-/// The COBOL text of a symbolic map, one entry a line, in free form.
+/// The COBOL text of a symbolic map, one entry per line, in free form.
 struct SymbolicMap {
   std::string text;
   /// The macro that each line comes from: the place of its label.

@@ -1,7 +1,7 @@
 //===- CharacterTable.h - what each byte means in COBOL text ----*- C++ -*-===//
 //
-// One table lookup a byte tells the scanner what a character begins and whether
-// it can go on a word.
+// One table lookup per byte tells the scanner what a character begins and whether
+// it can continue a word.
 //
 //===----------------------------------------------------------------------===//
 

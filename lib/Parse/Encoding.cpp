@@ -113,8 +113,9 @@ private:
     }
   }
 
-  /// A code page of single bytes has no names for the characters between shift codes: these are
-  /// told apart by their numbers, in a plane for private use.
+  /// A code page of single bytes does not contain the characters between shift codes. They are
+  /// decoded to the characters of a private-use plane with their numbers, so that they remain
+  /// distinct.
   void decodeDoubleBytes(llvm::StringRef bytes) {
     if (!isSingleByte) {
       converter.convert((llvm::Twine(shiftOut) + bytes + llvm::Twine(shiftIn)).str(), result);

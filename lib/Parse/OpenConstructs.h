@@ -1,9 +1,9 @@
 //===- OpenConstructs.h - the constructs being parsed -----------*- C++ -*-===//
 //
-// A parse function that goes on after a mistake must know that there was one: what
-// it has read is not complete, and what seems to be missing need not be. A mistake
-// in the syntax is found by the parser, one in the text by the token stream; both
-// are noted here.
+// A parse function that continues after a mistake must know that there was one: the
+// construct is not complete, and a part that seems to be missing may be there.
+// Mistakes in the syntax are found by the parser, those in the text by the token
+// stream; both are noted here.
 //
 //===----------------------------------------------------------------------===//
 

@@ -43,8 +43,8 @@ public:
               Expansion *record = nullptr);
   ~TokenStream();
 
-  /// The token \p n places on, 0 the next one; the end of the file repeats itself. The reference
-  /// is good until the stream is asked for something else.
+  /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
+  /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
     if (n >= count)

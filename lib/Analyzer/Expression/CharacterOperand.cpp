@@ -1,6 +1,7 @@
 //===- CharacterOperand.cpp - operands as characters and counters ---------===//
 
 #include "Analyzer/Expression/CharacterOperand.h"
+#include "Analyzer/SpecialRegisters.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 
@@ -143,8 +144,7 @@ std::optional<std::int64_t> countOfLiteral(const NonNumericLiteralExpression &li
 std::optional<std::int64_t> countOfItem(const DataDescription &item) {
   // A group is as long as the counters of its tables say, XML-TEXT as the document that is parsed.
   const std::int64_t size = item.getAllocSize();
-  if (item.getMinAllocSize() != size || item.isTooLarge() ||
-      (item.getDataName() && item.getDataName()->getWordData() == "XML-TEXT"))
+  if (item.getMinAllocSize() != size || item.isTooLarge() || isXmlTextRegister(item))
     return std::nullopt;
   // Of a number the digits count, not the sign.
   if (item.getDataCategory() == DataCategory::Numeric && item.getPicture())

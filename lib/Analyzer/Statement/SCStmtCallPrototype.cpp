@@ -4,6 +4,7 @@
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/SpecialRegisters.h"
 #include "Analyzer/Statement/CallCheck.h"
 #include <optional>
 
@@ -43,8 +44,7 @@ void bindParameters(SemanticChecker &checker, SourceUnit &unit) {
 /// True when \p operand is a record that is shorter than \p parameter, so that the program would
 /// read and write beyond it. What follows a part of a record, a record of the linkage section or
 /// one that shares its storage is not known.
-bool isShorter(SemanticChecker &checker, const Expression &operand,
-               const DataDescription &parameter) {
+bool isShorter(const Expression &operand, const DataDescription &parameter) {
   const DataDescription *entry = entryOfDataIdentifier(operand);
   if (!entry || llvm::cast<DataIdentifierExpression>(operand).getReferenceMod() ||
       (entry->getLevelNum() != 1 && entry->getLevelNum() != 77) || entry->isRedefineSubject() ||
@@ -53,7 +53,7 @@ bool isShorter(SemanticChecker &checker, const Expression &operand,
   StorageType storage = entry->getStorageType();
   // XML-TEXT grows with what is parsed.
   if ((storage != StorageType::WorkingStorage && storage != StorageType::LocalStorage) ||
-      entry == checker.getState().xmlText.entry)
+      isXmlTextRegister(*entry))
     return false;
   return entry->getAllocSize() > 0 && entry->getAllocSize() < parameter.getMinAllocSize();
 }
@@ -71,7 +71,7 @@ bool checkAgainstParameter(SemanticChecker &checker, Argument &argument, Paramet
   if (isValue != isValueExpected && !(isValue && isAddress))
     return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
   const DataDescription *expected = entryOfDataIdentifier(*parameter.getExpr());
-  if (!isValue && expected && isShorter(checker, *operand, *expected))
+  if (!isValue && expected && isShorter(*operand, *expected))
     return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
   return true;
 }
