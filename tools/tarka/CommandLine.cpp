@@ -181,7 +181,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
       for (const CommandInfo &info : allCommands())
         names.push_back(info.name.str());
       const std::string near = nearestWord(arguments.front(), names);
-      std::cerr << "tarka: '" << arguments.front() << "' is no file and no command; "
+      std::cerr << "tarka: '" << arguments.front() << "' is neither a command nor a file; "
                 << (near.empty() ? "the commands are " + llvm::join(names, ", ")
                                  : "was " + near + " meant?")
                 << '\n';
@@ -200,7 +200,7 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     if (!std::cout.flush()) {
-      std::cerr << "tarka: cannot write what was asked for\n";
+      std::cerr << "tarka: cannot write to standard output\n";
       result.exitStatus = ExitInternal;
     }
     return result;

@@ -155,7 +155,7 @@ private:
     for (llvm::StringRef word : words) {
       unsigned number = 0;
       if (word.getAsInteger(10, number))
-        fault("'" + word + "' is no number");
+        fault("'" + word + "' is not a number");
       explanation.related.push_back(number);
     }
   }
@@ -173,7 +173,7 @@ private:
     unsigned count = 1;
     if (!repetition.empty() &&
         (!repetition.consume_back(" times") || repetition.getAsInteger(10, count)))
-      fault("'" + fileName + "' is no name of a file");
+      fault("'" + fileName + "' is not the name of a file");
     ProgramFile &file = explanation.files.emplace_back(pattern, count);
     while (!rest.empty() && llvm::StringRef(" -+\n").contains(rest.front())) {
       llvm::StringRef line = takeLine();

@@ -155,7 +155,7 @@ std::optional<std::string> Inputs::nextOfDirectory() {
   }
   if (!isProgram(relative))
     return std::nullopt;
-  // What is no file and no link to one is left out. A link to nothing is reported when it is read.
+  // Only files and links to files count. A link to nothing is reported when it is read.
   if (!fs::status(name, status) && status.type() != fs::file_type::regular_file)
     return std::nullopt;
   isFruitful = true;

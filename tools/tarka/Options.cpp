@@ -83,7 +83,7 @@ std::string addDefinition(Request &request, const OptionValue &value) {
 std::string setEncoding(Request &request, const OptionValue &value) {
   if (!isKnownEncoding(value.text))
     return "'" + value.text +
-           "' is no encoding known here; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
+           "' is not a known encoding; UTF-8, ISO-8859-1, IBM-037, IBM-1047, IBM-1140, IBM-1141 "
            "and IBM-939 are examples, iconv -l lists them all";
   request.parse.encoding = value.text;
   return "";
@@ -125,7 +125,7 @@ std::string addWarningOption(Request &request, const OptionValue &value) {
 /// Adds a pattern to one of the lists of the request.
 template <auto List> std::string addPattern(Request &request, const OptionValue &value) {
   if (llvm::Error fault = PathPattern::create(value.text).takeError())
-    return "'" + value.text + "' is no pattern: " + llvm::toString(std::move(fault));
+    return "'" + value.text + "' is not a valid pattern: " + llvm::toString(std::move(fault));
   (request.*List).push_back(value.text);
   return "";
 }
@@ -178,12 +178,12 @@ constexpr Option table[] = {
      .help = "read the program only: what the front end reports, no checks",
      .set = assign<&Request::syntaxOnly>},
     {.name = "jobs", .letter = 'j', .type = OptionType::Number, .commands = check, .value = "N",
-     .min = 1, .max = 1024, .help = "files to check at the same time (one a processor)",
+     .min = 1, .max = 1024, .help = "how many files to check at the same time (one per processor)",
      .set = assign<&Request::jobs>},
     {.name = "time-limit", .type = OptionType::Seconds, .commands = check, .value = "SECONDS",
-     .help = "give a program up after this time", .set = assign<&Request::timeLimit>},
+     .help = "stop analysing a program after this time", .set = assign<&Request::timeLimit>},
     {.name = "memory-limit", .type = OptionType::Number, .commands = check, .value = "MIB",
-     .min = 1, .max = 1u << 20, .help = "give a program up when it needs more memory",
+     .min = 1, .max = 1u << 20, .help = "stop analysing a program that needs more memory",
      .set = assign<&Request::memoryLimit>},
 
     // What the other commands print.
@@ -210,7 +210,7 @@ constexpr Option table[] = {
      .help = "draw every block, however large the picture gets (dot)",
      .set = assign<&Request::view, &GraphView::full>},
     {.name = "keep-going", .commands = setOf(Command::Cfg) | setOf(Command::Flow),
-     .help = "print it though the checks failed", .set = assign<&Request::keepGoing>},
+     .help = "print it even if the checks failed", .set = assign<&Request::keepGoing>},
     {.name = "record", .type = OptionType::Text, .commands = setOf(Command::Layout),
      .value = "NAME", .help = "only the records of this name", .set = setRecord},
     {.name = "all", .commands = setOf(Command::Layout), .help = "the special registers too",
@@ -247,18 +247,18 @@ constexpr Option table[] = {
      .help = "the form of the report (auto: pretty on a terminal, else classic)",
      .set = assign<&Request::reportForm>},
     {.name = "all", .commands = check, .group = reportGroup,
-     .help = "report what follows from other errors too", .set = assign<&Request::all>},
+     .help = "also report errors that follow from others", .set = assign<&Request::all>},
     {.name = "statistics", .commands = check, .group = reportGroup,
      .help = "print a summary at the end", .set = assign<&Request::statistics>},
     {.name = "baseline", .type = OptionType::Path, .commands = check, .value = "FILE",
-     .group = reportGroup, .help = "leave out the findings that FILE knows",
+     .group = reportGroup, .help = "leave out the findings that are in FILE",
      .set = assign<&Request::baseline>},
     {.name = "write-baseline", .type = OptionType::Path, .isConfigurable = false,
      .commands = check, .value = "FILE", .group = reportGroup,
      .help = "write all findings to FILE, and report none",
      .set = assign<&Request::writeBaseline>},
     {.name = "exit-zero", .commands = check, .group = reportGroup,
-     .help = "exit with 0 though errors are reported", .set = assign<&Request::exitZero>},
+     .help = "exit with 0 even if errors are reported", .set = assign<&Request::exitZero>},
     {.name = "max-errors", .type = OptionType::Number, .commands = check, .value = "N", .min = 1,
      .group = reportGroup, .help = "stop after N errors", .set = assign<&Request::maxErrors>},
     {.name = "fix", .isConfigurable = false, .commands = check, .group = reportGroup,
@@ -347,13 +347,13 @@ std::string readNumber(const Option &option, llvm::StringRef text, OptionValue &
   std::string range = " from " + std::to_string(option.min);
   if (option.max != ~0u)
     range += " to " + std::to_string(option.max);
-  return "'" + text.str() + "' is no whole number" + range;
+  return "'" + text.str() + "' is not a whole number" + range;
 }
 
 std::string readSeconds(llvm::StringRef text, OptionValue &value) {
   if (!text.getAsDouble(value.seconds) && value.seconds >= 0 && value.seconds < 1e9)
     return "";
-  return "'" + text.str() + "' is no number of seconds";
+  return "'" + text.str() + "' is not a number of seconds";
 }
 
 std::string readChoice(const Option &option, llvm::StringRef text, OptionValue &value) {

@@ -178,7 +178,7 @@ void ReportRun::takeCrash(const std::string &file, const std::string &reason) {
 
 void ReportRun::interrupt(int signal) {
   flush();
-  llvm::errs() << "tarka: broken off; only " << reporter->getFiles()
+  llvm::errs() << "tarka: stopped; only " << reporter->getFiles()
                << (reporter->getFiles() == 1 ? " program is" : " programs are") << " reported\n";
   // What a shell makes of a program that the signal ends.
   status = 128 + signal;
@@ -236,7 +236,7 @@ int ReportRun::finish() {
                  << (request.maxErrors == 1 ? " error" : " errors")
                  << " reported, the rest is not shown\n";
   if (known && summary.gone) {
-    llvm::errs() << "tarka: of the baseline these are gone:\n";
+    llvm::errs() << "tarka: these findings of the baseline no longer occur:\n";
     for (const std::string &line : known->remaining())
       llvm::errs() << "  " << line << '\n';
   }

@@ -103,7 +103,7 @@ for number in (signal.SIGINT, signal.SIGTERM):
     run.send_signal(number)
     _, errors = run.communicate(timeout=60)
     check("signal", run.returncode == -number, run.returncode)
-    check("signal", errors == "tarka: broken off; only 60 programs are reported\n", errors)
+    check("signal", errors == "tarka: stopped; only 60 programs are reported\n", errors)
     report = json.loads(Path("report.json").read_text())
     check("signal", [each["file"] for each in report["diagnostics"]] == names, report)
     check("signal", report["summary"]["exitStatus"] == 128 + number, report["summary"])
