@@ -69,7 +69,7 @@ TextLines::TextLines(const ExpandedText &expanded) : splices(expanded.splices) {
     if (end != llvm::StringRef::npos && lines.back().end()[0] == '\r')
       rest.consume_front("\n");
   }
-  llvm::stable_sort(splices, beginsBefore);
+  llvm::sort(splices, beginsBefore);
   takeLongWords(expanded);
 }
 
