@@ -17,7 +17,7 @@ constexpr bool isBinary(UsageType usage) {
          usage == UsageType::Comp5;
 }
 
-/// COMP-3 and PACKED-DECIMAL: two digits a byte.
+/// COMP-3 and PACKED-DECIMAL: two digits per byte.
 constexpr bool isPackedDecimal(UsageType usage) {
   return usage == UsageType::Comp3 || usage == UsageType::PackedDecimal;
 }

@@ -33,9 +33,10 @@ struct CFGRecord {
   static void operator delete(void *) {}
 };
 
-/// One element of a block. Exactly one of its three descriptions and its statement is set, by type.
+/// One element of a block: a statement or a description, by its type.
 class CFGElem : public CFGRecord {
 public:
+  /// What the element describes.
   enum class ElemType : std::uint8_t {
     Statement = 0,
     DataDeclaration = 1,
@@ -49,6 +50,7 @@ public:
         report(reportDescription) {}
 
   ElemType getType() const { return type; }
+  // The node of the element; each is null in an element of another type.
   DataDescription *getData() const { return data; }
   FileDescription *getFile() const { return file; }
   Statement *getStmt() const { return stmt; }
@@ -112,6 +114,7 @@ public:
   /// The same with a name that lives forever, such as that of a Word.
   CFGBlock(const std::string *blockName, CFGGraph *owner) : name(blockName), graph(owner) {}
 
+  /// The label of the block, which other blocks may have as well.
   const std::string &getName() const { return *name; }
 
   // Each appends one element for the node, which is not null.
@@ -119,6 +122,7 @@ public:
   void addCFGElemDecl(DataDescription *data);
   void addCFGElemFileDecl(FileDescription *file);
   void addCFGElemReportDecl(ReportDescription *report);
+  /// The elements in the order in which control passes them.
   const std::list<CFGElem *> &getElements() const { return elements; }
 
   /// Whether the block ends in a transfer of control.
@@ -185,6 +189,7 @@ public:
   /// Appends a block that was made outside of a graph, and becomes its graph.
   void addBlock(CFGBlock *block);
 
+  /// The blocks in the order in which they were added, which is the order of falling through.
   const std::list<CFGBlock *> &getBlockList() const { return blocks; }
 
 private:
@@ -196,16 +201,17 @@ private:
   std::list<CFGBlock *>::iterator lastIndexed = blocks.end();
 };
 
-/// The parameters and the result of a function, which each of its entries has of its own.
+/// The parameters and the result of a function, or of one of its entries.
 class CFGSignature : public CFGRecord {
 public:
   /// Inserts the range before the present parameters.
   void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
     parameters.insert(parameters.begin(), first, last);
   }
+  /// The items of USING, in their order.
   const std::list<Parameter *> &getParams() const { return parameters; }
 
-  /// Null without RETURNING.
+  /// The phrase RETURNING; null without one.
   Returning *getReturning() const { return returning; }
   void setReturning(Returning *phrase) { returning = phrase; }
 
@@ -221,10 +227,14 @@ public:
   CFGEntry(const std::string &entryName, const std::string &functionName, int place)
       : name(&internString(entryName)), funcName(&internString(functionName)), index(place) {}
 
+  /// The name that a CALL of the entry uses.
   const std::string &getName() const { return *name; }
+  /// The name of the function.
   const std::string &getFuncName() const { return *funcName; }
+  /// The number of the entry in its function, from 1.
   int getIndex() const { return index; }
 
+  /// The block in which control begins; null until it is set, like the function.
   CFGBlock *getEntryBlock() const { return entryBlock; }
   void setEntryBlock(CFGBlock *block) { entryBlock = block; }
   CFGFunc *getFunc() const { return func; }
@@ -250,10 +260,13 @@ public:
 
   /// The program's name without the quotes of a literal.
   const std::string &getName() const { return *name; }
+  /// The module that the function is made for; for report declaratives too.
   CFGModule *getModule() const { return module; }
 
+  /// The blocks of the function; null until they are made.
   CFGGraph *getBody() const { return body; }
   void setBody(CFGGraph *graph) { body = graph; }
+  /// The program; null for report declaratives.
   SourceUnit *getSourceUnit() const { return sourceUnit; }
   void setSourceUnit(SourceUnit *unit) { sourceUnit = unit; }
 
@@ -300,6 +313,7 @@ public:
     CFGFunc *function;
     const CFGFunc *ofUnit;
   };
+  /// Adds the function \p function of the report declaratives of \p ofUnit.
   void addReportDeclaratives(CFGFunc *function, const CFGFunc *ofUnit) {
     reportDeclaratives.push_back({function, ofUnit});
   }

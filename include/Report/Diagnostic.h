@@ -52,6 +52,8 @@ struct Diagnostic {
   /// The source files of all compilations that have this same diagnostic of a copybook; empty when
   /// it was found in one only.
   std::vector<std::string> programs;
+  /// How many compilations have it, counted even where they are not listed; 0 for one only.
+  unsigned programCount = 0;
   /// The node that a check reports, and the program unit. Null for the front end, and in another
   /// process than the one that found it.
   const Node *node = nullptr;

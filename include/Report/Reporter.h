@@ -72,6 +72,8 @@ public:
     unsigned maxErrors = 0;
     /// There are several compilations: what they find in a copybook is reported once, at the end.
     bool mergeCopybooks = false;
+    /// Such a diagnostic lists its programs. Without, they are only counted, which takes no memory.
+    bool listPrograms = false;
   };
 
   /// \p target must outlive the reporter.
@@ -95,12 +97,24 @@ private:
   /// Whether \p diagnostic was kept for finish(), or repeats one that was.
   bool merge(Diagnostic &diagnostic, llvm::StringRef file);
 
+  void printShared(unsigned index);
+
   Sink &sink;
   Options options;
   RunSummary summary;
-  /// Diagnostics of copybooks in the order found, and their indexes by their contents.
-  std::vector<Diagnostic> ofCopybooks;
-  llvm::StringMap<std::size_t> copybookIndex;
+  /// A diagnostic of a copybook, and the compilations that have it.
+  struct Shared {
+    Diagnostic diagnostic;
+    unsigned lastFile = 0; ///< the latest of them, as summary.files counts
+    /// Indexes in programNames, when they are listed.
+    std::vector<unsigned> programs;
+  };
+  /// In the order found, and their indexes by their contents.
+  std::vector<Shared> ofCopybooks;
+  llvm::StringMap<unsigned> copybookIndex;
+  /// The programs that have any of them, with the one of summary.files last.
+  std::vector<std::string> programNames;
+  unsigned namedFile = 0;
 };
 
 } // namespace tarka

@@ -86,7 +86,7 @@ std::int64_t elementarySize(const DataDescription &item) {
     return 0;
   if (isBinary(usage))
     return binarySize(picture->getStoredDigitNum());
-  // Two digits a byte, and half a byte for the sign.
+  // Two digits per byte, and half a byte for the sign.
   if (isPackedDecimal(usage))
     return picture->getStoredDigitNum() / 2 + 1;
   return characterSize(item, usage);

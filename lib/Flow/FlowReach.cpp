@@ -471,11 +471,8 @@ template <> struct GraphTraits<const tarka::PerformGraph *> {
   };
 
   static NodeRef getEntryNode(const tarka::PerformGraph *graph) { return &graph->nodes.back(); }
-  // The names are those that LLVM asks for.
-  // NOLINTBEGIN(readability-identifier-naming)
   static ChildIteratorType child_begin(NodeRef node) { return {node->next.begin(), node}; }
   static ChildIteratorType child_end(NodeRef node) { return {node->next.end(), node}; }
-  // NOLINTEND(readability-identifier-naming)
 };
 
 } // namespace llvm

@@ -200,9 +200,7 @@ bool Lexer::checkToken(Token &token) {
     return true;
   case TokenKind::AlphanumericLiteral:
     if (scanner.isLiteralOpen())
-      context.diagnostics.report(
-          DiagnosticId::UnclosedLiteral, token.place,
-          token.text.ltrim("XNGZUBxngzub").starts_with("\"") ? "quotation mark" : "apostrophe");
+      reportOpenLiteral(token);
     if (lines.hasControlBytes())
       for (const char &byte : token.text)
         // Shift codes stand around double-byte characters.
@@ -328,6 +326,19 @@ void Lexer::skipListingStatement(bool hasLiteral) {
 void Lexer::skipSourceUpdate(const Token &token) {
   context.diagnostics.report(DiagnosticId::SourceUpdateStatement, token.place, token.text);
   skipToLineEnd();
+}
+
+/// A literal without its closing quote, which may stand past the margin.
+void Lexer::reportOpenLiteral(const Token &token) {
+  const bool isQuotation = token.text.ltrim("XNGZUBxngzub").starts_with("\"");
+  if (lines.getTextPastMargin().contains(isQuotation ? '"' : '\'')) {
+    context.diagnostics.report(DiagnosticId::TextPastMargin, token.place, "the literal");
+    if (const CutLine *cut = context.diagnostics.findCutLine(token.place, token.place))
+      cut->isReported = true;
+    return;
+  }
+  context.diagnostics.report(DiagnosticId::UnclosedLiteral, token.place,
+                             isQuotation ? "quotation mark" : "apostrophe");
 }
 
 void Lexer::reportNotText(const char *first, const char *last) {

@@ -139,6 +139,7 @@ private:
   void skipSourceUpdate(const Token &token);
   bool skipToLineEnd();
   void reportLongWord(const Token &token);
+  void reportOpenLiteral(const Token &token);
   void reportNotText(const char *first, const char *last);
   bool isHeaderLine() const;
   bool isProgramLine() const;

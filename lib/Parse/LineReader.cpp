@@ -257,10 +257,14 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
   const char *first = skipBlanks(parts.text, end);
   if (first == end || beginsWith(first, end, "*>"))
     return false;
-  if (parts.limit < line.end && end == parts.limit && !isBlank(*end))
-    noteCut(line, parts);
+  if (parts.limit < line.end) {
+    if (end == parts.limit && !isBlank(*end))
+      noteCut(line, parts);
+    linesIdentified += !isBlank(*parts.limit);
+  }
   take(line, parts.text, end);
   areaB = parts.areaB;
+  pastMargin = llvm::StringRef(parts.limit, line.end - parts.limit);
   if (isContinued())
     joinContinuations(line, parts.limit);
   return true;
@@ -268,17 +272,24 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
 
 /// Notes text that goes on across column 72. A sequence number or an identification of the line,
 /// which may stand there as well, has digits in it.
+///
+/// It is evidently text where it goes past the columns for these, or where less than half of the
+/// lines before have anything there.
 void LineReader::noteCut(const PhysicalLine &line, const FixedLine &parts) {
   const char *begin = parts.limit;
   while (begin > parts.text && !isBlank(begin[-1]))
     --begin;
   const char *end = std::find_if(parts.limit, line.end, isBlank);
-  if (std::any_of(parts.limit, end, llvm::isDigit))
+  const bool isComment = llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>");
+  if (isComment || std::any_of(parts.limit, end, llvm::isDigit))
     return;
+  constexpr unsigned lastColumn = 80;
+  const bool isEvident = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1 ||
+                         (linesIdentified * 2 < linesRead && linesRead > 1);
   unsigned first = columnBehind(line, begin);
   diagnostics.noteCutLine(
       SourceRange{fileNumber, line.number, first, line.number, columnBehind(line, parts.limit) - 1},
-      llvm::StringRef(begin, end - begin));
+      llvm::StringRef(begin, end - begin), isEvident && !quiet);
 }
 
 /// Whether a line whose column 7 is not blank holds program text.

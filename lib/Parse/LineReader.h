@@ -50,6 +50,8 @@ public:
   /// Sets whether mistakes in the layout of lines are not reported (in text that is skipped).
   void setQuiet(bool on) { quiet = on; }
 
+  /// What stands past column 72 of the line that was read last; empty in free form.
+  llvm::StringRef getTextPastMargin() const { return pastMargin; }
   /// The text of the file that was not read yet.
   llvm::StringRef getRest() const { return {position, static_cast<size_t>(fileEnd - position)}; }
 
@@ -123,7 +125,9 @@ private:
   const char *position;
   const char *const fileEnd;
   unsigned linesRead = 0;
+  unsigned linesIdentified = 0; ///< lines of program text with something in column 73
 
+  llvm::StringRef pastMargin;
   // The line that is being read.
   const char *textBegin = nullptr;
   const char *textEnd = nullptr;

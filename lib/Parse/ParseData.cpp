@@ -14,14 +14,17 @@ namespace tarka {
 /// section look up condition-names in it.
 DataDivision *DataParser::parseDataDivision() {
   SourceRange begin = here();
-  auto *division = makeAt<DataDivision>(begin);
-  context.unit->setDataDivision(division);
+  DataDivision *division = context.unit->getDataDivision();
+  if (!division) {
+    division = makeAt<DataDivision>(begin);
+    context.unit->setDataDivision(division);
+  }
   if (atDivision(Keyword::Data)) {
     takeDivisionHeader(Keyword::Data);
     expectPeriod();
   }
   std::bitset<sectionKinds> seen;
-  while (!atUnitBoundary()) {
+  while (!atUnitBoundary() && !atStrayProcedures()) {
     if (accept(TokenKind::Period) || skipEmbeddedBlock())
       continue;
     if (atDataSection()) {
@@ -36,7 +39,8 @@ DataDivision *DataParser::parseDataDivision() {
     Skipping skipping(*this);
     do
       stream.skip();
-    while (!atUnitBoundary() && !atDataSection() && !peek(1).is(Keyword::Section));
+    while (!atUnitBoundary() && !atDataSection() && !atStrayProcedures() &&
+           !peek(1).is(Keyword::Section));
   }
   return complete(division);
 }
@@ -74,12 +78,17 @@ void DataParser::parseDataSection(DataDivision &division, std::bitset<sectionKin
 
   unsigned kind = static_cast<unsigned>(section.storage);
   if (at(TokenKind::IntegerLiteral) || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
-    error(DiagnosticId::HeaderMissing, here(), section.text, describe(peek()));
+    // After a DATA DIVISION in the wrong place the section before it goes on.
+    if (!isHeaderDisplaced(Keyword::Data))
+      missingHeader(header, section.text);
   } else {
-    if (!at(header) && !at(Keyword::Section))
+    if (!at(header) && !at(Keyword::Section)) {
       error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(header));
-    else if (at(header) && seen.test(kind))
+      while (!peek(1).is(Keyword::Section))
+        stream.skip();
+    } else if (at(header) && seen.test(kind) && !isHeaderDisplaced(header)) {
       error(DiagnosticId::HeaderTwice, here(), section.text);
+    }
     takeSectionHeader(header);
   }
   seen.set(kind);
@@ -116,7 +125,7 @@ namespace {
 /// place that their number gives them; the checker reports them.
 class RecordBuilder {
 public:
-  RecordBuilder(ParserBase &theParser, DataParser::AddRecord addRecord)
+  RecordBuilder(DataParser &theParser, DataParser::AddRecord addRecord)
       : parser(theParser), give(addRecord) {}
   ~RecordBuilder() {
     completeUnsound();
@@ -172,6 +181,16 @@ private:
         unsound->getLevelNum() != 66 && unsound->getLevelNum() != 88)
       unsound->setPicture(ParserBase::makeAt<ClausePicture>(
           unsound->getRange(), ParserBase::makeAt<Word>(unsound->getRange(), "X", "X")));
+    // Without VALUE a condition-name is no condition-name to the checker.
+    if (unsound && unsound->getLevelNum() == 88 && !unsound->getValue()) {
+      const SourceRange &place = unsound->getRange();
+      auto *phrase = ParserBase::makeAt<PhraseValue>(place);
+      phrase->setLiteral1(
+          ParserBase::makeAt<FigurativeLiteralExpression>(place, FigurativeType::Zero, nullptr));
+      auto *value = ParserBase::makeAt<ClauseValue>(place);
+      value->addPhraseValue(phrase);
+      unsound->setValue(value);
+    }
     unsound = nullptr;
   }
 
@@ -195,8 +214,18 @@ private:
     isRenamed = true;
   }
 
+  /// The level by which \p entry takes its place. One that does not exist is most likely that of a
+  /// member of the group before it, or of an item like the one before it.
+  unsigned levelOf(const DataDescription &entry) const {
+    const unsigned level = entry.getLevelNum();
+    if ((level > 0 && level < 50) || !item)
+      return level;
+    const bool isElementary = item->getPicture() || item->getUsage();
+    return item->getLevelNum() + (isElementary ? 0 : 1);
+  }
+
   void addSubordinate(DataDescription *entry) {
-    unsigned level = entry->getLevelNum();
+    unsigned level = levelOf(*entry);
     while (!open.empty() && open.back()->getLevelNum() >= level)
       open.pop_back();
     if (open.empty() && parser.isCopybook() && level > 1 && level < 50) {
@@ -208,7 +237,7 @@ private:
     if (open.empty()) {
       // One message for a record without its beginning, however many items there are in it.
       if (level > 1 && level < 50 && !isMisplaced) {
-        parser.error(DiagnosticId::LevelWithoutRecord, entry->getRange(), level);
+        parser.reportWithoutRecord(*entry);
         isMisplaced = true;
       }
       begin(entry);
@@ -236,7 +265,7 @@ private:
     record = nullptr;
   }
 
-  ParserBase &parser;
+  DataParser &parser;
   DataParser::AddRecord give;
   DataDescription *record = nullptr;
   /// The last entry that is not a condition-name.
@@ -261,8 +290,10 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())
         context.diagnostics.getDamage().add(from(begin).getRange());
-      if (entry)
-        records.add(entry, !construct.hasMistake());
+      if (!entry)
+        return;
+      records.add(entry, !construct.hasMistake());
+      context.previousEntry = entry->getRange();
     };
     if (at(TokenKind::IntegerLiteral)) {
       if (peek().isFirstOnLine() && !recovery.hasReportedHere())
@@ -270,8 +301,11 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       addEntry(/*assumedLevel=*/0);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(clauses)) {
+    } else if (atEntryBoundary(clauses) || atStrayProcedures()) {
       return;
+    } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
+      // Of a block that was reported.
+      stream.skip();
     } else {
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();
@@ -286,6 +320,12 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       skipToEntry(clauses);
     }
   }
+}
+
+/// A subordinate entry without its record: the entry before it may have been meant for the record.
+void DataParser::reportWithoutRecord(const DataDescription &entry) {
+  error(DiagnosticId::LevelWithoutRecord, entry.getRange(), entry.getLevelNum());
+  context.diagnostics.getDamage().add(context.previousEntry);
 }
 
 void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
@@ -326,6 +366,14 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
     // NAME 01, the words exchanged.
     if (assumedLevel != 0)
       accept(TokenKind::IntegerLiteral);
+    // 01 . NAME PIC X: the period is not the end.
+    const Token following = peek(1);
+    if (!name && at(TokenKind::Period) && !following.isFirstOnLine() &&
+        (following.isUserWord() || dataClauses.contains(following.keyword))) {
+      expected("a data-name");
+      stream.skip();
+      name = parseEntryName(dataClauses);
+    }
   }
   if (name)
     entry->setDataName(name);
@@ -378,14 +426,15 @@ unsigned DataParser::parseLevelNumber(unsigned assumedLevel) {
   if (assumedLevel != 0)
     return assumedLevel;
   const Token following = peek(1);
-  if (following.is(TokenKind::IntegerLiteral) && !following.isFirstOnLine() && peek(2).isWord() &&
-      !peek(2).isFirstOnLine()) {
-    stream.skip();
-    expected("a data-name");
-  }
+  const bool isDoubled = following.is(TokenKind::IntegerLiteral) && !following.isFirstOnLine() &&
+                         peek(2).isWord() && !peek(2).isFirstOnLine();
   if (peek().text.getAsInteger(10, level) || level > beyond)
     level = beyond;
   stream.skip();
+  if (isDoubled) {
+    expected("a data-name");
+    stream.skip();
+  }
   return level;
 }
 

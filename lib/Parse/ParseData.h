@@ -38,6 +38,8 @@ public:
   DataDivision *parseDataDivision();
 
   using AddRecord = llvm::function_ref<void(DataDescription *)>;
+  /// Reports that \p entry has a level below 01 and no record to belong to.
+  void reportWithoutRecord(const DataDescription &entry);
   /// Parses the entries of data records as long as level numbers follow and passes each complete
   /// record to \p add.
   void parseDataRecords(StorageType storage, AddRecord add);

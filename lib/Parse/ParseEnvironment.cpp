@@ -24,8 +24,11 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
   takeDivisionHeader(Keyword::Environment);
   expectPeriod();
-  auto *division = makeAt<EnvironmentDivision>(begin);
-  context.unit->setEnvironmentDivision(division);
+  EnvironmentDivision *division = context.unit->getEnvironmentDivision();
+  if (!division) {
+    division = makeAt<EnvironmentDivision>(begin);
+    context.unit->setEnvironmentDivision(division);
+  }
 
   while (!atUnitBoundary()) {
     if (accept(TokenKind::Period))
@@ -33,16 +36,24 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
     if (peek().isFirstOnLine())
       recovery.resumeReporting();
     Keyword header = at(Keyword::Section) ? environmentSectionAt() : peek().keyword;
-    if (!llvm::is_contained(environmentHeaders, header) && peek().isWord())
+    if (!llvm::is_contained(environmentHeaders, header))
       header = misspeltHeader(environmentHeaders);
     if (header != Keyword::None) {
       parseEnvironmentPart(*division, header);
       continue;
     }
     if (atDataSection()) {
-      error(DiagnosticId::HeaderMissing, here(), "DATA DIVISION", describe(peek()));
+      missingHeader(Keyword::Data, "DATA DIVISION");
       DataParser(context).parseDataDivision();
       break;
+    }
+    if (at(Keyword::Select)) {
+      // FILE-CONTROL may have come before INPUT-OUTPUT SECTION, or not at all.
+      if (!isHeaderDisplaced(Keyword::InputOutput))
+        missingHeader(Keyword::FileControl, textOf(Keyword::FileControl));
+      FileControlParser(context).parseFileEntries(
+          inputOutputSectionOf(*division, /*hasHeader=*/true));
+      continue;
     }
     if (peek(1).is(Keyword::Section))
       error(DiagnosticId::HeaderNotHere, here(), describe(peek()), "environment division");
@@ -59,7 +70,12 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
 /// The section whose header begins with SECTION and goes on with its name or its content; None for
 /// a section of another division.
 Keyword EnvironmentParser::environmentSectionAt() {
-  switch (peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword) {
+  return sectionOfParagraph(peek(peek(1).is(TokenKind::Period) ? 2 : 1).keyword);
+}
+
+/// The section that is named \p header or has a paragraph of that name.
+Keyword EnvironmentParser::sectionOfParagraph(Keyword header) {
+  switch (header) {
   case Keyword::Configuration:
   case Keyword::SourceComputer:
   case Keyword::ObjectComputer:
@@ -79,7 +95,10 @@ Keyword EnvironmentParser::environmentSectionAt() {
 Keyword EnvironmentParser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
   if (!peek(1).is(Keyword::Section) && !peek(1).is(TokenKind::Period))
     return Keyword::None;
-  Keyword meant = nearestKeyword(peek().text, headers);
+  Keyword meant = peek().isWord() ? nearestKeyword(peek().text, headers) : Keyword::None;
+  // A damaged name of a section is told by its first paragraph.
+  if (meant == Keyword::None && peek(1).is(Keyword::Section) && peek(2).is(TokenKind::Period))
+    meant = sectionOfParagraph(peek(3).keyword);
   if (meant != Keyword::None)
     error(DiagnosticId::MisspeltHeader, here(), describe(peek()), textOf(meant));
   return meant;
@@ -88,13 +107,13 @@ Keyword EnvironmentParser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
 void EnvironmentParser::parseEnvironmentPart(EnvironmentDivision &division, Keyword header) {
   switch (header) {
   case Keyword::Configuration:
-    if (division.getConfigurationSection())
+    if (division.getConfigurationSection() && !isHeaderDisplaced(header))
       error(DiagnosticId::HeaderTwice, here(), "CONFIGURATION SECTION");
     configurationSectionOf(division, /*hasHeader=*/true);
     takeSectionHeader(header);
     return;
   case Keyword::InputOutput:
-    if (division.getInputOutputSection())
+    if (division.getInputOutputSection() && !isHeaderDisplaced(header))
       error(DiagnosticId::HeaderTwice, here(), "INPUT-OUTPUT SECTION");
     inputOutputSectionOf(division, /*hasHeader=*/true);
     takeSectionHeader(header);
@@ -126,7 +145,7 @@ ConfigurationSection &EnvironmentParser::configurationSectionOf(EnvironmentDivis
                                                                 bool hasHeader) {
   if (!division.getConfigurationSection()) {
     if (!hasHeader)
-      error(DiagnosticId::HeaderMissing, here(), "CONFIGURATION SECTION", describe(peek()));
+      missingHeader(Keyword::Configuration, "CONFIGURATION SECTION");
     division.setConfigurationSection(makeAt<ConfigurationSection>(here()));
   }
   return *division.getConfigurationSection();
@@ -136,7 +155,7 @@ InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision 
                                                             bool hasHeader) {
   if (!division.getInputOutputSection()) {
     if (!hasHeader)
-      error(DiagnosticId::HeaderMissing, here(), "INPUT-OUTPUT SECTION", describe(peek()));
+      missingHeader(Keyword::InputOutput, "INPUT-OUTPUT SECTION");
     division.setInputOutputSection(makeAt<InputOutputSection>(here()));
   }
   return *division.getInputOutputSection();

@@ -19,6 +19,7 @@ private:
   ConfigurationSection &configurationSectionOf(EnvironmentDivision &division, bool hasHeader);
   InputOutputSection &inputOutputSectionOf(EnvironmentDivision &division, bool hasHeader);
   Keyword environmentSectionAt();
+  static Keyword sectionOfParagraph(Keyword header);
   Keyword misspeltHeader(llvm::ArrayRef<Keyword> headers);
   /// The section header or the paragraph that is next; \p header is its first word.
   void parseEnvironmentPart(EnvironmentDivision &division, Keyword header);

@@ -21,29 +21,88 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
   bool isReported = false;
   while (true) {
     if (at(Keyword::Fd, Keyword::Sd)) {
-      // The records of a file that has no name are read, but belong nowhere.
-      FileDescription *file = parseFileDescription();
-      if (file)
-        division.addFileSection(file);
-      parseDataRecords(StorageType::File, [&](DataDescription *record) {
-        if (file)
-          file->addRecordDesc(record);
-      });
+      parseFile(division);
     } else if (at(TokenKind::IntegerLiteral)) {
+      const auto &files = division.getFileSectionElements();
+      if (isHeaderDisplaced(Keyword::File) && !files.empty()) {
+        FileDescription *file = files.back();
+        parseDataRecords(StorageType::File,
+                         [file](DataDescription *record) { file->addRecordDesc(record); });
+        continue;
+      }
       if (!isReported)
         error(DiagnosticId::RecordWithoutFile, here());
       isReported = true;
-      parseDataRecords(StorageType::File, [](DataDescription *) {});
+      parseNamelessRecords(here(), FileDescType::File);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(fileClauses)) {
+    } else if (atEntryBoundary(fileClauses) || atStrayProcedures()) {
+      nameFiles(division);
       return;
     } else {
       expected("FD or SD");
       isReported = true;
+      // Only the word is missing.
+      if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
+        parseFile(division);
+        continue;
+      }
       stream.skip();
       skipToEntry(fileClauses);
     }
+  }
+}
+
+/// A file with its records.
+void FileSectionParser::parseFile(DataDivision &division) {
+  const SourceRange begin = here();
+  const FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
+  FileDescription *file = parseFileDescription();
+  if (!file)
+    return parseNamelessRecords(from(begin).getRange(), type);
+  division.addFileSection(file);
+  parseDataRecords(StorageType::File,
+                   [file](DataDescription *record) { file->addRecordDesc(record); });
+}
+
+/// The records of a file whose entry, at \p place, has no name.
+void FileSectionParser::parseNamelessRecords(const SourceRange &place, FileDescType type) {
+  NamelessFile file{place, type, {}};
+  parseDataRecords(StorageType::File,
+                   [&](DataDescription *record) { file.records.push_back(record); });
+  context.namelessFiles.push_back(std::move(file));
+}
+
+/// Gives names to the entries whose names could not be read: an FD gets that of a SELECT entry
+/// which has none, and the other way around, in their order. Otherwise each of them would cost a
+/// message wherever the file is used.
+void FileSectionParser::nameFiles(DataDivision &division) {
+  InputOutputSection *section = context.unit->getInputOutputSection();
+  if (!section)
+    return;
+  auto &files = context.namelessFiles;
+  std::reverse(files.begin(), files.end());
+  for (ParaFileControl *entry : section->getFileControlListElements()) {
+    Word *name = entry->getFileName();
+    if (files.empty() || !division.findFiles(name->getWordData()).empty())
+      continue;
+    auto *file = makeAt<FileDescription>(files.back().place, files.back().type, name);
+    for (DataDescription *record : files.back().records)
+      file->addRecordDesc(record);
+    division.addFileSection(file);
+    files.pop_back();
+  }
+  auto &selects = context.namelessSelects;
+  std::reverse(selects.begin(), selects.end());
+  for (FileDescription *file : division.getFileSectionElements()) {
+    if (selects.empty() || section->findFileControlByName(*file->getFileName()))
+      continue;
+    const SourceRange place = selects.pop_back_val();
+    auto *entry = makeAt<ParaFileControl>(place, file->getFileName());
+    auto *assign = makeAt<ClauseAssign>(place);
+    assign->addAssignment(file->getFileName());
+    entry->setAssign(assign);
+    section->addFileControl(entry);
   }
 }
 
@@ -51,8 +110,8 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
 FileDescription *FileSectionParser::parseFileDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
-  FileDescType type = at(Keyword::Fd) ? FileDescType::File : FileDescType::SortMerge;
-  stream.skip();
+  FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
+  acceptAny(Keyword::Fd, Keyword::Sd);
   Word *name = parseUserWord("a file-name");
   if (!name) {
     skipToEntry(fileClauses);

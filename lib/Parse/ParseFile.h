@@ -16,6 +16,9 @@ public:
   void parseFileSection(DataDivision &division);
 
 private:
+  void parseFile(DataDivision &division);
+  void parseNamelessRecords(const SourceRange &place, FileDescType type);
+  void nameFiles(DataDivision &division);
   FileDescription *parseFileDescription();
   bool parseFileClause(FileDescription &file);
   ClauseBlock *parseBlock();

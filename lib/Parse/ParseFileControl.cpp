@@ -48,6 +48,12 @@ void FileControlParser::parseFileEntries(InputOutputSection &section) {
       stream.correct(Keyword::Select);
       continue;
     }
+    // The clauses of an entry whose first line is not there.
+    if (selectClauses.contains(peek().keyword)) {
+      context.namelessSelects.push_back(here());
+      skipToEntry(selectClauses);
+      continue;
+    }
     stream.skip();
     skipToEntry(selectClauses);
   }
@@ -63,6 +69,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   bool isOptional = accept(Keyword::Optional);
   Word *name = parseUserWord("a file-name");
   if (!name) {
+    context.namelessSelects.push_back(begin);
     skipToEntry(selectClauses);
     return nullptr;
   }

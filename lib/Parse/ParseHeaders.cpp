@@ -59,27 +59,35 @@ Keyword ParserBase::divisionAt() {
   if (llvm::is_contained(divisions, first)) {
     if (peek(1).is(Keyword::Division))
       return first;
-    bool isHeader = peek().isFirstOnLine() && peek().isInAreaA() &&
-                    (atMisspeltDivision(1) || peek(1).is(TokenKind::Period) ||
-                     atSequence(Keyword::Procedure, Keyword::Using));
+    if (!peek().isFirstOnLine() || !peek().isInAreaA())
+      return Keyword::None;
+    // In area A of fixed form nothing else begins with these words, but for clauses and phrases
+    // that are too far to the left.
+    const bool isClause =
+        peek(1).isOneOf(Keyword::Record, Keyword::Records, Keyword::Is, Keyword::On, Keyword::By);
+    bool isHeader = (peek().isInFixedForm() && !isClause) || atMisspeltDivision(1) ||
+                    peek(1).is(TokenKind::Period) || atSequence(Keyword::Procedure, Keyword::Using);
     return isHeader ? first : Keyword::None;
   }
   if (!peek().isFirstOnLine())
     return Keyword::None;
   if (first == Keyword::Division)
-    return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision();
-  if (at(TokenKind::Word) && !peek().isVerb() && peek(1).is(Keyword::Division))
-    return nearestKeyword(peek().text, divisions);
-  return Keyword::None;
+    return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision(1);
+  if (!peek(1).is(Keyword::Division) || peek(1).isFirstOnLine())
+    return Keyword::None;
+  Keyword meant = at(TokenKind::Word) ? nearestKeyword(peek().text, divisions) : Keyword::None;
+  return meant == Keyword::None ? namelessDivision(2) : meant;
 }
 
-/// Which division begins with the word DIVISION alone, judged by what follows it.
-Keyword ParserBase::namelessDivision() {
-  if (peek(1).is(Keyword::Using))
+/// Which division begins with the word DIVISION without its name, judged by what follows it, which
+/// is
+/// \p n places on.
+Keyword ParserBase::namelessDivision(unsigned n) {
+  if (peek(n).is(Keyword::Using))
     return Keyword::Procedure;
-  if (!peek(1).is(TokenKind::Period))
+  if (!peek(n).is(TokenKind::Period))
     return Keyword::None;
-  switch (peek(2).keyword) {
+  switch (peek(n + 1).keyword) {
   case Keyword::ProgramId:
     return Keyword::Identification;
   case Keyword::Configuration:
@@ -116,9 +124,72 @@ void ParserBase::takeDivisionHeader(Keyword division) {
   if (accept(Keyword::Division))
     return;
   expected(textOf(Keyword::Division));
-  if (atMisspeltDivision(0) || atSequence(TokenKind::Period, Keyword::Division))
+  // What stands in the place of DIVISION goes up to USING or to the period that ends the line.
+  Skipping skipping(*this);
+  auto atEndOfLine = [this] {
+    return peek(1).isFirstOnLine() || peek(1).is(TokenKind::EndOfFile) || peek(1).isVerb();
+  };
+  while (!peek().isFirstOnLine() && !at(Keyword::Using, TokenKind::EndOfFile) &&
+         !(at(TokenKind::Period) && atEndOfLine()))
     stream.skip();
-  accept(Keyword::Division);
+}
+
+/// Whether the line that begins with the next token is most likely an entry in which the level
+/// number is wrong: it has a PICTURE, or an entry follows it.
+bool ParserBase::isEntryLine() {
+  constexpr unsigned maxTokens = 20;
+  for (unsigned n = 1; n < maxTokens; ++n) {
+    const Token &token = peek(n);
+    if (token.isFirstOnLine())
+      return token.is(TokenKind::IntegerLiteral) && token.spelling.size() <= 2;
+    if (token.isOneOf(Keyword::Pic, Keyword::Picture))
+      return true;
+  }
+  return false;
+}
+
+bool ParserBase::atStrayProcedures() {
+  const Token first = peek();
+  if (!first.isFirstOnLine() || !context.unit || context.unit->getProcDivision())
+    return false;
+  switch (first.keyword) {
+  case Keyword::Accept:
+  case Keyword::Add:
+  case Keyword::Call:
+  case Keyword::Close:
+  case Keyword::Compute:
+  case Keyword::Divide:
+  case Keyword::Evaluate:
+  case Keyword::Goback:
+  case Keyword::If:
+  case Keyword::Initialize:
+  case Keyword::Inspect:
+  case Keyword::Move:
+  case Keyword::Multiply:
+  case Keyword::Open:
+  case Keyword::Perform:
+  case Keyword::Read:
+  case Keyword::Search:
+  case Keyword::String:
+  case Keyword::Subtract:
+  case Keyword::Unstring:
+  case Keyword::Write:
+    return !isEntryLine();
+  default:
+    break;
+  }
+  if (!first.isUserWord() || !first.isInAreaA())
+    return false;
+  if (peek(1).is(TokenKind::Period))
+    return peek(2).isFirstOnLine() && (peek(2).isVerb() || peek(2).is(Keyword::Exec));
+  const bool isSection = peek(1).is(Keyword::Section) && peek(2).is(TokenKind::Period);
+  return isSection && (peek(3).isVerb() || (peek(3).isUserWord() && peek(4).is(TokenKind::Period)));
+}
+
+void ParserBase::missingHeader(Keyword header, llvm::StringRef text) {
+  recovery.resumeReporting();
+  error(DiagnosticId::HeaderMissing, here(), text, describe(peek()));
+  context.missingHeaders.insert(header);
 }
 
 //===----------------------------------------------------------------------===//
@@ -157,7 +228,8 @@ bool ParserBase::atPartHeader() {
     return peek(1).is(Keyword::Section) || atMisspeltSection();
   case Keyword::None:
     return at(TokenKind::EndOfFile) ||
-           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division));
+           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division)) ||
+           (peek().isInAreaA() && peek(2).is(Keyword::Section) && atDataSection());
   default:
     return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
   }
@@ -190,10 +262,29 @@ Keyword ParserBase::dataSectionAt() {
     if (isHeader || (peek().isFirstOnLine() && isAlone))
       return peek().keyword;
   } else if (isHeader && peek().isWord()) {
-    return nearestKeyword(peek().text, headers);
+    if (Keyword meant = nearestKeyword(peek().text, headers); meant != Keyword::None)
+      return meant;
   }
   if (!peek().isFirstOnLine())
     return Keyword::None;
+  // A damaged name, perhaps in two parts, is told by what the section holds.
+  const bool isDivided =
+      peek(2).is(Keyword::Section) && !peek(1).isFirstOnLine() && !peek(2).isFirstOnLine();
+  const unsigned behind = isHeader ? 2 : isDivided ? 3 : 0;
+  if (behind != 0 && !at(Keyword::Communication) && !atWord("SCREEN") &&
+      peek(behind).is(TokenKind::Period)) {
+    if (isDivided)
+      if (Keyword meant = nearestKeyword((peek().text + " " + peek(1).text).str(), headers);
+          meant != Keyword::None)
+        return meant;
+    const Token &content = peek(behind + 1);
+    if (content.isOneOf(Keyword::Fd, Keyword::Sd))
+      return Keyword::File;
+    if (content.is(Keyword::Rd))
+      return Keyword::Report;
+    if (content.is(TokenKind::IntegerLiteral))
+      return Keyword::WorkingStorage;
+  }
   if (at(Keyword::Section) && llvm::is_contained(headers, peek(1).keyword))
     return peek(1).keyword;
   const Token &first = peek(atSequence(Keyword::Section, TokenKind::Period) ? 2 : 0);

@@ -24,6 +24,12 @@ ProcedureDivision *ProcedureParser::parseProcedureDivision() {
   return complete(division);
 }
 
+void ProcedureParser::resumeProcedureDivision(ProcedureDivision &division) {
+  parseProcedureHeader(division);
+  parseProcedures(division);
+  complete(&division);
+}
+
 void ProcedureParser::parseProcedures(ProcedureDivision &division) {
   Section *section = nullptr;
   while (!atUnitBoundary()) {
@@ -49,6 +55,12 @@ void ProcedureParser::parseProcedures(ProcedureDivision &division) {
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
 void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   SourceRange header = here();
+  recovery.endSentence();
+  if (!atDivision(Keyword::Procedure)) {
+    missingHeader(Keyword::Procedure, "PROCEDURE DIVISION");
+    context.procedureHeader = header;
+    return;
+  }
   takeDivisionHeader(Keyword::Procedure);
   header = from(header).getRange();
   bool isRead = true;
@@ -83,6 +95,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
 /// The name in a header. A reserved word is reported and taken all the same, so that references to
 /// it are not reported as well.
 Word *ProcedureParser::parseHeaderName() {
+  recovery.endParagraph();
   if (peek().isFirstOnLine())
     recovery.resumeReporting();
   const Token name = peek();

@@ -13,6 +13,8 @@ public:
 
   /// With PROCEDURE DIVISION next. Never null.
   ProcedureDivision *parseProcedureDivision();
+  /// The header of the division after statements that stood before it, and what follows it.
+  void resumeProcedureDivision(ProcedureDivision &division);
   /// Parses sections, paragraphs and sentences up to the end of the unit and adds them to
   /// \p division.
   void parseProcedures(ProcedureDivision &division);

@@ -25,6 +25,7 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
   TokenStream tokens(**main, files, diagnostics, expansion);
   ParserContext context(tokens, diagnostics, options);
   Program *program = ProgramParser(context).parse(inputName);
+  tokens.reportCutLines();
   files.collectDamagedNames(diagnostics.getDamage());
   return program;
 }
@@ -98,16 +99,17 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   bool outerComma = context.decimalPointIsComma;
   auto outerLanguages = std::exchange(context.embeddedLanguages, {});
 
-  if (atDivision(Keyword::Environment))
-    current->setEnvironmentDivision(EnvironmentParser(context).parseEnvironmentDivision());
-  if (atDivision(Keyword::Data))
-    DataParser(context).parseDataDivision();
+  context.missingHeaders.clear();
+  context.namelessFiles.clear();
+  context.namelessSelects.clear();
+  context.previousEntry = {};
+  parseDeclaringDivisions();
   SuppliedParser supplied(context);
   // A program with a communication area is translated, one that has commands of CICS or DL/I too.
   if (!outer)
     context.isTranslated = isItem("DFHCOMMAREA");
   supplied.supplyInterfaceBlock();
-  if (atDivision(Keyword::Procedure))
+  if (atDivision(Keyword::Procedure) || atStrayProcedures())
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
   const SourceRange header = context.procedureHeader;
 
@@ -128,6 +130,10 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
       parseSourceUnit(current);
       continue;
     }
+    if (atDivision(Keyword::Procedure) && isHeaderDisplaced(Keyword::Procedure)) {
+      ProcedureParser(context).resumeProcedureDivision(*current->getProcDivision());
+      continue;
+    }
     // A division out of its order; the text up to the next boundary is reported once.
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
     Skipping skipping(*this);
@@ -145,6 +151,31 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   context.decimalPointIsComma = outerComma;
   stream.setDecimalPointIsComma(outerComma);
   return current;
+}
+
+/// The environment and the data division. Where they are exchanged or begin twice, that is
+/// reported, and what they declare is read all the same.
+void ProgramParser::parseDeclaringDivisions() {
+  while (true) {
+    const Keyword division = divisionAt();
+    if (division == Keyword::Environment || division == Keyword::Data) {
+      const bool isAgain = division == Keyword::Environment
+                               ? context.unit->getEnvironmentDivision() != nullptr
+                               : context.unit->getDataDivision() != nullptr;
+      const bool isLate = division == Keyword::Environment && context.unit->getDataDivision();
+      if ((isAgain || isLate) && !isHeaderDisplaced(division))
+        error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+      if (division == Keyword::Environment)
+        EnvironmentParser(context).parseEnvironmentDivision();
+      else
+        DataParser(context).parseDataDivision();
+    } else if (division == Keyword::None && atDataSection()) {
+      missingHeader(Keyword::Data, "DATA DIVISION");
+      DataParser(context).parseDataDivision();
+    } else {
+      return;
+    }
+  }
 }
 
 /// END PROGRAM name.
@@ -197,11 +228,12 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   // Where the header of the division is misspelt, the stream does not skip the comment-entries.
   while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
     ;
-  if (!atUnitBoundary()) {
+  auto atEnd = [this] { return atUnitBoundary() || (peek().isFirstOnLine() && atDataSection()); };
+  if (!atEnd()) {
     if (hasProgramId)
       expected("a division");
     Skipping skipping(*this);
-    while (!atUnitBoundary())
+    while (!atEnd())
       stream.skip();
   }
   return make<IdentificationDivision>(begin, programId);

@@ -16,6 +16,7 @@ public:
 
 private:
   SourceUnit *parseSourceUnit(SourceUnit *outer);
+  void parseDeclaringDivisions();
   IdentificationDivision *parseIdentificationDivision();
   ProgramIdParagraph *parseProgramId();
   Word *parseProgramName(const SourceRange &paragraph);

@@ -140,8 +140,10 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine())
+      if (peek().isFirstOnLine()) {
         recovery.resumeReporting();
+        warnOfAreaA(peek());
+      }
       list.lastVerb = peek().keyword;
       list.lastIsWrong = false;
       Statement *statement = parseStatement();
@@ -158,6 +160,12 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   if (!statements.empty())
     return Outcome::Parsed;
   return construct.hasMistake() ? Outcome::Failed : Outcome::Absent;
+}
+
+/// In fixed form area A is for headers. Blocks of embedded languages have rules of their own.
+void StatementParser::warnOfAreaA(const Token &verb) {
+  if (verb.isInAreaA() && verb.isInFixedForm() && !verb.isOneOf(Keyword::Exec, Keyword::Execute))
+    context.diagnostics.report(DiagnosticId::StatementInAreaA, verb.place, verb.text);
 }
 
 /// A placeholder for statements that were reported and skipped, where at least one is needed.
@@ -195,7 +203,8 @@ bool StatementParser::endsStatements(StatementList &list) {
     }
     if (recovery.canEndWith(keyword))
       return true;
-    if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement())
+    if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement() &&
+        !recovery.isCutOff(keyword))
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
     stream.skip();
@@ -289,9 +298,21 @@ bool StatementParser::rejectPhrase(const Token &first) {
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
 bool StatementParser::rejectWord(StatementList &list) {
+  // After a mistake, words that never begin a statement are what is left of it.
+  if (!peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged()) {
+    Skipping skipping(*this);
+    stream.skip();
+    list.lastIsWrong = true;
+    recovery.noteUnknownStatement();
+    skipRestOfStatement(list.lastVerb);
+    return false;
+  }
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
-  if (rejectPhrase(word)) {
+  if (word.isOneOf(Keyword::Cics, Keyword::Sql, Keyword::Dli) && peek().isWord()) {
+    error(DiagnosticId::Expected, word.place, textOf(Keyword::Exec), describe(word));
+    skipEmbeddedText();
+  } else if (rejectPhrase(word)) {
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
   } else if (!context.options.osvs && word.isWord() && isOsvsWord(word.text)) {

@@ -65,6 +65,7 @@ private:
   StatementResult parseSeek();
   StatementResult parseService();
   Statement *makePlaceholder(const SourceRange &begin);
+  void warnOfAreaA(const Token &verb);
 
   /// What is remembered along a list of statements.
   struct StatementList {

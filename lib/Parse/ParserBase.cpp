@@ -18,6 +18,8 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   // The program goes on where the copybook ends.
   if (context.isCopybook && at(TokenKind::EndOfFile))
     return false;
+  if (at(TokenKind::Period))
+    recovery.noteMisplacedPeriod();
   SourceDamage &damage = context.diagnostics.getDamage();
   damage.add(place);
   if (beginsSuppression(id))
@@ -27,6 +29,7 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);
   if (!cut)
     return true;
+  cut->isReported = true;
   if (context.lastCutLine != std::pair(cut->place.file, cut->place.beginLine))
     context.diagnostics.report(DiagnosticId::TextPastMargin, cut->place, cut->text);
   context.lastCutLine = {cut->place.file, cut->place.beginLine};

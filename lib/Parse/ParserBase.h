@@ -28,11 +28,19 @@
 #include "Parse/Preprocessor.h"
 #include "Parse/Recovery.h"
 #include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/SmallSet.h"
 #include <bitset>
 #include <optional>
 #include <utility>
 
 namespace tarka {
+
+/// An FD or SD entry whose name could not be read.
+struct NamelessFile {
+  SourceRange place;
+  FileDescType type;
+  std::list<DataDescription *> records;
+};
 
 /// The state of parsing one stream of tokens.
 struct ParserContext {
@@ -54,6 +62,14 @@ struct ParserContext {
   llvm::DenseSet<const std::string *> repositoryFunctions;
   /// The names after INDEXED BY, which become entries of the data division only when it is checked.
   llvm::DenseSet<const std::string *> indexNames;
+  /// The headers that were reported to be missing in the unit.
+  llvm::SmallSet<Keyword, 4> missingHeaders;
+  /// The entries of files whose names could not be read: the names are found by what is left over
+  /// when the file section has been read.
+  llvm::SmallVector<NamelessFile, 0> namelessFiles;
+  llvm::SmallVector<SourceRange, 0> namelessSelects;
+  /// The data description entry that was read last.
+  SourceRange previousEntry;
   /// The file and line that was reported last to be cut at column 72.
   std::pair<unsigned, unsigned> lastCutLine;
   /// The languages of the embedded blocks in the unit.
@@ -184,6 +200,14 @@ public:
   /// The division whose header is next; None where there is none.
   Keyword divisionAt();
   bool atDivision(Keyword which) { return divisionAt() == which; }
+  /// Whether statements or paragraphs begin where entries are expected: PROCEDURE DIVISION is
+  /// missing.
+  bool atStrayProcedures();
+  /// Reports that \p header, whose text is \p text, is missing before the next token.
+  void missingHeader(Keyword header, llvm::StringRef text);
+  /// Whether \p header was reported to be missing further up: here it only stands in the wrong
+  /// place, which is no second mistake.
+  bool isHeaderDisplaced(Keyword header) const { return context.missingHeaders.contains(header); }
   /// Takes the header of \p division, which divisionAt() returned, up to its period.
   void takeDivisionHeader(Keyword division);
   /// Whether any division header, END PROGRAM or the end of the file is next.
@@ -285,7 +309,8 @@ protected:
 
 private:
   bool isToBeReported(DiagnosticId id, const SourceRange &place);
-  Keyword namelessDivision();
+  Keyword namelessDivision(unsigned n);
+  bool isEntryLine();
   bool atMisspeltDivision(unsigned n);
 };
 

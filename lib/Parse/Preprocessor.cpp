@@ -28,6 +28,7 @@ public:
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
+  void reportCutLines() { diagnostics.reportCutLines(); }
   OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
   void skipCommentEntry() { levels.back()->lexer.skipCommentEntry(); }
@@ -753,6 +754,10 @@ const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
 
 OpenConstructs &TokenStream::getOpenConstructs() {
   return source->getOpenConstructs();
+}
+
+void TokenStream::reportCutLines() {
+  source->reportCutLines();
 }
 
 const ParseOptions &TokenStream::getOptions() const {

@@ -96,6 +96,9 @@ public:
   /// The options given, and those that CBL and PROCESS lines turned on.
   const ParseOptions &getOptions() const;
 
+  /// Reports the lines that are cut at column 72, when the parser has read everything.
+  void reportCutLines();
+
   /// What is known about damage to the source text.
   const SourceDiagnostics &getSourceDiagnostics() const;
   /// The constructs being parsed, in which the stream notes the mistakes in the text.

@@ -36,11 +36,13 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
-      sentenceIsAbandoned || stream.getTaken() < suppressedUntil || source.isDamaged(place) ||
-      source.isDamaged(stream.getLastPlace()) ||
+      sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
+      source.isDamaged(place) || source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
-  if (isCascade || isError(infoOf(id).severity))
+  if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
+    sentenceIsDamaged = true;
+  }
   if (!isCascade)
     lastReport = stream.getTaken();
   if (isCascade || beginsSuppression(id))
@@ -86,14 +88,8 @@ bool Recovery::acceptAbandonedEnd(Keyword endWord) {
   return true;
 }
 
-bool Recovery::isFirstStray(StrayPart part) {
-  const auto bit = static_cast<uint8_t>(part);
-  const bool isFirst = !unknownStatement && !(strayParts & bit);
-  strayParts |= bit;
-  return isFirst;
-}
-
-bool Recovery::endsStray(Keyword verb) {
+/// The parts of statements of \p verb that can be found without their statement.
+static uint8_t strayPartsOf(Keyword verb) {
   unsigned parts = 0;
   if (verb == Keyword::If)
     parts = static_cast<unsigned>(StrayPart::Else);
@@ -101,6 +97,27 @@ bool Recovery::endsStray(Keyword verb) {
     parts = static_cast<unsigned>(StrayPart::When);
   if (const ScopedVerb *scope = scopeOf(verb); scope && !scope->phrases.empty())
     parts |= static_cast<unsigned>(StrayPart::Phrase);
+  return static_cast<uint8_t>(parts);
+}
+
+void Recovery::noteMisplacedPeriod() {
+  for (const EnclosingStatement &one : enclosing) {
+    cutParts |= strayPartsOf(one.verb);
+    if (one.scope)
+      cutEnds.insert(one.scope->endWord);
+  }
+}
+
+bool Recovery::isFirstStray(StrayPart part) {
+  const auto bit = static_cast<uint8_t>(part);
+  const bool isFirst = !unknownStatement && !(strayParts & bit);
+  strayParts |= bit;
+  suspect = statementsBegun + 1;
+  return isFirst;
+}
+
+bool Recovery::endsStray(Keyword verb) {
+  const unsigned parts = strayPartsOf(verb);
   const bool isStray = strayParts & parts;
   strayParts &= static_cast<uint8_t>(~parts);
   return isStray;

@@ -15,8 +15,11 @@
 #include "Parse/OpenConstructs.h"
 #include "Parse/Preprocessor.h"
 #include "Parse/Verbs.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/SmallSet.h"
 #include "llvm/ADT/SmallVector.h"
 #include <cstdint>
+#include <utility>
 
 namespace tarka {
 
@@ -25,8 +28,8 @@ bool beginsSuppression(DiagnosticId id);
 
 /// A statement being parsed.
 struct EnclosingStatement {
-  EnclosingStatement(Keyword theVerb, PhraseSet alreadyGiven)
-      : verb(theVerb), scope(scopeOf(theVerb)), given(alreadyGiven) {}
+  EnclosingStatement(Keyword theVerb, PhraseSet alreadyGiven, uint64_t theNumber)
+      : verb(theVerb), scope(scopeOf(theVerb)), given(alreadyGiven), number(theNumber) {}
 
   /// The END- word of the statement, which must have one.
   Keyword getEndWord() const { return scope->endWord; }
@@ -41,7 +44,8 @@ struct EnclosingStatement {
   Keyword verb; ///< None for an unknown statement, which any phrase and END- word may belong to
   const ScopedVerb *scope;
   bool hasElse = false;
-  PhraseSet given; ///< the phrases already given
+  PhraseSet given;     ///< the phrases already given
+  uint64_t number = 0; ///< counts statements in the order in which they begin
 };
 
 /// The parts that can be found without their statement.
@@ -84,7 +88,7 @@ public:
   class StatementScope {
   public:
     StatementScope(Recovery &owner, Keyword verb, PhraseSet given = {}) : recovery(owner) {
-      recovery.enclosing.emplace_back(verb, given);
+      recovery.enclosing.emplace_back(verb, given, ++recovery.statementsBegun);
     }
     ~StatementScope() { recovery.enclosing.pop_back(); }
     StatementScope(const StatementScope &) = delete;
@@ -142,12 +146,25 @@ public:
   //===--------------------------------------------------------------------===//
 
   /// The sentence holds a statement that is unknown. The ELSE, WHEN, END- words and phrases behind
-  /// it that belong to no other statement are taken for its own.
-  void noteUnknownStatement() { unknownStatement = true; }
+  /// it that belong to no other statement are taken for its own, and what is wrong with the
+  /// statement after it for a consequence.
+  void noteUnknownStatement() {
+    unknownStatement = true;
+    suspect = statementsBegun + 1;
+  }
   bool hasUnknownStatement() const { return unknownStatement; }
+  /// Whether a mistake was found in the sentence.
+  bool isSentenceDamaged() const { return sentenceIsDamaged; }
+
+  /// A mistake was found at a period inside of statements. The period may be the mistake: in the
+  /// next sentence of the paragraph the parts of these statements may come without messages.
+  void noteMisplacedPeriod();
+  /// Whether \p endWord ends a statement that a misplaced period cut off.
+  bool isCutOff(Keyword endWord) const { return expectedEnds.contains(endWord); }
 
   /// Notes \p part, which belongs to no statement. False when the sentence has another one like it:
-  /// both belong to one statement, most likely, which was reported.
+  /// both belong to one statement, most likely, which was reported. The statement that follows may
+  /// be the one that the part was meant for.
   bool isFirstStray(StrayPart part);
   /// Whether the END- word of \p verb ends a statement of which stray parts were found.
   bool endsStray(Keyword verb);
@@ -157,8 +174,14 @@ public:
   bool isSentenceAbandoned() const { return sentenceIsAbandoned; }
 
   void endSentence() {
-    sentenceIsAbandoned = unknownStatement = false;
+    sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
+    strayParts = std::exchange(cutParts, uint8_t(0));
+    expectedEnds = std::exchange(cutEnds, {});
+    suspect = 0;
+  }
+  void endParagraph() {
     strayParts = 0;
+    expectedEnds.clear();
   }
 
 private:
@@ -174,9 +197,22 @@ private:
   llvm::SmallVector<Keyword, 8> abandonedEnds;
   size_t abandonedBegin = 0;
 
+  bool isSuspect() const {
+    return llvm::any_of(enclosing,
+                        [this](const EnclosingStatement &one) { return one.number == suspect; });
+  }
+
   bool unknownStatement = false;
   bool sentenceIsAbandoned = false;
+  bool sentenceIsDamaged = false;
   uint8_t strayParts = 0;
+  /// What a misplaced period of this sentence and of the one before it have cut off.
+  uint8_t cutParts = 0;
+  llvm::SmallSet<Keyword, 4> cutEnds;
+  llvm::SmallSet<Keyword, 4> expectedEnds;
+  uint64_t statementsBegun = 0;
+  /// The number of the statement in which mistakes are consequences of what stands before it.
+  uint64_t suspect = 0;
 };
 
 } // namespace tarka

@@ -10,6 +10,7 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
   case DiagnosticId::CharacterNotAllowed:
   case DiagnosticId::ContinuedLiteralWithoutQuote:
   case DiagnosticId::UnclosedLiteral:
+  case DiagnosticId::TextPastMargin:
   case DiagnosticId::CopyNameExpected:
   case DiagnosticId::CopyLibraryExpected:
   case DiagnosticId::CopyPeriodExpected:
@@ -52,6 +53,12 @@ const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,
       return &cut;
   }
   return nullptr;
+}
+
+void SourceDiagnostics::reportCutLines() {
+  for (const CutLine &cut : cutLines)
+    if (cut.isEvident && !cut.isReported)
+      sink.report(DiagnosticId::TextCutAtMargin, cut.place, cut.text);
 }
 
 bool SourceDiagnostics::isCopybookMissing(const SourceRange &before,

@@ -21,6 +21,10 @@ namespace tarka {
 struct CutLine {
   SourceRange place; ///< of the last word before the margin
   std::string text;  ///< the word with what follows it past the margin
+  /// Whether the text past the margin is program text without doubt: other lines have nothing
+  /// there.
+  bool isEvident = false;
+  mutable bool isReported = false;
 };
 
 /// Reports mistakes in the source text and remembers the text that they damage.
@@ -56,11 +60,14 @@ public:
 
   /// Notes a line whose text seems to go on past column 72. Most of what stands there identifies
   /// the line, so only a mistake on such a line is explained by it.
-  void noteCutLine(const SourceRange &place, llvm::StringRef text) {
-    cutLines.push_back({place, text.str()});
+  void noteCutLine(const SourceRange &place, llvm::StringRef text, bool isEvident) {
+    cutLines.push_back({place, text.str(), isEvident});
   }
   /// The line that is cut at \p last or \p next; null where both are whole.
   const CutLine *findCutLine(const SourceRange &last, const SourceRange &next) const;
+
+  /// Reports the lines that are evidently cut and do not explain a mistake.
+  void reportCutLines();
 
 private:
   void noteDamage(DiagnosticId id, const SourceRange &place);

@@ -19,8 +19,8 @@ std::string Diagnostic::getMessage() const {
   }
   if (!suggestion.empty())
     message += "; was " + suggestion + " meant?";
-  if (programs.size() > 1)
-    message += "; in " + std::to_string(programs.size()) + " programs";
+  if (programCount > 1)
+    message += "; in " + std::to_string(programCount) + " programs";
   return message;
 }
 

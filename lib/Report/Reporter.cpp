@@ -33,13 +33,32 @@ bool Reporter::merge(Diagnostic &diagnostic, llvm::StringRef file) {
   llvm::raw_string_ostream(key) << place.file << ' ' << place.beginLine << ' ' << place.beginColumn
                                 << ' ' << place.endLine << ' ' << place.endColumn << ' '
                                 << diagnostic.number << ' ' << diagnostic.getMessage();
-  auto [position, isNew] = copybookIndex.try_emplace(key, ofCopybooks.size());
+  auto [position, isNew] =
+      copybookIndex.try_emplace(key, static_cast<unsigned>(ofCopybooks.size()));
   if (isNew)
-    ofCopybooks.push_back(diagnostic);
-  std::vector<std::string> &programs = ofCopybooks[position->second].programs;
-  if (programs.empty() || programs.back() != file)
-    programs.push_back(file.str());
+    ofCopybooks.push_back({std::move(diagnostic), 0, {}});
+  Shared &shared = ofCopybooks[position->second];
+  if (shared.lastFile == summary.files)
+    return true;
+  shared.lastFile = summary.files;
+  ++shared.diagnostic.programCount;
+  if (options.listPrograms) {
+    if (namedFile != summary.files)
+      programNames.push_back(file.str());
+    namedFile = summary.files;
+    shared.programs.push_back(static_cast<unsigned>(programNames.size() - 1));
+  }
   return true;
+}
+
+/// Prints the diagnostic number \p index of the copybooks, with its programs.
+void Reporter::printShared(unsigned index) {
+  Shared &shared = ofCopybooks[index];
+  std::vector<std::string> &names = shared.diagnostic.programs;
+  for (unsigned program : shared.programs)
+    names.push_back(programNames[program]);
+  print(shared.diagnostic);
+  names = {};
 }
 
 void Reporter::print(const Diagnostic &diagnostic) {
@@ -55,13 +74,13 @@ void Reporter::print(const Diagnostic &diagnostic) {
 
 RunSummary &Reporter::finish() {
   // By copybook, each in the order found.
-  llvm::MapVector<unsigned, std::vector<const Diagnostic *>> byFile;
-  for (const Diagnostic &diagnostic : ofCopybooks)
-    byFile[diagnostic.place.file].push_back(&diagnostic);
-  for (const auto &[file, diagnostics] : byFile) {
+  llvm::MapVector<unsigned, std::vector<unsigned>> byFile;
+  for (unsigned index = 0; index < ofCopybooks.size(); ++index)
+    byFile[ofCopybooks[index].diagnostic.place.file].push_back(index);
+  for (const auto &[file, indexes] : byFile) {
     sink.beginFile(fileNameOf(file));
-    for (const Diagnostic *diagnostic : diagnostics)
-      print(*diagnostic);
+    for (unsigned index : indexes)
+      printShared(index);
   }
   if (options.known)
     summary.gone = static_cast<unsigned>(options.known->remaining().size());

@@ -11,7 +11,7 @@
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/FileSystem.h"
 #include "llvm/Support/Path.h"
-#include <optional>
+#include <memory>
 
 namespace tarka {
 
@@ -94,7 +94,7 @@ private:
   }
 
   llvm::raw_ostream *out;
-  std::optional<llvm::json::OStream> json;
+  std::unique_ptr<llvm::json::OStream> json;
   RuleLookup rules;
   std::function<llvm::raw_ostream *()> nextStream;
   unsigned maxResults;
@@ -110,7 +110,7 @@ void SarifSink::beginLog() {
   resultCount = 0;
   ruleOrder.clear();
   ruleIndexes.clear();
-  json.emplace(*out, 2);
+  json = std::make_unique<llvm::json::OStream>(*out, 2);
   json->objectBegin();
   json->attribute("$schema", schema);
   json->attribute("version", "2.1.0");

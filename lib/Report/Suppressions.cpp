@@ -95,9 +95,13 @@ void Suppressions::readComment(const Comment &comment) {
   }
   llvm::ArrayRef<llvm::StringRef> rest = llvm::ArrayRef(words).drop_front();
   llvm::SmallVector<llvm::StringRef, 4> written;
-  while (!rest.empty() && parseNumbers(rest.front())) {
+  llvm::SmallVector<NumberRange, 4> numbers;
+  for (; !rest.empty(); rest = rest.drop_front()) {
+    const std::optional<NumberRange> range = parseNumbers(rest.front());
+    if (!range)
+      break;
     written.push_back(rest.front());
-    rest = rest.drop_front();
+    numbers.push_back(*range);
   }
   if (verb == "on") {
     endRegions(comment.line, written);
@@ -109,13 +113,13 @@ void Suppressions::readComment(const Comment &comment) {
                       "expected after 'off'"});
     return;
   }
-  for (llvm::StringRef word : written) {
+  for (const auto &[word, range] : llvm::zip_equal(written, numbers)) {
     // Unless an "on" follows, the comment holds for one line.
     const unsigned line = comment.isOnLineOfItsOwn ? comment.nextLine : comment.line;
     if (comment.isOnLineOfItsOwn)
       open.push_back(suppressions.size());
     suppressions.push_back(
-        {placeOf(word), word.str(), *parseNumbers(word), line, line, llvm::join(rest, " "), false});
+        {placeOf(word), word.str(), range, line, line, llvm::join(rest, " "), false});
   }
 }
 

@@ -34,7 +34,7 @@ class raw_ostream;
 namespace tarka {
 
 struct WorkerPoolOptions {
-  /// How many workers run at a time; 0 for one a processor.
+  /// How many workers run at a time; 0 for one per processor.
   unsigned jobs = 0;
   /// How long each may run, in seconds on the clock; 0 for no limit.
   double maxSeconds = 0;

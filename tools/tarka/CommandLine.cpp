@@ -34,9 +34,10 @@ std::string namesOf(const Option &option) {
 
 CLI::Option *addFlag(CLI::App &app, Request &request, const Option &option) {
   // What tarka.toml turns on can be turned off.
-  app.add_flag_function("--no-" + option.name.str(),
-                        [&](std::int64_t) { take(request, option, "false"); })
-      ->group("");
+  if (option.isConfigurable)
+    app.add_flag_function("--no-" + option.name.str(),
+                          [&](std::int64_t) { take(request, option, "false"); })
+        ->group("");
   return app.add_flag_function(
       namesOf(option), [&](std::int64_t) { take(request, option, "true"); }, option.help.str());
 }
@@ -87,12 +88,16 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->required();
     return;
   }
+  if (command == Command::Init) {
+    app.add_option("DIRECTORY", request.files, "where the file is written (.)")->expected(1);
+    return;
+  }
   auto *files = app.add_option("FILE", request.files,
                                command == Command::Check
                                    ? "files, directories, @LISTs of names; - is standard input"
                                    : "the source to read; - is standard input")
                     ->required();
-  if (command == Command::Check)
+  if (command == Command::Check || command == Command::Config)
     files->option_text("FILE...");
   else
     files->expected(1);
@@ -152,6 +157,18 @@ bool isMisspeltCommand(llvm::StringRef word) {
 
 } // namespace
 
+Request Request::withoutOptions() const {
+  Request result;
+  result.command = command;
+  result.files = files;
+  result.numbers = numbers;
+  result.operands = operands;
+  result.commandLine = commandLine;
+  result.settings = settings;
+  result.parse.fileSystem = parse.fileSystem;
+  return result;
+}
+
 CommandLineResult readCommandLine(int argc, char **argv) {
   CommandLineResult result;
   Request request;
@@ -166,7 +183,8 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
     command->callback([&request, &info] { request.command = info.command; });
     addOperands(*command, request, info.command);
-    addOptions(*command, request, info.command);
+    // `tarka config` shows what check would do.
+    addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
   }
 
   // tarka FILE... is tarka check FILE...

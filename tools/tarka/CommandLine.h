@@ -23,7 +23,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Expand, Generate };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init, Expand, Generate };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// The forms of the report.
@@ -113,6 +113,14 @@ struct Request {
 
   // generate
   std::vector<std::string> operands;
+
+  // Where options come from.
+  std::string config;    ///< the configuration file; empty for those above the programs
+  bool noConfig = false; ///< use none
+  bool force = false;    ///< init overwrites
+
+  /// The same with no option set.
+  Request withoutOptions() const;
 };
 
 /// Reads the command line. Gives the request, or the exit status with which to end at once: after

@@ -8,6 +8,7 @@
 #include "Analyzer/ErrorHandler.h"
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
+#include "Configuration.h"
 #include "Depfile.h"
 #include "Explain.h"
 #include "Findings.h"
@@ -32,6 +33,8 @@
 #include "SourceLines.h"
 #include "Verify.h"
 #include "Workers/Interrupt.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
@@ -70,6 +73,10 @@ private:
   int printLayout(CommandOutput &output);
   int printTree(CommandOutput &output);
   int printExpansion(CommandOutput &output);
+  /// Whether the program is read and not checked.
+  bool isFrontEndOnly() const {
+    return request.syntaxOnly || request.command == Command::Expand || request.listCopybooks;
+  }
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
@@ -110,8 +117,8 @@ bool Compilation::analyse(std::string &failure) {
   SemanticChecker checker(&handler);
   if (request.verify)
     checker.setListener(&parts);
-  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
-  if (request.command == Command::Check && !request.syntaxOnly)
+  checksSucceeded = isFrontEndOnly() || checker.semanticCheck(*program);
+  if (request.command == Command::Check && !isFrontEndOnly())
     secondPass = checkLanguage(*program, frontEnd, handler);
   return true;
 }
@@ -129,7 +136,7 @@ FileReport Compilation::check() {
   if (showsSummary(request))
     report.lines = lines.textOf(internFileName(file)).count('\n');
   report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
-  const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
+  const bool isComplete = !isFrontEndOnly() && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
   if (!request.all)
     removeConsequences(report.diagnostics, *program, [&](unsigned source, unsigned number) {
@@ -338,8 +345,33 @@ void compile(llvm::function_ref<void()> work) {
   worker.join();
 }
 
+/// The programs of a run whose configuration can be read.
+class ConfiguredInputs {
+public:
+  ConfiguredInputs(const Request &request, Configuration &configured, Inputs::FaultHandler handler)
+      : configuration(configured), fault(handler), inputs(request, std::move(handler)) {}
+
+  std::optional<std::string> next() {
+    while (std::optional<std::string> file = inputs.next()) {
+      llvm::Expected<const ConfigurationFile *> configured = configuration.fileFor(*file);
+      if (configured)
+        return file;
+      const std::string reason = llvm::toString(configured.takeError());
+      if (reported.insert(reason).second)
+        fault(*file, reason + "; the programs below it are not analysed");
+    }
+    return std::nullopt;
+  }
+
+private:
+  Configuration &configuration;
+  Inputs::FaultHandler fault;
+  Inputs inputs;
+  llvm::StringSet<> reported;
+};
+
 /// Prints what each of the programs copies.
-int listCopybooks(const Request &request) {
+int listCopybooks(const Request &request, Configuration &configuration) {
   CommandOutput output(request.output);
   if (!output.isOpen())
     return ExitInternal;
@@ -349,14 +381,16 @@ int listCopybooks(const Request &request) {
   int status = ExitClean;
   llvm::ListSeparator comma(",\n");
   auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
     int result = ExitInternal;
-    compile([&] { result = Compilation(request, file).listCopybooks(answer); });
+    compile([&] { result = Compilation(own, file).listCopybooks(answer); });
     return result;
   };
-  Inputs inputs(request, [&](const std::string &, const std::string &reason) {
-    llvm::errs() << "tarka: " << reason << '\n';
-    status = std::max<int>(status, ExitUnusable);
-  });
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &, const std::string &reason) {
+                            llvm::errs() << "tarka: " << reason << '\n';
+                            status = std::max<int>(status, ExitUnusable);
+                          });
   auto next = [&] { return inputs.next(); };
   const int signal = runPrograms(request, next, listOne, [&](const ProgramResult &result) {
     if (!result.failure.empty())
@@ -376,28 +410,30 @@ int listCopybooks(const Request &request) {
 }
 
 /// Checks the programs and reports.
-int checkFiles(const Request &request) {
+int checkFiles(const Request &request, Configuration &configuration) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
   Depfile depfile(request);
   ReportCache cache(request);
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
     compile([&] {
-      Compilation compilation(request, file);
+      Compilation compilation(own, file);
       const FileReport report = compilation.check();
       std::string bytes;
       llvm::raw_string_ostream stream(bytes);
       serialize(stream, report);
       if (DependencyRecorder *dependencies = compilation.getDependencies())
-        cache.store(file, *dependencies, bytes);
+        cache.store(own, file, *dependencies, bytes);
       answer << bytes;
     });
     return ExitClean;
   };
-  Inputs inputs(request, [&](const std::string &name, const std::string &reason) {
-    run.takeUnreadable(name, reason);
-  });
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &name, const std::string &reason) {
+                            run.takeUnreadable(name, reason);
+                          });
   auto next = [&] { return inputs.next(); };
   const int signal = runPrograms(
       request, next, checkOne,
@@ -405,6 +441,8 @@ int checkFiles(const Request &request) {
         std::optional<FileReport> report = deserializeFileReport(result.answer);
         if (report && result.failure.empty()) {
           depfile.add(report->inputs);
+          if (const ConfigurationFile *used = llvm::cantFail(configuration.fileFor(report->file)))
+            depfile.add(used->getPath());
           run.take(std::move(*report));
         } else {
           run.takeCrash(result.file.str(),
@@ -412,7 +450,9 @@ int checkFiles(const Request &request) {
         }
         return !run.isFull();
       },
-      [&](const std::string &file) { return cache.find(file); });
+      [&](const std::string &file) {
+        return cache.find(llvm::cantFail(configuration.requestFor(file)), file);
+      });
   if (signal)
     run.interrupt(signal);
   cache.prune();
@@ -422,17 +462,19 @@ int checkFiles(const Request &request) {
   return status;
 }
 
-int verifyFiles(const Request &request) {
+int verifyFiles(const Request &request, Configuration &configuration) {
   auto verifyOne = [&](const std::string &file) {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
     int status = ExitInternal;
-    compile([&] { status = Compilation(request, file).verify(); });
+    compile([&] { status = Compilation(own, file).verify(); });
     return status;
   };
   int status = ExitClean;
-  Inputs inputs(request, [&](const std::string &, const std::string &reason) {
-    llvm::errs() << "tarka: " << reason << '\n';
-    status = std::max<int>(status, ExitUnusable);
-  });
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &, const std::string &reason) {
+                            llvm::errs() << "tarka: " << reason << '\n';
+                            status = std::max<int>(status, ExitUnusable);
+                          });
   const int signal = runPrograms(
       request, [&] { return inputs.next(); },
       [&](const std::string &file, llvm::raw_ostream &) { return verifyOne(file); },
@@ -499,19 +541,42 @@ static bool readStandardInput(Request &request) {
   return true;
 }
 
+/// Where the search begins for the configuration of a run: its first operand.
+static std::string placeOfRun(const Request &request) {
+  const std::string &operand = request.files.front();
+  if (operand == standardInput)
+    return request.stdinName;
+  return llvm::StringRef(operand).starts_with("@") ? "." : operand;
+}
+
 int carryOut(Request request) {
-  if (request.command == Command::Explain)
+  switch (request.command) {
+  case Command::Explain:
     return explain(request);
-  if (request.command == Command::Generate)
+  case Command::Generate:
     return generate(request);
-  request.syntaxOnly |= request.command == Command::Expand || request.listCopybooks;
+  case Command::Config:
+    return printConfiguration(request);
+  case Command::Init:
+    return initializeConfiguration(request);
+  default:
+    break;
+  }
   if (!readStandardInput(request))
     return ExitUnusable;
-  if (request.command != Command::Check)
-    return printFile(request);
-  if (request.listCopybooks)
-    return listCopybooks(request);
-  return request.verify ? verifyFiles(request) : checkFiles(request);
+  Configuration configuration(request);
+  const std::string place = placeOfRun(request);
+  if (llvm::Error error = configuration.beginRun(place)) {
+    llvm::errs() << "tarka: " << llvm::toString(std::move(error)) << '\n';
+    return ExitUnusable;
+  }
+  const Request configured = llvm::cantFail(configuration.requestFor(place));
+  if (configured.command != Command::Check)
+    return printFile(configured);
+  if (configured.listCopybooks)
+    return listCopybooks(configured, configuration);
+  return configured.verify ? verifyFiles(configured, configuration)
+                           : checkFiles(configured, configuration);
 }
 
 } // namespace tarka

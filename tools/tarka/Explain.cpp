@@ -106,7 +106,7 @@ void printText(llvm::raw_ostream &out, const DiagnosticRow &row) {
 
   if (!explanation->neverIssued.empty()) {
     out << '\n';
-    printWrapped(out, "No program draws this diagnostic. " + explanation->neverIssued);
+    printWrapped(out, "No program causes this diagnostic. " + explanation->neverIssued);
   } else {
     out << "\nThis program breaks the rule";
     if (!explanation->options.empty())

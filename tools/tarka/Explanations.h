@@ -87,7 +87,7 @@ inline constexpr char programFileName[] = "p.cbl";
 
 struct Explanation {
   std::string rule;
-  /// Why no program draws the diagnostic; empty for all but a few, and then there is no program.
+  /// Why no program causes the diagnostic; empty for all but a few, and then there is no program.
   std::string neverIssued;
   std::vector<unsigned> related;
   /// The options that the program needs.

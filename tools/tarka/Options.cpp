@@ -170,6 +170,15 @@ constexpr Option table[] = {
      .value = "NAME", .help = "the file that standard input, given as -, stands for",
      .set = assign<&Request::stdinName>},
 
+    // Configuration files.
+    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = readers,
+     .value = "FILE", .help = "use FILE instead of the tarka.toml above each program",
+     .set = assign<&Request::config>},
+    {.name = "no-config", .isConfigurable = false, .commands = readers,
+     .help = "use no tarka.toml", .set = assign<&Request::noConfig>},
+    {.name = "force", .isConfigurable = false, .commands = setOf(Command::Init),
+     .help = "overwrite a tarka.toml that is there", .set = assign<&Request::force>},
+
     // What check does.
     {.name = "verify", .isConfigurable = false, .commands = check,
      .help = "compare the report with the expectations in the source: *> expect: NUMBER",
@@ -239,7 +248,7 @@ constexpr Option table[] = {
     {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
      .set = assign<&Request::color>},
-    {.name = "output", .letter = 'o', .type = OptionType::Path,
+    {.name = "output", .letter = 'o', .type = OptionType::Path, .isConfigurable = false,
      .commands = readers | setOf(Command::Explain) | setOf(Command::Generate), .value = "FILE",
      .group = reportGroup, .help = "write to FILE instead", .set = assign<&Request::output>},
     {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
@@ -330,7 +339,9 @@ constexpr CommandInfo commandTable[] = {
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
     {Command::Expand, "expand", "print FILE as it stands after COPY and REPLACE"},
-    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that draws it"},
+    {Command::Init, "init", "write a tarka.toml after a look at the sources"},
+    {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
+    {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
     {Command::Generate, "generate", "print a shell completion, or write the man pages"},
 };
 // clang-format on

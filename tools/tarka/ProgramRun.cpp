@@ -1,6 +1,7 @@
 //===- ProgramRun.cpp - a run over many programs --------------------------===//
 
 #include "ProgramRun.h"
+#include "Progress.h"
 #include "Workers/Interrupt.h"
 #include "Workers/WorkerPool.h"
 #include "llvm/Support/ErrorHandling.h"
@@ -75,7 +76,8 @@ public:
         pool({.jobs = request.jobs,
               .maxSeconds = request.timeLimit,
               .maxBytes = request.memoryLimit * megabyte,
-              .reservedBytes = compilationStack}) {}
+              .reservedBytes = compilationStack}),
+        progress(request) {}
 
   int run();
 
@@ -89,6 +91,7 @@ private:
   llvm::function_ref<bool(const ProgramResult &)> take;
   KnownAnswer known;
   WorkerPool pool;
+  Progress progress;
   bool hasMore = true;
 };
 
@@ -96,11 +99,13 @@ int ProgramRun::run() {
   Interrupt interrupt;
   startMore();
   while (!pool.isEmpty() && !interrupt.getSignal()) {
-    pool.wait(interrupt.getDescriptor());
+    pool.wait(interrupt.getDescriptor(), progress.untilUpdate());
     while (std::optional<WorkerResult> result = pool.take())
       if (!pass(*result))
         return 0;
     startMore();
+    const auto [slowest, seconds] = pool.getSlowest();
+    progress.update(pool.getEnded(), slowest, seconds);
   }
   if (interrupt.getSignal())
     while (std::optional<WorkerResult> result = pool.takeEnded())
@@ -127,6 +132,7 @@ void ProgramRun::startMore() {
 
 /// Passes on what a worker printed and answered; false when the run is not to go on.
 bool ProgramRun::pass(const WorkerResult &result) {
+  progress.clear();
   bool isWritten = print(llvm::outs(), result.out);
   isWritten &= print(llvm::errs(), result.err);
   ProgramResult program{result.name, result.answer, result.value, describeFailure(result, request)};

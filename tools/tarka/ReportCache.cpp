@@ -184,26 +184,28 @@ ReportCache::ReportCache(const Request &driverRequest)
   }
   KeyWriter key;
   addBuild(key);
-  addOptions(key, request);
-  common = key.take();
+  build = key.take();
 }
 
-std::string ReportCache::pathOf(llvm::StringRef file, llvm::StringRef digest) const {
+std::string ReportCache::pathOf(const Request &own, llvm::StringRef file,
+                                llvm::StringRef digest) const {
   KeyWriter key;
+  key.add(build);
+  addOptions(key, own);
   key.add(file);
   key.add(digest);
   llvm::SmallString<128> path(directory);
-  llvm::sys::path::append(path, prefix + digestOf(common + key.take()));
+  llvm::sys::path::append(path, prefix + digestOf(key.take()));
   return std::string(path);
 }
 
-std::optional<std::string> ReportCache::find(const std::string &file) {
+std::optional<std::string> ReportCache::find(const Request &own, const std::string &file) {
   if (!isOn || !fs::is_regular_file(file))
     return std::nullopt;
   auto source = llvm::MemoryBuffer::getFile(file);
   if (!source)
     return std::nullopt;
-  auto entry = llvm::MemoryBuffer::getFile(pathOf(file, digestOf((*source)->getBuffer())));
+  auto entry = llvm::MemoryBuffer::getFile(pathOf(own, file, digestOf((*source)->getBuffer())));
   if (!entry)
     return std::nullopt;
   std::vector<Dependency> dependencies;
@@ -227,8 +229,8 @@ std::optional<std::string> ReportCache::find(const std::string &file) {
   return answer;
 }
 
-void ReportCache::store(const std::string &file, DependencyRecorder &dependencies,
-                        llvm::StringRef report) {
+void ReportCache::store(const Request &own, const std::string &file,
+                        DependencyRecorder &dependencies, llvm::StringRef report) {
   if (!isOn)
     return;
   std::vector<Dependency> found = dependencies.getDependencies();
@@ -240,7 +242,7 @@ void ReportCache::store(const std::string &file, DependencyRecorder &dependencie
   // The key has the contents of the program itself.
   const std::string digest = source->digest;
   found.erase(source);
-  OutputFile output(pathOf(file, digest));
+  OutputFile output(pathOf(own, file, digest));
   if (!output.stream())
     return;
   *output.stream() << makeEntry(found, report);

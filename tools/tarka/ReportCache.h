@@ -25,22 +25,24 @@ public:
   /// Whether reports are kept in a run of \p request: standard input and changed sources are not.
   static bool isWanted(const Request &request);
 
-  /// The bytes that serialize() made of the report of \p file, when it would be the same now.
-  std::optional<std::string> find(const std::string &file);
-  /// Keeps \p report, which is of \p file and serialized, with what its compilation read.
-  void store(const std::string &file, DependencyRecorder &dependencies, llvm::StringRef report);
+  /// The bytes that serialize() made of the report of \p file with the options of \p own, when it
+  /// would be the same now.
+  std::optional<std::string> find(const Request &own, const std::string &file);
+  /// Keeps \p report, which is that report, with what its compilation read.
+  void store(const Request &own, const std::string &file, DependencyRecorder &dependencies,
+             llvm::StringRef report);
   /// Removes reports that were not used for long, if nobody did that recently.
   void prune();
 
 private:
   /// The path of the entry of \p file with the contents of \p digest.
-  std::string pathOf(llvm::StringRef file, llvm::StringRef digest) const;
+  std::string pathOf(const Request &own, llvm::StringRef file, llvm::StringRef digest) const;
 
   const Request &request;
   bool isOn;
   llvm::SmallString<128> directory;
-  /// What all keys of the run have in common.
-  std::string common;
+  /// Identifies this build of the program.
+  std::string build;
   /// Copybooks and directories are looked at once in a run.
   llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> fileSystem;
   DependencyChecker checker;

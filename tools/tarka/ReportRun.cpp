@@ -87,6 +87,7 @@ ReportRun::ReportRun(const Request &driverRequest) : request(driverRequest) {
   options.record = request.writeBaseline.empty() ? nullptr : &record;
   options.maxErrors = request.maxErrors;
   options.mergeCopybooks = namesSeveralPrograms(request.files);
+  options.listPrograms = isForMachines(formOf(request));
   reporter = std::make_unique<Reporter>(*sink, options);
   reporter->begin({TARKA_VERSION, request.commandLine});
 }

@@ -244,7 +244,7 @@ TEST_F(EnvironmentParseTest, headersThatAreMissingOrElsewhere) {
   parseEnvironment("SPECIAL-NAMES. CONSOLE IS CRT.\nFILE-CONTROL. SELECT A ASSIGN X.\n"
                    "CONFIGURATION SECTION\nSPECIAL-NAMES. SYSIN IS CARDS\n"
                    "SCREEN SECTION.\n WHAT. EVER.\n");
-  EXPECT_EQ(reported(), "231@3:1 231@4:1 230@5:1 220@6:1 230@6:1 220@7:1 232@7:1");
+  EXPECT_EQ(reported(), "231@3:1 231@4:1 220@6:1 230@6:1 220@7:1 232@7:1");
   EXPECT_EQ(unit->getEnvironmentDivision()
                 ->getConfigurationSection()
                 ->getSpecialNames()

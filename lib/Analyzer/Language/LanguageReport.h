@@ -11,8 +11,8 @@
 
 namespace tarka {
 
-/// Collects the diagnostics of the second pass. One mistake draws one message: a node in which an
-/// earlier pass has reported something is left alone.
+/// Collects the diagnostics of the second pass. One mistake gets one message: a node in which an
+/// earlier pass has reported something is skipped.
 class LanguageReport {
 public:
   explicit LanguageReport(const EarlierDiagnostics &earlier);
@@ -22,7 +22,7 @@ public:
   /// Whether an earlier pass has reported something that begins within \p node.
   bool isReported(const Node &node) const;
 
-  /// Reports that \p rule is broken at \p node, unless it is left alone or is not in the source.
+  /// Reports that \p rule is broken at \p node, unless it is skipped or is not in the source.
   /// \p arguments fill in the format of the rule. Gives the entry, or null.
   template <typename... Arguments>
   ErrorEntry *report(LanguageRule rule, Node &node, Arguments &&...arguments) {
