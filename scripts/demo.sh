@@ -22,7 +22,8 @@ show() {
 
 show 0 "A daily update of a customer master, 300 lines with two copybooks: nothing to report." \
   check update/CUSTUPD.cbl
-show 1 "The same program with seven mistakes, and where they are:" check update/CUSTUPDX.cbl
+show 1 "The same program with seven mistakes, and where they are, as a terminal shows them:" \
+  check --format=pretty update/CUSTUPDX.cbl
 show 0 "The control-flow graph of one paragraph of a premium calculation:" \
   cfg --paragraph FIND-RATE premium/PREMIUM.cbl
 show 0 "Where the bytes of one of its records lie:" layout --record POLICY premium/PREMIUM.cbl

@@ -31,6 +31,9 @@ class ReferenceModifier;
 
 class Condition;
 
+class EmbeddedCommand;
+class ExecStatement;
+
 class Statement;
 class ExceptionHandler;
 class MoveStatement;

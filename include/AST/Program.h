@@ -83,12 +83,15 @@ public:
   TARKA_FIELD(DataDivision *, dataDivision, DataDivision)
   TARKA_FIELD(ProcedureDivision *, procDivision, ProcDivision)
   TARKA_LIST(SourceUnit, nestedUnits, NestedList)
+  /// The EXEC blocks among the data entries, in source order.
+  TARKA_LIST_ADD(ExecStatement, dataBlocks, DataBlock, DataBlock)
 
 private:
   EnvironmentDivision *environmentDivision = nullptr;
   DataDivision *dataDivision = nullptr;
   ProcedureDivision *procDivision = nullptr;
   std::list<SourceUnit *> nestedUnits;
+  LazyList<ExecStatement> dataBlocks;
   IdentificationDivision *idDivision;
   SourceUnit *parent;
   std::list<std::string> callableList;

@@ -533,11 +533,14 @@ public:
       : StatementOf(at), type(language), text(&internString(body)) {}
 
   TARKA_FIELD(ExecType, type, Type)
+  /// What the text says; null for a language that is not read, and for text that is no command.
+  TARKA_FIELD(EmbeddedCommand *, command, Command)
 
   const std::string &getText() const { return *text; }
 
 private:
   ExecType type = ExecType::Other;
+  EmbeddedCommand *command = nullptr;
   const std::string *text;
 };
 

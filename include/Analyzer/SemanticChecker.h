@@ -68,6 +68,7 @@ class DisplayStatement;
 class DivideStatement;
 class EntryStatement;
 class EvaluateStatement;
+class ExecStatement;
 class ExamineStatement;
 class ExhibitStatement;
 class GobackStatement;
@@ -551,6 +552,8 @@ public:
   bool semanticCheck(EntryStatement &statement);
   /// EVALUATE: subjects and objects, and that they can be compared.
   bool semanticCheck(EvaluateStatement &statement);
+  /// Binds the operands of the block's command. Reports nothing.
+  bool semanticCheck(ExecStatement &statement);
   /// EXAMINE, whose count goes to TALLY.
   bool semanticCheck(ExamineStatement &statement);
   /// EXHIBIT, which is converted to DISPLAY, IF and MOVE statements.

@@ -164,6 +164,8 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
     createSpecialRegister(registers->getWorkSection());
     unit.setDataDivision(registers);
   }
+  for (ExecStatement *block : unit.getDataBlockElements())
+    semanticCheck(*block);
   if (ProcedureDivision *procedure = unit.getProcDivision())
     ok &= semanticCheck(*procedure);
   sizeXmlText(state->xmlText);

@@ -1,9 +1,10 @@
 //===- Lexer.cpp - the tokens of one file ---------------------------------===//
 
 #include "Parse/Lexer.h"
+#include "AST/CicsCommands.h"
 #include "Parse/CharacterTable.h"
+#include "Parse/EmbeddedLines.h"
 #include "Parse/SourceFile.h"
-#include "Parse/SuppliedText.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
 #include <cstring>
@@ -458,7 +459,8 @@ void Lexer::readCicsConstant(Token &token) {
   place.endLine = close.place.endLine;
   place.endColumn = close.place.endColumn;
 
-  std::optional<unsigned> number = cicsConstant(token.keyword, name);
+  const std::optional<unsigned> number =
+      token.is(Keyword::Dfhresp) ? cicsCondition(name) : cicsState(name);
   if (!context.options.cics) {
     context.diagnostics.report(DiagnosticId::CicsConstantWithoutOption, place,
                                (token.text + "(" + name + ")").str());
@@ -494,10 +496,32 @@ size_t Lexer::findMisspeltEnd(llvm::StringRef line) const {
   return text.end() - line.begin();
 }
 
+/// Where END-EXEC begins in \p line: a word of its own, and not inside of a literal that ends on
+/// the line. npos without one.
+static size_t findEndExec(llvm::StringRef line) {
+  constexpr llvm::StringLiteral terminator = "END-EXEC";
+  size_t checked = 0; // no literal is open here
+  for (size_t at = 0; (at = line.find_insensitive(terminator, at)) != llvm::StringRef::npos; ++at) {
+    llvm::StringRef after = line.substr(at + terminator.size());
+    if ((at > 0 && isWordCharacter(line[at - 1])) ||
+        (!after.empty() && isWordCharacter(after.front())))
+      continue;
+    while (checked <= at) {
+      const size_t quote = line.find_first_of("'\"", checked);
+      if (quote == llvm::StringRef::npos || quote > at)
+        return at;
+      const size_t close = line.find(line[quote], quote + 1);
+      if (close == llvm::StringRef::npos)
+        return at;
+      checked = close + 1;
+    }
+  }
+  return llvm::StringRef::npos;
+}
+
 /// Reads what stands before END-EXEC as one token, which may be empty.
 void Lexer::readEmbeddedText(Token &token) {
   state = State::Plain;
-  constexpr llvm::StringLiteral terminator = "END-EXEC";
   llvm::SmallString<256> joined;
   SourceRange place;
   const char *firstByte = nullptr;
@@ -505,6 +529,24 @@ void Lexer::readEmbeddedText(Token &token) {
   unsigned pieces = 0;
   bool isTerminated = false;
   bool isAtProgram = false;
+  llvm::SmallVector<EmbeddedRun, 16> runs;
+
+  auto noteRuns = [&](llvm::StringRef piece, size_t offset) {
+    const SourceRange whole = lines.rangeOf(piece.begin(), piece.end() - 1);
+    runs.push_back({static_cast<std::uint32_t>(offset), whole.beginLine, whole.beginColumn});
+    const bool isSimple =
+        whole.beginLine == whole.endLine && whole.endColumn - whole.beginColumn + 1 == piece.size();
+    if (isSimple || lines.hasControlBytes())
+      return;
+    // Tabs, characters of several bytes, continued lines.
+    for (const char &c : piece.drop_front()) {
+      const SourceRange at = lines.rangeOf(&c, &c);
+      const auto here = static_cast<std::uint32_t>(offset + (&c - piece.begin()));
+      const EmbeddedRun &run = runs.back();
+      if (at.beginLine != run.line || at.beginColumn != run.column + (here - run.offset))
+        runs.push_back({here, at.beginLine, at.beginColumn});
+    }
+  };
 
   auto append = [&](llvm::StringRef piece) {
     llvm::StringRef trimmed = piece.trim(" \t\f\v");
@@ -518,6 +560,7 @@ void Lexer::readEmbeddedText(Token &token) {
       joined += '\n';
     }
     // Indentation inside the text stays, for languages in which lines matter.
+    noteRuns(trimmed, joined.size() + (pieces == 1 ? 0 : trimmed.begin() - piece.begin()));
     joined += pieces == 1 ? trimmed : piece.rtrim(" \t\f\v");
     place.endLine = range.endLine;
     place.endColumn = range.endColumn;
@@ -526,16 +569,7 @@ void Lexer::readEmbeddedText(Token &token) {
 
   for (;;) {
     llvm::StringRef rest(scanner.getCursor(), scanner.getEnd() - scanner.getCursor());
-    size_t end = 0;
-    for (;; ++end) {
-      end = rest.find_insensitive(terminator, end);
-      if (end == llvm::StringRef::npos)
-        break;
-      llvm::StringRef after = rest.substr(end + terminator.size());
-      if ((end == 0 || !isWordCharacter(rest[end - 1])) &&
-          (after.empty() || !isWordCharacter(after.front())))
-        break;
-    }
+    const size_t end = findEndExec(rest);
     append(rest.take_front(end));
     isTerminated = end != llvm::StringRef::npos;
     if (isTerminated) {
@@ -581,6 +615,11 @@ void Lexer::readEmbeddedText(Token &token) {
     token.flags |= Token::Continued;
   }
   token.spelling = token.text;
+  auto *kept = static_cast<EmbeddedRun *>(
+      allocateForever(runs.size() * sizeof(EmbeddedRun), alignof(EmbeddedRun)));
+  std::uninitialized_copy(runs.begin(), runs.end(), kept);
+  token.embedded = new (allocateForever(sizeof(EmbeddedLines), alignof(EmbeddedLines)))
+      EmbeddedLines(token.text, token.place.file, {kept, runs.size()});
 }
 
 /// Whether the line that was just read begins with a header: in fixed form anything in area A, in

@@ -1,9 +1,27 @@
 //===- ParseEmbedded.cpp - blocks of embedded languages -----------------===//
 
+#include "Parse/Embedded/EmbeddedParser.h"
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParserBase.h"
+#include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
+
+/// The command that a block of \p language holds; null where it is not understood.
+static EmbeddedCommand *parseCommand(ParserContext &context, ExecType language,
+                                     const EmbeddedSource &source) {
+  switch (language) {
+  case ExecType::Cics:
+    return parseCicsCommand(context, source);
+  case ExecType::Sql:
+    return parseSqlCommand(context, source);
+  case ExecType::Dli:
+    return parseDliCommand(context, source);
+  case ExecType::Other:
+    return nullptr;
+  }
+  llvm_unreachable("every language is handled");
+}
 
 /// EXEC language text END-EXEC
 ExecStatement *ParserBase::parseEmbeddedBlock() {
@@ -19,20 +37,26 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
   context.isTranslated |= type == ExecType::Cics || type == ExecType::Dli;
   stream.skip();
   llvm::StringRef text;
+  EmbeddedCommand *command = nullptr;
   if (at(TokenKind::EmbeddedText)) {
     text = peek().text;
+    if (!text.empty())
+      command = parseCommand(context, type, {text, *peek().embedded});
     stream.skip();
   }
   // The stream has reported an END-EXEC that is missing. Without it the text may have taken the
   // period, and ends of statements, with it.
   if (!accept(Keyword::EndExec) && !at(TokenKind::Period))
     recovery.noteUnknownStatement();
-  return make<ExecStatement>(begin, type, text);
+  auto *block = make<ExecStatement>(begin, type, text);
+  block->setCommand(command);
+  return block;
 }
 
 bool ParserBase::skipEmbeddedBlock() {
   if (at(Keyword::Exec, Keyword::Execute)) {
-    parseEmbeddedBlock();
+    if (ExecStatement *block = parseEmbeddedBlock(); block && context.unit)
+      context.unit->addDataBlock(block);
   } else {
     bool isMisspelt = peek().isUserWord() &&
                       peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) &&

@@ -30,10 +30,13 @@
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/SmallSet.h"
 #include <bitset>
+#include <memory>
 #include <optional>
 #include <utility>
 
 namespace tarka {
+
+class EmbeddedScratch;
 
 /// An FD or SD entry whose name could not be read.
 struct NamelessFile {
@@ -74,6 +77,8 @@ struct ParserContext {
   std::pair<unsigned, unsigned> lastCutLine;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
+  /// The parser of their operands; null before the first one.
+  std::shared_ptr<EmbeddedScratch> embeddedScratch;
   /// Whether the translator of CICS reads the outermost program.
   bool isTranslated = false;
   /// The header of the procedure division that was read last.

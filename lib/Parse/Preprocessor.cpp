@@ -2,6 +2,7 @@
 
 #include "Parse/Preprocessor.h"
 #include "Parse/BmsMap.h"
+#include "Parse/EmbeddedLines.h"
 #include "Parse/Expansion.h"
 #include "Parse/Lexer.h"
 #include "Parse/Replacer.h"
@@ -28,6 +29,8 @@ public:
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
+  void scan(llvm::StringRef text, const EmbeddedLines &places,
+            llvm::SmallVectorImpl<Token> &tokens);
   void reportCutLines() { diagnostics.reportCutLines(); }
   OpenConstructs &getOpenConstructs() { return diagnostics.getOpenConstructs(); }
   void skipRemark() { levels.back()->lexer.skipRemark(); }
@@ -725,11 +728,51 @@ TokenStream::TokenStream(const SourceFile &main, SourceManager &files,
                          FrontEndDiagnostics &diagnostics, Expansion *record)
     : source(std::make_unique<Preprocessor>(main, files, diagnostics, record)) {}
 
+TokenStream::TokenStream(TokenStream &enclosing) : outer(&enclosing) {}
+
 TokenStream::~TokenStream() = default;
 
+void TokenStream::setTokens(llvm::ArrayRef<Token> tokens) {
+  given = tokens;
+  first = count = 0;
+  if (!tokens.empty())
+    last = tokens.front().place;
+}
+
 void TokenStream::fill(unsigned wanted) {
-  for (; count < wanted; ++count)
-    source->next(ring[(first + count) % lookAhead]);
+  for (; count < wanted; ++count) {
+    Token &token = ring[(first + count) % lookAhead];
+    if (source) {
+      source->next(token);
+    } else if (!given.empty()) {
+      token = given.front();
+      given = given.drop_front();
+    } else {
+      token = Token();
+      token.place = last;
+    }
+  }
+}
+
+/// Makes tokens of \p text, of which each line is scanned by itself, as the lexer does.
+void Preprocessor::scan(llvm::StringRef text, const EmbeddedLines &places,
+                        llvm::SmallVectorImpl<Token> &tokens) {
+  Scanner scanner(context.words, /*keepsCommas=*/false);
+  scanner.setDecimalPointIsComma(context.decimalPointIsComma);
+  while (!text.empty()) {
+    auto [line, rest] = text.split('\n');
+    scanner.setText(line.begin(), line.end());
+    for (Token token; scanner.scan(token); token = Token()) {
+      token.place = places.rangeOf(token.spelling);
+      tokens.push_back(token);
+    }
+    text = rest;
+  }
+}
+
+void TokenStream::scanEmbedded(llvm::StringRef text, const EmbeddedLines &places,
+                               llvm::SmallVectorImpl<Token> &tokens) {
+  source->scan(text, places, tokens);
 }
 
 void TokenStream::correct(Keyword meant) {
@@ -749,11 +792,11 @@ void TokenStream::setDecimalPointIsComma(bool on) {
 }
 
 const SourceDiagnostics &TokenStream::getSourceDiagnostics() const {
-  return source->getDiagnostics();
+  return outer ? outer->getSourceDiagnostics() : source->getDiagnostics();
 }
 
 OpenConstructs &TokenStream::getOpenConstructs() {
-  return source->getOpenConstructs();
+  return outer ? outer->getOpenConstructs() : source->getOpenConstructs();
 }
 
 void TokenStream::reportCutLines() {
@@ -761,7 +804,7 @@ void TokenStream::reportCutLines() {
 }
 
 const ParseOptions &TokenStream::getOptions() const {
-  return source->getOptions();
+  return outer ? outer->getOptions() : source->getOptions();
 }
 
 void TokenStream::skipRemark() {

@@ -13,6 +13,8 @@
 #include "Parse/Keywords.h"
 #include "Parse/SourceFile.h"
 #include "Parse/Token.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/SmallVector.h"
 #include <array>
 #include <cassert>
 #include <memory>
@@ -41,7 +43,13 @@ public:
   /// \p files, \p diagnostics and \p record must outlive the stream.
   TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics,
               Expansion *record = nullptr);
+  /// A stream of the tokens that setTokens() gives it. \p enclosing, from which they come, must
+  /// outlive it.
+  explicit TokenStream(TokenStream &enclosing);
   ~TokenStream();
+
+  /// Begins anew with \p tokens, which must live until the next ones are set.
+  void setTokens(llvm::ArrayRef<Token> tokens);
 
   /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
   /// is valid until the next call of a function of the stream.
@@ -96,6 +104,10 @@ public:
   /// The options given, and those that CBL and PROCESS lines turned on.
   const ParseOptions &getOptions() const;
 
+  /// Adds to \p tokens those of \p text, the text of an embedded block, read as COBOL text.
+  void scanEmbedded(llvm::StringRef text, const EmbeddedLines &places,
+                    llvm::SmallVectorImpl<Token> &tokens);
+
   /// Reports the lines that are cut at column 72, when the parser has read everything.
   void reportCutLines();
 
@@ -107,7 +119,9 @@ public:
 private:
   void fill(unsigned wanted);
 
-  std::unique_ptr<Preprocessor> source;
+  std::unique_ptr<Preprocessor> source; ///< null for a stream of given tokens
+  TokenStream *outer = nullptr;         ///< of a stream of given tokens
+  llvm::ArrayRef<Token> given;
   std::array<Token, lookAhead> ring;
   unsigned first = 0;
   unsigned count = 0;

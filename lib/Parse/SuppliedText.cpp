@@ -1,7 +1,6 @@
 //===- SuppliedText.cpp - copybooks that come with CICS and DB2 -----------===//
 
 #include "Parse/SuppliedText.h"
-#include "AST/Spelling.h"
 #include "Parse/ParseOptions.h"
 #include "llvm/ADT/STLExtras.h"
 
@@ -246,155 +245,6 @@ constexpr SuppliedCopybook copybooks[] = {
     {"SQLDA", SupplyOption::Sql, sqlda},
 };
 
-//===----------------------------------------------------------------------===//
-// Constants
-//===----------------------------------------------------------------------===//
-
-struct CicsConstant {
-  llvm::StringLiteral name;
-  unsigned value;
-};
-
-/// The conditions that a command can raise, for DFHRESP.
-constexpr CicsConstant conditions[] = {{"NORMAL", 0},
-                                       {"ERROR", 1},
-                                       {"RDATT", 2},
-                                       {"WRBRK", 3},
-                                       {"EOF", 4},
-                                       {"EODS", 5},
-                                       {"EOC", 6},
-                                       {"INBFMH", 7},
-                                       {"ENDINPT", 8},
-                                       {"NONVAL", 9},
-                                       {"NOSTART", 10},
-                                       {"TERMIDERR", 11},
-                                       {"DSIDERR", 12},
-                                       {"FILENOTFOUND", 12},
-                                       {"NOTFND", 13},
-                                       {"DUPREC", 14},
-                                       {"DUPKEY", 15},
-                                       {"INVREQ", 16},
-                                       {"IOERR", 17},
-                                       {"NOSPACE", 18},
-                                       {"NOTOPEN", 19},
-                                       {"ENDFILE", 20},
-                                       {"ILLOGIC", 21},
-                                       {"LENGERR", 22},
-                                       {"QZERO", 23},
-                                       {"SIGNAL", 24},
-                                       {"QBUSY", 25},
-                                       {"ITEMERR", 26},
-                                       {"PGMIDERR", 27},
-                                       {"TRANSIDERR", 28},
-                                       {"ENDDATA", 29},
-                                       {"INVTSREQ", 30},
-                                       {"EXPIRED", 31},
-                                       {"RETPAGE", 32},
-                                       {"RTEFAIL", 33},
-                                       {"RTESOME", 34},
-                                       {"TSIOERR", 35},
-                                       {"MAPFAIL", 36},
-                                       {"INVERRTERM", 37},
-                                       {"INVMPSZ", 38},
-                                       {"IGREQID", 39},
-                                       {"OVERFLOW", 40},
-                                       {"INVLDC", 41},
-                                       {"NOSTG", 42},
-                                       {"JIDERR", 43},
-                                       {"QIDERR", 44},
-                                       {"NOJBUFSP", 45},
-                                       {"DSSTAT", 46},
-                                       {"SELNERR", 47},
-                                       {"FUNCERR", 48},
-                                       {"UNEXPIN", 49},
-                                       {"NOPASSBKRD", 50},
-                                       {"NOPASSBKWR", 51},
-                                       {"SEQIDERR", 52},
-                                       {"SYSIDERR", 53},
-                                       {"ISCINVREQ", 54},
-                                       {"ENQBUSY", 55},
-                                       {"ENVDEFERR", 56},
-                                       {"IGREQCD", 57},
-                                       {"SESSIONERR", 58},
-                                       {"SYSBUSY", 59},
-                                       {"SESSBUSY", 60},
-                                       {"NOTALLOC", 61},
-                                       {"CBIDERR", 62},
-                                       {"INVEXITREQ", 63},
-                                       {"INVPARTNSET", 64},
-                                       {"INVPARTN", 65},
-                                       {"PARTNFAIL", 66},
-                                       {"USERIDERR", 69},
-                                       {"NOTAUTH", 70},
-                                       {"VOLIDERR", 71},
-                                       {"SUPPRESSED", 72},
-                                       {"NOSPOOL", 80},
-                                       {"TERMERR", 81},
-                                       {"ROLLEDBACK", 82},
-                                       {"END", 83},
-                                       {"DISABLED", 84},
-                                       {"ALLOCERR", 85},
-                                       {"STRELERR", 86},
-                                       {"OPENERR", 87},
-                                       {"SPOLBUSY", 88},
-                                       {"SPOLERR", 89},
-                                       {"NODEIDERR", 90},
-                                       {"TASKIDERR", 91},
-                                       {"TCIDERR", 92},
-                                       {"DSNNOTFOUND", 93},
-                                       {"LOADING", 94},
-                                       {"MODELIDERR", 95},
-                                       {"OUTDESCRERR", 96},
-                                       {"PARTNERIDERR", 97},
-                                       {"PROFILEIDERR", 98},
-                                       {"NETNAMEIDERR", 99},
-                                       {"LOCKED", 100},
-                                       {"RECORDBUSY", 101},
-                                       {"UOWNOTFOUND", 102},
-                                       {"UOWLNOTFOUND", 103},
-                                       {"LINKABEND", 104},
-                                       {"CHANGED", 105},
-                                       {"PROCESSBUSY", 106},
-                                       {"ACTIVITYBUSY", 107},
-                                       {"PROCESSERR", 108},
-                                       {"ACTIVITYERR", 109},
-                                       {"CONTAINERERR", 110},
-                                       {"EVENTERR", 111},
-                                       {"TOKENERR", 112},
-                                       {"NOTFINISHED", 113},
-                                       {"POOLERR", 114},
-                                       {"TIMERERR", 115},
-                                       {"SYMBOLERR", 116},
-                                       {"TEMPLATERR", 117},
-                                       {"NOTSUPERUSER", 118},
-                                       {"CSDERR", 119},
-                                       {"DUPRES", 120},
-                                       {"RESUNAVAIL", 121},
-                                       {"CHANNELERR", 122},
-                                       {"CCSIDERR", 123},
-                                       {"TIMEDOUT", 124},
-                                       {"CODEPAGEERR", 125},
-                                       {"INCOMPLETE", 126},
-                                       {"APPNOTFOUND", 127},
-                                       {"BUSY", 128}};
-
-/// States of resources and conversations, for DFHVALUE. There are several hundred, these are the
-/// ones that application programs ask about.
-constexpr CicsConstant states[] = {
-    {"NOTAPPLIC", 1},     {"BDAM", 2},       {"VSAM", 3},          {"REMOTE", 4},
-    {"ESDS", 5},          {"KSDS", 6},       {"RRDS", 7},          {"OPEN", 18},
-    {"CLOSED", 19},       {"OPENING", 20},   {"CLOSING", 21},      {"CLOSEREQUEST", 22},
-    {"ENABLED", 23},      {"DISABLED", 24},  {"DISABLING", 25},    {"RECOVERABLE", 29},
-    {"NOTRECOVABLE", 30}, {"EXCTL", 31},     {"NOTEXCTL", 32},     {"UNENABLED", 33},
-    {"UNENABLING", 34},   {"READABLE", 35},  {"NOTREADABLE", 36},  {"UPDATABLE", 37},
-    {"NOTUPDATABLE", 38}, {"BROWSABLE", 39}, {"NOTBROWSABLE", 40}, {"ADDABLE", 41},
-    {"NOTADDABLE", 42},   {"DELETABLE", 43}, {"NOTDELETABLE", 44}, {"ACQUIRED", 69},
-    {"RELEASED", 70},     {"ACQUIRING", 71}, {"INSERVICE", 73},    {"OUTSERVICE", 74},
-    {"ALLOCATED", 81},    {"CONFFREE", 82},  {"CONFRECEIVE", 83},  {"CONFSEND", 84},
-    {"FREE", 85},         {"PENDFREE", 86},  {"PENDRECEIVE", 87},  {"RECEIVE", 88},
-    {"ROLLBACK", 89},     {"SEND", 90},      {"SYNCFREE", 91},     {"SYNCRECEIVE", 92},
-    {"SYNCSEND", 93}};
-
 } // namespace
 
 bool SuppliedCopybook::isWanted(const ParseOptions &options) const {
@@ -406,26 +256,6 @@ const SuppliedCopybook *findSuppliedCopybook(llvm::StringRef name) {
     return name.equals_insensitive(copybook.name);
   });
   return found == std::end(copybooks) ? nullptr : found;
-}
-
-std::optional<unsigned> cicsConstant(Keyword keyword, llvm::StringRef name) {
-  llvm::ArrayRef<CicsConstant> table = conditions;
-  if (keyword == Keyword::Dfhvalue)
-    table = states;
-  const auto *found = llvm::find_if(table, [name](const CicsConstant &constant) {
-    return name.equals_insensitive(constant.name);
-  });
-  if (found == table.end())
-    return std::nullopt;
-  return found->value;
-}
-
-llvm::StringRef nearestCicsCondition(llvm::StringRef name) {
-  std::string upper = name.upper();
-  SpellingMatch match(upper);
-  for (const CicsConstant &condition : conditions)
-    match.consider(condition.name);
-  return match.getNearest();
 }
 
 } // namespace tarka

@@ -10,7 +10,6 @@
 
 #include "Parse/Keywords.h"
 #include "llvm/ADT/StringRef.h"
-#include <optional>
 #include <string>
 
 namespace tarka {
@@ -44,13 +43,6 @@ inline bool isSuppliedFileName(llvm::StringRef name) {
 
 /// The supplied copybook \p name, in upper or lower case; null when there is none.
 const SuppliedCopybook *findSuppliedCopybook(llvm::StringRef name);
-
-/// The number that \p name stands for in DFHRESP(name) or DFHVALUE(name), as \p keyword says.
-std::optional<unsigned> cicsConstant(Keyword keyword, llvm::StringRef name);
-
-/// The name of a condition that \p name in DFHRESP was most likely meant to be; empty when none is
-/// near.
-llvm::StringRef nearestCicsCondition(llvm::StringRef name);
 
 } // namespace tarka
 

@@ -78,13 +78,13 @@ std::string describe(const Token &token) {
 }
 
 const std::string *Token::getInternedText() const {
-  return interned ? interned : &internString(text);
+  return isWord() && interned ? interned : &internString(text);
 }
 
 const std::string *Token::getInternedSpelling() const {
   // Of most words the text is the spelling itself.
   bool isSame = text.data() == spelling.data() && text.size() == spelling.size();
-  return interned && isSame ? interned : &internString(spelling);
+  return isWord() && interned && isSame ? interned : &internString(spelling);
 }
 
 } // namespace tarka

@@ -16,6 +16,8 @@
 
 namespace tarka {
 
+class EmbeddedLines;
+
 enum class TokenKind : uint8_t {
   EndOfFile,
   Word,                ///< a user word or a keyword
@@ -67,8 +69,12 @@ struct Token {
   llvm::StringRef text;
   /// The text as written.
   llvm::StringRef spelling;
-  /// The text of a word at its interned address, null for everything else.
-  const std::string *interned = nullptr;
+  union {
+    /// The text of a word at its interned address, null for everything but an EmbeddedText.
+    const std::string *interned = nullptr;
+    /// Where the characters of an EmbeddedText stand in the source.
+    const EmbeddedLines *embedded;
+  };
   SourceRange place;
   /// Keyword::None for everything that is not a word, and for user words.
   Keyword keyword = Keyword::None;

@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CFG.h"
 #include "Flow/FlowFacts.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/STLExtras.h"
@@ -18,17 +19,13 @@ namespace tarka {
 
 namespace {
 
-std::string inUtf8(llvm::StringRef text) {
-  return llvm::json::isUTF8(text) ? text.str() : llvm::json::fixUTF8(text);
-}
-
 /// What the two forms say about a graph.
 class Wording {
 public:
   explicit Wording(const FlowModule &described) : flow(described) {}
 
   std::string nameOf(std::uint32_t procedure) const {
-    return inUtf8(flow.procedure(procedure).getName()->getDisplayName());
+    return toUtf8(flow.procedure(procedure).getName()->getDisplayName());
   }
   /// "P", "P THRU Q"
   std::string rangeName(std::uint32_t number) const {
@@ -41,7 +38,7 @@ public:
   std::string describe(std::uint32_t number) const {
     const FlowNode &node = flow.node(number);
     if (node.getKind() == FlowNodeKind::Procedure || node.getKind() == FlowNodeKind::ProcedureEnd)
-      return inUtf8(node.getVerb());
+      return toUtf8(node.getVerb());
     return ("the " + node.getVerb() + " of line " + llvm::Twine(lineOf(number))).str();
   }
 
@@ -187,7 +184,7 @@ public:
 
   void print(const FlowFacts &facts) {
     const FlowGraph &graph = *facts.graph;
-    os << "program " << inUtf8(graph.getName());
+    os << "program " << toUtf8(graph.getName());
     if (!graph.isCalled())
       os << " (nothing calls it)";
     os << '\n';
@@ -249,7 +246,7 @@ private:
       isAny = true;
       os.indent(static_cast<unsigned>(2 + 2 * levels.size())) << words.lineOf(child.node) << ' ';
       if (child.call) {
-        os << "CALL " << inUtf8(child.call->name) << (child.call->isDynamic ? " (identifier)" : "")
+        os << "CALL " << toUtf8(child.call->name) << (child.call->isDynamic ? " (identifier)" : "")
            << '\n';
         continue;
       }
@@ -287,12 +284,12 @@ private:
       if (flow.node(call.node).getParent() != &graph)
         continue;
       isAny = true;
-      os << "    " << words.lineOf(call.node) << ' ' << inUtf8(call.name) << ": " << kindOf(call)
+      os << "    " << words.lineOf(call.node) << ' ' << toUtf8(call.name) << ": " << kindOf(call)
          << '\n';
     }
     for (const CFGEntry *entry : graph.getFunction().getEntryList()) {
       isAny = true;
-      os << "    ENTRY " << inUtf8(entry->getName()) << '\n';
+      os << "    ENTRY " << toUtf8(entry->getName()) << '\n';
     }
     if (!isAny)
       os << "    none\n";
@@ -325,7 +322,7 @@ public:
 
   void print(const CFGModule &module) {
     json.object([&] {
-      json.attribute("name", inUtf8(module.getName()));
+      json.attribute("name", toUtf8(module.getName()));
       json.attributeArray("programs", [&] {
         for (const auto &graph : flow.graphs())
           if (!graph->isReportDeclaratives())
@@ -337,13 +334,13 @@ public:
 private:
   void printPlace(std::uint32_t node) {
     const SourceRange range = flow.node(node).getRange();
-    json.attribute("file", inUtf8(fileNameOf(range.file)));
+    json.attribute("file", toUtf8(fileNameOf(range.file)));
     json.attribute("line", range.beginLine);
   }
 
   void printProgram(const FlowFacts &facts) {
     json.object([&] {
-      json.attribute("name", inUtf8(facts.graph->getName()));
+      json.attribute("name", toUtf8(facts.graph->getName()));
       json.attribute("called", facts.graph->isCalled());
       json.attributeArray("procedures", [&] {
         for (const ProcedureFacts &one : facts.procedures)
@@ -362,7 +359,7 @@ private:
         for (const FlowCall &call : flow.calls())
           if (flow.node(call.node).getParent() == facts.graph)
             json.object([&] {
-              json.attribute(call.isDynamic ? "identifier" : "program", inUtf8(call.name));
+              json.attribute(call.isDynamic ? "identifier" : "program", toUtf8(call.name));
               json.attribute("dynamic", call.isDynamic);
               json.attribute("inCompilation", call.target != nullptr);
               printPlace(call.node);
@@ -370,7 +367,7 @@ private:
       });
       json.attributeArray("entries", [&] {
         for (const CFGEntry *entry : facts.graph->getFunction().getEntryList())
-          json.value(inUtf8(entry->getName()));
+          json.value(toUtf8(entry->getName()));
       });
     });
   }
@@ -382,7 +379,7 @@ private:
       json.attribute("kind", procedure.section ? "section" : "paragraph");
       if (procedure.parent != noFlow)
         json.attribute("section", words.nameOf(procedure.parent));
-      json.attribute("file", inUtf8(fileNameOf(procedure.getRange().file)));
+      json.attribute("file", toUtf8(fileNameOf(procedure.getRange().file)));
       json.attribute("line", procedure.getRange().beginLine);
       json.attribute("reached", one.dead == DeadReason::None);
       if (one.dead != DeadReason::None) {
@@ -424,7 +421,7 @@ private:
   void printChild(const PerformTree::Child &child) {
     json.object([&] {
       if (child.call)
-        json.attribute("call", inUtf8(child.call->name));
+        json.attribute("call", toUtf8(child.call->name));
       else
         json.attribute("range", words.rangeName(child.range));
       printPlace(child.node);

@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Print/GraphLayout.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Format.h"
 #include "llvm/Support/JSON.h"
@@ -148,10 +149,7 @@ public:
 
 private:
   /// Text of the source may be in any encoding; JSON is UTF-8.
-  void text(llvm::StringRef key, llvm::StringRef value) { json.attribute(key, inUtf8(value)); }
-  static std::string inUtf8(llvm::StringRef value) {
-    return llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value);
-  }
+  void text(llvm::StringRef key, llvm::StringRef value) { json.attribute(key, toUtf8(value)); }
 
   bool isShown(const BlockGroup &group) const {
     return view.paragraph.empty() || group.has(view.paragraph);
@@ -237,7 +235,7 @@ private:
       if (!targets.empty())
         json.attributeArray("targets", [&] {
           for (const ProcedureTarget &target : targets)
-            json.value(inUtf8(target.name()));
+            json.value(toUtf8(target.name()));
         });
       if (llvm::StringRef program = calledProgram(*statement); !program.empty())
         text("program", program);

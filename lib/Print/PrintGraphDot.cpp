@@ -12,6 +12,7 @@
 #include "AST/Statement.h"
 #include "Print/GraphLayout.h"
 #include "Print/SourceExcerpts.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/MapVector.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallString.h"
@@ -199,20 +200,15 @@ private:
 // The picture
 //===----------------------------------------------------------------------===//
 
-/// Text of the source may be in any encoding; Graphviz wants UTF-8.
-std::string inUtf8(llvm::StringRef text) {
-  return llvm::json::isUTF8(text) ? text.str() : llvm::json::fixUTF8(text);
-}
-
 std::string forHtml(llvm::StringRef text) {
   std::string result;
   llvm::raw_string_ostream stream(result);
-  llvm::printHTMLEscaped(inUtf8(text), stream);
+  llvm::printHTMLEscaped(toUtf8(text), stream);
   return result;
 }
 
 std::string forQuotes(llvm::StringRef text) {
-  return llvm::DOT::EscapeString(inUtf8(text));
+  return llvm::DOT::EscapeString(toUtf8(text));
 }
 
 class DotPrinter {

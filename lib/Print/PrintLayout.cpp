@@ -4,6 +4,7 @@
 #include "AST/StorageLayout.h"
 #include "Print/LayoutModel.h"
 #include "Print/ReportLayout.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringExtras.h"
@@ -516,11 +517,7 @@ private:
   /// Leaves the field out when there is no text.
   void text(llvm::StringRef key, llvm::StringRef value) {
     if (!value.empty())
-      json.attribute(key, valid(value));
-  }
-  /// JSON is UTF-8, which a source need not be.
-  static std::string valid(llvm::StringRef value) {
-    return llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value);
+      json.attribute(key, toUtf8(value));
   }
   /// Leaves the field out when it does not hold.
   void flag(llvm::StringRef key, bool holds) {
@@ -680,7 +677,7 @@ void JsonPrinter::printOccurs(const DataDescription &entry) {
     if (occurs.getIndexListSize() != 0)
       json.attributeArray("indexes", [&] {
         for (const DataIdentifierExpression *index : occurs.getIndexListElements())
-          json.value(valid(operandText(index)));
+          json.value(toUtf8(operandText(index)));
       });
   });
 }

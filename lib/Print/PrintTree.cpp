@@ -8,6 +8,7 @@
 #include "Analyzer/TopLevel.h"
 #include "Print/LayoutModel.h"
 #include "Print/TreePrinter.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringExtras.h"
@@ -127,7 +128,7 @@ public:
   }
 
   void text(llvm::StringRef name, llvm::StringRef value) override {
-    json.attribute(name, llvm::json::fixUTF8(value));
+    json.attribute(name, toUtf8(value));
   }
   void texts(llvm::StringRef name, llvm::ArrayRef<llvm::StringRef> values) override {
     json.attributeArray(name, [&] {
@@ -158,14 +159,14 @@ public:
 private:
   void tell(const TreeTarget &to) {
     json.object([&] {
-      json.attribute("name", llvm::json::fixUTF8(to.name));
+      json.attribute("name", toUtf8(to.name));
       if (to.place.beginLine)
         begin(to.place);
     });
   }
   void begin(const SourceRange &place) {
     if (const std::string &name = fileNameOf(place.file); name != file)
-      json.attribute("file", llvm::json::fixUTF8(name));
+      json.attribute("file", toUtf8(name));
     json.attribute("line", place.beginLine);
     json.attribute("column", place.beginColumn);
   }
@@ -223,6 +224,7 @@ void TreePrinter::print(llvm::StringRef role, SourceUnit &unit) {
     sink.texts("callable", callable);
   one("", unit.getEnvironmentDivision());
   one("", unit.getDataDivision());
+  all("block", unit.getDataBlockElements());
   one("", unit.getProcDivision());
   all("nested", unit.getNestedListElements());
 }

@@ -278,6 +278,36 @@ void TreePrinter::fields(OnStatement &statement) {
 void TreePrinter::fields(ExecStatement &statement) {
   sink.text("language", nameOf(statement.getType()));
   sink.text("text", statement.getText());
+  one("command", statement.getCommand());
+}
+
+void TreePrinter::print(llvm::StringRef role, EmbeddedCommand &command) {
+  Open node(sink, role, "EmbeddedCommand", command.getRange());
+  sink.text("name", command.getName());
+  if (auto *sql = llvm::dyn_cast<SqlCommand>(&command)) {
+    if (sql->getWhenever() != WheneverCondition::None)
+      sink.text("whenever", nameOf(sql->getWhenever()));
+    if (sql->getColumnCount())
+      sink.number("columns", sql->getColumnCount());
+    all("table", sql->getTableElements());
+  }
+  all("operand", command.getOperandElements());
+}
+
+void TreePrinter::print(llvm::StringRef role, SqlTableUse &table) {
+  Open node(sink, role, "SqlTableUse", table.getRange());
+  sink.text("name", table.getTable());
+  sink.text("access", nameOf(table.getAccess()));
+  words("columns", table.getColumnElements());
+}
+
+void TreePrinter::print(llvm::StringRef role, EmbeddedOperand &operandOfCommand) {
+  Open node(sink, role, "EmbeddedOperand", operandOfCommand.getRange());
+  if (!operandOfCommand.getName().empty())
+    sink.text("option", operandOfCommand.getName());
+  sink.text("effect", nameOf(operandOfCommand.getRole()));
+  name("name", operandOfCommand.getWord());
+  operand("argument", operandOfCommand.getValue());
 }
 
 void TreePrinter::fields(TraceStatement &statement) {

@@ -2,6 +2,7 @@
 
 #include "Print/ReportLayout.h"
 #include "Print/LayoutModel.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/raw_ostream.h"
@@ -331,12 +332,8 @@ void printReportsText(llvm::raw_ostream &os, const SourceUnit &unit) {
 
 namespace {
 
-std::string valid(llvm::StringRef value) {
-  return llvm::json::isUTF8(value) ? value.str() : llvm::json::fixUTF8(value);
-}
-
 void printPlace(llvm::json::OStream &json, const SourceRange &place) {
-  json.attribute("file", valid(fileNameOf(place.file)));
+  json.attribute("file", toUtf8(fileNameOf(place.file)));
   json.attribute("line", place.beginLine);
 }
 
@@ -347,7 +344,7 @@ template <typename Clause> void printNumbers(llvm::json::OStream &json, const Cl
       if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(number))
         json.value(literal->getIntegerValue());
       else
-        json.value(valid(wordsOf(number)));
+        json.value(toUtf8(wordsOf(number)));
   });
   if (clause.isRelative())
     json.attribute("relative", true);
@@ -357,7 +354,7 @@ void printItem(llvm::json::OStream &json, const ReportDataDescription &entry,
                const ReportColumns &columns) {
   json.object([&] {
     json.attribute("level", entry.getLevelNum());
-    json.attribute("name", valid(entryName(entry)));
+    json.attribute("name", toUtf8(entryName(entry)));
     printPlace(json, placeOf(entry));
     if (const ClauseType *type = entry.getTypeClause()) {
       json.attribute("type", nameOf(type->getTypeOption()));
@@ -366,7 +363,7 @@ void printItem(llvm::json::OStream &json, const ReportDataDescription &entry,
       if (type->getControlIdListSize() != 0)
         json.attributeArray("controls", [&] {
           for (const IdentifierExpression *control : type->getControlIdListElements())
-            json.value(valid(wordsOf(control)));
+            json.value(toUtf8(wordsOf(control)));
         });
     }
     if (const ClauseLine *line = entry.getLineClause())
@@ -386,7 +383,7 @@ void printItem(llvm::json::OStream &json, const ReportDataDescription &entry,
           });
       });
     if (entry.getPicture())
-      json.attribute("picture", valid(entry.getPicture()->getCharStringWord()->getWordData()));
+      json.attribute("picture", toUtf8(entry.getPicture()->getCharStringWord()->getWordData()));
     if (entry.getChildrenSize() != 0)
       json.attributeArray("items", [&] {
         for (const DataDescription *child : entry.getChildrenElements())
@@ -405,14 +402,14 @@ void printReportsJson(llvm::json::OStream &json, const SourceUnit &unit) {
   json.attributeArray("reports", [&] {
     for (const ReportDescription *report : division->getReportSectionElements())
       json.object([&] {
-        json.attribute("name", valid(report->getReportName()->getDisplayName()));
+        json.attribute("name", toUtf8(report->getReportName()->getDisplayName()));
         printPlace(json, report->getRange());
         json.attributeObject("page", [&] {
           for (const PageNumber &one : pageNumbersOf(*report))
             if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(one.number))
               json.attribute(one.key, literal->getIntegerValue());
             else
-              json.attribute(one.key, valid(wordsOf(one.number)));
+              json.attribute(one.key, toUtf8(wordsOf(one.number)));
         });
         const ReportColumns columns(*report);
         json.attributeArray("groups", [&] {

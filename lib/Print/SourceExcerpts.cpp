@@ -2,6 +2,7 @@
 
 #include "Print/SourceExcerpts.h"
 #include "Parse/SourceFile.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/JSON.h"
 
@@ -83,7 +84,7 @@ std::string SourceExcerpts::excerpt(const SourceRange &range, std::size_t width)
   llvm::StringRef text = llvm::StringRef(result).trim();
   std::string shown =
       text.size() <= width ? text.str() : (text.take_front(width - 3) + "...").str();
-  return llvm::json::isUTF8(shown) ? shown : llvm::json::fixUTF8(shown);
+  return toUtf8(shown);
 }
 
 } // namespace tarka

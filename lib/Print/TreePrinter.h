@@ -9,6 +9,7 @@
 #define TARKA_TOOLS_TREEPRINTER_H
 
 #include "AST/Condition.h"
+#include "AST/Embedded.h"
 #include "AST/Environment.h"
 #include "AST/Program.h"
 #include "AST/ReportDescription.h"
@@ -96,6 +97,11 @@ private:
   /// Other entries of the division, which are referred to.
   void entry(llvm::StringRef role, const DataDescription *to);
   template <typename Entry> void entries(llvm::StringRef role, const std::list<Entry *> &list);
+
+  // The commands of embedded languages.
+  void print(llvm::StringRef role, EmbeddedCommand &command);
+  void print(llvm::StringRef role, SqlTableUse &table);
+  void print(llvm::StringRef role, EmbeddedOperand &operandOfCommand);
 
   // The environment and the clauses of entries.
   void print(llvm::StringRef role, EnvironmentDivision &division);

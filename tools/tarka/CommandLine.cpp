@@ -173,20 +173,6 @@ CommandLineResult readCommandLine(int argc, char **argv) {
   CommandLineResult result;
   Request request;
 
-  CLI::App app("Tarka analyses COBOL source.\n"
-               "When only files are given, they are checked.",
-               "tarka");
-  app.set_version_flag("--version", "tarka " TARKA_VERSION);
-  app.require_subcommand(1);
-  app.failure_message(describeFailure);
-  for (const CommandInfo &info : allCommands()) {
-    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
-    command->callback([&request, &info] { request.command = info.command; });
-    addOperands(*command, request, info.command);
-    // `tarka config` shows what check would do.
-    addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
-  }
-
   // tarka FILE... is tarka check FILE...
   std::vector<std::string> arguments(argv + 1, argv + argc);
   auto isForTheProgram = [&](llvm::StringRef word) {
@@ -208,6 +194,23 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     }
     arguments.insert(arguments.begin(), "check");
   }
+  CLI::App app("Tarka analyses COBOL source.\n"
+               "When only files are given, they are checked.",
+               "tarka");
+  app.set_version_flag("--version", "tarka " TARKA_VERSION);
+  app.require_subcommand(1);
+  app.failure_message(describeFailure);
+  for (const CommandInfo &info : allCommands()) {
+    CLI::App *command = app.add_subcommand(info.name.str(), info.help.str());
+    command->callback([&request, &info] { request.command = info.command; });
+    // Making options takes time; only those of the command that is carried out are needed.
+    if (arguments.empty() || arguments.front() != info.name)
+      continue;
+    addOperands(*command, request, info.command);
+    // `tarka config` shows what check would do.
+    addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
+  }
+
   translateDepfileOptions(arguments);
   std::reverse(arguments.begin(), arguments.end());
 

@@ -49,9 +49,8 @@ struct Survey {
 };
 
 void readProgram(const std::string &name, Survey &survey) {
-  auto buffer = llvm::MemoryBuffer::getFileSlice(name, maxRead, 0);
-  if (!buffer)
-    buffer = llvm::MemoryBuffer::getFile(name);
+  // Large files are mapped, so that only what is looked at is read.
+  auto buffer = llvm::MemoryBuffer::getFile(name);
   if (!buffer)
     return;
   const std::string upper = (*buffer)->getBuffer().take_front(maxRead).upper();

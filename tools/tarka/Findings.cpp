@@ -7,6 +7,7 @@
 #include "Parse/Diagnostics.h"
 #include "Report/Selection.h"
 #include "Report/Subject.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/JSON.h"
 #include "llvm/Support/Path.h"
@@ -115,8 +116,7 @@ std::string FindingCollector::textOf(const SourceRange &place) {
 
 void FindingCollector::complete(Diagnostic &diagnostic) {
   auto lineOf = [&](const SourceRange &place) {
-    const llvm::StringRef line = lines.line(place.file, place.beginLine);
-    return llvm::json::isUTF8(line) ? line.str() : llvm::json::fixUTF8(line);
+    return toUtf8(lines.line(place.file, place.beginLine));
   };
   diagnostic.program = program;
   diagnostic.line = lineOf(diagnostic.place);

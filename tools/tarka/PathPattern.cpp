@@ -9,11 +9,12 @@ namespace tarka {
 /// How many patterns the braces of one name may stand for.
 static constexpr std::size_t maxAlternatives = 1024;
 
-llvm::Expected<PathPattern> PathPattern::create(llvm::StringRef text) {
+llvm::Expected<PathPattern> PathPattern::create(llvm::StringRef written) {
   PathPattern pattern;
-  pattern.isOfLastName = !text.contains('/');
+  pattern.text = std::make_unique<const std::string>(written);
+  pattern.isOfLastName = !written.contains('/');
   llvm::SmallVector<llvm::StringRef, 8> parts;
-  text.split(parts, '/', /*MaxSplit=*/-1, /*KeepEmpty=*/false);
+  llvm::StringRef(*pattern.text).split(parts, '/', /*MaxSplit=*/-1, /*KeepEmpty=*/false);
   if (parts.empty())
     return llvm::createStringError("it is empty");
   for (llvm::StringRef part : parts) {

@@ -6,7 +6,9 @@
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/Support/Error.h"
 #include "llvm/Support/GlobPattern.h"
+#include <memory>
 #include <optional>
+#include <string>
 #include <vector>
 
 namespace tarka {
@@ -16,7 +18,7 @@ namespace tarka {
 /// directories. A pattern without a slash is one of the last name of a path.
 class PathPattern {
 public:
-  static llvm::Expected<PathPattern> create(llvm::StringRef text);
+  static llvm::Expected<PathPattern> create(llvm::StringRef written);
 
   /// Whether the pattern is one of \p path, whose names have slashes between them.
   bool match(llvm::StringRef path) const;
@@ -26,6 +28,8 @@ private:
   using Names = llvm::ArrayRef<std::optional<llvm::GlobPattern>>;
   static bool match(Names names, llvm::ArrayRef<llvm::StringRef> path);
 
+  /// The globs refer to it.
+  std::unique_ptr<const std::string> text;
   std::vector<std::optional<llvm::GlobPattern>> names;
   bool isOfLastName = false;
 };

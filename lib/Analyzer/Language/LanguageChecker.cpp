@@ -4,6 +4,7 @@
 #include "AST/NestedStatements.h"
 #include "AST/Procedure.h"
 #include "AST/Program.h"
+#include "EmbeddedRules.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallPtrSet.h"
@@ -41,12 +42,16 @@ namespace {
 
 class LanguageWalk {
 public:
-  explicit LanguageWalk(LanguageReport &languageReport) : report(languageReport) {}
+  explicit LanguageWalk(LanguageReport &languageReport)
+      : report(languageReport), embedded(languageReport) {}
 
   void check(SourceUnit &unit) {
+    current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision())
       checkVariableTables(*division, report);
+    for (ExecStatement *block : unit.getDataBlockElements())
+      embedded.check(*block, unit);
     if (ProcedureDivision *division = unit.getProcDivision())
       check(*division);
     for (SourceUnit *nested : unit.getNestedListElements())
@@ -84,6 +89,8 @@ private:
     checkOperands(statement, report);
     checkFileStatement(statement, report);
     checkStatement(statement, context, report);
+    if (auto *block = llvm::dyn_cast<ExecStatement>(&statement))
+      embedded.check(*block, *current);
     forEachNestedList(statement, [&](NodeRange<Statement> nested) {
       for (Statement *inner : nested)
         check(*inner, context);
@@ -91,6 +98,8 @@ private:
   }
 
   LanguageReport &report;
+  EmbeddedCheck embedded;
+  SourceUnit *current = nullptr;
 };
 
 } // namespace

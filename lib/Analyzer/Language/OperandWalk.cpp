@@ -1,6 +1,7 @@
 //===- OperandWalk.cpp - the operands of a statement ----------------------===//
 
 #include "OperandWalk.h"
+#include "AST/Embedded.h"
 #include "AST/StatementVisitor.h"
 
 namespace tarka {
@@ -69,6 +70,13 @@ public:
       one(phrase->getByIdentifier());
       one(phrase->getUntilCondition());
     }
+  }
+
+  /// Host variables of SQL can be tables as a whole.
+  void visitExecStatement(ExecStatement &s) {
+    if (s.getCommand() && s.getCommand()->getLanguage() != ExecType::Sql)
+      for (EmbeddedOperand *operand : s.getCommand()->getOperandElements())
+        one(operand->getValue());
   }
 
   // Decisions.
