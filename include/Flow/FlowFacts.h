@@ -46,7 +46,7 @@ struct RangeFacts {
   bool endsBeforeStart = false; ///< its last procedure is before its first one in the text
   bool neverReturns = false;    ///< control cannot reach its end
   bool recursive = false;       ///< it can be performed again while it is being performed
-  /// A GO TO that leads out of it; noFlow without one.
+  /// A GO TO or EXIT SECTION that leads out of it; noFlow without one.
   std::uint32_t leftBy = noFlow;
   /// Another range that begins in this one and ends after it; noFlow without one.
   std::uint32_t overlapsWith = noFlow;

@@ -14,7 +14,17 @@
 namespace tarka {
 
 std::unique_ptr<FlowModule> createFlow(const CFGModule &module) {
-  return FlowBuilder(module).build();
+  FlowBuilder builder(module, nullptr);
+  std::unique_ptr<FlowModule> flow = builder.build();
+  if (!builder.namesHandlers())
+    return flow;
+  // Which labels of HANDLE are active at a command is a question about the flow. It is answered on
+  // a graph in which all are, and then the graph is made with those that can be.
+  const ActiveHandlers active =
+      findActiveHandlers(*flow, [&](const FlowGraph &graph, llvm::StringRef label) {
+        return builder.findProcedure(graph, label);
+      });
+  return FlowBuilder(module, &active).build();
 }
 
 std::unique_ptr<FlowModule> FlowBuilder::build() {
@@ -186,6 +196,22 @@ bool isXmlDecision(const CFGBlock *block) {
          name.ends_with("_line_xml_exception_cond");
 }
 
+/// Whether \p block is the last phase of a SORT or MERGE.
+bool endsSort(const CFGBlock *block) {
+  llvm::StringRef name = block->getName();
+  return name == "tkdummy_sort_start" || name == "tkdummy_merge_start";
+}
+
+/// Whether SORT or MERGE writes the files of GIVING in its last phase.
+bool writesFiles(const Statement *statement) {
+  const SortIO *output = nullptr;
+  if (const auto *sort = llvm::dyn_cast_or_null<SortStatement>(statement))
+    output = sort->getOutput();
+  else if (const auto *merge = llvm::dyn_cast_or_null<MergeStatement>(statement))
+    output = merge->getOutput();
+  return output && output->getType() == SortIOType::Files;
+}
+
 /// The place of the join of the statement in which \p block ends; 0 where nothing is nested in it.
 int joinOf(const CFGBlock *block) {
   const CFGBlock *join = block->getEndBlock();
@@ -214,7 +240,7 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
   made.lastNode.assign(made.blocks.size(), noFlow);
   made.pieceOfBlock.assign(made.blocks.size(), noFlow);
   made.graph->nodeBegin = static_cast<std::uint32_t>(flow.nodeList.size());
-  conditionHandlers = aidHandlers = abendHandlers = {};
+  handlers.assign(activeHandlers ? 0 : 3, {});
   openSection = openParagraph = noFlow;
   openJoins.clear();
   openPiece(noFlow);
@@ -263,17 +289,17 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
   closeSection();
 
   openJoins.clear();
-  for (Handlers *handlers : {&conditionHandlers, &aidHandlers, &abendHandlers})
-    if (!handlers->labels.empty()) {
+  for (Handlers &set : handlers)
+    if (!set.labels.empty()) {
       openPiece(noFlow);
-      handlers->hub = addNode(FlowNodeKind::Handler, nullptr, nullptr);
-      for (std::uint32_t label : handlers->labels)
-        addEdge(handlers->hub, flow.procedureList[label].entry, FlowEdgeKind::Handler);
+      set.node = addNode(FlowNodeKind::Handler, nullptr, nullptr);
+      for (std::uint32_t label : set.labels)
+        addEdge(set.node, flow.procedureList[label].entry, FlowEdgeKind::Handler);
     }
   openPiece(noFlow);
   addNode(FlowNodeKind::Exit, nullptr, nullptr);
   made.graph->nodeEnd = static_cast<std::uint32_t>(flow.nodeList.size());
-  handlersOf.push_back({conditionHandlers.hub, aidHandlers.hub, abendHandlers.hub});
+  handlersOf.push_back(std::move(handlers));
   closedByOf.push_back(std::move(closedBy));
 }
 
@@ -285,6 +311,10 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
   }
   if (block->getElements().empty() && isXmlDecision(block)) {
     addNode(FlowNodeKind::Step, block, currentXmlParse);
+    return;
+  }
+  if (block->getElements().empty() && endsSort(block) && writesFiles(currentSort)) {
+    addNode(FlowNodeKind::Step, block, currentSort);
     return;
   }
   for (const CFGElem *element : block->getElements()) {
@@ -329,6 +359,10 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
     case StatementType::XmlParse:
       currentXmlParse = statement;
       break;
+    case StatementType::Sort:
+    case StatementType::Merge:
+      currentSort = statement;
+      break;
     case StatementType::Exec:
       noteHandlers(*llvm::cast<ExecStatement>(statement));
       break;
@@ -339,24 +373,48 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
   }
 }
 
-/// The labels that HANDLE names anywhere in the program: which of them hold at a command depends on
-/// the way taken to it.
+/// Collects the labels that commands can lead to: while nothing is known of the way taken to a
+/// command, all labels that HANDLE names anywhere in the program.
 void FlowBuilder::noteHandlers(const ExecStatement &exec) {
-  const ExecFlow effect = classifyExec(exec);
-  auto note = [&](Handlers &handlers, llvm::ArrayRef<std::string> names) {
-    for (const std::string &name : names)
-      if (std::uint32_t label = findProcedure(name);
-          label != noFlow && !llvm::is_contained(handlers.labels, label))
-        handlers.labels.push_back(label);
-  };
-  note(conditionHandlers, effect.conditionLabels);
-  note(aidHandlers, effect.aidLabels);
-  note(abendHandlers, effect.abendLabels);
+  if (activeHandlers) {
+    auto active = activeHandlers->find(&exec);
+    if (active == activeHandlers->end() || llvm::any_of(handlers, [&](const Handlers &known) {
+          return known.labels == active->second;
+        }))
+      return;
+    handlers.push_back({active->second});
+    return;
+  }
+  for (const HandlerSetting &setting : classifyExec(exec).settings) {
+    auto &labels = handlers[static_cast<std::size_t>(setting.kind)].labels;
+    const std::uint32_t label = findProcedure(*plan->graph, setting.label);
+    if (label == noFlow || llvm::is_contained(labels, label))
+      continue;
+    labels.push_back(label);
+    hasHandlers = true;
+  }
 }
 
-/// The section or paragraph of the current function with that name; noFlow without one.
-std::uint32_t FlowBuilder::findProcedure(llvm::StringRef name) const {
-  SourceUnit *unit = plan->graph->unit;
+/// The nodes of the handlers that the command may lead to.
+llvm::SmallVector<std::uint32_t, 3> FlowBuilder::handlersAt(const ExecStatement &exec,
+                                                            const ExecFlow &effect) {
+  llvm::SmallVector<std::uint32_t, 3> nodes;
+  if (activeHandlers) {
+    auto active = activeHandlers->find(&exec);
+    for (const Handlers &set : handlers)
+      if (active != activeHandlers->end() && set.labels == active->second)
+        nodes.push_back(set.node);
+    return nodes;
+  }
+  for (HandlerKind kind : {HandlerKind::Condition, HandlerKind::Aid, HandlerKind::Abend})
+    if (effect.mayEnter(kind))
+      nodes.push_back(handlers[static_cast<std::size_t>(kind)].node);
+  return nodes;
+}
+
+/// The section or paragraph of that name in \p graph; noFlow without one.
+std::uint32_t FlowBuilder::findProcedure(const FlowGraph &graph, llvm::StringRef name) const {
+  SourceUnit *unit = graph.unit;
   ProcedureDivision *division = unit ? unit->getProcDivision() : nullptr;
   if (!division)
     return noFlow;

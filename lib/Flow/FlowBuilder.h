@@ -16,6 +16,7 @@
 #include "Flow/FlowGraph.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/STLFunctionalExtras.h"
 #include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
@@ -72,11 +73,67 @@ struct FlowPiece {
   std::uint32_t procedure = noFlow; ///< whose end it holds, or to which it belongs
 };
 
+/// What sends control to a label of HANDLE.
+enum class HandlerKind : std::uint8_t { Condition, Aid, Abend };
+
+/// One operand of HANDLE: from now on the condition, key or abend leads to the label.
+struct HandlerSetting {
+  HandlerKind kind;
+  std::string condition;
+  std::string label; ///< empty where it leads to none any more
+};
+
+/// What an EXEC block does to the flow of control.
+struct ExecFlow {
+  /// The task ends: RETURN, XCTL, ABEND.
+  bool endsTask = false;
+  /// It may fail and go on all the same, for it asks for the response itself.
+  bool goesOn = true;
+  /// The command can raise a condition, receive an attention key, or end abnormally, so that a
+  /// label of HANDLE is entered.
+  bool raisesCondition = false, receivesKey = false, mayAbend = false;
+  /// What HANDLE and IGNORE set.
+  llvm::SmallVector<HandlerSetting, 2> settings;
+  /// PUSH sets all labels aside; POP brings back those of before, HANDLE ABEND RESET that of the
+  /// abend.
+  bool pushesHandlers = false, popsHandlers = false, resetsAbend = false;
+  /// An SQL statement after which WHENEVER decides.
+  bool isSqlStatement = false;
+  /// WHENEVER: 0 NOT FOUND, 1 SQLERROR, 2 SQLWARNING; -1 for anything else. The label is empty for
+  /// CONTINUE.
+  int wheneverKind = -1;
+  std::string wheneverLabel;
+
+  /// Whether an event of that kind may arise.
+  bool mayEnter(HandlerKind kind) const {
+    return kind == HandlerKind::Condition ? raisesCondition
+           : kind == HandlerKind::Aid     ? receivesKey
+                                          : mayAbend;
+  }
+};
+
+/// Reads the words of an EXEC block.
+ExecFlow classifyExec(const ExecStatement &exec);
+
+/// The labels of HANDLE that a command may lead to, by their procedures, in ascending order.
+using ActiveHandlers = llvm::DenseMap<const ExecStatement *, llvm::SmallVector<std::uint32_t, 4>>;
+
+/// Follows the HANDLE commands through \p flow, in which every command leads to every label.
+/// \p findLabel gives the procedure of a label in a program.
+ActiveHandlers
+findActiveHandlers(const FlowModule &flow,
+                   llvm::function_ref<std::uint32_t(const FlowGraph &, llvm::StringRef)> findLabel);
+
 class FlowBuilder {
 public:
-  explicit FlowBuilder(const CFGModule &described) : source(described), flow(*new FlowModule) {}
+  /// \p active tells which labels of HANDLE hold at which command; null while that is not known.
+  FlowBuilder(const CFGModule &described, const ActiveHandlers *active)
+      : source(described), flow(*new FlowModule), activeHandlers(active) {}
 
   std::unique_ptr<FlowModule> build();
+  /// Whether HANDLE names a label in one of the programs, once they are read.
+  bool namesHandlers() const { return hasHandlers; }
+  std::uint32_t findProcedure(const FlowGraph &graph, llvm::StringRef name) const;
 
 private:
   friend class FlowReach;
@@ -98,7 +155,7 @@ private:
   void linkElement(std::uint32_t node, std::uint32_t next);
   void linkTerminator(const CFGBlock *block, std::uint32_t node);
   void linkLoopTest(const CFGBlock *block, std::uint32_t node);
-  void linkXmlDecision(const CFGBlock *block, std::uint32_t node);
+  void linkStep(const CFGBlock *block, std::uint32_t node);
   static bool endsInExit(const CFGBlock *block);
   std::uint32_t resolveExit(std::uint32_t node, const CFGBlock *block);
   void linkGoTo(const CFGBlock *block, std::uint32_t node, const GotoStatement &jump);
@@ -110,6 +167,8 @@ private:
   void linkNextSentence(std::uint32_t node, const NextSentenceStatement &statement);
   void linkExec(std::uint32_t node, const ExecStatement &exec, std::uint32_t next);
   void linkUse(std::uint32_t node, const Statement &statement, std::uint32_t next);
+  void linkUse(std::uint32_t node, llvm::ArrayRef<const FileDescription *> files,
+               std::uint32_t next);
   void linkReports(std::uint32_t node, std::uint32_t next);
   void linkExitProgram(const CFGBlock *block, std::uint32_t node);
 
@@ -130,7 +189,6 @@ private:
   std::uint32_t endOf(const Section *section, const Paragraph *paragraph) const;
   std::uint32_t entryOf(const Section *section, const Paragraph *paragraph) const;
   std::uint32_t procedureOf(const Section *section, const Paragraph *paragraph) const;
-  std::uint32_t findProcedure(llvm::StringRef name) const;
   std::uint32_t rangeOf(std::uint32_t begin, std::uint32_t end, FlowGraph *graph);
   void addEdge(std::uint32_t from, std::uint32_t to, FlowEdgeKind kind);
   void addSite(std::uint32_t node, std::uint32_t range, std::uint32_t returnsTo, FlowEdgeKind into,
@@ -142,6 +200,7 @@ private:
                                                      bool &isSpecific) const;
   void collectUse(FunctionPlan &read);
   void noteHandlers(const ExecStatement &exec);
+  llvm::SmallVector<std::uint32_t, 3> handlersAt(const ExecStatement &exec, const ExecFlow &effect);
   void sortEdges();
 
   const CFGModule &source;
@@ -164,7 +223,7 @@ private:
   FunctionPlan *plan = nullptr;
   std::uint32_t openSection = noFlow, openParagraph = noFlow;
   std::uint32_t currentPiece = noFlow;
-  const Statement *currentXmlParse = nullptr;
+  const Statement *currentXmlParse = nullptr, *currentSort = nullptr;
   /// The statement whose loop is controlled in a block; the body that a block begins.
   llvm::DenseMap<const CFGBlock *, const Statement *> loopOfBlock;
   llvm::DenseMap<const PerformStatement *, const CFGBlock *> returnOfPerform;
@@ -172,39 +231,21 @@ private:
   llvm::SmallVector<int, 16> openJoins;
 
   // EXEC blocks.
+  /// The labels that HANDLE sends control to from some of the commands, and their node.
   struct Handlers {
-    std::uint32_t hub = noFlow;
     llvm::SmallVector<std::uint32_t, 4> labels;
+    std::uint32_t node = noFlow;
   };
-  Handlers conditionHandlers, aidHandlers, abendHandlers;
-  /// The nodes of the handlers, by function.
-  std::vector<std::array<std::uint32_t, 3>> handlersOf;
+  const ActiveHandlers *activeHandlers;
+  /// Of the function being made, and of every one by its place. While it is not known which labels
+  /// are active, one entry for each HandlerKind; then one for each set of labels.
+  std::vector<Handlers> handlers;
+  std::vector<std::vector<Handlers>> handlersOf;
+  bool hasHandlers = false;
   /// The block by which each procedure was closed, by function.
   std::vector<std::vector<std::pair<std::uint32_t, const CFGBlock *>>> closedByOf;
   std::uint32_t whenever[3] = {noFlow, noFlow, noFlow};
 };
-
-/// What an EXEC block does to the flow of control.
-struct ExecFlow {
-  /// The task ends: RETURN, XCTL, ABEND.
-  bool endsTask = false;
-  /// It may fail and go on all the same, for it asks for the response itself.
-  bool goesOn = true;
-  /// The command can raise a condition, receive an attention key, or end abnormally, so that a
-  /// label of HANDLE is entered.
-  bool raisesCondition = false, receivesKey = false, mayAbend = false;
-  /// An SQL statement after which WHENEVER decides.
-  bool isSqlStatement = false;
-  /// The labels that HANDLE CONDITION, HANDLE AID, HANDLE ABEND name.
-  llvm::SmallVector<std::string, 4> conditionLabels, aidLabels, abendLabels;
-  /// WHENEVER: 0 NOT FOUND, 1 SQLERROR, 2 SQLWARNING; -1 for anything else. The label is empty for
-  /// CONTINUE.
-  int wheneverKind = -1;
-  std::string wheneverLabel;
-};
-
-/// Reads the words of an EXEC block.
-ExecFlow classifyExec(const ExecStatement &exec);
 
 /// Finds out what is reached, which ranges come to their ends, and adds the edges that depend on
 /// it.

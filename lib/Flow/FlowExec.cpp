@@ -1,9 +1,11 @@
-//===- FlowExec.cpp - what EXEC blocks do to the flow of control -----------===//
+//===- FlowExec.cpp - what EXEC blocks do ----------------------------------===//
 //
-// Reads the first words of an EXEC block, and the labels that it names.
+// Reads the words of an EXEC block: what it does to the flow of control, the
+// labels that it names, and the items of the program that it works on.
 //
 //===----------------------------------------------------------------------===//
 
+#include "Flow/Accesses.h"
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -38,13 +40,29 @@ llvm::SmallVector<std::string, 16> wordsOf(llvm::StringRef text) {
 
 using Words = llvm::SmallVector<std::string, 16>;
 
-/// The labels in the parentheses behind the options: CONDITION(LABEL). Those of \p only, when it is
-/// not empty.
-void collectLabels(const Words &words, llvm::StringRef only,
-                   llvm::SmallVectorImpl<std::string> &labels) {
-  for (std::size_t at = 2; at + 3 < words.size(); ++at)
-    if (words[at + 1] == "(" && words[at + 3] == ")" && (only.empty() || words[at] == only))
-      labels.push_back(words[at + 2]);
+/// The operands of HANDLE and IGNORE from \p at on: CONDITION(LABEL), or CONDITION alone.
+void collectSettings(const Words &words, std::size_t at, HandlerKind kind, ExecFlow &effect) {
+  for (; at < words.size(); ++at) {
+    HandlerSetting setting = {kind, words[at], ""};
+    if (at + 3 < words.size() && words[at + 1] == "(" && words[at + 3] == ")") {
+      setting.label = words[at + 2];
+      at += 3;
+    }
+    if (setting.condition != "NOHANDLE" && setting.condition != "(" && setting.condition != ")")
+      effect.settings.push_back(std::move(setting));
+  }
+}
+
+/// LABEL(NAME) is one setting of the one abend; CANCEL and PROGRAM(NAME) lead to no label.
+void collectAbend(const Words &words, ExecFlow &effect) {
+  HandlerSetting setting = {HandlerKind::Abend, "ABEND", ""};
+  for (std::size_t at = 2; at < words.size(); ++at) {
+    effect.resetsAbend |= words[at] == "RESET";
+    if (words[at] == "LABEL" && at + 2 < words.size() && words[at + 1] == "(")
+      setting.label = words[at + 2];
+  }
+  if (!effect.resetsAbend)
+    effect.settings.push_back(std::move(setting));
 }
 
 void classifyCics(const Words &words, ExecFlow &effect) {
@@ -54,15 +72,21 @@ void classifyCics(const Words &words, ExecFlow &effect) {
   });
   if (command == "HANDLE" && words.size() > 1) {
     if (words[1] == "CONDITION")
-      collectLabels(words, "", effect.conditionLabels);
+      collectSettings(words, 2, HandlerKind::Condition, effect);
     else if (words[1] == "AID")
-      collectLabels(words, "", effect.aidLabels);
+      collectSettings(words, 2, HandlerKind::Aid, effect);
     else if (words[1] == "ABEND")
-      collectLabels(words, "LABEL", effect.abendLabels);
+      collectAbend(words, effect);
     return;
   }
-  if (command == "IGNORE" || command == "PUSH" || command == "POP")
+  if (command == "IGNORE") {
+    collectSettings(words, 2, HandlerKind::Condition, effect);
     return;
+  }
+  if (command == "PUSH" || command == "POP") {
+    (command == "PUSH" ? effect.pushesHandlers : effect.popsHandlers) = true;
+    return;
+  }
   effect.mayAbend = true;
   effect.raisesCondition = !asksForResponse;
   effect.receivesKey = command == "RECEIVE";
@@ -103,6 +127,93 @@ ExecFlow classifyExec(const ExecStatement &exec) {
   else if (exec.getType() == ExecType::Sql)
     classifySql(words, effect);
   return effect;
+}
+
+//===----------------------------------------------------------------------===//
+// Items
+//===----------------------------------------------------------------------===//
+
+namespace {
+
+using HostName = llvm::function_ref<void(llvm::StringRef, OperandRole)>;
+
+/// Every option may be given a value and give one, but for those of which one is known.
+OperandRole roleOfOption(llvm::StringRef option) {
+  return llvm::StringSwitch<OperandRole>(option)
+      .Cases("ABCODE", "CHANNEL", "FILE", "FROM", "FROMLENGTH", "INTERVAL", "MAP", "MAPSET",
+             OperandRole::Read)
+      .Cases("NUMREC", "PROGRAM", "QUEUE", "SYSID", "TERMID", "TIME", "TRANSID", OperandRole::Read)
+      .Cases("INTO", "RESP", "RESP2", OperandRole::MayWrite)
+      .Default(OperandRole::MayUpdate);
+}
+
+void namesOfCics(const Words &words, HostName visit) {
+  if (!words.empty() && words[0] == "HANDLE")
+    return; // Names labels.
+  llvm::StringRef option;
+  for (std::size_t at = 0; at < words.size(); ++at) {
+    llvm::StringRef word = words[at];
+    if (word == "(") {
+      option = at > 0 ? llvm::StringRef(words[at - 1]) : "";
+    } else if (word == ")") {
+      option = "";
+    } else if (!option.empty()) {
+      visit(word, roleOfOption(option));
+      // The map that is named is copied from and into the areas that bear its name.
+      llvm::StringRef map = word.trim("'\"");
+      if (option == "MAP" && map.size() < word.size()) {
+        visit((map + "I").str(), OperandRole::MayWrite);
+        visit((map + "O").str(), OperandRole::Read);
+      }
+    }
+  }
+  visit("DFHEIBLK", OperandRole::MayWrite);
+}
+
+void namesOfSql(llvm::StringRef text, const Words &words, HostName visit) {
+  const bool mayChangeAll =
+      !words.empty() && (words[0] == "SET" || words[0] == "CALL" || words[0] == "GET" ||
+                         words[0] == "EXECUTE" || words[0] == "VALUES");
+  // INTO names what is received up to the next clause.
+  bool isInto = false;
+  for (std::size_t at = 0; at < text.size();) {
+    const char c = text[at];
+    const bool isHost = c == ':';
+    std::size_t end = at + 1;
+    if (c == '\'' || c == '"') {
+      end = std::min(text.find(c, end), text.size() - 1) + 1;
+    } else if (isHost || llvm::isAlpha(c)) {
+      end = std::min(text.find_if(
+                         [](char one) {
+                           return !llvm::isAlnum(one) && one != '-' && one != '_' && one != '.';
+                         },
+                         end),
+                     text.size());
+      llvm::StringRef word = text.slice(isHost ? at + 1 : at, end);
+      if (!isHost)
+        isInto = word.equals_insensitive("INTO") && words[0] != "INSERT";
+      else
+        visit(llvm::StringRef(word).rsplit('.').second.empty() ? word.upper()
+                                                               : word.rsplit('.').second.upper(),
+              mayChangeAll ? OperandRole::MayUpdate
+              : isInto     ? OperandRole::MayWrite
+                           : OperandRole::Read);
+    }
+    at = end;
+  }
+  visit("SQLCA", OperandRole::MayWrite);
+}
+
+} // namespace
+
+void forEachHostName(const ExecStatement &exec, HostName visit) {
+  const Words words = wordsOf(exec.getText());
+  if (exec.getType() == ExecType::Sql)
+    return namesOfSql(exec.getText(), words, visit);
+  if (exec.getType() == ExecType::Cics)
+    return namesOfCics(words, visit);
+  for (const std::string &word : words)
+    visit(word, OperandRole::MayUpdate);
 }
 
 } // namespace tarka

@@ -180,18 +180,21 @@ void FactCollector::collectRanges() {
   }
 }
 
-/// GO TO out of a range, of those that are reached.
+/// GO TO and EXIT SECTION out of a range, of those that are reached.
 void FactCollector::findLeaving() {
   struct Jump {
     std::uint32_t from, to;
   };
   std::vector<Jump> jumps;
-  for (const FlowNode &one : graph.nodes())
+  for (const FlowNode &one : graph.nodes()) {
+    const bool isExit =
+        one.getStatement() && one.getStatement()->getType() == StatementType::ExitSection;
     for (const FlowEdge &edge : one.successors())
       if (one.isReached() &&
-          (edge.kind == FlowEdgeKind::GoTo || edge.kind == FlowEdgeKind::Depending ||
+          (isExit || edge.kind == FlowEdgeKind::GoTo || edge.kind == FlowEdgeKind::Depending ||
            edge.kind == FlowEdgeKind::Altered))
         jumps.push_back({edge.from, edge.to});
+  }
   // The jumps are sorted. Ranges within ranges would be searched again and again, so the search is
   // bounded.
   std::size_t budget = 64 * (jumps.size() + facts.ranges.size()) + 100'000;

@@ -122,9 +122,7 @@ void FlowBuilder::makeEdges(FunctionPlan &linked) {
   plan->resolved.assign(plan->blocks.size(), noFlow);
   plan->passesTo.assign(plan->blocks.size(), nullptr);
   const std::size_t number = linkedFunctions++;
-  conditionHandlers.hub = handlersOf[number][0];
-  aidHandlers.hub = handlersOf[number][1];
-  abendHandlers.hub = handlersOf[number][2];
+  handlers = std::move(handlersOf[number]);
   std::fill(std::begin(whenever), std::end(whenever), noFlow);
 
   if (!plan->graph->report)
@@ -174,7 +172,7 @@ void FlowBuilder::linkBlock(const CFGBlock *block) {
   if (kind == FlowNodeKind::LoopTest)
     return linkLoopTest(block, last);
   if (kind == FlowNodeKind::Step && block->getElements().empty())
-    return linkXmlDecision(block, last);
+    return linkStep(block, last);
   if (kind == FlowNodeKind::Procedure || kind == FlowNodeKind::Entry)
     return addEdge(last, endsInExit(block) ? resolveExit(last, block) : wayOn(last, block),
                    FlowEdgeKind::Next);
@@ -242,14 +240,10 @@ void FlowBuilder::linkExec(std::uint32_t node, const ExecStatement &exec, std::u
     addEdge(node, next, FlowEdgeKind::Next);
   if (effect.endsTask)
     addEdge(node, exitNode(), FlowEdgeKind::EndOfRun);
-  if (effect.raisesCondition)
-    addEdge(node, conditionHandlers.hub, FlowEdgeKind::Handler);
-  if (effect.receivesKey)
-    addEdge(node, aidHandlers.hub, FlowEdgeKind::Handler);
-  if (effect.mayAbend)
-    addEdge(node, abendHandlers.hub, FlowEdgeKind::Handler);
+  for (std::uint32_t handler : handlersAt(exec, effect))
+    addEdge(node, handler, FlowEdgeKind::Handler);
   if (effect.wheneverKind >= 0) {
-    const std::uint32_t label = findProcedure(effect.wheneverLabel);
+    const std::uint32_t label = findProcedure(*plan->graph, effect.wheneverLabel);
     whenever[effect.wheneverKind] = label == noFlow ? noFlow : flow.procedureList[label].entry;
   }
   if (effect.isSqlStatement)
@@ -270,11 +264,6 @@ static llvm::SmallVector<const FileDescription *, 2> filesOf(const Statement &st
     const DataDescription *entry = record ? record->getDataDescription() : nullptr;
     if (entry && entry->getFileDescription())
       files.push_back(entry->getFileDescription());
-  };
-  auto addAll = [&](const SortIO *phrase) {
-    if (phrase && phrase->getType() == SortIOType::Files)
-      for (const FileIdentifierExpression *name : phrase->getFileNameListElements())
-        add(name);
   };
   switch (statement.getType()) {
   case StatementType::Open:
@@ -301,24 +290,38 @@ static llvm::SmallVector<const FileDescription *, 2> filesOf(const Statement &st
   case StatementType::Rewrite:
     addRecord(llvm::cast<RewriteStatement>(statement).getRecordName());
     break;
-  case StatementType::Sort:
-    addAll(llvm::cast<SortStatement>(statement).getInput());
-    addAll(llvm::cast<SortStatement>(statement).getOutput());
-    break;
-  case StatementType::Merge:
-    addAll(llvm::cast<MergeStatement>(statement).getInput());
-    addAll(llvm::cast<MergeStatement>(statement).getOutput());
-    break;
   default:
     break;
   }
   return files;
 }
 
+/// The files of USING, or those of GIVING, of SORT and MERGE.
+static llvm::SmallVector<const FileDescription *, 2> sortFilesOf(const Statement &statement,
+                                                                 bool isOutput) {
+  const SortIO *phrase;
+  if (const auto *sort = llvm::dyn_cast<SortStatement>(&statement))
+    phrase = isOutput ? sort->getOutput() : sort->getInput();
+  else
+    phrase = isOutput ? llvm::cast<MergeStatement>(statement).getOutput()
+                      : llvm::cast<MergeStatement>(statement).getInput();
+  llvm::SmallVector<const FileDescription *, 2> files;
+  if (phrase && phrase->getType() == SortIOType::Files)
+    for (const FileIdentifierExpression *name : phrase->getFileNameListElements())
+      if (name->getFileDescription())
+        files.push_back(name->getFileDescription());
+  return files;
+}
+
 /// The ways into the USE procedures of the files of \p statement, and back to \p next.
 void FlowBuilder::linkUse(std::uint32_t node, const Statement &statement, std::uint32_t next) {
+  linkUse(node, filesOf(statement), next);
+}
+
+void FlowBuilder::linkUse(std::uint32_t node, llvm::ArrayRef<const FileDescription *> files,
+                          std::uint32_t next) {
   llvm::SmallVector<std::uint32_t, 4> sections;
-  for (const FileDescription *file : filesOf(statement)) {
+  for (const FileDescription *file : files) {
     bool isSpecific;
     for (std::uint32_t section : useSectionsFor(file, isSpecific))
       if (!llvm::is_contained(sections, section))
@@ -392,7 +395,13 @@ void FlowBuilder::linkTerminator(const CFGBlock *block, std::uint32_t node) {
   case StatementType::Merge: {
     const CFGBlock *first = block->getThenBlock() ? block->getThenBlock() : block->getElseBlock();
     link(node, first, FlowEdgeKind::Next);
-    return linkUse(node, statement, resolve(first));
+    // The files of USING are read before the next phase begins. After a failure that a USE
+    // procedure has dealt with, the sort goes on or is given up.
+    const auto files = sortFilesOf(statement, /*isOutput=*/false);
+    linkUse(node, files, resolve(first));
+    if (resolve(first) != resolve(block->getEndBlock()))
+      linkUse(node, files, resolve(block->getEndBlock()));
+    return;
   }
   default:
     return linkPhrases(block, node, statement);
@@ -508,7 +517,14 @@ void FlowBuilder::linkLoopTest(const CFGBlock *block, std::uint32_t node) {
   link(node, block->getElseBlock(), FlowEdgeKind::AtEnd);
 }
 
-void FlowBuilder::linkXmlDecision(const CFGBlock *block, std::uint32_t node) {
+/// A step that the language makes within a statement: the parser of XML PARSE and what is decided
+/// behind it, or the last phase of a sort, which writes its files.
+void FlowBuilder::linkStep(const CFGBlock *block, std::uint32_t node) {
+  const Statement &statement = *flow.nodeList[node].statement;
+  if (statement.getType() != StatementType::XmlParse) {
+    link(node, block->getThenBlock(), FlowEdgeKind::Next);
+    return linkUse(node, sortFilesOf(statement, /*isOutput=*/true), resolve(block->getThenBlock()));
+  }
   const CFGBlock *whenThen = block->getThenBlock(), *whenElse = block->getElseBlock();
   llvm::StringRef name = block->getName();
   if (name == "tkdummy_xml_parser") {

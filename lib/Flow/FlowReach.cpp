@@ -361,7 +361,13 @@ void FlowReach::addEdges() {
     flow.performList.push_back({site.node, site.range, site.returnsTo, site.into});
     if (range.graph != node.graph)
       continue;
-    add(site.node, flow.procedureList[range.begin].entry, site.into);
+    // One node may perform a range with several ways back.
+    bool isFirst = true;
+    for (std::uint32_t other = site.nextOfNode; other != noFlow;
+         other = builder.sites[other].nextOfNode)
+      isFirst &= builder.sites[other].range != site.range || builder.sites[other].into != site.into;
+    if (isFirst)
+      add(site.node, flow.procedureList[range.begin].entry, site.into);
     // The loop's own way into the range shares the way back of the first one.
     if (range.completes && node.reached && site.into != FlowEdgeKind::Loop)
       add(flow.procedureList[range.end].end, site.returnsTo, site.back);

@@ -283,6 +283,7 @@ private:
 
 void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
+  bool previousIsWrong = false;
   while (true) {
     Recovery::ConstructScope construct(recovery);
     SourceRange begin = here();
@@ -290,6 +291,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())
         context.diagnostics.getDamage().add(from(begin).getRange());
+      previousIsWrong = construct.hasMistake();
       if (!entry)
         return;
       records.add(entry, !construct.hasMistake());
@@ -306,6 +308,9 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
       stream.skip();
+    } else if (previousIsWrong && peek().isFirstOnLine() && clauses.contains(peek().keyword)) {
+      // The rest of the entry, which was cut in two.
+      skipToEntry(clauses);
     } else {
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();

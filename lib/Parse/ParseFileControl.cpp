@@ -29,12 +29,20 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 }
 
 void FileControlParser::parseFileEntries(InputOutputSection &section) {
+  bool previousIsWrong = false;
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(Keyword::Select)) {
+      Recovery::ConstructScope construct(recovery);
       if (ParaFileControl *file = parseSelect())
         section.addFileControl(file);
+      previousIsWrong = construct.hasMistake();
+      continue;
+    }
+    // The rest of an entry that was cut in two.
+    if (previousIsWrong && selectClauses.contains(peek().keyword)) {
+      skipToEntry(selectClauses);
       continue;
     }
     expected("SELECT");

@@ -228,7 +228,8 @@ bool ParserBase::atPartHeader() {
     return peek(1).is(Keyword::Section) || atMisspeltSection();
   case Keyword::None:
     return at(TokenKind::EndOfFile) ||
-           (at(TokenKind::Word) && peek(1).isOneOf(Keyword::Section, Keyword::Division)) ||
+           ((at(TokenKind::Word) || peek().isFirstOnLine()) &&
+            peek(1).isOneOf(Keyword::Section, Keyword::Division)) ||
            (peek().isInAreaA() && peek(2).is(Keyword::Section) && atDataSection());
   default:
     return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
@@ -258,7 +259,8 @@ Keyword ParserBase::dataSectionAt() {
   bool isHeader = peek(1).is(Keyword::Section);
   if (llvm::is_contained(headers, peek().keyword)) {
     // A header is one even where SECTION is misspelt or missing.
-    bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period);
+    bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period) ||
+                   (peek(2).isFirstOnLine() && !at(Keyword::File, Keyword::Report));
     if (isHeader || (peek().isFirstOnLine() && isAlone))
       return peek().keyword;
   } else if (isHeader && peek().isWord()) {

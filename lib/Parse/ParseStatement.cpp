@@ -140,13 +140,14 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine()) {
+      if (peek().isFirstOnLine())
         recovery.resumeReporting();
-        warnOfAreaA(peek());
-      }
-      list.lastVerb = peek().keyword;
+      const Token verb = peek();
+      list.lastVerb = verb.keyword;
       list.lastIsWrong = false;
       Statement *statement = parseStatement();
+      if (statement)
+        warnOfAreaA(verb);
       if (statement)
         statements.push_back(statement);
       list.lastIsKept = statement != nullptr;
@@ -164,7 +165,8 @@ Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
 
 /// In fixed form area A is for headers. Blocks of embedded languages have rules of their own.
 void StatementParser::warnOfAreaA(const Token &verb) {
-  if (verb.isInAreaA() && verb.isInFixedForm() && !verb.isOneOf(Keyword::Exec, Keyword::Execute))
+  if (verb.isFirstOnLine() && verb.isInAreaA() && verb.isInFixedForm() &&
+      !verb.isOneOf(Keyword::Exec, Keyword::Execute))
     context.diagnostics.report(DiagnosticId::StatementInAreaA, verb.place, verb.text);
 }
 

@@ -56,9 +56,12 @@ const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,
 }
 
 void SourceDiagnostics::reportCutLines() {
-  for (const CutLine &cut : cutLines)
-    if (cut.isEvident && !cut.isReported)
+  for (const CutLine &cut : cutLines) {
+    SourceRange line = cut.place;
+    line.beginColumn = 1;
+    if (cut.isEvident && !cut.isReported && !sink.getDamage().contains(line))
       sink.report(DiagnosticId::TextCutAtMargin, cut.place, cut.text);
+  }
 }
 
 bool SourceDiagnostics::isCopybookMissing(const SourceRange &before,

@@ -5,7 +5,9 @@
 #include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+
 #include "Analyzer/Graph/ProcedureEnds.h"
+#include "Print/MissingName.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/raw_ostream.h"
@@ -116,28 +118,6 @@ void GraphLayout::openGroup(const CFGBlock *block, const ProcedureStarts &starts
   else if (groups.back().paragraph && endsParagraph(block))
     groups.push_back({groups.back().section, nullptr, {}});
 }
-
-namespace {
-
-/// "there is no NOUN NAME", with what is near it or with all names when they are few.
-std::string explainMissing(llvm::StringRef noun, llvm::StringRef name,
-                           llvm::ArrayRef<llvm::StringRef> names) {
-  std::string message = ("there is no " + noun + " " + name).str();
-  // Names that differ in no more than a third of their letters are near.
-  const unsigned allowed = std::max<unsigned>(1, static_cast<unsigned>(name.size()) / 3);
-  constexpr std::size_t few = 20;
-  llvm::SmallVector<llvm::StringRef> near;
-  for (llvm::StringRef other : names)
-    if (name.edit_distance_insensitive(other, true, allowed) <= allowed)
-      near.push_back(other);
-  if (!near.empty())
-    return message + "; similar: " + llvm::join(near, ", ");
-  if (names.empty())
-    return message + ", nor any other";
-  return names.size() > few ? message : message + "; there are " + llvm::join(names, ", ");
-}
-
-} // namespace
 
 std::optional<std::string> explainMissingProcedure(const CFGModule &module, const GraphView &view) {
   const FunctionSelection selection(module, view);

@@ -42,6 +42,16 @@ public:
     return ("the " + node.getVerb() + " of line " + llvm::Twine(lineOf(number))).str();
   }
 
+  /// What performs a range: the verb, or the phrase of SORT and MERGE.
+  std::string verbOf(std::uint32_t number, FlowEdgeKind kind) const {
+    const FlowNode &node = flow.node(number);
+    if (kind == FlowEdgeKind::SortInput)
+      return "INPUT PROCEDURE";
+    if (kind == FlowEdgeKind::SortOutput)
+      return "OUTPUT PROCEDURE";
+    return node.getKind() == FlowNodeKind::Step ? "XML PARSE" : node.getVerb().upper();
+  }
+
   static llvm::StringRef keyOf(DeadReason reason) {
     switch (reason) {
     case DeadReason::None:
@@ -102,15 +112,16 @@ struct PerformTree {
     std::uint32_t node;
     std::uint32_t range; ///< noFlow for a CALL
     const FlowCall *call;
+    FlowEdgeKind kind; ///< of the way into the range
   };
   PerformTree(const FlowGraph &graph) : flow(graph.getModule()), described(graph) {
     for (const FlowPerform &perform : flow.performs())
       if (perform.kind != FlowEdgeKind::Loop && perform.kind != FlowEdgeKind::Declarative &&
           flow.node(perform.node).getParent() == &graph)
-        children.push_back({perform.node, perform.range, nullptr});
+        children.push_back({perform.node, perform.range, nullptr, perform.kind});
     for (const FlowCall &call : flow.calls())
       if (flow.node(call.node).getParent() == &graph)
-        children.push_back({call.node, noFlow, &call});
+        children.push_back({call.node, noFlow, &call, FlowEdgeKind::Call});
     llvm::sort(children, [](const Child &a, const Child &b) { return a.node < b.node; });
   }
 
@@ -250,7 +261,7 @@ private:
            << '\n';
         continue;
       }
-      os << flow.node(child.node).getVerb().upper() << ' ' << words.rangeName(child.range);
+      os << words.verbOf(child.node, child.kind) << ' ' << words.rangeName(child.range);
       llvm::ArrayRef<PerformTree::Child> inside = tree.ofRange(child.range);
       if (!inside.empty() && !shown.insert(child.range).second) {
         os << " (see above)\n";

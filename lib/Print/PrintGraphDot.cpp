@@ -503,7 +503,7 @@ void DotPrinter::addLine(const FlowNode &node, const FlowNode &target, FlowEdgeK
                    : target.getKind() == FlowNodeKind::ProcedureEnd ? endOf(target.getProcedure())
                    : target.getBlock() ? boxOf(target.getBlock(), other.function)
                                        : "";
-  // Nothing is drawn of the start, and of a label's handler only the way to the label.
+  // Nothing is drawn of the start and of handlers.
   if (from.empty() || to.empty())
     return;
   const bool isForward = target.getId() > node.getId();
@@ -550,7 +550,11 @@ void DotPrinter::addLines(const FlowNode &node) {
     // Round again is drawn as a way from the test to itself.
     if (node.getKind() == FlowNodeKind::LoopTest && target.getKind() == FlowNodeKind::Procedure)
       continue;
-    if (target.getKind() == FlowNodeKind::ProcedureEnd)
+    if (target.getKind() == FlowNodeKind::Handler) {
+      // Straight to the labels: the handler has no box.
+      for (const FlowEdge &toLabel : target.successors())
+        addLine(node, nodeAt(toLabel.to), toLabel.kind);
+    } else if (target.getKind() == FlowNodeKind::ProcedureEnd)
       addFall(node, target.getProcedure(), edge.kind);
     else if (target.getKind() == FlowNodeKind::Exit) {
       if (node.getBlock() && isWanted(groupOf(node)))

@@ -129,7 +129,7 @@ bool WorkerPool::launch(Entry &entry, Task task) {
     errno = llvm::errorToErrorCode(worker.takeError()).value();
     return false;
   }
-  entry.worker = std::move(*worker);
+  entry.worker = std::make_unique<Worker>(std::move(*worker));
   return true;
 }
 

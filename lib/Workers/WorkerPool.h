@@ -24,6 +24,7 @@
 #include "llvm/ADT/StringRef.h"
 #include <chrono>
 #include <list>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -102,14 +103,14 @@ private:
   /// A task whose result has not been taken.
   struct Entry {
     WorkerResult result;
-    std::optional<Worker> worker;
+    std::unique_ptr<Worker> worker;
     FileDescriptor out;
     FileDescriptor err;
     Clock::time_point start;
     bool channelEnded = false;
     bool isOutOfTime = false;
 
-    bool isRunning() const { return worker.has_value(); }
+    bool isRunning() const { return worker != nullptr; }
   };
 
   bool launch(Entry &entry, Task task);

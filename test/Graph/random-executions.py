@@ -6,7 +6,8 @@ A program of sections and paragraphs is made at random, and beside its text the 
 machine that carries it out by the rules of the language: every condition may hold or not, every
 operation succeed or fail, and a stack holds the ranges that are being performed. All executions are
 followed up to a depth of the stack. Every step from one statement to the next must be an edge of the
-graph, and every edge of a program without ALTER must be a step of some execution.
+graph, and every edge of a program without ALTER and HANDLE must be a step of some execution. The
+picture must show the step too, and the text must not call a statement dead that is executed.
 
 Where a range is left by GO TO and the end of another one that is open is come to, the language leaves
 open what happens: some compilers fall through, some return from the open range. The machine does one
@@ -16,6 +17,7 @@ in one run and the other in another; both must be in the graph.
 import json
 import pathlib
 import random
+import re
 import subprocess
 import sys
 
@@ -25,17 +27,20 @@ environment division.
 input-output section.
 file-control.
     select f assign to f relative access dynamic relative key n file status st.
+    select g assign to g.
     select w assign to w.
 data division.
 file section.
 fd f.
 1 r pic x.
+fd g.
+1 q pic x.
 sd w.
 1 k pic x.
 working-storage section.
-1 n pic 9(4).
+1 n pic 9(4) global.
 1 st pic xx.
-1 t.
+1 t global.
   2 e pic 9 occurs 5 indexed by i.
 procedure division.""".splitlines()
 
@@ -61,10 +66,15 @@ class Generator:
         self.sentence_end = None
         self.paragraph_end = self.section_end = None
         self.alterable = []
+        self.labels = []  # of HANDLE
+        self.nested, self.first_inner_line = False, sys.maxsize
         # Programs that may be in trouble, and programs whose ranges are entered and left as they should.
         self.is_wild = self.likely(0.5)
         self.has_use = self.likely(0.5)
         self.can_alter = self.likely(0.3)
+        self.has_commands = self.is_wild and self.likely(0.3)
+        self.has_nested = self.likely(0.4)
+        self.has_states = self.can_alter or self.has_commands
         self.build()
 
     def likely(self, probability):
@@ -100,7 +110,7 @@ class Generator:
         if self.can_alter:
             self.alterable = self.random.sample(self.paragraphs, 1)
         self.declarative = Procedure("d0") if self.has_use else None
-        main = Label()
+        main, self.inner = Label(), Label()
         self.emit("jump", main)
         if self.has_use:
             self.lines += ["declaratives.", "d0 section.", "    use after error procedure on input."]
@@ -122,6 +132,24 @@ class Generator:
             if section:
                 self.emit("end", section)
         self.emit("leave")
+        if self.has_nested:
+            self.build_nested()
+
+    def build_nested(self):
+        """A program within the other, with two paragraphs, that neither works on files nor sorts."""
+        self.first_inner_line = len(self.lines) + 1
+        self.lines += ["identification division.", "program-id. inner.", "procedure division."]
+        self.nested, self.is_wild, self.sections = True, False, []
+        self.can_alter = self.has_use = self.has_commands = False
+        self.alterable = []
+        self.paragraphs = self.procedures = [Procedure("q0"), Procedure("q1")]
+        self.place(self.inner)
+        self.section_end = Label()
+        for paragraph in self.paragraphs:
+            self.in_paragraph(paragraph)
+        self.place(self.section_end)
+        self.emit("leave")
+        self.lines += ["end program inner.", "end program p."]
 
     def in_paragraph(self, paragraph, simple=False):
         self.lines.append(f"{paragraph.name}.")
@@ -154,8 +182,11 @@ class Generator:
     def statement(self, depth):
         makers = [
             (6, self.move), (3, self.if_), (2, self.evaluate), (2, self.phrases), (2, self.inline),
-            (3, self.perform), (2, self.transfer), (1, self.search), (1, self.sort),
+            (3, self.perform), (2, self.transfer), (1, self.search),
         ]
+        if not self.nested:
+            makers += [(1, self.sort), (1, self.xml)]
+            makers += [(2, self.call)] * self.has_nested + [(3, self.command)] * self.has_commands
         if depth >= 3:
             makers = makers[:1]
         self.random.choices([m for _, m in makers], [w for w, _ in makers])[0](depth)
@@ -226,7 +257,7 @@ class Generator:
             ("call 'q'", "on exception", "end-call", False),
             ("read f next", "at end", "end-read", True),
             ("rewrite r", "invalid key", "end-rewrite", True),
-        ])
+        ][: 3 if self.nested else None])
         both = self.random.choice([(True, False), (False, True), (True, True)])
         self.write(statement)
         on, not_on, use, behind = Label(), Label(), Label(), Label()
@@ -305,7 +336,7 @@ class Generator:
         self.loop(repetition, lambda: self.emit("perform", begin, end))
 
     def transfer(self, depth):
-        choices = ["paragraph", "section", "goback", "stop", "program"]
+        choices = ["paragraph", "goback", "stop", "program"] + ["section"] * (not self.nested)
         if self.is_wild:
             choices += ["go to", "depending"] * 3
         if self.loops:
@@ -327,7 +358,8 @@ class Generator:
             self.write("exit program")
             go_on = Label()
             leave = Label()
-            self.emit("branch", [go_on, leave])
+            # Only the program that the run began with goes on.
+            self.emit("branch", [leave] if self.nested else [go_on, leave])
             self.place(leave)
             self.emit("leave")
             self.place(go_on)
@@ -375,14 +407,81 @@ class Generator:
         self.lines.append("    end-search")
 
     def sort(self, depth):
+        using, giving = self.likely(0.4), self.likely(0.4)
         ranges = [self.pick_range(), self.pick_range()]
         if not all(ranges):
             return self.move(depth)
         self.write("sort w ascending key k")
-        for verb, (begin, end) in zip(("input", "output"), ranges):
+        output, behind = Label(), Label()
+        self.phase("input", "using f" if using else None, ranges[0], [output, behind])
+        self.place(output)
+        self.phase("output", "giving g" if giving else None, ranges[1], [behind])
+        self.place(behind)
+
+    def phase(self, verb, file, performed, after_failure):
+        """A procedure of the sort or its files. Having failed, a sort goes on or is given up."""
+        begin, end = performed
+        if not file:
             thru = f" thru {end.name}" if end is not begin else ""
             self.lines.append(f"      {verb} procedure {begin.name}{thru}")
             self.emit("perform", begin, end)
+            return
+        self.lines.append(f"      {file}")
+        if self.has_use:
+            failed = Label()
+            self.emit("branch", [after_failure[0], failed])
+            self.place(failed)
+            self.emit("perform", self.declarative, self.declarative)
+            self.emit("branch", after_failure)
+
+    def xml(self, depth):
+        picked = self.pick_range()
+        if not picked:
+            return self.move(depth)
+        begin, end = picked
+        thru = f" thru {end.name}" if end is not begin else ""
+        self.write(f"xml parse t processing procedure {begin.name}{thru}")
+        parser, event, over, failed, passed, behind = (Label() for _ in range(6))
+        self.place(parser)
+        self.emit("branch", [event, over])
+        self.place(event)
+        self.emit("perform", begin, end)
+        self.emit("branch", [parser, over])
+        self.place(over)
+        self.emit("branch", [failed, passed])
+        for label, phrase in ((failed, "on exception"), (passed, "not on exception")):
+            self.place(label)
+            if self.likely(0.5):
+                self.lines.append("    " + phrase)
+                self.statements(depth + 1)
+            self.emit("jump", behind)
+        self.place(behind)
+        self.lines.append("    end-xml")
+
+    def call(self, depth):
+        self.write("call 'inner' end-call")
+        self.emit("call", self.inner)
+
+    def command(self, depth):
+        condition = self.random.choice(["notfnd", "duprec"])
+        label = self.random.choice(self.paragraphs)
+        choice = self.random.choice(["handle", "handle", "default", "read", "read", "read", "return"])
+        if choice == "handle":
+            self.write(f"exec cics handle condition {condition}({label.name}) end-exec")
+            self.emit("alter", Procedure(condition), label)
+        elif choice == "default":
+            self.write(f"exec cics handle condition {condition} end-exec")
+            self.emit("alter", Procedure(condition), Procedure(""))
+        else:
+            verb = "return" if choice == "return" else "read file('f') into(t)"
+            self.write(f"exec cics {verb} end-exec")
+            behind, failing = Label(), Label()
+            self.emit("branch", [behind, failing])
+            self.place(failing)
+            self.emit("raise", behind)
+            self.place(behind)
+            if choice == "return":
+                self.emit("stop")
 
 
 class Machine:
@@ -397,7 +496,9 @@ class Machine:
 
     def run(self):
         # Where it is, the statement it was at last, the ranges being performed, the altered targets.
-        start = (0, "start", (), ())
+        self.explore((0, "start", (), ()))
+
+    def explore(self, start):
         seen, open_states = {start}, [start]
         while open_states:
             state = open_states.pop()
@@ -436,43 +537,118 @@ class Machine:
                 end, behind = stack[depth - 1]
                 if end == name:
                     return [(behind, last, stack[: depth - 1], altered)]
-                if not self.returns_from_any:
+                # The ranges of a calling program are not looked at.
+                if not self.returns_from_any or end.isdigit():
                     break
             return [(at + 1, last, stack, altered)]
-        self.steps.add((last, "exit"))
+        if operation == "raise":
+            # Each of the conditions that lead somewhere may be the one that is raised.
+            targets = [start for name, start in altered if name in ("notfnd", "duprec")]
+            return [(target, last, stack, altered) for target in targets if target is not None]
+        calls = [depth for depth, (end, _) in enumerate(stack) if end.isdigit()]
+        if operation == "call":
+            if len(stack) == DEPTH or calls:
+                self.is_complete &= bool(calls)
+                return []
+            # The marker in the stack is the line of the CALL.
+            return [(operands[0].at, "start of inner", stack + ((str(last), at + 1),), altered)]
+        self.steps.add((last, "exit of inner" if calls else "exit"))
+        if operation == "leave" and calls:
+            line, behind = stack[calls[-1]]
+            return [(behind, int(line), stack[: calls[-1]], altered)]
         return []
 
 
 class Graph:
+    """The steps that the three forms of the graph have."""
+
     def __init__(self, tarka, source):
-        command = [tarka, "cfg", "--format=json", "--keep-going", str(source)]
+        self.tarka, self.source = tarka, source
+        self.steps, self.drawn, self.reached, self.blocks = set(), set(), set(), {}
+        for function in json.loads(self.print("json"))["functions"]:
+            self.add(function, " of inner" if function["name"].lower() == "inner" else "")
+        self.pictured = self.read_picture()
+        self.dead = self.read_text()
+
+    def print(self, form):
+        command = [self.tarka, "cfg", f"--format={form}", "--full", "--keep-going", str(self.source)]
         done = subprocess.run(command, capture_output=True, text=True)
         if done.returncode > 1:
-            sys.exit(f"{source}: {done.stderr}")
-        self.function = json.loads(done.stdout)["functions"][0]
-        nodes = {node["id"]: node for node in self.function["nodes"]}
+            sys.exit(f"{self.source}: {done.stderr}")
+        return done.stdout
+
+    def add(self, function, suffix):
+        nodes = {node["id"]: node for node in function["nodes"]}
         written = {"statement", "condition", "evaluate"}
         names = {
-            i: node["line"] if node["kind"] in written else node["kind"]
+            i: node["line"] if node["kind"] in written else node["kind"] + suffix
             for i, node in nodes.items()
             if node["kind"] in written or node["kind"] in ("start", "exit")
         }
-        leads_to = {}
-        for edge in self.function["edges"]:
+        for number, name in names.items():
+            self.blocks.setdefault(name, set()).add((bool(suffix), nodes[number].get("block")))
+        leads_to, drawn = {}, {}
+        for edge in function["edges"]:
+            if edge["kind"] == "call":
+                continue  # Into another program, whose steps begin anew.
             leads_to.setdefault(edge["from"], []).append(edge["to"])
-        self.steps = set()
+            # The picture leads on from the performer in place of coming back from the range.
+            if edge["kind"] not in ("return", "declarative end"):
+                drawn.setdefault(edge["from"], []).append(edge["to"])
         for start, name in names.items():
-            if not nodes[start]["reached"]:
-                continue
-            seen, open_nodes = set(), list(leads_to.get(start, []))
-            while open_nodes:
-                node = open_nodes.pop()
-                if node in names:
-                    self.steps.add((name, names[node]))
-                elif node not in seen:
-                    seen.add(node)
-                    open_nodes += leads_to.get(node, [])
-        self.reached = {names[i] for i in names if nodes[i]["reached"]}
+            if nodes[start]["reached"]:
+                for edges, steps in ((leads_to, self.steps), (drawn, self.drawn)):
+                    targets = walk(edges, start, lambda node: node in names)
+                    steps |= {(name, names[node]) for node in targets}
+                self.reached.add(name)
+
+    def read_picture(self):
+        """Steps as pairs of blocks, through boxes that hold no statement."""
+        edges = {}
+        for first, second in re.findall(r"^ *(\w+)\S* -> (\w+)", self.print("dot"), re.M):
+            edges.setdefault(first, []).append(second)
+        held = {name_of_box(*block) for blocks in self.blocks.values() for block in blocks}
+        return {box: set(walk(edges, box, lambda other: other in held)) for box in held}
+
+    def is_pictured(self, step):
+        if step not in self.drawn or not all(isinstance(name, int) for name in step):
+            return True  # A return, or the end of a program, which has no box.
+        first, second = ({name_of_box(*block) for block in self.blocks[name]} for name in step)
+        return first & second or any(second & self.pictured[box] for box in first)
+
+    def read_text(self):
+        """The lines of the statements in blocks that are said not to be reached."""
+        dead, alive, is_dead = set(), set(), False
+        for line in self.print("text").splitlines():
+            if re.match(r" *\d+: ", line):
+                is_dead = "[not reached]" in line
+            elif match := re.match(r" {6,}(\d+) [A-Z]", line):
+                (dead if is_dead or "[not reached]" in line else alive).add(int(match[1]))
+        return dead - alive  # A statement may have several elements.
+
+
+def first_line(step):
+    """The line of the statement that the step begins or ends with."""
+    return next((name for name in step if isinstance(name, int)), 0)
+
+
+def name_of_box(is_inner, block):
+    return f"f{int(is_inner)}b{block}"
+
+
+def walk(leads_to, start, is_end):
+    """The nodes at which the ways from start end first."""
+    ends, seen, open_nodes = [], set(), list(leads_to.get(start, []))
+    while open_nodes:
+        node = open_nodes.pop()
+        if node in seen:
+            continue
+        seen.add(node)
+        if is_end(node):
+            ends.append(node)
+        else:
+            open_nodes += leads_to.get(node, [])
+    return ends
 
 
 def main():
@@ -487,18 +663,28 @@ def main():
         machines = [Machine(program.code, False), Machine(program.code, True)]
         steps = machines[0].steps | machines[1].steps
         missing = steps - graph.steps
-        # Whether control comes to a GO TO after the ALTER of it is more than the graph tells.
-        is_exact = all(m.is_complete for m in machines) and not program.can_alter
-        excess = graph.steps - steps if is_exact else set()
+        undrawn = {step for step in steps if not graph.is_pictured(step)}
+        dead = graph.dead & {line for step in steps for line in step}
+        # Whether control comes to a GO TO after the ALTER of it, and what HANDLE holds behind a range,
+        # is more than the graph tells.
+        is_exact = all(m.is_complete for m in machines) and not program.has_states
+        # A program that nothing calls has its ways too, as if it were called.
+        is_called = any(first == "start of inner" for first, _ in steps)
+        called = {step for step in graph.steps
+                  if is_called or first_line(step) < program.first_inner_line}  # fmt: skip
+        excess = called - steps if is_exact else set()
         complete += is_exact
-        if missing or excess:
-            failures += 1
-            print(f"{source}: no edges: {sorted(missing, key=str)[:4]}")
-            print(f"{source}: edges that nothing takes: {sorted(excess, key=str)[:4]}")
+        found = {"no edges": missing, "not in the picture": undrawn, "called dead": dead,
+                 "edges that nothing takes": excess}  # fmt: skip
+        failures += any(found.values())
+        for what, which in found.items():
+            if which:
+                print(f"{source}: {what}: {sorted(which, key=str)[:4]}")
     if complete < int(count) // 4:
         print(f"only {complete} of {count} programs were followed to the end")
         failures += 1
     return failures != 0
 
 
-sys.exit(main())
+if __name__ == "__main__":
+    sys.exit(main())

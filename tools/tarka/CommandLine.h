@@ -65,6 +65,9 @@ struct Request {
   /// Its options in their order.
   std::vector<OptionSetting> settings;
 
+  /// The item that is followed through the program, which may be qualified; empty without one.
+  std::string item;
+
   // The report.
   ReportForm reportForm = ReportForm::Auto;
   ColorChoice color = ColorChoice::Auto;

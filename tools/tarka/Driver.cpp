@@ -22,6 +22,7 @@
 #include "Print/PrintExpansion.h"
 #include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
+#include "Print/PrintItems.h"
 #include "Print/PrintLayout.h"
 #include "Print/PrintTree.h"
 #include "ProgramRun.h"
@@ -281,7 +282,16 @@ int Compilation::printGraph(CommandOutput &output) {
     return ExitUnusable;
   }
   if (request.command == Command::Flow) {
-    if (request.format == OutputFormat::Json)
+    if (!request.item.empty()) {
+      if (auto missing = explainMissingItem(*module, request.item)) {
+        llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
+        return ExitUnusable;
+      }
+      if (request.format == OutputFormat::Json)
+        printItemsJson(output.stream(), *module, request.item);
+      else
+        printItemsText(output.stream(), *module, request.item);
+    } else if (request.format == OutputFormat::Json)
       printFlowJson(output.stream(), *module);
     else
       printFlowText(output.stream(), *module);

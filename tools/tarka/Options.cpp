@@ -135,6 +135,11 @@ std::string setRecord(Request &request, const OptionValue &value) {
   return value.text.empty() ? "a name is missing" : "";
 }
 
+std::string setItem(Request &request, const OptionValue &value) {
+  request.item = value.text;
+  return value.text.empty() ? "a name is missing" : "";
+}
+
 // clang-format off
 constexpr Option table[] = {
     // How the source is read.
@@ -207,6 +212,9 @@ constexpr Option table[] = {
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
      .choices = explanationFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
+    {.name = "item", .type = OptionType::Text, .commands = setOf(Command::Flow),
+     .value = "NAME", .help = "instead, where this item is written and what can read that",
+     .set = setItem},
     {.name = "function", .type = OptionType::Text, .commands = setOf(Command::Cfg),
      .value = "NAME", .help = "only this program's function",
      .set = assign<&Request::view, &GraphView::function>},

@@ -8,9 +8,9 @@
 
 #include "AST/DataDivision.h"
 #include "AST/ExpressionVisitor.h"
+#include "AST/Operands.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
-#include "OperandWalk.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
 #include <optional>
@@ -338,8 +338,8 @@ void checkVariableTables(DataDivision &division, LanguageReport &report) {
 void checkOperands(Statement &statement, LanguageReport &report) {
   TableCheck check(report);
   forEachOperand(
-      statement, [&](Expression &operand) { check.check(&operand); },
-      [&](Condition &condition) { check.check(&condition); });
+      statement, [&](Expression &operand, OperandRole) { check.check(&operand); },
+      [&](Condition &condition, OperandRole) { check.check(&condition); });
 }
 
 } // namespace tarka
