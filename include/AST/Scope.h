@@ -114,6 +114,9 @@ public:
   void forEachItem(llvm::function_ref<void(DataDescription *)> visit) const;
   /// The same for the files that findFiles() gives for their names.
   void forEachFile(llvm::function_ref<void(FileDescription *)> visit) const;
+  /// Calls \p visit for every name that a SPECIAL-NAMES paragraph defines, that of the program
+  /// first.
+  void forEachSpecialName(llvm::function_ref<void(const Word *)> visit) const;
 
 private:
   bool isHiddenIn(const SourceUnit *declaring, const std::string *name) const;

@@ -78,6 +78,10 @@ public:
   /// report derives it from the node.
   const std::string &getSubject() const { return subject; }
   void setSubject(std::string what) { subject = std::move(what); }
+  /// The second operand that the diagnostic is about: the sender where the receiver of a MOVE is
+  /// the node, the right side of a comparison where the left side is. Null where there is only one.
+  const Node *getOtherOperand() const { return otherOperand; }
+  void setOtherOperand(const Node *operand) { otherOperand = operand; }
   /// Places that explain the diagnostic, such as "first declared here".
   const std::vector<ErrorNote> &getNotes() const { return notes; }
   void addNote(std::string text, const Node &at) {
@@ -100,6 +104,7 @@ private:
   std::string subject;
   std::vector<ErrorNote> notes;
   SourceUnit *sourceUnit = nullptr;
+  const Node *otherOperand = nullptr;
 };
 
 /// Collects the diagnostics of one compilation in the order in which they are found. Nothing is

@@ -125,6 +125,13 @@ public:
     errorHandler->PushError(code, node, text);
     return false;
   }
+  /// The same for two operands that do not fit together; \p other is the one that the message does
+  /// not point at.
+  bool report(ErrorCode code, Node *node, const Node &other) {
+    report(code, node);
+    errorHandler->lastEntry().setOtherOperand(&other);
+    return false;
+  }
   /// Pushes a warning at \p node. A warning does not fail the check.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   /// The error handler that the checker was made with; never null.

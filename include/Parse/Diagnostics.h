@@ -10,6 +10,7 @@
 
 #include "AST/Severity.h"
 #include "Parse/SourceDamage.h"
+#include "Report/SourceOrder.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/Support/FormatVariadic.h"
 #include <cstdint>
@@ -83,6 +84,10 @@ public:
   /// source has been parsed.
   const SourceDamage &getDamage() const { return damage; }
   SourceDamage &getDamage() { return damage; }
+  /// The copybooks that were read, in the order in which they were opened. A copybook of several
+  /// COPY statements is there once for each.
+  llvm::ArrayRef<CopiedFile> getCopies() const { return copies; }
+  void addCopy(const CopiedFile &copy) { copies.push_back(copy); }
   /// Whether a fatal error was reported, so that the rest of the text need not be read.
   bool hasFatalError() const { return fatalSeen; }
 
@@ -108,6 +113,7 @@ private:
 
   std::vector<DiagnosticEntry> entries;
   SourceDamage damage;
+  std::vector<CopiedFile> copies;
   unsigned errorCount = 0;
   bool fatalSeen = false;
   bool isSilent = false;

@@ -11,9 +11,10 @@
 #define TARKA_PARSE_SOURCEDAMAGE_H
 
 #include "AST/Node.h"
-#include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/SmallVector.h"
+#include "llvm/ADT/StringMap.h"
 #include "llvm/ADT/StringRef.h"
-#include "llvm/ADT/StringSet.h"
 #include <utility>
 
 namespace tarka {
@@ -24,17 +25,15 @@ class SourceDamage {
 public:
   bool empty() const { return lines.empty() && !copybookIsMissing; }
 
-  /// Whether \p place shares a line with damaged text. An error there is most likely a consequence
-  /// of the error that was reported for that text.
+  /// Whether some character of \p place is damaged. What is found wrong there is most likely a
+  /// consequence of the error that was reported for it; other statements of the line are not
+  /// concerned.
   bool contains(const SourceRange &place) const;
 
-  /// Whether \p name, in any case, is a word of damaged text, or would be but for one character
-  /// that makes two of it (CUST,NAME for CUST-NAME). What it names may be missing from the tree or
-  /// differ from what was meant.
-  bool hasName(llvm::StringRef name) const;
-
-  /// The words of the damaged text, in upper case.
-  const llvm::StringSet<> &getNames() const { return names; }
+  /// Where \p name, in any case, is a word of a damaged line, or would be but for one character
+  /// that makes two of it (CUST,NAME for CUST-NAME). What it names there may be missing from the
+  /// tree or differ from what was meant.
+  llvm::SmallVector<SourceRange, 2> findName(llvm::StringRef name) const;
 
   /// Whether text is missing whose names are not known: a copybook was not found or not readable,
   /// or its COPY statement could only be parsed in part.
@@ -44,18 +43,25 @@ public:
   // For the front end
   //===--------------------------------------------------------------------===//
 
-  /// Marks the lines of \p place as damaged.
+  /// Marks the text at \p place as damaged.
   void add(const SourceRange &place);
   void addMissingCopybook() { copybookIsMissing = true; }
   /// Adds the words that \p text, the text of file number \p file, has on damaged lines.
   void collectNames(unsigned file, llvm::StringRef text);
 
 private:
-  void addWords(llvm::StringRef text);
+  /// The damaged columns of one line, both ends included.
+  struct Columns {
+    unsigned first;
+    unsigned last;
+  };
+  using Words = llvm::StringMap<llvm::SmallVector<SourceRange, 1>>;
 
-  llvm::DenseSet<std::pair<unsigned, unsigned>> lines; ///< file and line
-  llvm::StringSet<> names;
-  llvm::StringSet<> brokenNames; ///< strings between blanks that are more than one word
+  void addWords(unsigned file, unsigned line, llvm::StringRef text);
+
+  llvm::DenseMap<std::pair<unsigned, unsigned>, llvm::SmallVector<Columns, 1>> lines; ///< by file
+  Words names;       ///< in upper case
+  Words brokenNames; ///< strings between blanks that are more than one word, in upper case
   bool copybookIsMissing = false;
 };
 

@@ -6,12 +6,13 @@
 //
 // A consequence is an error that
 // - repeats another one: the same number and text at the same place;
-// - is found by a check in a line that the front end could not read, or is a
-//   further one that the front end reports there;
+// - is found by a check in text that the front end could not read;
 // - says of a name what was said of it before, such as that it is undefined;
-// - concerns an undefined name where a copybook is missing, or where the text
-//   that the front end could not read has the name in a declaration;
-// - concerns an item whose entry, or group, or member has an error itself.
+// - concerns an undefined name where a copybook is missing, unless it is near a
+//   declared one, or where the text that the front end could not read has the
+//   name in a declaration;
+// - concerns an item whose entry, or group, or member has an error itself, or a
+//   file whose SELECT or FD entry has.
 //
 //===----------------------------------------------------------------------===//
 
@@ -20,6 +21,7 @@
 
 #include "Report/Diagnostic.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
+#include "llvm/ADT/SmallVector.h"
 
 namespace tarka {
 
@@ -28,12 +30,21 @@ class Program;
 /// Gives line \p number of a source file without its end; empty where it cannot be read.
 using LineLookup = llvm::function_ref<llvm::StringRef(unsigned file, unsigned number)>;
 
+/// What the front end says of the text that it could not read as meant.
+struct DamagedText {
+  /// Whether something at a place is damaged.
+  llvm::function_ref<bool(const SourceRange &)> contains;
+  /// Where the damaged text has a name.
+  llvm::function_ref<llvm::SmallVector<SourceRange, 2>(llvm::StringRef)> findName;
+};
+
 /// Removes the consequences from \p diagnostics, which are those of \p program in the order found
-/// and still have their nodes. Each error that has consequences gets a note with their number at
-/// the place of the first one, and the error of a missing copybook names the names that it probably
-/// left undefined. Warnings neither have consequences nor are any, and a diagnostic with a fix
-/// stays.
-void removeConsequences(std::vector<Diagnostic> &diagnostics, Program &program, LineLookup lineOf);
+/// and still have their nodes. An error that is the first one about its name gets the further
+/// places; any other error that has consequences gets a note with their number at the place of the
+/// first one, and the error of a missing copybook names the names that it probably left undefined.
+/// Warnings neither have consequences nor are any, and a diagnostic with a fix stays.
+void removeConsequences(std::vector<Diagnostic> &diagnostics, Program &program,
+                        const DamagedText &damage, LineLookup lineOf);
 
 } // namespace tarka
 

@@ -36,12 +36,20 @@ struct Diagnostic {
   std::string subject;
   /// What the subject is: "PIC X(30)" for the name of an item.
   std::string detail;
+  /// The same of the second operand that the diagnostic involves; empty where there is none.
+  std::string otherSubject;
+  std::string otherDetail;
   /// The name that was probably meant in the place of the subject.
   std::string suggestion;
   SourceRange place;
   /// The source line that the place begins in, as UTF-8; empty where it cannot be shown.
   std::string line;
   std::vector<DiagnosticNote> notes;
+  /// Where else the subject draws the same diagnostic: the other uses of a name that is not
+  /// declared.
+  std::vector<SourceRange> furtherPlaces;
+  /// For text of a copybook where it was copied, "FILE:LINE", and in how many places more.
+  std::string copiedFrom;
   /// The edits that certainly correct it; empty where there are none.
   std::vector<TextEdit> fix;
   /// The name of the source file of the compilation, without its directory. The place itself may
@@ -57,9 +65,11 @@ struct Diagnostic {
   /// The node that a check reports, and the program unit. Null for the front end, and in another
   /// process than the one that found it.
   const Node *node = nullptr;
+  const Node *otherNode = nullptr;
   SourceUnit *unit = nullptr;
 
-  /// The text followed by its subject, and by the number of programs that have the diagnostic.
+  /// The text followed by its subject, and by the numbers of places and programs that have the
+  /// diagnostic.
   std::string getMessage() const;
 };
 

@@ -22,7 +22,7 @@ struct FileReport {
   std::string file;
   /// Why the file could not be analysed; empty when it could.
   std::string failure;
-  /// In the order found, with fingerprints, without those that are turned off.
+  /// In the order of the source, with fingerprints, without those that are turned off.
   std::vector<Diagnostic> diagnostics;
   std::uint64_t lines = 0;
   /// The checks did not succeed, but reported nothing.

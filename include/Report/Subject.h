@@ -22,7 +22,8 @@ struct Subject {
   /// A name with its qualifiers or a literal, as written. Empty for other nodes, which the source
   /// text shows better.
   std::string name;
-  /// The picture of the item that the name refers to, when it is known.
+  /// What the item is that the name refers to, "PIC S9(5) COMP-3", or the category of a literal or
+  /// an expression.
   std::string detail;
 };
 
@@ -30,7 +31,12 @@ struct Subject {
 Subject subjectOf(const Node &node);
 
 /// The kind of name that is not declared.
-enum class NameKind { Data, Procedure, File };
+enum class NameKind {
+  Operand, ///< data items, and names of SPECIAL-NAMES
+  Procedure,
+  File,
+  SpecialName,
+};
 
 /// The declarations of \p name in the program, as notes of a diagnostic which says that the name is
 /// not unique. At most \p limit.

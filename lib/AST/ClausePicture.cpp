@@ -10,6 +10,7 @@
 
 #include "AST/ClausePicture.h"
 #include "AST/Expression.h"
+#include "AST/PictureFault.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/PointerIntPair.h"
 #include "llvm/ADT/STLExtras.h"
@@ -559,6 +560,16 @@ std::string writeOut(StringRef text) {
 //===----------------------------------------------------------------------===//
 // The clause
 //===----------------------------------------------------------------------===//
+
+std::size_t findPictureFault(StringRef text) {
+  // Which of comma and period is the decimal point makes no difference to where most strings fail.
+  for (std::size_t length = text.size(); length > 0; --length)
+    for (const bool decimalPointIsComma : {false, true})
+      if (Decoder(text.take_front(length), decimalPointIsComma).decode().category !=
+          DataCategory::Unclassified)
+        return length;
+  return 0;
+}
 
 ClausePicture::ClausePicture(const Node *at, Word *characterString)
     : Node(at), charString(characterString) {

@@ -262,6 +262,31 @@ void Scope::forEachFile(llvm::function_ref<void(FileDescription *)> visit) const
           visit(file);
 }
 
+void Scope::forEachSpecialName(llvm::function_ref<void(const Word *)> visit) const {
+  auto visitAny = [&](const Word *name) {
+    if (name)
+      visit(name);
+  };
+  for (const SourceUnit *one = unit; one; one = one->getParent()) {
+    const ParaSpecialNames *names = one->getSpecialNames();
+    if (!names)
+      continue;
+    for (const ClauseEnvName *clause : names->getEnvNameListElements()) {
+      visitAny(clause->getMnemonicName());
+      visitAny(clause->getOnCondition());
+      visitAny(clause->getOffCondition());
+    }
+    for (const ClauseAlphabet *clause : names->getAlphabetListElements())
+      visitAny(clause->getAlphabetName());
+    for (const ClauseClass *clause : names->getClassListElements())
+      visitAny(clause->getClassName());
+    for (const ClauseSymbolic *clause : names->getSymbolicListElements())
+      for (const PhrsSymbolic *phrase : clause->getSymbolicListElements())
+        for (const Word *name : phrase->getSourceListElements())
+          visitAny(name);
+  }
+}
+
 //===----------------------------------------------------------------------===//
 // Qualified names
 //===----------------------------------------------------------------------===//

@@ -285,8 +285,9 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
   RecordBuilder records(*this, add);
   bool previousIsWrong = false;
   while (true) {
-    Recovery::ConstructScope construct(recovery);
+    // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
+    Recovery::ConstructScope construct(recovery);
     auto addEntry = [&](unsigned assumedLevel) {
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())

@@ -309,6 +309,7 @@ bool StatementParser::rejectWord(StatementList &list) {
     skipRestOfStatement(list.lastVerb);
     return false;
   }
+  const SourceRange before = stream.getLastPlace();
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isOneOf(Keyword::Cics, Keyword::Sql, Keyword::Dli) && peek().isWord()) {
@@ -346,6 +347,8 @@ bool StatementParser::rejectWord(StatementList &list) {
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
+    if (list.lastIsWrong)
+      context.diagnostics.getDamage().add(before);
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
   }

@@ -406,8 +406,11 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     format = SourceFormat::Free;
   else if (context.options.format == SourceFormat::Auto)
     format = file->getFormat(format);
+  // The text of a map has the places of its macros.
+  const unsigned shown = places.empty() ? file->getNumber() : places.front().file;
+  diagnostics.noteCopy(shown, statement.place);
   if (statement.isDoubtful)
-    diagnostics.markDamaged(places.empty() ? file->getNumber() : places.front().file);
+    diagnostics.markDamaged(shown);
   const SourceFormat formatAround = includer.lexer.getFormat();
   levels.push_back(std::make_unique<Level>(*file, format, context, /*isMain=*/false));
   if (!places.empty())

@@ -43,6 +43,9 @@ public:
 
   bool hasErrors() const { return sink.hasErrors(); }
 
+  /// Notes that \p statement copies the text of file number \p file.
+  void noteCopy(unsigned file, const SourceRange &statement) { sink.addCopy({file, statement}); }
+
   /// What the parser is parsing while it asks for tokens.
   OpenConstructs &getOpenConstructs() { return constructs; }
 

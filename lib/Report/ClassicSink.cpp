@@ -11,8 +11,10 @@ public:
   explicit ClassicSink(llvm::raw_ostream &stream) : out(stream) {}
 
   void report(const Diagnostic &diagnostic) override {
-    printReportLine(out, diagnostic.place, diagnostic.severity, diagnostic.number,
-                    diagnostic.getMessage());
+    std::string message = diagnostic.getMessage();
+    if (!diagnostic.copiedFrom.empty())
+      message += "; copied from " + diagnostic.copiedFrom;
+    printReportLine(out, diagnostic.place, diagnostic.severity, diagnostic.number, message);
   }
 
 private:

@@ -8,17 +8,23 @@
 
 namespace tarka {
 
+static std::string quote(const std::string &subject, const std::string &detail) {
+  return "'" + subject + "'" + (detail.empty() ? "" : " (" + detail + ")");
+}
+
 std::string Diagnostic::getMessage() const {
   std::string message = text;
   // Some texts name their subject themselves.
-  const std::string quoted = "'" + subject + "'";
-  if (!subject.empty() && !llvm::StringRef(text).contains_insensitive(quoted)) {
-    message = llvm::StringRef(text).rtrim(" .").str() + ": " + quoted;
-    if (!detail.empty())
-      message += " (" + detail + ")";
+  if (!subject.empty() &&
+      (!otherSubject.empty() || !llvm::StringRef(text).contains_insensitive("'" + subject + "'"))) {
+    message = llvm::StringRef(text).rtrim(" .").str() + ": " + quote(subject, detail);
+    if (!otherSubject.empty())
+      message += " and " + quote(otherSubject, otherDetail);
   }
   if (!suggestion.empty())
     message += "; was " + suggestion + " meant?";
+  if (const std::size_t more = furtherPlaces.size())
+    message += "; used in " + std::to_string(more) + (more == 1 ? " more place" : " more places");
   if (programCount > 1)
     message += "; in " + std::to_string(programCount) + " programs";
   return message;

@@ -21,6 +21,10 @@ public:
     printPlace(diagnostic.place);
     out << gccSeverity(diagnostic.severity) << ": " << diagnostic.getMessage() << " ["
         << diagnostic.number << "]\n";
+    if (!diagnostic.copiedFrom.empty()) {
+      printPlace(diagnostic.place);
+      out << "note: copied from " << diagnostic.copiedFrom << '\n';
+    }
     for (const DiagnosticNote &note : diagnostic.notes) {
       printPlace(note.place);
       out << "note: " << note.text << '\n';

@@ -32,6 +32,8 @@ void printDiagnostic(llvm::json::OStream &json, const Diagnostic &diagnostic) {
     printText("text", diagnostic.text);
     printText("subject", diagnostic.subject);
     printText("detail", diagnostic.detail);
+    printText("otherSubject", diagnostic.otherSubject);
+    printText("otherDetail", diagnostic.otherDetail);
     printText("suggestion", diagnostic.suggestion);
     printText("program", diagnostic.program);
     printText("fingerprint", diagnostic.fingerprint);
@@ -44,6 +46,12 @@ void printDiagnostic(llvm::json::OStream &json, const Diagnostic &diagnostic) {
             printPlace(json, note.place);
             printText("source", note.line);
           });
+      });
+    printText("copiedFrom", diagnostic.copiedFrom);
+    if (!diagnostic.furtherPlaces.empty())
+      json.attributeArray("furtherPlaces", [&] {
+        for (const SourceRange &place : diagnostic.furtherPlaces)
+          json.object([&] { printPlace(json, place); });
       });
     if (!diagnostic.fix.empty())
       json.attributeArray("fix", [&] {

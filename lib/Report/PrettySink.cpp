@@ -98,6 +98,8 @@ void PrettySink::printGroup(const Group &group) {
       printHeader(note.place, llvm::raw_ostream::CYAN, "note", note.text);
       printExcerpt(note.line, note.place);
     }
+    if (!diagnostic->copiedFrom.empty())
+      printHeader({}, llvm::raw_ostream::CYAN, "note", "copied from " + diagnostic->copiedFrom);
     printFix(*diagnostic);
   }
 }

@@ -41,7 +41,9 @@ bool Reporter::merge(Diagnostic &diagnostic, llvm::StringRef file) {
   if (shared.lastFile == summary.files)
     return true;
   shared.lastFile = summary.files;
-  ++shared.diagnostic.programCount;
+  // Each program copies the text in another place.
+  if (++shared.diagnostic.programCount > 1)
+    shared.diagnostic.copiedFrom.clear();
   if (options.listPrograms) {
     if (namedFile != summary.files)
       programNames.push_back(file.str());

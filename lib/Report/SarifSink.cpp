@@ -232,10 +232,12 @@ void SarifSink::printResult(const Diagnostic &diagnostic) {
     if (diagnostic.place.file != 0)
       json->attributeArray("locations",
                            [&] { printLocation(diagnostic.place, diagnostic.line, ""); });
-    if (!diagnostic.notes.empty())
+    if (!diagnostic.notes.empty() || !diagnostic.furtherPlaces.empty())
       json->attributeArray("relatedLocations", [&] {
         for (const DiagnosticNote &note : diagnostic.notes)
           printLocation(note.place, note.line, note.text);
+        for (const SourceRange &place : diagnostic.furtherPlaces)
+          printLocation(place, "", "the same here");
       });
     if (!diagnostic.fingerprint.empty())
       json->attributeObject("partialFingerprints",

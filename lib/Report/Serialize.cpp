@@ -42,10 +42,14 @@ template <typename Archive> void transfer(Archive &archive, Diagnostic &diagnost
   archive.text(diagnostic.text);
   archive.text(diagnostic.subject);
   archive.text(diagnostic.detail);
+  archive.text(diagnostic.otherSubject);
+  archive.text(diagnostic.otherDetail);
   archive.text(diagnostic.suggestion);
   transfer(archive, diagnostic.place);
   archive.text(diagnostic.line);
   archive.list(diagnostic.notes);
+  archive.list(diagnostic.furtherPlaces);
+  archive.text(diagnostic.copiedFrom);
   archive.list(diagnostic.fix);
   archive.text(diagnostic.program);
   archive.text(diagnostic.fingerprint);

@@ -2,7 +2,10 @@
 
 #include "Report/Subject.h"
 #include "AST/Expression.h"
+#include "AST/KindNames.h"
+#include "AST/PictureFault.h"
 #include "AST/Program.h"
+#include "AST/Scope.h"
 #include "AST/Spelling.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -26,48 +29,59 @@ std::string nameOf(const QualifiedWord *name) {
   return text;
 }
 
-/// The picture of an elementary item, and that a group is one.
+/// The picture and the usage of an elementary item, and that a group is one.
 std::string describeItem(const DataDescription *item) {
   if (!item || item->getLevelNum() == 88)
-    return "";
+    return item ? "a condition-name" : "";
+  if (item->getChildrenSize() > 0)
+    return "a group";
+  std::string text;
   if (const ClausePicture *picture = item->getPicture())
-    return "PIC " + picture->getCharStringWord()->getDisplayName();
-  return item->isGroupItem() ? "a group" : "";
+    text = "PIC " + picture->getCharStringWord()->getDisplayName();
+  if (const UsageType usage = item->getUsageType();
+      usage != UsageType::None && usage != UsageType::Display)
+    text += (text.empty() ? "" : " ") + nameOf(usage).str();
+  return text;
+}
+
+/// The character at which a picture that breaks a rule goes wrong.
+std::string describeFault(const DataDescription &item) {
+  const ClausePicture *picture = item.getPicture();
+  if (!picture || picture->getDataCategory() != DataCategory::Unclassified)
+    return "";
+  const llvm::StringRef text = picture->getCharStringWord()->getDisplayName();
+  // Longer ones are wrong as a whole.
+  constexpr std::size_t maxCharacters = 50;
+  if (text.size() > maxCharacters)
+    return "";
+  const std::size_t fault = findPictureFault(text);
+  if (fault >= text.size())
+    return "";
+  const std::string position = "position " + std::to_string(fault + 1);
+  return ", wrong from " +
+         (llvm::isASCII(text[fault]) ? "'" + text.substr(fault, 1).str() + "' in " : "") + position;
+}
+
+std::string nameOfEntry(const DataDescription *entry) {
+  return entry ? nameOf(entry->getDataName()) : "";
 }
 
 Subject describeExpression(const Expression &expression) {
-  if (const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&expression))
-    return {nameOf(identifier->getQualifiedWord()), describeItem(identifier->getDataDescription())};
+  if (const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&expression)) {
+    const DataDescription *entry = identifier->getDataDescription();
+    std::string name = nameOf(identifier->getQualifiedWord());
+    return {name.empty() ? nameOfEntry(entry) : name, describeItem(entry)};
+  }
   if (const auto *file = llvm::dyn_cast<FileIdentifierExpression>(&expression))
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = llvm::dyn_cast<ReportIdentifierExpression>(&expression))
     return {nameOf(report->getReportName()), ""};
+  // Of other operands in error the category may not be known.
   if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&expression))
-    return {number->getData(), ""};
+    return {number->getData(), nameOf(number->getDataCategory()).str()};
+  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&expression))
+    return {"", nameOf(text->getDataCategory()).str()};
   return {};
-}
-
-/// Calls \p enter for \p entry, everything below it and the condition names.
-template <typename Enter> void walkEntries(DataDescription *entry, Enter enter) {
-  enter(*entry);
-  for (DataDescription *child : entry->getChildrenElements())
-    walkEntries(child, enter);
-  for (DataDescription *name :
-       llvm::make_range(entry->getCondNameChildrenBegin(), entry->getCondNameChildrenEnd()))
-    enter(*name);
-}
-
-template <typename Enter> void walkDivision(DataDivision &division, Enter enter) {
-  for (const FileDescription *file : division.getFileSectionElements())
-    for (DataDescription *record : file->getRecordDescElements())
-      walkEntries(record, enter);
-  if (const auto *records = division.getWorkSection())
-    for (DataDescription *record : *records)
-      walkEntries(record, enter);
-  for (DataDescription *record : division.getLocalSectionElements())
-    walkEntries(record, enter);
-  for (DataDescription *record : division.getLinkSectionElements())
-    walkEntries(record, enter);
 }
 
 std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
@@ -95,12 +109,20 @@ std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
         addSection(section);
     return words;
   }
-  DataDivision *division = unit.getDataDivision();
-  if (division && kind == NameKind::File)
-    for (const FileDescription *file : division->getFileSectionElements())
-      add(file->getFileName());
-  if (division && kind == NameKind::Data)
-    walkDivision(*division, [&](const DataDescription &entry) { add(entry.getDataName()); });
+  const Scope scope(&unit);
+  switch (kind) {
+  case NameKind::Operand:
+    scope.forEachItem([&](const DataDescription *entry) { add(entry->getDataName()); });
+    [[fallthrough]];
+  case NameKind::SpecialName:
+    scope.forEachSpecialName(add);
+    break;
+  case NameKind::File:
+    scope.forEachFile([&](const FileDescription *file) { add(file->getFileName()); });
+    break;
+  case NameKind::Procedure:
+    break;
+  }
   return words;
 }
 
@@ -116,7 +138,7 @@ Subject subjectOf(const Node &node) {
   if (const auto *name = dynamic_cast<const QualifiedWord *>(&node))
     return {nameOf(name), ""};
   if (const auto *item = dynamic_cast<const DataDescription *>(&node))
-    return {nameOf(item->getDataName()), describeItem(item)};
+    return {nameOf(item->getDataName()), describeItem(item) + describeFault(*item)};
   if (const auto *file = dynamic_cast<const FileDescription *>(&node))
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = dynamic_cast<const ReportDescription *>(&node))

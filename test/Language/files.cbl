@@ -49,6 +49,11 @@
            read r next at end display x end-read *> expect: 5027
            read d next at end display x end-read
            read r invalid key display x end-read
+           read r at end display x end-read *> expect: 5027
+           read q at end display x end-read
+           read q invalid key display x end-read *> expect: 5027
+           read d at end display x end-read
+           read d invalid key display x end-read
            write f-record at end-of-page display x end-write *> expect: 5024
            write l-record at end-of-page display x end-write
            write l-record after page at end-of-page display x *> expect: 5025

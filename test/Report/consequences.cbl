@@ -3,7 +3,7 @@
 *> RUN: not %tarka check --all %s 2>&1 | grep -c " error " | FileCheck %s --check-prefix=ALL
 *> A cause that is turned off hides nothing.
 *> RUN: not %tarka check --off=43 %s 2>&1 | FileCheck %s --check-prefix=OFF
-*> ALL: 9
+*> ALL: 12
 *> OFF: error 3310 {{.*}}'MEMBER-A'
 IDENTIFICATION DIVISION.
 PROGRAM-ID. FOLLOWS.
@@ -29,8 +29,14 @@ MAIN-1.
 *> What involves no wrong item is still an error, once where the checks say it twice.
 *> CHECK: [[#@LINE+1]]:{{.*}}error: Invalid move operation
     MOVE GOOD-TEXT TO GOOD.
-*> CHECK: [[#@LINE+1]]:{{.*}}error: Procedure name does not exist
+*> CHECK: [[#@LINE+1]]:{{.*}}error: Procedure name does not exist {{.*}}: 'NOWHERE'; used in 1 more place [3403]
     PERFORM NOWHERE.
-*> CHECK: [[#@LINE+1]]:{{.*}}note: and in 1 more place, here
     PERFORM NOWHERE.
+*> What is misspelt is not in the missing member.
+*> CHECK: [[#@LINE+1]]:{{.*}}error: Undefined identifier. {{.*}}: 'GOOD-TXET'; was GOOD-TEXT meant? [3310]
+    DISPLAY GOOD-TXET.
+*> Another statement of a line that the front end reports.
+*> CHECK: [[#@LINE+2]]:{{.*}}error: a statement cannot begin with 'DISPLY'
+*> CHECK: [[#@LINE+1]]:{{.*}}error: Invalid move operation: 'GOOD' (PIC 9(4)) and 'GOOD-TEXT' (PIC A(4)) [3468]
+    DISPLY GOOD. MOVE GOOD-TEXT TO GOOD.
     GOBACK.

@@ -29,6 +29,7 @@
 #include "Report/Consequences.h"
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
+#include "Report/SourceOrder.h"
 #include "ReportCache.h"
 #include "ReportRun.h"
 #include "SourceLines.h"
@@ -68,6 +69,7 @@ public:
 private:
   /// False when the file cannot be read.
   bool analyse(std::string &failure);
+  void hideConsequences(std::vector<Diagnostic> &findings);
   void applyFixes(std::vector<Diagnostic> &findings);
   int printGraph(CommandOutput &output);
   GraphView drawableView(const CFGModule &module) const;
@@ -140,12 +142,11 @@ FileReport Compilation::check() {
   const bool isComplete = !isFrontEndOnly() && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
   if (!request.all)
-    removeConsequences(report.diagnostics, *program, [&](unsigned source, unsigned number) {
-      return lines.line(source, number);
-    });
+    hideConsequences(report.diagnostics);
   if (request.fix)
     applyFixes(report.diagnostics);
   setFingerprints(report.diagnostics);
+  orderBySource(report.diagnostics, internFileName(file), frontEnd.getCopies());
   return report;
 }
 
@@ -163,6 +164,14 @@ int Compilation::verify() {
                       llvm::errs())
              ? ExitClean
              : ExitFindings;
+}
+
+void Compilation::hideConsequences(std::vector<Diagnostic> &findings) {
+  const SourceDamage &damage = frontEnd.getDamage();
+  auto contains = [&](const SourceRange &place) { return damage.contains(place); };
+  auto findName = [&](llvm::StringRef name) { return damage.findName(name); };
+  removeConsequences(findings, *program, {contains, findName},
+                     [&](unsigned source, unsigned number) { return lines.line(source, number); });
 }
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.

@@ -19,16 +19,25 @@ namespace {
 /// A source text that is longer says too much to be the subject of a message.
 constexpr std::size_t maxSubject = 60;
 constexpr unsigned maxDeclarations = 5;
+/// The last column of program text in fixed form.
+constexpr unsigned marginColumn = 72;
 
 /// Diagnostics of names that are not declared, by what they are the names of.
 std::optional<NameKind> missingName(int number) {
-  auto is = [number](ErrorCode code) { return number == errorInfo(code).number; };
-  if (is(ErrorCode::IdentifierUndefined) || is(ErrorCode::IdentifierNotInScope))
-    return NameKind::Data;
-  if (is(ErrorCode::ProcedureNameUndefined))
+  auto isAny = [number](std::initializer_list<ErrorCode> codes) {
+    return llvm::any_of(codes, [&](ErrorCode code) { return number == errorInfo(code).number; });
+  };
+  using enum ErrorCode;
+  if (isAny({IdentifierUndefined, IdentifierNotInScope}))
+    return NameKind::Operand;
+  if (isAny({ProcedureNameUndefined}))
     return NameKind::Procedure;
-  if (is(ErrorCode::FileNameUndefined))
+  if (isAny({FileNameUndefined, FileNameNotSelected}))
     return NameKind::File;
+  if (isAny({SymbolicCharacterUndefined, CollatingAlphabetUndefined, SwitchConditionUndefined,
+             ClassConditionUndefined, MnemonicNameInvalid, MnemonicNameUndefined,
+             AcceptMnemonicInvalid, DisplayMnemonicInvalid}))
+    return NameKind::SpecialName;
   return std::nullopt;
 }
 
@@ -43,6 +52,7 @@ public:
 
 private:
   void describe(Diagnostic &diagnostic, const ErrorEntry &entry);
+  Subject describe(const Node &node);
   void complete(Diagnostic &diagnostic);
   std::string textOf(const SourceRange &place);
 
@@ -72,10 +82,15 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
   diagnostic.text = entry.getMessage();
   diagnostic.place = entry.getNode()->getRange();
   diagnostic.node = entry.getNode();
+  diagnostic.otherNode = entry.getOtherOperand();
   diagnostic.unit = entry.getSourceUnit();
   for (const ErrorNote &note : entry.getNotes())
     diagnostic.notes.push_back({note.text, note.place, ""});
   describe(diagnostic, entry);
+  // The checks do not give every message the text that it takes.
+  constexpr llvm::StringLiteral noText = "(null)";
+  if (const std::size_t position = diagnostic.text.find(noText); position != std::string::npos)
+    diagnostic.text.replace(position, noText.size(), diagnostic.subject);
   complete(diagnostic);
   return diagnostic;
 }
@@ -86,11 +101,14 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
   diagnostic.subject = entry.getSubject();
   if (!diagnostic.subject.empty())
     return;
-  Subject subject = subjectOf(*entry.getNode());
+  Subject subject = describe(*entry.getNode());
   diagnostic.subject = std::move(subject.name);
   diagnostic.detail = std::move(subject.detail);
-  if (diagnostic.subject.empty())
-    diagnostic.subject = textOf(diagnostic.place);
+  if (const Node *other = entry.getOtherOperand()) {
+    Subject second = describe(*other);
+    diagnostic.otherSubject = std::move(second.name);
+    diagnostic.otherDetail = std::move(second.detail);
+  }
 
   SourceUnit *unit = entry.getSourceUnit();
   if (!unit)
@@ -105,13 +123,25 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
     diagnostic.notes = declarationsOf(name, *unit, maxDeclarations);
 }
 
-/// What stands at \p place, when it is in one line and short.
+Subject FindingCollector::describe(const Node &node) {
+  Subject subject = subjectOf(node);
+  if (subject.name.empty())
+    subject.name = textOf(node.getRange());
+  return subject;
+}
+
+/// What stands at \p place, when it is short; of several lines the first.
 std::string FindingCollector::textOf(const SourceRange &place) {
-  if (place.beginLine != place.endLine)
+  const bool isCut = place.beginLine != place.endLine;
+  llvm::StringRef text =
+      sliceColumns(lines.line(place.file, place.beginLine), place.beginColumn,
+                   isCut ? std::max(marginColumn, place.beginColumn) : place.endColumn);
+  if (isCut)
+    text = text.split("*>").first;
+  text = text.rtrim(" .");
+  if (text.empty() || text.size() > maxSubject || !llvm::json::isUTF8(text))
     return "";
-  const llvm::StringRef text =
-      sliceColumns(lines.line(place.file, place.beginLine), place.beginColumn, place.endColumn);
-  return text.size() <= maxSubject && llvm::json::isUTF8(text) ? text.rtrim(" .").str() : "";
+  return isCut ? text.str() + " ..." : text.str();
 }
 
 void FindingCollector::complete(Diagnostic &diagnostic) {

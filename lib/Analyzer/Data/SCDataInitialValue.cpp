@@ -30,7 +30,7 @@ public:
   bool check();
 
 private:
-  bool report(ErrorCode code) { return checker.report(code, &literal); }
+  bool report(ErrorCode code) { return checker.report(code, &literal, entry); }
   bool checkCharacters();
   bool checkNational();
   bool checkDbcs();

@@ -247,7 +247,7 @@ bool OccursCheck::checkDepending() {
   if (isGlobal && !isObjectGlobal)
     ok = checker.report(ErrorCode::OccursDependingNotGlobal, name);
   if (object->getDataCategory() != DataCategory::Numeric || !name->isInteger())
-    ok = checker.report(ErrorCode::OccursDependingNotInteger, &table);
+    ok = checker.report(ErrorCode::OccursDependingNotInteger, &table, *name);
   for (const DataDescription *item = object; item; item = item->getParent())
     if (item == &table)
       ok = checker.report(ErrorCode::OccursDependingInTable, &table);

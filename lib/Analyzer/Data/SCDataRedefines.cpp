@@ -85,12 +85,12 @@ DataDescription *findRedefinedEntry(SemanticChecker &checker, DataDescription &s
   if (list)
     preceding = checker.getState().redefinable.find(name, subject, *list);
   if (!preceding) {
-    checker.report(ErrorCode::RedefinesTargetMissing, &subject);
+    checker.report(ErrorCode::RedefinesTargetMissing, &subject, name);
     return nullptr;
   }
   DataDescription *object = preceding->namesake;
   if (!object || !isReachable(*object, *preceding->last)) {
-    checker.report(ErrorCode::RedefinesWrongFieldOrHierarchy, &subject);
+    checker.report(ErrorCode::RedefinesWrongFieldOrHierarchy, &subject, name);
     return nullptr;
   }
   // The subject is linked to the entry that owns the storage. If that could not be found, it has

@@ -273,9 +273,9 @@ bool SemanticChecker::checkCompareable(Expression *left, Expression *right,
   bool ok = true;
   if (arePointers(*left, *right) && relation != RelationalConditionType::Equal &&
       relation != RelationalConditionType::NotEqual)
-    ok = report(ErrorCode::PointerRelationNotEquality, left);
+    ok = report(ErrorCode::PointerRelationNotEquality, left, *right);
   if (!areComparable(*left, *right))
-    return report(ErrorCode::ComparisonInvalid, left);
+    return report(ErrorCode::ComparisonInvalid, left, *right);
   if (comparisonOf(*left, *right) == National)
     checkNationalCmpFiguExpr(left, right);
   return ok;

@@ -63,8 +63,18 @@ public:
 
   void visitReadStatement(ReadStatement &statement) {
     // The checks before this pass set NEXT where the access is sequential or dynamic.
+    auto has = [&](ExceptionHandlerType type) {
+      return llvm::any_of(statement.getErrorListElements(), [type](const ExceptionHandler *phrase) {
+        return phrase->getType() == type;
+      });
+    };
     if (statement.isNextRecord())
       checkAccess("READ NEXT", *statement.getFileName(), AccessType::Random);
+    // AT END belongs to reading the next record, INVALID KEY to reading by a key.
+    else if (has(ExceptionHandlerType::AtEnd))
+      checkAccess("AT END of READ", *statement.getFileName(), AccessType::Random);
+    if (has(ExceptionHandlerType::InvalidKey))
+      checkAccess("INVALID KEY of READ", *statement.getFileName(), AccessType::Sequential);
   }
 
   void visitWriteStatement(WriteStatement &statement) {

@@ -46,6 +46,7 @@ public:
       : report(languageReport), embedded(languageReport) {}
 
   void check(SourceUnit &unit) {
+    report.setUnit(unit);
     current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision())

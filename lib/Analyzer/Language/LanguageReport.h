@@ -17,6 +17,9 @@ class LanguageReport {
 public:
   explicit LanguageReport(const EarlierDiagnostics &earlier);
 
+  /// The unit that what is reported from now on belongs to.
+  void setUnit(SourceUnit &current) { unit = &current; }
+
   /// True when parts of the source may be missing in the tree.
   bool isTreeIncomplete() const { return treeIncomplete; }
   /// Whether an earlier pass has reported something that begins within \p node.
@@ -33,6 +36,7 @@ public:
                          llvm::formatv(info.format, std::forward<Arguments>(arguments)...).str());
     // What a message is about comes first in quotes.
     ErrorEntry &entry = entries.back();
+    entry.setSourceUnit(unit);
     entry.setSubject(
         llvm::StringRef(entry.getMessage()).split('\'').second.split('\'').first.str());
     return &entry;
@@ -47,6 +51,7 @@ private:
   /// Where earlier diagnostics begin, sorted.
   std::vector<Place> reported;
   bool treeIncomplete;
+  SourceUnit *unit = nullptr;
   std::vector<ErrorEntry> entries;
 };
 

@@ -128,7 +128,7 @@ bool checkFrom(SemanticChecker &checker, IdentifierExpression &from, IdentifierE
   if (!isRecordRight)
     return true;
   if (isInRecordArea(checker, from, fileOfItem(*record.getDataDescription())))
-    return checker.report(sameStorage, &from);
+    return checker.report(sameStorage, &from, record);
   return checkImplicitMove(checker, from, record);
 }
 
@@ -143,13 +143,13 @@ bool checkInto(SemanticChecker &checker, IdentifierExpression &into, FileIdentif
   if (!isFileRight)
     return true;
   if (isInRecordArea(checker, into, file.getFileDescription()))
-    return checker.report(sameStorage, &into);
+    return checker.report(sameStorage, &into, file);
   DataDescription *record = recordToMove(*file.getFileDescription());
   if (!record)
     return true;
-  DataIdentifierExpression sender(&file, nullptr, nullptr, nullptr);
-  sender.setDataDescription(record);
-  return checkImplicitMove(checker, sender, into);
+  auto *sender = generate<DataIdentifierExpression>(&file, nullptr, nullptr, nullptr);
+  sender->setDataDescription(record);
+  return checkImplicitMove(checker, *sender, into);
 }
 
 //===----------------------------------------------------------------------===//

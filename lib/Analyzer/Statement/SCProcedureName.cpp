@@ -69,13 +69,15 @@ llvm::SmallVector<Paragraph *, 2> findInDeclaratives(const std::string &paragrap
   return found;
 }
 
-/// The paragraph of a declarative section that \p name, which is found nowhere else, means in
-/// another declarative section. Null, with a diagnostic, when there is none or more than one.
+/// The paragraph of a declarative section that \p name, which is found nowhere else, means: in
+/// another declarative section, and for PERFORM outside of them. Null, with a diagnostic, when
+/// there is none or more than one.
 Paragraph *findInOtherDeclaratives(SemanticChecker &checker, QualifiedWord &name,
-                                   const std::string &paragraphName,
+                                   const Statement *statement, const std::string &paragraphName,
                                    const std::string *sectionName) {
   llvm::SmallVector<Paragraph *, 2> found;
-  if (checker.getInDeclaratives() && followsEnterprise(EnterpriseRule::ParagraphOfDeclaratives))
+  if ((checker.getInDeclaratives() || llvm::isa_and_present<PerformStatement>(statement)) &&
+      followsEnterprise(EnterpriseRule::ParagraphOfDeclaratives))
     found = findInDeclaratives(paragraphName, sectionName);
   if (found.size() > 1)
     return reportNotUnique(checker, name);
@@ -84,7 +86,7 @@ Paragraph *findInOtherDeclaratives(SemanticChecker &checker, QualifiedWord &name
 
 /// paragraph OF section. Sections of the same name are searched as one.
 Paragraph *findParagraphInSections(SemanticChecker &checker, QualifiedWord &name,
-                                   const std::string &paragraphName,
+                                   const Statement *statement, const std::string &paragraphName,
                                    const std::string &sectionName) {
   Paragraph *found = nullptr;
   for (const Section *section : currentProcedureDivision().findSections(sectionName))
@@ -93,7 +95,8 @@ Paragraph *findParagraphInSections(SemanticChecker &checker, QualifiedWord &name
         return reportNotUnique(checker, name);
       found = paragraph;
     }
-  return found ? found : findInOtherDeclaratives(checker, name, paragraphName, &sectionName);
+  return found ? found
+               : findInOtherDeclaratives(checker, name, statement, paragraphName, &sectionName);
 }
 
 } // namespace
@@ -141,7 +144,7 @@ Paragraph *SemanticChecker::findParagraphFromQualWord(QualifiedWord *name, State
     return reportNoProcedure(*this, *name);
   const std::string &text = words.front()->getWordData();
   if (words.size() == 2)
-    return findParagraphInSections(*this, *name, text, words.back()->getWordData());
+    return findParagraphInSections(*this, *name, statement, text, words.back()->getWordData());
 
   // A paragraph of the section around the statement hides all others.
   Section *current = getOuterSection();
@@ -167,7 +170,7 @@ Paragraph *SemanticChecker::findParagraphFromQualWord(QualifiedWord *name, State
       return reportNotUnique(*this, *name);
     found = candidate.paragraph;
   }
-  return found ? found : findInOtherDeclaratives(*this, *name, text, nullptr);
+  return found ? found : findInOtherDeclaratives(*this, *name, statement, text, nullptr);
 }
 
 //===----------------------------------------------------------------------===//

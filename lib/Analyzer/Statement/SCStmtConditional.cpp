@@ -136,7 +136,7 @@ void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
   case EvalObjectType::False:
     bind(object.getCondition());
     if (isValueWanted)
-      report(ErrorCode::EvaluateTypeMismatch, &object);
+      ok = checker.report(ErrorCode::EvaluateTypeMismatch, &object, *subject->node->getExpr());
     return;
   case EvalObjectType::Expression:
   case EvalObjectType::Range:
@@ -147,8 +147,10 @@ void EvaluateCheck::check(EvaluateObject &object, const Subject *subject) {
   Expression *rear = object.getRearExpression();
   bool isFrontBound = bind(front);
   bool isRearBound = bind(rear);
-  if (rear && isFrontBound && isRearBound && !isRangeOfOneClass(*front, *rear))
-    return report(ErrorCode::EvaluateThroughClassMismatch, rear);
+  if (rear && isFrontBound && isRearBound && !isRangeOfOneClass(*front, *rear)) {
+    ok = checker.report(ErrorCode::EvaluateThroughClassMismatch, rear, *front);
+    return;
+  }
   if (!subject)
     return;
   if (!isValueWanted)
@@ -171,7 +173,7 @@ bool EvaluateCheck::compare(Expression &operand, EvaluateObject &object, const S
   bool isRangeOfPointers = object.getType() == EvalObjectType::Range &&
                            operand.getDataCategory() == DataCategory::Pointer;
   if (isRangeOfPointers || !areComparable(value, operand)) {
-    report(ErrorCode::EvaluateTypeMismatch, &operand);
+    ok = checker.report(ErrorCode::EvaluateTypeMismatch, &operand, value);
     return false;
   }
   return checker.checkCompareable(&value, &operand, RelationalConditionType::Equal);

@@ -14,11 +14,13 @@
 
 namespace tarka {
 
-/// Reports a move once for each of its faults; with --enterprise, once.
+/// Reports a move once for each of its faults; with --enterprise, once. \p sender is null where
+/// only its category is known.
 static void reportFaults(SemanticChecker &checker, const MoveVerdict &verdict,
-                         IdentifierExpression &receiver) {
+                         const Expression *sender, IdentifierExpression &receiver) {
   for ([[maybe_unused]] MoveFault fault : verdict.faults) {
     checker.report(ErrorCode::MoveInvalid, &receiver);
+    checker.getErrorHandler()->lastEntry().setOtherOperand(sender);
     if (followsEnterprise(EnterpriseRule::OneMessagePerMove))
       return;
   }
@@ -27,13 +29,13 @@ static void reportFaults(SemanticChecker &checker, const MoveVerdict &verdict,
 MoveVerdict checkMove(SemanticChecker &checker, const Expression &sender,
                       IdentifierExpression &receiver) {
   MoveVerdict verdict = decideMove(sender, receiver);
-  reportFaults(checker, verdict, receiver);
+  reportFaults(checker, verdict, &sender, receiver);
   return verdict;
 }
 
 MoveRule SemanticChecker::getMoveRule(DataCategory sender, IdentifierExpression *receiver) {
   const MoveVerdict verdict = decideMove(sender, *receiver);
-  reportFaults(*this, verdict, *receiver);
+  reportFaults(*this, verdict, nullptr, *receiver);
   return verdict.rule;
 }
 

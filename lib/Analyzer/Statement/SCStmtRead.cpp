@@ -66,7 +66,7 @@ bool checkKey(SemanticChecker &checker, IdentifierExpression &name,
   const FileDescription *description = file.getFileDescription();
   const ParaFileControl *control = description ? description->getFileControl() : nullptr;
   if (control && !isKey(*item, *control))
-    return checker.report(ErrorCode::KeyNotOfFile, &name);
+    return checker.report(ErrorCode::KeyNotOfFile, &name, file);
   return true;
 }
 

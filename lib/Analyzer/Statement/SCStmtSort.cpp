@@ -73,7 +73,7 @@ bool checkSortKey(SemanticChecker &checker, IdentifierExpression &key,
   if (!item)
     return false;
   if (file && fileOfItem(*item) != file)
-    return checker.report(ErrorCode::KeyNotOfFile, &key);
+    return checker.report(ErrorCode::KeyNotOfFile, &key, *file);
   if (isInOrHoldsTable(*item))
     return checker.report(ErrorCode::SortKeyOccurs, &key);
   const bool isNumber = item->getDataCategory() == DataCategory::Numeric ||

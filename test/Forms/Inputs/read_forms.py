@@ -20,10 +20,10 @@ def expect(what, found, wanted):
 
 
 lines = [json.loads(line) for line in report("ndjson", file)[1].splitlines()]
-expect("numbers", [one["number"] for one in lines], [201, 421, 3310, 3403, 3311, 3310, 3310, 3310, 3468, 3468])
-expect("fix", [(edit["old"], edit["new"]) for edit in lines[1]["fix"]], [("ADDD", "ADD")])
-expect("suggestion", lines[2]["suggestion"], "customer-name")
-expect("notes", [note["line"] for note in lines[4]["notes"]], [7, 9])
+expect("numbers", [one["number"] for one in lines], [201, 3310, 3403, 3311, 421, 3310, 3310, 3310, 3468, 3468])
+expect("fix", [(edit["old"], edit["new"]) for edit in lines[4]["fix"]], [("ADDD", "ADD")])
+expect("suggestion", lines[1]["suggestion"], "customer-name")
+expect("notes", [note["line"] for note in lines[3]["notes"]], [7, 9])
 expect("fingerprints", len({one["fingerprint"] for one in lines}), len(lines))
 
 # What comes from a worker is what is found in the process itself.
