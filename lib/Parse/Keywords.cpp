@@ -48,7 +48,9 @@ uint32_t hashFolded(llvm::StringRef text) {
     mix(load<uint8_t>(data) | load<uint8_t>(data + size / 2) << 8 |
         load<uint8_t>(data + size - 1) << 16);
   }
-  return static_cast<uint32_t>(hash);
+  // The upper half of a product depends on all bits of its factors, the lower half does not. The
+  // slots are chosen by the low bits of what is returned here.
+  return static_cast<uint32_t>((hash * multiplier) >> 32);
 }
 
 } // namespace

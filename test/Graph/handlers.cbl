@@ -30,7 +30,7 @@
            NOT AT END
                DISPLAY 'MORE'
            END-READ
-           EXEC CICS READ FILE('F') INTO(R) END-EXEC
+           EXEC CICS READ FILE('F') INTO(R) RIDFLD(R) END-EXEC
            EXEC SQL DELETE FROM T END-EXEC
            EXEC CICS RETURN END-EXEC.
        NEVER.

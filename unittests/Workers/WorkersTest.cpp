@@ -155,8 +155,9 @@ TEST(Worker, EndsWithItsParent) {
     workers.push_back(llvm::cantFail(Worker::start([](int) { return pause(); })));
     workers.push_back(llvm::cantFail(Worker::start(answerQuestions)));
     workers.push_back(llvm::cantFail(Worker::start([](int) -> int {
-      for (volatile unsigned count = 0;; count = count + 1) {
+      for (volatile bool goesOn = true; goesOn;) {
       }
+      return 0;
     })));
     ask(workers[1], "ready?");
     [[maybe_unused]] const ssize_t written = write(ready[1], "", 1);

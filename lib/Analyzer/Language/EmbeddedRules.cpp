@@ -99,6 +99,10 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
       report.report(LanguageRule::EmbeddedUnexpectedText, *unread, command->getName());
   if (auto *cics = llvm::dyn_cast<CicsCommand>(command))
     checkCicsCommand(*cics, report);
+  else if (auto *statement = llvm::dyn_cast<SqlCommand>(command))
+    sql.check(*statement);
+  else
+    checkDliCommand(*command, report);
 }
 
 void EmbeddedCheck::checkNames(EmbeddedCommand &command, SourceUnit &unit) {

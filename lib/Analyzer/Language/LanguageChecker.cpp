@@ -59,6 +59,9 @@ public:
       check(*nested);
   }
 
+  /// Checks what depends on the whole compilation, when all programs have been given.
+  void finish() { embedded.finish(); }
+
 private:
   void check(ProcedureDivision &division) {
     // What a declarative performs has been copied; it is checked where it is written.
@@ -92,6 +95,8 @@ private:
     checkStatement(statement, context, report);
     if (auto *block = llvm::dyn_cast<ExecStatement>(&statement))
       embedded.check(*block, *current);
+    else if (auto *call = llvm::dyn_cast<CallStatement>(&statement))
+      checkDliCall(*call, report);
     forEachNestedList(statement, [&](NodeRange<Statement> nested) {
       for (Statement *inner : nested)
         check(*inner, context);
@@ -110,6 +115,7 @@ std::vector<ErrorEntry> checkLanguage(Program &program, const EarlierDiagnostics
   LanguageWalk walk(report);
   for (SourceUnit *unit : program.getSourceUnitListElements())
     walk.check(*unit);
+  walk.finish();
   return report.takeEntries();
 }
 

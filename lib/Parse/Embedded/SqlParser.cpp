@@ -328,7 +328,8 @@ private:
       EmbeddedRole role = isTarget ? EmbeddedRole::Written
                           : isCall ? EmbeddedRole::ReadWritten
                                    : EmbeddedRole::Read;
-      Expression *indicator = takeIndicator(n);
+      // GET DIAGNOSTICS CONDITION :NUMBER :TEXT = ... has two variables side by side.
+      Expression *indicator = at(0).is("GET") ? nullptr : takeIndicator(n);
       if (assigns &&
           (at(n).isMark('=') || (!isBehindEqualSign && (at(n).isMark(',') || at(n).isMark(')')))))
         role = EmbeddedRole::Written;

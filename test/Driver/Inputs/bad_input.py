@@ -44,7 +44,8 @@ CASES = [
     ("SELF.cpy", "           COPY SELF.\n", None, 0, []),
     ("device.cbl", program("           COPY '/dev/zero'.\n"), [], 1, [r".* error 44 : the copybook /dev/zero cannot be .*"]),
     ("cycle.cbl", program("           COPY SELF.\n"), [], 1,
-     [r".*SELF.cpy:1:17 - 1:20 error 45 : the copybook copies itself: .*SELF.cpy -> .*SELF.cpy"]),
+     [r".*SELF.cpy:1:17 - 1:20 error 45 : the copybook copies itself: .*SELF.cpy -> .*SELF.cpy; "
+      r"copied from .*cycle.cbl:8"]),
     ("nested.cbl", program("           IF A = 1\n" * 10_000 + "           DISPLAY A\n" +
                            "           END-IF\n" * 10_000 + "           .\n"), [], 1,
      [r".*nested.cbl:\d+:12 - .* error 202 : the nesting is more than \d+ levels deep"]),
