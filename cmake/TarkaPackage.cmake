@@ -41,8 +41,8 @@ set(CPACK_DEBIAN_FILE_NAME DEB-DEFAULT)
 set(CPACK_DEBIAN_PACKAGE_SECTION devel)
 set(CPACK_DEBIAN_PACKAGE_DESCRIPTION
   "Tarka reports what is wrong with COBOL programs and where, lays out their
- records, and hands a checked tree and a control-flow graph to other tools.
- The package has the program, its libraries and their headers.")
+records, and hands a checked tree and a control-flow graph to other tools.
+The package has the program, its libraries and their headers.")
 # Programs that link the libraries need LLVM; the program itself does not.
 set(CPACK_DEBIAN_PACKAGE_SUGGESTS "llvm-19-dev")
 set(CPACK_DEBIAN_PACKAGE_SHLIBDEPS ON)

@@ -34,7 +34,7 @@ struct Dependency {
   /// Of Contents and Names: the digest of what was there.
   std::string digest;
   /// Of Names: which names count, by what stands before their first dot, in lower case and sorted.
-  /// Empty for all names.
+  /// Empty for the files that may define mapsets.
   std::vector<std::string> stems;
 };
 
@@ -48,8 +48,9 @@ public:
 
   /// Whether what \p dependency says is so.
   bool isUnchanged(const Dependency &dependency);
-  /// The digest of the names in \p directory that begin with one of \p stems, or of all names where
-  /// \p stems is empty. That of a directory that is not there differs from that of an empty one.
+  /// The digest of the names in \p directory that have one of \p stems, or where \p stems is empty
+  /// of the names that isMapFileName(). That of a directory that is not there differs from that of
+  /// an empty one.
   std::string digestOfNames(llvm::StringRef directory, llvm::ArrayRef<std::string> stems);
   /// Whether \p directory has the name \p name.
   bool hasName(llvm::StringRef directory, llvm::StringRef name);
@@ -59,6 +60,7 @@ private:
     bool exists = false;
     /// The names by what stands before their first dot, in lower case.
     std::map<std::string, std::set<std::string>, std::less<>> names;
+    std::set<std::string> maps;
   };
   const Directory &read(llvm::StringRef directory);
   /// Empty when the file cannot be read.
@@ -99,7 +101,8 @@ private:
   std::map<std::string, std::string> contents;
   std::set<std::string> missing;
   std::set<std::string> otherThanFiles;
-  std::set<std::string> listed;
+  /// The directories whose maps were looked for, with the digests of the names of those.
+  std::map<std::string, std::string> listed;
   bool complete = true;
 };
 

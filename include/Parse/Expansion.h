@@ -73,6 +73,8 @@ struct ExpandedText {
   SourceFormat formatAround = SourceFormat::Fixed;
   /// In the order of the preprocessor's work; they do not overlap.
   std::vector<Splice> splices;
+  /// Words that the parser leaves out. A splice that replaces one of them does not count.
+  std::vector<Splice> dropped;
   /// The continued literals of fixed form.
   std::vector<LongWord> longWords;
 };
@@ -106,18 +108,23 @@ public:
   /// A COPY in text \p use.from; gives its index.
   unsigned addCopy(CopyUse use);
   /// COPY number \p copy, which stands at \p statement, puts \p file in its place; gives its text.
+  /// The statement itself remains in the result when it \p remains.
   unsigned beginCopy(unsigned copy, const SourceRange &statement, const SourceFile &file,
                      llvm::ArrayRef<SourceRange> lines, SourceFormat format,
-                     SourceFormat formatAround);
+                     SourceFormat formatAround, bool remains);
   void endCopy(unsigned text, SourceFormat format) { texts[text].endFormat = format; }
   /// \p token is read from \p text, and may be replaced.
   void read(unsigned text, const Token &token);
   /// \p token, which is not from replacement, is the first word of a REPLACE statement.
   void beginReplace(const Token &token) { keep(token); }
-  /// The REPLACE statement at \p statement of \p text was obeyed.
-  void endReplace(unsigned text, const SourceRange &statement);
+  /// The result does not have the statement at \p statement of \p text, whose lines are in
+  /// \p format: a REPLACE that was obeyed, or a COPY of a copybook inside itself.
+  void removeStatement(unsigned text, const SourceRange &statement, SourceFormat format);
   /// The parser gets \p token, reported at \p place.
   void deliver(const Token &token, const SourceRange &place);
+
+  /// The parser passes over the word that was delivered for \p place as if it did not exist.
+  void drop(const SourceRange &place);
 
 private:
   /// What was read and neither delivered nor replaced yet: a word, or the COPY between words.

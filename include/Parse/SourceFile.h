@@ -72,6 +72,9 @@ private:
 /// Whether the extension of \p path is one that only copybooks have: .cpy, .copy, .inc ...
 bool hasCopybookExtension(llvm::StringRef path);
 
+/// Whether the file \p path may define mapsets: ".bms" in any case.
+bool isMapFileName(llvm::StringRef path);
+
 /// The format of the lines of \p text: Fixed or Free; \p otherwise where they fit both.
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise = SourceFormat::Fixed);
 

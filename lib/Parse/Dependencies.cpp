@@ -1,6 +1,7 @@
 //===- Dependencies.cpp - what a compilation was made of ------------------===//
 
 #include "Parse/Dependencies.h"
+#include "Parse/SourceFile.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/BLAKE3.h"
@@ -92,6 +93,8 @@ const DependencyChecker::Directory &DependencyChecker::read(llvm::StringRef dire
        !error && file != end; file.increment(error)) {
     const llvm::StringRef name = path::filename(file->path());
     result.names[stemOf(name)].insert(name.str());
+    if (isMapFileName(name))
+      result.maps.insert(name.str());
   }
   result.exists = !error;
   return result;
@@ -114,8 +117,7 @@ std::string DependencyChecker::digestOfNames(llvm::StringRef directory,
     }
   };
   if (stems.empty())
-    for (const auto &[stem, some] : known.names)
-      add(some);
+    add(known.maps);
   for (const std::string &stem : stems)
     if (const auto found = known.names.find(stem); found != known.names.end())
       add(found->second);
@@ -164,7 +166,10 @@ DependencyRecorder::openFileForRead(const llvm::Twine &name) {
 
 vfs::directory_iterator DependencyRecorder::dir_begin(const llvm::Twine &directory,
                                                       std::error_code &error) {
-  listed.insert(directory.str());
+  // The one reader of directories looks for maps. The names are noted before it sees them, so that
+  // one that appears meanwhile counts as a change.
+  const std::string name = directory.str();
+  listed.try_emplace(name, DependencyChecker(getUnderlyingFS()).digestOfNames(name, {}));
   return ProxyFileSystem::dir_begin(directory, error);
 }
 
@@ -191,10 +196,8 @@ std::vector<Dependency> DependencyRecorder::getDependencies() {
     else
       stems[directory].insert(stemOf(path::filename(name)));
   }
-  for (const std::string &directory : listed) {
-    stems.erase(directory);
-    all.push_back({Dependency::Names, directory, checker.digestOfNames(directory, {}), {}});
-  }
+  for (const auto &[directory, digest] : listed)
+    all.push_back({Dependency::Names, directory, digest, {}});
   for (const auto &[directory, names] : stems) {
     const std::vector<std::string> sorted(names.begin(), names.end());
     all.push_back({Dependency::Names, directory, checker.digestOfNames(directory, sorted), sorted});

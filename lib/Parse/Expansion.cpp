@@ -39,14 +39,16 @@ unsigned Expansion::addCopy(CopyUse use) {
 
 unsigned Expansion::beginCopy(unsigned copy, const SourceRange &statement, const SourceFile &file,
                               llvm::ArrayRef<SourceRange> lines, SourceFormat format,
-                              SourceFormat formatAround) {
+                              SourceFormat formatAround, bool remains) {
   const unsigned index = static_cast<unsigned>(texts.size());
   const unsigned around = copies[copy].from;
-  ExpandedText::Splice splice;
-  splice.place = statement;
-  splice.copied = index;
-  splice.isFixedForm = formatAround != SourceFormat::Free;
-  texts[around].splices.push_back(std::move(splice));
+  if (!remains) {
+    ExpandedText::Splice splice;
+    splice.place = statement;
+    splice.copied = index;
+    splice.isFixedForm = formatAround != SourceFormat::Free;
+    texts[around].splices.push_back(std::move(splice));
+  }
   // Words that are replaced together do not reach across the statement.
   pending.push_back({around, statement, /*isCopy=*/true, false});
 
@@ -59,10 +61,29 @@ unsigned Expansion::beginCopy(unsigned copy, const SourceRange &statement, const
   return index;
 }
 
-void Expansion::endReplace(unsigned text, const SourceRange &statement) {
+void Expansion::removeStatement(unsigned text, const SourceRange &statement, SourceFormat format) {
   ExpandedText::Splice splice;
   splice.place = statement;
+  splice.isFixedForm = format != SourceFormat::Free;
   texts[text].splices.push_back(std::move(splice));
+}
+
+void Expansion::drop(const SourceRange &place) {
+  auto word = llvm::find_if(llvm::reverse(words), [&](const ExpandedWord &delivered) {
+    return samePlace(delivered.place, place);
+  });
+  if (word != words.rend())
+    words.erase(std::next(word).base());
+  // A copybook that is copied again is read again only after what stands between.
+  auto text = llvm::find_if(llvm::reverse(texts), [&](const ExpandedText &candidate) {
+    return candidate.file->getNumber() == place.file;
+  });
+  if (text == texts.rend())
+    return;
+  ExpandedText::Splice splice;
+  splice.place = place;
+  splice.isFixedForm = text->endFormat != SourceFormat::Free;
+  text->dropped.push_back(std::move(splice));
 }
 
 void Expansion::read(unsigned text, const Token &token) {

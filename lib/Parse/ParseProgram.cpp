@@ -24,6 +24,7 @@ llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inpu
     return main.getError();
   TokenStream tokens(**main, files, diagnostics, expansion);
   ParserContext context(tokens, diagnostics, options);
+  context.expansion = expansion;
   Program *program = ProgramParser(context).parse(inputName);
   tokens.reportCutLines();
   files.collectDamagedNames(diagnostics.getDamage());

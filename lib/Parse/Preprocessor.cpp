@@ -392,6 +392,8 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     return;
   if (llvm::any_of(levels, [&](const auto &level) { return &level->file == file; })) {
     diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(*file));
+    if (record)
+      record->removeStatement(includer.text, statement.whole, includer.lexer.getFormat());
     return;
   }
   copiedBytes += file->getText().size();
@@ -417,7 +419,8 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
     placesOfMaps[file->getNumber()] = places;
   if (record)
     levels.back()->text =
-        record->beginCopy(copyNumber, statement.whole, *file, places, format, formatAround);
+        record->beginCopy(copyNumber, statement.whole, *file, places, format, formatAround,
+                          /*remains=*/statement.isDoubtful);
   if (!statement.replacements.empty()) {
     levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
     levels.back()->replacer->setReplacements(std::move(statement.replacements));
@@ -562,7 +565,7 @@ void Preprocessor::replace(const Token &replaceWord) {
   }
   extend(statement, token.place);
   if (record)
-    record->endReplace(levels.back()->text, statement);
+    record->removeStatement(levels.back()->text, statement, levels.back()->lexer.getFormat());
 }
 
 /// Reads pairs from \p token on, up to what belongs to no pair, which is then \p token.

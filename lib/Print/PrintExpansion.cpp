@@ -60,7 +60,7 @@ bool endsBefore(const SourceRange &left, const SourceRange &right) {
                                        : left.endColumn < right.endColumn;
 }
 
-TextLines::TextLines(const ExpandedText &expanded) : splices(expanded.splices) {
+TextLines::TextLines(const ExpandedText &expanded) {
   llvm::StringRef rest = expanded.file->getText();
   while (!rest.empty()) {
     const std::size_t end = rest.find_first_of("\r\n");
@@ -69,7 +69,13 @@ TextLines::TextLines(const ExpandedText &expanded) : splices(expanded.splices) {
     if (end != llvm::StringRef::npos && lines.back().end()[0] == '\r')
       rest.consume_front("\n");
   }
-  llvm::sort(splices, beginsBefore);
+  std::vector<ExpandedText::Splice> dropped = expanded.dropped;
+  std::vector<ExpandedText::Splice> others = expanded.splices;
+  llvm::sort(dropped, beginsBefore);
+  llvm::sort(others, beginsBefore);
+  // Of two that begin at one place the dropped word comes first.
+  std::merge(dropped.begin(), dropped.end(), others.begin(), others.end(),
+             std::back_inserter(splices), beginsBefore);
   takeLongWords(expanded);
 }
 

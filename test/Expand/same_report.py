@@ -3,7 +3,8 @@
     same_report.py TARKA DIRECTORY TEMPORARY...
 
 Expands every program of the directories, and compares the report on the result with that on the
-program: the diagnostics are the same, in the same order. Expanding the result again changes nothing.
+program: the words and the diagnostics are the same, in the same order. Expanding the result again
+changes nothing.
 """
 
 import collections
@@ -19,12 +20,13 @@ import sys
 OPTIONS = re.compile(r"(?<!\S)(?:-I *\S+|-D *\S+|--source-format=\S+|--enable-\S+|--debug|--dateproc|--cics|--sql)")
 COPIES = re.compile(rb"\b(COPY|REPLACE|INCLUDE)\b", re.IGNORECASE)
 
-# What a program must be wrong in for the two reports to differ, by the number of the diagnostic.
-FAULTS_OF_THE_STATEMENTS = set()
+# The faults that only the program has, by their numbers: of COPY inside itself, which the expansion
+# leaves out, and of the macros of maps, in whose place there is COBOL.
+FAULTS_OF_THE_STATEMENTS = {45, *range(100, 120)}
 
 
 def options_of(source):
-    found = ["-I" + str(source.parent)]
+    found = ["-I" + str(source.parent), "-I" + str(source.parent / "copy")]
     for line in source.read_text(encoding="latin-1").splitlines():
         if "RUN:" in line:
             for option in OPTIONS.findall(line.replace("%S", str(source.parent))):
@@ -38,8 +40,13 @@ def look_at(tarka, source, target):
 
     def report(path):
         result = run("check", "--all", "--format=json", path)
-        return [(found["severity"], found["number"], found["message"], found.get("fix") is not None)
-                for found in json.loads(result.stdout)["diagnostics"]], result.returncode
+        # The directory of the file itself is searched.
+        return [(found["severity"], found["number"], found["message"].split("; searched: ")[0], found.get("fix") is not None)
+                for found in json.loads(result.stdout)["diagnostics"]
+                if found["number"] not in FAULTS_OF_THE_STATEMENTS], result.returncode
+
+    def words(path):
+        return [word["text"] for word in json.loads(run("expand", "--format=json", path).stdout)["words"]]
 
     expanded = run("expand", source, "--output", target)
     if expanded.returncode > 1:
@@ -49,6 +56,8 @@ def look_at(tarka, source, target):
         lost = collections.Counter(before[0]) - collections.Counter(after[0])
         new = collections.Counter(after[0]) - collections.Counter(before[0])
         return f"{source}: lost {dict(lost)}, new {dict(new)}, status {before[1]} and {after[1]}"
+    if words(source) != words(target):
+        return f"{source}: the words differ"
     again = run("expand", target).stdout
     if again != target.read_bytes():
         return f"{source}: expanding twice changes the text"

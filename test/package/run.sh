@@ -28,8 +28,10 @@ while read -r library; do
   case $library in "$work"/*) continue ;; esac
   mkdir -p "tree$(dirname "$library")"
   cp -L "$library" "tree$library"
-  owner=$(dpkg -S "$(realpath "$library")" | sed 's/:.*//; q')
-  # libc6 is what the loader belongs to.
+  # With a merged /usr a package may know its files by either name.
+  file=$(realpath "$library")
+  owner=$(dpkg -S "$file" "${file#/usr}" 2>/dev/null | sed 's/:.*//; q')
+  [ -n "$owner" ] || fail "$library belongs to no package"
   echo "$depends" | grep -qw -- "$owner" || fail "$library is of $owner, which is not among: $depends"
 done <libraries
 cp -r "$source/examples" tree/examples
@@ -38,7 +40,7 @@ run --version | grep -q '^tarka [0-9]' || fail "tarka --version"
 (run check --no-cache examples/update/CUSTUPD.cbl) || fail "the example is not accepted"
 status=0
 run check --no-cache --format=json examples/update/CUSTUPDX.cbl >report.json || status=$?
-[ $status -eq 1 ] && grep -q '"number":3310' report.json || fail "the wrong example ends with $status"
+[ $status -eq 1 ] && grep -q '"number": 220' report.json || fail "the wrong example ends with $status"
 
 # Every command has its page, and troff has nothing to complain about.
 pages=tree/usr/share/man/man1

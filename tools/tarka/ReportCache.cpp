@@ -9,6 +9,7 @@
 #include "llvm/Support/EndianStream.h"
 #include "llvm/Support/FileSystem.h"
 #include "llvm/Support/Path.h"
+#include <cstring>
 #include <link.h>
 
 namespace tarka {
@@ -38,16 +39,42 @@ private:
   std::string key;
 };
 
-/// Adds which build of the program this is: what the files are that its code comes from.
+/// The linker's digest of the program or library \p info; empty when it has none.
+llvm::StringRef buildIdOf(const dl_phdr_info &info) {
+  for (const ElfW(Phdr) & segment : llvm::ArrayRef(info.dlpi_phdr, info.dlpi_phnum)) {
+    if (segment.p_type != PT_NOTE)
+      continue;
+    // NOLINTNEXTLINE(performance-no-int-to-ptr)
+    llvm::StringRef notes(reinterpret_cast<const char *>(info.dlpi_addr + segment.p_vaddr),
+                          segment.p_memsz);
+    const std::uint64_t alignment = std::max<std::uint64_t>(segment.p_align, 4);
+    ElfW(Nhdr) header;
+    while (notes.size() > sizeof header) {
+      std::memcpy(&header, notes.data(), sizeof header);
+      const std::size_t begin = llvm::alignTo(sizeof header + header.n_namesz, alignment);
+      if (header.n_type == NT_GNU_BUILD_ID &&
+          notes.substr(sizeof header, header.n_namesz) == llvm::StringRef("GNU", 4))
+        return notes.substr(begin, header.n_descsz);
+      notes = notes.substr(llvm::alignTo(begin + header.n_descsz, alignment));
+    }
+  }
+  return "";
+}
+
+/// Adds which build of the program this is: the digests of the files that its code comes from, or
+/// where the linker makes none, what distinguishes the files themselves.
 void addBuild(KeyWriter &key) {
   key.add(TARKA_VERSION);
   auto addFile = [](dl_phdr_info *info, std::size_t, void *writer) {
     llvm::StringRef name = info->dlpi_name;
     if (!name.empty() && !llvm::sys::path::filename(name).starts_with("libtarka"))
       return 0;
-    fs::file_status status;
     auto &target = *static_cast<KeyWriter *>(writer);
-    if (!fs::status(name.empty() ? "/proc/self/exe" : name, status)) {
+    const llvm::StringRef buildId = buildIdOf(*info);
+    fs::file_status status;
+    if (!buildId.empty()) {
+      target.add(buildId);
+    } else if (!fs::status(name.empty() ? "/proc/self/exe" : name, status)) {
       target.add(status.getSize());
       target.add(
           static_cast<std::uint64_t>(status.getLastModificationTime().time_since_epoch().count()));
@@ -71,12 +98,12 @@ void addOptions(KeyWriter &key, const Request &request) {
   }
   key.add(static_cast<std::uint64_t>(parse.format));
   key.add(parse.encoding);
-  const CompileSettings &compile = request.compile;
-  for (const bool flag :
-       {parse.debuggingLines, parse.osvs, parse.cics, parse.sql, compile.checkFileID,
-        compile.dateproc, compile.debug, compile.dual, compile.init, compile.enableCbltdli,
-        compile.enableAertdli, compile.enableRw, compile.enableOsvs, compile.enterprise,
-        request.all, request.syntaxOnly, showsSummary(request)})
+  // A new field does not compile until it is named here, and then it is part of the key.
+  const auto &[checkFileID, dateproc, debug, dual, init, cbltdli, aertdli, rw, osvs, enterprise] =
+      request.compile;
+  for (const bool flag : {parse.debuggingLines, parse.osvs, parse.cics, parse.sql, checkFileID,
+                          dateproc, debug, dual, init, cbltdli, aertdli, rw, osvs, enterprise,
+                          request.all, request.syntaxOnly, showsSummary(request)})
     key.add(flag ? 1 : 0);
   key.add(request.selection.describe());
 }

@@ -11,7 +11,7 @@
        procedure division.
            replace ==N== by ==WS-A-NAME-THAT-IS-LONG==
                    ==S== by ==WS-NAME==.
-           move 1 to N move "a literal that goes past the end of the line" to S.
+           move 1 to N move "a literal that is then too far" to S.
            display "a literal that is continued itself and has ""quotes"
       -    "" in it, so that it is long" S
            replace off.
