@@ -94,7 +94,7 @@ struct ExpandedWord {
 class Expansion {
 public:
   /// The words are kept only when asked for.
-  explicit Expansion(bool keepsWords = false) : keepsWords(keepsWords) {}
+  explicit Expansion(bool withWords = false) : keepsWords(withWords) {}
 
   /// The first one is the source itself.
   llvm::ArrayRef<ExpandedText> getTexts() const { return texts; }

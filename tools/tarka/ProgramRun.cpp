@@ -120,8 +120,8 @@ void ProgramRun::startMore() {
     hasMore = file.has_value();
     if (!file)
       break;
-    if (std::optional<std::string> answer = known ? known(*file) : std::nullopt)
-      pool.add(*file, std::move(*answer));
+    if (std::optional<std::string> kept = known ? known(*file) : std::nullopt)
+      pool.add(*file, std::move(*kept));
     else
       pool.start(*file, [&](llvm::raw_ostream &answer) {
         connectAllocator();
