@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc)
 .DEFAULT_GOAL := build
 # Each build already uses all processors.
 .NOTPARALLEL:
-.PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install lint format clean
+.PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install package lint format clean
 
 # How many seconds `make fuzz` runs, and the fuzzers that it runs.
 FUZZ_TIME ?= 3600
@@ -21,6 +21,7 @@ help:
 	@echo "make bench     run the measurements"
 	@echo "make docs      regenerate docs/diagnostics.md from explanations/"
 	@echo "make install   install below PREFIX (default /usr/local)"
+	@echo "make package   build a Debian package (build/release/tarka_*.deb)"
 	@echo "make lint      clang-format and clang-tidy over all sources"
 	@echo "make format    format all sources"
 	@echo "make clean     remove the build directories"
@@ -69,6 +70,10 @@ docs: build
 
 install: build
 	@cmake --install build/release --prefix $(PREFIX)
+
+package: build
+	@cd build/release && rm -f tarka_*.deb && cpack -G DEB >cpack.log || { cat cpack.log; exit 1; }
+	@ls -1 build/release/tarka_*.deb
 
 lint: setup
 	@scripts/format.sh

@@ -21,6 +21,9 @@ for name in ("ASAN_OPTIONS", "UBSAN_OPTIONS", "ASAN_SYMBOLIZER_PATH", "UBSAN_SYM
     if name in os.environ:
         config.environment[name] = os.environ[name]
 
+# Every test analyses its programs; what the cache does, its own test says with --cache-dir.
+config.environment["XDG_CACHE_HOME"] = "/dev/null"
+
 config.substitutions.append(("%tarka", config.tarka))
 config.substitutions.append(("%FileCheck", config.filecheck))
 config.substitutions.append((r"(?<![\w%./-])FileCheck\b", config.filecheck))

@@ -14,6 +14,7 @@
 
 namespace tarka {
 
+class Expansion;
 class Program;
 
 /// Reads the compilation in file \p path and builds its tree. Errors in the source are
@@ -23,10 +24,12 @@ class Program;
 ///
 /// \p diagnostics also has the text and the names that the errors make unreliable (getDamage()).
 ///
+/// What COPY and REPLACE make of the source is recorded in \p expansion, where that is not null.
+///
 /// Fails only when the file itself cannot be read. The tree lives until the process ends.
 llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inputName,
-                                      const ParseOptions &options,
-                                      FrontEndDiagnostics &diagnostics);
+                                      const ParseOptions &options, FrontEndDiagnostics &diagnostics,
+                                      Expansion *expansion = nullptr);
 
 } // namespace tarka
 

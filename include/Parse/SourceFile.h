@@ -19,6 +19,7 @@
 #include <memory>
 #include <string>
 #include <utility>
+#include <vector>
 
 namespace tarka {
 
@@ -71,6 +72,9 @@ private:
 /// Whether the extension of \p path is one that only copybooks have: .cpy, .copy, .inc ...
 bool hasCopybookExtension(llvm::StringRef path);
 
+/// Whether the file \p path may define mapsets: ".bms" in any case.
+bool isMapFileName(llvm::StringRef path);
+
 /// The format of the lines of \p text: Fixed or Free; \p otherwise where they fit both.
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise = SourceFormat::Fixed);
 
@@ -108,9 +112,11 @@ public:
   /// The directories that findCopybook() searches, for use in a message.
   std::string describeSearch(llvm::StringRef library, const SourceFile &includer) const;
 
+  /// The same directories, in order; "." is the current one.
+  std::vector<std::string> searchDirectories(llvm::StringRef library,
+                                             const SourceFile &includer) const;
+
 private:
-  llvm::SmallVector<std::string, 8> searchDirectories(llvm::StringRef library,
-                                                      const SourceFile &includer) const;
   llvm::ErrorOr<const SourceFile *> findMember(llvm::StringRef name, llvm::StringRef library,
                                                const SourceFile &includer,
                                                llvm::ArrayRef<llvm::StringLiteral> extensions);

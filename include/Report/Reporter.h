@@ -27,6 +27,9 @@ struct FileReport {
   std::uint64_t lines = 0;
   /// The checks did not succeed, but reported nothing.
   bool failedSilently = false;
+  /// The files and directories of which one is newer when the report may have changed; only where
+  /// they were asked for.
+  std::vector<std::string> inputs;
 };
 
 /// Writes \p report for deserializeFileReport() in a process of the same program.

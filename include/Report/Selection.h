@@ -50,6 +50,9 @@ public:
   /// changed, because the text after it was not read.
   bool apply(Diagnostic &diagnostic) const;
 
+  /// The rules in words; equal for two selections only when they do the same.
+  std::string describe() const;
+
 private:
   struct Rule {
     NumberRange range;

@@ -415,6 +415,9 @@ void Lexer::readEmbeddedBlock(Token &exec) {
     llvm::StringRef member = text.text.take_while(isWordCharacter);
     if (language.is(Keyword::Sql) && end.is(Keyword::EndExec) &&
         member.equals_insensitive("INCLUDE")) {
+      includePlace = exec.place;
+      includePlace.endLine = end.place.endLine;
+      includePlace.endColumn = end.place.endColumn;
       exec = text;
       exec.keyword = Keyword::Copy;
       exec.text = text.text.drop_front(member.size()).trim(" \t\f\v\n");

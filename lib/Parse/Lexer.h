@@ -102,6 +102,8 @@ public:
   void next(Token &token);
 
   SourceFormat getFormat() const { return lines.getFormat(); }
+  /// Where the EXEC SQL INCLUDE stands that was read last, from EXEC to END-EXEC.
+  const SourceRange &getIncludePlace() const { return includePlace; }
 
   /// Applies the context's decimal point, in the middle of a line too.
   void updateDecimalPoint() { scanner.setDecimalPointIsComma(context.decimalPointIsComma); }
@@ -167,6 +169,7 @@ private:
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;
   Token embedding; ///< the word after EXEC
+  SourceRange includePlace;
   /// The tokens of an embedded block that were read after EXEC, in reverse order.
   llvm::SmallVector<Token, 3> block;
   bool atLineStart = false;

@@ -1,6 +1,7 @@
 //===- ParseData.cpp - data division, sections and entries ----------------===//
 
 #include "Parse/ParseData.h"
+#include "Parse/Expansion.h"
 #include "Parse/ParseFile.h"
 #include "Parse/ParseReport.h"
 
@@ -420,8 +421,11 @@ void DataParser::skipCopiedEntryName(unsigned level, const Word &name) {
   if (!isCopied || peek().text.getAsInteger(10, copiedLevel) || copiedLevel != level ||
       !peek(1).isUserWord())
     return;
-  stream.skip();
-  stream.skip();
+  for (unsigned word = 0; word < 2; ++word) {
+    if (context.expansion)
+      context.expansion->drop(here());
+    stream.skip();
+  }
 }
 
 /// Levels that the language does not have are the checker's to report. Past two digits they are

@@ -16,14 +16,15 @@ namespace tarka {
 //===----------------------------------------------------------------------===//
 
 llvm::ErrorOr<Program *> parseProgram(llvm::StringRef path, llvm::StringRef inputName,
-                                      const ParseOptions &options,
-                                      FrontEndDiagnostics &diagnostics) {
+                                      const ParseOptions &options, FrontEndDiagnostics &diagnostics,
+                                      Expansion *expansion) {
   SourceManager files(options);
   llvm::ErrorOr<const SourceFile *> main = files.open(path);
   if (!main)
     return main.getError();
-  TokenStream tokens(**main, files, diagnostics);
+  TokenStream tokens(**main, files, diagnostics, expansion);
   ParserContext context(tokens, diagnostics, options);
+  context.expansion = expansion;
   Program *program = ProgramParser(context).parse(inputName);
   tokens.reportCutLines();
   files.collectDamagedNames(diagnostics.getDamage());

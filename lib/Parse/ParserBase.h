@@ -37,6 +37,7 @@
 namespace tarka {
 
 class EmbeddedScratch;
+class Expansion;
 
 /// An FD or SD entry whose name could not be read.
 struct NamelessFile {
@@ -54,6 +55,8 @@ struct ParserContext {
   TokenStream &stream;
   FrontEndDiagnostics &diagnostics;
   const ParseOptions &options;
+  /// The record of what COPY and REPLACE do; may be null.
+  Expansion *expansion = nullptr;
   Recovery recovery;
   /// The unit being parsed; its divisions are attached as they begin.
   SourceUnit *unit = nullptr;

@@ -3,9 +3,11 @@
 #include "Parse/Preprocessor.h"
 #include "Parse/BmsMap.h"
 #include "Parse/EmbeddedLines.h"
+#include "Parse/Expansion.h"
 #include "Parse/Lexer.h"
 #include "Parse/Replacer.h"
 #include "Parse/SuppliedText.h"
+#include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include <memory>
@@ -17,7 +19,9 @@ namespace tarka {
 /// met the COPY; a REPLACING belongs to the text that it was written for.
 class Preprocessor {
 public:
-  Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink);
+  /// Records its work in \p record, which may be null.
+  Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink,
+               Expansion *record);
 
   void next(Token &token);
 
@@ -41,8 +45,6 @@ private:
     void next(Token &token) {
       if (!hasPushedBack) {
         lexer.next(token);
-        if (!places.empty())
-          token.place = places[std::min<size_t>(token.place.beginLine, places.size()) - 1];
         return;
       }
       token = pushedBack;
@@ -55,9 +57,7 @@ private:
 
     const SourceFile &file;
     Lexer lexer;
-    /// Where the lines of a symbolic map come from: places in the source of the map. Empty for a
-    /// file that is read as it is.
-    llvm::ArrayRef<SourceRange> places;
+    unsigned text = 0;                  ///< its number in the record of the expansion
     std::unique_ptr<Replacer> replacer; ///< of the COPY that opened it, if it has REPLACING
     Token pushedBack;
     bool hasPushedBack = false;
@@ -65,6 +65,7 @@ private:
 
   struct CopyStatement {
     SourceRange place; ///< of the text-name
+    SourceRange whole; ///< from COPY to the period
     std::string textName;
     std::string library;
     std::vector<Replacement> replacements;
@@ -74,6 +75,7 @@ private:
 
   void read(Token &token);
   void readBelow(size_t level, Token &token);
+  SourceRange shownPlace(const SourceRange &place) const;
   void readReplaced(size_t level, Token &token);
   void boundReplacement(const Token &token);
   void closeLevel();
@@ -91,6 +93,8 @@ private:
                              llvm::ArrayRef<SourceRange> &places);
   const MadeCopybook &makeMap(const SourceFile &macros, llvm::StringRef mapset);
   std::string chainTo(const SourceFile &file) const;
+  unsigned recordCopy(const CopyStatement &statement, const SourceFile *file,
+                      llvm::ArrayRef<SourceRange> places);
 
   void replace(const Token &replaceWord);
   bool readReplacements(Token &token, llvm::StringRef statement, std::vector<Replacement> &pairs);
@@ -98,7 +102,7 @@ private:
   bool readOperand(Token &token, llvm::SmallVectorImpl<Token> &tokens);
   bool readPseudoText(const Token &opening, llvm::SmallVectorImpl<Token> &tokens);
   bool makePartial(const Token &keyword, Replacement &pair);
-  void skipStatement(Token token);
+  SourceRange skipStatement(Token token);
 
   /// The next token of the file on top, which COPY and REPLACE statements are read from.
   void readRaw(Token &token) { levels.back()->next(token); }
@@ -111,12 +115,15 @@ private:
   SourceManager &files;
   LexerContext context;
   SourceDiagnostics &diagnostics;
+  Expansion *record;
   std::vector<std::unique_ptr<Level>> levels;
   unsigned replacingLevels = 0;
   unsigned copyCount = 0;
   uint64_t copiedBytes = 0;
   /// The symbolic maps that were made, by the file of the macros and the name in COPY.
   llvm::StringMap<MadeCopybook> maps;
+  /// The same by the number of the file that is made.
+  llvm::DenseMap<unsigned, llvm::ArrayRef<SourceRange>> placesOfMaps;
   uint64_t tokensAdded = 0;
   Replacer replacer; ///< of REPLACE
   /// The pairs in effect come last, before them those that they were added to.
@@ -126,13 +133,16 @@ private:
   bool hasBegun = false;
 };
 
-Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink)
+Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink,
+                           Expansion *record)
     : files(files), context(files.getOptions(), sink), diagnostics(context.diagnostics),
-      replacer(context, tokensAdded) {
+      record(record), replacer(context, tokensAdded) {
   SourceFormat format = context.options.format;
   if (format == SourceFormat::Auto)
     format = main.getFormat(SourceFormat::Fixed);
   levels.push_back(std::make_unique<Level>(main, format, context, /*isMain=*/true));
+  if (record)
+    record->begin(main, format);
 }
 
 void Preprocessor::setDecimalPointIsComma(bool on) {
@@ -157,10 +167,24 @@ void Preprocessor::next(Token &token) {
   if (isStopped) {
     token = Token();
     token.place = stopPlace;
+  } else {
+    const SourceRange shown = placesOfMaps.empty() ? token.place : shownPlace(token.place);
+    if (record)
+      record->deliver(token, shown);
+    token.place = shown;
   }
   if (!hasBegun && token.is(TokenKind::EndOfFile) && !diagnostics.hasErrors())
     diagnostics.report(DiagnosticId::NothingToCompile, token.place);
   hasBegun = true;
+}
+
+/// Where text that stands at \p place comes from: for that of a symbolic map, a place in the source
+/// of the map.
+SourceRange Preprocessor::shownPlace(const SourceRange &place) const {
+  auto map = placesOfMaps.find(place.file);
+  if (map == placesOfMaps.end() || map->second.empty())
+    return place;
+  return map->second[std::min<size_t>(place.beginLine, map->second.size()) - 1];
 }
 
 /// Stops at \p token when replacement has run away.
@@ -168,8 +192,8 @@ void Preprocessor::boundReplacement(const Token &token) {
   const uint64_t bound = context.options.limits.replacementTokens;
   if (tokensAdded <= bound || isStopped)
     return;
-  diagnostics.report(DiagnosticId::ReplacementTooLarge, token.place, bound);
-  stop(token.place);
+  diagnostics.report(DiagnosticId::ReplacementTooLarge, shownPlace(token.place), bound);
+  stop(shownPlace(token.place));
 }
 
 /// The next token of all the text, COPY carried out.
@@ -180,12 +204,15 @@ void Preprocessor::read(Token &token) {
   }
   for (;;) {
     readRaw(token);
-    if (token.keyword == Keyword::Copy)
+    if (token.keyword == Keyword::Copy) {
       copy(token);
-    else if (token.is(TokenKind::EndOfFile) && levels.size() > 1)
+    } else if (token.is(TokenKind::EndOfFile) && levels.size() > 1) {
       closeLevel();
-    else
+    } else {
+      if (record)
+        record->read(levels.back()->text, token);
       return;
+    }
     if (isStopped || replacingLevels > 0) {
       readBelow(0, token);
       return;
@@ -208,8 +235,11 @@ void Preprocessor::readBelow(size_t level, Token &token) {
       continue;
     }
     levels[level]->next(token);
-    if (token.keyword != Keyword::Copy)
+    if (token.keyword != Keyword::Copy) {
+      if (record)
+        record->read(levels[level]->text, token);
       return;
+    }
     copy(token);
   }
 }
@@ -228,6 +258,8 @@ void Preprocessor::readReplaced(size_t level, Token &token) {
 
 void Preprocessor::closeLevel() {
   replacingLevels -= levels.back()->replacer != nullptr;
+  if (record)
+    record->endCopy(levels.back()->text, levels.back()->lexer.getFormat());
   levels.pop_back();
 }
 
@@ -240,6 +272,7 @@ void Preprocessor::copy(const Token &copyWord) {
   if (copyWord.is(TokenKind::EmbeddedText)) {
     // EXEC SQL INCLUDE: a period after it is one of the text around.
     statement.place = copyWord.place;
+    statement.whole = levels.back()->lexer.getIncludePlace();
     statement.textName = copyWord.text.trim("\"'").str();
     statement.isInclude = true;
     if (statement.textName.empty())
@@ -248,8 +281,15 @@ void Preprocessor::copy(const Token &copyWord) {
       openCopybook(statement);
     return;
   }
+  statement.whole = copyWord.place;
   if (readCopyStatement(copyWord, statement))
     openCopybook(statement);
+}
+
+/// Makes \p statement end where \p part does.
+static void extend(SourceRange &statement, const SourceRange &part) {
+  statement.endLine = part.endLine;
+  statement.endColumn = part.endColumn;
 }
 
 /// COPY text-name [OF library] [SUPPRESS] [REPLACING pairs] .
@@ -282,20 +322,26 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
     readRaw(token);
     if (!readReplacements(token, "REPLACING", statement.replacements)) {
       statement.isDoubtful = true;
-      skipStatement(token);
+      extend(statement.whole, skipStatement(token));
       return true;
     }
   }
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
     statement.isDoubtful = true;
+    extend(statement.whole, statement.place);
     // Skip the rest of its line.
     while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile) && !token.isFirstOnLine() &&
-           !token.isVerb())
+           !token.isVerb()) {
+      extend(statement.whole, token.place);
       readRaw(token);
-    if (!token.is(TokenKind::Period))
+    }
+    if (!token.is(TokenKind::Period)) {
       levels.back()->pushBack(token);
+      return true;
+    }
   }
+  extend(statement.whole, token.place);
   return true;
 }
 
@@ -341,10 +387,13 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   }
   llvm::ArrayRef<SourceRange> places;
   const SourceFile *file = findText(statement, includer.file, places);
+  const unsigned copyNumber = record ? recordCopy(statement, file, places) : 0;
   if (!file)
     return;
   if (llvm::any_of(levels, [&](const auto &level) { return &level->file == file; })) {
     diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(*file));
+    if (record)
+      record->removeStatement(includer.text, statement.whole, includer.lexer.getFormat());
     return;
   }
   copiedBytes += file->getText().size();
@@ -364,13 +413,39 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   diagnostics.noteCopy(shown, statement.place);
   if (statement.isDoubtful)
     diagnostics.markDamaged(shown);
+  const SourceFormat formatAround = includer.lexer.getFormat();
   levels.push_back(std::make_unique<Level>(*file, format, context, /*isMain=*/false));
-  levels.back()->places = places;
+  if (!places.empty())
+    placesOfMaps[file->getNumber()] = places;
+  if (record)
+    levels.back()->text =
+        record->beginCopy(copyNumber, statement.whole, *file, places, format, formatAround,
+                          /*remains=*/statement.isDoubtful);
   if (!statement.replacements.empty()) {
     levels.back()->replacer = std::make_unique<Replacer>(context, tokensAdded);
     levels.back()->replacer->setReplacements(std::move(statement.replacements));
     ++replacingLevels;
   }
+}
+
+/// Notes that \p statement copies \p file, whose lines come from \p places if it is a symbolic map;
+/// null where there is none. Gives the number of the COPY in the record.
+unsigned Preprocessor::recordCopy(const CopyStatement &statement, const SourceFile *file,
+                                  llvm::ArrayRef<SourceRange> places) {
+  CopyUse use;
+  use.place = statement.place;
+  use.name = statement.textName;
+  use.library = statement.library;
+  use.from = levels.back()->text;
+  use.searched = files.searchDirectories(statement.library, levels.back()->file);
+  if (file) {
+    const bool isMap = !places.empty();
+    use.file = isMap ? fileNameOf(places.front().file) : file->getName().str();
+    use.outcome = isMap                                 ? CopyUse::Outcome::Map
+                  : isSuppliedFileName(file->getName()) ? CopyUse::Outcome::Supplied
+                                                        : CopyUse::Outcome::File;
+  }
+  return record->addCopy(std::move(use));
 }
 
 /// The text that \p statement copies: a copybook, one that CICS or DB2 supply, or the symbolic map
@@ -457,6 +532,9 @@ std::string Preprocessor::chainTo(const SourceFile &file) const {
 void Preprocessor::replace(const Token &replaceWord) {
   std::vector<Replacement> pairs;
   Token token;
+  SourceRange statement = replaceWord.place;
+  if (record)
+    record->beginReplace(replaceWord);
   readRaw(token);
   bool isAlso = token.is(Keyword::Also), isLast = token.is(Keyword::Last);
   if (isAlso || isLast)
@@ -483,7 +561,11 @@ void Preprocessor::replace(const Token &replaceWord) {
   if (!token.is(TokenKind::Period)) {
     diagnostics.report(DiagnosticId::ReplacePeriodExpected, replaceWord.place, describe(token));
     levels.back()->pushBack(token);
+    return;
   }
+  extend(statement, token.place);
+  if (record)
+    record->removeStatement(levels.back()->text, statement, levels.back()->lexer.getFormat());
 }
 
 /// Reads pairs from \p token on, up to what belongs to no pair, which is then \p token.
@@ -628,16 +710,20 @@ bool Preprocessor::makePartial(const Token &keyword, Replacement &pair) {
   return true;
 }
 
-/// Passes over the rest of a statement that cannot be read, from \p token to its period.
-void Preprocessor::skipStatement(Token token) {
+/// Passes over the rest of a statement that cannot be read, from \p token to its period. Gives the
+/// place where it ends.
+SourceRange Preprocessor::skipStatement(Token token) {
+  SourceRange end = token.place;
   while (!token.isOneOf(TokenKind::Period, TokenKind::EndOfFile)) {
     // A verb or a header shows that the period was forgotten.
     if (token.isVerb() || token.isInAreaA()) {
       levels.back()->pushBack(token);
-      return;
+      return end;
     }
+    end = token.place;
     readRaw(token);
   }
+  return token.is(TokenKind::Period) ? token.place : end;
 }
 
 //===----------------------------------------------------------------------===//
@@ -645,8 +731,8 @@ void Preprocessor::skipStatement(Token token) {
 //===----------------------------------------------------------------------===//
 
 TokenStream::TokenStream(const SourceFile &main, SourceManager &files,
-                         FrontEndDiagnostics &diagnostics)
-    : source(std::make_unique<Preprocessor>(main, files, diagnostics)) {}
+                         FrontEndDiagnostics &diagnostics, Expansion *record)
+    : source(std::make_unique<Preprocessor>(main, files, diagnostics, record)) {}
 
 TokenStream::TokenStream(TokenStream &enclosing) : outer(&enclosing) {}
 

@@ -21,6 +21,7 @@
 
 namespace tarka {
 
+class Expansion;
 class OpenConstructs;
 class Preprocessor;
 class SourceDiagnostics;
@@ -38,8 +39,10 @@ public:
   /// How many tokens peek() can look at, the next one included.
   static constexpr unsigned lookAhead = 64;
 
-  /// Reads \p main. \p files and \p diagnostics must outlive the stream.
-  TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics);
+  /// Reads \p main, and records what COPY and REPLACE make of it in \p record, if it is not null.
+  /// \p files, \p diagnostics and \p record must outlive the stream.
+  TokenStream(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &diagnostics,
+              Expansion *record = nullptr);
   /// A stream of the tokens that setTokens() gives it. \p enclosing, from which they come, must
   /// outlive it.
   explicit TokenStream(TokenStream &enclosing);

@@ -205,6 +205,10 @@ SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {
   return detector.decide(otherwise);
 }
 
+bool isMapFileName(llvm::StringRef path) {
+  return llvm::sys::path::extension(path).equals_insensitive(".bms");
+}
+
 SourceManager::SourceManager(const ParseOptions &options)
     : options(options),
       fileSystem(options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem()) {}
@@ -241,13 +245,13 @@ const SourceFile &SourceManager::addText(llvm::StringRef name, llvm::StringRef t
 }
 
 /// The directories to look in for what \p includer copies from \p library, in order.
-llvm::SmallVector<std::string, 8>
-SourceManager::searchDirectories(llvm::StringRef library, const SourceFile &includer) const {
+std::vector<std::string> SourceManager::searchDirectories(llvm::StringRef library,
+                                                          const SourceFile &includer) const {
   llvm::SmallVector<std::string, 8> places(options.includeDirectories.begin(),
                                            options.includeDirectories.end());
   places.push_back(llvm::sys::path::parent_path(includer.getName()).str());
   places.push_back("");
-  llvm::SmallVector<std::string, 8> directories;
+  std::vector<std::string> directories;
   auto add = [&](llvm::StringRef directory) {
     std::string shown = directory.empty() ? "." : directory.str();
     if (!llvm::is_contained(directories, shown))
@@ -302,7 +306,7 @@ const llvm::StringMap<std::string> &SourceManager::mapsetsOf(llvm::StringRef dir
   std::error_code error;
   for (llvm::vfs::directory_iterator file = fileSystem->dir_begin(directory, error), end;
        !error && file != end; file.increment(error))
-    if (llvm::sys::path::extension(file->path()).equals_insensitive(".bms"))
+    if (isMapFileName(file->path()))
       paths.push_back(llvm::sys::path::remove_leading_dotslash(file->path()).str());
   llvm::sort(paths);
   for (const std::string &path : paths) {

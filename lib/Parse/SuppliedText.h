@@ -36,6 +36,11 @@ struct SuppliedCopybook {
   std::string getFileName() const { return "<supplied>/" + name.str(); }
 };
 
+/// Whether \p name is the getFileName() of a supplied copybook.
+inline bool isSuppliedFileName(llvm::StringRef name) {
+  return name.starts_with("<supplied>/");
+}
+
 /// The supplied copybook \p name, in upper or lower case; null when there is none.
 const SuppliedCopybook *findSuppliedCopybook(llvm::StringRef name);
 

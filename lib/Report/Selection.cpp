@@ -74,4 +74,12 @@ bool Selection::apply(Diagnostic &diagnostic) const {
   return true;
 }
 
+std::string Selection::describe() const {
+  std::string text;
+  for (const Rule &rule : rules)
+    text += std::to_string(rule.range.first) + '-' + std::to_string(rule.range.last) + ' ' +
+            std::to_string(static_cast<int>(rule.action)) + ';';
+  return text;
+}
+
 } // namespace tarka

@@ -62,6 +62,7 @@ template <typename Archive> void transfer(Archive &archive, FileReport &report) 
   archive.list(report.diagnostics);
   archive.number(report.lines);
   archive.number(report.failedSilently);
+  archive.list(report.inputs);
 }
 
 class Writer {

@@ -84,6 +84,8 @@ public:
   bool isEmpty() const { return entries.empty(); }
   /// Forks a worker for \p task. \p name is for the result.
   void start(std::string name, Task task);
+  /// Adds a result that needs no worker, in its turn.
+  void add(std::string name, std::string answer);
   /// Waits until something has happened: a worker has written or ended, \p wakeUp can be read, or
   /// \p seconds are over. Both may be negative for none.
   void wait(int wakeUp = -1, double seconds = -1);

@@ -14,6 +14,8 @@ for command in node npm; do
   command -v $command >/dev/null || fail "$command is missing; the Debian packages nodejs and npm have it"
 done
 mkdir -p "$work"
+# No report comes from the user's cache.
+export XDG_CACHE_HOME=/dev/null
 tool=$work/node_modules/@microsoft/sarif-multitool
 if ! grep -qs "\"version\": \"$version\"" "$tool/package.json"; then
   npm install --no-audit --no-fund --loglevel=error --prefix "$work" "@microsoft/sarif-multitool@$version" ||

@@ -1,6 +1,7 @@
 //===- CommandLine.cpp - reading the command line -------------------------===//
 
 #include "CommandLine.h"
+#include "Depfile.h"
 #include "Options.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
@@ -81,6 +82,12 @@ void addOperands(CLI::App &app, Request &request, Command command) {
         ->option_text("NUMBER...");
     return;
   }
+  if (command == Command::Generate) {
+    app.add_option("WHAT", request.operands, "a shell, or man and the directory for the pages")
+        ->option_text("bash|zsh|fish|man [DIRECTORY]")
+        ->required();
+    return;
+  }
   if (command == Command::Init) {
     app.add_option("DIRECTORY", request.files, "where the file is written (.)")->expected(1);
     return;
@@ -127,6 +134,22 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
   return "tarka: " + message + "\n";
 }
 
+/// Puts the long names of options in the place of those that compilers have for depfiles: -MD,
+/// -MF FILE, -MT NAME. CLI11 has no short names of two letters.
+void translateDepfileOptions(std::vector<std::string> &arguments) {
+  for (std::string &word : arguments) {
+    if (word == "--")
+      return;
+    llvm::StringRef value = word;
+    if (value == "-MD")
+      word = "--depfile";
+    else if (value.consume_front("-MF"))
+      word = ("--depfile-output" + (value.empty() ? "" : "=" + value)).str();
+    else if (value.consume_front("-MT"))
+      word = ("--depfile-target" + (value.empty() ? "" : "=" + value)).str();
+  }
+}
+
 /// Whether \p word, with which the command line begins, looks like a command and is not a file.
 bool isMisspeltCommand(llvm::StringRef word) {
   return llvm::all_of(word, llvm::isAlpha) && !llvm::sys::fs::exists(word);
@@ -139,6 +162,7 @@ Request Request::withoutOptions() const {
   result.command = command;
   result.files = files;
   result.numbers = numbers;
+  result.operands = operands;
   result.commandLine = commandLine;
   result.settings = settings;
   result.parse.fileSystem = parse.fileSystem;
@@ -187,10 +211,13 @@ CommandLineResult readCommandLine(int argc, char **argv) {
     addOptions(*command, request, info.command == Command::Config ? Command::Check : info.command);
   }
 
+  translateDepfileOptions(arguments);
   std::reverse(arguments.begin(), arguments.end());
 
   try {
     app.parse(arguments);
+    if (const std::string fault = checkDepfileOptions(request); !fault.empty())
+      throw CLI::ValidationError(fault);
   } catch (const CLI::ParseError &error) {
     result.exitStatus = app.exit(error) == 0 ? ExitClean : ExitUnusable;
     if (!std::cout.flush()) {

@@ -5,6 +5,7 @@
 
 #include "Analyzer/CompileOption.h"
 #include "Parse/ParseOptions.h"
+#include "Print/PrintExpansion.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Report/Selection.h"
@@ -22,7 +23,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init, Expand, Generate };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// The forms of the report.
@@ -91,6 +92,18 @@ struct Request {
   unsigned maxErrors = 0; ///< 0 for unlimited
   bool fix = false;
   bool diff = false;
+  /// Keep reports, and use those that are kept; where, unless it is in the user's cache.
+  bool cache = true;
+  std::string cacheDirectory;
+  /// Print what the programs copy instead of the report.
+  bool listCopybooks = false;
+  /// Write a depfile: under this name, or one made of the output's.
+  bool writeDepfile = false;
+  std::string depfile;
+  std::vector<std::string> depfileTargets;
+
+  // expand
+  ExpansionView expansion;
 
   // cfg, layout, ast, explain
   OutputFormat format = OutputFormat::Text;
@@ -100,6 +113,9 @@ struct Request {
 
   // explain
   std::vector<std::string> numbers;
+
+  // generate
+  std::vector<std::string> operands;
 
   // Where options come from.
   std::string config;    ///< the configuration file; empty for those above the programs

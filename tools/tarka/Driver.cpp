@@ -9,12 +9,17 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "Configuration.h"
+#include "Depfile.h"
 #include "Explain.h"
 #include "Findings.h"
+#include "Generate.h"
 #include "Inputs.h"
 #include "OutputFile.h"
+#include "Parse/Dependencies.h"
+#include "Parse/Expansion.h"
 #include "Parse/Parse.h"
 #include "Parse/SourceFile.h"
+#include "Print/PrintExpansion.h"
 #include "Print/PrintFlow.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintItems.h"
@@ -25,10 +30,12 @@
 #include "Report/Fixes.h"
 #include "Report/Reporter.h"
 #include "Report/SourceOrder.h"
+#include "ReportCache.h"
 #include "ReportRun.h"
 #include "SourceLines.h"
 #include "Verify.h"
 #include "Workers/Interrupt.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
@@ -45,12 +52,17 @@ namespace {
 class Compilation {
 public:
   Compilation(const Request &driverRequest, const std::string &source)
-      : request(driverRequest), file(source), lines(driverRequest.parse) {}
+      : request(driverRequest), file(source), lines(driverRequest.parse),
+        expansion(driverRequest.command == Command::Expand) {}
 
   /// Reads and checks the file and gives what is to be reported of it.
   FileReport check();
   /// The same for --verify: compares what was found with what the source expects.
   int verify();
+  /// What the front end has read; null where nothing asks for it.
+  DependencyRecorder *getDependencies() { return dependencies.get(); }
+  /// Prints what the program copies, as the report asks for; gives the exit status.
+  int listCopybooks(llvm::raw_ostream &out);
   /// Prints what the command asks for, after check().
   int print();
 
@@ -63,6 +75,11 @@ private:
   GraphView drawableView(const CFGModule &module) const;
   int printLayout(CommandOutput &output);
   int printTree(CommandOutput &output);
+  int printExpansion(CommandOutput &output);
+  /// Whether the program is read and not checked.
+  bool isFrontEndOnly() const {
+    return request.syntaxOnly || request.command == Command::Expand || request.listCopybooks;
+  }
   bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
 
   const Request &request;
@@ -73,6 +90,9 @@ private:
   /// What the second pass has found; only check runs it.
   std::vector<ErrorEntry> secondPass;
   PartResults parts{handler};
+  Expansion expansion;
+  /// What the front end reads; null unless something asks for it.
+  llvm::IntrusiveRefCntPtr<DependencyRecorder> dependencies;
   Program *program = nullptr;
   bool checksSucceeded = false;
 };
@@ -83,7 +103,15 @@ bool Compilation::analyse(std::string &failure) {
   settings.enableOsvs = request.parse.osvs;
   TopLevel::beginCompilation(baseName.str(), settings);
 
-  llvm::ErrorOr<Program *> parsed = parseProgram(file, baseName, request.parse, frontEnd);
+  ParseOptions options = request.parse;
+  if (ReportCache::isWanted(request) || Depfile(request).isWanted()) {
+    dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
+        options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
+    options.fileSystem = dependencies;
+  }
+  const bool isExpanded = request.command == Command::Expand || request.listCopybooks;
+  llvm::ErrorOr<Program *> parsed =
+      parseProgram(file, baseName, options, frontEnd, isExpanded ? &expansion : nullptr);
   if (!parsed) {
     failure = "cannot read " + file + ": " + parsed.getError().message();
     return false;
@@ -92,8 +120,8 @@ bool Compilation::analyse(std::string &failure) {
   SemanticChecker checker(&handler);
   if (request.verify)
     checker.setListener(&parts);
-  checksSucceeded = request.syntaxOnly || checker.semanticCheck(*program);
-  if (request.command == Command::Check && !request.syntaxOnly)
+  checksSucceeded = isFrontEndOnly() || checker.semanticCheck(*program);
+  if (request.command == Command::Check && !isFrontEndOnly())
     secondPass = checkLanguage(*program, frontEnd, handler);
   return true;
 }
@@ -101,14 +129,17 @@ bool Compilation::analyse(std::string &failure) {
 FileReport Compilation::check() {
   FileReport report;
   report.file = file;
-  if (!analyse(report.failure))
+  const bool isRead = analyse(report.failure);
+  if (Depfile(request).isWanted())
+    report.inputs = watchedPaths(dependencies->getDependencies(), *llvm::vfs::getRealFileSystem());
+  if (!isRead)
     return report;
   report.failedSilently =
       request.command == Command::Check && !checksSucceeded && !hasErrors() && secondPass.empty();
   if (showsSummary(request))
     report.lines = lines.textOf(internFileName(file)).count('\n');
   report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
-  const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
+  const bool isComplete = !isFrontEndOnly() && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
   if (!request.all)
     hideConsequences(report.diagnostics);
@@ -185,12 +216,41 @@ void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
   findings = std::move(rest);
 }
 
+int Compilation::listCopybooks(llvm::raw_ostream &out) {
+  std::string failure;
+  if (!analyse(failure)) {
+    llvm::errs() << "tarka: " << failure << '\n';
+    return ExitUnusable;
+  }
+  if (request.reportForm == ReportForm::Json)
+    printCopiesJson(out, file, expansion);
+  else
+    printCopiesText(out, file, expansion);
+  const bool isMissing = llvm::any_of(expansion.getCopies(), [](const CopyUse &use) {
+    return use.outcome == CopyUse::Outcome::Missing;
+  });
+  return isMissing ? ExitFindings : ExitClean;
+}
+
+int Compilation::printExpansion(CommandOutput &output) {
+  output.stream().SetBuffered();
+  if (request.format == OutputFormat::Json)
+    printExpansionJson(output.stream(), expansion);
+  else
+    printExpansionText(output.stream(), expansion, request.expansion);
+  if (!output.finish("text"))
+    return ExitInternal;
+  return hasErrors() ? ExitFindings : ExitClean;
+}
+
 int Compilation::print() {
   CommandOutput output(request.output);
   if (!output.isOpen())
     return ExitInternal;
   if (request.command == Command::Cfg || request.command == Command::Flow)
     return printGraph(output);
+  if (request.command == Command::Expand)
+    return printExpansion(output);
   return request.command == Command::Layout ? printLayout(output) : printTree(output);
 }
 
@@ -329,14 +389,64 @@ private:
   llvm::StringSet<> reported;
 };
 
+/// Prints what each of the programs copies.
+int listCopybooks(const Request &request, Configuration &configuration) {
+  CommandOutput output(request.output);
+  if (!output.isOpen())
+    return ExitInternal;
+  const bool isJson = request.reportForm == ReportForm::Json;
+  if (isJson)
+    output.stream() << "{\"version\":1,\"programs\":[";
+  int status = ExitClean;
+  llvm::ListSeparator comma(",\n");
+  auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
+    const Request own = llvm::cantFail(configuration.requestFor(file));
+    int result = ExitInternal;
+    compile([&] { result = Compilation(own, file).listCopybooks(answer); });
+    return result;
+  };
+  ConfiguredInputs inputs(request, configuration,
+                          [&](const std::string &, const std::string &reason) {
+                            llvm::errs() << "tarka: " << reason << '\n';
+                            status = std::max<int>(status, ExitUnusable);
+                          });
+  auto next = [&] { return inputs.next(); };
+  const int signal = runPrograms(request, next, listOne, [&](const ProgramResult &result) {
+    if (!result.failure.empty())
+      llvm::errs() << "tarka: " << result.file << ": " << result.failure << '\n';
+    else if (isJson && !result.answer.empty())
+      output.stream() << comma << result.answer;
+    else
+      output.stream() << result.answer;
+    status = std::max(status, result.failure.empty() ? result.exitStatus : ExitInternal);
+    return true;
+  });
+  if (signal)
+    endBySignal(signal);
+  if (isJson)
+    output.stream() << "]}\n";
+  return output.finish("list") ? status : ExitInternal;
+}
+
 /// Checks the programs and reports.
 int checkFiles(const Request &request, Configuration &configuration) {
   ReportRun run(request);
   if (!run.isOpen())
     return run.getStatus();
+  Depfile depfile(request);
+  ReportCache cache(request);
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
     const Request own = llvm::cantFail(configuration.requestFor(file));
-    compile([&] { serialize(answer, Compilation(own, file).check()); });
+    compile([&] {
+      Compilation compilation(own, file);
+      const FileReport report = compilation.check();
+      std::string bytes;
+      llvm::raw_string_ostream stream(bytes);
+      serialize(stream, report);
+      if (DependencyRecorder *dependencies = compilation.getDependencies())
+        cache.store(own, file, *dependencies, bytes);
+      answer << bytes;
+    });
     return ExitClean;
   };
   ConfiguredInputs inputs(request, configuration,
@@ -344,18 +454,28 @@ int checkFiles(const Request &request, Configuration &configuration) {
                             run.takeUnreadable(name, reason);
                           });
   auto next = [&] { return inputs.next(); };
-  const int signal = runPrograms(request, next, checkOne, [&](const ProgramResult &result) {
-    std::optional<FileReport> report = deserializeFileReport(result.answer);
-    if (report && result.failure.empty())
-      run.take(std::move(*report));
-    else
-      run.takeCrash(result.file.str(),
-                    result.failure.empty() ? "its worker did not answer" : result.failure);
-    return !run.isFull();
-  });
+  const int signal = runPrograms(
+      request, next, checkOne,
+      [&](const ProgramResult &result) {
+        std::optional<FileReport> report = deserializeFileReport(result.answer);
+        if (report && result.failure.empty()) {
+          depfile.add(report->inputs);
+          if (const ConfigurationFile *used = llvm::cantFail(configuration.fileFor(report->file)))
+            depfile.add(used->getPath());
+          run.take(std::move(*report));
+        } else {
+          run.takeCrash(result.file.str(),
+                        result.failure.empty() ? "its worker did not answer" : result.failure);
+        }
+        return !run.isFull();
+      },
+      [&](const std::string &file) {
+        return cache.find(llvm::cantFail(configuration.requestFor(file)), file);
+      });
   if (signal)
     run.interrupt(signal);
-  const int status = run.finish();
+  cache.prune();
+  const int status = depfile.write() ? run.finish() : std::max<int>(run.finish(), ExitInternal);
   if (signal)
     endBySignal(signal);
   return status;
@@ -452,6 +572,8 @@ int carryOut(Request request) {
   switch (request.command) {
   case Command::Explain:
     return explain(request);
+  case Command::Generate:
+    return generate(request);
   case Command::Config:
     return printConfiguration(request);
   case Command::Init:
@@ -470,6 +592,8 @@ int carryOut(Request request) {
   const Request configured = llvm::cantFail(configuration.requestFor(place));
   if (configured.command != Command::Check)
     return printFile(configured);
+  if (configured.listCopybooks)
+    return listCopybooks(configured, configuration);
   return configured.verify ? verifyFiles(configured, configuration)
                            : checkFiles(configured, configuration);
 }

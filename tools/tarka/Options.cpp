@@ -44,10 +44,13 @@ constexpr OptionChoice colorChoices[] = {{"auto", valueOf(ColorChoice::Auto)},
 
 /// The commands that read a program.
 constexpr CommandSet readers = setOf(Command::Check) | setOf(Command::Cfg) | setOf(Command::Flow) |
-                               setOf(Command::Layout) | setOf(Command::Ast);
+                               setOf(Command::Layout) | setOf(Command::Ast) |
+                               setOf(Command::Expand);
 constexpr CommandSet check = setOf(Command::Check);
 
 constexpr llvm::StringLiteral reportGroup = "Report";
+constexpr llvm::StringLiteral cacheGroup = "Cache";
+constexpr llvm::StringLiteral dependencyGroup = "Dependencies";
 constexpr llvm::StringLiteral compileGroup = "Compile options";
 
 /// Sets the field that the members of \p Path lead to.
@@ -202,7 +205,8 @@ constexpr Option table[] = {
      .choices = graphFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
     {.name = "format", .type = OptionType::Choice,
-     .commands = setOf(Command::Flow) | setOf(Command::Layout) | setOf(Command::Ast),
+     .commands = setOf(Command::Flow) | setOf(Command::Layout) | setOf(Command::Ast) |
+                 setOf(Command::Expand),
      .choices = textFormats, .fallback = "\"text\"", .help = "how to print it (text)",
      .set = assign<&Request::format>},
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Explain),
@@ -230,6 +234,9 @@ constexpr Option table[] = {
      .set = assign<&Request::layout, &LayoutView::all>},
     {.name = "keep-going", .commands = setOf(Command::Layout) | setOf(Command::Ast),
      .help = "has no effect: it is always printed", .set = assign<&Request::keepGoing>},
+    {.name = "line-markers", .commands = setOf(Command::Expand),
+     .help = "comments that say where the lines come from: *> line 12 \"FILE\"",
+     .set = assign<&Request::expansion, &ExpansionView::lineMarkers>},
 
     // The report.
     {.name = "", .letter = 'W', .type = OptionType::Text, .isList = true,
@@ -250,8 +257,8 @@ constexpr Option table[] = {
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
      .set = assign<&Request::color>},
     {.name = "output", .letter = 'o', .type = OptionType::Path, .isConfigurable = false,
-     .commands = readers | setOf(Command::Explain), .value = "FILE", .group = reportGroup,
-     .help = "write to FILE instead", .set = assign<&Request::output>},
+     .commands = readers | setOf(Command::Explain) | setOf(Command::Generate), .value = "FILE",
+     .group = reportGroup, .help = "write to FILE instead", .set = assign<&Request::output>},
     {.name = "format", .type = OptionType::Choice, .commands = check, .choices = reportForms,
      .fallback = "\"auto\"", .group = reportGroup,
      .help = "the form of the report (auto: pretty on a terminal, else classic)",
@@ -276,6 +283,30 @@ constexpr Option table[] = {
     {.name = "diff", .isConfigurable = false, .commands = check, .needs = "fix",
      .group = reportGroup, .help = "with --fix: print the changes, and change nothing",
      .set = assign<&Request::diff>},
+
+    // What is kept from run to run.
+    {.name = "cache", .commands = check, .fallback = "true", .group = cacheGroup,
+     .help = "use the reports that are kept of unchanged programs (on; --no-cache for off)",
+     .set = assign<&Request::cache>},
+    {.name = "cache-dir", .type = OptionType::Path, .commands = check, .value = "DIR",
+     .group = cacheGroup, .help = "keep them in DIR instead of $XDG_CACHE_HOME/tarka",
+     .set = assign<&Request::cacheDirectory>},
+
+    // What the programs depend on.
+    {.name = "list-copybooks", .isConfigurable = false, .commands = check, .group = dependencyGroup,
+     .help = "print what each program copies, and from where (--format=json too)",
+     .set = assign<&Request::listCopybooks>},
+    {.name = "depfile", .isConfigurable = false, .commands = check, .group = dependencyGroup,
+     .help = "write what the report depends on as a rule for Make and Ninja (-MD)",
+     .set = assign<&Request::writeDepfile>},
+    {.name = "depfile-output", .type = OptionType::Path, .isConfigurable = false,
+     .commands = check, .value = "FILE", .group = dependencyGroup,
+     .help = "the name of the depfile: that of the output with .d unless given (-MF)",
+     .set = assign<&Request::depfile>},
+    {.name = "depfile-target", .type = OptionType::Text, .isList = true, .isConfigurable = false,
+     .commands = check, .value = "NAME", .group = dependencyGroup,
+     .help = "the target of the rule: the output unless given (-MT)",
+     .set = assign<&Request::depfileTargets>},
 
     // How it is compiled.
     {.name = "check-file-id", .scope = OptionScope::File, .commands = readers,
@@ -315,9 +346,11 @@ constexpr CommandInfo commandTable[] = {
      "print what is never reached in FILE, what is performed, and figures"},
     {Command::Layout, "layout", "print where the bytes of the records of FILE lie"},
     {Command::Ast, "ast", "print the tree of FILE with what the checks left in it"},
+    {Command::Expand, "expand", "print FILE as it stands after COPY and REPLACE"},
     {Command::Init, "init", "write a tarka.toml after a look at the sources"},
     {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
     {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
+    {Command::Generate, "generate", "print a shell completion, or write the man pages"},
 };
 // clang-format on
 

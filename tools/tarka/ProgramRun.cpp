@@ -71,8 +71,8 @@ std::string describeFailure(const WorkerResult &result, const Request &request) 
 class ProgramRun {
 public:
   ProgramRun(const Request &driverRequest, ProgramSource source, ProgramTask programTask,
-             llvm::function_ref<bool(const ProgramResult &)> taker)
-      : request(driverRequest), next(source), task(programTask), take(taker),
+             llvm::function_ref<bool(const ProgramResult &)> taker, KnownAnswer knownAnswer)
+      : request(driverRequest), next(source), task(programTask), take(taker), known(knownAnswer),
         pool({.jobs = request.jobs,
               .maxSeconds = request.timeLimit,
               .maxBytes = request.memoryLimit * megabyte,
@@ -89,6 +89,7 @@ private:
   ProgramSource next;
   ProgramTask task;
   llvm::function_ref<bool(const ProgramResult &)> take;
+  KnownAnswer known;
   WorkerPool pool;
   Progress progress;
   bool hasMore = true;
@@ -117,7 +118,11 @@ void ProgramRun::startMore() {
   while (hasMore && pool.hasRoom()) {
     std::optional<std::string> file = next();
     hasMore = file.has_value();
-    if (file)
+    if (!file)
+      break;
+    if (std::optional<std::string> kept = known ? known(*file) : std::nullopt)
+      pool.add(*file, std::move(*kept));
+    else
       pool.start(*file, [&](llvm::raw_ostream &answer) {
         connectAllocator();
         return task(*file, answer);
@@ -139,8 +144,8 @@ bool ProgramRun::pass(const WorkerResult &result) {
 } // namespace
 
 int runPrograms(const Request &request, ProgramSource next, ProgramTask task,
-                llvm::function_ref<bool(const ProgramResult &)> take) {
-  return ProgramRun(request, next, task, take).run();
+                llvm::function_ref<bool(const ProgramResult &)> take, KnownAnswer known) {
+  return ProgramRun(request, next, task, take, known).run();
 }
 
 } // namespace tarka

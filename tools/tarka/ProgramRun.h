@@ -29,6 +29,9 @@ using ProgramSource = llvm::function_ref<std::optional<std::string>()>;
 /// It returns an ExitStatus.
 using ProgramTask = llvm::function_ref<int(const std::string &file, llvm::raw_ostream &answer)>;
 
+/// What the task would answer for the program \p file, when that is known without it.
+using KnownAnswer = llvm::function_ref<std::optional<std::string>(const std::string &file)>;
+
 /// What came of a program.
 struct ProgramResult {
   llvm::StringRef file;
@@ -43,9 +46,10 @@ struct ProgramResult {
 /// Runs \p task for each program that \p next gives, within the limits of \p request. In the order
 /// of the programs, what a task printed is printed whole, and its result goes to \p take, which
 /// says whether to go on. A signal that asks the program to end breaks the run off: the results
-/// that are ready go to take, then the signal is returned. Else 0.
+/// that are ready go to take, then the signal is returned. Else 0. There is no task for a program
+/// whose answer \p known gives.
 int runPrograms(const Request &request, ProgramSource next, ProgramTask task,
-                llvm::function_ref<bool(const ProgramResult &)> take);
+                llvm::function_ref<bool(const ProgramResult &)> take, KnownAnswer known = {});
 
 } // namespace tarka
 

@@ -1,0 +1,1 @@
+77 in-free-form pic x.
