@@ -19,7 +19,7 @@ help:
 	@echo "make fuzz      run the fuzzers for FUZZ_TIME seconds (default 3600)"
 	@echo "make fuzz-smoke  run them for a minute, as make test does too"
 	@echo "make bench     run the measurements"
-	@echo "make docs      regenerate docs/diagnostics.md from explanations/"
+	@echo "make docs      regenerate docs/diagnostics.md and the options in docs/commands/"
 	@echo "make install   install below PREFIX (default /usr/local)"
 	@echo "make package   build a Debian package (build/release/tarka_*.deb)"
 	@echo "make lint      clang-format and clang-tidy over all sources"
@@ -67,6 +67,7 @@ bench: build
 
 docs: build
 	@build/release/tools/tarka/tarka explain --format=markdown > docs/diagnostics.md
+	@scripts/command-pages.py build/release/tools/tarka/tarka
 
 install: build
 	@cmake --install build/release --prefix $(PREFIX)

@@ -1,7 +1,7 @@
 //===- PrintLayout.h - records as a table and as JSON -----------*- C++ -*-===//
 //
 // Prints the layout in storage of the records and independent items of a
-// compilation, after its checks. docs/command-line.md and docs/json.md describe
+// compilation, after its checks. docs/commands/layout.md and docs/json.md describe
 // the forms.
 //
 //===----------------------------------------------------------------------===//
