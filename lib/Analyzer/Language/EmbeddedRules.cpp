@@ -106,7 +106,8 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
 }
 
 void EmbeddedCheck::checkNames(EmbeddedCommand &command, SourceUnit &unit) {
-  ReferenceWalk walk([&](DataIdentifierExpression &name) { checkName(name, unit); });
+  auto check = [&](DataIdentifierExpression &name) { checkName(name, unit); };
+  ReferenceWalk walk(check);
   for (EmbeddedOperand *operand : command.getOperandElements())
     walk.walk(operand->getValue());
 }
