@@ -181,6 +181,7 @@ void DependencyRecorder::addContents(llvm::StringRef file, llvm::StringRef bytes
 
 std::vector<Dependency> DependencyRecorder::getDependencies() {
   std::vector<Dependency> all;
+  all.reserve(contents.size() + otherThanFiles.size());
   for (const auto &[file, digest] : contents)
     all.push_back({Dependency::Contents, file, digest, {}});
   for (const std::string &name : otherThanFiles)

@@ -41,12 +41,15 @@ const Token *readOptions(llvm::ArrayRef<Token> tokens,
     WrittenOption option;
     option.name = &tokens[at];
     option.place = tokens[at].place;
-    if (++at < tokens.size() && tokens[at].is(TokenKind::LParen)) {
+    ++at;
+    if (at < tokens.size() && tokens[at].is(TokenKind::LParen)) {
       const std::size_t begin = ++at;
       for (unsigned depth = 1; at < tokens.size(); ++at) {
         if (tokens[at].is(TokenKind::LParen))
           ++depth;
-        else if (tokens[at].is(TokenKind::RParen) && --depth == 0)
+        else if (tokens[at].is(TokenKind::RParen))
+          --depth;
+        if (depth == 0)
           break;
       }
       if (at == tokens.size())

@@ -536,10 +536,9 @@ private:
                  at(n).isOneOf("JOIN", "USING")) {
         if (at(n).is("USING") && command->getKind() != SqlKind::Merge)
           continue;
-        std::size_t next = n + 1;
-        do {
-          next = takeQueriedTable(next, common);
-        } while (next && at(next++).isMark(','));
+        std::size_t next = takeQueriedTable(n + 1, common);
+        while (next && at(next).isMark(','))
+          next = takeQueriedTable(next + 1, common);
       }
     }
   }
