@@ -15,7 +15,7 @@
 #include "Flow/DataFlow.h"
 #include "llvm/ADT/STLExtras.h"
 #include <map>
-#include <optional>
+#include <memory>
 #include <tuple>
 
 namespace tarka {
@@ -228,7 +228,7 @@ private:
       result.uses.push_back(std::move(one.use));
       sets.push_back(std::move(one.bytes));
     }
-    cells.emplace(result.bytes, sets);
+    cells = std::make_unique<Cells>(result.bytes, sets);
     unsigned facts = cells->size(); // The first ones are the definitions of the beginning.
     for (std::uint32_t use = 0; use < result.uses.size(); ++use) {
       firstFact.push_back(facts);
@@ -345,7 +345,7 @@ private:
   };
   std::vector<Gathered> gathered;
   std::vector<unsigned> firstFact; ///< by use
-  std::optional<Cells> cells;
+  std::unique_ptr<Cells> cells;    ///< made when the accesses are known
   unsigned factCount = 0;
   bool isAddressTaken = false, isUsedOutside = false, isExternal = false, isKept = false;
 };

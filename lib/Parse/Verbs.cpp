@@ -24,9 +24,9 @@ static constexpr auto scopeIndex = [] {
   static_assert(std::size(verbs) < UINT8_MAX);
   std::array<uint8_t, keywordCount> index{};
   index.fill(std::size(verbs));
-  for (uint8_t i = 0; i < std::size(verbs); ++i)
+  for (std::size_t i = 0; i < std::size(verbs); ++i)
     if (verbs[i].endWord != Keyword::None)
-      index[static_cast<unsigned>(verbs[i].verb)] = i;
+      index[static_cast<unsigned>(verbs[i].verb)] = static_cast<uint8_t>(i);
   return index;
 }();
 

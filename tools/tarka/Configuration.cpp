@@ -20,7 +20,8 @@ namespace {
 std::string parentOf(llvm::StringRef directory) {
   if (directory.empty() || directory == "." || path::filename(directory) == "..") {
     llvm::SmallString<128> absolute(directory);
-    fs::make_absolute(absolute);
+    if (fs::make_absolute(absolute))
+      return ""; // the current directory is gone
     path::remove_dots(absolute, /*remove_dot_dot=*/true);
     return path::parent_path(absolute).str();
   }

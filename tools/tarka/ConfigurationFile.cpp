@@ -221,7 +221,8 @@ llvm::Expected<ConfigurationFile> ConfigurationFile::read(const std::string &pat
 static std::string relativeTo(llvm::StringRef file, llvm::StringRef name) {
   llvm::SmallString<128> directory(file), whole(name);
   for (llvm::SmallString<128> *one : {&directory, &whole}) {
-    llvm::sys::fs::make_absolute(*one);
+    if (llvm::sys::fs::make_absolute(*one))
+      return name.str(); // the current directory is gone
     path::remove_dots(*one, /*remove_dot_dot=*/true);
   }
   llvm::StringRef relative = whole;

@@ -553,7 +553,8 @@ static bool readStandardInput(Request &request) {
   auto memory = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
   auto files =
       llvm::makeIntrusiveRefCnt<llvm::vfs::OverlayFileSystem>(llvm::vfs::getRealFileSystem());
-  llvm::sys::fs::make_absolute(path);
+  if (llvm::sys::fs::make_absolute(path))
+    path = request.stdinName; // the current directory is gone
   memory->addFile(path, 0, std::move(*buffer));
   files->pushOverlay(memory);
   request.parse.fileSystem = files;

@@ -40,14 +40,15 @@ bool PathPattern::match(llvm::StringRef path) const {
 
 bool PathPattern::match(Names names, llvm::ArrayRef<llvm::StringRef> path) {
   for (; !names.empty(); names = names.drop_front(), path = path.drop_front()) {
-    if (!names.front()) {
+    const auto &name = names.front();
+    if (!name) {
       // ** takes no directory, or one and then perhaps further ones; at the end it takes all.
       for (; !path.empty(); path = path.drop_front())
         if (names.size() == 1 || match(names.drop_front(), path))
           return true;
       return false;
     }
-    if (path.empty() || !names.front()->match(path.front()))
+    if (path.empty() || !name->match(path.front()))
       return false;
   }
   return path.empty();

@@ -5,6 +5,7 @@
 #include "llvm/Support/FormatVariadic.h"
 #include "llvm/Support/Process.h"
 #include "llvm/Support/raw_ostream.h"
+#include <cmath>
 
 namespace tarka {
 
@@ -26,7 +27,7 @@ bool hasTerminal() {
 
 /// Hours, minutes and seconds: "1:02:03", "0:07".
 std::string formatTime(double seconds) {
-  const auto whole = static_cast<unsigned long>(seconds + 0.5);
+  const auto whole = static_cast<unsigned long>(std::lround(seconds));
   if (whole >= 3600)
     return llvm::formatv("{0}:{1,0+2}:{2,0+2}", whole / 3600, whole / 60 % 60, whole % 60);
   return llvm::formatv("{0}:{1,0+2}", whole / 60, whole % 60);

@@ -4,6 +4,7 @@
 #include "AST/Node.h"
 #include "Parse/Encoding.h"
 #include "Parse/SuppliedText.h"
+#include "llvm/Support/Error.h"
 #include "llvm/Support/FileSystem.h"
 #include <algorithm>
 
@@ -72,7 +73,8 @@ bool SourceLines::contains(unsigned number, llvm::StringRef word) {
     }
     break;
   }
-  llvm::sys::fs::closeFile(*opened);
+  // It was only read: that it cannot be closed changes nothing.
+  llvm::consumeError(llvm::errorCodeToError(llvm::sys::fs::closeFile(*opened)));
   return isFound;
 }
 
