@@ -6,7 +6,7 @@
 namespace tarka {
 
 EmbeddedScratch::EmbeddedScratch(ParserContext &enclosing)
-    : outer(enclosing), stream(enclosing.stream), context(stream, unheard, enclosing.options) {}
+    : outer(enclosing), stream(enclosing.stream), context(stream, discarded, enclosing.options) {}
 
 Expression *EmbeddedScratch::parseExpression(llvm::ArrayRef<Token> expression) {
   if (expression.empty())
@@ -17,11 +17,10 @@ Expression *EmbeddedScratch::parseExpression(llvm::ArrayRef<Token> expression) {
     context.repositoryFunctions = outer.repositoryFunctions;
   context.recovery.resumeReporting();
   stream.setTokens(expression);
-  const unsigned errorsBefore = unheard.getErrorCount();
   Expression *parsed = ExpressionParser(context).parseArithmeticExpression();
-  if (unheard.getErrorCount() != errorsBefore) {
+  if (discarded.hasErrors()) {
     // The sink keeps what it is given, and after a thousand errors takes no more.
-    unheard = FrontEndDiagnostics();
+    discarded = FrontEndDiagnostics();
     return nullptr;
   }
   return stream.atEnd() ? parsed : nullptr;

@@ -34,7 +34,8 @@ public:
 private:
   ParserContext &outer;
   TokenStream stream;
-  FrontEndDiagnostics unheard;
+  /// What the parser of the operands reports. Empty between two expressions.
+  FrontEndDiagnostics discarded;
   ParserContext context;
 };
 
