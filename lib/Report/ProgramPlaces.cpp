@@ -58,7 +58,9 @@ void ProgramPlaces::enterRecord(DataDescription *record) {
 
 llvm::ArrayRef<const DataDescription *> ProgramPlaces::entriesOf(unsigned file) const {
   const auto ofFile = entries.find(file);
-  return ofFile == entries.end() ? llvm::ArrayRef<const DataDescription *>() : ofFile->second;
+  if (ofFile == entries.end())
+    return {};
+  return ofFile->second;
 }
 
 const DataDescription *ProgramPlaces::entryAt(const SourceRange &place) const {
