@@ -336,6 +336,8 @@ void checkVariableTables(DataDivision &division, LanguageReport &report) {
 }
 
 void checkOperands(Statement &statement, LanguageReport &report) {
+  if (statement.hasPlainOperands())
+    return;
   TableCheck check(report);
   forEachOperand(
       statement, [&](Expression &operand, OperandRole) { check.check(&operand); },
