@@ -105,5 +105,5 @@ async function runHere(command: string): Promise<void> {
   const editor = vscode.window.activeTextEditor;
   if (!editor || editor.document.languageId !== 'cobol') return;
   const { line, character } = editor.selection.active;
-  await vscode.commands.executeCommand(command, editor.document.uri.toString(), { line, character });
+  await vscode.commands.executeCommand(command, editor.document.uri.toString(), { position: { line, character } });
 }
