@@ -46,8 +46,10 @@ async function startServer(port) {
   const server = spawn('node', [codeServer, ...folders, '--auth', 'none', '--bind-addr', `127.0.0.1:${port}`,
     '--disable-telemetry', '--disable-update-check', '--disable-workspace-trust', '--disable-getting-started-override',
     path.join(work, 'project')], { stdio: ['ignore', 'pipe', 'inherit'] });
-  for await (const line of server.stdout) if (String(line).includes('HTTP server listening')) break;
-  server.stdout.resume();
+  await new Promise((resolve, reject) => {
+    server.stdout.on('data', (text) => String(text).includes('HTTP server listening') && resolve());
+    server.on('exit', (status) => reject(new Error(`code-server has ended with ${status}`)));
+  });
   return server;
 }
 
@@ -64,23 +66,24 @@ class Editor {
     await this.page.keyboard.press('Enter');
   }
 
-  /** Opens a file, at a line and column, from 1. */
+  /** Opens a file of the project, at a line and column, from 1. */
   async open(file, line = 1, column = 1) {
+    const entry = await this.page.waitForSelector(`.explorer-viewlet [aria-label="${file}"]`);
+    await entry.click({ count: 2 });
+    await this.page.waitForFunction((wanted) => document.querySelector('.tab.active')?.textContent.includes(wanted), {}, file);
     await this.page.keyboard.down('Control');
-    await this.page.keyboard.press('p');
+    await this.page.keyboard.press('g');
     await this.page.keyboard.up('Control');
     await this.page.waitForSelector('.quick-input-widget input', { visible: true });
-    await this.page.keyboard.type(`${file}:${line}:${column}`);
-    await this.page.waitForFunction((wanted) => document.querySelector('.quick-input-list .focused')?.textContent.includes(wanted), {}, file);
+    await this.page.keyboard.type(`${line}:${column}`);
     await this.page.keyboard.press('Enter');
-    await this.page.waitForFunction((wanted) => document.querySelector('.tab.active')?.textContent.includes(wanted), {}, file);
   }
 
   /** Waits until some element of the page has the text. */
   async see(selector, text) {
     await this.page.waitForFunction(
       (where, what) => [...document.querySelectorAll(where)].some((one) => one.textContent.replaceAll('\u00a0', ' ').includes(what)),
-      { timeout: 30000 }, selector, text);
+      {}, selector, text);
     console.log(`seen: ${text}`);
   }
 
@@ -91,20 +94,35 @@ class Editor {
 
 async function look(editor) {
   await editor.open('CUSTUPDX.cbl', 133, 21);
-  await editor.page.waitForSelector('.squiggly-error', { timeout: 60000 });
+  await editor.page.waitForSelector('.squiggly-error');
   await editor.command('Problems: Focus on Problems View');
   await editor.see('.markers-panel', 'OLD-REGOIN');
   await editor.picture('problems');
 
-  await editor.open('CUSTUPD.cbl', 133, 21);
+  await editor.command('View: Toggle Panel Visibility');
+
+  await editor.open('CUSTUPD.cbl', 129, 27);
+  await editor.command('Tarka: Show Record Layouts');
+  await editor.see('.tab', 'Layout of CUSTUPD.cbl');
+  await editor.see('.editor-instance', 'OLD-REGION');
+  await editor.picture('layout');
+  await editor.command('View: Close All Editors');
+
+  await editor.open('CUSTUPD.cbl', 141, 20);
+  await editor.command('Tarka: Show the Control Flow');
+  await editor.see('.tab', 'Flow of 2000-PROCESS-CUSTOMER');
+  await editor.page.waitForFunction(() => document.querySelector('iframe.webview.ready'));
+  await editor.picture('flow');
+  await editor.command('View: Close All Editors');
+
+  await editor.open('CUSTUPD.cbl', 129, 27);
   await editor.command('Show or Focus Hover');
-  await editor.see('.monaco-hover', 'OLD-REGION');
+  await editor.see('.monaco-hover', 'PIC');
   await editor.picture('hover');
   await editor.page.keyboard.press('Escape');
 
   await editor.command('Go to Definition');
-  await editor.page.waitForFunction(() => document.querySelector('.tab.active')?.textContent.includes('.cpy') ||
-    document.querySelector('.view-line')?.textContent.length > 0);
+  await editor.see('.tab.active', 'CUSTREC.cpy');
   await editor.picture('definition');
 }
 
@@ -119,8 +137,9 @@ try {
     defaultViewport: { width: 1400, height: 900 },
   });
   const page = await browser.newPage();
+  page.setDefaultTimeout(90000);
   await page.goto(`http://127.0.0.1:${port}/?folder=${path.join(work, 'project')}`);
-  await page.waitForSelector('.explorer-viewlet', { timeout: 60000 });
+  await page.waitForSelector('.explorer-viewlet');
   const editor = new Editor(page);
   try {
     await look(editor);
