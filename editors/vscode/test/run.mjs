@@ -87,6 +87,16 @@ class Editor {
     console.log(`seen: ${text}`);
   }
 
+  /** Waits until the frame of a panel has drawn a graph. */
+  async seeGraph() {
+    for (let tries = 0; tries < 90; ++tries) {
+      for (const frame of this.page.frames())
+        if (await frame.$('svg polygon').catch(() => null)) return console.log('seen: a graph');
+      await new Promise((resolve) => setTimeout(resolve, 1000));
+    }
+    throw new Error('no graph is drawn');
+  }
+
   async picture(name) {
     if (pictures) await this.page.screenshot({ path: path.join(pictures, `${name}.png`) });
   }
@@ -111,7 +121,7 @@ async function look(editor) {
   await editor.open('CUSTUPD.cbl', 141, 20);
   await editor.command('Tarka: Show the Control Flow');
   await editor.see('.tab', 'Flow of 2000-PROCESS-CUSTOMER');
-  await editor.page.waitForFunction(() => document.querySelector('iframe.webview.ready'));
+  await editor.seeGraph();
   await editor.picture('flow');
   await editor.command('View: Close All Editors');
 
