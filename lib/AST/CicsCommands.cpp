@@ -130,11 +130,18 @@ const CicsCommandInfo *findCicsCommand(llvm::StringRef verb,
   if (found == table().byVerb.end())
     return nullptr;
   const CicsCommandInfo *best = nullptr;
-  for (const CicsCommandInfo *command : found->second)
-    if ((!best || command->words.size() > best->words.size()) &&
-        llvm::all_of(llvm::drop_begin(command->words),
-                     [&](llvm::StringRef word) { return llvm::is_contained(options, word); }))
+  std::pair<int, std::size_t> bestRank; // the number of words, negative; the place of the last one
+  for (const CicsCommandInfo *command : found->second) {
+    std::size_t last = 0;
+    for (llvm::StringRef word : llvm::drop_begin(command->words))
+      last = std::max(last, static_cast<std::size_t>(llvm::find(options, word) - options.begin()));
+    const std::pair rank(-static_cast<int>(command->words.size()), last);
+    const bool hasAllWords = command->words.size() == 1 || last < options.size();
+    if (hasAllWords && (!best || rank < bestRank)) {
       best = command;
+      bestRank = rank;
+    }
+  }
   return best;
 }
 
@@ -163,6 +170,16 @@ struct Constant {
 
 constexpr Constant conditions[] = {
 #define CICS_CONDITION(Name, Number) {Name, Number},
+#include "AST/CicsConstants.def"
+};
+
+struct ConditionSource {
+  llvm::StringLiteral condition;
+  llvm::StringLiteral verbs;
+};
+
+constexpr ConditionSource conditionSources[] = {
+#define CICS_RAISED_BY(Condition, Verbs) {Condition, Verbs},
 #include "AST/CicsConstants.def"
 };
 
@@ -197,6 +214,17 @@ std::optional<unsigned> cicsState(llvm::StringRef name) {
   if (found == states().end())
     return std::nullopt;
   return found->second;
+}
+
+bool mayRaise(const CicsCommandInfo &command, llvm::StringRef condition) {
+  const auto *source = llvm::find_if(conditionSources, [condition](const ConditionSource &one) {
+    return one.condition == condition;
+  });
+  if (source == std::end(conditionSources))
+    return true;
+  llvm::SmallVector<llvm::StringRef, 32> verbs;
+  source->verbs.split(verbs, ' ');
+  return llvm::is_contained(verbs, command.words.front());
 }
 
 llvm::StringRef nearestCicsCondition(llvm::StringRef name) {

@@ -141,8 +141,7 @@ void EmbeddedCheck::checkLabels(EmbeddedCommand &command, SourceUnit &unit) {
     if (operand->getRole() != EmbeddedRole::Label || !label)
       continue;
     const std::string &name = label->getWordData();
-    if (!division->findSections(name).empty() || !division->findParagraphs(name).empty() ||
-        !division->findSectionParagraphs(name).empty() ||
+    if (operand->getSection() || operand->getParagraph() ||
         !reportedNames.insert({&unit, &name}).second)
       continue;
     SpellingMatch match(name);
