@@ -71,8 +71,8 @@ struct CicsCommandInfo {
 
 /// The command with the verb \p verb of which all further words are in \p options, all in upper
 /// case and in the order written. Of several it is the one with most words, of those the one whose
-/// words come first: CLOSE is an option of WEB CONVERSE, and a command in WEB CLOSE. Null when there
-/// is none.
+/// words come first: CLOSE is an option of WEB CONVERSE, and a command in WEB CLOSE. Null when
+/// there is none.
 const CicsCommandInfo *findCicsCommand(llvm::StringRef verb,
                                        llvm::ArrayRef<llvm::StringRef> options);
 

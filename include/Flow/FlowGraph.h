@@ -98,7 +98,8 @@ public:
   bool isWritten() const;
   /// Its place in the source; all zero where nothing was written.
   SourceRange getRange() const;
-  /// What was written, such as "IF", "WHEN" or "EXEC SQL FETCH"; the name of a procedure; otherwise the kind's name.
+  /// What was written, such as "IF", "WHEN" or "EXEC SQL FETCH"; the name of a procedure; otherwise
+  /// the kind's name.
   llvm::StringRef getVerb() const;
   /// The class of the statement, such as "IfStatement"; empty without one.
   llvm::StringRef getClassName() const;

@@ -15,8 +15,8 @@
 #include "AST/StatementVisitor.h"
 #include "AST/StorageLayout.h"
 #include "llvm/ADT/STLExtras.h"
-#include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/SmallPtrSet.h"
+#include "llvm/ADT/StringExtras.h"
 #include <optional>
 
 namespace tarka {
@@ -611,7 +611,7 @@ private:
       role = OperandRole::MayUpdate;
     else if (operand.isWritten())
       role = operand.getName() == "RESP" || operand.getName() == "RESP2" ? OperandRole::Write
-                                                                        : OperandRole::MayWrite;
+                                                                         : OperandRole::MayWrite;
     const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(value);
     if (operand.isWritten() && special && special->getType() == SpecialRegisterType::AddressOf)
       role = OperandRole::SetAddress;
@@ -626,8 +626,8 @@ private:
         command.has("INTO") || command.has("SET") || command.has("MAPONLY"))
       return;
     const EmbeddedOperand *map = command.find("MAP");
-    if (const auto *literal = llvm::dyn_cast_or_null<NonNumericLiteralExpression>(
-            map ? map->getValue() : nullptr))
+    if (const auto *literal =
+            llvm::dyn_cast_or_null<NonNumericLiteralExpression>(map ? map->getValue() : nullptr))
       named(llvm::StringRef(literal->getData()).trim().upper() + (isReceived ? "I" : "O"),
             isReceived ? OperandRole::MayWrite : OperandRole::Read);
   }

@@ -384,9 +384,9 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
 void FlowBuilder::noteHandlers(const ExecStatement &exec) {
   if (activeHandlers) {
     auto active = activeHandlers->labels.find(&exec);
-    if (active == activeHandlers->labels.end() || llvm::any_of(handlers, [&](const Handlers &known) {
-          return known.labels == active->second;
-        }))
+    if (active == activeHandlers->labels.end() ||
+        llvm::any_of(handlers,
+                     [&](const Handlers &known) { return known.labels == active->second; }))
       return;
     handlers.push_back({active->second});
     return;

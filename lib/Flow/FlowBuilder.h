@@ -80,9 +80,10 @@ enum class HandlerKind : std::uint8_t { Condition, Aid, Abend };
 /// One operand of HANDLE or IGNORE: from now on the condition, key or abend leads to the label.
 struct HandlerSetting {
   HandlerKind kind;
-  llvm::StringRef condition;    ///< in upper case
-  const EmbeddedOperand *label; ///< that names it; null, or without a procedure, where none is named
-  bool isIgnored;               ///< the command that raises the condition goes on
+  llvm::StringRef condition; ///< in upper case
+  const EmbeddedOperand
+      *label;     ///< that names it; null, or without a procedure, where none is named
+  bool isIgnored; ///< the command that raises the condition goes on
 };
 
 /// What an EXEC block does to the flow of control.

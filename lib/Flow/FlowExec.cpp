@@ -112,8 +112,8 @@ bool mayFindNothing(const SqlCommand &command) {
 void classifySql(const SqlCommand &command, ExecFlow &effect) {
   if (!command.isExecutable())
     return;
-  for (WheneverCondition condition : {WheneverCondition::NotFound, WheneverCondition::SqlError,
-                                      WheneverCondition::SqlWarning}) {
+  for (WheneverCondition condition :
+       {WheneverCondition::NotFound, WheneverCondition::SqlError, WheneverCondition::SqlWarning}) {
     if (condition == WheneverCondition::NotFound && !mayFindNothing(command))
       continue;
     const SqlCommand *whenever = command.getWheneverFor(condition);

@@ -41,7 +41,8 @@ static void findIn(const FlowGraph &graph, ActiveHandlers &active, const FlowBui
       continue;
     commands.push_back({node.getId(), exec, classifyExec(*exec)});
     for (const HandlerSetting &setting : commands.back().effect.settings) {
-      const std::uint32_t label = setting.label ? builder.findProcedure(graph, *setting.label) : noFlow;
+      const std::uint32_t label =
+          setting.label ? builder.findProcedure(graph, *setting.label) : noFlow;
       if (label != noFlow || setting.isIgnored)
         settings.push_back({node.getId(), setting, setting.isIgnored ? noFlow : label});
     }

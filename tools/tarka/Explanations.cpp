@@ -197,8 +197,8 @@ std::string DiagnosticRow::shownMessage() const {
   llvm::StringRef rest = message;
   while (!rest.empty()) {
     // {0}, {1} and so on, or %s.
-    const bool isArgument = rest.size() > 2 && rest[0] == '{' && llvm::isDigit(rest[1]) &&
-                            rest[2] == '}';
+    const bool isArgument =
+        rest.size() > 2 && rest[0] == '{' && llvm::isDigit(rest[1]) && rest[2] == '}';
     if (isArgument || rest.starts_with("%s")) {
       rest = rest.drop_front(isArgument ? 3 : 2);
       shown += "...";

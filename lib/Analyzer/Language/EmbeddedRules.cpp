@@ -102,7 +102,7 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
   else if (auto *statement = llvm::dyn_cast<SqlCommand>(command))
     sql.check(*statement);
   else
-    checkDliCommand(*command, report);
+    dli.check(*command);
 }
 
 void EmbeddedCheck::checkNames(EmbeddedCommand &command, SourceUnit &unit) {

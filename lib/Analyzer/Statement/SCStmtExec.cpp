@@ -31,8 +31,12 @@ public:
   void visitDataIdentifierExpression(DataIdentifierExpression &identifier) {
     const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
     DataDescription *entry = scope.findReferenced(words);
-    if (!entry && words.size() == 1)
+    // Registers, and what CICS and DB2 supply, are seen in nested programs too.
+    if (!entry && words.size() == 1) {
       entry = scope.findRegister(&words.front()->getWordData());
+      if (entry && entry->isWritten())
+        entry = nullptr;
+    }
     if (entry)
       identifier.setDataDescription(entry);
     if (SubscriptModifier *subscripts = identifier.getSubscriptMod())

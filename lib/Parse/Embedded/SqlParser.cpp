@@ -270,8 +270,8 @@ private:
     if (const WheneverCondition condition = command->getWhenever();
         condition != WheneverCondition::None)
       inForce[static_cast<std::size_t>(condition)] = command;
-    for (WheneverCondition condition : {WheneverCondition::NotFound, WheneverCondition::SqlError,
-                                        WheneverCondition::SqlWarning})
+    for (WheneverCondition condition :
+         {WheneverCondition::NotFound, WheneverCondition::SqlError, WheneverCondition::SqlWarning})
       command->setWheneverFor(condition, inForce[static_cast<std::size_t>(condition)]);
   }
 
@@ -363,8 +363,10 @@ private:
           (at(n).isMark('=') || (!isBehindEqualSign && (at(n).isMark(',') || at(n).isMark(')')))))
         role = EmbeddedRole::Written;
       const bool isDescribed = describes && isTarget;
-      addVariable(isDescriptor || isDescribed ? "DESCRIPTOR" : isTarget ? "INTO" : "", role,
-                  variable);
+      addVariable(isDescriptor || isDescribed ? "DESCRIPTOR"
+                  : isTarget                  ? "INTO"
+                                              : "",
+                  role, variable);
       if (indicator)
         addVariable("INDICATOR", role, indicator);
     }
