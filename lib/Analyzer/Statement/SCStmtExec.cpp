@@ -11,8 +11,8 @@
 #include "AST/Program.h"
 #include "AST/Scope.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
 
@@ -103,6 +103,8 @@ bool SemanticChecker::semanticCheck(ExecStatement &statement) {
   EmbeddedCommand *command = statement.getCommand();
   if (!command)
     return true;
+  // They are bound here and not by the check of data references.
+  state->hasPlainOperands = false;
   Binder binder(currentScope());
   ProcedureDivision *division = currentUnit()->getProcDivision();
   for (EmbeddedOperand *operand : command->getOperandElements()) {
