@@ -173,15 +173,16 @@ constexpr Constant conditions[] = {
 #include "AST/CicsConstants.def"
 };
 
-struct ConditionSource {
-  llvm::StringLiteral condition;
-  llvm::StringLiteral verbs;
-};
-
-constexpr ConditionSource conditionSources[] = {
-#define CICS_RAISED_BY(Condition, Verbs) {Condition, Verbs},
+/// The verbs of the commands that raise a condition, for those that few commands raise.
+const llvm::StringMap<llvm::SmallVector<llvm::StringRef, 4>> &conditionSources() {
+  static const auto sources = [] {
+    llvm::StringMap<llvm::SmallVector<llvm::StringRef, 4>> made;
+#define CICS_RAISED_BY(Condition, Verbs) llvm::StringRef(Verbs).split(made[Condition], ' ');
 #include "AST/CicsConstants.def"
-};
+    return made;
+  }();
+  return sources;
+}
 
 /// Above all numbers of CICS.
 constexpr unsigned firstOtherState = 100'000;
@@ -217,14 +218,9 @@ std::optional<unsigned> cicsState(llvm::StringRef name) {
 }
 
 bool mayRaise(const CicsCommandInfo &command, llvm::StringRef condition) {
-  const auto *source = llvm::find_if(conditionSources, [condition](const ConditionSource &one) {
-    return one.condition == condition;
-  });
-  if (source == std::end(conditionSources))
-    return true;
-  llvm::SmallVector<llvm::StringRef, 32> verbs;
-  source->verbs.split(verbs, ' ');
-  return llvm::is_contained(verbs, command.words.front());
+  auto source = conditionSources().find(condition);
+  return source == conditionSources().end() ||
+         llvm::is_contained(source->second, command.words.front());
 }
 
 llvm::StringRef nearestCicsCondition(llvm::StringRef name) {
