@@ -11,6 +11,7 @@
 #include "Configuration.h"
 #include "Depfile.h"
 #include "Explain.h"
+#include "FileMemory.h"
 #include "Findings.h"
 #include "Generate.h"
 #include "Inputs.h"
@@ -39,10 +40,6 @@
 #include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
-#include "llvm/Support/thread.h"
-#ifdef TARKA_MIMALLOC
-#include <mimalloc.h>
-#endif
 
 namespace tarka {
 
@@ -51,8 +48,10 @@ namespace {
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
-  Compilation(const Request &driverRequest, const std::string &source)
-      : request(driverRequest), file(source), lines(driverRequest.parse),
+  /// \p fileMemory is what this process remembers of the files of other programs; it may be null.
+  Compilation(const Request &driverRequest, const std::string &source,
+              FileMemory *fileMemory = nullptr)
+      : request(driverRequest), file(source), memory(fileMemory), lines(driverRequest.parse),
         expansion(driverRequest.command == Command::Expand) {}
 
   /// Reads and checks the file and gives what is to be reported of it.
@@ -84,6 +83,7 @@ private:
 
   const Request &request;
   const std::string &file;
+  FileMemory *memory;
   SourceLines lines;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
@@ -104,6 +104,10 @@ bool Compilation::analyse(std::string &failure) {
   TopLevel::beginCompilation(baseName.str(), settings);
 
   ParseOptions options = request.parse;
+  if (memory && !options.fileSystem) {
+    memory->beginProgram();
+    options.fileSystem = memory;
+  }
   if (ReportCache::isWanted(request) || Depfile(request).isWanted()) {
     dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
         options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
@@ -354,16 +358,6 @@ int Compilation::printTree(CommandOutput &output) {
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
-/// Does \p work, which is one compilation, in a thread with stack enough.
-void compile(llvm::function_ref<void()> work) {
-#ifdef TARKA_MIMALLOC
-  // The elements of lists lie on huge pages, as the tree itself does.
-  mi_option_enable(mi_option_large_os_pages);
-#endif
-  llvm::thread worker(std::optional<unsigned>(compilationStack), work);
-  worker.join();
-}
-
 /// The programs of a run whose configuration can be read.
 class ConfiguredInputs {
 public:
@@ -399,10 +393,12 @@ int listCopybooks(const Request &request, Configuration &configuration) {
     output.stream() << "{\"version\":1,\"programs\":[";
   int status = ExitClean;
   llvm::ListSeparator comma(",\n");
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
     const Request own = llvm::cantFail(configuration.requestFor(file));
     int result = ExitInternal;
-    compile([&] { result = Compilation(own, file).listCopybooks(answer); });
+    runOnCompilationStack(
+        [&] { result = Compilation(own, file, memory.get()).listCopybooks(answer); });
     return result;
   };
   ConfiguredInputs inputs(request, configuration,
@@ -435,10 +431,11 @@ int checkFiles(const Request &request, Configuration &configuration) {
     return run.getStatus();
   Depfile depfile(request);
   ReportCache cache(request);
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
     const Request own = llvm::cantFail(configuration.requestFor(file));
-    compile([&] {
-      Compilation compilation(own, file);
+    runOnCompilationStack([&] {
+      Compilation compilation(own, file, memory.get());
       const FileReport report = compilation.check();
       std::string bytes;
       llvm::raw_string_ostream stream(bytes);
@@ -482,10 +479,11 @@ int checkFiles(const Request &request, Configuration &configuration) {
 }
 
 int verifyFiles(const Request &request, Configuration &configuration) {
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto verifyOne = [&](const std::string &file) {
     const Request own = llvm::cantFail(configuration.requestFor(file));
     int status = ExitInternal;
-    compile([&] { status = Compilation(own, file).verify(); });
+    runOnCompilationStack([&] { status = Compilation(own, file, memory.get()).verify(); });
     return status;
   };
   int status = ExitClean;
@@ -511,7 +509,7 @@ int verifyFiles(const Request &request, Configuration &configuration) {
 /// Reports what is wrong with the file, then prints what was asked for.
 int printFile(const Request &request) {
   int status = ExitInternal;
-  compile([&] {
+  runOnCompilationStack([&] {
     const std::string &operand = request.files.front();
     const std::string file = operand == standardInput ? request.stdinName : operand;
     Compilation compilation(request, file);
@@ -529,7 +527,7 @@ int printFile(const Request &request) {
 } // namespace
 
 void writeReport(const Request &request, llvm::raw_ostream &out) {
-  compile([&] {
+  runOnCompilationStack([&] {
     std::unique_ptr<Sink> sink = makeClassicSink(out);
     Request complete = request;
     complete.all = true;

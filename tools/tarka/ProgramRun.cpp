@@ -1,12 +1,14 @@
 //===- ProgramRun.cpp - a run over many programs --------------------------===//
 
 #include "ProgramRun.h"
+#include "AST/Storage.h"
 #include "Progress.h"
 #include "Workers/Interrupt.h"
 #include "Workers/WorkerPool.h"
 #include "llvm/Support/ErrorHandling.h"
 #include "llvm/Support/Format.h"
 #include "llvm/Support/raw_ostream.h"
+#include "llvm/Support/thread.h"
 #include <cstring>
 #include <system_error>
 #ifdef TARKA_MIMALLOC
@@ -31,8 +33,8 @@ bool print(llvm::raw_ostream &out, llvm::StringRef text) {
   return isWritten;
 }
 
-/// Lets the worker notice that its memory is at an end.
-void connectAllocator() {
+/// Lets the worker notice that its memory is at an end, and gives it the stack of compilations.
+void prepareWorker(llvm::function_ref<void()> work) {
 #ifdef TARKA_MIMALLOC
   auto handle = [](int error, void *) {
     if (error == ENOMEM)
@@ -40,6 +42,7 @@ void connectAllocator() {
   };
   mi_register_error(handle, nullptr);
 #endif
+  runOnCompilationStack(work);
 }
 
 /// Why \p result is none; empty when the task came to its end.
@@ -76,7 +79,13 @@ public:
         pool({.jobs = request.jobs,
               .maxSeconds = request.timeLimit,
               .maxBytes = request.memoryLimit * megabyte,
-              .reservedBytes = compilationStack}),
+              .reservedBytes = compilationStack,
+              .surround = prepareWorker},
+             [this](const std::string &file, llvm::raw_ostream &answer) {
+               const int status = task(file, answer);
+               releaseStorage();
+               return status;
+             }),
         progress(request) {}
 
   int run();
@@ -118,15 +127,14 @@ void ProgramRun::startMore() {
   while (hasMore && pool.hasRoom()) {
     std::optional<std::string> file = next();
     hasMore = file.has_value();
-    if (!file)
+    if (!file) {
+      pool.close();
       break;
+    }
     if (std::optional<std::string> kept = known ? known(*file) : std::nullopt)
       pool.add(*file, std::move(*kept));
     else
-      pool.start(*file, [&](llvm::raw_ostream &answer) {
-        connectAllocator();
-        return task(*file, answer);
-      });
+      pool.start(*file);
   }
 }
 
@@ -142,6 +150,23 @@ bool ProgramRun::pass(const WorkerResult &result) {
 }
 
 } // namespace
+
+void runOnCompilationStack(llvm::function_ref<void()> work) {
+  static thread_local bool isOnStack = false;
+  if (isOnStack) {
+    work();
+    return;
+  }
+#ifdef TARKA_MIMALLOC
+  // The elements of lists lie on huge pages, as the tree itself does.
+  mi_option_enable(mi_option_large_os_pages);
+#endif
+  llvm::thread thread(std::optional<unsigned>(compilationStack), [work] {
+    isOnStack = true;
+    work();
+  });
+  thread.join();
+}
 
 int runPrograms(const Request &request, ProgramSource next, ProgramTask task,
                 llvm::function_ref<bool(const ProgramResult &)> take, KnownAnswer known) {
