@@ -1,50 +1,36 @@
 //===- Driver.cpp - carrying out a command --------------------------------===//
 
 #include "Driver.h"
-#include "AST/Program.h"
-#include "Analyzer/CFGBuilder.h"
-#include "Analyzer/CFGVerifier.h"
-#include "Analyzer/CompileOption.h"
-#include "Analyzer/ErrorHandler.h"
-#include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "Compilation.h"
 #include "Configuration.h"
 #include "Depfile.h"
 #include "Explain.h"
+<<<<<<< HEAD
 #include "FileMemory.h"
 #include "Findings.h"
+=======
+>>>>>>> main
 #include "Generate.h"
 #include "Inputs.h"
 #include "OutputFile.h"
-#include "Parse/Dependencies.h"
-#include "Parse/Expansion.h"
-#include "Parse/Parse.h"
-#include "Parse/SourceFile.h"
-#include "Print/PrintExpansion.h"
-#include "Print/PrintFlow.h"
-#include "Print/PrintGraph.h"
-#include "Print/PrintItems.h"
-#include "Print/PrintLayout.h"
-#include "Print/PrintTree.h"
 #include "ProgramRun.h"
-#include "Report/Consequences.h"
-#include "Report/Fixes.h"
 #include "Report/Reporter.h"
-#include "Report/SourceOrder.h"
 #include "ReportCache.h"
 #include "ReportRun.h"
-#include "SourceLines.h"
 #include "Verify.h"
 #include "Workers/Interrupt.h"
+#include "lsp/LanguageServer.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSet.h"
-#include "llvm/Support/Path.h"
+#include "llvm/Support/FileSystem.h"
 #include "llvm/Support/raw_ostream.h"
 
 namespace tarka {
 
 namespace {
 
+<<<<<<< HEAD
 /// One file on its way through reading, checks and what is printed of it.
 class Compilation {
 public:
@@ -358,6 +344,8 @@ int Compilation::printTree(CommandOutput &output) {
   return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
 }
 
+=======
+>>>>>>> main
 /// The programs of a run whose configuration can be read.
 class ConfiguredInputs {
 public:
@@ -577,6 +565,8 @@ int carryOut(Request request) {
     return printConfiguration(request);
   case Command::Init:
     return initializeConfiguration(request);
+  case Command::Lsp:
+    return serveEditor(request);
   default:
     break;
   }

@@ -56,7 +56,7 @@ def wait_for(condition):
 def only_hanging(process):
     """The worker that hangs, when it is the only one left."""
     before = children(process.pid)
-    time.sleep(0.3)
+    time.sleep(0.5)
     return before[0] if len(before) == 1 and children(process.pid) == before else None
 
 
