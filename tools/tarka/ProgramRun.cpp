@@ -2,13 +2,13 @@
 
 #include "ProgramRun.h"
 #include "AST/Storage.h"
+#include "Compilation.h"
 #include "Progress.h"
 #include "Workers/Interrupt.h"
 #include "Workers/WorkerPool.h"
 #include "llvm/Support/ErrorHandling.h"
 #include "llvm/Support/Format.h"
 #include "llvm/Support/raw_ostream.h"
-#include "llvm/Support/thread.h"
 #include <cstring>
 #include <system_error>
 #ifdef TARKA_MIMALLOC
@@ -42,7 +42,7 @@ void prepareWorker(llvm::function_ref<void()> work) {
   };
   mi_register_error(handle, nullptr);
 #endif
-  runOnCompilationStack(work);
+  compile(work);
 }
 
 /// Why \p result is none; empty when the task came to its end.
@@ -150,23 +150,6 @@ bool ProgramRun::pass(const WorkerResult &result) {
 }
 
 } // namespace
-
-void runOnCompilationStack(llvm::function_ref<void()> work) {
-  static thread_local bool isOnStack = false;
-  if (isOnStack) {
-    work();
-    return;
-  }
-#ifdef TARKA_MIMALLOC
-  // The elements of lists lie on huge pages, as the tree itself does.
-  mi_option_enable(mi_option_large_os_pages);
-#endif
-  llvm::thread thread(std::optional<unsigned>(compilationStack), [work] {
-    isOnStack = true;
-    work();
-  });
-  thread.join();
-}
 
 int runPrograms(const Request &request, ProgramSource next, ProgramTask task,
                 llvm::function_ref<bool(const ProgramResult &)> take, KnownAnswer known) {

@@ -22,9 +22,6 @@ namespace tarka {
 /// operators are; this much stack, in bytes, is reserved for it. What is not used costs nothing.
 constexpr unsigned compilationStack = 1u << 30;
 
-/// Does \p work, which compiles, in a thread with that stack; in this one when it has it already.
-void runOnCompilationStack(llvm::function_ref<void()> work);
-
 /// Gives the name of the next program; none at the end.
 using ProgramSource = llvm::function_ref<std::optional<std::string>()>;
 

@@ -128,10 +128,6 @@ std::vector<CFGFailure> Verifier::run() {
 /// The compilation context knows the last function of report declaratives only, so their graphs are
 /// found through the sections that they are made of.
 void Verifier::collectBodies() {
-<<<<<<< HEAD
-  const std::string &reportFunction = internString("tkdummy_rpt_decl_func");
-=======
->>>>>>> main
   for (CFGFunc *func : module.getFuncList()) {
     function = &func->getName();
     SourceUnit *unit = func->getSourceUnit();
