@@ -284,7 +284,11 @@ private:
 
 void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
-  bool previousIsWrong = false;
+  // How many entries were read since a wrong one: of lines that are exchanged, the end of that
+  // entry may follow the next one.
+  constexpr unsigned maxSound = 1;
+  unsigned soundEntries = maxSound + 1;
+  DataDescription *previous = nullptr;
   while (true) {
     // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
@@ -293,7 +297,8 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())
         context.diagnostics.getDamage().add(from(begin).getRange());
-      previousIsWrong = construct.hasMistake();
+      soundEntries = construct.hasMistake() ? 0 : soundEntries + 1;
+      previous = entry;
       if (!entry)
         return;
       records.add(entry, !construct.hasMistake());
@@ -310,9 +315,18 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
       stream.skip();
-    } else if (previousIsWrong && peek().isFirstOnLine() && clauses.contains(peek().keyword)) {
+    } else if (soundEntries <= maxSound && peek().isFirstOnLine() &&
+               clauses.contains(peek().keyword)) {
       // The rest of the entry, which was cut in two.
       skipToEntry(clauses);
+    } else if (previous && &clauses == &dataClauses && !peek().isFirstOnLine() &&
+               (clauses.contains(peek().keyword) || at(Keyword::Is))) {
+      // A period within the entry, of which the rest follows in the same line.
+      expected("a level number");
+      context.diagnostics.getDamage().add(previous->getRange());
+      previous->setRange(parseClauses(previous->getRange(), clauses,
+                                      [&] { return parseDataClause(*previous); }));
+      soundEntries = 0;
     } else {
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();

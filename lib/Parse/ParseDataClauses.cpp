@@ -77,8 +77,12 @@ bool DataParser::parseDataClause(DataDescription &entry) {
                      &DataParser::parseBareClause<ClauseVolatile>);
   case Keyword::Indexed:
     // A phrase of OCCURS that another clause divides from it.
-    if (!entry.getOccurs())
-      return unknownClause(dataClauses);
+    if (!entry.getOccurs()) {
+      if (!recovery.isConstructDamaged())
+        return unknownClause(dataClauses);
+      // The OCCURS clause was reported.
+      return parseOccursPhrases(*makeAt<ClauseOccurs>(here()));
+    }
     error(DiagnosticId::PhraseApart, here(), describe(peek()), textOf(Keyword::Occurs));
     return parseOccursPhrases(*entry.getOccurs());
   case Keyword::Is:
