@@ -104,7 +104,9 @@ bool checkPictureCategory(SemanticChecker &checker, DataDescription &entry,
 }
 
 /// A currency symbol other than "$" needs a CURRENCY SIGN clause, and exactly one. Every clause is
-/// tried even after one has matched, so that a picture may be converted more than once.
+/// tried even after one has matched, so that a picture may be converted more than once: a clause
+/// for the symbol "$" then converts what another one has converted. Enterprise COBOL takes the
+/// first.
 bool checkCurrencySymbol(SemanticChecker &checker, ClausePicture &picture) {
   ParaSpecialNames *specialNames = currentSpecialNames();
   if (!specialNames || specialNames->getCurrencyListSize() == 0)
@@ -112,7 +114,11 @@ bool checkCurrencySymbol(SemanticChecker &checker, ClausePicture &picture) {
   auto converts = [&](ClauseCurrency *clause) {
     return checker.convertCurrencyString(&picture, clause);
   };
-  if (llvm::count_if(specialNames->getCurrencyListElements(), converts) != 1)
+  const auto clauses = specialNames->getCurrencyListElements();
+  const bool isConverted = followsEnterprise(EnterpriseRule::LongCurrencySign)
+                               ? llvm::any_of(clauses, converts)
+                               : llvm::count_if(clauses, converts) == 1;
+  if (!isConverted)
     return checker.report(ErrorCode::CurrencyClauseInvalid, &picture);
   return true;
 }

@@ -13,6 +13,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/Twine.h"
 #include <algorithm>
+#include <limits>
 
 namespace tarka {
 
@@ -113,22 +114,48 @@ void SemanticChecker::determineRecordingModeV(DataDescription &record, FileDescr
     clause->setMinLength(makeLiteral(min));
 }
 
-/// Whether the BLOCK CONTAINS clause says in bytes how long a block is. A number of records says
-/// that records do not span blocks, and 0 leaves the length to the system.
-static bool givesBlockLength(const ClauseBlock &block) {
-  return block.getUnit() != BlockUnit::Records && block.getMaxLength()->getIntegerValue() != 0;
+/// The recording mode that Enterprise COBOL gives a sequential file whose source names none: S when
+/// the largest record does not fit into a block, V when the lengths of the records vary, else F. A
+/// number of records as block size says that records do not span blocks, and 0 leaves the size to
+/// the system.
+static RecordingModeType recordingModeInEnterprise(const FileDescription &file) {
+  std::int64_t largest = 0;
+  std::int64_t smallest = std::numeric_limits<std::int64_t>::max();
+  for (const DataDescription *entry : file.getRecordDescElements()) {
+    largest = std::max(largest, entry->getAllocSize());
+    smallest = std::min(smallest, entry->getAllocSize());
+  }
+  if (const ClauseBlock *block = file.getBlock();
+      block && block->getUnit() != BlockUnit::Records && block->getMaxLength())
+    if (const std::int64_t size = block->getMaxLength()->getIntegerValue();
+        0 < size && size < largest)
+      return RecordingModeType::Spanned;
+  const ClauseRecord *record = file.getRecord();
+  const bool isVariable =
+      record ? record->getIsVarying() || record->getMaxLength() : smallest < largest;
+  return isVariable ? RecordingModeType::Variable : RecordingModeType::Fixed;
+}
+
+static bool isSequential(const FileDescription &file) {
+  const ParaFileControl *select = file.getFileControl();
+  return select && select->getOrganizationType() == OrganizationType::Sequential;
 }
 
 /// The recording mode of a file whose source names none: V when the lengths of the records vary, S
 /// when a record does not fit into a block, else F. Without a RECORD clause, or a block size for
 /// records of one length, there is none.
 static void settleRecordingMode(FileDescription &file) {
-  const ClauseRecord *record = file.getRecord();
-  if (!record)
-    return;
   auto setMode = [&](RecordingModeType mode) {
     file.setRecordingMode(generate<ClauseRecordingMode>(nullptr, mode));
   };
+  if (followsEnterprise(EnterpriseRule::RecordingMode) && isSequential(file) &&
+      file.getRecordDescSize() != 0) {
+    setMode(recordingModeInEnterprise(file));
+    return;
+  }
+  const ClauseRecord *record = file.getRecord();
+  if (!record)
+    return;
   if (record->getIsVarying() || record->getMaxLength()) {
     setMode(RecordingModeType::Variable);
     return;
@@ -138,9 +165,7 @@ static void settleRecordingMode(FileDescription &file) {
   std::int64_t largest = 0;
   for (const DataDescription *entry : file.getRecordDescElements())
     largest = std::max(largest, entry->getAllocSize());
-  const bool isUnspanned =
-      followsEnterprise(EnterpriseRule::BlockedFixedRecords) && !givesBlockLength(*file.getBlock());
-  const bool fits = isUnspanned || file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
+  const bool fits = file.getBlock()->getMaxLength()->getIntegerValue() >= largest;
   setMode(fits ? RecordingModeType::Fixed : RecordingModeType::Spanned);
 }
 

@@ -233,17 +233,20 @@ bool isSpace(const Expression &operand) {
   return constant && constant->getFigurativeType() == FigurativeType::Space;
 }
 
-/// What Enterprise COBOL compares beyond the table: characters of every category with each other
-/// and with integers, and DBCS characters with SPACE.
+/// What Enterprise COBOL compares beyond the table: characters of every category with each other,
+/// with integers and with floating-point numbers in characters; DBCS characters with SPACE; a
+/// group, byte by byte, with floating-point numbers and DBCS characters.
 bool compareInEnterprise(const Expression &left, const Expression &right) {
-  const DataCategory leftCategory = left.getDataCategory();
-  const DataCategory rightCategory = right.getDataCategory();
-  auto compares = [](const Expression &operand, DataCategory category) {
-    return isCharacters(category) || (category == DataCategory::Numeric && operand.isInteger());
+  using enum DataCategory;
+  auto compares = [](const Expression &operand, const Expression &other) {
+    const DataCategory category = operand.getDataCategory();
+    if (groupOf(other) && (category == Dbcs || category == InternalFloat))
+      return true;
+    return category == Dbcs ? isSpace(other)
+                            : isCharacters(category) || category == ExternalFloat ||
+                                  (category == Numeric && operand.isInteger());
   };
-  if (leftCategory == DataCategory::Dbcs || rightCategory == DataCategory::Dbcs)
-    return isSpace(leftCategory == DataCategory::Dbcs ? right : left);
-  return compares(left, leftCategory) && compares(right, rightCategory);
+  return compares(left, right) && compares(right, left);
 }
 
 bool arePointers(const Expression &left, const Expression &right) {

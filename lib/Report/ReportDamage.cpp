@@ -1,0 +1,287 @@
+//===- ReportDamage.cpp - what errors make unreliable ---------------------===//
+
+#include "ReportDamage.h"
+#include "AST/Program.h"
+#include "NumberClasses.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
+
+namespace tarka {
+
+namespace {
+
+/// The columns of fixed form that hold no program text are the first ones and those from here on.
+constexpr unsigned sequenceArea = 6;
+constexpr unsigned areaB = 12;
+constexpr unsigned maxColumn = 72;
+
+/// \p line without a sequence number and what is behind column 72.
+llvm::StringRef programText(llvm::StringRef line) {
+  const bool isNumbered =
+      line.size() > sequenceArea && llvm::all_of(line.take_front(sequenceArea), llvm::isDigit);
+  return line.take_front(maxColumn).drop_front(isNumbered ? sequenceArea : 0);
+}
+
+bool isTopLevel(const DataDescription &entry) {
+  return entry.getLevelNum() == 1 || entry.getLevelNum() == 77;
+}
+
+} // namespace
+
+ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
+                           const ProgramPlaces &programPlaces, const DamagedText &damage,
+                           LineLookup lookup)
+    : diagnostics(report), places(programPlaces), damagedText(damage), lineOf(lookup) {
+  noteText();
+  for (std::size_t i = 0; i < diagnostics.size(); ++i)
+    if (isError(diagnostics[i].severity))
+      note(i);
+}
+
+/// Notes what the error makes unreliable.
+void ReportDamage::note(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (isOfFrontEnd(diagnostic.number))
+    return;
+  operands.try_emplace(diagnostic.node, index);
+  const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
+  note(item && item->isWritten() ? item : places.entryAt(diagnostic.place), index);
+  note(places.fileAt(diagnostic.place), index);
+}
+
+void ReportDamage::note(const DataDescription *entry, std::size_t index) {
+  if (!entry || !entries.try_emplace(entry, index).second)
+    return;
+  for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
+    if (!groups.try_emplace(group, index).second)
+      break;
+}
+
+void ReportDamage::note(const FileDescription *file, std::size_t index) {
+  if (file)
+    files.try_emplace(file, index);
+}
+
+/// Notes the entries and files that the front end could not read as meant, and the declarations
+/// that are not in the tree because of it.
+void ReportDamage::noteText() {
+  for (std::size_t i = 0; i < diagnostics.size(); ++i) {
+    const Diagnostic &diagnostic = diagnostics[i];
+    if (!isOfFrontEnd(diagnostic.number) || !isError(diagnostic.severity))
+      continue;
+    if (diagnostic.place.beginLine != 0)
+      frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
+    if (isAboutCopy(diagnostic.number))
+      missingCopybooks.push_back(i);
+  }
+  if (frontEndErrors.empty())
+    return;
+  for (const auto &[file, ofFile] : places.getEntries())
+    for (const DataDescription *entry : ofFile)
+      if (const std::size_t cause = at(entry->getRange()); cause != noDiagnostic)
+        note(entry, cause);
+  for (const auto &[position, part] : places.getFileParts())
+    if (const std::size_t cause = at(part.range); cause != noDiagnostic)
+      note(part.file, cause);
+  // What a damaged COPY would copy is missing as well.
+  for (const char *verb : {"COPY", "INCLUDE"})
+    for (const SourceRange &place : damagedText.findName(verb))
+      if (const std::size_t index = nearestFrontEndError(place);
+          beginOf(diagnostics[index].place) <= beginOf(place))
+        missingCopybooks.push_back(index);
+  for (const auto &[position, index] : frontEndErrors)
+    if (!isAboutCopy(diagnostics[index].number))
+      noteLostDeclaration(index);
+  noteFilesWithoutRecords();
+}
+
+/// The records of a file may be in the text that is missing.
+void ReportDamage::noteFilesWithoutRecords() {
+  for (const std::size_t index : missingCopybooks) {
+    const ProgramPlaces::FilePart *part = places.filePartBefore(diagnostics[index].place);
+    if (part && part->file->getRecordDescSize() == 0)
+      note(part->file, index);
+  }
+}
+
+/// Where the front end found no entry, or no procedure header, one declaration may be missing with
+/// its name.
+void ReportDamage::noteLostDeclaration(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  const llvm::StringRef line = lineOf(place.file, place.beginLine);
+  if (places.isInProcedures(place)) {
+    const std::size_t margin = line.find_first_not_of(' ', sequenceArea);
+    if (sequenceArea < margin && margin < areaB - 1)
+      lostProcedures.push_back(index);
+    return;
+  }
+  const DataDescription *entry = places.entryAt(place);
+  const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
+                            (place.beginLine < entry->getRange().endLine ||
+                             place.beginColumn <= entry->getRange().endColumn + 1U);
+  if (!isNameKnown(place)) {
+    // A reserved word in the place of a name was meant to be the name, but for a clause.
+    const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
+    const bool isReserved = isReservedWord(diagnostics[index].number) && word != "VALUE" &&
+                            word != "VALUES" && word != "ASSIGN";
+    const llvm::StringRef first = programText(line).ltrim().split(' ').first;
+    const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
+                          first.equals_insensitive("SD");
+    if (!isReserved)
+      (isOfFile ? lostFiles : lostNames).push_back(index);
+  }
+  if (!isLevelKnown)
+    noteLostLevel(index);
+}
+
+/// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
+/// \p place is in, or that begins behind it in the line.
+bool ReportDamage::isNameKnown(const SourceRange &place) const {
+  auto hasName = [](const DataDescription &entry) {
+    return entry.getDataName() && !entry.getDataName()->getSpelling().empty();
+  };
+  const DataDescription *entry = places.entryAt(place);
+  if (entry && (place.beginLine < entry->getRange().endLine ||
+                place.beginColumn <= entry->getRange().endColumn + 1U))
+    return hasName(*entry);
+  SourceRange lineEnd = place;
+  lineEnd.beginColumn = maxColumn;
+  const DataDescription *last = places.entryAt(lineEnd);
+  return last && last != entry && hasName(*last);
+}
+
+/// The level of an entry is not known, or there is none.
+void ReportDamage::noteLostLevel(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  // A word or two alone were meant to copy text, most likely.
+  llvm::SmallVector<llvm::StringRef, 4> words;
+  llvm::SplitString(programText(lineOf(place.file, place.beginLine)), words);
+  if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
+      llvm::any_of(words.front(), llvm::isAlpha))
+    missingCopybooks.push_back(index);
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(place.file);
+  const auto *next = llvm::lower_bound(
+      ofFile, beginOf(place), [](const DataDescription *one, const SourcePosition &position) {
+        return beginOf(one->getRange()) < position;
+      });
+  // The group before it may be empty for want of it, and the entries behind it up to the next
+  // record may belong to another group.
+  if (next != ofFile.begin())
+    if (const DataDescription *before = *std::prev(next);
+        before->getChildrenSize() == 0 && !before->getPicture())
+      note(before, index);
+  for (; next != ofFile.end(); ++next) {
+    const bool isNextRecord = isTopLevel(**next) && beginOf(place) < beginOf((*next)->getRange());
+    if (isNextRecord || !inDoubt.insert(*next).second)
+      break;
+    note(*next, index);
+  }
+}
+
+/// Whether no other word stands before \p place in its line.
+bool ReportDamage::beginsLine(const SourceRange &place) const {
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1);
+  return llvm::none_of(programText(before), llvm::isAlnum);
+}
+
+/// The error of the front end that damage at \p place comes from: the last one that begins before
+/// the end of it, else the next one.
+std::size_t ReportDamage::nearestFrontEndError(const SourceRange &place) const {
+  if (frontEndErrors.empty())
+    return noDiagnostic;
+  auto next = frontEndErrors.upper_bound({place.file, {place.endLine, place.endColumn}});
+  if (next != frontEndErrors.begin() && std::prev(next)->first.first == place.file)
+    return std::prev(next)->second;
+  return next != frontEndErrors.end() ? next->second : frontEndErrors.begin()->second;
+}
+
+std::size_t ReportDamage::at(const SourceRange &place) const {
+  if (!damagedText.contains(place))
+    return noDiagnostic;
+  const std::size_t cause = nearestFrontEndError(place);
+  return cause == noDiagnostic || isMissingCopybook(diagnostics[cause].number) ? noDiagnostic
+                                                                               : cause;
+}
+
+std::size_t ReportDamage::ofOperand(const Node *node) const {
+  const auto found = operands.find(node);
+  return node && found != operands.end() ? found->second : noDiagnostic;
+}
+
+std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t index) const {
+  for (const auto *map : {&entries, &groups}) {
+    const auto own = map->find(entry);
+    if (own == map->end() || own->second == index)
+      continue;
+    const int number = diagnostics[own->second].number;
+    if (isOfFrontEnd(number) || (map == &entries && isWrongPicture(number)))
+      return own->second;
+  }
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) {
+  auto &known = isProcedure ? damagedProcedures : damagedNames;
+  const auto [answer, isNew] = known.try_emplace(name.upper(), noDiagnostic);
+  if (isNew)
+    for (const SourceRange &place : damagedText.findName(name))
+      if (places.isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure) {
+        answer->second = nearestFrontEndError(place);
+        break;
+      }
+  return answer->second;
+}
+
+std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::string &key) {
+  if (const auto known = foundNames.find(key); known != foundNames.end())
+    return known->second;
+  auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
+               : isAboutFile(diagnostic.number)    ? lostFiles
+                                                   : lostNames;
+  if (lost.empty())
+    return noDiagnostic;
+  const std::size_t cause = lost.front();
+  lost.erase(lost.begin());
+  foundNames[key] = cause;
+  return cause;
+}
+
+std::size_t ReportDamage::of(const DataDescription *entry, std::size_t except) const {
+  auto find = [&](const auto &map, const DataDescription *key) {
+    auto found = map.find(key);
+    return found != map.end() && found->second != except ? found->second : noDiagnostic;
+  };
+  if (const std::size_t inside = find(groups, entry); inside != noDiagnostic)
+    return inside;
+  for (; entry; entry = entry->getOwner())
+    if (const std::size_t cause = find(entries, entry); cause != noDiagnostic)
+      return cause;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) const {
+  if (auto found = files.find(file); found != files.end() && found->second != except)
+    return found->second;
+  for (const DataDescription *record : file->getRecordDescElements())
+    if (const std::size_t cause = of(record, except); cause != noDiagnostic)
+      return cause;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const {
+  for (const std::size_t index : missingCopybooks) {
+    const SourceRange &copy = diagnostics[index].place;
+    if (places.isInProcedures(copy) != isAboutProcedure(diagnostic.number))
+      continue;
+    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent()) {
+      const SourceRange &whole = unit->getRange();
+      if (copy.file != whole.file ||
+          (whole.beginLine <= copy.beginLine && copy.beginLine <= whole.endLine))
+        return index;
+    }
+  }
+  return noDiagnostic;
+}
+
+} // namespace tarka

@@ -1,0 +1,95 @@
+//===- ReportDamage.h - what errors make unreliable -------------*- C++ -*-===//
+//
+// Which declarations of a program are not as the programmer meant them, and
+// because of which error: entries and files that have an error themselves, text
+// that the front end could not read, copybooks that are missing, and
+// declarations whose names are lost. An error is known by its index in the
+// report.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_LIB_REPORT_REPORTDAMAGE_H
+#define TARKA_LIB_REPORT_REPORTDAMAGE_H
+
+#include "ProgramPlaces.h"
+#include "Report/Consequences.h"
+#include "llvm/ADT/DenseMap.h"
+#include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/StringMap.h"
+
+namespace tarka {
+
+/// In the place of the index of a diagnostic: there is none.
+constexpr std::size_t noDiagnostic = ~std::size_t(0);
+
+/// The errors of a report by what they make unreliable. The functions return the index of the error
+/// that is responsible, or noDiagnostic.
+class ReportDamage {
+public:
+  ReportDamage(const std::vector<Diagnostic> &report, const ProgramPlaces &programPlaces,
+               const DamagedText &damage, LineLookup lookup);
+
+  /// The error because of which text at \p place is damaged.
+  std::size_t at(const SourceRange &place) const;
+  /// The first error of the operand \p node.
+  std::size_t ofOperand(const Node *node) const;
+  /// The error of \p entry, of a group that it belongs to, or of what belongs to it, other than
+  /// \p except.
+  std::size_t of(const DataDescription *entry, std::size_t except) const;
+  /// The error of the SELECT or FD entry of \p file, or of its records, other than \p except.
+  std::size_t of(const FileDescription *file, std::size_t except) const;
+  /// The error in \p entry that explains other errors, \p index among them, in the same entry.
+  std::size_t withinEntry(const DataDescription *entry, std::size_t index) const;
+  /// The error because of which a declaration of \p name is not in the tree as meant: the damaged
+  /// text has the name where one can be declared.
+  std::size_t ofDeclaration(llvm::StringRef name, bool isProcedure);
+  /// The missing copybook that may declare the name that \p diagnostic is about: one that is copied
+  /// among the procedures for the name of a procedure, else one that is copied before them, in the
+  /// unit or one around it.
+  std::size_t missingCopybookFor(const Diagnostic &diagnostic) const;
+  /// The error that leaves a declaration without a name which may be the one that \p diagnostic is
+  /// about. Each stands for one name only, which \p key identifies.
+  std::size_t takeLostName(const Diagnostic &diagnostic, const std::string &key);
+
+private:
+  void note(std::size_t index);
+  void note(const DataDescription *entry, std::size_t index);
+  void note(const FileDescription *file, std::size_t index);
+  void noteText();
+  void noteLostDeclaration(std::size_t index);
+  void noteLostLevel(std::size_t index);
+  void noteFilesWithoutRecords();
+  bool isNameKnown(const SourceRange &place) const;
+  bool beginsLine(const SourceRange &place) const;
+  std::size_t nearestFrontEndError(const SourceRange &place) const;
+
+  const std::vector<Diagnostic> &diagnostics;
+  const ProgramPlaces &places;
+  const DamagedText &damagedText;
+  LineLookup lineOf;
+  /// The errors of the front end, by file and position.
+  std::map<std::pair<unsigned, SourcePosition>, std::size_t> frontEndErrors;
+
+  // By what has an error, the diagnostic that says so first.
+  llvm::DenseMap<const DataDescription *, std::size_t> entries;
+  llvm::DenseMap<const DataDescription *, std::size_t> groups;
+  llvm::DenseMap<const FileDescription *, std::size_t> files;
+  llvm::DenseMap<const Node *, std::size_t> operands;
+  /// Errors behind which text of unknown content is missing.
+  std::vector<std::size_t> missingCopybooks;
+  /// Errors each of which leaves one declaration without its name, of data, files and procedures,
+  /// and the undeclared names that they were taken for.
+  std::vector<std::size_t> lostNames;
+  std::vector<std::size_t> lostFiles;
+  std::vector<std::size_t> lostProcedures;
+  llvm::StringMap<std::size_t> foundNames;
+  /// Answers of ofDeclaration().
+  llvm::StringMap<std::size_t> damagedNames;
+  llvm::StringMap<std::size_t> damagedProcedures;
+  /// The entries behind one whose level is not known.
+  llvm::DenseSet<const DataDescription *> inDoubt;
+};
+
+} // namespace tarka
+
+#endif // TARKA_LIB_REPORT_REPORTDAMAGE_H
