@@ -450,6 +450,9 @@ Repetition repetitionOf(const PerformStatement &perform) {
     return {true, true};
   case PerformStmtType::Until:
   case PerformStmtType::Varying: {
+    // UNTIL EXIT has no condition.
+    if (perform.getType() == PerformStmtType::Until && !perform.getUntilCondition())
+      return {false, true};
     const PerformTest *test = perform.getPerformTest();
     return {!test || test->getType() == PerformTestType::Before, true};
   }
@@ -638,6 +641,10 @@ Phrases phrasesOf(const Statement &statement) {
     return phrasesOf(llvm::cast<DeleteStatement>(statement).getInvalidKeyHandlerElements());
   case StatementType::XmlGenerate:
     return phrasesOf(llvm::cast<XMLGenerateStatement>(statement).getOnExcpHandlerElements());
+  case StatementType::JsonGenerate:
+  case StatementType::JsonParse:
+  case StatementType::Invoke:
+    return phrasesOf(llvm::cast<OperandStatement>(statement).getExceptHandlerElements());
   default:
     return {};
   }

@@ -149,9 +149,14 @@ public:
 
   /// The most likely level of an entry whose number is missing: that of the entry before it. Only
   /// where that is a condition-name, an entry that begins with VALUE is another one.
-  unsigned getAssumedLevel(bool beginsWithValue) const {
+  /// Behind a group without members, an entry has the level of the one after it, \p nextLevel.
+  unsigned getAssumedLevel(bool beginsWithValue, unsigned nextLevel) const {
     if (!item || item->getLevelNum() == 66)
       return 1;
+    const bool isEmptyGroup =
+        !item->getPicture() && !item->getUsage() && item->getChildrenSize() == 0;
+    if (isEmptyGroup && nextLevel > item->getLevelNum() && nextLevel < 50)
+      return nextLevel;
     return beginsWithValue && lastIsCondition ? 88 : item->getLevelNum();
   }
 
@@ -331,9 +336,8 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();
       if (skipToEntryName(clauses)) {
-        addEntry(isRecord
-                     ? 1
-                     : records.getAssumedLevel(peek(1).isOneOf(Keyword::Value, Keyword::Values)));
+        const bool beginsWithValue = peek(1).isOneOf(Keyword::Value, Keyword::Values);
+        addEntry(isRecord ? 1 : records.getAssumedLevel(beginsWithValue, nextLevel()));
         continue;
       }
       records.noteLostEntry();
@@ -403,6 +407,17 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
 
   entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
   return entry;
+}
+
+/// The level number that begins the next line that has one; 0 where none is near.
+unsigned DataParser::nextLevel() {
+  constexpr unsigned maxTokens = 30;
+  unsigned level = 0;
+  for (unsigned n = 1; n < maxTokens; ++n)
+    if (peek(n).isFirstOnLine() && peek(n).is(TokenKind::IntegerLiteral) &&
+        !peek(n).spelling.getAsInteger(10, level))
+      return level;
+  return 0;
 }
 
 /// NAME PIC X, FOO NAME PIC X and NAME 01 PIC X are taken for entries. After the name there is a

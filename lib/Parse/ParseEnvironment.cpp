@@ -168,8 +168,8 @@ InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision 
   return *division.getInputOutputSection();
 }
 
-/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes and user-defined functions are
-/// not supported.
+/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC | CLASS name [IS name]] ... . User-defined
+/// functions are not supported.
 void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
   while (!atPartHeader() && !accept(TokenKind::Period)) {
@@ -177,6 +177,14 @@ void EnvironmentParser::parseRepository() {
     if (at(Keyword::Function)) {
       if (parseRepositoryFunctions())
         continue;
+    } else if (accept(Keyword::Class)) {
+      // CLASS class-name [IS {literal | name}]: INVOKE takes any name for that of a class.
+      if (!parseUserWord("a class-name"))
+        return skipPastPeriod();
+      accept(Keyword::Is);
+      if (at(TokenKind::AlphanumericLiteral) || (peek().isUserWord() && !atPartHeader()))
+        stream.skip();
+      continue;
     } else {
       stream.skip();
     }

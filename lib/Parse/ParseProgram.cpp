@@ -207,6 +207,9 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     expected("the name of the program that ends");
     accept(TokenKind::Period);
   }
+  // At the end of the file nothing can be meant but the end of the program.
+  if (at(TokenKind::EndOfFile))
+    return;
   // One message is enough for a line.
   if (!construct.hasMistake())
     expectHeaderPeriod();

@@ -17,6 +17,7 @@
 #include "Parse/ParseStatementBranch.h"
 #include "Parse/ParseStatementData.h"
 #include "Parse/ParseStatementFile.h"
+#include "Parse/ParseStatementJson.h"
 #include "Parse/ParseStatementReport.h"
 #include "Parse/ParseStatementString.h"
 #include "Parse/ParseStatementXml.h"
@@ -65,11 +66,12 @@ Statement *StatementParser::parseStatementOf(Keyword verb) {
   }
   if (recovery.isSentenceAbandoned())
     return nullptr;
-  if (result.getOutcome() != Outcome::Failed)
-    return result.get();
+  const Outcome outcome = result.getOutcome();
   // Within a line, the verb may stand in the place of what the text before it needs.
-  if (isInLine && isVerb(verb))
+  if ((outcome == Outcome::Failed || outcome == Outcome::Discarded) && isInLine && isVerb(verb))
     damage.add(before);
+  if (outcome != Outcome::Failed)
+    return result.get();
   const bool isBrokenOff = peek().isVerb() && recovery.hasReportedHere();
   skipRestOfStatement(verb);
   if (isBrokenOff && peek().isVerb())
@@ -91,10 +93,7 @@ StatementResult StatementParser::dispatchStatement(Keyword verb) {
 /// A statement that the language has and the rest of the compiler does not.
 StatementResult StatementParser::rejectStatement() {
   error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
-  bool hasSecondWord = at(Keyword::Json) && peek(1).isOneOf(Keyword::Generate, Keyword::Parse);
   stream.skip();
-  if (hasSecondWord)
-    stream.skip();
   return Outcome::Failed;
 }
 

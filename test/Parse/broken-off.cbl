@@ -24,10 +24,10 @@
        WORKING-STORAGE SECTI,ON. *> expect: 200
        01  Z PIC X.
        EXEC-SQL DECLARE C1 CURSOR FOR SELECT A FROM T END-EXEC. *> expect: 421
-       01  A . IS GLOBAL. *> expect: 200:15
+       01  A . IS GLOBAL. *> expect: 200:16
            05 B PIC 9.
               88 B-IS-1 VALUE 1.
-           05 OCCURS T 3 TIMES *> expect: 200:21
+           05 OCCURS T 3 TIMES *> expect: 200:22
               INDEXED BY I PIC X.
            05 C PIC X
            05 D PIC X *> expect: 220
@@ -50,9 +50,8 @@
                END-IF
            END-READ.
            ADD B
-           ON OVERFLOW *> expect: 200
-           ADD B TO B-TYPO. *> expect: 3310
-           MOVE B TO E-T.PO. *> expect: 400
+           MOVE B TO B-TYPO. *> expect: 200 3310
+           DISPLAY C.PO. *> expect: 400
            PERFORM UNTIL NO-.ORE-ROWS *> expect: 200
                CONTINUE
            END-PERFORM

@@ -8,6 +8,8 @@
 #include "AST/StatementVisitor.h"
 #include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
+#include "Analyzer/Statement/OperandCheck.h"
+#include <concepts>
 
 namespace tarka {
 
@@ -41,6 +43,8 @@ private:
   template <typename Class> bool check(Class &statement) {
     if constexpr (HasCheck<Class>)
       return checker.semanticCheck(statement);
+    else if constexpr (std::derived_from<Class, OperandStatement>)
+      return checker.semanticCheck(static_cast<OperandStatement &>(statement));
     else
       return true;
   }
@@ -62,6 +66,14 @@ bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
   for (Statement *statement : handler.getImperStmtListElements())
     ok &= semanticCheck(*statement);
   return ok;
+}
+
+bool SemanticChecker::semanticCheck(OperandStatement &statement) {
+  return OperandCheck(*this)
+      .all(statement.getSourceListElements())
+      .all(statement.getReceiverListElements())
+      .all(statement.getPartListElements())
+      .all(statement.getExceptHandlerElements());
 }
 
 bool SemanticChecker::semanticCheck(ContinueStatement &) {
