@@ -17,7 +17,7 @@ static constexpr size_t maxWordLength = 30;
 
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
     : context(context), lines(file, format, context.diagnostics, isMain,
-            context.options.format == SourceFormat::Auto),
+                              context.options.format == SourceFormat::Auto),
       scanner(context.words, /*keepsCommas=*/false) {
   isAtEnd = reportFault(file, context);
   scanner.setReadsTags(isMain && hasCopybookExtension(file.getName()));

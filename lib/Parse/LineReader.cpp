@@ -113,8 +113,8 @@ private:
 LineReader::LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
                        bool isMain, bool formatIsGuessed)
     : diagnostics(diagnostics), fileNumber(file.getNumber()), tabWidth(file.getTabWidth()),
-      format(format), isGuessed(formatIsGuessed), optionsMayCome(isMain), position(file.getText().begin()),
-      fileEnd(file.getText().end()) {}
+      format(format), isGuessed(formatIsGuessed), optionsMayCome(isMain),
+      position(file.getText().begin()), fileEnd(file.getText().end()) {}
 
 bool LineReader::next() {
   PhysicalLine line;

@@ -329,8 +329,8 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       // A period within the entry, of which the rest follows in the same line.
       expected("a level number");
       context.diagnostics.getDamage().add(previous->getRange());
-      previous->setRange(parseClauses(previous->getRange(), clauses,
-                                      [&] { return parseDataClause(*previous); }));
+      previous->setRange(
+          parseClauses(previous->getRange(), clauses, [&] { return parseDataClause(*previous); }));
       soundEntries = 0;
     } else {
       expected("a level number");

@@ -224,8 +224,8 @@ static UsageType usageInsteadOf(Keyword keyword) {
   }
 }
 
-/// Whether an item of the usage has the size of the one that stands for it: it is an address of four
-/// bytes.
+/// Whether an item of the usage has the size of the one that stands for it: it is an address of
+/// four bytes.
 static bool hasItsSize(Keyword keyword) {
   return keyword == Keyword::Object || keyword == Keyword::Pointer24 ||
          keyword == Keyword::Pointer31 || keyword == Keyword::Pointer32;

@@ -30,9 +30,9 @@ static EmbeddedCommand *parseCommand(ParserContext &context, ExecType language,
 /// misspelt.
 static bool isNoLanguage(llvm::StringRef word) {
   static constexpr llvm::StringLiteral commands[] = {
-      "ADDRESS", "ASSIGN", "CLOSE",  "COMMIT", "DECLARE", "DELETE",  "FETCH",  "HANDLE",
-      "INCLUDE", "INSERT", "LINK",   "OPEN",   "READ",    "RECEIVE", "RETURN", "REWRITE",
-      "SELECT",  "SEND",   "UPDATE", "WRITE",  "XCTL",
+      "ADDRESS", "ASSIGN",  "CLOSE",  "COMMIT", "DECLARE", "DELETE", "FETCH",
+      "HANDLE",  "INCLUDE", "INSERT", "LINK",   "OPEN",    "READ",   "RECEIVE",
+      "RETURN",  "REWRITE", "SELECT", "SEND",   "UPDATE",  "WRITE",  "XCTL",
   };
   static constexpr Keyword languages[] = {Keyword::Cics, Keyword::Sql, Keyword::Dli};
   return llvm::is_contained(commands, word) || nearestKeyword(word, languages) != Keyword::None;

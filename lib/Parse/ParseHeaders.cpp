@@ -258,7 +258,8 @@ bool ParserBase::atLevelNumber() {
 }
 
 /// Whether the name of a section of the data division begins a line that is most likely its header,
-/// with something else in the place of SECTION: the line ends with a period, and the section follows.
+/// with something else in the place of SECTION: the line ends with a period, and the section
+/// follows.
 bool ParserBase::atDamagedSection() {
   constexpr unsigned maxTokens = 6;
   if (!peek().isInAreaA())

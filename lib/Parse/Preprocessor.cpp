@@ -72,7 +72,7 @@ private:
     bool isDoubtful = false; ///< not all of it could be read
     /// What was found in the place of the period; empty where the period is there.
     std::string insteadOfPeriod;
-    bool isInclude = false;  ///< EXEC SQL INCLUDE
+    bool isInclude = false; ///< EXEC SQL INCLUDE
   };
 
   void read(Token &token);

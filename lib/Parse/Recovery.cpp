@@ -37,8 +37,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
       sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
-      isDoubtful(stream.peek()) ||
-      source.isDamaged(place) || source.isDamaged(stream.getLastPlace()) ||
+      isDoubtful(stream.peek()) || source.isDamaged(place) ||
+      source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();

@@ -310,8 +310,7 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
   if (!inner || !isUnknown(name, inner))
     return none;
   for (const SourceUnit *unit = inner->getParent(); unit; unit = unit->getParent()) {
-    const Homonyms items =
-        Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
+    const Homonyms items = Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
     if (!items)
       continue;
     const DataDescription *record = items.entries->front();

@@ -132,11 +132,11 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     // words that are no names in any language.
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
     static constexpr llvm::StringLiteral noNames[] = {
-        "AND", "ASSIGN", "BY", "ELSE",   "IF",  "IN", "IS",    "MOVE",
+        "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
         "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
-    const bool isReserved =
-        isReservedWord(diagnostics[index].number) && !llvm::is_contained(noNames, word) &&
-        !llvm::StringRef(word).starts_with("END-");
+    const bool isReserved = isReservedWord(diagnostics[index].number) &&
+                            !llvm::is_contained(noNames, word) &&
+                            !llvm::StringRef(word).starts_with("END-");
     const llvm::StringRef first = programText(line).ltrim().split(' ').first;
     const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
                           first.equals_insensitive("SD");
@@ -258,11 +258,11 @@ std::size_t ReportDamage::ofGroupWithPicture(const DataDescription *entry) const
 
 std::size_t ReportDamage::ofEmptyGroupBefore(const DataDescription *entry) const {
   const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry->getRange().file);
-  const auto *next = llvm::lower_bound(
-      ofFile, beginOf(entry->getRange()),
-      [](const DataDescription *one, const SourcePosition &position) {
-        return beginOf(one->getRange()) < position;
-      });
+  const auto *next =
+      llvm::lower_bound(ofFile, beginOf(entry->getRange()),
+                        [](const DataDescription *one, const SourcePosition &position) {
+                          return beginOf(one->getRange()) < position;
+                        });
   if (next == ofFile.begin())
     return noDiagnostic;
   const auto found = entries.find(*std::prev(next));

@@ -34,7 +34,7 @@
            MOVE 1 TO AMUONT
       *> CHECK: 34:{{.*}} error 3310 {{.*}}AMUONT
            MOVE LONG-NAME TO PART OF INNER                         LONG-NAME OF-THIS-PROGRAM
-      *> CHECK: 36:{{.*}} warning 30
+      *> CHECK: 36:{{.*}} error 29
            OPEN OUTPUT F
       *> CHECK: 38:{{.*}} error 3529
            WRITE F-RECORD
