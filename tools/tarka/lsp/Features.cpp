@@ -1,7 +1,9 @@
 //===- Features.cpp - the requests that a snapshot answers ----------------===//
 
 #include "lsp/Features.h"
+#include "lsp/features/Formatting.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Views.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka::lsp {
@@ -36,6 +38,12 @@ constexpr Feature table[] = {
     {"textDocument/inlayHint", "inlayHintProvider", on, inlayHint},
     {"textDocument/codeAction", "codeActionProvider", R"({"codeActionKinds":["quickfix"]})",
      codeAction},
+    {"textDocument/formatting", "documentFormattingProvider", on, format},
+    {"textDocument/rangeFormatting", "documentRangeFormattingProvider", on, format},
+    // Commands, see workspace/executeCommand.
+    {"tarka.showExpanded", "", "", showExpanded},
+    {"tarka.showFlow", "", "", showFlow},
+    {"tarka.showLayout", "", "", showLayout},
 };
 // clang-format on
 
