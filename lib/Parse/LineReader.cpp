@@ -70,19 +70,6 @@ bool beginsWith(const char *at, const char *end, llvm::StringRef text) {
   return llvm::StringRef(at, end - at).starts_with(text);
 }
 
-uint64_t load8(const char *at) {
-  uint64_t chunk;
-  std::memcpy(&chunk, at, 8);
-  return chunk;
-}
-
-/// Whether a chunk of eight bytes holds one below 0x20 or above 0x7F.
-bool holdsUnusual(uint64_t chunk) {
-  constexpr uint64_t ones = 0x0101010101010101;
-  constexpr uint64_t highs = 0x8080808080808080;
-  return (((chunk - ones * 0x20) & ~chunk) | chunk) & highs;
-}
-
 /// Follows literals through text that comes in pieces, to know whether one is open at its end.
 class LiteralTracker {
 public:
@@ -111,10 +98,10 @@ private:
 } // namespace
 
 LineReader::LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
-                       bool isMain)
+                       bool isMain, bool formatIsGuessed)
     : diagnostics(diagnostics), fileNumber(file.getNumber()), tabWidth(file.getTabWidth()),
-      format(format), optionsMayCome(isMain), position(file.getText().begin()),
-      fileEnd(file.getText().end()) {}
+      format(format), isGuessed(formatIsGuessed), optionsMayCome(isMain),
+      position(file.getText().begin()), fileEnd(file.getText().end()) {}
 
 bool LineReader::next() {
   PhysicalLine line;
@@ -238,6 +225,10 @@ bool LineReader::acceptFree(const PhysicalLine &line) {
   const char *end = trimEnd(begin, line.end);
   if (begin == end || beginsWith(begin, end, "*>"))
     return false;
+  // Where the columns before the indicator were cut off, an asterisk in the first one that is left
+  // marks a comment.
+  if (isGuessed && begin == line.start && *begin == '*')
+    return false;
   take(line, line.start, end);
   areaB = end;
   return true;
@@ -311,6 +302,9 @@ bool LineReader::acceptIndicator(const PhysicalLine &line, FixedLine &parts) {
   if (classOf(parts.indicator) == CharacterClass::Blank)
     return true;
   report(DiagnosticId::UnknownIndicator, line, at, showText(llvm::StringRef(&parts.indicator, 1)));
+  // $SET and the like are directives of other compilers.
+  if (parts.indicator == '$')
+    return false;
   // Program text that begins a column too early is read all the same.
   if (isWordCharacter(parts.indicator) && parts.text < parts.limit && isWordCharacter(*parts.text))
     parts.text = at;
