@@ -25,6 +25,11 @@ missing_packages() {
   done
 }
 
+[ -n "$(missing_packages)" ] || exit 0
+
+# Tests that run at the same time may each need packages; apt works for one at a time.
+exec 9>"${TMPDIR:-/tmp}/tarka-setup.lock"
+flock 9
 missing=$(missing_packages)
 [ -n "$missing" ] || exit 0
 

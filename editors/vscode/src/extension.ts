@@ -3,7 +3,7 @@
 import { accessSync, constants, existsSync } from 'node:fs';
 import * as path from 'node:path';
 import * as vscode from 'vscode';
-import { LanguageClient, RevealOutputChannelOn } from 'vscode-languageclient/node';
+import { LanguageClient, Location, Position, RevealOutputChannelOn } from 'vscode-languageclient/node';
 import { Answer, Views } from './views';
 
 let client: LanguageClient | undefined;
@@ -16,6 +16,7 @@ export async function activate(context: vscode.ExtensionContext): Promise<void> 
   context.subscriptions.push(
     channel,
     vscode.commands.registerCommand('tarka.restart', () => restart(context)),
+    vscode.commands.registerCommand('tarka.showReferences', showReferences),
     vscode.commands.registerCommand('tarka.layoutHere', () => runHere('tarka.showLayout')),
     vscode.commands.registerCommand('tarka.flowHere', () => runHere('tarka.showFlow')),
     vscode.commands.registerCommand('tarka.expandedHere', () => runHere('tarka.showExpanded')),
@@ -98,6 +99,16 @@ async function reportMissing(configured: string): Promise<void> {
     : 'The program tarka is not on the PATH. Install it, or set tarka.path.';
   if ((await vscode.window.showErrorMessage(message, 'Open Settings')) === 'Open Settings')
     await vscode.commands.executeCommand('workbench.action.openSettings', 'tarka.path');
+}
+
+/** Shows the places that a lens of the server counts. */
+async function showReferences(uri: string, what: { position: Position; places: Location[] }): Promise<void> {
+  const position = new vscode.Position(what.position.line, what.position.character);
+  const places = what.places.map(({ uri: file, range }) => new vscode.Location(
+    vscode.Uri.parse(file),
+    new vscode.Range(range.start.line, range.start.character, range.end.line, range.end.character),
+  ));
+  await vscode.commands.executeCommand('editor.action.showReferences', vscode.Uri.parse(uri), position, places);
 }
 
 /** Runs a command of the server for the place of the cursor. */

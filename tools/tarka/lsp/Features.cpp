@@ -38,6 +38,7 @@ constexpr Feature table[] = {
     {"textDocument/inlayHint", "inlayHintProvider", on, inlayHint},
     {"textDocument/codeAction", "codeActionProvider", R"({"codeActionKinds":["quickfix"]})",
      codeAction},
+    {"textDocument/codeLens", "codeLensProvider", "{}", codeLens},
     {"textDocument/formatting", "documentFormattingProvider", on, format},
     {"textDocument/rangeFormatting", "documentRangeFormattingProvider", on, format},
     // Commands, see workspace/executeCommand.

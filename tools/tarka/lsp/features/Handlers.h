@@ -36,6 +36,10 @@ Answer semanticTokens(Snapshot &snapshot, const Parameters &parameters);
 Answer selectionRange(Snapshot &snapshot, const Parameters &parameters);
 Answer inlayHint(Snapshot &snapshot, const Parameters &parameters);
 Answer codeAction(Snapshot &snapshot, const Parameters &parameters);
+/// Above procedures who uses them and their flow, above records their size and layout. The command
+/// tarka.showReferences is one of the editor's: it gets the URI, and an object with "position" and
+/// "places", which are Locations.
+Answer codeLens(Snapshot &snapshot, const Parameters &parameters);
 
 /// A request that cannot be carried out, because of \p reason.
 llvm::Error refuse(const llvm::Twine &reason);
