@@ -114,7 +114,14 @@ public:
   ConsequenceFinder(std::vector<Diagnostic> &report, Program &program,
                     const DamagedText &damagedText, LineLookup lookup)
       : diagnostics(report), lineOf(lookup), places(program),
-        damage(report, places, damagedText, lookup), causes(report.size(), none) {}
+        damage(report, places, damagedText, lookup), causes(report.size(), none) {
+    for (std::size_t i = 0; i < report.size(); ++i) {
+      if (isUnreadText(report[i].number))
+        unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+      if (isUnknownDevice(report[i].number))
+        noteUnknownDevice(i);
+    }
+  }
 
   void remove();
 
@@ -125,7 +132,9 @@ private:
   bool isTornFrom(const Diagnostic &left, const Diagnostic &right) const;
   std::size_t causeOfOuterName(std::size_t index, llvm::StringRef name);
   bool isWritten(const SourceRange &place) const;
+  std::size_t unreadTextIn(const SourceRange &place) const;
   std::size_t causeOfMnemonicName(const Diagnostic &diagnostic) const;
+  void noteUnknownDevice(std::size_t index);
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOf(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
@@ -148,6 +157,9 @@ private:
   llvm::StringMap<std::size_t> reported;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
   std::vector<std::size_t> reportedFiles;
+  /// The errors about embedded text that could not be read, by file and position.
+  std::map<std::pair<unsigned, SourcePosition>, std::size_t> unreadTexts;
+  llvm::StringMap<std::size_t> namesOfUnknownDevices;
   /// The records of outer programs of which an item was reported that a nested one does not see.
   llvm::DenseMap<const DataDescription *, std::size_t> hiddenRecords;
 };
@@ -178,6 +190,13 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   return causeOfName(index);
 }
 
+/// The error about text within an embedded block at \p place that could not be read.
+std::size_t ConsequenceFinder::unreadTextIn(const SourceRange &place) const {
+  const auto first = unreadTexts.lower_bound({place.file, beginOf(place)});
+  const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
+  return first != unreadTexts.end() && first->first <= end ? first->second : none;
+}
+
 /// Whether the name at \p place is that of a record that is written.
 bool ConsequenceFinder::isWritten(const SourceRange &place) const {
   const llvm::StringRef before =
@@ -189,18 +208,17 @@ bool ConsequenceFinder::isWritten(const SourceRange &place) const {
 
 /// The error of the device in the line that declares the mnemonic-name.
 std::size_t ConsequenceFinder::causeOfMnemonicName(const Diagnostic &diagnostic) const {
-  for (std::size_t i = 0; i < diagnostics.size(); ++i) {
-    const SourceRange &place = diagnostics[i].place;
-    if (!isUnknownDevice(diagnostics[i].number))
-      continue;
-    llvm::SmallVector<llvm::StringRef, 8> words;
-    llvm::SplitString(lineOf(place.file, place.beginLine), words, " .,;");
-    if (llvm::any_of(words, [&](llvm::StringRef word) {
-          return word.equals_insensitive(diagnostic.subject);
-        }))
-      return i;
-  }
-  return none;
+  const auto found = namesOfUnknownDevices.find(llvm::StringRef(diagnostic.subject).upper());
+  return found == namesOfUnknownDevices.end() ? none : found->second;
+}
+
+/// Notes the words in the line of an unknown device: one of them is the mnemonic-name.
+void ConsequenceFinder::noteUnknownDevice(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  llvm::SmallVector<llvm::StringRef, 8> words;
+  llvm::SplitString(lineOf(place.file, place.beginLine), words, " .,;");
+  for (llvm::StringRef word : words)
+    namesOfUnknownDevices.try_emplace(word.upper(), index);
 }
 
 /// The error of the front end that the diagnostic stands in the text of. A statement of several
@@ -261,7 +279,9 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
     for (const std::size_t cause : reportedFiles)
-      if (diagnostics[cause].unit == diagnostic.unit && isSlip(name, nameIn(diagnostics[cause])))
+      if (diagnostics[cause].unit == diagnostic.unit &&
+          (isSlip(name, nameIn(diagnostics[cause])) ||
+           nameIn(diagnostics[cause]).equals_insensitive(diagnostic.suggestion)))
         return cause;
   const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
   if (!isMisspelling) {
@@ -407,8 +427,11 @@ std::size_t ConsequenceFinder::rootOf(std::size_t index) const {
 void ConsequenceFinder::remove() {
   for (std::size_t i = 0; i < diagnostics.size(); ++i) {
     // A warning about an embedded block says nothing where the block could not be read.
-    if (isAboutEmbedded(diagnostics[i].number) && diagnostics[i].severity == Severity::Warning)
+    if (isAboutEmbedded(diagnostics[i].number) && diagnostics[i].severity == Severity::Warning) {
       causes[i] = causeOfPlace(diagnostics[i]);
+      if (causes[i] == none)
+        causes[i] = unreadTextIn(diagnostics[i].place);
+    }
     if (diagnostics[i].severity != Severity::Error || !diagnostics[i].fix.empty())
       continue;
     // Two errors that could each follow from the other must not both go.

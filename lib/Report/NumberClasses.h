@@ -70,6 +70,11 @@ inline bool isAboutEmbedded(int number) {
   return 5200 < number && number < 5300;
 }
 
+/// Text of an embedded block that could not be read.
+inline bool isUnreadText(int number) {
+  return number == 5204;
+}
+
 inline bool isAboutClassName(int number) {
   return number == 3337;
 }

@@ -169,6 +169,7 @@ void ReportDamage::noteLostLevel(std::size_t index) {
   // A word or two alone were meant to copy text, most likely.
   llvm::SmallVector<llvm::StringRef, 4> words;
   llvm::SplitString(programText(lineOf(place.file, place.beginLine)), words);
+  llvm::erase_if(words, [](llvm::StringRef word) { return llvm::none_of(word, llvm::isAlnum); });
   if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
       llvm::any_of(words.front(), llvm::isAlpha))
     missingCopybooks.push_back(index);
