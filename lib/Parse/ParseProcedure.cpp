@@ -181,7 +181,7 @@ Sentence *ProcedureParser::parseSentence() {
   // The period may be part of what is wrong at the end of the line.
   const std::pair lastLine(stream.getLastPlace().file, stream.getLastPlace().endLine);
   if (!accept(TokenKind::Period) && !recovery.hasUnknownStatement() &&
-      (context.lastWrongLine != lastLine || !peek().isFirstOnLine()))
+      (context.lastWrongLine != lastLine || !peek().isFirstOnLine() || at(TokenKind::EndOfFile)))
     expected("a period");
   recovery.endSentence();
   if (statements.empty())

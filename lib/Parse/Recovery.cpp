@@ -116,7 +116,6 @@ void Recovery::noteCutOff(Keyword verb) {
 
 void Recovery::noteBrokenOff(const Token &verb, Keyword brokenVerb) {
   strayParts |= strayPartsOf(brokenVerb);
-  doubtfulSince = stream.getTaken();
   doubtful = statementsBegun + 1;
   doubtfulPart = verb.isFirstOnLine() ? DoubtfulPart::LineBeginnings : DoubtfulPart::All;
   // Its phrases and END- word may be meant for the statement that broke off.

@@ -238,8 +238,7 @@ private:
   /// Whether a mistake at \p next belongs to a statement that was begun by the end of another one.
   bool isDoubtful(const Token &next) const {
     return !enclosing.empty() && enclosing.back().number == doubtful &&
-           (doubtfulPart == DoubtfulPart::All || next.isFirstOnLine() ||
-            stream.getTaken() <= doubtfulSince + 1);
+           (doubtfulPart == DoubtfulPart::All || next.isFirstOnLine());
   }
   bool isSuspect() const {
     return llvm::any_of(enclosing,
@@ -264,7 +263,6 @@ private:
   /// consequences of that.
   enum class DoubtfulPart : uint8_t { All, LineBeginnings };
   uint64_t doubtful = 0;
-  uint64_t doubtfulSince = 0; ///< the tokens that were taken before its verb
   DoubtfulPart doubtfulPart = DoubtfulPart::All;
   /// The keyword that was missing last.
   Keyword missing = Keyword::None;
