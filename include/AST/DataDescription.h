@@ -43,7 +43,10 @@ public:
 
   /// Null for an entry of level 01 or 77, and for a condition name once it has left the children.
   DataDescription *getParent() const { return parent; }
-  void setParent(DataDescription *group) { parent = group; }
+  void setParent(DataDescription *group) {
+    parent = group;
+    tableMembership = TableMembership::Unknown;
+  }
   void removeParent() { parent = nullptr; }
   /// The entry that this one inherits USAGE, SIGN and similar clauses from: its parent, or its
   /// conditional variable. Null for a record.
@@ -76,6 +79,9 @@ public:
   bool isGroupItem() const { return children && !children->empty(); }
   /// True when there are children other than condition names.
   bool hasSubordinateData() const;
+  /// Whether the entry, a group that it is in, or the variable of a condition-name has OCCURS; also
+  /// true of the index-names of a table. To be asked when the record is complete.
+  bool isInTable() const;
 
   // Clauses, null when absent. Setting one that affects storage invalidates the layout.
 
@@ -298,6 +304,9 @@ private:
   /// The cached result of hasSubordinateData().
   enum class Subordinates : std::uint8_t { Unknown, ConditionNames, Data };
   mutable Subordinates subordinateData : 2 = Subordinates::Unknown;
+  /// The cached result of isInTable().
+  enum class TableMembership : std::uint8_t { Unknown, Outside, Inside };
+  mutable TableMembership tableMembership : 2 = TableMembership::Unknown;
   unsigned sourceOrder = 0;
   Word *dataName = nullptr;
   DataDescription *parent = nullptr;

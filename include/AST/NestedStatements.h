@@ -34,6 +34,10 @@ inline NodeRange<Statement> statementsOf(SearchWhen &when) {
 /// statements statementsOf() gives. Statements that the checks have made are not nested ones.
 template <typename Visit> void forEachNestedPart(Statement &statement, Visit visit);
 
+/// The phrases of \p statement: ON SIZE ERROR, AT END, INVALID KEY and the like with their NOT
+/// forms, in the order of the source. Empty for a statement that can have none.
+inline NodeRange<ExceptionHandler> phrasesOf(const Statement &statement);
+
 /// Calls \p visit with a NodeRange<Statement> for each list of statements within \p statement, in
 /// the order of the source; not for the lists within those statements.
 template <typename Visit> void forEachNestedList(Statement &statement, Visit visit) {
@@ -116,6 +120,17 @@ private:
 
 template <typename Visit> void forEachNestedPart(Statement &statement, Visit visit) {
   detail::NestedParts<Visit>(visit).visit(statement);
+}
+
+inline NodeRange<ExceptionHandler> phrasesOf(const Statement &statement) {
+  NodeRange<ExceptionHandler> phrases{{}, {}};
+  // The walk only reads the statement. The lists of a tree hold nodes that can be changed, however
+  // they are reached.
+  forEachNestedPart(const_cast<Statement &>(statement), [&](auto parts) {
+    if constexpr (std::is_same_v<decltype(parts), NodeRange<ExceptionHandler>>)
+      phrases = parts;
+  });
+  return phrases;
 }
 
 } // namespace tarka

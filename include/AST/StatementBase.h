@@ -30,8 +30,15 @@ public:
 
   StatementType getType() const { return kind; }
 
+  /// Whether the checks have found that the statement's own operands, with all that they are made
+  /// of, name only items outside of tables, unmodified and none of them a condition-name. False
+  /// where the checks have not looked.
+  bool hasPlainOperands() const { return plainOperands; }
+  void setHasPlainOperands(bool plain) { plainOperands = plain; }
+
 private:
   StatementType kind;
+  bool plainOperands = false;
 };
 
 /// The base of the class for the one kind \p Code: it sets the kind code and tests for it.

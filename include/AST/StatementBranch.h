@@ -533,7 +533,7 @@ public:
       : StatementOf(at), type(language), text(&internString(body)) {}
 
   TARKA_FIELD(ExecType, type, Type)
-  /// What the text says; null for a language that is not read, and for text that is no command.
+  /// What the text says; null for a language that is not read, and for text that is not a command.
   TARKA_FIELD(EmbeddedCommand *, command, Command)
 
   const std::string &getText() const { return *text; }

@@ -73,6 +73,20 @@ enum class CFGBlockType : std::uint8_t {
   Procedure = 1, ///< the first block of a paragraph or a section
 };
 
+/// What a block is for, where the graph's readers treat it apart. Names of blocks are for code
+/// generators and people; nothing here is decided by them.
+enum class CFGBlockRole : std::uint8_t {
+  Plain,
+  Frame,        ///< around the procedures: text before it falls into it, as into a procedure
+  LaterWhen,    ///< the test of a WHEN after the first of an EVALUATE
+  SortInput,    ///< performs the INPUT PROCEDURE of a SORT
+  LastPhase,    ///< the last phase of SORT or MERGE, which writes the files of GIVING
+  XmlParser,    ///< delivers one event of XML PARSE, or ends the loop
+  XmlProcedure, ///< performs the processing procedure
+  XmlResult,    ///< whether the parser goes on
+  XmlException, ///< selects a phrase of XML PARSE
+};
+
 /// The ways in which one block points at another.
 enum class CFGLink : std::uint8_t {
   Successor,
@@ -130,6 +144,8 @@ public:
   void setHaveTerminator(bool value) { haveTerminator = value; }
   CFGBlockType getBlockType() const { return blockType; }
   void setBlockType(CFGBlockType type) { blockType = type; }
+  CFGBlockRole getRole() const { return role; }
+  void setRole(CFGBlockRole value) { role = value; }
 
   /// The graph that the block belongs to; null until a block made without one is added to one.
   CFGGraph *getGraph() const { return graph; }
@@ -173,6 +189,7 @@ private:
   int place = -1;
   bool haveTerminator = false;
   CFGBlockType blockType = CFGBlockType::Ordinary;
+  CFGBlockRole role = CFGBlockRole::Plain;
 };
 
 #undef TARKA_CFG_LINK

@@ -48,10 +48,10 @@ public:
   DataFlow(const DataFlow &) = delete;
   DataFlow &operator=(const DataFlow &) = delete;
 
-  /// States that \p fact holds behind \p node, in the direction of the problem. A fact that a node
-  /// both kills and generates holds behind it.
+  /// States that \p fact holds after \p node, in the direction of the problem. A fact that a node
+  /// both kills and generates holds after it.
   void generate(std::uint32_t node, unsigned fact);
-  /// States that \p fact holds behind \p node only if the node generates it.
+  /// States that \p fact holds after \p node only if the node generates it.
   void kill(std::uint32_t node, unsigned fact);
 
   /// Finds where the facts hold, when all nodes are described; again when there is more to say.

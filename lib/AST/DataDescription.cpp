@@ -123,6 +123,16 @@ bool DataDescription::hasSubordinateData() const {
   return subordinateData == Subordinates::Data;
 }
 
+bool DataDescription::isInTable() const {
+  // Every reference asks, and most groups have many items.
+  if (tableMembership == TableMembership::Unknown) {
+    const DataDescription *owner = getOwner();
+    const bool isInside = occurs || (owner && owner->isInTable());
+    tableMembership = isInside ? TableMembership::Inside : TableMembership::Outside;
+  }
+  return tableMembership == TableMembership::Inside;
+}
+
 void DataDescription::findItemByName(std::list<DataDescription *> *found, const std::string &name) {
   forEachEntry(this, [&](DataDescription *entry) {
     if (entry->dataName && entry->dataName->getWordData() == name)
@@ -158,6 +168,7 @@ void DataDescription::setPicture(ClausePicture *clause) {
 
 void DataDescription::setOccurs(ClauseOccurs *clause) {
   occurs = clause;
+  tableMembership = TableMembership::Unknown;
   GroupLayout::itemChanged(*this);
 }
 

@@ -39,6 +39,8 @@ struct SemanticChecker::State {
   bool isDeclaratives = false;
   /// Set while the section of a declarative is checked.
   bool inDeclaratives = false;
+  /// Of the statement being checked, see Statement::hasPlainOperands().
+  bool hasPlainOperands = true;
   /// The report whose description, or whose USE BEFORE REPORTING declarative, is being checked.
   ReportDescription *currentReport = nullptr;
   /// The index names with a parent, which freeIndex() removes.

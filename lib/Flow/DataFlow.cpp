@@ -36,7 +36,7 @@ struct Transfer {
     const bool isMore = add(generated, other.generated);
     return add(kept, other.kept) || isMore;
   }
-  /// This, and \p next behind it.
+  /// This, and \p next after it.
   Transfer then(const Transfer &next) const {
     Transfer both = *this;
     both.generated &= next.kept;

@@ -191,15 +191,9 @@ namespace {
 
 /// Whether something is decided in \p block, an empty one of XML PARSE.
 bool isXmlDecision(const CFGBlock *block) {
-  llvm::StringRef name = block->getName();
-  return name == "tkdummy_xml_parser" || name == "tarkka_xml_parse_result_cond" ||
-         name.ends_with("_line_xml_exception_cond");
-}
-
-/// Whether \p block is the last phase of a SORT or MERGE.
-bool endsSort(const CFGBlock *block) {
-  llvm::StringRef name = block->getName();
-  return name == "tkdummy_sort_start" || name == "tkdummy_merge_start";
+  const CFGBlockRole role = block->getRole();
+  return role == CFGBlockRole::XmlParser || role == CFGBlockRole::XmlResult ||
+         role == CFGBlockRole::XmlException;
 }
 
 /// Whether SORT or MERGE writes the files of GIVING in its last phase.
@@ -313,7 +307,8 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
     addNode(FlowNodeKind::Step, block, currentXmlParse);
     return;
   }
-  if (block->getElements().empty() && endsSort(block) && writesFiles(currentSort)) {
+  if (block->getElements().empty() && block->getRole() == CFGBlockRole::LastPhase &&
+      writesFiles(currentSort)) {
     addNode(FlowNodeKind::Step, block, currentSort);
     return;
   }
@@ -333,7 +328,7 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
     case StatementType::InnerRegisterException:
       continue;
     case StatementType::InnerWhen:
-      if (block->getName() != "tkdummy_evaluate_when_cond")
+      if (block->getRole() != CFGBlockRole::LaterWhen)
         addNode(FlowNodeKind::Evaluate, block, statement);
       kind = FlowNodeKind::Condition;
       break;

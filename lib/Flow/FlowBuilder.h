@@ -68,7 +68,7 @@ struct FunctionPlan {
 };
 
 /// A run of nodes that control enters and leaves together: a paragraph, what stands in a section
-/// before its first paragraph or behind the last one, or text outside of procedures.
+/// before its first paragraph or after the last one, or text outside of procedures.
 struct FlowPiece {
   std::uint32_t procedure = noFlow; ///< whose end it holds, or to which it belongs
 };

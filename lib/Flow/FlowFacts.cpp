@@ -212,7 +212,7 @@ void FactCollector::findLeaving() {
   }
 }
 
-/// Ranges of which one begins within the other and ends behind it.
+/// Ranges of which one begins within the other and ends after it.
 void FactCollector::findOverlaps() {
   std::vector<RangeFacts *> sorted;
   for (RangeFacts &range : facts.ranges)

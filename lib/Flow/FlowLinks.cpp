@@ -7,6 +7,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/Expression.h"
+#include "AST/NestedStatements.h"
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/STLExtras.h"
 
@@ -82,7 +83,7 @@ std::uint32_t FlowBuilder::resolve(const CFGBlock *block) {
   return node;
 }
 
-/// The block that was made after \p block for the statements behind it. Where a body begins, the
+/// The block that was made after \p block for the statements after it. Where a body begins, the
 /// block at which the loop is controlled stands in between.
 const CFGBlock *FlowBuilder::following(const CFGBlock *block) const {
   auto place = static_cast<std::size_t>(block->getPlace()) + 1;
@@ -91,8 +92,8 @@ const CFGBlock *FlowBuilder::following(const CFGBlock *block) const {
   return place < plan->blocks.size() ? plan->blocks[place] : nullptr;
 }
 
-/// The block of an ENTRY that stands right behind \p block; null without one. In the first block of
-/// an inline PERFORM the successor that led to it is replaced.
+/// The block of an ENTRY that stands directly after \p block; null without one. In the first block
+/// of an inline PERFORM the successor that led to it is replaced.
 const CFGBlock *FlowBuilder::entryBehind(const CFGBlock *block) const {
   const CFGBlock *behind = following(block);
   const std::uint32_t first =
@@ -101,7 +102,7 @@ const CFGBlock *FlowBuilder::entryBehind(const CFGBlock *block) const {
                                                                                   : nullptr;
 }
 
-/// Where control goes on behind the last statement of \p block, which ends in no transfer.
+/// Where control continues after the last statement of \p block, which ends in no transfer.
 std::uint32_t FlowBuilder::wayOn(std::uint32_t node, const CFGBlock *block) {
   if (const CFGBlock *entry = entryBehind(block))
     return resolve(entry);
@@ -210,7 +211,7 @@ void FlowBuilder::linkElement(std::uint32_t node, std::uint32_t next) {
       return addEdge(node, exitNode(), FlowEdgeKind::EndOfRun);
     return addEdge(node, next, FlowEdgeKind::Next);
   case StatementType::NextSentence:
-    // Its block stays the current one, so that more may stand behind it.
+    // Its block stays the current one, so that more may follow it.
     return linkNextSentence(node, llvm::cast<NextSentenceStatement>(statement));
   case StatementType::Exec:
     return linkExec(node, llvm::cast<ExecStatement>(statement), next);
@@ -470,16 +471,15 @@ void FlowBuilder::linkPerform(const CFGBlock *block, std::uint32_t node,
       names ? procedureOf(names->getThruSection(), names->getThruParagraph()) : noFlow;
   if (end == noFlow)
     end = begin;
-  // What the name stands for is not known: go on behind the statement.
+  // What the name stands for is not known: continue after the statement.
   if (begin == noFlow)
     return link(node, afterBlock, FlowEdgeKind::Next);
 
   FlowEdgeKind kind = FlowEdgeKind::Perform;
-  llvm::StringRef name = block->getName();
   if (flow.nodeList[node].kind == FlowNodeKind::Step)
-    kind = name == "tkdummy_sort_input" ? FlowEdgeKind::SortInput
-           : name == "tkdummy_xml_proc" ? FlowEdgeKind::Perform
-                                        : FlowEdgeKind::SortOutput;
+    kind = block->getRole() == CFGBlockRole::SortInput      ? FlowEdgeKind::SortInput
+           : block->getRole() == CFGBlockRole::XmlProcedure ? FlowEdgeKind::Perform
+                                                            : FlowEdgeKind::SortOutput;
   const std::uint32_t range = rangeOf(begin, end, plan->graph);
   const Repetition repetition = repetitionOf(perform);
   if (perform.getType() == PerformStmtType::Simple)
@@ -518,7 +518,7 @@ void FlowBuilder::linkLoopTest(const CFGBlock *block, std::uint32_t node) {
 }
 
 /// A step that the language makes within a statement: the parser of XML PARSE and what is decided
-/// behind it, or the last phase of a sort, which writes its files.
+/// after it, or the last phase of a sort, which writes its files.
 void FlowBuilder::linkStep(const CFGBlock *block, std::uint32_t node) {
   const Statement &statement = *flow.nodeList[node].statement;
   if (statement.getType() != StatementType::XmlParse) {
@@ -526,11 +526,10 @@ void FlowBuilder::linkStep(const CFGBlock *block, std::uint32_t node) {
     return linkUse(node, sortFilesOf(statement, /*isOutput=*/true), resolve(block->getThenBlock()));
   }
   const CFGBlock *whenThen = block->getThenBlock(), *whenElse = block->getElseBlock();
-  llvm::StringRef name = block->getName();
-  if (name == "tkdummy_xml_parser") {
+  if (block->getRole() == CFGBlockRole::XmlParser) {
     link(node, whenThen, FlowEdgeKind::Loop);
     link(node, whenElse, FlowEdgeKind::LoopEnd);
-  } else if (name == "tarkka_xml_parse_result_cond") {
+  } else if (block->getRole() == CFGBlockRole::XmlResult) {
     link(node, whenThen, FlowEdgeKind::Next);
     link(node, whenElse, FlowEdgeKind::Exception);
   } else {
@@ -577,70 +576,44 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
 
 namespace {
 
-/// The phrases of a statement, and what the exception is that they speak of.
+/// The phrases of a statement, and the exception that they are for.
 struct Phrases {
   FlowEdgeKind kind = FlowEdgeKind::Exception;
   bool hasException = false;
   bool hasNot = false;
 };
 
-Phrases phrasesOf(const std::list<ExceptionHandler *> &handlers, bool secondIsNot = false) {
-  Phrases phrases;
-  for (const ExceptionHandler *handler : handlers) {
-    const bool isNot = handler->isNotOn() || (secondIsNot && handler != handlers.front());
-    (isNot ? phrases.hasNot : phrases.hasException) = true;
-    switch (handler->getType()) {
-    case ExceptionHandlerType::AtEnd:
-      phrases.kind = FlowEdgeKind::AtEnd;
-      break;
-    case ExceptionHandlerType::SizeError:
-      phrases.kind = FlowEdgeKind::SizeError;
-      break;
-    case ExceptionHandlerType::InvalidKey:
-      phrases.kind = FlowEdgeKind::InvalidKey;
-      break;
-    case ExceptionHandlerType::Overflow:
-      phrases.kind = FlowEdgeKind::Overflow;
-      break;
-    case ExceptionHandlerType::EndOfPage:
-      phrases.kind = FlowEdgeKind::PageEnd;
-      break;
-    case ExceptionHandlerType::OnException:
-      break;
-    }
+FlowEdgeKind edgeOf(ExceptionHandlerType phrase) {
+  switch (phrase) {
+  case ExceptionHandlerType::AtEnd:
+    return FlowEdgeKind::AtEnd;
+  case ExceptionHandlerType::SizeError:
+    return FlowEdgeKind::SizeError;
+  case ExceptionHandlerType::InvalidKey:
+    return FlowEdgeKind::InvalidKey;
+  case ExceptionHandlerType::Overflow:
+    return FlowEdgeKind::Overflow;
+  case ExceptionHandlerType::EndOfPage:
+    return FlowEdgeKind::PageEnd;
+  case ExceptionHandlerType::OnException:
+    return FlowEdgeKind::Exception;
   }
-  return phrases;
+  return FlowEdgeKind::Exception;
 }
 
-Phrases phrasesOf(const Statement &statement) {
-  switch (statement.getType()) {
-  case StatementType::Add:
-  case StatementType::Subtract:
-  case StatementType::Multiply:
-  case StatementType::Divide:
-  case StatementType::Compute:
-    return phrasesOf(llvm::cast<ArithmeticStatement>(statement).getSizeErrorHandlerElements());
-  case StatementType::String:
-    return phrasesOf(llvm::cast<StringStatement>(statement).getOverflowHandlerElements(), true);
-  case StatementType::Unstring:
-    return phrasesOf(llvm::cast<UnstringStatement>(statement).getOverflowHandlerElements(), true);
-  case StatementType::Read:
-    return phrasesOf(llvm::cast<ReadStatement>(statement).getErrorListElements());
-  case StatementType::Return:
-    return phrasesOf(llvm::cast<ReturnStatement>(statement).getEndHandlerElements());
-  case StatementType::Write:
-    return phrasesOf(llvm::cast<WriteStatement>(statement).getExceptionHandlerListElements());
-  case StatementType::Rewrite:
-    return phrasesOf(llvm::cast<RewriteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Start:
-    return phrasesOf(llvm::cast<StartStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::Delete:
-    return phrasesOf(llvm::cast<DeleteStatement>(statement).getInvalidKeyHandlerElements());
-  case StatementType::XmlGenerate:
-    return phrasesOf(llvm::cast<XMLGenerateStatement>(statement).getOnExcpHandlerElements());
-  default:
-    return {};
+Phrases readPhrases(const Statement &statement) {
+  // The second phrase of STRING and UNSTRING is the NOT form, whatever its flag says.
+  const bool secondIsNot = llvm::isa<StringStatement, UnstringStatement>(statement);
+  Phrases phrases;
+  bool isSecond = false;
+  for (const ExceptionHandler *handler : phrasesOf(statement)) {
+    const bool isNot = handler->isNotOn() || (secondIsNot && isSecond);
+    (isNot ? phrases.hasNot : phrases.hasException) = true;
+    if (handler->getType() != ExceptionHandlerType::OnException)
+      phrases.kind = edgeOf(handler->getType());
+    isSecond = true;
   }
+  return phrases;
 }
 
 } // namespace
@@ -648,7 +621,7 @@ Phrases phrasesOf(const Statement &statement) {
 /// A statement that may end in one of two ways, for each of which there may be a phrase.
 void FlowBuilder::linkPhrases(const CFGBlock *block, std::uint32_t node,
                               const Statement &statement) {
-  const Phrases phrases = phrasesOf(statement);
+  const Phrases phrases = readPhrases(statement);
   const CFGBlock *end = block->getEndBlock()     ? block->getEndBlock()
                         : block->getAfterBlock() ? block->getAfterBlock()
                                                  : block->getSuccessorBlock();
@@ -665,7 +638,7 @@ void FlowBuilder::linkPhrases(const CFGBlock *block, std::uint32_t node,
 
   if (!llvm::isa<FileStatement>(statement) || statement.getType() == StatementType::Return)
     return;
-  // A failure that none of the phrases speaks of takes neither.
+  // A failure that none of the phrases is about takes neither.
   bool isSpecific = false;
   if (auto files = filesOf(statement); !files.empty())
     useSectionsFor(files.front(), isSpecific);

@@ -440,7 +440,7 @@ void FlowReach::markBlocks(FunctionPlan &plan) {
   }
 }
 
-/// Whether control never goes on behind \p node.
+/// Whether control never continues after \p node.
 bool FlowReach::endsRun(std::uint32_t node) const {
   for (std::uint32_t edge = edgeBegin[node]; edge < edgeBegin[node + 1]; ++edge)
     if (flow.edgeList[edge].kind != FlowEdgeKind::EndOfRun)

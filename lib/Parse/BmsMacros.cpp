@@ -346,7 +346,7 @@ size_t BmsReader::nextPart(size_t at) const {
   return part == parts.data() + parts.size() ? std::string::npos : *part;
 }
 
-/// Reads operands from \p at up to the blank that ends them. A blank behind a comma leaves the rest
+/// Reads operands from \p at up to the blank that ends them. A blank after a comma leaves the rest
 /// of the line to remarks; the operands go on in the next line.
 void BmsReader::readOperands(BmsMacro &macro, size_t at) {
   while (at < statement.size()) {

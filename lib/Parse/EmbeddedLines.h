@@ -19,7 +19,7 @@ struct EmbeddedRun {
 };
 
 /// The places of the characters of one embedded block. Its text is put together of the lines of the
-/// source, without sequence numbers, comments and what else is no program text.
+/// source, without sequence numbers, comments and what else is not program text.
 class EmbeddedLines {
 public:
   /// \p text is the whole text; \p allRuns are in the order of their offsets, which begin with 0,

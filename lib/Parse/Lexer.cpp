@@ -478,7 +478,7 @@ void Lexer::readCicsConstant(Token &token) {
   token.text = token.spelling = internString(std::to_string(number.value_or(0)));
 }
 
-/// Where on its last line an embedded block ends that has no END-EXEC: behind a misspelt END-EXEC,
+/// Where on its last line an embedded block ends that has no END-EXEC: after a misspelt END-EXEC,
 /// or before a period at the end of the line. 0 where the line ends no block, or an END-EXEC
 /// follows before another block begins. \p line is not empty.
 size_t Lexer::findMisspeltEnd(llvm::StringRef line) const {

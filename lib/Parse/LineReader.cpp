@@ -420,7 +420,7 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
                quote == '"' ? "a quotation mark" : "an apostrophe");
     } else if (char closed = literals.quoteJustClosed();
                closed && isFull && beginsWith(first, end, std::string(2, closed))) {
-      // A quote inside a literal is written twice: once in column 72, and once behind the quote
+      // A quote inside a literal is written twice: once in column 72, and once after the quote
       // with which the literal begins again.
       ++first;
     }

@@ -55,7 +55,7 @@ public:
   /// The text of the file that was not read yet.
   llvm::StringRef getRest() const { return {position, static_cast<size_t>(fileEnd - position)}; }
 
-  /// Whether the line holds bytes that are no characters.
+  /// Whether the line holds bytes that are not characters.
   bool hasControlBytes() const { return controlBytes; }
 
   /// The place of the characters from \p first to \p last, both in the line and inclusive.

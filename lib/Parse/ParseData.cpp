@@ -182,7 +182,7 @@ private:
         unsound->getLevelNum() != 66 && unsound->getLevelNum() != 88)
       unsound->setPicture(ParserBase::makeAt<ClausePicture>(
           unsound->getRange(), ParserBase::makeAt<Word>(unsound->getRange(), "X", "X")));
-    // Without VALUE a condition-name is no condition-name to the checker.
+    // Without VALUE a condition-name is not a condition-name to the checker.
     if (unsound && unsound->getLevelNum() == 88 && !unsound->getValue()) {
       const SourceRange &place = unsound->getRange();
       auto *phrase = ParserBase::makeAt<PhraseValue>(place);

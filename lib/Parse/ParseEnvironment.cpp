@@ -96,7 +96,7 @@ Keyword EnvironmentParser::misspeltHeader(llvm::ArrayRef<Keyword> headers) {
   if (!peek(1).is(Keyword::Section) && !peek(1).is(TokenKind::Period))
     return Keyword::None;
   Keyword meant = peek().isWord() ? nearestKeyword(peek().text, headers) : Keyword::None;
-  // A damaged name of a section is told by its first paragraph.
+  // A damaged name of a section is recognised by its first paragraph.
   if (meant == Keyword::None && peek(1).is(Keyword::Section) && peek(2).is(TokenKind::Period))
     meant = sectionOfParagraph(peek(3).keyword);
   if (meant != Keyword::None)

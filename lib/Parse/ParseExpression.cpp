@@ -14,7 +14,7 @@ namespace tarka {
 
 namespace {
 
-/// The registers that are no data entries of the program; None for RETURN-CODE, TALLY and the
+/// The registers that are not data entries of the program; None for RETURN-CODE, TALLY and the
 /// others that are.
 SpecialRegisterType registerTypeOf(Keyword keyword) {
   switch (keyword) {

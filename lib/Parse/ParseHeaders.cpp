@@ -269,7 +269,7 @@ Keyword ParserBase::dataSectionAt() {
   }
   if (!peek().isFirstOnLine())
     return Keyword::None;
-  // A damaged name, perhaps in two parts, is told by what the section holds.
+  // A damaged name, perhaps in two parts, is recognised by what the section holds.
   const bool isDivided =
       peek(2).is(Keyword::Section) && !peek(1).isFirstOnLine() && !peek(2).isFirstOnLine();
   const unsigned behind = isHeader ? 2 : isDivided ? 3 : 0;
@@ -302,7 +302,7 @@ void ParserBase::missingPeriod() {
   // The end of the file has no text to point at.
   SourceRange place = at(TokenKind::EndOfFile) ? stream.getLastPlace() : here();
   error(DiagnosticId::PeriodMissing, place, describe(peek()));
-  // It goes behind the last token, where that is in the same text.
+  // It goes after the last token, where that is in the same text.
   const SourceRange &last = stream.getLastPlace();
   const bool isBefore = std::make_pair(last.endLine, last.endColumn) <
                         std::make_pair(place.beginLine, place.beginColumn);

@@ -427,7 +427,7 @@ static void moveContents(ReportDataDescription &entry, PresentContents &choice) 
 }
 
 /// SOURCE, VALUE or FUNCTION. An item may show one of several contents, each with its condition
-/// behind it; the contents then belong to the conditions. With one only, the condition tells
+/// after it; the contents then belong to the conditions. With one only, the condition tells
 /// whether the item is there at all.
 bool ReportParser::parseReportContents(ReportDataDescription &entry, PresentContents *&choice) {
   if (hasContents(entry) && choice && !hasContents(*choice))

@@ -214,7 +214,7 @@ public:
   /// Reports that \p header, whose text is \p text, is missing before the next token.
   void missingHeader(Keyword header, llvm::StringRef text);
   /// Whether \p header was reported to be missing further up: here it only stands in the wrong
-  /// place, which is no second mistake.
+  /// place, which is not a second mistake.
   bool isHeaderDisplaced(Keyword header) const { return context.missingHeaders.contains(header); }
   /// Takes the header of \p division, which divisionAt() returned, up to its period.
   void takeDivisionHeader(Keyword division);

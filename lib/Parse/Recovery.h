@@ -145,7 +145,7 @@ public:
   // The sentence
   //===--------------------------------------------------------------------===//
 
-  /// The sentence holds a statement that is unknown. The ELSE, WHEN, END- words and phrases behind
+  /// The sentence holds a statement that is unknown. The ELSE, WHEN, END- words and phrases after
   /// it that belong to no other statement are taken for its own, and what is wrong with the
   /// statement after it for a consequence.
   void noteUnknownStatement() {

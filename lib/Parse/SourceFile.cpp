@@ -104,9 +104,8 @@ constexpr llvm::StringLiteral copybookExtensions[] = {
     "",     ".cpy", ".CPY", ".cbl", ".CBL", ".cob", ".COB",      ".copy",     ".COPY",    ".inc",
     ".INC", ".dcl", ".DCL", ".cpb", ".CPB", ".ccp", ".copybook", ".COPYBOOK", ".cobcopy", ".txt"};
 
-/// Those of them that no program has.
-constexpr llvm::StringLiteral extensionsOfCopybooks[] = {".cpy", ".copy", ".inc",      ".dcl",
-                                                         ".cpb", ".ccp",  ".copybook", ".cobcopy"};
+/// Those of them that programs, or any other text, have too.
+constexpr llvm::StringLiteral extensionsOfPrograms[] = {"", ".cbl", ".cob", ".txt"};
 
 constexpr unsigned wideTab = 8, narrowTab = 4;
 
@@ -190,9 +189,9 @@ unsigned SourceFile::getTabWidth() const {
 }
 
 bool hasCopybookExtension(llvm::StringRef path) {
-  llvm::StringRef extension = llvm::sys::path::extension(path);
-  return llvm::any_of(extensionsOfCopybooks,
-                      [&](llvm::StringRef one) { return extension.equals_insensitive(one); });
+  const std::string extension = llvm::sys::path::extension(path).lower();
+  return llvm::is_contained(copybookExtensions, llvm::StringRef(extension)) &&
+         !llvm::is_contained(extensionsOfPrograms, llvm::StringRef(extension));
 }
 
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {

@@ -48,7 +48,7 @@ bool BlockGroup::has(llvm::StringRef wanted) const {
 }
 
 const std::string &BlockGroup::name() const {
-  static const std::string &outside = internString("(no procedure)");
+  static const std::string outside = "(no procedure)";
   const Word *procedure = paragraph ? paragraph : section;
   return procedure ? procedure->getDisplayName() : outside;
 }

@@ -3,7 +3,9 @@
 #include "Print/PrintExpansion.h"
 #include "AST/Node.h"
 #include "Parse/Expansion.h"
+#include "Print/JsonVersion.h"
 #include "Report/Excerpt.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/JSON.h"
@@ -27,7 +29,7 @@ bool isWordEnd(char c) {
   return llvm::isAlnum(c) || c == '-' || c == '_';
 }
 
-/// Whether there is no program text and no comment in \p line.
+/// Whether there is not program text and no comment in \p line.
 bool isBlankLine(llvm::StringRef line, bool isFixedForm) {
   return (isFixedForm ? line.drop_front(std::min<std::size_t>(line.size(), areaA - 2)) : line)
       .trim()
@@ -257,7 +259,7 @@ void ExpansionPrinter::printLine(const ExpandedText &text, std::size_t line,
 }
 
 /// Where a line of fixed form is divided at the latest: at a blank outside of literals, in or
-/// before column 73. 0 when there is none behind the first word.
+/// before column 73. 0 when there is none after the first word.
 std::size_t dividingBlank(llvm::StringRef logical) {
   const std::size_t limit = offsetOfColumn(logical, lastTextColumn + 1);
   std::size_t blank = 0;
@@ -332,17 +334,13 @@ unsigned copyOf(const Expansion &expansion, unsigned text) {
   return text == 0 ? 0 : expansion.getTexts()[text].copy + 1;
 }
 
-std::string utf8(llvm::StringRef text) {
-  return llvm::json::isUTF8(text) ? text.str() : llvm::json::fixUTF8(text);
-}
-
 void printCopies(llvm::json::OStream &json, const Expansion &expansion) {
   json.attributeArray("copies", [&] {
     for (const CopyUse &use : expansion.getCopies())
       json.object([&] {
-        json.attribute("name", utf8(use.name));
+        json.attribute("name", toUtf8(use.name));
         if (!use.library.empty())
-          json.attribute("library", utf8(use.library));
+          json.attribute("library", toUtf8(use.library));
         json.attribute("in", fileNameOf(use.place.file));
         json.attribute("line", use.place.beginLine);
         json.attribute("column", use.place.beginColumn);
@@ -350,10 +348,10 @@ void printCopies(llvm::json::OStream &json, const Expansion &expansion) {
           json.attribute("copiedBy", by);
         json.attribute("outcome", outcomeText(use.outcome));
         if (!use.file.empty())
-          json.attribute("file", utf8(use.file));
+          json.attribute("file", toUtf8(use.file));
         json.attributeArray("searched", [&] {
           for (const std::string &directory : use.searched)
-            json.value(utf8(directory));
+            json.value(toUtf8(directory));
         });
       });
   });
@@ -369,13 +367,13 @@ void printExpansionText(llvm::raw_ostream &os, const Expansion &expansion,
 void printExpansionJson(llvm::raw_ostream &os, const Expansion &expansion) {
   llvm::json::OStream json(os, /*IndentSize=*/0);
   json.object([&] {
-    json.attribute("version", 1);
+    printVersion(json);
     json.attribute("file", expansion.getTexts().front().file->getName());
     printCopies(json, expansion);
     json.attributeArray("words", [&] {
       for (const ExpandedWord &word : expansion.getWords())
         json.object([&] {
-          json.attribute("text", utf8(word.text));
+          json.attribute("text", toUtf8(word.text));
           json.attribute("file", fileNameOf(word.place.file));
           json.attribute("line", word.place.beginLine);
           json.attribute("column", word.place.beginColumn);
@@ -422,7 +420,7 @@ void printCopiesText(llvm::raw_ostream &os, llvm::StringRef file, const Expansio
 void printCopiesJson(llvm::raw_ostream &os, llvm::StringRef file, const Expansion &expansion) {
   llvm::json::OStream json(os, /*IndentSize=*/0);
   json.object([&] {
-    json.attribute("file", utf8(file));
+    json.attribute("file", toUtf8(file));
     printCopies(json, expansion);
   });
 }

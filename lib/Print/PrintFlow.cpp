@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CFG.h"
 #include "Flow/FlowFacts.h"
+#include "Print/JsonVersion.h"
 #include "Report/Utf8.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
@@ -333,6 +334,7 @@ public:
 
   void print(const CFGModule &module) {
     json.object([&] {
+      printVersion(json);
       json.attribute("name", toUtf8(module.getName()));
       json.attributeArray("programs", [&] {
         for (const auto &graph : flow.graphs())

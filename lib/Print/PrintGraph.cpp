@@ -5,6 +5,7 @@
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "Print/GraphLayout.h"
+#include "Print/JsonVersion.h"
 #include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Format.h"
@@ -130,6 +131,7 @@ public:
     const FunctionSelection selection(module, view);
     const ProcedureStarts starts = findProcedures(module);
     json.object([&] {
+      printVersion(json);
       text("name", module.getName());
       json.attributeArray("functions", [&] {
         for (const CFGFunc *function : selection.functions)

@@ -172,7 +172,7 @@ private:
     if (when.getWhenListElements().empty())
       return;
     const SourceRange &first = when.getWhenListElements().front()->getRange();
-    if (block->getName() != "tkdummy_evaluate_when_cond") {
+    if (block->getRole() != CFGBlockRole::LaterWhen) {
       SourceRange head = when.getRange();
       endBefore(head, first.beginLine, first.beginColumn);
       add(lines, excerpts.excerpt(head, labelWidth), head);
@@ -425,7 +425,7 @@ std::string DotPrinter::titleOf(GroupId id) const {
     return group.name();
   if (!group.section)
     return group.blocks.front()->getName();
-  // Behind the last paragraph of a section comes a piece that is its own.
+  // After the last paragraph of a section comes a piece that is its own.
   const bool isBehind =
       id.group > 0 && layouts[id.function].groups[id.group - 1].section == group.section;
   return (isBehind ? "end of " : "") + group.name() + " SECTION";
@@ -562,7 +562,7 @@ void DotPrinter::addLines(const FlowNode &node) {
     } else
       addLine(node, target, edge.kind);
   }
-  // Behind what is performed, if it comes to its end.
+  // After what is performed, if it comes to its end.
   for (const FlowPerform *perform : performsOf[node.getId()]) {
     if (!flow->ranges()[perform->range].completes || perform->returnsTo == noFlow)
       continue;

@@ -6,7 +6,9 @@
 #include "AST/Program.h"
 #include "Analyzer/CFG.h"
 #include "Flow/ItemFlow.h"
+#include "Print/JsonVersion.h"
 #include "Print/MissingName.h"
+#include "Report/Utf8.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SetVector.h"
 #include "llvm/ADT/StringExtras.h"
@@ -18,12 +20,8 @@ namespace tarka {
 
 namespace {
 
-std::string inUtf8(llvm::StringRef text) {
-  return llvm::json::isUTF8(text) ? text.str() : llvm::json::fixUTF8(text);
-}
-
 std::string nameOf(const DataDescription &entry) {
-  return entry.isFiller() ? "FILLER" : inUtf8(entry.getDataName()->getDisplayName());
+  return entry.isFiller() ? "FILLER" : toUtf8(entry.getDataName()->getDisplayName());
 }
 
 /// Whether \p entry stands in groups, or in a file, of the names \p qualifiers, the nearest first.
@@ -134,7 +132,7 @@ private:
 void printText(llvm::raw_ostream &os, const ItemFlow &flow, const StorageAreas &areas) {
   const Places places(flow);
   os << nameOf(*flow.item) << ", line " << flow.item->getRange().beginLine << ": "
-     << placeOf(flow, areas) << ", in program " << inUtf8(flow.graph->getName()) << '\n';
+     << placeOf(flow, areas) << ", in program " << toUtf8(flow.graph->getName()) << '\n';
   auto line = [&](const ItemUse &use) {
     os << "    " << places.rangeOf(use).beginLine << ' ' << places.verbOf(use);
     if (use.item != flow.item)
@@ -190,7 +188,7 @@ void printJson(llvm::json::OStream &json, const ItemFlow &flow, const StorageAre
   const Places places(flow);
   auto place = [&](const ItemUse &use) {
     const SourceRange range = places.rangeOf(use);
-    json.attribute("file", inUtf8(fileNameOf(range.file)));
+    json.attribute("file", toUtf8(fileNameOf(range.file)));
     json.attribute("line", range.beginLine);
     json.attribute("column", range.beginColumn);
   };
@@ -202,8 +200,8 @@ void printJson(llvm::json::OStream &json, const ItemFlow &flow, const StorageAre
   };
   json.object([&] {
     json.attribute("name", nameOf(*flow.item));
-    json.attribute("program", inUtf8(flow.graph->getName()));
-    json.attribute("file", inUtf8(fileNameOf(flow.item->getRange().file)));
+    json.attribute("program", toUtf8(flow.graph->getName()));
+    json.attribute("file", toUtf8(fileNameOf(flow.item->getRange().file)));
     json.attribute("line", flow.item->getRange().beginLine);
     json.attribute("area", nameOf(*areas.areaOf(*flow.item)));
     json.attributeArray("bytes", [&] {
@@ -273,7 +271,8 @@ void printItemsJson(llvm::raw_ostream &os, const CFGModule &module, llvm::String
   const StorageAreas areas(*flow);
   llvm::json::OStream json(os, /*IndentSize=*/1);
   json.object([&] {
-    json.attribute("name", inUtf8(module.getName()));
+    printVersion(json);
+    json.attribute("name", toUtf8(module.getName()));
     json.attributeArray("items", [&] {
       for (const Found &found : findItems(*flow, name))
         for (const ItemFlow &one : followEverywhere(*flow, areas, found))

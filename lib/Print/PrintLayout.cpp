@@ -2,6 +2,7 @@
 
 #include "Print/PrintLayout.h"
 #include "AST/StorageLayout.h"
+#include "Print/JsonVersion.h"
 #include "Print/LayoutModel.h"
 #include "Print/ReportLayout.h"
 #include "Report/Utf8.h"
@@ -531,6 +532,7 @@ private:
 
 void JsonPrinter::print(const Program &program) {
   json.object([&] {
+    printVersion(json);
     text("name", program.getInputName());
     json.attributeArray("programs", [&] {
       forEachUnit(program, [&](const SourceUnit &unit) {

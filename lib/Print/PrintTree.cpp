@@ -6,6 +6,7 @@
 
 #include "Print/PrintTree.h"
 #include "Analyzer/TopLevel.h"
+#include "Print/JsonVersion.h"
 #include "Print/LayoutModel.h"
 #include "Print/TreePrinter.h"
 #include "Report/Utf8.h"
@@ -107,8 +108,11 @@ public:
       json.attributeBegin("children");
       json.arrayBegin();
     }
+    const bool isRoot = hasChildren.empty();
     hasChildren.push_back(false);
     json.objectBegin();
+    if (isRoot)
+      printVersion(json);
     json.attribute("kind", kind);
     if (!role.empty())
       json.attribute("role", role);

@@ -10,7 +10,7 @@ namespace tarka {
 
 namespace {
 
-/// A text is cut off behind this many characters.
+/// A text is cut off after this many characters.
 constexpr std::size_t titleWidth = 72;
 
 std::string count(std::uint64_t number, llvm::StringRef what) {

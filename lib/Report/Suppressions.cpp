@@ -54,7 +54,7 @@ struct Suppressions::Comment {
   unsigned line;         ///< its number
   unsigned nextLine;     ///< that of the next line with program text
   llvm::StringRef whole; ///< the whole line
-  std::size_t start;     ///< where the text behind the marker begins in it
+  std::size_t start;     ///< where the text after the marker begins in it
   bool isOnLineOfItsOwn;
 };
 

@@ -128,9 +128,12 @@ std::string describeFailure(const CLI::App *program, const CLI::Error &error) {
     message = describeUnknown(*command, extras.front());
   else if (llvm::StringRef(message).starts_with("FILE: At Most 1"))
     message = command->get_name() + " reads one file, and several are given";
+  else if (command == program &&
+           error.get_exit_code() == static_cast<int>(CLI::ExitCodes::RequiredError))
+    message = "a command, or the files to check, are missing";
   if (!llvm::StringRef(message).ends_with("?"))
     message += "; tarka " + (command == program ? "" : command->get_name() + " ") +
-               "--help lists the options";
+               (command == program ? "--help lists the commands" : "--help lists the options");
   return "tarka: " + message + "\n";
 }
 

@@ -31,10 +31,6 @@ constexpr unsigned maxFiles = 200'000;
 constexpr unsigned maxPrograms = 500;
 constexpr std::uint64_t maxRead = 1u << 18;
 
-/// The extensions that only copybooks have, in lower case.
-constexpr llvm::StringRef copybookExtensions[] = {".cpy", ".copy",     ".inc",    ".dcl",
-                                                  ".cpb", ".copybook", ".cobcopy"};
-
 /// What a look at the sources has shown.
 struct Survey {
   unsigned programs = 0;
@@ -77,7 +73,7 @@ Survey surveyDirectory(const std::string &root) {
       continue;
     }
     const std::string extension = path::extension(name).lower();
-    if (llvm::is_contained(copybookExtensions, llvm::StringRef(extension))) {
+    if (hasCopybookExtension(name)) {
       llvm::StringRef directory = path::parent_path(name);
       directory.consume_front(root);
       directory = directory.ltrim('/');
@@ -138,10 +134,12 @@ void ConfigurationWriter::setCopybookPath() {
 }
 
 void ConfigurationWriter::setFormat() {
+  // A program without columns 1 to 7 may be read in either form, so it does not speak against fixed
+  // form. Free form has to be certain: what it would read as text, fixed form leaves out.
   if (survey.fixed && !survey.free)
-    set("source-format", "\"fixed\"", "no program is of another form");
-  if (survey.free && !survey.fixed)
-    set("source-format", "\"free\"", "no program is of another form");
+    set("source-format", "\"fixed\"", "no program is in free form");
+  if (survey.free && survey.free == survey.read)
+    set("source-format", "\"free\"", "all programs are in free form");
 }
 
 /// All other options with what holds without them, as comments.

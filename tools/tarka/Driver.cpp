@@ -278,7 +278,7 @@ int Compilation::printGraph(CommandOutput &output) {
   }
 
   CFGModule *module = CFGBuilder().createModule(*program);
-  // Names that stand for nothing leave holes in the graph, which are no fault of its making.
+  // Names that stand for nothing leave holes in the graph, which are not faults of the builder.
   std::vector<CFGFailure> failures;
   if (!hasErrors())
     failures = verifyModule(*module);

@@ -60,7 +60,7 @@ llvm::StringRef operandsOf(Command command) {
   }
 }
 
-/// \p text with each of \p special behind a backslash.
+/// \p text with each of \p special after a backslash.
 std::string escape(llvm::StringRef text, llvm::StringRef special) {
   std::string escaped;
   for (const char c : text) {

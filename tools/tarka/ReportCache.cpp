@@ -85,25 +85,27 @@ void addBuild(KeyWriter &key) {
   dl_iterate_phdr(addFile, &key);
 }
 
-/// Adds all options that a report depends on.
+/// Adds all options that a report depends on. A new field of the options does not compile until it
+/// is named here.
 void addOptions(KeyWriter &key, const Request &request) {
-  const ParseOptions &parse = request.parse;
-  key.add(parse.includeDirectories.size());
-  for (const std::string &path : parse.includeDirectories)
+  // The program does not change the limits, and what files hold is looked at one by one.
+  const auto &[directories, format, encoding, defines, debuggingLines, reservesOsvs, cics, sql,
+               fileSystem, limits] = request.parse;
+  key.add(directories.size());
+  for (const std::string &path : directories)
     key.add(path);
-  key.add(parse.defines.size());
-  for (const auto &[name, value] : parse.defines) {
+  key.add(defines.size());
+  for (const auto &[name, value] : defines) {
     key.add(name);
     key.add(value);
   }
-  key.add(static_cast<std::uint64_t>(parse.format));
-  key.add(parse.encoding);
-  // A new field does not compile until it is named here, and then it is part of the key.
+  key.add(static_cast<std::uint64_t>(format));
+  key.add(encoding);
   const auto &[checkFileID, dateproc, debug, dual, init, cbltdli, aertdli, rw, osvs, enterprise] =
       request.compile;
-  for (const bool flag : {parse.debuggingLines, parse.osvs, parse.cics, parse.sql, checkFileID,
-                          dateproc, debug, dual, init, cbltdli, aertdli, rw, osvs, enterprise,
-                          request.all, request.syntaxOnly, showsSummary(request)})
+  for (const bool flag :
+       {debuggingLines, reservesOsvs, cics, sql, checkFileID, dateproc, debug, dual, init, cbltdli,
+        aertdli, rw, osvs, enterprise, request.all, request.syntaxOnly, showsSummary(request)})
     key.add(flag ? 1 : 0);
   key.add(request.selection.describe());
 }

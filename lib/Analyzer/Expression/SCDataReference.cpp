@@ -7,6 +7,7 @@
 
 #include "AST/Expression.h"
 #include "AST/Scope.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/EnterpriseRules.h"
@@ -61,6 +62,13 @@ void bindUnqualified(SemanticChecker &checker, DataIdentifierExpression &identif
   bindTo(checker, identifier, match.entry);
 }
 
+/// Whether the reference is a name alone, of a data item outside of tables.
+bool isPlain(const DataIdentifierExpression &identifier) {
+  const DataDescription *entry = identifier.getDataDescription();
+  return !identifier.getSubscriptMod() && !identifier.getReferenceMod() && entry &&
+         entry->getLevelNum() != 88 && !entry->isInTable();
+}
+
 } // namespace
 
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
@@ -84,6 +92,8 @@ bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool s
     else
       bindUnqualified(*this, identifier, homonyms, preferReportItem);
   }
+  if (!isPlain(identifier))
+    state->hasPlainOperands = false;
   // Errors in the modifiers are reported, but the name is bound.
   if (identifier.getSubscriptMod())
     checkSubscriptModifier(identifier);
@@ -97,17 +107,6 @@ bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool s
 //===----------------------------------------------------------------------===//
 
 namespace {
-
-bool isInTable(const DataDescription &entry) {
-  if (entry.getOccurs())
-    return true;
-  const DataDescription *group =
-      entry.getLevelNum() == 88 ? entry.getCondNameParent() : entry.getParent();
-  for (; group; group = group->getParent())
-    if (group->getOccurs())
-      return true;
-  return false;
-}
 
 /// Whether \p operand can be a whole number. Only the running program knows the value of a
 /// quotient, a power, a product or a numeric function; what is known to have decimal places cannot
@@ -150,7 +149,7 @@ bool isSubscript(const Expression &operand) {
 bool SemanticChecker::checkSubscriptModifier(DataIdentifierExpression &identifier) {
   bool ok = true;
   const DataDescription *entry = identifier.getDataDescription();
-  if (entry && !isInTable(*entry))
+  if (entry && !entry->isInTable())
     ok = report(ErrorCode::SubscriptOrModifierNotAllowed, &identifier);
   for (Expression *subscript : identifier.getSubscriptMod()->getSubscriptElements()) {
     // Of a relative subscript only the operands are checked.

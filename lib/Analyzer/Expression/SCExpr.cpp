@@ -29,7 +29,7 @@ private:
   template <typename Class> bool check(Class &expression) {
     return checker.semanticCheck(expression);
   }
-  /// A report-name is no operand; the statements that take one check it themselves.
+  /// A report-name is not an operand; the statements that take one check it themselves.
   bool check(ReportIdentifierExpression &name) { return visitExpression(name); }
 
   SemanticChecker &checker;

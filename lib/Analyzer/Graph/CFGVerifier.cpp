@@ -15,7 +15,6 @@
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/MapVector.h"
 #include "llvm/ADT/STLExtras.h"
-#include "llvm/ADT/StringSwitch.h"
 #include "llvm/ADT/Twine.h"
 #include "llvm/Support/raw_ostream.h"
 
@@ -28,14 +27,6 @@ std::string nameOf(const Statement &statement) {
   return ("the " + verbOf(statement.getType()) + " of line " +
           llvm::Twine(statement.getBeginLineNo()))
       .str();
-}
-
-/// The blocks outside of procedures that the text before them runs into.
-bool isProcedureFrame(llvm::StringRef name) {
-  return llvm::StringSwitch<bool>(name)
-      .Cases("tkdummy_register_use", "tkdummy_declaratives", "tkdummy_end_declaratives",
-             "tkdummy_unnamed_sentence", "tkdummy_rpt_declaratives_end", true)
-      .Default(false);
 }
 
 /// A procedure as the end of a range, or as a target; one of the two is null.
@@ -137,7 +128,6 @@ std::vector<CFGFailure> Verifier::run() {
 /// The compilation context knows the last function of report declaratives only, so their graphs are
 /// found through the sections that they are made of.
 void Verifier::collectBodies() {
-  static const std::string &reportFunction = internString("tkdummy_rpt_decl_func");
   for (CFGFunc *func : module.getFuncList()) {
     function = &func->getName();
     SourceUnit *unit = func->getSourceUnit();
@@ -156,7 +146,7 @@ void Verifier::collectBodies() {
         reportSections.insert(declarative->getSection());
     CFGBlock *start = division->getRptDeclElements().front()->getSection()->getStartBlock();
     if (start && start->getGraph())
-      bodies.push_back({start->getGraph(), reportFunction, unit, true});
+      bodies.push_back({start->getGraph(), internString("tkdummy_rpt_decl_func"), unit, true});
     else
       fail(CFGRule::Target, start, "the report declaratives have no graph");
   }
@@ -220,7 +210,7 @@ void Verifier::checkFallThrough(const Body &body, const CFGBlock *block, const C
       fail(CFGRule::FallThrough, block, "there is no block to fall into");
     return;
   }
-  if (next->getBlockType() != CFGBlockType::Procedure && !isProcedureFrame(next->getName()) &&
+  if (next->getBlockType() != CFGBlockType::Procedure && next->getRole() != CFGBlockRole::Frame &&
       !declaratives.contains(next->getName()))
     fail(CFGRule::FallThrough, block,
          "it falls into " + next->getName() + ", which begins no procedure");

@@ -1,7 +1,7 @@
 //===- ProcedureEnds.h - where procedures end in a graph --------*- C++ -*-===//
 //
 // The blocks of a function follow each other as in the source. These functions
-// recognise the blocks that stand behind the last one of a paragraph or section.
+// recognise the blocks that follow the last one of a paragraph or section.
 //
 //===----------------------------------------------------------------------===//
 

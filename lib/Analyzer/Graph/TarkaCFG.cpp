@@ -163,7 +163,7 @@ CFGGraph *CFGBuilder::createCFG(CFGFunc *function, SourceUnit &unit) {
 
   // The blocks of the procedures are not linked: each falls through to the next.
   if (division->getSentSize()) {
-    continueInNewBlock("tkdummy_unnamed_sentence");
+    continueInNewBlock("tkdummy_unnamed_sentence")->setRole(CFGBlockRole::Frame);
     lowerSentences(division->getSentElements());
   }
   lowerParagraphs(division->getParaElements());
@@ -220,6 +220,7 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
   }
 
   CFGBlock *end = continueOn(makeTerminatorBlock("tkdummy_rpt_declaratives_end"));
+  end->setRole(CFGBlockRole::Frame);
   start->addSuccessorBlock(end);
   for (CFGBlock *block : ends)
     block->addSuccessorBlock(end);
@@ -236,7 +237,7 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
 
 void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
   // Register the exception declaratives, so that input-output statements can enter them.
-  continueInNewBlock("tkdummy_register_use");
+  continueInNewBlock("tkdummy_register_use")->setRole(CFGBlockRole::Frame);
   std::list<Section *> *registered = makeList<Section *>();
   for (Declaratives *declarative : division->getBaseDeclElements()) {
     UseStatement *use = declarative->getUseStmt();
@@ -247,7 +248,7 @@ void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
     registered->push_back(declarative->getSection());
   }
 
-  continueInNewBlock("tkdummy_declaratives");
+  continueInNewBlock("tkdummy_declaratives")->setRole(CFGBlockRole::Frame);
   Node nowhere;
   CFGBlock *start = appendTerminator(generate<InnerBranchStatement>(&nowhere, registered));
   for (Declaratives *declarative : division->getBaseDeclElements()) {
@@ -256,8 +257,10 @@ void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
     analysisSection(*section);
   }
 
-  // The main line goes on from here.
-  start->addSuccessorBlock(continueInNewBlock("tkdummy_end_declaratives"));
+  // The main line begins here.
+  CFGBlock *mainLine = continueInNewBlock("tkdummy_end_declaratives");
+  mainLine->setRole(CFGBlockRole::Frame);
+  start->addSuccessorBlock(mainLine);
 }
 
 //===----------------------------------------------------------------------===//

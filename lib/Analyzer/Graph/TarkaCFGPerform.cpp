@@ -121,6 +121,7 @@ void CFGBuilder::analysisSortStmt(SortStatement *statement) {
   CFGBlock *inputEnd = nullptr;
   if (isProcedurePhrase(statement->getInput())) {
     start->addThenBlock(continueInNewBlock("tkdummy_sort_input"));
+    currentBlock->setRole(CFGBlockRole::SortInput);
     lowerProcedurePhrase(statement, statement->getInput());
     inputEnd = currentBlock;
   }
@@ -139,6 +140,7 @@ void CFGBuilder::analysisSortStmt(SortStatement *statement) {
   }
   // The code generator knows the block by this name, although it comes after the output.
   CFGBlock *sort = makeTerminatorBlock("tkdummy_sort_start");
+  sort->setRole(CFGBlockRole::LastPhase);
   if (outputEnd)
     outputEnd->addSuccessorBlock(sort);
   else
@@ -160,6 +162,7 @@ void CFGBuilder::analysisMergeStmt(MergeStatement *statement) {
     outputEnd = currentBlock;
   }
   CFGBlock *merge = makeTerminatorBlock("tkdummy_merge_start");
+  merge->setRole(CFGBlockRole::LastPhase);
   if (outputEnd)
     outputEnd->addSuccessorBlock(merge);
   else
@@ -181,9 +184,11 @@ void CFGBuilder::analysisMergeStmt(MergeStatement *statement) {
 void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
   CFGBlock *start = appendTerminator(statement);
   CFGBlock *parser = makeTerminatorBlock("tkdummy_xml_parser");
+  parser->setRole(CFGBlockRole::XmlParser);
   leadInto(start, parser);
 
   parser->addThenBlock(continueInNewBlock("tkdummy_xml_proc"));
+  currentBlock->setRole(CFGBlockRole::XmlProcedure);
   auto *procedure = generate<PerformProcedure>(statement, statement->getParseProcedure(),
                                                statement->getThruProcedure());
   static_cast<ProcedureRange &>(*procedure) = *statement;
@@ -194,9 +199,11 @@ void CFGBuilder::analysisXmlParseStmt(XMLParseStatement *statement) {
 
   // The code generator expects this spelling of the first part of the name.
   CFGBlock *result = makeTerminatorBlock("tarkka_xml_parse_result_cond");
+  result->setRole(CFGBlockRole::XmlResult);
   afterProcedure->addSuccessorBlock(result);
   CFGBlock *exception =
       makeTerminatorBlock(makeLineName("tkdummy_", statement, "_line_xml_exception_cond"));
+  exception->setRole(CFGBlockRole::XmlException);
   parser->addElseBlock(exception);
   result->addThenBlock(parser);
   result->addElseBlock(exception);

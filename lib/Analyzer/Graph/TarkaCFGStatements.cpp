@@ -53,6 +53,7 @@ void CFGBuilder::analysisEvaluateStmt(EvaluateStatement *statement) {
     // The first test is made in S.
     if (!tests.empty()) {
       CFGBlock *test = continueInNewBlock("tkdummy_evaluate_when_cond");
+      test->setRole(CFGBlockRole::LaterWhen);
       tests.back()->addSuccessorBlock(test);
       tests.back()->addElseBlock(test);
     }

@@ -265,7 +265,7 @@ private:
   /// Gives false where the number of subscripts is wrong, or nothing can be said of the item.
   bool checkSubscripts(DataIdentifierExpression &identifier, const DataDescription &entry,
                        OperandPlace where) {
-    // The parent of an index-name is its table, which it is no part of.
+    // The parent of an index-name is its table, which it is not part of.
     if (isIndexName(entry))
       return false;
     SubscriptModifier *modifier = identifier.getSubscriptMod();
@@ -372,6 +372,8 @@ void checkVariableTables(DataDivision &division, LanguageReport &report) {
 }
 
 void checkOperands(Statement &statement, LanguageReport &report) {
+  if (statement.hasPlainOperands())
+    return;
   TableCheck check(report);
   forEachOperand(
       statement, [&](Expression &operand, OperandRole) { check.check(&operand); },

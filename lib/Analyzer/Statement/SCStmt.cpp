@@ -6,8 +6,9 @@
 
 #include "AST/Statement.h"
 #include "AST/StatementVisitor.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/PartCheck.h"
-#include "Analyzer/SemanticChecker.h"
+#include "llvm/Support/SaveAndRestore.h"
 
 namespace tarka {
 
@@ -52,7 +53,10 @@ private:
 
 bool SemanticChecker::semanticCheck(Statement &statement) {
   const PartCheck part(*this, CheckedPart::Statement, statement);
-  return part.done(StatementCheck(*this).visit(statement));
+  const llvm::SaveAndRestore outer(state->hasPlainOperands, true);
+  const bool ok = StatementCheck(*this).visit(statement);
+  statement.setHasPlainOperands(state->hasPlainOperands);
+  return part.done(ok);
 }
 
 bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {

@@ -9,8 +9,8 @@
 #include "AST/ExpressionVisitor.h"
 #include "AST/Scope.h"
 #include "AST/Statement.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
-#include "Analyzer/SemanticChecker.h"
 
 namespace tarka {
 
@@ -78,6 +78,8 @@ private:
 
 bool SemanticChecker::semanticCheck(ExecStatement &statement) {
   if (EmbeddedCommand *command = statement.getCommand()) {
+    // They are bound here and not by the check of data references.
+    state->hasPlainOperands = false;
     Binder binder(currentScope());
     for (EmbeddedOperand *operand : command->getOperandElements())
       binder.bind(operand->getValue());

@@ -52,7 +52,7 @@ bool InspectCheck::check() {
 }
 
 /// The inspected item is held in characters. The characters of a function can be counted, but there
-/// is no item to store others in.
+/// is not an item to store others in.
 bool InspectCheck::checkSubject() {
   IdentifierExpression &subject = *statement.getIdentifier();
   if (!checker.semanticCheck(subject))
