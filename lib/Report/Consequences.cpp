@@ -105,6 +105,19 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
+/// Of an error about SIGN or VALUE the group that the clause is written for, else \p entry.
+const DataDescription *clauseOwner(const DataDescription &entry, int number) {
+  auto hasClause = [number](const DataDescription &group) {
+    return (isAboutSign(number) && group.getSign()) ||
+           (isAboutGroupValue(number) && group.getValue());
+  };
+  const DataDescription *owner = &entry;
+  for (const DataDescription *group = entry.getOwner(); group; group = group->getOwner())
+    if (hasClause(*group))
+      owner = group;
+  return owner;
+}
+
 /// Decides for each diagnostic whether it follows from another.
 class ConsequenceFinder {
 public:
@@ -122,6 +135,7 @@ private:
   bool isTornFrom(const SourceRange &first, const SourceRange &second) const;
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOf(std::size_t index);
+  std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
@@ -140,6 +154,8 @@ private:
   std::vector<std::size_t> causes;
 
   llvm::StringMap<std::size_t> reported;
+  /// By what has a fault, see faultOf(), the first error that says so.
+  std::map<std::pair<const Node *, int>, std::size_t> faults;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
   std::vector<std::size_t> reportedFiles;
 };
@@ -156,11 +172,28 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return same->second;
   if (isOfFrontEnd(diagnostic.number))
     return none;
+  if (const std::size_t cause = causeOfFault(index); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
   if (const std::size_t cause = causeOfItem(index); cause != none)
     return cause;
   return causeOfName(index);
+}
+
+/// The error that says of the same operand, entry or CURRENCY SIGN clause that it is wrong.
+std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (isAboutCurrencySymbol(diagnostic.number))
+    return damage.ofCurrencySigns(diagnostic.unit);
+  const int fault = faultOf(diagnostic.number);
+  if (fault == 0)
+    return none;
+  const Node *place = diagnostic.node;
+  if (const auto *entry = dynamic_cast<const DataDescription *>(place))
+    place = clauseOwner(*entry, diagnostic.number);
+  const auto [first, isNew] = faults.try_emplace({place, fault}, index);
+  return isNew ? none : first->second;
 }
 
 /// The error of the front end that the diagnostic stands in the text of. A statement of several
@@ -290,8 +323,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (const DataDescription *entry = places.entryAt(diagnostic.place)) {
     if (const std::size_t cause = damage.withinEntry(entry, index); cause != none)
       return cause;
+    // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
-      if (const std::size_t cause = damage.of(variable, index); cause != none)
+      if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
         return cause;
   }
   if (const std::size_t cause = damage.ofOperand(diagnostic.otherNode);

@@ -44,6 +44,8 @@ void ReportDamage::note(std::size_t index) {
   if (isOfFrontEnd(diagnostic.number))
     return;
   operands.try_emplace(diagnostic.node, index);
+  if (isAboutCurrencySign(diagnostic.number))
+    currencySigns.try_emplace(diagnostic.unit, index);
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
   note(item && item->isWritten() ? item : places.entryAt(diagnostic.place), index);
   note(places.fileAt(diagnostic.place), index);
@@ -51,6 +53,10 @@ void ReportDamage::note(std::size_t index) {
 
 void ReportDamage::note(const DataDescription *entry, std::size_t index) {
   if (!entry || !entries.try_emplace(entry, index).second)
+    return;
+  // A wrong value of a condition-name does no harm to its conditional variable.
+  if (entry->getLevelNum() == 88 && !isOfFrontEnd(diagnostics[index].number) &&
+      !isWrongLevel(diagnostics[index].number))
     return;
   for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
     if (!groups.try_emplace(group, index).second)
@@ -215,7 +221,8 @@ std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t 
     if (own == map->end() || own->second == index)
       continue;
     const int number = diagnostics[own->second].number;
-    if (isOfFrontEnd(number) || (map == &entries && isWrongPicture(number)))
+    if (isOfFrontEnd(number) || (map == &entries && isWrongPicture(number)) ||
+        (map == &groups && isWrongLevel(number) && isWrongHierarchy(diagnostics[index].number)))
       return own->second;
   }
   return noDiagnostic;
@@ -248,15 +255,22 @@ std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::
 }
 
 std::size_t ReportDamage::of(const DataDescription *entry, std::size_t except) const {
-  auto find = [&](const auto &map, const DataDescription *key) {
-    auto found = map.find(key);
-    return found != map.end() && found->second != except ? found->second : noDiagnostic;
-  };
-  if (const std::size_t inside = find(groups, entry); inside != noDiagnostic)
-    return inside;
+  const auto inside = groups.find(entry);
+  return inside != groups.end() && inside->second != except ? inside->second
+                                                            : ofEntryOrGroup(entry, except);
+}
+
+std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size_t except) const {
   for (; entry; entry = entry->getOwner())
-    if (const std::size_t cause = find(entries, entry); cause != noDiagnostic)
-      return cause;
+    if (const auto found = entries.find(entry); found != entries.end() && found->second != except)
+      return found->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofCurrencySigns(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent())
+    if (const auto found = currencySigns.find(unit); found != currencySigns.end())
+      return found->second;
   return noDiagnostic;
 }
 

@@ -136,7 +136,11 @@ private:
     return file.getType() == FileDescType::File ? file.getFileControl() : nullptr;
   }
 
+  /// Without an ORGANIZATION clause a file can still be one with keys: old programs say so with the
+  /// name of the device.
   static bool isSequential(const ParaFileControl &control) {
+    if (!control.getOrganization() && (control.getRecordKey() || control.getRelativeKey()))
+      return false;
     return control.getOrganizationType() == OrganizationType::Sequential ||
            control.getOrganizationType() == OrganizationType::LineSequential;
   }
