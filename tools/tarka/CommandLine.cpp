@@ -92,6 +92,8 @@ void addOperands(CLI::App &app, Request &request, Command command) {
     app.add_option("DIRECTORY", request.files, "where the file is written (.)")->expected(1);
     return;
   }
+  if (command == Command::Lsp)
+    return;
   auto *files = app.add_option("FILE", request.files,
                                command == Command::Check
                                    ? "files, directories, @LISTs of names; - is standard input"

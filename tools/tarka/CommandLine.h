@@ -23,7 +23,7 @@ enum ExitStatus : int {
   ExitInternal = 3, ///< a worker crashed, or output could not be written
 };
 
-enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init, Expand, Generate };
+enum class Command { Check, Cfg, Flow, Layout, Ast, Explain, Config, Init, Expand, Generate, Lsp };
 enum class OutputFormat { Text, Json, Dot, Markdown };
 
 /// The forms of the report.

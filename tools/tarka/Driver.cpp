@@ -1,368 +1,29 @@
 //===- Driver.cpp - carrying out a command --------------------------------===//
 
 #include "Driver.h"
-#include "AST/Program.h"
-#include "Analyzer/CFGBuilder.h"
-#include "Analyzer/CFGVerifier.h"
-#include "Analyzer/CompileOption.h"
-#include "Analyzer/ErrorHandler.h"
-#include "Analyzer/SemanticChecker.h"
-#include "Analyzer/TopLevel.h"
+#include "Compilation.h"
 #include "Configuration.h"
 #include "Depfile.h"
 #include "Explain.h"
-#include "Findings.h"
 #include "Generate.h"
 #include "Inputs.h"
 #include "OutputFile.h"
-#include "Parse/Dependencies.h"
-#include "Parse/Expansion.h"
-#include "Parse/Parse.h"
-#include "Parse/SourceFile.h"
-#include "Print/PrintExpansion.h"
-#include "Print/PrintFlow.h"
-#include "Print/PrintGraph.h"
-#include "Print/PrintItems.h"
-#include "Print/PrintLayout.h"
-#include "Print/PrintTree.h"
 #include "ProgramRun.h"
-#include "Report/Consequences.h"
-#include "Report/Fixes.h"
 #include "Report/Reporter.h"
-#include "Report/SourceOrder.h"
 #include "ReportCache.h"
 #include "ReportRun.h"
-#include "SourceLines.h"
 #include "Verify.h"
 #include "Workers/Interrupt.h"
+#include "lsp/LanguageServer.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSet.h"
-#include "llvm/Support/Path.h"
+#include "llvm/Support/FileSystem.h"
 #include "llvm/Support/raw_ostream.h"
-#include "llvm/Support/thread.h"
-#ifdef TARKA_MIMALLOC
-#include <mimalloc.h>
-#endif
 
 namespace tarka {
 
 namespace {
-
-/// One file on its way through reading, checks and what is printed of it.
-class Compilation {
-public:
-  Compilation(const Request &driverRequest, const std::string &source)
-      : request(driverRequest), file(source), lines(driverRequest.parse),
-        expansion(driverRequest.command == Command::Expand) {}
-
-  /// Reads and checks the file and gives what is to be reported of it.
-  FileReport check();
-  /// The same for --verify: compares what was found with what the source expects.
-  int verify();
-  /// What the front end has read; null where nothing asks for it.
-  DependencyRecorder *getDependencies() { return dependencies.get(); }
-  /// Prints what the program copies, as the report asks for; gives the exit status.
-  int listCopybooks(llvm::raw_ostream &out);
-  /// Prints what the command asks for, after check().
-  int print();
-
-private:
-  /// False when the file cannot be read.
-  bool analyse(std::string &failure);
-  void hideConsequences(std::vector<Diagnostic> &findings);
-  void applyFixes(std::vector<Diagnostic> &findings);
-  int printGraph(CommandOutput &output);
-  GraphView drawableView(const CFGModule &module) const;
-  int printLayout(CommandOutput &output);
-  int printTree(CommandOutput &output);
-  int printExpansion(CommandOutput &output);
-  /// Whether the program is read and not checked.
-  bool isFrontEndOnly() const {
-    return request.syntaxOnly || request.command == Command::Expand || request.listCopybooks;
-  }
-  bool hasErrors() const { return frontEnd.hasErrors() || handler.getErrorCount() > 0; }
-
-  const Request &request;
-  const std::string &file;
-  SourceLines lines;
-  FrontEndDiagnostics frontEnd;
-  ErrorHandler handler;
-  /// What the second pass has found; only check runs it.
-  std::vector<ErrorEntry> secondPass;
-  PartResults parts{handler};
-  Expansion expansion;
-  /// What the front end reads; null unless something asks for it.
-  llvm::IntrusiveRefCntPtr<DependencyRecorder> dependencies;
-  Program *program = nullptr;
-  bool checksSucceeded = false;
-};
-
-bool Compilation::analyse(std::string &failure) {
-  llvm::StringRef baseName = llvm::sys::path::filename(file);
-  CompileSettings settings = request.compile;
-  settings.enableOsvs = request.parse.osvs;
-  TopLevel::beginCompilation(baseName.str(), settings);
-
-  ParseOptions options = request.parse;
-  if (ReportCache::isWanted(request) || Depfile(request).isWanted()) {
-    dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
-        options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
-    options.fileSystem = dependencies;
-  }
-  const bool isExpanded = request.command == Command::Expand || request.listCopybooks;
-  llvm::ErrorOr<Program *> parsed =
-      parseProgram(file, baseName, options, frontEnd, isExpanded ? &expansion : nullptr);
-  if (!parsed) {
-    failure = "cannot read " + file + ": " + parsed.getError().message();
-    return false;
-  }
-  program = *parsed;
-  SemanticChecker checker(&handler);
-  if (request.verify)
-    checker.setListener(&parts);
-  checksSucceeded = isFrontEndOnly() || checker.semanticCheck(*program);
-  if (request.command == Command::Check && !isFrontEndOnly())
-    secondPass = checkLanguage(*program, frontEnd, handler);
-  return true;
-}
-
-FileReport Compilation::check() {
-  FileReport report;
-  report.file = file;
-  const bool isRead = analyse(report.failure);
-  if (Depfile(request).isWanted())
-    report.inputs = watchedPaths(dependencies->getDependencies(), *llvm::vfs::getRealFileSystem());
-  if (!isRead)
-    return report;
-  report.failedSilently =
-      request.command == Command::Check && !checksSucceeded && !hasErrors() && secondPass.empty();
-  if (showsSummary(request))
-    report.lines = lines.textOf(internFileName(file)).count('\n');
-  report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
-  const bool isComplete = !isFrontEndOnly() && !frontEnd.hasFatalError();
-  selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
-  if (!request.all)
-    hideConsequences(report.diagnostics);
-  if (request.fix)
-    applyFixes(report.diagnostics);
-  setFingerprints(report.diagnostics);
-  orderBySource(report.diagnostics, internFileName(file), frontEnd.getCopies());
-  return report;
-}
-
-int Compilation::verify() {
-  std::string failure;
-  if (!analyse(failure)) {
-    llvm::errs() << "tarka: " << failure << '\n';
-    return ExitUnusable;
-  }
-  std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, secondPass, lines);
-  const bool isComplete = !request.syntaxOnly && !frontEnd.hasFatalError();
-  selectFindings(findings, file, isComplete, request.selection, lines);
-  parts.finish(file, checksSucceeded);
-  return verifyReport(file, request.parse.encoding, findings, request.syntaxOnly ? nullptr : &parts,
-                      llvm::errs())
-             ? ExitClean
-             : ExitFindings;
-}
-
-void Compilation::hideConsequences(std::vector<Diagnostic> &findings) {
-  const SourceDamage &damage = frontEnd.getDamage();
-  auto contains = [&](const SourceRange &place) { return damage.contains(place); };
-  auto findName = [&](llvm::StringRef name) { return damage.findName(name); };
-  removeConsequences(findings, *program, {contains, findName},
-                     [&](unsigned source, unsigned number) { return lines.line(source, number); });
-}
-
-/// Makes the changes that are certain, and takes what they correct out of \p findings.
-void Compilation::applyFixes(std::vector<Diagnostic> &findings) {
-  // Standard input has no place to write to. What was decoded or has a mark could not be written
-  // back as it was.
-  auto contents = llvm::MemoryBuffer::getFile(file);
-  const llvm::StringRef text = lines.textOf(internFileName(file));
-  const bool isStandardInput = request.parse.fileSystem && file == request.stdinName;
-  if (isStandardInput || !contents || (*contents)->getBuffer() != text)
-    return;
-  const SourceFormat format =
-      request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
-  FixedSource source(text, format == SourceFormat::Fixed);
-  std::vector<Diagnostic> rest;
-  const std::vector<Diagnostic> all = request.diff ? findings : std::vector<Diagnostic>();
-  for (Diagnostic &diagnostic : findings)
-    if (diagnostic.fix.empty() || !source.apply(diagnostic.fix))
-      rest.push_back(std::move(diagnostic));
-  const std::size_t fixes = findings.size() - rest.size();
-  if (fixes == 0) {
-    findings = std::move(rest);
-    return;
-  }
-  if (request.diff) {
-    // Nothing is changed, so everything is still to be reported.
-    source.printDiff(llvm::outs(), file);
-    llvm::outs().flush();
-    findings = all;
-    return;
-  }
-  OutputFile output(file);
-  if (output.stream()) {
-    *output.stream() << source.getText();
-    output.commit();
-  }
-  if (!output.getError().empty()) {
-    llvm::errs() << "tarka: " << file << " cannot be changed: " << output.getError() << '\n';
-    return;
-  }
-  llvm::errs() << "tarka: " << file << ": " << fixes << (fixes == 1 ? " fix\n" : " fixes\n");
-  findings = std::move(rest);
-}
-
-int Compilation::listCopybooks(llvm::raw_ostream &out) {
-  std::string failure;
-  if (!analyse(failure)) {
-    llvm::errs() << "tarka: " << failure << '\n';
-    return ExitUnusable;
-  }
-  if (request.reportForm == ReportForm::Json)
-    printCopiesJson(out, file, expansion);
-  else
-    printCopiesText(out, file, expansion);
-  const bool isMissing = llvm::any_of(expansion.getCopies(), [](const CopyUse &use) {
-    return use.outcome == CopyUse::Outcome::Missing;
-  });
-  return isMissing ? ExitFindings : ExitClean;
-}
-
-int Compilation::printExpansion(CommandOutput &output) {
-  output.stream().SetBuffered();
-  if (request.format == OutputFormat::Json)
-    printExpansionJson(output.stream(), expansion);
-  else
-    printExpansionText(output.stream(), expansion, request.expansion);
-  if (!output.finish("text"))
-    return ExitInternal;
-  return hasErrors() ? ExitFindings : ExitClean;
-}
-
-int Compilation::print() {
-  CommandOutput output(request.output);
-  if (!output.isOpen())
-    return ExitInternal;
-  if (request.command == Command::Cfg || request.command == Command::Flow)
-    return printGraph(output);
-  if (request.command == Command::Expand)
-    return printExpansion(output);
-  return request.command == Command::Layout ? printLayout(output) : printTree(output);
-}
-
-/// What is asked for, or one box for each procedure where all blocks would be too many to draw.
-GraphView Compilation::drawableView(const CFGModule &module) const {
-  GraphView view = request.view;
-  if (view.full || view.collapse || !view.paragraph.empty() || !isTooLargeToDraw(module, view))
-    return view;
-  llvm::errs() << "tarka: " << file
-               << " is too large to draw every block, so each procedure is one box; --paragraph "
-                  "NAME draws one in full, --full everything\n";
-  view.collapse = true;
-  return view;
-}
-
-int Compilation::printGraph(CommandOutput &output) {
-  bool failed = hasErrors() || !checksSucceeded;
-  if (failed && !request.keepGoing) {
-    llvm::errs() << "tarka: no graph of " << file << " is printed: "
-                 << (hasErrors() ? "the errors above come first"
-                                 : "the checks did not succeed, though no message says why (an "
-                                   "ALTER statement, for one, always makes them fail)")
-                 << "; --keep-going prints it all the same\n";
-    return ExitFindings;
-  }
-
-  CFGModule *module = CFGBuilder().createModule(*program);
-  // Names that stand for nothing leave holes in the graph, which are not faults of the builder.
-  std::vector<CFGFailure> failures;
-  if (!hasErrors())
-    failures = verifyModule(*module);
-  for (const CFGFailure &failure : failures)
-    llvm::errs() << "tarka: the graph of " << file << " is wrong: " << failure << '\n';
-  if (!failures.empty())
-    return ExitInternal;
-  if (auto missing = explainMissingProcedure(*module, request.view)) {
-    llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
-    return ExitUnusable;
-  }
-  if (request.command == Command::Flow) {
-    if (!request.item.empty()) {
-      if (auto missing = explainMissingItem(*module, request.item)) {
-        llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
-        return ExitUnusable;
-      }
-      if (request.format == OutputFormat::Json)
-        printItemsJson(output.stream(), *module, request.item);
-      else
-        printItemsText(output.stream(), *module, request.item);
-    } else if (request.format == OutputFormat::Json)
-      printFlowJson(output.stream(), *module);
-    else
-      printFlowText(output.stream(), *module);
-    return !output.finish("flow") ? ExitInternal : failed ? ExitFindings : ExitClean;
-  }
-
-  switch (request.format) {
-  case OutputFormat::Text:
-    printGraphText(output.stream(), *module, request.view);
-    break;
-  case OutputFormat::Json:
-    printGraphJson(output.stream(), *module, request.view);
-    break;
-  case OutputFormat::Dot:
-    printGraphDot(output.stream(), *module, drawableView(*module), request.parse);
-    break;
-  case OutputFormat::Markdown:
-    llvm_unreachable("not a form of the graph");
-  }
-  if (!output.finish("graph"))
-    return ExitInternal;
-  return failed ? ExitFindings : ExitClean;
-}
-
-/// The records are shown with whatever errors there are: most are in the procedure division and say
-/// nothing against them.
-int Compilation::printLayout(CommandOutput &output) {
-  if (!request.layout.record.empty())
-    if (auto missing = explainMissingRecord(*program, request.layout.record)) {
-      llvm::errs() << "tarka: " << file << ": " << *missing << '\n';
-      return ExitUnusable;
-    }
-  if (request.format == OutputFormat::Json)
-    printLayoutJson(output.stream(), *program, request.layout);
-  else
-    printLayoutText(output.stream(), *program, request.layout);
-  if (!output.finish("layout"))
-    return ExitInternal;
-  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
-}
-
-/// Like the layout; with errors in it the tree tells how far the checks came.
-int Compilation::printTree(CommandOutput &output) {
-  output.stream().SetBuffered();
-  if (request.format == OutputFormat::Json)
-    printTreeJson(output.stream(), *program, file);
-  else
-    printTreeText(output.stream(), *program, file);
-  if (!output.finish("tree"))
-    return ExitInternal;
-  return hasErrors() || !checksSucceeded ? ExitFindings : ExitClean;
-}
-
-/// Does \p work, which is one compilation, in a thread with stack enough.
-void compile(llvm::function_ref<void()> work) {
-#ifdef TARKA_MIMALLOC
-  // The elements of lists lie on huge pages, as the tree itself does.
-  mi_option_enable(mi_option_large_os_pages);
-#endif
-  llvm::thread worker(std::optional<unsigned>(compilationStack), work);
-  worker.join();
-}
 
 /// The programs of a run whose configuration can be read.
 class ConfiguredInputs {
@@ -579,6 +240,8 @@ int carryOut(Request request) {
     return printConfiguration(request);
   case Command::Init:
     return initializeConfiguration(request);
+  case Command::Lsp:
+    return serveEditor(request);
   default:
     break;
   }

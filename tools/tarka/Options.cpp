@@ -47,6 +47,8 @@ constexpr CommandSet readers = setOf(Command::Check) | setOf(Command::Cfg) | set
                                setOf(Command::Layout) | setOf(Command::Ast) |
                                setOf(Command::Expand);
 constexpr CommandSet check = setOf(Command::Check);
+/// The same and the language server, which reads many.
+constexpr CommandSet analysers = readers | setOf(Command::Lsp);
 
 constexpr llvm::StringLiteral reportGroup = "Report";
 constexpr llvm::StringLiteral cacheGroup = "Cache";
@@ -144,23 +146,23 @@ std::string setItem(Request &request, const OptionValue &value) {
 constexpr Option table[] = {
     // How the source is read.
     {.name = "copybook-path", .letter = 'I', .type = OptionType::Path, .isList = true,
-     .isSearched = true, .scope = OptionScope::File, .commands = readers, .value = "DIR",
+     .isSearched = true, .scope = OptionScope::File, .commands = analysers, .value = "DIR",
      .help = "a directory with copybooks; may be given several times",
      .set = assign<&Request::parse, &ParseOptions::includeDirectories>},
     {.name = "define", .letter = 'D', .type = OptionType::Text, .isList = true,
-     .scope = OptionScope::File, .commands = readers, .value = "NAME[=VALUE]",
+     .scope = OptionScope::File, .commands = analysers, .value = "NAME[=VALUE]",
      .help = "a compilation variable for >>IF and >>EVALUATE", .set = addDefinition},
     {.name = "source-format", .type = OptionType::Choice, .scope = OptionScope::File,
-     .commands = readers, .choices = sourceFormats, .fallback = "\"auto\"",
+     .commands = analysers, .choices = sourceFormats, .fallback = "\"auto\"",
      .help = "the layout of the lines (auto)",
      .set = assign<&Request::parse, &ParseOptions::format>},
-    {.name = "encoding", .type = OptionType::Text, .scope = OptionScope::File, .commands = readers,
+    {.name = "encoding", .type = OptionType::Text, .scope = OptionScope::File, .commands = analysers,
      .value = "NAME", .fallback = "\"UTF-8\"",
      .help = "the encoding of the source files (UTF-8)", .set = setEncoding},
-    {.name = "cics", .scope = OptionScope::File, .commands = readers,
+    {.name = "cics", .scope = OptionScope::File, .commands = analysers,
      .help = "supply what CICS does: the EIB, DFHRESP(...), DFHAID, DFHBMSCA",
      .set = assign<&Request::parse, &ParseOptions::cics>},
-    {.name = "sql", .scope = OptionScope::File, .commands = readers,
+    {.name = "sql", .scope = OptionScope::File, .commands = analysers,
      .help = "supply what DB2 does: SQLCA, SQLDA, SQL TYPE",
      .set = assign<&Request::parse, &ParseOptions::sql>},
 
@@ -176,10 +178,10 @@ constexpr Option table[] = {
      .set = assign<&Request::stdinName>},
 
     // Configuration files.
-    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = readers,
+    {.name = "config", .type = OptionType::Path, .isConfigurable = false, .commands = analysers,
      .value = "FILE", .help = "use FILE instead of the tarka.toml above each program",
      .set = assign<&Request::config>},
-    {.name = "no-config", .isConfigurable = false, .commands = readers,
+    {.name = "no-config", .isConfigurable = false, .commands = analysers,
      .help = "use no tarka.toml", .set = assign<&Request::noConfig>},
     {.name = "force", .isConfigurable = false, .commands = setOf(Command::Init),
      .help = "overwrite a tarka.toml that is there", .set = assign<&Request::force>},
@@ -196,9 +198,14 @@ constexpr Option table[] = {
      .set = assign<&Request::jobs>},
     {.name = "time-limit", .type = OptionType::Seconds, .commands = check, .value = "SECONDS",
      .help = "stop analysing a program after this time", .set = assign<&Request::timeLimit>},
-    {.name = "memory-limit", .type = OptionType::Number, .commands = check, .value = "MIB",
+    {.name = "memory-limit", .type = OptionType::Number, .commands = check | setOf(Command::Lsp), .value = "MIB",
      .min = 1, .max = 1u << 20, .help = "stop analysing a program that needs more memory",
      .set = assign<&Request::memoryLimit>},
+
+    // The language server.
+    {.name = "stdio", .isConfigurable = false, .isHidden = true, .commands = setOf(Command::Lsp),
+     .help = "use standard input and output, as it always does",
+     .set = [](Request &, const OptionValue &) { return std::string(); }},
 
     // What the other commands print.
     {.name = "format", .type = OptionType::Choice, .commands = setOf(Command::Cfg),
@@ -240,18 +247,18 @@ constexpr Option table[] = {
 
     // The report.
     {.name = "", .letter = 'W', .type = OptionType::Text, .isList = true,
-     .scope = OptionScope::File, .isConfigurable = false, .commands = readers,
+     .scope = OptionScope::File, .isConfigurable = false, .commands = analysers,
      .value = "no-NUMBERS|error=NUMBERS", .group = reportGroup,
      .help = "turn diagnostics off, or into errors", .set = addWarningOption},
     {.name = "off", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
-     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .commands = analysers, .value = "NUMBERS", .group = reportGroup,
      .help = "do not report these: numbers, ranges, groups, with commas between them",
      .set = addRules<Selection::Action::Off>},
     {.name = "warn", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
-     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .commands = analysers, .value = "NUMBERS", .group = reportGroup,
      .help = "report these as warnings", .set = addRules<Selection::Action::Warn>},
     {.name = "error", .type = OptionType::Text, .isList = true, .scope = OptionScope::File,
-     .commands = readers, .value = "NUMBERS", .group = reportGroup,
+     .commands = analysers, .value = "NUMBERS", .group = reportGroup,
      .help = "report these as errors", .set = addRules<Selection::Action::Error>},
     {.name = "color", .type = OptionType::Choice, .commands = readers, .choices = colorChoices,
      .fallback = "\"auto\"", .group = reportGroup, .help = "color the report (auto: on a terminal)",
@@ -309,32 +316,32 @@ constexpr Option table[] = {
      .set = assign<&Request::depfileTargets>},
 
     // How it is compiled.
-    {.name = "check-file-id", .scope = OptionScope::File, .commands = readers,
+    {.name = "check-file-id", .scope = OptionScope::File, .commands = analysers,
      .group = compileGroup, .help = "PROGRAM-ID must be the name of the file",
      .set = assign<&Request::compile, &CompileSettings::checkFileID>},
-    {.name = "dateproc", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "dateproc", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "honour DATE FORMAT clauses",
      .set = assign<&Request::compile, &CompileSettings::dateproc>},
-    {.name = "debug", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "debug", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "debugging mode", .set = assign<&Request::compile, &CompileSettings::debug>},
-    {.name = "dual", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "dual", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "mark dual variables", .set = assign<&Request::compile, &CompileSettings::dual>},
-    {.name = "init", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "init", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "items without VALUE are initialised",
      .set = assign<&Request::compile, &CompileSettings::init>},
-    {.name = "enable-cbltdli", .scope = OptionScope::File, .commands = readers,
+    {.name = "enable-cbltdli", .scope = OptionScope::File, .commands = analysers,
      .group = compileGroup, .help = "calls of CBLTDLI are DL/I calls",
      .set = assign<&Request::compile, &CompileSettings::enableCbltdli>},
-    {.name = "enable-aertdli", .scope = OptionScope::File, .commands = readers,
+    {.name = "enable-aertdli", .scope = OptionScope::File, .commands = analysers,
      .group = compileGroup, .help = "calls of AERTDLI are DL/I calls",
      .set = assign<&Request::compile, &CompileSettings::enableAertdli>},
-    {.name = "enable-rw", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "enable-rw", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "the report writer's registers and identifiers",
      .set = assign<&Request::compile, &CompileSettings::enableRw>},
-    {.name = "enable-osvs", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "enable-osvs", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "the words and statements of OS/VS COBOL",
      .set = assign<&Request::parse, &ParseOptions::osvs>},
-    {.name = "enterprise", .scope = OptionScope::File, .commands = readers, .group = compileGroup,
+    {.name = "enterprise", .scope = OptionScope::File, .commands = analysers, .group = compileGroup,
      .help = "follow Enterprise COBOL where the checks are stricter; tarka explain enterprise",
      .set = assign<&Request::compile, &CompileSettings::enterprise>},
 };
@@ -350,6 +357,7 @@ constexpr CommandInfo commandTable[] = {
     {Command::Init, "init", "write a tarka.toml after a look at the sources"},
     {Command::Config, "config", "print what holds for each FILE, and where it comes from"},
     {Command::Explain, "explain", "explain the diagnostic NUMBER with a program that causes it"},
+    {Command::Lsp, "lsp", "serve an editor: the Language Server Protocol over standard input"},
     {Command::Generate, "generate", "print a shell completion, or write the man pages"},
 };
 // clang-format on

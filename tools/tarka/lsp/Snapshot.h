@@ -1,0 +1,101 @@
+//===- Snapshot.h - one version of a program, and what is known -*- C++ -*-===//
+//
+// Lives in a process of its own: the program is analysed once, with the texts of
+// the editor in the place of those of the files, and then the features of the
+// language server are questions to it.
+//
+//===----------------------------------------------------------------------===//
+
+#ifndef TARKA_TOOLS_LSP_SNAPSHOT_H
+#define TARKA_TOOLS_LSP_SNAPSHOT_H
+
+#include "Compilation.h"
+#include "lsp/Positions.h"
+#include "mlir/Tools/lsp-server-support/Protocol.h"
+#include "llvm/ADT/StringMap.h"
+#include "llvm/Support/JSON.h"
+#include <memory>
+#include <optional>
+#include <string>
+
+namespace tarka::lsp {
+
+/// The texts that the editor has open, by absolute path.
+using OpenTexts = llvm::StringMap<const std::string *>;
+
+/// What a snapshot is made of.
+struct SnapshotInput {
+  /// What the command line of the server says.
+  const Request &commandLine;
+  /// The absolute path of the program.
+  std::string program;
+  const OpenTexts &texts;
+  PositionEncoding encoding = PositionEncoding::Utf16;
+};
+
+/// A place in a source file as the front end counts it.
+struct SourcePoint {
+  unsigned file = 0;
+  unsigned line = 0;
+  unsigned column = 0;
+};
+
+class Snapshot {
+public:
+  explicit Snapshot(const SnapshotInput &input);
+
+  /// Analyses the program. Gives the message to the server:
+  /// - "diagnostics": by URI of each file that has any, what to publish for it
+  /// - "files": the absolute paths of the copybooks that were read
+  /// - "isIncomplete": a copybook is missing
+  /// - "failure": why there is no analysis, where there is none
+  llvm::json::Object analyse();
+
+  /// The absolute path of the program.
+  const std::string &getPath() const { return path; }
+  const Request &getRequest() const { return request; }
+  PositionEncoding getEncoding() const { return encoding; }
+  /// Null when the file could not be read.
+  Program *getProgram() const { return compilation ? compilation->getProgram() : nullptr; }
+  Compilation &getCompilation() { return *compilation; }
+  /// What tarka check reports of the program.
+  llvm::ArrayRef<Diagnostic> getDiagnostics() const { return report.diagnostics; }
+
+  // Places.
+
+  /// The absolute path of file number \p file; empty for one that is not in the file system.
+  const std::string &pathOf(unsigned file);
+  /// The URI of that file; empty for one that is not in the file system.
+  std::string uriOf(unsigned file);
+  /// The number of the file of the absolute path \p name; none when it is not in the program.
+  std::optional<unsigned> fileOf(llvm::StringRef name);
+  mlir::lsp::Range rangeOf(const SourceRange &place);
+  /// A Location of the protocol; none for a place in a text that is not in the file system.
+  std::optional<llvm::json::Object> locationOf(const SourceRange &place);
+  /// The place that a request of a document and a position asks about.
+  std::optional<SourcePoint> pointOf(const llvm::json::Object &parameters);
+  std::optional<SourcePoint> pointOf(unsigned file, const llvm::json::Object &position);
+  /// The file that a request of a document asks about.
+  std::optional<unsigned> fileOf(const llvm::json::Object &parameters);
+  /// Line \p number of a file, from 1, as UTF-8.
+  llvm::StringRef lineOf(unsigned file, unsigned number);
+
+private:
+  mlir::lsp::Position positionOf(unsigned file, unsigned line, unsigned column);
+
+  const SnapshotInput &given;
+  std::string path;
+  PositionEncoding encoding;
+  Request request;
+  FileReport report;
+  std::unique_ptr<Compilation> compilation;
+  std::vector<std::string> paths;
+};
+
+/// Makes the snapshot and answers the questions that come over \p channel, until its other end is
+/// closed. Gives the exit status of the process.
+int runSnapshot(const SnapshotInput &input, int channel);
+
+} // namespace tarka::lsp
+
+#endif // TARKA_TOOLS_LSP_SNAPSHOT_H
