@@ -106,9 +106,14 @@ inline int faultOf(int number) {
   case 3159: // a number that is not an unsigned integer
   case 3160:
     return 3159;
+  case 3435: // an operand of PERFORM that is not an elementary number
+  case 3437:
+    return 3435;
   default:
     break;
   }
+  if (isAboutProcedure(number))
+    return 3401;
   if (3207 <= number && number <= 3211) // BLANK WHEN ZERO
     return 3207;
   if (isAboutSign(number))

@@ -288,12 +288,10 @@ std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const
     const SourceRange &copy = diagnostics[index].place;
     if (places.isInProcedures(copy) != isAboutProcedure(diagnostic.number))
       continue;
-    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent()) {
-      const SourceRange &whole = unit->getRange();
-      if (copy.file != whole.file ||
-          (whole.beginLine <= copy.beginLine && copy.beginLine <= whole.endLine))
+    // Of a copybook within another one it is not known what copies it.
+    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
+      if (copy.file != unit->getRange().file || places.isInUnit(copy, *unit))
         return index;
-    }
   }
   return noDiagnostic;
 }

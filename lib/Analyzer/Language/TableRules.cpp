@@ -7,8 +7,11 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/DataDivision.h"
+#include "AST/DataTree.h"
 #include "AST/ExpressionVisitor.h"
 #include "AST/Operands.h"
+#include "AST/ReportClauses.h"
+#include "AST/ReportDescription.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/STLExtras.h"
@@ -144,6 +147,8 @@ enum class OperandPlace {
   FunctionArgument,
   /// The operand of LENGTH OF, ADDRESS OF and FUNCTION LENGTH, which may be a table as a whole.
   WholeTable,
+  /// What an entry of a report shows, whose lines can supply subscripts that are not written.
+  ReportEntry,
 };
 
 /// Checks the operands of one statement with everything that they are made of.
@@ -279,6 +284,8 @@ private:
     const std::size_t given = modifier ? modifier->getSubscriptSize() : 0;
     if (given == 0 && where == OperandPlace::WholeTable)
       return true;
+    if (given != tables.size() && where == OperandPlace::ReportEntry)
+      return false;
     if (given != tables.size()) {
       report.report(LanguageRule::SubscriptCount, identifier, nameOf(identifier),
                     countOf(static_cast<std::int64_t>(tables.size()), "subscript"),
@@ -369,6 +376,25 @@ void checkVariableTables(DataDivision &division, LanguageReport &report) {
     report.report(LanguageRule::ConditionNameAsValue, *object, nameOf(*object),
                   entry->getCondNameParent()->getDataName()->getDisplayName());
   }
+}
+
+void checkReportEntries(DataDivision &division, LanguageReport &report) {
+  TableCheck check(report);
+  auto checkEntry = [&](const DataDescription *entry) {
+    const auto *item = llvm::dyn_cast<ReportDataDescription>(entry);
+    if (!item)
+      return;
+    if (const ClauseSource *source = item->getSourceClause())
+      for (const SourceClauseExpr *shown : source->getSourceExprListElements())
+        check.check(shown->getExpr(), OperandPlace::ReportEntry);
+    if (const ClauseSum *sum = item->getSumClause())
+      for (const SumClauseExpr *added : sum->getSumExprListElements())
+        for (Expression *name : added->getNameListElements())
+          check.check(name, OperandPlace::ReportEntry);
+  };
+  for (const ReportDescription *one : division.getReportSectionElements())
+    for (ReportDataDescription *group : one->getRecordListElements())
+      forEachEntry(static_cast<DataDescription *>(group), checkEntry);
 }
 
 void checkOperands(Statement &statement, LanguageReport &report) {
