@@ -6,7 +6,7 @@ JOBS ?= $(shell nproc)
 .DEFAULT_GOAL := build
 # Each build already uses all processors.
 .NOTPARALLEL:
-.PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install package lint format clean
+.PHONY: help setup build sanitize demo test fuzz-smoke fuzz bench docs install package vscode test-vscode lint format clean
 
 # How many seconds `make fuzz` runs, and the fuzzers that it runs.
 FUZZ_TIME ?= 3600
@@ -22,6 +22,8 @@ help:
 	@echo "make docs      regenerate docs/diagnostics.md and the options in docs/commands/"
 	@echo "make install   install below PREFIX (default /usr/local)"
 	@echo "make package   build a Debian package (build/release/tarka_*.deb)"
+	@echo "make vscode    build the extension for VS Code (editors/vscode/tarka-cobol.vsix)"
+	@echo "make test-vscode  run VS Code in a browser with the extension, and look at the page"
 	@echo "make lint      clang-format and clang-tidy over all sources"
 	@echo "make format    format all sources"
 	@echo "make clean     remove the build directories"
@@ -75,6 +77,16 @@ install: build
 package: build
 	@cd build/release && rm -f tarka_*.deb && cpack -G DEB >cpack.log || { cat cpack.log; exit 1; }
 	@ls -1 build/release/tarka_*.deb
+
+vscode: setup
+	@cd editors/vscode && npm ci --no-audit --no-fund && npm run check && npm run build && npm run package
+
+# Pictures of what was seen are in build/vscode.
+test-vscode: build vscode
+	@command -v chromium >/dev/null || scripts/setup.sh chromium
+	@editors/vscode/test/setup.sh
+	@mkdir -p build/vscode
+	@node editors/vscode/test/run.mjs build/release/tools/tarka/tarka editors/vscode/tarka-cobol.vsix build/vscode
 
 lint: setup
 	@scripts/format.sh

@@ -1,5 +1,6 @@
 #!/bin/sh
-# Installs the Debian packages of packages.txt that are missing. Quick when none is.
+# usage: setup.sh [PACKAGE...]
+# Installs the Debian packages given, or those of packages.txt, that are missing. Quick when none is.
 set -eu
 cd "$(dirname "$0")/.."
 
@@ -7,6 +8,7 @@ cd "$(dirname "$0")/.."
 packages=$(sed -e 's/#.*//' packages.txt | while read -r package command; do
   [ -n "$command" ] && command -v "$command" >/dev/null || echo "$package"
 done)
+[ $# -eq 0 ] || packages=$*
 
 if ! command -v dpkg-query >/dev/null; then
   echo "setup: this is not a Debian system. Tarka needs what these Debian packages contain:" >&2

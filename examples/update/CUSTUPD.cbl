@@ -172,8 +172,8 @@
                            PERFORM 6000-REJECT
                        NOT ON SIZE ERROR
                            ADD TRAN-AMOUNT TO WS-CUSTOMER-TOTAL
-                                              WS-REGION-TOTAL
-                                              WS-GRAND-TOTAL
+                               WS-REGION-TOTAL WS-GRAND-TOTAL
+                           END-ADD
                    END-ADD
                    IF NEW-BALANCE > NEW-CREDIT-LIMIT
                        SET NEW-ON-HOLD TO TRUE

@@ -70,7 +70,9 @@ struct CicsCommandInfo {
 };
 
 /// The command with the verb \p verb of which all further words are in \p options, all in upper
-/// case. Of several it is the one with most words. Null when there is none.
+/// case and in the order written. Of several it is the one with most words, of those the one whose
+/// words come first: CLOSE is an option of WEB CONVERSE, and a command in WEB CLOSE. Null when
+/// there is none.
 const CicsCommandInfo *findCicsCommand(llvm::StringRef verb,
                                        llvm::ArrayRef<llvm::StringRef> options);
 
@@ -84,6 +86,9 @@ llvm::StringRef nearestCicsVerb(llvm::StringRef verb);
 std::optional<unsigned> cicsCondition(llvm::StringRef name);
 /// The number that \p name stands for in DFHVALUE(name); none for a name that is not known.
 std::optional<unsigned> cicsState(llvm::StringRef name);
+/// Whether \p command can raise the condition \p condition, in upper case. True where that is not
+/// certain.
+bool mayRaise(const CicsCommandInfo &command, llvm::StringRef condition);
 /// The name of a condition that \p name was most likely meant to be; empty when none is near.
 llvm::StringRef nearestCicsCondition(llvm::StringRef name);
 

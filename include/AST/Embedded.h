@@ -14,10 +14,13 @@
 #include "AST/Expression.h"
 #include "AST/Kinds.h"
 #include "AST/Names.h"
+#include <array>
 
 namespace tarka {
 
 struct CicsCommandInfo;
+class Paragraph;
+class Section;
 
 /// One operand of a command: an option with or without an argument, a host variable, a name.
 class EmbeddedOperand : public Node {
@@ -27,7 +30,7 @@ public:
       : Node(where), name(operandName), role(does) {}
 
   /// The option of CICS or DL/I, or what the operand is in SQL: "INTO", "INDICATOR", "CURSOR",
-  /// "STATEMENT", or the empty text for a host variable that is a value.
+  /// "STATEMENT", "DESCRIPTOR", or the empty text for a host variable that is a value.
   const std::string &getName() const { return *name; }
 
   TARKA_FIELD(EmbeddedRole, role, Role)
@@ -37,6 +40,10 @@ public:
   /// A name that is no data item: a procedure-name for a label, a cursor, a statement name. Null
   /// where there is none.
   TARKA_FIELD(Word *, word, Word)
+  /// Of a label, the section or the paragraph that the checks have found for it; at most one of
+  /// them is set.
+  TARKA_FIELD(Section *, section, Section)
+  TARKA_FIELD(Paragraph *, paragraph, Paragraph)
   /// The option is written with parentheses, whatever stands in them.
   TARKA_FLAG(argument, WithArgument)
 
@@ -50,6 +57,8 @@ private:
   const std::string *name;
   Expression *value = nullptr;
   Word *word = nullptr;
+  Section *section = nullptr;
+  Paragraph *paragraph = nullptr;
   EmbeddedRole role;
   bool argument = false;
 };
@@ -139,8 +148,17 @@ public:
   TARKA_FIELD(unsigned, columnCount, ColumnCount)
   /// WHENEVER: what it is about; of the others None.
   TARKA_FIELD(WheneverCondition, whenever, Whenever)
-  /// WHENEVER ... GO TO: the procedure-name; null for CONTINUE and for other statements.
-  TARKA_FIELD(Word *, label, Label)
+  /// WHENEVER ... GO TO: the operand that holds the procedure-name; null for CONTINUE and for other
+  /// statements.
+  EmbeddedOperand *getLabel() const { return find("LABEL"); }
+  /// The WHENEVER that holds for \p condition at this statement: the last one before it in the
+  /// text. Null where there is none.
+  SqlCommand *getWheneverFor(WheneverCondition condition) const {
+    return inForce[static_cast<std::size_t>(condition)];
+  }
+  void setWheneverFor(WheneverCondition condition, SqlCommand *statement) {
+    inForce[static_cast<std::size_t>(condition)] = statement;
+  }
   /// The tables and views that the statement names.
   TARKA_LIST_ADD(SqlTableUse, tables, Table, Table)
 
@@ -150,7 +168,7 @@ private:
   LazyList<SqlTableUse> tables;
   Word *cursor = nullptr;
   Word *statementName = nullptr;
-  Word *label = nullptr;
+  std::array<SqlCommand *, 4> inForce{}; ///< by WheneverCondition
   unsigned columnCount = 0;
   SqlKind kind;
   WheneverCondition whenever = WheneverCondition::None;

@@ -57,11 +57,6 @@ struct Access {
 /// entered USE procedure does is not included.
 void forEachAccess(const FlowNode &node, llvm::function_ref<void(const Access &)> visit);
 
-/// Calls \p visit for the names of items in an EXEC block, in upper case, with what the block does
-/// to them. A name may be none of an item; a name of SQL stands without its colon.
-void forEachHostName(const ExecStatement &exec,
-                     llvm::function_ref<void(llvm::StringRef, OperandRole)> visit);
-
 /// The bytes of an entry within its area, every occurrence included. Of a condition-name those of
 /// its conditional variable.
 ByteSet bytesOf(const DataDescription &entry);

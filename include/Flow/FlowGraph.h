@@ -17,6 +17,7 @@
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/GraphTraits.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringMap.h"
 #include <cstdint>
 #include <memory>
 #include <vector>
@@ -31,6 +32,8 @@ class CFGBlock;
 class CFGEntry;
 class CFGFunc;
 class CFGModule;
+class DataDescription;
+class ExecStatement;
 class FlowGraph;
 class FlowModule;
 class Paragraph;
@@ -51,9 +54,16 @@ enum class FlowEdgeKind : std::uint8_t {
 #include "Flow/FlowKinds.def"
 };
 
+/// How a program or transaction is named, see FlowKinds.def.
+enum class FlowCallKind : std::uint8_t {
+#define FLOW_CALL(Enumerator, Name) Enumerator,
+#include "Flow/FlowKinds.def"
+};
+
 /// The name of a kind in all printed forms, such as "loop end".
 llvm::StringRef flowNodeKindName(FlowNodeKind kind);
 llvm::StringRef flowEdgeKindName(FlowEdgeKind kind);
+llvm::StringRef flowCallKindName(FlowCallKind kind);
 
 /// Stands for no node, no procedure or no range where a number is expected.
 inline constexpr std::uint32_t noFlow = ~0u;
@@ -88,7 +98,8 @@ public:
   bool isWritten() const;
   /// Its place in the source; all zero where nothing was written.
   SourceRange getRange() const;
-  /// What was written, such as "IF" or "WHEN"; the name of a procedure; otherwise the kind's name.
+  /// What was written, such as "IF", "WHEN" or "EXEC SQL FETCH"; the name of a procedure; otherwise
+  /// the kind's name.
   llvm::StringRef getVerb() const;
   /// The class of the statement, such as "IfStatement"; empty without one.
   llvm::StringRef getClassName() const;
@@ -161,14 +172,26 @@ struct FlowPerform {
   FlowEdgeKind kind = FlowEdgeKind::Perform;
 };
 
-/// A CALL of a program by name, or by what an identifier holds.
+/// A CALL of a program by name, or by what an identifier holds; also LINK and XCTL, and START and
+/// RETURN with the name of a transaction.
 struct FlowCall {
   std::uint32_t node = noFlow;
+  FlowCallKind kind = FlowCallKind::Call;
   /// The program, when it belongs to the compilation and can be called from there; otherwise null.
   FlowGraph *target = nullptr;
   /// The name of the literal; of a dynamic call the name of the identifier.
   llvm::StringRef name;
   bool isDynamic = false;
+  /// Of a dynamic call, the item that is named; null where the name is not bound.
+  DataDescription *item = nullptr;
+  /// Of a dynamic call, what the item holds: its VALUE, where no statement changes it. Otherwise
+  /// empty.
+  llvm::StringRef value;
+
+  /// Whether a transaction is named, not a program.
+  bool isOfTransaction() const {
+    return kind == FlowCallKind::Start || kind == FlowCallKind::Return;
+  }
 };
 
 /// The flow graph of one function: a source unit, or the report declaratives of one.
@@ -233,6 +256,8 @@ public:
   /// In the order of the text.
   llvm::ArrayRef<FlowPerform> performs() const { return performList; }
   llvm::ArrayRef<FlowCall> calls() const { return callList; }
+  /// The DECLARE CURSOR of the cursor \p name, in upper case and without quotes; null without one.
+  const ExecStatement *findCursor(llvm::StringRef name) const { return cursors.lookup(name); }
 
 private:
   friend class FlowBuilder;
@@ -250,6 +275,7 @@ private:
   std::vector<FlowRange> rangeList;
   std::vector<FlowPerform> performList;
   std::vector<FlowCall> callList;
+  llvm::StringMap<const ExecStatement *> cursors;
 };
 
 /// Makes the flow graphs of a checked program, in time proportional to its size. \p module must

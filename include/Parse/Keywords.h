@@ -72,10 +72,10 @@ struct WordLookup {
   Keyword keyword;
 };
 
-/// The words of a compilation. Words that differ only in case are one.
+/// The words that a compilation has met. Words that differ only in case are one.
 class WordTable {
 public:
-  /// A table that holds the keywords; those of OS/VS COBOL only when \p osvs.
+  /// A table in which words are keywords, those of OS/VS COBOL only when \p osvs.
   explicit WordTable(bool osvs);
   ~WordTable();
   WordTable(const WordTable &) = delete;
@@ -96,13 +96,14 @@ private:
     char text[shortText];
   };
 
-  Slot &enter(llvm::StringRef spelling, Keyword keyword);
+  Slot &enter(llvm::StringRef spelling, uint32_t hash);
   Slot &freeSlot(uint32_t hash);
   void grow();
 
   std::unique_ptr<Slot[]> slots;
   uint32_t mask;
   uint32_t used = 0;
+  bool hasOsvsWords;
 };
 
 } // namespace tarka

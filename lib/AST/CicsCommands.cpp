@@ -130,11 +130,18 @@ const CicsCommandInfo *findCicsCommand(llvm::StringRef verb,
   if (found == table().byVerb.end())
     return nullptr;
   const CicsCommandInfo *best = nullptr;
-  for (const CicsCommandInfo *command : found->second)
-    if ((!best || command->words.size() > best->words.size()) &&
-        llvm::all_of(llvm::drop_begin(command->words),
-                     [&](llvm::StringRef word) { return llvm::is_contained(options, word); }))
+  std::pair<int, std::size_t> bestRank; // the number of words, negative; the place of the last one
+  for (const CicsCommandInfo *command : found->second) {
+    std::size_t last = 0;
+    for (llvm::StringRef word : llvm::drop_begin(command->words))
+      last = std::max(last, static_cast<std::size_t>(llvm::find(options, word) - options.begin()));
+    const std::pair rank(-static_cast<int>(command->words.size()), last);
+    const bool hasAllWords = command->words.size() == 1 || last < options.size();
+    if (hasAllWords && (!best || rank < bestRank)) {
       best = command;
+      bestRank = rank;
+    }
+  }
   return best;
 }
 
@@ -165,6 +172,17 @@ constexpr Constant conditions[] = {
 #define CICS_CONDITION(Name, Number) {Name, Number},
 #include "AST/CicsConstants.def"
 };
+
+/// The verbs of the commands that raise a condition, for those that few commands raise.
+const llvm::StringMap<llvm::SmallVector<llvm::StringRef, 4>> &conditionSources() {
+  static const auto sources = [] {
+    llvm::StringMap<llvm::SmallVector<llvm::StringRef, 4>> made;
+#define CICS_RAISED_BY(Condition, Verbs) llvm::StringRef(Verbs).split(made[Condition], ' ');
+#include "AST/CicsConstants.def"
+    return made;
+  }();
+  return sources;
+}
 
 /// Above all numbers of CICS.
 constexpr unsigned firstOtherState = 100'000;
@@ -197,6 +215,12 @@ std::optional<unsigned> cicsState(llvm::StringRef name) {
   if (found == states().end())
     return std::nullopt;
   return found->second;
+}
+
+bool mayRaise(const CicsCommandInfo &command, llvm::StringRef condition) {
+  auto source = conditionSources().find(condition);
+  return source == conditionSources().end() ||
+         llvm::is_contained(source->second, command.words.front());
 }
 
 llvm::StringRef nearestCicsCondition(llvm::StringRef name) {

@@ -11,6 +11,7 @@
 #include "AST/ClausePicture.h"
 #include "AST/Expression.h"
 #include "AST/PictureFault.h"
+#include "PictureCache.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/PointerIntPair.h"
 #include "llvm/ADT/STLExtras.h"
@@ -522,12 +523,19 @@ PictureInfo Decoder::decode() {
   return info;
 }
 
-/// The decoded form of \p text, which is interned. Pictures repeat a lot, so each one is decoded
-/// once for each meaning of the comma.
+/// The decoded pictures by their interned text and the meaning of the comma. Pictures repeat a lot,
+/// so each one is decoded once.
+using PictureCache =
+    llvm::DenseMap<llvm::PointerIntPair<const std::string *, 1, bool>, const PictureInfo *>;
+
+PictureCache &pictureCache() {
+  static auto *cache = new PictureCache;
+  return *cache;
+}
+
+/// The decoded form of \p text, which is interned.
 const PictureInfo *lookUp(const std::string *text, bool decimalPointIsComma) {
-  using Key = llvm::PointerIntPair<const std::string *, 1, bool>;
-  static auto *known = new llvm::DenseMap<Key, const PictureInfo *>;
-  const PictureInfo *&info = (*known)[Key(text, decimalPointIsComma)];
+  const PictureInfo *&info = pictureCache()[{text, decimalPointIsComma}];
   if (!info)
     info = new (allocateForever(sizeof(PictureInfo), alignof(PictureInfo)))
         PictureInfo(Decoder(*text, decimalPointIsComma).decode());
@@ -556,6 +564,10 @@ std::string writeOut(StringRef text) {
 }
 
 } // namespace
+
+void clearPictureCache() {
+  pictureCache().clear();
+}
 
 //===----------------------------------------------------------------------===//
 // The clause

@@ -1,10 +1,15 @@
 //===- Node.cpp - arena, interned texts and file names --------------------===//
 
 #include "AST/Node.h"
+#include "AST/Storage.h"
+#include "PictureCache.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/StringMap.h"
-#include "llvm/Support/Allocator.h"
+#include "llvm/Support/Alignment.h"
+#include "llvm/Support/Compiler.h"
+#include "llvm/Support/ErrorHandling.h"
 #include "llvm/Support/xxhash.h"
+#include <algorithm>
 #include <cstdlib>
 #include <sys/mman.h>
 #include <vector>
@@ -13,26 +18,71 @@ namespace tarka {
 
 namespace {
 
-/// Slabs of the arena. The tree of a large program is visited in no order of addresses, and with
-/// ordinary pages much of the time would go into finding them: large slabs ask for huge ones.
-class SlabAllocator : public llvm::AllocatorBase<SlabAllocator> {
+/// Memory that is given out by advancing a pointer, and taken back all at once.
+class Arena {
 public:
-  using AllocatorBase::Allocate;
-  using AllocatorBase::Deallocate;
-  void *Allocate(std::size_t size, std::size_t alignment) {
+  void *allocate(std::size_t size, std::size_t alignment) {
+    char *place = reinterpret_cast<char *>(llvm::alignAddr(next, llvm::Align(alignment)));
+    if (static_cast<std::ptrdiff_t>(size) > end - place)
+      return allocateInNextSlab(size, alignment);
+    next = place + size;
+    __asan_unpoison_memory_region(place, size);
+    return place;
+  }
+
+  /// Takes back everything, and keeps the slabs for what comes next.
+  void rewind() {
+    for ([[maybe_unused]] const Slab &slab : slabs)
+      __asan_poison_memory_region(slab.begin, slab.size);
+    used = 0;
+    next = end = nullptr;
+  }
+
+private:
+  struct Slab {
+    char *begin;
+    std::size_t size;
+  };
+
+  void *allocateInNextSlab(std::size_t size, std::size_t alignment) {
+    // A slab that is left over may be too small for one very large node.
+    while (used < slabs.size() && slabs[used].size < size + alignment)
+      ++used;
+    if (used == slabs.size())
+      addSlab(size + alignment);
+    next = slabs[used].begin;
+    end = next + slabs[used].size;
+    ++used;
+    return allocate(size, alignment);
+  }
+
+  /// Each slab is as large as all before it: a small program asks for little, a large one rarely.
+  /// The tree of a large program is visited in no order of addresses, and with ordinary pages much
+  /// of the time would go into finding them: large slabs ask for huge ones.
+  void addSlab(std::size_t least) {
+    constexpr std::size_t smallest = std::size_t(1) << 18;
     constexpr std::size_t hugePage = std::size_t(1) << 21;
-    if (size % hugePage != 0)
-      return llvm::allocate_buffer(size, alignment);
-    void *slab = std::aligned_alloc(hugePage, size);
+    std::size_t size = std::max(total, smallest);
+    while (size < least)
+      size *= 2;
+    auto *slab = static_cast<char *>(size % hugePage == 0 ? std::aligned_alloc(hugePage, size)
+                                                          : std::malloc(size));
     if (!slab)
       llvm::report_bad_alloc_error("no memory for the tree");
     // Only a hint: where it is not honoured, the slab has ordinary pages.
-    madvise(slab, size, MADV_HUGEPAGE);
-    return slab;
+    if (size % hugePage == 0)
+      madvise(slab, size, MADV_HUGEPAGE);
+    __asan_poison_memory_region(slab, size);
+    slabs.push_back({slab, size});
+    total += size;
   }
-  void Deallocate(const void *slab, std::size_t, std::size_t) {
-    std::free(const_cast<void *>(slab));
-  }
+
+  char *next = nullptr;
+  char *end = nullptr;
+  std::vector<Slab> slabs;
+  /// The slabs before this one are in use.
+  std::size_t used = 0;
+  std::size_t total = 0;
 };
 
 /// An interned text and its hash, which avoids reading the texts of a table with millions of them.
@@ -69,11 +119,11 @@ struct InternedTextInfo {
 /// The state that all trees of the process share. It is never destroyed, so that nodes stay valid
 /// to the very end.
 struct SharedStorage {
-  // Each slab is as large as all before it: a small program asks for little, a large one rarely.
-  llvm::BumpPtrAllocatorImpl<SlabAllocator, 1 << 18, 1 << 18, 1> arena;
+  Arena arena;
   llvm::DenseSet<InternedText, InternedTextInfo> strings;
   llvm::StringMap<unsigned> fileNumbers;
   std::vector<const std::string *> fileNames;
+  std::vector<std::shared_ptr<const void>> kept;
 };
 
 SharedStorage &storage() {
@@ -84,7 +134,7 @@ SharedStorage &storage() {
 } // namespace
 
 void *allocateForever(std::size_t size, std::size_t alignment) {
-  return storage().arena.Allocate(size, llvm::Align(alignment));
+  return storage().arena.allocate(size, alignment);
 }
 
 const std::string &internString(llvm::StringRef text) {
@@ -96,6 +146,20 @@ const std::string &internString(llvm::StringRef text) {
   auto *interned = new (allocateForever(sizeof(std::string))) std::string(text);
   strings.insert_as({interned, wanted.hash}, wanted);
   return *interned;
+}
+
+void releaseStorage() {
+  SharedStorage &shared = storage();
+  shared.strings.clear();
+  shared.fileNumbers.clear();
+  shared.fileNames.clear();
+  shared.kept.clear();
+  clearPictureCache();
+  shared.arena.rewind();
+}
+
+void keepUntilRelease(std::shared_ptr<const void> object) {
+  storage().kept.push_back(std::move(object));
 }
 
 unsigned internFileName(llvm::StringRef name) {

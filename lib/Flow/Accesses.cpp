@@ -7,6 +7,7 @@
 //===----------------------------------------------------------------------===//
 
 #include "Flow/Accesses.h"
+#include "AST/Embedded.h"
 #include "AST/ExpressionVisitor.h"
 #include "AST/Program.h"
 #include "AST/ReportDescription.h"
@@ -15,6 +16,7 @@
 #include "AST/StorageLayout.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallPtrSet.h"
+#include "llvm/ADT/StringExtras.h"
 #include <optional>
 
 namespace tarka {
@@ -568,7 +570,19 @@ public:
     specialRegister("XML-CODE", OperandRole::Write);
   }
   void visitExecStatement(ExecStatement &s) {
-    forEachHostName(s, [&](llvm::StringRef name, OperandRole role) { named(name, role); });
+    EmbeddedCommand *command = s.getCommand();
+    if (!command)
+      return foreignText(s.getText());
+    if (auto *sql = llvm::dyn_cast<SqlCommand>(command))
+      return sqlStatement(*sql);
+    for (EmbeddedOperand *operand : command->getOperandElements())
+      hostItem(*operand);
+    if (auto *cics = llvm::dyn_cast<CicsCommand>(command)) {
+      mapAreas(*cics);
+      named("DFHEIBLK", OperandRole::MayWrite);
+    } else {
+      named("DLZDIB", OperandRole::MayWrite);
+    }
   }
   void visitRwGenerateStatement(RwGenerateStatement &s) {
     if (auto *name = llvm::dyn_cast_or_null<ReportIdentifierExpression>(s.getFileName());
@@ -586,6 +600,67 @@ public:
   }
 
 private:
+  /// The items of an operand of an EXEC block. What a command gives is not given when it fails, but
+  /// for its response.
+  void hostItem(EmbeddedOperand &operand) {
+    Expression *value = operand.getValue();
+    if (!value || (!operand.isRead() && !operand.isWritten()))
+      return;
+    OperandRole role = OperandRole::Read;
+    if (operand.getRole() == EmbeddedRole::ReadWritten)
+      role = OperandRole::MayUpdate;
+    else if (operand.isWritten())
+      role = operand.getName() == "RESP" || operand.getName() == "RESP2" ? OperandRole::Write
+                                                                         : OperandRole::MayWrite;
+    const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(value);
+    if (operand.isWritten() && special && special->getType() == SpecialRegisterType::AddressOf)
+      role = OperandRole::SetAddress;
+    items.add(value, role);
+  }
+
+  /// SEND MAP and RECEIVE MAP work on the areas that bear the name of the map, unless the command
+  /// names another one.
+  void mapAreas(const CicsCommand &command) {
+    const bool isReceived = command.getName() == "RECEIVE MAP";
+    if ((!isReceived && command.getName() != "SEND MAP") || command.has("FROM") ||
+        command.has("INTO") || command.has("SET") || command.has("MAPONLY"))
+      return;
+    const EmbeddedOperand *map = command.find("MAP");
+    if (const auto *literal =
+            llvm::dyn_cast_or_null<NonNumericLiteralExpression>(map ? map->getValue() : nullptr))
+      named(llvm::StringRef(literal->getData()).trim().upper() + (isReceived ? "I" : "O"),
+            isReceived ? OperandRole::MayWrite : OperandRole::Read);
+  }
+
+  /// A declaration does nothing. The items in the query of a cursor are read when it is opened.
+  void sqlStatement(SqlCommand &command) {
+    if (!command.isExecutable())
+      return;
+    for (EmbeddedOperand *operand : command.getOperandElements())
+      hostItem(*operand);
+    if (command.getKind() == SqlKind::Open && command.getCursor()) {
+      const ExecStatement *declaration = node.getParent()->getModule().findCursor(
+          withoutQuotes(command.getCursor()->getWordData()));
+      if (declaration)
+        for (EmbeddedOperand *operand : declaration->getCommand()->getOperandElements())
+          hostItem(*operand);
+    }
+    if (!named("SQLCA", OperandRole::Write)) {
+      named("SQLCODE", OperandRole::Write);
+      named("SQLSTATE", OperandRole::Write);
+    }
+  }
+
+  /// A block in a language that is not understood may do anything to the items that it names.
+  void foreignText(llvm::StringRef text) {
+    auto isWordCharacter = [](char c) { return llvm::isAlnum(c) || c == '-' || c == '_'; };
+    while (!(text = text.drop_until(isWordCharacter)).empty()) {
+      llvm::StringRef word = text.take_while(isWordCharacter);
+      named(word.upper(), OperandRole::MayUpdate);
+      text = text.drop_front(word.size());
+    }
+  }
+
   /// The varied item is set before the condition is tested. The innermost one steps at each test,
   /// an outer one when those within it begin again.
   void varied(const PerformVarying &phrase, bool isTest, bool isOneOfSeveral) {
@@ -607,11 +682,14 @@ private:
   void specialRegister(llvm::StringRef name, OperandRole role) {
     items.item(Scope(unit()).findRegister(&internString(name)), role);
   }
-  void named(llvm::StringRef name, OperandRole role) {
-    // Of several entries of the name any may be meant: qualifiers are not read.
-    if (Homonyms entries = Scope(unit()).findItems(&internString(name)))
-      for (DataDescription *entry : *entries.entries)
-        items.item(entry, role);
+  /// The entries called \p name, in upper case, of which any may be meant; false without one.
+  bool named(const llvm::Twine &name, OperandRole role) {
+    Homonyms entries = Scope(unit()).findItems(&internString(name.str()));
+    if (!entries)
+      return false;
+    for (DataDescription *entry : *entries.entries)
+      items.item(entry, role);
+    return true;
   }
   SourceUnit *unit() const { return node.getParent()->getSourceUnit(); }
 

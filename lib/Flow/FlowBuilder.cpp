@@ -16,15 +16,14 @@ namespace tarka {
 std::unique_ptr<FlowModule> createFlow(const CFGModule &module) {
   FlowBuilder builder(module, nullptr);
   std::unique_ptr<FlowModule> flow = builder.build();
-  if (!builder.namesHandlers())
-    return flow;
-  // Which labels of HANDLE are active at a command is a question about the flow. It is answered on
-  // a graph in which all are, and then the graph is made with those that can be.
-  const ActiveHandlers active =
-      findActiveHandlers(*flow, [&](const FlowGraph &graph, llvm::StringRef label) {
-        return builder.findProcedure(graph, label);
-      });
-  return FlowBuilder(module, &active).build();
+  if (builder.namesHandlers()) {
+    // Which labels of HANDLE are active at a command is a question about the flow. It is answered
+    // on a graph in which all are, and then the graph is made with those that can be.
+    const ActiveHandlers active = findActiveHandlers(*flow, builder);
+    flow = FlowBuilder(module, &active).build();
+  }
+  findHeldPrograms(*flow, FlowBuilder::callsOf(*flow));
+  return flow;
 }
 
 std::unique_ptr<FlowModule> FlowBuilder::build() {
@@ -76,6 +75,8 @@ void FlowBuilder::addFunction(const CFGFunc &function, SourceUnit *unit, bool is
   if (unit && !isReport) {
     planOfUnit[unit] = plan;
     programNames.add(*unit);
+    for (const ExecStatement *block : unit->getDataBlockElements())
+      noteCursor(*block);
   }
   plan->graph->procedureBegin = static_cast<std::uint32_t>(flow.procedureList.size());
   markProcedures(*plan);
@@ -290,6 +291,10 @@ void FlowBuilder::makeNodes(FunctionPlan &made) {
       for (std::uint32_t label : set.labels)
         addEdge(set.node, flow.procedureList[label].entry, FlowEdgeKind::Handler);
     }
+  if (!activeHandlers)
+    if (const std::uint32_t node = handlers[static_cast<std::size_t>(HandlerKind::Abend)].node;
+        node != noFlow)
+      abendHandlerNodes.push_back(node);
   openPiece(noFlow);
   addNode(FlowNodeKind::Exit, nullptr, nullptr);
   made.graph->nodeEnd = static_cast<std::uint32_t>(flow.nodeList.size());
@@ -360,6 +365,7 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
       break;
     case StatementType::Exec:
       noteHandlers(*llvm::cast<ExecStatement>(statement));
+      noteCursor(*llvm::cast<ExecStatement>(statement));
       break;
     default:
       break;
@@ -372,17 +378,19 @@ void FlowBuilder::makeElementNodes(const CFGBlock *block) {
 /// command, all labels that HANDLE names anywhere in the program.
 void FlowBuilder::noteHandlers(const ExecStatement &exec) {
   if (activeHandlers) {
-    auto active = activeHandlers->find(&exec);
-    if (active == activeHandlers->end() || llvm::any_of(handlers, [&](const Handlers &known) {
-          return known.labels == active->second;
-        }))
+    auto active = activeHandlers->labels.find(&exec);
+    if (active == activeHandlers->labels.end() ||
+        llvm::any_of(handlers,
+                     [&](const Handlers &known) { return known.labels == active->second; }))
       return;
     handlers.push_back({active->second});
     return;
   }
   for (const HandlerSetting &setting : classifyExec(exec).settings) {
+    hasHandlers |= setting.isIgnored;
+    const std::uint32_t label =
+        setting.label ? findProcedure(*plan->graph, *setting.label) : noFlow;
     auto &labels = handlers[static_cast<std::size_t>(setting.kind)].labels;
-    const std::uint32_t label = findProcedure(*plan->graph, setting.label);
     if (label == noFlow || llvm::is_contained(labels, label))
       continue;
     labels.push_back(label);
@@ -395,32 +403,30 @@ llvm::SmallVector<std::uint32_t, 3> FlowBuilder::handlersAt(const ExecStatement 
                                                             const ExecFlow &effect) {
   llvm::SmallVector<std::uint32_t, 3> nodes;
   if (activeHandlers) {
-    auto active = activeHandlers->find(&exec);
+    auto active = activeHandlers->labels.find(&exec);
     for (const Handlers &set : handlers)
-      if (active != activeHandlers->end() && set.labels == active->second)
+      if (active != activeHandlers->labels.end() && set.labels == active->second)
         nodes.push_back(set.node);
     return nodes;
   }
+  const bool entered[] = {effect.raisesCondition, effect.receivesKey, effect.mayAbend};
   for (HandlerKind kind : {HandlerKind::Condition, HandlerKind::Aid, HandlerKind::Abend})
-    if (effect.mayEnter(kind))
+    if (entered[static_cast<std::size_t>(kind)])
       nodes.push_back(handlers[static_cast<std::size_t>(kind)].node);
   return nodes;
 }
 
-/// The section or paragraph of that name in \p graph; noFlow without one.
-std::uint32_t FlowBuilder::findProcedure(const FlowGraph &graph, llvm::StringRef name) const {
-  SourceUnit *unit = graph.unit;
-  ProcedureDivision *division = unit ? unit->getProcDivision() : nullptr;
-  if (!division)
-    return noFlow;
-  const std::string upper = name.upper();
-  if (auto sections = division->findSections(upper); !sections.empty())
-    return procedureOf(sections.front(), nullptr);
-  if (auto paragraphs = division->findParagraphs(upper); !paragraphs.empty())
-    return procedureOf(nullptr, paragraphs.front());
-  if (auto paragraphs = division->findSectionParagraphs(upper); !paragraphs.empty())
-    return procedureOf(nullptr, paragraphs.front().paragraph);
-  return noFlow;
+std::uint32_t FlowBuilder::findProcedure(const FlowGraph &graph,
+                                         const EmbeddedOperand &label) const {
+  const std::uint32_t procedure = procedureOf(label.getSection(), label.getParagraph());
+  return procedure != noFlow && flow.procedureList[procedure].graph == &graph ? procedure : noFlow;
+}
+
+/// Cursors are known in the whole source file.
+void FlowBuilder::noteCursor(const ExecStatement &exec) {
+  const auto *sql = llvm::dyn_cast_if_present<SqlCommand>(exec.getCommand());
+  if (sql && sql->getKind() == SqlKind::DeclareCursor && sql->getCursor())
+    flow.cursors.try_emplace(withoutQuotes(sql->getCursor()->getWordData()), &exec);
 }
 
 //===----------------------------------------------------------------------===//

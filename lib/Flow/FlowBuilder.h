@@ -9,6 +9,7 @@
 #ifndef TARKA_LIB_FLOW_FLOWBUILDER_H
 #define TARKA_LIB_FLOW_FLOWBUILDER_H
 
+#include "AST/Embedded.h"
 #include "AST/Program.h"
 #include "AST/Scope.h"
 #include "AST/Statement.h"
@@ -76,11 +77,13 @@ struct FlowPiece {
 /// What sends control to a label of HANDLE.
 enum class HandlerKind : std::uint8_t { Condition, Aid, Abend };
 
-/// One operand of HANDLE: from now on the condition, key or abend leads to the label.
+/// One operand of HANDLE or IGNORE: from now on the condition, key or abend leads to the label.
 struct HandlerSetting {
   HandlerKind kind;
-  std::string condition;
-  std::string label; ///< empty where it leads to none any more
+  llvm::StringRef condition; ///< in upper case
+  const EmbeddedOperand
+      *label;     ///< that names it; null, or without a procedure, where none is named
+  bool isIgnored; ///< the command that raises the condition goes on
 };
 
 /// What an EXEC block does to the flow of control.
@@ -92,37 +95,43 @@ struct ExecFlow {
   /// The command can raise a condition, receive an attention key, or end abnormally, so that a
   /// label of HANDLE is entered.
   bool raisesCondition = false, receivesKey = false, mayAbend = false;
+  /// The row of the command; null for one that is not in the table.
+  const CicsCommandInfo *cics = nullptr;
   /// What HANDLE and IGNORE set.
   llvm::SmallVector<HandlerSetting, 2> settings;
   /// PUSH sets all labels aside; POP brings back those of before, HANDLE ABEND RESET that of the
   /// abend.
   bool pushesHandlers = false, popsHandlers = false, resetsAbend = false;
-  /// An SQL statement after which WHENEVER decides.
-  bool isSqlStatement = false;
-  /// WHENEVER: 0 NOT FOUND, 1 SQLERROR, 2 SQLWARNING; -1 for anything else. The label is empty for
-  /// CONTINUE.
-  int wheneverKind = -1;
-  std::string wheneverLabel;
+  /// The program or transaction that the command names; null where it names none.
+  Expression *callee = nullptr;
+  FlowCallKind callKind = FlowCallKind::Call;
+  /// The labels of the WHENEVER statements that hold for an SQL statement.
+  llvm::SmallVector<const EmbeddedOperand *, 3> wheneverLabels;
 
-  /// Whether an event of that kind may arise.
-  bool mayEnter(HandlerKind kind) const {
-    return kind == HandlerKind::Condition ? raisesCondition
-           : kind == HandlerKind::Aid     ? receivesKey
-                                          : mayAbend;
-  }
+  /// Whether the event that \p setting is about may arise.
+  bool mayEnter(const HandlerSetting &setting) const;
 };
 
-/// Reads the words of an EXEC block.
+/// What the command of an EXEC block does; nothing for a block that is not understood.
 ExecFlow classifyExec(const ExecStatement &exec);
 
-/// The labels of HANDLE that a command may lead to, by their procedures, in ascending order.
-using ActiveHandlers = llvm::DenseMap<const ExecStatement *, llvm::SmallVector<std::uint32_t, 4>>;
+class FlowBuilder;
 
-/// Follows the HANDLE commands through \p flow, in which every command leads to every label.
-/// \p findLabel gives the procedure of a label in a program.
-ActiveHandlers
-findActiveHandlers(const FlowModule &flow,
-                   llvm::function_ref<std::uint32_t(const FlowGraph &, llvm::StringRef)> findLabel);
+/// The labels of HANDLE that commands may lead to.
+struct ActiveHandlers {
+  /// By their procedures, in ascending order.
+  llvm::DenseMap<const ExecStatement *, llvm::SmallVector<std::uint32_t, 4>> labels;
+  /// The commands that may raise a condition which IGNORE has set: they go on.
+  llvm::DenseSet<const ExecStatement *> ignoring;
+};
+
+/// Follows the HANDLE commands through \p flow, in which every command leads to every label, as
+/// \p builder has made it.
+ActiveHandlers findActiveHandlers(const FlowModule &flow, const FlowBuilder &builder);
+
+/// Finds out which identifiers of calls hold the VALUE of their items whenever the call runs, and
+/// stores it in FlowCall::value.
+void findHeldPrograms(FlowModule &flow, llvm::MutableArrayRef<FlowCall> calls);
 
 class FlowBuilder {
 public:
@@ -131,9 +140,14 @@ public:
       : source(described), flow(*new FlowModule), activeHandlers(active) {}
 
   std::unique_ptr<FlowModule> build();
+  static llvm::MutableArrayRef<FlowCall> callsOf(FlowModule &module) { return module.callList; }
   /// Whether HANDLE names a label in one of the programs, once they are read.
   bool namesHandlers() const { return hasHandlers; }
-  std::uint32_t findProcedure(const FlowGraph &graph, llvm::StringRef name) const;
+  /// The procedure that \p label is bound to; noFlow unless it is one of \p graph.
+  std::uint32_t findProcedure(const FlowGraph &graph, const EmbeddedOperand &label) const;
+  /// The handlers of abends, one for each program that has some, while it is not known which labels
+  /// are active.
+  llvm::ArrayRef<std::uint32_t> abendHandlers() const { return abendHandlerNodes; }
 
 private:
   friend class FlowReach;
@@ -166,6 +180,8 @@ private:
   void linkPhrases(const CFGBlock *block, std::uint32_t node, const Statement &statement);
   void linkNextSentence(std::uint32_t node, const NextSentenceStatement &statement);
   void linkExec(std::uint32_t node, const ExecStatement &exec, std::uint32_t next);
+  void noteCall(std::uint32_t node, const Expression &callee, FlowCallKind kind);
+  void noteCursor(const ExecStatement &exec);
   void linkUse(std::uint32_t node, const Statement &statement, std::uint32_t next);
   void linkUse(std::uint32_t node, llvm::ArrayRef<const FileDescription *> files,
                std::uint32_t next);
@@ -242,9 +258,9 @@ private:
   std::vector<Handlers> handlers;
   std::vector<std::vector<Handlers>> handlersOf;
   bool hasHandlers = false;
+  llvm::SmallVector<std::uint32_t, 2> abendHandlerNodes;
   /// The block by which each procedure was closed, by function.
   std::vector<std::vector<std::pair<std::uint32_t, const CFGBlock *>>> closedByOf;
-  std::uint32_t whenever[3] = {noFlow, noFlow, noFlow};
 };
 
 /// Finds out what is reached, which ranges come to their ends, and adds the edges that depend on

@@ -1,219 +1,151 @@
-//===- FlowExec.cpp - what EXEC blocks do ----------------------------------===//
+//===- FlowExec.cpp - what EXEC blocks do to the flow of control -----------===//
 //
-// Reads the words of an EXEC block: what it does to the flow of control, the
-// labels that it names, and the items of the program that it works on.
+// Reads the command of an EXEC block as the parser has understood it: whether it
+// ends the task, which labels it sets, which events it may raise, and which
+// programs it names.
 //
 //===----------------------------------------------------------------------===//
 
-#include "Flow/Accesses.h"
+#include "AST/CicsCommands.h"
+#include "AST/Embedded.h"
+#include "AST/Expression.h"
 #include "Flow/FlowBuilder.h"
 #include "llvm/ADT/STLExtras.h"
-#include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
 
 namespace tarka {
 
 namespace {
 
-/// The words of a block in upper case, with parentheses as words of their own. Literals are words
-/// with their quotes.
-llvm::SmallVector<std::string, 16> wordsOf(llvm::StringRef text) {
-  llvm::SmallVector<std::string, 16> words;
-  for (std::size_t at = 0; at < text.size();) {
-    const char c = text[at];
-    std::size_t end = at + 1;
-    if (llvm::isSpace(c) || c == ',' || c == ';') {
-      at = end;
-      continue;
-    }
-    if (c == '\'' || c == '"')
-      end =
-          std::min(text.size(), text.find(c, end) == llvm::StringRef::npos ? text.size()
-                                                                           : text.find(c, end) + 1);
-    else if (c != '(' && c != ')')
-      end = std::min(text.size(), text.find_first_of(" \t\r\n,;()'\"", end));
-    words.push_back(text.slice(at, end).upper());
-    at = end;
-  }
-  return words;
+/// The first word of the command.
+llvm::StringRef verbOf(const EmbeddedCommand &command) {
+  return llvm::StringRef(command.getName()).split(' ').first;
 }
 
-using Words = llvm::SmallVector<std::string, 16>;
+/// The options that every command can have; RESP2 alone asks for nothing.
+bool asksForResponse(const EmbeddedCommand &command) {
+  return command.has("RESP") || command.has("NOHANDLE");
+}
 
-/// The operands of HANDLE and IGNORE from \p at on: CONDITION(LABEL), or CONDITION alone.
-void collectSettings(const Words &words, std::size_t at, HandlerKind kind, ExecFlow &effect) {
-  for (; at < words.size(); ++at) {
-    HandlerSetting setting = {kind, words[at], ""};
-    if (at + 3 < words.size() && words[at + 1] == "(" && words[at + 3] == ")") {
-      setting.label = words[at + 2];
-      at += 3;
-    }
-    if (setting.condition != "NOHANDLE" && setting.condition != "(" && setting.condition != ")")
-      effect.settings.push_back(std::move(setting));
+/// The operands of HANDLE CONDITION, HANDLE AID and IGNORE CONDITION: each sets one condition or
+/// key.
+void collectSettings(const CicsCommand &command, HandlerKind kind, ExecFlow &effect) {
+  const bool ignores = verbOf(command) == "IGNORE";
+  for (EmbeddedOperand *operand : command.getOperandElements()) {
+    llvm::StringRef name = operand->getName();
+    const bool isOption = llvm::StringSwitch<bool>(name)
+                              .Cases("", "CONDITION", "AID", "NOHANDLE", "RESP", "RESP2", true)
+                              .Default(false);
+    if (!isOption)
+      effect.settings.push_back({kind, name, operand, ignores});
   }
 }
 
-/// LABEL(NAME) is one setting of the one abend; CANCEL and PROGRAM(NAME) lead to no label.
-void collectAbend(const Words &words, ExecFlow &effect) {
-  HandlerSetting setting = {HandlerKind::Abend, "ABEND", ""};
-  for (std::size_t at = 2; at < words.size(); ++at) {
-    effect.resetsAbend |= words[at] == "RESET";
-    if (words[at] == "LABEL" && at + 2 < words.size() && words[at + 1] == "(")
-      setting.label = words[at + 2];
-  }
+/// HANDLE ABEND sets the one abend exit. CANCEL and PROGRAM lead to no label of the program, RESET
+/// brings back the exit of before.
+void collectAbend(const CicsCommand &command, ExecFlow &effect) {
+  effect.resetsAbend = command.has("RESET");
   if (!effect.resetsAbend)
-    effect.settings.push_back(std::move(setting));
+    effect.settings.push_back(
+        {HandlerKind::Abend, "ABEND", command.find("LABEL"), /*isIgnored=*/false});
 }
 
-void classifyCics(const Words &words, ExecFlow &effect) {
-  const std::string &command = words[0];
-  const bool asksForResponse = llvm::any_of(words, [](llvm::StringRef word) {
-    return word == "NOHANDLE" || word == "RESP" || word == "RESP2";
-  });
-  if (command == "HANDLE" && words.size() > 1) {
-    if (words[1] == "CONDITION")
-      collectSettings(words, 2, HandlerKind::Condition, effect);
-    else if (words[1] == "AID")
-      collectSettings(words, 2, HandlerKind::Aid, effect);
-    else if (words[1] == "ABEND")
-      collectAbend(words, effect);
+/// The program or transaction that the option names.
+void addCall(const CicsCommand &command, llvm::StringRef option, FlowCallKind kind,
+             ExecFlow &effect) {
+  const EmbeddedOperand *operand = command.find(option);
+  if (!operand || !operand->getValue())
     return;
-  }
-  if (command == "IGNORE") {
-    collectSettings(words, 2, HandlerKind::Condition, effect);
-    return;
-  }
-  if (command == "PUSH" || command == "POP") {
-    (command == "PUSH" ? effect.pushesHandlers : effect.popsHandlers) = true;
-    return;
-  }
-  effect.mayAbend = true;
-  effect.raisesCondition = !asksForResponse;
-  effect.receivesKey = command == "RECEIVE";
-  effect.endsTask = command == "RETURN" || command == "XCTL" || command == "ABEND";
-  if (effect.endsTask)
-    effect.goesOn = asksForResponse && command != "ABEND";
+  effect.callKind = kind;
+  effect.callee = operand->getValue();
 }
 
-void classifySql(const Words &words, ExecFlow &effect) {
-  if (words[0] != "WHENEVER") {
-    effect.isSqlStatement = !llvm::StringSwitch<bool>(words[0])
-                                 .Cases("DECLARE", "INCLUDE", "BEGIN", "END", true)
-                                 .Default(false);
+void classifyCics(const CicsCommand &command, ExecFlow &effect) {
+  llvm::StringRef verb = verbOf(command);
+  if (verb == "HANDLE" && command.has("CONDITION"))
+    return collectSettings(command, HandlerKind::Condition, effect);
+  if (verb == "HANDLE" && command.has("AID"))
+    return collectSettings(command, HandlerKind::Aid, effect);
+  if (verb == "HANDLE" && command.has("ABEND"))
+    return collectAbend(command, effect);
+  if (verb == "IGNORE")
+    return collectSettings(command, HandlerKind::Condition, effect);
+  effect.pushesHandlers = verb == "PUSH";
+  effect.popsHandlers = verb == "POP";
+  if (effect.pushesHandlers || effect.popsHandlers)
     return;
+
+  if (verb == "LINK" || verb == "XCTL")
+    addCall(command, "PROGRAM", verb == "LINK" ? FlowCallKind::Link : FlowCallKind::Transfer,
+            effect);
+  else if (verb == "START" || verb == "RETURN")
+    addCall(command, "TRANSID", verb == "START" ? FlowCallKind::Start : FlowCallKind::Return,
+            effect);
+  effect.endsTask = verb == "RETURN" || verb == "XCTL" || verb == "ABEND";
+  effect.goesOn = !effect.endsTask || (asksForResponse(command) && verb != "ABEND");
+  // ABEND CANCEL does without the abend exits; ABEND raises no condition.
+  effect.mayAbend = verb != "ABEND" || !command.has("CANCEL");
+  effect.raisesCondition = verb != "ABEND" && !asksForResponse(command);
+  // Keys are of no effect where the program deals with the response itself.
+  effect.receivesKey = (verb == "RECEIVE" || verb == "CONVERSE") && !asksForResponse(command);
+  effect.cics = command.getInfo();
+}
+
+/// Whether SQLCODE may be 100 after the statement: it looks for rows, or may be any statement.
+bool mayFindNothing(const SqlCommand &command) {
+  switch (command.getKind()) {
+  case SqlKind::Open:
+  case SqlKind::Close:
+  case SqlKind::Prepare:
+  case SqlKind::Describe:
+  case SqlKind::Allocate:
+    return false;
+  default:
+    return !llvm::StringSwitch<bool>(command.getName())
+                .Cases("COMMIT", "ROLLBACK", "SAVEPOINT", "RELEASE", "CONNECT", "LOCK", true)
+                .Cases("ASSOCIATE", "HOLD", "FREE", "SET", "GRANT", "REVOKE", "CREATE", true)
+                .Cases("ALTER", "DROP", "COMMENT", "LABEL", "RENAME", "EXPLAIN", "SIGNAL", true)
+                .Default(false);
   }
-  std::size_t at = 1;
-  if (words.size() > 2 && words[1] == "NOT") {
-    effect.wheneverKind = 0;
-    at = 3;
-  } else if (words.size() > 1) {
-    effect.wheneverKind = words[1] == "SQLERROR" ? 1 : words[1] == "SQLWARNING" ? 2 : -1;
-    at = 2;
+}
+
+void classifySql(const SqlCommand &command, ExecFlow &effect) {
+  if (!command.isExecutable())
+    return;
+  for (WheneverCondition condition :
+       {WheneverCondition::NotFound, WheneverCondition::SqlError, WheneverCondition::SqlWarning}) {
+    if (condition == WheneverCondition::NotFound && !mayFindNothing(command))
+      continue;
+    const SqlCommand *whenever = command.getWheneverFor(condition);
+    if (const EmbeddedOperand *label = whenever ? whenever->getLabel() : nullptr)
+      effect.wheneverLabels.push_back(label);
   }
-  const bool isGoTo = at < words.size() && (words[at] == "GO" || words[at] == "GOTO");
-  if (isGoTo)
-    effect.wheneverLabel = llvm::StringRef(words.back()).ltrim(':').str();
 }
 
 } // namespace
 
 ExecFlow classifyExec(const ExecStatement &exec) {
   ExecFlow effect;
-  const Words words = wordsOf(exec.getText());
-  if (words.empty())
+  const EmbeddedCommand *command = exec.getCommand();
+  if (!command)
     return effect;
-  if (exec.getType() == ExecType::Cics)
-    classifyCics(words, effect);
-  else if (exec.getType() == ExecType::Sql)
-    classifySql(words, effect);
+  if (const auto *cics = llvm::dyn_cast<CicsCommand>(command))
+    classifyCics(*cics, effect);
+  else if (const auto *sql = llvm::dyn_cast<SqlCommand>(command))
+    classifySql(*sql, effect);
   return effect;
 }
 
-//===----------------------------------------------------------------------===//
-// Items
-//===----------------------------------------------------------------------===//
-
-namespace {
-
-using HostName = llvm::function_ref<void(llvm::StringRef, OperandRole)>;
-
-/// Every option may be given a value and give one, but for those of which one is known.
-OperandRole roleOfOption(llvm::StringRef option) {
-  return llvm::StringSwitch<OperandRole>(option)
-      .Cases("ABCODE", "CHANNEL", "FILE", "FROM", "FROMLENGTH", "INTERVAL", "MAP", "MAPSET",
-             OperandRole::Read)
-      .Cases("NUMREC", "PROGRAM", "QUEUE", "SYSID", "TERMID", "TIME", "TRANSID", OperandRole::Read)
-      .Cases("INTO", "RESP", "RESP2", OperandRole::MayWrite)
-      .Default(OperandRole::MayUpdate);
-}
-
-void namesOfCics(const Words &words, HostName visit) {
-  if (!words.empty() && words[0] == "HANDLE")
-    return; // Names labels.
-  llvm::StringRef option;
-  for (std::size_t at = 0; at < words.size(); ++at) {
-    llvm::StringRef word = words[at];
-    if (word == "(") {
-      option = at > 0 ? llvm::StringRef(words[at - 1]) : "";
-    } else if (word == ")") {
-      option = "";
-    } else if (!option.empty()) {
-      visit(word, roleOfOption(option));
-      // The map that is named is copied from and into the areas that bear its name.
-      llvm::StringRef map = word.trim("'\"");
-      if (option == "MAP" && map.size() < word.size()) {
-        visit((map + "I").str(), OperandRole::MayWrite);
-        visit((map + "O").str(), OperandRole::Read);
-      }
-    }
+bool ExecFlow::mayEnter(const HandlerSetting &setting) const {
+  switch (setting.kind) {
+  case HandlerKind::Condition:
+    return raisesCondition && (!cics || mayRaise(*cics, setting.condition));
+  case HandlerKind::Aid:
+    return receivesKey;
+  case HandlerKind::Abend:
+    return mayAbend;
   }
-  visit("DFHEIBLK", OperandRole::MayWrite);
-}
-
-void namesOfSql(llvm::StringRef text, const Words &words, HostName visit) {
-  const bool mayChangeAll =
-      !words.empty() && (words[0] == "SET" || words[0] == "CALL" || words[0] == "GET" ||
-                         words[0] == "EXECUTE" || words[0] == "VALUES");
-  // INTO names what is received up to the next clause.
-  bool isInto = false;
-  for (std::size_t at = 0; at < text.size();) {
-    const char c = text[at];
-    const bool isHost = c == ':';
-    std::size_t end = at + 1;
-    if (c == '\'' || c == '"') {
-      end = std::min(text.find(c, end), text.size() - 1) + 1;
-    } else if (isHost || llvm::isAlpha(c)) {
-      end = std::min(text.find_if(
-                         [](char one) {
-                           return !llvm::isAlnum(one) && one != '-' && one != '_' && one != '.';
-                         },
-                         end),
-                     text.size());
-      llvm::StringRef word = text.slice(isHost ? at + 1 : at, end);
-      if (!isHost)
-        isInto = word.equals_insensitive("INTO") && words[0] != "INSERT";
-      else
-        visit(llvm::StringRef(word).rsplit('.').second.empty() ? word.upper()
-                                                               : word.rsplit('.').second.upper(),
-              mayChangeAll ? OperandRole::MayUpdate
-              : isInto     ? OperandRole::MayWrite
-                           : OperandRole::Read);
-    }
-    at = end;
-  }
-  visit("SQLCA", OperandRole::MayWrite);
-}
-
-} // namespace
-
-void forEachHostName(const ExecStatement &exec, HostName visit) {
-  const Words words = wordsOf(exec.getText());
-  if (exec.getType() == ExecType::Sql)
-    return namesOfSql(exec.getText(), words, visit);
-  if (exec.getType() == ExecType::Cics)
-    return namesOfCics(words, visit);
-  for (const std::string &word : words)
-    visit(word, OperandRole::MayUpdate);
+  return false;
 }
 
 } // namespace tarka

@@ -117,7 +117,7 @@ void FactCollector::countWays() {
           node(edge.to).getKind() == FlowNodeKind::Procedure)
         count(one.getProcedure(), node(edge.to).getProcedure());
   for (const FlowCall &call : flow.calls())
-    if (node(call.node).getParent() == &graph)
+    if (node(call.node).getParent() == &graph && !call.isOfTransaction())
       if (ProcedureFacts *caller = factsOf(node(call.node).getProcedure()))
         ++caller->fanOut;
 }

@@ -2,6 +2,7 @@
 
 #include "Flow/FlowGraph.h"
 #include "AST/Condition.h"
+#include "AST/Embedded.h"
 #include "AST/KindNames.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
@@ -21,6 +22,14 @@ llvm::StringRef flowNodeKindName(FlowNodeKind kind) {
 llvm::StringRef flowEdgeKindName(FlowEdgeKind kind) {
   static constexpr llvm::StringLiteral names[] = {
 #define FLOW_EDGE(Enumerator, Name) Name,
+#include "Flow/FlowKinds.def"
+  };
+  return names[static_cast<std::size_t>(kind)];
+}
+
+llvm::StringRef flowCallKindName(FlowCallKind kind) {
+  static constexpr llvm::StringLiteral names[] = {
+#define FLOW_CALL(Enumerator, Name) Name,
 #include "Flow/FlowKinds.def"
   };
   return names[static_cast<std::size_t>(kind)];
@@ -75,6 +84,9 @@ llvm::StringRef FlowNode::getVerb() const {
       return "WHEN";
     [[fallthrough]];
   case FlowNodeKind::Statement:
+    if (const auto *exec = llvm::dyn_cast<ExecStatement>(statement); exec && exec->getCommand())
+      return internString("EXEC " + nameOf(exec->getType()).str() + " " +
+                          exec->getCommand()->getName());
     return verbOf(statement->getType());
   default:
     return flowNodeKindName(kind);

@@ -22,19 +22,17 @@ struct Command {
   ExecFlow effect;
 };
 
-/// A setting that leads to a label.
+/// A setting that leads to a label, or lets the command go on.
 struct Setting {
   std::uint32_t node;
-  HandlerKind kind;
-  std::string condition;
-  std::uint32_t label;
+  HandlerSetting what;
+  std::uint32_t label; ///< noFlow for IGNORE
 };
 
 } // namespace
 
-static void
-findIn(const FlowGraph &graph, ActiveHandlers &active,
-       llvm::function_ref<std::uint32_t(const FlowGraph &, llvm::StringRef)> findLabel) {
+static void findIn(const FlowGraph &graph, ActiveHandlers &active, const FlowBuilder &builder) {
+  const FlowModule &flow = graph.getModule();
   std::vector<Command> commands;
   std::vector<Setting> settings;
   for (const FlowNode &node : graph.nodes()) {
@@ -42,19 +40,22 @@ findIn(const FlowGraph &graph, ActiveHandlers &active,
     if (!exec || !node.isReached())
       continue;
     commands.push_back({node.getId(), exec, classifyExec(*exec)});
-    for (const HandlerSetting &setting : commands.back().effect.settings)
-      if (const std::uint32_t label = findLabel(graph, setting.label); label != noFlow)
-        settings.push_back({node.getId(), setting.kind, setting.condition, label});
+    for (const HandlerSetting &setting : commands.back().effect.settings) {
+      const std::uint32_t label =
+          setting.label ? builder.findProcedure(graph, *setting.label) : noFlow;
+      if (label != noFlow || setting.isIgnored)
+        settings.push_back({node.getId(), setting, setting.isIgnored ? noFlow : label});
+    }
   }
   if (settings.empty())
     return;
 
   llvm::StringMap<llvm::SmallVector<unsigned, 4>> settingsOf; // by condition
   for (unsigned number = 0; number < settings.size(); ++number)
-    settingsOf[settings[number].condition].push_back(number);
-  auto forAll = [&](const std::string &condition, HandlerKind kind, auto visit) {
+    settingsOf[settings[number].what.condition].push_back(number);
+  auto forAll = [&](llvm::StringRef condition, HandlerKind kind, auto visit) {
     for (unsigned number : settingsOf.lookup(condition))
-      if (settings[number].kind == kind)
+      if (settings[number].what.kind == kind)
         visit(number);
   };
 
@@ -72,6 +73,10 @@ findIn(const FlowGraph &graph, ActiveHandlers &active,
     for (unsigned number = 0; command.effect.pushesHandlers && number < settings.size(); ++number)
       holding.kill(command.node, number);
   }
+  // CICS takes an abend exit away as it enters it, so that an abend in there does not come back.
+  for (std::uint32_t node : builder.abendHandlers())
+    if (flow.node(node).getParent() == &graph)
+      forAll("ABEND", HandlerKind::Abend, [&](unsigned number) { holding.kill(node, number); });
   // POP brings back what some PUSH has set aside, which may be what another POP has brought back.
   llvm::BitVector pushed(static_cast<unsigned>(settings.size()));
   for (bool isMore = true; isMore;) {
@@ -93,21 +98,24 @@ findIn(const FlowGraph &graph, ActiveHandlers &active,
     if (before.none())
       continue;
     // A section that is copied into the declaratives shares its statements with the copy.
-    llvm::SmallVector<std::uint32_t, 4> &labels = active[command.exec];
-    for (unsigned number : before.set_bits())
-      if (command.effect.mayEnter(settings[number].kind))
+    llvm::SmallVector<std::uint32_t, 4> &labels = active.labels[command.exec];
+    for (unsigned number : before.set_bits()) {
+      if (!command.effect.mayEnter(settings[number].what))
+        continue;
+      if (settings[number].label != noFlow)
         labels.push_back(settings[number].label);
+      else
+        active.ignoring.insert(command.exec);
+    }
     llvm::sort(labels);
     labels.erase(std::unique(labels.begin(), labels.end()), labels.end());
   }
 }
 
-ActiveHandlers findActiveHandlers(
-    const FlowModule &flow,
-    llvm::function_ref<std::uint32_t(const FlowGraph &, llvm::StringRef)> findLabel) {
+ActiveHandlers findActiveHandlers(const FlowModule &flow, const FlowBuilder &builder) {
   ActiveHandlers active;
   for (const auto &graph : flow.graphs())
-    findIn(*graph, active, findLabel);
+    findIn(*graph, active, builder);
   return active;
 }
 

@@ -124,7 +124,6 @@ void FlowBuilder::makeEdges(FunctionPlan &linked) {
   plan->passesTo.assign(plan->blocks.size(), nullptr);
   const std::size_t number = linkedFunctions++;
   handlers = std::move(handlersOf[number]);
-  std::fill(std::begin(whenever), std::end(whenever), noFlow);
 
   if (!plan->graph->report)
     link(plan->graph->nodeBegin, plan->blocks.front(), FlowEdgeKind::Next);
@@ -198,6 +197,17 @@ std::uint32_t FlowBuilder::resolveExit(std::uint32_t node, const CFGBlock *block
   return endOf(exit->getSection(), exit->getParagraph());
 }
 
+/// Stores in \p call the identifier that holds the name of what is called.
+static void setIdentifier(FlowCall &call, const Expression &operand) {
+  const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+  if (!identifier || !identifier->getQualifiedWord() ||
+      identifier->getQualifiedWord()->getNamesElements().empty())
+    return;
+  call.name = identifier->getQualifiedWord()->getNamesElements().front()->getDisplayName();
+  if (!identifier->getReferenceMod() && !identifier->getSubscriptMod())
+    call.item = identifier->getDataDescription();
+}
+
 //===----------------------------------------------------------------------===//
 // Statements that stand among others
 //===----------------------------------------------------------------------===//
@@ -237,20 +247,39 @@ void FlowBuilder::linkNextSentence(std::uint32_t node, const NextSentenceStateme
 
 void FlowBuilder::linkExec(std::uint32_t node, const ExecStatement &exec, std::uint32_t next) {
   const ExecFlow effect = classifyExec(exec);
-  if (effect.goesOn)
+  if (effect.goesOn || (activeHandlers && activeHandlers->ignoring.contains(&exec)))
     addEdge(node, next, FlowEdgeKind::Next);
   if (effect.endsTask)
     addEdge(node, exitNode(), FlowEdgeKind::EndOfRun);
   for (std::uint32_t handler : handlersAt(exec, effect))
     addEdge(node, handler, FlowEdgeKind::Handler);
-  if (effect.wheneverKind >= 0) {
-    const std::uint32_t label = findProcedure(*plan->graph, effect.wheneverLabel);
-    whenever[effect.wheneverKind] = label == noFlow ? noFlow : flow.procedureList[label].entry;
+  if (effect.callee)
+    noteCall(node, *effect.callee, effect.callKind);
+  llvm::SmallVector<std::uint32_t, 3> labels;
+  for (const EmbeddedOperand *label : effect.wheneverLabels)
+    if (const std::uint32_t procedure = findProcedure(*plan->graph, *label);
+        procedure != noFlow && !llvm::is_contained(labels, procedure)) {
+      labels.push_back(procedure);
+      addEdge(node, flow.procedureList[procedure].entry, FlowEdgeKind::Handler);
+    }
+}
+
+/// Notes that \p callee is called, or run as a transaction. What CICS links to is a program of its
+/// own, so that control simply goes on.
+void FlowBuilder::noteCall(std::uint32_t node, const Expression &callee, FlowCallKind kind) {
+  FlowCall call;
+  call.node = node;
+  call.kind = kind;
+  if (const auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(&callee)) {
+    call.name = llvm::StringRef(literal->getData()).trim();
+    const FunctionPlan *program =
+        call.isOfTransaction() ? nullptr : findCallable(nullptr, call.name);
+    call.target = program ? program->graph : nullptr;
+  } else {
+    call.isDynamic = true;
+    setIdentifier(call, callee);
   }
-  if (effect.isSqlStatement)
-    for (unsigned kind = 0; kind < 3; ++kind)
-      if (!llvm::is_contained(llvm::ArrayRef(whenever, kind), whenever[kind]))
-        addEdge(node, whenever[kind], FlowEdgeKind::Handler);
+  flow.callList.push_back(call);
 }
 
 /// The files that \p statement works on.
@@ -562,10 +591,7 @@ void FlowBuilder::linkCall(const CFGBlock *block, std::uint32_t node, const Call
   } else {
     record.isDynamic = true;
     plan->hasDynamicCall = true;
-    if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(call.getProcedureName()))
-      if (identifier->getQualifiedWord() &&
-          !identifier->getQualifiedWord()->getNamesElements().empty())
-        record.name = identifier->getQualifiedWord()->getNamesElements().front()->getDisplayName();
+    setIdentifier(record, *call.getProcedureName());
   }
   flow.callList.push_back(record);
   if (callee)

@@ -191,7 +191,8 @@ private:
   std::vector<std::uint32_t> leavingNodes() const {
     std::vector<std::uint32_t> nodes;
     for (const FlowCall &call : flow.calls())
-      if (flow.node(call.node).getParent() == &graph && (call.target || call.isDynamic))
+      if (flow.node(call.node).getParent() == &graph && call.kind == FlowCallKind::Call &&
+          (call.target || call.isDynamic))
         nodes.push_back(call.node);
     for (const FlowPerform &perform : flow.performs())
       if (flow.node(perform.node).getParent() == &graph &&

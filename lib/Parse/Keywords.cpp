@@ -17,7 +17,7 @@ constexpr llvm::StringLiteral keywordTexts[] = {
 #include "Parse/Keywords.def"
 };
 
-constexpr uint32_t initialSlots = 1 << 12;
+constexpr uint32_t initialSlots = 1 << 10;
 
 template <typename Chunk> uint64_t load(const char *from) {
   Chunk chunk;
@@ -53,6 +53,39 @@ uint32_t hashFolded(llvm::StringRef text) {
   return static_cast<uint32_t>((hash * multiplier) >> 32);
 }
 
+/// The keywords by their hash.
+class KeywordTable {
+public:
+  KeywordTable() {
+    for (unsigned index = 1; index < std::size(keywordTexts); ++index) {
+      const uint32_t hash = hashFolded(keywordTexts[index]);
+      uint32_t slot = hash & mask;
+      while (slots[slot].keyword != Keyword::None)
+        slot = (slot + 1) & mask;
+      slots[slot] = {hash, static_cast<Keyword>(index)};
+    }
+  }
+
+  /// The keyword that \p word, whose hash is \p hash, is in upper or lower case; else None.
+  Keyword find(llvm::StringRef word, uint32_t hash) const {
+    uint32_t slot = hash & mask;
+    for (; slots[slot].keyword != Keyword::None; slot = (slot + 1) & mask)
+      if (slots[slot].hash == hash && textOf(slots[slot].keyword).equals_insensitive(word))
+        return slots[slot].keyword;
+    return Keyword::None;
+  }
+
+private:
+  struct Slot {
+    uint32_t hash = 0;
+    Keyword keyword = Keyword::None;
+  };
+  static constexpr uint32_t mask = (1 << 11) - 1;
+  static_assert(std::size(keywordTexts) * 2 <= mask + 1);
+
+  Slot slots[mask + 1];
+};
+
 } // namespace
 
 const uint16_t keywordFlags[] = {
@@ -65,13 +98,8 @@ llvm::StringRef textOf(Keyword keyword) {
   return keywordTexts[static_cast<unsigned>(keyword)];
 }
 
-WordTable::WordTable(bool osvs) : slots(new Slot[initialSlots]), mask(initialSlots - 1) {
-  for (unsigned index = 1; index < std::size(keywordTexts); ++index) {
-    Keyword keyword = static_cast<Keyword>(index);
-    if (!(flagsOf(keyword) & KF_OsvsOnly) || osvs)
-      enter(keywordTexts[index], keyword);
-  }
-}
+WordTable::WordTable(bool osvs)
+    : slots(new Slot[initialSlots]), mask(initialSlots - 1), hasOsvsWords(osvs) {}
 
 WordTable::~WordTable() = default;
 
@@ -87,15 +115,18 @@ WordLookup WordTable::lookup(llvm::StringRef spelling) {
     if (text.equals_insensitive(spelling))
       return {slot.interned, false, slot.keyword};
   }
-  const Slot &slot = enter(spelling, Keyword::None);
+  const Slot &slot = enter(spelling, hash);
   return {slot.interned, *slot.interned == spelling, slot.keyword};
 }
 
 /// Folds, interns and enters a word that is not in the table.
-WordTable::Slot &WordTable::enter(llvm::StringRef spelling, Keyword keyword) {
+WordTable::Slot &WordTable::enter(llvm::StringRef spelling, uint32_t hash) {
+  static const KeywordTable keywords;
   if (++used * 2 > mask)
     grow();
-  uint32_t hash = hashFolded(spelling);
+  Keyword keyword = keywords.find(spelling, hash);
+  if (!hasOsvsWords && (flagsOf(keyword) & KF_OsvsOnly))
+    keyword = Keyword::None;
   const std::string &text = internString(spelling.upper());
   Slot &slot = freeSlot(hash);
   slot.interned = &text;

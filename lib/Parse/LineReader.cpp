@@ -70,19 +70,6 @@ bool beginsWith(const char *at, const char *end, llvm::StringRef text) {
   return llvm::StringRef(at, end - at).starts_with(text);
 }
 
-uint64_t load8(const char *at) {
-  uint64_t chunk;
-  std::memcpy(&chunk, at, 8);
-  return chunk;
-}
-
-/// Whether a chunk of eight bytes holds one below 0x20 or above 0x7F.
-bool holdsUnusual(uint64_t chunk) {
-  constexpr uint64_t ones = 0x0101010101010101;
-  constexpr uint64_t highs = 0x8080808080808080;
-  return (((chunk - ones * 0x20) & ~chunk) | chunk) & highs;
-}
-
 /// Follows literals through text that comes in pieces, to know whether one is open at its end.
 class LiteralTracker {
 public:

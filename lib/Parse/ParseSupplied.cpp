@@ -60,8 +60,10 @@ void SuppliedParser::supplyCommunicationAreas() {
 void SuppliedParser::readRecords(llvm::StringRef file, llvm::StringRef text, StorageType storage,
                                  AddRecord add) {
   SourceManager files(context.options);
-  TokenStream tokens(files.addText(file, text), files, context.diagnostics);
-  ParserContext supplied(tokens, context.diagnostics, context.options);
+  // The text is correct but for names made of a long name, which the programmer has not written.
+  FrontEndDiagnostics discarded;
+  TokenStream tokens(files.addText(file, text), files, discarded);
+  ParserContext supplied(tokens, discarded, context.options);
   supplied.unit = context.unit;
   DataParser(supplied).parseDataRecords(storage, add);
 }
@@ -139,6 +141,8 @@ bool SuppliedParser::parseSqlType(DataDescription &entry) {
   while (!at(TokenKind::Period, TokenKind::EndOfFile)) {
     if (llvm::StringRef found = declarationOf(peek().text); peek().isWord() && !found.empty())
       declaration = found;
+    else if (at(Keyword::Varying) && declaration == declarationOf("BINARY"))
+      declaration = declarationOf("VARBINARY");
     else if (dataClauses.contains(peek().keyword))
       break;
     else if (uint64_t number = sizeOf(peek().text))

@@ -1,6 +1,7 @@
 //===- SourceFile.cpp - source files and where they are found -------------===//
 
 #include "Parse/SourceFile.h"
+#include "AST/Storage.h"
 #include "Parse/BmsMacros.h"
 #include "Parse/CharacterTable.h"
 #include "Parse/SourceDamage.h"
@@ -21,6 +22,9 @@ size_t findBinary(llvm::StringRef text) {
   size_t count = 0;
   llvm::StringRef sample = text.take_front(4096);
   for (size_t i = 0; i < sample.size(); ++i) {
+    // Eight bytes at a time over what is plain text.
+    while (sample.size() - i > 8 && !holdsUnusual(load8(sample.data() + i)))
+      i += 8;
     unsigned char byte = sample[i];
     if (byte >= 0x20 || byte == '\n' || byte == '\r' || isBlank(sample[i]))
       continue;
@@ -30,11 +34,35 @@ size_t findBinary(llvm::StringRef text) {
   return count * 16 > sample.size() ? first : llvm::StringRef::npos;
 }
 
+bool isSpace(char c) {
+  return c == ' ' || (c >= '\t' && c <= '\r');
+}
+
+// Those of StringRef make a set of the characters at each call.
+llvm::StringRef trimStart(llvm::StringRef text) {
+  return text.drop_while(isSpace);
+}
+llvm::StringRef trimEnd(llvm::StringRef text) {
+  while (!text.empty() && isSpace(text.back()))
+    text = text.drop_back();
+  return text;
+}
+
+/// Where the first line of \p text ends: at a LF or CR, or the end of the text.
+size_t findLineEnd(llvm::StringRef text) {
+  size_t end = 0;
+  while (text.size() - end >= 8 && !holdsUnusual(load8(text.data() + end)))
+    end += 8;
+  while (end < text.size() && text[end] != '\n' && text[end] != '\r')
+    ++end;
+  return end;
+}
+
 /// Looks at lines for what only one of the two forms has.
 class FormatDetector {
 public:
   void look(llvm::StringRef line) {
-    llvm::StringRef text = line.ltrim();
+    llvm::StringRef text = trimStart(line);
     if (text.empty() || isOptions(text))
       return;
     ++lines;
@@ -79,7 +107,8 @@ public:
 
 private:
   static bool isOptions(llvm::StringRef text) {
-    llvm::StringRef word = text.ltrim("0123456789 ").take_while(isWordCharacter);
+    auto isNumbering = [](char c) { return c == ' ' || llvm::isDigit(c); };
+    llvm::StringRef word = text.drop_while(isNumbering).take_while(isWordCharacter);
     return word.equals_insensitive("CBL") || word.equals_insensitive("PROCESS");
   }
 
@@ -144,6 +173,13 @@ unsigned detectTabWidth(llvm::StringRef text) {
 
 constexpr llvm::StringLiteral mapExtensions[] = {".bms", ".BMS"};
 
+/// Tokens and what is made of them refer to the text.
+const SourceFile *keep(std::shared_ptr<const SourceFile> file) {
+  const SourceFile *kept = file.get();
+  keepUntilRelease(std::move(file));
+  return kept;
+}
+
 /// \p name as written, in upper and in lower case, each once.
 llvm::SmallVector<std::string, 3> spellingsOf(llvm::StringRef name) {
   llvm::SmallVector<std::string, 3> spellings{name.str()};
@@ -197,9 +233,9 @@ bool hasCopybookExtension(llvm::StringRef path) {
 SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {
   FormatDetector detector;
   while (!text.empty() && !detector.isDone()) {
-    size_t end = text.find_first_of("\r\n");
-    detector.look(text.substr(0, std::min<size_t>(end, 1000)).rtrim());
-    text = end == llvm::StringRef::npos ? llvm::StringRef() : text.substr(end + 1);
+    size_t end = findLineEnd(text);
+    detector.look(trimEnd(text.take_front(std::min<size_t>(end, 1000))));
+    text = text.substr(end + 1);
   }
   return detector.decide(otherwise);
 }
@@ -224,9 +260,9 @@ llvm::ErrorOr<const SourceFile *> SourceManager::open(llvm::StringRef path) {
   llvm::StringRef bytes = (*contents)->getBuffer();
   bool isUtf16 = bytes.starts_with("\xFE\xFF") || bytes.starts_with("\xFF\xFE");
   if (options.encoding.empty() && !isUtf16)
-    file = new SourceFile(path, std::move(*contents));
+    file = keep(std::make_shared<SourceFile>(path, std::move(*contents)));
   else
-    file = new SourceFile(path, decodeText(bytes, options.encoding));
+    file = keep(std::make_shared<SourceFile>(path, decodeText(bytes, options.encoding)));
   return file;
 }
 
@@ -239,7 +275,7 @@ void SourceManager::collectDamagedNames(SourceDamage &damage) const {
 
 const SourceFile &SourceManager::addText(llvm::StringRef name, llvm::StringRef text) {
   const SourceFile *&file = files[name];
-  file = new SourceFile(name, llvm::MemoryBuffer::getMemBufferCopy(text, name));
+  file = keep(std::make_shared<SourceFile>(name, llvm::MemoryBuffer::getMemBufferCopy(text, name)));
   return *file;
 }
 

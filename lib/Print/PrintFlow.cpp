@@ -258,8 +258,11 @@ private:
       isAny = true;
       os.indent(static_cast<unsigned>(2 + 2 * levels.size())) << words.lineOf(child.node) << ' ';
       if (child.call) {
-        os << "CALL " << toUtf8(child.call->name) << (child.call->isDynamic ? " (identifier)" : "")
-           << '\n';
+        os << llvm::StringRef(flowCallKindName(child.call->kind)).upper() << ' '
+           << toUtf8(child.call->name) << (child.call->isDynamic ? " (identifier" : "");
+        if (!child.call->value.empty())
+          os << ", " << toUtf8(child.call->value);
+        os << (child.call->isDynamic ? ")\n" : "\n");
         continue;
       }
       os << words.verbOf(child.node, child.kind) << ' ' << words.rangeName(child.range);
@@ -297,7 +300,7 @@ private:
         continue;
       isAny = true;
       os << "    " << words.lineOf(call.node) << ' ' << toUtf8(call.name) << ": " << kindOf(call)
-         << '\n';
+         << (call.value.empty() ? "" : ", holds ") << toUtf8(call.value) << '\n';
     }
     for (const CFGEntry *entry : graph.getFunction().getEntryList()) {
       isAny = true;
@@ -309,6 +312,18 @@ private:
 
 public:
   static llvm::StringRef kindOf(const FlowCall &call) {
+    switch (call.kind) {
+    case FlowCallKind::Call:
+      break;
+    case FlowCallKind::Link:
+      return call.isDynamic ? "linked, dynamic" : "linked";
+    case FlowCallKind::Transfer:
+      return call.isDynamic ? "transferred to, dynamic" : "transferred to";
+    case FlowCallKind::Start:
+      return call.isDynamic ? "started transaction, dynamic" : "started transaction";
+    case FlowCallKind::Return:
+      return call.isDynamic ? "next transaction, dynamic" : "next transaction";
+    }
     if (call.isDynamic)
       return "dynamic";
     if (!call.target)
@@ -372,7 +387,13 @@ private:
         for (const FlowCall &call : flow.calls())
           if (flow.node(call.node).getParent() == facts.graph)
             json.object([&] {
-              json.attribute(call.isDynamic ? "identifier" : "program", toUtf8(call.name));
+              json.attribute(call.isDynamic           ? "identifier"
+                             : call.isOfTransaction() ? "transaction"
+                                                      : "program",
+                             toUtf8(call.name));
+              if (!call.value.empty())
+                json.attribute("value", toUtf8(call.value));
+              json.attribute("kind", flowCallKindName(call.kind));
               json.attribute("dynamic", call.isDynamic);
               json.attribute("inCompilation", call.target != nullptr);
               printPlace(call.node);

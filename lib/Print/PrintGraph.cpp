@@ -345,7 +345,13 @@ private:
           continue;
         json.object([&] {
           json.attribute("from", idOf(layout, node));
-          text(call.isDynamic ? "identifier" : "program", call.name);
+          text(call.isDynamic           ? "identifier"
+               : call.isOfTransaction() ? "transaction"
+                                        : "program",
+               call.name);
+          if (!call.value.empty())
+            text("value", call.value);
+          json.attribute("kind", flowCallKindName(call.kind));
           json.attribute("dynamic", call.isDynamic);
           json.attribute("inCompilation", call.target != nullptr);
         });

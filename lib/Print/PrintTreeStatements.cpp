@@ -307,6 +307,10 @@ void TreePrinter::print(llvm::StringRef role, EmbeddedOperand &operandOfCommand)
     sink.text("option", operandOfCommand.getName());
   sink.text("effect", nameOf(operandOfCommand.getRole()));
   name("name", operandOfCommand.getWord());
+  if (const Section *section = operandOfCommand.getSection())
+    sink.text("section", section->getSectionName()->getWordData());
+  if (const Paragraph *paragraph = operandOfCommand.getParagraph())
+    sink.text("paragraph", paragraph->getParagraphName()->getWordData());
   operand("argument", operandOfCommand.getValue());
 }
 

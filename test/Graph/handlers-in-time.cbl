@@ -24,7 +24,11 @@
            EXEC CICS HANDLE ABEND LABEL(L3) END-EXEC
            EXEC CICS READ FILE('ABEND') INTO(R) END-EXEC
            EXEC CICS HANDLE ABEND CANCEL END-EXEC
-           EXEC CICS HANDLE CONDITION DUPREC(L4) END-EXEC
+           EXEC CICS HANDLE CONDITION DUPREC(L4) MAPFAIL(L4) END-EXEC
+           EXEC CICS READ FILE('OTHER') INTO(R) END-EXEC
+           EXEC CICS WRITE FILE('DUP') FROM(R) RIDFLD(R) END-EXEC
+           EXEC CICS IGNORE CONDITION PGMIDERR END-EXEC
+           EXEC CICS XCTL PROGRAM('P') END-EXEC
            EXEC CICS RETURN END-EXEC.
        SET-UP.
            EXEC CICS HANDLE CONDITION NOTFND(L1) END-EXEC.
@@ -33,18 +37,21 @@
        L2.
            GOBACK.
        L3.
+           EXEC CICS DUMP TRANSACTION DUMPCODE('L3') END-EXEC
            GOBACK.
        L4.
            STOP RUN.
        NEVER.
            EXEC CICS HANDLE CONDITION NOTFND(NEVER) END-EXEC.
-      *> CHECK:      14 EXEC -> handler: handler
-      *> CHECK-NEXT: 18 EXEC -> handler: handler
-      *> CHECK-NEXT: 25 EXEC -> handler: handler
-      *> CHECK-NEXT: 28 EXEC -> handler: handler
-      *> CHECK-NEXT: handler -> 31 L1: handler
-      *> CHECK-NEXT: handler -> 31 L1: handler
-      *> CHECK-NEXT: handler -> 33 L2: handler
-      *> CHECK-NEXT: handler -> 35 L3: handler
-      *> CHECK-NEXT: handler -> 37 L4: handler
+      *> An abend within the abend exit does not enter it again, XCTL goes on where its failure is
+      *> ignored, and a READ does not find a record twice.
+      *> CHECK:      14 EXEC CICS READ -> handler: handler
+      *> CHECK-NEXT: 18 EXEC CICS READ -> handler: handler
+      *> CHECK-NEXT: 25 EXEC CICS READ -> handler: handler
+      *> CHECK-NEXT: 29 EXEC CICS WRITE -> handler: handler
+      *> CHECK-NEXT: handler -> 35 L1: handler
+      *> CHECK-NEXT: handler -> 35 L1: handler
+      *> CHECK-NEXT: handler -> 37 L2: handler
+      *> CHECK-NEXT: handler -> 39 L3: handler
+      *> CHECK-NEXT: handler -> 42 L4: handler
       *> CHECK-NOT: {{.}}

@@ -62,7 +62,7 @@ MAIN.
 *> COUNTER:        read
 *> COUNTER-NEXT:     40 MOVE: written in 39
 *> COUNTER-NEXT:     39 PERFORM (loop test): written in 39
-*> COUNTER-NEXT:     53 EXEC: written in 39
+*> COUNTER-NEXT:     53 EXEC SQL SELECT INTO: written in 39
 *>
 *> A constant subscript means one element, and what redefines another one is apart from it.
 *> T2:           T2, line [[#]]: bytes 4-8 and 8 more elements of REC, in program OUTER

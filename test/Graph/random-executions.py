@@ -463,7 +463,8 @@ class Generator:
         self.emit("call", self.inner)
 
     def command(self, depth):
-        condition = self.random.choice(["notfnd", "duprec"])
+        # Conditions that every command can raise.
+        condition = self.random.choice(["invreq", "lengerr"])
         label = self.random.choice(self.paragraphs)
         choice = self.random.choice(["handle", "handle", "default", "read", "read", "read", "return"])
         if choice == "handle":

@@ -8,6 +8,7 @@
 #include "Analyzer/SemanticChecker.h"
 #include "Analyzer/TopLevel.h"
 #include "Depfile.h"
+#include "FileMemory.h"
 #include "Findings.h"
 #include "Parse/Parse.h"
 #include "Parse/SourceFile.h"
@@ -40,6 +41,10 @@ bool Compilation::analyse(std::string &failure) {
   TopLevel::beginCompilation(baseName.str(), settings);
 
   ParseOptions options = request.parse;
+  if (memory && !options.fileSystem) {
+    memory->beginProgram();
+    options.fileSystem = memory;
+  }
   if (ReportCache::isWanted(request) || Depfile(request).isWanted()) {
     dependencies = llvm::makeIntrusiveRefCnt<DependencyRecorder>(
         options.fileSystem ? options.fileSystem : llvm::vfs::getRealFileSystem());
@@ -290,12 +295,20 @@ int Compilation::printTree(CommandOutput &output) {
 }
 
 void compile(llvm::function_ref<void()> work) {
+  static thread_local bool hasStack = false;
+  if (hasStack) {
+    work();
+    return;
+  }
 #ifdef TARKA_MIMALLOC
   // The elements of lists lie on huge pages, as the tree itself does.
   mi_option_enable(mi_option_large_os_pages);
 #endif
-  llvm::thread worker(std::optional<unsigned>(compilationStack), work);
-  worker.join();
+  llvm::thread thread(std::optional<unsigned>(compilationStack), [work] {
+    hasStack = true;
+    work();
+  });
+  thread.join();
 }
 
 } // namespace tarka

@@ -19,6 +19,7 @@
 namespace tarka {
 
 class CFGModule;
+class FileMemory;
 class Program;
 
 /// One file on its way through reading, checks and what is printed of it.
@@ -32,6 +33,8 @@ public:
                          driverRequest.listCopybooks),
         expansion(keepsWords || driverRequest.command == Command::Expand) {}
 
+  /// Reads files through \p fileMemory, what this process remembers of those of other programs.
+  void setFileMemory(FileMemory &fileMemory) { memory = &fileMemory; }
   /// Reads and checks the file and gives what is to be reported of it.
   FileReport check();
   /// The same for --verify: compares what was found with what the source expects.
@@ -68,6 +71,7 @@ private:
 
   const Request &request;
   const std::string &file;
+  FileMemory *memory = nullptr;
   SourceLines lines;
   FrontEndDiagnostics frontEnd;
   ErrorHandler handler;
@@ -82,7 +86,7 @@ private:
   bool checksSucceeded = false;
 };
 
-/// Does \p work, which is one compilation, in a thread with stack enough.
+/// Does \p work, which compiles, in a thread with stack enough; in this one when it has it already.
 void compile(llvm::function_ref<void()> work);
 
 } // namespace tarka

@@ -5,6 +5,7 @@
 #include "Configuration.h"
 #include "Depfile.h"
 #include "Explain.h"
+#include "FileMemory.h"
 #include "Generate.h"
 #include "Inputs.h"
 #include "OutputFile.h"
@@ -60,10 +61,15 @@ int listCopybooks(const Request &request, Configuration &configuration) {
     output.stream() << "{\"version\":1,\"programs\":[";
   int status = ExitClean;
   llvm::ListSeparator comma(",\n");
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto listOne = [&](const std::string &file, llvm::raw_ostream &answer) {
     const Request own = llvm::cantFail(configuration.requestFor(file));
     int result = ExitInternal;
-    compile([&] { result = Compilation(own, file).listCopybooks(answer); });
+    compile([&] {
+      Compilation compilation(own, file);
+      compilation.setFileMemory(*memory);
+      result = compilation.listCopybooks(answer);
+    });
     return result;
   };
   ConfiguredInputs inputs(request, configuration,
@@ -96,10 +102,12 @@ int checkFiles(const Request &request, Configuration &configuration) {
     return run.getStatus();
   Depfile depfile(request);
   ReportCache cache(request);
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto checkOne = [&](const std::string &file, llvm::raw_ostream &answer) -> int {
     const Request own = llvm::cantFail(configuration.requestFor(file));
     compile([&] {
       Compilation compilation(own, file);
+      compilation.setFileMemory(*memory);
       const FileReport report = compilation.check();
       std::string bytes;
       llvm::raw_string_ostream stream(bytes);
@@ -143,10 +151,15 @@ int checkFiles(const Request &request, Configuration &configuration) {
 }
 
 int verifyFiles(const Request &request, Configuration &configuration) {
+  const auto memory = llvm::makeIntrusiveRefCnt<FileMemory>();
   auto verifyOne = [&](const std::string &file) {
     const Request own = llvm::cantFail(configuration.requestFor(file));
     int status = ExitInternal;
-    compile([&] { status = Compilation(own, file).verify(); });
+    compile([&] {
+      Compilation compilation(own, file);
+      compilation.setFileMemory(*memory);
+      status = compilation.verify();
+    });
     return status;
   };
   int status = ExitClean;

@@ -196,8 +196,11 @@ std::string DiagnosticRow::shownMessage() const {
   std::string shown;
   llvm::StringRef rest = message;
   while (!rest.empty()) {
-    if (rest.consume_front("%s") || rest.consume_front("{0}") || rest.consume_front("{1}") ||
-        rest.consume_front("{2}")) {
+    // {0}, {1} and so on, or %s.
+    const bool isArgument =
+        rest.size() > 2 && rest[0] == '{' && llvm::isDigit(rest[1]) && rest[2] == '}';
+    if (isArgument || rest.starts_with("%s")) {
+      rest = rest.drop_front(isArgument ? 3 : 2);
       shown += "...";
       continue;
     }

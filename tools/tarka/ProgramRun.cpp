@@ -1,6 +1,8 @@
 //===- ProgramRun.cpp - a run over many programs --------------------------===//
 
 #include "ProgramRun.h"
+#include "AST/Storage.h"
+#include "Compilation.h"
 #include "Progress.h"
 #include "Workers/Interrupt.h"
 #include "Workers/WorkerPool.h"
@@ -31,8 +33,8 @@ bool print(llvm::raw_ostream &out, llvm::StringRef text) {
   return isWritten;
 }
 
-/// Lets the worker notice that its memory is at an end.
-void connectAllocator() {
+/// Lets the worker notice that its memory is at an end, and gives it the stack of compilations.
+void prepareWorker(llvm::function_ref<void()> work) {
 #ifdef TARKA_MIMALLOC
   auto handle = [](int error, void *) {
     if (error == ENOMEM)
@@ -40,6 +42,7 @@ void connectAllocator() {
   };
   mi_register_error(handle, nullptr);
 #endif
+  compile(work);
 }
 
 /// Why \p result is none; empty when the task came to its end.
@@ -76,7 +79,13 @@ public:
         pool({.jobs = request.jobs,
               .maxSeconds = request.timeLimit,
               .maxBytes = request.memoryLimit * megabyte,
-              .reservedBytes = compilationStack}),
+              .reservedBytes = compilationStack,
+              .surround = prepareWorker},
+             [this](const std::string &file, llvm::raw_ostream &answer) {
+               const int status = task(file, answer);
+               releaseStorage();
+               return status;
+             }),
         progress(request) {}
 
   int run();
@@ -118,15 +127,14 @@ void ProgramRun::startMore() {
   while (hasMore && pool.hasRoom()) {
     std::optional<std::string> file = next();
     hasMore = file.has_value();
-    if (!file)
+    if (!file) {
+      pool.close();
       break;
+    }
     if (std::optional<std::string> kept = known ? known(*file) : std::nullopt)
       pool.add(*file, std::move(*kept));
     else
-      pool.start(*file, [&](llvm::raw_ostream &answer) {
-        connectAllocator();
-        return task(*file, answer);
-      });
+      pool.start(*file);
   }
 }
 

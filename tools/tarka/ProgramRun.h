@@ -1,7 +1,7 @@
 //===- ProgramRun.h - a run over many programs ------------------*- C++ -*-===//
 //
-// Each program of a run is analysed in a process of its own, so that a crash or a
-// runaway costs that program only.
+// The programs of a run are analysed in processes other than this one, so that a
+// crash or a runaway costs one program only.
 //
 //===----------------------------------------------------------------------===//
 
@@ -26,7 +26,7 @@ constexpr unsigned compilationStack = 1u << 30;
 using ProgramSource = llvm::function_ref<std::optional<std::string>()>;
 
 /// What a worker does with the program \p file: it may print, and writes an answer for the parent.
-/// It returns an ExitStatus.
+/// It returns an ExitStatus. The trees of one program are gone when the next one begins.
 using ProgramTask = llvm::function_ref<int(const std::string &file, llvm::raw_ostream &answer)>;
 
 /// What the task would answer for the program \p file, when that is known without it.

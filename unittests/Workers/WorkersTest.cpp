@@ -15,12 +15,12 @@ using namespace tarka;
 
 namespace {
 
-std::vector<WorkerResult> runAll(WorkerPool &pool, int tasks,
-                                 llvm::function_ref<int(int, llvm::raw_ostream &)> task) {
+/// Runs the tasks that are named by their numbers.
+std::vector<WorkerResult> runAll(WorkerPool &pool, int tasks) {
   std::vector<WorkerResult> results;
   for (int next = 0; next < tasks || !pool.isEmpty();) {
     for (; next < tasks && pool.hasRoom(); ++next)
-      pool.start(std::to_string(next), [&](llvm::raw_ostream &out) { return task(next, out); });
+      pool.start(std::to_string(next));
     pool.wait();
     while (std::optional<WorkerResult> result = pool.take())
       results.push_back(std::move(*result));
@@ -30,15 +30,16 @@ std::vector<WorkerResult> runAll(WorkerPool &pool, int tasks,
 
 // What they print and answer is far larger than a pipe, and they end in another order.
 TEST(WorkerPool, ResultsComeWholeAndInOrder) {
-  WorkerPool pool({.jobs = 8});
   const std::string large(1 << 20, 'x');
-  auto results = runAll(pool, 60, [&](int number, llvm::raw_ostream &answer) {
+  WorkerPool pool({.jobs = 8}, [&](const std::string &name, llvm::raw_ostream &answer) {
+    const int number = std::stoi(name);
     usleep(static_cast<unsigned>((60 - number) % 7) * 3000);
     llvm::outs() << "out " << number;
     llvm::errs() << "err " << number << large;
     answer << number << large;
     return number;
   });
+  auto results = runAll(pool, 60);
   ASSERT_EQ(results.size(), 60u);
   for (int number = 0; number < 60; ++number) {
     const WorkerResult &result = results[static_cast<unsigned>(number)];
@@ -53,48 +54,83 @@ TEST(WorkerPool, ResultsComeWholeAndInOrder) {
   EXPECT_GT(pool.getSlowest().second, 0.015);
 }
 
+// Workers have done other tasks before one of them fails.
 TEST(WorkerPool, EachKindOfFailureCostsOneTask) {
   WorkerPoolOptions options{.jobs = 2, .maxSeconds = 0.3};
   // The sanitizer has the address space for itself.
   if (!LLVM_ADDRESS_SANITIZER_BUILD)
     options.maxBytes = 64u << 20;
-  WorkerPool pool(options);
-  auto results = runAll(pool, 6, [&](int number, llvm::raw_ostream &answer) -> int {
+  WorkerPool pool(options, [&](const std::string &name, llvm::raw_ostream &answer) -> int {
+    const int number = std::stoi(name);
     answer << number;
-    if (number == 1)
+    llvm::errs() << "begins";
+    llvm::errs().flush();
+    if (number == 11)
       raise(SIGABRT); // a signal that the sanitizers leave alone
-    if (number == 2)
+    if (number == 12)
       pause();
-    if (number == 3) {
+    if (number == 13) {
       std::vector<std::string> memory;
       while (options.maxBytes != 0)
         memory.emplace_back(1u << 20, 'x');
     }
-    if (number == 4) {
+    if (number == 14) {
       close(3); // the answer ends, the worker does not
       pause();
     }
     return 7;
   });
-  ASSERT_EQ(results.size(), 6u);
-  EXPECT_EQ(results[0].kind, WorkerResult::Done);
-  EXPECT_EQ(results[1].kind, WorkerResult::Crashed);
-  EXPECT_EQ(results[1].value, SIGABRT);
-  EXPECT_EQ(results[2].kind, WorkerResult::OutOfTime);
-  EXPECT_GE(results[2].seconds, 0.3);
-  EXPECT_EQ(results[3].kind, options.maxBytes ? WorkerResult::OutOfMemory : WorkerResult::Done);
-  EXPECT_EQ(results[4].kind, WorkerResult::OutOfTime);
-  EXPECT_EQ(results[5].kind, WorkerResult::Done);
-  EXPECT_EQ(results[5].value, 7);
-  EXPECT_EQ(results[5].answer, "5");
+  auto results = runAll(pool, 20);
+  ASSERT_EQ(results.size(), 20u);
+  for (int number : {0, 10, 15, 19}) {
+    const WorkerResult &result = results[static_cast<unsigned>(number)];
+    EXPECT_EQ(result.kind, WorkerResult::Done);
+    EXPECT_EQ(result.value, 7);
+    EXPECT_EQ(result.answer, std::to_string(number));
+    EXPECT_EQ(result.err, "begins");
+  }
+  EXPECT_EQ(results[11].kind, WorkerResult::Crashed);
+  EXPECT_EQ(results[11].value, SIGABRT);
+  EXPECT_EQ(results[11].err, "begins");
+  EXPECT_EQ(results[12].kind, WorkerResult::OutOfTime);
+  EXPECT_GE(results[12].seconds, 0.3);
+  EXPECT_EQ(results[13].kind, options.maxBytes ? WorkerResult::OutOfMemory : WorkerResult::Done);
+  EXPECT_EQ(results[14].kind, WorkerResult::Crashed);
+}
+
+// What fails because of what earlier tasks have left behind is tried again without it.
+TEST(WorkerPool, FailuresDoNotDependOnEarlierTasks) {
+  static int carriedOut = 0;
+  WorkerPool pool({.jobs = 1}, [](const std::string &name, llvm::raw_ostream &answer) {
+    if (name == "5" && carriedOut > 0)
+      raise(SIGABRT);
+    answer << ++carriedOut;
+    return 0;
+  });
+  std::string answers;
+  for (const WorkerResult &result : runAll(pool, 8))
+    answers += result.answer;
+  EXPECT_EQ(answers, "12345123");
+}
+
+// A worker does not grow without end.
+TEST(WorkerPool, LargeWorkersAreReplaced) {
+  static int carriedOut = 0;
+  WorkerPool pool({.jobs = 1, .keptBytes = 1}, [](const std::string &, llvm::raw_ostream &answer) {
+    answer << ++carriedOut;
+    return 0;
+  });
+  for (const WorkerResult &result : runAll(pool, 5))
+    EXPECT_EQ(result.answer, "1");
 }
 
 // When the run is broken off, what is ready can be had without waiting for the others.
 TEST(WorkerPool, ResultsBehindARunningWorker) {
-  WorkerPool pool({.jobs = 3});
-  pool.start("slow", [](llvm::raw_ostream &) { return pause(); });
-  for (const char *name : {"a", "b"})
-    pool.start(name, [](llvm::raw_ostream &) { return 0; });
+  WorkerPool pool({.jobs = 3}, [](const std::string &name, llvm::raw_ostream &) {
+    return name == "slow" ? pause() : 0;
+  });
+  for (const char *name : {"slow", "a", "b"})
+    pool.start(name);
   while (pool.getEnded() < 2)
     pool.wait();
   EXPECT_FALSE(pool.take());

@@ -133,7 +133,10 @@ private:
     Expression *value = operand.getValue();
     if (!value)
       return;
-    if (operand.getRole() == EmbeddedRole::Written && llvm::isa<LiteralExpression>(value)) {
+    // A length that CICS reads and returns is passed in a copy where it is a literal.
+    const bool needsArea = operand.getRole() == EmbeddedRole::Written ||
+                           (operand.isWritten() && row.argument == CicsArgument::Area);
+    if (needsArea && llvm::isa<LiteralExpression>(value)) {
       report.report(LanguageRule::CicsLiteralWritten, *value, operand.getName(), name());
       return;
     }
@@ -160,28 +163,29 @@ private:
                   suggestion(nearestCicsCondition(operand.getName())));
   }
 
-  /// What excludes or needs each other.
+  /// What excludes or needs each other. Of two options that exclude each other, the second one in
+  /// the text is reported.
   void checkGroups() {
-    for (const CicsOptionGroup &group : info.groups) {
-      const CicsOptionInfo *given = nullptr;
-      for (unsigned number : group.options) {
-        const CicsOptionInfo &option = info.options[number];
-        if (!seen.contains(&option))
-          continue;
-        EmbeddedOperand &operand = *command.find(option.name);
-        if (given)
-          report.report(LanguageRule::CicsOptionsExclusive, operand, option.name, given->name,
-                        name());
-        else
-          checkNeeds(operand, option);
-        given = &option;
-      }
-      if (!given && group.isRequired) {
-        llvm::SmallVector<llvm::StringRef, 4> names;
-        for (unsigned number : group.options)
-          names.push_back(info.options[number].name);
-        report.report(LanguageRule::CicsOptionMissing, command, name(), listOf(names));
-      }
+    llvm::SmallVector<const CicsOptionInfo *, 16> given(info.groups.size());
+    for (EmbeddedOperand *operand : command.getOperandElements()) {
+      const CicsOptionInfo *option = info.findOption(operand->getName());
+      if (!option || option == &info.anyOption)
+        continue;
+      const CicsOptionInfo *&first = given[option->group];
+      if (first)
+        report.report(LanguageRule::CicsOptionsExclusive, *operand, option->name, first->name,
+                      name());
+      else
+        checkNeeds(*operand, *option);
+      first = option;
+    }
+    for (const auto &[group, option] : llvm::zip(info.groups, given)) {
+      if (option || !group.isRequired)
+        continue;
+      llvm::SmallVector<llvm::StringRef, 4> names;
+      for (unsigned number : group.options)
+        names.push_back(info.options[number].name);
+      report.report(LanguageRule::CicsOptionMissing, command, name(), listOf(names));
     }
   }
 

@@ -102,7 +102,7 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
   else if (auto *statement = llvm::dyn_cast<SqlCommand>(command))
     sql.check(*statement);
   else
-    checkDliCommand(*command, report);
+    dli.check(*command);
 }
 
 void EmbeddedCheck::checkNames(EmbeddedCommand &command, SourceUnit &unit) {
@@ -141,8 +141,7 @@ void EmbeddedCheck::checkLabels(EmbeddedCommand &command, SourceUnit &unit) {
     if (operand->getRole() != EmbeddedRole::Label || !label)
       continue;
     const std::string &name = label->getWordData();
-    if (!division->findSections(name).empty() || !division->findParagraphs(name).empty() ||
-        !division->findSectionParagraphs(name).empty() ||
+    if (operand->getSection() || operand->getParagraph() ||
         !reportedNames.insert({&unit, &name}).second)
       continue;
     SpellingMatch match(name);

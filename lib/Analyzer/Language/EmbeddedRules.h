@@ -12,16 +12,45 @@
 
 namespace tarka {
 
+/// Checks the functions of EXEC DLI, and those that DL/I is called with.
+class DliCheck {
+public:
+  explicit DliCheck(LanguageReport &languageReport) : report(languageReport) {}
+
+  void check(EmbeddedCommand &command);
+  /// Checks a call of an interface module whose function is a literal, or an item with a VALUE.
+  void check(CallStatement &call);
+  /// Reports the items of \p program whose VALUE is no function and which nothing changes.
+  void finish(Program &program);
+
+private:
+  void reportFunction(Expression &argument, llvm::StringRef function);
+
+  LanguageReport &report;
+  struct Suspect {
+    Expression *argument;
+    const DataDescription *item;
+    SourceUnit *unit;
+    std::string function;
+  };
+  std::vector<Suspect> suspects;
+};
+
 /// Checks the embedded blocks of a compilation, which it is given in source order.
 class EmbeddedCheck {
 public:
   explicit EmbeddedCheck(LanguageReport &languageReport)
-      : report(languageReport), sql(languageReport) {}
+      : report(languageReport), sql(languageReport), dli(languageReport) {}
 
   /// Checks a block of \p unit.
   void check(ExecStatement &block, SourceUnit &unit);
-  /// Checks what depends on all blocks, when they have been given.
-  void finish() { sql.finish(); }
+  /// Checks a call of DL/I.
+  void check(CallStatement &call) { dli.check(call); }
+  /// Checks what depends on all blocks of \p program, when they have been given.
+  void finish(Program &program) {
+    sql.finish();
+    dli.finish(program);
+  }
 
 private:
   void checkNames(EmbeddedCommand &command, SourceUnit &unit);
@@ -30,16 +59,13 @@ private:
 
   LanguageReport &report;
   SqlCheck sql;
+  DliCheck dli;
   /// The undeclared names that have been reported, by their programs.
   llvm::DenseSet<std::pair<const SourceUnit *, const std::string *>> reportedNames;
 };
 
-/// The rules of one command of CICS, CicsRules.cpp.
+/// The rules of one command of CICS, see CicsRules.cpp.
 void checkCicsCommand(CicsCommand &command, LanguageReport &report);
-
-/// The function of EXEC DLI, and of a CALL of DL/I with a literal, DliRules.cpp.
-void checkDliCommand(EmbeddedCommand &command, LanguageReport &report);
-void checkDliCall(CallStatement &call, LanguageReport &report);
 
 /// The text "; was X meant?" for a name that is near; empty without one.
 std::string suggestion(llvm::StringRef nearest);

@@ -62,7 +62,7 @@ public:
   }
 
   /// Checks what depends on the whole compilation, when all programs have been given.
-  void finish() { embedded.finish(); }
+  void finish(Program &program) { embedded.finish(program); }
 
 private:
   void check(ProcedureDivision &division) {
@@ -98,7 +98,7 @@ private:
     if (auto *block = llvm::dyn_cast<ExecStatement>(&statement))
       embedded.check(*block, *current);
     else if (auto *call = llvm::dyn_cast<CallStatement>(&statement))
-      checkDliCall(*call, report);
+      embedded.check(*call);
     forEachNestedList(statement, [&](NodeRange<Statement> nested) {
       for (Statement *inner : nested)
         check(*inner, context);
@@ -117,7 +117,7 @@ std::vector<ErrorEntry> checkLanguage(Program &program, const EarlierDiagnostics
   LanguageWalk walk(report);
   for (SourceUnit *unit : program.getSourceUnitListElements())
     walk.check(*unit);
-  walk.finish();
+  walk.finish(program);
   return report.takeEntries();
 }
 

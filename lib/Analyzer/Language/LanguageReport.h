@@ -19,6 +19,7 @@ public:
 
   /// The unit that what is reported from now on belongs to.
   void setUnit(SourceUnit &current) { unit = &current; }
+  SourceUnit *getUnit() const { return unit; }
 
   /// True when parts of the source may be missing in the tree.
   bool isTreeIncomplete() const { return treeIncomplete; }

@@ -109,6 +109,8 @@ void SqlCheck::check(SqlCommand &command) {
     prepared.try_emplace(keyOf(*command.getStatementName()), &command);
   if (kind == SqlKind::Select)
     checkCount(command, command.getColumnCount(), "SELECT");
+  else if (command.getName() == "VALUES")
+    checkCount(command, command.getColumnCount(), "VALUES");
 }
 
 void SqlCheck::checkHostVariables(SqlCommand &command) {

@@ -7,6 +7,7 @@
 
 #include "AST/CicsCommands.h"
 #include "Parse/Embedded/EmbeddedParser.h"
+#include "llvm/ADT/STLExtras.h"
 
 namespace tarka {
 
@@ -52,8 +53,15 @@ public:
     const SourceRange place = rangeFrom(tokens.front().place, tokens.back().place);
     const std::string *name = &internString(info ? info->name : tokens.front().text);
     auto *command = new CicsCommand(place, name, info);
-    for (const WrittenOption &option : options)
-      command->addOperand(makeOperand(option, info));
+    const bool isDirectInquiry =
+        tokens.front().text == "INQUIRE" && !llvm::is_contained(names, "NEXT");
+    for (const WrittenOption &option : options) {
+      EmbeddedOperand *operand = makeOperand(option, info);
+      // INQUIRE names its resource first; only a browse gives the name.
+      if (isDirectInquiry && &option == &options.front() && operand->isWritten())
+        operand->setRole(EmbeddedRole::Read);
+      command->addOperand(operand);
+    }
     if (unexpected)
       command->addOperand(
           new EmbeddedOperand(unexpected->place, &internString(""), EmbeddedRole::None));

@@ -30,6 +30,8 @@ public:
   Expression *parseExpression(llvm::ArrayRef<Token> tokens);
   /// The tokens of the block that is being read; kept, so that its memory is used again.
   llvm::SmallVector<Token, 64> tokens;
+  /// The WHENEVER statements that hold from here on in the text.
+  std::array<SqlCommand *, 4> whenever{};
 
 private:
   ParserContext &outer;

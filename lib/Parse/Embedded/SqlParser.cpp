@@ -43,6 +43,7 @@ public:
     readNames();
     readHostVariables();
     readTables();
+    followWhenever();
     return command;
   }
 
@@ -101,8 +102,8 @@ private:
       return declarationKind();
     if (first.is("BEGIN") || first.is("END"))
       return at(1).is("DECLARE") ? SqlKind::Declaration : SqlKind::Other;
-    if (first.is("FREE") || first.is("INCLUDE"))
-      return SqlKind::Other;
+    if (first.is("INCLUDE"))
+      return SqlKind::Declaration;
     return llvm::StringSwitch<SqlKind>(first.text)
         .CaseLower("open", SqlKind::Open)
         .CaseLower("fetch", SqlKind::Fetch)
@@ -198,6 +199,8 @@ private:
       command->setColumnCount(countColumns(0));
       return;
     default:
+      if (at(0).is("VALUES"))
+        command->setColumnCount(countValues());
       return;
     }
   }
@@ -258,8 +261,18 @@ private:
       return;
     if (at(n).kind == SqlTokenKind::Colon)
       ++n;
-    command->setLabel(takeName(n));
-    addName("LABEL", EmbeddedRole::Label, command->getLabel());
+    addName("LABEL", EmbeddedRole::Label, takeName(n));
+  }
+
+  /// WHENEVER holds for the statements behind it in the text, whatever order they run in.
+  void followWhenever() {
+    std::array<SqlCommand *, 4> &inForce = scratchOf(context).whenever;
+    if (const WheneverCondition condition = command->getWhenever();
+        condition != WheneverCondition::None)
+      inForce[static_cast<std::size_t>(condition)] = command;
+    for (WheneverCondition condition :
+         {WheneverCondition::NotFound, WheneverCondition::SqlError, WheneverCondition::SqlWarning})
+      command->setWheneverFor(condition, inForce[static_cast<std::size_t>(condition)]);
   }
 
   /// How many columns the SELECT gives that begins at \p n, or behind the common table expressions
@@ -291,6 +304,19 @@ private:
     return at(n).kind == SqlTokenKind::End ? 0 : columns;
   }
 
+  /// How many values stand in VALUES value INTO or VALUES (value, value ...) INTO.
+  unsigned countValues() const {
+    const std::size_t end = at(1).isMark('(') ? skipParentheses(1) : 0;
+    if (!end || !at(end).is("INTO"))
+      return end ? 0 : 1;
+    unsigned values = 1;
+    for (std::size_t n = 2; n + 1 < end;) {
+      values += at(n).isMark(',');
+      n = at(n).isMark('(') ? skipParentheses(n) : n + 1;
+    }
+    return values;
+  }
+
   //===--------------------------------------------------------------------===//
   // Host variables
   //===--------------------------------------------------------------------===//
@@ -302,16 +328,19 @@ private:
     // its equal signs.
     bool isTarget = false;
     bool isBehindEqualSign = false;
+    bool isDescriptor = false;
     const bool assigns = at(0).isOneOf("SET", "GET");
     const bool isCall = at(0).is("CALL");
+    const bool associates = at(0).is("ASSOCIATE");
+    const bool describes = at(0).isOneOf("DESCRIBE", "PREPARE");
     for (std::size_t n = 0; at(n).kind != SqlTokenKind::End;) {
       if (at(n).kind != SqlTokenKind::Colon) {
         isBehindEqualSign |= at(n).isMark('=');
-        const bool goesOn = isTarget && at(n).isMark(',');
+        const bool goesOn = isTarget && (at(n).isMark(',') || at(n).isMark('('));
+        // A descriptor says where the values are; only the statements that describe change it.
+        isDescriptor = at(n).is("DESCRIPTOR");
         if (!goesOn)
-          isTarget = at(n).isOneOf("INTO", "LOCATORS", "LOCATOR") ||
-                     (isTarget && at(n).isMark('(')) ||
-                     (at(n).is("DESCRIPTOR") && command->getKind() == SqlKind::Fetch);
+          isTarget = at(n).is("INTO") || (associates && at(n).isOneOf("LOCATORS", "LOCATOR"));
         ++n;
         continue;
       }
@@ -333,7 +362,11 @@ private:
       if (assigns &&
           (at(n).isMark('=') || (!isBehindEqualSign && (at(n).isMark(',') || at(n).isMark(')')))))
         role = EmbeddedRole::Written;
-      addVariable(isTarget ? "INTO" : "", role, variable);
+      const bool isDescribed = describes && isTarget;
+      addVariable(isDescriptor || isDescribed ? "DESCRIPTOR"
+                  : isTarget                  ? "INTO"
+                                              : "",
+                  role, variable);
       if (indicator)
         addVariable("INDICATOR", role, indicator);
     }

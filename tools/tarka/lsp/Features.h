@@ -19,12 +19,14 @@ class Snapshot;
 
 /// A request about a document that a snapshot of its program answers.
 struct Feature {
-  llvm::StringLiteral method;
+  llvm::StringLiteral method; ///< of the protocol, or the name of a command
   /// The member of the server's capabilities and its value as JSON; empty when another row has it.
   llvm::StringLiteral capability;
   llvm::StringLiteral options;
   /// Gives the result, or the reason for which there is none.
   llvm::Expected<llvm::json::Value> (*answer)(Snapshot &, const llvm::json::Object &parameters);
+
+  bool isCommand() const { return method.starts_with("tarka."); }
 };
 
 llvm::ArrayRef<Feature> allFeatures();

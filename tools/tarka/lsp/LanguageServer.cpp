@@ -112,6 +112,7 @@ private:
     }
   };
   void ask(const Feature &feature, const RawParams &parameters, Callback<llvm::json::Value> reply);
+  void executeCommand(const RawParams &parameters, Callback<llvm::json::Value> reply);
 
   // Waiting.
   static ssize_t readInput(void *server, char *buffer, std::size_t size) {
@@ -168,8 +169,10 @@ LanguageServer::LanguageServer(const Request &request)
         llvm::StringLiteral("workspace/didChangeConfiguration")})
     handler.notification(method, this, &LanguageServer::ignore);
   for (const Feature &feature : allFeatures())
-    handler.method(feature.method, &forwarders.emplace_back(Forwarder{*this, feature}),
-                   &Forwarder::forward);
+    if (!feature.isCommand())
+      handler.method(feature.method, &forwarders.emplace_back(Forwarder{*this, feature}),
+                     &Forwarder::forward);
+  handler.method("workspace/executeCommand", this, &LanguageServer::executeCommand);
   publishDiagnostics =
       handler.outgoingNotification<llvm::json::Value>("textDocument/publishDiagnostics");
   logMessage = handler.outgoingNotification<llvm::json::Value>("window/logMessage");
@@ -197,6 +200,11 @@ void LanguageServer::initialize(const RawParams &parameters, Callback<llvm::json
   for (const Feature &feature : allFeatures())
     if (!feature.capability.empty())
       capabilities[feature.capability] = llvm::cantFail(llvm::json::parse(feature.options));
+  llvm::json::Array commands;
+  for (const Feature &feature : allFeatures())
+    if (feature.isCommand())
+      commands.push_back(feature.method);
+  capabilities["executeCommandProvider"] = llvm::json::Object{{"commands", std::move(commands)}};
   reply(llvm::json::Object{
       {"capabilities", std::move(capabilities)},
       {"serverInfo", llvm::json::Object{{"name", "tarka"}, {"version", TARKA_VERSION}}}});
@@ -500,6 +508,24 @@ void LanguageServer::ask(const Feature &feature, const RawParams &parameters,
   if (!snapshot)
     return reply(nullptr);
   snapshot->ask(feature.method, parameters.value, std::move(reply));
+}
+
+/// A command is a request whose document and other parameters are in its arguments.
+void LanguageServer::executeCommand(const RawParams &parameters,
+                                    Callback<llvm::json::Value> reply) {
+  const std::optional<llvm::StringRef> name = parameters.object().getString("command");
+  const Feature *feature = name ? findFeature(*name) : nullptr;
+  const llvm::json::Array *arguments = parameters.object().getArray("arguments");
+  if (!feature || !feature->isCommand() || !arguments || arguments->empty())
+    return reply(llvm::make_error<mlir::lsp::LSPError>(
+        "there is no command " + name.value_or("").str() + " with these arguments",
+        mlir::lsp::ErrorCode::InvalidParams));
+  llvm::json::Object request;
+  if (arguments->size() > 1)
+    if (const llvm::json::Object *what = (*arguments)[1].getAsObject())
+      request = *what;
+  request["textDocument"] = llvm::json::Object{{"uri", arguments->front()}};
+  ask(*feature, RawParams{std::move(request)}, std::move(reply));
 }
 
 //===----------------------------------------------------------------------===//

@@ -1,6 +1,7 @@
 //===- Snapshot.cpp - one version of a program, and what is known ---------===//
 
 #include "lsp/Snapshot.h"
+#include "Analyzer/CFGBuilder.h"
 #include "Configuration.h"
 #include "Report/Excerpt.h"
 #include "lsp/Features.h"
@@ -61,6 +62,12 @@ llvm::json::Object Snapshot::analyse() {
   return llvm::json::Object{{"diagnostics", publishedDiagnostics(*this)},
                             {"files", std::move(files)},
                             {"isIncomplete", isIncomplete}};
+}
+
+const CFGModule &Snapshot::getGraph() {
+  if (!graph)
+    graph = CFGBuilder().createModule(*getProgram());
+  return *graph;
 }
 
 //===----------------------------------------------------------------------===//

@@ -58,6 +58,8 @@ public:
   /// Null when the file could not be read.
   Program *getProgram() const { return compilation ? compilation->getProgram() : nullptr; }
   Compilation &getCompilation() { return *compilation; }
+  /// The control-flow graph of the program, made when it is first asked for.
+  const CFGModule &getGraph();
   /// What tarka check reports of the program.
   llvm::ArrayRef<Diagnostic> getDiagnostics() const { return report.diagnostics; }
 
@@ -89,6 +91,7 @@ private:
   Request request;
   FileReport report;
   std::unique_ptr<Compilation> compilation;
+  const CFGModule *graph = nullptr;
   std::vector<std::string> paths;
 };
 

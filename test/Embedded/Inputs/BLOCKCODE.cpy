@@ -1,0 +1,2 @@
+           EXEC CICS READ FILE(:FILE:) INTO(WS-COPIED)
+               RIDFLD(WS-A) END-EXEC

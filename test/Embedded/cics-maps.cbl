@@ -1,0 +1,129 @@
+      *> RUN: %tarka check --verify --cics %s
+      *>
+      *> Basic mapping support: maps, text, control, pages, partitions; terminals and conversations.
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. MAPS.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       COPY DFHAID.
+       COPY DFHBMSCA.
+       01  CUSTI.
+           05  FILLER          PIC X(12).
+           05  NUMBERL         PIC S9(4) COMP.
+           05  NUMBERF         PIC X.
+           05  FILLER REDEFINES NUMBERF.
+               10  NUMBERA     PIC X.
+           05  NUMBERI         PIC X(6).
+       01  CUSTO REDEFINES CUSTI.
+           05  FILLER          PIC X(12).
+           05  FILLER          PIC X(3).
+           05  NUMBERO         PIC X(6).
+       01  WS-MAP              PIC X(7) VALUE 'CUST'.
+       01  WS-TEXT             PIC X(80).
+       01  WS-LENGTH           PIC S9(4) COMP.
+       01  WS-MAXLENGTH        PIC S9(8) COMP.
+       01  WS-CURSOR           PIC S9(4) COMP VALUE 100.
+       01  WS-RESP             PIC S9(8) COMP.
+       01  WS-STATE            PIC S9(8) COMP.
+       01  WS-CONVID           PIC X(4).
+       01  WS-COMMAREA.
+           05  WS-STEP         PIC X.
+       LINKAGE SECTION.
+       01  DFHCOMMAREA         PIC X.
+       01  LK-PAGE             PIC X(4096).
+       PROCEDURE DIVISION.
+       MAIN SECTION.
+       MAPPING.
+           IF EIBCALEN = ZERO OR EIBAID = DFHCLEAR
+               MOVE LOW-VALUES TO CUSTO
+               MOVE -1 TO NUMBERL
+               MOVE DFHBMPRO TO NUMBERA
+               EXEC CICS SEND MAP('CUST') MAPSET('CUSTSET')
+                   FROM(CUSTO) ERASE CURSOR FREEKB ALARM END-EXEC
+           ELSE
+               EXEC CICS RECEIVE MAP('CUST') MAPSET('CUSTSET')
+                   INTO(CUSTI) RESP(WS-RESP) END-EXEC
+               EVALUATE TRUE
+                   WHEN WS-RESP = DFHRESP(MAPFAIL) CONTINUE
+                   WHEN EIBAID = DFHPF3 OR DFHPF15 GO TO LEAVING
+               END-EVALUATE
+           END-IF
+           EXEC CICS SEND MAP(WS-MAP) MAPSET('CUSTSET') FROM(CUSTO)
+               DATAONLY FRSET CURSOR(WS-CURSOR) END-EXEC
+           EXEC CICS SEND MAP('CUST') MAPONLY ERASEAUP FORMFEED PRINT
+               L80 END-EXEC
+           EXEC CICS SEND MAP('CUST') ACCUM PAGING ERASE REQID('A1')
+               NOFLUSH END-EXEC
+           EXEC CICS SEND MAP('CUST') SET(ADDRESS OF LK-PAGE) END-EXEC
+           EXEC CICS SEND PAGE RELEASE TRANSID('ABCD') OPERPURGE
+               END-EXEC
+           EXEC CICS SEND PAGE RETAIN NOAUTOPAGE ALL END-EXEC
+           EXEC CICS PURGE MESSAGE END-EXEC
+           EXEC CICS SEND TEXT FROM(WS-TEXT) LENGTH(80) ERASE FREEKB
+               END-EXEC
+           EXEC CICS SEND TEXT FROM(WS-TEXT) LENGTH(80) NOEDIT PRINT
+               HONEOM END-EXEC
+           EXEC CICS SEND TEXT FROM(WS-TEXT) LENGTH(80) ACCUM
+               HEADER(WS-TEXT) TRAILER(WS-TEXT) JUSTIFY(5) PAGING
+               END-EXEC
+           EXEC CICS SEND CONTROL CURSOR(0) ERASE FREEKB ALARM END-EXEC
+           EXEC CICS SEND PARTNSET('PART1') END-EXEC
+           EXEC CICS RECEIVE PARTN(WS-CONVID) INTO(WS-TEXT)
+               LENGTH(WS-LENGTH) ASIS END-EXEC
+           EXEC CICS RECEIVE MAP('CUST') FROM(WS-TEXT) LENGTH(80)
+               END-EXEC
+           EXEC CICS ROUTE LIST(WS-TEXT) INTERVAL(003000) ERRTERM
+               TITLE(WS-TEXT) END-EXEC
+           EXEC CICS RETURN TRANSID(EIBTRNID) COMMAREA(WS-COMMAREA)
+               LENGTH(LENGTH OF WS-COMMAREA) END-EXEC.
+       TERMINALS.
+           EXEC CICS SEND FROM(WS-TEXT) LENGTH(80) ERASE CTLCHAR('A')
+               STRFIELD WAIT END-EXEC
+           EXEC CICS RECEIVE INTO(WS-TEXT) LENGTH(WS-LENGTH)
+               MAXLENGTH(80) NOTRUNCATE END-EXEC
+           EXEC CICS CONVERSE FROM(WS-TEXT) FROMLENGTH(80)
+               INTO(WS-TEXT) TOLENGTH(WS-LENGTH) MAXLENGTH(80)
+               END-EXEC
+           EXEC CICS WAIT TERMINAL END-EXEC
+           EXEC CICS ISSUE COPY TERMID('L001') END-EXEC
+           EXEC CICS ISSUE PRINT END-EXEC
+           EXEC CICS ISSUE ERASEAUP WAIT END-EXEC
+           EXEC CICS ISSUE PASS LUNAME('LU1') FROM(WS-TEXT)
+               LENGTH(80) END-EXEC
+           EXEC CICS ALLOCATE SYSID('SYSB') NOQUEUE STATE(WS-STATE)
+               RESP(WS-RESP) END-EXEC
+           EXEC CICS CONNECT PROCESS CONVID(WS-CONVID)
+               PROCNAME('BBBB') PROCLENGTH(4) SYNCLEVEL(2)
+               STATE(WS-STATE) END-EXEC
+           EXEC CICS SEND CONVID(WS-CONVID) FROM(WS-TEXT) LENGTH(80)
+               INVITE WAIT STATE(WS-STATE) END-EXEC
+           EXEC CICS RECEIVE CONVID(WS-CONVID) INTO(WS-TEXT)
+               MAXFLENGTH(WS-MAXLENGTH) FLENGTH(WS-MAXLENGTH)
+               STATE(WS-STATE) END-EXEC
+           EXEC CICS ISSUE CONFIRMATION CONVID(WS-CONVID) END-EXEC
+           EXEC CICS EXTRACT ATTRIBUTES CONVID(WS-CONVID)
+               STATE(WS-STATE) END-EXEC
+           IF WS-STATE = DFHVALUE(CONFFREE) OR DFHVALUE(SYNCSEND)
+               EXEC CICS FREE CONVID(WS-CONVID) END-EXEC
+           END-IF.
+       LEAVING.
+           EXEC CICS RETURN END-EXEC.
+      *> One mistake, one message.
+       MISTAKES.
+           EXEC CICS SEND MAP('CUST') DATAONLY
+               MAPONLY END-EXEC                          *> expect: 5216
+           EXEC CICS SEND MAP('CUST') ERASED             *> expect: 5214
+               END-EXEC
+           EXEC CICS RECEIVE MAP('CUST')
+               INTO('CUSTI') END-EXEC                    *> expect: 5221
+           EXEC CICS SEND TEXT LENGTH(10) END-EXEC       *> expect: 5217
+           EXEC CICS SEND TEXT FROM(WS-TEXT)
+               LENGTH(81) END-EXEC                       *> expect: 5224
+           EXEC CICS SEND CONTROL ERASE(1) END-EXEC      *> expect: 5220
+           EXEC CICS RECEIVE INTO(WS-TEXT)
+               LENGTH(WS-RESP) END-EXEC                  *> expect: 5223
+           EXEC CICS SEND PAGE RELEASE
+               RETAIN END-EXEC                           *> expect: 5216
+           EXEC CICS SEND MAP CURSOR END-EXEC            *> expect: 5219
+           EXEC CICS SEND MAP('CUST') FROM(CUSTOO)       *> expect: 5201
+               END-EXEC.

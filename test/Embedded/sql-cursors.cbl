@@ -1,0 +1,163 @@
+      *> RUN: %tarka check --verify --sql %s
+      *>
+      *> Cursors: held, scrollable, with rowsets, returned; positioned changes; many rows at once.
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. CURSORS.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+           EXEC SQL INCLUDE SQLCA END-EXEC.
+           EXEC SQL BEGIN DECLARE SECTION END-EXEC.
+       01  HV-EMPNO            PIC X(6).
+       01  HV-LASTNAME.
+           49  HV-LAST-LEN     PIC S9(4) COMP-5.
+           49  HV-LAST-TEXT    PIC X(15).
+       01  HV-SALARY           PIC S9(7)V9(2) COMP-3.
+       01  HV-ZONED            PIC S9(7)V9(2) DISPLAY
+                               SIGN LEADING SEPARATE.
+       01  HV-FLOAT            COMP-2.
+       01  HV-BIG              PIC S9(18) COMP-5.
+       01  HV-ROW              PIC S9(9) COMP.
+       01  HV-ROWS             PIC S9(4) COMP.
+       01  HV-INDICATORS.
+           05  HV-IND          PIC S9(4) COMP OCCURS 5.
+       01  HV-ARRAYS.
+           05  HVA-EMPNO       PIC X(6) OCCURS 10 TIMES.
+           05  HVA-SALARY      PIC S9(7)V99 COMP-3 OCCURS 10 TIMES.
+           05  HVA-IND         PIC S9(4) COMP OCCURS 10 TIMES.
+           05  HVA-NAME OCCURS 10 TIMES.
+               49  HVA-NAME-LEN  PIC S9(4) COMP.
+               49  HVA-NAME-TEXT PIC X(15).
+       01  HV-EMPLOYEE.
+           05  HE-EMPNO        PIC X(6).
+           05  HE-LASTNAME.
+               49  HE-LAST-LEN  PIC S9(4) COMP.
+               49  HE-LAST-TEXT PIC X(15).
+           05  HE-SALARY       PIC S9(7)V99 COMP-3.
+       01  HE-INDICATORS.
+           05  HE-IND          PIC S9(4) COMP OCCURS 3.
+           EXEC SQL END DECLARE SECTION END-EXEC.
+           EXEC SQL DECLARE DSN8.EMP TABLE
+               (EMPNO          CHAR(6) NOT NULL,
+                LASTNAME       VARCHAR(15) NOT NULL,
+                SALARY         DECIMAL(9, 2),
+                PICTURE        BLOB(1M) WITH DEFAULT NULL,
+                CHANGED        TIMESTAMP(12) WITH TIME ZONE)
+           END-EXEC.
+       PROCEDURE DIVISION.
+       MAIN SECTION.
+       DECLARATIONS.
+           EXEC SQL DECLARE C1 CURSOR FOR
+               SELECT EMPNO, LASTNAME, SALARY FROM DSN8.EMP
+               WHERE SALARY > :HV-SALARY AND
+                     LASTNAME LIKE 'O''%' -- it's a comment's line
+               FOR UPDATE OF SALARY END-EXEC.
+           EXEC SQL DECLARE HELD CURSOR WITH HOLD FOR
+               SELECT EMPNO FROM DSN8.EMP ORDER BY 1
+               FETCH FIRST 10 ROWS ONLY OPTIMIZE FOR 10 ROWS WITH UR
+               END-EXEC
+           EXEC SQL DECLARE SCROLLED SENSITIVE STATIC SCROLL CURSOR
+               FOR SELECT EMPNO, SALARY FROM DSN8.EMP
+               FOR READ ONLY END-EXEC
+           EXEC SQL DECLARE INSENS INSENSITIVE SCROLL CURSOR
+               WITH HOLD WITH RETURN TO CALLER FOR
+               SELECT E.* FROM DSN8.EMP E END-EXEC
+           EXEC SQL DECLARE DYNAM ASENSITIVE SCROLL CURSOR FOR
+               SELECT EMPNO FROM DSN8.EMP END-EXEC
+           EXEC SQL DECLARE ROWSETS CURSOR WITH ROWSET POSITIONING
+               FOR SELECT EMPNO, SALARY FROM DSN8.EMP
+               FOR UPDATE END-EXEC
+           EXEC SQL DECLARE "Quoted c" CURSOR FOR
+               (SELECT EMPNO FROM A) UNION ALL (SELECT NO FROM B)
+               END-EXEC
+           EXEC SQL DECLARE CTE-CURSOR CURSOR FOR
+               WITH PARTS (NO, LEVEL) AS
+                 (SELECT NO, 1 FROM PART WHERE NO = :HV-EMPNO
+                  UNION ALL
+                  SELECT C.NO, P.LEVEL + 1 FROM PARTS P, PART C
+                  WHERE C.OF = P.NO AND P.LEVEL < :HV-ROW)
+               SELECT NO, LEVEL FROM PARTS END-EXEC.
+       READING.
+           EXEC SQL OPEN C1 END-EXEC
+           EXEC SQL FETCH C1 INTO :HV-EMPNO, :HV-LASTNAME,
+               :HV-SALARY:HV-IND(1) END-EXEC
+           EXEC SQL FETCH FROM C1 INTO :HV-EMPLOYEE:HE-IND END-EXEC
+           EXEC SQL FETCH NEXT FROM C1
+               INTO :HV-EMPLOYEE INDICATOR :HE-IND END-EXEC
+           EXEC SQL FETCH C1 INTO :HE-EMPNO, :HE-LASTNAME, :HV-ZONED
+               END-EXEC
+           EXEC SQL UPDATE DSN8.EMP SET SALARY = SALARY * 1.1,
+               LASTNAME = :HV-LASTNAME :HV-IND(2)
+               WHERE CURRENT OF C1 END-EXEC
+           EXEC SQL DELETE FROM DSN8.EMP WHERE CURRENT OF C1 END-EXEC
+           EXEC SQL CLOSE C1 END-EXEC
+           EXEC SQL OPEN SCROLLED END-EXEC
+           EXEC SQL FETCH INSENSITIVE PRIOR FROM SCROLLED
+               INTO :HV-EMPNO, :HV-SALARY:HV-IND(1) END-EXEC
+           EXEC SQL FETCH SENSITIVE ABSOLUTE :HV-ROW FROM SCROLLED
+               INTO :HV-EMPNO, :HV-FLOAT END-EXEC
+           EXEC SQL FETCH RELATIVE -3 FROM SCROLLED
+               INTO :HV-EMPNO, :HV-BIG END-EXEC
+           EXEC SQL FETCH BEFORE FROM SCROLLED END-EXEC
+           EXEC SQL FETCH CURRENT CONTINUE SCROLLED
+               INTO :HV-EMPNO, :HV-SALARY END-EXEC
+           EXEC SQL FETCH WITH CONTINUE HELD INTO :HV-EMPNO END-EXEC
+           EXEC SQL OPEN "Quoted c" END-EXEC
+           EXEC SQL FETCH "Quoted c" INTO :HV-EMPNO END-EXEC
+           EXEC SQL OPEN CTE-CURSOR END-EXEC
+           EXEC SQL FETCH CTE-CURSOR INTO :HV-EMPNO, :HV-ROW
+               END-EXEC.
+       MANY-ROWS.
+           EXEC SQL OPEN ROWSETS END-EXEC
+           EXEC SQL FETCH FIRST ROWSET FROM ROWSETS FOR 10 ROWS
+               INTO :HVA-EMPNO, :HVA-SALARY:HVA-IND END-EXEC
+           EXEC SQL FETCH ROWSET STARTING AT ABSOLUTE 5 FROM ROWSETS
+               FOR :HV-ROWS ROWS INTO :HVA-EMPNO, :HVA-SALARY
+               END-EXEC
+           EXEC SQL UPDATE DSN8.EMP SET SALARY = :HV-SALARY
+               WHERE CURRENT OF ROWSETS FOR ROW :HV-ROW OF ROWSET
+               END-EXEC
+           EXEC SQL DELETE FROM DSN8.EMP WHERE CURRENT OF ROWSETS
+               FOR ROW 3 OF ROWSET END-EXEC
+           EXEC SQL INSERT INTO DSN8.EMP (EMPNO, LASTNAME, SALARY)
+               VALUES (:HVA-EMPNO, :HVA-NAME, :HVA-SALARY:HVA-IND)
+               FOR :HV-ROWS ROWS NOT ATOMIC CONTINUE ON SQLEXCEPTION
+               END-EXEC
+           EXEC SQL GET DIAGNOSTICS :HV-ROW = NUMBER,
+               :HV-BIG = ROW_COUNT END-EXEC
+           EXEC SQL GET DIAGNOSTICS CONDITION :HV-ROW
+               :HV-EMPNO = RETURNED_SQLSTATE,
+               :HV-LASTNAME = MESSAGE_TEXT END-EXEC
+           EXEC SQL MERGE INTO DSN8.EMP AS T
+               USING (VALUES (:HVA-EMPNO, :HVA-SALARY)
+                      FOR :HV-ROWS ROWS) AS S (NO, PAY)
+               ON T.EMPNO = S.NO
+               WHEN MATCHED THEN UPDATE SET T.SALARY = S.PAY
+               WHEN NOT MATCHED THEN INSERT (EMPNO, SALARY)
+                    VALUES (S.NO, S.PAY)
+               NOT ATOMIC CONTINUE ON SQLEXCEPTION END-EXEC
+           EXEC SQL SELECT EMPNO INTO :HV-EMPNO
+               FROM FINAL TABLE (INSERT INTO DSN8.EMP (LASTNAME)
+               VALUES (:HV-LASTNAME)) END-EXEC
+           EXEC SQL OPEN INSENS END-EXEC
+           GOBACK.
+      *> One mistake, one message.
+       MISTAKES.
+           EXEC SQL OPEN C11 END-EXEC                  *> expect: 5243
+           EXEC SQL FETCH SCROLED INTO :HV-EMPNO       *> expect: 5243
+               END-EXEC
+           EXEC SQL FETCH C1 INTO :HV-EMPNO            *> expect: 5245
+               END-EXEC
+           EXEC SQL FETCH C1 INTO
+               :HV-EMPLOYEE, :HV-ROW                   *> expect: 5245
+               END-EXEC
+           EXEC SQL FETCH HELD INTO
+               :HV-EMPNO:HV-FLOAT                      *> expect: 5242
+               END-EXEC
+           EXEC SQL UPDATE DSN8.DEPT SET X = 1
+               WHERE CURRENT OF C1                     *> expect: 5247
+               END-EXEC
+           EXEC SQL FETCH HELD INTO
+               :HV-EMPNOO                              *> expect: 5201
+               END-EXEC
+           EXEC SQL DECLARE HELD CURSOR FOR            *> expect: 5244
+               SELECT 1 FROM A END-EXEC.

@@ -1,0 +1,106 @@
+      *> RUN: %tarka check --verify --sql %s
+      *>
+      *> Stored procedures with their result sets, units of work, connections, special registers,
+      *> declared tables, diagnostics; and statements of which only the host variables are known.
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. SQLSTATEMENTS.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+           EXEC SQL INCLUDE SQLCA END-EXEC.
+       01  LOC-1 SQL TYPE IS RESULT-SET-LOCATOR VARYING.
+       01  LOC-2 SQL TYPE IS RESULT-SET-LOCATOR VARYING.
+       01  P-IN                PIC X(8).
+       01  P-OUT               PIC S9(9) COMP.
+       01  P-IND               PIC S9(4) COMP.
+       01  PROC-NAME           PIC X(18).
+       01  W-TEXT              PIC X(70).
+       01  W-STATE             PIC X(5).
+       01  W-SERVER            PIC X(16).
+       01  W-USER              PIC X(8).
+       01  W-DAYS              PIC S9(4) COMP.
+       PROCEDURE DIVISION.
+       MAIN SECTION.
+       MAIN-1.
+           EXEC SQL WHENEVER SQLERROR GO TO FAILED END-EXEC
+           EXEC SQL WHENEVER SQLWARNING CONTINUE END-EXEC
+           EXEC SQL WHENEVER NOT FOUND GOTO :FAILED END-EXEC
+           EXEC SQL CONNECT TO :W-SERVER USER :W-USER USING :P-IN
+               END-EXEC
+           EXEC SQL CONNECT TO STLEC1 END-EXEC
+           EXEC SQL SET CONNECTION STLEC1 END-EXEC
+           EXEC SQL RELEASE ALL SQL END-EXEC
+           EXEC SQL CALL SCHEMA.PROC(:P-IN, :P-OUT:P-IND, NULL, 5,
+               'A' CONCAT :P-IN) END-EXEC
+           EXEC SQL CALL :PROC-NAME (:P-IN INDICATOR :P-IND) END-EXEC
+           EXEC SQL ASSOCIATE RESULT SET LOCATORS (:LOC-1, :LOC-2)
+               WITH PROCEDURE SCHEMA.PROC END-EXEC
+           EXEC SQL ASSOCIATE LOCATOR (:LOC-1)
+               WITH PROCEDURE :PROC-NAME END-EXEC
+           EXEC SQL ALLOCATE C-1 CURSOR FOR RESULT SET :LOC-1 END-EXEC
+           EXEC SQL FETCH C-1 INTO :P-OUT END-EXEC
+           EXEC SQL CLOSE C-1 END-EXEC
+           EXEC SQL SET :W-TEXT = CURRENT TIMESTAMP - :W-DAYS DAYS
+               END-EXEC
+           EXEC SQL SET CURRENT SQLID = :W-USER END-EXEC
+           EXEC SQL SET CURRENT PACKAGESET = USER END-EXEC
+           EXEC SQL SET CURRENT DEGREE = 'ANY' END-EXEC
+           EXEC SQL SET PATH = SYSIBM, :W-USER END-EXEC
+           EXEC SQL SAVEPOINT A UNIQUE ON ROLLBACK RETAIN CURSORS
+               END-EXEC
+           EXEC SQL RELEASE SAVEPOINT A END-EXEC
+           EXEC SQL ROLLBACK TO SAVEPOINT A END-EXEC
+           EXEC SQL COMMIT WORK END-EXEC
+           EXEC SQL ROLLBACK END-EXEC
+           EXEC SQL LOCK TABLE EMP PARTITION 1 IN EXCLUSIVE MODE
+               END-EXEC
+           EXEC SQL DECLARE GLOBAL TEMPORARY TABLE SESSION.T
+               LIKE EMP INCLUDING IDENTITY ON COMMIT PRESERVE ROWS
+               END-EXEC
+           EXEC SQL INSERT INTO SESSION.T SELECT * FROM EMP
+               WHERE DEPT = :P-IN END-EXEC
+           EXEC SQL CREATE TABLE T2 (A INTEGER, B CHAR(:P-OUT))
+               IN DATABASE D END-EXEC
+           EXEC SQL SIGNAL SQLSTATE '75001'
+               SET MESSAGE_TEXT = :W-TEXT END-EXEC
+           EXEC SQL SIGNAL SQLSTATE :W-STATE (:W-TEXT) END-EXEC
+           EXEC SQL GET DIAGNOSTICS :W-TEXT = ALL STATEMENT END-EXEC
+           EXEC SQL GET DIAGNOSTICS CONDITION 1
+               :W-TEXT = MESSAGE_TEXT, :W-STATE = RETURNED_SQLSTATE
+               END-EXEC
+           EXEC SQL EXPLAIN PLAN SET QUERYNO = 13 FOR
+               SELECT * FROM EMP WHERE A = :P-IN END-EXEC
+           EXEC SQL TRUNCATE TABLE T REUSE STORAGE IMMEDIATE END-EXEC
+           EXEC SQL REFRESH TABLE MQT QUERYNO 7 END-EXEC
+           EXEC SQL COMMENT ON TABLE EMP IS 'it isn''t :HERE' END-EXEC
+           EXEC SQL GRANT SELECT ON EMP TO PUBLIC END-EXEC
+           EXEC SQL EXCHANGE DATA BETWEEN TABLE A AND B END-EXEC
+           EXEC SQL SELECT CASE WHEN A > 1 THEN 'X' ELSE B END,
+               COALESCE(C, :P-IN), ROW_NUMBER() OVER(PARTITION BY A
+               ORDER BY B), (SELECT MAX(X) FROM Y WHERE Z = :P-OUT)
+               INTO :W-TEXT, :P-IN, :P-OUT, :W-DAYS:P-IND
+               FROM A LEFT OUTER JOIN B ON A.X = B.Y
+               WHERE A.T = :P-IN /* a comment with :NOTHING */
+               FETCH FIRST ROW ONLY WITH RS USE AND KEEP UPDATE LOCKS
+               END-EXEC
+           EXEC SQL DELETE FROM EMP A WHERE EXISTS
+               (SELECT 1 FROM B WHERE B.X = A.X) SKIP LOCKED DATA
+               END-EXEC
+           EXEC SQL UPDATE EMP SET (A, B) = (SELECT C, D FROM X
+               WHERE Y = :P-IN), E = DEFAULT, F = :P-OUT:P-IND
+               END-EXEC
+           EXEC SQL BRAND NEW STATEMENT OF :P-IN END-EXEC
+           GOBACK.
+       FAILED.
+           GOBACK.
+      *> One mistake, one message.
+       MISTAKES.
+           EXEC SQL CALL PROC(:P-INN) END-EXEC         *> expect: 5201
+           EXEC SQL ASSOCIATE LOCATORS (:LOC-3)        *> expect: 5201
+               WITH PROCEDURE P END-EXEC
+           EXEC SQL FETCH C-2 INTO :P-OUT END-EXEC     *> expect: 5243
+           EXEC SQL WHENEVER SQLERROR
+               GO TO FALIED END-EXEC                   *> expect: 5203
+           EXEC SQL VALUES (1, 2)
+               INTO :P-OUT END-EXEC                    *> expect: 5245
+           EXEC SQL BRAND NEW STATEMENT OF :P-UNKNOWN  *> expect: 5201
+               END-EXEC.

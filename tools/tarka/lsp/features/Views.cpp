@@ -1,0 +1,96 @@
+//===- Views.cpp - what commands show beside the source -------------------===//
+
+#include "lsp/features/Views.h"
+#include "Analyzer/CFGBuilder.h"
+#include "Flow/FlowGraph.h"
+#include "Print/PrintExpansion.h"
+#include "Print/PrintGraph.h"
+#include "Print/PrintLayout.h"
+#include "Report/Utf8.h"
+#include "lsp/Snapshot.h"
+#include "llvm/Support/Path.h"
+#include "llvm/Support/raw_ostream.h"
+
+namespace tarka::lsp {
+
+namespace {
+
+llvm::json::Value view(const llvm::Twine &title, llvm::StringRef kind, llvm::StringRef language,
+                       llvm::StringRef content) {
+  return llvm::json::Object{{"title", toUtf8(title.str())},
+                            {"kind", kind},
+                            {"language", language},
+                            {"content", toUtf8(content)}};
+}
+
+llvm::StringRef fileNameOf(const Snapshot &snapshot) {
+  return llvm::sys::path::filename(snapshot.getPath());
+}
+
+/// The procedure that \p point is in: the last one that begins before it. Null in front of the
+/// first one.
+const FlowProcedure *procedureAt(const FlowModule &flow, const SourcePoint &point) {
+  const FlowProcedure *found = nullptr;
+  for (const FlowProcedure &procedure : flow.procedures()) {
+    const SourceRange &place = procedure.getRange();
+    if (place.file == point.file && place.beginLine <= point.line &&
+        (!found || place.beginLine >= found->getRange().beginLine))
+      found = &procedure;
+  }
+  return found;
+}
+
+/// What of \p module is meant.
+GraphView selectView(const CFGModule &module, Snapshot &snapshot,
+                     const llvm::json::Object &parameters) {
+  GraphView view;
+  if (const std::optional<llvm::StringRef> name = parameters.getString("name")) {
+    view.paragraph = name->str();
+  } else if (const std::optional<SourcePoint> point = snapshot.pointOf(parameters)) {
+    const std::unique_ptr<FlowModule> flow = createFlow(module);
+    if (const FlowProcedure *procedure = procedureAt(*flow, *point)) {
+      view.paragraph = procedure->getName()->getWordData();
+      view.function = procedure->graph->getName();
+    }
+  }
+  view.collapse = view.paragraph.empty();
+  return view;
+}
+
+} // namespace
+
+llvm::Expected<llvm::json::Value> showLayout(Snapshot &snapshot,
+                                             const llvm::json::Object &parameters) {
+  LayoutView wanted;
+  wanted.record = parameters.getString("name").value_or("").str();
+  if (!wanted.record.empty())
+    if (auto missing = explainMissingRecord(*snapshot.getProgram(), wanted.record))
+      return llvm::createStringError(*missing);
+  std::string text;
+  llvm::raw_string_ostream os(text);
+  printLayoutText(os, *snapshot.getProgram(), wanted);
+  return view("Layout of " + (wanted.record.empty() ? fileNameOf(snapshot) : wanted.record), "text",
+              "plaintext", text);
+}
+
+llvm::Expected<llvm::json::Value> showFlow(Snapshot &snapshot,
+                                           const llvm::json::Object &parameters) {
+  const CFGModule &module = snapshot.getGraph();
+  GraphView wanted = selectView(module, snapshot, parameters);
+  if (auto missing = explainMissingProcedure(module, wanted))
+    return llvm::createStringError(*missing);
+  std::string dot;
+  llvm::raw_string_ostream os(dot);
+  printGraphDot(os, module, wanted, snapshot.getRequest().parse);
+  return view("Flow of " + (wanted.collapse ? fileNameOf(snapshot) : wanted.paragraph), "dot",
+              "dot", dot);
+}
+
+llvm::Expected<llvm::json::Value> showExpanded(Snapshot &snapshot, const llvm::json::Object &) {
+  std::string text;
+  llvm::raw_string_ostream os(text);
+  printExpansionText(os, snapshot.getCompilation().getExpansion(), {});
+  return view(fileNameOf(snapshot) + " expanded", "text", "cobol", text);
+}
+
+} // namespace tarka::lsp
