@@ -143,8 +143,10 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
 /// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
 /// \p place is in, or that begins behind it in the line.
 bool ReportDamage::isNameKnown(const SourceRange &place) const {
+  // A word that begins with digits can be a level number with the name that was meant.
   auto hasName = [](const DataDescription &entry) {
-    return entry.getDataName() && !entry.getDataName()->getSpelling().empty();
+    const llvm::StringRef name = entry.getDataName() ? entry.getDataName()->getSpelling() : "";
+    return !name.empty() && !llvm::isDigit(name.front());
   };
   const DataDescription *entry = places.entryAt(place);
   if (entry && (place.beginLine < entry->getRange().endLine ||
