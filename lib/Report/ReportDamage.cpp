@@ -158,8 +158,8 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
 bool ReportDamage::isNameKnown(const SourceRange &place) const {
   // A word that begins with digits can be a level number with the name that was meant.
   auto hasName = [](const DataDescription &entry) {
-    const llvm::StringRef name = entry.getDataName() ? entry.getDataName()->getSpelling() : "";
-    return !name.empty() && !llvm::isDigit(name.front());
+    const Word *name = entry.getDataName();
+    return name && !name->getSpelling().empty() && !llvm::isDigit(name->getSpelling().front());
   };
   const DataDescription *entry = places.entryAt(place);
   if (entry && (place.beginLine < entry->getRange().endLine ||
