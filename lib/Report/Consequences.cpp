@@ -108,6 +108,19 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
+/// Of an error about SIGN or VALUE the group that the clause is written for, else \p entry.
+const DataDescription *clauseOwner(const DataDescription &entry, int number) {
+  auto hasClause = [number](const DataDescription &group) {
+    return (isAboutSign(number) && group.getSign()) ||
+           (isAboutGroupValue(number) && group.getValue());
+  };
+  const DataDescription *owner = &entry;
+  for (const DataDescription *group = entry.getOwner(); group; group = group->getOwner())
+    if (hasClause(*group))
+      owner = group;
+  return owner;
+}
+
 /// Decides for each diagnostic whether it follows from another.
 class ConsequenceFinder {
 public:
@@ -137,6 +150,7 @@ private:
   void noteUnknownDevice(std::size_t index);
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOf(std::size_t index);
+  std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
@@ -155,6 +169,8 @@ private:
   std::vector<std::size_t> causes;
 
   llvm::StringMap<std::size_t> reported;
+  /// By what has a fault, see faultOf(), the first error that says so.
+  std::map<std::pair<const Node *, int>, std::size_t> faults;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
   std::vector<std::size_t> reportedFiles;
   /// The errors about embedded text that could not be read, by file and position.
@@ -176,6 +192,8 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return same->second;
   if (isOfFrontEnd(diagnostic.number))
     return none;
+  if (const std::size_t cause = causeOfFault(index); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
@@ -195,6 +213,21 @@ std::size_t ConsequenceFinder::unreadTextIn(const SourceRange &place) const {
   const auto first = unreadTexts.lower_bound({place.file, beginOf(place)});
   const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
   return first != unreadTexts.end() && first->first <= end ? first->second : none;
+}
+
+/// The error that says of the same operand, entry or CURRENCY SIGN clause that it is wrong.
+std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (isAboutCurrencySymbol(diagnostic.number))
+    return damage.ofCurrencySigns(diagnostic.unit);
+  const int fault = faultOf(diagnostic.number);
+  if (fault == 0)
+    return none;
+  const Node *place = diagnostic.node;
+  if (const auto *entry = dynamic_cast<const DataDescription *>(place))
+    place = clauseOwner(*entry, diagnostic.number);
+  const auto [first, isNew] = faults.try_emplace({place, fault}, index);
+  return isNew ? none : first->second;
 }
 
 /// Whether the name at \p place is that of a record that is written.
@@ -390,8 +423,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
         return cause;
+    // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
-      if (const std::size_t cause = damage.of(variable, index); cause != none)
+      if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
         return cause;
   }
   if (const std::size_t cause = damage.ofOperand(diagnostic.otherNode);
