@@ -418,8 +418,10 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (const DataDescription *entry = places.entryAt(diagnostic.place)) {
     if (const std::size_t cause = damage.withinEntry(entry, index); cause != none)
       return cause;
-    if (const std::size_t cause = damage.ofGroupWithPicture(entry); cause != none)
-      return cause;
+    // A wrong condition-name is what makes a group of its item.
+    if (entry->getLevelNum() != 88)
+      if (const std::size_t cause = damage.ofGroupWithPicture(entry); cause != none)
+        return cause;
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
         return cause;
