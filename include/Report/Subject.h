@@ -22,8 +22,7 @@ struct Subject {
   /// A name with its qualifiers or a literal, as written. Empty for other nodes, which the source
   /// text shows better.
   std::string name;
-  /// What the item is that the name refers to, "PIC S9(5) COMP-3", or the category of a literal or
-  /// an expression.
+  /// What the item is that the name refers to, "PIC S9(5) COMP-3".
   std::string detail;
 };
 
@@ -49,6 +48,11 @@ public:
   /// \p unit; empty when none is near. A program with very many undeclared names gets no more
   /// answers after a while, so that the work stays in proportion to the source.
   llvm::StringRef find(llvm::StringRef name, NameKind kind, SourceUnit &unit);
+
+  /// The same for "NAME OF QUALIFIER OF ...", whose name is declared, but not within the
+  /// qualifiers: the name that was meant by the first wrong qualifier or, when all of them are
+  /// right, by NAME.
+  llvm::StringRef findQualified(llvm::StringRef reference, SourceUnit &unit);
 
 private:
   struct Names {

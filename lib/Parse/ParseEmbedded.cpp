@@ -28,22 +28,27 @@ static EmbeddedCommand *parseCommand(ParserContext &context, ExecType language,
 
 /// Whether the word after EXEC is no language but the beginning of a command, or a language
 /// misspelt.
-static bool isNoLanguage(llvm::StringRef word) {
+static bool isNoLanguage(const Token &word) {
   static constexpr llvm::StringLiteral commands[] = {
       "ADDRESS", "ASSIGN",  "CLOSE",  "COMMIT", "DECLARE", "DELETE", "FETCH",
       "HANDLE",  "INCLUDE", "INSERT", "LINK",   "OPEN",    "READ",   "RECEIVE",
       "RETURN",  "REWRITE", "SELECT", "SEND",   "UPDATE",  "WRITE",  "XCTL",
   };
   static constexpr Keyword languages[] = {Keyword::Cics, Keyword::Sql, Keyword::Dli};
-  return llvm::is_contained(commands, word) || nearestKeyword(word, languages) != Keyword::None;
+  return isReserved(word.keyword) || llvm::is_contained(commands, word.text) ||
+         nearestKeyword(word.text, languages) != Keyword::None;
 }
 
-/// Whether the text of an SQL block is INCLUDE, misspelt, and a name.
+/// Whether the text of an SQL block is INCLUDE, misspelt or out of its place, and a name.
 static bool isMisspeltInclude(llvm::StringRef text) {
   llvm::SmallVector<llvm::StringRef, 3> words;
   llvm::SplitString(text, words);
-  SpellingMatch match(words.empty() ? "" : words.front());
-  return words.size() == 2 && match.consider("INCLUDE");
+  if (words.size() < 2 || words.size() > 3)
+    return false;
+  auto isInclude = [](llvm::StringRef word) { return word.equals_insensitive("INCLUDE"); };
+  SpellingMatch match(words.front().upper());
+  return (words.size() == 2 && !isInclude(words.front()) && match.consider("INCLUDE")) ||
+         llvm::any_of(llvm::drop_begin(words), isInclude);
 }
 
 /// EXEC language text END-EXEC
@@ -56,7 +61,7 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
                   : at(Keyword::Sql, Keyword::Sqlims) ? ExecType::Sql
                   : at(Keyword::Dli)                  ? ExecType::Dli
                                                       : ExecType::Other;
-  const bool isWrong = type == ExecType::Other && isNoLanguage(peek().text);
+  const bool isWrong = type == ExecType::Other && isNoLanguage(peek());
   if (isWrong)
     expected("SQL, CICS or DLI");
   context.embeddedLanguages.set(static_cast<unsigned>(type));

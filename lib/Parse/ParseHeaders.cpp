@@ -32,7 +32,10 @@ bool ParserBase::atProgramId() {
 /// the programs after it would be taken for its own.
 bool ParserBase::atEndProgram() {
   if (!at(Keyword::End, Keyword::Program))
-    return false;
+    // Another word may stand in the place of END.
+    return context.unit && peek().isFirstOnLine() && peek().isInAreaA() && peek().isWord() &&
+           peek(1).is(Keyword::Program) && peek(3).is(TokenKind::Period) &&
+           peek(2).text == llvm::StringRef(context.unit->getSourceUnitName()).upper();
   if (atSequence(Keyword::End, Keyword::Program))
     return true;
   const Token &next = peek(1);
@@ -237,7 +240,8 @@ bool ParserBase::atPartHeader() {
             peek(1).isOneOf(Keyword::Section, Keyword::Division)) ||
            (peek().isInAreaA() && peek(2).is(Keyword::Section) && atDataSection());
   default:
-    return peek().isFirstOnLine() && peek().isInAreaA() && peek(1).is(Keyword::Division);
+    return peek().isFirstOnLine() && peek().isInAreaA() &&
+           peek(1).isOneOf(Keyword::Division, Keyword::Section);
   }
 }
 
@@ -430,6 +434,11 @@ bool ParserBase::atEndDeclaratives() {
     return true;
   if (!peek().isFirstOnLine() || !peek().isInAreaA())
     return false;
+  // The beginning of the word may be all that is left of it.
+  constexpr size_t beginning = 4;
+  if (peek(1).isUserWord() && peek(1).text.size() >= beginning &&
+      textOf(Keyword::Declaratives).starts_with(peek(1).text))
+    return true;
   return (peek(1).is(Keyword::End) && peek(2).is(Keyword::Declaratives)) ||
          (peek(1).isUserWord() &&
           nearestKeyword(peek(1).text, Keyword::Declaratives) != Keyword::None);

@@ -178,7 +178,10 @@ Sentence *ProcedureParser::parseSentence() {
   if (atStatement())
     recovery.resumeReporting();
   parseStatements(statements);
-  if (!accept(TokenKind::Period) && !recovery.hasUnknownStatement())
+  // The period may be part of what is wrong at the end of the line.
+  const std::pair lastLine(stream.getLastPlace().file, stream.getLastPlace().endLine);
+  if (!accept(TokenKind::Period) && !recovery.hasUnknownStatement() &&
+      (context.lastWrongLine != lastLine || !peek().isFirstOnLine() || at(TokenKind::EndOfFile)))
     expected("a period");
   recovery.endSentence();
   if (statements.empty())

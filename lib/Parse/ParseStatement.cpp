@@ -75,7 +75,7 @@ Statement *StatementParser::parseStatementOf(Keyword verb) {
   const bool isBrokenOff = peek().isVerb() && recovery.hasReportedHere();
   skipRestOfStatement(verb);
   if (isBrokenOff && peek().isVerb())
-    recovery.noteBrokenOff(peek());
+    recovery.noteBrokenOff(peek(), verb);
   return nullptr;
 }
 
@@ -221,9 +221,11 @@ bool StatementParser::endsStatements(StatementList &list) {
     if (recovery.canEndWith(keyword))
       return true;
     if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement() &&
-        !recovery.isCutOff(keyword))
+        !recovery.isCutOff(keyword)) {
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
+      recovery.noteUnmatchedEnd();
+    }
     stream.skip();
     return false;
   }
@@ -335,6 +337,8 @@ bool StatementParser::rejectWord(StatementList &list) {
     error(DiagnosticId::Expected, word.place, textOf(Keyword::Exec), describe(word));
     skipEmbeddedText();
   } else if (rejectPhrase(word)) {
+    if (at(TokenKind::Period))
+      recovery.noteCutOff(list.lastVerb);
     recovery.noteUnknownStatement();
     skipRestOfStatement(list.lastVerb);
   } else if (!context.options.osvs && word.isWord() && isOsvsWord(word.text)) {

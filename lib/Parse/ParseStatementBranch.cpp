@@ -1,6 +1,7 @@
 //===- ParseStatementBranch.cpp - statements that direct control ----------===//
 
 #include "Parse/ParseStatementBranch.h"
+#include "Parse/MisspeltWords.h"
 
 namespace tarka {
 
@@ -277,6 +278,12 @@ bool BranchStatements::atPerformPhrase() {
 StatementResult BranchStatements::parsePerform() {
   SourceRange begin = here();
   accept(Keyword::Perform);
+  static constexpr Keyword with[] = {Keyword::With};
+  if (peek().isUserWord() && peek(1).is(Keyword::Test) &&
+      nearestKeyword(peek().text, with) != Keyword::None) {
+    error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(Keyword::With));
+    stream.correct(Keyword::With);
+  }
   auto *perform = make<PerformStatement>(begin, PerformStmtType::Simple);
   bool isOutOfLine = (at(TokenKind::IntegerLiteral) || peek().isUserWord()) && !atTimesPhrase();
   if (!isOutOfLine)
@@ -306,7 +313,7 @@ StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, 
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
   if (!accept(Keyword::EndPerform)) {
-    if (isComplete && !recovery.hasUnknownStatement())
+    if (isComplete && !recovery.hasUnknownStatement() && !recovery.hasUnmatchedEnd())
       expect(Keyword::EndPerform);
     isComplete = false;
   }

@@ -152,9 +152,11 @@ bool SuppliedParser::parseSqlType(DataDescription &entry) {
     stream.skip();
   }
   if (!entry.getDataName())
-    return expected("the name of the item");
+    return recovery.isConstructDamaged() ? Failure() : expected("the name of the item");
   if (declaration.empty()) {
     error(DiagnosticId::NotSupported, place, "this SQL TYPE");
+    // The names that the type would supply are not known.
+    context.diagnostics.getDamage().addLostCopy(place);
     declaration = declarationOf("LOCATOR");
   }
 

@@ -109,7 +109,13 @@ void Recovery::noteMisplacedPeriod() {
   }
 }
 
-void Recovery::noteBrokenOff(const Token &verb) {
+void Recovery::noteCutOff(Keyword verb) {
+  if (const ScopedVerb *scope = scopeOf(verb))
+    cutEnds.insert(scope->endWord);
+}
+
+void Recovery::noteBrokenOff(const Token &verb, Keyword brokenVerb) {
+  strayParts |= strayPartsOf(brokenVerb);
   doubtful = statementsBegun + 1;
   doubtfulPart = verb.isFirstOnLine() ? DoubtfulPart::LineBeginnings : DoubtfulPart::All;
   // Its phrases and END- word may be meant for the statement that broke off.

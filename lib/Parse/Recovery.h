@@ -163,7 +163,14 @@ public:
   /// A statement broke off at \p verb, the next token. Within a line, the verb may stand in the
   /// place of what was needed there. At the beginning of a line, the rest of the statement may be
   /// at the beginning of a later line, after lines that were exchanged.
-  void noteBrokenOff(const Token &verb);
+  /// \p brokenVerb is that of the statement, of which phrases may follow.
+  void noteBrokenOff(const Token &verb, Keyword brokenVerb);
+  /// A phrase of a statement of \p verb could not be read and ends with a period: the END- word of
+  /// the statement may follow in the next sentence.
+  void noteCutOff(Keyword verb);
+  /// An END- word that belongs to no statement was reported. It may stand in the place of another.
+  void noteUnmatchedEnd() { unmatchedEnd = true; }
+  bool hasUnmatchedEnd() const { return unmatchedEnd; }
   /// Whether the statement that is about to begin may begin with a word that is none of its own.
   bool isVerbDoubtful() const {
     return doubtful == statementsBegun + 1 && doubtfulPart == DoubtfulPart::All;
@@ -207,6 +214,7 @@ public:
     strayParts = std::exchange(cutParts, uint8_t(0));
     expectedEnds = std::exchange(cutEnds, {});
     looseEnds.clear();
+    unmatchedEnd = false;
     suspect = doubtful = 0;
   }
   void endParagraph() {
@@ -238,6 +246,7 @@ private:
   }
 
   bool unknownStatement = false;
+  bool unmatchedEnd = false;
   bool sentenceIsAbandoned = false;
   bool sentenceIsDamaged = false;
   uint8_t strayParts = 0;

@@ -108,13 +108,33 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
+/// Of an error about SIGN or VALUE the group that the clause is written for, else \p entry.
+const DataDescription *clauseOwner(const DataDescription &entry, int number) {
+  auto hasClause = [number](const DataDescription &group) {
+    return (isAboutSign(number) && group.getSign()) ||
+           (isAboutGroupValue(number) && group.getValue());
+  };
+  const DataDescription *owner = &entry;
+  for (const DataDescription *group = entry.getOwner(); group; group = group->getOwner())
+    if (hasClause(*group))
+      owner = group;
+  return owner;
+}
+
 /// Decides for each diagnostic whether it follows from another.
 class ConsequenceFinder {
 public:
   ConsequenceFinder(std::vector<Diagnostic> &report, Program &program,
                     const DamagedText &damagedText, LineLookup lookup)
       : diagnostics(report), lineOf(lookup), places(program),
-        damage(report, places, damagedText, lookup), causes(report.size(), none) {}
+        damage(report, places, damagedText, lookup), causes(report.size(), none) {
+    for (std::size_t i = 0; i < report.size(); ++i) {
+      if (isUnreadText(report[i].number))
+        unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+      if (isUnknownDevice(report[i].number))
+        noteUnknownDevice(i);
+    }
+  }
 
   void remove();
 
@@ -125,9 +145,12 @@ private:
   bool isTornFrom(const Diagnostic &left, const Diagnostic &right) const;
   std::size_t causeOfOuterName(std::size_t index, llvm::StringRef name);
   bool isWritten(const SourceRange &place) const;
+  std::size_t unreadTextIn(const SourceRange &place) const;
   std::size_t causeOfMnemonicName(const Diagnostic &diagnostic) const;
+  void noteUnknownDevice(std::size_t index);
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOf(std::size_t index);
+  std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
@@ -146,8 +169,13 @@ private:
   std::vector<std::size_t> causes;
 
   llvm::StringMap<std::size_t> reported;
+  /// By what has a fault, see faultOf(), the first error that says so.
+  std::map<std::pair<const Node *, int>, std::size_t> faults;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
   std::vector<std::size_t> reportedFiles;
+  /// The errors about embedded text that could not be read, by file and position.
+  std::map<std::pair<unsigned, SourcePosition>, std::size_t> unreadTexts;
+  llvm::StringMap<std::size_t> namesOfUnknownDevices;
   /// The records of outer programs of which an item was reported that a nested one does not see.
   llvm::DenseMap<const DataDescription *, std::size_t> hiddenRecords;
 };
@@ -164,6 +192,8 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return same->second;
   if (isOfFrontEnd(diagnostic.number))
     return none;
+  if (const std::size_t cause = causeOfFault(index); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
@@ -178,6 +208,28 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   return causeOfName(index);
 }
 
+/// The error about text within an embedded block at \p place that could not be read.
+std::size_t ConsequenceFinder::unreadTextIn(const SourceRange &place) const {
+  const auto first = unreadTexts.lower_bound({place.file, beginOf(place)});
+  const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
+  return first != unreadTexts.end() && first->first <= end ? first->second : none;
+}
+
+/// The error that says of the same operand, entry or CURRENCY SIGN clause that it is wrong.
+std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (isAboutCurrencySymbol(diagnostic.number))
+    return damage.ofCurrencySigns(diagnostic.unit);
+  const int fault = faultOf(diagnostic.number);
+  if (fault == 0)
+    return none;
+  const Node *place = diagnostic.node;
+  if (const auto *entry = dynamic_cast<const DataDescription *>(place))
+    place = clauseOwner(*entry, diagnostic.number);
+  const auto [first, isNew] = faults.try_emplace({place, fault}, index);
+  return isNew ? none : first->second;
+}
+
 /// Whether the name at \p place is that of a record that is written.
 bool ConsequenceFinder::isWritten(const SourceRange &place) const {
   const llvm::StringRef before =
@@ -189,18 +241,17 @@ bool ConsequenceFinder::isWritten(const SourceRange &place) const {
 
 /// The error of the device in the line that declares the mnemonic-name.
 std::size_t ConsequenceFinder::causeOfMnemonicName(const Diagnostic &diagnostic) const {
-  for (std::size_t i = 0; i < diagnostics.size(); ++i) {
-    const SourceRange &place = diagnostics[i].place;
-    if (!isUnknownDevice(diagnostics[i].number))
-      continue;
-    llvm::SmallVector<llvm::StringRef, 8> words;
-    llvm::SplitString(lineOf(place.file, place.beginLine), words, " .,;");
-    if (llvm::any_of(words, [&](llvm::StringRef word) {
-          return word.equals_insensitive(diagnostic.subject);
-        }))
-      return i;
-  }
-  return none;
+  const auto found = namesOfUnknownDevices.find(llvm::StringRef(diagnostic.subject).upper());
+  return found == namesOfUnknownDevices.end() ? none : found->second;
+}
+
+/// Notes the words in the line of an unknown device: one of them is the mnemonic-name.
+void ConsequenceFinder::noteUnknownDevice(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  llvm::SmallVector<llvm::StringRef, 8> words;
+  llvm::SplitString(lineOf(place.file, place.beginLine), words, " .,;");
+  for (llvm::StringRef word : words)
+    namesOfUnknownDevices.try_emplace(word.upper(), index);
 }
 
 /// The error of the front end that the diagnostic stands in the text of. A statement of several
@@ -261,7 +312,9 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
     for (const std::size_t cause : reportedFiles)
-      if (diagnostics[cause].unit == diagnostic.unit && isSlip(name, nameIn(diagnostics[cause])))
+      if (diagnostics[cause].unit == diagnostic.unit &&
+          (isSlip(name, nameIn(diagnostics[cause])) ||
+           nameIn(diagnostics[cause]).equals_insensitive(diagnostic.suggestion)))
         return cause;
   const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
   if (!isMisspelling) {
@@ -365,13 +418,16 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (const DataDescription *entry = places.entryAt(diagnostic.place)) {
     if (const std::size_t cause = damage.withinEntry(entry, index); cause != none)
       return cause;
-    if (const std::size_t cause = damage.ofGroupWithPicture(entry); cause != none)
-      return cause;
+    // A wrong condition-name is what makes a group of its item.
+    if (entry->getLevelNum() != 88)
+      if (const std::size_t cause = damage.ofGroupWithPicture(entry); cause != none)
+        return cause;
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
         return cause;
+    // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
-      if (const std::size_t cause = damage.of(variable, index); cause != none)
+      if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
         return cause;
   }
   if (const std::size_t cause = damage.ofOperand(diagnostic.otherNode);
@@ -407,8 +463,11 @@ std::size_t ConsequenceFinder::rootOf(std::size_t index) const {
 void ConsequenceFinder::remove() {
   for (std::size_t i = 0; i < diagnostics.size(); ++i) {
     // A warning about an embedded block says nothing where the block could not be read.
-    if (isAboutEmbedded(diagnostics[i].number) && diagnostics[i].severity == Severity::Warning)
+    if (isAboutEmbedded(diagnostics[i].number) && diagnostics[i].severity == Severity::Warning) {
       causes[i] = causeOfPlace(diagnostics[i]);
+      if (causes[i] == none)
+        causes[i] = unreadTextIn(diagnostics[i].place);
+    }
     if (diagnostics[i].severity != Severity::Error || !diagnostics[i].fix.empty())
       continue;
     // Two errors that could each follow from the other must not both go.

@@ -1,6 +1,7 @@
 //===- Diagnostic.cpp - one diagnostic, whoever found it ------------------===//
 
 #include "Report/Diagnostic.h"
+#include "NumberClasses.h"
 #include "Report/Excerpt.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringMap.h"
@@ -8,8 +9,24 @@
 
 namespace tarka {
 
+/// Whether \p text is a literal with its quotes, and perhaps letters before them, as in N"A".
+static bool isQuoted(llvm::StringRef text) {
+  const std::size_t begin = text.take_front(3).find_first_of("\"'");
+  return begin != llvm::StringRef::npos && text.find(text[begin], begin + 1) == text.size() - 1;
+}
+
 static std::string quote(const std::string &subject, const std::string &detail) {
-  return "'" + subject + "'" + (detail.empty() ? "" : " (" + detail + ")");
+  return (isQuoted(subject) ? subject : "'" + subject + "'") +
+         (detail.empty() ? "" : " (" + detail + ")");
+}
+
+/// A subject and another operand. Of a MOVE the subject is the receiver.
+static std::string describePair(const Diagnostic &diagnostic) {
+  const std::string subject = quote(diagnostic.subject, diagnostic.detail);
+  const std::string other = quote(diagnostic.otherSubject, diagnostic.otherDetail);
+  if (isAboutMove(diagnostic.number))
+    return other + " to " + subject;
+  return subject + (isAboutInitialValue(diagnostic.number) ? " for " : " and ") + other;
 }
 
 std::string Diagnostic::getMessage() const {
@@ -17,9 +34,8 @@ std::string Diagnostic::getMessage() const {
   // Some texts name their subject themselves.
   if (!subject.empty() &&
       (!otherSubject.empty() || !llvm::StringRef(text).contains_insensitive("'" + subject + "'"))) {
-    message = llvm::StringRef(text).rtrim(" .").str() + ": " + quote(subject, detail);
-    if (!otherSubject.empty())
-      message += " and " + quote(otherSubject, otherDetail);
+    message = llvm::StringRef(text).rtrim(" .").str() + ": " +
+              (otherSubject.empty() ? quote(subject, detail) : describePair(*this));
   }
   if (!suggestion.empty())
     message += "; was " + suggestion + " meant?";

@@ -70,6 +70,11 @@ inline bool isAboutEmbedded(int number) {
   return 5200 < number && number < 5300;
 }
 
+/// Text of an embedded block that could not be read.
+inline bool isUnreadText(int number) {
+  return number == 5204;
+}
+
 inline bool isAboutClassName(int number) {
   return number == 3337;
 }
@@ -119,6 +124,84 @@ inline bool isAboutMissingName(int number) {
 inline bool isAboutName(int number) {
   return number == 3310 || number == 3311 || number == 3312 || number == 5201 || number == 5202 ||
          isAboutFile(number) || isAboutProcedure(number) || isAboutClassName(number);
+}
+
+/// Numbers that say that a CURRENCY SIGN clause is wrong, and that a picture needs one.
+inline bool isAboutCurrencySign(int number) {
+  return number == 3116 || number == 3117 || number == 3248;
+}
+
+inline bool isAboutCurrencySymbol(int number) {
+  return number == 3246 || number == 3247;
+}
+
+/// Numbers that say that the level number of an entry, or the entry for its level, is wrong.
+inline bool isWrongLevel(int number) {
+  return number == 3201 || number == 3205;
+}
+
+/// Those that say of a group that it is wrong, which an entry of a wrong level in it can cause.
+inline bool isWrongHierarchy(int number) {
+  return number == 3203 || number == 3208 || number == 3216 || number == 3241;
+}
+
+inline bool isAboutSign(int number) {
+  return 3267 <= number && number <= 3272;
+}
+
+/// Numbers that say that the VALUE of a group does not fit an item in it.
+inline bool isAboutGroupValue(int number) {
+  return number == 3282 || number == 3283 || number == 3286;
+}
+
+/// A number for each fault that several checks find at one place, one after the other; 0 for other
+/// errors.
+inline int faultOf(int number) {
+  switch (number) {
+  case 3202: // a clause that level 66 cannot have
+  case 3218:
+  case 3277:
+  case 3340:
+    return 3202;
+  case 3205: // a clause that level 88 cannot have
+  case 3206:
+    return 3205;
+  case 3240: // PICTURE and USAGE that do not fit
+  case 3242:
+  case 3243:
+  case 3278:
+    return 3240;
+  case 3159: // a number that is not an unsigned integer
+  case 3160:
+    return 3159;
+  case 3435: // an operand of PERFORM that is not an elementary number
+  case 3437:
+    return 3435;
+  default:
+    break;
+  }
+  if (isAboutProcedure(number))
+    return 3401;
+  if (3207 <= number && number <= 3211) // BLANK WHEN ZERO
+    return 3207;
+  if (isAboutSign(number))
+    return 3267;
+  if (isAboutGroupValue(number))
+    return 3282;
+  if (isAboutCurrencySign(number))
+    return 3116;
+  // The literals of VALUE. Those of a condition-name have the same place, but are several.
+  return 3284 <= number && number <= 3299 && number != 3294 && number != 3295 ? 3284 : 0;
+}
+
+inline bool isAboutMove(int number) {
+  return number == 3468;
+}
+
+/// Numbers that say that a VALUE does not fit its item.
+inline bool isAboutInitialValue(int number) {
+  return number == 3284 || number == 3285 || (3291 <= number && number <= 3293) ||
+         (3296 <= number && number <= 3299) || number == 3325 || number == 3576;
 }
 
 } // namespace tarka

@@ -19,9 +19,9 @@ ProgramPlaces::ProgramPlaces(Program &program) {
 
 void ProgramPlaces::enterUnit(SourceUnit &unit) {
   const SourceRange &whole = unit.getRange();
-  parts.try_emplace({whole.file, beginOf(whole)}, false);
+  unitParts.try_emplace({whole.file, beginOf(whole)}, UnitPart{&unit, false});
   if (const ProcedureDivision *procedures = unit.getProcDivision())
-    parts[{procedures->getRange().file, beginOf(procedures->getRange())}] = true;
+    unitParts[{procedures->getRange().file, beginOf(procedures->getRange())}] = {&unit, true};
   if (DataDivision *division = unit.getDataDivision()) {
     for (FileDescription *file : division->getFileSectionElements()) {
       enterFile(*file);
@@ -89,10 +89,25 @@ const FileDescription *ProgramPlaces::fileAt(const SourceRange &place) const {
   return part && place.beginLine <= part->range.endLine ? part->file : nullptr;
 }
 
+const ProgramPlaces::UnitPart *ProgramPlaces::unitPartBefore(const SourceRange &place) const {
+  const auto next = unitParts.upper_bound({place.file, beginOf(place)});
+  if (next == unitParts.begin() || std::prev(next)->first.first != place.file)
+    return nullptr;
+  return &std::prev(next)->second;
+}
+
 bool ProgramPlaces::isInProcedures(const SourceRange &place) const {
-  auto next = parts.upper_bound({place.file, beginOf(place)});
-  return next != parts.begin() && std::prev(next)->first.first == place.file &&
-         std::prev(next)->second;
+  const UnitPart *part = unitPartBefore(place);
+  return part && part->isProcedures;
+}
+
+bool ProgramPlaces::isInUnit(const SourceRange &place, const SourceUnit &unit) const {
+  const SourceRange &whole = unit.getRange();
+  if (place.file == whole.file && whole.beginLine <= place.beginLine &&
+      place.beginLine <= whole.endLine)
+    return true;
+  const UnitPart *part = unitPartBefore(place);
+  return part && part->unit == &unit;
 }
 
 } // namespace tarka

@@ -47,6 +47,8 @@ public:
   /// The SELECT or FD entry that begins last before \p place in its source file; null for none.
   const FilePart *filePartBefore(const SourceRange &place) const;
   bool isInProcedures(const SourceRange &place) const;
+  /// Whether \p place is in \p unit, or behind its last word and before any other unit.
+  bool isInUnit(const SourceRange &place, const SourceUnit &unit) const;
 
   /// The data description entries in the order of the text, by source file.
   const std::map<unsigned, Entries> &getEntries() const { return entries; }
@@ -61,8 +63,15 @@ private:
 
   std::map<unsigned, Entries> entries;
   FileParts fileParts;
-  /// Where in a file the procedures of a unit begin (true), or a unit (false).
-  std::map<std::pair<unsigned, SourcePosition>, bool> parts;
+  /// The beginning of a unit, or of its procedures.
+  struct UnitPart {
+    const SourceUnit *unit;
+    bool isProcedures;
+  };
+  /// The part that begins last before \p place in its source file; null for none.
+  const UnitPart *unitPartBefore(const SourceRange &place) const;
+
+  std::map<std::pair<unsigned, SourcePosition>, UnitPart> unitParts;
 };
 
 } // namespace tarka

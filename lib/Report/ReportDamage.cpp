@@ -49,6 +49,8 @@ void ReportDamage::note(std::size_t index) {
   if (isOfFrontEnd(diagnostic.number))
     return;
   operands.try_emplace(diagnostic.node, index);
+  if (isAboutCurrencySign(diagnostic.number))
+    currencySigns.try_emplace(diagnostic.unit, index);
   if (isFileWithoutRecords(diagnostic.number) && fileWithoutRecords == noDiagnostic)
     fileWithoutRecords = index;
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
@@ -58,6 +60,10 @@ void ReportDamage::note(std::size_t index) {
 
 void ReportDamage::note(const DataDescription *entry, std::size_t index) {
   if (!entry || !entries.try_emplace(entry, index).second)
+    return;
+  // A wrong value of a condition-name does no harm to its conditional variable.
+  if (entry->getLevelNum() == 88 && !isOfFrontEnd(diagnostics[index].number) &&
+      !isWrongLevel(diagnostics[index].number))
     return;
   for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
     if (!groups.try_emplace(group, index).second)
@@ -150,8 +156,10 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
 /// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
 /// \p place is in, or that begins behind it in the line.
 bool ReportDamage::isNameKnown(const SourceRange &place) const {
+  // A word that begins with digits can be a level number with the name that was meant.
   auto hasName = [](const DataDescription &entry) {
-    return entry.getDataName() && !entry.getDataName()->getSpelling().empty();
+    const Word *name = entry.getDataName();
+    return name && !name->getSpelling().empty() && !llvm::isDigit(name->getSpelling().front());
   };
   const DataDescription *entry = places.entryAt(place);
   if (entry && (place.beginLine < entry->getRange().endLine ||
@@ -169,6 +177,7 @@ void ReportDamage::noteLostLevel(std::size_t index) {
   // A word or two alone were meant to copy text, most likely.
   llvm::SmallVector<llvm::StringRef, 4> words;
   llvm::SplitString(programText(lineOf(place.file, place.beginLine)), words);
+  llvm::erase_if(words, [](llvm::StringRef word) { return llvm::none_of(word, llvm::isAlnum); });
   if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
       llvm::any_of(words.front(), llvm::isAlpha))
     missingCopybooks.push_back(index);
@@ -242,7 +251,8 @@ std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t 
     if (own == map->end() || own->second == index)
       continue;
     const int number = diagnostics[own->second].number;
-    if (isOfFrontEnd(number) || (map == &entries && isWrongShape(number)))
+    if (isOfFrontEnd(number) || (map == &entries && isWrongShape(number)) ||
+        (map == &groups && isWrongLevel(number) && isWrongHierarchy(diagnostics[index].number)))
       return own->second;
   }
   return noDiagnostic;
@@ -297,15 +307,22 @@ std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::
 }
 
 std::size_t ReportDamage::of(const DataDescription *entry, std::size_t except) const {
-  auto find = [&](const auto &map, const DataDescription *key) {
-    auto found = map.find(key);
-    return found != map.end() && found->second != except ? found->second : noDiagnostic;
-  };
-  if (const std::size_t inside = find(groups, entry); inside != noDiagnostic)
-    return inside;
+  const auto inside = groups.find(entry);
+  return inside != groups.end() && inside->second != except ? inside->second
+                                                            : ofEntryOrGroup(entry, except);
+}
+
+std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size_t except) const {
   for (; entry; entry = entry->getOwner())
-    if (const std::size_t cause = find(entries, entry); cause != noDiagnostic)
-      return cause;
+    if (const auto found = entries.find(entry); found != entries.end() && found->second != except)
+      return found->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofCurrencySigns(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent())
+    if (const auto found = currencySigns.find(unit); found != currencySigns.end())
+      return found->second;
   return noDiagnostic;
 }
 
@@ -323,12 +340,10 @@ std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const
     const SourceRange &copy = diagnostics[index].place;
     if (places.isInProcedures(copy) != isAboutProcedure(diagnostic.number))
       continue;
-    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent()) {
-      const SourceRange &whole = unit->getRange();
-      if (copy.file != whole.file ||
-          (whole.beginLine <= copy.beginLine && copy.beginLine <= whole.endLine))
+    // Of a copybook within another one it is not known what copies it.
+    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
+      if (copy.file != unit->getRange().file || places.isInUnit(copy, *unit))
         return index;
-    }
   }
   return noDiagnostic;
 }

@@ -36,6 +36,8 @@ public:
   /// The error of \p entry, of a group that it belongs to, or of what belongs to it, other than
   /// \p except.
   std::size_t of(const DataDescription *entry, std::size_t except) const;
+  /// The error of \p entry or of a group that it belongs to, other than \p except.
+  std::size_t ofEntryOrGroup(const DataDescription *entry, std::size_t except) const;
   /// The error of the SELECT or FD entry of \p file, or of its records, other than \p except.
   std::size_t of(const FileDescription *file, std::size_t except) const;
   /// The error of a group around \p entry that has a PICTURE, which members cannot belong to.
@@ -50,6 +52,8 @@ public:
   /// The error because of which a declaration of \p name is not in the tree as meant: the damaged
   /// text has the name where one can be declared.
   std::size_t ofDeclaration(llvm::StringRef name, bool isProcedure);
+  /// The error of a CURRENCY SIGN clause that holds in \p unit.
+  std::size_t ofCurrencySigns(const SourceUnit *unit) const;
   /// The missing copybook that may declare the name that \p diagnostic is about: one that is copied
   /// among the procedures for the name of a procedure, else one that is copied before them, in the
   /// unit or one around it.
@@ -83,6 +87,7 @@ private:
   llvm::DenseMap<const DataDescription *, std::size_t> groups;
   llvm::DenseMap<const FileDescription *, std::size_t> files;
   llvm::DenseMap<const Node *, std::size_t> operands;
+  llvm::DenseMap<const SourceUnit *, std::size_t> currencySigns;
   std::size_t fileWithoutRecords = noDiagnostic;
   /// Errors behind which text of unknown content is missing.
   std::vector<std::size_t> missingCopybooks;

@@ -29,10 +29,23 @@ std::string nameOf(const QualifiedWord *name) {
   return text;
 }
 
-/// The picture and the usage of an elementary item, and that a group is one.
+std::string nameOfEntry(const DataDescription *entry) {
+  return entry ? nameOf(entry->getDataName()) : "";
+}
+
+/// The picture and the usage of an elementary item, and that a group is one. A condition-name has
+/// those of its conditional variable.
 std::string describeItem(const DataDescription *item) {
-  if (!item || item->getLevelNum() == 88)
-    return item ? "a condition-name" : "";
+  if (!item)
+    return "";
+  if (item->getLevelNum() == 88) {
+    const DataDescription *variable = item->getCondNameParent();
+    const std::string name = nameOfEntry(variable);
+    if (name.empty())
+      return "a condition-name";
+    const std::string description = describeItem(variable);
+    return "a condition-name of " + name + (description.empty() ? "" : ", " + description);
+  }
   if (item->getChildrenSize() > 0)
     return "a group";
   std::string text;
@@ -62,10 +75,6 @@ std::string describeFault(const DataDescription &item) {
          (llvm::isASCII(text[fault]) ? "'" + text.substr(fault, 1).str() + "' in " : "") + position;
 }
 
-std::string nameOfEntry(const DataDescription *entry) {
-  return entry ? nameOf(entry->getDataName()) : "";
-}
-
 Subject describeExpression(const Expression &expression) {
   if (const auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&expression)) {
     const DataDescription *entry = identifier->getDataDescription();
@@ -76,11 +85,8 @@ Subject describeExpression(const Expression &expression) {
     return {nameOf(file->getFileName()), ""};
   if (const auto *report = llvm::dyn_cast<ReportIdentifierExpression>(&expression))
     return {nameOf(report->getReportName()), ""};
-  // Of other operands in error the category may not be known.
   if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&expression))
-    return {number->getData(), nameOf(number->getDataCategory()).str()};
-  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&expression))
-    return {"", nameOf(text->getDataCategory()).str()};
+    return {number->getData(), ""};
   return {};
 }
 
@@ -124,6 +130,55 @@ std::vector<const Word *> wordsOf(NameKind kind, SourceUnit &unit) {
     break;
   }
   return words;
+}
+
+/// Calls \p visit for the name of everything that can qualify \p entry, the nearest first, until it
+/// returns true, which is the result.
+bool findQualifier(const DataDescription &entry, llvm::function_ref<bool(const Word &)> visit) {
+  for (const DataDescription *group = entry.getOwner(); group; group = group->getOwner())
+    if (group->getDataName() && visit(*group->getDataName()))
+      return true;
+  const FileDescription *file = entry.getFileDescription();
+  const ReportDescription *report = entry.getReportDescription();
+  return (file && visit(*file->getFileName())) || (report && visit(*report->getReportName()));
+}
+
+/// The name nearest to the first of \p qualifiers that none of \p entries has, as written; empty
+/// when none is near.
+llvm::StringRef nearQualifier(llvm::ArrayRef<llvm::StringRef> qualifiers, const Homonyms &entries) {
+  for (llvm::StringRef qualifier : qualifiers) {
+    const std::string wanted = qualifier.upper();
+    SpellingMatch match(wanted);
+    llvm::StringRef nearest;
+    const bool isKnown = llvm::any_of(*entries.entries, [&](const DataDescription *entry) {
+      return findQualifier(*entry, [&](const Word &name) {
+        if (match.consider(name.getWordData()))
+          nearest = name.getSpelling();
+        return name.getWordData() == wanted;
+      });
+    });
+    if (!isKnown)
+      return nearest;
+  }
+  return "";
+}
+
+/// The name nearest to \p name among the items that all of \p qualifiers fit, as written.
+llvm::StringRef nearMember(llvm::StringRef name, llvm::ArrayRef<llvm::StringRef> qualifiers,
+                           const Scope &scope) {
+  const std::string wanted = name.upper();
+  SpellingMatch match(wanted);
+  llvm::StringRef nearest;
+  scope.forEachItem([&](const DataDescription *entry) {
+    std::size_t found = 0;
+    const bool fits = findQualifier(*entry, [&](const Word &owner) {
+      found += qualifiers[found].equals_insensitive(owner.getWordData());
+      return found == qualifiers.size();
+    });
+    if (fits && match.consider(entry->getDataName()->getWordData()))
+      nearest = entry->getDataName()->getSpelling();
+  });
+  return nearest;
 }
 
 } // namespace
@@ -193,6 +248,25 @@ llvm::StringRef NearNames::find(llvm::StringRef name, NameKind kind, SourceUnit 
     if (match.consider(word->getWordData()))
       nearest = word->getSpelling();
   return names.answers[wanted] = nearest;
+}
+
+llvm::StringRef NearNames::findQualified(llvm::StringRef reference, SourceUnit &unit) {
+  auto &answers = namesOf(NameKind::Operand, unit).answers;
+  const std::string wanted = reference.upper();
+  if (const auto known = answers.find(wanted); known != answers.end())
+    return known->second;
+  if (answers.size() == maxNearNames)
+    return "";
+  llvm::SmallVector<llvm::StringRef, 4> names;
+  reference.split(names, " OF ");
+  const llvm::ArrayRef<llvm::StringRef> qualifiers = llvm::ArrayRef(names).drop_front();
+  const Scope scope(&unit);
+  const Homonyms homonyms = scope.findItems(&internString(names.front().upper()));
+  if (!homonyms || qualifiers.empty())
+    return "";
+  const llvm::StringRef qualifier = nearQualifier(qualifiers, homonyms);
+  return answers[wanted] =
+             qualifier.empty() ? nearMember(names.front(), qualifiers, scope) : qualifier;
 }
 
 } // namespace tarka

@@ -12,6 +12,7 @@
            select d assign to d organization relative access dynamic
              relative key k.
            select q assign to q organization relative.
+           select i assign to i organization indexed record key i-key.
            select l assign to l.
            select sf assign to sf.
        data division.
@@ -24,6 +25,9 @@
        1 d-record pic x(10).
        fd q.
        1 q-record pic x(10).
+       fd i.
+       1 i-record.
+        2 i-key pic x(10).
        fd l linage 60.
        1 l-record pic x(10).
        sd sf.
@@ -58,6 +62,15 @@
            write l-record at end-of-page display x end-write
            write l-record after page at end-of-page display x *> expect: 5025
            end-write
+      *> A record that was just read, or written behind the last one, is not found by a key.
+           rewrite f-record invalid key display x end-rewrite *> expect: 5026:20
+           rewrite q-record invalid key display x end-rewrite *> expect: 5027:20
+           rewrite f-record
+           rewrite d-record not invalid key display x end-rewrite
+           rewrite i-record invalid key display x end-rewrite
+           write f-record invalid key display x end-write
+           close f reel for removal l with no rewind d with lock
+           close d with no rewind r unit *> expect: 5028:18 5028:35
            merge sf ascending key sk using f f giving l *> expect: 5023:46
            merge sf ascending key sk using f l giving l *> expect: 5023:55
            sort sf ascending key sk using f giving f

@@ -38,6 +38,18 @@
            move o(6) to x *> expect: 5001
            move slot(3) to x *> expect: 5001
            move e(e(6)) to x *> expect: 5001:19
+      *> The length of an item is known, that of a table depends on what is meant.
+           move e(length of x) to x
+           move e(length of x + 1) to x *> expect: 5001
+           move e(2 * length of x - 4) to x *> expect: 5001
+           move e(function length(nat)) to x
+           move e(length of nat) to x *> expect: 5001
+           move e(length of odo + 5) to x
+           move e(length of e(1) + 5) to x
+           move x(length of x:1) to x
+           move x(length of x:2) to x *> expect: 5004
+           move x(1:length of nat / 2) to x
+           move x(1:length of nat) to x *> expect: 5004
       *> How many there are.
            move e to x *> expect: 5002
            move h(1) to x *> expect: 5002

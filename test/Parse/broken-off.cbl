@@ -56,6 +56,18 @@
                CONTINUE
            END-PERFORM
            EXEC SLQ SELECT A INTO :B FROM T END-EXEC *> expect: 200
+           EXEC IF INCLUDE MEMBER END-EXEC *> expect: 200
+           PERFORM WTIH TEST AFTER UNTIL B = 1 *> expect: 421
+               CONTINUE
+           END-PERFORM
+           IF B = 1
+               PERFORM 3 TIMES
+                   DISPLAY C
+               END-EVALUATE *> expect: 424
+           END-IF.
+           ADD 1 TO B ON SIZE . *> expect: 200
+               CONTINUE
+           END-ADD.
            GOBACK.
        END TO P. *> expect: 200
        IDENTIFICATION DIVISION.

@@ -37,6 +37,6 @@ MAIN-1.
     DISPLAY GOOD-TXET.
 *> Another statement of a line that the front end reports.
 *> CHECK: [[#@LINE+2]]:{{.*}}error: a statement cannot begin with 'DISPLY'
-*> CHECK: [[#@LINE+1]]:{{.*}}error: Invalid move operation: 'GOOD' (PIC 9(4)) and 'GOOD-TEXT' (PIC A(4)) [3468]
+*> CHECK: [[#@LINE+1]]:{{.*}}error: Invalid move operation: 'GOOD-TEXT' (PIC A(4)) to 'GOOD' (PIC 9(4)) [3468]
     DISPLY GOOD. MOVE GOOD-TEXT TO GOOD.
     GOBACK.

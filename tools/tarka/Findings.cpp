@@ -28,15 +28,15 @@ std::optional<NameKind> missingName(int number) {
     return llvm::any_of(codes, [&](ErrorCode code) { return number == errorInfo(code).number; });
   };
   using enum ErrorCode;
-  if (isAny({IdentifierUndefined, IdentifierNotInScope}))
+  if (isAny({IdentifierUndefined}))
     return NameKind::Operand;
   if (isAny({ProcedureNameUndefined}))
     return NameKind::Procedure;
   if (isAny({FileNameUndefined, FileNameNotSelected}))
     return NameKind::File;
   if (isAny({SymbolicCharacterUndefined, CollatingAlphabetUndefined, SwitchConditionUndefined,
-             ClassConditionUndefined, MnemonicNameInvalid, MnemonicNameUndefined,
-             AcceptMnemonicInvalid, DisplayMnemonicInvalid}))
+             ClassConditionUndefined, AlphabetNameRequired, MnemonicNameInvalid,
+             MnemonicNameUndefined, AcceptMnemonicInvalid, DisplayMnemonicInvalid}))
     return NameKind::SpecialName;
   return std::nullopt;
 }
@@ -99,11 +99,11 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
 /// stands in the source.
 void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry) {
   diagnostic.subject = entry.getSubject();
-  if (!diagnostic.subject.empty())
-    return;
-  Subject subject = describe(*entry.getNode());
-  diagnostic.subject = std::move(subject.name);
-  diagnostic.detail = std::move(subject.detail);
+  if (diagnostic.subject.empty()) {
+    Subject subject = describe(*entry.getNode());
+    diagnostic.subject = std::move(subject.name);
+    diagnostic.detail = std::move(subject.detail);
+  }
   if (const Node *other = entry.getOtherOperand()) {
     Subject second = describe(*other);
     diagnostic.otherSubject = std::move(second.name);
@@ -114,11 +114,13 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
   if (!unit)
     return;
   const llvm::StringRef name = llvm::StringRef(diagnostic.subject).split(" OF ").first;
-  if (const std::optional<NameKind> kind = missingName(diagnostic.number)) {
-    const llvm::StringRef near = nearNames.find(name, *kind, *unit);
-    if (!near.empty() && !near.equals_insensitive(name))
-      diagnostic.suggestion = near;
-  }
+  llvm::StringRef near;
+  if (const std::optional<NameKind> kind = missingName(diagnostic.number))
+    near = nearNames.find(name, *kind, *unit);
+  else if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotInScope).number)
+    near = nearNames.findQualified(diagnostic.subject, *unit);
+  if (!near.equals_insensitive(name))
+    diagnostic.suggestion = near;
   if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotUnique).number)
     diagnostic.notes = declarationsOf(name, *unit, maxDeclarations);
 }

@@ -171,7 +171,7 @@ bool OccursCheck::bindKey(DataIdentifierExpression &key) {
 OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
   auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand);
   if (!identifier) {
-    checker.report(ErrorCode::OccursKeyNotDataIdentifier, &table);
+    checker.report(ErrorCode::OccursKeyNotDataIdentifier, &table, *operand);
     return KeyResult::Wrong;
   }
   if (!bindKey(*identifier)) {
@@ -180,7 +180,7 @@ OccursCheck::KeyResult OccursCheck::checkKey(Expression *operand) {
   }
   KeyResult result = KeyResult::Right;
   auto fail = [&](ErrorCode code, KeyResult how) {
-    checker.report(code, &table);
+    checker.report(code, &table, *identifier);
     result = how;
   };
   const DataDescription *item = identifier->getDataDescription();

@@ -144,19 +144,19 @@ bool checkConditionValues(SemanticChecker &checker, DataDescription &conditionNa
     if (!ok)
       return false;
     if (variable && !isValueOf(*value, *variable))
-      ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName);
+      ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName, *value);
     if (LiteralExpression *through = phrase->getLiteral2()) {
       ok = checker.semanticCheck(*through);
       if (!ok)
         return false;
       if (!isEndOfRange(*through, *value, variable))
-        ok = checker.report(ErrorCode::ValueThroughTypesDiffer, &conditionName);
+        ok = checker.report(ErrorCode::ValueThroughTypesDiffer, &conditionName, *through);
     }
   }
   if (LiteralExpression *whenFalse = clause.getFalseValue()) {
     ok &= checker.semanticCheck(*whenFalse);
     if (variable && !isValueOf(*whenFalse, *variable))
-      ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName);
+      ok = checker.report(ErrorCode::ConditionNameValueType, &conditionName, *whenFalse);
   }
   return ok;
 }

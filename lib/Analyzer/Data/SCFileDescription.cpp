@@ -10,6 +10,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/EnterpriseRules.h"
+#include "Analyzer/NamedReport.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/Twine.h"
 #include <algorithm>
@@ -296,7 +297,8 @@ bool SemanticChecker::checkClauseValueOf(FileDescription &file) {
 bool SemanticChecker::checkClauseCodeSet(FileDescription &file) {
   ParaSpecialNames *names = currentSpecialNames();
   if (!names || !names->findClauseAlphabetByWord(file.getCodeSet()->getAlphabetName()))
-    return report(ErrorCode::AlphabetNameRequired, &file);
+    return reportName(*this, ErrorCode::AlphabetNameRequired, &file,
+                      file.getCodeSet()->getAlphabetName());
   return true;
 }
 

@@ -8,6 +8,7 @@
 
 #include "AST/Program.h"
 #include "Analyzer/Environment/EnvironmentCheck.h"
+#include "Analyzer/NamedReport.h"
 #include "Analyzer/PartCheck.h"
 #include "Analyzer/SemanticChecker.h"
 #include <cstdlib>
@@ -50,7 +51,7 @@ bool SemanticChecker::semanticCheck(ParaObjectComputer &paragraph) {
   }
   if (ClauseSequence *sequence = paragraph.getSequence())
     if (!isAlphabetOfProgram(sequence->getSequence()))
-      return report(ErrorCode::AlphabetNameRequired, sequence);
+      return reportName(*this, ErrorCode::AlphabetNameRequired, sequence, sequence->getSequence());
   if (ClauseSegmentLimit *segment = paragraph.getSegment()) {
     NumericLiteralExpression &limit = *segment->getLimit();
     ok &= semanticCheck(limit);

@@ -9,6 +9,7 @@
 #include "AST/Program.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/Environment/EnvironmentCheck.h"
+#include "Analyzer/NamedReport.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLExtras.h"
@@ -86,7 +87,7 @@ bool SemanticChecker::checkClauseEnvName(ClauseEnvName &clause) {
   Word *on = clause.getOnCondition();
   Word *off = clause.getOffCondition();
   if (on && off && on->getWordData() == off->getWordData())
-    ok = report(ErrorCode::OnOffConditionSame, &clause);
+    ok = reportName(*this, ErrorCode::OnOffConditionSame, &clause, on);
 
   Word *environmentName = clause.getEnvironmentName();
   // A clause without a name cannot come from source; it is reported like an unknown name.
@@ -132,7 +133,7 @@ bool SemanticChecker::checkClauseSymbolic(ClauseSymbolic &clause) {
   for (PhrsSymbolic *phrase : clause.getSymbolicListElements())
     ok &= checkPhraseSymbolic(*phrase);
   if (clause.getAlphabetName() && !isAlphabetOfProgram(clause.getAlphabetName()))
-    return report(ErrorCode::AlphabetNameRequired, &clause);
+    return reportName(*this, ErrorCode::AlphabetNameRequired, &clause, clause.getAlphabetName());
   return ok;
 }
 

@@ -8,6 +8,7 @@
 #include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Expression/Comparison.h"
 #include "Analyzer/Expression/OperandKinds.h"
+#include "Analyzer/NamedReport.h"
 #include "Analyzer/SemanticChecker.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/SmallVector.h"
@@ -331,7 +332,8 @@ bool SemanticChecker::semanticCheck(ClassCondition &condition) {
   ClauseClass *clause =
       specialNames ? specialNames->findClauseClassByWord(condition.getClassName()) : nullptr;
   if (!clause)
-    return report(ErrorCode::ClassConditionUndefined, &condition);
+    return reportName(*this, ErrorCode::ClassConditionUndefined, &condition,
+                      condition.getClassName());
   condition.setClauseClass(clause);
   return ok;
 }

@@ -4,6 +4,7 @@
 #include "AST/Environment.h"
 #include "AST/KindNames.h"
 #include "AST/StatementVisitor.h"
+#include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/Statement/FileOperands.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/DenseMap.h"
@@ -77,6 +78,32 @@ public:
       checkAccess("INVALID KEY of READ", *statement.getFileName(), AccessType::Sequential);
   }
 
+  void visitRewriteStatement(RewriteStatement &statement) {
+    const DataDescription *record = entryOfDataIdentifier(*statement.getRecordName());
+    const FileDescription *file = record ? fileOfItem(*record) : nullptr;
+    if (!file || statement.getInvalidKeyHandlerSize() == 0)
+      return;
+    // A record of a sequential file, or the last one read of a relative one, is not found by a key.
+    Expression &name = *statement.getRecordName();
+    if (const ParaFileControl *control = controlOf(*file);
+        checkOrganization("INVALID KEY of REWRITE", name, *file) && control &&
+        control->getOrganizationType() == OrganizationType::Relative)
+      checkAccess("INVALID KEY of REWRITE", name, *file, AccessType::Sequential);
+  }
+
+  void visitCloseStatement(CloseStatement &statement) {
+    for (CloseFile *file : statement.getCloseFileListElements()) {
+      const FileDescription *description = file->getFileName()->getFileDescription();
+      const ParaFileControl *control = description ? controlOf(*description) : nullptr;
+      const bool isOfTape =
+          file->getOption() != CloseOption::None && file->getOption() != CloseOption::Lock;
+      if (control && isOfTape && !isSequential(*control))
+        report.report(LanguageRule::CloseOptionNotSequential, *file->getFileName(),
+                      nameOf(file->getOption()), description->getFileName()->getDisplayName(),
+                      nameOf(control->getOrganizationType()).lower());
+    }
+  }
+
   void visitWriteStatement(WriteStatement &statement) {
     auto phrase = llvm::find_if(statement.getExceptionHandlerListElements(),
                                 [](const ExceptionHandler *handler) {
@@ -104,34 +131,51 @@ public:
   }
 
 private:
-  /// Null where the file is unknown, is a sort file or has no SELECT entry.
-  static const ParaFileControl *controlOf(const FileIdentifierExpression &file) {
-    const FileDescription *description = file.getFileDescription();
-    return description && description->getType() == FileDescType::File
-               ? description->getFileControl()
-               : nullptr;
+  /// Null where \p file is a sort file or has no SELECT entry.
+  static const ParaFileControl *controlOf(const FileDescription &file) {
+    return file.getType() == FileDescType::File ? file.getFileControl() : nullptr;
   }
 
-  /// False, after a message, when the records of \p file can only be reached one after the other.
-  bool checkOrganization(llvm::StringRef verb, FileIdentifierExpression &file) {
+  /// Without an ORGANIZATION clause a file can still be one with keys: old programs say so with the
+  /// name of the device.
+  static bool isSequential(const ParaFileControl &control) {
+    if (!control.getOrganization() && (control.getRecordKey() || control.getRelativeKey()))
+      return false;
+    return control.getOrganizationType() == OrganizationType::Sequential ||
+           control.getOrganizationType() == OrganizationType::LineSequential;
+  }
+
+  /// False, after a message at \p place, when the records of \p file can only be reached one after
+  /// the other.
+  bool checkOrganization(llvm::StringRef what, Node &place, const FileDescription &file) {
     const ParaFileControl *control = controlOf(file);
-    if (!control || (control->getOrganizationType() != OrganizationType::Sequential &&
-                     control->getOrganizationType() != OrganizationType::LineSequential))
+    if (!control || !isSequential(*control))
       return true;
-    report.report(LanguageRule::StatementOnSequentialFile, file, verb,
+    report.report(LanguageRule::StatementOnSequentialFile, place, what,
                   file.getFileName()->getDisplayName());
     return false;
   }
 
-  void checkAccess(llvm::StringRef what, FileIdentifierExpression &file, AccessType forbidden) {
+  bool checkOrganization(llvm::StringRef what, FileIdentifierExpression &name) {
+    const FileDescription *file = name.getFileDescription();
+    return !file || checkOrganization(what, name, *file);
+  }
+
+  void checkAccess(llvm::StringRef what, Node &place, const FileDescription &file,
+                   AccessType forbidden) {
     const ParaFileControl *control = controlOf(file);
     if (!control)
       return;
     const AccessType access =
         control->getAccess() ? control->getAccess()->getType() : AccessType::Sequential;
     if (access == forbidden)
-      report.report(LanguageRule::AccessModeForbids, file, what,
+      report.report(LanguageRule::AccessModeForbids, place, what,
                     file.getFileName()->getDisplayName(), nameOf(forbidden).lower());
+  }
+
+  void checkAccess(llvm::StringRef what, FileIdentifierExpression &name, AccessType forbidden) {
+    if (const FileDescription *file = name.getFileDescription())
+      checkAccess(what, name, *file, forbidden);
   }
 
   LanguageReport &report;

@@ -49,8 +49,10 @@ public:
     report.setUnit(unit);
     current = &unit;
     checkFileControl(unit, report);
-    if (DataDivision *division = unit.getDataDivision())
+    if (DataDivision *division = unit.getDataDivision()) {
       checkVariableTables(*division, report);
+      checkReportEntries(*division, report);
+    }
     for (ExecStatement *block : unit.getDataBlockElements())
       embedded.check(*block, unit);
     if (ProcedureDivision *division = unit.getProcDivision())

@@ -15,6 +15,7 @@ void checkFileStatement(Statement &statement, LanguageReport &report);
 
 /// Subscripts and reference modifiers, TableRules.cpp.
 void checkVariableTables(DataDivision &division, LanguageReport &report);
+void checkReportEntries(DataDivision &division, LanguageReport &report);
 void checkOperands(Statement &statement, LanguageReport &report);
 
 /// The procedure that a statement stands in.

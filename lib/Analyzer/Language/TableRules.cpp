@@ -7,8 +7,11 @@
 //===----------------------------------------------------------------------===//
 
 #include "AST/DataDivision.h"
+#include "AST/DataTree.h"
 #include "AST/ExpressionVisitor.h"
 #include "AST/Operands.h"
+#include "AST/ReportClauses.h"
+#include "AST/ReportDescription.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/STLExtras.h"
@@ -23,43 +26,79 @@ const std::string &nameOf(const DataIdentifierExpression &identifier) {
   return identifier.getQualifiedWord()->getNamesElements().front()->getDisplayName();
 }
 
-/// The value of an operand that is made of integer literals alone, as far as it is small enough to
-/// be counted with.
+/// The length of the item that an operand is; nothing for a table, of which one occurrence or all
+/// can be meant, for a part and for an item whose length varies.
+std::optional<std::int64_t> fixedLengthOf(const Expression *operand, bool inCharacters) {
+  const DataDescription *entry = operand ? entryOfDataIdentifier(*operand) : nullptr;
+  if (!entry || isConditionName(*entry) || isIndexName(*entry) || isReferenceModified(*operand) ||
+      entry->getOccurs() || entry->isTooLarge() || entry->checkContainsOdo())
+    return std::nullopt;
+  // National and DBCS characters take two bytes each.
+  const UsageType usage = entry->getUsageType();
+  const bool isWide = usage == UsageType::National || usage == UsageType::Display1;
+  return inCharacters && isWide ? entry->getAllocSize() / 2 : entry->getAllocSize();
+}
+
+/// The value of an operand that is not an arithmetic expression, where the source has it: of an
+/// integer, of LENGTH OF and FUNCTION LENGTH.
+std::optional<std::int64_t> simpleConstantOf(const Expression &operand) {
+  if (const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(&operand))
+    return literal->isInteger() ? std::optional(literal->getIntegerValue()) : std::nullopt;
+  if (const auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&operand))
+    return special->getType() == SpecialRegisterType::LengthOf
+               ? fixedLengthOf(special->getIdent(), /*inCharacters=*/false)
+               : std::nullopt;
+  const auto *function = llvm::dyn_cast<FunctionIdentifierExpression>(&operand);
+  if (!function || function->getIntrinsicType() != IntrinsicType::Length ||
+      function->getFunctionArgListSize() != 1)
+    return std::nullopt;
+  return fixedLengthOf(function->getFunctionArgListElements().front(), /*inCharacters=*/true);
+}
+
+std::optional<std::int64_t> calculate(ArithmeticExprType type, std::int64_t left,
+                                      std::int64_t right) {
+  switch (type) {
+  case ArithmeticExprType::Add:
+    return left + right;
+  case ArithmeticExprType::Subtract:
+    return left - right;
+  case ArithmeticExprType::Multiply:
+    return left * right;
+  case ArithmeticExprType::Divide:
+    return right != 0 && left % right == 0 ? std::optional(left / right) : std::nullopt;
+  default:
+    return std::nullopt;
+  }
+}
+
+/// The value of an operand that is the same whenever the program runs, as far as it is small enough
+/// to be counted with.
 std::optional<std::int64_t> constantOf(const Expression &operand) {
   constexpr std::int64_t limit = 1'000'000'000;
-  std::optional<std::int64_t> value;
-  if (const auto *literal = llvm::dyn_cast<NumericLiteralExpression>(&operand)) {
-    if (literal->isInteger())
-      value = literal->getIntegerValue();
-  } else if (const auto *arithmetic = llvm::dyn_cast<ArithmeticExpression>(&operand)) {
-    // A long chain of operators is not one of literals, and is not walked by recursion.
-    if (arithmetic->getOperand2() &&
-        !llvm::isa<NumericLiteralExpression>(arithmetic->getOperand2()))
+  auto inLimits = [](std::optional<std::int64_t> value) {
+    return value && -limit <= *value && *value <= limit ? value : std::nullopt;
+  };
+  // Chains of operators lean to the left. The right operand of one is simple, or nothing is known.
+  llvm::SmallVector<const ArithmeticExpression *, 4> chain;
+  const Expression *first = &operand;
+  while (const auto *link = llvm::dyn_cast<ArithmeticExpression>(first)) {
+    chain.push_back(link);
+    first = link->getOperand1();
+  }
+  std::optional<std::int64_t> value = inLimits(simpleConstantOf(*first));
+  for (const ArithmeticExpression *link : llvm::reverse(chain)) {
+    if (!value)
       return std::nullopt;
-    if (llvm::isa<ArithmeticExpression>(arithmetic->getOperand1()))
+    if (!link->getOperand2()) {
+      if (link->getOperator() == ArithmeticExprType::UnaryMinus)
+        value = -*value;
+    } else if (const std::optional<std::int64_t> right =
+                   inLimits(simpleConstantOf(*link->getOperand2()))) {
+      value = inLimits(calculate(link->getOperator(), *value, *right));
+    } else {
       return std::nullopt;
-    std::optional<std::int64_t> left = constantOf(*arithmetic->getOperand1());
-    std::optional<std::int64_t> right =
-        arithmetic->getOperand2() ? constantOf(*arithmetic->getOperand2()) : 0;
-    if (!left || !right)
-      return std::nullopt;
-    switch (arithmetic->getOperator()) {
-    case ArithmeticExprType::Add:
-    case ArithmeticExprType::UnaryPlus:
-      value = *left + *right;
-      break;
-    case ArithmeticExprType::Subtract:
-      value = *left - *right;
-      break;
-    case ArithmeticExprType::UnaryMinus:
-      value = -*left;
-      break;
-    default:
-      break;
     }
   }
-  if (value && (*value > limit || *value < -limit))
-    return std::nullopt;
   return value;
 }
 
@@ -108,6 +147,8 @@ enum class OperandPlace {
   FunctionArgument,
   /// The operand of LENGTH OF, ADDRESS OF and FUNCTION LENGTH, which may be a table as a whole.
   WholeTable,
+  /// What an entry of a report shows, whose lines can supply subscripts that are not written.
+  ReportEntry,
 };
 
 /// Checks the operands of one statement with everything that they are made of.
@@ -243,6 +284,8 @@ private:
     const std::size_t given = modifier ? modifier->getSubscriptSize() : 0;
     if (given == 0 && where == OperandPlace::WholeTable)
       return true;
+    if (given != tables.size() && where == OperandPlace::ReportEntry)
+      return false;
     if (given != tables.size()) {
       report.report(LanguageRule::SubscriptCount, identifier, nameOf(identifier),
                     countOf(static_cast<std::int64_t>(tables.size()), "subscript"),
@@ -333,6 +376,25 @@ void checkVariableTables(DataDivision &division, LanguageReport &report) {
     report.report(LanguageRule::ConditionNameAsValue, *object, nameOf(*object),
                   entry->getCondNameParent()->getDataName()->getDisplayName());
   }
+}
+
+void checkReportEntries(DataDivision &division, LanguageReport &report) {
+  TableCheck check(report);
+  auto checkEntry = [&](const DataDescription *entry) {
+    const auto *item = llvm::dyn_cast<ReportDataDescription>(entry);
+    if (!item)
+      return;
+    if (const ClauseSource *source = item->getSourceClause())
+      for (const SourceClauseExpr *shown : source->getSourceExprListElements())
+        check.check(shown->getExpr(), OperandPlace::ReportEntry);
+    if (const ClauseSum *sum = item->getSumClause())
+      for (const SumClauseExpr *added : sum->getSumExprListElements())
+        for (Expression *name : added->getNameListElements())
+          check.check(name, OperandPlace::ReportEntry);
+  };
+  for (const ReportDescription *one : division.getReportSectionElements())
+    for (ReportDataDescription *group : one->getRecordListElements())
+      forEachEntry(static_cast<DataDescription *>(group), checkEntry);
 }
 
 void checkOperands(Statement &statement, LanguageReport &report) {
