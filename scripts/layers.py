@@ -18,8 +18,9 @@ LAYERS = {
     "Analyzer": {"AST", "Report"},
     "Flow": {"AST", "Report", "Analyzer"},
     "Print": {"AST", "Report", "Parse", "Analyzer", "Flow"},
+    "Index": {"AST", "Report", "Parse"},
     "Workers": set(),
-    "tools": {"AST", "Report", "Parse", "Analyzer", "Flow", "Print", "Workers"},
+    "tools": {"AST", "Report", "Parse", "Analyzer", "Flow", "Print", "Index", "Workers"},
 }
 
 INCLUDE = re.compile(r'^\s*#\s*include\s+"([^"]+)"', re.MULTILINE)

@@ -76,6 +76,9 @@ public:
     call(NodeRange<Statement>(s.getUntilStmtListBegin(), s.getUntilStmtListEnd()));
     call(NodeRange<Statement>(s.getElseStmtListBegin(), s.getElseStmtListEnd()));
   }
+  void visitOperandStatement(OperandStatement &s) {
+    phrases(s.getExceptHandlerBegin(), s.getExceptHandlerEnd());
+  }
   void visitPerformStatement(PerformStatement &s) {
     call(NodeRange<Statement>(s.getInlineStatementsBegin(), s.getInlineStatementsEnd()));
   }

@@ -71,6 +71,32 @@ private:
   std::list<Statement *> imperStmts;
 };
 
+/// A statement of which the tree has the operands, by what becomes of them, and the ON EXCEPTION
+/// phrases. The checks bind the names; there are no further rules about the operands.
+class OperandStatement : public Statement {
+public:
+  /// The operands that are read, in the order written.
+  TARKA_LIST_ADD(Expression, sources, SourceList, Source)
+  /// The operands that receive a value.
+  TARKA_LIST_ADD(Expression, receivers, ReceiverList, Receiver)
+  /// The items that are named without subscripts, such as a table to be sorted and its keys.
+  TARKA_LIST_ADD(Expression, parts, PartList, Part)
+  TARKA_LIST_ADD(ExceptionHandler, handlers, ExceptHandler, ExceptHandler)
+
+  static bool classof(const Statement *s) {
+    return s->getType() >= StatementType::JsonGenerate && s->getType() <= StatementType::Invoke;
+  }
+
+protected:
+  OperandStatement(const Node *at, StatementType type) : Statement(at, type) {}
+
+private:
+  LazyList<Expression> sources;
+  LazyList<Expression> receivers;
+  LazyList<Expression> parts;
+  LazyList<ExceptionHandler> handlers;
+};
+
 /// The procedures that a procedure-name, or two with THROUGH, refer to. Set by the check; all null
 /// before. At each end, at most one of section and paragraph is set.
 class ProcedureRange {

@@ -494,6 +494,46 @@ private:
   LazyList<Statement> convertStmts;
 };
 
+//===----------------------------------------------------------------------===//
+// Statements with operands only
+//===----------------------------------------------------------------------===//
+
+/// JSON GENERATE receiver FROM source [COUNT IN receiver] [NAME OF part...] [SUPPRESS part...]
+class JsonGenerateStatement : public StatementOf<StatementType::JsonGenerate, OperandStatement> {
+public:
+  explicit JsonGenerateStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// JSON PARSE source INTO receiver [NAME OF part...] [SUPPRESS part...] [CONVERTING part...]
+class JsonParseStatement : public StatementOf<StatementType::JsonParse, OperandStatement> {
+public:
+  explicit JsonParseStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// SORT table [ON {ASCENDING | DESCENDING} KEY part...]...; the table is the first part.
+class SortTableStatement : public StatementOf<StatementType::SortTable, OperandStatement> {
+public:
+  explicit SortTableStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// ALLOCATE {source CHARACTERS | part} [RETURNING receiver]
+class AllocateStatement : public StatementOf<StatementType::Allocate, OperandStatement> {
+public:
+  explicit AllocateStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// FREE receiver...
+class FreeStatement : public StatementOf<StatementType::Free, OperandStatement> {
+public:
+  explicit FreeStatement(const Node *at) : StatementOf(at) {}
+};
+
+/// INVOKE source {literal | source | NEW} [USING source...] [RETURNING receiver]
+class InvokeStatement : public StatementOf<StatementType::Invoke, OperandStatement> {
+public:
+  explicit InvokeStatement(const Node *at) : StatementOf(at) {}
+};
+
 } // namespace tarka
 
 #endif // TARKA_AST_STATEMENTDATA_H

@@ -47,6 +47,9 @@ public:
   Result visitFileStatement(FileStatement &statement) {
     return derived().visitStatement(statement);
   }
+  Result visitOperandStatement(OperandStatement &statement) {
+    return derived().visitStatement(statement);
+  }
   Result visitStatement(Statement &) { return Result(); }
 
 private:
@@ -59,6 +62,9 @@ private:
     return derived().visitArithmeticStatement(statement);
   }
   Result visitBase(FileStatement &statement) { return derived().visitFileStatement(statement); }
+  Result visitBase(OperandStatement &statement) {
+    return derived().visitOperandStatement(statement);
+  }
   Result visitBase(Statement &statement) { return derived().visitStatement(statement); }
 };
 

@@ -67,6 +67,9 @@ public:
   void analysisSubtractStmt(SubtractStatement *statement);
   void analysisUnstringStmt(UnstringStatement *statement);
   void analysisWriteStmt(WriteStatement *statement);
+  void analysisJsonGenerateStmt(JsonGenerateStatement *statement);
+  void analysisJsonParseStmt(JsonParseStatement *statement);
+  void analysisInvokeStmt(InvokeStatement *statement);
   void analysisXmlGenerateStmt(XMLGenerateStatement *statement);
 
   // Loops and statements that perform procedures.
@@ -126,6 +129,7 @@ private:
   void lowerTwoWay(Statement *statement, const StatementList &thenStatements,
                    const StatementList &elseStatements, llvm::StringRef endName);
   void lowerSizeError(ArithmeticStatement *statement);
+  void lowerException(OperandStatement *statement);
   void lowerOverflow(Statement *statement, const HandlerList &phrases);
   struct InputOutputShape;
   void lowerInputOutput(FileStatement *statement, const HandlerList &phrases,

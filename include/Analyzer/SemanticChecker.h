@@ -87,6 +87,7 @@ class ReleaseStatement;
 class ReturnStatement;
 class RewriteStatement;
 class RwGenerateStatement;
+class OperandStatement;
 class RwInitiateStatement;
 class RwSuppressStatement;
 class RwTerminateStatement;
@@ -619,6 +620,8 @@ public:
   bool semanticCheck(SubtractStatement &statement);
   /// TRANSFORM, which is converted to INSPECT.
   bool semanticCheck(TransformStatement &statement);
+  /// Binds the names of a statement that has no rules of its own.
+  bool semanticCheck(OperandStatement &statement);
   /// UNSTRING; reports the Unstring... diagnostics.
   bool semanticCheck(UnstringStatement &statement);
   /// WRITE: binds the record; FROM, ADVANCING, the phrases. Reports the Write... diagnostics.

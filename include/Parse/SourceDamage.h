@@ -46,6 +46,9 @@ public:
   /// Marks the text at \p place as damaged.
   void add(const SourceRange &place);
   void addMissingCopybook() { copybookIsMissing = true; }
+  /// Marks the text at \p place as damaged, which was meant to copy other text, though it does not
+  /// have the word COPY or INCLUDE.
+  void addLostCopy(const SourceRange &place);
   /// Adds the words that \p text, the text of file number \p file, has on damaged lines.
   void collectNames(unsigned file, llvm::StringRef text);
 

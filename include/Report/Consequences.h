@@ -42,7 +42,8 @@ struct DamagedText {
 /// and still have their nodes. An error that is the first one about its name gets the further
 /// places; any other error that has consequences gets a note with their number at the place of the
 /// first one, and the error of a missing copybook names the names that it probably left undefined.
-/// Warnings neither have consequences nor are any, and a diagnostic with a fix stays.
+/// Of the warnings only that of a line that is cut at column 72 has consequences, and only those
+/// about embedded blocks can be one; a diagnostic with a fix stays.
 void removeConsequences(std::vector<Diagnostic> &diagnostics, Program &program,
                         const DamagedText &damage, LineLookup lineOf);
 

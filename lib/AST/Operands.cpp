@@ -181,6 +181,10 @@ public:
     one(s.getWithPointerId(), OperandRole::Update);
     one(s.getTallyingId(), OperandRole::Update);
   }
+  void visitOperandStatement(OperandStatement &s) {
+    all(s.getSourceListElements());
+    all(s.getReceiverListElements(), OperandRole::MayWrite);
+  }
   void visitTransformStatement(TransformStatement &s) {
     one(s.getTransformExpr(), OperandRole::MayUpdate);
     one(s.getFromExpr());

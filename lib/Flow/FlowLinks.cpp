@@ -480,6 +480,9 @@ Repetition repetitionOf(const PerformStatement &perform) {
     return {true, true};
   case PerformStmtType::Until:
   case PerformStmtType::Varying: {
+    // UNTIL EXIT has no condition.
+    if (perform.getType() == PerformStmtType::Until && !perform.getUntilCondition())
+      return {false, true};
     const PerformTest *test = perform.getPerformTest();
     return {!test || test->getType() == PerformTestType::Before, true};
   }

@@ -16,7 +16,8 @@ namespace tarka {
 static constexpr size_t maxWordLength = 30;
 
 Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain)
-    : context(context), lines(file, format, context.diagnostics, isMain),
+    : context(context), lines(file, format, context.diagnostics, isMain,
+                              context.options.format == SourceFormat::Auto),
       scanner(context.words, /*keepsCommas=*/false) {
   isAtEnd = reportFault(file, context);
   scanner.setReadsTags(isMain && hasCopybookExtension(file.getName()));
@@ -180,6 +181,14 @@ void Lexer::next(Token &token) {
 
 /// Handles what \p token means to the lexer; false when the parser does not get it.
 bool Lexer::checkToken(Token &token) {
+  // The period after AUTHOR and the like can be left out.
+  if (context.inIdentificationDivision && (flagsOf(previousKeyword) & KF_CommentParagraph) &&
+      !token.is(TokenKind::Period) && !token.isInAreaA()) {
+    previousKeyword = Keyword::None;
+    scanner.setCursor(scanner.getEnd());
+    skipCommentEntry();
+    return false;
+  }
   if (token.keyword != Keyword::None) {
     bool isKept = inPseudoText || actOnKeyword(token);
     previousKeyword = token.keyword;

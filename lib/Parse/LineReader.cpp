@@ -98,10 +98,10 @@ private:
 } // namespace
 
 LineReader::LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
-                       bool isMain)
+                       bool isMain, bool formatIsGuessed)
     : diagnostics(diagnostics), fileNumber(file.getNumber()), tabWidth(file.getTabWidth()),
-      format(format), optionsMayCome(isMain), position(file.getText().begin()),
-      fileEnd(file.getText().end()) {}
+      format(format), isGuessed(formatIsGuessed), optionsMayCome(isMain),
+      position(file.getText().begin()), fileEnd(file.getText().end()) {}
 
 bool LineReader::next() {
   PhysicalLine line;
@@ -225,6 +225,10 @@ bool LineReader::acceptFree(const PhysicalLine &line) {
   const char *end = trimEnd(begin, line.end);
   if (begin == end || beginsWith(begin, end, "*>"))
     return false;
+  // Where the columns before the indicator were cut off, an asterisk in the first one that is left
+  // marks a comment.
+  if (isGuessed && begin == line.start && *begin == '*')
+    return false;
   take(line, line.start, end);
   areaB = end;
   return true;
@@ -298,6 +302,9 @@ bool LineReader::acceptIndicator(const PhysicalLine &line, FixedLine &parts) {
   if (classOf(parts.indicator) == CharacterClass::Blank)
     return true;
   report(DiagnosticId::UnknownIndicator, line, at, showText(llvm::StringRef(&parts.indicator, 1)));
+  // $SET and the like are directives of other compilers.
+  if (parts.indicator == '$')
+    return false;
   // Program text that begins a column too early is read all the same.
   if (isWordCharacter(parts.indicator) && parts.text < parts.limit && isWordCharacter(*parts.text))
     parts.text = at;

@@ -25,7 +25,7 @@ class LineReader {
 public:
   /// \p isMain says that compiler options (CBL and PROCESS lines) may stand before the program.
   LineReader(const SourceFile &file, SourceFormat format, SourceDiagnostics &diagnostics,
-             bool isMain);
+             bool isMain, bool formatIsGuessed);
 
   /// Moves on to the next line; false at the end of the file.
   bool next();
@@ -40,7 +40,10 @@ public:
 
   SourceFormat getFormat() const { return format; }
   /// Changes the form from the next line on.
-  void setFormat(SourceFormat newFormat) { format = newFormat; }
+  void setFormat(SourceFormat newFormat) {
+    format = newFormat;
+    isGuessed = false;
+  }
   void setDebuggingMode(bool on) { debugging = on; }
   /// Says that a program ended: before the next one there may be CBL and PROCESS lines.
   void expectOptions() { optionsMayCome = true; }
@@ -115,6 +118,7 @@ private:
   const unsigned fileNumber;
   const unsigned tabWidth;
   SourceFormat format;
+  bool isGuessed; ///< the form was not named, but found out from the lines
   bool debugging = false;
   bool quiet = false;
   /// Whether a CBL or PROCESS line may still come.

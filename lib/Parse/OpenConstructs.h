@@ -21,6 +21,9 @@ public:
       innermost->mistake = true;
   }
 
+  /// Whether a mistake was noted in the innermost construct.
+  bool isInnermostDamaged() const { return innermost && innermost->mistake; }
+
   /// A construct, which is being parsed as long as the scope lives.
   class Scope {
   public:

@@ -149,9 +149,14 @@ public:
 
   /// The most likely level of an entry whose number is missing: that of the entry before it. Only
   /// where that is a condition-name, an entry that begins with VALUE is another one.
-  unsigned getAssumedLevel(bool beginsWithValue) const {
+  /// Behind a group without members, an entry has the level of the one after it, \p nextLevel.
+  unsigned getAssumedLevel(bool beginsWithValue, unsigned nextLevel) const {
     if (!item || item->getLevelNum() == 66)
       return 1;
+    const bool isEmptyGroup =
+        !item->getPicture() && !item->getUsage() && item->getChildrenSize() == 0;
+    if (isEmptyGroup && nextLevel > item->getLevelNum() && nextLevel < 50)
+      return nextLevel;
     return beginsWithValue && lastIsCondition ? 88 : item->getLevelNum();
   }
 
@@ -284,7 +289,11 @@ private:
 
 void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
   RecordBuilder records(*this, add);
-  bool previousIsWrong = false;
+  // How many entries were read since a wrong one: of lines that are exchanged, the end of that
+  // entry may follow the next one.
+  constexpr unsigned maxSound = 1;
+  unsigned soundEntries = maxSound + 1;
+  DataDescription *previous = nullptr;
   while (true) {
     // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
@@ -293,7 +302,8 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       DataDescription *entry = parseEntry(assumedLevel);
       if (construct.hasMistake())
         context.diagnostics.getDamage().add(from(begin).getRange());
-      previousIsWrong = construct.hasMistake();
+      soundEntries = construct.hasMistake() ? 0 : soundEntries + 1;
+      previous = entry;
       if (!entry)
         return;
       records.add(entry, !construct.hasMistake());
@@ -310,16 +320,24 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
       stream.skip();
-    } else if (previousIsWrong && peek().isFirstOnLine() && clauses.contains(peek().keyword)) {
+    } else if (soundEntries <= maxSound && peek().isFirstOnLine() &&
+               clauses.contains(peek().keyword)) {
       // The rest of the entry, which was cut in two.
       skipToEntry(clauses);
+    } else if (previous && &clauses == &dataClauses && !peek().isFirstOnLine() &&
+               (clauses.contains(peek().keyword) || at(Keyword::Is))) {
+      // A period within the entry, of which the rest follows in the same line.
+      expected("a level number");
+      context.diagnostics.getDamage().add(previous->getRange());
+      previous->setRange(
+          parseClauses(previous->getRange(), clauses, [&] { return parseDataClause(*previous); }));
+      soundEntries = 0;
     } else {
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();
       if (skipToEntryName(clauses)) {
-        addEntry(isRecord
-                     ? 1
-                     : records.getAssumedLevel(peek(1).isOneOf(Keyword::Value, Keyword::Values)));
+        const bool beginsWithValue = peek(1).isOneOf(Keyword::Value, Keyword::Values);
+        addEntry(isRecord ? 1 : records.getAssumedLevel(beginsWithValue, nextLevel()));
         continue;
       }
       records.noteLostEntry();
@@ -389,6 +407,17 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
 
   entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
   return entry;
+}
+
+/// The level number that begins the next line that has one; 0 where none is near.
+unsigned DataParser::nextLevel() {
+  constexpr unsigned maxTokens = 30;
+  unsigned level = 0;
+  for (unsigned n = 1; n < maxTokens; ++n)
+    if (peek(n).isFirstOnLine() && peek(n).is(TokenKind::IntegerLiteral) &&
+        !peek(n).spelling.getAsInteger(10, level))
+      return level;
+  return 0;
 }
 
 /// NAME PIC X, FOO NAME PIC X and NAME 01 PIC X are taken for entries. After the name there is a

@@ -82,6 +82,8 @@ private:
   Word *parsePictureString();
   bool isPictureDivided(const Word &string);
   Word *mendPicture(const Word &string);
+  unsigned nextLevel();
+  bool parseDynamicLength();
   ClauseGroupUsage *parseGroupUsage();
   PhraseValue *parseValuePhrase();
   bool parseValueOperand(LiteralExpression *&literal, Word *&word);

@@ -77,8 +77,12 @@ bool DataParser::parseDataClause(DataDescription &entry) {
                      &DataParser::parseBareClause<ClauseVolatile>);
   case Keyword::Indexed:
     // A phrase of OCCURS that another clause divides from it.
-    if (!entry.getOccurs())
-      return unknownClause(dataClauses);
+    if (!entry.getOccurs()) {
+      if (!recovery.isConstructDamaged())
+        return unknownClause(dataClauses);
+      // The OCCURS clause was reported.
+      return parseOccursPhrases(*makeAt<ClauseOccurs>(here()));
+    }
     error(DiagnosticId::PhraseApart, here(), describe(peek()), textOf(Keyword::Occurs));
     return parseOccursPhrases(*entry.getOccurs());
   case Keyword::Is:
@@ -88,6 +92,7 @@ bool DataParser::parseDataClause(DataDescription &entry) {
     stream.skip();
     return true;
   case Keyword::Dynamic:
+    return parseDynamicLength();
   case Keyword::Type:
     return unsupportedClause(textOf(peek().keyword), dataClauses);
   default:
@@ -219,6 +224,13 @@ static UsageType usageInsteadOf(Keyword keyword) {
   }
 }
 
+/// Whether an item of the usage has the size of the one that stands for it: it is an address of
+/// four bytes.
+static bool hasItsSize(Keyword keyword) {
+  return keyword == Keyword::Object || keyword == Keyword::Pointer24 ||
+         keyword == Keyword::Pointer31 || keyword == Keyword::Pointer32;
+}
+
 /// Whether the keyword is a usage, supported or not.
 static bool isUsage(Keyword keyword) {
   return usageOf(keyword) != UsageType::None || usageInsteadOf(keyword) != UsageType::None;
@@ -243,7 +255,8 @@ ClauseUsage *DataParser::parseUsage() {
     type = usageInsteadOf(peek().keyword);
     if (type == UsageType::None)
       return expected("a usage");
-    error(DiagnosticId::NotSupported, here(), "USAGE " + textOf(peek().keyword).str());
+    if (!hasItsSize(peek().keyword))
+      error(DiagnosticId::NotSupported, here(), "USAGE " + textOf(peek().keyword).str());
   }
   // OBJECT REFERENCE names a class.
   if (accept(Keyword::Object)) {
@@ -255,6 +268,17 @@ ClauseUsage *DataParser::parseUsage() {
   }
   accept(Keyword::Native);
   return make<ClauseUsage>(begin, type);
+}
+
+/// DYNAMIC [LENGTH] [LIMIT [IS] integer]: the item has one character at first. How long it can
+/// become has no place in the tree.
+bool DataParser::parseDynamicLength() {
+  accept(Keyword::Dynamic);
+  accept(Keyword::Length);
+  if (!accept(Keyword::Limit))
+    return true;
+  accept(Keyword::Is);
+  return parseNumericLiteral();
 }
 
 /// GROUP-USAGE [IS] NATIONAL
@@ -389,6 +413,9 @@ bool DataParser::parseOccursPhrases(ClauseOccurs &occurs) {
   }
 }
 
+/// In the place of UNBOUNDED: no table has more elements, because no item has more characters.
+static constexpr llvm::StringLiteral mostOccurrences = "999999999";
+
 /// [n TO] m [TIMES]. That there must be a number is a rule of the checker.
 bool DataParser::parseOccursBounds(ClauseOccurs &occurs) {
   bool isMissing = at(Keyword::Times, Keyword::Depending, Keyword::Ascending, Keyword::Descending,
@@ -408,7 +435,8 @@ bool DataParser::parseOccursBounds(ClauseOccurs &occurs) {
     occurs.setMaxExpr(bound);
   }
   if (at(Keyword::Unbounded)) {
-    error(DiagnosticId::NotSupported, here(), "UNBOUNDED");
+    occurs.setMinExpr(occurs.getMaxExpr());
+    occurs.setMaxExpr(makeAt<NumericLiteralExpression>(here(), mostOccurrences));
     stream.skip();
   }
   if (!accept(Keyword::Times) && peek().isWord() && !dataClauses.contains(peek().keyword) &&

@@ -1,8 +1,11 @@
 //===- ParseEmbedded.cpp - blocks of embedded languages -----------------===//
 
+#include "AST/Spelling.h"
 #include "Parse/Embedded/EmbeddedParser.h"
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParserBase.h"
+#include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/ErrorHandling.h"
 
 namespace tarka {
@@ -23,6 +26,26 @@ static EmbeddedCommand *parseCommand(ParserContext &context, ExecType language,
   llvm_unreachable("every language is handled");
 }
 
+/// Whether the word after EXEC is no language but the beginning of a command, or a language
+/// misspelt.
+static bool isNoLanguage(llvm::StringRef word) {
+  static constexpr llvm::StringLiteral commands[] = {
+      "ADDRESS", "ASSIGN",  "CLOSE",  "COMMIT", "DECLARE", "DELETE", "FETCH",
+      "HANDLE",  "INCLUDE", "INSERT", "LINK",   "OPEN",    "READ",   "RECEIVE",
+      "RETURN",  "REWRITE", "SELECT", "SEND",   "UPDATE",  "WRITE",  "XCTL",
+  };
+  static constexpr Keyword languages[] = {Keyword::Cics, Keyword::Sql, Keyword::Dli};
+  return llvm::is_contained(commands, word) || nearestKeyword(word, languages) != Keyword::None;
+}
+
+/// Whether the text of an SQL block is INCLUDE, misspelt, and a name.
+static bool isMisspeltInclude(llvm::StringRef text) {
+  llvm::SmallVector<llvm::StringRef, 3> words;
+  llvm::SplitString(text, words);
+  SpellingMatch match(words.empty() ? "" : words.front());
+  return words.size() == 2 && match.consider("INCLUDE");
+}
+
 /// EXEC language text END-EXEC
 ExecStatement *ParserBase::parseEmbeddedBlock() {
   SourceRange begin = here();
@@ -33,6 +56,9 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
                   : at(Keyword::Sql, Keyword::Sqlims) ? ExecType::Sql
                   : at(Keyword::Dli)                  ? ExecType::Dli
                                                       : ExecType::Other;
+  const bool isWrong = type == ExecType::Other && isNoLanguage(peek().text);
+  if (isWrong)
+    expected("SQL, CICS or DLI");
   context.embeddedLanguages.set(static_cast<unsigned>(type));
   context.isTranslated |= type == ExecType::Cics || type == ExecType::Dli;
   stream.skip();
@@ -40,16 +66,27 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
   EmbeddedCommand *command = nullptr;
   if (at(TokenKind::EmbeddedText)) {
     text = peek().text;
+    if (type == ExecType::Sql && isMisspeltInclude(text)) {
+      const llvm::StringRef word = text.ltrim().split(' ').first;
+      const SourceRange place = peek().embedded->rangeOf(word);
+      error(DiagnosticId::MisspeltVerb, place, ("'" + word + "'").str(), "INCLUDE");
+      context.diagnostics.getDamage().addLostCopy(place);
+    }
     if (!text.empty())
       command = parseCommand(context, type, {text, *peek().embedded});
     stream.skip();
   }
   // The stream has reported an END-EXEC that is missing. Without it the text may have taken the
   // period, and ends of statements, with it.
-  if (!accept(Keyword::EndExec) && !at(TokenKind::Period))
+  const bool isClosed = accept(Keyword::EndExec);
+  if (!isClosed && !at(TokenKind::Period))
     recovery.noteUnknownStatement();
   auto *block = make<ExecStatement>(begin, type, text);
-  block->setCommand(command);
+  if (isWrong)
+    context.diagnostics.getDamage().add(block->getRange());
+  // Where a block has no end, its text is not only the command.
+  if (isClosed)
+    block->setCommand(command);
   return block;
 }
 
@@ -58,16 +95,25 @@ bool ParserBase::skipEmbeddedBlock() {
     if (ExecStatement *block = parseEmbeddedBlock(); block && context.unit)
       context.unit->addDataBlock(block);
   } else {
-    bool isMisspelt = peek().isUserWord() &&
-                      peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) &&
-                      nearestKeyword(peek().text, Keyword::Exec) != Keyword::None;
-    if (!isMisspelt)
+    if (!atMisspeltBlock())
       return false;
     error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(Keyword::Exec));
     skipEmbeddedText();
   }
   accept(TokenKind::Period);
   return true;
+}
+
+/// Whether a block begins where an entry may begin, with another word in the place of EXEC, or with
+/// EXEC and the language in one word.
+bool ParserBase::atMisspeltBlock() {
+  if (!at(TokenKind::Word) || !peek().isFirstOnLine())
+    return false;
+  if (peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) && !peek(1).isFirstOnLine())
+    return true;
+  llvm::StringRef word = peek().text;
+  return peek().isUserWord() && word.consume_front("EXEC") &&
+         (word.ends_with("SQL") || word.ends_with("CICS") || word.ends_with("DLI"));
 }
 
 /// The text of a block whose EXEC is misspelt, so that the stream has made tokens of it.

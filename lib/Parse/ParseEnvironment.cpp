@@ -43,7 +43,9 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
       continue;
     }
     if (atDataSection()) {
-      missingHeader(Keyword::Data, "DATA DIVISION");
+      // Where the divisions are exchanged, the header stands further up.
+      if (!context.unit->getDataDivision())
+        missingHeader(Keyword::Data, "DATA DIVISION");
       DataParser(context).parseDataDivision();
       break;
     }
@@ -53,6 +55,11 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
         missingHeader(Keyword::FileControl, textOf(Keyword::FileControl));
       FileControlParser(context).parseFileEntries(
           inputOutputSectionOf(*division, /*hasHeader=*/true));
+      continue;
+    }
+    if (atSpecialNamesClause(*division)) {
+      missingHeader(Keyword::SpecialNames, textOf(Keyword::SpecialNames));
+      parseSpecialNames(*division->getConfigurationSection());
       continue;
     }
     if (peek(1).is(Keyword::Section))
@@ -144,7 +151,7 @@ void EnvironmentParser::parseEnvironmentPart(EnvironmentDivision &division, Keyw
 ConfigurationSection &EnvironmentParser::configurationSectionOf(EnvironmentDivision &division,
                                                                 bool hasHeader) {
   if (!division.getConfigurationSection()) {
-    if (!hasHeader)
+    if (!hasHeader && !isHeaderDisplaced(Keyword::Configuration))
       missingHeader(Keyword::Configuration, "CONFIGURATION SECTION");
     division.setConfigurationSection(makeAt<ConfigurationSection>(here()));
   }
@@ -154,15 +161,15 @@ ConfigurationSection &EnvironmentParser::configurationSectionOf(EnvironmentDivis
 InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision &division,
                                                             bool hasHeader) {
   if (!division.getInputOutputSection()) {
-    if (!hasHeader)
+    if (!hasHeader && !isHeaderDisplaced(Keyword::InputOutput))
       missingHeader(Keyword::InputOutput, "INPUT-OUTPUT SECTION");
     division.setInputOutputSection(makeAt<InputOutputSection>(here()));
   }
   return *division.getInputOutputSection();
 }
 
-/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC] ... . Classes and user-defined functions are
-/// not supported.
+/// REPOSITORY. [FUNCTION {ALL | name ...} INTRINSIC | CLASS name [IS name]] ... . User-defined
+/// functions are not supported.
 void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
   while (!atPartHeader() && !accept(TokenKind::Period)) {
@@ -170,6 +177,14 @@ void EnvironmentParser::parseRepository() {
     if (at(Keyword::Function)) {
       if (parseRepositoryFunctions())
         continue;
+    } else if (accept(Keyword::Class)) {
+      // CLASS class-name [IS {literal | name}]: INVOKE takes any name for that of a class.
+      if (!parseUserWord("a class-name"))
+        return skipPastPeriod();
+      accept(Keyword::Is);
+      if (at(TokenKind::AlphanumericLiteral) || (peek().isUserWord() && !atPartHeader()))
+        stream.skip();
+      continue;
     } else {
       stream.skip();
     }
@@ -325,11 +340,30 @@ void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
     section.setSpecialNames(makeAt<ParaSpecialNames>(begin));
   }
   ParaSpecialNames &names = *section.getSpecialNames();
-  takeParagraphHeader();
+  if (!isHeaderDisplaced(Keyword::SpecialNames))
+    takeParagraphHeader();
   const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms,
                           /*innerWords=*/{}, /*beginsWithName=*/true};
-  parseParagraphClauses(clauses, [&] { return parseSpecialNamesClause(names, clauses); });
+  parseParagraphClauses(clauses, [&] {
+    const SourceRange clause = here();
+    const bool isRead = parseSpecialNamesClause(names, clauses);
+    // The names that the clause declares are not known.
+    if (!isRead)
+      context.diagnostics.getDamage().add(from(clause).getRange());
+    return isRead;
+  });
   names.setRange(from(begin).getRange());
+}
+
+/// Whether a clause of SPECIAL-NAMES is next, of which the header is missing.
+bool EnvironmentParser::atSpecialNamesClause(const EnvironmentDivision &division) {
+  if (!peek().isFirstOnLine() || !division.getConfigurationSection() ||
+      division.getConfigurationSection()->getSpecialNames())
+    return false;
+  if (at(Keyword::Alphabet, Keyword::Class, Keyword::Currency, Keyword::DecimalPoint,
+         Keyword::Symbolic))
+    return true;
+  return peek().isUserWord() && environmentNameType(peek().text) != EnvNameType::Unknown;
 }
 
 /// Adds a parsed clause to the paragraph; false when it could not be parsed.

@@ -30,6 +30,7 @@ private:
   ClauseMemorySize *parseMemorySize();
   ClauseSequence *parseCollatingSequence();
   ClauseSegmentLimit *parseSegmentLimit();
+  bool atSpecialNamesClause(const EnvironmentDivision &division);
   void parseSpecialNames(ConfigurationSection &section);
   bool parseXmlSchema();
   bool parseSpecialNamesClause(ParaSpecialNames &names, const ClauseSet &clauses);

@@ -34,6 +34,7 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
         error(DiagnosticId::RecordWithoutFile, here());
       isReported = true;
       parseNamelessRecords(here(), FileDescType::File);
+      context.namelessFiles.back().isWithoutEntry = division.getFileSectionElements().empty();
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
     } else if (atEntryBoundary(fileClauses) || atStrayProcedures()) {
@@ -67,7 +68,7 @@ void FileSectionParser::parseFile(DataDivision &division) {
 
 /// The records of a file whose entry, at \p place, has no name.
 void FileSectionParser::parseNamelessRecords(const SourceRange &place, FileDescType type) {
-  NamelessFile file{place, type, {}};
+  NamelessFile file{place, type, {}, /*isWithoutEntry=*/false};
   parseDataRecords(StorageType::File,
                    [&](DataDescription *record) { file.records.push_back(record); });
   context.namelessFiles.push_back(std::move(file));
@@ -81,6 +82,16 @@ void FileSectionParser::nameFiles(DataDivision &division) {
   if (!section)
     return;
   auto &files = context.namelessFiles;
+  // Records before the first entry belong to it where it has none: the lines are exchanged.
+  if (!files.empty() && !division.getFileSectionElements().empty()) {
+    NamelessFile &first = files.front();
+    FileDescription *file = division.getFileSectionElements().front();
+    if (first.isWithoutEntry && file->getRecordDescSize() == 0) {
+      for (DataDescription *record : first.records)
+        file->addRecordDesc(record);
+      files.erase(files.begin());
+    }
+  }
   std::reverse(files.begin(), files.end());
   for (ParaFileControl *entry : section->getFileControlListElements()) {
     Word *name = entry->getFileName();

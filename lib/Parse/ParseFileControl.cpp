@@ -30,14 +30,25 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 
 void FileControlParser::parseFileEntries(InputOutputSection &section) {
   bool previousIsWrong = false;
+  ParaFileControl *previous = nullptr;
   while (!atPartHeader() && !atDataSection()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(Keyword::Select)) {
       Recovery::ConstructScope construct(recovery);
-      if (ParaFileControl *file = parseSelect())
-        section.addFileControl(file);
+      previous = parseSelect();
+      if (previous)
+        section.addFileControl(previous);
       previousIsWrong = construct.hasMistake();
+      continue;
+    }
+    // A period within the entry, of which the rest follows in the same line.
+    if (previous && !peek().isFirstOnLine()) {
+      unknownClause(selectClauses);
+      context.diagnostics.getDamage().add(previous->getRange());
+      previous->setRange(parseClauses(previous->getRange(), selectClauses,
+                                      [&] { return parseSelectClause(*previous); }));
+      previousIsWrong = true;
       continue;
     }
     // The rest of an entry that was cut in two.

@@ -40,9 +40,11 @@ bool ParserBase::atEndProgram() {
     return false;
   if (at(Keyword::End) && next.is(Keyword::End))
     return peek(2).is(Keyword::Program);
-  bool isName =
-      next.isWord() && next.text == llvm::StringRef(context.unit->getSourceUnitName()).upper();
-  return isName ||
+  const std::string unitName = llvm::StringRef(context.unit->getSourceUnitName()).upper();
+  auto isUnitName = [&](const Token &token) { return token.isWord() && token.text == unitName; };
+  if (at(Keyword::End) && isUnitName(peek(2)) && !peek(2).isFirstOnLine())
+    return true;
+  return isUnitName(next) ||
          (at(Keyword::Program)
               ? next.is(Keyword::End)
               : next.isUserWord() && nearestKeyword(next.text, Keyword::Program) != Keyword::None);
@@ -152,6 +154,9 @@ bool ParserBase::atStrayProcedures() {
   const Token first = peek();
   if (!first.isFirstOnLine() || !context.unit || context.unit->getProcDivision())
     return false;
+  // Not where another word stands in the place of EXEC.
+  if (peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli))
+    return false;
   switch (first.keyword) {
   case Keyword::Accept:
   case Keyword::Add:
@@ -252,6 +257,24 @@ bool ParserBase::atLevelNumber() {
                        Keyword::Times, Keyword::To, Keyword::When);
 }
 
+/// Whether the name of a section of the data division begins a line that is most likely its header,
+/// with something else in the place of SECTION: the line ends with a period, and the section
+/// follows.
+bool ParserBase::atDamagedSection() {
+  constexpr unsigned maxTokens = 6;
+  if (!peek().isInAreaA())
+    return false;
+  unsigned n = 1;
+  while (n < maxTokens && !peek(n).isFirstOnLine() && !peek(n).is(TokenKind::EndOfFile))
+    ++n;
+  if (!peek(n).isFirstOnLine() || (!peek(n - 1).is(TokenKind::Period) && !at(Keyword::File)))
+    return false;
+  const Token &content = peek(n);
+  if (at(Keyword::File))
+    return content.isOneOf(Keyword::Fd, Keyword::Sd);
+  return at(Keyword::Report) ? content.is(Keyword::Rd) : content.is(TokenKind::IntegerLiteral);
+}
+
 /// Where the header is missing, the section is recognized by entries that only it can hold.
 Keyword ParserBase::dataSectionAt() {
   static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
@@ -261,7 +284,7 @@ Keyword ParserBase::dataSectionAt() {
     // A header is one even where SECTION is misspelt or missing.
     bool isAlone = peek(1).is(TokenKind::Period) || peek(2).is(TokenKind::Period) ||
                    (peek(2).isFirstOnLine() && !at(Keyword::File, Keyword::Report));
-    if (isHeader || (peek().isFirstOnLine() && isAlone))
+    if (isHeader || (peek().isFirstOnLine() && (isAlone || atDamagedSection())))
       return peek().keyword;
   } else if (isHeader && peek().isWord()) {
     if (Keyword meant = nearestKeyword(peek().text, headers); meant != Keyword::None)

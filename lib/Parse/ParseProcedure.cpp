@@ -82,8 +82,8 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
     return;
   // The header was reported; skip the rest of it.
   Skipping skipping(*this);
-  while (!at(TokenKind::Period, Keyword::Declaratives) && !atStatement() && !atProcedureHeader() &&
-         !atUnitBoundary())
+  while (!at(TokenKind::Period, Keyword::Declaratives) &&
+         !(atStatement() && peek().isFirstOnLine()) && !atProcedureHeader() && !atUnitBoundary())
     stream.skip();
   accept(TokenKind::Period);
 }

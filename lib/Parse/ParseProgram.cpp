@@ -92,6 +92,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   Depth level(*this);
   SourceUnit *enclosing = context.unit;
 
+  context.missingHeaders.clear();
   IdentificationDivision *identification = parseIdentificationDivision();
   SourceUnit *current = makeAt<SourceUnit>(begin, identification, outer);
   context.unit = current;
@@ -100,7 +101,6 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
   bool outerComma = context.decimalPointIsComma;
   auto outerLanguages = std::exchange(context.embeddedLanguages, {});
 
-  context.missingHeaders.clear();
   context.namelessFiles.clear();
   context.namelessSelects.clear();
   context.previousEntry = {};
@@ -171,7 +171,9 @@ void ProgramParser::parseDeclaringDivisions() {
       else
         DataParser(context).parseDataDivision();
     } else if (division == Keyword::None && atDataSection()) {
-      missingHeader(Keyword::Data, "DATA DIVISION");
+      // Where the divisions are exchanged, the header stands further up.
+      if (!context.unit->getDataDivision())
+        missingHeader(Keyword::Data, "DATA DIVISION");
       DataParser(context).parseDataDivision();
     } else {
       return;
@@ -205,6 +207,9 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
     expected("the name of the program that ends");
     accept(TokenKind::Period);
   }
+  // At the end of the file nothing can be meant but the end of the program.
+  if (at(TokenKind::EndOfFile))
+    return;
   // One message is enough for a line.
   if (!construct.hasMistake())
     expectHeaderPeriod();
@@ -234,8 +239,9 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
     if (hasProgramId)
       expected("a division");
     Skipping skipping(*this);
-    while (!atEnd())
-      stream.skip();
+    for (; !atEnd(); stream.skip())
+      if (at(Keyword::Configuration, Keyword::InputOutput))
+        context.missingHeaders.insert(peek().keyword);
   }
   return make<IdentificationDivision>(begin, programId);
 }

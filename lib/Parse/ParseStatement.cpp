@@ -17,11 +17,15 @@
 #include "Parse/ParseStatementBranch.h"
 #include "Parse/ParseStatementData.h"
 #include "Parse/ParseStatementFile.h"
+#include "Parse/ParseStatementJson.h"
 #include "Parse/ParseStatementReport.h"
 #include "Parse/ParseStatementString.h"
 #include "Parse/ParseStatementXml.h"
 
 namespace tarka {
+
+/// A column behind that of any text.
+static constexpr unsigned endOfLine = 1U << 29;
 
 /// The words with which statements and phrases of OS/VS COBOL begin. Without its option they are
 /// words like any other.
@@ -49,6 +53,12 @@ Statement *StatementParser::parseStatementOf(Keyword verb) {
     abandonSentence();
     return nullptr;
   }
+  const SourceRange before = stream.getLastPlace();
+  const SourceRange begin = here();
+  const bool isInLine = !peek().isFirstOnLine();
+  SourceDamage &damage = context.diagnostics.getDamage();
+  if (recovery.isVerbDoubtful())
+    damage.add({begin.file, begin.beginLine, begin.beginColumn, begin.beginLine, endOfLine});
   StatementResult result = nullptr;
   {
     Recovery::StatementScope scope(recovery, verb);
@@ -56,9 +66,17 @@ Statement *StatementParser::parseStatementOf(Keyword verb) {
   }
   if (recovery.isSentenceAbandoned())
     return nullptr;
-  if (result.getOutcome() == Outcome::Failed)
-    skipRestOfStatement(verb);
-  return result.get();
+  const Outcome outcome = result.getOutcome();
+  // Within a line, the verb may stand in the place of what the text before it needs.
+  if ((outcome == Outcome::Failed || outcome == Outcome::Discarded) && isInLine && isVerb(verb))
+    damage.add(before);
+  if (outcome != Outcome::Failed)
+    return result.get();
+  const bool isBrokenOff = peek().isVerb() && recovery.hasReportedHere();
+  skipRestOfStatement(verb);
+  if (isBrokenOff && peek().isVerb())
+    recovery.noteBrokenOff(peek());
+  return nullptr;
 }
 
 StatementResult StatementParser::dispatchStatement(Keyword verb) {
@@ -75,10 +93,7 @@ StatementResult StatementParser::dispatchStatement(Keyword verb) {
 /// A statement that the language has and the rest of the compiler does not.
 StatementResult StatementParser::rejectStatement() {
   error(DiagnosticId::UnsupportedStatement, here(), textOf(peek().keyword));
-  bool hasSecondWord = at(Keyword::Json) && peek(1).isOneOf(Keyword::Generate, Keyword::Parse);
   stream.skip();
-  if (hasSecondWord)
-    stream.skip();
   return Outcome::Failed;
 }
 
@@ -235,9 +250,10 @@ bool StatementParser::endsStatements(StatementList &list) {
     if (correctDividedEnd())
       return endsStatements(list);
     SourceRange begin = here();
+    const bool isReported = recovery.hasReportedHere();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    if (recovery.isFirstStray(StrayPart::Phrase))
+    if (recovery.isFirstStray(StrayPart::Phrase) && !isReported)
       error(DiagnosticId::PhraseWithoutStatement, from(begin).getRange());
     return false;
   }
@@ -300,8 +316,11 @@ bool StatementParser::rejectPhrase(const Token &first) {
 /// Reports a word that begins no statement. It is a misspelt verb, or something that was not
 /// understood of the statement before it; with it that one is wrong as well. Always false.
 bool StatementParser::rejectWord(StatementList &list) {
-  // After a mistake, words that never begin a statement are what is left of it.
-  if (!peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged()) {
+  // After a mistake, words that never begin a statement are what is left of it, and so is the word
+  // that was missing.
+  const bool isLeftOver =
+      !peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged();
+  if (isLeftOver || recovery.isDisplaced(peek().keyword)) {
     Skipping skipping(*this);
     stream.skip();
     list.lastIsWrong = true;
@@ -418,8 +437,12 @@ void StatementParser::parseExceptionPhrases(std::list<ExceptionHandler *> &handl
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
     std::list<Statement *> statements;
-    // The checker reports a phrase that has no statements.
-    if (parseStatements(statements) == Outcome::Failed)
+    // The checker reports a phrase that has no statements. Where a period is in the way, what
+    // follows it is reported.
+    const Outcome outcome = parseStatements(statements);
+    const bool isCutOff = at(TokenKind::Period) && !peek(1).isFirstOnLine() &&
+                          !peek(1).is(TokenKind::EndOfFile) && !peek(1).isVerb();
+    if (outcome == Outcome::Failed || (outcome == Outcome::Absent && isCutOff))
       statements.push_back(makePlaceholder(begin));
     handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));
   }
@@ -431,6 +454,9 @@ void StatementParser::parseExceptionPhrases(std::list<ExceptionHandler *> &handl
 
 bool StatementParser::atResumption(bool passesWhen) {
   const Token &token = peek();
+  // A period within a word stands in the place of one of its characters.
+  if (atPeriodInWord())
+    return false;
   if (token.isOneOf(TokenKind::Period, TokenKind::EndOfFile, Keyword::Else, Keyword::Otherwise) ||
       isScopeTerminator(token.keyword) || (token.is(Keyword::When) && !passesWhen))
     return true;

@@ -64,6 +64,50 @@ Argument *BranchStatements::parseCallArgument(ArgType type, const SourceRange &b
   return operand ? make<Argument>(begin, type, operand, /*isLeftOut=*/false) : nullptr;
 }
 
+/// INVOKE {identifier | class-name | SELF | SUPER} {operand | NEW} [USING argument...]
+///   [RETURNING identifier] [exception phrases] [END-INVOKE]
+///
+/// Classes are declared outside of the program, so their names are not bound.
+StatementResult BranchStatements::parseInvoke() {
+  SourceRange begin = here();
+  accept(Keyword::Invoke);
+  auto *invoke = make<InvokeStatement>(begin);
+  if (!acceptAny(Keyword::Self, Keyword::Super)) {
+    if (peek().isUserWord() && !isNamed(peek()))
+      stream.skip();
+    else if (IdentifierExpression *object = parseIdentifier("an object or a class"))
+      invoke->addSource(object);
+    else
+      return nullptr;
+  }
+  if (atWord("NEW") && !isNamed(peek())) {
+    stream.skip();
+  } else {
+    Expression *method = parseOperand("the name of a method");
+    if (!method)
+      return nullptr;
+    invoke->addSource(method);
+  }
+  if (accept(Keyword::Using)) {
+    do {
+      if (accept(Keyword::By) && !at(Keyword::Reference, Keyword::Content, Keyword::Value))
+        return expected("REFERENCE, CONTENT or VALUE");
+      acceptAny(Keyword::Reference, Keyword::Content, Keyword::Value);
+      Expression *argument = parseOperand();
+      if (!argument)
+        return nullptr;
+      invoke->addSource(argument);
+    } while (at(Keyword::By, Keyword::Reference, Keyword::Content, Keyword::Value) || atOperand());
+  }
+  if (accept(Keyword::Returning)) {
+    IdentifierExpression *item = parseIdentifier();
+    if (!item)
+      return nullptr;
+    invoke->addReceiver(item);
+  }
+  return finish(invoke, &OperandStatement::addExceptHandler);
+}
+
 /// CANCEL program...
 StatementResult BranchStatements::parseCancel() {
   SourceRange begin = here();
@@ -287,6 +331,11 @@ bool BranchStatements::parsePerformPhrase(PerformStatement &perform) {
   }
   if (accept(Keyword::Until)) {
     perform.setType(PerformStmtType::Until);
+    // UNTIL EXIT: only EXIT PERFORM and the like end the loop.
+    if (at(Keyword::Exit)) {
+      stream.skip();
+      return true;
+    }
     perform.setUntilCondition(parseCondition());
     return perform.getUntilCondition() != nullptr;
   }
@@ -364,9 +413,12 @@ StatementResult BranchStatements::parseIf() {
   bool isComplete = parseBranch(then, /*isNeeded=*/condition) && condition;
   std::list<Statement *> otherwise;
   isComplete &= parseElse(otherwise);
-  accept(Keyword::EndIf);
-  if (!isComplete)
+  const bool isEnded = accept(Keyword::EndIf);
+  if (!isComplete) {
+    if (!isEnded)
+      recovery.expectAbandonedEnd(Keyword::EndIf);
     return Outcome::Discarded;
+  }
   auto *statement = make<IfStatement>(begin, condition, &then, nullptr);
   for (Statement *one : otherwise)
     statement->addElseStmt(one);

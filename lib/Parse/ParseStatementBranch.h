@@ -22,6 +22,7 @@ public:
   StatementResult parseExit();
   StatementResult parseGoback();
   StatementResult parseGoto();
+  StatementResult parseInvoke();
   StatementResult parseIf();
   StatementResult parseNextSentence();
   StatementResult parseOn();

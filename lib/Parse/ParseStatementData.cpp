@@ -276,4 +276,47 @@ StatementResult DataStatements::parseInitialize() {
   return complete(initialize);
 }
 
+//===----------------------------------------------------------------------===//
+// ALLOCATE and FREE
+//===----------------------------------------------------------------------===//
+
+/// ALLOCATE {expression CHARACTERS | data-name} [INITIALIZED] [LOC integer]
+///   [RETURNING identifier]
+StatementResult DataStatements::parseAllocate() {
+  SourceRange begin = here();
+  accept(Keyword::Allocate);
+  auto *allocate = make<AllocateStatement>(begin);
+  Expression *size = parseArithmeticExpression();
+  if (!size)
+    return nullptr;
+  if (accept(Keyword::Characters))
+    allocate->addSource(size);
+  else
+    allocate->addPart(size);
+  accept(Keyword::Initialized);
+  if (accept(Keyword::Loc) && !parseNumericLiteral())
+    return nullptr;
+  if (accept(Keyword::Returning)) {
+    IdentifierExpression *address = parseIdentifier();
+    if (!address)
+      return nullptr;
+    allocate->addReceiver(address);
+  }
+  return complete(allocate);
+}
+
+/// FREE identifier...
+StatementResult DataStatements::parseFree() {
+  SourceRange begin = here();
+  accept(Keyword::Free);
+  auto *free = make<FreeStatement>(begin);
+  do {
+    IdentifierExpression *address = parseIdentifier();
+    if (!address)
+      return nullptr;
+    free->addReceiver(address);
+  } while (atIdentifier());
+  return complete(free);
+}
+
 } // namespace tarka

@@ -13,7 +13,9 @@ public:
 
   // Each with its verb next.
   StatementResult parseAccept();
+  StatementResult parseAllocate();
   StatementResult parseDisplay();
+  StatementResult parseFree();
   StatementResult parseInitialize();
   StatementResult parseMove();
   StatementResult parseSet();

@@ -378,22 +378,57 @@ SortIO *FileStatements::parseSortIO(Keyword filesWord, Keyword procedureWord) {
   return complete(procedure);
 }
 
+/// Whether the operand of SORT is a table, which can be qualified and subscripted.
+bool FileStatements::atTableToSort() {
+  if (!peek().isUserWord())
+    return false;
+  if (peek(1).isOneOf(Keyword::Of, Keyword::In, TokenKind::LParen))
+    return true;
+  return !scope().isFileName(peek().getInternedText()) && isItem(peek().text);
+}
+
+/// table {[ON] {ASCENDING | DESCENDING} [KEY] [data-name...]}...
+///   [[WITH] DUPLICATES [IN] [ORDER]] [[COLLATING] SEQUENCE [IS] alphabet-name]
+StatementResult FileStatements::parseSortTable(const SourceRange &begin) {
+  auto *sort = make<SortTableStatement>(begin);
+  IdentifierExpression *table = parseIdentifier();
+  if (!table)
+    return nullptr;
+  sort->addPart(table);
+  while (atSortKey()) {
+    accept(Keyword::On);
+    acceptAny(Keyword::Ascending, Keyword::Descending);
+    accept(Keyword::Key);
+    accept(Keyword::Is);
+    while (atIdentifier()) {
+      IdentifierExpression *key = parseIdentifier();
+      if (!key)
+        return nullptr;
+      sort->addPart(key);
+    }
+  }
+  if (at(Keyword::With, Keyword::Duplicates)) {
+    accept(Keyword::With);
+    if (!expect(Keyword::Duplicates))
+      return nullptr;
+    accept(Keyword::In);
+    accept(Keyword::Order);
+  }
+  Word *alphabet = nullptr;
+  return parseCollatingSequence(alphabet) ? complete(sort) : nullptr;
+}
+
 /// SORT file-name {[ON] {ASCENDING | DESCENDING} [KEY] data-name...}...
 ///   [[WITH] DUPLICATES [IN] [ORDER]] [[COLLATING] SEQUENCE [IS] alphabet-name]
 ///   {USING file-name... | INPUT PROCEDURE ...} {GIVING file-name... | OUTPUT PROCEDURE ...}
 StatementResult FileStatements::parseSort() {
   SourceRange begin = here();
   accept(Keyword::Sort);
-  // A table to be sorted can be qualified and subscripted; a file cannot.
-  if (peek(1).isOneOf(Keyword::Of, Keyword::In, TokenKind::LParen))
-    return error(DiagnosticId::SortOfTable, here());
+  if (atTableToSort())
+    return parseSortTable(begin);
   FileIdentifierExpression *file = parseFileName();
   if (!file)
     return nullptr;
-  const std::string &name = file->getFileName()->getWordData();
-  const bool isFile = scope().isFileName(&name);
-  if (!isFile && scope().findItems(&name))
-    return error(DiagnosticId::SortOfTable, file->getRange());
   auto *sort = make<SortStatement>(begin, file);
   if (!parseSeries(*sort, &SortStatement::addKey, &FileStatements::parseSortKey,
                    &FileStatements::atSortKey))
@@ -412,11 +447,8 @@ StatementResult FileStatements::parseSort() {
     return nullptr;
   sort->setSeqAlphaName(alphabet);
 
-  if (!at(Keyword::Using, Keyword::Input)) {
-    if (!isFile)
-      return error(DiagnosticId::SortOfTable, file->getRange());
+  if (!at(Keyword::Using, Keyword::Input))
     return expected("USING or INPUT PROCEDURE");
-  }
   sort->setInput(parseSortIO(Keyword::Using, Keyword::Input));
   if (!sort->getInput())
     return nullptr;

@@ -25,6 +25,8 @@ public:
   StatementResult parseWrite();
 
 private:
+  bool atTableToSort();
+  StatementResult parseSortTable(const SourceRange &begin);
   OpenFile *parseOpenFile();
   CloseFile *parseCloseFile();
   std::optional<RelationalConditionType> parseStartRelation();

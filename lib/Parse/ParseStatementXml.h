@@ -14,17 +14,19 @@ public:
   // Each with its verb next.
   StatementResult parseXml();
 
+protected:
+  bool acceptWith(Keyword keyword);
+  bool atXmlSuppressItem();
+  XMLSuppressItem *parseXmlSuppressItem();
+
 private:
   bool atWith(Keyword keyword);
-  bool acceptWith(Keyword keyword);
   StatementResult parseXmlGenerate(const SourceRange &begin);
   StatementResult parseXmlParse(const SourceRange &begin);
   bool parseXmlNamespace(XMLGenerateStatement &generate);
   XMLNameItem *parseXmlNameItem();
   XmlNodeType acceptXmlNodeType();
   XMLTypeItem *parseXmlTypeItem();
-  bool atXmlSuppressItem();
-  XMLSuppressItem *parseXmlSuppressItem();
 };
 
 } // namespace tarka

@@ -15,25 +15,61 @@ namespace tarka {
 /// Whether the mistake is new. The text around it is damaged in any case: where it is found out by
 /// what follows, the mistake itself is before that.
 bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
+  constexpr unsigned maxLine = 24;
   // The program goes on where the copybook ends.
   if (context.isCopybook && at(TokenKind::EndOfFile))
     return false;
   if (at(TokenKind::Period))
     recovery.noteMisplacedPeriod();
+  // What is wrong with the text of the line comes first.
+  for (unsigned n = 1; n < maxLine && !peek(n).isFirstOnLine() && !peek(n).is(TokenKind::EndOfFile);
+       ++n)
+    ;
   SourceDamage &damage = context.diagnostics.getDamage();
   damage.add(place);
   if (beginsSuppression(id))
     damage.add(stream.getLastPlace());
-  if (!recovery.shouldReport(id, place))
+  if (!recovery.shouldReport(id, place) || atUnreplacedTag())
     return false;
   const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);
-  if (!cut)
+  const bool isWrong = isError(infoOf(id).severity);
+  if (!cut) {
+    if (isWrong)
+      context.lastWrongLine = {place.file, place.beginLine};
     return true;
+  }
   cut->isReported = true;
-  if (context.lastCutLine != std::pair(cut->place.file, cut->place.beginLine))
+  // A word too much makes a line too long as well.
+  const std::pair cutLine(cut->place.file, cut->place.beginLine);
+  if (context.lastWrongLine != cutLine)
     context.diagnostics.report(DiagnosticId::TextPastMargin, cut->place, cut->text);
-  context.lastCutLine = {cut->place.file, cut->place.beginLine};
+  context.lastWrongLine = cutLine;
   return false;
+}
+
+/// Whether a mistake is found at a tag such as :TAG:, which is part of a name until COPY REPLACING
+/// or REPLACE replaces it. That is reported once for each file and tag; a copybook that is read by
+/// itself has its tags without any replacement.
+bool ParserBase::atUnreplacedTag() {
+  auto isJoined = [this](unsigned n) {
+    const Token &next = peek(n);
+    return !next.isPrecededBySpace() && !next.isFirstOnLine();
+  };
+  unsigned n = 0;
+  if (!at(TokenKind::Colon))
+    n = peek(1).is(TokenKind::Colon) && isJoined(1) ? 1 : 0;
+  if (!peek(n).is(TokenKind::Colon) || !peek(n + 1).isWord() || !isJoined(n + 1) ||
+      !peek(n + 2).is(TokenKind::Colon) || !isJoined(n + 2))
+    return false;
+  const std::string tag = (":" + peek(n + 1).spelling + ":").str();
+  const SourceRange place = peek(n).place;
+  context.diagnostics.getDamage().addLostCopy(place);
+  const std::pair known(place.file, tag);
+  if (context.isCopybook || llvm::is_contained(context.unreplacedTags, known))
+    return true;
+  context.unreplacedTags.push_back(known);
+  context.diagnostics.report(DiagnosticId::TagNotReplaced, place, tag);
+  return true;
 }
 
 Failure ParserBase::expected(llvm::StringRef what) {
@@ -46,6 +82,7 @@ Failure ParserBase::expected(llvm::StringRef what) {
 bool ParserBase::expect(Keyword keyword) {
   if (accept(keyword))
     return true;
+  recovery.noteMissing(keyword);
   expected(textOf(keyword));
   // The keyword misspelt is taken for it.
   bool isMisspelt = peek().isUserWord() && nearestKeyword(peek().text, keyword) != Keyword::None &&
@@ -74,6 +111,18 @@ Node ParserBase::from(const SourceRange &begin) {
     range.endColumn = last.endColumn;
   }
   return Node(range);
+}
+
+bool ParserBase::atPeriodInWord() {
+  if (!at(TokenKind::Period))
+    return false;
+  const SourceRange place = here();
+  const SourceRange &before = stream.getLastPlace();
+  const Token &next = peek(1);
+  return before.file == place.file && before.endLine == place.beginLine &&
+         before.endColumn + 1U == place.beginColumn && next.isWord() && !next.isVerb() &&
+         !next.isPrecededBySpace() && next.place.file == place.file &&
+         next.place.beginLine == place.endLine;
 }
 
 void ParserBase::skipPastPeriod() {

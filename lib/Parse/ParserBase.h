@@ -44,6 +44,7 @@ struct NamelessFile {
   SourceRange place;
   FileDescType type;
   std::list<DataDescription *> records;
+  bool isWithoutEntry; ///< the records come before the first entry
 };
 
 /// The state of parsing one stream of tokens.
@@ -76,8 +77,10 @@ struct ParserContext {
   llvm::SmallVector<SourceRange, 0> namelessSelects;
   /// The data description entry that was read last.
   SourceRange previousEntry;
-  /// The file and line that was reported last to be cut at column 72.
-  std::pair<unsigned, unsigned> lastCutLine;
+  /// The file and line in which an error was reported last.
+  std::pair<unsigned, unsigned> lastWrongLine;
+  /// The tags that were reported not to be replaced, each with its file.
+  llvm::SmallVector<std::pair<unsigned, std::string>, 0> unreplacedTags;
   /// The languages of the embedded blocks in the unit.
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
   /// The parser of their operands; null before the first one.
@@ -169,6 +172,10 @@ public:
     SourceRange begin;
     uint64_t takenBefore = parser.stream.getTaken();
   };
+
+  /// Whether a period is next that the characters of a word follow at once. After a mistake it is
+  /// taken for part of the word.
+  bool atPeriodInWord();
 
   /// Skips the next period and what comes before it, or to the end of the file.
   void skipPastPeriod();
@@ -319,6 +326,9 @@ private:
   bool isToBeReported(DiagnosticId id, const SourceRange &place);
   Keyword namelessDivision(unsigned n);
   bool isEntryLine();
+  bool atUnreplacedTag();
+  bool atDamagedSection();
+  bool atMisspeltBlock();
   bool atMisspeltDivision(unsigned n);
 };
 

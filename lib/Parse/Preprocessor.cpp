@@ -70,7 +70,9 @@ private:
     std::string library;
     std::vector<Replacement> replacements;
     bool isDoubtful = false; ///< not all of it could be read
-    bool isInclude = false;  ///< EXEC SQL INCLUDE
+    /// What was found in the place of the period; empty where the period is there.
+    std::string insteadOfPeriod;
+    bool isInclude = false; ///< EXEC SQL INCLUDE
   };
 
   void read(Token &token);
@@ -152,6 +154,15 @@ void Preprocessor::setDecimalPointIsComma(bool on) {
 }
 
 void Preprocessor::next(Token &token) {
+  // Most tokens: those of a text in which nothing is replaced, recorded or made of a map.
+  if (hasBegun && !isStopped && replacingLevels == 0 && tokensAdded == 0 && !record &&
+      placesOfMaps.empty() && !replacer.isActive()) {
+    Level &level = *levels.back();
+    level.next(token);
+    if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
+      return;
+    level.pushBack(token);
+  }
   while (!isStopped) {
     if (replacer.isActive())
       replacer.next(token, [this](Token &source) { read(source); });
@@ -327,7 +338,7 @@ bool Preprocessor::readCopyStatement(const Token &copyWord, CopyStatement &state
     }
   }
   if (!token.is(TokenKind::Period)) {
-    diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place, describe(token));
+    statement.insteadOfPeriod = describe(token);
     statement.isDoubtful = true;
     extend(statement.whole, statement.place);
     // Skip the rest of its line.
@@ -390,6 +401,11 @@ void Preprocessor::openCopybook(CopyStatement &statement) {
   const unsigned copyNumber = record ? recordCopy(statement, file, places) : 0;
   if (!file)
     return;
+  // The period may be missing because the name goes on with something else: where there is no
+  // copybook of that name, that was reported.
+  if (!statement.insteadOfPeriod.empty())
+    diagnostics.report(DiagnosticId::CopyPeriodExpected, statement.place,
+                       statement.insteadOfPeriod);
   if (llvm::any_of(levels, [&](const auto &level) { return &level->file == file; })) {
     diagnostics.report(DiagnosticId::CopyCycle, statement.place, chainTo(*file));
     if (record)

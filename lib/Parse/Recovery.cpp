@@ -37,7 +37,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
       sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
-      source.isDamaged(place) || source.isDamaged(stream.getLastPlace()) ||
+      isDoubtful(stream.peek()) || source.isDamaged(place) ||
+      source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
@@ -108,9 +109,19 @@ void Recovery::noteMisplacedPeriod() {
   }
 }
 
+void Recovery::noteBrokenOff(const Token &verb) {
+  doubtful = statementsBegun + 1;
+  doubtfulPart = verb.isFirstOnLine() ? DoubtfulPart::LineBeginnings : DoubtfulPart::All;
+  // Its phrases and END- word may be meant for the statement that broke off.
+  unknownStatement |= !verb.isFirstOnLine();
+}
+
 bool Recovery::isFirstStray(StrayPart part) {
-  const auto bit = static_cast<uint8_t>(part);
-  const bool isFirst = !unknownStatement && !(strayParts & bit);
+  auto bit = static_cast<uint8_t>(part);
+  // AT END and WHEN can both be left of a SEARCH.
+  const uint8_t related =
+      part == StrayPart::When ? bit | static_cast<uint8_t>(StrayPart::Phrase) : bit;
+  const bool isFirst = !unknownStatement && !(strayParts & related);
   strayParts |= bit;
   suspect = statementsBegun + 1;
   return isFirst;

@@ -80,6 +80,9 @@ public:
     explicit ConstructScope(Recovery &owner) : Scope(owner.constructs) {}
   };
 
+  /// Whether a mistake was found in the innermost construct.
+  bool isConstructDamaged() const { return constructs.isInnermostDamaged(); }
+
   //===--------------------------------------------------------------------===//
   // Enclosing statements
   //===--------------------------------------------------------------------===//
@@ -123,6 +126,9 @@ public:
       recovery.abandonedBegin = recovery.abandonedEnds.size();
     }
     ~ListScope() {
+      // The list may have ended too early because of the same mistake.
+      for (size_t i = recovery.abandonedBegin; i < recovery.abandonedEnds.size(); ++i)
+        recovery.looseEnds.insert(recovery.abandonedEnds[i]);
       recovery.abandonedEnds.truncate(recovery.abandonedBegin);
       recovery.abandonedBegin = outerBegin;
     }
@@ -153,14 +159,37 @@ public:
     suspect = statementsBegun + 1;
   }
   bool hasUnknownStatement() const { return unknownStatement; }
+
+  /// A statement broke off at \p verb, the next token. Within a line, the verb may stand in the
+  /// place of what was needed there. At the beginning of a line, the rest of the statement may be
+  /// at the beginning of a later line, after lines that were exchanged.
+  void noteBrokenOff(const Token &verb);
+  /// Whether the statement that is about to begin may begin with a word that is none of its own.
+  bool isVerbDoubtful() const {
+    return doubtful == statementsBegun + 1 && doubtfulPart == DoubtfulPart::All;
+  }
+  /// Notes that \p keyword is missing at the next token, and tells whether it is found, out of its
+  /// place, soon after that.
+  void noteMissing(Keyword keyword) {
+    missing = keyword;
+    missingSince = stream.getTaken();
+  }
+  bool isDisplaced(Keyword keyword) const {
+    constexpr unsigned near = 24;
+    return keyword != Keyword::None && keyword == missing &&
+           stream.getTaken() <= missingSince + near;
+  }
   /// Whether a mistake was found in the sentence.
   bool isSentenceDamaged() const { return sentenceIsDamaged; }
 
   /// A mistake was found at a period inside of statements. The period may be the mistake: in the
   /// next sentence of the paragraph the parts of these statements may come without messages.
   void noteMisplacedPeriod();
-  /// Whether \p endWord ends a statement that a misplaced period cut off.
-  bool isCutOff(Keyword endWord) const { return expectedEnds.contains(endWord); }
+  /// Whether \p endWord ends a statement that a misplaced period cut off, or one of the sentence
+  /// that was skipped in a list that ended before the word.
+  bool isCutOff(Keyword endWord) const {
+    return expectedEnds.contains(endWord) || looseEnds.contains(endWord);
+  }
 
   /// Notes \p part, which belongs to no statement. False when the sentence has another one like it:
   /// both belong to one statement, most likely, which was reported. The statement that follows may
@@ -177,7 +206,8 @@ public:
     sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
     expectedEnds = std::exchange(cutEnds, {});
-    suspect = 0;
+    looseEnds.clear();
+    suspect = doubtful = 0;
   }
   void endParagraph() {
     strayParts = 0;
@@ -185,7 +215,7 @@ public:
   }
 
 private:
-  const TokenStream &stream;
+  TokenStream &stream;
   OpenConstructs &constructs;
   /// The number of tokens taken from the stream up to which mistakes are suppressed.
   uint64_t suppressedUntil = 0;
@@ -197,6 +227,11 @@ private:
   llvm::SmallVector<Keyword, 8> abandonedEnds;
   size_t abandonedBegin = 0;
 
+  /// Whether a mistake at \p next belongs to a statement that was begun by the end of another one.
+  bool isDoubtful(const Token &next) const {
+    return !enclosing.empty() && enclosing.back().number == doubtful &&
+           (doubtfulPart == DoubtfulPart::All || next.isFirstOnLine());
+  }
   bool isSuspect() const {
     return llvm::any_of(enclosing,
                         [this](const EnclosingStatement &one) { return one.number == suspect; });
@@ -210,9 +245,19 @@ private:
   uint8_t cutParts = 0;
   llvm::SmallSet<Keyword, 4> cutEnds;
   llvm::SmallSet<Keyword, 4> expectedEnds;
+  /// The END- words of statements of this sentence that were skipped in lists that have ended.
+  llvm::SmallSet<Keyword, 4> looseEnds;
   uint64_t statementsBegun = 0;
   /// The number of the statement in which mistakes are consequences of what stands before it.
   uint64_t suspect = 0;
+  /// The number of the statement before which another one broke off, and where in it mistakes are
+  /// consequences of that.
+  enum class DoubtfulPart : uint8_t { All, LineBeginnings };
+  uint64_t doubtful = 0;
+  DoubtfulPart doubtfulPart = DoubtfulPart::All;
+  /// The keyword that was missing last.
+  Keyword missing = Keyword::None;
+  uint64_t missingSince = 0;
 };
 
 } // namespace tarka

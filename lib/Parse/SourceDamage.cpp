@@ -25,6 +25,12 @@ void SourceDamage::add(const SourceRange &place) {
   }
 }
 
+void SourceDamage::addLostCopy(const SourceRange &place) {
+  add(place);
+  names["COPY"].push_back(place);
+  copybookIsMissing = true;
+}
+
 bool SourceDamage::contains(const SourceRange &place) const {
   for (unsigned line = place.beginLine; line <= place.endLine; ++line) {
     const auto damaged = lines.find({place.file, line});

@@ -59,8 +59,10 @@ void SourceDiagnostics::reportCutLines() {
   for (const CutLine &cut : cutLines) {
     SourceRange line = cut.place;
     line.beginColumn = 1;
-    if (cut.isEvident && !cut.isReported && !sink.getDamage().contains(line))
-      sink.report(DiagnosticId::TextCutAtMargin, cut.place, cut.text);
+    if (!cut.isEvident || cut.isReported || sink.getDamage().contains(line))
+      continue;
+    sink.report(DiagnosticId::TextCutAtMargin, cut.place, cut.text);
+    sink.getDamage().add(cut.place);
   }
 }
 

@@ -90,16 +90,18 @@ public:
     }
     // A word that goes on across column 72.
     if (line.size() > 80 && isWordCharacter(line[71]) && isWordCharacter(line[72]))
-      ++freeLines;
+      ++longLines;
   }
 
   /// The form that a >>SOURCE directive names, if one was seen first.
   SourceFormat decide(SourceFormat otherwise) const {
     if (directed != SourceFormat::Auto)
       return directed;
-    if (freeLines == fixedLines)
+    // One line that is too long may as well be a mistake.
+    const unsigned evidence = freeLines + (longLines > 1 || freeLines > 0 ? longLines : 0);
+    if (evidence == fixedLines)
       return otherwise;
-    return freeLines > fixedLines ? SourceFormat::Free : SourceFormat::Fixed;
+    return evidence > fixedLines ? SourceFormat::Free : SourceFormat::Fixed;
   }
 
   /// Whether more lines would hardly change the result.
@@ -126,6 +128,7 @@ private:
   unsigned lines = 0;
   unsigned freeLines = 0;
   unsigned fixedLines = 0;
+  unsigned longLines = 0; ///< with a word that goes on across column 72
 };
 
 /// The endings that a copybook's name may have besides the one written.

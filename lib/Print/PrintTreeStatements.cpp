@@ -667,6 +667,13 @@ void TreePrinter::fields(RwTerminateStatement &statement) {
   all("report", statement.getTerminateNameListElements());
 }
 
+void TreePrinter::fields(OperandStatement &statement) {
+  all("source", statement.getSourceListElements());
+  all("receiver", statement.getReceiverListElements());
+  all("part", statement.getPartListElements());
+  all("", statement.getExceptHandlerElements());
+}
+
 void TreePrinter::fields(XMLGenerateStatement &statement) {
   flag("xmlDeclaration", statement.isXmlDeclaration());
   flag("attributes", statement.isAttributes());

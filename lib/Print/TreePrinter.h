@@ -245,6 +245,7 @@ private:
   void fields(UseStatement &statement);
   void fields(WriteStatement &statement);
   void fields(XMLGenerateStatement &statement);
+  void fields(OperandStatement &statement);
   void fields(XMLParseStatement &statement);
 
   TreeSink &sink;

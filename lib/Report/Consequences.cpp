@@ -27,6 +27,9 @@ constexpr std::size_t maxNames = 5;
 
 /// The name that the diagnostic is about, without qualifiers.
 llvm::StringRef nameIn(const Diagnostic &diagnostic) {
+  // The subject is the condition, which ends with the name of the class.
+  if (isAboutClassName(diagnostic.number))
+    return llvm::StringRef(diagnostic.subject).rsplit(' ').second;
   return llvm::StringRef(diagnostic.subject).split(" OF ").first;
 }
 
@@ -119,7 +122,10 @@ private:
   static constexpr std::size_t none = noDiagnostic;
 
   SourceRange runAround(const SourceRange &place) const;
-  bool isTornFrom(const SourceRange &first, const SourceRange &second) const;
+  bool isTornFrom(const Diagnostic &left, const Diagnostic &right) const;
+  std::size_t causeOfOuterName(std::size_t index, llvm::StringRef name);
+  bool isWritten(const SourceRange &place) const;
+  std::size_t causeOfMnemonicName(const Diagnostic &diagnostic) const;
   bool isUnknown(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOf(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
@@ -142,6 +148,8 @@ private:
   llvm::StringMap<std::size_t> reported;
   std::map<std::pair<const SourceUnit *, std::string>, std::size_t> reportedNames;
   std::vector<std::size_t> reportedFiles;
+  /// The records of outer programs of which an item was reported that a nested one does not see.
+  llvm::DenseMap<const DataDescription *, std::size_t> hiddenRecords;
 };
 
 /// The diagnostic that number \p index repeats or follows from; none for a cause.
@@ -158,9 +166,41 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return none;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
+  if (isRecordOfNoFile(diagnostic.number) ||
+      (isUndefined(diagnostic.number) && isWritten(diagnostic.place)))
+    if (const std::size_t cause = damage.ofFileWithoutRecords(); cause != none)
+      return cause;
+  if (isAboutMnemonicName(diagnostic.number))
+    if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
+      return cause;
   if (const std::size_t cause = causeOfItem(index); cause != none)
     return cause;
   return causeOfName(index);
+}
+
+/// Whether the name at \p place is that of a record that is written.
+bool ConsequenceFinder::isWritten(const SourceRange &place) const {
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1);
+  const llvm::StringRef verb = before.rtrim().rsplit(' ').second;
+  return verb.equals_insensitive("WRITE") || verb.equals_insensitive("REWRITE") ||
+         verb.equals_insensitive("RELEASE");
+}
+
+/// The error of the device in the line that declares the mnemonic-name.
+std::size_t ConsequenceFinder::causeOfMnemonicName(const Diagnostic &diagnostic) const {
+  for (std::size_t i = 0; i < diagnostics.size(); ++i) {
+    const SourceRange &place = diagnostics[i].place;
+    if (!isUnknownDevice(diagnostics[i].number))
+      continue;
+    llvm::SmallVector<llvm::StringRef, 8> words;
+    llvm::SplitString(lineOf(place.file, place.beginLine), words, " .,;");
+    if (llvm::any_of(words, [&](llvm::StringRef word) {
+          return word.equals_insensitive(diagnostic.subject);
+        }))
+      return i;
+  }
+  return none;
 }
 
 /// The error of the front end that the diagnostic stands in the text of. A statement of several
@@ -232,22 +272,56 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
         return lost;
   }
   // One name that was torn in two.
-  if (!isMisspelling && index > 0 && isAboutName(diagnostics[index - 1].number) &&
-      isTornFrom(diagnostics[index - 1].place, place))
+  if (index > 0 && isAboutName(diagnostics[index - 1].number) &&
+      isTornFrom(diagnostics[index - 1], diagnostic))
     return index - 1;
+  if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
+    return cause;
   reportedNames[{diagnostic.unit, key}] = index;
   if (isAboutFile(diagnostic.number) && reportedFiles.size() < maxFiles)
     reportedFiles.push_back(index);
   return none;
 }
 
-/// Whether one character stands between the two places, which is no space.
-bool ConsequenceFinder::isTornFrom(const SourceRange &first, const SourceRange &second) const {
+/// Whether one character between the names of the two makes them one. A space may stand in the
+/// place of a character of a declared name.
+bool ConsequenceFinder::isTornFrom(const Diagnostic &left, const Diagnostic &right) const {
+  const SourceRange &first = left.place;
+  const SourceRange &second = right.place;
   if (first.file != second.file || first.endLine != second.beginLine ||
       first.endColumn + 2U != second.beginColumn)
     return false;
   const unsigned between = first.endColumn + 1;
-  return sliceColumns(lineOf(first.file, first.endLine), between, between) != " ";
+  if (sliceColumns(lineOf(first.file, first.endLine), between, between) != " ")
+    return right.suggestion.empty() || !isSlip(nameIn(right), right.suggestion);
+  std::string whole = (nameIn(left) + " " + nameIn(right)).str();
+  for (const char c : llvm::StringRef("-ABCDEFGHIJKLMNOPQRSTUVWXYZ0123456789")) {
+    whole[nameIn(left).size()] = c;
+    if (!isUnknown(llvm::StringRef(whole).upper(), left.unit))
+      return true;
+  }
+  return false;
+}
+
+/// Why a nested program does not see an item of an outer one: its record, which is not GLOBAL, has
+/// an error, or was reported for another of its items.
+std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringRef name) {
+  const SourceUnit *inner = diagnostics[index].unit;
+  if (!inner || !isUnknown(name, inner))
+    return none;
+  for (const SourceUnit *unit = inner->getParent(); unit; unit = unit->getParent()) {
+    const Homonyms items = Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
+    if (!items)
+      continue;
+    const DataDescription *record = items.entries->front();
+    if (const std::size_t cause = damage.of(record, index); cause != none)
+      return cause;
+    while (record->getOwner())
+      record = record->getOwner();
+    const auto [first, isNew] = hiddenRecords.try_emplace(record, index);
+    return isNew ? none : first->second;
+  }
+  return none;
 }
 
 /// Equal for diagnostics that say the same of the same name.
@@ -256,7 +330,8 @@ std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringR
     return "FILE " + name.str();
   if (name != nameIn(diagnostic).upper())
     return "QUALIFIER " + name.str();
-  return std::to_string(diagnostic.number) + ' ' + llvm::StringRef(diagnostic.subject).upper();
+  return std::to_string(withoutLanguage(diagnostic.number)) + ' ' +
+         llvm::StringRef(diagnostic.subject).upper();
 }
 
 /// Whether the subject is a name that nothing has, or is declared in an entry of its own.
@@ -290,6 +365,11 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (const DataDescription *entry = places.entryAt(diagnostic.place)) {
     if (const std::size_t cause = damage.withinEntry(entry, index); cause != none)
       return cause;
+    if (const std::size_t cause = damage.ofGroupWithPicture(entry); cause != none)
+      return cause;
+    if (isGroupWithPicture(diagnostic.number))
+      if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
+        return cause;
     if (const DataDescription *variable = entry->getCondNameParent())
       if (const std::size_t cause = damage.of(variable, index); cause != none)
         return cause;
@@ -326,6 +406,9 @@ std::size_t ConsequenceFinder::rootOf(std::size_t index) const {
 
 void ConsequenceFinder::remove() {
   for (std::size_t i = 0; i < diagnostics.size(); ++i) {
+    // A warning about an embedded block says nothing where the block could not be read.
+    if (isAboutEmbedded(diagnostics[i].number) && diagnostics[i].severity == Severity::Warning)
+      causes[i] = causeOfPlace(diagnostics[i]);
     if (diagnostics[i].severity != Severity::Error || !diagnostics[i].fix.empty())
       continue;
     // Two errors that could each follow from the other must not both go.
@@ -391,8 +474,9 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
 
 void removeConsequences(std::vector<Diagnostic> &diagnostics, Program &program,
                         const DamagedText &damage, LineLookup lineOf) {
-  if (llvm::count_if(diagnostics,
-                     [](const Diagnostic &diagnostic) { return isError(diagnostic.severity); }) > 1)
+  if (diagnostics.size() > 1 && llvm::any_of(diagnostics, [](const Diagnostic &diagnostic) {
+        return isError(diagnostic.severity);
+      }))
     ConsequenceFinder(diagnostics, program, damage, lineOf).remove();
 }
 

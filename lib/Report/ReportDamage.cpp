@@ -22,6 +22,11 @@ llvm::StringRef programText(llvm::StringRef line) {
   return line.take_front(maxColumn).drop_front(isNumbered ? sequenceArea : 0);
 }
 
+bool isInAreaA(llvm::StringRef line) {
+  const std::size_t margin = line.find_first_not_of(' ', sequenceArea);
+  return sequenceArea < margin && margin < areaB - 1;
+}
+
 bool isTopLevel(const DataDescription &entry) {
   return entry.getLevelNum() == 1 || entry.getLevelNum() == 77;
 }
@@ -44,6 +49,8 @@ void ReportDamage::note(std::size_t index) {
   if (isOfFrontEnd(diagnostic.number))
     return;
   operands.try_emplace(diagnostic.node, index);
+  if (isFileWithoutRecords(diagnostic.number) && fileWithoutRecords == noDiagnostic)
+    fileWithoutRecords = index;
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
   note(item && item->isWritten() ? item : places.entryAt(diagnostic.place), index);
   note(places.fileAt(diagnostic.place), index);
@@ -67,7 +74,8 @@ void ReportDamage::note(const FileDescription *file, std::size_t index) {
 void ReportDamage::noteText() {
   for (std::size_t i = 0; i < diagnostics.size(); ++i) {
     const Diagnostic &diagnostic = diagnostics[i];
-    if (!isOfFrontEnd(diagnostic.number) || !isError(diagnostic.severity))
+    if (!isOfFrontEnd(diagnostic.number) ||
+        !(isError(diagnostic.severity) || isCutLine(diagnostic.number)))
       continue;
     if (diagnostic.place.beginLine != 0)
       frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
@@ -110,8 +118,8 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
   const SourceRange &place = diagnostics[index].place;
   const llvm::StringRef line = lineOf(place.file, place.beginLine);
   if (places.isInProcedures(place)) {
-    const std::size_t margin = line.find_first_not_of(' ', sequenceArea);
-    if (sequenceArea < margin && margin < areaB - 1)
+    // Where the period of a header is missing, the next line is wrong.
+    if (isInAreaA(line) || isInAreaA(damagedLineBefore(place)))
       lostProcedures.push_back(index);
     return;
   }
@@ -120,10 +128,15 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
   if (!isNameKnown(place)) {
-    // A reserved word in the place of a name was meant to be the name, but for a clause.
+    // A reserved word in the place of a name was meant to be the name, but for a clause and for
+    // words that are no names in any language.
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
-    const bool isReserved = isReservedWord(diagnostics[index].number) && word != "VALUE" &&
-                            word != "VALUES" && word != "ASSIGN";
+    static constexpr llvm::StringLiteral noNames[] = {
+        "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
+        "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
+    const bool isReserved = isReservedWord(diagnostics[index].number) &&
+                            !llvm::is_contained(noNames, word) &&
+                            !llvm::StringRef(word).starts_with("END-");
     const llvm::StringRef first = programText(line).ltrim().split(' ').first;
     const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
                           first.equals_insensitive("SD");
@@ -178,6 +191,20 @@ void ReportDamage::noteLostLevel(std::size_t index) {
   }
 }
 
+/// The line before \p place, comments left out, where its text is damaged; else empty.
+llvm::StringRef ReportDamage::damagedLineBefore(const SourceRange &place) const {
+  constexpr unsigned maxLines = 5;
+  for (unsigned n = 1; n <= maxLines && n < place.beginLine; ++n) {
+    const unsigned number = place.beginLine - n;
+    const llvm::StringRef line = lineOf(place.file, number);
+    const bool isComment = line.size() > sequenceArea && line[sequenceArea] == '*';
+    if (programText(line).trim().empty() || isComment)
+      continue;
+    return damagedText.contains({place.file, number, 1, number, maxColumn}) ? line : "";
+  }
+  return "";
+}
+
 /// Whether no other word stands before \p place in its line.
 bool ReportDamage::beginsLine(const SourceRange &place) const {
   const llvm::StringRef before =
@@ -215,10 +242,32 @@ std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t 
     if (own == map->end() || own->second == index)
       continue;
     const int number = diagnostics[own->second].number;
-    if (isOfFrontEnd(number) || (map == &entries && isWrongPicture(number)))
+    if (isOfFrontEnd(number) || (map == &entries && isWrongShape(number)))
       return own->second;
   }
   return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofGroupWithPicture(const DataDescription *entry) const {
+  for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
+    if (const auto found = entries.find(group);
+        found != entries.end() && isWrongShape(diagnostics[found->second].number))
+      return found->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofEmptyGroupBefore(const DataDescription *entry) const {
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry->getRange().file);
+  const auto *next =
+      llvm::lower_bound(ofFile, beginOf(entry->getRange()),
+                        [](const DataDescription *one, const SourcePosition &position) {
+                          return beginOf(one->getRange()) < position;
+                        });
+  if (next == ofFile.begin())
+    return noDiagnostic;
+  const auto found = entries.find(*std::prev(next));
+  const bool isEmpty = found != entries.end() && isEmptyGroup(diagnostics[found->second].number);
+  return isEmpty ? found->second : noDiagnostic;
 }
 
 std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) {

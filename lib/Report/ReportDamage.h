@@ -38,6 +38,13 @@ public:
   std::size_t of(const DataDescription *entry, std::size_t except) const;
   /// The error of the SELECT or FD entry of \p file, or of its records, other than \p except.
   std::size_t of(const FileDescription *file, std::size_t except) const;
+  /// The error of a group around \p entry that has a PICTURE, which members cannot belong to.
+  std::size_t ofGroupWithPicture(const DataDescription *entry) const;
+  /// The error of the entry before \p entry where that is a group without members: its members may
+  /// have come to \p entry instead.
+  std::size_t ofEmptyGroupBefore(const DataDescription *entry) const;
+  /// The first file without records among the errors.
+  std::size_t ofFileWithoutRecords() const { return fileWithoutRecords; }
   /// The error in \p entry that explains other errors, \p index among them, in the same entry.
   std::size_t withinEntry(const DataDescription *entry, std::size_t index) const;
   /// The error because of which a declaration of \p name is not in the tree as meant: the damaged
@@ -61,6 +68,7 @@ private:
   void noteFilesWithoutRecords();
   bool isNameKnown(const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;
+  llvm::StringRef damagedLineBefore(const SourceRange &place) const;
   std::size_t nearestFrontEndError(const SourceRange &place) const;
 
   const std::vector<Diagnostic> &diagnostics;
@@ -75,6 +83,7 @@ private:
   llvm::DenseMap<const DataDescription *, std::size_t> groups;
   llvm::DenseMap<const FileDescription *, std::size_t> files;
   llvm::DenseMap<const Node *, std::size_t> operands;
+  std::size_t fileWithoutRecords = noDiagnostic;
   /// Errors behind which text of unknown content is missing.
   std::vector<std::size_t> missingCopybooks;
   /// Errors each of which leaves one declaration without its name, of data, files and procedures,

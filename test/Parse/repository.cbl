@@ -35,7 +35,7 @@
        ENVIRONMENT DIVISION.
        CONFIGURATION SECTION.
        REPOSITORY.
-           CLASS BASE IS "java.lang.Object"       *> expect: 221
+           CLASS BASE IS "java.lang.Object"
            FUNCTION TRIM LENGTH INTRINSIC
            FUNCTION OF-OUR-OWN                    *> expect: 221
            FUNCTION MIN TRIMM INTRINSIC.          *> expect: 451

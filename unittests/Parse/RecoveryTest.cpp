@@ -152,10 +152,6 @@ TEST_F(RecoveryTest, AMisspeltVerbTakesWhatBelongsToItsStatement) {
 }
 
 TEST_F(RecoveryTest, StatementsThatAreNotSupported) {
-  expectRest(
-      "JSON GENERATE A FROM B ON EXCEPTION EXIT END-JSON INVOKE C 'new' RETURNING D END-INVOKE "
-      "ALLOCATE A FREE A GOBACK.",
-      "423@3:1 423@3:51 423@3:89 423@3:100", "goback.");
   expectRest("SEND A FROM B. RECEIVE C MESSAGE INTO D. PURGE E. ENABLE INPUT F. DISABLE G. GOBACK.",
              "423@3:1 423@3:16 423@3:42 423@3:51 423@3:67", "goback.");
   expectRest("ENTER COBOL. SERVICE LABEL. SERVICE RELOAD A. GOBACK.", "",

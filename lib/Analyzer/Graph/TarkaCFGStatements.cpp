@@ -258,6 +258,36 @@ void CFGBuilder::analysisXmlGenerateStmt(XMLGenerateStatement *statement) {
 }
 
 //===----------------------------------------------------------------------===//
+// JSON and INVOKE
+//===----------------------------------------------------------------------===//
+
+/// ON EXCEPTION is the then branch, NOT ON EXCEPTION the else branch.
+void CFGBuilder::lowerException(OperandStatement *statement) {
+  if (statement->getExceptHandlerSize() == 0) {
+    currentBlock->addCFGElemStmt(statement);
+    return;
+  }
+  static constexpr BranchNames names = {"tkdummy_on_exception", "tkdummy_on_not_exception"};
+  CFGBlock *start = appendTerminator(statement);
+  BlockList ends;
+  for (ExceptionHandler *phrase : statement->getExceptHandlerElements())
+    lowerPhrase(start, phrase, phrase->isNotOn(), names, ends);
+  joinAt("tkdummy_exception_end", start, ends);
+}
+
+void CFGBuilder::analysisJsonGenerateStmt(JsonGenerateStatement *statement) {
+  lowerException(statement);
+}
+
+void CFGBuilder::analysisJsonParseStmt(JsonParseStatement *statement) {
+  lowerException(statement);
+}
+
+void CFGBuilder::analysisInvokeStmt(InvokeStatement *statement) {
+  lowerException(statement);
+}
+
+//===----------------------------------------------------------------------===//
 // CALL
 //===----------------------------------------------------------------------===//
 

@@ -8,7 +8,9 @@
 #include "AST/StatementVisitor.h"
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/PartCheck.h"
+#include "Analyzer/Statement/OperandCheck.h"
 #include "llvm/Support/SaveAndRestore.h"
+#include <concepts>
 
 namespace tarka {
 
@@ -42,6 +44,8 @@ private:
   template <typename Class> bool check(Class &statement) {
     if constexpr (HasCheck<Class>)
       return checker.semanticCheck(statement);
+    else if constexpr (std::derived_from<Class, OperandStatement>)
+      return checker.semanticCheck(static_cast<OperandStatement &>(statement));
     else
       return true;
   }
@@ -66,6 +70,14 @@ bool SemanticChecker::semanticCheck(ExceptionHandler &handler) {
   for (Statement *statement : handler.getImperStmtListElements())
     ok &= semanticCheck(*statement);
   return ok;
+}
+
+bool SemanticChecker::semanticCheck(OperandStatement &statement) {
+  return OperandCheck(*this)
+      .all(statement.getSourceListElements())
+      .all(statement.getReceiverListElements())
+      .all(statement.getPartListElements())
+      .all(statement.getExceptHandlerElements());
 }
 
 bool SemanticChecker::semanticCheck(ContinueStatement &) {

@@ -92,7 +92,8 @@ bool SemanticChecker::semanticCheck(PerformStatement &statement) {
   case PerformStmtType::Times:
     return checkTimes(*this, *statement.getTimesInteger()) && ok;
   case PerformStmtType::Until:
-    return semanticCheck(*statement.getUntilCondition()) && ok;
+    // UNTIL EXIT has no condition.
+    return (!statement.getUntilCondition() || semanticCheck(*statement.getUntilCondition())) && ok;
   case PerformStmtType::Varying:
     for (PerformVarying *phrase : statement.getPhraseListElements())
       ok &= checkVarying(*this, *phrase);

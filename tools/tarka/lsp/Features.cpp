@@ -2,27 +2,65 @@
 
 #include "lsp/Features.h"
 #include "lsp/features/Formatting.h"
+#include "lsp/features/Handlers.h"
 #include "lsp/features/Views.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka::lsp {
 
+namespace {
+
+constexpr llvm::StringLiteral on = "true";
+
+// clang-format off
+constexpr Feature table[] = {
+    {"textDocument/definition", "definitionProvider", on, definition},
+    {"textDocument/declaration", "declarationProvider", on, declaration},
+    {"textDocument/typeDefinition", "typeDefinitionProvider", on, typeDefinition},
+    {"textDocument/references", "referencesProvider", on, references},
+    {"textDocument/documentHighlight", "documentHighlightProvider", on, documentHighlight},
+    {"textDocument/prepareRename", "", "", prepareRename},
+    {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename},
+    {"textDocument/hover", "hoverProvider", on, hover},
+    {"textDocument/completion", "completionProvider", R"({"triggerCharacters":["-"]})", completion},
+    {"textDocument/prepareCallHierarchy", "callHierarchyProvider", on, prepareCallHierarchy},
+    {"callHierarchy/incomingCalls", "", "", incomingCalls},
+    {"callHierarchy/outgoingCalls", "", "", outgoingCalls},
+    {"textDocument/documentSymbol", "documentSymbolProvider", on, documentSymbol},
+    {"textDocument/documentLink", "documentLinkProvider", "{}", documentLink},
+    {"textDocument/foldingRange", "foldingRangeProvider", on, foldingRange},
+    {"textDocument/semanticTokens/full", "semanticTokensProvider",
+     R"({"legend":{"tokenTypes":["keyword","variable","enumMember","function","namespace","class",
+         "string","number","macro"],"tokenModifiers":["declaration","modification",
+         "defaultLibrary"]},"full":true})",
+     semanticTokens},
+    {"textDocument/selectionRange", "selectionRangeProvider", on, selectionRange},
+    {"textDocument/inlayHint", "inlayHintProvider", on, inlayHint},
+    {"textDocument/codeAction", "codeActionProvider", R"({"codeActionKinds":["quickfix"]})",
+     codeAction},
+    {"textDocument/formatting", "documentFormattingProvider", on, format},
+    {"textDocument/rangeFormatting", "documentRangeFormattingProvider", on, format},
+    // Commands, see workspace/executeCommand.
+    {"tarka.showExpanded", "", "", showExpanded},
+    {"tarka.showFlow", "", "", showFlow},
+    {"tarka.showLayout", "", "", showLayout},
+};
+// clang-format on
+
+} // namespace
+
 llvm::ArrayRef<Feature> allFeatures() {
-  static constexpr Feature features[] = {
-      {"textDocument/formatting", "documentFormattingProvider", "true", format},
-      {"textDocument/rangeFormatting", "documentRangeFormattingProvider", "true", format},
-      // Commands, see workspace/executeCommand.
-      {"tarka.showExpanded", "", "", showExpanded},
-      {"tarka.showFlow", "", "", showFlow},
-      {"tarka.showLayout", "", "", showLayout},
-  };
-  return features;
+  return table;
 }
 
 const Feature *findFeature(llvm::StringRef method) {
-  const Feature *found = llvm::find_if(
-      allFeatures(), [&](const Feature &feature) { return feature.method == method; });
-  return found == allFeatures().end() ? nullptr : found;
+  const Feature *found =
+      llvm::find_if(table, [&](const Feature &feature) { return feature.method == method; });
+  return found == std::end(table) ? nullptr : found;
+}
+
+llvm::Error refuse(const llvm::Twine &reason) {
+  return llvm::createStringError(llvm::inconvertibleErrorCode(), reason);
 }
 
 } // namespace tarka::lsp

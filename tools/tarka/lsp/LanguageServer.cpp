@@ -49,6 +49,8 @@ bool fromJSON(const llvm::json::Value &value, RawParams &result, llvm::json::Pat
 /// The absolute path of the document that \p parameters name; none for one that is not a file.
 std::optional<std::string> documentOf(const llvm::json::Object &parameters) {
   const llvm::json::Object *document = parameters.getObject("textDocument");
+  if (!document)
+    document = parameters.getObject("item");
   const std::optional<llvm::StringRef> text =
       document ? document->getString("uri") : parameters.getString("uri");
   if (!text)

@@ -64,6 +64,28 @@ llvm::json::Object Snapshot::analyse() {
                             {"isIncomplete", isIncomplete}};
 }
 
+const OccurrenceIndex &Snapshot::getIndex() {
+  if (!index)
+    index = std::make_unique<OccurrenceIndex>(*getProgram(), compilation->getExpansion());
+  return *index;
+}
+
+llvm::SmallVector<SymbolId, 2> Snapshot::symbolsAt(const SourcePoint &point) {
+  llvm::SmallVector<SymbolId, 2> symbols;
+  for (const Occurrence &occurrence : getIndex().at(point.file, point.line, point.column))
+    if (!llvm::is_contained(symbols, occurrence.symbol))
+      symbols.push_back(occurrence.symbol);
+  return symbols;
+}
+
+const CopyUse *Snapshot::copyAt(const SourcePoint &point) {
+  for (const CopyUse &use : compilation->getExpansion().getCopies())
+    if (use.place.file == point.file && use.place.beginLine == point.line &&
+        use.place.beginColumn <= point.column && point.column <= use.place.endColumn + 1)
+      return &use;
+  return nullptr;
+}
+
 const CFGModule &Snapshot::getGraph() {
   if (!graph)
     graph = CFGBuilder().createModule(*getProgram());

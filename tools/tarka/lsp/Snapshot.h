@@ -10,6 +10,7 @@
 #define TARKA_TOOLS_LSP_SNAPSHOT_H
 
 #include "Compilation.h"
+#include "Index/OccurrenceIndex.h"
 #include "lsp/Positions.h"
 #include "mlir/Tools/lsp-server-support/Protocol.h"
 #include "llvm/ADT/StringMap.h"
@@ -63,6 +64,14 @@ public:
   /// What tarka check reports of the program.
   llvm::ArrayRef<Diagnostic> getDiagnostics() const { return report.diagnostics; }
 
+  /// The names of the program, made when they are asked for first.
+  const OccurrenceIndex &getIndex();
+  /// The symbols with a name at the place that a request asks about, the first one of the text
+  /// first; none where there is no name.
+  llvm::SmallVector<SymbolId, 2> symbolsAt(const SourcePoint &point);
+  /// The copybook whose name stands at \p point; null when there is none.
+  const CopyUse *copyAt(const SourcePoint &point);
+
   // Places.
 
   /// The absolute path of file number \p file; empty for one that is not in the file system.
@@ -93,6 +102,7 @@ private:
   std::unique_ptr<Compilation> compilation;
   const CFGModule *graph = nullptr;
   std::vector<std::string> paths;
+  std::unique_ptr<OccurrenceIndex> index;
 };
 
 /// Makes the snapshot and answers the questions that come over \p channel, until its other end is

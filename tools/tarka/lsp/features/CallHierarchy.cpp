@@ -1,0 +1,112 @@
+//===- CallHierarchy.cpp - who performs whom ------------------------------===//
+
+#include "lsp/features/Describe.h"
+#include "lsp/features/Handlers.h"
+#include "llvm/ADT/MapVector.h"
+
+namespace tarka::lsp {
+
+namespace {
+
+bool isProcedure(SymbolKind kind) {
+  return kind == SymbolKind::Section || kind == SymbolKind::Paragraph;
+}
+
+llvm::json::Value itemOf(Snapshot &snapshot, SymbolId id) {
+  const Symbol &symbol = snapshot.getIndex().getSymbol(id);
+  std::optional<llvm::json::Object> item = snapshot.locationOf(symbol.place);
+  if (!item)
+    return nullptr;
+  (*item)["selectionRange"] = snapshot.rangeOf(symbol.place);
+  (*item)["name"] = *symbol.spelling;
+  (*item)["detail"] = describeInLine(snapshot, id);
+  (*item)["kind"] = static_cast<int>(isProcedure(symbol.kind) ? mlir::lsp::SymbolKind::Function
+                                                              : mlir::lsp::SymbolKind::Module);
+  return std::move(*item);
+}
+
+/// The symbol of an item that itemOf() has made.
+std::optional<SymbolId> symbolOfItem(Snapshot &snapshot, const Parameters &parameters) {
+  const llvm::json::Object *item = parameters.getObject("item");
+  const llvm::json::Object *range = item ? item->getObject("selectionRange") : nullptr;
+  const llvm::json::Object *start = range ? range->getObject("start") : nullptr;
+  if (!start)
+    return std::nullopt;
+  const std::optional<unsigned> file = snapshot.fileOf(
+      llvm::json::Object{{"textDocument", llvm::json::Object{{"uri", *item->get("uri")}}}});
+  const std::optional<SourcePoint> point = file ? snapshot.pointOf(*file, *start) : std::nullopt;
+  if (!point)
+    return std::nullopt;
+  const llvm::SmallVector<SymbolId, 2> symbols = snapshot.symbolsAt(*point);
+  return symbols.empty() ? std::nullopt : std::optional(symbols.front());
+}
+
+using CallsBySymbol = llvm::MapVector<SymbolId, llvm::json::Array>;
+
+llvm::json::Value callsOf(Snapshot &snapshot, CallsBySymbol calls, llvm::StringRef role) {
+  llvm::json::Array result;
+  for (auto &[symbol, ranges] : calls)
+    if (llvm::json::Value item = itemOf(snapshot, symbol); item.getAsObject())
+      result.push_back(
+          llvm::json::Object{{role, std::move(item)}, {"fromRanges", std::move(ranges)}});
+  return result;
+}
+
+/// The procedure around a place, or where there is none the program of the procedure that is
+/// named there.
+SymbolId callerAt(Snapshot &snapshot, const Occurrence &occurrence) {
+  if (std::optional<SymbolId> around = procedureAround(snapshot, occurrence.getPlace()))
+    return *around;
+  const OccurrenceIndex &index = snapshot.getIndex();
+  const Symbol &called = index.getSymbol(occurrence.symbol);
+  return index.symbolOf(*called.unit).value_or(occurrence.symbol);
+}
+
+} // namespace
+
+Answer prepareCallHierarchy(Snapshot &snapshot, const Parameters &parameters) {
+  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
+  if (!point)
+    return nullptr;
+  llvm::json::Array items;
+  for (SymbolId id : snapshot.symbolsAt(*point)) {
+    const SymbolKind kind = snapshot.getIndex().getSymbol(id).kind;
+    if (isProcedure(kind) || kind == SymbolKind::Program)
+      if (llvm::json::Value item = itemOf(snapshot, id); item.getAsObject())
+        items.push_back(std::move(item));
+  }
+  return items;
+}
+
+Answer incomingCalls(Snapshot &snapshot, const Parameters &parameters) {
+  const std::optional<SymbolId> called = symbolOfItem(snapshot, parameters);
+  if (!called)
+    return nullptr;
+  CallsBySymbol calls;
+  for (const Occurrence &occurrence : snapshot.getIndex().occurrencesOf(*called))
+    if (occurrence.use != Use::Declaration)
+      calls[callerAt(snapshot, occurrence)].push_back(snapshot.rangeOf(occurrence.getPlace()));
+  return callsOf(snapshot, std::move(calls), "from");
+}
+
+Answer outgoingCalls(Snapshot &snapshot, const Parameters &parameters) {
+  const std::optional<SymbolId> caller = symbolOfItem(snapshot, parameters);
+  if (!caller)
+    return nullptr;
+  const OccurrenceIndex &index = snapshot.getIndex();
+  const SourceRange &begin = index.getSymbol(*caller).place;
+  CallsBySymbol calls;
+  bool isInside = false;
+  for (const Occurrence &occurrence : index.inFile(begin.file)) {
+    const SymbolKind kind = index.getSymbol(occurrence.symbol).kind;
+    if (!isProcedure(kind) && kind != SymbolKind::Program)
+      continue;
+    if (occurrence.use == Use::Declaration)
+      isInside = occurrence.symbol == *caller;
+    else if (isInside)
+      calls[occurrence.symbol].push_back(snapshot.rangeOf(occurrence.getPlace()));
+  }
+  return callsOf(snapshot, std::move(calls), "to");
+}
+
+} // namespace tarka::lsp
