@@ -335,7 +335,8 @@ std::size_t IndexBuilder::readBlock(std::size_t position) {
   if (command && unit)
     for (EmbeddedOperand *operand : command->getOperandElements()) {
       resolveExpression(operand->getValue(), useOf(*operand));
-      if (const Word *label = operand->getWord())
+      const Word *label = operand->getRole() == EmbeddedRole::Label ? operand->getWord() : nullptr;
+      if (label) // Names of cursors and segments are none of the program.
         if (std::optional<SymbolId> procedure = findProcedure(&label->getWordData(), nullptr))
           addOccurrence(label->getRange(), *procedure, Use::Mention);
     }

@@ -54,13 +54,19 @@ private:
   bool isDouble = false;
 };
 
+constexpr uint64_t eightSpaces = 0x2020202020202020;
+
 const char *skipBlanks(const char *from, const char *end) {
+  while (end - from >= 8 && load8(from) == eightSpaces)
+    from += 8;
   while (from < end && isBlank(*from))
     ++from;
   return from;
 }
 
 const char *trimEnd(const char *begin, const char *end) {
+  while (end - begin >= 8 && load8(end - 8) == eightSpaces)
+    end -= 8;
   while (end > begin && isBlank(end[-1]))
     --end;
   return end;

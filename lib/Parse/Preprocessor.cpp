@@ -75,6 +75,7 @@ private:
     bool isInclude = false; ///< EXEC SQL INCLUDE
   };
 
+  void makeNext(Token &token);
   void read(Token &token);
   void readBelow(size_t level, Token &token);
   SourceRange shownPlace(const SourceRange &place) const;
@@ -133,6 +134,9 @@ private:
   bool isStopped = false;
   SourceRange stopPlace;
   bool hasBegun = false;
+  /// Whether tokens come as the lexer makes them, up to the next COPY or REPLACE: nothing is
+  /// replaced by REPLACE, recorded or made of a map.
+  bool isPlain = false;
 };
 
 Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink,
@@ -154,15 +158,18 @@ void Preprocessor::setDecimalPointIsComma(bool on) {
 }
 
 void Preprocessor::next(Token &token) {
-  // Most tokens: those of a text in which nothing is replaced, recorded or made of a map.
-  if (hasBegun && !isStopped && replacingLevels == 0 && tokensAdded == 0 && !record &&
-      placesOfMaps.empty() && !replacer.isActive()) {
+  if (isPlain && replacingLevels == 0) {
     Level &level = *levels.back();
     level.next(token);
     if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
       return;
     level.pushBack(token);
   }
+  makeNext(token);
+}
+
+/// Makes the next token of any text.
+void Preprocessor::makeNext(Token &token) {
   while (!isStopped) {
     if (replacer.isActive())
       replacer.next(token, [this](Token &source) { read(source); });
@@ -187,6 +194,7 @@ void Preprocessor::next(Token &token) {
   if (!hasBegun && token.is(TokenKind::EndOfFile) && !diagnostics.hasErrors())
     diagnostics.report(DiagnosticId::NothingToCompile, token.place);
   hasBegun = true;
+  isPlain = !isStopped && !record && placesOfMaps.empty() && !replacer.isActive();
 }
 
 /// Where text that stands at \p place comes from: for that of a symbolic map, a place in the source

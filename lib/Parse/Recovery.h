@@ -212,7 +212,8 @@ public:
   void endSentence() {
     sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
-    expectedEnds = std::exchange(cutEnds, {});
+    if (!expectedEnds.empty() || !cutEnds.empty())
+      expectedEnds = std::exchange(cutEnds, {});
     looseEnds.clear();
     unmatchedEnd = false;
     suspect = doubtful = 0;

@@ -1,4 +1,5 @@
       *> RUN: %tarka flow --cics %s | FileCheck %s
+      *> RUN: %tarka flow --cics --format=json %s | FileCheck %s --check-prefix=JSON
       *> RUN: %tarka flow --cics --item WS-RECORD %s | FileCheck %s --check-prefix=RECORD
       *> RUN: %tarka flow --cics --item KEYI %s | FileCheck %s --check-prefix=MAP
       *> RUN: %tarka ast --cics %s | FileCheck %s --check-prefix=TREE
@@ -96,6 +97,12 @@
       *> CHECK-NEXT: WS-SUB-PGM: linked, dynamic{{$}}
       *> CHECK-NEXT: FIXED: linked
       *> CHECK-NEXT: PRNT: started transaction
+      *>
+      *> JSON:        "transaction": "ONL1"
+      *> JSON-NEXT:   "kind": "return"
+      *> JSON:        "identifier": "WS-NEXT-PGM"
+      *> JSON-NEXT:   "value": "NEXTPGM"
+      *> JSON-NEXT:   "kind": "xctl"
       *>
       *> RECORD:      EXEC CICS READ, perhaps or in part
       *> RECORD:      EXEC CICS LINK, perhaps or in part

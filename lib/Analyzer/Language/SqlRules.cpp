@@ -94,7 +94,7 @@ llvm::StringRef nearestIn(const llvm::StringMap<SqlCommand *> &names, llvm::Stri
 } // namespace
 
 void SqlCheck::check(SqlCommand &command) {
-  statements.push_back(&command);
+  statements.push_back({&command, report.getUnit()});
   checkHostVariables(command);
   const SqlKind kind = command.getKind();
   if (Word *cursor = command.getCursor();
@@ -129,7 +129,8 @@ void SqlCheck::checkHostVariables(SqlCommand &command) {
 }
 
 void SqlCheck::finish() {
-  for (SqlCommand *command : statements) {
+  for (auto [command, unit] : statements) {
+    report.setUnit(*unit);
     checkCursor(*command);
     checkPrepared(*command);
   }

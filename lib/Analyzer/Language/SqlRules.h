@@ -29,7 +29,7 @@ private:
   void checkCount(SqlCommand &command, unsigned columns, llvm::StringRef what);
 
   LanguageReport &report;
-  std::vector<SqlCommand *> statements;
+  std::vector<std::pair<SqlCommand *, SourceUnit *>> statements;
   /// What declares each cursor, and what prepares each statement.
   llvm::StringMap<SqlCommand *> cursors, prepared;
   /// The names that have been reported to be missing: once each.
