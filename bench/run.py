@@ -1,39 +1,29 @@
 #!/usr/bin/env python3
 """Measures `tarka check` and `tarka cfg` on generated programs of growing size.
 
-Prints a table for each direction of growth: time as a ratio to what `LC_ALL=C wc`
-takes on the same file, peak memory in bytes a line, and how much the time grew
-against the size. Each time is the best of several runs.
+Prints what many small programs take, the instructions that an ordinary program takes,
+and a table for each direction of growth: time as a ratio to what `LC_ALL=C wc` takes on
+the same file, peak memory in bytes a line, and how much the time grew against the size.
+Each time is the best of several runs.
 """
 
 import argparse
 import os
+import shutil
 import subprocess
 import sys
 import tempfile
-import time
 
 from generate import CONTROL, KINDS
+from measure import best, instructions
 
 TYPICAL = dict(lines=100_000, items=5_000, paragraphs=2_000, depth=2, group=50, nesting=1, kind="plain")
 
 
 def measure(command, runs):
-    """The best wall time in seconds and the peak memory in bytes of a command."""
-    best = float("inf")
-    peak = 0
-    environment = dict(os.environ, LC_ALL="C")
-    for _ in range(runs):
-        start = time.perf_counter()
-        process = subprocess.Popen(
-            command, stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL, env=environment
-        )
-        _, status, usage = os.wait4(process.pid, 0)
-        best = min(best, time.perf_counter() - start)
-        if status != 0:
-            sys.exit(f"bench: {' '.join(command)} ended with status {os.waitstatus_to_exitcode(status)}")
-        peak = max(peak, usage.ru_maxrss * 1024)
-    return best, peak
+    """The least wall time in seconds and the peak memory in bytes of a command."""
+    cost = best(command, runs)
+    return cost.wall, cost.memory
 
 
 def write_program(path, knobs):
@@ -79,20 +69,48 @@ def stage_table(title, stages, sizes, runs, folder):
     for knobs in sizes:
         path = os.path.join(folder, "bench.cbl")
         lines = write_program(path, knobs)
-        best = {}
+        least = {}
         for _ in range(runs):
             words = subprocess.run([stages, path], capture_output=True, text=True, check=True).stdout.split()
             for stage, milliseconds in zip(words[::2], words[1::2]):
-                best[stage] = min(best.get(stage, float("inf")), float(milliseconds))
+                least[stage] = min(least.get(stage, float("inf")), float(milliseconds))
         growth = ""
         if before:
-            growth = f"{(best['flow'] / before[1]) / (lines / before[0]):.2f}"
+            growth = f"{(least['flow'] / before[1]) / (lines / before[0]):.2f}"
         print(
-            f"{lines:>9} {best['read']:>8.1f} {best['check']:>8.1f} {best['cfg']:>8.1f} {best['flow']:>8.1f} "
-            f"{best['flow'] / best['check']:>10.2f} {growth:>7}",
+            f"{lines:>9} {least['read']:>8.1f} {least['check']:>8.1f} {least['cfg']:>8.1f} {least['flow']:>8.1f} "
+            f"{least['flow'] / least['check']:>10.2f} {growth:>7}",
             flush=True,
         )
-        before = lines, best["flow"]
+        before = lines, least['flow']
+
+
+def portfolio_table(tarka, programs, runs, folder):
+    """Many small programs that share copybooks, of which the lines count as often as they are read."""
+    generator = os.path.join(os.path.dirname(os.path.abspath(__file__)), "portfolio.py")
+    said = subprocess.run([sys.executable, generator, folder, f"--programs={programs}"],
+                          capture_output=True, text=True, check=True).stdout
+    own, copied = (int(word) for word in said.split() if word.isdigit())
+    lines = own + copied
+    print(f"\ncheck: {programs} programs, {own} lines, and {copied} lines copied")
+    print(f"{'jobs':>5} {'ms':>8} {'user+sys':>9} {'lines/s':>10} {'faults':>8}")
+    for jobs in (1, 2):
+        cost = best([tarka, "check", "-j", str(jobs), "-I", f"{folder}/copy", f"{folder}/src"], runs)
+        print(f"{jobs:>5} {cost.wall * 1e3:>8.0f} {cost.cpu * 1e3:>9.0f} {lines / cost.wall:>10,.0f} "
+              f"{cost.faults:>8}", flush=True)
+
+
+def instruction_table(tarka, folder):
+    """Instructions of an ordinary program of 120,000 lines, which are the same on a busy machine."""
+    if not shutil.which("valgrind"):
+        print("\ninstructions are not counted: there is no valgrind")
+        return
+    path = os.path.join(folder, "bench.cbl")
+    lines = write_program(path, TYPICAL)
+    print(f"\ninstructions a line, {lines} lines")
+    for title, command in (("read", ["check", "--syntax-only"]), ("check", ["check"])):
+        print(f"{title:>6} {instructions([tarka, *command, path]) / lines:>7,.0f}", flush=True)
+    print(f"{'wc':>6} {instructions(['wc', path]) / lines:>7,.0f}")
 
 
 def grow(**changes):
@@ -108,9 +126,6 @@ def main():
     parser.add_argument("--quick", action="store_true", help="small sizes only")
     arguments = parser.parse_args()
     scale = 10 if arguments.quick else 1
-    # What is measured is the analysis: no report may come from the cache.
-    os.environ["XDG_CACHE_HOME"] = "/dev/null"
-
     def to(*values):
         return [max(1, value // scale) for value in values]
 
@@ -119,6 +134,8 @@ def main():
         def show(title, command, sizes):
             table(title, arguments.tarka, command, sizes, arguments.runs, folder)
 
+        portfolio_table(arguments.tarka, 1000 // scale, arguments.runs, os.path.join(folder, "many"))
+        instruction_table(arguments.tarka, folder)
         show("check: everything grows", ["check"], grow(
             lines=to(125_000, 250_000, 500_000, 1_000_000),
             items=to(6_000, 12_000, 25_000, 50_000),

@@ -12,6 +12,8 @@
 #include "AST/Environment.h"
 #include "AST/Kinds.h"
 #include "AST/Procedure.h"
+#include <cstdint>
+#include <vector>
 
 namespace tarka {
 
@@ -74,9 +76,13 @@ public:
 
   void addNested(SourceUnit *unit) { nestedUnits.push_back(unit); }
 
-  /// The programs that this unit may call because they are contained in it or in an outer one.
-  void addCallableList(const std::string &name) { callableList.push_back(name); }
-  const std::list<std::string> &getCallableList() const { return callableList; }
+  /// The programs that this unit may call because they are contained in it or in an outer one, in
+  /// the order in which they were added.
+  void addCallableList(const std::string &name);
+  const std::list<std::string> &getCallableList() const;
+  /// Makes \p unit, a COMMON program nested in this one, callable from its siblings and from all
+  /// that is nested in them.
+  void addCommonNested(const SourceUnit &unit);
 
   /// Divisions that the source does not have are null.
   TARKA_FIELD(EnvironmentDivision *, environmentDivision, EnvironmentDivision)
@@ -94,7 +100,20 @@ private:
   LazyList<ExecStatement> dataBlocks;
   IdentificationDivision *idDivision;
   SourceUnit *parent;
-  std::list<std::string> callableList;
+
+  /// A program that can be called. The order is counted over all units.
+  struct Callable {
+    std::uint64_t order;
+    const std::string *name;
+    /// The unit itself, where it is one of commonNested.
+    const SourceUnit *unit;
+  };
+  std::vector<Callable> callables;
+  /// All siblings share this list: each with one of its own would take the square of their number.
+  std::vector<Callable> commonNested;
+  /// Made when it is asked for, of as many callables as are counted here.
+  mutable std::list<std::string> callableList;
+  mutable std::size_t listedCallables = 0;
 };
 
 /// One compilation.

@@ -103,13 +103,10 @@ bool isFileNameOfProgram(SemanticChecker &checker, SourceUnit &unit) {
 }
 
 /// A COMMON program is callable from its siblings and from all that is nested in them.
-void makeCallable(SemanticChecker &checker, SourceUnit &unit) {
-  if (unit.getIDDivision()->getProgramIDPara()->getType() != ProgramIdType::Common ||
-      !unit.getParent())
-    return;
-  for (SourceUnit *sibling : unit.getParent()->getNestedListElements())
-    if (sibling != &unit)
-      checker.setCallableSource(*sibling, unit.getSourceUnitName());
+void makeCallable(SourceUnit &unit) {
+  if (unit.getParent() &&
+      unit.getIDDivision()->getProgramIDPara()->getType() == ProgramIdType::Common)
+    unit.getParent()->addCommonNested(unit);
 }
 
 /// XML-TEXT grows to the largest item that an XML PARSE of the source unit reads.
@@ -150,7 +147,7 @@ bool SemanticChecker::semanticCheck(SourceUnit &unit) {
   // A program that is not named after its file is not checked.
   if (!isFileNameOfProgram(*this, unit))
     return false;
-  makeCallable(*this, unit);
+  makeCallable(unit);
 
   bool ok = true;
   if (EnvironmentDivision *environment = unit.getEnvironmentDivision())

@@ -3,6 +3,7 @@
 #include "Parse/Keywords.h"
 #include "AST/Node.h"
 #include "llvm/ADT/StringExtras.h"
+#include <algorithm>
 #include <cstdint>
 #include <cstring>
 #include <new>
@@ -86,6 +87,17 @@ private:
   Slot slots[mask + 1];
 };
 
+/// Whether two texts of at most sixteen characters and the same size are equal.
+bool isEqualShort(const char *left, const char *right, size_t size) {
+  if (size >= 8)
+    return load<uint64_t>(left) == load<uint64_t>(right) &&
+           load<uint64_t>(left + size - 8) == load<uint64_t>(right + size - 8);
+  if (size >= 4)
+    return load<uint32_t>(left) == load<uint32_t>(right) &&
+           load<uint32_t>(left + size - 4) == load<uint32_t>(right + size - 4);
+  return std::equal(left, left + size, right);
+}
+
 } // namespace
 
 const uint16_t keywordFlags[] = {
@@ -109,8 +121,11 @@ WordLookup WordTable::lookup(llvm::StringRef spelling) {
     const Slot &slot = slots[index];
     if (slot.hash != hash)
       continue;
+    if (slot.size == spelling.size() && slot.size > 0 &&
+        isEqualShort(slot.text, spelling.data(), slot.size))
+      return {slot.interned, true, slot.keyword};
     llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.interned;
-    if (text == spelling)
+    if (!slot.size && text == spelling)
       return {slot.interned, true, slot.keyword};
     if (text.equals_insensitive(spelling))
       return {slot.interned, false, slot.keyword};

@@ -154,6 +154,15 @@ void Preprocessor::setDecimalPointIsComma(bool on) {
 }
 
 void Preprocessor::next(Token &token) {
+  // Most tokens: those of a text in which nothing is replaced, recorded or made of a map.
+  if (hasBegun && !isStopped && replacingLevels == 0 && tokensAdded == 0 && !record &&
+      placesOfMaps.empty() && !replacer.isActive()) {
+    Level &level = *levels.back();
+    level.next(token);
+    if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
+      return;
+    level.pushBack(token);
+  }
   while (!isStopped) {
     if (replacer.isActive())
       replacer.next(token, [this](Token &source) { read(source); });

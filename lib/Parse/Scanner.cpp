@@ -37,6 +37,8 @@ bool Scanner::scan(Token &token) {
     switch (classOf(*cursor)) {
     case CharacterClass::Blank:
       token.flags |= Token::PrecededBySpace;
+      while (cursor + 1 < textEnd && cursor[1] == ' ')
+        ++cursor;
       continue;
 
     case CharacterClass::Separator:

@@ -13,6 +13,7 @@
 #include "Report/Excerpt.h"
 #include "lsp/Snapshot.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
 #include <map>
 
