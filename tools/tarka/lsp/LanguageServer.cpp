@@ -114,6 +114,7 @@ private:
   void searchPrograms(const std::string &copybook);
   void serveSearches();
   void tryNextProgram(const std::string &copybook);
+  bool isNeeded(const ProgramUnit &unit) const;
   void removeUnused();
   void publish(ProgramUnit &unit, const llvm::json::Object &diagnostics);
   void publishFile(const std::string &path);
@@ -417,9 +418,12 @@ void LanguageServer::take(ProgramUnit &unit, llvm::json::Value analysis) {
     for (const llvm::json::Value &file : *files)
       unit.copybooks.insert(*file.getAsString());
   unit.isIncomplete = found->getBoolean("isIncomplete").value_or(false);
-  if (const llvm::json::Object *diagnostics = found->getObject("diagnostics"))
-    publish(unit, *diagnostics);
   adoptCopybooks(unit);
+  // A program that was tried for a copybook in vain is removed without a word.
+  const llvm::json::Object *diagnostics = found->getObject("diagnostics");
+  if (diagnostics && isNeeded(unit))
+    publish(unit, *diagnostics);
+  removeUnused();
 }
 
 /// The version cannot be analysed. What was known of the one before stays.
@@ -446,7 +450,12 @@ void LanguageServer::adoptCopybooks(const ProgramUnit &unit) {
     else if (program == unit.path && !unit.copies(path))
       tryNextProgram(path);
   }
-  removeUnused();
+}
+
+/// Whether an open text is the program's, or that of a copybook that it answers for.
+bool LanguageServer::isNeeded(const ProgramUnit &unit) const {
+  return llvm::any_of(
+      documents, [&](const auto &document) { return document.getValue().program == unit.path; });
 }
 
 /// Looks for a program below the folders of the editor that copies \p copybook, which is open and
@@ -506,9 +515,7 @@ void LanguageServer::tryNextProgram(const std::string &copybook) {
 void LanguageServer::removeUnused() {
   std::vector<std::string> unused;
   for (const auto &unit : units)
-    if (llvm::none_of(documents, [&](const auto &document) {
-          return document.getValue().program == unit.getKey();
-        }))
+    if (!isNeeded(*unit.getValue()))
       unused.push_back(unit.getKey().str());
   for (const std::string &program : unused) {
     ProgramUnit &unit = *units[program];
@@ -525,17 +532,22 @@ void LanguageServer::removeUnused() {
     }
 }
 
-/// Publishes what \p unit has found by file, and withdraws what it had found before.
+/// Publishes what \p unit has found by file, and withdraws what it had found before. Of a program
+/// that is not open itself only what concerns open copybooks.
 void LanguageServer::publish(ProgramUnit &unit, const llvm::json::Object &diagnostics) {
+  const bool isOpen = documents.contains(unit.path);
+  auto isShown = [&](llvm::StringRef path) { return isOpen || documents.contains(path); };
   std::vector<std::string> changed;
   for (auto &file : published) {
     auto own = file.getValue().find(unit.path);
-    if (own == file.getValue().end() || diagnostics.get(file.getKey()))
+    if (own == file.getValue().end() || (diagnostics.get(file.getKey()) && isShown(file.getKey())))
       continue;
     file.getValue().erase(own);
     changed.push_back(file.getKey().str());
   }
   for (const auto &[path, value] : diagnostics) {
+    if (!isShown(path))
+      continue;
     llvm::json::Array &own = published[path][unit.path];
     const bool isSame = own == *value.getAsArray();
     own = *value.getAsArray();
