@@ -18,8 +18,8 @@ sys.path.insert(0, str(Path(__file__).resolve().parent.parent / "test/Lsp/Inputs
 from client import Client  # noqa: E402
 from run import TYPICAL, write_program  # noqa: E402
 
-KEYSTROKES = 40
-REQUESTS = 60
+KEYSTROKES = 21
+REQUESTS = 21
 # By lines: keystroke to diagnostics, hover and definition in milliseconds; memory of the server and
 # of a snapshot in megabytes. None where nothing is promised.
 BOUNDS = {

@@ -15,7 +15,9 @@ end
 local function at(pattern, offset)
   vim.fn.cursor(1, 1)
   check(vim.fn.search(pattern, 'W') > 0, 'no ' .. pattern)
-  vim.cmd('normal! ' .. (offset and offset .. 'l' or ''))
+  if offset then
+    vim.cmd('normal! ' .. offset .. 'l')
+  end
 end
 
 local function ask(method, extra)

@@ -19,7 +19,11 @@ export HOME="$directory/home" XDG_CONFIG_HOME="$directory/home" XDG_DATA_HOME="$
 case $editor in
   nvim)
     timeout 120 nvim --headless -u NONE -i NONE --cmd "set rtp^=$root/editors/vim" \
-      -c "luafile $root/editors/nvim/tarka.lua" -c "luafile $here/nvim.lua" ;;
+      -c "luafile $root/editors/nvim/tarka.lua" -c "lua
+        local ok, fault = pcall(dofile, '$here/nvim.lua')
+        if not ok then io.stderr:write(fault .. '\n') end
+        vim.cmd('cquit 1')" ;;
   emacs)
-    timeout 120 emacs -Q --batch -L "$root/editors/emacs" -l "$here/emacs.el" ;;
+    timeout 120 emacs --batch --no-init-file --no-splash \
+      --eval "(setq package-directory-list (list \"/usr/share/emacs/site-lisp/elpa\"))" -L "$root/editors/emacs" -l "$here/emacs.el" ;;
 esac

@@ -191,3 +191,13 @@ row = client.texts[client.path(program)].split("\n")[: edit["range"]["start"]["l
 client.change(program, (len("\n".join(row)) + 1, len("\n".join(row)) + 1, edit["newText"]))
 check("turned off", client.wait(program), [])
 assert client.end() == 0
+
+# A copybook that is opened by itself is read in a program that copies it.
+client = Client(tarka, directory, "--cics", "--sql")
+client.open("TOTALS.cpy")
+client.change("TOTALS.cpy", (0, 0, "       01  ORDER-NUMBER PIC X(4) COMP-3.\n"))
+copybook = client.path("TOTALS.cpy")
+client.until(lambda: any("ORDERS.cbl" in d["message"] for d in client.diagnostics.get(copybook, [])))
+found = places(client.ask("references", "TOTALS.cpy", "GRAND-TOTALS", 1, **everywhere))
+check("references from a copybook alone", found[0], here(36, "GRAND-TOTALS"))
+assert client.end() == 0

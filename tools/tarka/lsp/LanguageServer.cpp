@@ -7,7 +7,9 @@
 //===----------------------------------------------------------------------===//
 
 #include "lsp/LanguageServer.h"
+#include "Parse/SourceFile.h"
 #include "ProgramRun.h"
+#include "lsp/CopybookSearch.h"
 #include "lsp/Document.h"
 #include "lsp/Features.h"
 #include "lsp/ProgramUnit.h"
@@ -15,6 +17,7 @@
 #include "lsp/SnapshotProcess.h"
 #include "mlir/Tools/lsp-server-support/Transport.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include <cstdio>
 #include <fcntl.h>
@@ -69,6 +72,14 @@ struct OpenDocument {
   std::string uri;
   /// The path of the program whose snapshot answers for it.
   std::string program;
+  /// Of a copybook, the programs that may copy it and have not been tried, the next one last.
+  std::vector<std::string> candidates;
+};
+
+/// A search for the programs of a copybook.
+struct CopybookSearch {
+  std::string copybook;
+  std::unique_ptr<SnapshotProcess> process;
 };
 
 class LanguageServer {
@@ -100,6 +111,10 @@ private:
   void take(ProgramUnit &unit, llvm::json::Value analysis);
   void fail(ProgramUnit &unit, const std::string &reason);
   void adoptCopybooks(const ProgramUnit &unit);
+  void searchPrograms(const std::string &copybook);
+  void serveSearches();
+  void tryNextProgram(const std::string &copybook);
+  bool isNeeded(const ProgramUnit &unit) const;
   void removeUnused();
   void publish(ProgramUnit &unit, const llvm::json::Object &diagnostics);
   void publishFile(const std::string &path);
@@ -135,10 +150,13 @@ private:
   /// What snapshots print by mistake must not get among the messages.
   FileDescriptor nowhere;
 
+  /// The directories that the editor works on.
+  std::vector<std::string> folders;
   llvm::StringMap<OpenDocument> documents;
   llvm::StringMap<std::unique_ptr<ProgramUnit>> units;
   /// By file, then by program: what the program has found in the file.
   llvm::StringMap<std::map<std::string, llvm::json::Array>> published;
+  std::list<CopybookSearch> searches;
   /// Snapshots that have been killed and have not ended yet.
   std::vector<std::unique_ptr<SnapshotProcess>> ending;
   bool isShutDown = false;
@@ -196,6 +214,15 @@ void LanguageServer::initialize(const RawParams &parameters, Callback<llvm::json
       if (const llvm::json::Array *offered = general->getArray("positionEncodings"))
         if (llvm::is_contained(*offered, llvm::json::Value("utf-8")))
           encoding = PositionEncoding::Utf8;
+  if (const llvm::json::Array *given = parameters.object().getArray("workspaceFolders")) {
+    for (const llvm::json::Value &folder : *given)
+      if (const llvm::json::Object *one = folder.getAsObject())
+        if (std::optional<std::string> path = documentOf(*one))
+          folders.push_back(std::move(*path));
+  } else if (std::optional<llvm::StringRef> root = parameters.object().getString("rootUri")) {
+    if (std::optional<std::string> path = documentOf(llvm::json::Object{{"uri", *root}}))
+      folders.push_back(std::move(*path));
+  }
   llvm::json::Object capabilities{
       {"positionEncoding", encoding == PositionEncoding::Utf8 ? "utf-8" : "utf-16"},
       {"textDocumentSync", llvm::json::Object{{"openClose", true}, {"change", 2}, {"save", true}}}};
@@ -233,7 +260,9 @@ void LanguageServer::didOpen(const RawParams &parameters) {
       documents
           .try_emplace(*path, OpenDocument{Document(document->getString("text").value_or(""),
                                                     document->getInteger("version").value_or(0)),
-                                           document->getString("uri")->str(), *path})
+                                           document->getString("uri")->str(),
+                                           *path,
+                                           {}})
           .first->getValue();
   // A copybook belongs to a program that copies it.
   for (const auto &unit : units)
@@ -242,6 +271,8 @@ void LanguageServer::didOpen(const RawParams &parameters) {
       break;
     }
   unitOf(opened.program);
+  if (opened.program == *path && hasCopybookExtension(*path))
+    searchPrograms(*path);
   touch(*path);
 }
 
@@ -388,8 +419,11 @@ void LanguageServer::take(ProgramUnit &unit, llvm::json::Value analysis) {
       unit.copybooks.insert(*file.getAsString());
   unit.isIncomplete = found->getBoolean("isIncomplete").value_or(false);
   adoptCopybooks(unit);
-  if (const llvm::json::Object *diagnostics = found->getObject("diagnostics"))
+  // A program that was tried for a copybook in vain is removed without a word.
+  const llvm::json::Object *diagnostics = found->getObject("diagnostics");
+  if (diagnostics && isNeeded(unit))
     publish(unit, *diagnostics);
+  removeUnused();
 }
 
 /// The version cannot be analysed. What was known of the one before stays.
@@ -403,26 +437,85 @@ void LanguageServer::fail(ProgramUnit &unit, const std::string &reason) {
   publish(unit, llvm::json::Object{{unit.path, llvm::json::Array{std::move(diagnostic)}}});
 }
 
-/// Copybooks that are open and were checked by themselves, until \p unit was found to copy them.
+/// \p unit now answers for the open copybooks that it copies and that were checked by themselves,
+/// and no longer for one that it does not copy.
 void LanguageServer::adoptCopybooks(const ProgramUnit &unit) {
-  bool hasAdopted = false;
-  for (auto &document : documents)
-    if (document.getKey() != unit.path && document.getValue().program == document.getKey() &&
-        unit.copies(document.getKey())) {
-      document.getValue().program = unit.path;
-      hasAdopted = true;
+  for (auto &document : documents) {
+    const std::string path = document.getKey().str();
+    std::string &program = document.getValue().program;
+    if (path == unit.path)
+      continue;
+    if (program == path && unit.copies(path))
+      program = unit.path;
+    else if (program == unit.path && !unit.copies(path))
+      tryNextProgram(path);
+  }
+}
+
+/// Whether an open text is the program's, or that of a copybook that it answers for.
+bool LanguageServer::isNeeded(const ProgramUnit &unit) const {
+  return llvm::any_of(
+      documents, [&](const auto &document) { return document.getValue().program == unit.path; });
+}
+
+/// Looks for a program below the folders of the editor that copies \p copybook, which is open and
+/// until then is checked by itself.
+void LanguageServer::searchPrograms(const std::string &copybook) {
+  std::vector<std::string> directories = folders;
+  if (directories.empty())
+    directories.push_back(llvm::sys::path::parent_path(copybook).str());
+  WorkerOptions options;
+  options.standardOutput = nowhere.get();
+  llvm::Expected<std::unique_ptr<SnapshotProcess>> process = SnapshotProcess::start(
+      [&](int channel) {
+        FrameChannel(channel).send(
+            llvm::json::Object{{"programs", findProgramsWith(copybook, directories)}});
+        return 0;
+      },
+      options);
+  if (process)
+    searches.push_back({copybook, std::move(*process)});
+  else
+    llvm::consumeError(process.takeError());
+}
+
+void LanguageServer::serveSearches() {
+  for (auto search = searches.begin(); search != searches.end();) {
+    const bool isRunning = search->process->serve() && !search->process->isOverdue();
+    const std::optional<llvm::json::Value> found = search->process->takeAnalysis();
+    auto document = documents.find(search->copybook);
+    if (found && document != documents.end()) {
+      if (const llvm::json::Object *result = found->getAsObject())
+        if (const llvm::json::Array *programs = result->getArray("programs"))
+          for (const llvm::json::Value &program : llvm::reverse(*programs))
+            document->getValue().candidates.push_back(program.getAsString()->str());
+      if (document->getValue().program == search->copybook)
+        tryNextProgram(search->copybook);
     }
-  if (hasAdopted)
-    removeUnused();
+    if (isRunning && !found) {
+      ++search;
+      continue;
+    }
+    retire(std::move(search->process));
+    search = searches.erase(search);
+  }
+}
+
+/// Analyses the next program that may copy \p copybook; the copybook by itself when there is none.
+void LanguageServer::tryNextProgram(const std::string &copybook) {
+  OpenDocument &document = documents.find(copybook)->getValue();
+  std::vector<std::string> &candidates = document.candidates;
+  document.program = candidates.empty() ? copybook : candidates.back();
+  if (!candidates.empty())
+    candidates.pop_back();
+  unitOf(document.program);
 }
 
 /// Removes the programs that no open text needs.
 void LanguageServer::removeUnused() {
   std::vector<std::string> unused;
   for (const auto &unit : units)
-    if (llvm::none_of(documents, [&](const auto &document) {
-          return document.getValue().program == unit.getKey();
-        }))
+    if (!isNeeded(*unit.getValue()))
       unused.push_back(unit.getKey().str());
   for (const std::string &program : unused) {
     ProgramUnit &unit = *units[program];
@@ -439,17 +532,22 @@ void LanguageServer::removeUnused() {
     }
 }
 
-/// Publishes what \p unit has found by file, and withdraws what it had found before.
+/// Publishes what \p unit has found by file, and withdraws what it had found before. Of a program
+/// that is not open itself only what concerns open copybooks.
 void LanguageServer::publish(ProgramUnit &unit, const llvm::json::Object &diagnostics) {
+  const bool isOpen = documents.contains(unit.path);
+  auto isShown = [&](llvm::StringRef path) { return isOpen || documents.contains(path); };
   std::vector<std::string> changed;
   for (auto &file : published) {
     auto own = file.getValue().find(unit.path);
-    if (own == file.getValue().end() || diagnostics.get(file.getKey()))
+    if (own == file.getValue().end() || (diagnostics.get(file.getKey()) && isShown(file.getKey())))
       continue;
     file.getValue().erase(own);
     changed.push_back(file.getKey().str());
   }
   for (const auto &[path, value] : diagnostics) {
+    if (!isShown(path))
+      continue;
     llvm::json::Array &own = published[path][unit.path];
     const bool isSame = own == *value.getAsArray();
     own = *value.getAsArray();
@@ -547,6 +645,8 @@ ssize_t LanguageServer::readInput(char *buffer, std::size_t size) {
       for (SnapshotProcess *process : {unit.getValue()->ready.get(), unit.getValue()->next.get()})
         if (process)
           add(*process);
+    for (const CopybookSearch &search : searches)
+      add(*search.process);
     for (const std::unique_ptr<SnapshotProcess> &process : ending)
       add(*process);
 
