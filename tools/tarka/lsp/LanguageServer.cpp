@@ -379,6 +379,7 @@ void LanguageServer::serveUnits() {
   for (const std::string &name : names)
     if (auto unit = units.find(name); unit != units.end())
       serve(*unit->getValue());
+  serveSearches();
   llvm::erase_if(ending,
                  [](std::unique_ptr<SnapshotProcess> &process) { return !process->serve(); });
 }
