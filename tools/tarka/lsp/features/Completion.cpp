@@ -1,6 +1,7 @@
 //===- Completion.cpp - what can be written here --------------------------===//
 
 #include "AST/DataDescription.h"
+#include "AST/IntrinsicFunctions.h"
 #include "AST/Scope.h"
 #include "Parse/Keywords.h"
 #include "Parse/SourceFile.h"
@@ -121,7 +122,7 @@ public:
                  {"INPUT", "OUTPUT", "I-O", "EXTEND", "READ", "CLOSE", "START", "RETURN"}))
       addSymbols({SymbolKind::File});
     else if (context.isAfter({"FUNCTION"}))
-      ; // The meanings of functions are not written yet.
+      addFunctions();
     else {
       addSymbols({SymbolKind::Item, SymbolKind::ConditionName, SymbolKind::IndexName,
                   SymbolKind::File, SymbolKind::SpecialName, SymbolKind::SpecialRegister});
@@ -237,6 +238,12 @@ private:
          })
       if (fits(word))
         add(inCase(word), Keyword, "", '3');
+  }
+
+  void addFunctions() {
+    for (const IntrinsicFunction &function : intrinsicFunctions())
+      if (fits(function.name))
+        add(inCase(function.name), Function, "", '1');
   }
 
   void addCopybooks() {

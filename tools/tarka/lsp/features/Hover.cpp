@@ -6,6 +6,7 @@
 #include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
 #include "lsp/features/Meanings.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka::lsp {
 
