@@ -81,7 +81,7 @@ llvm::SmallVector<SymbolId, 2> Snapshot::symbolsAt(const SourcePoint &point) {
 const CopyUse *Snapshot::copyAt(const SourcePoint &point) {
   for (const CopyUse &use : compilation->getExpansion().getCopies())
     if (use.place.file == point.file && use.place.beginLine == point.line &&
-        use.place.beginColumn <= point.column && point.column <= use.place.endColumn + 1)
+        use.place.beginColumn <= point.column && point.column <= use.place.endColumn + 1u)
       return &use;
   return nullptr;
 }

@@ -399,8 +399,10 @@ llvm::Expected<llvm::json::Value> format(Snapshot &snapshot, const llvm::json::O
     if (!from || !to)
       return llvm::createStringError("the range is not in the document");
     first = from->line;
+    last = to->line;
     // A range that ends before the first character of a line does not hold the line.
-    last = to->column == 1 && to->line > first ? to->line - 1 : to->line;
+    if (to->column == 1 && last > first)
+      --last;
   }
   return Formatter(snapshot, *file, static_cast<unsigned>(indentation)).edits(first, last);
 }
