@@ -419,6 +419,11 @@ void LanguageServer::take(ProgramUnit &unit, llvm::json::Value analysis) {
     for (const llvm::json::Value &file : *files)
       unit.copybooks.insert(*file.getAsString());
   unit.isIncomplete = found->getBoolean("isIncomplete").value_or(false);
+  // A text that changed during the first analysis was not known to be part of the program.
+  for (const auto &document : documents)
+    if (unit.copies(document.getKey().str()) &&
+        unit.versions[document.getKey()] != document.getValue().text.getVersion())
+      unit.isStale = true;
   adoptCopybooks(unit);
   // A program that was tried for a copybook in vain is removed without a word.
   const llvm::json::Object *diagnostics = found->getObject("diagnostics");
