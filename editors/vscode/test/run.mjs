@@ -77,6 +77,7 @@ class Editor {
     await this.page.waitForSelector('.quick-input-widget input', { visible: true });
     await this.page.keyboard.type(`${line}:${column}`);
     await this.page.keyboard.press('Enter');
+    await this.page.waitForFunction((wanted) => document.querySelector('.statusbar')?.textContent.includes(wanted), {}, `Ln ${line}, Col ${column}`);
   }
 
   /** Waits until some element of the page has the text. */
@@ -98,6 +99,8 @@ class Editor {
   }
 
   async picture(name) {
+    // What appears fades in.
+    await new Promise((resolve) => setTimeout(resolve, 500));
     if (pictures) await this.page.screenshot({ path: path.join(pictures, `${name}.png`) });
   }
 }
