@@ -46,7 +46,8 @@ static bool isMisspeltInclude(llvm::StringRef text) {
   if (words.size() < 2 || words.size() > 3)
     return false;
   auto isInclude = [](llvm::StringRef word) { return word.equals_insensitive("INCLUDE"); };
-  SpellingMatch match(words.front().upper());
+  const std::string first = words.front().upper();
+  SpellingMatch match(first);
   return (words.size() == 2 && !isInclude(words.front()) && match.consider("INCLUDE")) ||
          llvm::any_of(llvm::drop_begin(words), isInclude);
 }

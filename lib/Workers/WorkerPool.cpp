@@ -165,6 +165,7 @@ bool WorkerPool::hasRoom() const {
 /// Carries out the tasks whose names come from the parent, until there are no more or the memory
 /// that they have left behind is too much.
 static int carryOutTasks(int channel, const WorkerPool::Task &task, std::uint64_t keptBytes) {
+  const std::uint64_t before = peakMemory();
   std::uint64_t size;
   while (readAll(channel, reinterpret_cast<char *>(&size), sizeof size)) {
     std::string name(size, '\0');
@@ -178,7 +179,7 @@ static int carryOutTasks(int channel, const WorkerPool::Task &task, std::uint64_
     llvm::errs().flush();
     const std::string out = takeCapture(STDOUT_FILENO);
     const std::string err = takeCapture(STDERR_FILENO);
-    header.isLast = peakMemory() > keptBytes;
+    header.isLast = peakMemory() - before > keptBytes;
     header.answerSize = answer.size();
     header.outSize = out.size();
     header.errSize = err.size();

@@ -47,8 +47,8 @@ struct WorkerPoolOptions {
   /// The limits of their memory, see WorkerOptions.
   std::uint64_t maxBytes = 0;
   std::uint64_t reservedBytes = 0;
-  /// A worker is replaced by a new one when it has more than this much memory, in bytes, after a
-  /// task.
+  /// A worker is replaced by a new one when it has this much more memory, in bytes, after a task
+  /// than it began with.
   std::uint64_t keptBytes = 256u << 20;
   /// Called once in each worker with the function that does all its work: it makes what the tasks
   /// need, calls the function, and returns. Empty where they need nothing.

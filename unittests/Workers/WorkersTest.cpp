@@ -116,10 +116,13 @@ TEST(WorkerPool, FailuresDoNotDependOnEarlierTasks) {
 // A worker does not grow without end.
 TEST(WorkerPool, LargeWorkersAreReplaced) {
   static int carriedOut = 0;
-  WorkerPool pool({.jobs = 1, .keptBytes = 1}, [](const std::string &, llvm::raw_ostream &answer) {
-    answer << ++carriedOut;
-    return 0;
-  });
+  static std::string left;
+  WorkerPool pool({.jobs = 1, .keptBytes = 1u << 20},
+                  [](const std::string &, llvm::raw_ostream &answer) {
+                    left.assign(32u << 20, 'x');
+                    answer << ++carriedOut;
+                    return 0;
+                  });
   for (const WorkerResult &result : runAll(pool, 5))
     EXPECT_EQ(result.answer, "1");
 }
