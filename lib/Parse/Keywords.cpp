@@ -88,14 +88,15 @@ private:
 };
 
 /// Whether two texts of at most sixteen characters and the same size are equal.
-bool isEqualShort(const char *left, const char *right, size_t size) {
+bool isEqualShort(llvm::StringRef left, llvm::StringRef right) {
+  const size_t size = left.size();
   if (size >= 8)
-    return load<uint64_t>(left) == load<uint64_t>(right) &&
-           load<uint64_t>(left + size - 8) == load<uint64_t>(right + size - 8);
+    return load<uint64_t>(left.begin()) == load<uint64_t>(right.begin()) &&
+           load<uint64_t>(left.end() - 8) == load<uint64_t>(right.end() - 8);
   if (size >= 4)
-    return load<uint32_t>(left) == load<uint32_t>(right) &&
-           load<uint32_t>(left + size - 4) == load<uint32_t>(right + size - 4);
-  return std::equal(left, left + size, right);
+    return load<uint32_t>(left.begin()) == load<uint32_t>(right.begin()) &&
+           load<uint32_t>(left.end() - 4) == load<uint32_t>(right.end() - 4);
+  return left == right;
 }
 
 } // namespace
@@ -122,7 +123,7 @@ WordLookup WordTable::lookup(llvm::StringRef spelling) {
     if (slot.hash != hash)
       continue;
     if (slot.size == spelling.size() && slot.size > 0 &&
-        isEqualShort(slot.text, spelling.data(), slot.size))
+        isEqualShort({slot.text, slot.size}, spelling))
       return {slot.interned, true, slot.keyword};
     llvm::StringRef text = slot.size ? llvm::StringRef(slot.text, slot.size) : *slot.interned;
     if (!slot.size && text == spelling)

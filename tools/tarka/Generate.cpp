@@ -72,7 +72,7 @@ std::string escape(llvm::StringRef text, llvm::StringRef special) {
 }
 
 /// \p text between apostrophes, for zsh.
-std::string quote(std::string text) {
+std::string quote(llvm::StringRef text) {
   std::string quoted = "'";
   for (const char c : text)
     quoted += c == '\'' ? std::string("'\\''") : std::string(1, c);

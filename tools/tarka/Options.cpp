@@ -105,9 +105,9 @@ std::string addRule(Request &request, Selection::Action action, llvm::StringRef 
          llvm::join(names, ", ") + suggestWord(word, names);
 }
 
-template <Selection::Action action>
+template <Selection::Action Chosen>
 std::string addRules(Request &request, const OptionValue &value) {
-  return addRule(request, action, value.text);
+  return addRule(request, Chosen, value.text);
 }
 
 /// -Wno-NUMBER, -Werror=NUMBER, -Wno-error=NUMBER.

@@ -260,7 +260,7 @@ void LanguageServer::didOpen(const RawParams &parameters) {
       documents
           .try_emplace(*path, OpenDocument{Document(document->getString("text").value_or(""),
                                                     document->getInteger("version").value_or(0)),
-                                           document->getString("uri")->str(),
+                                           document->getString("uri").value_or("").str(),
                                            *path,
                                            {}})
           .first->getValue();
@@ -279,8 +279,10 @@ void LanguageServer::didOpen(const RawParams &parameters) {
 void LanguageServer::didChange(const RawParams &parameters) {
   const std::optional<std::string> path = documentOf(parameters.object());
   const llvm::json::Array *changes = parameters.object().getArray("contentChanges");
-  auto found = path ? documents.find(*path) : documents.end();
-  if (found == documents.end() || !changes)
+  if (!path || !changes)
+    return;
+  auto found = documents.find(*path);
+  if (found == documents.end())
     return;
   const std::optional<std::int64_t> version =
       parameters.object().getObject("textDocument")->getInteger("version");
@@ -417,7 +419,7 @@ void LanguageServer::take(ProgramUnit &unit, llvm::json::Value analysis) {
   unit.copybooks.clear();
   if (const llvm::json::Array *files = found->getArray("files"))
     for (const llvm::json::Value &file : *files)
-      unit.copybooks.insert(*file.getAsString());
+      unit.copybooks.insert(file.getAsString().value_or(""));
   unit.isIncomplete = found->getBoolean("isIncomplete").value_or(false);
   // A text that changed during the first analysis was not known to be part of the program.
   for (const auto &document : documents)
@@ -494,7 +496,7 @@ void LanguageServer::serveSearches() {
       if (const llvm::json::Object *result = found->getAsObject())
         if (const llvm::json::Array *programs = result->getArray("programs"))
           for (const llvm::json::Value &program : llvm::reverse(*programs))
-            document->getValue().candidates.push_back(program.getAsString()->str());
+            document->getValue().candidates.push_back(program.getAsString().value_or("").str());
       if (document->getValue().program == search->copybook)
         tryNextProgram(search->copybook);
     }

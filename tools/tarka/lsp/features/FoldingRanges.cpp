@@ -12,8 +12,8 @@ void addOutline(const llvm::json::Array &outline, llvm::json::Array &ranges) {
   for (const llvm::json::Value &value : outline) {
     const llvm::json::Object &element = *value.getAsObject();
     const llvm::json::Object &range = *element.getObject("range");
-    const std::int64_t first = *range.getObject("start")->getInteger("line");
-    const std::int64_t last = *range.getObject("end")->getInteger("line");
+    const std::int64_t first = range.getObject("start")->getInteger("line").value_or(0);
+    const std::int64_t last = range.getObject("end")->getInteger("line").value_or(0);
     if (last > first)
       ranges.push_back(llvm::json::Object{{"startLine", first}, {"endLine", last}});
     if (const llvm::json::Array *children = element.getArray("children"))

@@ -194,7 +194,7 @@ void Formatter::alignPictures(llvm::ArrayRef<CodeLine *> entries) {
       llvm::max_element(count, [](const auto &a, const auto &b) { return a.second < b.second; });
   if (usual == count.end())
     return;
-  const bool isUsual = usual->second * 2 > entries.size() && usual->first > needed;
+  const bool isUsual = usual->second > entries.size() / 2 && usual->first > needed;
   for (CodeLine *line : entries)
     line->wantedPicture = isUsual ? usual->first : std::max(needed + 1, areaB() + 28);
 }
