@@ -342,6 +342,16 @@ SortKey *FileStatements::parseSortKey() {
   return parseIdentifiers(*key, &SortKey::addKeyName) ? complete(key) : nullptr;
 }
 
+/// [WITH] DUPLICATES [IN] [ORDER]
+bool FileStatements::parseDuplicates() {
+  accept(Keyword::With);
+  if (!expect(Keyword::Duplicates))
+    return false;
+  accept(Keyword::In);
+  accept(Keyword::Order);
+  return true;
+}
+
 /// [[COLLATING] SEQUENCE [IS] alphabet-name], if it is next. False after a message.
 bool FileStatements::parseCollatingSequence(Word *&alphabet) {
   if (!at(Keyword::Collating, Keyword::Sequence))
@@ -407,13 +417,8 @@ StatementResult FileStatements::parseSortTable(const SourceRange &begin) {
       sort->addPart(key);
     }
   }
-  if (at(Keyword::With, Keyword::Duplicates)) {
-    accept(Keyword::With);
-    if (!expect(Keyword::Duplicates))
-      return nullptr;
-    accept(Keyword::In);
-    accept(Keyword::Order);
-  }
+  if (at(Keyword::With, Keyword::Duplicates) && !parseDuplicates())
+    return nullptr;
   Word *alphabet = nullptr;
   return parseCollatingSequence(alphabet) ? complete(sort) : nullptr;
 }
@@ -435,11 +440,8 @@ StatementResult FileStatements::parseSort() {
     return nullptr;
 
   if (at(Keyword::With, Keyword::Duplicates)) {
-    accept(Keyword::With);
-    if (!expect(Keyword::Duplicates))
+    if (!parseDuplicates())
       return nullptr;
-    accept(Keyword::In);
-    accept(Keyword::Order);
     sort->setIsDuplicates(true);
   }
   Word *alphabet = nullptr;

@@ -34,6 +34,7 @@ private:
   bool parseWriteAdvancing(WriteStatement &write);
   bool atSortKey();
   SortKey *parseSortKey();
+  bool parseDuplicates();
   bool parseCollatingSequence(Word *&alphabet);
   SortIO *parseSortIO(Keyword filesWord, Keyword procedureWord);
 };

@@ -1,9 +1,7 @@
 //===- Features.cpp - the requests that a snapshot answers ----------------===//
 
 #include "lsp/Features.h"
-#include "lsp/features/Formatting.h"
 #include "lsp/features/Handlers.h"
-#include "lsp/features/Views.h"
 #include "llvm/ADT/STLExtras.h"
 
 namespace tarka::lsp {

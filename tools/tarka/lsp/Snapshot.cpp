@@ -142,6 +142,12 @@ std::optional<unsigned> Snapshot::fileOf(const llvm::json::Object &parameters) {
   return std::nullopt;
 }
 
+bool Snapshot::isFixedForm(unsigned file) {
+  return llvm::any_of(compilation->getExpansion().getTexts(), [&](const ExpandedText &text) {
+    return text.file && text.file->getNumber() == file && text.format == SourceFormat::Fixed;
+  });
+}
+
 llvm::StringRef Snapshot::lineOf(unsigned file, unsigned number) {
   return compilation->getLines().line(file, number);
 }

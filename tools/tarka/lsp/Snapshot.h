@@ -88,6 +88,8 @@ public:
   std::optional<SourcePoint> pointOf(unsigned file, const llvm::json::Object &position);
   /// The file that a request of a document asks about.
   std::optional<unsigned> fileOf(const llvm::json::Object &parameters);
+  /// Whether the lines of a file of the program are in fixed form.
+  bool isFixedForm(unsigned file);
   /// Line \p number of a file, from 1, as UTF-8.
   llvm::StringRef lineOf(unsigned file, unsigned number);
 

@@ -79,11 +79,7 @@ void addWords(llvm::StringRef text, llvm::SmallVectorImpl<std::string> &words) {
 }
 
 Context contextAt(Snapshot &snapshot, const SourcePoint &point) {
-  SourceFormat format = SourceFormat::Free;
-  for (const ExpandedText &text : snapshot.getCompilation().getExpansion().getTexts())
-    if (text.file->getNumber() == point.file)
-      format = text.format;
-  const bool isFixedForm = format == SourceFormat::Fixed;
+  const bool isFixedForm = snapshot.isFixedForm(point.file);
   const llvm::StringRef line =
       sliceColumns(snapshot.lineOf(point.file, point.line), 1, point.column - 1);
   Context context;

@@ -5,13 +5,12 @@
 //
 //===----------------------------------------------------------------------===//
 
-#include "lsp/features/Formatting.h"
 #include "AST/DataTree.h"
 #include "AST/NestedStatements.h"
 #include "AST/Program.h"
 #include "Print/LayoutModel.h"
 #include "Report/Excerpt.h"
-#include "lsp/Snapshot.h"
+#include "lsp/features/Handlers.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
@@ -36,7 +35,8 @@ struct CodeLine {
 class Formatter {
 public:
   Formatter(Snapshot &owner, unsigned fileNumber, unsigned indentation)
-      : snapshot(owner), file(fileNumber), step(indentation) {}
+      : snapshot(owner), file(fileNumber), step(indentation),
+        isFixed(owner.isFixedForm(fileNumber)) {}
 
   llvm::json::Array edits(unsigned firstLine, unsigned lastLine);
 
@@ -64,7 +64,7 @@ private:
   Snapshot &snapshot;
   unsigned file;
   unsigned step; ///< what each level of nesting adds
-  bool isFixed = true;
+  bool isFixed;
   unsigned areaA = areaAColumn;
   /// By number. Lines that are not to be touched are absent.
   std::map<unsigned, CodeLine> lines;
@@ -365,9 +365,6 @@ bool Formatter::addEdits(llvm::json::Array &edits, unsigned number, const CodeLi
 }
 
 llvm::json::Array Formatter::edits(unsigned firstLine, unsigned lastLine) {
-  for (const ExpandedText &text : snapshot.getCompilation().getExpansion().getTexts())
-    if (text.file && text.file->getNumber() == file)
-      isFixed = text.format == SourceFormat::Fixed;
   readLines(snapshot.getCompilation().getLines().textOf(file));
   if (!isFixed && !lines.empty())
     areaA = lines.begin()->second.first;
@@ -383,7 +380,7 @@ llvm::json::Array Formatter::edits(unsigned firstLine, unsigned lastLine) {
 
 } // namespace
 
-llvm::Expected<llvm::json::Value> format(Snapshot &snapshot, const llvm::json::Object &parameters) {
+Answer format(Snapshot &snapshot, const Parameters &parameters) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
   if (!file)
     return nullptr;

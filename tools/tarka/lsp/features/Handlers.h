@@ -41,6 +41,25 @@ Answer codeAction(Snapshot &snapshot, const Parameters &parameters);
 /// "places", which are Locations.
 Answer codeLens(Snapshot &snapshot, const Parameters &parameters);
 
+/// The edits that put the lines of a document, or of a range of it, where they belong: headers and
+/// records in area A, entries by their level, statements by their nesting, PICTURE clauses of a
+/// record below each other. Only blanks change. Sequence numbers, text after column 72, comments,
+/// continued lines and lines with tabs stay, and so does a line that would become too long.
+Answer format(Snapshot &snapshot, const Parameters &parameters);
+
+// Commands that show something beside the source. Their parameters have the document and what of it
+// is meant: "position", or "name", a record or a procedure. They give "title"; "kind", which is
+// "text" or, for a graph in the language of Graphviz, "dot"; "language", which is "cobol" for
+// source and "plaintext" for tables; and "content".
+
+/// The records with their offsets and sizes, or the one of that name.
+Answer showLayout(Snapshot &snapshot, const Parameters &parameters);
+/// The control flow of the procedure that is named or that the position is in; where there is none,
+/// of the program with one box for each procedure.
+Answer showFlow(Snapshot &snapshot, const Parameters &parameters);
+/// The source after COPY and REPLACE.
+Answer showExpanded(Snapshot &snapshot, const Parameters &parameters);
+
 /// A request that cannot be carried out, because of \p reason.
 llvm::Error refuse(const llvm::Twine &reason);
 

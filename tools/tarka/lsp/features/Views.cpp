@@ -1,13 +1,12 @@
 //===- Views.cpp - what commands show beside the source -------------------===//
 
-#include "lsp/features/Views.h"
 #include "Analyzer/CFGBuilder.h"
 #include "Flow/FlowGraph.h"
 #include "Print/PrintExpansion.h"
 #include "Print/PrintGraph.h"
 #include "Print/PrintLayout.h"
 #include "Report/Utf8.h"
-#include "lsp/Snapshot.h"
+#include "lsp/features/Handlers.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 
@@ -59,8 +58,7 @@ GraphView selectView(const CFGModule &module, Snapshot &snapshot,
 
 } // namespace
 
-llvm::Expected<llvm::json::Value> showLayout(Snapshot &snapshot,
-                                             const llvm::json::Object &parameters) {
+Answer showLayout(Snapshot &snapshot, const Parameters &parameters) {
   LayoutView wanted;
   wanted.record = parameters.getString("name").value_or("").str();
   if (!wanted.record.empty())
@@ -73,8 +71,7 @@ llvm::Expected<llvm::json::Value> showLayout(Snapshot &snapshot,
               "plaintext", text);
 }
 
-llvm::Expected<llvm::json::Value> showFlow(Snapshot &snapshot,
-                                           const llvm::json::Object &parameters) {
+Answer showFlow(Snapshot &snapshot, const Parameters &parameters) {
   const CFGModule &module = snapshot.getGraph();
   GraphView wanted = selectView(module, snapshot, parameters);
   if (auto missing = explainMissingProcedure(module, wanted))
@@ -86,7 +83,7 @@ llvm::Expected<llvm::json::Value> showFlow(Snapshot &snapshot,
               "dot", dot);
 }
 
-llvm::Expected<llvm::json::Value> showExpanded(Snapshot &snapshot, const llvm::json::Object &) {
+Answer showExpanded(Snapshot &snapshot, const Parameters &) {
   std::string text;
   llvm::raw_string_ostream os(text);
   printExpansionText(os, snapshot.getCompilation().getExpansion(), {});
