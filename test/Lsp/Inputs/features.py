@@ -201,3 +201,16 @@ client.until(lambda: any("ORDERS.cbl" in d["message"] for d in client.diagnostic
 found = places(client.ask("references", "TOTALS.cpy", "GRAND-TOTALS", 1, **everywhere))
 check("references from a copybook alone", found[0], here(36, "GRAND-TOTALS"))
 assert client.end() == 0
+
+# A program in good form stays as it is; in bad form, only blanks change.
+client = Client(tarka, directory)
+example = str(Path(__file__).resolve().parents[3] / "examples/update/CUSTUPD.cbl")
+client.open(example)
+options = {"tabSize": 4, "insertSpaces": True}
+check("a program in form", client.about("formatting", example, options=options), [])
+text = client.texts[client.path(example)]
+begin = text.index("MOVE OLD-REGION TO WS-LAST-REGION")
+client.change(example, (begin - 6, begin, ""))
+edits = client.about("formatting", example, options=options)
+check("one line", [(e["range"]["start"]["character"], e["newText"]) for e in edits], [(7, " " * 8)])
+assert client.end() == 0

@@ -310,11 +310,16 @@ void Formatter::placeUnit(const SourceUnit &unit) {
 void Formatter::placeTheRest() {
   int shift = 0;
   for (auto &[number, line] : lines) {
-    if (line.wanted)
+    const std::string word = firstWord(line.text.drop_front(line.first - 1));
+    if (line.wanted) {
       shift = static_cast<int>(line.wanted) - static_cast<int>(line.first);
-    else
+    } else if (word == "COPY" || word == "REPLACE") {
+      // What they bring begins in either area.
+      line.wanted = line.first;
+    } else {
       line.wanted = static_cast<unsigned>(
           std::max(static_cast<int>(areaB()), static_cast<int>(line.first) + shift));
+    }
   }
 }
 
