@@ -21,6 +21,8 @@ constexpr Feature table[] = {
     {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename, TextNeeded::Present},
     {"textDocument/hover", "hoverProvider", on, hover},
     {"textDocument/completion", "completionProvider", R"({"triggerCharacters":["-"]})", completion},
+    {"textDocument/signatureHelp", "signatureHelpProvider",
+     R"({"triggerCharacters":["("," ",","]})", signatureHelp},
     {"textDocument/prepareCallHierarchy", "callHierarchyProvider", on, prepareCallHierarchy},
     {"callHierarchy/incomingCalls", "", "", incomingCalls},
     {"callHierarchy/outgoingCalls", "", "", outgoingCalls},
