@@ -318,8 +318,10 @@ bool answer(Snapshot &snapshot, const llvm::json::Object &question, std::uint32_
   std::string text;
   llvm::raw_string_ostream os(text);
   llvm::json::OStream out(os);
-  if (llvm::Error refusal = feature->handler.answer(snapshot, *parameters, out))
+  if (llvm::Error refusal = feature->handler.answer(snapshot, *parameters, out)) {
+    out.value(nullptr); // a stream wants a value
     return server.send(Frame::Refusal, llvm::toString(std::move(refusal)), number);
+  }
   const bool isEmpty = text == "null" || text == "[]";
   return server.send(isEmpty ? Frame::EmptyAnswer : Frame::Answer, text, number);
 }
