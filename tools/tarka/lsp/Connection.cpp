@@ -109,12 +109,11 @@ void Connection::reply(const llvm::json::Value &id, llvm::StringRef result) {
 void Connection::fail(const llvm::json::Value &id, mlir::lsp::ErrorCode code,
                       llvm::StringRef message) {
   std::string body;
-  llvm::raw_string_ostream(body)
-      << llvm::json::Value(llvm::json::Object{
-             {"jsonrpc", "2.0"},
-             {"id", id},
-             {"error", llvm::json::Object{{"code", static_cast<int>(code)},
-                                          {"message", llvm::json::fixUTF8(message)}}}});
+  llvm::raw_string_ostream(body) << llvm::json::Value(
+      llvm::json::Object{{"jsonrpc", "2.0"},
+                         {"id", id},
+                         {"error", llvm::json::Object{{"code", static_cast<int>(code)},
+                                                      {"message", llvm::json::fixUTF8(message)}}}});
   send(body);
 }
 

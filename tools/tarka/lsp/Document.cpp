@@ -37,8 +37,8 @@ std::size_t Document::offsetOf(std::int64_t line, std::int64_t character,
 }
 
 mlir::lsp::Position Document::positionOf(std::size_t offset, PositionEncoding encoding) {
-  const auto line =
-      std::prev(llvm::partition_point(getLines(), [&](std::size_t begin) { return begin <= offset; }));
+  const auto line = std::prev(
+      llvm::partition_point(getLines(), [&](std::size_t begin) { return begin <= offset; }));
   const llvm::StringRef before = llvm::StringRef(text).slice(*line, offset);
   return {static_cast<int>(line - lines.begin()), static_cast<int>(countUnits(before, encoding))};
 }

@@ -9,12 +9,13 @@ void EditMap::add(std::size_t begin, std::size_t end, std::size_t length) {
   // The hunks that the edit overlaps or touches become one with it.
   const auto first =
       llvm::partition_point(hunks, [&](const Hunk &hunk) { return hunk.laterEnd < begin; });
-  const auto last = std::partition_point(
-      first, hunks.end(), [&](const Hunk &hunk) { return hunk.laterBegin <= end; });
+  const auto last = std::partition_point(first, hunks.end(),
+                                         [&](const Hunk &hunk) { return hunk.laterBegin <= end; });
   // How far the unchanged text before and behind them has moved, modulo the size of a word.
   const std::size_t before =
       first == hunks.begin() ? 0 : std::prev(first)->laterEnd - std::prev(first)->end;
-  const std::size_t behind = last == hunks.begin() ? 0 : std::prev(last)->laterEnd - std::prev(last)->end;
+  const std::size_t behind =
+      last == hunks.begin() ? 0 : std::prev(last)->laterEnd - std::prev(last)->end;
   Hunk merged{begin - before, end - behind, begin, end};
   if (first != last) {
     merged.begin = std::min(merged.begin, first->begin);
@@ -33,13 +34,15 @@ void EditMap::add(std::size_t begin, std::size_t end, std::size_t length) {
 
 std::pair<std::size_t, std::size_t> EditMap::toLater(std::size_t begin, std::size_t end) const {
   // Text that stands before the first byte or behind the last one is outside.
-  const auto atBegin = llvm::partition_point(hunks, [&](const Hunk &hunk) { return hunk.begin <= begin; });
+  const auto atBegin =
+      llvm::partition_point(hunks, [&](const Hunk &hunk) { return hunk.begin <= begin; });
   std::size_t laterBegin = begin;
   if (atBegin != hunks.begin()) {
     const Hunk &hunk = *std::prev(atBegin);
     laterBegin = hunk.laterEnd + (std::max(begin, hunk.end) - hunk.end);
   }
-  const auto atEnd = llvm::partition_point(hunks, [&](const Hunk &hunk) { return hunk.begin < end; });
+  const auto atEnd =
+      llvm::partition_point(hunks, [&](const Hunk &hunk) { return hunk.begin < end; });
   std::size_t laterEnd = end;
   if (atEnd != hunks.begin()) {
     const Hunk &hunk = *std::prev(atEnd);

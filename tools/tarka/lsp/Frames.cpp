@@ -19,8 +19,7 @@ constexpr std::size_t blockSize = 1 << 16;
 
 } // namespace
 
-void appendFrame(std::string &bytes, Frame::Kind kind, std::uint32_t number,
-                 llvm::StringRef text) {
+void appendFrame(std::string &bytes, Frame::Kind kind, std::uint32_t number, llvm::StringRef text) {
   char head[headSize] = {static_cast<char>(kind)};
   write32le(head + numberAt, number);
   write32le(head + lengthAt, static_cast<std::uint32_t>(text.size()));

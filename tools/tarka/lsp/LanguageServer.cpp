@@ -256,8 +256,7 @@ void LanguageServer::handle(const Message &message) {
   else if (feature && !feature->isCommand())
     ask(*feature, *message.id, message.parameters);
   else if (isRequest)
-    editor.fail(*message.id, ErrorCode::MethodNotFound,
-                "there is no request " + message.method);
+    editor.fail(*message.id, ErrorCode::MethodNotFound, "there is no request " + message.method);
 }
 
 void LanguageServer::initialize(const Message &message) {
@@ -287,11 +286,11 @@ void LanguageServer::initialize(const Message &message) {
     if (feature.isCommand())
       commands.push_back(feature.method);
   capabilities["executeCommandProvider"] = llvm::json::Object{{"commands", std::move(commands)}};
-  editor.reply(*message.id,
-               textOf(llvm::json::Object{
-                   {"capabilities", std::move(capabilities)},
-                   {"serverInfo",
-                    llvm::json::Object{{"name", "tarka"}, {"version", TARKA_VERSION}}}}));
+  editor.reply(
+      *message.id,
+      textOf(llvm::json::Object{
+          {"capabilities", std::move(capabilities)},
+          {"serverInfo", llvm::json::Object{{"name", "tarka"}, {"version", TARKA_VERSION}}}}));
 }
 
 void LanguageServer::shutdown(const Message &message) {
@@ -501,8 +500,8 @@ void LanguageServer::serve(ProgramUnit &unit) {
 /// does not count.
 void LanguageServer::judge(ProgramUnit &unit) {
   unit.isJudged = true;
-  if (unit.understood && unit.ready->getReliability()->syntaxErrors <=
-                             unit.understood->getReliability()->syntaxErrors)
+  if (unit.understood &&
+      unit.ready->getReliability()->syntaxErrors <= unit.understood->getReliability()->syntaxErrors)
     retire(std::move(unit.understood));
 }
 
@@ -701,10 +700,10 @@ void LanguageServer::ask(const Feature &feature, llvm::json::Value id,
   if (document == documents.end())
     return editor.reply(id, "null");
   openRequests.insert(textOf(id));
-  std::string question = textOf(
-      llvm::json::Object{{"method", feature.method}, {"params", std::move(parameters)}});
-  forward(std::make_shared<ForwardedRequest>(ForwardedRequest{
-      std::move(id), feature, document->getValue().program, std::move(question)}));
+  std::string question =
+      textOf(llvm::json::Object{{"method", feature.method}, {"params", std::move(parameters)}});
+  forward(std::make_shared<ForwardedRequest>(
+      ForwardedRequest{std::move(id), feature, document->getValue().program, std::move(question)}));
 }
 
 /// Asks the newest snapshot. Where it knows nothing, or where it has lost names because of what is
@@ -763,8 +762,7 @@ void LanguageServer::executeCommand(const Message &message) {
   const llvm::json::Array *arguments = message.parameters.getArray("arguments");
   if (!feature || !feature->isCommand() || !arguments || arguments->empty())
     return editor.fail(*message.id, ErrorCode::InvalidParams,
-                       "there is no command " + name.value_or("").str() +
-                           " with these arguments");
+                       "there is no command " + name.value_or("").str() + " with these arguments");
   llvm::json::Object parameters;
   if (arguments->size() > 1)
     if (const llvm::json::Object *what = (*arguments)[1].getAsObject())
@@ -783,9 +781,8 @@ bool LanguageServer::wait() {
   std::vector<pollfd> waiting{{editor.getInput(), POLLIN, 0}};
   auto add = [&](const std::unique_ptr<SnapshotProcess> &process) {
     if (process)
-      waiting.push_back(
-          {process->getDescriptor(),
-           static_cast<short>(process->hasOutput() ? POLLIN | POLLOUT : POLLIN), 0});
+      waiting.push_back({process->getDescriptor(),
+                         static_cast<short>(process->hasOutput() ? POLLIN | POLLOUT : POLLIN), 0});
   };
   for (const auto &unit : units) {
     add(unit.getValue()->understood);

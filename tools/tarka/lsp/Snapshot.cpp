@@ -69,8 +69,8 @@ Reliability Snapshot::getReliability() {
   if (!getProgram())
     return result;
   result.syntaxErrors = compilation->getFrontEnd().getErrorCount();
-  result.declarations = llvm::count_if(
-      getIndex().getSymbols(), [](const Symbol &symbol) { return symbol.place.file != 0; });
+  result.declarations = llvm::count_if(getIndex().getSymbols(),
+                                       [](const Symbol &symbol) { return symbol.place.file != 0; });
   return result;
 }
 
@@ -206,8 +206,9 @@ std::optional<SourcePoint> Snapshot::pointOf(unsigned file, const llvm::json::Ob
       return std::nullopt;
     const mlir::lsp::Position place = text->analysed.positionOf(*offset, PositionEncoding::Utf8);
     const auto number = static_cast<unsigned>(place.line) + 1;
-    return SourcePoint{file, number,
-                       columnOfOffset(lineOf(file, number), static_cast<std::size_t>(place.character))};
+    return SourcePoint{
+        file, number,
+        columnOfOffset(lineOf(file, number), static_cast<std::size_t>(place.character))};
   }
   return pointIn(file, *line, *character);
 }
@@ -238,8 +239,8 @@ void Snapshot::change(const llvm::json::Object &parameters) {
   if (!changes || text == given.texts.end())
     return;
   const std::string &analysed = *text->getValue();
-  ChangedText &now =
-      changed.try_emplace(*document, ChangedText{{analysed, 0}, {analysed, 0}, {}}).first->getValue();
+  ChangedText &now = changed.try_emplace(*document, ChangedText{{analysed, 0}, {analysed, 0}, {}})
+                         .first->getValue();
   now.present.change(*changes, 0, encoding, &now.edits);
 }
 

@@ -75,7 +75,8 @@ public:
   int getDescriptor() const { return worker.getChannel(); }
   bool hasOutput() const { return !output.empty(); }
   /// Sends and receives what is possible without waiting, and passes on the answers. Returns early
-  /// when the reliability has arrived, which decides who is asked. False when the process has ended.
+  /// when the reliability has arrived, which decides who is asked. False when the process has
+  /// ended.
   bool serve();
   /// Whether the analysis has arrived.
   bool isAnalysed() const { return analysed; }

@@ -10,8 +10,8 @@
 
 namespace tarka::lsp {
 
-/// The absolute path of the file that \p uri names. A text that has no file, as untitled:Untitled-1,
-/// gets a path of its own, at which no file is. None for what is no URI.
+/// The absolute path of the file that \p uri names. A text that has no file, as
+/// untitled:Untitled-1, gets a path of its own, at which no file is. None for what is no URI.
 std::optional<std::string> pathOfUri(llvm::StringRef uri);
 
 /// The other way round; empty for a path that is not absolute.
