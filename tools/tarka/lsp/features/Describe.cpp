@@ -172,7 +172,18 @@ std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoin
   const ProgramNames programs(*snapshot.getProgram());
   if (const SourceUnit *unit = programs.find(unitAt(snapshot, point), name))
     return ProgramSignature{programName(*unit).str(), usingItems(*unit), ""};
-  return std::nullopt;
+  const std::optional<llvm::json::Value> known =
+      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name.trim().upper()}});
+  const llvm::json::Array *all = known ? known->getAsArray() : nullptr;
+  const llvm::json::Object *first = all && !all->empty() ? all->front().getAsObject() : nullptr;
+  if (!first)
+    return std::nullopt;
+  const llvm::json::Object &item = *first->getObject("item");
+  ProgramSignature signature{
+      item.getString("name").value_or("").str(), {}, item.getString("detail").value_or("").str()};
+  for (const llvm::json::Value &one : *first->getArray("using"))
+    signature.items.push_back(one.getAsString().value_or("").str());
+  return signature;
 }
 
 std::optional<SymbolId> procedureAround(Snapshot &snapshot, const SourceRange &place) {

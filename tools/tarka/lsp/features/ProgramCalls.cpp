@@ -67,10 +67,9 @@ std::vector<ProgramCall> programCalls(Snapshot &snapshot) {
     if (name.empty() || !operand->getRange().beginLine)
       return;
     const SourceRange &place = operand->getRange();
-    const bool isInSource = llvm::any_of(
-        snapshot.symbolsAt({place.file, place.beginLine, place.beginColumn}), [&](SymbolId id) {
-          return index.getSymbol(id).kind == SymbolKind::Program;
-        });
+    const bool isInSource =
+        llvm::any_of(snapshot.symbolsAt({place.file, place.beginLine, place.beginColumn}),
+                     [&](SymbolId id) { return index.getSymbol(id).kind == SymbolKind::Program; });
     calls.push_back({std::move(name), place, isInSource});
   });
   return calls;

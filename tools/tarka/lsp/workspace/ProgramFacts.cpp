@@ -1,9 +1,9 @@
 //===- ProgramFacts.cpp - what other programs want to know ----------------===//
 
 #include "lsp/workspace/ProgramFacts.h"
+#include "Print/LayoutModel.h"
 #include "lsp/features/Describe.h"
 #include "lsp/features/ProgramCalls.h"
-#include "Print/LayoutModel.h"
 #include "llvm/ADT/MapVector.h"
 
 namespace tarka::lsp {
@@ -72,14 +72,14 @@ private:
     out.value(range.start.line);
     out.value(range.start.character);
     // What is continued ends with its line.
-    out.value(range.end.line == range.start.line ? range.end.character
-                                                 : range.start.character + 1);
+    out.value(range.end.line == range.start.line ? range.end.character : range.start.character + 1);
   }
 
   void writePrograms() {
     for (const auto &[id, number] : numbers) {
       const Symbol &symbol = index.getSymbol(id);
-      if (symbol.kind != SymbolKind::Program)
+      // A nested program cannot be called from elsewhere.
+      if (symbol.kind != SymbolKind::Program || symbol.unit->isNested())
         continue;
       out.object([&] {
         out.attribute("name", llvm::json::fixUTF8(programName(*symbol.unit).upper()));
@@ -98,9 +98,7 @@ private:
       out.array([&] {
         out.value(llvm::json::fixUTF8(*symbol.spelling));
         out.value(symbolKindOf(symbol));
-        out.value(symbol.kind == SymbolKind::Program
-                      ? -1
-                      : numberOf(index.symbolOf(*symbol.unit)));
+        out.value(symbol.kind == SymbolKind::Program ? -1 : numberOf(index.symbolOf(*symbol.unit)));
         writePlace(symbol.place);
       });
     }
@@ -117,8 +115,7 @@ private:
   void writeCalls() {
     for (const Occurrence &occurrence : index.getOccurrences()) {
       const SymbolKind kind = index.getSymbol(occurrence.symbol).kind;
-      if (occurrence.use == Use::Declaration ||
-          (!isProcedure(kind) && kind != SymbolKind::Program))
+      if (occurrence.use == Use::Declaration || (!isProcedure(kind) && kind != SymbolKind::Program))
         continue;
       out.array([&] {
         out.value(callerAt(occurrence.getPlace()));

@@ -19,7 +19,7 @@ namespace tarka::lsp {
 ///
 /// - "files": the paths of the program and of its copybooks; places name them by their position
 /// - "missing": the names of copybooks that were not found
-/// - "programs": each with "name", "symbol" and "using", see usingItems()
+/// - "programs": the outermost ones, each with "name", "symbol" and "using", see usingItems()
 /// - "symbols": name, kind of the protocol, symbol of the program or -1, place
 /// - "calls": symbol of the caller, symbol of what is called or the name of a program, place
 /// - "uses" of the names that copybooks declare: file, line and character of the declaration, what

@@ -1,6 +1,7 @@
 //===- WorkspaceIndex.cpp - the names of all programs ---------------------===//
 
 #include "lsp/workspace/WorkspaceIndex.h"
+#include "lsp/Uris.h"
 #include "mlir/Tools/lsp-server-support/Protocol.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/MapVector.h"
@@ -11,28 +12,10 @@
 
 namespace tarka::lsp {
 
-namespace path = llvm::sys::path;
-
 namespace {
 
 /// An editor shows no more, and asks again when more is typed.
 constexpr std::size_t maxSymbols = 500;
-
-std::string uriOf(llvm::StringRef file) {
-  llvm::Expected<mlir::lsp::URIForFile> uri = mlir::lsp::URIForFile::fromFile(file);
-  if (uri)
-    return uri->uri().str();
-  llvm::consumeError(uri.takeError());
-  return "";
-}
-
-std::string fileOfUri(llvm::StringRef text) {
-  llvm::Expected<mlir::lsp::URIForFile> uri = mlir::lsp::URIForFile::fromURI(text);
-  if (uri)
-    return uri->file().str();
-  llvm::consumeError(uri.takeError());
-  return "";
-}
 
 llvm::StringRef textIn(const llvm::json::Object &parameters, llvm::StringRef member) {
   return parameters.getString(member).value_or("");
@@ -130,6 +113,9 @@ void WorkspaceIndex::set(const std::string &path, llvm::StringRef facts) {
     llvm::consumeError(value.takeError());
   else if (const llvm::json::Object *object = value->getAsObject())
     program = Reader(*this, *object).read();
+  for (NameId file : program.files)
+    if (nameOf(file) != path)
+      copybooks.insert(nameOf(file));
 }
 
 void WorkspaceIndex::remove(const std::string &path) {
@@ -137,20 +123,15 @@ void WorkspaceIndex::remove(const std::string &path) {
   copybooks.erase(path);
 }
 
-void WorkspaceIndex::addCopybook(const std::string &path) {
-  copybooks[path] = true;
-}
-
 std::vector<std::string> WorkspaceIndex::programsWith(llvm::StringRef changed) const {
   const std::optional<NameId> file = findId(changed);
-  const llvm::StringRef stem = path::stem(changed);
+  const llvm::StringRef stem = llvm::sys::path::stem(changed);
   std::vector<std::string> found;
-  for (const auto &program : programs) {
-    const bool copies = file && llvm::is_contained(program.getValue().files, *file);
-    if (copies || llvm::any_of(program.getValue().missing, [&](llvm::StringRef name) {
-          return name.equals_insensitive(stem);
-        }))
-      found.push_back(program.getKey().str());
+  for (const auto &[path, program] : programs) {
+    const bool copies = file && llvm::is_contained(program.files, *file);
+    if (copies || llvm::any_of(program.missing,
+                               [&](llvm::StringRef name) { return name.equals_insensitive(stem); }))
+      found.push_back(path);
   }
   return found;
 }
@@ -201,7 +182,7 @@ llvm::json::Object WorkspaceIndex::rangeOf(const Place &place) const {
 }
 
 llvm::json::Object WorkspaceIndex::locationOf(const Place &place) const {
-  return llvm::json::Object{{"uri", uriOf(nameOf(place.file))}, {"range", rangeOf(place)}};
+  return llvm::json::Object{{"uri", uriOfPath(nameOf(place.file))}, {"range", rangeOf(place)}};
 }
 
 llvm::json::Object WorkspaceIndex::itemOf(const Program &program, int number) const {
@@ -210,7 +191,7 @@ llvm::json::Object WorkspaceIndex::itemOf(const Program &program, int number) co
   item["selectionRange"] = rangeOf(symbol.place);
   item["name"] = nameOf(symbol.name).str();
   item["kind"] = symbol.kind;
-  item["detail"] = path::filename(nameOf(symbol.place.file)).str();
+  item["detail"] = llvm::sys::path::filename(nameOf(symbol.place.file)).str();
   return item;
 }
 
@@ -221,50 +202,40 @@ WorkspaceIndex::Answer WorkspaceIndex::symbols(const llvm::json::Object &paramet
   struct Found {
     unsigned fit;
     llvm::StringRef name;
-    llvm::json::Object symbol;
+    llvm::StringRef file;
+    const Program *program;
+    const Symbol *symbol; ///< null for a copybook
+    auto key() const { return std::tuple(fit, name, file, symbol ? symbol->place.line : 0); }
   };
   std::vector<Found> found;
   // A fit for each name; there are many more symbols than names.
   llvm::DenseMap<NameId, std::optional<unsigned>> fits;
   llvm::DenseSet<std::pair<std::uint64_t, std::uint64_t>> known;
-  for (const auto &entry : programs) {
-    const Program &program = entry.getValue();
+  for (const auto &[path, program] : programs)
     for (const Symbol &symbol : program.symbols) {
       auto [fit, isNew] = fits.try_emplace(symbol.name);
       if (isNew)
         fit->second = fitOf(nameOf(symbol.name), query);
       const Place &place = symbol.place;
-      if (!fit->second || !known
-                               .insert({std::uint64_t(place.file) << 32 | place.line,
-                                        std::uint64_t(symbol.name) << 32 | place.begin})
-                               .second)
-        continue;
-      llvm::json::Object one{{"name", nameOf(symbol.name).str()},
-                             {"kind", symbol.kind},
-                             {"location", locationOf(place)}};
-      if (symbol.program >= 0)
-        one["containerName"] =
-            nameOf(program.symbols[static_cast<std::size_t>(symbol.program)].name).str();
-      found.push_back({*fit->second, nameOf(symbol.name), std::move(one)});
+      const std::pair key(std::uint64_t(place.file) << 32 | place.line,
+                          std::uint64_t(symbol.name) << 32 | place.begin);
+      if (fit->second && known.insert(key).second)
+        found.push_back({*fit->second, nameOf(symbol.name), nameOf(place.file), &program, &symbol});
     }
-  }
   for (const auto &entry : copybooks)
-    if (std::optional<unsigned> fit = fitOf(path::stem(entry.getKey()), query))
+    if (std::optional<unsigned> fit = fitOf(llvm::sys::path::stem(entry.getKey()), query))
       found.push_back(
-          {*fit, path::stem(entry.getKey()),
-           llvm::json::Object{
-               {"name", path::filename(entry.getKey()).str()},
-               {"kind", static_cast<int>(mlir::lsp::SymbolKind::File)},
-               {"location", llvm::json::Object{{"uri", uriOf(entry.getKey())},
-                                               {"range", mlir::lsp::Range()}}}}});
-  llvm::stable_sort(found, [](const Found &left, const Found &right) {
-    return std::pair(left.fit, left.name) < std::pair(right.fit, right.name);
-  });
+          {*fit, llvm::sys::path::filename(entry.getKey()), entry.getKey(), nullptr, nullptr});
+  llvm::sort(found, [](const Found &left, const Found &right) { return left.key() < right.key(); });
   llvm::json::Array result;
-  for (Found &one : found) {
-    if (result.size() == maxSymbols)
-      break;
-    result.push_back(std::move(one.symbol));
+  for (const Found &one : llvm::ArrayRef(found).take_front(maxSymbols)) {
+    const Place place = one.symbol ? one.symbol->place : Place{*findId(one.file), 0, 0, 0};
+    llvm::json::Object object{{"name", one.name.str()}, {"location", locationOf(place)}};
+    object["kind"] = one.symbol ? one.symbol->kind : static_cast<int>(mlir::lsp::SymbolKind::File);
+    if (one.symbol && one.symbol->program >= 0)
+      object["containerName"] =
+          nameOf(one.program->symbols[static_cast<std::size_t>(one.symbol->program)].name).str();
+    result.push_back(std::move(object));
   }
   return result;
 }
@@ -273,16 +244,13 @@ WorkspaceIndex::Answer WorkspaceIndex::declarations(const llvm::json::Object &pa
   llvm::json::Array result;
   const std::optional<NameId> name = findId(textIn(parameters, "name"));
   if (name)
-    for (const auto &entry : programs)
-      for (const DeclaredProgram &declared : entry.getValue().declared)
-        // A nested program cannot be called from elsewhere; the outermost ones come first.
-        if (declared.name == *name && declared.symbol >= 0 &&
-            &declared == &entry.getValue().declared.front())
+    for (const auto &[path, program] : programs)
+      for (const DeclaredProgram &declared : program.declared)
+        if (declared.name == *name && declared.symbol >= 0)
           result.push_back(llvm::json::Object{
-              {"item", itemOf(entry.getValue(), declared.symbol)},
+              {"item", itemOf(program, declared.symbol)},
               {"location",
-               locationOf(
-                   entry.getValue().symbols[static_cast<std::size_t>(declared.symbol)].place)},
+               locationOf(program.symbols[static_cast<std::size_t>(declared.symbol)].place)},
               {"using", llvm::json::Array(declared.items)}});
   return result;
 }
@@ -304,11 +272,10 @@ void WorkspaceIndex::addCalls(const Program &program,
 
 void WorkspaceIndex::addCallers(NameId name, llvm::StringRef except,
                                 llvm::json::Array &calls) const {
-  for (const auto &entry : programs)
-    if (entry.getKey() != except)
+  for (const auto &[path, program] : programs)
+    if (path != except)
       addCalls(
-          entry.getValue(),
-          [&](const Call &call) { return call.called < 0 && call.name == name; },
+          program, [&](const Call &call) { return call.called < 0 && call.name == name; },
           /*byCaller=*/true, calls);
 }
 
@@ -324,9 +291,9 @@ WorkspaceIndex::Answer WorkspaceIndex::uses(const llvm::json::Object &parameters
   const std::optional<NameId> file = findId(textIn(parameters, "path"));
   const std::int64_t line = parameters.getInteger("line").value_or(-1);
   const std::int64_t character = parameters.getInteger("character").value_or(-1);
-  for (const auto &entry : programs)
-    if (file && entry.getKey() != textIn(parameters, "except"))
-      for (const UseOfCopied &use : entry.getValue().uses)
+  for (const auto &[path, program] : programs)
+    if (file && path != textIn(parameters, "except"))
+      for (const UseOfCopied &use : program.uses)
         if (use.file == *file && use.line == line && use.character == character) {
           llvm::json::Object location = locationOf(use.place);
           location["use"] = use.use;
@@ -338,24 +305,21 @@ WorkspaceIndex::Answer WorkspaceIndex::uses(const llvm::json::Object &parameters
 WorkspaceIndex::Answer WorkspaceIndex::copiers(const llvm::json::Object &parameters) const {
   std::vector<std::string> copying, unknown;
   const llvm::json::Array *paths = parameters.getArray("paths");
-  for (const auto &entry : programs) {
-    const Program &program = entry.getValue();
+  for (const auto &[path, program] : programs) {
     bool copies = false, mayCopy = !program.isKnown;
     for (const llvm::json::Value &value : paths ? *paths : llvm::json::Array()) {
       const llvm::StringRef file = value.getAsString().value_or("");
       const std::optional<NameId> id = findId(file);
       copies |= id && llvm::is_contained(program.files, *id);
       mayCopy |= llvm::any_of(program.missing, [&](llvm::StringRef name) {
-        return name.equals_insensitive(path::stem(file));
+        return name.equals_insensitive(llvm::sys::path::stem(file));
       });
     }
     if (copies)
-      copying.push_back(entry.getKey().str());
+      copying.push_back(path);
     else if (mayCopy)
-      unknown.push_back(entry.getKey().str());
+      unknown.push_back(path);
   }
-  llvm::sort(copying);
-  llvm::sort(unknown);
   return llvm::json::Object{{"programs", llvm::json::Array(copying)},
                             {"unknown", llvm::json::Array(unknown)}};
 }
@@ -368,14 +332,14 @@ void WorkspaceIndex::forItem(const llvm::json::Object &parameters,
   const llvm::json::Object *start = range ? range->getObject("start") : nullptr;
   if (!start)
     return;
-  const std::optional<NameId> file = findId(fileOfUri(textIn(*item, "uri")));
+  const std::optional<NameId> file = findId(pathOfUri(textIn(*item, "uri")).value_or(""));
   const std::int64_t line = start->getInteger("line").value_or(-1);
   const std::int64_t character = start->getInteger("character").value_or(-1);
-  for (const auto &entry : programs)
-    for (const auto &[number, symbol] : llvm::enumerate(entry.getValue().symbols))
+  for (const auto &[path, program] : programs)
+    for (const auto &[number, symbol] : llvm::enumerate(program.symbols))
       if (file && symbol.place.file == *file && symbol.place.line == line &&
           symbol.place.begin == character)
-        take(entry.getValue(), static_cast<int>(number));
+        take(program, static_cast<int>(number));
 }
 
 WorkspaceIndex::Answer WorkspaceIndex::incomingCalls(const llvm::json::Object &parameters) const {
@@ -401,12 +365,11 @@ WorkspaceIndex::Answer WorkspaceIndex::outgoingCalls(const llvm::json::Object &p
       if (call.caller == symbol && call.called < 0)
         ranges[call.name].push_back(rangeOf(call.place));
     for (auto &[name, places] : ranges)
-      for (const auto &entry : programs)
-        if (const Program &other = entry.getValue();
-            !other.declared.empty() && other.declared.front().name == name &&
-            other.declared.front().symbol >= 0)
-          calls.push_back(llvm::json::Object{{"to", itemOf(other, other.declared.front().symbol)},
-                                             {"fromRanges", places}});
+      for (const auto &[path, other] : programs)
+        for (const DeclaredProgram &declared : other.declared)
+          if (declared.name == name && declared.symbol >= 0)
+            calls.push_back(llvm::json::Object{{"to", itemOf(other, declared.symbol)},
+                                               {"fromRanges", llvm::json::Array(places)}});
   });
   return calls;
 }

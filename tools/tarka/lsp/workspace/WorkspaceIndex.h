@@ -11,9 +11,11 @@
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/STLFunctionalExtras.h"
 #include "llvm/ADT/StringMap.h"
+#include "llvm/ADT/StringSet.h"
 #include "llvm/Support/Error.h"
 #include "llvm/Support/JSON.h"
 #include <cstdint>
+#include <map>
 #include <string>
 #include <vector>
 
@@ -21,15 +23,13 @@ namespace tarka::lsp {
 
 class WorkspaceIndex {
 public:
-  using Answer = llvm::Expected<llvm::json::Value>;
+  using Answer = llvm::json::Value;
 
   /// Takes the facts about the program \p path in the place of what was known of it. What is not
   /// JSON counts as a program of which nothing is known.
   void set(const std::string &path, llvm::StringRef facts);
   void remove(const std::string &path);
   bool has(const std::string &path) const { return programs.count(path); }
-  /// A copybook in the folders, whether a program copies it or not.
-  void addCopybook(const std::string &path);
   /// The programs that are part of \p changed, or may be now: those that copy it, and those that
   /// miss a copybook of its name.
   std::vector<std::string> programsWith(llvm::StringRef changed) const;
@@ -38,10 +38,12 @@ public:
   static bool answers(llvm::StringRef method);
   /// The answer to a question:
   ///
-  /// - workspace/symbol, callHierarchy/incomingCalls, callHierarchy/outgoingCalls as in the protocol
+  /// - workspace/symbol, callHierarchy/incomingCalls, callHierarchy/outgoingCalls as in the
+  /// protocol
   /// - "programs" of "name": "item" as in a call hierarchy, "using", and "location" of each
   /// - "callers" of "name", not those in "except": calls as in callHierarchy/incomingCalls
-  /// - "uses" of the name that is declared at "path", "line" and "character", but not by the program
+  /// - "uses" of the name that is declared at "path", "line" and "character", but not by the
+  /// program
   ///   "except": locations with "use"
   /// - "copiers" of any of "paths": the paths of the programs, and "unknown", those that may copy
   ///   one of them
@@ -118,8 +120,9 @@ private:
   llvm::StringMap<NameId> ids;
   std::vector<llvm::StringRef> names;
   /// By path.
-  llvm::StringMap<Program> programs;
-  llvm::StringMap<bool> copybooks;
+  std::map<std::string, Program, std::less<>> programs;
+  /// The files that any of them copies or has copied.
+  llvm::StringSet<> copybooks;
 };
 
 } // namespace tarka::lsp
