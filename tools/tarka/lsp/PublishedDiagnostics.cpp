@@ -150,11 +150,15 @@ llvm::json::Object publishedDiagnostic(Snapshot &snapshot, const Diagnostic &dia
   return result;
 }
 
-llvm::json::Object publishedDiagnostics(Snapshot &snapshot) {
+void publishDiagnostics(
+    Snapshot &snapshot,
+    llvm::function_ref<void(llvm::StringRef path, const llvm::json::Object &diagnostic)> take) {
   const unsigned main = internFileName(snapshot.getPath());
-  llvm::MapVector<unsigned, llvm::json::Array> byFile;
+  auto publish = [&](unsigned file, const llvm::json::Object &diagnostic) {
+    if (const std::string &path = snapshot.pathOf(file); !path.empty())
+      take(path, diagnostic);
+  };
   llvm::MapVector<unsigned, CopiedDiagnostics> byCopybook;
-  byFile[main] = {};
   for (const Diagnostic &diagnostic : snapshot.getDiagnostics()) {
     llvm::json::Object published = publishedDiagnostic(snapshot, diagnostic);
     if (diagnostic.place.file != main) {
@@ -165,7 +169,7 @@ llvm::json::Object publishedDiagnostics(Snapshot &snapshot) {
       copied.worst = copied.all.size() == 1 ? diagnostic.severity
                                             : std::min(copied.worst, diagnostic.severity);
     }
-    byFile[diagnostic.place.file].push_back(std::move(published));
+    publish(diagnostic.place.file, published);
   }
   // At the statement of the program that brings the copybook in, through other copybooks or not.
   const Expansion &expansion = snapshot.getCompilation().getExpansion();
@@ -178,14 +182,8 @@ llvm::json::Object publishedDiagnostics(Snapshot &snapshot) {
     const CopyUse *use = &expansion.getCopies()[text.copy];
     while (use->from != 0)
       use = &expansion.getCopies()[expansion.getTexts()[use->from].copy];
-    byFile[main].push_back(diagnosticAtCopy(snapshot, *use, copied->second));
+    publish(main, diagnosticAtCopy(snapshot, *use, copied->second));
   }
-
-  llvm::json::Object result;
-  for (auto &[file, diagnostics] : byFile)
-    if (const std::string &path = snapshot.pathOf(file); !path.empty())
-      result[path] = std::move(diagnostics);
-  return result;
 }
 
 } // namespace tarka::lsp

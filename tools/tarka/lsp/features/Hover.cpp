@@ -151,7 +151,7 @@ std::string describeWord(Snapshot &snapshot, const SourcePoint &point) {
   SourcePoint begin = point;
   const llvm::StringRef line = snapshot.lineOf(point.file, point.line);
   begin.column = columnOfOffset(line, word.offset);
-  const LineWord before = textBefore(snapshot, begin).last();
+  const LineWord before = textBefore(snapshot, begin, TextOf::Analysis).last();
   if (word.isNumber()) {
     const bool isEntry = before.text.empty() || before.kind == LineWord::Period;
     return isEntry ? describeLevel(word.text) : describeNumber(word.text);

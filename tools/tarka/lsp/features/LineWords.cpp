@@ -51,6 +51,10 @@ std::pair<std::size_t, LineWord::Kind> measureWord(llvm::StringRef text) {
   return {1, isPeriod ? LineWord::Period : LineWord::Separator};
 }
 
+llvm::StringRef lineOf(Snapshot &snapshot, unsigned file, unsigned line, TextOf which) {
+  return which == TextOf::Editor ? snapshot.presentLineOf(file, line) : snapshot.lineOf(file, line);
+}
+
 } // namespace
 
 bool LineWord::isOneOf(std::initializer_list<llvm::StringRef> words) const {
@@ -67,8 +71,8 @@ Keyword LineWord::keyword() const {
 }
 
 llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, unsigned line,
-                                            unsigned column) {
-  llvm::StringRef whole = snapshot.lineOf(file, line);
+                                            TextOf which, unsigned column) {
+  llvm::StringRef whole = lineOf(snapshot, file, line, which);
   if (column != ~0u)
     whole = sliceColumns(whole, 1, column - 1);
   const auto [text, begin] = programText(whole, snapshot.isFixedForm(file));
@@ -99,17 +103,17 @@ LineWord wordAt(Snapshot &snapshot, const SourcePoint &point) {
   return found;
 }
 
-TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point) {
+TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point, TextOf text) {
   TextBefore before;
   const unsigned first = point.line > maxLines ? point.line - maxLines : 1;
   for (unsigned line = first; line <= point.line; ++line)
     before.words.append(
-        wordsOfLine(snapshot, point.file, line, line == point.line ? point.column : ~0u));
+        wordsOfLine(snapshot, point.file, line, text, line == point.line ? point.column : ~0u));
   if (before.words.empty())
     return before;
   const LineWord last = before.words.back();
   const llvm::StringRef typed =
-      sliceColumns(snapshot.lineOf(point.file, point.line), 1, point.column - 1);
+      sliceColumns(lineOf(snapshot, point.file, point.line, text), 1, point.column - 1);
   if (last.line == point.line && last.kind == LineWord::Word &&
       last.offset + last.text.size() == typed.size()) {
     before.prefix = last.text;

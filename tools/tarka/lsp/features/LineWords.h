@@ -17,6 +17,10 @@
 
 namespace tarka::lsp {
 
+/// Which text is looked at: the one that was analysed, or the one that the editor has, in which
+/// something may have been typed since.
+enum class TextOf : std::uint8_t { Analysis, Editor };
+
 /// A word as it is written.
 struct LineWord {
   enum Kind : std::uint8_t {
@@ -43,7 +47,7 @@ struct LineWord {
 
 /// The words of a line; those before \p column only when it is given.
 llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, unsigned line,
-                                            unsigned column = ~0u);
+                                            TextOf text = TextOf::Analysis, unsigned column = ~0u);
 
 /// The word that \p point is in or directly behind; one with an empty text when there is none.
 LineWord wordAt(Snapshot &snapshot, const SourcePoint &point);
@@ -63,7 +67,7 @@ struct TextBefore {
 };
 
 /// The words before \p point, those of as many lines as the longest statement has.
-TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point);
+TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point, TextOf text);
 
 } // namespace tarka::lsp
 

@@ -59,7 +59,7 @@ llvm::json::Object signature(const std::string &label, llvm::ArrayRef<std::strin
 class SignatureHelp {
 public:
   SignatureHelp(Snapshot &of, const SourcePoint &at)
-      : snapshot(of), point(at), before(textBefore(of, at)) {}
+      : snapshot(of), point(at), before(textBefore(of, at, TextOf::Editor)) {}
 
   llvm::json::Value make() {
     llvm::json::Value help = functionHelp();
@@ -132,7 +132,7 @@ private:
 } // namespace
 
 Answer signatureHelp(Snapshot &snapshot, const Parameters &parameters) {
-  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
+  const std::optional<SourcePoint> point = snapshot.presentPointOf(parameters);
   if (!point)
     return nullptr;
   return SignatureHelp(snapshot, *point).make();
