@@ -47,8 +47,8 @@ std::optional<NameKind> missingName(int number) {
 llvm::StringRef nearConditionWord(llvm::StringRef name) {
   const std::string wanted = name.upper();
   SpellingMatch match(wanted);
-  for (const char *word : {"ALPHABETIC", "ALPHABETIC-LOWER", "ALPHABETIC-UPPER", "DBCS",
-                                   "KANJI", "NEGATIVE", "NUMERIC", "POSITIVE", "ZERO"})
+  for (const char *word : {"ALPHABETIC", "ALPHABETIC-LOWER", "ALPHABETIC-UPPER", "DBCS", "KANJI",
+                           "NEGATIVE", "NUMERIC", "POSITIVE", "ZERO"})
     match.consider(word);
   return match.getNearest();
 }
