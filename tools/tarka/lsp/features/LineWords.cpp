@@ -68,7 +68,7 @@ Keyword LineWord::keyword() const {
 
 llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, unsigned line,
                                             unsigned column) {
-  llvm::StringRef whole = snapshot.lineOf(file, line);
+  llvm::StringRef whole = snapshot.presentLineOf(file, line);
   if (column != ~0u)
     whole = sliceColumns(whole, 1, column - 1);
   const auto [text, begin] = programText(whole, snapshot.isFixedForm(file));
@@ -89,7 +89,7 @@ llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, u
 }
 
 LineWord wordAt(Snapshot &snapshot, const SourcePoint &point) {
-  const llvm::StringRef line = snapshot.lineOf(point.file, point.line);
+  const llvm::StringRef line = snapshot.presentLineOf(point.file, point.line);
   const std::size_t offset = sliceColumns(line, 1, point.column - 1).size();
   LineWord found;
   for (const LineWord &word : wordsOfLine(snapshot, point.file, point.line))
@@ -109,7 +109,7 @@ TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point) {
     return before;
   const LineWord last = before.words.back();
   const llvm::StringRef typed =
-      sliceColumns(snapshot.lineOf(point.file, point.line), 1, point.column - 1);
+      sliceColumns(snapshot.presentLineOf(point.file, point.line), 1, point.column - 1);
   if (last.line == point.line && last.kind == LineWord::Word &&
       last.offset + last.text.size() == typed.size()) {
     before.prefix = last.text;

@@ -2,7 +2,8 @@
 //
 // The words of single lines, for requests about text that is being typed, of which
 // the front end may have made nothing. Comments and the margins of fixed form are
-// left out; a literal ends with its line.
+// left out; a literal ends with its line. Points and lines are those of the text as
+// it is in the editor: Snapshot::presentPointOf().
 //
 //===----------------------------------------------------------------------===//
 

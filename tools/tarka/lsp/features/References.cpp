@@ -1,6 +1,7 @@
 //===- References.cpp - where a name is used ------------------------------===//
 
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Writing.h"
 
 namespace tarka::lsp {
 
@@ -32,35 +33,43 @@ int highlightKind(Use use) {
 
 } // namespace
 
-Answer references(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
-  if (!point)
-    return nullptr;
+  if (!point) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
   const llvm::json::Object *context = parameters.getObject("context");
   const bool withDeclaration = !context || context->getBoolean("includeDeclaration").value_or(true);
-  llvm::json::Array places;
-  if (const CopyUse *asked = snapshot.copyAt(*point))
-    for (const CopyUse &use : snapshot.getCompilation().getExpansion().getCopies())
-      if (use.file == asked->file && use.name == asked->name)
-        if (std::optional<llvm::json::Object> place = snapshot.locationOf(use.place))
-          places.push_back(std::move(*place));
-  for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
-    if (withDeclaration || occurrence.use != Use::Declaration)
-      if (std::optional<llvm::json::Object> place = snapshot.locationOf(occurrence.getPlace()))
-        places.push_back(std::move(*place));
-  return places;
+  out.array([&] {
+    if (const CopyUse *asked = snapshot.copyAt(*point))
+      for (const CopyUse &use : snapshot.getCompilation().getExpansion().getCopies())
+        if (use.file == asked->file && use.name == asked->name)
+          writeLocation(out, snapshot, use.place);
+    for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
+      if ((withDeclaration || occurrence.use != Use::Declaration) &&
+          !snapshot.isEdited(occurrence.getPlace()))
+        writeLocation(out, snapshot, occurrence.getPlace());
+  });
+  return llvm::Error::success();
 }
 
-Answer documentHighlight(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error documentHighlight(Snapshot &snapshot, const Parameters &parameters,
+                              llvm::json::OStream &out) {
   const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
-  if (!point)
-    return nullptr;
-  llvm::json::Array highlights;
-  for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
-    if (occurrence.file == point->file)
-      highlights.push_back(llvm::json::Object{{"range", snapshot.rangeOf(occurrence.getPlace())},
-                                              {"kind", highlightKind(occurrence.use)}});
-  return highlights;
+  if (!point) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  out.array([&] {
+    for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
+      if (occurrence.file == point->file && !snapshot.isEdited(occurrence.getPlace()))
+        out.object([&] {
+          writeRange(out, "range", snapshot.rangeOf(occurrence.getPlace()));
+          out.attribute("kind", highlightKind(occurrence.use));
+        });
+  });
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

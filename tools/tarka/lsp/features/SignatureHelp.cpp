@@ -132,7 +132,7 @@ private:
 } // namespace
 
 Answer signatureHelp(Snapshot &snapshot, const Parameters &parameters) {
-  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
+  const std::optional<SourcePoint> point = snapshot.presentPointOf(parameters);
   if (!point)
     return nullptr;
   return SignatureHelp(snapshot, *point).make();
