@@ -17,6 +17,7 @@
 #include "lsp/Snapshot.h"
 #include "lsp/SnapshotProcess.h"
 #include "lsp/Uris.h"
+#include "lsp/workspace/WorkspaceProcess.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
@@ -107,6 +108,7 @@ private:
   // The session.
   void receive(const std::string &text);
   void handle(const Message &message);
+  bool isWithoutDocument(const Message &message) const;
   void initialize(const Message &message);
   void shutdown(const Message &message);
 
@@ -114,7 +116,14 @@ private:
   void didOpen(const Message &message);
   void didChange(const Message &message);
   void didClose(const Message &message);
+  void didSave(const Message &message);
   void didChangeFiles(const Message &message);
+
+  // The programs that are not open.
+  void startWorkspace(const Message &message);
+  void refreshWorkspace(llvm::json::Array paths);
+  void askWorkspace(const Message &message);
+  void serveWorkspace();
 
   // Programs.
   ProgramUnit &unitOf(const std::string &program);
@@ -163,6 +172,10 @@ private:
   /// By file, then by program: what the program has found in the file.
   llvm::StringMap<DiagnosticsByFile> published;
   std::list<CopybookSearch> searches;
+  /// What knows the programs of the folders, and the name by which snapshots reach it; null where
+  /// there are no folders.
+  std::unique_ptr<SnapshotProcess> workspace;
+  std::string workspaceName;
   /// Snapshots that have been killed and have not ended yet.
   std::vector<std::unique_ptr<SnapshotProcess>> ending;
   /// The ids, as JSON, of the requests that have been forwarded and not answered.
@@ -240,7 +253,9 @@ void LanguageServer::handle(const Message &message) {
   static const llvm::StringMap<Member> notifications = {
       {"textDocument/didOpen", &LanguageServer::didOpen},
       {"textDocument/didChange", &LanguageServer::didChange},
+      {"initialized", &LanguageServer::startWorkspace},
       {"textDocument/didClose", &LanguageServer::didClose},
+      {"textDocument/didSave", &LanguageServer::didSave},
       {"workspace/didChangeWatchedFiles", &LanguageServer::didChangeFiles},
       {"$/cancelRequest", &LanguageServer::cancelRequest},
   };
@@ -248,15 +263,26 @@ void LanguageServer::handle(const Message &message) {
       {"initialize", &LanguageServer::initialize},
       {"shutdown", &LanguageServer::shutdown},
       {"workspace/executeCommand", &LanguageServer::executeCommand},
+      {"workspace/symbol", &LanguageServer::askWorkspace},
   };
   const llvm::StringMap<Member> &members = isRequest ? requests : notifications;
   const Feature *feature = isRequest ? findFeature(message.method) : nullptr;
   if (auto member = members.find(message.method); member != members.end())
     (this->*member->getValue())(message);
+  else if (feature && isWithoutDocument(message))
+    askWorkspace(message);
   else if (feature && !feature->isCommand())
     ask(*feature, *message.id, message.parameters);
   else if (isRequest)
     editor.fail(*message.id, ErrorCode::MethodNotFound, "there is no request " + message.method);
+}
+
+/// Whether the request goes on from an item of a call hierarchy in a text that is not open.
+bool LanguageServer::isWithoutDocument(const Message &message) const {
+  if (!message.parameters.getObject("item"))
+    return false;
+  const std::optional<std::string> path = documentOf(message.parameters);
+  return path && !documents.contains(*path);
 }
 
 void LanguageServer::initialize(const Message &message) {
@@ -277,7 +303,8 @@ void LanguageServer::initialize(const Message &message) {
   }
   llvm::json::Object capabilities{
       {"positionEncoding", encoding == PositionEncoding::Utf8 ? "utf-8" : "utf-16"},
-      {"textDocumentSync", llvm::json::Object{{"openClose", true}, {"change", 2}, {"save", true}}}};
+      {"textDocumentSync", llvm::json::Object{{"openClose", true}, {"change", 2}, {"save", true}}},
+      {"workspaceSymbolProvider", true}};
   for (const Feature &feature : allFeatures())
     if (!feature.capability.empty())
       capabilities[feature.capability] = llvm::cantFail(llvm::json::parse(feature.options));
@@ -297,6 +324,7 @@ void LanguageServer::shutdown(const Message &message) {
   isShutDown = true;
   units.clear();
   searches.clear();
+  workspace.reset();
   editor.reply(*message.id, "null");
 }
 
@@ -362,18 +390,74 @@ void LanguageServer::didClose(const Message &message) {
   touch(*path);
 }
 
+void LanguageServer::didSave(const Message &message) {
+  if (const std::optional<std::string> path = documentOf(message.parameters))
+    refreshWorkspace(llvm::json::Array{*path});
+}
+
 void LanguageServer::didChangeFiles(const Message &message) {
   const llvm::json::Array *changes = message.parameters.getArray("changes");
   if (!changes)
     return;
+  llvm::json::Array paths;
   for (const llvm::json::Value &change : *changes)
     if (const llvm::json::Object *one = change.getAsObject())
-      if (const std::optional<std::string> path = documentOf(*one); path && !documents.count(*path))
-        touch(*path);
+      if (const std::optional<std::string> path = documentOf(*one)) {
+        paths.push_back(*path);
+        if (!documents.count(*path))
+          touch(*path);
+      }
+  refreshWorkspace(std::move(paths));
   // Any new file can be a copybook that was missing, and any tarka.toml can say where it is.
   for (auto &unit : units)
     if (unit.getValue()->isIncomplete)
       unit.getValue()->isStale = true;
+}
+
+//===----------------------------------------------------------------------===//
+// The workspace
+//===----------------------------------------------------------------------===//
+
+void LanguageServer::startWorkspace(const Message &) {
+  if (folders.empty())
+    return;
+  workspaceName = "tarka-lsp-" + std::to_string(getpid());
+  const WorkspaceInput given{commandLine, folders, encoding, workspaceName};
+  WorkerOptions options;
+  options.standardOutput = nowhere.get();
+  llvm::Expected<std::unique_ptr<SnapshotProcess>> process =
+      SnapshotProcess::start([&](int channel) { return runWorkspace(given, channel); }, options);
+  if (process)
+    workspace = std::move(*process);
+  else
+    log("the programs of the folders are not read: " + llvm::toString(process.takeError()));
+}
+
+void LanguageServer::refreshWorkspace(llvm::json::Array paths) {
+  if (workspace)
+    workspace->change(textOf(llvm::json::Object{{"paths", std::move(paths)}}));
+}
+
+/// Passes on a request that concerns all programs.
+void LanguageServer::askWorkspace(const Message &message) {
+  if (!workspace)
+    return editor.reply(*message.id, "null");
+  openRequests.insert(textOf(*message.id));
+  workspace->ask(textOf(llvm::json::Object{{"method", message.method},
+                                           {"params", llvm::json::Object(message.parameters)}}),
+                 [this, id = *message.id](llvm::Expected<SnapshotAnswer> answer) {
+                   const std::string text = answer ? answer->text : "null";
+                   llvm::consumeError(answer.takeError());
+                   if (openRequests.erase(textOf(id)))
+                     editor.reply(id, text);
+                 });
+}
+
+void LanguageServer::serveWorkspace() {
+  if (!workspace || (workspace->serve() && !workspace->isOverdue()))
+    return;
+  log("the programs of the folders are no longer known: " + workspace->describeEnd());
+  workspace.reset();
 }
 
 //===----------------------------------------------------------------------===//
@@ -428,7 +512,7 @@ void LanguageServer::start(ProgramUnit &unit) {
     texts[document.getKey()] = &document.getValue().text.getText();
     unit.versions[document.getKey()] = document.getValue().text.getVersion();
   }
-  const SnapshotInput snapshot{commandLine, unit.path, texts, encoding};
+  const SnapshotInput snapshot{commandLine, unit.path, texts, encoding, workspaceName};
   WorkerOptions options;
   options.standardOutput = nowhere.get();
   options.reservedBytes = compilationStack;
@@ -450,6 +534,7 @@ void LanguageServer::serveUnits() {
     if (auto unit = units.find(name); unit != units.end())
       serve(*unit->getValue());
   serveSearches();
+  serveWorkspace();
   llvm::erase_if(ending,
                  [](std::unique_ptr<SnapshotProcess> &process) { return !process->serve(); });
 }
@@ -793,6 +878,7 @@ bool LanguageServer::wait() {
     add(search.process);
   for (const std::unique_ptr<SnapshotProcess> &process : ending)
     add(process);
+  add(workspace);
   const bool isBusy = waiting.size() > 1;
   if (editor.hasOutput())
     waiting.push_back({editor.getOutput(), POLLOUT, 0});

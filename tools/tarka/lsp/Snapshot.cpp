@@ -8,6 +8,7 @@
 #include "lsp/Frames.h"
 #include "lsp/PublishedDiagnostics.h"
 #include "lsp/Uris.h"
+#include "lsp/workspace/WorkspaceProcess.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/FileSystem.h"
 #include "llvm/Support/Path.h"
@@ -72,6 +73,12 @@ Reliability Snapshot::getReliability() {
   result.declarations = llvm::count_if(getIndex().getSymbols(),
                                        [](const Symbol &symbol) { return symbol.place.file != 0; });
   return result;
+}
+
+std::optional<llvm::json::Value> Snapshot::askWorkspace(llvm::StringRef method,
+                                                        llvm::json::Object parameters,
+                                                        std::chrono::milliseconds patience) const {
+  return lsp::askWorkspace(given.workspace, method, std::move(parameters), patience);
 }
 
 const OccurrenceIndex &Snapshot::getIndex() {

@@ -34,6 +34,8 @@ struct SnapshotInput {
   std::string program;
   const OpenTexts &texts;
   PositionEncoding encoding = PositionEncoding::Utf16;
+  /// The process that knows the other programs, see WorkspaceInput::name; empty for none.
+  std::string workspace;
 };
 
 /// A place in a source file as the front end counts it.
@@ -64,6 +66,11 @@ public:
   const std::string &getPath() const { return path; }
   const Request &getRequest() const { return request; }
   PositionEncoding getEncoding() const { return encoding; }
+  /// Asks the process that knows the programs of the workspace, see WorkspaceIndex::answer(). None
+  /// where there is no such process.
+  std::optional<llvm::json::Value>
+  askWorkspace(llvm::StringRef method, llvm::json::Object parameters,
+               std::chrono::milliseconds patience = std::chrono::seconds(2)) const;
   /// Null when the file could not be read.
   Program *getProgram() const { return compilation ? compilation->getProgram() : nullptr; }
   Compilation &getCompilation() { return *compilation; }

@@ -5,6 +5,7 @@
 #include "AST/FileDescription.h"
 #include "AST/KindNames.h"
 #include "AST/Scope.h"
+#include "AST/StatementBranch.h"
 #include "Print/LayoutModel.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
@@ -126,6 +127,34 @@ std::vector<std::string> usingItems(const SourceUnit &unit) {
   return items;
 }
 
+int symbolKindOf(const Symbol &symbol) {
+  using Kind = mlir::lsp::SymbolKind;
+  auto number = [](Kind kind) { return static_cast<int>(kind); };
+  switch (symbol.kind) {
+  case SymbolKind::Program:
+    return number(Kind::Module);
+  case SymbolKind::File:
+    return number(Kind::File);
+  case SymbolKind::Section:
+    return number(Kind::Namespace);
+  case SymbolKind::Paragraph:
+    return number(Kind::Function);
+  case SymbolKind::ConditionName:
+    return number(Kind::Boolean);
+  case SymbolKind::IndexName:
+    return number(Kind::Number);
+  case SymbolKind::Report:
+    return number(Kind::Interface);
+  case SymbolKind::SpecialName:
+  case SymbolKind::SpecialRegister:
+    return number(Kind::Constant);
+  case SymbolKind::Item:
+    break;
+  }
+  const auto *entry = static_cast<const DataDescription *>(symbol.node);
+  return number(entry && entry->isGroupItem() ? Kind::Struct : Kind::Field);
+}
+
 SourceUnit *unitAt(Snapshot &snapshot, const SourcePoint &point) {
   // The last PROGRAM-ID before the place; END PROGRAM is left to those who write it.
   const OccurrenceIndex &index = snapshot.getIndex();
@@ -144,7 +173,18 @@ std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoin
   const ProgramNames programs(*snapshot.getProgram());
   if (const SourceUnit *unit = programs.find(unitAt(snapshot, point), name))
     return ProgramSignature{programName(*unit).str(), usingItems(*unit), ""};
-  return std::nullopt;
+  const std::optional<llvm::json::Value> known =
+      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name.trim().upper()}});
+  const llvm::json::Array *all = known ? known->getAsArray() : nullptr;
+  const llvm::json::Object *first = all && !all->empty() ? all->front().getAsObject() : nullptr;
+  if (!first)
+    return std::nullopt;
+  const llvm::json::Object &item = *first->getObject("item");
+  ProgramSignature signature{
+      item.getString("name").value_or("").str(), {}, item.getString("detail").value_or("").str()};
+  for (const llvm::json::Value &one : *first->getArray("using"))
+    signature.items.push_back(one.getAsString().value_or("").str());
+  return signature;
 }
 
 std::optional<SymbolId> procedureAround(Snapshot &snapshot, const SourceRange &place) {

@@ -15,6 +15,9 @@ std::string describeInLine(Snapshot &snapshot, SymbolId symbol);
 /// The same at length, as Markdown: the declaration, then what is known of it.
 std::string describeAtLength(Snapshot &snapshot, SymbolId symbol);
 
+/// The kind of a symbol by its number in the protocol.
+int symbolKindOf(const Symbol &symbol);
+
 /// The items of USING in the procedure division of \p unit with their pictures: "LK-COUNT PIC S9(4)
 /// COMP"; "BY VALUE" before one that is passed so.
 std::vector<std::string> usingItems(const SourceUnit &unit);

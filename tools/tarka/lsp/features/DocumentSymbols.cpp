@@ -2,6 +2,7 @@
 
 #include "AST/DataDescription.h"
 #include "AST/KindNames.h"
+#include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
 #include "lsp/features/Outline.h"
 #include "lsp/features/Writing.h"
@@ -9,34 +10,6 @@
 namespace tarka::lsp {
 
 namespace {
-
-using OutlineKind = mlir::lsp::SymbolKind;
-
-OutlineKind kindOf(const Symbol &symbol) {
-  switch (symbol.kind) {
-  case SymbolKind::Program:
-    return OutlineKind::Module;
-  case SymbolKind::File:
-    return OutlineKind::File;
-  case SymbolKind::Section:
-    return OutlineKind::Namespace;
-  case SymbolKind::Paragraph:
-    return OutlineKind::Function;
-  case SymbolKind::ConditionName:
-    return OutlineKind::Boolean;
-  case SymbolKind::IndexName:
-    return OutlineKind::Number;
-  case SymbolKind::Report:
-    return OutlineKind::Interface;
-  case SymbolKind::SpecialName:
-  case SymbolKind::SpecialRegister:
-    return OutlineKind::Constant;
-  case SymbolKind::Item:
-    break;
-  }
-  const auto *entry = static_cast<const DataDescription *>(symbol.node);
-  return entry && entry->isGroupItem() ? OutlineKind::Struct : OutlineKind::Field;
-}
 
 std::string detailOf(const Symbol &symbol) {
   if (symbol.kind != SymbolKind::Item || !symbol.node)
@@ -57,7 +30,7 @@ void write(llvm::json::OStream &out, Snapshot &snapshot, llvm::ArrayRef<OutlineE
     const Symbol &symbol = *element.symbol;
     out.object([&] {
       out.attribute("name", *symbol.spelling);
-      out.attribute("kind", static_cast<int>(kindOf(symbol)));
+      out.attribute("kind", symbolKindOf(symbol));
       writeRange(out, "range", snapshot.rangeOf(element.whole));
       writeRange(out, "selectionRange", snapshot.rangeOf(symbol.place));
       if (const std::string detail = detailOf(symbol); !detail.empty())

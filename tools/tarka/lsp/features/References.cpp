@@ -1,7 +1,10 @@
 //===- References.cpp - where a name is used ------------------------------===//
 
+#include "lsp/Uris.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/ProgramCalls.h"
 #include "lsp/features/Writing.h"
+#include "llvm/ADT/StringSet.h"
 
 namespace tarka::lsp {
 
@@ -31,6 +34,79 @@ int highlightKind(Use use) {
   llvm_unreachable("not a use");
 }
 
+/// Writes Locations, each place once.
+class LocationWriter {
+public:
+  LocationWriter(Snapshot &of, llvm::json::OStream &stream) : snapshot(of), out(stream) {}
+
+  void add(const SourceRange &place) {
+    const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
+    if (isNew(snapshot.pathOf(place.file), begin.line, begin.character))
+      writeLocation(out, snapshot, place);
+  }
+  /// A Location of another program.
+  void add(const llvm::json::Object &location) {
+    const llvm::json::Object *range = location.getObject("range");
+    const llvm::json::Object *begin = range ? range->getObject("start") : nullptr;
+    const std::optional<std::string> path = pathOfUri(location.getString("uri").value_or(""));
+    if (begin && path &&
+        isNew(*path, begin->getInteger("line").value_or(0),
+              begin->getInteger("character").value_or(0)))
+      out.value(llvm::json::Object(location));
+  }
+
+private:
+  bool isNew(llvm::StringRef path, std::int64_t line, std::int64_t character) {
+    const std::string place = std::to_string(line) + ":" + std::to_string(character);
+    return known.insert((path + ":" + place).str()).second;
+  }
+
+  Snapshot &snapshot;
+  llvm::json::OStream &out;
+  llvm::StringSet<> known;
+};
+
+/// Adds the places in other programs: those that call the program at \p point, or that use the name
+/// of a copybook.
+void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDeclaration,
+                      LocationWriter &places) {
+  constexpr std::chrono::seconds patience(10);
+  auto ask = [&](llvm::StringRef what, llvm::json::Object parameters) {
+    std::optional<llvm::json::Value> answer =
+        snapshot.askWorkspace(what, std::move(parameters), patience);
+    llvm::json::Array *all = answer ? answer->getAsArray() : nullptr;
+    return all ? std::move(*all) : llvm::json::Array();
+  };
+  if (const std::optional<std::string> name = programNamedAt(snapshot, point)) {
+    if (withDeclaration)
+      for (llvm::json::Value &program : ask("programs", llvm::json::Object{{"name", *name}}))
+        places.add(*program.getAsObject()->getObject("location"));
+    for (const ProgramCall &call : programCalls(snapshot))
+      if (call.program == *name)
+        places.add(call.place);
+    for (llvm::json::Value &call :
+         ask("callers", llvm::json::Object{{"name", *name}, {"except", snapshot.getPath()}}))
+      for (llvm::json::Value &range : *call.getAsObject()->getArray("fromRanges"))
+        places.add(llvm::json::Object{{"uri", *call.getAsObject()->getObject("from")->get("uri")},
+                                      {"range", range}});
+  }
+  for (SymbolId id : snapshot.symbolsAt(point)) {
+    const SourceRange &place = snapshot.getIndex().getSymbol(id).place;
+    const std::string &path = snapshot.pathOf(place.file);
+    if (place.beginLine == 0 || path.empty() || path == snapshot.getPath())
+      continue;
+    const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
+    for (llvm::json::Value &location :
+         ask("uses", llvm::json::Object{{"path", path},
+                                        {"line", begin.line},
+                                        {"character", begin.character},
+                                        {"except", snapshot.getPath()}})) {
+      location.getAsObject()->erase("use");
+      places.add(*location.getAsObject());
+    }
+  }
+}
+
 } // namespace
 
 llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
@@ -42,14 +118,16 @@ llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::j
   const llvm::json::Object *context = parameters.getObject("context");
   const bool withDeclaration = !context || context->getBoolean("includeDeclaration").value_or(true);
   out.array([&] {
+    LocationWriter places(snapshot, out);
     if (const CopyUse *asked = snapshot.copyAt(*point))
       for (const CopyUse &use : snapshot.getCompilation().getExpansion().getCopies())
         if (use.file == asked->file && use.name == asked->name)
-          writeLocation(out, snapshot, use.place);
+          places.add(use.place);
     for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
       if ((withDeclaration || occurrence.use != Use::Declaration) &&
           !snapshot.isEdited(occurrence.getPlace()))
-        writeLocation(out, snapshot, occurrence.getPlace());
+        places.add(occurrence.getPlace());
+    addOtherPrograms(snapshot, *point, withDeclaration, places);
   });
   return llvm::Error::success();
 }
