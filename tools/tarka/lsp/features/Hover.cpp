@@ -139,19 +139,21 @@ llvm::StringRef wholeLiteral(Snapshot &snapshot, const SourcePoint &point) {
   return "";
 }
 
-/// What a word of the language or a literal means.
-std::string describeWord(Snapshot &snapshot, const SourcePoint &point) {
+/// What a word of the language or a literal means. \p analysed is the point in the text that was
+/// analysed, if it was there.
+std::string describeWord(Snapshot &snapshot, const SourcePoint &point,
+                         const std::optional<SourcePoint> &analysed) {
   const LineWord word = wordAt(snapshot, point);
   if (word.kind == LineWord::Literal || word.kind == LineWord::OpenLiteral) {
-    const llvm::StringRef whole = wholeLiteral(snapshot, point);
+    const llvm::StringRef whole = analysed ? wholeLiteral(snapshot, *analysed) : "";
     return whole.empty() ? "" : describeQuoted(whole);
   }
   if (word.kind != LineWord::Word || word.text.empty())
     return "";
   SourcePoint begin = point;
-  const llvm::StringRef line = snapshot.lineOf(point.file, point.line);
+  const llvm::StringRef line = snapshot.presentLineOf(point.file, point.line);
   begin.column = columnOfOffset(line, word.offset);
-  const LineWord before = textBefore(snapshot, begin, TextOf::Analysis).last();
+  const LineWord before = textBefore(snapshot, begin).last();
   if (word.isNumber()) {
     const bool isEntry = before.text.empty() || before.kind == LineWord::Period;
     return isEntry ? describeLevel(word.text) : describeNumber(word.text);
@@ -167,20 +169,22 @@ std::string describeWord(Snapshot &snapshot, const SourcePoint &point) {
 } // namespace
 
 Answer hover(Snapshot &snapshot, const Parameters &parameters) {
-  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
-  if (!point)
+  const std::optional<SourcePoint> present = snapshot.presentPointOf(parameters);
+  if (!present)
     return nullptr;
+  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
   std::string text;
-  for (SymbolId symbol : snapshot.symbolsAt(*point)) {
+  for (SymbolId symbol : point ? snapshot.symbolsAt(*point) : llvm::SmallVector<SymbolId, 2>()) {
     const std::string one = describeAtLength(snapshot, symbol);
     if (!llvm::StringRef(text).contains(one))
       text += (text.empty() ? "" : "\n\n") + one;
   }
-  if (const CopyUse *use = text.empty() ? snapshot.copyAt(*point) : nullptr)
+  if (const CopyUse *use = text.empty() && point ? snapshot.copyAt(*point) : nullptr)
     text = describeCopy(snapshot, *use);
   if (text.empty())
-    text = describeWord(snapshot, *point);
-  text += rulesAt(snapshot, *point);
+    text = describeWord(snapshot, *present, point);
+  if (point)
+    text += rulesAt(snapshot, *point);
   if (text.empty())
     return nullptr;
   return llvm::json::Object{

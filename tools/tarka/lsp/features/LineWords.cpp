@@ -51,10 +51,6 @@ std::pair<std::size_t, LineWord::Kind> measureWord(llvm::StringRef text) {
   return {1, isPeriod ? LineWord::Period : LineWord::Separator};
 }
 
-llvm::StringRef lineOf(Snapshot &snapshot, unsigned file, unsigned line, TextOf which) {
-  return which == TextOf::Editor ? snapshot.presentLineOf(file, line) : snapshot.lineOf(file, line);
-}
-
 } // namespace
 
 bool LineWord::isOneOf(std::initializer_list<llvm::StringRef> words) const {
@@ -71,8 +67,8 @@ Keyword LineWord::keyword() const {
 }
 
 llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, unsigned line,
-                                            TextOf which, unsigned column) {
-  llvm::StringRef whole = lineOf(snapshot, file, line, which);
+                                            unsigned column) {
+  llvm::StringRef whole = snapshot.presentLineOf(file, line);
   if (column != ~0u)
     whole = sliceColumns(whole, 1, column - 1);
   const auto [text, begin] = programText(whole, snapshot.isFixedForm(file));
@@ -93,7 +89,7 @@ llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, u
 }
 
 LineWord wordAt(Snapshot &snapshot, const SourcePoint &point) {
-  const llvm::StringRef line = snapshot.lineOf(point.file, point.line);
+  const llvm::StringRef line = snapshot.presentLineOf(point.file, point.line);
   const std::size_t offset = sliceColumns(line, 1, point.column - 1).size();
   LineWord found;
   for (const LineWord &word : wordsOfLine(snapshot, point.file, point.line))
@@ -103,17 +99,17 @@ LineWord wordAt(Snapshot &snapshot, const SourcePoint &point) {
   return found;
 }
 
-TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point, TextOf text) {
+TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point) {
   TextBefore before;
   const unsigned first = point.line > maxLines ? point.line - maxLines : 1;
   for (unsigned line = first; line <= point.line; ++line)
     before.words.append(
-        wordsOfLine(snapshot, point.file, line, text, line == point.line ? point.column : ~0u));
+        wordsOfLine(snapshot, point.file, line, line == point.line ? point.column : ~0u));
   if (before.words.empty())
     return before;
   const LineWord last = before.words.back();
   const llvm::StringRef typed =
-      sliceColumns(lineOf(snapshot, point.file, point.line, text), 1, point.column - 1);
+      sliceColumns(snapshot.presentLineOf(point.file, point.line), 1, point.column - 1);
   if (last.line == point.line && last.kind == LineWord::Word &&
       last.offset + last.text.size() == typed.size()) {
     before.prefix = last.text;

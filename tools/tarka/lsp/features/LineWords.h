@@ -2,7 +2,8 @@
 //
 // The words of single lines, for requests about text that is being typed, of which
 // the front end may have made nothing. Comments and the margins of fixed form are
-// left out; a literal ends with its line.
+// left out; a literal ends with its line. Points and lines are those of the text as
+// it is in the editor: Snapshot::presentPointOf().
 //
 //===----------------------------------------------------------------------===//
 
@@ -16,10 +17,6 @@
 #include <string>
 
 namespace tarka::lsp {
-
-/// Which text is looked at: the one that was analysed, or the one that the editor has, in which
-/// something may have been typed since.
-enum class TextOf : std::uint8_t { Analysis, Editor };
 
 /// A word as it is written.
 struct LineWord {
@@ -47,7 +44,7 @@ struct LineWord {
 
 /// The words of a line; those before \p column only when it is given.
 llvm::SmallVector<LineWord, 16> wordsOfLine(Snapshot &snapshot, unsigned file, unsigned line,
-                                            TextOf text = TextOf::Analysis, unsigned column = ~0u);
+                                            unsigned column = ~0u);
 
 /// The word that \p point is in or directly behind; one with an empty text when there is none.
 LineWord wordAt(Snapshot &snapshot, const SourcePoint &point);
@@ -67,7 +64,7 @@ struct TextBefore {
 };
 
 /// The words before \p point, those of as many lines as the longest statement has.
-TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point, TextOf text);
+TextBefore textBefore(Snapshot &snapshot, const SourcePoint &point);
 
 } // namespace tarka::lsp
 

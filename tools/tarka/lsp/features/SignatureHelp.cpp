@@ -59,7 +59,7 @@ llvm::json::Object signature(const std::string &label, llvm::ArrayRef<std::strin
 class SignatureHelp {
 public:
   SignatureHelp(Snapshot &of, const SourcePoint &at)
-      : snapshot(of), point(at), before(textBefore(of, at, TextOf::Editor)) {}
+      : snapshot(of), point(at), before(textBefore(of, at)) {}
 
   llvm::json::Value make() {
     llvm::json::Value help = functionHelp();
