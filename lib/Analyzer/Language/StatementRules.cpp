@@ -64,15 +64,19 @@ private:
 
 void checkParameters(ProcedureDivision &division, LanguageReport &report) {
   llvm::SmallPtrSet<const DataDescription *, 8> parameters;
+  // Several that are wrong have one cause, most often a lost header of the linkage section.
+  bool isReported = false;
   auto check = [&](Expression *item) {
     auto *identifier = llvm::dyn_cast_or_null<DataIdentifierExpression>(item);
     const DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
     if (!entry || !entry->getDataName())
       return false;
     const bool isRecord = entry->getLevelNum() == 1 || entry->getLevelNum() == 77;
-    if (!isRecord || entry->getStorageType() != StorageType::Linkage)
+    const bool isUsable = isRecord && entry->getStorageType() == StorageType::Linkage;
+    if (!isUsable && !isReported)
       report.report(LanguageRule::ParameterNotLinkageRecord, *item,
                     entry->getDataName()->getDisplayName());
+    isReported |= !isUsable;
     return true;
   };
   for (Parameter *parameter : division.getParameterElements()) {
