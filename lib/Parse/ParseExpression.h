@@ -90,14 +90,20 @@ protected:
 
 private:
   QualifiedWord *parseDataQualifiedWord(llvm::StringRef what);
-  bool atModifier();
+  /// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
+  bool atModifier() { return at(TokenKind::LParen) && !peek().isAfterComma(); }
   bool parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference);
   Expression *parseSubscript();
   bool atNextSubscript(const Expression &subscript);
   ReferenceModifier *parseReferenceModifier(const SourceRange &begin, Expression *position);
   IdentifierExpression *parseSpecialRegister();
   IdentifierExpression *parseAddressOrLength();
-  bool atFunction();
+  /// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it.
+  bool atFunction() {
+    return at(Keyword::Function) ||
+           (!context.repositoryFunctions.empty() && atRepositoryFunction());
+  }
+  bool atRepositoryFunction();
   FunctionIdentifierExpression *parseFunction();
   bool parseFunctionArguments(FunctionIdentifierExpression &function, const SourceRange &open);
   Expression *parseProduct(Expression *first, const SourceRange &begin);
