@@ -307,9 +307,9 @@ void LineReader::noteCut(const PhysicalLine &line, const FixedLine &parts) {
   while (isCrossed && begin > parts.text && !isBlank(begin[-1]))
     --begin;
   const char *end = std::find_if(std::max(begin, parts.limit), line.end, isBlank);
-  const bool isComment = llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>");
-  if (begin == line.end || isComment || std::any_of(parts.limit, end, llvm::isDigit) ||
-      (!isCrossed && isIdentified))
+  if (begin == line.end || (!isCrossed && isIdentified) ||
+      std::any_of(parts.limit, end, llvm::isDigit) ||
+      llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>"))
     return;
   const bool isBeyond = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1;
   SourceRange place = {fileNumber, line.number, columnBehind(line, begin), line.number,

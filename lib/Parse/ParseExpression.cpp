@@ -86,6 +86,8 @@ static bool isNumberGoneWrong(const Token &token) {
 }
 
 Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
+  if (atDataNameOnly())
+    return parseDataIdentifier(what);
   if (atLiteral())
     return parseLiteral();
   if (isNumberGoneWrong(peek()) && !atProcedureHeader()) {
@@ -97,6 +99,8 @@ Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
 }
 
 IdentifierExpression *ExpressionParser::parseIdentifier(llvm::StringRef what) {
+  if (atDataNameOnly())
+    return parseDataIdentifier(what);
   const Token &token = peek();
   if (atFunction())
     return parseFunction();

@@ -4,6 +4,7 @@
 #define TARKA_LIB_PARSE_PARSEEXPRESSION_H
 
 #include "Parse/ParserBase.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -89,6 +90,13 @@ protected:
   template <typename Function> auto call(Function function) { return function(); }
 
 private:
+  /// Whether the next word can only be the name of a data item: it is none of the symbolic
+  /// characters and functions that the program declares, and no number gone wrong.
+  bool atDataNameOnly() {
+    const Token &token = peek();
+    return token.isUserWord() && !context.hasSymbolicCharacters &&
+           context.repositoryFunctions.empty() && !llvm::isDigit(token.text.front());
+  }
   QualifiedWord *parseDataQualifiedWord(llvm::StringRef what);
   /// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
   bool atModifier() { return at(TokenKind::LParen) && !peek().isAfterComma(); }

@@ -5,6 +5,7 @@
 #include "Parse/MisspeltWords.h"
 #include "Parse/SourceDiagnostics.h"
 #include "llvm/ADT/SmallString.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -212,12 +213,13 @@ NumericLiteralExpression *ParserBase::parseNumericLiteral() {
   if (!atNumericLiteral())
     return expected("a number");
   SourceRange begin = here();
-  llvm::SmallString<40> text;
-  if (at(TokenKind::Plus, TokenKind::Minus)) {
-    text = peek().spelling;
+  llvm::SmallString<40> signedText;
+  if (!peek().isNumber()) {
+    signedText = peek().spelling;
     stream.skip();
+    signedText += peek().spelling;
   }
-  text += peek().spelling;
+  const llvm::StringRef text = signedText.empty() ? peek().spelling : llvm::StringRef(signedText);
   stream.skip();
   auto *literal = make<NumericLiteralExpression>(begin, text);
   if (context.decimalPointIsComma)

@@ -778,7 +778,7 @@ void TokenStream::setTokens(llvm::ArrayRef<Token> tokens) {
 void TokenStream::fill(unsigned wanted) {
   if (wanted > buffer.end() - current)
     makeRoom();
-  while (getCount() < wanted) {
+  for (const Token *last = current + wanted; end < last;) {
     Token *token = end++;
     if (source) {
       source->next(*token);

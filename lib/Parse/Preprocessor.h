@@ -17,6 +17,7 @@
 #include "llvm/ADT/SmallVector.h"
 #include <array>
 #include <cassert>
+#include <cstddef>
 #include <memory>
 
 namespace tarka {
@@ -55,7 +56,7 @@ public:
   /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
-    if (n >= getCount())
+    if (end - current <= static_cast<std::ptrdiff_t>(n))
       fill(n + 1);
     return current[n];
   }
@@ -114,7 +115,6 @@ public:
   OpenConstructs &getOpenConstructs();
 
 private:
-  unsigned getCount() const { return static_cast<unsigned>(end - current); }
   void fill(unsigned wanted);
   void makeRoom();
 
