@@ -133,6 +133,12 @@ public:
     errorHandler->lastEntry().setOtherOperand(&other);
     return false;
   }
+  /// The same for \p operand, one of those that \p node, at which the message points, is made of.
+  bool reportOperand(ErrorCode code, Node *node, const Node &operand) {
+    report(code, node);
+    errorHandler->lastEntry().setOperand(&operand);
+    return false;
+  }
   /// Pushes a warning at \p node. A warning does not fail the check.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   /// The error handler that the checker was made with; never null.

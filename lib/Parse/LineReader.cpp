@@ -255,8 +255,7 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
   if (first == end || beginsWith(first, end, "*>"))
     return false;
   if (parts.limit < line.end) {
-    if (end == parts.limit && !isBlank(*end))
-      noteCut(line, parts);
+    noteCut(line, parts);
     linesIdentified += !isBlank(*parts.limit);
   }
   take(line, parts.text, end);
@@ -267,26 +266,27 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
   return true;
 }
 
-/// Notes text that goes on across column 72. A sequence number or an identification of the line,
-/// which may stand there as well, has digits in it.
-///
-/// It is evidently text where it goes past the columns for these, or where less than half of the
-/// lines before have anything there.
+/// Notes text that goes on past column 72: a word that crosses it, or one that begins behind it. A
+/// sequence number or an identification of the line, which may stand there as well, has digits in
+/// it; an identification without digits stands there in most lines.
 void LineReader::noteCut(const PhysicalLine &line, const FixedLine &parts) {
-  const char *begin = parts.limit;
-  while (begin > parts.text && !isBlank(begin[-1]))
-    --begin;
-  const char *end = std::find_if(parts.limit, line.end, isBlank);
-  const bool isComment = llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>");
-  if (isComment || std::any_of(parts.limit, end, llvm::isDigit))
-    return;
   constexpr unsigned lastColumn = 80;
-  const bool isEvident = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1 ||
-                         (linesIdentified * 2 < linesRead && linesRead > 1);
-  unsigned first = columnBehind(line, begin);
-  diagnostics.noteCutLine(
-      SourceRange{fileNumber, line.number, first, line.number, columnBehind(line, parts.limit) - 1},
-      llvm::StringRef(begin, end - begin), isEvident && !quiet);
+  const bool isIdentified = linesIdentified * 2 >= linesRead || linesRead < 2;
+  const bool isCrossed = !isBlank(parts.limit[-1]) && !isBlank(*parts.limit);
+  const char *begin = isCrossed ? parts.limit : skipBlanks(parts.limit, line.end);
+  while (isCrossed && begin > parts.text && !isBlank(begin[-1]))
+    --begin;
+  const char *end = std::find_if(std::max(begin, parts.limit), line.end, isBlank);
+  const bool isComment = llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>");
+  if (begin == line.end || isComment || std::any_of(parts.limit, end, llvm::isDigit) ||
+      (!isCrossed && isIdentified))
+    return;
+  const bool isBeyond = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1;
+  SourceRange place = {fileNumber, line.number, columnBehind(line, begin), line.number,
+                       columnBehind(line, isCrossed ? parts.limit : end) - 1};
+  diagnostics.noteCutLine(isCrossed ? DiagnosticId::TextPastMargin : DiagnosticId::WordPastMargin,
+                          place, llvm::StringRef(begin, end - begin),
+                          isCrossed && (isBeyond || !isIdentified) && !quiet);
 }
 
 /// Whether a line whose column 7 is not blank holds program text.

@@ -389,11 +389,22 @@ bool ExpressionParser::parseFunctionArguments(FunctionIdentifierExpression &call
   return true;
 }
 
+/// The only function whose name begins with \p text; empty where there is none or more than one.
+static llvm::StringRef functionThatBegins(llvm::StringRef text) {
+  auto begins = [&](const IntrinsicFunction &one) { return one.name.starts_with(text); };
+  const IntrinsicFunction *first = llvm::find_if(intrinsicFunctions(), begins);
+  const IntrinsicFunction *end = intrinsicFunctions().end();
+  return first == end || std::any_of(first + 1, end, begins) ? "" : llvm::StringRef(first->name);
+}
+
 Failure ExpressionParser::reportUnknownFunction(const Word &name) {
   SpellingMatch match(name.getWordData());
   for (const IntrinsicFunction &function : intrinsicFunctions())
     match.consider(function.name);
   llvm::StringRef nearest = match.getNearest();
+  // UPPER for UPPER-CASE.
+  if (nearest.empty())
+    nearest = functionThatBegins(name.getWordData() + "-");
   if (nearest.empty())
     return error(DiagnosticId::UnknownFunction, name.getRange(), name.getDisplayName());
   return error(DiagnosticId::MisspeltFunction, name.getRange(), name.getDisplayName(), nearest);

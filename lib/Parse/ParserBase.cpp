@@ -42,7 +42,7 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   // A word too much makes a line too long as well.
   const std::pair cutLine(cut->place.file, cut->place.beginLine);
   if (context.lastWrongLine != cutLine)
-    context.diagnostics.report(DiagnosticId::TextPastMargin, cut->place, cut->text);
+    context.diagnostics.report(cut->id, cut->place, cut->text);
   context.lastWrongLine = cutLine;
   return false;
 }

@@ -100,7 +100,7 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
 void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry) {
   diagnostic.subject = entry.getSubject();
   if (diagnostic.subject.empty()) {
-    Subject subject = describe(*entry.getNode());
+    Subject subject = describe(entry.getOperand() ? *entry.getOperand() : *entry.getNode());
     diagnostic.subject = std::move(subject.name);
     diagnostic.detail = std::move(subject.detail);
   }

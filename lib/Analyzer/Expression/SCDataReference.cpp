@@ -164,7 +164,7 @@ bool SemanticChecker::checkSubscriptModifier(DataIdentifierExpression &identifie
       continue;
     }
     if (!isSubscript(*subscript))
-      ok = report(ErrorCode::IntegerExpressionInvalid, &identifier);
+      ok = reportOperand(ErrorCode::IntegerExpressionInvalid, &identifier, *subscript);
     else if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(subscript);
              literal && literal->getIntegerValue() == 0) {
       warn(ErrorCode::SubscriptBelowOne, &identifier);

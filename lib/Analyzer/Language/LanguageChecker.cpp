@@ -50,6 +50,7 @@ public:
     current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision()) {
+      checkRecords(*division, report);
       checkVariableTables(*division, report);
       checkReportEntries(*division, report);
     }

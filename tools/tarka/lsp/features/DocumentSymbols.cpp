@@ -2,40 +2,13 @@
 
 #include "AST/DataDescription.h"
 #include "AST/KindNames.h"
+#include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
 #include "mlir/Tools/lsp-server-support/Protocol.h"
 
 namespace tarka::lsp {
 
 namespace {
-
-using OutlineKind = mlir::lsp::SymbolKind;
-
-OutlineKind kindOf(const Symbol &symbol) {
-  switch (symbol.kind) {
-  case SymbolKind::Program:
-    return OutlineKind::Module;
-  case SymbolKind::File:
-    return OutlineKind::File;
-  case SymbolKind::Section:
-    return OutlineKind::Namespace;
-  case SymbolKind::Paragraph:
-    return OutlineKind::Function;
-  case SymbolKind::ConditionName:
-    return OutlineKind::Boolean;
-  case SymbolKind::IndexName:
-    return OutlineKind::Number;
-  case SymbolKind::Report:
-    return OutlineKind::Interface;
-  case SymbolKind::SpecialName:
-  case SymbolKind::SpecialRegister:
-    return OutlineKind::Constant;
-  case SymbolKind::Item:
-    break;
-  }
-  const auto *entry = static_cast<const DataDescription *>(symbol.node);
-  return entry && entry->isGroupItem() ? OutlineKind::Struct : OutlineKind::Field;
-}
 
 std::string detailOf(const Symbol &symbol) {
   if (symbol.kind != SymbolKind::Item || !symbol.node)
@@ -126,7 +99,7 @@ private:
     }
     whole.beginColumn = 1;
     llvm::json::Object result{{"name", *symbol.spelling},
-                              {"kind", static_cast<int>(kindOf(symbol))},
+                              {"kind", symbolKindOf(symbol)},
                               {"range", snapshot.rangeOf(whole)},
                               {"selectionRange", snapshot.rangeOf(symbol.place)}};
     if (std::string detail = detailOf(symbol); !detail.empty())

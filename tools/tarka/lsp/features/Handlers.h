@@ -22,6 +22,8 @@ Answer prepareRename(Snapshot &snapshot, const Parameters &parameters);
 Answer rename(Snapshot &snapshot, const Parameters &parameters);
 Answer hover(Snapshot &snapshot, const Parameters &parameters);
 Answer completion(Snapshot &snapshot, const Parameters &parameters);
+/// The operands of CALL of a known program, and of intrinsic functions.
+Answer signatureHelp(Snapshot &snapshot, const Parameters &parameters);
 
 // Calls.
 Answer prepareCallHierarchy(Snapshot &snapshot, const Parameters &parameters);

@@ -1,6 +1,8 @@
 //===- References.cpp - where a name is used ------------------------------===//
 
 #include "lsp/features/Handlers.h"
+#include "lsp/features/ProgramCalls.h"
+#include "llvm/ADT/STLExtras.h"
 
 namespace tarka::lsp {
 
@@ -30,6 +32,52 @@ int highlightKind(Use use) {
   llvm_unreachable("not a use");
 }
 
+/// Adds the places in other programs: those that call the program at \p point, or that use the name
+/// of a copybook.
+void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDeclaration,
+                      llvm::json::Array &places) {
+  constexpr std::chrono::seconds patience(10);
+  auto ask = [&](llvm::StringRef what, llvm::json::Object parameters) {
+    std::optional<llvm::json::Value> answer =
+        snapshot.askWorkspace(what, std::move(parameters), patience);
+    llvm::json::Array *all = answer ? answer->getAsArray() : nullptr;
+    return all ? std::move(*all) : llvm::json::Array();
+  };
+  auto addLocation = [&](llvm::json::Value location) {
+    if (!llvm::is_contained(places, location))
+      places.push_back(std::move(location));
+  };
+  if (const std::optional<std::string> name = programNamedAt(snapshot, point)) {
+    if (withDeclaration)
+      for (llvm::json::Value &program : ask("programs", llvm::json::Object{{"name", *name}}))
+        addLocation(std::move(*program.getAsObject()->get("location")));
+    for (const ProgramCall &call : programCalls(snapshot))
+      if (call.program == *name)
+        if (std::optional<llvm::json::Object> place = snapshot.locationOf(call.place))
+          addLocation(std::move(*place));
+    for (llvm::json::Value &call :
+         ask("callers", llvm::json::Object{{"name", *name}, {"except", snapshot.getPath()}}))
+      for (llvm::json::Value &range : *call.getAsObject()->getArray("fromRanges"))
+        addLocation(llvm::json::Object{{"uri", *call.getAsObject()->getObject("from")->get("uri")},
+                                       {"range", range}});
+  }
+  for (SymbolId id : snapshot.symbolsAt(point)) {
+    const SourceRange &place = snapshot.getIndex().getSymbol(id).place;
+    const std::string &path = snapshot.pathOf(place.file);
+    if (place.beginLine == 0 || path.empty() || path == snapshot.getPath())
+      continue;
+    const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
+    for (llvm::json::Value &location :
+         ask("uses", llvm::json::Object{{"path", path},
+                                        {"line", begin.line},
+                                        {"character", begin.character},
+                                        {"except", snapshot.getPath()}})) {
+      location.getAsObject()->erase("use");
+      addLocation(std::move(location));
+    }
+  }
+}
+
 } // namespace
 
 Answer references(Snapshot &snapshot, const Parameters &parameters) {
@@ -48,6 +96,7 @@ Answer references(Snapshot &snapshot, const Parameters &parameters) {
     if (withDeclaration || occurrence.use != Use::Declaration)
       if (std::optional<llvm::json::Object> place = snapshot.locationOf(occurrence.getPlace()))
         places.push_back(std::move(*place));
+  addOtherPrograms(snapshot, *point, withDeclaration, places);
   return places;
 }
 
