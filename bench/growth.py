@@ -21,7 +21,7 @@ def main():
     parser = argparse.ArgumentParser(description=__doc__,
                                      formatter_class=argparse.RawDescriptionHelpFormatter)
     parser.add_argument("tarka", help="the program to measure")
-    parser.add_argument("--count", type=int, default=300, help="how often the small program has it")
+    parser.add_argument("--count", type=int, default=100, help="how often the small program has it")
     parser.add_argument("--limit", type=float, default=11, help="what is too much for ten times")
     parser.add_argument("--only", action="append", choices=everything, metavar="CONSTRUCT")
     arguments = parser.parse_args()

@@ -205,7 +205,7 @@ TEST(CFGStructure, ReportDeclarativesAreAFunctionOfTheirOwn) {
   ASSERT_TRUE(report);
   EXPECT_EQ(report->getName(), "tkdummy_rpt_decl_func");
   EXPECT_EQ(report->getSourceUnit(), nullptr);
-  EXPECT_EQ(*report->getSectionList(), NodeList<Section>{first->getSection()});
+  EXPECT_EQ(*report->getSectionList(), std::list<Section *>{first->getSection()});
   EXPECT_EQ(shapeOf(report->getBody()), R"(0 tkdummy_rpt_declaratives! successor=5 end=5
 1 R1
 2 P-R1* [CONTINUE] successor=5
