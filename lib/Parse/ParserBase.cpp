@@ -187,7 +187,7 @@ QualifiedWord *ParserBase::parseQualifiedWord(llvm::StringRef what) {
   Word *name = parseUserWord(what);
   if (!name)
     return nullptr;
-  std::list<Word *> names{name};
+  NodeList<Word> names{name};
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *qualifier = parseUserWord("the name that qualifies");
     if (!qualifier)
@@ -202,7 +202,7 @@ QualifiedWord *ParserBase::parseProcedureName() {
   Word *name = parseProcedureWord();
   if (!name)
     return nullptr;
-  std::list<Word *> names{name};
+  NodeList<Word> names{name};
   // The language allows one qualifier; the checker reports more.
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *section = parseProcedureWord();
