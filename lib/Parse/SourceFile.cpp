@@ -62,6 +62,10 @@ size_t findLineEnd(llvm::StringRef text) {
 class FormatDetector {
 public:
   void look(llvm::StringRef line) {
+    if (isPlain(line)) {
+      ++lines;
+      return;
+    }
     llvm::StringRef text = trimStart(line);
     if (text.empty() || isOptions(text))
       return;
@@ -108,6 +112,20 @@ public:
   bool isDone() const { return directed != SourceFormat::Auto || lines >= 2000; }
 
 private:
+  /// Whether \p line is one of the most, which fit both forms: blank up to area A, no longer than
+  /// 80 columns, and with a word first that is none of compiler options.
+  static bool isPlain(llvm::StringRef line) {
+    if (line.size() < 9 || line.size() > 80 || !line.starts_with("       "))
+      return false;
+    std::size_t word = 7;
+    while (word + 1 < line.size() && (line[word] == ' ' || llvm::isDigit(line[word])))
+      ++word;
+    const char first = llvm::toUpper(line[word]);
+    const char second = word + 1 < line.size() ? llvm::toUpper(line[word + 1]) : ' ';
+    return llvm::isAlpha(first) && !(first == 'C' && second == 'B') &&
+           !(first == 'P' && second == 'R');
+  }
+
   static bool isOptions(llvm::StringRef text) {
     auto isNumbering = [](char c) { return c == ' ' || llvm::isDigit(c); };
     llvm::StringRef word = text.drop_while(isNumbering).take_while(isWordCharacter);
