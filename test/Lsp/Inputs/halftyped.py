@@ -54,11 +54,14 @@ def check(what):
 
 
 def edit(old, new, steps=1):
-    """Replaces old by new, which is typed in several steps, and gives what undoes it."""
+    """Replaces old by new, which is typed in several steps, and gives what undoes it. What old
+    ends with is not typed again."""
     text = client.texts[path]
     begin = text.index(old)
+    while old and new.endswith(old[-1]):
+        old, new = old[:-1], new[:-1]
     client.change(program, (begin, begin + len(old), ""))
-    size = -(-len(new) // steps)
+    size = max(1, -(-len(new) // steps))
     for at in range(0, len(new), size):
         client.change(program, (begin + at, begin + at, new[at : at + size]))
     return lambda: client.change(program, (begin, begin + len(new), old))
@@ -74,7 +77,7 @@ for what, old, new in [
     ("no DATA DIVISION", "       DATA DIVISION.\n", ""),
     ("half a header", "       DATA DIVISION.\n", "       DATA DIV\n"),
     ("no PROCEDURE DIVISION", "       PROCEDURE DIVISION USING DFHCOMMAREA.\n", ""),
-    ("no IDENTIFICATION DIVISION", "       IDENTIFICATION DIVISION.\n       PROGRAM-ID. ORDERS.\n", ""),
+    ("no IDENTIFICATION DIVISION", "       IDENTIFICATION DIVISION.\n", ""),
     ("an entry without a period", "01  WS-STATUS               PIC XX.", "01  WS-STATUS               PIC X("),
     ("a pseudo-text that is not closed", "==:P:== BY ==LK==.", "==:P:== BY ==LK."),
 ]:
