@@ -121,8 +121,7 @@ check(
     text.replace("WS-COUNT", "WS-ORDER-COUNT", 3)
 )
 for needle, new, after, reason in [
-    ("WS-NAME", "X", "MOVE", "CUSTOMER.cpy:3"),
-    ("AMOUNT OF", "X", None, "TOTALS.cpy:4"),
+    ("WS-NAME", "X", "MOVE", "makes the part WS"),
     ("STATUS-OK", "MOVE", None, "reserved"),
     ("STATUS-OK", "WS-ROW", None, "declared already"),
     ("STATUS-OK", "9-", None, "not a name"),

@@ -18,7 +18,7 @@ constexpr Feature table[] = {
     {"textDocument/references", "referencesProvider", on, references},
     {"textDocument/documentHighlight", "documentHighlightProvider", on, documentHighlight},
     {"textDocument/prepareRename", "", "", prepareRename, TextNeeded::Present},
-    {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename, TextNeeded::Present},
+    {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename, TextNeeded::All},
     {"textDocument/hover", "hoverProvider", on, hover},
     {"textDocument/completion", "completionProvider", R"({"triggerCharacters":["-"]})", completion},
     {"textDocument/signatureHelp", "signatureHelpProvider",

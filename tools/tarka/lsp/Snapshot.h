@@ -62,6 +62,7 @@ public:
   /// the program stays that of the text that was analysed.
   void change(const llvm::json::Object &parameters);
 
+  const SnapshotInput &getInput() const { return given; }
   /// The absolute path of the program.
   const std::string &getPath() const { return path; }
   const Request &getRequest() const { return request; }

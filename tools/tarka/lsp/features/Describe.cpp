@@ -126,6 +126,38 @@ std::vector<std::string> usingItems(const SourceUnit &unit) {
   return items;
 }
 
+std::string qualifiedName(Snapshot &snapshot, SymbolId id) {
+  const OccurrenceIndex &index = snapshot.getIndex();
+  const Symbol &symbol = index.getSymbol(id);
+  std::string text = *symbol.spelling;
+  const bool isData = symbol.kind == SymbolKind::Item || symbol.kind == SymbolKind::ConditionName;
+  if (!isData || !symbol.node || Scope(symbol.unit).findOnlyOwnItem(symbol.name))
+    return text;
+  // Of each other item that the text can mean, the groups that a further qualifier can be.
+  llvm::SmallVector<const DataDescription *> others;
+  for (const Symbol &other : index.getSymbols())
+    if (other.name == symbol.name && other.unit == symbol.unit && other.node &&
+        other.node != symbol.node &&
+        (other.kind == SymbolKind::Item || other.kind == SymbolKind::ConditionName))
+      others.push_back(static_cast<const DataDescription *>(other.node)->getOwner());
+  const auto *entry = static_cast<const DataDescription *>(symbol.node);
+  while (!others.empty() && (entry = entry->getOwner())) {
+    if (entry->isFiller())
+      continue;
+    const std::string *qualifier = &entry->getDataName()->getWordData();
+    llvm::SmallVector<const DataDescription *> alike;
+    for (const DataDescription *around : others) {
+      while (around && (around->isFiller() || &around->getDataName()->getWordData() != qualifier))
+        around = around->getOwner();
+      if (around)
+        alike.push_back(around->getOwner());
+    }
+    others = std::move(alike);
+    text += " OF " + entry->getDataName()->getDisplayName();
+  }
+  return text;
+}
+
 int symbolKindOf(const Symbol &symbol) {
   using Kind = mlir::lsp::SymbolKind;
   auto number = [](Kind kind) { return static_cast<int>(kind); };
