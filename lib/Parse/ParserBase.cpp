@@ -250,8 +250,27 @@ NonNumericLiteralExpression *ParserBase::parseNonNumericLiteral() {
   if (!at(TokenKind::AlphanumericLiteral))
     return expected("a literal in quotes");
   auto *literal = makeAt<NonNumericLiteralExpression>(here(), peek().text);
+  checkHexLiteral(peek());
   stream.skip();
   return literal;
+}
+
+/// Reports a hexadecimal literal whose digits do not make characters: two each, in NX'...' four.
+/// The checks after the parser look at all characters of X'...' but the last one.
+void ParserBase::checkHexLiteral(const Token &token) {
+  const llvm::StringRef prefix =
+      token.text.take_until([](char c) { return c == '"' || c == '\''; });
+  const bool isNational = prefix.equals_insensitive("NX");
+  if (!isNational && !prefix.equals_insensitive("X"))
+    return;
+  const llvm::StringRef digits = token.text.drop_front(prefix.size()).trim("\"'");
+  const llvm::StringRef wrong = digits.drop_while(llvm::isHexDigit);
+  const std::size_t digitsEach = isNational ? 4 : 2;
+  if (!wrong.empty() && (isNational || wrong.size() == 1))
+    error(DiagnosticId::HexDigitExpected, token.place, describe(token), wrong.take_front());
+  else if (wrong.empty() && digits.size() % digitsEach != 0)
+    error(DiagnosticId::HexDigitsIncomplete, token.place, describe(token), digits.size(),
+          digitsEach);
 }
 
 static FigurativeType figurativeTypeOf(Keyword keyword) {

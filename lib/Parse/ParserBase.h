@@ -206,6 +206,7 @@ public:
   LiteralExpression *parseLiteral();
   NumericLiteralExpression *parseNumericLiteral();
   NonNumericLiteralExpression *parseNonNumericLiteral();
+  void checkHexLiteral(const Token &token);
   FigurativeLiteralExpression *parseFigurativeConstant();
 
   //===--------------------------------------------------------------------===//

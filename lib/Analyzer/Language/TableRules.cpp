@@ -26,6 +26,10 @@ const std::string &nameOf(const DataIdentifierExpression &identifier) {
   return identifier.getQualifiedWord()->getNamesElements().front()->getDisplayName();
 }
 
+std::string displayNameOf(const DataDescription &entry) {
+  return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
+}
+
 /// The length of the item that an operand is; nothing for a table, of which one occurrence or all
 /// can be meant, for a part and for an item whose length varies.
 std::optional<std::int64_t> fixedLengthOf(const Expression *operand, bool inCharacters) {
@@ -351,22 +355,24 @@ private:
                   nameOf(identifier), countOf(characters, "character"));
   }
 
-  static std::string displayNameOf(const DataDescription &entry) {
-    return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
-  }
-
   LanguageReport &report;
   OperandPlace place = OperandPlace::Statement;
 };
 
 } // namespace
 
-/// The level numbers 66, 77 and 88 with OCCURS have been reported.
 void checkRecords(DataDivision &division, LanguageReport &report) {
+  constexpr std::int64_t mostBytes = 2'147'483'647;
   auto checkRecord = [&](DataDescription *record) {
+    // The level numbers 66, 77 and 88 with OCCURS have been reported.
     if (record->getLevelNum() == 1 && record->getOccurs())
-      report.report(LanguageRule::OccursOnRecord, *record,
-                    record->getDataName() ? record->getDataName()->getDisplayName() : "FILLER");
+      report.report(LanguageRule::OccursOnRecord, *record, displayNameOf(*record));
+    // In a record of the linkage section UNBOUNDED stands for the greatest number of occurrences.
+    else if (record->getStorageType() != StorageType::Linkage && record->getAllocSize() > mostBytes)
+      report.report(LanguageRule::RecordTooLarge, *record, displayNameOf(*record),
+                    record->isTooLarge() ? "too many bytes to count"
+                                         : countOf(record->getAllocSize(), "byte"),
+                    mostBytes);
   };
   for (FileDescription *file : division.getFileSectionElements())
     std::for_each(file->getDataRecordDescBegin(), file->getDataRecordDescEnd(), checkRecord);

@@ -245,9 +245,12 @@ void Snapshot::change(const llvm::json::Object &parameters) {
   auto text = document ? given.texts.find(*document) : given.texts.end();
   if (!changes || text == given.texts.end())
     return;
-  const std::string &analysed = *text->getValue();
-  ChangedText &now = changed.try_emplace(*document, ChangedText{{analysed, 0}, {analysed, 0}, {}})
-                         .first->getValue();
+  auto found = changed.find(*document);
+  if (found == changed.end()) {
+    const std::string &analysed = *text->getValue();
+    found = changed.try_emplace(*document, ChangedText{{analysed, 0}, {analysed, 0}, {}}).first;
+  }
+  ChangedText &now = found->getValue();
   now.present.change(*changes, 0, encoding, &now.edits);
 }
 

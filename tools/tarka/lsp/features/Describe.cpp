@@ -5,6 +5,7 @@
 #include "AST/FileDescription.h"
 #include "AST/KindNames.h"
 #include "AST/Scope.h"
+#include "AST/StatementBranch.h"
 #include "Print/LayoutModel.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
