@@ -797,8 +797,7 @@ void LanguageServer::ask(const Feature &feature, llvm::json::Value id,
 bool LanguageServer::hasOtherTexts(const ProgramUnit &unit) const {
   return unit.versions.size() != documents.size() ||
          llvm::any_of(documents, [&](const auto &document) {
-           return unit.versions.lookup(document.getKey()) !=
-                  document.getValue().text.getVersion();
+           return unit.versions.lookup(document.getKey()) != document.getValue().text.getVersion();
          });
 }
 

@@ -206,8 +206,7 @@ private:
       return false;
     // The name is before its nearest qualifiers.
     std::size_t at = 1;
-    while (before.last(at + 1).isOneOf({"OF", "IN"}) &&
-           before.last(at + 2).kind == LineWord::Word)
+    while (before.last(at + 1).isOneOf({"OF", "IN"}) && before.last(at + 2).kind == LineWord::Word)
       at += 2;
     const std::string name = before.last(at).upper();
     const OccurrenceIndex &index = snapshot.getIndex();

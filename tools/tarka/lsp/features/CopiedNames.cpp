@@ -142,8 +142,8 @@ private:
   }
   /// Only what is in a copybook is common to several programs.
   void addPlace(const Place &place) {
-    if (const std::string &path = std::get<0>(place); path != snapshot.getPath() &&
-                                                      !programs.count(path)) {
+    if (const std::string &path = std::get<0>(place);
+        path != snapshot.getPath() && !programs.count(path)) {
       places.insert(place);
       copybooks.insert(path);
     }
@@ -274,9 +274,8 @@ void CopiedRename::writeNames(const std::string &program, const OpenTexts &texts
                 out.value(occurrence.line);
                 out.value(occurrence.column);
                 out.value(occurrence.endColumn);
-                out.value(isOnOneLine
-                              ? sliceColumns(line, occurrence.column, occurrence.endColumn)
-                              : llvm::StringRef());
+                out.value(isOnOneLine ? sliceColumns(line, occurrence.column, occurrence.endColumn)
+                                      : llvm::StringRef());
               });
             }
           });
@@ -289,8 +288,7 @@ void CopiedRename::writeNames(const std::string &program, const OpenTexts &texts
   });
 }
 
-ProgramNames CopiedRename::readNames(const std::string &program,
-                                     const llvm::json::Object &object) {
+ProgramNames CopiedRename::readNames(const std::string &program, const llvm::json::Object &object) {
   ProgramNames names;
   names.meaning = object.getString("meaning").value_or("").str();
   for (const llvm::json::Value &value : *object.getArray("symbols")) {
@@ -303,9 +301,10 @@ ProgramNames CopiedRename::readNames(const std::string &program,
       auto number = [&](std::size_t at) {
         return static_cast<unsigned>(fields[at].getAsInteger().value_or(0));
       };
-      symbol.occurrences.push_back({{fields[0].getAsString().value_or("").str(), number(1), number(2)},
-                                    number(3),
-                                    fields[4].getAsString().value_or("").str()});
+      symbol.occurrences.push_back(
+          {{fields[0].getAsString().value_or("").str(), number(1), number(2)},
+           number(3),
+           fields[4].getAsString().value_or("").str()});
     }
   }
   for (const auto &[path, isFixed] : *object.getObject("forms"))
@@ -395,10 +394,8 @@ llvm::Error CopiedRename::edit() {
     if (!source)
       source = std::make_unique<FixedSource>(lines.textOf(file), forms[path]);
     const std::string &old = written[place];
-    const TextEdit change{{file, line, column, line,
-                           column + static_cast<unsigned>(old.size()) - 1},
-                          old,
-                          text};
+    const TextEdit change{
+        {file, line, column, line, column + static_cast<unsigned>(old.size()) - 1}, old, text};
     if (!source->apply(change))
       return refuse("the line " + inWords(place) + " would become too long");
   }

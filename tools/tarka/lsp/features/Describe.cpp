@@ -43,11 +43,8 @@ std::string nameAndPicture(const DataDescription &entry) {
   std::string text = entryName(entry).str();
   if (const DataDescription *object = entry.getRedefineObject())
     text += " REDEFINES " + entryName(*object).str();
-  if (const ClausePicture *picture = entry.getPicture())
-    text += " PIC " + picture->getCharStringWord()->getDisplayName();
-  if (const UsageType usage = entry.getUsageType();
-      usage != UsageType::None && usage != UsageType::Display && entry.getLevelNum() != 88)
-    text += " " + nameOf(usage).str();
+  if (const std::string picture = pictureOf(entry); !picture.empty())
+    text += " " + picture;
   return text;
 }
 
@@ -157,6 +154,16 @@ std::string qualifiedName(Snapshot &snapshot, SymbolId id) {
     text += " OF " + entry->getDataName()->getDisplayName();
   }
   return text;
+}
+
+std::string pictureOf(const DataDescription &entry) {
+  std::string text;
+  if (const ClausePicture *picture = entry.getPicture())
+    text += " PIC " + picture->getCharStringWord()->getDisplayName();
+  if (const UsageType usage = entry.getUsageType();
+      usage != UsageType::None && usage != UsageType::Display && entry.getLevelNum() != 88)
+    text += " " + nameOf(usage).str();
+  return llvm::StringRef(text).ltrim().str();
 }
 
 int symbolKindOf(const Symbol &symbol) {

@@ -22,6 +22,9 @@ std::string qualifiedName(Snapshot &snapshot, SymbolId symbol);
 /// The kind of a symbol by its number in the protocol.
 int symbolKindOf(const Symbol &symbol);
 
+/// The PICTURE and the USAGE of an elementary item: "PIC S9(4) COMP"; empty for a group.
+std::string pictureOf(const DataDescription &entry);
+
 /// The items of USING in the procedure division of \p unit with their pictures: "LK-COUNT PIC S9(4)
 /// COMP"; "BY VALUE" before one that is passed so.
 std::vector<std::string> usingItems(const SourceUnit &unit);

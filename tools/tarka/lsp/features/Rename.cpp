@@ -125,9 +125,8 @@ Answer rename(Snapshot &snapshot, const Parameters &parameters) {
       lines.push_back(occurrence.line);
   }
   const std::string changed = source.getText();
-  llvm::json::Array edits =
-      lineEdits(snapshot.getCompilation().getLines().textOf(file), changed, lines,
-                snapshot.getEncoding());
+  llvm::json::Array edits = lineEdits(snapshot.getCompilation().getLines().textOf(file), changed,
+                                      lines, snapshot.getEncoding());
   llvm::json::Object changes;
   changes[snapshot.uriOf(file)] = std::move(edits);
   return llvm::json::Object{{"changes", std::move(changes)}};

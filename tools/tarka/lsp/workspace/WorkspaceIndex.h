@@ -43,12 +43,14 @@ public:
   ///
   /// - workspace/symbol, callHierarchy/incomingCalls, callHierarchy/outgoingCalls as in the
   /// protocol
-  /// - "programs" of "name", without it all: "item" as in a call hierarchy, "using", and "location" of each
+  /// - "programs" of "name", without it all: "item" as in a call hierarchy, "using", and "location"
+  /// of each
   /// - "callers" of "name", not those in "except": calls as in callHierarchy/incomingCalls
   /// - "uses" of the name that is declared at "path", "line" and "character", but not by the
   /// program
   ///   "except": locations with "use"
-  /// - "copiers" of any of "paths": "programs", the paths of those that copy one of them; "unknown",
+  /// - "copiers" of any of "paths": "programs", the paths of those that copy one of them;
+  /// "unknown",
   ///   those that may; "outside", which of the paths are not in the folders
   Answer answer(llvm::StringRef method, const llvm::json::Object &parameters) const;
 
