@@ -67,6 +67,7 @@ public:
 
 private:
   void check(ProcedureDivision &division) {
+    checkParameters(division, report);
     // What a declarative performs has been copied; it is checked where it is written.
     const std::list<Section *> &renamed = division.getRenameSectionListElements();
     const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());

@@ -29,6 +29,9 @@ struct StatementContext {
   bool inParagraph = false;
 };
 
+/// USING and RETURNING of a procedure division, StatementRules.cpp.
+void checkParameters(ProcedureDivision &division, LanguageReport &report);
+
 /// Other rules of one statement, StatementRules.cpp.
 void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report);
 
