@@ -184,8 +184,9 @@ begin = text.index("STATUS-OK AND")
 client.change(program, (begin, begin + 9, "STATUS-OKAY"))
 wrong = client.wait(program)[0]
 actions = client.about("codeAction", program, range=wrong["range"], context={"diagnostics": [wrong]})
-check("titles", [a["title"] for a in actions], ["Change to STATUS-OK", "Turn 3310 off for this line"])
-edit = actions[1]["edit"]["changes"][client.uri(program)][0]
+titles = ["Change to STATUS-OK", "Create the item STATUS-OKAY", "Turn 3310 off for this line", "Explain 3310"]
+check("titles", [a["title"] for a in actions], titles)
+edit = actions[2]["edit"]["changes"][client.uri(program)][0]
 row = client.texts[client.path(program)].split("\n")[: edit["range"]["start"]["line"]]
 client.change(program, (len("\n".join(row)) + 1, len("\n".join(row)) + 1, edit["newText"]))
 check("turned off", client.wait(program), [])

@@ -48,7 +48,7 @@ bool isLevelNumber(const LineWord &word) {
 class Completion {
 public:
   Completion(Snapshot &of, const SourcePoint &at)
-      : snapshot(of), point(at), before(textBefore(of, at)), prefix(before.prefix) {
+      : snapshot(of), before(textBefore(of, at)), prefix(before.prefix) {
     const LineWord last = before.last();
     if (last.kind == LineWord::OpenLiteral && last.line == at.line && prefix.empty()) {
       literal = last.text.drop_front(last.text.find_first_of("'\"") + 1);
@@ -61,12 +61,19 @@ public:
   }
 
   llvm::json::Object make() {
-    const LineWord last = before.last();
     if (literal)
       addPrograms();
-    else if (addReplaced() || addQualifiers())
-      ;
-    else if (last.is("COPY") || (last.is("INCLUDE") && before.last(1).is("SQL")))
+    else if (!addReplaced() && !addQualifiers())
+      addByWords();
+    return llvm::json::Object{{"isIncomplete", items.size() >= maxItems},
+                              {"items", std::move(items)}};
+  }
+
+private:
+  /// What the words before the place ask for.
+  void addByWords() {
+    const LineWord last = before.last();
+    if (last.is("COPY") || (last.is("INCLUDE") && before.last(1).is("SQL")))
       addCopybooks();
     else if (last.isOneOf({"PERFORM", "THRU", "THROUGH"}) ||
              (last.isOneOf({"GO", "TO"}) && opener == "GO"))
@@ -79,11 +86,8 @@ public:
       addEntry();
     else
       addStatement();
-    return llvm::json::Object{{"isIncomplete", items.size() >= maxItems},
-                              {"items", std::move(items)}};
   }
 
-private:
   enum Kind {
     Function = 3,
     Variable = 6,
@@ -278,14 +282,22 @@ private:
   void addWordsOf(llvm::StringRef text) {
     auto isPart = [](char c) { return llvm::isAlnum(c) || c == '-' || c == '_' || c == ':'; };
     WordTable words(/*osvs=*/false);
+    bool isPicture = false;
     while (!text.empty()) {
       const llvm::StringRef word = text.take_while(isPart);
       text = text.drop_front(std::max<std::size_t>(word.size(), 1));
+      if (word.empty())
+        continue;
+      const tarka::Keyword keyword = words.lookup(word).keyword;
+      // The character-string of a PICTURE can look like a word.
+      if (std::exchange(isPicture,
+                        keyword == tarka::Keyword::Pic || keyword == tarka::Keyword::Picture))
+        continue;
       const std::size_t end = word.starts_with(":") ? word.find(':', 1) : llvm::StringRef::npos;
       if (end != llvm::StringRef::npos && fits(word.take_front(end + 1)))
         add(word.take_front(end + 1).str(), Constant, "replaced text", '0');
-      else if (!word.empty() && llvm::any_of(word, llvm::isAlpha) && !word.contains(':') &&
-               words.lookup(word).keyword == tarka::Keyword::None && fits(word))
+      else if (llvm::any_of(word, llvm::isAlpha) && !word.contains(':') &&
+               keyword == tarka::Keyword::None && fits(word))
         add(word.str(), Variable, "of the copybook", '1');
     }
   }
@@ -326,9 +338,9 @@ private:
     if (!before.last(1).isOneOf({"CALL", "CANCEL", "PROGRAM", "("}))
       return;
     addSymbols({SymbolKind::Program}, '1');
-    const std::optional<llvm::json::Value> known = snapshot.askWorkspace("programs", {});
+    const std::optional<llvm::json::Value> programs = snapshot.askWorkspace("programs", {});
     for (const llvm::json::Value &program :
-         known && known->getAsArray() ? *known->getAsArray() : llvm::json::Array()) {
+         programs && programs->getAsArray() ? *programs->getAsArray() : llvm::json::Array()) {
       const llvm::json::Object &item = *program.getAsObject()->getObject("item");
       const std::string name = item.getString("name").value_or("").trim("'\"").str();
       if (fits(name))
@@ -387,7 +399,6 @@ private:
   }
 
   Snapshot &snapshot;
-  SourcePoint point;
   TextBefore before;
   /// What has been typed of the word.
   llvm::StringRef prefix;

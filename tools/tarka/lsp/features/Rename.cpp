@@ -39,11 +39,12 @@ llvm::Expected<SymbolId> renamedSymbol(Snapshot &snapshot, const SourcePoint &po
     return refuse(*symbol.name + " is supplied by the language");
   if (symbol.kind == SymbolKind::Program)
     return refuse("programs that are not open can call " + *symbol.spelling);
+  const bool isInCopybook = isCopied(snapshot, symbols.front());
   for (const Occurrence &occurrence : index.relatedOccurrences(symbols.front())) {
     const SourceRange place = occurrence.getPlace();
     if (snapshot.pathOf(place.file).empty())
       return refuse(*symbol.spelling + " is used in a copybook that is supplied");
-    if (isCopied(snapshot, symbols.front()))
+    if (isInCopybook)
       continue;
     const llvm::StringRef text = sliceColumns(snapshot.lineOf(place.file, place.beginLine),
                                               place.beginColumn, place.endColumn);
