@@ -173,8 +173,8 @@ public:
   /// The report items that have a SOURCE clause. Begin and End may only be asked for when there is
   /// one.
   void addUsedSrc(ReportDataDescription *item);
-  std::list<ReportDataDescription *>::iterator getUsedSrcListBegin();
-  std::list<ReportDataDescription *>::iterator getUsedSrcListEnd();
+  NodeList<ReportDataDescription>::iterator getUsedSrcListBegin();
+  NodeList<ReportDataDescription>::iterator getUsedSrcListEnd();
   std::size_t getUsedSrcListSize() const;
 
   /// Remembers an index name that was given a parent.

@@ -69,7 +69,7 @@ private:
   void check(ProcedureDivision &division) {
     checkParameters(division, report);
     // What a declarative performs has been copied; it is checked where it is written.
-    const std::list<Section *> &renamed = division.getRenameSectionListElements();
+    const NodeList<Section> &renamed = division.getRenameSectionListElements();
     const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());
     for (Declaratives *declarative : division.getDeclElements())
       if (!copies.contains(declarative->getSection()))
@@ -87,7 +87,7 @@ private:
       sentences(paragraph->getSentElements(), {.inSection = true, .inParagraph = true});
   }
 
-  void sentences(const std::list<Sentence *> &list, const StatementContext &context) {
+  void sentences(const NodeList<Sentence> &list, const StatementContext &context) {
     for (Sentence *sentence : list)
       for (Statement *statement : sentence->getStmtElements())
         check(*statement, context);

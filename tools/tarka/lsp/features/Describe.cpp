@@ -203,7 +203,7 @@ SourceUnit *unitAt(Snapshot &snapshot, const SourcePoint &point) {
         std::tuple(symbol.place.beginLine, symbol.place.beginColumn) <=
             std::tuple(point.line, point.column))
       unit = symbol.unit;
-  const std::list<SourceUnit *> &units = snapshot.getProgram()->getSourceUnitListElements();
+  const NodeList<SourceUnit> &units = snapshot.getProgram()->getSourceUnitListElements();
   return unit || units.empty() ? unit : units.front();
 }
 
