@@ -2,6 +2,7 @@
        PROGRAM-ID. WRITING.
        DATA DIVISION.
        WORKING-STORAGE SECTION.
+      *> tarka: off 3310 (nothing is wrong here)
        01  WS-HEX                  PIC X(2) VALUE X'C1F1'.
            88  WS-EMPTY            VALUE SPACES.
        01  WS-TEXT                 PIC X(80) VALUE 'IT''S CONTIN
@@ -13,7 +14,6 @@
            CALL 'LOOKUP' USING WS-TEXT WS-NUMBER
            COMPUTE WS-NUMBER =
                FUNCTION MAX (1, FUNCTION MOD (7 2) 3.25)
-      *> tarka: off 3310 (nothing is wrong here)
            MOVE SPACES TO WS-TEXT
            PERFORM UNTIL WS-EMPTY AND WS-NUMBER IS GREATER THAN 100
                ADD 1 TO WS-NUMBER

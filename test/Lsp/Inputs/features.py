@@ -20,14 +20,15 @@ def check(what, found, expected):
     assert found == expected, f"{what}: {found}, expected {expected}"
 
 
+def place(location):
+    """File:line, with the text that the location covers."""
+    path = Path(location["uri"].removeprefix("file://"))
+    line = location["range"]["start"]["line"] + 1
+    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
+
+
 def places(locations):
-    """File:line of each location, with the text that it covers."""
-    result = []
-    for location in locations or []:
-        path = Path(location["uri"].removeprefix("file://"))
-        line = location["range"]["start"]["line"] + 1
-        result.append(f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip())
-    return result
+    return [place(location) for location in locations or []]
 
 
 def here(line, name):
@@ -151,6 +152,16 @@ item = client.ask("prepareCallHierarchy", program, "BEGIN-ORDERS", 1)[0]
 calls = client.request("callHierarchy/outgoingCalls", {"item": item})
 check("outgoing", [c["to"]["name"] for c in calls], ["FAILED", "SHOW-IT", "SHOW-EXIT", "HELPER"])
 
+# Selections grow: a name, its statement, the statements around it, the paragraph, the section ...
+where = client.at(program, "WS-COUNT", 1, "CALL 'HELPER'")["position"]
+selection = client.about("selectionRange", program, positions=[where])[0]
+grown = []
+while selection:
+    grown.append(slices(text, selection["range"]).strip())
+    selection = selection.get("parent")
+check("selections", [g.split()[0] for g in grown], ["WS-COUNT", "CALL", "IF", "BEGIN-ORDERS.", "MAIN-PART", "PROGRAM-ID."])
+assert all(inner in outer for inner, outer in zip(grown, grown[1:])), grown
+
 # Tokens come in order and cover the words.
 data = client.about("semanticTokens/full", program)["data"]
 line = column = 0
@@ -198,6 +209,8 @@ client.open("TOTALS.cpy")
 client.change("TOTALS.cpy", (0, 0, "       01  ORDER-NUMBER PIC X(4) COMP-3.\n"))
 copybook = client.path("TOTALS.cpy")
 client.until(lambda: any("ORDERS.cbl" in d["message"] for d in client.diagnostics.get(copybook, [])))
+related = client.diagnostics[copybook][0]["relatedInformation"]
+check("copied from", [(r["message"], place(r["location"])) for r in related], [("copied here", here(19, "TOTALS"))])
 found = places(client.ask("references", "TOTALS.cpy", "GRAND-TOTALS", 1, **everywhere))
 check("references from a copybook alone", found[0], here(36, "GRAND-TOTALS"))
 assert client.end() == 0

@@ -45,6 +45,9 @@ struct SourcePoint {
   unsigned column = 0;
 };
 
+/// How long an answer that is needed while something is typed waits for what is not known yet.
+inline constexpr std::chrono::milliseconds patienceWhileTyping(100);
+
 class Snapshot {
 public:
   explicit Snapshot(const SnapshotInput &input);
