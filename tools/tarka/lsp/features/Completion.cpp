@@ -338,7 +338,8 @@ private:
     if (!before.last(1).isOneOf({"CALL", "CANCEL", "PROGRAM", "("}))
       return;
     addSymbols({SymbolKind::Program}, '1');
-    const std::optional<llvm::json::Value> programs = snapshot.askWorkspace("programs", {}, patienceWhileTyping);
+    const std::optional<llvm::json::Value> programs =
+        snapshot.askWorkspace("programs", {}, patienceWhileTyping);
     for (const llvm::json::Value &program :
          programs && programs->getAsArray() ? *programs->getAsArray() : llvm::json::Array()) {
       const llvm::json::Object &item = *program.getAsObject()->getObject("item");

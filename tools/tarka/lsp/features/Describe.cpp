@@ -212,9 +212,8 @@ std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoin
   const ProgramNames programs(*snapshot.getProgram());
   if (const SourceUnit *unit = programs.find(unitAt(snapshot, point), name))
     return ProgramSignature{programName(*unit).str(), usingItems(*unit), ""};
-  const std::optional<llvm::json::Value> known =
-      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name.trim().upper()}},
-                            patienceWhileTyping);
+  const std::optional<llvm::json::Value> known = snapshot.askWorkspace(
+      "programs", llvm::json::Object{{"name", name.trim().upper()}}, patienceWhileTyping);
   const llvm::json::Array *all = known ? known->getAsArray() : nullptr;
   const llvm::json::Object *first = all && !all->empty() ? all->front().getAsObject() : nullptr;
   if (!first)
