@@ -57,7 +57,7 @@ public:
   /// - "isIncomplete": a copybook is missing
   /// - "failure": why there is no analysis, where there is none
   llvm::json::Object analyse();
-  /// How much of the program was understood, after the analysis.
+  /// How much of the text as it is now was understood, after the analysis.
   Reliability getReliability();
 
   /// Takes a change of a text, the parameters of a textDocument/didChange. Ranges that are given to
