@@ -149,6 +149,7 @@ private:
   // Requests.
   void ask(const Feature &feature, llvm::json::Value id, llvm::json::Object parameters);
   void executeCommand(const Message &message);
+  bool hasOtherTexts(const ProgramUnit &unit) const;
   void forward(std::shared_ptr<ForwardedRequest> request);
   void finish(const ForwardedRequest &request, llvm::Expected<SnapshotAnswer> answer);
   void cancelRequest(const Message &message);
@@ -790,12 +791,21 @@ void LanguageServer::ask(const Feature &feature, llvm::json::Value id,
       ForwardedRequest{std::move(id), feature, document->getValue().program, std::move(question)}));
 }
 
+/// Whether a text of the editor is another one than at the last analysis of \p unit, which need not
+/// be part of it.
+bool LanguageServer::hasOtherTexts(const ProgramUnit &unit) const {
+  return unit.versions.size() != documents.size() ||
+         llvm::any_of(documents, [&](const auto &document) {
+           return unit.versions.lookup(document.getKey()) != document.getValue().text.getVersion();
+         });
+}
+
 /// Asks the newest snapshot. Where it knows nothing, or has lost names because of what is being
 /// typed, or dies, an earlier one is asked: the last one that has understood the text, or the one
 /// that was ready until now.
 void LanguageServer::forward(std::shared_ptr<ForwardedRequest> request) {
   ProgramUnit &asked = unitOf(request->program);
-  if (asked.isStale)
+  if (asked.isStale || (request->feature.needs == TextNeeded::All && hasOtherTexts(asked)))
     start(asked);
   SnapshotProcess *newest = asked.next ? asked.next.get() : asked.ready.get();
   if (!newest)
