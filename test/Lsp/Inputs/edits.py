@@ -5,6 +5,7 @@ names are where the outline says, and the server does not grow.
 usage: edits.py TARKA EXAMPLES DIRECTORY [EDITS [SEED]]
 """
 
+import contextlib
 import json
 import os
 import random
@@ -29,6 +30,12 @@ POINTS = ["hover", "definition", "references", "documentHighlight", "completion"
 TEXTS = ["documentSymbol", "foldingRange", "semanticTokens/full", "codeLens", "documentLink"]
 TYPED = ["MOVE CUST-", "\n           IF ", "'", ".", "EXEC SQL SELECT ", "END-EXEC", "\n       01  A-", "PERFORM "]
 original = {name: (directory / name).read_text() for name in programs}
+
+
+def kill(child):
+    # It may have ended since it was seen.
+    with contextlib.suppress(ProcessLookupError):
+        os.kill(int(child), signal.SIGKILL)
 
 
 def children(client):
@@ -140,7 +147,7 @@ for number in range(1, edits + 1):
             client.notify("$/cancelRequest", {"id": asked})
     if choice.random() < 0.01:
         for child in choice.sample(children(client), min(2, len(children(client)))):
-            os.kill(int(child), signal.SIGKILL)
+            kill(child)
     if number % 20 == 0:
         check_outline(client, name)
     if number % 100 == 0:
