@@ -57,6 +57,8 @@ def published(diagnostics):
 
 
 def check_diagnostics(client, name):
+    # A version whose worker was killed is not analysed; the next one is.
+    client.change(name, (0, 0, ""))
     (directory / name).write_text(client.texts[client.path(name)])
     run = subprocess.run(
         [tarka, "check", "--format=json", name], cwd=directory, capture_output=True, check=False
@@ -167,6 +169,8 @@ for number in range(1, edits + 1):
         assert processes <= 4 * len(programs), f"{processes} processes"
         assert descriptors <= 5 * len(programs) + 6, f"{descriptors} descriptors"
         assert resident(client) < 40, f"the server has {resident(client)} MB"
+    if number % 1000 == 0:
+        print(f"{number} edits: the server has {resident(client):.1f} MB of its own", flush=True)
 for name in programs:
     check_diagnostics(client, name)
 assert client.process.poll() is None
