@@ -46,7 +46,8 @@ public:
   /// - "programs" of "name", without it all: "item" as in a call hierarchy, "using", and "location"
   /// of each
   /// - "callers" of "name", not those in "except": calls as in callHierarchy/incomingCalls
-  /// - "uses" of the name that is declared at "path", "line" and "character", but not by the program
+  /// - "uses" of the name that is declared at "path", "line" and "character", but not by the
+  /// program
   ///   "except": "paths", and "places", four numbers for each: which path, line, begin and end
   /// - "copiers" of any of "paths": "programs", the paths of those that copy one of them;
   /// "unknown",
