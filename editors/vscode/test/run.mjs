@@ -76,6 +76,8 @@ class Editor {
     await this.page.keyboard.up('Control');
     await this.page.waitForSelector('.quick-input-widget input', { visible: true });
     await this.page.keyboard.type(`${line}:${column}`);
+    // On a slow machine the list follows the typing.
+    await this.page.waitForFunction((wanted) => document.querySelector('.quick-input-list')?.textContent.includes(wanted), {}, `line ${line} and character ${column}`);
     await this.page.keyboard.press('Enter');
     await this.page.waitForFunction((wanted) => document.querySelector('.statusbar')?.textContent.includes(wanted), {}, `Ln ${line}, Col ${column}`);
   }
