@@ -111,7 +111,7 @@ public:
       addPlace(placeOf(of, occurrence));
   }
 
-  llvm::Expected<llvm::json::Object> make() {
+  llvm::Expected<FileEdits> make() {
     // A procedure of one copybook can name an item of another one, and so on.
     std::size_t known = 0;
     while (known != places.size()) {
@@ -158,7 +158,7 @@ private:
   llvm::Error nameOthers(CopiedSymbol &symbol);
   llvm::Error edit();
   llvm::Error verify();
-  llvm::json::Object changes() const;
+  FileEdits changes() const;
 
   Snapshot &snapshot;
   const Symbol &asked;
@@ -421,8 +421,8 @@ llvm::Error CopiedRename::verify() {
   return llvm::Error::success();
 }
 
-llvm::json::Object CopiedRename::changes() const {
-  llvm::json::Object result;
+FileEdits CopiedRename::changes() const {
+  FileEdits result;
   std::map<std::string, llvm::SmallVector<unsigned>> lines;
   for (const auto &[place, text] : newlyWritten)
     if (lines[std::get<0>(place)].empty() || lines[std::get<0>(place)].back() != std::get<1>(place))
@@ -436,25 +436,24 @@ llvm::json::Object CopiedRename::changes() const {
 
 } // namespace
 
-llvm::Expected<llvm::json::Object> renameCopied(Snapshot &snapshot, SymbolId symbol,
-                                                llvm::StringRef newName) {
+llvm::Expected<FileEdits> renameCopied(Snapshot &snapshot, SymbolId symbol,
+                                       llvm::StringRef newName) {
   return CopiedRename(snapshot, symbol, newName).make();
 }
 
-llvm::json::Array lineEdits(llvm::StringRef before, llvm::StringRef after,
-                            llvm::ArrayRef<unsigned> numbers, PositionEncoding encoding) {
+std::vector<LineEdit> lineEdits(llvm::StringRef before, llvm::StringRef after,
+                                llvm::ArrayRef<unsigned> numbers, PositionEncoding encoding) {
   llvm::SmallVector<llvm::StringRef> old, changed;
   before.split(old, '\n');
   after.split(changed, '\n');
-  llvm::json::Array edits;
+  std::vector<LineEdit> edits;
   for (unsigned number : numbers) {
     const int line = static_cast<int>(number) - 1;
     const llvm::StringRef text = old[number - 1].rtrim('\r');
     const mlir::lsp::Range whole(
         mlir::lsp::Position(line, 0),
         mlir::lsp::Position(line, static_cast<int>(countUnits(text, encoding))));
-    edits.push_back(
-        llvm::json::Object{{"range", whole}, {"newText", changed[number - 1].rtrim('\r').str()}});
+    edits.push_back({whole, changed[number - 1].rtrim('\r').str()});
   }
   return edits;
 }

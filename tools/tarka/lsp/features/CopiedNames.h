@@ -11,19 +11,30 @@
 #define TARKA_TOOLS_LSP_FEATURES_COPIEDNAMES_H
 
 #include "lsp/Snapshot.h"
+#include "mlir/Tools/lsp-server-support/Protocol.h"
 #include "llvm/Support/Error.h"
+#include <map>
 #include <string>
+#include <vector>
 
 namespace tarka::lsp {
 
-/// The changes that give \p symbol, which stands in copybooks, the name \p newName: an object with
-/// the edits by URI. Or the reason for which that is not possible.
-llvm::Expected<llvm::json::Object> renameCopied(Snapshot &snapshot, SymbolId symbol,
-                                                llvm::StringRef newName);
+/// A line of a file with another text.
+struct LineEdit {
+  mlir::lsp::Range range;
+  std::string newText;
+};
+/// By URI.
+using FileEdits = std::map<std::string, std::vector<LineEdit>>;
+
+/// The changes that give \p symbol, which stands in copybooks, the name \p newName, or the reason
+/// for which that is not possible.
+llvm::Expected<FileEdits> renameCopied(Snapshot &snapshot, SymbolId symbol,
+                                       llvm::StringRef newName);
 
 /// The edits that turn the lines \p numbers of \p before into those of \p after, each as a whole.
-llvm::json::Array lineEdits(llvm::StringRef before, llvm::StringRef after,
-                            llvm::ArrayRef<unsigned> numbers, PositionEncoding encoding);
+std::vector<LineEdit> lineEdits(llvm::StringRef before, llvm::StringRef after,
+                                llvm::ArrayRef<unsigned> numbers, PositionEncoding encoding);
 
 } // namespace tarka::lsp
 

@@ -20,7 +20,7 @@ llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::j
 llvm::Error documentHighlight(Snapshot &snapshot, const Parameters &parameters,
                               llvm::json::OStream &out);
 Answer prepareRename(Snapshot &snapshot, const Parameters &parameters);
-Answer rename(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error rename(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
 Answer hover(Snapshot &snapshot, const Parameters &parameters);
 Answer completion(Snapshot &snapshot, const Parameters &parameters);
 /// The operands of CALL of a known program, and of intrinsic functions.

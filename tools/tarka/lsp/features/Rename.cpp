@@ -4,6 +4,7 @@
 #include "Report/Fixes.h"
 #include "lsp/features/CopiedNames.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Writing.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
@@ -80,6 +81,19 @@ bool isFixedForm(Snapshot &snapshot) {
   return snapshot.getCompilation().getExpansion().getTexts().front().format == SourceFormat::Fixed;
 }
 
+/// A WorkspaceEdit.
+void writeEdits(llvm::json::OStream &out, const FileEdits &files) {
+  out.object([&] {
+    out.attributeObject("changes", [&] {
+      for (const auto &[uri, edits] : files)
+        out.attributeArray(uri, [&, &lines = edits] {
+          for (const LineEdit &edit : lines)
+            writeEdit(out, edit.range, edit.newText);
+        });
+    });
+  });
+}
+
 } // namespace
 
 Answer prepareRename(Snapshot &snapshot, const Parameters &parameters) {
@@ -96,11 +110,13 @@ Answer prepareRename(Snapshot &snapshot, const Parameters &parameters) {
 
 /// In fixed form a line must not become too long, and the text behind column 72 stays there, so
 /// whole lines are replaced.
-Answer rename(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error rename(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
   const std::optional<llvm::StringRef> name = parameters.getString("newName");
-  if (!point || !name)
-    return nullptr;
+  if (!point || !name) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
   llvm::Expected<SymbolId> symbol = renamedSymbol(snapshot, *point);
   if (!symbol)
     return symbol.takeError();
@@ -109,10 +125,11 @@ Answer rename(Snapshot &snapshot, const Parameters &parameters) {
     return refuse(fault);
 
   if (isCopied(snapshot, *symbol)) {
-    llvm::Expected<llvm::json::Object> changes = renameCopied(snapshot, *symbol, *name);
-    if (!changes)
-      return changes.takeError();
-    return llvm::json::Object{{"changes", std::move(*changes)}};
+    llvm::Expected<FileEdits> edits = renameCopied(snapshot, *symbol, *name);
+    if (!edits)
+      return edits.takeError();
+    writeEdits(out, *edits);
+    return llvm::Error::success();
   }
 
   const unsigned file = point->file;
@@ -126,11 +143,10 @@ Answer rename(Snapshot &snapshot, const Parameters &parameters) {
       lines.push_back(occurrence.line);
   }
   const std::string changed = source.getText();
-  llvm::json::Array edits = lineEdits(snapshot.getCompilation().getLines().textOf(file), changed,
-                                      lines, snapshot.getEncoding());
-  llvm::json::Object changes;
-  changes[snapshot.uriOf(file)] = std::move(edits);
-  return llvm::json::Object{{"changes", std::move(changes)}};
+  writeEdits(out,
+             {{snapshot.uriOf(file), lineEdits(snapshot.getCompilation().getLines().textOf(file),
+                                               changed, lines, snapshot.getEncoding())}});
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

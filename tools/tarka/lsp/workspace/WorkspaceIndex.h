@@ -48,7 +48,7 @@ public:
   /// - "callers" of "name", not those in "except": calls as in callHierarchy/incomingCalls
   /// - "uses" of the name that is declared at "path", "line" and "character", but not by the
   /// program
-  ///   "except": locations with "use"
+  ///   "except": "paths", and "places", four numbers for each: which path, line, begin and end
   /// - "copiers" of any of "paths": "programs", the paths of those that copy one of them;
   /// "unknown",
   ///   those that may; "outside", which of the paths are not in the folders
