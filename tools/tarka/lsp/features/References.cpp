@@ -70,7 +70,8 @@ private:
 /// of a copybook.
 void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDeclaration,
                       LocationWriter &places) {
-  constexpr std::chrono::seconds patience(10);
+  // Until all programs are known, other requests wait behind this one.
+  constexpr std::chrono::seconds patience(3);
   auto ask = [&](llvm::StringRef what, llvm::json::Object parameters) {
     std::optional<llvm::json::Value> answer =
         snapshot.askWorkspace(what, std::move(parameters), patience);

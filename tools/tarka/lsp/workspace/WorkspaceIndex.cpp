@@ -242,11 +242,12 @@ WorkspaceIndex::Answer WorkspaceIndex::symbols(const llvm::json::Object &paramet
 
 WorkspaceIndex::Answer WorkspaceIndex::declarations(const llvm::json::Object &parameters) const {
   llvm::json::Array result;
+  const bool areAll = !parameters.get("name");
   const std::optional<NameId> name = findId(textIn(parameters, "name"));
-  if (name)
+  if (name || areAll)
     for (const auto &[path, program] : programs)
       for (const DeclaredProgram &declared : program.declared)
-        if (declared.name == *name && declared.symbol >= 0)
+        if ((areAll || declared.name == *name) && declared.symbol >= 0)
           result.push_back(llvm::json::Object{
               {"item", itemOf(program, declared.symbol)},
               {"location",
@@ -320,7 +321,15 @@ WorkspaceIndex::Answer WorkspaceIndex::copiers(const llvm::json::Object &paramet
     else if (mayCopy)
       unknown.push_back(path);
   }
+  llvm::json::Array outside;
+  for (const llvm::json::Value &value : paths ? *paths : llvm::json::Array())
+    if (const llvm::StringRef file = value.getAsString().value_or("");
+        llvm::none_of(folders, [&](llvm::StringRef folder) {
+          return file.starts_with((folder.rtrim('/') + "/").str());
+        }))
+      outside.push_back(file);
   return llvm::json::Object{{"programs", llvm::json::Array(copying)},
+                            {"outside", std::move(outside)},
                             {"unknown", llvm::json::Array(unknown)}};
 }
 
