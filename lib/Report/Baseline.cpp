@@ -51,17 +51,18 @@ bool Baseline::take(const Diagnostic &diagnostic) {
 }
 
 std::vector<std::string> Baseline::remaining() const {
-  std::vector<std::string> lines;
-  for (const auto &entry : findings)
-    llvm::append_range(lines, entry.second);
   // By file and number.
-  llvm::sort(lines, [](llvm::StringRef left, llvm::StringRef right) {
-    auto key = [](llvm::StringRef line) {
+  std::vector<std::tuple<llvm::StringRef, llvm::StringRef, llvm::StringRef>> sorted;
+  for (const auto &entry : findings)
+    for (llvm::StringRef line : entry.second) {
       auto [number, rest] = line.split(' ').second.split(' ');
-      return std::make_tuple(rest.split(": ").first, number, line);
-    };
-    return key(left) < key(right);
-  });
+      sorted.emplace_back(rest.split(": ").first, number, line);
+    }
+  llvm::sort(sorted);
+  std::vector<std::string> lines;
+  lines.reserve(sorted.size());
+  for (const auto &[file, number, line] : sorted)
+    lines.push_back(line.str());
   return lines;
 }
 
