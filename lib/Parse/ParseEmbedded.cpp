@@ -87,6 +87,8 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
   const bool isClosed = accept(Keyword::EndExec);
   if (!isClosed && !at(TokenKind::Period))
     recovery.noteUnknownStatement();
+  if (!isClosed)
+    recovery.noteSentenceDamage();
   auto *block = make<ExecStatement>(begin, type, text);
   if (isWrong)
     context.diagnostics.getDamage().add(block->getRange());

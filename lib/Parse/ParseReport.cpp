@@ -23,7 +23,12 @@ void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
   bool isReported = false;
   while (true) {
-    if (at(Keyword::Rd)) {
+    // Only the word is missing.
+    const bool isWordMissing = peek().isUserWord() && peek().isFirstOnLine() &&
+                               reportClauses.contains(peek(1).keyword);
+    if (isWordMissing)
+      expected("RD");
+    if (at(Keyword::Rd) || isWordMissing) {
       // The groups of a report that has no name are read, but belong nowhere.
       ReportDescription *report = parseReportDescription();
       if (report)
@@ -78,6 +83,7 @@ DataDescription *ReportParser::parseReportGroupEntry(unsigned assumedLevel) {
 ReportDescription *ReportParser::parseReportDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
+  Recovery::ConstructScope construct(recovery);
   accept(Keyword::Rd);
   Word *name = parseUserWord("a report-name");
   if (!name) {

@@ -29,7 +29,11 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   damage.add(place);
   if (beginsSuppression(id))
     damage.add(stream.getLastPlace());
-  if (!recovery.shouldReport(id, place) || atUnreplacedTag())
+  // What is left of a clause that was not understood is not a mistake of its own.
+  const bool isLeftOver = recovery.isConstructDamaged() &&
+                          (id == DiagnosticId::UnknownClause || id == DiagnosticId::ClauseTwice ||
+                           id == DiagnosticId::PhraseApart);
+  if (isLeftOver || !recovery.shouldReport(id, place) || atUnreplacedTag())
     return false;
   const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);
   const bool isWrong = isError(infoOf(id).severity);

@@ -85,6 +85,9 @@ struct ParserContext {
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
   /// The parser of their operands; null before the first one.
   std::shared_ptr<EmbeddedScratch> embeddedScratch;
+  bool isInDeclaratives = false;
+  /// How many tokens were taken when the last END PROGRAM was read.
+  uint64_t lastProgramEnd = 0;
   /// Whether the translator of CICS reads the outermost program.
   bool isTranslated = false;
   /// The header of the procedure division that was read last.
@@ -324,7 +327,10 @@ protected:
 
 private:
   bool isToBeReported(DiagnosticId id, const SourceRange &place);
+  Keyword divisionBefore(unsigned n);
   Keyword namelessDivision(unsigned n);
+  Keyword tornDivision();
+  unsigned nextLineBegin(unsigned limit);
   bool isEntryLine();
   bool atUnreplacedTag();
   bool atDamagedSection();

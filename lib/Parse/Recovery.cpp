@@ -32,17 +32,56 @@ bool beginsSuppression(DiagnosticId id) {
   }
 }
 
+/// Whether \p id says that a part of a statement stands where no statement waits for it.
+static bool isAboutStructure(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::EndWithoutStatement:
+  case DiagnosticId::ElseWithoutIf:
+  case DiagnosticId::WhenWithoutEvaluate:
+  case DiagnosticId::PhraseWithoutStatement:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool Recovery::isLeftOverLine(const Token &first) const {
+  constexpr unsigned near = 2;
+  const SourceRange &place = first.place;
+  return first.isFirstOnLine() && place.file == lastMistake.file &&
+         lastMistake.endLine < place.beginLine && place.beginLine <= lastMistake.endLine + near;
+}
+
+/// Whether the mistake \p id at \p place is what an earlier one leaves over.
+bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) {
+  if (isAboutStructure(id))
+    return isStructureUncertain();
+  if (place.file == lastMistake.file && place.beginLine == lastMistake.endLine &&
+      id != DiagnosticId::OsvsStatement)
+    return true;
+  const bool canBeLeftOver = id == DiagnosticId::Expected || id == DiagnosticId::UnknownClause ||
+                             id == DiagnosticId::HeaderMissing ||
+                             (id == DiagnosticId::PeriodMissing && lastIsHeader);
+  if (!canBeLeftOver)
+    return false;
+  const Token &next = stream.peek();
+  return next.place.beginLine == place.beginLine && next.place.beginColumn == place.beginColumn &&
+         isLeftOverLine(next);
+}
+
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
-      sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
+      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
       isDoubtful(stream.peek()) || source.isDamaged(place) ||
       source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
+    lastMistake = place;
+    lastIsHeader = id == DiagnosticId::HeaderMissing;
   }
   if (!isCascade)
     lastReport = stream.getTaken();

@@ -64,11 +64,22 @@ public:
   ///
   /// After a message that leaves open what the next tokens are, mistakes are suppressed until three
   /// tokens were read without one. They are also suppressed in text that the token stream has
-  /// reported as damaged.
+  /// reported as damaged. Three kinds of mistakes are what an earlier one leaves over:
+  /// - another one in its line;
+  /// - an ELSE, WHEN, END- word or phrase without its statement, in a sentence with a mistake and in
+  ///   the next one: which statement it belongs to is not known there;
+  /// - a line that does not begin as lines do, next to the line of a mistake: it is the rest of
+  ///   what could not be read. See isLeftOverLine().
   bool shouldReport(DiagnosticId id, const SourceRange &place);
 
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
+
+  /// Whether \p first begins a line that is one of the two after the line of a mistake.
+  bool isLeftOverLine(const Token &first) const;
+  /// Whether the statements around the next token may be others than they seem: there was a mistake
+  /// in the sentence or in the one before it.
+  bool isStructureUncertain() const { return sentenceIsDamaged || lastSentenceWasDamaged; }
 
   /// Whether the mistake at the next token has been reported: nothing was read since.
   bool hasReportedHere() const { return stream.getTaken() == lastReport; }
@@ -186,6 +197,9 @@ public:
     return keyword != Keyword::None && keyword == missing &&
            stream.getTaken() <= missingSince + near;
   }
+  /// A mistake was found in the sentence that somebody else reports: the token stream, or the
+  /// checks.
+  void noteSentenceDamage() { sentenceIsDamaged = true; }
   /// Whether a mistake was found in the sentence.
   bool isSentenceDamaged() const { return sentenceIsDamaged; }
 
@@ -210,6 +224,7 @@ public:
   bool isSentenceAbandoned() const { return sentenceIsAbandoned; }
 
   void endSentence() {
+    lastSentenceWasDamaged = sentenceIsDamaged;
     sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
     if (!expectedEnds.empty() || !cutEnds.empty())
@@ -224,6 +239,8 @@ public:
   }
 
 private:
+  bool isLeftOver(DiagnosticId id, const SourceRange &place);
+
   TokenStream &stream;
   OpenConstructs &constructs;
   /// The number of tokens taken from the stream up to which mistakes are suppressed.
@@ -250,6 +267,11 @@ private:
   bool unmatchedEnd = false;
   bool sentenceIsAbandoned = false;
   bool sentenceIsDamaged = false;
+  bool lastSentenceWasDamaged = false;
+  /// Where the last mistake was found.
+  SourceRange lastMistake;
+  /// Whether it was a header that is missing, perhaps because it is in the next line.
+  bool lastIsHeader = false;
   uint8_t strayParts = 0;
   /// What a misplaced period of this sentence and of the one before it have cut off.
   uint8_t cutParts = 0;

@@ -39,9 +39,14 @@ inline bool isWrongShape(int number) {
   return number == 3241 || number == 3242 || number == 3279;
 }
 
-/// An entry that has members has a PICTURE as well.
+/// An entry that has members has a PICTURE or a USAGE of its own as well.
 inline bool isGroupWithPicture(int number) {
-  return number == 3241;
+  return number == 3241 || number == 3279;
+}
+
+/// The front end's message about a header that is missing.
+inline bool isMissingHeader(int number) {
+  return number == 231;
 }
 
 inline bool isEmptyGroup(int number) {
@@ -92,6 +97,49 @@ inline int withoutLanguage(int number) {
   default:
     return number;
   }
+}
+
+/// SUPPRESS outside of a declarative for a report group, among others.
+inline bool isInvalidStatement(int number) {
+  return number == 3409;
+}
+
+/// ALTER of a paragraph that is no GO TO alone.
+inline bool isAboutAlteredParagraph(int number) {
+  return number == 3406;
+}
+
+/// An argument that does not fit the parameter of the program called.
+inline bool isAboutArgument(int number) {
+  return number == 3439;
+}
+
+/// What an embedded command lacks, which may be in lines that are not part of it.
+inline bool isMissingFromCommand(int number) {
+  return 5217 <= number && number <= 5219;
+}
+
+/// Numbers that say of every use of a name that what it names is of the wrong kind: the declaration
+/// is wrong, or is there twice.
+inline bool isAboutKind(int number) {
+  return number == 3323 || number == 3330 || number == 3404 || number == 3405 || number == 3487 ||
+         number == 3507 || number == 3561;
+}
+
+/// A name that several entries have.
+inline bool isAmbiguous(int number) {
+  return number == 3311;
+}
+
+/// The front end's message about an END- word without its statement.
+inline bool isStrayEnd(int number) {
+  return number == 424;
+}
+
+/// Numbers that say of a group that its members, or of members that their group, are missing: a
+/// line with a name may be.
+inline bool isMissingLine(int number) {
+  return number == 3241 || number == 3279 || number == 3294 || number == 3295 || number == 3575;
 }
 
 /// A data-name that is not declared.

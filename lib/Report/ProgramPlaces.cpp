@@ -35,6 +35,9 @@ void ProgramPlaces::enterUnit(SourceUnit &unit) {
       enterRecord(record);
     for (DataDescription *record : division->getLinkSectionElements())
       enterRecord(record);
+    for (ReportDescription *report : division->getReportSectionElements())
+      for (DataDescription *group : report->getRecordListElements())
+        enterRecord(group);
   }
   for (SourceUnit *nested : unit.getNestedListElements())
     enterUnit(*nested);

@@ -14,6 +14,8 @@ namespace {
 constexpr unsigned sequenceArea = 6;
 constexpr unsigned areaB = 12;
 constexpr unsigned maxColumn = 72;
+/// A column behind that of any text.
+constexpr unsigned maxLineLength = 1U << 29;
 
 /// \p line without a sequence number and what is behind column 72.
 llvm::StringRef programText(llvm::StringRef line) {
@@ -53,8 +55,14 @@ void ReportDamage::note(std::size_t index) {
     currencySigns.try_emplace(diagnostic.unit, index);
   if (isFileWithoutRecords(diagnostic.number) && fileWithoutRecords == noDiagnostic)
     fileWithoutRecords = index;
+  if (isMissingLine(diagnostic.number))
+    lostNames.push_back(index);
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
-  note(item && item->isWritten() ? item : places.entryAt(diagnostic.place), index);
+  if (!item || !item->isWritten())
+    item = places.entryAt(diagnostic.place);
+  note(item, index);
+  if (item && isGroupWithPicture(diagnostic.number))
+    noteRecordBehind(*item, index);
   note(places.fileAt(diagnostic.place), index);
 }
 
@@ -68,6 +76,16 @@ void ReportDamage::note(const DataDescription *entry, std::size_t index) {
   for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
     if (!groups.try_emplace(group, index).second)
       break;
+}
+
+/// Members that an elementary entry has were meant for the record behind it, most likely.
+void ReportDamage::noteRecordBehind(const DataDescription &entry, std::size_t index) {
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry.getRange().file);
+  const auto *next = llvm::find_if(ofFile, [&](const DataDescription *one) {
+    return isTopLevel(*one) && beginOf(entry.getRange()) < beginOf(one->getRange());
+  });
+  if (next != ofFile.end())
+    note(*next, index);
 }
 
 void ReportDamage::note(const FileDescription *file, std::size_t index) {
@@ -140,12 +158,13 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     static constexpr llvm::StringLiteral noNames[] = {
         "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
         "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
-    const bool isReserved = isReservedWord(diagnostics[index].number) &&
+    const bool isReserved = isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
                             !llvm::is_contained(noNames, word) &&
                             !llvm::StringRef(word).starts_with("END-");
     const llvm::StringRef first = programText(line).ltrim().split(' ').first;
-    const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
-                          first.equals_insensitive("SD");
+    static constexpr llvm::StringLiteral fileWords[] = {
+        "SELECT", "FD", "SD", "BLOCK", "CODE-SET", "DATA", "LABEL", "LINAGE", "RECORD", "RECORDING"};
+    const bool isOfFile = llvm::is_contained(fileWords, first.upper());
     if (!isReserved)
       (isOfFile ? lostFiles : lostNames).push_back(index);
   }
@@ -221,6 +240,14 @@ bool ReportDamage::beginsLine(const SourceRange &place) const {
   return llvm::none_of(programText(before), llvm::isAlnum);
 }
 
+/// Whether a level number alone stands before \p place in its line: an entry, wherever it is.
+bool ReportDamage::isBehindLevel(const SourceRange &place) const {
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1);
+  const llvm::StringRef level = programText(before).trim();
+  return !level.empty() && level.size() <= 2 && llvm::all_of(level, llvm::isDigit);
+}
+
 /// The error of the front end that damage at \p place comes from: the last one that begins before
 /// the end of it, else the next one.
 std::size_t ReportDamage::nearestFrontEndError(const SourceRange &place) const {
@@ -238,6 +265,50 @@ std::size_t ReportDamage::at(const SourceRange &place) const {
   const std::size_t cause = nearestFrontEndError(place);
   return cause == noDiagnostic || isMissingCopybook(diagnostics[cause].number) ? noDiagnostic
                                                                                : cause;
+}
+
+std::size_t ReportDamage::between(const SourceRange &begin, const SourceRange &end) const {
+  for (auto next = frontEndErrors.lower_bound({begin.file, beginOf(begin)});
+       next != frontEndErrors.end() && next->first.first == begin.file &&
+       next->first.second <= SourcePosition(end.endLine, end.endColumn);
+       ++next)
+    if (!isMissingCopybook(diagnostics[next->second].number))
+      return next->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
+  const SourceRange line(place.file, place.beginLine, 1, place.beginLine, maxLineLength);
+  return between(line, line);
+}
+
+std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent()) {
+    const EnvironmentDivision *division = unit->getEnvironmentDivision();
+    const ConfigurationSection *section = division ? division->getConfigurationSection() : nullptr;
+    const ParaSpecialNames *names = section ? section->getSpecialNames() : nullptr;
+    if (!names)
+      continue;
+    const SourceRange &range = names->getRange();
+    // The paragraph may have ended too early.
+    const SourceRange end(range.file, range.endLine, 1, range.endLine + 1, maxLineLength);
+    if (const std::size_t cause = between(range, end); cause != noDiagnostic)
+      return cause;
+  }
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
+  for (const auto &[position, index] : frontEndErrors) {
+    const SourceRange &place = diagnostics[index].place;
+    const llvm::StringRef line = programText(lineOf(place.file, place.beginLine));
+    const bool isOfHeader = line.ltrim().upper().starts_with("PROCEDURE") ||
+                            (isMissingHeader(diagnostics[index].number) &&
+                             llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
+    if (isOfHeader && caller && !places.isInUnit(place, *caller))
+      return index;
+  }
+  return noDiagnostic;
 }
 
 std::size_t ReportDamage::ofOperand(const Node *node) const {
@@ -285,7 +356,8 @@ std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) 
   const auto [answer, isNew] = known.try_emplace(name.upper(), noDiagnostic);
   if (isNew)
     for (const SourceRange &place : damagedText.findName(name))
-      if (places.isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure) {
+      if (places.isInProcedures(place) ? (isProcedure ? beginsLine(place) : isBehindLevel(place))
+                                       : !isProcedure) {
         answer->second = nearestFrontEndError(place);
         break;
       }
@@ -332,7 +404,13 @@ std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) co
   for (const DataDescription *record : file->getRecordDescElements())
     if (const std::size_t cause = of(record, except); cause != noDiagnostic)
       return cause;
-  return noDiagnostic;
+  if (file->getRecordDescSize() != 0)
+    return noDiagnostic;
+  // Its records may have come to another file.
+  constexpr unsigned near = 3;
+  SourceRange behind = file->getRange();
+  behind.endLine = behind.endLine + near;
+  return between(file->getRange(), behind);
 }
 
 std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const {
