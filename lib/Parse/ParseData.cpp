@@ -333,6 +333,10 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       previous->setRange(
           parseClauses(previous->getRange(), clauses, [&] { return parseDataClause(*previous); }));
       soundEntries = 0;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(clauses);
+      soundEntries = 0;
     } else {
       expected("a level number");
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();

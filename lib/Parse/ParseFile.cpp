@@ -40,6 +40,9 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
     } else if (atEntryBoundary(fileClauses) || atStrayProcedures()) {
       nameFiles(division);
       return;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(fileClauses);
     } else {
       expected("FD or SD");
       isReported = true;

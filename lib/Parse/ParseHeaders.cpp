@@ -342,7 +342,8 @@ Keyword ParserBase::dataSectionAt() {
     if (Keyword meant = nearestKeyword(peek().text, headers); meant != Keyword::None)
       return meant;
   }
-  if (!peek().isFirstOnLine())
+  // A period can stand in the place of the name.
+  if (!peek().isFirstOnLine() && !atSequence(Keyword::Section, TokenKind::Period))
     return Keyword::None;
   // A damaged name, perhaps in two parts, is recognised by what the section holds.
   const bool isDivided =

@@ -265,7 +265,7 @@ void ProcedureParser::skipToEndOfUse(bool isRead) {
   auto atEnd = [&] {
     if (isRead)
       return at(TokenKind::Period) || atStatement();
-    return (at(TokenKind::Period) && peek(1).isFirstOnLine()) ||
+    return (at(TokenKind::Period) && (peek(1).isFirstOnLine() || peek(1).isVerb())) ||
            (peek().isFirstOnLine() && atStatement());
   };
   while (!atEnd() && !atProcedureHeader() && atProcedureBody())

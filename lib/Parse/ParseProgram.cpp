@@ -54,7 +54,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       continue;
     }
     if (atEndProgram()) {
-      error(DiagnosticId::EndProgramWithoutProgram, here());
+      if (!context.isNestingUncertain)
+        error(DiagnosticId::EndProgramWithoutProgram, here());
       skipPastPeriod();
       continue;
     }
@@ -185,7 +186,8 @@ void ProgramParser::parseDeclaringDivisions() {
 /// END PROGRAM name. False where it repeats the END PROGRAM before it, and ends nothing.
 bool ProgramParser::parseEndProgram(SourceUnit *current) {
   // Next to a mistake, the END PROGRAM of a nested program may be missing.
-  const bool isLeftOver = recovery.isLeftOverLine(peek());
+  constexpr unsigned near = 2;
+  const bool isLeftOver = recovery.isBehindMistake(here(), near);
   const SourceRange begin = here();
   const bool isRepeated = stream.getTaken() == context.lastProgramEnd;
   recovery.resumeReporting();
@@ -207,11 +209,12 @@ bool ProgramParser::parseEndProgram(SourceUnit *current) {
     // A program whose name could not be read has had its message.
     const llvm::StringRef ended = withoutQuotes(peek().spelling);
     const bool isOther = !name.empty() && !ended.equals_insensitive(name);
-    if (isOther && isRepeated) {
+    if (isOther && isRepeated && ended.equals_insensitive(context.lastEndedProgram)) {
       error(DiagnosticId::EndProgramWithoutProgram, begin);
       skipPastPeriod();
       return false;
     }
+    context.isNestingUncertain |= isOther;
     if (isOther && !isLeftOver)
       error(DiagnosticId::EndProgramNameDiffers, here(), ended, name);
     stream.skip();
@@ -228,6 +231,7 @@ bool ProgramParser::parseEndProgram(SourceUnit *current) {
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
       stream.skip();
+  context.lastEndedProgram = withoutQuotes(current->getSourceUnitName()).str();
   context.lastProgramEnd = stream.getTaken();
   return true;
 }

@@ -35,6 +35,11 @@ void ReportParser::parseReportSection(DataDivision &division) {
         division.addReportSection(report);
       parseReportGroups(report);
     } else if (at(TokenKind::IntegerLiteral)) {
+      // Where the header of the section was found too late, the report is before it.
+      if (isHeaderDisplaced(Keyword::Report) && !division.getReportSectionElements().empty()) {
+        parseReportGroups(division.getReportSectionElements().back());
+        continue;
+      }
       if (!isReported)
         error(DiagnosticId::GroupWithoutReport, here());
       isReported = true;
@@ -43,6 +48,9 @@ void ReportParser::parseReportSection(DataDivision &division) {
       continue;
     } else if (atEntryBoundary(reportClauses)) {
       return;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(reportClauses);
     } else {
       expected("RD");
       isReported = true;

@@ -323,7 +323,8 @@ bool StatementParser::rejectWord(StatementList &list) {
   const bool isLeftOver =
       !peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged();
   // Of a statement that broke off, the next lines can be the rest.
-  const bool isRest = recovery.isLeftOverLine(peek()) &&
+  const bool isRest = recovery.isRestOfStatement(peek()) &&
+                      !at(Keyword::Cics, Keyword::Sql, Keyword::Dli) &&
                       (!peek().isUserWord() || suggestKeyword(peek().text, KF_Verb).empty());
   if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword)) {
     Skipping skipping(*this);
@@ -334,6 +335,7 @@ bool StatementParser::rejectWord(StatementList &list) {
     return false;
   }
   const SourceRange before = stream.getLastPlace();
+  recovery.noteStray(peek().keyword);
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isOneOf(Keyword::Cics, Keyword::Sql, Keyword::Dli) && peek().isWord()) {

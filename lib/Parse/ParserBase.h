@@ -86,7 +86,11 @@ struct ParserContext {
   /// The parser of their operands; null before the first one.
   std::shared_ptr<EmbeddedScratch> embeddedScratch;
   bool isInDeclaratives = false;
-  /// How many tokens were taken when the last END PROGRAM was read.
+  /// An END PROGRAM has named another program than the one that ends with it: others may follow that
+  /// have no program to end.
+  bool isNestingUncertain = false;
+  /// The name of the program that ended last, and how many tokens were taken then.
+  std::string lastEndedProgram;
   uint64_t lastProgramEnd = 0;
   /// Whether the translator of CICS reads the outermost program.
   bool isTranslated = false;
@@ -133,6 +137,9 @@ public:
       context.diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return {};
   }
+
+  /// Notes that the next token is not what is needed, because of a mistake that has its message.
+  void noteMistake();
 
   /// The place of the next token.
   SourceRange here() { return peek().place; }

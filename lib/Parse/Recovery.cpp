@@ -18,6 +18,7 @@ bool beginsSuppression(DiagnosticId id) {
   case DiagnosticId::PeriodMissing:
   case DiagnosticId::UnknownClause:
   case DiagnosticId::MisspeltClause:
+  case DiagnosticId::ClauseTwice:
   case DiagnosticId::HeaderNotHere:
   case DiagnosticId::NotAStatement:
   case DiagnosticId::MisspeltVerb:
@@ -45,28 +46,52 @@ static bool isAboutStructure(DiagnosticId id) {
   }
 }
 
-bool Recovery::isLeftOverLine(const Token &first) const {
+/// Whether the mistake \p id can come from a line that stands one line too far up or down.
+static bool canFollowStrayLine(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::DeclarativesOutOfPlace:
+  case DiagnosticId::DivisionOutOfOrder:
+  case DiagnosticId::HeaderMissing:
+  case DiagnosticId::PeriodMissing:
+  case DiagnosticId::UseOutsideDeclaratives:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool Recovery::isBehindMistake(const SourceRange &place, unsigned lines) const {
+  return place.file == lastMistake.file && lastMistake.endLine < place.beginLine &&
+         place.beginLine <= lastMistake.endLine + lines;
+}
+
+bool Recovery::isRestOfStatement(const Token &first) {
   constexpr unsigned near = 2;
-  const SourceRange &place = first.place;
-  return first.isFirstOnLine() && place.file == lastMistake.file &&
-         lastMistake.endLine < place.beginLine && place.beginLine <= lastMistake.endLine + near;
+  return first.isFirstOnLine() && isBehindMistake(first.place, near) && !stream.peek(1).isVerb();
+}
+
+/// Whether the next token is at \p place and begins a line.
+bool Recovery::beginsLine(const SourceRange &place) const {
+  const Token &next = stream.peek();
+  return next.isFirstOnLine() && next.place.beginLine == place.beginLine &&
+         next.place.beginColumn == place.beginColumn;
 }
 
 /// Whether the mistake \p id at \p place is what an earlier one leaves over.
-bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) {
+bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
+  constexpr unsigned near = 2;
   if (isAboutStructure(id))
     return isStructureUncertain();
-  if (place.file == lastMistake.file && place.beginLine == lastMistake.endLine &&
-      id != DiagnosticId::OsvsStatement)
+  if (id == DiagnosticId::NotAStatement || id == DiagnosticId::UnknownClause)
+    return place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
+  if (id == DiagnosticId::NotSupported && place.file == lastMistake.file &&
+      place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
     return true;
-  const bool canBeLeftOver = id == DiagnosticId::Expected || id == DiagnosticId::UnknownClause ||
-                             id == DiagnosticId::HeaderMissing ||
-                             (id == DiagnosticId::PeriodMissing && lastIsHeader);
-  if (!canBeLeftOver)
-    return false;
-  const Token &next = stream.peek();
-  return next.place.beginLine == place.beginLine && next.place.beginColumn == place.beginColumn &&
-         isLeftOverLine(next);
+  // What an entry is without may be in the line of the mistake.
+  if (id == DiagnosticId::LevelWithoutRecord || id == DiagnosticId::ClauseMissing)
+    return isBehindMistake(place, near);
+  return canFollowStrayLine(id) && lastIsStrayLine && beginsLine(place) &&
+         isBehindMistake(place, near);
 }
 
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
@@ -81,7 +106,12 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
     lastMistake = place;
-    lastIsHeader = id == DiagnosticId::HeaderMissing;
+    lastIsStrayLine = beginsLine(place) && (id == DiagnosticId::Expected ||
+                                            id == DiagnosticId::NotAStatement ||
+                                            id == DiagnosticId::HeaderMissing);
+    // A misspelt verb is read as what it was meant to be.
+    if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement)
+      tornLine = place.endLine;
   }
   if (!isCascade)
     lastReport = stream.getTaken();

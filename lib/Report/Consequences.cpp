@@ -2,6 +2,7 @@
 
 #include "Report/Consequences.h"
 #include "AST/ExpressionVisitor.h"
+#include "AST/IntrinsicFunctions.h"
 #include "AST/Program.h"
 #include "AST/Scope.h"
 #include "AST/Spelling.h"
@@ -147,6 +148,8 @@ public:
     for (std::size_t i = 0; i < report.size(); ++i) {
       if (isUnreadText(report[i].number))
         unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+      if (isUndefined(report[i].number))
+        nameErrors.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }
@@ -175,6 +178,8 @@ private:
   llvm::StringRef doubledRecordOf(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOfOtherName(std::size_t index);
   std::size_t causeOfLineItems(std::size_t index) const;
+  std::size_t causeOfItemOrFile(const DataDescription *item, std::size_t index) const;
+  std::size_t causeWithin(std::size_t index) const;
   std::size_t causeOfUndeclared(std::size_t index, const std::string &name);
   const SourceUnit *reachOf(const Diagnostic &diagnostic, llvm::StringRef name) const;
   std::size_t causeOfName(std::size_t index);
@@ -182,6 +187,7 @@ private:
   std::string missingName(const Diagnostic &diagnostic) const;
   std::string keyOf(const Diagnostic &diagnostic, llvm::StringRef name) const;
   bool isName(const Diagnostic &diagnostic) const;
+  bool isHeaderOf(llvm::StringRef name, const SourceRange &place) const;
   std::size_t rootOf(std::size_t index) const;
   void describeCauses();
   void describeCause(std::size_t index, llvm::ArrayRef<std::size_t> consequences);
@@ -200,6 +206,8 @@ private:
   std::vector<std::size_t> reportedFiles;
   /// The errors about embedded text that could not be read, by file and position.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> unreadTexts;
+  /// The errors about data-names that nothing has.
+  std::map<std::pair<unsigned, SourcePosition>, std::size_t> nameErrors;
   llvm::StringMap<std::size_t> namesOfUnknownDevices;
   /// The errors about procedure-names that nothing has.
   llvm::StringMap<std::size_t> unknownProcedures;
@@ -244,11 +252,25 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return cause;
   if (const std::size_t cause = causeOfOtherName(index); cause != none)
     return cause;
+  if (const std::size_t cause = causeWithin(index); cause != none)
+    return cause;
   if (isAboutKind(diagnostic.number))
     return causeOfKind(index);
   if (const std::size_t cause = causeOfName(index); cause != none)
     return cause;
   return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
+}
+
+/// The error about a name within what the diagnostic points at: an operand of a clause or of a
+/// reference.
+std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
+  const SourceRange &place = diagnostics[index].place;
+  const auto first = nameErrors.lower_bound({place.file, beginOf(place)});
+  const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
+  return place.beginLine == place.endLine && first != nameErrors.end() && first->first <= end &&
+                 first->second != index
+             ? first->second
+             : none;
 }
 
 /// The error that says the same of another use of the name.
@@ -269,8 +291,9 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
   if (!procedures)
     return none;
   if (isMissingFromCommand(diagnostic.number)) {
+    constexpr unsigned near = 2;
     SourceRange before = diagnostic.place;
-    before.beginLine = std::max(before.beginLine, 2U) - 1;
+    before.beginLine = std::max(before.beginLine, near + 1) - near;
     before.beginColumn = 1;
     return damage.between(before, diagnostic.place);
   }
@@ -364,6 +387,21 @@ const SourceUnit *ConsequenceFinder::reachOf(const Diagnostic &diagnostic,
   return unit;
 }
 
+/// The error of \p item or of the file that it is in the record of.
+std::size_t ConsequenceFinder::causeOfItemOrFile(const DataDescription *item,
+                                                 std::size_t index) const {
+  // The entry of an index-name is that of its table.
+  if (item->getIsCompilerMade() && item->getDataName())
+    if (const DataDescription *table = places.entryAt(item->getDataName()->getRange()))
+      item = table;
+  if (const std::size_t cause = damage.of(item, index); cause != none)
+    return cause;
+  while (item->getOwner())
+    item = item->getOwner();
+  const FileDescription *file = item->getFileDescription();
+  return file ? damage.of(file, index) : none;
+}
+
 /// The error of an item or a file that the line of the diagnostic names.
 std::size_t ConsequenceFinder::causeOfLineItems(std::size_t index) const {
   const Diagnostic &diagnostic = diagnostics[index];
@@ -380,7 +418,7 @@ std::size_t ConsequenceFinder::causeOfLineItems(std::size_t index) const {
     const std::string *name = &internString(word.upper());
     if (const Homonyms items = scope.findItems(name))
       for (const DataDescription *item : *items.entries)
-        if (const std::size_t cause = damage.of(item, index); cause != none && cause != index)
+        if (const std::size_t cause = causeOfItemOrFile(item, index); cause != none)
           return cause;
     for (const FileDescription *file : scope.findFiles(name))
       if (const std::size_t cause = damage.of(file, index); cause != none && cause != index)
@@ -406,7 +444,7 @@ std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
     return none;
   const Node *place = diagnostic.node;
   if (const auto *entry = dynamic_cast<const DataDescription *>(place))
-    place = clauseOwner(*entry, diagnostic.number);
+    place = isWrongHierarchy(fault) ? entry->getOwner() : clauseOwner(*entry, diagnostic.number);
   const auto [first, isNew] = faults.try_emplace({place, fault}, index);
   return isNew ? none : first->second;
 }
@@ -512,6 +550,10 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
       if (const std::size_t lost = damage.takeLostName(diagnostic, key); lost != none)
         return lost;
   }
+  if (isProcedure)
+    for (const auto &[position, cause] : unreadTexts)
+      if (isHeaderOf(name, diagnostics[cause].place))
+        return cause;
   // One name that was torn in two.
   if (index > 0 && isAboutName(diagnostics[index - 1].number) &&
       isTornFrom(diagnostics[index - 1], diagnostic))
@@ -557,14 +599,11 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
     if (!items)
       continue;
     const DataDescription *record = items.entries->front();
-    if (const std::size_t cause = damage.of(record, index); cause != none)
+    if (const std::size_t cause = causeOfItemOrFile(record, index); cause != none)
       return cause;
     while (record->getOwner())
       record = record->getOwner();
     const FileDescription *file = record->getFileDescription();
-    if (file)
-      if (const std::size_t cause = damage.of(file, index); cause != none)
-        return cause;
     const Node *owner = file ? static_cast<const Node *>(file) : record;
     const auto [first, isNew] = hiddenRecords.try_emplace(owner, index);
     return isNew ? none : first->second;
@@ -579,6 +618,9 @@ std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringR
   if (isAmbiguous(diagnostic.number))
     if (const llvm::StringRef record = doubledRecordOf(name, diagnostic.unit); !record.empty())
       return "TWICE " + record.str();
+  // REPOSITORY lets functions stand without FUNCTION, all of them most of the time.
+  if (findIntrinsicFunction(name) && isUnknown(name, diagnostic.unit))
+    return "FUNCTION";
   if (!isAboutProcedure(diagnostic.number) && isUnknown(name, diagnostic.unit))
     return (isOfSuppliedText(name) ? "SUPPLIED " : "NAME ") +
            (isOfSuppliedText(name) ? name.take_front(suppliedPrefix.size()) : name).str();
@@ -603,6 +645,11 @@ llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
     return recordOf(entry) == record;
   });
   return isOne ? record : "";
+}
+
+/// Whether the line of \p place is the header of the paragraph \p name.
+bool ConsequenceFinder::isHeaderOf(llvm::StringRef name, const SourceRange &place) const {
+  return lineOf(place.file, place.beginLine).trim().rtrim('.').equals_insensitive(name);
 }
 
 /// Whether the subject is a name that nothing has, or is declared in an entry of its own.
@@ -662,6 +709,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (involved.isEmpty() && !places.entryAt(diagnostic.place))
     involved.enter(Scope(diagnostic.unit).findItems(&internString(nameIn(diagnostic).upper())));
   involved.enter(diagnostic.otherNode);
+  if (const auto *other = dynamic_cast<const DataDescription *>(diagnostic.otherNode))
+    if (const std::size_t cause = damage.of(other, index); cause != none)
+      return cause;
   for (const DataDescription *item : involved.getEntries())
     if (const std::size_t cause = damage.of(item, index); cause != none)
       return cause;
@@ -684,6 +734,8 @@ void ConsequenceFinder::remove() {
       causes[i] = causeOfPlace(diagnostics[i]);
       if (causes[i] == none)
         causes[i] = unreadTextIn(diagnostics[i].place);
+      if (causes[i] == none)
+        causes[i] = causeOfLineItems(i);
     }
     if (diagnostics[i].severity != Severity::Error || !diagnostics[i].fix.empty())
       continue;

@@ -104,6 +104,11 @@ bool ProgramPlaces::isInProcedures(const SourceRange &place) const {
   return part && part->isProcedures;
 }
 
+const SourceUnit *ProgramPlaces::unitAt(const SourceRange &place) const {
+  const UnitPart *part = unitPartBefore(place);
+  return part ? part->unit : nullptr;
+}
+
 bool ProgramPlaces::isInUnit(const SourceRange &place, const SourceUnit &unit) const {
   const SourceRange &whole = unit.getRange();
   if (place.file == whole.file && whole.beginLine <= place.beginLine &&

@@ -43,6 +43,15 @@ ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
   for (std::size_t i = 0; i < diagnostics.size(); ++i)
     if (isError(diagnostics[i].severity))
       note(i);
+  noteMissingLines();
+}
+
+/// Notes the errors of items that have the members of another entry, which is missing.
+void ReportDamage::noteMissingLines() {
+  for (const auto &[item, index] : entries)
+    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic)
+      lostNames.push_back(index);
+  llvm::sort(lostNames);
 }
 
 /// Notes what the error makes unreliable.
@@ -55,8 +64,6 @@ void ReportDamage::note(std::size_t index) {
     currencySigns.try_emplace(diagnostic.unit, index);
   if (isFileWithoutRecords(diagnostic.number) && fileWithoutRecords == noDiagnostic)
     fileWithoutRecords = index;
-  if (isMissingLine(diagnostic.number))
-    lostNames.push_back(index);
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
   if (!item || !item->isWritten())
     item = places.entryAt(diagnostic.place);
@@ -105,6 +112,11 @@ void ReportDamage::noteText() {
       frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
     if (isAboutCopy(diagnostic.number))
       missingCopybooks.push_back(i);
+    if (isMissingPeriod(diagnostic.number) && diagnostic.place.beginLine > 1) {
+      const llvm::StringRef line = lineOf(diagnostic.place.file, diagnostic.place.beginLine - 1);
+      const llvm::StringRef word = programText(line).rtrim().rsplit(' ').second;
+      wordsWithoutPeriod.emplace_back(word.upper(), i);
+    }
   }
   if (frontEndErrors.empty())
     return;
@@ -151,7 +163,12 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
-  if (!isNameKnown(place)) {
+  // The index-names of a table can be in a line that is missing.
+  const bool isOfIndex =
+      line.contains_insensitive(" INDEXED ") ||
+      (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
+       lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
+  if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
@@ -279,7 +296,14 @@ std::size_t ReportDamage::between(const SourceRange &begin, const SourceRange &e
 
 std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
   const SourceRange line(place.file, place.beginLine, 1, place.beginLine, maxLineLength);
-  return between(line, line);
+  const std::size_t cause = between(line, line);
+  if (cause == noDiagnostic)
+    return noDiagnostic;
+  // Another sentence of the line is a statement of its own.
+  const llvm::StringRef text =
+      sliceColumns(lineOf(place.file, place.beginLine), diagnostics[cause].place.beginColumn,
+                   place.beginColumn);
+  return text.contains(". ") ? noDiagnostic : cause;
 }
 
 std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
@@ -305,7 +329,7 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
     const bool isOfHeader = line.ltrim().upper().starts_with("PROCEDURE") ||
                             (isMissingHeader(diagnostics[index].number) &&
                              llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
-    if (isOfHeader && caller && !places.isInUnit(place, *caller))
+    if (isOfHeader && places.unitAt(place) != caller)
       return index;
   }
   return noDiagnostic;
@@ -322,7 +346,9 @@ std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t 
     if (own == map->end() || own->second == index)
       continue;
     const int number = diagnostics[own->second].number;
-    if (isOfFrontEnd(number) || (map == &entries && isWrongShape(number)) ||
+    if (isOfFrontEnd(number) ||
+        (map == &entries && (isWrongShape(number) || isWrongLevel(number))) ||
+        (isWrongRedefinition(number) && isEmptyGroup(diagnostics[index].number)) ||
         (map == &groups && isWrongLevel(number) && isWrongHierarchy(diagnostics[index].number)))
       return own->second;
   }
@@ -364,9 +390,17 @@ std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) 
   return answer->second;
 }
 
+/// The name in the key of an undeclared name.
+static llvm::StringRef nameOfKey(llvm::StringRef key) {
+  return key.split(' ').second;
+}
+
 std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::string &key) {
   if (const auto known = foundNames.find(key); known != foundNames.end())
     return known->second;
+  for (const auto &[word, index] : wordsWithoutPeriod)
+    if (const llvm::StringRef name = nameOfKey(key); !name.empty() && word.starts_with(name))
+      return index;
   auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
                : isAboutFile(diagnostic.number)    ? lostFiles
                                                    : lostNames;

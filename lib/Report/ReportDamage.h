@@ -31,8 +31,8 @@ public:
 
   /// The error because of which text at \p place is damaged.
   std::size_t at(const SourceRange &place) const;
-  /// The error of the front end in the line that \p place begins in: what else is wrong there is not
-  /// certain.
+  /// The error of the front end in the line and sentence that \p place begins in: what else is wrong
+  /// there is not certain.
   std::size_t inLineOf(const SourceRange &place) const;
   /// The first error of the front end from \p begin to \p end, which are in one file.
   std::size_t between(const SourceRange &begin, const SourceRange &end) const;
@@ -80,6 +80,7 @@ private:
   void noteLostDeclaration(std::size_t index);
   void noteLostLevel(std::size_t index);
   void noteFilesWithoutRecords();
+  void noteMissingLines();
   bool isNameKnown(const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;
   bool isBehindLevel(const SourceRange &place) const;
@@ -109,6 +110,9 @@ private:
   std::vector<std::size_t> lostFiles;
   std::vector<std::size_t> lostProcedures;
   llvm::StringMap<std::size_t> foundNames;
+  /// The words behind which a period is missing, in upper case: another character may stand in its
+  /// place.
+  std::vector<std::pair<std::string, std::size_t>> wordsWithoutPeriod;
   /// Answers of ofDeclaration().
   llvm::StringMap<std::size_t> damagedNames;
   llvm::StringMap<std::size_t> damagedProcedures;

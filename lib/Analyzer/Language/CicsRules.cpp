@@ -116,8 +116,8 @@ private:
       return true;
     }
     if (!seen.insert(row).second) {
-      // One word too many is one mistake.
-      if (withoutArgument != row)
+      // One word too many is one mistake, and so is one line.
+      if (withoutArgument != row && !std::exchange(isRepetitive, true))
         report.report(LanguageRule::CicsOptionRepeated, operand, operand.getName(), name());
       return false;
     }
@@ -226,6 +226,7 @@ private:
   llvm::SmallPtrSet<const CicsOptionInfo *, 16> seen;
   /// The option that was reported last because it has no argument.
   const CicsOptionInfo *withoutArgument = nullptr;
+  bool isRepetitive = false;
 };
 
 } // namespace
