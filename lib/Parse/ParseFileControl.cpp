@@ -52,8 +52,7 @@ void FileControlParser::parseFileEntries(InputOutputSection &section) {
       continue;
     }
     // The rest of an entry that was cut in two.
-    if ((previousIsWrong && selectClauses.contains(peek().keyword)) ||
-        isRestOfEntry()) {
+    if ((previousIsWrong && selectClauses.contains(peek().keyword)) || isRestOfEntry()) {
       noteMistake();
       skipToEntry(selectClauses);
       continue;

@@ -24,8 +24,8 @@ void ReportParser::parseReportSection(DataDivision &division) {
   bool isReported = false;
   while (true) {
     // Only the word is missing.
-    const bool isWordMissing = peek().isUserWord() && peek().isFirstOnLine() &&
-                               reportClauses.contains(peek(1).keyword);
+    const bool isWordMissing =
+        peek().isUserWord() && peek().isFirstOnLine() && reportClauses.contains(peek(1).keyword);
     if (isWordMissing)
       expected("RD");
     if (at(Keyword::Rd) || isWordMissing) {

@@ -86,8 +86,8 @@ struct ParserContext {
   /// The parser of their operands; null before the first one.
   std::shared_ptr<EmbeddedScratch> embeddedScratch;
   bool isInDeclaratives = false;
-  /// An END PROGRAM has named another program than the one that ends with it: others may follow that
-  /// have no program to end.
+  /// An END PROGRAM has named another program than the one that ends with it: others may follow
+  /// that have no program to end.
   bool isNestingUncertain = false;
   /// The name of the program that ended last, and how many tokens were taken then.
   std::string lastEndedProgram;

@@ -98,17 +98,17 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
-      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
-      isDoubtful(stream.peek()) || source.isDamaged(place) ||
+      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil ||
+      isSuspect() || isDoubtful(stream.peek()) || source.isDamaged(place) ||
       source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
     lastMistake = place;
-    lastIsStrayLine = beginsLine(place) && (id == DiagnosticId::Expected ||
-                                            id == DiagnosticId::NotAStatement ||
-                                            id == DiagnosticId::HeaderMissing);
+    lastIsStrayLine =
+        beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement ||
+                              id == DiagnosticId::HeaderMissing);
     // A misspelt verb is read as what it was meant to be.
     if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement)
       tornLine = place.endLine;

@@ -65,10 +65,12 @@ public:
   /// After a message that leaves open what the next tokens are, mistakes are suppressed until three
   /// tokens were read without one. They are also suppressed in text that the token stream has
   /// reported as damaged. Some mistakes are what an earlier one leaves over:
-  /// - an ELSE, WHEN, END- word or phrase without its statement, in a sentence with a mistake and in
+  /// - an ELSE, WHEN, END- word or phrase without its statement, in a sentence with a mistake and
+  /// in
   ///   the next one: which statement it belongs to is not known there;
   /// - a word that begins no statement and no clause, in the line of a mistake;
-  /// - a period or header that is missing, or a header out of its place, behind a line that does not
+  /// - a period or header that is missing, or a header out of its place, behind a line that does
+  /// not
   ///   begin as lines do: the two may be exchanged.
   bool shouldReport(DiagnosticId id, const SourceRange &place);
 
@@ -82,9 +84,7 @@ public:
   bool isBehindMistake(const SourceRange &place, unsigned lines) const;
   /// Whether the statements around the next token may be others than they seem: there was a mistake
   /// in the sentence or in the one before it, and not far from here.
-  bool isStructureUncertain() const {
-    return isNear(tornLine) || isNear(tornLineOfLastSentence);
-  }
+  bool isStructureUncertain() const { return isNear(tornLine) || isNear(tornLineOfLastSentence); }
   /// The line of the mistake in the sentence that makes the statements around it uncertain; 0 where
   /// there is none.
   unsigned getTornLine() const { return tornLine; }

@@ -641,9 +641,8 @@ llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
     return entry->getDataName() ? entry->getDataName()->getWordData() : llvm::StringRef();
   };
   const llvm::StringRef record = recordOf(items.entries->front());
-  const bool isOne = llvm::all_of(*items.entries, [&](const DataDescription *entry) {
-    return recordOf(entry) == record;
-  });
+  const bool isOne = llvm::all_of(
+      *items.entries, [&](const DataDescription *entry) { return recordOf(entry) == record; });
   return isOne ? record : "";
 }
 

@@ -127,8 +127,8 @@ inline bool isMissingFromCommand(int number) {
 /// Numbers that say of every use of a name that what it names is of the wrong kind: the declaration
 /// is wrong, or is there twice.
 inline bool isAboutKind(int number) {
-  return number == 3323 || number == 3529 || number == 3330 || number == 3404 || number == 3405 || number == 3487 ||
-         number == 3507 || number == 3561;
+  return number == 3323 || number == 3529 || number == 3330 || number == 3404 || number == 3405 ||
+         number == 3487 || number == 3507 || number == 3561;
 }
 
 /// A name that several entries have.

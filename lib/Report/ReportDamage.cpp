@@ -49,7 +49,8 @@ ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
 /// Notes the errors of items that have the members of another entry, which is missing.
 void ReportDamage::noteMissingLines() {
   for (const auto &[item, index] : entries)
-    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic)
+    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic &&
+        places.entryAt(diagnostics[index].place) == item)
       lostNames.push_back(index);
   llvm::sort(lostNames);
 }
@@ -164,10 +165,9 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
   // The index-names of a table can be in a line that is missing.
-  const bool isOfIndex =
-      line.contains_insensitive(" INDEXED ") ||
-      (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
-       lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
+  const bool isOfIndex = line.contains_insensitive(" INDEXED ") ||
+                         (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
+                          lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
@@ -179,8 +179,9 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                             !llvm::is_contained(noNames, word) &&
                             !llvm::StringRef(word).starts_with("END-");
     const llvm::StringRef first = programText(line).ltrim().split(' ').first;
-    static constexpr llvm::StringLiteral fileWords[] = {
-        "SELECT", "FD", "SD", "BLOCK", "CODE-SET", "DATA", "LABEL", "LINAGE", "RECORD", "RECORDING"};
+    static constexpr llvm::StringLiteral fileWords[] = {"SELECT",   "FD",       "SD",    "BLOCK",
+                                                        "CODE-SET", "DATA",     "LABEL", "LINAGE",
+                                                        "RECORD",   "RECORDING"};
     const bool isOfFile = llvm::is_contained(fileWords, first.upper());
     if (!isReserved)
       (isOfFile ? lostFiles : lostNames).push_back(index);
@@ -300,9 +301,8 @@ std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
   if (cause == noDiagnostic)
     return noDiagnostic;
   // Another sentence of the line is a statement of its own.
-  const llvm::StringRef text =
-      sliceColumns(lineOf(place.file, place.beginLine), diagnostics[cause].place.beginColumn,
-                   place.beginColumn);
+  const llvm::StringRef text = sliceColumns(
+      lineOf(place.file, place.beginLine), diagnostics[cause].place.beginColumn, place.beginColumn);
   return text.contains(". ") ? noDiagnostic : cause;
 }
 

@@ -31,8 +31,8 @@ public:
 
   /// The error because of which text at \p place is damaged.
   std::size_t at(const SourceRange &place) const;
-  /// The error of the front end in the line and sentence that \p place begins in: what else is wrong
-  /// there is not certain.
+  /// The error of the front end in the line and sentence that \p place begins in: what else is
+  /// wrong there is not certain.
   std::size_t inLineOf(const SourceRange &place) const;
   /// The first error of the front end from \p begin to \p end, which are in one file.
   std::size_t between(const SourceRange &begin, const SourceRange &end) const;
