@@ -57,7 +57,7 @@ public:
   TARKA_LIST_ADD(Expression, dataList, DataList, Data)
 
 private:
-  std::list<Expression *> dataList;
+  NodeList<Expression> dataList;
   SortOrder order;
 };
 
@@ -94,8 +94,8 @@ private:
   NumericLiteralExpression *maxExpr = nullptr;
   NumericLiteralExpression *minExpr = nullptr;
   Expression *odoName = nullptr;
-  LazyList<Key> keys;
-  LazyList<DataIdentifierExpression> indexList;
+  NodeList<Key> keys;
+  NodeList<DataIdentifierExpression> indexList;
 };
 
 /// One value of a VALUE clause: literal [THROUGH literal]. A value that is written as a word (a
@@ -123,10 +123,7 @@ class ClauseValue : public Node {
 public:
   explicit ClauseValue(const Node *at) : Node(at) {}
   /// Takes over the phrases of \p values, which may be null.
-  ClauseValue(const Node *at, std::list<PhraseValue *> *values) : Node(at) {
-    if (values)
-      phrases.splice(phrases.end(), *values);
-  }
+  ClauseValue(const Node *at, GivenList<PhraseValue> values) : Node(at), phrases(values.take()) {}
 
   /// More than one value, as only a condition name or a report item may have.
   bool isListValue() const { return phrases.size() > 1; }
@@ -137,7 +134,7 @@ public:
 
 private:
   LiteralExpression *falseValue = nullptr;
-  std::list<PhraseValue *> phrases;
+  NodeList<PhraseValue> phrases;
 };
 
 /// REDEFINES.

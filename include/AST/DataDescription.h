@@ -141,15 +141,15 @@ public:
   }
   /// Appends to the condition names of this conditional variable.
   void addCondNameChildren(DataDescription *conditionName);
-  std::list<DataDescription *>::iterator getCondNameChildrenBegin() {
+  NodeList<DataDescription>::const_iterator getCondNameChildrenBegin() const {
     return rareParts().condNames.begin();
   }
-  std::list<DataDescription *>::iterator getCondNameChildrenEnd() {
+  NodeList<DataDescription>::const_iterator getCondNameChildrenEnd() const {
     return rareParts().condNames.end();
   }
   std::size_t getCondNameChildrenSize() const { return getCondNameChildrenElements().size(); }
-  const std::list<DataDescription *> &getCondNameChildrenElements() const {
-    return elementsOf(rareParts().condNames);
+  const NodeList<DataDescription> &getCondNameChildrenElements() const {
+    return rareParts().condNames;
   }
 
   // REDEFINES.
@@ -160,8 +160,8 @@ public:
   void setRedefineObject(DataDescription *object);
   /// Appends to the entries that redefine this one.
   void addRedefineSubject(DataDescription *subject);
-  const std::list<DataDescription *> &getRedefineSubjectElements() const {
-    return elementsOf(rareParts().redefineSubjects);
+  const NodeList<DataDescription> &getRedefineSubjectElements() const {
+    return rareParts().redefineSubjects;
   }
   /// True when the entry redefines another one: it has a REDEFINES clause or an object.
   bool isRedefineSubject() const { return redefines || getRedefineObject(); }
@@ -223,17 +223,17 @@ public:
   void setAccessWay(int way) { accessWay = static_cast<std::uint8_t>(way); }
 
   /// The reports that use the item; each once, in the order of first use.
-  std::list<ReportDescription *>::iterator getUsedRDListBegin() {
+  NodeList<ReportDescription>::const_iterator getUsedRDListBegin() const {
     return rareParts().usedReports.begin();
   }
-  std::list<ReportDescription *>::iterator getUsedRDListEnd() {
+  NodeList<ReportDescription>::const_iterator getUsedRDListEnd() const {
     return rareParts().usedReports.end();
   }
   std::size_t getUsedRDListSize() const { return rareParts().usedReports.size(); }
   void addUsedRD(ReportDescription *report);
   /// The report items that take their value from this one.
-  const std::list<ReportDataDescription *> &getGenDEElements() const {
-    return elementsOf(rareParts().reportItems);
+  const NodeList<ReportDataDescription> &getGenDEElements() const {
+    return rareParts().reportItems;
   }
   void addGenDE(ReportDataDescription *item);
 
@@ -257,6 +257,8 @@ private:
   friend class DataDivision;
   friend class GroupLayout;
 
+  struct ReportSet;
+
   /// What only few entries have.
   struct RareParts {
     ClauseSign *sign = nullptr;
@@ -270,13 +272,15 @@ private:
     ClauseDateFormat *dateFormat = nullptr;
     ClauseVolatile *isVolatile = nullptr;
     DataDescription *condNameParent = nullptr;
-    LazyList<DataDescription> condNames;
+    NodeList<DataDescription> condNames;
     DataDescription *redefineObject = nullptr;
-    LazyList<DataDescription> redefineSubjects;
+    NodeList<DataDescription> redefineSubjects;
     FileDescription *file = nullptr;
     ReportDescription *report = nullptr;
-    LazyList<ReportDescription> usedReports;
-    LazyList<ReportDataDescription> reportItems;
+    NodeList<ReportDescription> usedReports;
+    /// The same for looking up; null while there are only few.
+    ReportSet *usedReportSet = nullptr;
+    NodeList<ReportDataDescription> reportItems;
   };
 
   const RareParts &rareParts() const {

@@ -14,6 +14,7 @@
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/PointerUnion.h"
 #include <memory>
 #include <vector>
 
@@ -23,9 +24,9 @@ namespace tarka {
 ///
 /// A section list may be appended to directly: the index reads the new entries at the next lookup.
 /// Otherwise it must not be changed, only replaced as a whole.
-class DataDivision : public Node {
+class DataDivision : public Owning<DataDivision> {
 public:
-  explicit DataDivision(const Node *at) : Node(at) {}
+  explicit DataDivision(const Node *at) : Owning(at) {}
 
   // WORKING-STORAGE.
 
@@ -54,10 +55,10 @@ public:
   /// Appends an RD entry to the REPORT section.
   void addReportSection(ReportDescription *report) { reportSection.push_back(report); }
 
-  TARKA_LIST(DataDescription, localSection, LocalSection)
-  TARKA_LIST(DataDescription, linkSection, LinkSection)
-  TARKA_LIST(FileDescription, fileSection, FileSection)
-  TARKA_LIST(ReportDescription, reportSection, ReportSection)
+  TARKA_LIST_OF(std::list<DataDescription *>, localSection, LocalSection)
+  TARKA_LIST_OF(std::list<DataDescription *>, linkSection, LinkSection)
+  TARKA_LIST_OF(std::list<FileDescription *>, fileSection, FileSection)
+  TARKA_LIST_OF(std::list<ReportDescription *>, reportSection, ReportSection)
 
   /// All entries with the name \p name, of every section and level: those of the file section
   /// first, then working-storage, local-storage, linkage and report section, each in source order;
@@ -68,13 +69,13 @@ public:
   std::list<DataDescription *> *findItemByInternedName(const std::string *name) {
     updateIndex();
     auto found = index.find(name);
-    return found == index.end() ? nullptr : found->second.all;
+    return found == index.end() ? nullptr : &listOf(found->second);
   }
   /// The entry with the interned name \p name when there is only one, else null.
   DataDescription *findOnlyItemByInternedName(const std::string *name) {
     updateIndex();
     auto found = index.find(name);
-    return found == index.end() ? nullptr : found->second.only;
+    return found == index.end() ? nullptr : onlyOf(found->second);
   }
   /// Those of these entries that are in a group, file or report named \p qualifier, at any depth,
   /// in the same order. Valid until the next lookup.
@@ -117,11 +118,14 @@ private:
   friend class FileDescription;
   friend class ReportDescription;
 
-  /// The entries of one name.
-  struct Homonyms {
-    DataDescription *only = nullptr; ///< set while there is only one
-    std::list<DataDescription *> *all = nullptr;
-  };
+  /// The entries of one name: the only one, or, when there are several or somebody has asked for
+  /// it, their list.
+  using Homonyms = llvm::PointerUnion<DataDescription *, std::list<DataDescription *> *>;
+
+  /// The list, which is made here if need be.
+  static std::list<DataDescription *> &listOf(Homonyms &homonyms);
+  /// Null when there is not exactly one.
+  static DataDescription *onlyOf(const Homonyms &homonyms);
 
   /// Reads the entries that were added since the last lookup.
   void updateIndex();
@@ -133,25 +137,26 @@ private:
   void unindexName(DataDescription *entry);
 
   /// The entries of one name by every name that can qualify them. Few names need it.
-  using QualifiedNames = GrowingIndex<DataDescription>;
+  using QualifiedNames =
+      GrowingIndex<DataDescription, DataDescription *, std::list<DataDescription *>>;
 
   std::list<DataDescription *> *workSection = nullptr;
   std::list<DataDescription *> workFlatList;
-  ReadMark<DataDescription> flatWork;
+  ReadMark<std::list<DataDescription *>> flatWork;
 
   /// By the address of the interned name.
   llvm::DenseMap<const std::string *, Homonyms> index;
   llvm::DenseMap<const std::string *, std::unique_ptr<QualifiedNames>> qualifiedIndex;
   llvm::DenseSet<const std::string *> fileAndReportNames;
   std::vector<DataDescription *> variableTables;
-  GrowingIndex<FileDescription> fileIndex;
-  GrowingIndex<ReportDescription> reportIndex;
+  GrowingIndex<FileDescription, FileDescription *, std::list<FileDescription *>> fileIndex;
+  GrowingIndex<ReportDescription, ReportDescription *, std::list<ReportDescription *>> reportIndex;
   unsigned indexedEntries = 0;
-  ReadMark<DataDescription> indexedWork;
-  ReadMark<DataDescription> indexedLocal;
-  ReadMark<DataDescription> indexedLink;
-  ReadMark<FileDescription> indexedFiles;
-  ReadMark<ReportDescription> indexedReports;
+  ReadMark<std::list<DataDescription *>> indexedWork;
+  ReadMark<std::list<DataDescription *>> indexedLocal;
+  ReadMark<std::list<DataDescription *>> indexedLink;
+  ReadMark<std::list<FileDescription *>> indexedFiles;
+  ReadMark<std::list<ReportDescription *>> indexedReports;
 
   std::vector<DataDescription *> plain;
   std::vector<DataDescription *> withValue;

@@ -75,7 +75,7 @@ public:
 
   /// The operand of that name; null when the command has none.
   EmbeddedOperand *find(llvm::StringRef operandName) const {
-    for (EmbeddedOperand *operand : elementsOf(operands))
+    for (EmbeddedOperand *operand : operands)
       if (operand->getName() == operandName)
         return operand;
     return nullptr;
@@ -86,7 +86,7 @@ public:
   TARKA_LIST_ADD(EmbeddedOperand, operands, Operand, Operand)
 
 private:
-  LazyList<EmbeddedOperand> operands;
+  NodeList<EmbeddedOperand> operands;
   const std::string *name;
   ExecType language;
 };
@@ -121,7 +121,7 @@ public:
 
 private:
   const std::string *table;
-  LazyList<Word> columns;
+  NodeList<Word> columns;
   TableAccess access;
 };
 
@@ -165,7 +165,7 @@ public:
   static bool classof(const EmbeddedCommand *c) { return c->getLanguage() == ExecType::Sql; }
 
 private:
-  LazyList<SqlTableUse> tables;
+  NodeList<SqlTableUse> tables;
   Word *cursor = nullptr;
   Word *statementName = nullptr;
   std::array<SqlCommand *, 4> inForce{}; ///< by WheneverCondition

@@ -125,7 +125,7 @@ public:
 
 private:
   LiteralExpression *thruLiteral = nullptr;
-  std::list<LiteralExpression *> alsoList;
+  NodeList<LiteralExpression> alsoList;
   LiteralExpression *literal;
 };
 
@@ -154,7 +154,7 @@ public:
   TARKA_LIST(PhrsAlphabet, alphaList, AlphaList)
 
 private:
-  std::list<PhrsAlphabet *> alphaList;
+  NodeList<PhrsAlphabet> alphaList;
   Word *alphabetName;
 };
 
@@ -171,8 +171,8 @@ public:
   TARKA_LIST(NumericLiteralExpression, integerList, IntegerList)
 
 private:
-  std::list<Word *> sourceList;
-  std::list<NumericLiteralExpression *> integerList;
+  NodeList<Word> sourceList;
+  NodeList<NumericLiteralExpression> integerList;
 };
 
 /// SYMBOLIC CHARACTERS phrases IN alphabet-name.
@@ -186,7 +186,7 @@ public:
   TARKA_FIELD(Word *, alphabetName, AlphabetName)
 
 private:
-  std::list<PhrsSymbolic *> symbolicList;
+  NodeList<PhrsSymbolic> symbolicList;
   Word *alphabetName = nullptr;
 };
 
@@ -215,7 +215,7 @@ public:
   TARKA_LIST(PhrsClass, literalList, LiteralList)
 
 private:
-  std::list<PhrsClass *> literalList;
+  NodeList<PhrsClass> literalList;
   Word *className;
 };
 
@@ -242,9 +242,9 @@ public:
 
 /// SPECIAL-NAMES. Lookups compare the texts of the words exactly, give the first clause of that
 /// name or null, and take constant time.
-class ParaSpecialNames : public Node {
+class ParaSpecialNames : public Owning<ParaSpecialNames> {
 public:
-  using Node::Node;
+  using Owning::Owning;
 
   // A clause must be complete when it is added, because its names are entered then.
   void addEnvName(ClauseEnvName *clause);
@@ -260,7 +260,7 @@ public:
   /// By mnemonic name.
   ClauseEnvName *findClauseEnvNameByWord(const Word *mnemonicName) const;
   /// Every clause whose ON or OFF condition has that name, in source order.
-  std::list<ClauseEnvName *> findClauseEnvNameByCondName(const Word *conditionName) const;
+  NodeList<ClauseEnvName> findClauseEnvNameByCondName(const Word *conditionName) const;
   /// The clause that defines a symbolic character of that name.
   ClauseSymbolic *findClauseSymbolicByWord(const Word *symbolicCharacter) const;
 
@@ -272,11 +272,11 @@ public:
   TARKA_FIELD(ClauseDecimalPoint *, decimalPoint, DecimalPoint)
 
 private:
-  std::list<ClauseEnvName *> envNames;
-  std::list<ClauseAlphabet *> alphabets;
-  std::list<ClauseSymbolic *> symbolics;
-  std::list<ClauseClass *> classes;
-  std::list<ClauseCurrency *> currencies;
+  NodeList<ClauseEnvName> envNames;
+  NodeList<ClauseAlphabet> alphabets;
+  NodeList<ClauseSymbolic> symbolics;
+  NodeList<ClauseClass> classes;
+  NodeList<ClauseCurrency> currencies;
   ClauseDecimalPoint *decimalPoint = nullptr;
   /// By the address of the interned name.
   template <typename Found> using NameIndex = llvm::DenseMap<const std::string *, Found>;
@@ -284,7 +284,7 @@ private:
   NameIndex<ClauseClass *> classIndex;
   NameIndex<ClauseSymbolic *> symbolicIndex;
   NameIndex<ClauseEnvName *> mnemonicIndex;
-  NameIndex<std::list<ClauseEnvName *>> conditionIndex;
+  NameIndex<NodeList<ClauseEnvName>> conditionIndex;
 };
 
 /// CONFIGURATION SECTION. Paragraphs are null when absent.
@@ -317,7 +317,7 @@ public:
   TARKA_LIST(Node, assignments, AssignmentList)
 
 private:
-  std::list<Node *> assignments;
+  NodeList<Node> assignments;
 };
 
 /// RESERVE integer AREAS. The count is null for RESERVE NO ALTERNATE AREAS.
@@ -470,7 +470,7 @@ private:
   ClausePassWord *passWord = nullptr;
   ClauseRecordKey *recordKey = nullptr;
   ClauseRelativeKey *relativeKey = nullptr;
-  std::list<ClauseAlternate *> alternates;
+  NodeList<ClauseAlternate> alternates;
   Word *fileName;
 };
 
@@ -514,7 +514,7 @@ public:
   TARKA_LIST(IdentifierExpression, fileNames, FileNameList)
 
 private:
-  std::list<IdentifierExpression *> fileNames;
+  NodeList<IdentifierExpression> fileNames;
 };
 
 /// file-name POSITION integer.
@@ -541,7 +541,7 @@ public:
   TARKA_LIST(PrsMultipleFile, multipleFiles, MultipleFileList)
 
 private:
-  std::list<PrsMultipleFile *> multipleFiles;
+  NodeList<PrsMultipleFile> multipleFiles;
 };
 
 /// APPLY WRITE-ONLY ON file-name ...
@@ -554,7 +554,7 @@ public:
   TARKA_LIST(IdentifierExpression, fileNames, FileNameList)
 
 private:
-  std::list<IdentifierExpression *> fileNames;
+  NodeList<IdentifierExpression> fileNames;
 };
 
 /// One entry of I-O-CONTROL: one of the clauses is set.
@@ -575,9 +575,9 @@ private:
 };
 
 /// INPUT-OUTPUT SECTION: the entries of FILE-CONTROL and I-O-CONTROL.
-class InputOutputSection : public Node {
+class InputOutputSection : public Owning<InputOutputSection> {
 public:
-  using Node::Node;
+  using Owning::Owning;
 
   /// Appends a SELECT entry, which must have its name.
   void addFileControl(ParaFileControl *entry);
@@ -590,8 +590,8 @@ public:
   TARKA_LIST(ParaIOControl, ioControls, IOControlList)
 
 private:
-  std::list<ParaFileControl *> fileControls;
-  std::list<ParaIOControl *> ioControls;
+  NodeList<ParaFileControl> fileControls;
+  NodeList<ParaIOControl> ioControls;
   /// By the interned name.
   llvm::DenseMap<const std::string *, ParaFileControl *> fileControlIndex;
 };

@@ -220,7 +220,7 @@ public:
   TARKA_LIST(Expression, subscripts, Subscript)
 
 private:
-  std::list<Expression *> subscripts;
+  NodeList<Expression> subscripts;
 };
 
 /// (leftmost position : length).
@@ -338,7 +338,7 @@ public:
 
 private:
   Word *argKeyword = nullptr;
-  std::list<Expression *> arguments;
+  NodeList<Expression> arguments;
   Word *name;
   ReferenceModifier *referenceMod = nullptr;
   DataCategory category = DataCategory::Unclassified;
@@ -450,7 +450,7 @@ public:
   TARKA_LIST(AbbrRelationItem, rightAbbrs, RightAbbrList)
 
 private:
-  std::list<AbbrRelationItem *> rightAbbrs;
+  NodeList<AbbrRelationItem> rightAbbrs;
   Expression *left;
 };
 

@@ -69,7 +69,7 @@ public:
   TARKA_LIST_ADD(Expression, dataNameList, DataNameList, DataName)
 
 private:
-  std::list<Expression *> dataNameList;
+  NodeList<Expression> dataNameList;
   LabelType type;
 };
 
@@ -97,7 +97,7 @@ public:
   TARKA_LIST_ADD(ValueOfElem, elements, FileValueOfElemList, FileValueOfElem)
 
 private:
-  std::list<ValueOfElem *> elements;
+  NodeList<ValueOfElem> elements;
 };
 
 /// DATA RECORDS.
@@ -108,7 +108,7 @@ public:
   TARKA_LIST_ADD(Word, names, NameList, Name)
 
 private:
-  std::list<Word *> names;
+  NodeList<Word> names;
 };
 
 /// LINAGE.
@@ -162,14 +162,14 @@ public:
   TARKA_LIST_ADD(ReportIdentifierExpression, reportNames, ReportNameList, ReportName)
 
 private:
-  std::list<ReportIdentifierExpression *> reportNames;
+  NodeList<ReportIdentifierExpression> reportNames;
 };
 
 /// An FD or SD entry.
-class FileDescription : public Node {
+class FileDescription : public Owning<FileDescription> {
 public:
   FileDescription(const Node *at, FileDescType descType, Word *name)
-      : Node(at), type(descType), fileName(name) {}
+      : Owning(at), type(descType), fileName(name) {}
 
   FileDescType getType() const { return type; }
   /// The file's name, at which the diagnostics of the file point. The position's own file name is

@@ -18,36 +18,45 @@
 
 namespace tarka {
 
-/// How far a list has been read that others append to, and do not change otherwise.
-template <typename Element> class ReadMark {
+/// How far a list, a NodeList or a std::list, has been read that others append to, and do not
+/// change otherwise.
+template <typename List> class ReadMark {
 public:
   /// Calls \p read for every element of \p list that it has not been called for. \p list may be
   /// null, and must be the same every time.
-  template <typename Reader> void readOn(std::list<Element *> *list, Reader read) {
+  template <typename Reader> void readOn(List *list, Reader read) {
     if (!list)
       return;
     assert(count <= list->size() && "the list may only grow");
-    while (count < list->size()) {
-      last = count ? std::next(last) : list->begin();
-      ++count;
-      read(*last);
-    }
+    while (count < list->size())
+      read(*next(*list));
   }
 
   bool isAtStart() const { return count == 0; }
 
 private:
+  using Iterator = typename List::iterator;
+
+  Iterator next(List &list) {
+    // Adding to a NodeList makes its iterators invalid.
+    constexpr bool isStable = !std::is_pointer_v<Iterator>;
+    last = isStable && count ? std::next(last) : std::next(list.begin(), isStable ? 0 : count);
+    ++count;
+    return last;
+  }
+
   std::size_t count = 0;
-  typename std::list<Element *>::iterator last;
+  Iterator last{};
 };
 
 /// Finds what the elements of a growing list stand for by name: \p Entry for the names that each
 /// element enters. Names are interned, see internString(); the entries of a name are in the order
 /// of the list.
-template <typename Element, typename Entry = Element *> class GrowingIndex {
+template <typename Element, typename Entry = Element *, typename List = NodeList<Element>>
+class GrowingIndex {
 public:
   /// Calls \p enter for the elements of \p list that are new; it calls add().
-  template <typename Enter> GrowingIndex &readOn(std::list<Element *> &list, Enter enter) {
+  template <typename Enter> GrowingIndex &readOn(List &list, Enter enter) {
     mark.readOn(&list, enter);
     return *this;
   }
@@ -70,7 +79,7 @@ public:
 private:
   /// By the address of the interned name.
   llvm::DenseMap<const std::string *, llvm::SmallVector<Entry, 1>> entriesOf;
-  ReadMark<Element> mark;
+  ReadMark<List> mark;
 };
 
 } // namespace tarka

@@ -6,6 +6,8 @@
 #include "AST/Kinds.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringRef.h"
+#include <cstddef>
+#include <optional>
 
 namespace tarka {
 
@@ -15,6 +17,28 @@ struct IntrinsicFunction {
   IntrinsicType type;
   /// True when the result is always an integer.
   bool isInteger;
+  /// A letter for each argument: n for one that must be a number, a for others. After an argument
+  /// that may be left out there is "?", after one that may be repeated "+".
+  llvm::StringLiteral arguments;
+
+  std::size_t getLeastArguments() const { return countArguments() - arguments.count('?'); }
+  /// Nothing where any number of arguments is allowed.
+  std::optional<std::size_t> getMostArguments() const {
+    return arguments.ends_with("+") ? std::nullopt : std::optional(countArguments());
+  }
+  /// Whether argument \p number, from 0, must be a number.
+  bool takesNumber(std::size_t number) const {
+    for (char argument : arguments)
+      if (argument == 'n' || argument == 'a') {
+        if (number == 0)
+          return argument == 'n';
+        --number;
+      }
+    return arguments.ends_with("n+");
+  }
+
+private:
+  std::size_t countArguments() const { return arguments.count('n') + arguments.count('a'); }
 };
 
 /// Every function, sorted by name.

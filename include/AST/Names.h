@@ -48,17 +48,14 @@ class QualifiedWord : public Node {
 public:
   explicit QualifiedWord(const Node *at) : Node(at) {}
   /// Takes over the words of \p words, which may be null.
-  QualifiedWord(const Node *at, std::list<Word *> *words) : Node(at) {
-    if (words)
-      names.splice(names.end(), *words);
-  }
+  QualifiedWord(const Node *at, GivenList<Word> words) : Node(at), names(words.take()) {}
 
   void addNames(Word *word) { names.push_back(word); }
 
   TARKA_LIST(Word, names, Names)
 
 private:
-  std::list<Word *> names;
+  NodeList<Word> names;
 };
 
 } // namespace tarka

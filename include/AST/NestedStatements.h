@@ -14,8 +14,7 @@
 namespace tarka {
 
 /// Elements of a list of nodes, which can be replaced through it.
-template <typename Type>
-using NodeRange = llvm::iterator_range<typename std::list<Type *>::iterator>;
+template <typename Type> using NodeRange = llvm::iterator_range<typename NodeList<Type>::iterator>;
 
 /// The statements of one part of a statement.
 inline NodeRange<Statement> statementsOf(ExceptionHandler &phrase) {
@@ -113,7 +112,7 @@ public:
   }
 
 private:
-  using Phrase = std::list<ExceptionHandler *>::iterator;
+  using Phrase = NodeList<ExceptionHandler>::iterator;
   void phrases(Phrase begin, Phrase end) { call(NodeRange<ExceptionHandler>(begin, end)); }
 
   Visit &call;

@@ -9,6 +9,8 @@
 #ifndef TARKA_AST_NODE_H
 #define TARKA_AST_NODE_H
 
+#include "AST/Arena.h"
+#include "AST/NodeList.h"
 #include "llvm/ADT/StringRef.h"
 #include <cstddef>
 #include <cstdint>
@@ -18,9 +20,6 @@
 #include <utility>
 
 namespace tarka {
-
-/// Allocates memory that lives until the process ends; it only advances a pointer.
-void *allocateForever(std::size_t size, std::size_t alignment = alignof(std::max_align_t));
 
 /// The one process-wide copy of \p text; equal texts give the same address.
 const std::string &internString(llvm::StringRef text);
@@ -78,7 +77,7 @@ public:
   Node &operator=(const Node &) = default;
   virtual ~Node() = default;
 
-  /// Nodes come from the arena and are never freed.
+  /// Nodes come from the arena and are never freed one by one; their destructors do not run.
   static void *operator new(std::size_t size) { return allocateForever(size, alignof(void *)); }
   static void *operator new(std::size_t, void *place) { return place; }
   static void operator delete(void *) {}
@@ -108,6 +107,20 @@ private:
   SourceRange range;
 };
 
+/// The base of a node, of class \p Type, with members that allocate memory outside of the arena,
+/// such as indexes. Its destructor runs at releaseStorage().
+template <typename Type, typename Base = Node> class Owning : public Base {
+public:
+  using Base::Base;
+
+  static void *operator new(std::size_t size) {
+    return allocateOwner(size, [](void *object) { static_cast<Type *>(object)->~Type(); });
+  }
+  static void *operator new(std::size_t, void *place) { return place; }
+  static void operator delete(void *) {}
+  static void operator delete(void *, void *) {}
+};
+
 /// Makes a node that is not in the source. Checks and graph builder make all their nodes with it.
 /// \p at, whose position the node gets, may be null; \p arguments are those of the constructor
 /// after it.
@@ -121,16 +134,8 @@ template <typename T, typename... Arguments> T *generate(const Node *at, Argumen
 // Lists of nodes
 //===----------------------------------------------------------------------===//
 //
-// A node owns its lists. A list that a constructor or a setter is given is taken over: its elements
-// are moved, and it is empty afterwards.
-
-/// Moves the elements of \p given, which is empty afterwards; null stands for an empty list.
-template <typename Element> std::list<Element> takeOver(std::list<Element> *given) {
-  std::list<Element> elements;
-  if (given)
-    elements.swap(*given);
-  return elements;
-}
+// A node owns its lists, see NodeList.h. The records and items of the data division are in lists of
+// the standard library, which the checks hand around.
 
 /// An empty list, which cannot be changed.
 template <typename Element> const std::list<Element> &emptyList() {
@@ -152,58 +157,9 @@ template <typename Element> typename std::list<Element>::iterator endOf(std::lis
   return list ? list->end() : typename std::list<Element>::iterator();
 }
 
-/// A new empty list in the memory of the nodes.
+/// A new empty list, which lives as long as the tree.
 template <typename Element> std::list<Element> *makeList() {
-  return new (allocateForever(sizeof(std::list<Element>))) std::list<Element>;
-}
-
-/// A list of nodes that is mostly empty: it costs a pointer until the first element is added.
-/// Copying it copies the list, not the nodes.
-template <typename Type> class LazyList {
-public:
-  using List = std::list<Type *>;
-  using iterator = typename List::iterator;
-
-  LazyList() = default;
-  /// Takes over the elements of \p given, which may be null.
-  explicit LazyList(List *given) { takeOver(given); }
-  LazyList(const LazyList &other) { *this = other; }
-  LazyList &operator=(const LazyList &other) {
-    if (this != &other) {
-      list = nullptr;
-      if (other.list && !other.list->empty())
-        own() = *other.list;
-    }
-    return *this;
-  }
-
-  void takeOver(List *given) {
-    list = nullptr;
-    if (given && !given->empty())
-      own().swap(*given);
-  }
-
-  iterator begin() const { return beginOf(list); }
-  iterator end() const { return endOf(list); }
-  std::size_t size() const { return list ? list->size() : 0; }
-  // The name is that of std::list, so that the accessors below work with both.
-  void push_back(Type *item) { own().push_back(item); } // NOLINT(readability-identifier-naming)
-
-  friend const List &elementsOf(const LazyList &lazy) { return listOrEmpty(lazy.list); }
-
-private:
-  List &own() {
-    if (!list)
-      list = makeList<Type *>();
-    return *list;
-  }
-
-  List *list = nullptr;
-};
-
-/// What the accessors of a list give as its elements.
-template <typename Type> const std::list<Type *> &elementsOf(const std::list<Type *> &list) {
-  return list; // NOLINT(bugprone-return-const-ref-from-parameter): a member of a node, no temporary
+  return makeOwner<std::list<Element>>();
 }
 
 //===----------------------------------------------------------------------===//
@@ -212,20 +168,22 @@ template <typename Type> const std::list<Type *> &elementsOf(const std::list<Typ
 //
 // Each of these declares the accessors of one member; the member is declared where the others are.
 
-/// get<Name>Begin(), get<Name>End(), get<Name>Size() and get<Name>Elements() of a list of nodes, a
-/// std::list or a LazyList.
-#define TARKA_LIST(Type, member, Name)                                                             \
-  std::list<Type *>::iterator get##Name##Begin() {                                                 \
+/// get<Name>Begin(), get<Name>End(), get<Name>Size() and get<Name>Elements() of a list of nodes.
+#define TARKA_LIST(Type, member, Name) TARKA_LIST_OF(NodeList<Type>, member, Name)
+
+/// The same of the class \p List, a NodeList or a std::list.
+#define TARKA_LIST_OF(List, member, Name)                                                          \
+  typename List::iterator get##Name##Begin() {                                                     \
     return member.begin();                                                                         \
   }                                                                                                \
-  std::list<Type *>::iterator get##Name##End() {                                                   \
+  typename List::iterator get##Name##End() {                                                       \
     return member.end();                                                                           \
   }                                                                                                \
   std::size_t get##Name##Size() const {                                                            \
     return member.size();                                                                          \
   }                                                                                                \
-  const std::list<Type *> &get##Name##Elements() const {                                           \
-    return elementsOf(member);                                                                     \
+  const List &get##Name##Elements() const {                                                        \
+    return member;                                                                                 \
   }
 
 /// The same with add<Item>(), which appends one element.

@@ -27,12 +27,12 @@ public:
 
   void addStmt(Statement *statement) { statements.push_back(statement); }
   /// Takes over the statements of \p list.
-  void setStmts(std::list<Statement *> *list) { statements = takeOver(list); }
+  void setStmts(GivenList<Statement> list) { statements = list.take(); }
 
   TARKA_LIST(Statement, statements, Stmt)
 
 private:
-  std::list<Statement *> statements;
+  NodeList<Statement> statements;
 };
 
 /// What paragraphs and sections have in common: sentences, and that they can be performed.
@@ -56,7 +56,7 @@ public:
 private:
   bool performThru = false;
   int performLine = 0;
-  std::list<Sentence *> sentences;
+  NodeList<Sentence> sentences;
   CFGBlock *startBlock = nullptr;
 };
 
@@ -73,9 +73,9 @@ private:
 
 /// A section with its priority number, the sentences before its first paragraph, and its
 /// paragraphs.
-class Section : public ProcedureBody {
+class Section : public Owning<Section, ProcedureBody> {
 public:
-  Section(const Node *at, Word *name) : ProcedureBody(at), sectionName(name) {}
+  Section(const Node *at, Word *name) : Owning(at), sectionName(name) {}
 
   Word *getSectionName() const { return sectionName; }
   /// Null when the header has no priority number.
@@ -96,7 +96,7 @@ public:
   TARKA_LIST(Paragraph, paragraphs, Para)
 
 private:
-  std::list<Paragraph *> paragraphs;
+  NodeList<Paragraph> paragraphs;
   Word *sectionName;
   NumericLiteralExpression *priorityNumber = nullptr;
   llvm::DenseMap<const std::string *, llvm::SmallVector<Paragraph *, 1>> paragraphIndex;
@@ -137,9 +137,9 @@ struct ParagraphInSection {
 
 /// The procedure division. Names of procedures are found through an index, in source order. It
 /// reads new sections and declaratives at the next lookup, when their paragraphs must be complete.
-class ProcedureDivision : public Node {
+class ProcedureDivision : public Owning<ProcedureDivision> {
 public:
-  using Node::Node;
+  using Owning::Owning;
 
   void addParameter(Parameter *parameter) { parameters.push_back(parameter); }
   void addParameterFront(Parameter *parameter) { parameters.push_front(parameter); }
@@ -179,14 +179,14 @@ public:
   TARKA_LIST(Section, sections, Sect)
 
 private:
-  std::list<Parameter *> parameters;
-  std::list<Declaratives *> declaratives;
-  std::list<Declaratives *> baseDeclaratives;
-  std::list<Declaratives *> rptDeclaratives;
-  std::list<Section *> renameSections;
-  std::list<Sentence *> sentences;
-  std::list<Paragraph *> paragraphs;
-  std::list<Section *> sections;
+  NodeList<Parameter> parameters;
+  NodeList<Declaratives> declaratives;
+  NodeList<Declaratives> baseDeclaratives;
+  NodeList<Declaratives> rptDeclaratives;
+  NodeList<Section> renameSections;
+  NodeList<Sentence> sentences;
+  NodeList<Paragraph> paragraphs;
+  NodeList<Section> sections;
   Returning *returning = nullptr;
 
   GrowingIndex<Section> sectionIndex;

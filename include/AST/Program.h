@@ -51,10 +51,10 @@ private:
 };
 
 /// One program with its divisions and the programs nested in it.
-class SourceUnit : public Node {
+class SourceUnit : public Owning<SourceUnit> {
 public:
   SourceUnit(const Node *at, IdentificationDivision *identification, SourceUnit *outer)
-      : Node(at), idDivision(identification), parent(outer) {}
+      : Owning(at), idDivision(identification), parent(outer) {}
 
   IdentificationDivision *getIDDivision() const { return idDivision; }
   /// The unit that this one is nested in; null for an outermost one.
@@ -96,8 +96,8 @@ private:
   EnvironmentDivision *environmentDivision = nullptr;
   DataDivision *dataDivision = nullptr;
   ProcedureDivision *procDivision = nullptr;
-  std::list<SourceUnit *> nestedUnits;
-  LazyList<ExecStatement> dataBlocks;
+  NodeList<SourceUnit> nestedUnits;
+  NodeList<ExecStatement> dataBlocks;
   IdentificationDivision *idDivision;
   SourceUnit *parent;
 
@@ -128,7 +128,7 @@ public:
   TARKA_LIST(SourceUnit, sourceUnits, SourceUnitList)
 
 private:
-  std::list<SourceUnit *> sourceUnits;
+  NodeList<SourceUnit> sourceUnits;
   const std::string *inputName;
 };
 

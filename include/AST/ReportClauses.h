@@ -52,7 +52,7 @@ public:
   TARKA_LIST_ADD(IdentifierExpression, controlIds, ControlIdList, ControlId)
 
 private:
-  std::list<IdentifierExpression *> controlIds;
+  NodeList<IdentifierExpression> controlIds;
   ControlOption option;
 };
 
@@ -113,7 +113,7 @@ public:
   TARKA_LIST_ADD(Word, styles, StyleList, Style)
 
 private:
-  std::list<Word *> styles;
+  NodeList<Word> styles;
 };
 
 //===----------------------------------------------------------------------===//
@@ -140,7 +140,7 @@ private:
   bool reportFinal = false;
   bool orPage = false;
   bool all = false;
-  std::list<IdentifierExpression *> controlIds;
+  NodeList<IdentifierExpression> controlIds;
   ReportGroupType typeOption;
 };
 
@@ -178,7 +178,7 @@ private:
   std::list<VaryingPhrase *> *varyingList = nullptr;
   bool nextPage = false;
   bool relative = false;
-  std::list<Expression *> numbers;
+  NodeList<Expression> numbers;
 };
 
 /// COLUMN.
@@ -195,7 +195,7 @@ public:
 private:
   ColumnAlignment alignment = ColumnAlignment::Left;
   bool relative = false;
-  std::list<Expression *> numbers;
+  NodeList<Expression> numbers;
 };
 
 /// NEXT GROUP.
@@ -286,7 +286,7 @@ public:
   TARKA_LIST_ADD(Expression, arguments, ArgumentList, Argument)
 
 private:
-  std::list<Expression *> arguments;
+  NodeList<Expression> arguments;
   Word *functionName;
 };
 
@@ -322,8 +322,8 @@ public:
   TARKA_LIST_ADD(IdentifierExpression, upons, UponList, Upon)
 
 private:
-  std::list<Expression *> names;
-  std::list<IdentifierExpression *> upons;
+  NodeList<Expression> names;
+  NodeList<IdentifierExpression> upons;
 };
 
 /// SUM.
@@ -345,7 +345,7 @@ private:
   ResetType resetType = ResetType::None;
   IdentifierExpression *resetControl = nullptr;
   DataDescription *sumDesc = nullptr;
-  std::list<SumClauseExpr *> sumExprs;
+  NodeList<SumClauseExpr> sumExprs;
 };
 
 /// One operand of SOURCE.
@@ -376,7 +376,7 @@ public:
   explicit ClauseSource(const Node *at) : Node(at) {}
 
   /// Takes the elements of \p list over; null stands for an empty list.
-  void setSourceExprList(std::list<SourceClauseExpr *> *list) { sourceExprs = takeOver(list); }
+  void setSourceExprList(GivenList<SourceClauseExpr> list) { sourceExprs = list.take(); }
 
   /// ROUNDED.
   TARKA_FIELD(bool, rounded, Rounded)
@@ -384,7 +384,7 @@ public:
 
 private:
   bool rounded = false;
-  std::list<SourceClauseExpr *> sourceExprs;
+  NodeList<SourceClauseExpr> sourceExprs;
 };
 
 /// The names of one operand of COUNT.
@@ -395,7 +395,7 @@ public:
   TARKA_LIST_ADD(Expression, names, NameList, Name)
 
 private:
-  std::list<Expression *> names;
+  NodeList<Expression> names;
 };
 
 /// COUNT: how often groups, or items of them, have been presented.
@@ -408,8 +408,8 @@ public:
   TARKA_LIST_ADD(CountClauseExpr, countExprs, CountExprList, CountExpr)
 
 private:
-  std::list<Expression *> countData;
-  std::list<CountClauseExpr *> countExprs;
+  NodeList<Expression> countData;
+  NodeList<CountClauseExpr> countExprs;
 };
 
 /// What an item shows when a PRESENT clause holds.

@@ -79,15 +79,15 @@ private:
   ClauseType *typeClause = nullptr;
   ClauseWrap *wrapClause = nullptr;
   bool groupIndicate = false;
-  std::list<ClausePresentAfter *> presentAfters;
-  std::list<ClausePresentWhen *> presentWhens;
+  NodeList<ClausePresentAfter> presentAfters;
+  NodeList<ClausePresentWhen> presentWhens;
   int declIndex = 0;
   ReportDataDescription *currHeadDesc = nullptr;
   ReportDataDescription *prevHeadDesc = nullptr;
   ReportDataDescription *currLineDesc = nullptr;
-  std::list<ReportDataDescription *> lineDescs;
-  std::list<ReportDataDescription *> colDescs;
-  std::list<Expression *> countExprs;
+  NodeList<ReportDataDescription> lineDescs;
+  NodeList<ReportDataDescription> colDescs;
+  NodeList<Expression> countExprs;
 };
 
 /// An RD entry.
@@ -98,10 +98,10 @@ public:
   Word *getReportName() const { return reportName; }
 
   /// The level-01 entries of the report groups, in source order.
-  std::list<ReportDataDescription *>::iterator getRecordListBegin() { return records.begin(); }
-  std::list<ReportDataDescription *>::iterator getRecordListEnd() { return records.end(); }
+  NodeList<ReportDataDescription>::iterator getRecordListBegin() { return records.begin(); }
+  NodeList<ReportDataDescription>::iterator getRecordListEnd() { return records.end(); }
   std::size_t getRecordListSize() const { return records.size(); }
-  const std::list<ReportDataDescription *> &getRecordListElements() const { return records; }
+  const NodeList<ReportDataDescription> &getRecordListElements() const { return records; }
   /// Appends a report group and makes this entry its report description.
   void addRecord(ReportDataDescription *group);
 
@@ -140,16 +140,16 @@ private:
   ClauseStyle *rdStyleClause = nullptr;
   FileDescription *fileDescription = nullptr;
   int declIndexCnt = 0;
-  std::list<ReportDataDescription *> reportHeadings;
-  std::list<ReportDataDescription *> pageHeadings;
-  std::list<ReportDataDescription *> controlHeadings;
-  std::list<ReportDataDescription *> details;
-  std::list<ReportDataDescription *> controlFootings;
-  std::list<ReportDataDescription *> pageFootings;
-  std::list<ReportDataDescription *> reportFootings;
+  NodeList<ReportDataDescription> reportHeadings;
+  NodeList<ReportDataDescription> pageHeadings;
+  NodeList<ReportDataDescription> controlHeadings;
+  NodeList<ReportDataDescription> details;
+  NodeList<ReportDataDescription> controlFootings;
+  NodeList<ReportDataDescription> pageFootings;
+  NodeList<ReportDataDescription> reportFootings;
   friend class DataDivision;
   Word *reportName;
-  std::list<ReportDataDescription *> records;
+  NodeList<ReportDataDescription> records;
   /// The division whose index holds the groups; null while there is none.
   DataDivision *division = nullptr;
 };

@@ -56,7 +56,7 @@ public:
   }
   /// The entry that the checks bind a reference of \p words to: the name, then its qualifiers,
   /// nearest first. Null when none fits; a reference that fits several is bound to one of them.
-  DataDescription *findReferenced(const std::list<Word *> &words) const;
+  DataDescription *findReferenced(const NodeList<Word> &words) const;
   /// Whether one of the entries that \p name can mean is a condition-name (level 88).
   bool isConditionName(const std::string *name) const;
   /// The entry of the special register \p name. Registers belong to the outermost program, and
@@ -147,7 +147,7 @@ struct QualifiedMatch {
 /// follows the name of a file or report is not compared. A record that is qualified by its file or
 /// report ends the search.
 llvm::SmallVector<QualifiedMatch, 2> matchQualified(const Homonyms &homonyms,
-                                                    const std::list<Word *> &words);
+                                                    const NodeList<Word> &words);
 
 /// What a name without qualifiers means.
 struct UnqualifiedMatch {

@@ -38,13 +38,13 @@ public:
   TARKA_LIST_ADD(ExceptionHandler, sizeErrorHandlers, SizeErrorHandler, SizeErrorHandler)
 
 private:
-  LazyList<ExceptionHandler> sizeErrorHandlers;
+  NodeList<ExceptionHandler> sizeErrorHandlers;
 
 protected:
   using Statement::Statement;
 
-  void setSizeErrorHandlers(std::list<ExceptionHandler *> *handlers) {
-    sizeErrorHandlers.takeOver(handlers);
+  void setSizeErrorHandlers(GivenList<ExceptionHandler> handlers) {
+    sizeErrorHandlers = handlers.take();
   }
 };
 
@@ -55,12 +55,12 @@ class AddStatement : public StatementOf<StatementType::Add, ArithmeticStatement>
 public:
   AddStatement(const Node *at, AddStmtType format) : StatementOf(at), type(format) {}
   /// What does not belong to the format is null.
-  AddStatement(const Node *at, AddStmtType format, std::list<Expression *> *addends,
-               std::list<RoundedOperand *> *receivers, Expression *lastAddend,
-               std::list<RoundedOperand *> *results, Expression *corresponding,
-               RoundedOperand *correspondingReceiver, std::list<ExceptionHandler *> *handlers)
-      : StatementOf(at), type(format), operands(takeOver(addends)), toList(takeOver(receivers)),
-        givingList(results), toOperand(lastAddend), correspondingExpr(corresponding),
+  AddStatement(const Node *at, AddStmtType format, GivenList<Expression> addends,
+               GivenList<RoundedOperand> receivers, Expression *lastAddend,
+               GivenList<RoundedOperand> results, Expression *corresponding,
+               RoundedOperand *correspondingReceiver, GivenList<ExceptionHandler> handlers)
+      : StatementOf(at), type(format), operands(addends.take()), toList(receivers.take()),
+        givingList(results.take()), toOperand(lastAddend), correspondingExpr(corresponding),
         toRoundExpr(correspondingReceiver) {
     setSizeErrorHandlers(handlers);
   }
@@ -69,7 +69,7 @@ public:
   TARKA_LIST_ADD(Expression, operands, OperandList, Operand)
   /// The receiving operands of the first format.
   TARKA_LIST_ADD(RoundedOperand, toList, ToList, To)
-  void setToList(std::list<RoundedOperand *> *receivers) { toList = takeOver(receivers); }
+  void setToList(GivenList<RoundedOperand> receivers) { toList = receivers.take(); }
   TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// The operand after TO with GIVING; null when TO is left out, and in the other formats.
   TARKA_FIELD(Expression *, toOperand, ToOperand)
@@ -79,9 +79,9 @@ public:
 
 private:
   AddStmtType type = AddStmtType::To;
-  std::list<Expression *> operands;
-  std::list<RoundedOperand *> toList;
-  LazyList<RoundedOperand> givingList;
+  NodeList<Expression> operands;
+  NodeList<RoundedOperand> toList;
+  NodeList<RoundedOperand> givingList;
   Expression *toOperand = nullptr;
   Expression *correspondingExpr = nullptr;
   RoundedOperand *toRoundExpr = nullptr;
@@ -98,7 +98,7 @@ public:
   TARKA_LIST_ADD(Expression, operands, OperandList, Operand)
   /// The receiving operands of the first format.
   TARKA_LIST_ADD(RoundedOperand, fromList, FromList, From)
-  void setFromList(std::list<RoundedOperand *> *receivers) { fromList = takeOver(receivers); }
+  void setFromList(GivenList<RoundedOperand> receivers) { fromList = receivers.take(); }
   TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// The minuend with GIVING; null in the other formats.
   TARKA_FIELD(Expression *, fromExpr, FromExpr)
@@ -108,9 +108,9 @@ public:
 
 private:
   SubtractStmtType type = SubtractStmtType::From;
-  std::list<Expression *> operands;
-  std::list<RoundedOperand *> fromList;
-  LazyList<RoundedOperand> givingList;
+  NodeList<Expression> operands;
+  NodeList<RoundedOperand> fromList;
+  NodeList<RoundedOperand> givingList;
   Expression *fromExpr = nullptr;
   Expression *corrExpr = nullptr;
   RoundedOperand *fromRoundExpr = nullptr;
@@ -129,15 +129,15 @@ public:
   TARKA_FIELD(Expression *, byOperand, ByOperand)
   /// The receiving operands of the format without GIVING.
   TARKA_LIST_ADD(RoundedOperand, byList, ByList, By)
-  void setByList(std::list<RoundedOperand *> *receivers) { byList = takeOver(receivers); }
+  void setByList(GivenList<RoundedOperand> receivers) { byList = receivers.take(); }
   TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
 
 private:
   MultiplyStmtType type = MultiplyStmtType::By;
   Expression *operand = nullptr;
   Expression *byOperand = nullptr;
-  std::list<RoundedOperand *> byList;
-  LazyList<RoundedOperand> givingList;
+  NodeList<RoundedOperand> byList;
+  NodeList<RoundedOperand> givingList;
 };
 
 /// DIVIDE operand INTO {receiver [ROUNDED]}...
@@ -156,7 +156,7 @@ public:
   TARKA_FIELD(Expression *, byExpr, ByExpr)
   /// The receiving operands after INTO, without GIVING.
   TARKA_LIST_ADD(RoundedOperand, toList, ToList, To)
-  void setToList(std::list<RoundedOperand *> *receivers) { toList = takeOver(receivers); }
+  void setToList(GivenList<RoundedOperand> receivers) { toList = receivers.take(); }
   TARKA_LIST_ADD(RoundedOperand, givingList, GivingList, Giving)
   /// Null without REMAINDER.
   TARKA_FIELD(Expression *, remainderExpr, RemainderExpr)
@@ -166,8 +166,8 @@ private:
   Expression *operand = nullptr;
   Expression *intoExpr = nullptr;
   Expression *byExpr = nullptr;
-  std::list<RoundedOperand *> toList;
-  LazyList<RoundedOperand> givingList;
+  NodeList<RoundedOperand> toList;
+  NodeList<RoundedOperand> givingList;
   Expression *remainderExpr = nullptr;
 };
 
@@ -181,7 +181,7 @@ public:
   TARKA_FIELD(Expression *, arithmeticExpression, ArithmeticExpression)
 
 private:
-  std::list<RoundedOperand *> operands;
+  NodeList<RoundedOperand> operands;
   Expression *arithmeticExpression = nullptr;
 };
 

@@ -57,8 +57,8 @@ protected:
 class ExceptionHandler : public Node {
 public:
   ExceptionHandler(const Node *at, ExceptionHandlerType which, bool isNot,
-                   std::list<Statement *> *statements = nullptr)
-      : Node(at), type(which), notOn(isNot), imperStmts(takeOver(statements)) {}
+                   GivenList<Statement> statements = nullptr)
+      : Node(at), type(which), notOn(isNot), imperStmts(statements.take()) {}
 
   TARKA_FIELD(ExceptionHandlerType, type, Type)
   /// True for the NOT form.
@@ -68,7 +68,7 @@ public:
 private:
   ExceptionHandlerType type = ExceptionHandlerType::OnException;
   bool notOn = false;
-  std::list<Statement *> imperStmts;
+  NodeList<Statement> imperStmts;
 };
 
 /// A statement of which the tree has the operands, by what becomes of them, and the ON EXCEPTION
@@ -91,10 +91,10 @@ protected:
   OperandStatement(const Node *at, StatementType type) : Statement(at, type) {}
 
 private:
-  LazyList<Expression> sources;
-  LazyList<Expression> receivers;
-  LazyList<Expression> parts;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<Expression> sources;
+  NodeList<Expression> receivers;
+  NodeList<Expression> parts;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// The procedures that a procedure-name, or two with THROUGH, refer to. Set by the check; all null

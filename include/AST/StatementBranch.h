@@ -55,9 +55,7 @@ public:
   CallStatement(const Node *at, Expression *program) : StatementOf(at), procedureName(program) {}
 
   void addArgumentFront(Argument *argument) { arguments.push_front(argument); }
-  void setExceptHandler(std::list<ExceptionHandler *> *handlers) {
-    exceptHandlers.takeOver(handlers);
-  }
+  void setExceptHandler(GivenList<ExceptionHandler> handlers) { exceptHandlers = handlers.take(); }
 
   /// The literal or identifier that names the program.
   TARKA_FIELD(Expression *, procedureName, ProcedureName)
@@ -72,10 +70,10 @@ public:
 
 private:
   Expression *procedureName = nullptr;
-  std::list<Argument *> arguments;
+  NodeList<Argument> arguments;
   IdentifierExpression *returnItem = nullptr;
-  LazyList<ExceptionHandler> exceptHandlers;
-  LazyList<IdentifierExpression> params;
+  NodeList<ExceptionHandler> exceptHandlers;
+  NodeList<IdentifierExpression> params;
   Statement *moveStmt = nullptr;
 };
 
@@ -87,7 +85,7 @@ public:
   TARKA_LIST_ADD(Expression, programs, ProgramList, Program)
 
 private:
-  std::list<Expression *> programs;
+  NodeList<Expression> programs;
 };
 
 /// ENTRY literal [USING parameter...]
@@ -100,7 +98,7 @@ public:
 
 private:
   LiteralExpression *entryLiteral = nullptr;
-  std::list<Parameter *> parameters;
+  NodeList<Parameter> parameters;
 };
 
 /// EXIT PROGRAM
@@ -163,9 +161,9 @@ public:
   void forgetProcedures() { procedures = {}; }
 
 private:
-  std::list<QualifiedWord *> procedureNames;
+  NodeList<QualifiedWord> procedureNames;
   IdentifierExpression *dependingName = nullptr;
-  LazyList<GotoProcedure> procedures;
+  NodeList<GotoProcedure> procedures;
 };
 
 /// procedure-name-1 TO [PROCEED TO] procedure-name-2
@@ -198,7 +196,7 @@ public:
   TARKA_LIST_ADD(AlterItem, items, AlterList, AlterItem)
 
 private:
-  std::list<AlterItem *> items;
+  NodeList<AlterItem> items;
 };
 
 /// procedure-name-1 [THROUGH procedure-name-2], with the procedures that the names refer to.
@@ -256,10 +254,11 @@ public:
   PerformStatement(const Node *at, PerformStmtType format) : StatementOf(at), type(format) {}
   /// The phrases that are not written are null.
   PerformStatement(const Node *at, PerformStmtType format, PerformProcedure *procedure,
-                   std::list<Statement *> *statements, Expression *times, PerformTest *test,
-                   std::list<PerformVarying *> *varying, Condition *until)
-      : StatementOf(at), type(format), procedureName(procedure), inlineStatements(statements),
-        timesInteger(times), performTest(test), phrases(varying), untilCondition(until) {}
+                   GivenList<Statement> statements, Expression *times, PerformTest *test,
+                   GivenList<PerformVarying> varying, Condition *until)
+      : StatementOf(at), type(format), procedureName(procedure),
+        inlineStatements(statements.take()), timesInteger(times), performTest(test),
+        phrases(varying.take()), untilCondition(until) {}
 
   TARKA_FIELD(PerformStmtType, type, Type)
   /// Null in the inline form.
@@ -278,10 +277,10 @@ public:
 private:
   PerformStmtType type = PerformStmtType::Simple;
   PerformProcedure *procedureName = nullptr;
-  LazyList<Statement> inlineStatements;
+  NodeList<Statement> inlineStatements;
   Expression *timesInteger = nullptr;
   PerformTest *performTest = nullptr;
-  LazyList<PerformVarying> phrases;
+  NodeList<PerformVarying> phrases;
   Condition *untilCondition = nullptr;
 };
 
@@ -347,9 +346,9 @@ public:
   explicit IfStatement(const Node *at, Condition *test = nullptr)
       : StatementOf(at), condition(test) {}
   /// \p otherwise is null without ELSE.
-  IfStatement(const Node *at, Condition *test, std::list<Statement *> *then,
-              std::list<Statement *> *otherwise)
-      : StatementOf(at), condition(test), ifStmts(takeOver(then)), elseStmts(otherwise) {}
+  IfStatement(const Node *at, Condition *test, GivenList<Statement> then,
+              GivenList<Statement> otherwise)
+      : StatementOf(at), condition(test), ifStmts(then.take()), elseStmts(otherwise.take()) {}
 
   TARKA_FIELD(Condition *, condition, Condition)
   TARKA_LIST_ADD(Statement, ifStmts, IfStmtList, IfStmt)
@@ -358,8 +357,8 @@ public:
 
 private:
   Condition *condition = nullptr;
-  std::list<Statement *> ifStmts;
-  LazyList<Statement> elseStmts;
+  NodeList<Statement> ifStmts;
+  NodeList<Statement> elseStmts;
 };
 
 /// A subject, after EVALUATE or ALSO: operand, condition, TRUE or FALSE.
@@ -415,7 +414,7 @@ public:
 
 private:
   EvalWhenType type = EvalWhenType::When;
-  std::list<EvaluateObject *> whenObjs;
+  NodeList<EvaluateObject> whenObjs;
 };
 
 /// One or more WHEN phrases with the statements that they share.
@@ -423,15 +422,15 @@ class EvaluateCase : public Node {
 public:
   explicit EvaluateCase(const Node *at) : Node(at) {}
 
-  std::list<EvaluateWhen *> *getWhenList() { return &whens; }
-  std::list<Statement *> *getWhenStmtList() { return &whenStmts; }
+  NodeList<EvaluateWhen> *getWhenList() { return &whens; }
+  NodeList<Statement> *getWhenStmtList() { return &whenStmts; }
 
   TARKA_LIST_ADD(EvaluateWhen, whens, WhenList, When)
   TARKA_LIST_ADD(Statement, whenStmts, WhenStmtList, WhenStmt)
 
 private:
-  std::list<EvaluateWhen *> whens;
-  std::list<Statement *> whenStmts;
+  NodeList<EvaluateWhen> whens;
+  NodeList<Statement> whenStmts;
 };
 
 /// EVALUATE subject [ALSO subject]... {{WHEN object [ALSO object]...}... statements}...
@@ -440,14 +439,14 @@ class EvaluateStatement : public StatementOf<StatementType::Evaluate> {
 public:
   explicit EvaluateStatement(const Node *at) : StatementOf(at) {}
 
-  std::list<EvaluateSubject *> *getSubjectList() { return &subjects; }
+  NodeList<EvaluateSubject> *getSubjectList() { return &subjects; }
 
   TARKA_LIST_ADD(EvaluateSubject, subjects, SubjectList, Subject)
   TARKA_LIST_ADD(EvaluateCase, cases, WhenCaseList, WhenCase)
 
 private:
-  std::list<EvaluateSubject *> subjects;
-  std::list<EvaluateCase *> cases;
+  NodeList<EvaluateSubject> subjects;
+  NodeList<EvaluateCase> cases;
 };
 
 /// WHEN condition {statements | NEXT SENTENCE}
@@ -455,14 +454,14 @@ class SearchWhen : public Node {
 public:
   SearchWhen(const Node *at, Condition *test) : Node(at), condition(test) {}
 
-  std::list<Statement *> *getStatementList() { return &statements; }
+  NodeList<Statement> *getStatementList() { return &statements; }
 
   TARKA_FIELD(Condition *, condition, Condition)
   TARKA_LIST_ADD(Statement, statements, StatementList, Statement)
 
 private:
   Condition *condition = nullptr;
-  std::list<Statement *> statements;
+  NodeList<Statement> statements;
 };
 
 /// SEARCH table [VARYING identifier] [AT END statements] {WHEN condition statements}...
@@ -487,9 +486,9 @@ private:
   SearchType type = SearchType::Serial;
   IdentifierExpression *searchIdentifier = nullptr;
   IdentifierExpression *varyingIdentifier = nullptr;
-  LazyList<ExceptionHandler> atHandlers;
-  std::list<SearchWhen *> whens;
-  LazyList<Condition> conditions;
+  NodeList<ExceptionHandler> atHandlers;
+  NodeList<SearchWhen> whens;
+  NodeList<Condition> conditions;
   CFGBlock *indexChangeBlock = nullptr;
 };
 
@@ -515,8 +514,8 @@ private:
   Expression *onExpr = nullptr;
   Expression *everyExpr = nullptr;
   Expression *untilExpr = nullptr;
-  std::list<Statement *> untilStmts;
-  LazyList<Statement> elseStmts;
+  NodeList<Statement> untilStmts;
+  NodeList<Statement> elseStmts;
   Statement *addStmt = nullptr;
   Condition *condition = nullptr;
 };

@@ -9,6 +9,10 @@
 #define TARKA_AST_STATEMENTDATA_H
 
 #include "AST/StatementBase.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/SmallVector.h"
+#include <algorithm>
+#include <optional>
 
 namespace tarka {
 
@@ -45,8 +49,8 @@ private:
 /// DISPLAY operand... [UPON name] [WITH NO ADVANCING]
 class DisplayStatement : public StatementOf<StatementType::Display> {
 public:
-  explicit DisplayStatement(const Node *at, std::list<Expression *> *items = nullptr)
-      : StatementOf(at), operands(takeOver(items)) {}
+  explicit DisplayStatement(const Node *at, GivenList<Expression> items = nullptr)
+      : StatementOf(at), operands(items.take()) {}
 
   TARKA_FLAG(noAdvancing, NoAdvancing)
   TARKA_LIST_ADD(Expression, operands, IdenLiterList, IdenLiter)
@@ -55,30 +59,43 @@ public:
 
 private:
   bool noAdvancing = false;
-  std::list<Expression *> operands;
+  NodeList<Expression> operands;
   Word *uponName = nullptr;
 };
 
 /// MOVE [CORRESPONDING] operand TO identifier...
 class MoveStatement : public StatementOf<StatementType::Move> {
 public:
-  MoveStatement(const Node *at, Expression *sender, std::list<IdentifierExpression *> *receivers,
+  MoveStatement(const Node *at, Expression *sender, GivenList<IdentifierExpression> receivers,
                 bool isCorresponding)
-      : StatementOf(at), corresponding(isCorresponding), source(sender),
-        targets(takeOver(receivers)) {}
+      : StatementOf(at), corresponding(isCorresponding), source(sender), targets(receivers.take()) {
+  }
 
   TARKA_FLAG(corresponding, Corresponding)
   TARKA_FIELD(Expression *, source, Source)
   TARKA_LIST_ADD(IdentifierExpression, targets, TargetList, Target)
-  /// The rule of each receiving operand, in their order; null before the check. Shorter than the
+  /// The rule of each receiving operand, in their order; none before the check. Shorter than the
   /// receiving list after an error.
-  TARKA_FIELD(std::list<MoveRule> *, moveRules, MoveRuleList)
+  std::optional<llvm::ArrayRef<MoveRule>> getMoveRules() const {
+    return moveRules ? std::optional(llvm::ArrayRef(moveRules, moveRuleCount)) : std::nullopt;
+  }
+  void setMoveRules(llvm::ArrayRef<MoveRule> rules) {
+    // Even without rules there is a place: null is for a statement that has not been checked.
+    void *copy = allocateForever(std::max<std::size_t>(1, sizeof(MoveRule) * rules.size()),
+                                 alignof(MoveRule));
+    moveRules = std::copy(rules.begin(), rules.end(), static_cast<MoveRule *>(copy)) - rules.size();
+    moveRuleCount = static_cast<unsigned>(rules.size());
+  }
+  void setMoveRuleList(const std::list<MoveRule> *list) {
+    setMoveRules(llvm::SmallVector<MoveRule, 8>(list->begin(), list->end()));
+  }
 
 private:
   bool corresponding = false;
   Expression *source = nullptr;
-  std::list<IdentifierExpression *> targets;
-  std::list<MoveRule> *moveRules = nullptr;
+  NodeList<IdentifierExpression> targets;
+  const MoveRule *moveRules = nullptr;
+  unsigned moveRuleCount = 0;
 };
 
 //===----------------------------------------------------------------------===//
@@ -120,9 +137,9 @@ public:
 private:
   SetItemType type = SetItemType::To;
   SetToValue *toValue = nullptr;
-  LazyList<Expression> operands;
-  LazyList<Condition> conditions;
-  LazyList<Word> mnemonicNames;
+  NodeList<Expression> operands;
+  NodeList<Condition> conditions;
+  NodeList<Word> mnemonicNames;
 };
 
 /// SET {receiver... TO value}...
@@ -133,7 +150,7 @@ public:
   TARKA_LIST_ADD(SetItem, items, ItemList, Item)
 
 private:
-  std::list<SetItem *> items;
+  NodeList<SetItem> items;
 };
 
 //===----------------------------------------------------------------------===//
@@ -180,8 +197,8 @@ private:
   bool filler = false;
   bool allToValue = false;
   bool toDefault = false;
-  std::list<IdentifierExpression *> identifiers;
-  LazyList<InitializeReplacingItem> replacing;
+  NodeList<IdentifierExpression> identifiers;
+  NodeList<InitializeReplacingItem> replacing;
   std::uint16_t valueCategories = 0;
 };
 
@@ -206,15 +223,15 @@ private:
 /// What is counted after ALL or LEADING: operand [region]...
 class TallyingRegion : public Node {
 public:
-  TallyingRegion(const Node *at, Expression *operand, std::list<InspectRegion *> *limits)
-      : Node(at), expr(operand), regions(limits) {}
+  TallyingRegion(const Node *at, Expression *operand, GivenList<InspectRegion> limits)
+      : Node(at), expr(operand), regions(limits.take()) {}
 
   TARKA_FIELD(Expression *, expr, Expr)
   TARKA_LIST_ADD(InspectRegion, regions, RegionPhraseList, RegionPhrase)
 
 private:
   Expression *expr = nullptr;
-  LazyList<InspectRegion> regions;
+  NodeList<InspectRegion> regions;
 };
 
 /// CHARACTERS [region]...
@@ -222,9 +239,9 @@ private:
 class TallyingItemFor : public Node {
 public:
   /// The regions belong to CHARACTERS, the operands to ALL and LEADING; the other list is null.
-  TallyingItemFor(const Node *at, InspTailType which, std::list<InspectRegion *> *limits,
-                  std::list<TallyingRegion *> *operands)
-      : Node(at), type(which), regions(limits), tallied(operands) {}
+  TallyingItemFor(const Node *at, InspTailType which, GivenList<InspectRegion> limits,
+                  GivenList<TallyingRegion> operands)
+      : Node(at), type(which), regions(limits.take()), tallied(operands.take()) {}
 
   TARKA_FIELD(InspTailType, type, Type)
   TARKA_LIST_ADD(InspectRegion, regions, InspectRegionList, InspectRegion)
@@ -232,30 +249,30 @@ public:
 
 private:
   InspTailType type = InspTailType::Characters;
-  LazyList<InspectRegion> regions;
-  LazyList<TallyingRegion> tallied;
+  NodeList<InspectRegion> regions;
+  NodeList<TallyingRegion> tallied;
 };
 
 /// identifier FOR item...
 class TallyingItem : public Node {
 public:
-  TallyingItem(const Node *at, IdentifierExpression *counter, std::list<TallyingItemFor *> *items)
-      : Node(at), identifier(counter), tallyingFor(takeOver(items)) {}
+  TallyingItem(const Node *at, IdentifierExpression *counter, GivenList<TallyingItemFor> items)
+      : Node(at), identifier(counter), tallyingFor(items.take()) {}
 
   TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
   TARKA_LIST_ADD(TallyingItemFor, tallyingFor, TallyingForList, TallyingFor)
 
 private:
   IdentifierExpression *identifier = nullptr;
-  std::list<TallyingItemFor *> tallyingFor;
+  NodeList<TallyingItemFor> tallyingFor;
 };
 
 /// operand BY operand [region]...
 class ReplacingRegion : public Node {
 public:
   ReplacingRegion(const Node *at, Expression *operand, Expression *by,
-                  std::list<InspectRegion *> *limits)
-      : Node(at), expr(operand), byExpr(by), regions(limits) {}
+                  GivenList<InspectRegion> limits)
+      : Node(at), expr(operand), byExpr(by), regions(limits.take()) {}
 
   TARKA_FIELD(Expression *, expr, Expr)
   TARKA_FIELD(Expression *, byExpr, ByExpr)
@@ -264,7 +281,7 @@ public:
 private:
   Expression *expr = nullptr;
   Expression *byExpr = nullptr;
-  LazyList<InspectRegion> regions;
+  NodeList<InspectRegion> regions;
 };
 
 /// CHARACTERS BY operand [region]...
@@ -273,9 +290,9 @@ class ReplacingItem : public Node {
 public:
   /// The operand and the regions belong to CHARACTERS, the replacements to the other forms; what
   /// does not belong to the form is null.
-  ReplacingItem(const Node *at, InspReplType which, Expression *by,
-                std::list<InspectRegion *> *limits, std::list<ReplacingRegion *> *replacements)
-      : Node(at), type(which), expr(by), regions(limits), replaced(replacements) {}
+  ReplacingItem(const Node *at, InspReplType which, Expression *by, GivenList<InspectRegion> limits,
+                GivenList<ReplacingRegion> replacements)
+      : Node(at), type(which), expr(by), regions(limits.take()), replaced(replacements.take()) {}
 
   TARKA_FIELD(InspReplType, type, Type)
   /// What CHARACTERS are replaced by; null in the other forms.
@@ -286,16 +303,15 @@ public:
 private:
   InspReplType type = InspReplType::Characters;
   Expression *expr = nullptr;
-  LazyList<InspectRegion> regions;
-  LazyList<ReplacingRegion> replaced;
+  NodeList<InspectRegion> regions;
+  NodeList<ReplacingRegion> replaced;
 };
 
 /// CONVERTING operand TO operand [region]...
 class ConvertingItem : public Node {
 public:
-  ConvertingItem(const Node *at, Expression *from, Expression *to,
-                 std::list<InspectRegion *> *limits)
-      : Node(at), expr(from), toExpr(to), regions(limits) {}
+  ConvertingItem(const Node *at, Expression *from, Expression *to, GivenList<InspectRegion> limits)
+      : Node(at), expr(from), toExpr(to), regions(limits.take()) {}
 
   TARKA_FIELD(Expression *, expr, Expr)
   TARKA_FIELD(Expression *, toExpr, ToExpr)
@@ -304,7 +320,7 @@ public:
 private:
   Expression *expr = nullptr;
   Expression *toExpr = nullptr;
-  LazyList<InspectRegion> regions;
+  NodeList<InspectRegion> regions;
 };
 
 /// INSPECT identifier [TALLYING item...] [REPLACING item...]
@@ -312,11 +328,10 @@ private:
 class InspectStatement : public StatementOf<StatementType::Inspect> {
 public:
   /// The phrases that are not written are null.
-  InspectStatement(const Node *at, IdentifierExpression *inspected,
-                   std::list<TallyingItem *> *tallies, std::list<ReplacingItem *> *replacements,
-                   ConvertingItem *conversion)
-      : StatementOf(at), identifier(inspected), tallying(tallies), replacing(replacements),
-        converting(conversion) {}
+  InspectStatement(const Node *at, IdentifierExpression *inspected, GivenList<TallyingItem> tallies,
+                   GivenList<ReplacingItem> replacements, ConvertingItem *conversion)
+      : StatementOf(at), identifier(inspected), tallying(tallies.take()),
+        replacing(replacements.take()), converting(conversion) {}
 
   TARKA_FIELD(IdentifierExpression *, identifier, Identifier)
   TARKA_LIST_ADD(TallyingItem, tallying, TallyingList, Tallying)
@@ -325,8 +340,8 @@ public:
 
 private:
   IdentifierExpression *identifier = nullptr;
-  LazyList<TallyingItem> tallying;
-  LazyList<ReplacingItem> replacing;
+  NodeList<TallyingItem> tallying;
+  NodeList<ReplacingItem> replacing;
   ConvertingItem *converting = nullptr;
 };
 
@@ -346,7 +361,7 @@ public:
 
 private:
   StringDelimiterType type = StringDelimiterType::None;
-  std::list<Expression *> stringNames;
+  NodeList<Expression> stringNames;
   Expression *delimitedName = nullptr;
 };
 
@@ -362,10 +377,10 @@ public:
   TARKA_LIST_ADD(ExceptionHandler, handlers, OverflowHandler, OverflowHandler)
 
 private:
-  std::list<StringItem *> items;
+  NodeList<StringItem> items;
   IdentifierExpression *intoIdentifier = nullptr;
   IdentifierExpression *withPointer = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// [ALL] operand, after DELIMITED BY or OR
@@ -416,11 +431,11 @@ public:
 
 private:
   IdentifierExpression *sourceIdentifier = nullptr;
-  LazyList<UnstringDelimitedItem> delimiters;
-  std::list<UnstringIntoItem *> intoItems;
+  NodeList<UnstringDelimitedItem> delimiters;
+  NodeList<UnstringIntoItem> intoItems;
   IdentifierExpression *withPointerId = nullptr;
   IdentifierExpression *tallyingId = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 //===----------------------------------------------------------------------===//
@@ -489,9 +504,9 @@ public:
 
 private:
   ExhibitType exhibitType = ExhibitType::Named;
-  std::list<Expression *> operands;
+  NodeList<Expression> operands;
   Word *uponName = nullptr;
-  LazyList<Statement> convertStmts;
+  NodeList<Statement> convertStmts;
 };
 
 //===----------------------------------------------------------------------===//

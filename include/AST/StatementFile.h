@@ -70,7 +70,7 @@ public:
 
 private:
   OpenType type = OpenType::Input;
-  std::list<OpenFile *> files;
+  NodeList<OpenFile> files;
 };
 
 /// OPEN {{INPUT | OUTPUT | I-O | EXTEND} file...}...
@@ -81,7 +81,7 @@ public:
   TARKA_LIST_ADD(OpenItem, items, ItemList, Item)
 
 private:
-  std::list<OpenItem *> items;
+  NodeList<OpenItem> items;
 };
 
 /// file-name [{REEL | UNIT} [FOR REMOVAL | WITH NO REWIND] | WITH NO REWIND | WITH LOCK]
@@ -106,7 +106,7 @@ public:
   TARKA_LIST_ADD(CloseFile, files, CloseFileList, CloseFile)
 
 private:
-  std::list<CloseFile *> files;
+  NodeList<CloseFile> files;
 };
 
 /// READ file-name [NEXT] RECORD [INTO identifier] [KEY IS data-name]
@@ -128,7 +128,7 @@ private:
   FileIdentifierExpression *fileName = nullptr;
   IdentifierExpression *intoIdentifier = nullptr;
   IdentifierExpression *keyName = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// {BEFORE | AFTER} ADVANCING {operand [LINES] | mnemonic-name | PAGE}
@@ -183,7 +183,7 @@ private:
   IdentifierExpression *fromIdentifier = nullptr;
   WriteAdvancing *advancing = nullptr;
   WritePositioning *positioning = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// REWRITE record-name [FROM identifier] [[NOT] INVALID KEY statements]...
@@ -200,7 +200,7 @@ public:
 private:
   IdentifierExpression *recordName = nullptr;
   IdentifierExpression *fromIdentifier = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// DELETE file-name RECORD [[NOT] INVALID KEY statements]...
@@ -214,7 +214,7 @@ public:
 
 private:
   FileIdentifierExpression *fileName = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// KEY IS relation data-name
@@ -246,7 +246,7 @@ public:
 private:
   FileIdentifierExpression *fileName = nullptr;
   StartKey *key = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 //===----------------------------------------------------------------------===//
@@ -267,7 +267,7 @@ public:
 private:
   FileIdentifierExpression *fileName = nullptr;
   IdentifierExpression *intoIdentifier = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 /// RELEASE record-name [FROM identifier]
@@ -295,7 +295,7 @@ public:
 
 private:
   SortOrder order = SortOrder::Ascending;
-  std::list<IdentifierExpression *> keyNames;
+  NodeList<IdentifierExpression> keyNames;
 };
 
 /// {USING | GIVING} file-name...
@@ -332,7 +332,7 @@ public:
 
 private:
   SortIOType type = SortIOType::Files;
-  LazyList<FileIdentifierExpression> fileNames;
+  NodeList<FileIdentifierExpression> fileNames;
   QualifiedWord *fromProcedureName = nullptr;
   QualifiedWord *toProcedureName = nullptr;
   ProcedureRange range;
@@ -357,7 +357,7 @@ public:
 private:
   bool duplicates = false;
   FileIdentifierExpression *fileName = nullptr;
-  std::list<SortKey *> keys;
+  NodeList<SortKey> keys;
   Word *seqAlphaName = nullptr;
   ClauseAlphabet *alphabetClause = nullptr;
   SortIO *input = nullptr;
@@ -382,7 +382,7 @@ public:
 
 private:
   FileIdentifierExpression *fileName = nullptr;
-  std::list<SortKey *> keys;
+  NodeList<SortKey> keys;
   Word *seqAlphaName = nullptr;
   ClauseAlphabet *alphabetClause = nullptr;
   SortIO *input = nullptr;
@@ -440,10 +440,10 @@ private:
   UseLabelPosition labelPosition = UseLabelPosition::None;
   bool global = false;
   bool allProcedures = false;
-  LazyList<IdentifierExpression> files;
-  LazyList<IdentifierExpression> givingItems;
-  LazyList<IdentifierExpression> reports;
-  LazyList<Word> procedures;
+  NodeList<IdentifierExpression> files;
+  NodeList<IdentifierExpression> givingItems;
+  NodeList<IdentifierExpression> reports;
+  NodeList<Word> procedures;
   std::list<UseProcedure *> *useProcedures = nullptr;
 };
 

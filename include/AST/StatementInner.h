@@ -13,33 +13,16 @@
 
 namespace tarka {
 
-/// A list that belongs to another node; null stands for an empty one.
-template <typename Type> class ForeignList {
-public:
-  explicit ForeignList(std::list<Type *> *of) : list(of) {}
-
-  typename std::list<Type *>::iterator begin() const { return beginOf(list); }
-  typename std::list<Type *>::iterator end() const { return endOf(list); }
-  std::size_t size() const { return list ? list->size() : 0; }
-
-  friend const std::list<Type *> &elementsOf(const ForeignList &foreign) {
-    return listOrEmpty(foreign.list);
-  }
-
-private:
-  std::list<Type *> *list;
-};
-
 /// At the start of the declaratives: branch to the section of a registered exception declarative.
 class InnerBranchStatement : public StatementOf<StatementType::InnerBranch> {
 public:
-  InnerBranchStatement(const Node *at, std::list<Section *> *declaratives)
-      : StatementOf(at), sections(declaratives) {}
+  InnerBranchStatement(const Node *at, CopiedList<Section> declaratives)
+      : StatementOf(at), sections(declaratives.take()) {}
 
   TARKA_LIST(Section, sections, SectionList)
 
 private:
-  ForeignList<Section> sections;
+  NodeList<Section> sections;
 };
 
 /// The end of a procedure that ends a performed range, or of the body of an inline PERFORM:
@@ -75,11 +58,10 @@ private:
 /// One WHEN test of an EVALUATE.
 class InnerWhenStatement : public StatementOf<StatementType::InnerWhen> {
 public:
-  InnerWhenStatement(const Node *at, EvalWhenType which, std::list<EvaluateWhen *> *caseWhens,
-                     std::list<Statement *> *caseStatements,
-                     std::list<EvaluateSubject *> *caseSubjects)
-      : StatementOf(at), type(which), whens(caseWhens), whenStmts(caseStatements),
-        subjects(caseSubjects) {}
+  InnerWhenStatement(const Node *at, EvalWhenType which, CopiedList<EvaluateWhen> caseWhens,
+                     CopiedList<Statement> caseStatements, CopiedList<EvaluateSubject> caseSubjects)
+      : StatementOf(at), type(which), whens(caseWhens.take()), whenStmts(caseStatements.take()),
+        subjects(caseSubjects.take()) {}
 
   TARKA_FIELD(EvalWhenType, type, Type)
   TARKA_LIST(EvaluateWhen, whens, WhenList)
@@ -88,23 +70,23 @@ public:
 
 private:
   EvalWhenType type = EvalWhenType::When;
-  ForeignList<EvaluateWhen> whens;
-  ForeignList<Statement> whenStmts;
-  ForeignList<EvaluateSubject> subjects;
+  NodeList<EvaluateWhen> whens;
+  NodeList<Statement> whenStmts;
+  NodeList<EvaluateSubject> subjects;
 };
 
 /// One WHEN test of a SEARCH.
 class InnerSearchWhenStatement : public StatementOf<StatementType::InnerSearchWhen> {
 public:
-  InnerSearchWhenStatement(const Node *at, Condition *test, std::list<Statement *> *statements)
-      : StatementOf(at), condition(test), stmts(statements) {}
+  InnerSearchWhenStatement(const Node *at, Condition *test, CopiedList<Statement> statements)
+      : StatementOf(at), condition(test), stmts(statements.take()) {}
 
   TARKA_FIELD(Condition *, condition, Condition)
   TARKA_LIST(Statement, stmts, StmtList)
 
 private:
   Condition *condition = nullptr;
-  ForeignList<Statement> stmts;
+  NodeList<Statement> stmts;
 };
 
 } // namespace tarka

@@ -33,7 +33,7 @@ public:
   TARKA_LIST_ADD(ReportIdentifierExpression, names, InitiateNameList, InitiateName)
 
 private:
-  std::list<ReportIdentifierExpression *> names;
+  NodeList<ReportIdentifierExpression> names;
 };
 
 /// TERMINATE report-name...
@@ -44,7 +44,7 @@ public:
   TARKA_LIST_ADD(ReportIdentifierExpression, names, TerminateNameList, TerminateName)
 
 private:
-  std::list<ReportIdentifierExpression *> names;
+  NodeList<ReportIdentifierExpression> names;
 };
 
 /// SUPPRESS PRINTING

@@ -53,7 +53,7 @@ private:
   XmlSuppressClass suppressClass = XmlSuppressClass::All;
   XmlNodeType type = XmlNodeType::None;
   IdentifierExpression *identifier = nullptr;
-  LazyList<Expression> values;
+  NodeList<Expression> values;
 };
 
 /// XML GENERATE identifier FROM identifier [COUNT IN identifier]
@@ -96,11 +96,11 @@ private:
   Expression *codePage = nullptr;
   Expression *nameSpaceExpr = nullptr;
   Expression *prefixExpr = nullptr;
-  LazyList<XMLNameItem> nameItems;
-  LazyList<XMLTypeItem> typeItems;
-  LazyList<XMLSuppressItem> suppressItems;
-  LazyList<ExceptionHandler> handlers;
-  LazyList<DataDescription> convDescs;
+  NodeList<XMLNameItem> nameItems;
+  NodeList<XMLTypeItem> typeItems;
+  NodeList<XMLSuppressItem> suppressItems;
+  NodeList<ExceptionHandler> handlers;
+  NodeList<DataDescription> convDescs;
 };
 
 /// XML PARSE identifier [WITH ENCODING codepage] [RETURNING NATIONAL]
@@ -132,7 +132,7 @@ private:
   Word *fileName = nullptr;
   QualifiedWord *parseProcedure = nullptr;
   QualifiedWord *thruProcedure = nullptr;
-  LazyList<ExceptionHandler> handlers;
+  NodeList<ExceptionHandler> handlers;
 };
 
 } // namespace tarka

@@ -8,8 +8,8 @@
 namespace tarka {
 
 /// Ends the life of every node, interned text and file number of this process, so that the next
-/// compilation begins as in a new process. The arena keeps its memory for it. What nodes have
-/// allocated elsewhere, such as the elements of their lists, is not given back.
+/// compilation begins as in a new process. The arena keeps its memory for it. What objects in it
+/// have allocated elsewhere is freed where they are made with allocateOwner(), and lost otherwise.
 ///
 /// What keepUntilRelease() was given ends with them. Afterwards nothing may be used that was made
 /// before: no tree, no graph, no diagnostic that refers to a node, and no reference to an interned

@@ -222,7 +222,7 @@ private:
 class CFGSignature : public CFGRecord {
 public:
   /// Inserts the range before the present parameters.
-  void insertParams(std::list<Parameter *>::iterator first, std::list<Parameter *>::iterator last) {
+  template <typename Iterator> void insertParams(Iterator first, Iterator last) {
     parameters.insert(parameters.begin(), first, last);
   }
   /// The items of USING, in their order.

@@ -87,8 +87,8 @@ public:
 
 private:
   using BlockList = llvm::SmallVector<CFGBlock *, 4>;
-  using StatementList = std::list<Statement *>;
-  using HandlerList = std::list<ExceptionHandler *>;
+  using StatementList = NodeList<Statement>;
+  using HandlerList = NodeList<ExceptionHandler>;
 
   /// The names of the branches of a statement with an exception phrase.
   struct BranchNames {
@@ -117,9 +117,9 @@ private:
   void joinAt(llvm::StringRef name, CFGBlock *start, const BlockList &ends);
 
   // Procedures.
-  void lowerSourceUnits(const std::list<SourceUnit *> &units);
-  void lowerSentences(const std::list<Sentence *> &sentences);
-  void lowerParagraphs(const std::list<Paragraph *> &paragraphs);
+  void lowerSourceUnits(const NodeList<SourceUnit> &units);
+  void lowerSentences(const NodeList<Sentence> &sentences);
+  void lowerParagraphs(const NodeList<Paragraph> &paragraphs);
   void lowerProcedureExit(const std::string &name, Node *position, Section *section,
                           Paragraph *paragraph);
   void lowerExitTo(Statement *statement, BlockList &exits, llvm::StringRef nameAfter);

@@ -78,10 +78,14 @@ public:
   /// report derives it from the node.
   const std::string &getSubject() const { return subject; }
   void setSubject(std::string what) { subject = std::move(what); }
+  /// The operand that the diagnostic is about, where its node has several: the subscript of an
+  /// item, the operand of an expression. Null where it is about the node.
+  const Node *getOperand() const { return operand; }
+  void setOperand(const Node *about) { operand = about; }
   /// The second operand that the diagnostic is about: the sender where the receiver of a MOVE is
   /// the node, the right side of a comparison where the left side is. Null where there is only one.
   const Node *getOtherOperand() const { return otherOperand; }
-  void setOtherOperand(const Node *operand) { otherOperand = operand; }
+  void setOtherOperand(const Node *other) { otherOperand = other; }
   /// Places that explain the diagnostic, such as "first declared here".
   const std::vector<ErrorNote> &getNotes() const { return notes; }
   void addNote(std::string text, const Node &at) {
@@ -104,6 +108,7 @@ private:
   std::string subject;
   std::vector<ErrorNote> notes;
   SourceUnit *sourceUnit = nullptr;
+  const Node *operand = nullptr;
   const Node *otherOperand = nullptr;
 };
 

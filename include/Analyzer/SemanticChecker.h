@@ -133,6 +133,12 @@ public:
     errorHandler->lastEntry().setOtherOperand(&other);
     return false;
   }
+  /// The same for \p operand, one of those that \p node, at which the message points, is made of.
+  bool reportOperand(ErrorCode code, Node *node, const Node &operand) {
+    report(code, node);
+    errorHandler->lastEntry().setOperand(&operand);
+    return false;
+  }
   /// Pushes a warning at \p node. A warning does not fail the check.
   void warn(ErrorCode code, Node *node) { errorHandler->PushWarn(code, node, nullptr); }
   /// The error handler that the checker was made with; never null.
@@ -167,8 +173,8 @@ public:
   /// The report items that have a SOURCE clause. Begin and End may only be asked for when there is
   /// one.
   void addUsedSrc(ReportDataDescription *item);
-  std::list<ReportDataDescription *>::iterator getUsedSrcListBegin();
-  std::list<ReportDataDescription *>::iterator getUsedSrcListEnd();
+  NodeList<ReportDataDescription>::iterator getUsedSrcListBegin();
+  NodeList<ReportDataDescription>::iterator getUsedSrcListEnd();
   std::size_t getUsedSrcListSize() const;
 
   /// Remembers an index name that was given a parent.

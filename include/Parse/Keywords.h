@@ -28,15 +28,16 @@ enum class Keyword : uint16_t {
 /// The properties of a keyword. A keyword without ContextSensitive is reserved.
 enum KeywordFlag : uint16_t {
   KF_None = 0,
-  KF_ContextSensitive = 1,    ///< a user word except where the syntax asks for the keyword
-  KF_OsvsOnly = 2,            ///< a keyword of OS/VS COBOL only, otherwise a user word
-  KF_Verb = 4,                ///< begins a statement
-  KF_FigurativeConstant = 8,  ///< ZERO, SPACES, ALL ...
-  KF_SpecialRegister = 16,    ///< RETURN-CODE, TALLY ...
-  KF_ScopeTerminator = 32,    ///< END-IF ...
-  KF_Header = 64,             ///< a word that begins a division, section or paragraph header
-  KF_CommentParagraph = 128,  ///< AUTHOR ...: what follows its period is a comment-entry
-  KF_CompilerDirecting = 256, ///< COPY, REPLACE, EJECT ...
+  KF_ContextSensitive = 1,   ///< a user word except where the syntax asks for the keyword
+  KF_OsvsOnly = 2,           ///< a keyword of OS/VS COBOL only, otherwise a user word
+  KF_Verb = 4,               ///< begins a statement
+  KF_FigurativeConstant = 8, ///< ZERO, SPACES, ALL ...
+  KF_SpecialRegister = 16,   ///< RETURN-CODE, TALLY ...
+  KF_ScopeTerminator = 32,   ///< END-IF ...
+  KF_Header = 64,            ///< a word that begins a division, section or paragraph header
+  KF_CommentParagraph = 128, ///< AUTHOR ...: what follows its period is a comment-entry
+  KF_TokenStream = 256,      ///< what the token stream acts on: COPY, PICTURE, EXEC ...
+  KF_UnitHeader = 512,       ///< in the header of a division, or at an end of a program
 };
 
 /// The flags of each keyword, see Keywords.def.
@@ -72,31 +73,59 @@ struct WordLookup {
   Keyword keyword;
 };
 
-/// The words that a compilation has met. Words that differ only in case are one.
+/// The words that a compilation has met, each in the spellings that it has met.
 class WordTable {
 public:
+  /// The first sixteen characters of a word as two numbers, zero after its end.
+  struct Head {
+    uint64_t low = 0;
+    uint64_t high = 0;
+
+    bool operator==(const Head &) const = default;
+  };
+
   /// A table in which words are keywords, those of OS/VS COBOL only when \p osvs.
   explicit WordTable(bool osvs);
   ~WordTable();
   WordTable(const WordTable &) = delete;
   WordTable &operator=(const WordTable &) = delete;
 
-  /// Finds \p spelling, which is entered when it is not in the table yet.
+  /// Finds \p spelling, which is entered when it is not in the table yet. Words that differ only in
+  /// case have the same interned text.
   WordLookup lookup(llvm::StringRef spelling);
+  /// The same for a caller that has the \p head of \p spelling already.
+  WordLookup lookup(const Head &head, llvm::StringRef spelling) {
+    const uint32_t hash = hashOf(head, spelling);
+    const Slot &slot = slots[hash & mask];
+    if (slot.head == head && slot.size == spelling.size() && isShort(spelling))
+      return slot.word;
+    return find(head, spelling, hash);
+  }
 
 private:
-  static constexpr std::size_t shortText = 16;
-
-  /// Holds a short text itself, so that looking one up touches one cache line only.
+  /// Holds the head itself, so that finding a short word touches one cache line only.
   struct Slot {
-    const std::string *interned = nullptr;
-    uint32_t hash = 0;
-    uint16_t size = 0; ///< 0 for a text that is not short
-    Keyword keyword = Keyword::None;
-    char text[shortText];
+    Head head;
+    const char *longSpelling = nullptr; ///< null for a spelling that is its head
+    WordLookup word{};
+    uint32_t size = 0; ///< 0 for a slot that is free
   };
 
-  Slot &enter(llvm::StringRef spelling, uint32_t hash);
+  static bool isShort(llvm::StringRef spelling) { return spelling.size() <= sizeof(Head); }
+  static uint32_t hashOf(const Head &head, llvm::StringRef spelling) {
+    const uint64_t hash = mix(head.low, head.high);
+    return static_cast<uint32_t>(isShort(spelling) ? hash : hashTail(hash, spelling));
+  }
+  /// The upper half of a product depends on all bits of its factors, the lower half, which chooses
+  /// the slot, does not.
+  static uint64_t mix(uint64_t low, uint64_t high) {
+    constexpr uint64_t multiplier = 0x9E3779B97F4A7C15;
+    const uint64_t hash = (high * multiplier ^ low) * multiplier;
+    return (hash ^ hash >> 32) * multiplier >> 32;
+  }
+  static uint64_t hashTail(uint64_t hash, llvm::StringRef spelling);
+  WordLookup find(const Head &head, llvm::StringRef spelling, uint32_t hash);
+  WordLookup enter(const Head &head, llvm::StringRef spelling, uint32_t hash);
   Slot &freeSlot(uint32_t hash);
   void grow();
 

@@ -5,6 +5,7 @@
 #include "AST/DataTree.h"
 #include "AST/Expression.h"
 #include "AST/StorageLayout.h"
+#include "llvm/ADT/DenseSet.h"
 #include <new>
 
 namespace tarka {
@@ -48,6 +49,7 @@ DataDescription::DataDescription(const DataDescription &entry, DescType descType
   parts.redefineObject = nullptr;
   parts.redefineSubjects = {};
   parts.usedReports = {};
+  parts.usedReportSet = nullptr;
   parts.reportItems = {};
 }
 
@@ -344,9 +346,20 @@ bool DataDescription::checkContainsOdo() const {
   return found;
 }
 
+struct DataDescription::ReportSet : llvm::DenseSet<ReportDescription *> {
+  using DenseSet::DenseSet;
+};
+
 void DataDescription::addUsedRD(ReportDescription *report) {
-  if (!llvm::is_contained(elementsOf(rareParts().usedReports), report))
-    makeRareParts().usedReports.push_back(report);
+  constexpr std::size_t few = 16;
+  RareParts &parts = makeRareParts();
+  const bool isNew = parts.usedReportSet ? parts.usedReportSet->insert(report).second
+                                         : !llvm::is_contained(parts.usedReports, report);
+  if (!isNew)
+    return;
+  parts.usedReports.push_back(report);
+  if (parts.usedReports.size() == few)
+    parts.usedReportSet = makeOwner<ReportSet>(parts.usedReports.begin(), parts.usedReports.end());
 }
 
 void DataDescription::addGenDE(ReportDataDescription *item) {

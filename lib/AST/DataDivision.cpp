@@ -140,25 +140,37 @@ void DataDivision::indexRecord(DataDescription *root) {
   });
 }
 
+std::list<DataDescription *> &DataDivision::listOf(Homonyms &homonyms) {
+  if (auto *only = llvm::dyn_cast<DataDescription *>(homonyms)) {
+    homonyms = makeList<DataDescription *>();
+    llvm::cast<std::list<DataDescription *> *>(homonyms)->push_back(only);
+  }
+  return *llvm::cast<std::list<DataDescription *> *>(homonyms);
+}
+
+DataDescription *DataDivision::onlyOf(const Homonyms &homonyms) {
+  if (auto *only = llvm::dyn_cast<DataDescription *>(homonyms))
+    return only;
+  auto *all = llvm::cast<std::list<DataDescription *> *>(homonyms);
+  return all->size() == 1 ? all->front() : nullptr;
+}
+
 void DataDivision::indexName(DataDescription *entry) {
   if (!entry->getDataName())
     return;
   Homonyms &homonyms = index[&entry->getDataName()->getWordData()];
-  if (!homonyms.all)
-    homonyms.all = makeList<DataDescription *>();
-  homonyms.all->push_back(entry);
-  homonyms.only = homonyms.all->size() == 1 ? entry : nullptr;
+  if (homonyms.isNull())
+    homonyms = entry;
+  else
+    listOf(homonyms).push_back(entry);
 }
 
 void DataDivision::unindexName(DataDescription *entry) {
   if (!entry->getDataName())
     return;
   auto found = index.find(&entry->getDataName()->getWordData());
-  if (found != index.end()) {
-    Homonyms &homonyms = found->second;
-    homonyms.all->remove(entry);
-    homonyms.only = homonyms.all->size() == 1 ? homonyms.all->front() : nullptr;
-  }
+  if (found != index.end())
+    listOf(found->second).remove(entry);
   qualifiedIndex.erase(&entry->getDataName()->getWordData());
 }
 

@@ -36,7 +36,7 @@ void ParaSpecialNames::addEnvName(ClauseEnvName *clause) {
   for (const Word *condition : {clause->getOnCondition(), clause->getOffCondition()}) {
     if (!condition)
       continue;
-    std::list<ClauseEnvName *> &clauses = conditionIndex[&condition->getWordData()];
+    NodeList<ClauseEnvName> &clauses = conditionIndex[&condition->getWordData()];
     if (clauses.empty() || clauses.back() != clause)
       clauses.push_back(clause);
   }
@@ -74,10 +74,10 @@ ClauseEnvName *ParaSpecialNames::findClauseEnvNameByWord(const Word *mnemonicNam
   return mnemonicName ? mnemonicIndex.lookup(&mnemonicName->getWordData()) : nullptr;
 }
 
-std::list<ClauseEnvName *>
+NodeList<ClauseEnvName>
 ParaSpecialNames::findClauseEnvNameByCondName(const Word *conditionName) const {
   return conditionName ? conditionIndex.lookup(&conditionName->getWordData())
-                       : std::list<ClauseEnvName *>();
+                       : NodeList<ClauseEnvName>();
 }
 
 ClauseSymbolic *ParaSpecialNames::findClauseSymbolicByWord(const Word *symbolicCharacter) const {

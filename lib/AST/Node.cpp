@@ -5,12 +5,12 @@
 #include "PictureCache.h"
 #include "llvm/ADT/DenseSet.h"
 #include "llvm/ADT/StringMap.h"
-#include "llvm/Support/Alignment.h"
 #include "llvm/Support/Compiler.h"
 #include "llvm/Support/ErrorHandling.h"
 #include "llvm/Support/xxhash.h"
 #include <algorithm>
 #include <cstdlib>
+#include <memory>
 #include <sys/mman.h>
 #include <vector>
 
@@ -18,31 +18,16 @@ namespace tarka {
 
 namespace {
 
-/// Memory that is given out by advancing a pointer, and taken back all at once.
+/// The slabs that allocateForever() advances in.
 class Arena {
 public:
-  void *allocate(std::size_t size, std::size_t alignment) {
-    char *place = reinterpret_cast<char *>(llvm::alignAddr(next, llvm::Align(alignment)));
-    if (static_cast<std::ptrdiff_t>(size) > end - place)
-      return allocateInNextSlab(size, alignment);
-    next = place + size;
-    __asan_unpoison_memory_region(place, size);
-    return place;
-  }
-
   /// Takes back everything, and keeps the slabs for what comes next.
   void rewind() {
     for ([[maybe_unused]] const Slab &slab : slabs)
       __asan_poison_memory_region(slab.begin, slab.size);
     used = 0;
-    next = end = nullptr;
+    detail::arenaRoom = {};
   }
-
-private:
-  struct Slab {
-    char *begin;
-    std::size_t size;
-  };
 
   void *allocateInNextSlab(std::size_t size, std::size_t alignment) {
     // A slab that is left over may be too small for one very large node.
@@ -50,11 +35,16 @@ private:
       ++used;
     if (used == slabs.size())
       addSlab(size + alignment);
-    next = slabs[used].begin;
-    end = next + slabs[used].size;
+    detail::arenaRoom = {slabs[used].begin, slabs[used].begin + slabs[used].size};
     ++used;
-    return allocate(size, alignment);
+    return allocateForever(size, alignment);
   }
+
+private:
+  struct Slab {
+    char *begin;
+    std::size_t size;
+  };
 
   /// Each slab is as large as all before it: a small program asks for little, a large one rarely.
   /// The tree of a large program is visited in no order of addresses, and with ordinary pages much
@@ -77,8 +67,6 @@ private:
     total += size;
   }
 
-  char *next = nullptr;
-  char *end = nullptr;
   std::vector<Slab> slabs;
   /// The slabs before this one are in use.
   std::size_t used = 0;
@@ -120,6 +108,7 @@ struct InternedTextInfo {
 /// to the very end.
 struct SharedStorage {
   Arena arena;
+  std::vector<std::pair<void *, void (*)(void *)>> owners;
   llvm::DenseSet<InternedText, InternedTextInfo> strings;
   llvm::StringMap<unsigned> fileNumbers;
   std::vector<const std::string *> fileNames;
@@ -133,8 +122,16 @@ SharedStorage &storage() {
 
 } // namespace
 
-void *allocateForever(std::size_t size, std::size_t alignment) {
-  return storage().arena.allocate(size, alignment);
+detail::ArenaRoom detail::arenaRoom;
+
+void *detail::allocateInNextSlab(std::size_t size, std::size_t alignment) {
+  return storage().arena.allocateInNextSlab(size, alignment);
+}
+
+void *allocateOwner(std::size_t size, void (*destroy)(void *object)) {
+  void *object = allocateForever(size);
+  storage().owners.emplace_back(object, destroy);
+  return object;
 }
 
 const std::string &internString(llvm::StringRef text) {
@@ -150,6 +147,11 @@ const std::string &internString(llvm::StringRef text) {
 
 void releaseStorage() {
   SharedStorage &shared = storage();
+  for (const auto &[object, destroy] : shared.owners)
+    destroy(object);
+  shared.owners.clear();
+  for (const InternedText &interned : shared.strings)
+    std::destroy_at(interned.text);
   shared.strings.clear();
   shared.fileNumbers.clear();
   shared.fileNames.clear();

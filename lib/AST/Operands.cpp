@@ -255,11 +255,11 @@ private:
       one(operand->first, role);
   }
   template <typename Part>
-  void all(const std::list<Part *> &parts, OperandRole role = OperandRole::Read) {
+  void all(const NodeList<Part> &parts, OperandRole role = OperandRole::Read) {
     for (Part *part : parts)
       one(part, role);
   }
-  void regions(const std::list<InspectRegion *> &list) {
+  void regions(const NodeList<InspectRegion> &list) {
     for (InspectRegion *region : list)
       one(region->getExpr());
   }

@@ -49,7 +49,7 @@ Homonyms Scope::findItems(const std::string *name) const {
   return {};
 }
 
-DataDescription *Scope::findReferenced(const std::list<Word *> &words) const {
+DataDescription *Scope::findReferenced(const NodeList<Word> &words) const {
   const Homonyms homonyms = findItems(&words.front()->getWordData());
   if (!homonyms)
     return nullptr;
@@ -162,7 +162,7 @@ static bool isFound(const void *clause) {
   return clause;
 }
 
-static bool isFound(const std::list<ClauseEnvName *> &clauses) {
+static bool isFound(const NodeList<ClauseEnvName> &clauses) {
   return !clauses.empty();
 }
 
@@ -296,7 +296,7 @@ namespace {
 /// The entries that the qualifiers in \p words can fit: of many, those that are below the
 /// qualifier that has the fewest of them below it.
 llvm::SmallVector<DataDescription *, 8> narrow(const Homonyms &homonyms,
-                                               const std::list<Word *> &words) {
+                                               const NodeList<Word> &words) {
   constexpr std::size_t few = 8;
   if (homonyms.entries->size() <= few)
     return {homonyms.entries->begin(), homonyms.entries->end()};
@@ -336,7 +336,7 @@ enum class Fit {
   RecordOwner, ///< a record, whose first qualifier is the file or report
 };
 
-using WordIterator = std::list<Word *>::const_iterator;
+using WordIterator = NodeList<Word>::const_iterator;
 
 /// How \p entry fits the qualifiers in [\p qualifier, \p end), nearest first.
 Fit fit(const DataDescription &entry, WordIterator qualifier, WordIterator end) {
@@ -361,7 +361,7 @@ bool isReportItem(const DataDescription *entry) {
 } // namespace
 
 llvm::SmallVector<QualifiedMatch, 2> matchQualified(const Homonyms &homonyms,
-                                                    const std::list<Word *> &words) {
+                                                    const NodeList<Word> &words) {
   llvm::SmallVector<QualifiedMatch, 2> matches;
   for (DataDescription *entry : narrow(homonyms, words)) {
     const Fit how = fit(*entry, std::next(words.begin()), words.end());
@@ -388,8 +388,9 @@ UnqualifiedMatch matchUnqualified(const Homonyms &homonyms, bool prefersReportIt
   if (firstOther == end)
     return {entries.back(), true};
 
-  const auto firstReportItem = llvm::find_if(entries, isReportItem);
-  const bool takesReportItem = prefersReportItem && firstReportItem != end;
+  // Of many entries most references look at two.
+  const auto firstReportItem = prefersReportItem ? llvm::find_if(entries, isReportItem) : end;
+  const bool takesReportItem = firstReportItem != end;
   const auto chosen = takesReportItem ? firstReportItem : firstOther;
   const bool isUnique = std::none_of(std::next(chosen), end, [&](const DataDescription *entry) {
     return isReportItem(entry) == takesReportItem;

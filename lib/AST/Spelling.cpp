@@ -40,10 +40,21 @@ unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned
 SpellingMatch::SpellingMatch(llvm::StringRef misspelt)
     : word(misspelt), limit(spellingTolerance(misspelt)) {}
 
+/// Whether the words are the same, or differ in hyphens only, as COMP3 and COMP-3.
+static bool differInHyphens(llvm::StringRef one, llvm::StringRef other) {
+  auto isHyphen = [](char c) { return c == '-'; };
+  while (!one.empty() && !other.empty() && one.front() == other.front()) {
+    one = one.drop_front().drop_while(isHyphen);
+    other = other.drop_front().drop_while(isHyphen);
+  }
+  return one.empty() && other.empty();
+}
+
 bool SpellingMatch::consider(llvm::StringRef candidate) {
   if (isExact)
     return false;
-  unsigned distance = spellingDistance(word, candidate, limit);
+  const unsigned distance =
+      differInHyphens(word, candidate) ? 0 : spellingDistance(word, candidate, limit);
   if (distance > limit)
     return false;
   nearest = candidate;

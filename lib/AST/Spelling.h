@@ -14,8 +14,8 @@ unsigned spellingTolerance(llvm::StringRef word);
 /// neighbours exchanged. Beyond \p limit it is any number above it.
 unsigned spellingDistance(llvm::StringRef word, llvm::StringRef wanted, unsigned limit);
 
-/// The candidate nearest to \p word within its tolerance; the first of equally near ones, empty
-/// when none is near.
+/// The candidate nearest to \p word within its tolerance, or one that differs in hyphens only; the
+/// first of equally near ones, empty when none is near.
 class SpellingMatch {
 public:
   explicit SpellingMatch(llvm::StringRef word);

@@ -99,7 +99,7 @@ std::int64_t elementarySize(const DataDescription &item) {
 GroupLayout &GroupLayout::of(const DataDescription &group) {
   assert(group.children && "only an entry with children has a layout");
   if (!group.layout) {
-    group.layout = new (allocateForever(sizeof(GroupLayout))) GroupLayout;
+    group.layout = makeOwner<GroupLayout>();
     group.layout->laid.reserve(group.children->size());
     group.layout->knownChildren = group.children->size();
   }

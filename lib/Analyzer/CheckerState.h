@@ -48,7 +48,7 @@ struct SemanticChecker::State {
   XmlTextRegister xmlText;
 
   /// The report items that have a SOURCE clause.
-  std::list<ReportDataDescription *> usedSources;
+  NodeList<ReportDataDescription> usedSources;
   /// Those items by the subscripts of their SOURCE.
   SubscriptedSources subscriptedSources;
   RedefinableEntries redefinable;

@@ -89,7 +89,7 @@ bool checkUsingItem(SemanticChecker &checker, Expression *item) {
 }
 
 /// Null sentences pass.
-bool checkSentences(SemanticChecker &checker, const std::list<Sentence *> &sentences,
+bool checkSentences(SemanticChecker &checker, const NodeList<Sentence> &sentences,
                     Section *section) {
   bool ok = true;
   for (Sentence *sentence : sentences)
@@ -119,7 +119,8 @@ bool SemanticChecker::semanticCheck(ProcedureDivision &division) {
   // Checking a declarative may append copies of other sections, which are then checked as well.
   bool haveBase = false;
   bool haveReport = false;
-  for (Declaratives *declarative : division.getDeclElements()) {
+  for (std::size_t i = 0; i < division.getDeclSize(); ++i) {
+    Declaratives *declarative = division.getDeclElements()[i];
     sortDeclarative(division, *declarative, haveBase, haveReport);
     ok &= semanticCheck(*declarative);
   }

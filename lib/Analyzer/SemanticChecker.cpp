@@ -60,13 +60,13 @@ void SemanticChecker::addUsedSrc(ReportDataDescription *item) {
   state->usedSources.push_back(item);
 }
 
-std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListBegin() {
+NodeList<ReportDataDescription>::iterator SemanticChecker::getUsedSrcListBegin() {
   if (state->usedSources.empty())
     assert(0 && "NULL Reference");
   return state->usedSources.begin();
 }
 
-std::list<ReportDataDescription *>::iterator SemanticChecker::getUsedSrcListEnd() {
+NodeList<ReportDataDescription>::iterator SemanticChecker::getUsedSrcListEnd() {
   if (state->usedSources.empty())
     assert(0 && "NULL Reference");
   return state->usedSources.end();

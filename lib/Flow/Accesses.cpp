@@ -119,7 +119,7 @@ ByteSet bytesOf(const DataDescription &entry, const SubscriptModifier *subscript
   llvm::SmallVector<std::int64_t> begins = {offset};
   const auto tables = tablesAround(*first);
   auto subscript = subscripts ? subscripts->getSubscriptElements().begin()
-                              : std::list<Expression *>::const_iterator();
+                              : NodeList<Expression>::const_iterator();
   std::size_t left = subscripts ? subscripts->getSubscriptElements().size() : 0;
   // The strides from the inside out, so that what touches is joined before it is multiplied.
   struct Step {

@@ -186,7 +186,7 @@ void IndexBuilder::declareParagraph(SourceUnit &declaring, Paragraph &paragraph,
 // Statements
 //===----------------------------------------------------------------------===//
 
-void IndexBuilder::noteRoles(const std::list<Sentence *> &sentences) {
+void IndexBuilder::noteRoles(const NodeList<Sentence> &sentences) {
   for (Sentence *sentence : sentences)
     for (Statement *statement : sentence->getStmtElements())
       noteRoles(*statement);
@@ -411,7 +411,7 @@ bool IndexBuilder::resolveItem(llvm::ArrayRef<Token> chain) {
   if (!entry && chain.size() == 1)
     entry = scope.findOnlyOwnItem(first.name);
   if (!entry && scope.findItems(first.name)) {
-    std::list<Word *> names;
+    NodeList<Word> names;
     for (const Token &token : chain)
       names.push_back(new Word(token.word->place, token.name, token.name));
     entry = scope.findReferenced(names);

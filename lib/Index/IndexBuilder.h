@@ -44,7 +44,7 @@ private:
                       SymbolKind kind = SymbolKind::SpecialName);
 
   // Statements.
-  void noteRoles(const std::list<Sentence *> &sentences);
+  void noteRoles(const NodeList<Sentence> &sentences);
   void noteRoles(Statement &statement);
   void noteOperand(Expression &operand, OperandRole role);
 

@@ -10,7 +10,6 @@
 
 #include <array>
 #include <cstdint>
-#include <cstring>
 
 namespace tarka {
 
@@ -64,20 +63,6 @@ inline bool isBlank(char c) {
 }
 inline bool isDigitCharacter(char c) {
   return classOf(c) == CharacterClass::Digit;
-}
-
-/// Eight bytes of text.
-inline uint64_t load8(const char *at) {
-  uint64_t chunk;
-  std::memcpy(&chunk, at, 8);
-  return chunk;
-}
-
-/// Whether a chunk of eight bytes holds one below 0x20 or above 0x7F.
-inline bool holdsUnusual(uint64_t chunk) {
-  constexpr uint64_t ones = 0x0101010101010101;
-  constexpr uint64_t highs = 0x8080808080808080;
-  return (((chunk - ones * 0x20) & ~chunk) | chunk) & highs;
 }
 
 } // namespace tarka

@@ -7,6 +7,7 @@
 #include "Parse/SourceFile.h"
 #include "llvm/ADT/SmallString.h"
 #include "llvm/ADT/StringExtras.h"
+#include "llvm/Support/Compiler.h"
 #include <cstring>
 #include <utility>
 
@@ -20,6 +21,7 @@ Lexer::Lexer(const SourceFile &file, SourceFormat format, LexerContext &context,
                               context.options.format == SourceFormat::Auto),
       scanner(context.words, /*keepsCommas=*/false) {
   isAtEnd = reportFault(file, context);
+  applySettings();
   scanner.setReadsTags(isMain && hasCopybookExtension(file.getName()));
 }
 
@@ -54,7 +56,7 @@ bool reportFault(const SourceFile &file, LexerContext &context) {
   return false;
 }
 
-void Lexer::setPlace(Token &token) {
+LLVM_ATTRIBUTE_ALWAYS_INLINE void Lexer::setPlace(Token &token) {
   token.place = lines.rangeOf(token.spelling.begin(), token.spelling.end() - 1);
   if (token.place.beginLine != token.place.endLine)
     token.flags |= Token::Continued;
@@ -70,7 +72,6 @@ void Lexer::setPlace(Token &token) {
 
 /// Moves on to the next line of text and gives it to the scanner.
 bool Lexer::readLine() {
-  lines.setDebuggingMode(context.debuggingMode);
   if (isAtEnd || !lines.next()) {
     isAtEnd = true;
     return false;
@@ -78,8 +79,7 @@ bool Lexer::readLine() {
   if (lines.hasOptionsText())
     obeyOptions(lines.takeOptionsText());
   atLineStart = true;
-  scanner.setText(lines.begin(), lines.end());
-  scanner.setDecimalPointIsComma(context.decimalPointIsComma);
+  scanner.setText(lines.begin(), lines.end(), lines.getReadableEnd());
   return true;
 }
 
@@ -142,31 +142,36 @@ bool Lexer::nextLine() {
   return false;
 }
 
-void Lexer::next(Token &token) {
-  switch (state) {
-  case State::Picture:
-    if (readPicture(token))
-      return;
-    break;
-  case State::EmbeddedText:
-    readEmbeddedText(token);
-    return;
-  case State::EmbeddedBlock:
-    token = block.pop_back_val();
-    if (block.empty())
-      state = State::Plain;
-    return;
-  case State::Plain:
-  case State::EmbeddedWord:
-    break;
+/// Whether \p token means nothing to the lexer, as most tokens.
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool Lexer::isOrdinary(const Token &token) const {
+  if (context.inIdentificationDivision || state != State::Plain)
+    return false;
+  switch (token.kind) {
+  case TokenKind::Word:
+    return token.is(Keyword::None) ? token.spelling.size() <= maxWordLength
+                                   : !(flagsOf(token.keyword) & KF_TokenStream);
+  case TokenKind::AlphanumericLiteral:
+  case TokenKind::Star:
+  case TokenKind::Other:
+    return false;
+  default:
+    return true;
   }
+}
+
+void Lexer::next(Token &token) {
+  if (state != State::Plain && takeSpecial(token))
+    return;
   // A comma at the end of a line stands before the first token of the next one.
   uint8_t comma = 0;
   for (;;) {
     if (!scanner.scan(token)) {
       comma |= token.flags & Token::AfterComma;
-      if (nextLine())
+      if (nextLine()) {
+        if (scanner.getCursor() == lines.begin())
+          scanner.setCursor(lines.first());
         continue;
+      }
       token = Token();
       token.flags = Token::PrecededBySpace | Token::FirstOnLine;
       token.place = lines.endOfFile();
@@ -174,9 +179,34 @@ void Lexer::next(Token &token) {
     }
     token.flags |= std::exchange(comma, uint8_t(0));
     setPlace(token);
+    if (isOrdinary(token)) {
+      previousKeyword = token.keyword;
+      return;
+    }
     if (checkToken(token))
       return;
   }
+}
+
+/// Makes the next token where the tokens before it make it a special one; false where it is like
+/// others.
+bool Lexer::takeSpecial(Token &token) {
+  switch (state) {
+  case State::Picture:
+    return readPicture(token);
+  case State::EmbeddedText:
+    readEmbeddedText(token);
+    return true;
+  case State::EmbeddedBlock:
+    token = block.pop_back_val();
+    if (block.empty())
+      state = State::Plain;
+    return true;
+  case State::Plain:
+  case State::EmbeddedWord:
+    break;
+  }
+  return false;
 }
 
 /// Handles what \p token means to the lexer; false when the parser does not get it.

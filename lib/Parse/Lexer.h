@@ -1,9 +1,9 @@
 //===- Lexer.h - from lines of program text to tokens -----------*- C++ -*-===//
 //
-// There are two levels. The scanner makes tokens from the characters of one line
-// and knows nothing about files. The lexer takes lines from a LineReader, gives
-// tokens their places, and handles what depends on the words before: picture
-// strings, embedded text, comment-entries, listing statements and directives.
+// The lexer takes lines from a LineReader, lets a Scanner make tokens of them,
+// gives the tokens their places, and handles what depends on the words before:
+// picture strings, embedded text, comment-entries, listing statements and
+// directives.
 //
 //===----------------------------------------------------------------------===//
 
@@ -13,6 +13,7 @@
 #include "Parse/Directives.h"
 #include "Parse/Keywords.h"
 #include "Parse/LineReader.h"
+#include "Parse/Scanner.h"
 #include "Parse/Token.h"
 #include "llvm/ADT/SmallVector.h"
 #include "llvm/ADT/StringSet.h"
@@ -41,50 +42,6 @@ struct LexerContext {
   bool inIdentificationDivision = true;
 };
 
-/// Makes tokens of a piece of text. It sets everything in a token but its place.
-class Scanner {
-public:
-  /// Commas that separate nothing are tokens when \p keepsCommas.
-  Scanner(WordTable &words, bool keepsCommas) : words(words), keepsCommas(keepsCommas) {}
-
-  void setText(const char *begin, const char *end) {
-    cursor = begin;
-    textEnd = end;
-    previous = TokenKind::EndOfFile;
-  }
-  void setKeepsCommas(bool on) { keepsCommas = on; }
-  /// Takes tags like :PRE: for parts of words, as in a copybook that is read by itself.
-  void setReadsTags(bool on) { readsTags = on; }
-  void setDecimalPointIsComma(bool on) { decimalPoint = on ? ',' : '.'; }
-
-  /// Makes the next token; false at the end of the text.
-  bool scan(Token &token);
-
-  const char *getCursor() const { return cursor; }
-  const char *getEnd() const { return textEnd; }
-  void setCursor(const char *at) { cursor = at; }
-  /// Whether the literal scanned last had no closing quote.
-  bool isLiteralOpen() const { return literalIsOpen; }
-
-private:
-  void finish(Token &token, TokenKind kind, const char *begin);
-  void scanWord(Token &token, const char *begin);
-  void scanNumber(Token &token, const char *begin);
-  void scanLiteral(Token &token, const char *begin);
-  void scanMark(Token &token, const char *begin);
-  bool beginsFraction(bool afterSpace) const;
-  const char *skipTag() const;
-
-  WordTable &words;
-  const char *cursor = nullptr;
-  const char *textEnd = nullptr;
-  TokenKind previous = TokenKind::EndOfFile;
-  char decimalPoint = '.';
-  bool keepsCommas;
-  bool readsTags = false;
-  bool literalIsOpen = false;
-};
-
 /// The part of a blank-delimited string that is a picture character-string: a final period, comma
 /// or semicolon is a separator.
 llvm::StringRef pictureIn(llvm::StringRef text);
@@ -105,8 +62,12 @@ public:
   /// Where the EXEC SQL INCLUDE stands that was read last, from EXEC to END-EXEC.
   const SourceRange &getIncludePlace() const { return includePlace; }
 
-  /// Applies the context's decimal point, in the middle of a line too.
-  void updateDecimalPoint() { scanner.setDecimalPointIsComma(context.decimalPointIsComma); }
+  /// Applies what the program says about its text: the decimal point at once, in the middle of a
+  /// line too, and whether debugging lines are read from the next line on.
+  void applySettings() {
+    scanner.setDecimalPointIsComma(context.decimalPointIsComma);
+    lines.setDebuggingMode(context.debuggingMode);
+  }
 
   /// Says that pseudo-text is being read: it is taken as it is, keywords have no effect on it, and
   /// every comma counts.
@@ -125,6 +86,8 @@ private:
 
   bool nextLine();
   bool readLine();
+  bool takeSpecial(Token &token);
+  bool isOrdinary(const Token &token) const;
   void obeyOptions(llvm::StringRef text);
   void setPlace(Token &token);
   bool checkToken(Token &token);
@@ -152,7 +115,10 @@ private:
     bool wasTaken = false;   ///< a branch was read
     bool lastBranch = false; ///< ELSE or WHEN OTHER was seen
   };
-  bool isDirective() const;
+  /// Whether the line that was just read begins with >>.
+  bool isDirective() const {
+    return *lines.first() == '>' && lines.end() - lines.first() > 1 && lines.first()[1] == '>';
+  }
   bool obeyDirective();
   void obeyConditional(llvm::StringRef name, DirectiveText &text);
   void beginConditional(llvm::StringRef name, DirectiveText &text);

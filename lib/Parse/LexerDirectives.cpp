@@ -52,18 +52,8 @@ std::pair<llvm::StringRef, llvm::StringRef> divideDirective(const char *begin, c
 
 } // namespace
 
-bool Lexer::isDirective() const {
-  const char *at = lines.begin();
-  while (at + 1 < lines.end() && isBlank(*at))
-    ++at;
-  return at + 1 < lines.end() && at[0] == '>' && at[1] == '>';
-}
-
 SourceRange Lexer::placeOfLine() {
-  const char *first = lines.begin();
-  while (first + 1 < lines.end() && isBlank(*first))
-    ++first;
-  return lines.rangeOf(first, lines.end() - 1);
+  return lines.rangeOf(lines.first(), lines.end() - 1);
 }
 
 /// Does what the directive on the line says; false when the line holds program text after all.

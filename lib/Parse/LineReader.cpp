@@ -2,9 +2,12 @@
 
 #include "Parse/LineReader.h"
 #include "Parse/CharacterTable.h"
+#include "Parse/TextChunk.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
+#include "llvm/Support/Compiler.h"
 #include <algorithm>
+#include <bit>
 #include <cstring>
 
 namespace tarka {
@@ -54,19 +57,19 @@ private:
   bool isDouble = false;
 };
 
-constexpr uint64_t eightSpaces = 0x2020202020202020;
-
-const char *skipBlanks(const char *from, const char *end) {
-  while (end - from >= 8 && load8(from) == eightSpaces)
-    from += 8;
-  while (from < end && isBlank(*from))
-    ++from;
-  return from;
-}
+constexpr unsigned allBytes = 0xFFFF;
 
 const char *trimEnd(const char *begin, const char *end) {
-  while (end - begin >= 8 && load8(end - 8) == eightSpaces)
-    end -= 8;
+  if (end > begin && !isBlank(end[-1]))
+    return end;
+  while (end - begin >= TextChunk::size) {
+    const unsigned text = TextChunk(end - TextChunk::size).findEqual(' ') ^ allBytes;
+    if (text) {
+      end -= std::countl_zero(static_cast<uint16_t>(text));
+      break;
+    }
+    end -= TextChunk::size;
+  }
   while (end > begin && isBlank(end[-1]))
     --end;
   return end;
@@ -127,55 +130,79 @@ SourceRange LineReader::endOfFile() const {
   return {fileNumber, line, 1, line, 1};
 }
 
-/// Reads up to the next line's end: LF, CR LF or CR.
-bool LineReader::readPhysicalLine(PhysicalLine &line) {
-  if (position == fileEnd)
-    return false;
-  line.start = position;
-  line.number = ++linesRead;
+/// The first control byte or byte outside ASCII from \p at on, or the end of the file.
+LLVM_ATTRIBUTE_ALWAYS_INLINE const char *LineReader::skipPlainText(const char *at) const {
+  for (; fileEnd - at >= TextChunk::size; at += TextChunk::size)
+    if (unsigned unusual = TextChunk(at).findUnusual())
+      return at + std::countr_zero(unusual);
+  while (at < fileEnd && static_cast<signed char>(*at) >= ' ')
+    ++at;
+  return at;
+}
+
+/// The first character of [\p from, \p end), a part of a line, that is not blank; else \p end.
+LLVM_ATTRIBUTE_ALWAYS_INLINE const char *LineReader::skipBlanks(const char *from,
+                                                                const char *end) const {
+  while (from < end && fileEnd - from >= TextChunk::size) {
+    const unsigned spaces = TextChunk(from).findEqual(' ');
+    from += TextChunk::countFirst(spaces);
+    if (spaces != allBytes)
+      break;
+  }
+  while (from < end && isBlank(*from))
+    ++from;
+  return std::min(from, end);
+}
+
+/// Finds the line that begins at \p from, and returns where the next one does. A line ends with LF,
+/// CR LF or CR.
+LLVM_ATTRIBUTE_ALWAYS_INLINE const char *LineReader::findLine(const char *from,
+                                                              PhysicalLine &line) const {
+  line.start = from;
   line.isPlain = true;
   line.controlBytes = false;
-  const char *at = position;
-  for (;;) {
-    // Eight bytes at a time over what is plain text.
-    while (fileEnd - at >= 8) {
-      if (holdsUnusual(load8(at)))
-        break;
-      at += 8;
-    }
-    while (at < fileEnd && static_cast<unsigned char>(*at - 0x20) < 0x60)
-      ++at;
-    if (at == fileEnd || *at == '\n' || *at == '\r')
-      break;
+  const char *at = skipPlainText(from);
+  for (; at < fileEnd && *at != '\n' && *at != '\r'; at = skipPlainText(at + 1)) {
     if (*at == '\t' || static_cast<unsigned char>(*at) >= 0x80)
       line.isPlain = false;
     else if (!isBlank(*at))
       line.controlBytes = true;
-    ++at;
   }
   line.end = at;
   if (at < fileEnd && *at == '\r')
     ++at;
-  if (at < fileEnd && *at == '\n' && (at == line.end || at[-1] == '\r'))
+  if (at < fileEnd && *at == '\n')
     ++at;
-  position = at;
+  return at;
+}
+
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::readPhysicalLine(PhysicalLine &line) {
+  if (position == fileEnd)
+    return false;
+  position = findLine(position, line);
+  line.number = ++linesRead;
   return true;
 }
 
 /// Finds the parts of a line in fixed form. Columns count characters, and tabs as wide as they are
 /// in the file.
-LineReader::FixedLine LineReader::divide(const PhysicalLine &line) const {
+LLVM_ATTRIBUTE_ALWAYS_INLINE LineReader::FixedLine
+LineReader::divide(const PhysicalLine &line) const {
+  if (!line.isPlain)
+    return divideUnplain(line);
   FixedLine parts;
-  if (line.isPlain) {
-    size_t length = line.end - line.start;
-    auto columnAt = [&](size_t column) { return line.start + std::min(length, column - 1); };
-    if (length >= indicatorColumn)
-      parts.indicator = line.start[indicatorColumn - 1];
-    parts.text = columnAt(textColumn);
-    parts.areaB = columnAt(areaBColumn);
-    parts.limit = columnAt(lastTextColumn + 1);
-    return parts;
-  }
+  size_t length = line.end - line.start;
+  auto columnAt = [&](size_t column) { return line.start + std::min(length, column - 1); };
+  if (length >= indicatorColumn)
+    parts.indicator = line.start[indicatorColumn - 1];
+  parts.text = columnAt(textColumn);
+  parts.areaB = columnAt(areaBColumn);
+  parts.limit = columnAt(lastTextColumn + 1);
+  return parts;
+}
+
+LineReader::FixedLine LineReader::divideUnplain(const PhysicalLine &line) const {
+  FixedLine parts;
   parts.text = parts.areaB = parts.limit = line.end;
   ColumnCounter counter(tabWidth);
   for (const char *at = line.start; at < line.end; ++at) {
@@ -215,9 +242,11 @@ void LineReader::report(DiagnosticId id, const PhysicalLine &line, const char *a
   diagnostics.report(id, SourceRange{fileNumber, line.number, column, line.number, column}, text);
 }
 
-/// Makes [begin, end) of \p line the text to read.
-void LineReader::take(const PhysicalLine &line, const char *begin, const char *end) {
+/// Makes [begin, end) of \p line, in which \p first is not blank, the text to read.
+void LineReader::take(const PhysicalLine &line, const char *begin, const char *first,
+                      const char *end) {
   textBegin = begin;
+  firstText = first;
   textEnd = end;
   lineStart = line.start;
   lineNumber = line.number;
@@ -235,31 +264,31 @@ bool LineReader::acceptFree(const PhysicalLine &line) {
   // marks a comment.
   if (isGuessed && begin == line.start && *begin == '*')
     return false;
-  take(line, line.start, end);
+  take(line, line.start, begin, end);
   areaB = end;
   return true;
 }
 
-bool LineReader::acceptFixed(const PhysicalLine &line) {
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::acceptFixed(const PhysicalLine &line) {
   FixedLine parts = divide(line);
+  const char *first = skipBlanks(line.start, line.end);
   // A directive that changes the form is usually written for the form that it changes to.
-  const char *directive = skipBlanks(line.start, parts.text);
-  if (beginsWith(directive, line.end, ">>") && directive < parts.text) {
-    parts.text = parts.areaB = directive;
+  if (first < parts.text && beginsWith(first, line.end, ">>")) {
+    parts.text = parts.areaB = first;
     parts.limit = line.end;
   } else if (parts.indicator != ' ' && !acceptIndicator(line, parts)) {
     return false;
   }
   const char *end = trimEnd(parts.text, parts.limit);
-  const char *first = skipBlanks(parts.text, end);
-  if (first == end || beginsWith(first, end, "*>"))
+  if (first < parts.text)
+    first = skipBlanks(parts.text, end);
+  if (first >= end || beginsWith(first, end, "*>"))
     return false;
   if (parts.limit < line.end) {
-    if (end == parts.limit && !isBlank(*end))
-      noteCut(line, parts);
+    noteCut(line, parts);
     linesIdentified += !isBlank(*parts.limit);
   }
-  take(line, parts.text, end);
+  take(line, parts.text, first, end);
   areaB = parts.areaB;
   pastMargin = llvm::StringRef(parts.limit, line.end - parts.limit);
   if (isContinued())
@@ -267,26 +296,27 @@ bool LineReader::acceptFixed(const PhysicalLine &line) {
   return true;
 }
 
-/// Notes text that goes on across column 72. A sequence number or an identification of the line,
-/// which may stand there as well, has digits in it.
-///
-/// It is evidently text where it goes past the columns for these, or where less than half of the
-/// lines before have anything there.
+/// Notes text that goes on past column 72: a word that crosses it, or one that begins behind it. A
+/// sequence number or an identification of the line, which may stand there as well, has digits in
+/// it; an identification without digits stands there in most lines.
 void LineReader::noteCut(const PhysicalLine &line, const FixedLine &parts) {
-  const char *begin = parts.limit;
-  while (begin > parts.text && !isBlank(begin[-1]))
-    --begin;
-  const char *end = std::find_if(parts.limit, line.end, isBlank);
-  const bool isComment = llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>");
-  if (isComment || std::any_of(parts.limit, end, llvm::isDigit))
-    return;
   constexpr unsigned lastColumn = 80;
-  const bool isEvident = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1 ||
-                         (linesIdentified * 2 < linesRead && linesRead > 1);
-  unsigned first = columnBehind(line, begin);
-  diagnostics.noteCutLine(
-      SourceRange{fileNumber, line.number, first, line.number, columnBehind(line, parts.limit) - 1},
-      llvm::StringRef(begin, end - begin), isEvident && !quiet);
+  const bool isIdentified = linesIdentified * 2 >= linesRead || linesRead < 2;
+  const bool isCrossed = !isBlank(parts.limit[-1]) && !isBlank(*parts.limit);
+  const char *begin = isCrossed ? parts.limit : skipBlanks(parts.limit, line.end);
+  while (isCrossed && begin > parts.text && !isBlank(begin[-1]))
+    --begin;
+  const char *end = std::find_if(std::max(begin, parts.limit), line.end, isBlank);
+  if (begin == line.end || (!isCrossed && isIdentified) ||
+      std::any_of(parts.limit, end, llvm::isDigit) ||
+      llvm::StringRef(parts.text, parts.limit - parts.text).contains("*>"))
+    return;
+  const bool isBeyond = columnBehind(line, trimEnd(parts.limit, line.end)) > lastColumn + 1;
+  SourceRange place = {fileNumber, line.number, columnBehind(line, begin), line.number,
+                       columnBehind(line, isCrossed ? parts.limit : end) - 1};
+  diagnostics.noteCutLine(isCrossed ? DiagnosticId::TextPastMargin : DiagnosticId::WordPastMargin,
+                          place, llvm::StringRef(begin, end - begin),
+                          isCrossed && (isBeyond || !isIdentified) && !quiet);
 }
 
 /// Whether a line whose column 7 is not blank holds program text.
@@ -331,45 +361,36 @@ bool LineReader::isOptionsLine(const PhysicalLine &line) {
   return true;
 }
 
+/// Whether the line that begins at \p at shows in its first characters that it holds text and does
+/// not continue another line, as most lines do.
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::beginsText(const char *at) const {
+  constexpr unsigned toIndicator = (1 << indicatorColumn) - 1;
+  if (fileEnd - at < TextChunk::size || (TextChunk(at).findUnusual() & toIndicator) ||
+      at[indicatorColumn - 1] != ' ')
+    return false;
+  const char *first = skipBlanks(at + indicatorColumn, fileEnd);
+  return first < fileEnd && *first > ' ' && *first != '*';
+}
+
 /// Whether the next line that is neither comment nor blank continues the line just read.
-bool LineReader::isContinued() const {
-  const char *at = position;
-  while (at < fileEnd) {
-    // The first characters of most lines show that they do not continue another line.
-    if (fileEnd - at > 8 && !holdsUnusual(load8(at)) && at[indicatorColumn - 1] == ' ') {
-      const char *first = at + indicatorColumn;
-      while (first < fileEnd && *first == ' ')
-        ++first;
-      if (first < fileEnd && *first > ' ' && *first != '*')
-        return false;
-    }
-    const char *lineEnd = at;
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::isContinued() const {
+  return position < fileEnd && !beginsText(position) && findContinuation();
+}
+
+bool LineReader::findContinuation() const {
+  for (const char *at = position; at < fileEnd && !beginsText(at);) {
     PhysicalLine line;
-    line.start = at;
-    while (lineEnd < fileEnd && *lineEnd != '\n' && *lineEnd != '\r' &&
-           lineEnd - at < indicatorColumn) {
-      line.isPlain &= *lineEnd >= ' ';
-      ++lineEnd;
-    }
-    // The indicator itself, where nothing odd stands before it.
-    if (line.isPlain && lineEnd - at == indicatorColumn && at[indicatorColumn - 1] == '-')
-      return true;
-    // Otherwise only ignored lines can be followed by a continuation.
-    lineEnd = std::find_if(lineEnd, fileEnd, [](char c) { return c == '\n' || c == '\r'; });
-    line.end = lineEnd;
-    line.isPlain = line.isPlain && !std::memchr(at, '\t', lineEnd - at);
-    FixedLine parts = divide(line);
+    at = findLine(at, line);
+    const FixedLine parts = divide(line);
     if (parts.indicator == '-')
       return true;
+    // Only lines that are ignored can stand before a continuation.
     const char *first = skipBlanks(parts.text, parts.limit);
-    bool isComment = parts.indicator == '*' || parts.indicator == '/' ||
-                     ((parts.indicator == 'D' || parts.indicator == 'd') && !debugging) ||
-                     first == parts.limit || beginsWith(first, parts.limit, "*>");
+    const bool isComment = parts.indicator == '*' || parts.indicator == '/' ||
+                           ((parts.indicator == 'D' || parts.indicator == 'd') && !debugging) ||
+                           first == parts.limit || beginsWith(first, parts.limit, "*>");
     if (!isComment)
       return false;
-    at = lineEnd + (lineEnd < fileEnd);
-    if (at < fileEnd && *lineEnd == '\r' && *at == '\n')
-      ++at;
   }
   return false;
 }
@@ -381,6 +402,7 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
   PhysicalLine last = line;
   const char *lastLimit = limit;
   const char *begin = textBegin;
+  size_t indent = firstText - textBegin;
   size_t areaASize = areaB - textBegin;
   bool control = controlBytes;
 
@@ -433,6 +455,7 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
   char *text = static_cast<char *>(allocateForever(joined.size(), 1));
   std::memcpy(text, joined.data(), joined.size());
   textBegin = text;
+  firstText = text + indent;
   textEnd = text + joined.size();
   areaB = text + std::min(areaASize, joined.size());
   isPlain = false;

@@ -34,6 +34,10 @@ public:
   /// end. It is not empty.
   const char *begin() const { return textBegin; }
   const char *end() const { return textEnd; }
+  /// The first character of the line that is not blank.
+  const char *first() const { return firstText; }
+  /// Up to where the memory after the line can be read.
+  const char *getReadableEnd() const { return segments.empty() ? fileEnd : textEnd; }
 
   /// Whether \p at lies in area A; in free form every position does.
   bool isInAreaA(const char *at) const { return at < areaB; }
@@ -99,7 +103,11 @@ private:
   };
 
   bool readPhysicalLine(PhysicalLine &line);
+  const char *findLine(const char *from, PhysicalLine &line) const;
+  const char *skipPlainText(const char *at) const;
+  const char *skipBlanks(const char *from, const char *end) const;
   FixedLine divide(const PhysicalLine &line) const;
+  FixedLine divideUnplain(const PhysicalLine &line) const;
   unsigned columnBehind(const PhysicalLine &line, const char *at) const;
   bool acceptFixed(const PhysicalLine &line);
   void noteCut(const PhysicalLine &line, const FixedLine &parts);
@@ -107,8 +115,10 @@ private:
   bool acceptIndicator(const PhysicalLine &line, FixedLine &parts);
   bool isOptionsLine(const PhysicalLine &line);
   bool isContinued() const;
+  bool findContinuation() const;
+  bool beginsText(const char *at) const;
   void joinContinuations(const PhysicalLine &line, const char *limit);
-  void take(const PhysicalLine &line, const char *begin, const char *end);
+  void take(const PhysicalLine &line, const char *begin, const char *first, const char *end);
   void report(DiagnosticId id, const PhysicalLine &line, const char *at, llvm::StringRef text = {});
   SourceRange rangeOfUnplain(const char *first, const char *last);
   void locate(const char *at, unsigned &line, unsigned &column);
@@ -134,6 +144,7 @@ private:
   llvm::StringRef pastMargin;
   // The line that is being read.
   const char *textBegin = nullptr;
+  const char *firstText = nullptr;
   const char *textEnd = nullptr;
   const char *areaB = nullptr;
   const char *lineStart = nullptr;

@@ -411,6 +411,9 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
     skipCopiedEntryName(level, *name);
 
   entry->setRange(parseClauses(begin, dataClauses, [&] { return parseDataClause(*entry); }));
+  const ClauseOccurs *occurs = entry->getOccurs();
+  if (occurs && occurs->getMinExpr() && !occurs->getOdoName() && !recovery.isConstructDamaged())
+    error(DiagnosticId::DependingMissing, occurs->getRange());
   return entry;
 }
 

@@ -18,7 +18,7 @@ static constexpr auto dataSynonyms =
                   valueUsages),
            std::array{Keyword::Disp, Keyword::FunctionPointer, Keyword::Index, Keyword::Object,
                       Keyword::Pointer, Keyword::ProcedurePointer, Keyword::Dynamic, Keyword::Sql,
-                      Keyword::Type, Keyword::Indexed});
+                      Keyword::Type, Keyword::Indexed, Keyword::Depending});
 constinit const ClauseSet dataClauses{"a data description entry", dataKeywords, dataSynonyms,
                                       /*innerWords=*/{},
                                       /*beginsWithName=*/false,
@@ -76,6 +76,7 @@ bool DataParser::parseDataClause(DataDescription &entry) {
     return parseOnce(entry, &Data::getVolatile, &Data::setVolatile,
                      &DataParser::parseBareClause<ClauseVolatile>);
   case Keyword::Indexed:
+  case Keyword::Depending:
     // A phrase of OCCURS that another clause divides from it.
     if (!entry.getOccurs()) {
       if (!recovery.isConstructDamaged())

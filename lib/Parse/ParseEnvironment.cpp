@@ -534,6 +534,7 @@ ClauseSymbolic *EnvironmentParser::parseSymbolicCharacters() {
     return nullptr;
   acceptAny(Keyword::Is, Keyword::Are);
   auto *clause = makeAt<ClauseSymbolic>(begin);
+  context.hasSymbolicCharacters = true;
   do {
     PhrsSymbolic *phrase = parseSymbolicPhrase();
     if (!phrase)

@@ -66,7 +66,7 @@ bool isDataName(const Token &token) {
 bool ExpressionParser::atIdentifier() {
   const Token &token = peek();
   if (token.isUserWord())
-    return !atProcedureHeader() && !scope().isSymbolicCharacter(token.getInternedText()) &&
+    return !atProcedureHeader() && !isSymbolicCharacter(token) &&
            misspeltKeyword() == Keyword::None;
   return isSpecialRegister(token.keyword) || atFunction();
 }
@@ -86,6 +86,8 @@ static bool isNumberGoneWrong(const Token &token) {
 }
 
 Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
+  if (atDataNameOnly())
+    return parseDataIdentifier(what);
   if (atLiteral())
     return parseLiteral();
   if (isNumberGoneWrong(peek()) && !atProcedureHeader()) {
@@ -97,6 +99,8 @@ Expression *ExpressionParser::parseOperand(llvm::StringRef what) {
 }
 
 IdentifierExpression *ExpressionParser::parseIdentifier(llvm::StringRef what) {
+  if (atDataNameOnly())
+    return parseDataIdentifier(what);
   const Token &token = peek();
   if (atFunction())
     return parseFunction();
@@ -110,9 +114,9 @@ IdentifierExpression *ExpressionParser::parseIdentifier(llvm::StringRef what) {
 //===----------------------------------------------------------------------===//
 
 QualifiedWord *ExpressionParser::parseDataQualifiedWord(llvm::StringRef what) {
-  if (peek().isUserWord() && atProcedureHeader())
-    return expected(what);
-  if (peek().isUserWord() || !isDataName(peek()))
+  if (peek().isUserWord())
+    return atProcedureHeader() ? expected(what) : parseQualifiers(takeWord());
+  if (!isDataName(peek()))
     return parseQualifiedWord(what);
   // A register: its word is reserved.
   auto *name = makeAt<QualifiedWord>(here());
@@ -122,24 +126,20 @@ QualifiedWord *ExpressionParser::parseDataQualifiedWord(llvm::StringRef what) {
 
 DataIdentifierExpression *ExpressionParser::parseDataName(llvm::StringRef what) {
   QualifiedWord *name = parseDataQualifiedWord(what);
-  return name ? makeAt<DataIdentifierExpression>(name->getRange(), name, nullptr, nullptr)
-              : nullptr;
+  return name ? new DataIdentifierExpression(name, name, nullptr, nullptr) : nullptr;
 }
 
 DataIdentifierExpression *ExpressionParser::parseDataIdentifier(llvm::StringRef what) {
   QualifiedWord *name = parseDataQualifiedWord(what);
   if (!name)
     return nullptr;
+  if (!atModifier())
+    return new DataIdentifierExpression(name, name, nullptr, nullptr);
   SubscriptModifier *subscripts = nullptr;
   ReferenceModifier *reference = nullptr;
-  if (atModifier() && !parseModifiers(subscripts, reference))
+  if (!parseModifiers(subscripts, reference))
     return nullptr;
   return make<DataIdentifierExpression>(name->getRange(), name, subscripts, reference);
-}
-
-/// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
-bool ExpressionParser::atModifier() {
-  return at(TokenKind::LParen) && !peek().isAfterComma();
 }
 
 /// (subscript ...), (position : length), or the one followed by the other.
@@ -310,14 +310,12 @@ IdentifierExpression *ExpressionParser::parseAddressOrLength() {
 // Functions
 //===----------------------------------------------------------------------===//
 
-/// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it. Where
-/// such a name is a reserved word, it is the function only before arguments: LENGTH (A), but not
-/// LENGTH OF A. RANDOM needs no arguments, and can be nothing else where an operand stands.
-bool ExpressionParser::atFunction() {
+/// Whether the name of a function that REPOSITORY lets stand without FUNCTION is next. Where it is
+/// a reserved word, it is the function only before arguments: LENGTH (A), but not LENGTH OF A.
+/// RANDOM needs no arguments, and can be nothing else where an operand stands.
+bool ExpressionParser::atRepositoryFunction() {
   const Token &token = peek();
-  if (token.is(Keyword::Function))
-    return true;
-  return !context.repositoryFunctions.empty() && token.isWord() &&
+  return token.isWord() &&
          (token.isUserWord() || token.is(Keyword::Random) || peek(1).is(TokenKind::LParen)) &&
          context.repositoryFunctions.contains(token.getInternedText());
 }
@@ -389,11 +387,22 @@ bool ExpressionParser::parseFunctionArguments(FunctionIdentifierExpression &call
   return true;
 }
 
+/// The only function whose name begins with \p text; empty where there is none or more than one.
+static llvm::StringRef functionThatBegins(llvm::StringRef text) {
+  auto begins = [&](const IntrinsicFunction &one) { return one.name.starts_with(text); };
+  const IntrinsicFunction *first = llvm::find_if(intrinsicFunctions(), begins);
+  const IntrinsicFunction *end = intrinsicFunctions().end();
+  return first == end || std::any_of(first + 1, end, begins) ? "" : llvm::StringRef(first->name);
+}
+
 Failure ExpressionParser::reportUnknownFunction(const Word &name) {
   SpellingMatch match(name.getWordData());
   for (const IntrinsicFunction &function : intrinsicFunctions())
     match.consider(function.name);
   llvm::StringRef nearest = match.getNearest();
+  // UPPER for UPPER-CASE.
+  if (nearest.empty())
+    nearest = functionThatBegins(name.getWordData() + "-");
   if (nearest.empty())
     return error(DiagnosticId::UnknownFunction, name.getRange(), name.getDisplayName());
   return error(DiagnosticId::MisspeltFunction, name.getRange(), name.getDisplayName(), nearest);

@@ -4,6 +4,7 @@
 #define TARKA_LIB_PARSE_PARSEEXPRESSION_H
 
 #include "Parse/ParserBase.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -89,15 +90,28 @@ protected:
   template <typename Function> auto call(Function function) { return function(); }
 
 private:
+  /// Whether the next word can only be the name of a data item: it is none of the symbolic
+  /// characters and functions that the program declares, and no number gone wrong.
+  bool atDataNameOnly() {
+    const Token &token = peek();
+    return token.isUserWord() && !context.hasSymbolicCharacters &&
+           context.repositoryFunctions.empty() && !llvm::isDigit(token.text.front());
+  }
   QualifiedWord *parseDataQualifiedWord(llvm::StringRef what);
-  bool atModifier();
+  /// A parenthesis after a comma is the next operand of a list, as in MAX (A, (B + C)).
+  bool atModifier() { return at(TokenKind::LParen) && !peek().isAfterComma(); }
   bool parseModifiers(SubscriptModifier *&subscripts, ReferenceModifier *&reference);
   Expression *parseSubscript();
   bool atNextSubscript(const Expression &subscript);
   ReferenceModifier *parseReferenceModifier(const SourceRange &begin, Expression *position);
   IdentifierExpression *parseSpecialRegister();
   IdentifierExpression *parseAddressOrLength();
-  bool atFunction();
+  /// Whether FUNCTION is next, or the name of a function that REPOSITORY lets stand without it.
+  bool atFunction() {
+    return at(Keyword::Function) ||
+           (!context.repositoryFunctions.empty() && atRepositoryFunction());
+  }
+  bool atRepositoryFunction();
   FunctionIdentifierExpression *parseFunction();
   bool parseFunctionArguments(FunctionIdentifierExpression &function, const SourceRange &open);
   Expression *parseProduct(Expression *first, const SourceRange &begin);

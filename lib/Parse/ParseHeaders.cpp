@@ -19,7 +19,7 @@ static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Enviro
 // Divisions and programs
 //===----------------------------------------------------------------------===//
 
-bool ParserBase::atUnitBoundary() {
+bool ParserBase::atUnitHeader() {
   if (at(TokenKind::EndOfFile))
     return true;
   return divisionAt() != Keyword::None || atEndProgram() || atProgramId();
@@ -302,7 +302,7 @@ bool ParserBase::atLevelNumber() {
   if (!next.isWord() || next.isFigurativeConstant())
     return false;
   if (next.isUserWord())
-    return !scope().isSymbolicCharacter(next.getInternedText());
+    return !isSymbolicCharacter(next);
   return !next.isOneOf(Keyword::Areas, Keyword::Character, Keyword::Characters, Keyword::Depending,
                        Keyword::False, Keyword::Footing, Keyword::Heading, Keyword::Lines,
                        Keyword::Record, Keyword::Records, Keyword::Thru, Keyword::Through,
@@ -411,10 +411,8 @@ void ParserBase::expectPeriod() {
 /// Where a sentence may begin, a word before a period or before SECTION is the name of a procedure.
 /// In fixed form such a name begins in area A; a word in area B that comes near a verb is more
 /// likely that verb misspelt.
-ParserBase::HeaderKind ParserBase::headerKind() {
+ParserBase::HeaderKind ParserBase::headerKindOfName() {
   const Token name = peek();
-  if ((!name.isWord() && !name.is(TokenKind::IntegerLiteral)) || name.isVerb())
-    return HeaderKind::None;
   if (peek(1).is(Keyword::Section) || atMisspeltSection() ||
       (peek(1).is(TokenKind::Period) && peek(2).is(Keyword::Section)))
     return HeaderKind::Section;
@@ -452,18 +450,6 @@ bool ParserBase::atMisspeltSection() {
          (name.isWord() && nearestKeyword(peek(1).text, Keyword::Section) != Keyword::None);
 }
 
-/// A name in area A before a period, and any name before SECTION, begins a procedure. Where the
-/// period of the sentence before it is missing, it must not be taken for an operand of that
-/// sentence. In free form every line begins in area A, which proves nothing.
-bool ParserBase::atProcedureHeader() {
-  const Token &name = peek();
-  if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
-    return false;
-  bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
-  const Token &next = peek(1);
-  return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
-}
-
 /// Whether the declaratives begin, also where their header is misspelt or missing; that costs a
 /// message for each USE otherwise.
 bool ParserBase::atDeclaratives() {
@@ -482,9 +468,9 @@ bool ParserBase::atDeclaratives() {
 }
 
 /// END DECLARATIVES, also where the words are not quite these.
-bool ParserBase::atEndDeclaratives() {
-  if (!at(Keyword::End))
-    return atSequence(Keyword::Declaratives, Keyword::End);
+bool ParserBase::atEndOfDeclaratives() {
+  if (at(Keyword::Declaratives))
+    return peek(1).is(Keyword::End);
   if (peek(1).is(Keyword::Declaratives))
     return true;
   if (!peek().isFirstOnLine() || !peek().isInAreaA())
@@ -505,12 +491,9 @@ bool ParserBase::atEndDeclaratives() {
           nearestKeyword(peek(1).text, Keyword::Declaratives) != Keyword::None);
 }
 
-bool ParserBase::atStatement() {
-  const Token &token = peek();
-  if (token.isVerb())
-    return true;
-  // Words that are verbs only together with what follows.
-  switch (token.keyword) {
+/// Words that are verbs only together with what follows.
+bool ParserBase::atVerbOfTwoWords() {
+  switch (peek().keyword) {
   case Keyword::Next:
     return peek(1).is(Keyword::Sentence);
   case Keyword::Reset:

@@ -65,7 +65,7 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
   header = from(header).getRange();
   bool isRead = true;
   if (accept(Keyword::Using)) {
-    std::list<Parameter *> parameters;
+    NodeList<Parameter> parameters;
     isRead = parseParameters(parameters);
     for (Parameter *parameter : parameters)
       division.addParameter(parameter);
@@ -174,7 +174,7 @@ Paragraph *ProcedureParser::parseParagraph() {
 
 Sentence *ProcedureParser::parseSentence() {
   SourceRange begin = here();
-  std::list<Statement *> statements;
+  NodeList<Statement> statements;
   if (atStatement())
     recovery.resumeReporting();
   parseStatements(statements);

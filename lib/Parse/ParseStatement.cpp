@@ -149,7 +149,7 @@ StatementResult StatementParser::parseService() {
 // Lists of statements
 //===----------------------------------------------------------------------===//
 
-Outcome StatementParser::parseStatements(std::list<Statement *> &statements) {
+Outcome StatementParser::parseStatements(NodeList<Statement> &statements) {
   Recovery::ConstructScope construct(recovery);
   Recovery::ListScope scope(recovery);
   StatementList list;
@@ -190,7 +190,7 @@ Statement *StatementParser::makePlaceholder(const SourceRange &begin) {
   return makeAt<ContinueStatement>(begin);
 }
 
-bool StatementParser::parseBranch(std::list<Statement *> &statements, bool isNeeded) {
+bool StatementParser::parseBranch(NodeList<Statement> &statements, bool isNeeded) {
   SourceRange begin = here();
   switch (parseStatements(statements)) {
   case Outcome::Absent:
@@ -436,7 +436,7 @@ std::optional<PhraseStart> StatementParser::atExceptionPhrase() {
   return std::nullopt;
 }
 
-void StatementParser::parseExceptionPhrases(std::list<ExceptionHandler *> &handlers) {
+void StatementParser::parseExceptionPhrases(NodeList<ExceptionHandler> &handlers) {
   while (std::optional<PhraseStart> phrase = atExceptionPhrase()) {
     EnclosingStatement &statement = recovery.getInnermost();
     if (!statement.canTake(*phrase))
@@ -445,7 +445,7 @@ void StatementParser::parseExceptionPhrases(std::list<ExceptionHandler *> &handl
     SourceRange begin = here();
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    std::list<Statement *> statements;
+    NodeList<Statement> statements;
     // The checker reports a phrase that has no statements. Where a period is in the way, what
     // follows it is reported.
     const Outcome outcome = parseStatements(statements);
@@ -502,7 +502,7 @@ void StatementParser::skipRestOfStatement(Keyword verb) {
     taken.insert(*phrase);
     for (unsigned n = 0; n < phrase->length; ++n)
       stream.skip();
-    std::list<Statement *> dropped;
+    NodeList<Statement> dropped;
     Recovery::StatementScope enclosing(recovery, verb, taken);
     parseStatements(dropped);
   }
@@ -527,7 +527,7 @@ void StatementParser::abandonSentence() {
 //===----------------------------------------------------------------------===//
 
 /// {[BY] {REFERENCE | VALUE}] item...}... The way of passing holds until another one is written.
-bool StatementParser::parseParameters(std::list<Parameter *> &parameters) {
+bool StatementParser::parseParameters(NodeList<Parameter> &parameters) {
   ParameterType type = ParameterType::Reference;
   do {
     SourceRange begin = here();

@@ -14,7 +14,7 @@ public:
 
   /// Statements as long as verbs follow. What is not a statement and ends none of the enclosing
   /// statements is reported and skipped. Failed when statements were there but all of them failed.
-  Outcome parseStatements(std::list<Statement *> &statements);
+  Outcome parseStatements(NodeList<Statement> &statements);
   /// NOTE: a remark up to its period, or the whole paragraph where it is the first word of one. Its
   /// text is not tokenized: an apostrophe in it opens no literal.
   void skipNote(bool isWholeParagraph);
@@ -22,10 +22,10 @@ public:
 protected:
   /// The statements of a branch, of which there must be one. False where there is none; that is
   /// reported only when \p isNeeded.
-  bool parseBranch(std::list<Statement *> &statements, bool isNeeded = true);
+  bool parseBranch(NodeList<Statement> &statements, bool isNeeded = true);
   /// The exception phrases of the innermost statement in any order, with or without NOT, each with
   /// its statements. A phrase given twice is left for the enclosing statement.
-  void parseExceptionPhrases(std::list<ExceptionHandler *> &handlers);
+  void parseExceptionPhrases(NodeList<ExceptionHandler> &handlers);
   /// The exception phrase that begins with the next token:
   /// [NOT] {[ON] {SIZE ERROR | OVERFLOW | EXCEPTION} | [AT] {END | END-OF-PAGE | EOP}
   ///   | INVALID [KEY]}
@@ -34,7 +34,7 @@ protected:
   void skipToStatement(bool passesWhen = false);
   bool atResumption(bool passesWhen);
   /// The items of USING in the header of the procedure division or in ENTRY.
-  bool parseParameters(std::list<Parameter *> &parameters);
+  bool parseParameters(NodeList<Parameter> &parameters);
 
   /// The end of a statement: its END- word.
   template <typename T> T *finish(T *statement) {
@@ -44,7 +44,7 @@ protected:
   /// The end of a statement: its exception phrases and its END- word.
   template <typename T, typename Base>
   T *finish(T *statement, void (Base::*addHandler)(ExceptionHandler *)) {
-    std::list<ExceptionHandler *> handlers;
+    NodeList<ExceptionHandler> handlers;
     parseExceptionPhrases(handlers);
     for (ExceptionHandler *handler : handlers)
       (statement->*addHandler)(handler);

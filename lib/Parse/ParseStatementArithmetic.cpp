@@ -23,7 +23,7 @@ RoundedOperand *ArithmeticStatements::parseReceiver() {
 }
 
 /// {receiver [ROUNDED]}...
-bool ArithmeticStatements::parseReceivers(std::list<RoundedOperand *> &receivers) {
+bool ArithmeticStatements::parseReceivers(NodeList<RoundedOperand> &receivers) {
   do {
     RoundedOperand *receiver = parseReceiver();
     if (!receiver)
@@ -34,7 +34,7 @@ bool ArithmeticStatements::parseReceivers(std::list<RoundedOperand *> &receivers
 }
 
 /// The one operand before GIVING, which was parsed as a receiving operand. Null after a message.
-Expression *ArithmeticStatements::soleOperand(const std::list<RoundedOperand *> &operands) {
+Expression *ArithmeticStatements::soleOperand(const NodeList<RoundedOperand> &operands) {
   if (operands.size() > 1)
     return error(DiagnosticId::OneOperandBeforeGiving,
                  (*std::next(operands.begin()))->first->getRange());
@@ -69,7 +69,7 @@ StatementResult ArithmeticStatements::parseAdd() {
 
   if (!parseOperands(*add, &AddStatement::addOperand))
     return nullptr;
-  std::list<RoundedOperand *> receivers;
+  NodeList<RoundedOperand> receivers;
   if (accept(Keyword::To)) {
     if (!parseReceivers(receivers))
       return nullptr;
@@ -113,7 +113,7 @@ StatementResult ArithmeticStatements::parseSubtract() {
 
   if (!parseOperands(*subtract, &SubtractStatement::addOperand) || !expect(Keyword::From))
     return nullptr;
-  std::list<RoundedOperand *> receivers;
+  NodeList<RoundedOperand> receivers;
   if (!parseReceivers(receivers))
     return nullptr;
   if (accept(Keyword::Giving)) {
@@ -138,7 +138,7 @@ StatementResult ArithmeticStatements::parseMultiply() {
   SourceRange begin = here();
   accept(Keyword::Multiply);
   Expression *multiplicand = parseOperand();
-  std::list<RoundedOperand *> receivers;
+  NodeList<RoundedOperand> receivers;
   if (!multiplicand || !expect(Keyword::By) || !parseReceivers(receivers))
     return nullptr;
 
@@ -167,7 +167,7 @@ StatementResult ArithmeticStatements::parseDivide() {
   bool isBy = at(Keyword::By);
   if (!acceptAny(Keyword::Into, Keyword::By))
     return expected("INTO or BY");
-  std::list<RoundedOperand *> receivers;
+  NodeList<RoundedOperand> receivers;
   if (!parseReceivers(receivers))
     return nullptr;
 

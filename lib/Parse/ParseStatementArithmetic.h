@@ -20,8 +20,8 @@ public:
 
 private:
   RoundedOperand *parseReceiver();
-  bool parseReceivers(std::list<RoundedOperand *> &receivers);
-  Expression *soleOperand(const std::list<RoundedOperand *> &operands);
+  bool parseReceivers(NodeList<RoundedOperand> &receivers);
+  Expression *soleOperand(const NodeList<RoundedOperand> &operands);
 
   template <typename Owner, typename Base>
   bool parseReceivers(Owner &owner, void (Base::*add)(RoundedOperand *)) {

@@ -128,7 +128,7 @@ StatementResult BranchStatements::parseEntry() {
     return nullptr;
   auto *entry = make<EntryStatement>(begin, name);
   if (accept(Keyword::Using)) {
-    std::list<Parameter *> parameters;
+    NodeList<Parameter> parameters;
     if (!parseParameters(parameters))
       return nullptr;
     for (Parameter *parameter : parameters)
@@ -307,7 +307,7 @@ StatementResult BranchStatements::parsePerform() {
 StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, bool isComplete) {
   if (!isComplete)
     skipToStatement();
-  std::list<Statement *> statements;
+  NodeList<Statement> statements;
   parseStatements(statements);
   for (Statement *statement : statements)
     perform->addInlineStatement(statement);
@@ -394,7 +394,7 @@ StatementResult BranchStatements::parseNextSentence() {
 }
 
 /// The branch after ELSE, if there is one. Another ELSE belongs to an outer statement.
-bool BranchStatements::parseElse(std::list<Statement *> &statements) {
+bool BranchStatements::parseElse(NodeList<Statement> &statements) {
   if (!acceptAny(Keyword::Else, Keyword::Otherwise))
     return true;
   recovery.getInnermost().hasElse = true;
@@ -416,9 +416,9 @@ StatementResult BranchStatements::parseIf() {
     while (!at(Keyword::Then) && !atResumption(/*passesWhen=*/false))
       stream.skip();
   accept(Keyword::Then);
-  std::list<Statement *> then;
+  NodeList<Statement> then;
   bool isComplete = parseBranch(then, /*isNeeded=*/condition) && condition;
-  std::list<Statement *> otherwise;
+  NodeList<Statement> otherwise;
   isComplete &= parseElse(otherwise);
   const bool isEnded = accept(Keyword::EndIf);
   if (!isComplete) {
@@ -453,7 +453,7 @@ StatementResult BranchStatements::parseOn() {
     if (!statement->getUntilExpr())
       return nullptr;
   }
-  std::list<Statement *> then, otherwise;
+  NodeList<Statement> then, otherwise;
   bool isComplete = parseBranch(then);
   isComplete &= parseElse(otherwise);
   if (!isComplete)
@@ -485,7 +485,7 @@ StatementResult BranchStatements::parseEvaluate() {
     skipToStatement();
   if (!at(Keyword::When)) {
     // The statements of the WHEN that is missing.
-    std::list<Statement *> dropped;
+    NodeList<Statement> dropped;
     parseStatements(dropped);
   }
   bool hasOther = false;
@@ -630,7 +630,7 @@ StatementResult BranchStatements::parseSearch() {
   }
   if (!isComplete)
     skipToStatement();
-  std::list<ExceptionHandler *> handlers;
+  NodeList<ExceptionHandler> handlers;
   parseExceptionPhrases(handlers);
   for (ExceptionHandler *handler : handlers)
     search->addAtHandler(handler);
@@ -639,7 +639,7 @@ StatementResult BranchStatements::parseSearch() {
       expect(Keyword::When);
     isComplete = false;
     // The statements of the WHEN that is missing.
-    std::list<Statement *> dropped;
+    NodeList<Statement> dropped;
     parseStatements(dropped);
   }
   while (at(Keyword::When)) {
@@ -659,7 +659,7 @@ SearchWhen *BranchStatements::parseSearchWhen() {
   Condition *condition = parseCondition();
   if (!condition)
     skipToStatement();
-  std::list<Statement *> statements;
+  NodeList<Statement> statements;
   if (!parseBranch(statements, /*isNeeded=*/condition) || !condition)
     return nullptr;
   auto *when = make<SearchWhen>(begin, condition);

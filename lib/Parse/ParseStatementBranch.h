@@ -39,7 +39,7 @@ private:
   bool atPerformPhrase();
   bool parseCallArguments(CallStatement &call);
   Argument *parseCallArgument(ArgType type, const SourceRange &begin);
-  bool parseElse(std::list<Statement *> &statements);
+  bool parseElse(NodeList<Statement> &statements);
   EvaluateSubject *parseEvaluateSubject();
   EvaluateCase *parseEvaluateCase(EvaluateStatement &evaluate, bool &isComplete);
   EvaluateWhen *parseEvaluateWhen(EvaluateStatement &evaluate);

@@ -132,7 +132,7 @@ static SetItemType formatOf(SetToValueType value) {
 /// of them, only the words after the list decide.
 SetItem *DataStatements::parseSetItem() {
   auto *item = make<SetItem>(here(), SetItemType::To);
-  std::list<Expression *> receivers;
+  NodeList<Expression> receivers;
   do {
     Expression *receiver = parseOperand("an identifier");
     if (!receiver)

@@ -132,24 +132,22 @@ StatementResult StringStatements::parseUnstring() {
 // INSPECT
 //===----------------------------------------------------------------------===//
 
-/// [BEFORE [INITIAL] operand] [AFTER [INITIAL] operand], in either order; \p regions is null where
-/// neither is written. False after a message.
-bool StringStatements::parseInspectRegions(std::list<InspectRegion *> *&regions) {
-  regions = nullptr;
+/// [BEFORE [INITIAL] operand] [AFTER [INITIAL] operand], in either order; what \p regions had is
+/// dropped. False after a message.
+bool StringStatements::parseInspectRegions(NodeList<InspectRegion> &regions) {
+  regions.clear();
   while (at(Keyword::Before, Keyword::After)) {
     SourceRange begin = here();
     InspRegType side = at(Keyword::Before) ? InspRegType::Before : InspRegType::After;
     auto isSameSide = [&](InspectRegion *region) { return region->getType() == side; };
-    if (regions && llvm::any_of(*regions, isSameSide))
+    if (llvm::any_of(regions, isSameSide))
       return error(DiagnosticId::PhraseTwice, begin, textOf(peek().keyword));
     acceptAny(Keyword::Before, Keyword::After);
     accept(Keyword::Initial);
     Expression *limit = parseOperand();
     if (!limit)
       return false;
-    if (!regions)
-      regions = makeList<InspectRegion *>();
-    regions->push_back(make<InspectRegion>(begin, side, limit));
+    regions.push_back(make<InspectRegion>(begin, side, limit));
   }
   return true;
 }
@@ -184,11 +182,11 @@ bool StringStatements::atTallyingCounter() {
 /// {ALL | LEADING} {operand [region]...}...
 TallyingItemFor *StringStatements::parseTallyingFor() {
   SourceRange begin = here();
-  std::list<InspectRegion *> *regions = nullptr;
+  NodeList<InspectRegion> regions;
   if (accept(Keyword::Characters)) {
     if (!parseInspectRegions(regions))
       return nullptr;
-    return make<TallyingItemFor>(begin, InspTailType::Characters, regions, nullptr);
+    return make<TallyingItemFor>(begin, InspTailType::Characters, &regions, nullptr);
   }
 
   InspTailType type = at(Keyword::All) ? InspTailType::All : InspTailType::Leading;
@@ -200,7 +198,7 @@ TallyingItemFor *StringStatements::parseTallyingFor() {
     Expression *operand = parseOperand();
     if (!operand || !parseInspectRegions(regions))
       return nullptr;
-    item->addTallyingRegion(make<TallyingRegion>(operandBegin, operand, regions));
+    item->addTallyingRegion(make<TallyingRegion>(operandBegin, operand, &regions));
   } while (atOperand() && !at(Keyword::All) && !atTallyingCounter());
   return complete(item);
 }
@@ -222,12 +220,12 @@ TallyingItem *StringStatements::parseTallyingItem() {
 /// {ALL | LEADING | FIRST} {operand BY operand [region]...}...
 ReplacingItem *StringStatements::parseReplacingItem() {
   SourceRange begin = here();
-  std::list<InspectRegion *> *regions = nullptr;
+  NodeList<InspectRegion> regions;
   if (accept(Keyword::Characters)) {
     Expression *by = expect(Keyword::By) ? parseOperand() : nullptr;
     if (!by || !parseInspectRegions(regions))
       return nullptr;
-    return make<ReplacingItem>(begin, InspReplType::Characters, by, regions, nullptr);
+    return make<ReplacingItem>(begin, InspReplType::Characters, by, &regions, nullptr);
   }
 
   InspReplType type = at(Keyword::All)       ? InspReplType::All
@@ -242,7 +240,7 @@ ReplacingItem *StringStatements::parseReplacingItem() {
     Expression *by = operand && expect(Keyword::By) ? parseOperand() : nullptr;
     if (!by || !parseInspectRegions(regions))
       return nullptr;
-    item->addReplacingRegion(make<ReplacingRegion>(operandBegin, operand, by, regions));
+    item->addReplacingRegion(make<ReplacingRegion>(operandBegin, operand, by, &regions));
   } while (atOperand() && !at(Keyword::All));
   return complete(item);
 }
@@ -253,10 +251,10 @@ ConvertingItem *StringStatements::parseConvertingItem() {
   accept(Keyword::Converting);
   Expression *from = parseOperand();
   Expression *to = from && expect(Keyword::To) ? parseOperand() : nullptr;
-  std::list<InspectRegion *> *regions = nullptr;
+  NodeList<InspectRegion> regions;
   if (!to || !parseInspectRegions(regions))
     return nullptr;
-  return make<ConvertingItem>(begin, from, to, regions);
+  return make<ConvertingItem>(begin, from, to, &regions);
 }
 
 /// INSPECT identifier [TALLYING item...] [REPLACING item...]

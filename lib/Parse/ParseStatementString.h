@@ -24,7 +24,7 @@ private:
   bool parsePointerPhrase(IdentifierExpression *&pointer);
   bool parseUnstringDelimiters(UnstringStatement &unstring);
   UnstringIntoItem *parseUnstringInto();
-  bool parseInspectRegions(std::list<InspectRegion *> *&regions);
+  bool parseInspectRegions(NodeList<InspectRegion> &regions);
   bool atInspectMode();
   bool atTallyingCounter();
   TallyingItemFor *parseTallyingFor();

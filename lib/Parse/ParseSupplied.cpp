@@ -26,7 +26,7 @@ void SuppliedParser::supplyInterfaceBlock() {
 void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceRange &header) {
   if (!stream.getOptions().cics || context.unit->getParent())
     return;
-  const std::list<Parameter *> &parameters = division.getParameterElements();
+  const NodeList<Parameter> &parameters = division.getParameterElements();
   auto isNamed = [&](llvm::StringRef name) {
     return llvm::any_of(parameters, [&](Parameter *parameter) {
       auto *item = llvm::dyn_cast<DataIdentifierExpression>(parameter->getExpr());
@@ -36,7 +36,7 @@ void SuppliedParser::supplyParameters(ProcedureDivision &division, const SourceR
   for (llvm::StringRef name : {"DFHCOMMAREA", "DFHEIBLK"}) {
     if (isNamed(name))
       continue;
-    std::list<Word *> names{makeAt<Word>(header, name, name)};
+    NodeList<Word> names{makeAt<Word>(header, name, name)};
     auto *word = makeAt<QualifiedWord>(header, &names);
     auto *item = makeAt<DataIdentifierExpression>(header, word, nullptr, nullptr);
     division.addParameterFront(makeAt<Parameter>(header, ParameterType::Reference, item));

@@ -5,6 +5,7 @@
 #include "Parse/MisspeltWords.h"
 #include "Parse/SourceDiagnostics.h"
 #include "llvm/ADT/SmallString.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka {
 
@@ -45,7 +46,7 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   // A word too much makes a line too long as well.
   const std::pair cutLine(cut->place.file, cut->place.beginLine);
   if (context.lastWrongLine != cutLine)
-    context.diagnostics.report(DiagnosticId::TextPastMargin, cut->place, cut->text);
+    context.diagnostics.report(cut->id, cut->place, cut->text);
   context.lastWrongLine = cutLine;
   return false;
 }
@@ -108,20 +109,6 @@ bool ParserBase::expect(TokenKind kind) {
     return true;
   expected(describe(kind));
   return false;
-}
-
-Node ParserBase::from(const SourceRange &begin) {
-  SourceRange range = begin;
-  const SourceRange &last = stream.getLastPlace();
-  // A construct that began in one file and ended in another (a copybook in its middle) is shown
-  // with the file in which it began: its end is that of its first token.
-  if (last.file == begin.file &&
-      (last.endLine > range.endLine ||
-       (last.endLine == range.endLine && last.endColumn > range.endColumn))) {
-    range.endLine = last.endLine;
-    range.endColumn = last.endColumn;
-  }
-  return Node(range);
 }
 
 bool ParserBase::atPeriodInWord() {
@@ -194,62 +181,56 @@ Word *ParserBase::parseProcedureWord() {
 }
 
 QualifiedWord *ParserBase::parseQualifiedWord(llvm::StringRef what) {
-  SourceRange begin = here();
-  Word *name = parseUserWord(what);
+  return parseQualifiers(parseUserWord(what));
+}
+
+QualifiedWord *ParserBase::parseQualifiers(Word *name) {
   if (!name)
     return nullptr;
-  std::list<Word *> names{name};
+  auto *names = new QualifiedWord(name);
+  names->addNames(name);
+  if (!at(Keyword::Of, Keyword::In))
+    return names;
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *qualifier = parseUserWord("the name that qualifies");
     if (!qualifier)
       return nullptr;
-    names.push_back(qualifier);
+    names->addNames(qualifier);
   }
-  return make<QualifiedWord>(begin, &names);
+  return complete(names);
 }
 
 QualifiedWord *ParserBase::parseProcedureName() {
-  SourceRange begin = here();
   Word *name = parseProcedureWord();
   if (!name)
     return nullptr;
-  std::list<Word *> names{name};
+  auto *names = new QualifiedWord(name);
+  names->addNames(name);
   // The language allows one qualifier; the checker reports more.
   while (acceptAny(Keyword::Of, Keyword::In)) {
     Word *section = parseProcedureWord();
     if (!section)
       return nullptr;
-    names.push_back(section);
+    names->addNames(section);
   }
-  return make<QualifiedWord>(begin, &names);
+  return complete(names);
 }
 
 //===----------------------------------------------------------------------===//
 // Literals
 //===----------------------------------------------------------------------===//
 
-bool ParserBase::atNumericLiteral() {
-  if (at(TokenKind::Plus, TokenKind::Minus))
-    return peek().isJoinedToNext() && peek(1).isNumber();
-  return peek().isNumber();
-}
-
-bool ParserBase::atLiteral() {
-  return atNumericLiteral() || at(TokenKind::AlphanumericLiteral) ||
-         peek().isFigurativeConstant() ||
-         (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText()));
-}
-
 NumericLiteralExpression *ParserBase::parseNumericLiteral() {
   if (!atNumericLiteral())
     return expected("a number");
   SourceRange begin = here();
-  llvm::SmallString<40> text;
-  if (at(TokenKind::Plus, TokenKind::Minus)) {
-    text = peek().spelling;
+  llvm::SmallString<40> signedText;
+  if (!peek().isNumber()) {
+    signedText = peek().spelling;
     stream.skip();
+    signedText += peek().spelling;
   }
-  text += peek().spelling;
+  const llvm::StringRef text = signedText.empty() ? peek().spelling : llvm::StringRef(signedText);
   stream.skip();
   auto *literal = make<NumericLiteralExpression>(begin, text);
   if (context.decimalPointIsComma)
@@ -261,8 +242,27 @@ NonNumericLiteralExpression *ParserBase::parseNonNumericLiteral() {
   if (!at(TokenKind::AlphanumericLiteral))
     return expected("a literal in quotes");
   auto *literal = makeAt<NonNumericLiteralExpression>(here(), peek().text);
+  checkHexLiteral(peek());
   stream.skip();
   return literal;
+}
+
+/// Reports a hexadecimal literal whose digits do not make characters: two each, in NX'...' four.
+/// The checks after the parser look at all characters of X'...' but the last one.
+void ParserBase::checkHexLiteral(const Token &token) {
+  const llvm::StringRef prefix =
+      token.text.take_until([](char c) { return c == '"' || c == '\''; });
+  const bool isNational = prefix.equals_insensitive("NX");
+  if (!isNational && !prefix.equals_insensitive("X"))
+    return;
+  const llvm::StringRef digits = token.text.drop_front(prefix.size()).trim("\"'");
+  const llvm::StringRef wrong = digits.drop_while(llvm::isHexDigit);
+  const std::size_t digitsEach = isNational ? 4 : 2;
+  if (!wrong.empty() && (isNational || wrong.size() == 1))
+    error(DiagnosticId::HexDigitExpected, token.place, describe(token), wrong.take_front());
+  else if (wrong.empty() && digits.size() % digitsEach != 0)
+    error(DiagnosticId::HexDigitsIncomplete, token.place, describe(token), digits.size(),
+          digitsEach);
 }
 
 static FigurativeType figurativeTypeOf(Keyword keyword) {
@@ -308,7 +308,7 @@ FigurativeLiteralExpression *ParserBase::parseFigurativeConstant() {
     stream.skip();
     return makeAt<FigurativeLiteralExpression>(begin, type, nullptr);
   }
-  if (peek().isUserWord() && scope().isSymbolicCharacter(peek().getInternedText())) {
+  if (peek().isUserWord() && isSymbolicCharacter(peek())) {
     auto *symbol =
         makeAt<FigurativeLiteralExpression>(begin, FigurativeType::SymbolicCharacter, nullptr);
     symbol->setSymbolName(peek().text);

@@ -63,6 +63,8 @@ struct ParserContext {
   SourceUnit *unit = nullptr;
   unsigned depth = 0; ///< of nested statements, parentheses, programs
   bool decimalPointIsComma = false;
+  /// A unit has a clause SYMBOLIC CHARACTERS.
+  bool hasSymbolicCharacters = false;
   /// The file is a copybook that is read by itself: what stands around it in a program is unknown.
   bool isCopybook = false;
   /// The functions that REPOSITORY lets stand without FUNCTION, by their interned names.
@@ -144,7 +146,19 @@ public:
   /// The place of the next token.
   SourceRange here() { return peek().place; }
   /// The place from \p begin to the end of the last token taken, as the position of a new node.
-  Node from(const SourceRange &begin);
+  Node from(const SourceRange &begin) {
+    SourceRange range = begin;
+    const SourceRange &last = stream.getLastPlace();
+    // A construct that began in one file and ended in another (a copybook in its middle) is shown
+    // with the file in which it began: its end is that of its first token.
+    if (last.file == begin.file &&
+        (last.endLine > begin.endLine ||
+         (last.endLine == begin.endLine && last.endColumn > begin.endColumn))) {
+      range.endLine = last.endLine;
+      range.endColumn = last.endColumn;
+    }
+    return Node(range);
+  }
 
   /// A new node from \p begin to the last token taken.
   template <typename T, typename... Arguments>
@@ -205,17 +219,29 @@ public:
   Word *parseProcedureWord();
   /// name {OF | IN} name ...
   QualifiedWord *parseQualifiedWord(llvm::StringRef what);
+  /// The same where \p name, which may be null, was taken.
+  QualifiedWord *parseQualifiers(Word *name);
   /// procedure-name {OF | IN} section-name
   QualifiedWord *parseProcedureName();
 
   /// Whether a numeric literal, with or without a sign, is next.
-  bool atNumericLiteral();
+  bool atNumericLiteral() {
+    const Token &token = peek();
+    return token.isNumber() || (token.isOneOf(TokenKind::Plus, TokenKind::Minus) &&
+                                token.isJoinedToNext() && peek(1).isNumber());
+  }
   /// Whether a literal or a figurative constant is next.
-  bool atLiteral();
+  bool atLiteral() {
+    const Token &token = peek();
+    if (token.isWord())
+      return token.isFigurativeConstant() || (token.isUserWord() && isSymbolicCharacter(token));
+    return token.is(TokenKind::AlphanumericLiteral) || atNumericLiteral();
+  }
   /// Any literal or figurative constant, including ALL literal and symbolic characters.
   LiteralExpression *parseLiteral();
   NumericLiteralExpression *parseNumericLiteral();
   NonNumericLiteralExpression *parseNonNumericLiteral();
+  void checkHexLiteral(const Token &token);
   FigurativeLiteralExpression *parseFigurativeConstant();
 
   //===--------------------------------------------------------------------===//
@@ -236,7 +262,13 @@ public:
   /// Takes the header of \p division, which divisionAt() returned, up to its period.
   void takeDivisionHeader(Keyword division);
   /// Whether any division header, END PROGRAM or the end of the file is next.
-  bool atUnitBoundary();
+  bool atUnitBoundary() {
+    const Token &token = peek();
+    const bool isPossible = token.is(TokenKind::EndOfFile) ||
+                            (flagsOf(token.keyword) & KF_UnitHeader) ||
+                            (token.isFirstOnLine() && (flagsOf(peek(1).keyword) & KF_UnitHeader));
+    return isPossible && atUnitHeader();
+  }
   bool atEndProgram();
   /// Whether the PROGRAM-ID paragraph is next, with which a program begins that has no division
   /// header before it.
@@ -254,14 +286,34 @@ public:
 
   enum class HeaderKind : uint8_t { None, Paragraph, Section };
   /// What begins with the next token where a sentence may begin.
-  HeaderKind headerKind();
-  /// Whether the next word begins a paragraph or a section, so that it cannot be an operand.
-  bool atProcedureHeader();
+  HeaderKind headerKind() {
+    const Token &name = peek();
+    const bool isPossible = name.isWord() ? !name.isVerb() : name.is(TokenKind::IntegerLiteral);
+    return isPossible ? headerKindOfName() : HeaderKind::None;
+  }
+  /// Whether the next word begins a paragraph or a section, so that it cannot be an operand: a name
+  /// in area A before a period, and any name before SECTION.
+  ///
+  /// Where the period of the sentence before it is missing, it must not be taken for an operand of
+  /// that sentence. In free form every line begins in area A, which proves nothing.
+  bool atProcedureHeader() {
+    const Token &name = peek();
+    if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
+      return false;
+    const bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
+    const Token &next = peek(1);
+    return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
+  }
   bool atMisspeltSection();
   bool atDeclaratives();
-  bool atEndDeclaratives();
+  bool atEndDeclaratives() {
+    return at(Keyword::End, Keyword::Declaratives) && atEndOfDeclaratives();
+  }
   /// Whether a statement begins with the next token.
-  bool atStatement();
+  bool atStatement() {
+    const Token &token = peek();
+    return token.isVerb() || (!token.is(Keyword::None) && atVerbOfTwoWords());
+  }
 
   /// The period of an entry or header. A missing period is reported; then parsing goes on as if it
   /// were there.
@@ -302,6 +354,10 @@ public:
   bool isItem(llvm::StringRef name) const {
     return static_cast<bool>(scope().findItems(&internString(name)));
   }
+  /// Whether the word is a symbolic character that the unit can see.
+  bool isSymbolicCharacter(const Token &word) const {
+    return context.hasSymbolicCharacters && scope().isSymbolicCharacter(word.getInternedText());
+  }
   /// Whether the word is declared as anything that can be an operand.
   bool isNamed(const Token &word) const {
     const std::string *name = word.getInternedText();
@@ -335,6 +391,10 @@ protected:
 private:
   bool isToBeReported(DiagnosticId id, const SourceRange &place);
   Keyword divisionBefore(unsigned n);
+  bool atUnitHeader();
+  HeaderKind headerKindOfName();
+  bool atEndOfDeclaratives();
+  bool atVerbOfTwoWords();
   Keyword namelessDivision(unsigned n);
   Keyword tornDivision();
   unsigned nextLineBegin(unsigned limit);

@@ -23,9 +23,17 @@ public:
   Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink,
                Expansion *record);
 
-  void next(Token &token);
+  void next(Token &token) {
+    if (plainText) {
+      plainText->next(token);
+      if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
+        return;
+      levels.back()->pushBack(token);
+    }
+    makeNext(token);
+  }
 
-  void setDebuggingMode(bool on) { context.debuggingMode = on; }
+  void setDebuggingMode(bool on);
   void setDecimalPointIsComma(bool on);
   const ParseOptions &getOptions() const { return context.options; }
   const SourceDiagnostics &getDiagnostics() const { return diagnostics; }
@@ -134,9 +142,9 @@ private:
   bool isStopped = false;
   SourceRange stopPlace;
   bool hasBegun = false;
-  /// Whether tokens come as the lexer makes them, up to the next COPY or REPLACE: nothing is
-  /// replaced by REPLACE, recorded or made of a map.
-  bool isPlain = false;
+  /// The lexer on top, where tokens come as it makes them, up to the next COPY or REPLACE: nothing
+  /// is replaced, recorded or made of a map. Else null.
+  Lexer *plainText = nullptr;
 };
 
 Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEndDiagnostics &sink,
@@ -151,21 +159,16 @@ Preprocessor::Preprocessor(const SourceFile &main, SourceManager &files, FrontEn
     record->begin(main, format);
 }
 
+void Preprocessor::setDebuggingMode(bool on) {
+  context.debuggingMode = on;
+  for (const std::unique_ptr<Level> &level : levels)
+    level->lexer.applySettings();
+}
+
 void Preprocessor::setDecimalPointIsComma(bool on) {
   context.decimalPointIsComma = on;
   for (const std::unique_ptr<Level> &level : levels)
-    level->lexer.updateDecimalPoint();
-}
-
-void Preprocessor::next(Token &token) {
-  if (isPlain && replacingLevels == 0) {
-    Level &level = *levels.back();
-    level.next(token);
-    if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
-      return;
-    level.pushBack(token);
-  }
-  makeNext(token);
+    level->lexer.applySettings();
 }
 
 /// Makes the next token of any text.
@@ -194,7 +197,9 @@ void Preprocessor::makeNext(Token &token) {
   if (!hasBegun && token.is(TokenKind::EndOfFile) && !diagnostics.hasErrors())
     diagnostics.report(DiagnosticId::NothingToCompile, token.place);
   hasBegun = true;
-  isPlain = !isStopped && !record && placesOfMaps.empty() && !replacer.isActive();
+  const bool isPlain = !isStopped && !record && placesOfMaps.empty() && !replacer.isActive() &&
+                       replacingLevels == 0 && !levels.back()->hasPushedBack;
+  plainText = isPlain ? &levels.back()->lexer : nullptr;
 }
 
 /// Where text that stands at \p place comes from: for that of a symbolic map, a place in the source
@@ -763,25 +768,38 @@ TokenStream::TokenStream(TokenStream &enclosing) : outer(&enclosing) {}
 TokenStream::~TokenStream() = default;
 
 void TokenStream::setTokens(llvm::ArrayRef<Token> tokens) {
+  buffer.front().place = tokens.empty() ? getLastPlace() : tokens.front().place;
+  takenBefore = getTaken();
   given = tokens;
-  first = count = 0;
-  if (!tokens.empty())
-    last = tokens.front().place;
+  current = end = buffer.data() + 1;
 }
 
+/// Looks at tokens until there are \p wanted of them.
 void TokenStream::fill(unsigned wanted) {
-  for (; count < wanted; ++count) {
-    Token &token = ring[(first + count) % lookAhead];
+  if (wanted > buffer.end() - current)
+    makeRoom();
+  for (const Token *last = current + wanted; end < last;) {
+    Token *token = end++;
     if (source) {
-      source->next(token);
+      source->next(*token);
     } else if (!given.empty()) {
-      token = given.front();
+      *token = given.front();
       given = given.drop_front();
     } else {
-      token = Token();
-      token.place = last;
+      *token = Token();
+      token->place = getLastPlace();
     }
   }
+}
+
+/// Moves the tokens to the front of the buffer. There are lookAhead tokens before them at least, so
+/// that looking at tokens writes over none that a caller still refers to.
+void TokenStream::makeRoom() {
+  const std::ptrdiff_t passed = current - buffer.data() - 1;
+  std::copy(current - 1, end, buffer.data());
+  current -= passed;
+  end -= passed;
+  takenBefore += passed;
 }
 
 /// Makes tokens of \p text, of which each line is scanned by itself, as the lexer does.
@@ -791,7 +809,7 @@ void Preprocessor::scan(llvm::StringRef text, const EmbeddedLines &places,
   scanner.setDecimalPointIsComma(context.decimalPointIsComma);
   while (!text.empty()) {
     auto [line, rest] = text.split('\n');
-    scanner.setText(line.begin(), line.end());
+    scanner.setText(line);
     for (Token token; scanner.scan(token); token = Token()) {
       token.place = places.rangeOf(token.spelling);
       tokens.push_back(token);
@@ -807,7 +825,7 @@ void TokenStream::scanEmbedded(llvm::StringRef text, const EmbeddedLines &places
 
 void TokenStream::correct(Keyword meant) {
   fill(1);
-  Token &word = ring[first];
+  Token &word = *current;
   word.keyword = meant;
   word.interned = &internString(textOf(meant));
   word.text = *word.interned;
@@ -839,7 +857,7 @@ const ParseOptions &TokenStream::getOptions() const {
 
 void TokenStream::skipRemark() {
   // What was looked at already may hold the end.
-  for (; count > 0; skip())
+  for (; current != end; skip())
     if (peek().isOneOf(TokenKind::Period, TokenKind::EndOfFile))
       return;
   source->skipRemark();
@@ -851,7 +869,7 @@ void TokenStream::skipCommentEntry() {
            (token.isInAreaA() && (flagsOf(token.keyword) & KF_Header));
   };
   // What was looked at already is part of the entry, unless a header is among it.
-  for (; count > 0; skip())
+  for (; current != end; skip())
     if (isHeader(peek()))
       return;
   source->skipCommentEntry();

@@ -17,6 +17,7 @@
 #include "llvm/ADT/SmallVector.h"
 #include <array>
 #include <cassert>
+#include <cstddef>
 #include <memory>
 
 namespace tarka {
@@ -55,9 +56,9 @@ public:
   /// is valid until the next call of a function of the stream.
   const Token &peek(unsigned n = 0) {
     assert(n < lookAhead && "looks too far ahead");
-    if (n >= count)
+    if (end - current <= static_cast<std::ptrdiff_t>(n))
       fill(n + 1);
-    return ring[(first + n) % lookAhead];
+    return current[n];
   }
 
   /// Takes the next token off the stream.
@@ -69,12 +70,9 @@ public:
 
   /// Leaves the next token out.
   void skip() {
-    if (count == 0)
+    if (current == end)
       fill(1);
-    last = ring[first].place;
-    first = (first + 1) % lookAhead;
-    --count;
-    ++taken;
+    ++current;
   }
 
   /// Makes the next token, a word, the keyword that it was meant to be.
@@ -83,10 +81,10 @@ public:
   bool atEnd() { return peek().is(TokenKind::EndOfFile); }
 
   /// The place of the token that was taken last: where a construct ends.
-  const SourceRange &getLastPlace() const { return last; }
+  const SourceRange &getLastPlace() const { return current[-1].place; }
 
   /// How many tokens were taken off the stream.
-  uint64_t getTaken() const { return taken; }
+  uint64_t getTaken() const { return takenBefore + (current - 1 - buffer.data()); }
 
   /// Reads debugging lines from the next line on (WITH DEBUGGING MODE).
   void setDebuggingMode(bool on);
@@ -118,15 +116,18 @@ public:
 
 private:
   void fill(unsigned wanted);
+  void makeRoom();
 
   std::unique_ptr<Preprocessor> source; ///< null for a stream of given tokens
   TokenStream *outer = nullptr;         ///< of a stream of given tokens
   llvm::ArrayRef<Token> given;
-  std::array<Token, lookAhead> ring;
-  unsigned first = 0;
-  unsigned count = 0;
-  uint64_t taken = 0;
-  SourceRange last;
+  /// The token that was taken last, then those that were looked at, from the next one up to the
+  /// end. They move to the front when there is no more room behind them.
+  std::array<Token, 2 * lookAhead> buffer;
+  Token *current = buffer.data() + 1;
+  Token *end = current;
+  /// How many tokens were taken before those in the buffer.
+  uint64_t takenBefore = 0;
 };
 
 } // namespace tarka

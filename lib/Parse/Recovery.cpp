@@ -158,6 +158,22 @@ bool Recovery::acceptAbandonedEnd(Keyword endWord) {
   return true;
 }
 
+/// At the end of a list, which may have ended too early because of the mistake for which its END-
+/// words were abandoned.
+void Recovery::loosenEnds() {
+  for (size_t i = abandonedBegin; i < abandonedEnds.size(); ++i)
+    looseEnds.insert(abandonedEnds[i]);
+  abandonedEnds.truncate(abandonedBegin);
+  hasEnds = true;
+}
+
+/// At the end of a sentence: what a misplaced period has cut off is expected in the next one.
+void Recovery::passEnds() {
+  expectedEnds = std::exchange(cutEnds, {});
+  looseEnds.clear();
+  hasEnds = !expectedEnds.empty();
+}
+
 /// The parts of statements of \p verb that can be found without their statement.
 static uint8_t strayPartsOf(Keyword verb) {
   unsigned parts = 0;
@@ -176,11 +192,13 @@ void Recovery::noteMisplacedPeriod() {
     if (one.scope)
       cutEnds.insert(one.scope->endWord);
   }
+  hasEnds = true;
 }
 
 void Recovery::noteCutOff(Keyword verb) {
   if (const ScopedVerb *scope = scopeOf(verb))
     cutEnds.insert(scope->endWord);
+  hasEnds = true;
 }
 
 void Recovery::noteBrokenOff(const Token &verb, Keyword brokenVerb) {

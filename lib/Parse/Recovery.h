@@ -147,10 +147,8 @@ public:
       recovery.abandonedBegin = recovery.abandonedEnds.size();
     }
     ~ListScope() {
-      // The list may have ended too early because of the same mistake.
-      for (size_t i = recovery.abandonedBegin; i < recovery.abandonedEnds.size(); ++i)
-        recovery.looseEnds.insert(recovery.abandonedEnds[i]);
-      recovery.abandonedEnds.truncate(recovery.abandonedBegin);
+      if (recovery.abandonedEnds.size() > recovery.abandonedBegin)
+        recovery.loosenEnds();
       recovery.abandonedBegin = outerBegin;
     }
     ListScope(const ListScope &) = delete;
@@ -249,9 +247,8 @@ public:
     tornLineOfLastSentence = std::exchange(tornLine, 0U);
     sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
-    if (!expectedEnds.empty() || !cutEnds.empty())
-      expectedEnds = std::exchange(cutEnds, {});
-    looseEnds.clear();
+    if (hasEnds)
+      passEnds();
     unmatchedEnd = false;
     suspect = doubtful = 0;
   }
@@ -272,6 +269,8 @@ private:
 
   bool isLeftOver(DiagnosticId id, const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;
+  void loosenEnds();
+  void passEnds();
 
   TokenStream &stream;
   OpenConstructs &constructs;
@@ -314,6 +313,8 @@ private:
   llvm::SmallSet<Keyword, 4> expectedEnds;
   /// The END- words of statements of this sentence that were skipped in lists that have ended.
   llvm::SmallSet<Keyword, 4> looseEnds;
+  /// Whether one of these sets may hold anything.
+  bool hasEnds = false;
   uint64_t statementsBegun = 0;
   /// The number of the statement in which mistakes are consequences of what stands before it.
   uint64_t suspect = 0;

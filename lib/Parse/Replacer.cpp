@@ -124,7 +124,7 @@ const Token &Replacer::windowAt(size_t index, Source source) {
 /// Puts the text words of a picture string into the window.
 void Replacer::splitPicture(const Token &picture) {
   Scanner scanner(context.words, /*keepsCommas=*/true);
-  scanner.setText(picture.text.begin(), picture.text.end());
+  scanner.setText(picture.text);
   Token piece;
   for (uint8_t flags = picture.flags; scanner.scan(piece); flags = 0) {
     piece.flags = flags;
@@ -202,7 +202,7 @@ void Replacer::makePart(const Replacement &pair) {
   }
   llvm::StringRef kept = copyForever(text);
   Scanner scanner(context.words, /*keepsCommas=*/true);
-  scanner.setText(kept.begin(), kept.end());
+  scanner.setText(kept);
   llvm::SmallVector<Token, 4> tokens;
   for (Token token; scanner.scan(token);)
     tokens.push_back(token);
@@ -270,7 +270,7 @@ void Replacer::readAgain(bool asPicture) {
   }
   Scanner scanner(context.words, /*keepsCommas=*/false);
   scanner.setDecimalPointIsComma(context.decimalPointIsComma);
-  scanner.setText(rest.begin(), rest.end());
+  scanner.setText(rest);
   for (Token token; scanner.scan(token);)
     add(token);
 }

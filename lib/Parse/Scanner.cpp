@@ -1,9 +1,9 @@
 //===- Scanner.cpp - from characters to tokens ----------------------------===//
 
-#include "Parse/CharacterTable.h"
-#include "Parse/Lexer.h"
+#include "Parse/Scanner.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
+#include <algorithm>
 #include <cstring>
 
 namespace tarka {
@@ -23,15 +23,8 @@ llvm::StringRef pictureIn(llvm::StringRef text) {
   return text;
 }
 
-void Scanner::finish(Token &token, TokenKind kind, const char *begin) {
-  token.kind = previous = kind;
-  token.keyword = Keyword::None;
-  token.interned = nullptr;
-  token.text = token.spelling = llvm::StringRef(begin, cursor - begin);
-}
-
-bool Scanner::scan(Token &token) {
-  token.flags = 0;
+/// Makes the next token, whatever it is; false at the end of the text.
+bool Scanner::scanAny(Token &token) {
   for (; cursor < textEnd; ++cursor) {
     const char *begin = cursor;
     switch (classOf(*cursor)) {
@@ -110,12 +103,22 @@ const char *Scanner::skipTag() const {
   return end > cursor + 1 && end < textEnd && *end == ':' ? end + 1 : cursor;
 }
 
+/// The first character from \p at on that no word has, or the end of the text.
+const char *Scanner::skipWord(const char *at) const {
+  for (; at < wideEnd; at += TextChunk::size) {
+    const auto count = TextChunk::countFirst(TextChunk(at).findWordCharacters());
+    if (count < TextChunk::size)
+      return std::min(at + count, textEnd);
+  }
+  while (at < textEnd && isWordCharacter(*at))
+    ++at;
+  return std::min(at, textEnd);
+}
+
 void Scanner::scanWord(Token &token, const char *begin) {
   const char *tagEnd = cursor;
   do {
-    cursor = tagEnd;
-    while (cursor < textEnd && isWordCharacter(*cursor))
-      ++cursor;
+    cursor = skipWord(tagEnd);
     tagEnd = skipTag();
   } while (tagEnd != cursor);
   if (cursor < textEnd && classOf(*cursor) == CharacterClass::Quote &&
@@ -126,11 +129,7 @@ void Scanner::scanWord(Token &token, const char *begin) {
   // A hyphen joins two parts of a word; it does not end one.
   while (cursor[-1] == '-')
     --cursor;
-  finish(token, TokenKind::Word, begin);
-  WordLookup word = words.lookup(token.spelling);
-  token.interned = word.interned;
-  token.keyword = word.keyword;
-  token.text = word.isUpperCase ? token.spelling : llvm::StringRef(*word.interned);
+  finishWord(token, begin, words.lookup(llvm::StringRef(begin, cursor - begin)));
 }
 
 /// A number, or a word that begins with digits.

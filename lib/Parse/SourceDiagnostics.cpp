@@ -11,6 +11,7 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
   case DiagnosticId::ContinuedLiteralWithoutQuote:
   case DiagnosticId::UnclosedLiteral:
   case DiagnosticId::TextPastMargin:
+  case DiagnosticId::WordPastMargin:
   case DiagnosticId::CopyNameExpected:
   case DiagnosticId::CopyLibraryExpected:
   case DiagnosticId::CopyPeriodExpected:
@@ -45,11 +46,14 @@ const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,
   // The line of the mistake was read a moment ago.
   for (const CutLine &cut : llvm::reverse(cutLines)) {
     const SourceRange &place = cut.place;
+    const bool isBetween = place.file == last.file && place.beginLine == last.endLine &&
+                           last.endColumn < place.beginColumn &&
+                           (next.file != place.file || next.beginLine > place.beginLine);
     bool isLast = place.file == last.file && place.beginLine == last.endLine &&
                   last.endColumn >= place.beginColumn;
     bool isNext = place.file == next.file && place.beginLine == next.beginLine &&
                   next.endColumn >= place.beginColumn;
-    if (isLast || isNext)
+    if (isLast || isNext || isBetween)
       return &cut;
   }
   return nullptr;

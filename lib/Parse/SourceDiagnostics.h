@@ -19,7 +19,8 @@ namespace tarka {
 
 /// Text that goes on past the column at which lines of fixed form end.
 struct CutLine {
-  SourceRange place; ///< of the last word before the margin
+  DiagnosticId id;   ///< what explains a mistake there: TextPastMargin or WordPastMargin
+  SourceRange place; ///< of the last word before the margin, or of the first one past it
   std::string text;  ///< the word with what follows it past the margin
   /// Whether the text past the margin is program text without doubt: other lines have nothing
   /// there.
@@ -63,10 +64,12 @@ public:
 
   /// Notes a line whose text seems to go on past column 72. Most of what stands there identifies
   /// the line, so only a mistake on such a line is explained by it.
-  void noteCutLine(const SourceRange &place, llvm::StringRef text, bool isEvident) {
-    cutLines.push_back({place, text.str(), isEvident});
+  void noteCutLine(DiagnosticId id, const SourceRange &place, llvm::StringRef text,
+                   bool isEvident) {
+    cutLines.push_back({id, place, text.str(), isEvident});
   }
-  /// The line that is cut at \p last or \p next; null where both are whole.
+  /// The line that is cut at the tokens \p last or \p next or between them; null where both are
+  /// whole and follow each other.
   const CutLine *findCutLine(const SourceRange &last, const SourceRange &next) const;
 
   /// Reports the lines that are evidently cut and do not explain a mistake.

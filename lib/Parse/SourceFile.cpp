@@ -5,6 +5,7 @@
 #include "Parse/BmsMacros.h"
 #include "Parse/CharacterTable.h"
 #include "Parse/SourceDamage.h"
+#include "Parse/TextChunk.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
@@ -22,9 +23,8 @@ size_t findBinary(llvm::StringRef text) {
   size_t count = 0;
   llvm::StringRef sample = text.take_front(4096);
   for (size_t i = 0; i < sample.size(); ++i) {
-    // Eight bytes at a time over what is plain text.
-    while (sample.size() - i > 8 && !holdsUnusual(load8(sample.data() + i)))
-      i += 8;
+    while (sample.size() - i > TextChunk::size && !TextChunk(sample.data() + i).findUnusual())
+      i += TextChunk::size;
     unsigned char byte = sample[i];
     if (byte >= 0x20 || byte == '\n' || byte == '\r' || isBlank(sample[i]))
       continue;
@@ -51,8 +51,8 @@ llvm::StringRef trimEnd(llvm::StringRef text) {
 /// Where the first line of \p text ends: at a LF or CR, or the end of the text.
 size_t findLineEnd(llvm::StringRef text) {
   size_t end = 0;
-  while (text.size() - end >= 8 && !holdsUnusual(load8(text.data() + end)))
-    end += 8;
+  while (text.size() - end >= TextChunk::size && !TextChunk(text.data() + end).findUnusual())
+    end += TextChunk::size;
   while (end < text.size() && text[end] != '\n' && text[end] != '\r')
     ++end;
   return end;
@@ -62,6 +62,10 @@ size_t findLineEnd(llvm::StringRef text) {
 class FormatDetector {
 public:
   void look(llvm::StringRef line) {
+    if (isPlain(line)) {
+      ++lines;
+      return;
+    }
     llvm::StringRef text = trimStart(line);
     if (text.empty() || isOptions(text))
       return;
@@ -108,6 +112,20 @@ public:
   bool isDone() const { return directed != SourceFormat::Auto || lines >= 2000; }
 
 private:
+  /// Whether \p line is one of the most, which fit both forms: blank up to area A, no longer than
+  /// 80 columns, and with a word first that is none of compiler options.
+  static bool isPlain(llvm::StringRef line) {
+    if (line.size() < 9 || line.size() > 80 || !line.starts_with("       "))
+      return false;
+    std::size_t word = 7;
+    while (word + 1 < line.size() && (line[word] == ' ' || llvm::isDigit(line[word])))
+      ++word;
+    const char first = llvm::toUpper(line[word]);
+    const char second = word + 1 < line.size() ? llvm::toUpper(line[word + 1]) : ' ';
+    return llvm::isAlpha(first) && !(first == 'C' && second == 'B') &&
+           !(first == 'P' && second == 'R');
+  }
+
   static bool isOptions(llvm::StringRef text) {
     auto isNumbering = [](char c) { return c == ' ' || llvm::isDigit(c); };
     llvm::StringRef word = text.drop_while(isNumbering).take_while(isWordCharacter);

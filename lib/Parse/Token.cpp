@@ -77,14 +77,4 @@ std::string describe(const Token &token) {
   return text + "'";
 }
 
-const std::string *Token::getInternedText() const {
-  return isWord() && interned ? interned : &internString(text);
-}
-
-const std::string *Token::getInternedSpelling() const {
-  // Of most words the text is the spelling itself.
-  bool isSame = text.data() == spelling.data() && text.size() == spelling.size();
-  return isWord() && interned && isSame ? interned : &internString(spelling);
-}
-
 } // namespace tarka

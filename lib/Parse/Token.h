@@ -108,9 +108,15 @@ struct Token {
   bool isFigurativeConstant() const { return tarka::isFigurativeConstant(keyword); }
 
   /// The interned text of a word, as the constructor of Word wants it.
-  const std::string *getInternedText() const;
+  const std::string *getInternedText() const {
+    return isWord() && interned ? interned : &internString(text);
+  }
   /// The interned spelling of a word; the same address as the text where the two are equal.
-  const std::string *getInternedSpelling() const;
+  const std::string *getInternedSpelling() const {
+    // Of most words the text is the spelling itself.
+    const bool isSame = text.data() == spelling.data() && text.size() == spelling.size();
+    return isWord() && interned && isSame ? interned : &internString(spelling);
+  }
 };
 
 /// How a message shows \p token to a person: its text in quotes, or what it is called.

@@ -629,7 +629,7 @@ void JsonPrinter::printEntry(const DataDescription &entry) {
       });
     else
       printData(entry);
-    auto printAll = [&](llvm::StringRef key, const std::list<DataDescription *> &entries) {
+    auto printAll = [&](llvm::StringRef key, const auto &entries) {
       if (!entries.empty())
         json.attributeArray(key, [&] {
           for (const DataDescription *one : entries)

@@ -208,7 +208,7 @@ void TreePrinter::print(Program &program) {
   all("generated", listOrEmpty(TopLevel::getTopLevelInstance("")->getDummyListUsedMove()));
 }
 
-void TreePrinter::words(llvm::StringRef role, const std::list<Word *> &list) {
+void TreePrinter::words(llvm::StringRef role, const NodeList<Word> &list) {
   llvm::SmallVector<llvm::StringRef, 8> names;
   for (const Word *word : list)
     names.push_back(word->getDisplayName());

@@ -16,8 +16,7 @@ void TreePrinter::entry(llvm::StringRef role, const DataDescription *to) {
     sink.target(role, {entryName(*to), placeOf(*to)});
 }
 
-template <typename Entry>
-void TreePrinter::entries(llvm::StringRef role, const std::list<Entry *> &list) {
+template <typename List> void TreePrinter::entries(llvm::StringRef role, const List &list) {
   llvm::SmallVector<TreeTarget, 8> targets;
   for (const DataDescription *to : list)
     targets.push_back({entryName(*to), placeOf(*to)});

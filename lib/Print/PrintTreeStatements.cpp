@@ -338,7 +338,7 @@ void TreePrinter::fields(DisplayStatement &statement) {
 
 void TreePrinter::fields(MoveStatement &statement) {
   flag("corresponding", statement.isCorresponding());
-  if (std::list<MoveRule> *rules = statement.getMoveRuleList()) {
+  if (std::optional<llvm::ArrayRef<MoveRule>> rules = statement.getMoveRules()) {
     llvm::SmallVector<llvm::StringRef, 8> names;
     for (MoveRule rule : *rules)
       names.push_back(nameOf(rule));

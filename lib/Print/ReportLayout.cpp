@@ -104,7 +104,7 @@ std::string wordsOf(const Expression *operand) {
 }
 
 template <typename Operand>
-std::string wordsOf(const std::list<Operand *> &operands, const char *separator = " ") {
+std::string wordsOf(const NodeList<Operand> &operands, const char *separator = " ") {
   std::string words;
   for (const Operand *operand : operands)
     words += (words.empty() ? "" : separator) + wordsOf(operand);

@@ -72,8 +72,8 @@ private:
     if (part)
       print(role, *part);
   }
-  template <typename Part> void all(llvm::StringRef role, const std::list<Part *> &parts) {
-    for (Part *part : parts)
+  template <typename List> void all(llvm::StringRef role, const List &parts) {
+    for (auto *part : parts)
       one(role, part);
   }
   void name(llvm::StringRef role, const Word *word) {
@@ -93,10 +93,10 @@ private:
     if (expression)
       print(role, *expression);
   }
-  void words(llvm::StringRef role, const std::list<Word *> &list);
+  void words(llvm::StringRef role, const NodeList<Word> &list);
   /// Other entries of the division, which are referred to.
   void entry(llvm::StringRef role, const DataDescription *to);
-  template <typename Entry> void entries(llvm::StringRef role, const std::list<Entry *> &list);
+  template <typename List> void entries(llvm::StringRef role, const List &list);
 
   // The commands of embedded languages.
   void print(llvm::StringRef role, EmbeddedCommand &command);

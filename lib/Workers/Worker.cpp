@@ -69,6 +69,11 @@ std::uint64_t addressSpace() {
   return pages * static_cast<std::uint64_t>(sysconf(_SC_PAGESIZE));
 }
 
+/// Ends this process, which is a worker, with WorkerEnd::OutOfMemory.
+[[noreturn]] void endOutOfMemory() {
+  _exit(exitOutOfMemory);
+}
+
 void limitMemory(const WorkerOptions &options) {
   if (options.maxBytes == 0)
     return;
@@ -82,10 +87,6 @@ void limitMemory(const WorkerOptions &options) {
 }
 
 } // namespace
-
-void endOutOfMemory() {
-  _exit(exitOutOfMemory);
-}
 
 void FileDescriptor::reset(int descriptor) {
   if (number >= 0)

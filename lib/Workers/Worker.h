@@ -54,11 +54,6 @@ struct WorkerEnd {
   int value = 0;
 };
 
-/// Ends this process, which is a worker, with WorkerEnd::OutOfMemory. operator new and LLVM's
-/// allocations come here of themselves; an allocator that does not use the new handler is to be
-/// connected by the task.
-[[noreturn]] void endOutOfMemory();
-
 struct WorkerOptions {
   /// How much memory, in bytes of address space, the worker may take in addition to what the
   /// process has; 0 for no limit.

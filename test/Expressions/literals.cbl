@@ -28,10 +28,10 @@ PROCEDURE DIVISION.
     MOVE 1.5E-100 TO FLOAT-ITEM. *> expect: 3305
     MOVE 12345678901234567890123456789.012E100 TO FLOAT-ITEM. *> expect: 3306 3304 3305
 
-    *> Hexadecimal digits in either case; the last one goes unseen.
+    *> Hexadecimal digits in either case; the checks leave the last one to the front end.
     MOVE X"0F" TO TEXT-ITEM.
     MOVE X"c1C2" TO TEXT-ITEM.
-    MOVE X"0G" TO TEXT-ITEM.
+    MOVE X"0G" TO TEXT-ITEM. *> expect: 32
     MOVE X"G0" TO TEXT-ITEM. *> expect: 3307
     MOVE X"G0H0" TO TEXT-ITEM. *> expect: 3307
     MOVE "G0" TO TEXT-ITEM.

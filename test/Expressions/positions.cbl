@@ -8,7 +8,7 @@
        01  X PIC X(40).
        01  N PIC 9(4) VALUE 4.
        01  P PIC 9(4)V99.
-       01  T PIC X OCCURS 10.
+       01  TT. 05 T PIC X OCCURS 10.
        PROCEDURE DIVISION.
            MOVE X(1:LENGTH OF X / 2) TO X
            MOVE X(N / 2:N ** 2) TO X

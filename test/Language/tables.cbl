@@ -75,7 +75,8 @@
            compute n = length of e + function length(h)
            compute n = length of e(6) *> expect: 5001
            move function max(e(all)) to n
-           move function sum(e(1) h(all 5)) to n *> expect: 5001:35
+           move function sum(e(1) e(all)) to n
+           move function max(h(1 1) h(all 5)) to x *> expect: 5001
            move function max(e) to n *> expect: 5002
            move e(all) to n *> expect: 5003
       *> Parts.
@@ -96,5 +97,16 @@
            move x(n-on:1) to x *> expect: 5005
            move e(n-on) to x *> expect: 5005
            move function max(n-on n) to n *> expect: 5005
+      *> Arguments.
+           move function mod(n) to n *> expect: 5014
+           move function mod(n 2 3) to n *> expect: 5014
+           move function pi(n) to n *> expect: 5014
+           move function random to n
+           move function random(1) to n
+           move function year-to-yyyy(n 50) to n
+           move function mod(e(all)) to n
+           compute n = function sum(n x 1) + function abs(zero) *> expect: 5015:39
+           compute n = function present-value(1 n x) *> expect: 5015:51
+           move function trim(x leading) to x
            evaluate n-on when true display x end-evaluate
            stop run.

@@ -42,7 +42,7 @@
        DATA DIVISION.
        WORKING-STORAGE SECTION.
        01  A PIC X(10).
-       01  MAX PIC 9(5) OCCURS 3.
+       01  MAXIMA. 05 MAX PIC 9(5) OCCURS 3.
        PROCEDURE DIVISION.
            MOVE TRIM(A) TO A
            MOVE MAX(1) TO MAX(2)

@@ -6,7 +6,7 @@
        WORKING-STORAGE SECTION.
            EXEC SQL INCLUDE NESTED END-EXEC.
        01  N PIC 9(4).
-       01  DFHVALUE PIC 9(4) OCCURS 5.
+       01  VALUES-OF. 05 DFHVALUE PIC 9(4) OCCURS 5.
        01  CLOB-AREA SQL TYPE IS XML AS CLOB(2 M).
       *> The names decide how long the lines are that are made of these.
        01  BIG SQL TYPE IS CLOB(1M).

@@ -146,7 +146,7 @@ LINKAGE SECTION.
 01  V-1                         PIC S9(9) BINARY.
 01  V-2                         POINTER.
 01  V-3                         PIC X.
-PROCEDURE DIVISION USING BY VALUE V-1 V-2 V-3 RETURNING RESULT.
+PROCEDURE DIVISION USING BY VALUE V-1 V-2 V-3 RETURNING RESULT. *> expect: 5016
     CALL "CALLER".
 *> CHECK:      CallStatement <[[#@LINE-1]]:5-
 *> CHECK-NOT:    parameter:

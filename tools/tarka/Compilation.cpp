@@ -28,9 +28,6 @@
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
-#ifdef TARKA_MIMALLOC
-#include <mimalloc.h>
-#endif
 
 namespace tarka {
 
@@ -300,10 +297,6 @@ void compile(llvm::function_ref<void()> work) {
     work();
     return;
   }
-#ifdef TARKA_MIMALLOC
-  // The elements of lists lie on huge pages, as the tree itself does.
-  mi_option_enable(mi_option_large_os_pages);
-#endif
   llvm::thread thread(std::optional<unsigned>(compilationStack), [work] {
     hasStack = true;
     work();

@@ -313,6 +313,14 @@ void printEnterpriseRules(llvm::raw_ostream &out, OutputFormat format) {
 
 } // namespace
 
+std::string explanationPage(unsigned number) {
+  std::string page;
+  llvm::raw_string_ostream out(page);
+  for (const DiagnosticRow *row : rowsOf(number))
+    printDiagnosticMarkdown(out, *row);
+  return llvm::StringRef(page).ltrim().str();
+}
+
 int explain(const Request &request) {
   const bool isAboutEnterprise =
       request.numbers.size() == 1 && request.numbers.front() == "enterprise";

@@ -4,6 +4,7 @@
 #define TARKA_TOOLS_EXPLAIN_H
 
 #include "CommandLine.h"
+#include <string>
 
 namespace tarka {
 
@@ -11,6 +12,9 @@ namespace tarka {
 /// breaks it with its report, the same program mended, and related diagnostics. Without a number
 /// all are listed; in JSON and Markdown that is everything there is to say of each.
 int explain(const Request &request);
+
+/// What there is to say of the diagnostics of that number, in Markdown; empty when there is none.
+std::string explanationPage(unsigned number);
 
 } // namespace tarka
 

@@ -2,6 +2,7 @@
 
 #include "Findings.h"
 #include "AST/Program.h"
+#include "AST/Spelling.h"
 #include "Analyzer/ErrorHandler.h"
 #include "Explanations.h"
 #include "Parse/Diagnostics.h"
@@ -39,6 +40,17 @@ std::optional<NameKind> missingName(int number) {
              MnemonicNameUndefined, AcceptMnemonicInvalid, DisplayMnemonicInvalid}))
     return NameKind::SpecialName;
   return std::nullopt;
+}
+
+/// The word nearest to \p name that a condition can end with, such as POSITIVE. What is none of
+/// them is taken for the name of a class.
+llvm::StringRef nearConditionWord(llvm::StringRef name) {
+  const std::string wanted = name.upper();
+  SpellingMatch match(wanted);
+  for (const char *word : {"ALPHABETIC", "ALPHABETIC-LOWER", "ALPHABETIC-UPPER", "DBCS", "KANJI",
+                           "NEGATIVE", "NUMERIC", "POSITIVE", "ZERO"})
+    match.consider(word);
+  return match.getNearest();
 }
 
 class FindingCollector {
@@ -100,7 +112,7 @@ Diagnostic FindingCollector::convert(const ErrorEntry &entry) {
 void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry) {
   diagnostic.subject = entry.getSubject();
   if (diagnostic.subject.empty()) {
-    Subject subject = describe(*entry.getNode());
+    Subject subject = describe(entry.getOperand() ? *entry.getOperand() : *entry.getNode());
     diagnostic.subject = std::move(subject.name);
     diagnostic.detail = std::move(subject.detail);
   }
@@ -119,6 +131,8 @@ void FindingCollector::describe(Diagnostic &diagnostic, const ErrorEntry &entry)
     near = nearNames.find(name, *kind, *unit);
   else if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotInScope).number)
     near = nearNames.findQualified(diagnostic.subject, *unit);
+  if (near.empty() && diagnostic.number == errorInfo(ErrorCode::ClassConditionUndefined).number)
+    near = nearConditionWord(name);
   if (!near.equals_insensitive(name))
     diagnostic.suggestion = near;
   if (diagnostic.number == errorInfo(ErrorCode::IdentifierNotUnique).number)

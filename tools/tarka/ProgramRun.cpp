@@ -11,8 +11,8 @@
 #include "llvm/Support/raw_ostream.h"
 #include <cstring>
 #include <system_error>
-#ifdef TARKA_MIMALLOC
-#include <mimalloc.h>
+#ifdef __GLIBC__
+#include <malloc.h>
 #endif
 
 namespace tarka {
@@ -33,14 +33,13 @@ bool print(llvm::raw_ostream &out, llvm::StringRef text) {
   return isWritten;
 }
 
-/// Lets the worker notice that its memory is at an end, and gives it the stack of compilations.
+/// Lets the worker keep the memory that a program has freed for the next one, and gives it the
+/// stack of compilations.
 void prepareWorker(llvm::function_ref<void()> work) {
-#ifdef TARKA_MIMALLOC
-  auto handle = [](int error, void *) {
-    if (error == ENOMEM)
-      endOutOfMemory();
-  };
-  mi_register_error(handle, nullptr);
+#ifdef __GLIBC__
+  mallopt(M_ARENA_MAX, 1);
+  mallopt(M_TRIM_THRESHOLD, 64 << 20);
+  mallopt(M_MMAP_THRESHOLD, 1 << 20);
 #endif
   compile(work);
 }

@@ -49,8 +49,8 @@ TEST(StatementTest, FamiliesKnowTheirMembers) {
 TEST(StatementTest, OneByteMembersTakeNoRoom) {
   EXPECT_EQ(sizeof(ContinueStatement), sizeof(Node));
   EXPECT_EQ(sizeof(ExitPerformStatement), sizeof(Node) + sizeof(void *));
-  EXPECT_EQ(sizeof(MoveStatement), sizeof(Node) + 2 * sizeof(void *) + sizeof(std::list<int>));
-  EXPECT_EQ(sizeof(IfStatement), sizeof(Node) + 2 * sizeof(void *) + sizeof(std::list<int>));
+  EXPECT_EQ(sizeof(MoveStatement), sizeof(Node) + 4 * sizeof(void *));
+  EXPECT_EQ(sizeof(IfStatement), sizeof(Node) + 3 * sizeof(void *));
   EXPECT_EQ(sizeof(ReadStatement), sizeof(Node) + 4 * sizeof(void *));
 }
 
@@ -59,30 +59,52 @@ TEST(StatementTest, ConstructorsTakeListsAndPosition) {
   where.beginLine = 7;
   const Node at(where);
   ContinueStatement first(&at), second(&at);
-  std::list<Statement *> then = {&first}, otherwise = {&second, &first};
+  NodeList<Statement> then = {&first}, otherwise = {&second, &first};
   IfStatement both(&at, nullptr, &then, &otherwise);
   IfStatement neither(&at, nullptr, nullptr, nullptr);
   EXPECT_EQ(both.getBeginLineNo(), 7);
-  EXPECT_EQ(both.getIfStmtListElements(), (std::list<Statement *>{&first}));
-  EXPECT_EQ(both.getElseStmtListElements(), (std::list<Statement *>{&second, &first}));
+  EXPECT_EQ(both.getIfStmtListElements(), (NodeList<Statement>{&first}));
+  EXPECT_EQ(both.getElseStmtListElements(), (NodeList<Statement>{&second, &first}));
   EXPECT_EQ(neither.getIfStmtListSize(), 0u);
   EXPECT_EQ(neither.getElseStmtListBegin(), neither.getElseStmtListEnd());
 }
 
-// Lists that do not exist share one empty list; adding to one must not show in another.
-TEST(StatementTest, ListsThatComeLateAreTheirOwn) {
-  PerformStatement outOfLine(nullptr, PerformStmtType::Simple);
-  PerformStatement empty(nullptr, PerformStmtType::Simple, nullptr, nullptr, nullptr, nullptr,
-                         nullptr, nullptr);
-  ContinueStatement body(nullptr);
-  EXPECT_EQ(empty.getInlineStatementsSize(), 0u);
-  empty.addInlineStatement(&body);
-  EXPECT_EQ(empty.getInlineStatementsSize(), 1u);
-  EXPECT_EQ(*empty.getInlineStatementsBegin(), &body);
-  EXPECT_EQ(outOfLine.getInlineStatementsSize(), 0u);
+// A list has its elements in itself, or in a block that is replaced when it is full; copies and
+// originals must not show each other's elements.
+TEST(StatementTest, ListsKeepTheirElements) {
+  ContinueStatement one(nullptr), two(nullptr);
+  NodeList<Statement> list;
+  std::vector<Statement *> expected;
+  auto same = [&] { return std::vector<Statement *>(list.begin(), list.end()) == expected; };
+  for (int i = 0; i < 100; ++i) {
+    Statement *next = i % 7 == 0 ? nullptr : i % 2 ? &one : &two;
+    list.push_back(next);
+    expected.push_back(next);
+    ASSERT_TRUE(same()) << i;
+  }
+  list.push_front(&two);
+  expected.insert(expected.begin(), &two);
+  EXPECT_TRUE(same());
+
+  NodeList<Statement> copy = list, few{&one}, copyOfFew = few;
+  copy.push_back(&one);
+  copy.pop_back();
+  copy.pop_back();
+  copyOfFew.pop_back();
+  EXPECT_TRUE(same());
+  EXPECT_EQ(copy.size(), list.size() - 1);
+  EXPECT_EQ(few, NodeList<Statement>{&one});
+  EXPECT_TRUE(copyOfFew.empty());
+
+  NodeList<Statement> taken = GivenList<Statement>(&list).take();
+  EXPECT_TRUE(list.empty());
+  EXPECT_EQ(taken.size(), expected.size());
+  std::list<Statement *> standard(taken.begin(), taken.end());
+  EXPECT_EQ(GivenList<Statement>(&standard).take(), taken);
+  EXPECT_TRUE(standard.empty());
 }
 
-// Inner tests point at the lists of the EVALUATE, which must keep them.
+// Inner tests have the elements of the lists of the EVALUATE, which must keep them.
 TEST(StatementTest, InnerStatementsLeaveTheTreeWhole) {
   EvaluateStatement evaluate(nullptr);
   EvaluateSubject subject(nullptr, EvalSubjectType::True, nullptr, nullptr);

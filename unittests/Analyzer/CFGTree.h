@@ -18,7 +18,7 @@
 
 namespace tarka::test {
 
-using Statements = std::list<Statement *>;
+using Statements = NodeList<Statement>;
 
 inline Node *atLine(unsigned line) {
   return new Node(SourceRange{internFileName("test.cbl"), line, 12, line, 20});
@@ -117,7 +117,7 @@ struct Tree {
     division->addPara(added);
     return added;
   }
-  Section *add(llvm::StringRef section, const std::list<Paragraph *> &paragraphs) {
+  Section *add(llvm::StringRef section, const NodeList<Paragraph> &paragraphs) {
     auto *added = new Section(atLine(1), word(section));
     for (Paragraph *paragraph : paragraphs)
       added->addPara(paragraph);

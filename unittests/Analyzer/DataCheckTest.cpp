@@ -64,7 +64,7 @@ protected:
   }
 
   static Entries entries(llvm::ArrayRef<DataDescription *> found) { return found.vec(); }
-  static Entries entries(const std::list<DataDescription *> &found) {
+  template <typename List> static Entries entries(const List &found) {
     return {found.begin(), found.end()};
   }
 

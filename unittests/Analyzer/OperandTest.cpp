@@ -218,7 +218,7 @@ TEST_F(BindingTest, ReportDeclarativesTellWhatTheyUse) {
   ASSERT_EQ(context().getDummyListUsedMove()->size(), before + 1);
   auto *move = llvm::cast<MoveStatement>(context().getDummyListUsedMove()->back());
   EXPECT_EQ(move->getSource(), operand);
-  EXPECT_EQ(move->getMoveRuleList()->size(), 1u);
+  EXPECT_EQ(move->getMoveRules()->size(), 1u);
   EXPECT_NE(bind({"U"}), nullptr);
   EXPECT_EQ(unused->getAccessWay(), 1);
   EXPECT_EQ(context().getDummyListUsedMove()->size(), before + 1);

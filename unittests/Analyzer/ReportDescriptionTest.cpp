@@ -13,7 +13,7 @@ namespace {
 
 class ReportDescriptionTest : public CheckerTest {
 protected:
-  using Items = std::list<ReportDataDescription *>;
+  using Items = NodeList<ReportDataDescription>;
 
   SourceUnit *current = currentUnit();
   DataDivision *data = current->getDataDivision();
@@ -157,7 +157,7 @@ TEST_F(ReportDescriptionTest, SumsAndCounts) {
   DataDescription *amount = data->findItemByName("AMOUNT")->front();
   EXPECT_EQ(amount->getGenDEElements(), Items{total});
   EXPECT_EQ(amount->getUsedRDListSize(), 1u);
-  EXPECT_EQ(detail->getCountExprListElements(), std::list<Expression *>{name});
+  EXPECT_EQ(detail->getCountExprListElements(), NodeList<Expression>{name});
   EXPECT_EQ(count->getCountDataListSize(), 1u);
 }
 

@@ -190,8 +190,8 @@ TEST_F(WalkTest, DeclarativesAreSortedByTheirUse) {
   add(nullptr); // after one of each kind: it belongs to both
 
   EXPECT_TRUE(checker.semanticCheck(*division));
-  EXPECT_EQ(division->getRptDeclElements(), (std::list<Declaratives *>{made[1], made[2], made[4]}));
-  EXPECT_EQ(division->getBaseDeclElements(), (std::list<Declaratives *>{made[3], made[4]}));
+  EXPECT_EQ(division->getRptDeclElements(), (NodeList<Declaratives>{made[1], made[2], made[4]}));
+  EXPECT_EQ(division->getBaseDeclElements(), (NodeList<Declaratives>{made[3], made[4]}));
   EXPECT_EQ(groups[0]->getDeclIndex(), 2);
   EXPECT_EQ(groups[1]->getDeclIndex(), 1);
   EXPECT_EQ(sales->getDeclIndexCnt(), 2);

@@ -35,7 +35,7 @@ protected:
       return "'" + text->getData() + "'";
     return "?";
   }
-  template <typename Operand> static std::string show(const std::list<Operand *> &operands) {
+  template <typename Operand> static std::string show(const NodeList<Operand> &operands) {
     std::string text;
     for (const Operand *operand : operands)
       text += (text.empty() ? "" : " ") + show(operand);

@@ -21,7 +21,7 @@ namespace {
 
 /// For each clause, how many later ones have the same name. Clauses without a name have none.
 template <typename Clause, typename NameOf>
-llvm::DenseMap<Clause *, unsigned> countLaterNamesakes(const std::list<Clause *> &clauses,
+llvm::DenseMap<Clause *, unsigned> countLaterNamesakes(const NodeList<Clause> &clauses,
                                                        NameOf nameOf) {
   llvm::DenseMap<Clause *, unsigned> namesakes;
   llvm::DenseMap<const std::string *, unsigned> seen;

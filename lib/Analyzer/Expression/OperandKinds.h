@@ -49,6 +49,12 @@ inline bool isReferenceModified(const Expression &operand) {
   return identifier && identifier->getReferenceMod();
 }
 
+/// The subscript ALL, which is kept as a named figurative constant.
+inline bool isAllSubscript(const Expression &subscript) {
+  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&subscript);
+  return constant && constant->getSymbolName() == "ALL";
+}
+
 /// A whole group, not a part of it.
 inline bool isGroupItem(const Expression &operand) {
   const DataDescription *entry = entryOf(operand);

@@ -105,7 +105,7 @@ bool SemanticChecker::semanticCheck(SwitchCondition &condition) {
 
   QualifiedWord *name = condition.getSwitchName();
   Word *status = *name->getNamesBegin();
-  std::list<ClauseEnvName *> found = specialNames->findClauseEnvNameByCondName(status);
+  NodeList<ClauseEnvName> found = specialNames->findClauseEnvNameByCondName(status);
   switch (name->getNamesSize()) {
   case 1:
     if (found.empty())

@@ -33,7 +33,7 @@ void bindTo(SemanticChecker &checker, DataIdentifierExpression &identifier,
 /// Binds the reference to the entry that its qualifiers fit. When several fit, it is the last one.
 bool bindQualified(SemanticChecker &checker, DataIdentifierExpression &identifier,
                    const Homonyms &homonyms) {
-  const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
+  const NodeList<Word> &words = identifier.getQualifiedWord()->getNamesElements();
   const auto matches = matchQualified(homonyms, words);
   for (const QualifiedMatch &match : matches) {
     // A match through a file or report gives the entry only; compilers rely on this difference.
@@ -73,7 +73,7 @@ bool isPlain(const DataIdentifierExpression &identifier) {
 
 bool SemanticChecker::semanticCheck(DataIdentifierExpression &identifier, bool silentIfUndefined,
                                     bool preferReportItem) {
-  const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
+  const NodeList<Word> &words = identifier.getQualifiedWord()->getNamesElements();
   const std::string *name = &words.front()->getWordData();
   const Scope scope = currentScope();
   bool ok = true;
@@ -164,7 +164,7 @@ bool SemanticChecker::checkSubscriptModifier(DataIdentifierExpression &identifie
       continue;
     }
     if (!isSubscript(*subscript))
-      ok = report(ErrorCode::IntegerExpressionInvalid, &identifier);
+      ok = reportOperand(ErrorCode::IntegerExpressionInvalid, &identifier, *subscript);
     else if (auto *literal = llvm::dyn_cast<NumericLiteralExpression>(subscript);
              literal && literal->getIntegerValue() == 0) {
       warn(ErrorCode::SubscriptBelowOne, &identifier);

@@ -7,6 +7,7 @@
 
 #include "AST/Condition.h"
 #include "AST/DataDescription.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/EnterpriseRules.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "Analyzer/SemanticChecker.h"
@@ -86,6 +87,7 @@ std::optional<DataCategory> commonCategory(DataCategory first, DataCategory seco
 } // namespace
 
 bool SemanticChecker::semanticCheck(FunctionIdentifierExpression &function) {
+  state->hasPlainOperands = false;
   bool ok = true;
   for (Expression *argument : function.getFunctionArgListElements())
     ok &= semanticCheck(*argument);
@@ -209,9 +211,9 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
     bool ok = true;
     auto takeOperand = [&](Expression &operand) {
       if (!isArithmeticOperandKind(operand.getExprType()))
-        ok = report(ErrorCode::ArithmeticOperandInvalid, link);
+        ok = reportOperand(ErrorCode::ArithmeticOperandInvalid, link, operand);
       if (!isArithmeticOperandCategory(operand))
-        ok = report(ErrorCode::ArithmeticOperandInvalid, link);
+        ok = reportOperand(ErrorCode::ArithmeticOperandInvalid, link, operand);
       if (link->getSrcScale() < operand.getSrcScale()) {
         link->setSrcDigitNum(operand.getSrcDigitNum());
         link->setSrcScale(operand.getSrcScale());

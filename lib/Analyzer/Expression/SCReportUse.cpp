@@ -39,7 +39,7 @@ template <typename Use> void forEachSubscript(DataIdentifierExpression &identifi
 
 llvm::ArrayRef<ReportDataDescription *>
 SubscriptedSources::find(const DataDescription *entry,
-                         const std::list<ReportDataDescription *> &items) {
+                         const NodeList<ReportDataDescription> &items) {
   auto next = std::prev(items.end(), static_cast<std::ptrdiff_t>(items.size() - read));
   for (; next != items.end(); ++next, ++read)
     forEachSource(**next, [&](DataIdentifierExpression &source) {
@@ -87,11 +87,9 @@ void SemanticChecker::addDummyStmtForReportDeclaratives(DataIdentifierExpression
                                                         DataDescription *target) {
   auto *receiver = generate<DataIdentifierExpression>(nullptr, nullptr, nullptr, nullptr);
   receiver->setDataDescription(target);
-  std::list<IdentifierExpression *> receivers{receiver};
+  NodeList<IdentifierExpression> receivers{receiver};
   auto *move = generate<MoveStatement>(nullptr, source, &receivers, /*isCorresponding=*/false);
-  auto *rules = makeList<MoveRule>();
-  rules->push_back(getMoveRule(source, receiver));
-  move->setMoveRuleList(rules);
+  move->setMoveRules(getMoveRule(source, receiver));
   context().addStmtToDummyListUsedMove(move);
 }
 

@@ -23,7 +23,7 @@ public:
   /// Of \p items, which have a SOURCE clause and bound operands, those with a SOURCE that is
   /// subscripted by \p entry. The list is always the same one, and may only grow.
   llvm::ArrayRef<ReportDataDescription *> find(const DataDescription *entry,
-                                               const std::list<ReportDataDescription *> &items);
+                                               const NodeList<ReportDataDescription> &items);
 
 private:
   llvm::DenseMap<const DataDescription *, llvm::SmallVector<ReportDataDescription *, 1>>

@@ -86,9 +86,9 @@ private:
   void expectUnit(SourceUnit &unit);
   void expectProcedure(Procedure procedure, bool isPerformThru);
   void expectSection(Section &section);
-  void expectParagraphs(const std::list<Paragraph *> &paragraphs);
-  void expectSentences(const std::list<Sentence *> &sentences);
-  void expectList(const std::list<Statement *> &statements);
+  void expectParagraphs(const NodeList<Paragraph> &paragraphs);
+  void expectSentences(const NodeList<Sentence> &sentences);
+  void expectList(const NodeList<Statement> &statements);
   void expect(Statement &statement);
   void expectMade(Statement *made);
   void expectNested(Statement &statement);
@@ -408,7 +408,7 @@ void Verifier::expectSection(Section &section) {
   expectParagraphs(section.getParaElements());
 }
 
-void Verifier::expectParagraphs(const std::list<Paragraph *> &paragraphs) {
+void Verifier::expectParagraphs(const NodeList<Paragraph> &paragraphs) {
   for (Paragraph *paragraph : paragraphs) {
     expectProcedure({nullptr, paragraph}, paragraph->isPerformThru());
     expectSentences(paragraph->getSentElements());
@@ -431,7 +431,7 @@ void Verifier::expectProcedure(Procedure procedure, bool isPerformThru) {
     fail(CFGRule::RangeExit, exit, "the exit has no block to go on in");
 }
 
-void Verifier::expectSentences(const std::list<Sentence *> &sentences) {
+void Verifier::expectSentences(const NodeList<Sentence> &sentences) {
   for (Sentence *sentence : sentences)
     expectList(sentence->getStmtElements());
 }
@@ -442,7 +442,7 @@ void Verifier::expectMade(Statement *made) {
     expect(*made);
 }
 
-void Verifier::expectList(const std::list<Statement *> &statements) {
+void Verifier::expectList(const NodeList<Statement> &statements) {
   for (Statement *statement : statements)
     expect(*statement);
 }

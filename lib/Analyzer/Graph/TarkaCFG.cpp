@@ -127,7 +127,7 @@ CFGModule *CFGBuilder::createModule(Program &program) {
   return module;
 }
 
-void CFGBuilder::lowerSourceUnits(const std::list<SourceUnit *> &units) {
+void CFGBuilder::lowerSourceUnits(const NodeList<SourceUnit> &units) {
   for (SourceUnit *unit : units) {
     analysisSourceUnit(*unit);
     lowerSourceUnits(unit->getNestedListElements());
@@ -203,7 +203,7 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
   CFGBlock *start = makeTerminatorBlock("tkdummy_rpt_declaratives");
   continueOn(start);
 
-  std::list<Section *> *sections = makeList<Section *>();
+  auto *sections = makeList<Section *>();
   BlockList ends;
   for (Declaratives *declarative : division->getRptDeclElements()) {
     Section *section = declarative->getSection();
@@ -238,19 +238,19 @@ void CFGBuilder::analysisRptDeclaratives(ProcedureDivision *division) {
 void CFGBuilder::analysisBaseDeclaratives(ProcedureDivision *division) {
   // Register the exception declaratives, so that input-output statements can enter them.
   continueInNewBlock("tkdummy_register_use")->setRole(CFGBlockRole::Frame);
-  std::list<Section *> *registered = makeList<Section *>();
+  NodeList<Section> registered;
   for (Declaratives *declarative : division->getBaseDeclElements()) {
     UseStatement *use = declarative->getUseStmt();
     if (!use || use->getTimingType() != UseTimingType::AfterException)
       continue;
     currentBlock->addCFGElemStmt(
         generate<InnerRegisterExceptionStatement>(declarative, declarative));
-    registered->push_back(declarative->getSection());
+    registered.push_back(declarative->getSection());
   }
 
   continueInNewBlock("tkdummy_declaratives")->setRole(CFGBlockRole::Frame);
   Node nowhere;
-  CFGBlock *start = appendTerminator(generate<InnerBranchStatement>(&nowhere, registered));
+  CFGBlock *start = appendTerminator(generate<InnerBranchStatement>(&nowhere, &registered));
   for (Declaratives *declarative : division->getBaseDeclElements()) {
     Section *section = declarative->getSection();
     startProcedure(section->getSectionName(), *section, CFGBlockType::Ordinary);
@@ -285,7 +285,7 @@ void CFGBuilder::analysisSection(Section &section) {
     lowerProcedureExit(section.getSectionName()->getWordData(), &section, &section, nullptr);
 }
 
-void CFGBuilder::lowerParagraphs(const std::list<Paragraph *> &paragraphs) {
+void CFGBuilder::lowerParagraphs(const NodeList<Paragraph> &paragraphs) {
   for (Paragraph *paragraph : paragraphs) {
     startProcedure(paragraph->getParagraphName(), *paragraph);
     analysisParagraph(*paragraph);
@@ -300,7 +300,7 @@ void CFGBuilder::analysisParagraph(Paragraph &paragraph) {
 }
 
 /// The sentences of one paragraph, or those that stand before the first one.
-void CFGBuilder::lowerSentences(const std::list<Sentence *> &sentences) {
+void CFGBuilder::lowerSentences(const NodeList<Sentence> &sentences) {
   for (Sentence *sentence : sentences)
     analysisSentence(*sentence);
   joinExits(paragraphExits, "tkdummy_end_paragraph");

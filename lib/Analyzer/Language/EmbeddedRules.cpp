@@ -66,7 +66,7 @@ llvm::StringRef nearestItem(const Scope &scope, llvm::StringRef name) {
 }
 
 /// Whether the qualifiers of \p words fit more than one item.
-bool fitsSeveral(const Scope &scope, const std::list<Word *> &words) {
+bool fitsSeveral(const Scope &scope, const NodeList<Word> &words) {
   const Homonyms homonyms = scope.findItems(&words.front()->getWordData());
   if (!homonyms)
     return false;
@@ -114,7 +114,7 @@ void EmbeddedCheck::checkNames(EmbeddedCommand &command, SourceUnit &unit) {
 
 /// A name that is not declared is reported once in each program.
 void EmbeddedCheck::checkName(DataIdentifierExpression &name, SourceUnit &unit) {
-  const std::list<Word *> &words = name.getQualifiedWord()->getNamesElements();
+  const NodeList<Word> &words = name.getQualifiedWord()->getNamesElements();
   const Scope scope(&unit);
   if (name.getDataDescription()) {
     if (fitsSeveral(scope, words))

@@ -17,6 +17,36 @@ namespace tarka {
 // SELECT
 //===----------------------------------------------------------------------===//
 
+namespace {
+
+void checkKeys(ParaFileControl &entry, LanguageReport &report) {
+  Word &name = *entry.getFileName();
+  const AccessType access =
+      entry.getAccess() ? entry.getAccess()->getType() : AccessType::Sequential;
+  const OrganizationType organization = entry.getOrganizationType();
+  if (organization == OrganizationType::Indexed && !entry.getRecordKey())
+    report.report(LanguageRule::IndexedWithoutKey, name, name.getDisplayName());
+  if (organization == OrganizationType::Relative && access != AccessType::Sequential &&
+      !entry.getRelativeKey())
+    report.report(LanguageRule::RelativeWithoutKey, name, name.getDisplayName(),
+                  nameOf(access).lower());
+}
+
+void checkStatus(const ParaFileControl &entry, LanguageReport &report) {
+  DataIdentifierExpression *item = entry.getStatus() ? entry.getStatus()->getStatus_1() : nullptr;
+  const DataDescription *status = item ? item->getDataDescription() : nullptr;
+  if (!status || isUnknown(*item) || status->getAllocSize() <= 0)
+    return;
+  const bool isWide = status->getUsageType() == UsageType::National;
+  const std::int64_t characters = status->getAllocSize() / (isWide ? 2 : 1);
+  if (characters != 2)
+    report.report(LanguageRule::FileStatusSize, *item,
+                  item->getQualifiedWord()->getNamesElements().front()->getDisplayName(),
+                  countOf(characters, "character"));
+}
+
+} // namespace
+
 void checkFileControl(SourceUnit &unit, LanguageReport &report) {
   InputOutputSection *section = unit.getInputOutputSection();
   if (!section)
@@ -32,6 +62,9 @@ void checkFileControl(SourceUnit &unit, LanguageReport &report) {
         diagnostic->addNote("first selected here", *known->second->getFileName());
       continue;
     }
+    if (!report.isTreeIncomplete())
+      checkKeys(*entry, report);
+    checkStatus(*entry, report);
     const bool isDescribed = division && !division->findFiles(name.getWordData()).empty();
     if (!isDescribed && !report.isTreeIncomplete())
       report.report(LanguageRule::FileNotDescribed, name, name.getDisplayName());

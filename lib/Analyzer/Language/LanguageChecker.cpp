@@ -50,6 +50,7 @@ public:
     current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision()) {
+      checkRecords(*division, report);
       checkVariableTables(*division, report);
       checkReportEntries(*division, report);
     }
@@ -66,8 +67,9 @@ public:
 
 private:
   void check(ProcedureDivision &division) {
+    checkParameters(division, report);
     // What a declarative performs has been copied; it is checked where it is written.
-    const std::list<Section *> &renamed = division.getRenameSectionListElements();
+    const NodeList<Section> &renamed = division.getRenameSectionListElements();
     const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());
     for (Declaratives *declarative : division.getDeclElements())
       if (!copies.contains(declarative->getSection()))
@@ -85,7 +87,7 @@ private:
       sentences(paragraph->getSentElements(), {.inSection = true, .inParagraph = true});
   }
 
-  void sentences(const std::list<Sentence *> &list, const StatementContext &context) {
+  void sentences(const NodeList<Sentence> &list, const StatementContext &context) {
     for (Sentence *sentence : list)
       for (Statement *statement : sentence->getStmtElements())
         check(*statement, context);

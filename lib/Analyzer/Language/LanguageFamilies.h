@@ -3,6 +3,7 @@
 #ifndef TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
 #define TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
 
+#include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
 #include "LanguageReport.h"
@@ -14,15 +15,22 @@ void checkFileControl(SourceUnit &unit, LanguageReport &report);
 void checkFileStatement(Statement &statement, LanguageReport &report);
 
 /// Subscripts and reference modifiers, TableRules.cpp.
+void checkRecords(DataDivision &division, LanguageReport &report);
 void checkVariableTables(DataDivision &division, LanguageReport &report);
 void checkReportEntries(DataDivision &division, LanguageReport &report);
 void checkOperands(Statement &statement, LanguageReport &report);
+
+/// The arguments of a function, FunctionRules.cpp.
+void checkArguments(FunctionIdentifierExpression &function, LanguageReport &report);
 
 /// The procedure that a statement stands in.
 struct StatementContext {
   bool inSection = false;
   bool inParagraph = false;
 };
+
+/// USING and RETURNING of a procedure division, StatementRules.cpp.
+void checkParameters(ProcedureDivision &division, LanguageReport &report);
 
 /// Other rules of one statement, StatementRules.cpp.
 void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report);

@@ -1,8 +1,10 @@
-//===- StatementRules.cpp - other rules of one statement ------------------===//
+//===- StatementRules.cpp - parameters, other rules of one statement ------===//
 
+#include "AST/Procedure.h"
 #include "AST/StatementVisitor.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
+#include "llvm/ADT/SmallPtrSet.h"
 
 namespace tarka {
 
@@ -59,6 +61,29 @@ private:
 };
 
 } // namespace
+
+void checkParameters(ProcedureDivision &division, LanguageReport &report) {
+  llvm::SmallPtrSet<const DataDescription *, 8> parameters;
+  auto check = [&](Expression *item) {
+    auto *identifier = llvm::dyn_cast_or_null<DataIdentifierExpression>(item);
+    const DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
+    if (!entry || !entry->getDataName())
+      return false;
+    const bool isRecord = entry->getLevelNum() == 1 || entry->getLevelNum() == 77;
+    if (!isRecord || entry->getStorageType() != StorageType::Linkage)
+      report.report(LanguageRule::ParameterNotLinkageRecord, *item,
+                    entry->getDataName()->getDisplayName());
+    return true;
+  };
+  for (Parameter *parameter : division.getParameterElements()) {
+    Expression *item = parameter->getExpr();
+    if (check(item) && !parameters.insert(entryOfDataIdentifier(*item)).second)
+      report.report(LanguageRule::ParameterRepeated, *item,
+                    entryOfDataIdentifier(*item)->getDataName()->getDisplayName());
+  }
+  if (const Returning *returning = division.getReturning())
+    check(returning->getReturnItem());
+}
 
 void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report) {
   StatementCheck(context, report).visit(statement);

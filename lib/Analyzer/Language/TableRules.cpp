@@ -1,8 +1,8 @@
-//===- TableRules.cpp - subscripts and parts of items ---------------------===//
+//===- TableRules.cpp - tables, subscripts and parts of items -------------===//
 //
-// How many subscripts an item needs, and which literal subscripts and reference
-// modifiers are outside of the item whatever the program does. A table with
-// OCCURS DEPENDING ON counts with its maximum.
+// Which entries can be tables, how many subscripts an item needs, and which literal subscripts and
+// reference modifiers are outside of the item whatever the program does. A table with OCCURS
+// DEPENDING ON counts with its maximum.
 //
 //===----------------------------------------------------------------------===//
 
@@ -24,6 +24,10 @@ namespace {
 
 const std::string &nameOf(const DataIdentifierExpression &identifier) {
   return identifier.getQualifiedWord()->getNamesElements().front()->getDisplayName();
+}
+
+std::string displayNameOf(const DataDescription &entry) {
+  return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
 }
 
 /// The length of the item that an operand is; nothing for a table, of which one occurrence or all
@@ -124,12 +128,6 @@ std::optional<RelativeIndex> relativeIndexOf(const Expression &subscript) {
   return RelativeIndex{index, isAdded, *distance};
 }
 
-/// ALL is kept as a named figurative constant.
-bool isAll(const Expression &subscript) {
-  const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&subscript);
-  return constant && constant->getSymbolName() == "ALL";
-}
-
 /// The tables that \p entry is in, the outermost first.
 llvm::SmallVector<const DataDescription *, 4> tablesAround(const DataDescription &entry) {
   llvm::SmallVector<const DataDescription *, 4> tables;
@@ -196,6 +194,7 @@ public:
   }
 
   void visitFunctionIdentifierExpression(FunctionIdentifierExpression &function) {
+    checkArguments(function, report);
     const bool takesTables = function.getIntrinsicType() == IntrinsicType::Length;
     for (Expression *argument : function.getFunctionArgListElements())
       check(argument, takesTables ? OperandPlace::WholeTable : OperandPlace::FunctionArgument);
@@ -293,7 +292,7 @@ private:
       return false;
     }
     for (auto [table, subscript] : llvm::zip(tables, modifier->getSubscriptElements()))
-      if (isAll(*subscript)) {
+      if (isAllSubscript(*subscript)) {
         if (where == OperandPlace::Statement)
           report.report(LanguageRule::SubscriptAllOutsideFunction, identifier, nameOf(identifier));
       } else {
@@ -356,15 +355,31 @@ private:
                   nameOf(identifier), countOf(characters, "character"));
   }
 
-  static std::string displayNameOf(const DataDescription &entry) {
-    return entry.getDataName() ? entry.getDataName()->getDisplayName() : "FILLER";
-  }
-
   LanguageReport &report;
   OperandPlace place = OperandPlace::Statement;
 };
 
 } // namespace
+
+void checkRecords(DataDivision &division, LanguageReport &report) {
+  constexpr std::int64_t mostBytes = 2'147'483'647;
+  auto checkRecord = [&](DataDescription *record) {
+    // The level numbers 66, 77 and 88 with OCCURS have been reported.
+    if (record->getLevelNum() == 1 && record->getOccurs())
+      report.report(LanguageRule::OccursOnRecord, *record, displayNameOf(*record));
+    // In a record of the linkage section UNBOUNDED stands for the greatest number of occurrences.
+    else if (record->getStorageType() != StorageType::Linkage && record->getAllocSize() > mostBytes)
+      report.report(LanguageRule::RecordTooLarge, *record, displayNameOf(*record),
+                    record->isTooLarge() ? "too many bytes to count"
+                                         : countOf(record->getAllocSize(), "byte"),
+                    mostBytes);
+  };
+  for (FileDescription *file : division.getFileSectionElements())
+    std::for_each(file->getDataRecordDescBegin(), file->getDataRecordDescEnd(), checkRecord);
+  llvm::for_each(listOrEmpty(division.getWorkSection()), checkRecord);
+  llvm::for_each(division.getLocalSectionElements(), checkRecord);
+  llvm::for_each(division.getLinkSectionElements(), checkRecord);
+}
 
 void checkVariableTables(DataDivision &division, LanguageReport &report) {
   for (DataDescription *table : division.getVariableTables()) {

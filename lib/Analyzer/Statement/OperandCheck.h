@@ -26,7 +26,7 @@ public:
       ok &= checker.semanticCheck(*part);
     return *this;
   }
-  template <typename Part> OperandCheck &all(const std::list<Part *> &parts) {
+  template <typename Part> OperandCheck &all(const NodeList<Part> &parts) {
     for (Part *part : parts)
       one(part);
     return *this;

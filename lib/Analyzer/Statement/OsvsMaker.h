@@ -71,10 +71,9 @@ public:
 
   /// A MOVE whose sender needs no further check.
   Statement *move(Expression *sender, IdentifierExpression *receiver) {
-    std::list<IdentifierExpression *> receivers{receiver};
+    NodeList<IdentifierExpression> receivers{receiver};
     auto *statement = generate<MoveStatement>(at, sender, &receivers, /*isCorresponding=*/false);
-    statement->setMoveRuleList(makeList<MoveRule>());
-    statement->getMoveRuleList()->push_back(checker.getMoveRule(sender, receiver));
+    statement->setMoveRules(checker.getMoveRule(sender, receiver));
     return statement;
   }
 

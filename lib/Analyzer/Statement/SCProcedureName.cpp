@@ -139,7 +139,7 @@ Section *SemanticChecker::findSectionFromQualWord(QualifiedWord *name, Statement
 }
 
 Paragraph *SemanticChecker::findParagraphFromQualWord(QualifiedWord *name, Statement *statement) {
-  const std::list<Word *> &words = name->getNamesElements();
+  const NodeList<Word> &words = name->getNamesElements();
   if (words.size() > 2)
     return reportNoProcedure(*this, *name);
   const std::string &text = words.front()->getWordData();

@@ -55,15 +55,15 @@ public:
       : checker(theChecker), messages(theMessages) {}
 
   ArithmeticCheck &sender(Expression *operand);
-  ArithmeticCheck &senders(const std::list<Expression *> &operands) {
+  ArithmeticCheck &senders(const NodeList<Expression> &operands) {
     for (Expression *operand : operands)
       sender(operand);
     return *this;
   }
   /// The operands that are calculated in place.
-  ArithmeticCheck &receivers(const std::list<RoundedOperand *> &operands);
+  ArithmeticCheck &receivers(const NodeList<RoundedOperand> &operands);
   /// The operands that a result is stored in.
-  ArithmeticCheck &results(const std::list<RoundedOperand *> &operands);
+  ArithmeticCheck &results(const NodeList<RoundedOperand> &operands);
   ArithmeticCheck &corresponding(Expression *from, RoundedOperand *to, ErrorCode notGroup);
   ArithmeticCheck &remainder(Expression *operand);
   ArithmeticCheck &noFloat(Expression *operand, ErrorCode message);
@@ -115,14 +115,14 @@ bool ArithmeticCheck::bindReceiver(Expression *operand) {
   return false;
 }
 
-ArithmeticCheck &ArithmeticCheck::receivers(const std::list<RoundedOperand *> &operands) {
+ArithmeticCheck &ArithmeticCheck::receivers(const NodeList<RoundedOperand> &operands) {
   for (RoundedOperand *receiver : operands)
     if (Expression *operand = receiver->first; bindReceiver(operand) && !isNumber(*operand))
       report(isGroupItem(*operand) ? messages.group : messages.notNumeric, operand);
   return *this;
 }
 
-ArithmeticCheck &ArithmeticCheck::results(const std::list<RoundedOperand *> &operands) {
+ArithmeticCheck &ArithmeticCheck::results(const NodeList<RoundedOperand> &operands) {
   for (RoundedOperand *receiver : operands)
     if (Expression *operand = receiver->first; bindReceiver(operand) && !isNumberOrEdited(*operand))
       report(messages.result, operand);

@@ -63,10 +63,9 @@ bool prepareDliCall(SemanticChecker &checker, CallStatement &call, llvm::StringR
   Node at(call);
   auto *count = generate<NumericLiteralExpression>(&at, std::to_string(call.getArgumentListSize()));
   DataIdentifierExpression *receiver = makeRegister(at, dli.countRegister);
-  std::list<IdentifierExpression *> receivers{receiver};
+  NodeList<IdentifierExpression> receivers{receiver};
   auto *move = generate<MoveStatement>(&at, count, &receivers, /*isCorresponding=*/false);
-  move->setMoveRuleList(makeList<MoveRule>());
-  move->getMoveRuleList()->push_back(checker.getMoveRule(count, receiver));
+  move->setMoveRules(checker.getMoveRule(count, receiver));
   call.setMoveStmt(move);
   call.addArgumentFront(generate<Argument>(&at, ArgType::Reference,
                                            makeRegister(at, dli.countRegister),

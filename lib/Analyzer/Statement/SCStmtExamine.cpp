@@ -41,30 +41,29 @@ private:
   bool isLeading() const { return statement.getOptionType() == ExamineOptionType::Leading; }
 
   /// Everything before the first one: UNTIL FIRST.
-  std::list<InspectRegion *> *untilFirst() {
-    auto *regions = makeList<InspectRegion *>();
-    regions->push_back(generate<InspectRegion>(&statement, InspRegType::Before, sought));
-    return regions;
+  NodeList<InspectRegion> untilFirst() {
+    return {generate<InspectRegion>(&statement, InspRegType::Before, sought)};
   }
 
   TallyingItem *tallying(IdentifierExpression *counter) {
     TallyingItemFor *phrase = nullptr;
     if (isUntilFirst()) {
-      phrase =
-          generate<TallyingItemFor>(&statement, InspTailType::Characters, untilFirst(), nullptr);
+      NodeList<InspectRegion> regions = untilFirst();
+      phrase = generate<TallyingItemFor>(&statement, InspTailType::Characters, &regions, nullptr);
     } else {
       phrase = generate<TallyingItemFor>(
           &statement, isLeading() ? InspTailType::Leading : InspTailType::All, nullptr, nullptr);
       phrase->addTallyingRegion(generate<TallyingRegion>(&statement, sought, nullptr));
     }
-    std::list<TallyingItemFor *> phrases{phrase};
+    NodeList<TallyingItemFor> phrases{phrase};
     return generate<TallyingItem>(&statement, counter, &phrases);
   }
 
   ReplacingItem *replacing() {
-    if (isUntilFirst())
-      return generate<ReplacingItem>(&statement, InspReplType::Characters, by, untilFirst(),
-                                     nullptr);
+    if (isUntilFirst()) {
+      NodeList<InspectRegion> regions = untilFirst();
+      return generate<ReplacingItem>(&statement, InspReplType::Characters, by, &regions, nullptr);
+    }
     InspReplType which = isLeading() ? InspReplType::Leading : InspReplType::All;
     if (statement.getOptionType() == ExamineOptionType::First)
       which = InspReplType::First;

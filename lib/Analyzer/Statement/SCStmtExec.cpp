@@ -29,7 +29,7 @@ public:
   }
 
   void visitDataIdentifierExpression(DataIdentifierExpression &identifier) {
-    const std::list<Word *> &words = identifier.getQualifiedWord()->getNamesElements();
+    const NodeList<Word> &words = identifier.getQualifiedWord()->getNamesElements();
     DataDescription *entry = scope.findReferenced(words);
     // Registers, and what CICS and DB2 supply, are seen in nested programs too.
     if (!entry && words.size() == 1) {

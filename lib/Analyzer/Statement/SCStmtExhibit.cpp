@@ -122,7 +122,7 @@ void ExhibitConverter::addChangedDisplays(Word *device) {
         CombinedOperatorType::Or,
         make.compare(RelationalConditionType::Equal, make.reference(known), make.zero()),
         make.compare(RelationalConditionType::NotEqual, operand, make.reference(last)));
-    std::list<Statement *> show{display, make.move(operand, make.reference(last))};
+    NodeList<Statement> show{display, make.move(operand, make.reference(last))};
     statement.addConvertStmt(generate<IfStatement>(&statement, isChanged, &show, nullptr));
   }
   statement.addConvertStmt(make.move(make.number("1"), make.reference(known)));

@@ -33,7 +33,7 @@ private:
   bool checkConverting(ConvertingItem &item);
   bool checkOperand(Expression &operand, ErrorCode notCharacters);
   bool checkPair(Expression &replaced, Expression &by, ErrorCode notCharacters);
-  bool checkRegions(const std::list<InspectRegion *> &regions);
+  bool checkRegions(const NodeList<InspectRegion> &regions);
 
   SemanticChecker &checker;
   InspectStatement &statement;
@@ -101,7 +101,7 @@ bool InspectCheck::checkPair(Expression &replaced, Expression &by, ErrorCode not
 }
 
 /// BEFORE and AFTER. A figurative constant does not stand for a DBCS character there.
-bool InspectCheck::checkRegions(const std::list<InspectRegion *> &regions) {
+bool InspectCheck::checkRegions(const NodeList<InspectRegion> &regions) {
   bool ok = true;
   for (InspectRegion *region : regions) {
     Expression &limit = *region->getExpr();

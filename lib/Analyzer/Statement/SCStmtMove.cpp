@@ -72,7 +72,7 @@ bool SemanticChecker::semanticCheck(MoveStatement &statement) {
     ok = report(ErrorCode::IdentifierRequired, &statement);
 
   // After the first error the remaining receivers are checked, but get no rule.
-  auto *rules = makeList<MoveRule>();
+  llvm::SmallVector<MoveRule, 8> rules;
   for (IdentifierExpression *receiver : statement.getTargetListElements()) {
     if (llvm::isa<FunctionIdentifierExpression>(receiver)) {
       ok = report(ErrorCode::FunctionInReceivingArea, &statement);
@@ -80,9 +80,9 @@ bool SemanticChecker::semanticCheck(MoveStatement &statement) {
     }
     ok &= semanticCheck(*receiver);
     if (ok)
-      rules->push_back(getMoveRule(statement.getSource(), receiver));
+      rules.push_back(getMoveRule(statement.getSource(), receiver));
   }
-  statement.setMoveRuleList(rules);
+  statement.setMoveRules(rules);
   return ok;
 }
 

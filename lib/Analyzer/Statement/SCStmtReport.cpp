@@ -35,7 +35,7 @@ bool isDetailGroup(const DataDescription &entry) {
 /// Whether several items have the name of \p group, which has no qualifiers. Such a name is bound
 /// to one of them, and reported.
 bool isAmbiguous(const DataIdentifierExpression &group) {
-  const std::list<Word *> &words = group.getQualifiedWord()->getNamesElements();
+  const NodeList<Word> &words = group.getQualifiedWord()->getNamesElements();
   const Homonyms homonyms = currentScope().findItems(&words.front()->getWordData());
   const bool usesReportWriter = CompileOption::getCompileOptionInstance()->isOptionEnableRw();
   return words.size() == 1 && homonyms && !matchUnqualified(homonyms, usesReportWriter).isUnique;
@@ -50,7 +50,7 @@ bool SemanticChecker::semanticCheck(RwGenerateStatement &statement) {
   if (auto *name = llvm::dyn_cast_if_present<ReportIdentifierExpression>(statement.getFileName())) {
     if (findReport(name->getReportName()->getWordData()))
       return semanticCheck(*name) && ok;
-    std::list<Word *> words{name->getReportName()};
+    NodeList<Word> words{name->getReportName()};
     group = generate<DataIdentifierExpression>(name, generate<QualifiedWord>(name, &words), nullptr,
                                                nullptr);
     statement.setFileName(group);

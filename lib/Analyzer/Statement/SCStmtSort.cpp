@@ -192,7 +192,7 @@ bool checkSortIO(SemanticChecker &checker, SortIO &phrase, const FileDescription
 /// What SORT and MERGE have in common: the file, its keys, their order, and where records come from
 /// and go to.
 template <typename SortOrMerge>
-bool checkSort(SemanticChecker &checker, SortOrMerge &statement, const std::list<SortKey *> &keys) {
+bool checkSort(SemanticChecker &checker, SortOrMerge &statement, const NodeList<SortKey> &keys) {
   FileIdentifierExpression &name = *statement.getFileName();
   bool ok = checkFileName(checker, name, FileDescType::SortMerge);
   const FileDescription *file = ok ? name.getFileDescription() : nullptr;

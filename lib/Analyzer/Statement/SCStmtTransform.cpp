@@ -38,8 +38,8 @@ LiteralExpression *repeat(const NonNumericLiteralExpression &literal, std::int64
 
 /// The characters of \p operand one by one, from the first to the last of \p count; none where
 /// they cannot be written one by one.
-std::list<Expression *> splitCharacters(const Expression &operand, std::int64_t count) {
-  std::list<Expression *> characters;
+NodeList<Expression> splitCharacters(const Expression &operand, std::int64_t count) {
+  NodeList<Expression> characters;
   if (const auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(&operand)) {
     if (literal->getNonNumericLiteralType() == NonNumericLiteralType::Alphanumeric)
       for (char c : literal->getData())
@@ -75,7 +75,7 @@ void bindLike(SemanticChecker &checker, const Expression &checked, Expression &c
 
 /// One character, the value of an item, replaces several: REPLACING names each of them.
 static InspectStatement *replaceEach(const Node *at, IdentifierExpression *subject,
-                                     const std::list<Expression *> &characters, Expression *by) {
+                                     const NodeList<Expression> &characters, Expression *by) {
   auto *inspect = generate<InspectStatement>(at, subject, nullptr, nullptr, nullptr);
   auto *item = generate<ReplacingItem>(at, InspReplType::All, nullptr, nullptr, nullptr);
   inspect->addReplacing(item);
@@ -96,7 +96,7 @@ bool SemanticChecker::semanticCheck(TransformStatement &statement) {
     if (auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(to)) {
       to = repeat(*literal, count);
     } else if (llvm::isa<IdentifierExpression>(to)) {
-      std::list<Expression *> characters = splitCharacters(*from, count);
+      NodeList<Expression> characters = splitCharacters(*from, count);
       if (!characters.empty()) {
         InspectStatement *inspect = replaceEach(&statement, subject, characters, to);
         statement.setInspectStmt(inspect);

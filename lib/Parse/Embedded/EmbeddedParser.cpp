@@ -13,6 +13,7 @@ Expression *EmbeddedScratch::parseExpression(llvm::ArrayRef<Token> expression) {
     return nullptr;
   context.unit = outer.unit;
   context.decimalPointIsComma = outer.decimalPointIsComma;
+  context.hasSymbolicCharacters = outer.hasSymbolicCharacters;
   if (context.repositoryFunctions.size() != outer.repositoryFunctions.size())
     context.repositoryFunctions = outer.repositoryFunctions;
   context.recovery.resumeReporting();

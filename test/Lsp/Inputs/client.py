@@ -28,6 +28,7 @@ class Client:
         self.texts = {}  # as the editor has them, by path
         self.numbers = {}
         self.log = []
+        self.answers = {}  # by number, of requests that nobody waits for yet
         answer = self.request(
             "initialize",
             {
@@ -67,21 +68,23 @@ class Client:
         return self.lastId
 
     def finish(self, number, timeout=60):
-        while True:
-            message = self.take(timeout)
-            if message.get("id") == number:
-                if "error" in message:
-                    raise Failure(message["error"]["message"])
-                return message["result"]
+        self.until(lambda: number in self.answers, timeout)
+        message = self.answers.pop(number)
+        if "error" in message:
+            raise Failure(message["error"]["message"])
+        return message["result"]
 
     def request(self, method, params, timeout=60):
         return self.finish(self.start(method, params), timeout)
 
     def take(self, timeout=60):
-        """The next message; notifications are noted."""
+        """The next message; notifications and answers are noted."""
         message = self.messages.get(timeout=timeout)
         if message is None:
             raise EOFError("the server has ended")
+        if "method" not in message:
+            assert message["id"] not in self.answers, f"answered twice: {message}"
+            self.answers[message["id"]] = message
         if message.get("method") == "textDocument/publishDiagnostics":
             params = message["params"]
             path = params["uri"].removeprefix("file://")

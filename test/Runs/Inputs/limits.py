@@ -94,9 +94,11 @@ for form in ("json", "ndjson", "sarif", "github", "junit", "gcc"):
 
 # Memory.
 if "ASAN_OPTIONS" not in os.environ:
-    run = start("--memory-limit=1", files=names[:1])
+    Path("large.cbl").write_text(FAULTY + "           DISPLAY 'X'.\n" * 20_000)
+    run = start("--memory-limit=1", files=["large.cbl"])
     _, errors = run.communicate(timeout=60)
-    wanted = "tarka: p000.cbl: not analysed: it needs more than 1 MiB of memory (--memory-limit)\n"
+    wanted = "tarka: large.cbl: not analysed: it needs more than 1 MiB of memory (--memory-limit)\n"
+    os.remove("large.cbl")
     check("memory limit", run.returncode == 3 and errors == wanted, (run.returncode, errors))
 
 # A signal: what is known is reported in order, the report is complete, and no process is left.

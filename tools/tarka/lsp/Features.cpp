@@ -17,10 +17,12 @@ constexpr Feature table[] = {
     {"textDocument/typeDefinition", "typeDefinitionProvider", on, typeDefinition},
     {"textDocument/references", "referencesProvider", on, references},
     {"textDocument/documentHighlight", "documentHighlightProvider", on, documentHighlight},
-    {"textDocument/prepareRename", "", "", prepareRename},
-    {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename},
+    {"textDocument/prepareRename", "", "", prepareRename, TextNeeded::Present},
+    {"textDocument/rename", "renameProvider", R"({"prepareProvider":true})", rename, TextNeeded::Present},
     {"textDocument/hover", "hoverProvider", on, hover},
     {"textDocument/completion", "completionProvider", R"({"triggerCharacters":["-"]})", completion},
+    {"textDocument/signatureHelp", "signatureHelpProvider",
+     R"({"triggerCharacters":["("," ",","]})", signatureHelp},
     {"textDocument/prepareCallHierarchy", "callHierarchyProvider", on, prepareCallHierarchy},
     {"callHierarchy/incomingCalls", "", "", incomingCalls},
     {"callHierarchy/outgoingCalls", "", "", outgoingCalls},
@@ -35,10 +37,10 @@ constexpr Feature table[] = {
     {"textDocument/selectionRange", "selectionRangeProvider", on, selectionRange},
     {"textDocument/inlayHint", "inlayHintProvider", on, inlayHint},
     {"textDocument/codeAction", "codeActionProvider", R"({"codeActionKinds":["quickfix"]})",
-     codeAction},
+     codeAction, TextNeeded::Present},
     {"textDocument/codeLens", "codeLensProvider", "{}", codeLens},
-    {"textDocument/formatting", "documentFormattingProvider", on, format},
-    {"textDocument/rangeFormatting", "documentRangeFormattingProvider", on, format},
+    {"textDocument/formatting", "documentFormattingProvider", on, format, TextNeeded::Present},
+    {"textDocument/rangeFormatting", "documentRangeFormattingProvider", on, format, TextNeeded::Present},
     // Commands, see workspace/executeCommand.
     {"tarka.showExpanded", "", "", showExpanded},
     {"tarka.showFlow", "", "", showFlow},
@@ -47,6 +49,17 @@ constexpr Feature table[] = {
 // clang-format on
 
 } // namespace
+
+llvm::Error Handler::answer(Snapshot &snapshot, const Parameters &parameters,
+                            llvm::json::OStream &out) const {
+  if (write)
+    return write(snapshot, parameters, out);
+  llvm::Expected<llvm::json::Value> result = make(snapshot, parameters);
+  if (!result)
+    return result.takeError();
+  out.value(*result);
+  return llvm::Error::success();
+}
 
 llvm::ArrayRef<Feature> allFeatures() {
   return table;

@@ -12,10 +12,39 @@
 #include "llvm/ADT/StringRef.h"
 #include "llvm/Support/Error.h"
 #include "llvm/Support/JSON.h"
+#include <cstdint>
 
 namespace tarka::lsp {
 
 class Snapshot;
+
+/// The function that answers a request. One whose answer can be long writes it, because a tree of
+/// JSON values takes many times the memory and the time.
+class Handler {
+public:
+  using Parameters = llvm::json::Object;
+  using Maker = llvm::Expected<llvm::json::Value> (*)(Snapshot &, const Parameters &);
+  using Writer = llvm::Error (*)(Snapshot &, const Parameters &, llvm::json::OStream &);
+
+  constexpr Handler(Maker function) : make(function) {}
+  constexpr Handler(Writer function) : write(function) {}
+
+  /// Writes the result, or gives the reason for which there is none and has written nothing.
+  llvm::Error answer(Snapshot &snapshot, const Parameters &parameters,
+                     llvm::json::OStream &out) const;
+
+private:
+  Maker make = nullptr;
+  Writer write = nullptr;
+};
+
+/// What of the text a feature needs.
+enum class TextNeeded : std::uint8_t {
+  /// What is known of an earlier text is better than nothing: places move with the edits.
+  Understood,
+  /// Its answer changes the text, so it must be about the text as it is.
+  Present,
+};
 
 /// A request about a document that a snapshot of its program answers.
 struct Feature {
@@ -23,8 +52,8 @@ struct Feature {
   /// The member of the server's capabilities and its value as JSON; empty when another row has it.
   llvm::StringLiteral capability;
   llvm::StringLiteral options;
-  /// Gives the result, or the reason for which there is none.
-  llvm::Expected<llvm::json::Value> (*answer)(Snapshot &, const llvm::json::Object &parameters);
+  Handler handler;
+  TextNeeded needs = TextNeeded::Understood;
 
   bool isCommand() const { return method.starts_with("tarka."); }
 };

@@ -2,8 +2,6 @@
 
 #include "lsp/Frames.h"
 #include "llvm/Support/Endian.h"
-#include "llvm/Support/Error.h"
-#include "llvm/Support/raw_ostream.h"
 #include <cerrno>
 #include <sys/socket.h>
 #include <unistd.h>
@@ -12,39 +10,44 @@ namespace tarka::lsp {
 
 namespace {
 
-constexpr std::size_t headSize = sizeof(std::uint32_t);
+using llvm::support::endian::read32le;
+using llvm::support::endian::write32le;
+
+/// The kind, the number, and the length of the text in bytes.
+constexpr std::size_t numberAt = 1, lengthAt = 5, headSize = 9;
 constexpr std::size_t blockSize = 1 << 16;
 
 } // namespace
 
-void appendFrame(std::string &bytes, const llvm::json::Value &message) {
-  const std::size_t head = bytes.size();
-  bytes.append(headSize, '\0');
-  llvm::raw_string_ostream(bytes) << message;
-  const std::size_t size = bytes.size() - head - headSize;
-  llvm::support::endian::write32le(&bytes[head], static_cast<std::uint32_t>(size));
+void appendFrame(std::string &bytes, Frame::Kind kind, std::uint32_t number, llvm::StringRef text) {
+  char head[headSize] = {static_cast<char>(kind)};
+  write32le(head + numberAt, number);
+  write32le(head + lengthAt, static_cast<std::uint32_t>(text.size()));
+  bytes.append(head, headSize);
+  bytes += text;
 }
 
-std::optional<llvm::json::Value> FrameReader::next() {
+std::optional<Frame> FrameReader::next() {
   const llvm::StringRef rest = llvm::StringRef(pending).substr(taken);
-  const std::size_t size =
-      rest.size() < headSize ? 0 : llvm::support::endian::read32le(rest.data());
-  if (rest.size() < headSize + size || rest.size() < headSize) {
+  const std::size_t size = rest.size() < headSize ? 0 : read32le(rest.data() + lengthAt);
+  if (rest.size() < headSize || rest.size() < headSize + size) {
     pending.erase(0, taken);
     taken = 0;
+    // A large answer does not leave its memory behind.
+    if (pending.empty())
+      pending.shrink_to_fit();
+    else
+      pending.reserve(headSize + size);
     return std::nullopt;
   }
   taken += headSize + size;
-  llvm::Expected<llvm::json::Value> message = llvm::json::parse(rest.substr(headSize, size));
-  if (message)
-    return std::move(*message);
-  llvm::consumeError(message.takeError());
-  return nullptr;
+  return Frame{static_cast<Frame::Kind>(rest.front()), read32le(rest.data() + numberAt),
+               rest.substr(headSize, size).str()};
 }
 
-bool FrameChannel::send(const llvm::json::Value &message) const {
+bool FrameChannel::send(Frame::Kind kind, llvm::StringRef text, std::uint32_t number) const {
   std::string bytes;
-  appendFrame(bytes, message);
+  appendFrame(bytes, kind, number, text);
   for (llvm::StringRef rest = bytes; !rest.empty();) {
     const ssize_t sent = ::send(descriptor, rest.data(), rest.size(), MSG_NOSIGNAL);
     if (sent < 0 && errno == EINTR)
@@ -56,9 +59,9 @@ bool FrameChannel::send(const llvm::json::Value &message) const {
   return true;
 }
 
-std::optional<llvm::json::Value> FrameChannel::receive() {
+std::optional<Frame> FrameChannel::receive() {
   while (true) {
-    if (std::optional<llvm::json::Value> message = reader.next())
+    if (std::optional<Frame> message = reader.next())
       return message;
     char block[blockSize];
     const ssize_t got = ::read(descriptor, block, sizeof block);

@@ -1,6 +1,7 @@
 //===- Frames.h - messages between the server and a snapshot ----*- C++ -*-===//
 //
-// A message is a JSON value behind its length, over the socket of a worker.
+// A message is a kind, a number and a text, over the socket of a worker. The
+// server passes texts on without reading them, however large they are.
 //
 //===----------------------------------------------------------------------===//
 
@@ -8,21 +9,39 @@
 #define TARKA_TOOLS_LSP_FRAMES_H
 
 #include "llvm/ADT/StringRef.h"
-#include "llvm/Support/JSON.h"
+#include <cstdint>
 #include <optional>
 #include <string>
 
 namespace tarka::lsp {
 
-/// Appends \p message to \p bytes, which are to be sent.
-void appendFrame(std::string &bytes, const llvm::json::Value &message);
+struct Frame {
+  enum Kind : std::uint8_t {
+    // From the server.
+    Question, ///< a JSON object with "method" and "params"; the number is that of its answer
+    Change,   ///< the parameters of a textDocument/didChange
+    // From a snapshot.
+    Diagnostic,  ///< one diagnostic of the program: see PublishedDiagnostic
+    Analysis,    ///< what else the analysis has found, a JSON object; after the diagnostics
+    Reliability, ///< how much of the text was understood, a JSON object; after the analysis
+    Answer,      ///< the result of a question, JSON
+    EmptyAnswer, ///< the same, where there is nothing at the place or in the text
+    Refusal,     ///< the reason, in words, for which a question has no result
+  };
+  Kind kind = Question;
+  std::uint32_t number = 0;
+  std::string text;
+};
+
+/// Appends a message to \p bytes, which are to be sent.
+void appendFrame(std::string &bytes, Frame::Kind kind, std::uint32_t number, llvm::StringRef text);
 
 /// Puts messages together from the bytes that arrive.
 class FrameReader {
 public:
   void add(llvm::StringRef bytes) { pending += bytes; }
-  /// The next message; none while it is incomplete. A message that is not JSON is null.
-  std::optional<llvm::json::Value> next();
+  /// The next message; none while it is incomplete.
+  std::optional<Frame> next();
 
 private:
   std::string pending;
@@ -35,9 +54,9 @@ public:
   explicit FrameChannel(int socket) : descriptor(socket) {}
 
   /// False when the server is gone.
-  bool send(const llvm::json::Value &message) const;
+  bool send(Frame::Kind kind, llvm::StringRef text, std::uint32_t number = 0) const;
   /// The next message; none when the server is gone.
-  std::optional<llvm::json::Value> receive();
+  std::optional<Frame> receive();
 
 private:
   int descriptor;

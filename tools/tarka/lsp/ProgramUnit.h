@@ -17,11 +17,16 @@ struct ProgramUnit {
 
   /// Whether the program copies \p file, as far as is known.
   bool copies(llvm::StringRef file) const { return copybooks.contains(file); }
-  /// Ends its processes.
-  void stop() {
-    ready.reset();
-    next.reset();
-    isStale = false;
+  /// Tells its snapshots of a change of a text.
+  void change(const std::string &parameters) {
+    for (SnapshotProcess *process : {understood.get(), ready.get(), next.get()})
+      if (process)
+        process->change(parameters);
+  }
+  /// Whether a snapshot before the one that answers knows names that this one has lost.
+  bool hasLostNames() const {
+    return understood && ready && ready->getReliability() &&
+           ready->getReliability()->declarations < understood->getReliability()->declarations;
   }
 
   /// The absolute path.
@@ -31,6 +36,11 @@ struct ProgramUnit {
   /// The snapshot that answers, and the one that is being made of a later version; null for none.
   std::unique_ptr<SnapshotProcess> ready;
   std::unique_ptr<SnapshotProcess> next;
+  /// The last snapshot before the ready one that has understood the text; null when the ready one
+  /// has. It is asked for what half-typed code makes the ready one lose.
+  std::unique_ptr<SnapshotProcess> understood;
+  /// Whether it is known how much of the text the ready one has understood.
+  bool isJudged = false;
   /// The versions of the open texts that the latest snapshot has read, by path.
   llvm::StringMap<std::int64_t> versions;
   /// The absolute paths of the copybooks of the last analysis.

@@ -7,10 +7,13 @@
 #include "lsp/Features.h"
 #include "lsp/Frames.h"
 #include "lsp/PublishedDiagnostics.h"
+#include "lsp/Uris.h"
+#include "lsp/workspace/WorkspaceProcess.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/FileSystem.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/VirtualFileSystem.h"
+#include "llvm/Support/raw_ostream.h"
 
 namespace tarka::lsp {
 
@@ -59,9 +62,23 @@ llvm::json::Object Snapshot::analyse() {
     if (use.outcome == CopyUse::Outcome::File)
       files.push_back(pathOf(internFileName(use.file)));
   }
-  return llvm::json::Object{{"diagnostics", publishedDiagnostics(*this)},
-                            {"files", std::move(files)},
-                            {"isIncomplete", isIncomplete}};
+  return llvm::json::Object{{"files", std::move(files)}, {"isIncomplete", isIncomplete}};
+}
+
+Reliability Snapshot::getReliability() {
+  Reliability result;
+  if (!getProgram())
+    return result;
+  result.syntaxErrors = compilation->getFrontEnd().getErrorCount();
+  result.declarations = llvm::count_if(getIndex().getSymbols(),
+                                       [](const Symbol &symbol) { return symbol.place.file != 0; });
+  return result;
+}
+
+std::optional<llvm::json::Value> Snapshot::askWorkspace(llvm::StringRef method,
+                                                        llvm::json::Object parameters,
+                                                        std::chrono::milliseconds patience) const {
+  return lsp::askWorkspace(given.workspace, method, std::move(parameters), patience);
 }
 
 const OccurrenceIndex &Snapshot::getIndex() {
@@ -112,13 +129,7 @@ const std::string &Snapshot::pathOf(unsigned file) {
 
 std::string Snapshot::uriOf(unsigned file) {
   const std::string &name = pathOf(file);
-  if (name.empty())
-    return "";
-  llvm::Expected<mlir::lsp::URIForFile> uri = mlir::lsp::URIForFile::fromFile(name);
-  if (uri)
-    return uri->uri().str();
-  llvm::consumeError(uri.takeError());
-  return "";
+  return name.empty() ? "" : uriOfPath(name);
 }
 
 std::optional<unsigned> Snapshot::fileOf(llvm::StringRef name) {
@@ -131,15 +142,9 @@ std::optional<unsigned> Snapshot::fileOf(llvm::StringRef name) {
 }
 
 std::optional<unsigned> Snapshot::fileOf(const llvm::json::Object &parameters) {
-  const llvm::json::Object *document = parameters.getObject("textDocument");
-  const std::optional<llvm::StringRef> text = document ? document->getString("uri") : std::nullopt;
-  if (!text)
-    return std::nullopt;
-  llvm::Expected<mlir::lsp::URIForFile> uri = mlir::lsp::URIForFile::fromURI(*text);
-  if (uri)
-    return fileOf(uri->file());
-  llvm::consumeError(uri.takeError());
-  return std::nullopt;
+  const std::optional<std::string> document =
+      parameters.getObject("textDocument") ? documentOf(parameters) : std::nullopt;
+  return document ? fileOf(*document) : std::nullopt;
 }
 
 bool Snapshot::isFixedForm(unsigned file) {
@@ -158,11 +163,35 @@ mlir::lsp::Position Snapshot::positionOf(unsigned file, unsigned line, unsigned 
   return {static_cast<int>(line) - 1, static_cast<int>(countUnits(before, encoding))};
 }
 
+std::pair<std::size_t, std::size_t> Snapshot::extentOf(ChangedText &text,
+                                                       const SourceRange &place) {
+  auto offset = [&](unsigned line, unsigned column) {
+    const std::size_t before = offsetOfColumn(text.analysed.lineOf(line), column);
+    return text.analysed.offsetOf(std::int64_t(line) - 1, static_cast<std::int64_t>(before),
+                                  PositionEncoding::Utf8);
+  };
+  return {offset(place.beginLine, place.beginColumn), offset(place.endLine, place.endColumn + 1)};
+}
+
 mlir::lsp::Range Snapshot::rangeOf(const SourceRange &place) {
   if (place.beginLine == 0)
     return {};
+  if (ChangedText *text = changedText(place.file)) {
+    const auto [begin, end] = extentOf(*text, place);
+    const auto [laterBegin, laterEnd] = text->edits.toLater(begin, end);
+    return {text->present.positionOf(laterBegin, encoding),
+            text->present.positionOf(laterEnd, encoding)};
+  }
   return {positionOf(place.file, place.beginLine, place.beginColumn),
           positionOf(place.file, place.endLine, place.endColumn + 1)};
+}
+
+bool Snapshot::isEdited(const SourceRange &place) {
+  ChangedText *text = changedText(place.file);
+  if (!text)
+    return false;
+  const auto [begin, end] = extentOf(*text, place);
+  return text->edits.isEdited(begin, end);
 }
 
 std::optional<llvm::json::Object> Snapshot::locationOf(const SourceRange &place) {
@@ -177,10 +206,26 @@ std::optional<SourcePoint> Snapshot::pointOf(unsigned file, const llvm::json::Ob
   const std::optional<std::int64_t> character = position.getInteger("character");
   if (!line || !character || *line < 0 || *character < 0)
     return std::nullopt;
-  SourcePoint point{file, static_cast<unsigned>(*line) + 1, 1};
-  const llvm::StringRef text = lineOf(file, point.line);
+  if (ChangedText *text = changedText(file)) {
+    const std::optional<std::size_t> offset =
+        text->edits.toEarlier(text->present.offsetOf(*line, *character, encoding));
+    if (!offset)
+      return std::nullopt;
+    const mlir::lsp::Position place = text->analysed.positionOf(*offset, PositionEncoding::Utf8);
+    const auto number = static_cast<unsigned>(place.line) + 1;
+    return SourcePoint{
+        file, number,
+        columnOfOffset(lineOf(file, number), static_cast<std::size_t>(place.character))};
+  }
+  return pointIn(file, *line, *character);
+}
+
+/// The point of a position in the text as it is in the editor.
+SourcePoint Snapshot::pointIn(unsigned file, std::int64_t line, std::int64_t character) {
+  SourcePoint point{file, static_cast<unsigned>(line) + 1, 1};
+  const llvm::StringRef text = presentLineOf(file, point.line);
   point.column =
-      columnOfOffset(text, offsetOfUnit(text, static_cast<unsigned>(*character), encoding));
+      columnOfOffset(text, offsetOfUnit(text, static_cast<unsigned>(character), encoding));
   return point;
 }
 
@@ -191,27 +236,105 @@ std::optional<SourcePoint> Snapshot::pointOf(const llvm::json::Object &parameter
 }
 
 //===----------------------------------------------------------------------===//
+// Changed texts
+//===----------------------------------------------------------------------===//
+
+void Snapshot::change(const llvm::json::Object &parameters) {
+  const std::optional<std::string> document = documentOf(parameters);
+  const llvm::json::Array *changes = parameters.getArray("contentChanges");
+  auto text = document ? given.texts.find(*document) : given.texts.end();
+  if (!changes || text == given.texts.end())
+    return;
+  auto found = changed.find(*document);
+  if (found == changed.end()) {
+    const std::string &analysed = *text->getValue();
+    found = changed.try_emplace(*document, ChangedText{{analysed, 0}, {analysed, 0}, {}}).first;
+  }
+  ChangedText &now = found->getValue();
+  now.present.change(*changes, 0, encoding, &now.edits);
+}
+
+Snapshot::ChangedText *Snapshot::changedText(unsigned file) {
+  if (changed.empty())
+    return nullptr;
+  auto found = changed.find(pathOf(file));
+  return found == changed.end() ? nullptr : &found->getValue();
+}
+
+std::optional<SourcePoint> Snapshot::presentPointOf(const llvm::json::Object &parameters) {
+  const std::optional<unsigned> file = fileOf(parameters);
+  const llvm::json::Object *position = parameters.getObject("position");
+  const std::optional<std::int64_t> line = position ? position->getInteger("line") : std::nullopt;
+  const std::optional<std::int64_t> character =
+      position ? position->getInteger("character") : std::nullopt;
+  if (!file || !line || !character || *line < 0 || *character < 0)
+    return std::nullopt;
+  return pointIn(*file, *line, *character);
+}
+
+llvm::StringRef Snapshot::presentLineOf(unsigned file, unsigned number) {
+  ChangedText *text = changedText(file);
+  return text ? text->present.lineOf(number) : lineOf(file, number);
+}
+
+mlir::lsp::Range Snapshot::presentRangeBefore(const SourcePoint &end, unsigned columns) {
+  const llvm::StringRef text = presentLineOf(end.file, end.line);
+  auto position = [&](unsigned column) {
+    const llvm::StringRef before = text.take_front(offsetOfColumn(text, column));
+    return mlir::lsp::Position(static_cast<int>(end.line) - 1,
+                               static_cast<int>(countUnits(before, encoding)));
+  };
+  return {position(end.column - columns), position(end.column)};
+}
+
+//===----------------------------------------------------------------------===//
 // The process
 //===----------------------------------------------------------------------===//
 
 namespace {
 
-/// The answer to the request \p message.
-llvm::json::Value answer(Snapshot &snapshot, const llvm::json::Object &message) {
-  llvm::json::Object reply{{"id", message.getInteger("id")}};
-  const std::optional<llvm::StringRef> method = message.getString("method");
-  const llvm::json::Object *parameters = message.getObject("params");
+/// Sends what the analysis has found.
+bool report(Snapshot &snapshot, const FrameChannel &server) {
+  const llvm::json::Object facts = snapshot.analyse();
+  std::string text;
+  llvm::raw_string_ostream os(text);
+  if (snapshot.getProgram())
+    publishDiagnostics(snapshot, [&](llvm::StringRef path, const llvm::json::Object &diagnostic) {
+      text.clear();
+      // Several programs find the same in a copybook: one of the diagnostics is enough.
+      const llvm::json::Value *code = diagnostic.get("code");
+      os << path << '\n'
+         << *diagnostic.get("range") << (code ? *code : nullptr) << '\n'
+         << llvm::json::Value(llvm::json::Object(diagnostic));
+      server.send(Frame::Diagnostic, text);
+    });
+  text.clear();
+  os << llvm::json::Value(llvm::json::Object(facts));
+  if (!server.send(Frame::Analysis, text))
+    return false;
+  const Reliability reliability = snapshot.getReliability();
+  text.clear();
+  os << llvm::json::Value(llvm::json::Object{{"syntaxErrors", reliability.syntaxErrors},
+                                             {"declarations", reliability.declarations}});
+  return server.send(Frame::Reliability, text);
+}
+
+bool answer(Snapshot &snapshot, const llvm::json::Object &question, std::uint32_t number,
+            const FrameChannel &server) {
+  const std::optional<llvm::StringRef> method = question.getString("method");
+  const llvm::json::Object *parameters = question.getObject("params");
   const Feature *feature = method ? findFeature(*method) : nullptr;
-  if (!feature || !parameters || !snapshot.getProgram()) {
-    reply["result"] = nullptr;
-    return reply;
+  if (!feature || !parameters || !snapshot.getProgram())
+    return server.send(Frame::EmptyAnswer, "null", number);
+  std::string text;
+  llvm::raw_string_ostream os(text);
+  llvm::json::OStream out(os);
+  if (llvm::Error refusal = feature->handler.answer(snapshot, *parameters, out)) {
+    out.value(nullptr); // a stream wants a value
+    return server.send(Frame::Refusal, llvm::toString(std::move(refusal)), number);
   }
-  llvm::Expected<llvm::json::Value> result = feature->answer(snapshot, *parameters);
-  if (result)
-    reply["result"] = std::move(*result);
-  else
-    reply["error"] = llvm::toString(result.takeError());
-  return reply;
+  const bool isEmpty = text == "null" || text == "[]";
+  return server.send(isEmpty ? Frame::EmptyAnswer : Frame::Answer, text, number);
 }
 
 } // namespace
@@ -220,12 +343,21 @@ int runSnapshot(const SnapshotInput &input, int channel) {
   compile([&] {
     FrameChannel server(channel);
     Snapshot snapshot(input);
-    if (!server.send(snapshot.analyse()))
-      return;
-    while (std::optional<llvm::json::Value> message = server.receive())
-      if (const llvm::json::Object *question = message->getAsObject();
-          question && !server.send(answer(snapshot, *question)))
+    bool isConnected = report(snapshot, server);
+    while (isConnected) {
+      const std::optional<Frame> message = server.receive();
+      if (!message)
         return;
+      llvm::Expected<llvm::json::Value> value = llvm::json::parse(message->text);
+      if (!value || !value->getAsObject()) {
+        llvm::consumeError(value.takeError());
+        return;
+      }
+      if (message->kind == Frame::Change)
+        snapshot.change(*value->getAsObject());
+      else
+        isConnected = answer(snapshot, *value->getAsObject(), message->number, server);
+    }
   });
   return 0;
 }

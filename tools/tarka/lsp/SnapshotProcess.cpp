@@ -36,13 +36,23 @@ void SnapshotProcess::retire() {
     question.reply(failure(mlir::lsp::ErrorCode::ContentModified, "the text has changed"));
 }
 
-void SnapshotProcess::ask(llvm::StringRef method, const llvm::json::Value &parameters,
-                          Reply reply) {
-  const std::int64_t number = ++lastQuestion;
+void SnapshotProcess::ask(llvm::StringRef question, Reply reply) {
+  const std::uint32_t number = ++lastQuestion;
   questions.try_emplace(number, Question{std::move(reply), Clock::now()});
-  appendFrame(output,
-              llvm::json::Object{{"id", number}, {"method", method}, {"params", parameters}});
+  appendFrame(output, Frame::Question, number, question);
   write();
+}
+
+void SnapshotProcess::change(llvm::StringRef parameters) {
+  changed = true;
+  appendFrame(output, Frame::Change, 0, parameters);
+  write();
+}
+
+std::optional<SnapshotAnalysis> SnapshotProcess::takeAnalysis() {
+  if (!std::exchange(hasAnalysis, false))
+    return std::nullopt;
+  return std::exchange(analysis, {});
 }
 
 bool SnapshotProcess::isOverdue() const {
@@ -69,6 +79,12 @@ bool SnapshotProcess::serve() {
   write();
   char block[blockSize];
   while (true) {
+    while (std::optional<Frame> message = reader.next()) {
+      const bool isVerdict = message->kind == Frame::Reliability;
+      take(std::move(*message));
+      if (isVerdict)
+        return true;
+    }
     const ssize_t got = ::read(getDescriptor(), block, sizeof block);
     if (got < 0 && errno == EINTR)
       continue;
@@ -77,32 +93,51 @@ bool SnapshotProcess::serve() {
     if (got <= 0)
       return false;
     reader.add({block, static_cast<std::size_t>(got)});
-    while (std::optional<llvm::json::Value> message = reader.next())
-      take(std::move(*message));
   }
 }
 
-void SnapshotProcess::take(llvm::json::Value message) {
-  llvm::json::Object *object = message.getAsObject();
-  if (!object)
-    return worker.kill(); // it has lost its way
-  const std::optional<std::int64_t> number = object->getInteger("id");
-  if (!number) {
-    analysed = true;
-    analysis = std::move(message);
+/// A snapshot is a copy of this program: what it sends is well-formed, or it has lost its way.
+void SnapshotProcess::take(Frame message) {
+  auto parsed = [&]() -> llvm::json::Object {
+    llvm::Expected<llvm::json::Value> value = llvm::json::parse(message.text);
+    if (value && value->getAsObject())
+      return std::move(*value->getAsObject());
+    llvm::consumeError(value.takeError());
+    worker.kill();
+    return {};
+  };
+  switch (message.kind) {
+  case Frame::Diagnostic: {
+    const auto [path, rest] = llvm::StringRef(message.text).split('\n');
+    const auto [key, text] = rest.split('\n');
+    analysis.diagnostics[path.str()].push_back({key.str(), text.str()});
     return;
   }
-  auto found = questions.find(*number);
+  case Frame::Analysis:
+    analysis.facts = parsed();
+    analysed = hasAnalysis = true;
+    return;
+  case Frame::Reliability: {
+    const llvm::json::Object facts = parsed();
+    reliability = Reliability{facts.getInteger("syntaxErrors").value_or(0),
+                              facts.getInteger("declarations").value_or(0)};
+    return;
+  }
+  default:
+    return takeAnswer(std::move(message));
+  }
+}
+
+void SnapshotProcess::takeAnswer(Frame message) {
+  auto found = questions.find(message.number);
   if (found == questions.end())
     return;
   Reply reply = std::move(found->second.reply);
   questions.erase(found);
-  if (std::optional<llvm::StringRef> error = object->getString("error"))
-    reply(failure(mlir::lsp::ErrorCode::RequestFailed, error->str()));
-  else if (llvm::json::Value *result = object->get("result"))
-    reply(std::move(*result));
+  if (message.kind == Frame::Refusal)
+    reply(failure(mlir::lsp::ErrorCode::RequestFailed, std::move(message.text)));
   else
-    reply(nullptr);
+    reply(SnapshotAnswer{std::move(message.text), message.kind == Frame::EmptyAnswer});
 }
 
 std::string SnapshotProcess::describeEnd() {
@@ -116,9 +151,8 @@ std::string SnapshotProcess::describeEnd() {
                              : end.kind == WorkerEnd::OutOfMemory
                                  ? "it needs more memory than --memory-limit allows"
                                  : "its process has ended";
-  for (auto &[number, question] : questions)
+  for (auto &[number, question] : std::exchange(questions, {}))
     question.reply(failure(mlir::lsp::ErrorCode::InternalError, reason));
-  questions.clear();
   return reason;
 }
 

@@ -6,17 +6,49 @@
 #include "Workers/Worker.h"
 #include "lsp/Frames.h"
 #include "llvm/ADT/FunctionExtras.h"
+#include "llvm/Support/JSON.h"
 #include <chrono>
 #include <map>
 #include <memory>
 
 namespace tarka::lsp {
 
+/// A diagnostic of one file as a snapshot sends it.
+struct FileDiagnostic {
+  /// The same for two diagnostics of which only one is to be shown.
+  std::string key;
+  /// As the protocol has it, JSON.
+  std::string text;
+  bool operator==(const FileDiagnostic &) const = default;
+};
+/// By the absolute path of the file.
+using DiagnosticsByFile = std::map<std::string, std::vector<FileDiagnostic>>;
+
+/// What a snapshot has found.
+struct SnapshotAnalysis {
+  llvm::json::Object facts;
+  DiagnosticsByFile diagnostics;
+};
+
+/// The result of a question, JSON.
+struct SnapshotAnswer {
+  std::string text = "null";
+  /// There is nothing at the place, or nothing in the text.
+  bool isEmpty = true;
+};
+
+/// How much of the text a snapshot has understood.
+struct Reliability {
+  std::int64_t syntaxErrors = 0;
+  /// The names that the text declares.
+  std::int64_t declarations = 0;
+};
+
 /// A process that analyses one version of a program and then answers questions on it.
 class SnapshotProcess {
 public:
   /// Takes an answer or what went wrong. Called exactly once.
-  using Reply = llvm::unique_function<void(llvm::Expected<llvm::json::Value>)>;
+  using Reply = llvm::unique_function<void(llvm::Expected<SnapshotAnswer>)>;
   using Clock = std::chrono::steady_clock;
 
   /// Starts a process that carries out \p task, which sends the analysis and then answers.
@@ -27,8 +59,13 @@ public:
   /// Kills the process and waits for its end, which retire() avoids.
   ~SnapshotProcess() { retire(); }
 
-  /// Sends a request. It is answered after the analysis.
-  void ask(llvm::StringRef method, const llvm::json::Value &parameters, Reply reply);
+  /// Sends a question, see Frame. It is answered after the analysis.
+  void ask(llvm::StringRef question, Reply reply);
+  /// Sends a change of a text that the editor has open: places in questions and answers are those
+  /// of the changed text.
+  void change(llvm::StringRef parameters);
+  /// Whether a text of the program has been changed after the process was started.
+  bool isChanged() const { return changed; }
 
   /// Ends the process without waiting for it, after which serve() gives false before long. Who
   /// waits for an answer is told that the text has changed.
@@ -37,13 +74,16 @@ public:
   /// For poll(): the socket, and whether there is something to be written.
   int getDescriptor() const { return worker.getChannel(); }
   bool hasOutput() const { return !output.empty(); }
-  /// Sends and receives what is possible without waiting, and passes on the answers. False when
-  /// the process has ended.
+  /// Sends and receives what is possible without waiting, and passes on the answers. Returns early
+  /// when the reliability has arrived, which decides who is asked. False when the process has
+  /// ended.
   bool serve();
   /// Whether the analysis has arrived.
   bool isAnalysed() const { return analysed; }
   /// What the process has found, once.
-  std::optional<llvm::json::Value> takeAnalysis() { return std::exchange(analysis, std::nullopt); }
+  std::optional<SnapshotAnalysis> takeAnalysis();
+  /// None until it is known, which is before any answer arrives.
+  const std::optional<Reliability> &getReliability() const { return reliability; }
   /// Whether it owes something for longer than anything takes.
   bool isOverdue() const;
   /// After serve() has given false, or isOverdue() true: waits for its end, fails what it owes, and
@@ -53,7 +93,8 @@ public:
 private:
   explicit SnapshotProcess(Worker process) : worker(std::move(process)) {}
   void write();
-  void take(llvm::json::Value message);
+  void take(Frame message);
+  void takeAnswer(Frame message);
 
   Worker worker;
   std::string output;
@@ -62,12 +103,15 @@ private:
     Reply reply;
     Clock::time_point asked;
   };
-  std::map<std::int64_t, Question> questions;
-  std::int64_t lastQuestion = 0;
+  std::map<std::uint32_t, Question> questions;
+  std::uint32_t lastQuestion = 0;
   Clock::time_point started = Clock::now();
   bool analysed = false;
+  bool changed = false;
   bool hasEnded = false;
-  std::optional<llvm::json::Value> analysis;
+  SnapshotAnalysis analysis;
+  bool hasAnalysis = false;
+  std::optional<Reliability> reliability;
 };
 
 } // namespace tarka::lsp

@@ -1,7 +1,9 @@
 //===- CallHierarchy.cpp - who performs whom ------------------------------===//
 
+#include "Print/LayoutModel.h"
 #include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/ProgramCalls.h"
 #include "llvm/ADT/MapVector.h"
 
 namespace tarka::lsp {
@@ -43,7 +45,7 @@ std::optional<SymbolId> symbolOfItem(Snapshot &snapshot, const Parameters &param
 
 using CallsBySymbol = llvm::MapVector<SymbolId, llvm::json::Array>;
 
-llvm::json::Value callsOf(Snapshot &snapshot, CallsBySymbol calls, llvm::StringRef role) {
+llvm::json::Array callsOf(Snapshot &snapshot, CallsBySymbol calls, llvm::StringRef role) {
   llvm::json::Array result;
   for (auto &[symbol, ranges] : calls)
     if (llvm::json::Value item = itemOf(snapshot, symbol); item.getAsObject())
@@ -52,14 +54,23 @@ llvm::json::Value callsOf(Snapshot &snapshot, CallsBySymbol calls, llvm::StringR
   return result;
 }
 
-/// The procedure around a place, or where there is none the program of the procedure that is
-/// named there.
-SymbolId callerAt(Snapshot &snapshot, const Occurrence &occurrence) {
-  if (std::optional<SymbolId> around = procedureAround(snapshot, occurrence.getPlace()))
-    return *around;
-  const OccurrenceIndex &index = snapshot.getIndex();
-  const Symbol &called = index.getSymbol(occurrence.symbol);
-  return index.symbolOf(*called.unit).value_or(occurrence.symbol);
+/// The procedure around a place, or where there is none the program.
+std::optional<SymbolId> callerAt(Snapshot &snapshot, const SourceRange &place) {
+  if (std::optional<SymbolId> around = procedureAround(snapshot, place))
+    return around;
+  const SourceUnit *unit = unitAt(snapshot, {place.file, place.beginLine, place.beginColumn});
+  return unit ? snapshot.getIndex().symbolOf(*unit) : std::nullopt;
+}
+
+/// What the workspace knows of the programs of that name: "item" and others.
+std::vector<llvm::json::Object> knownPrograms(Snapshot &snapshot, llvm::StringRef name) {
+  std::vector<llvm::json::Object> programs;
+  std::optional<llvm::json::Value> answer =
+      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name}});
+  if (llvm::json::Array *all = answer ? answer->getAsArray() : nullptr)
+    for (llvm::json::Value &program : *all)
+      programs.push_back(std::move(*program.getAsObject()));
+  return programs;
 }
 
 } // namespace
@@ -75,6 +86,11 @@ Answer prepareCallHierarchy(Snapshot &snapshot, const Parameters &parameters) {
       if (llvm::json::Value item = itemOf(snapshot, id); item.getAsObject())
         items.push_back(std::move(item));
   }
+  // A program of another source that is called here.
+  if (const std::optional<std::string> name =
+          items.empty() ? programNamedAt(snapshot, *point) : std::nullopt)
+    for (llvm::json::Object &program : knownPrograms(snapshot, *name))
+      items.push_back(std::move(*program.get("item")));
   return items;
 }
 
@@ -85,8 +101,19 @@ Answer incomingCalls(Snapshot &snapshot, const Parameters &parameters) {
   CallsBySymbol calls;
   for (const Occurrence &occurrence : snapshot.getIndex().occurrencesOf(*called))
     if (occurrence.use != Use::Declaration)
-      calls[callerAt(snapshot, occurrence)].push_back(snapshot.rangeOf(occurrence.getPlace()));
-  return callsOf(snapshot, std::move(calls), "from");
+      calls[callerAt(snapshot, occurrence.getPlace()).value_or(occurrence.symbol)].push_back(
+          snapshot.rangeOf(occurrence.getPlace()));
+  llvm::json::Array result = callsOf(snapshot, std::move(calls), "from");
+  const Symbol &symbol = snapshot.getIndex().getSymbol(*called);
+  if (symbol.kind == SymbolKind::Program && !symbol.unit->isNested()) {
+    std::optional<llvm::json::Value> others = snapshot.askWorkspace(
+        "callers", llvm::json::Object{{"name", programName(*symbol.unit).upper()},
+                                      {"except", snapshot.getPath()}});
+    if (llvm::json::Array *all = others ? others->getAsArray() : nullptr)
+      for (llvm::json::Value &call : *all)
+        result.push_back(std::move(call));
+  }
+  return result;
 }
 
 Answer outgoingCalls(Snapshot &snapshot, const Parameters &parameters) {
@@ -106,7 +133,17 @@ Answer outgoingCalls(Snapshot &snapshot, const Parameters &parameters) {
     else if (isInside)
       calls[occurrence.symbol].push_back(snapshot.rangeOf(occurrence.getPlace()));
   }
-  return callsOf(snapshot, std::move(calls), "to");
+  llvm::json::Array result = callsOf(snapshot, std::move(calls), "to");
+  llvm::MapVector<llvm::StringRef, llvm::json::Array> others;
+  const std::vector<ProgramCall> all = programCalls(snapshot);
+  for (const ProgramCall &call : all)
+    if (!call.isInSource && callerAt(snapshot, call.place) == caller)
+      others[call.program].push_back(snapshot.rangeOf(call.place));
+  for (auto &[name, ranges] : others)
+    for (llvm::json::Object &program : knownPrograms(snapshot, name))
+      result.push_back(llvm::json::Object{{"to", std::move(*program.get("item"))},
+                                          {"fromRanges", llvm::json::Array(ranges)}});
+  return result;
 }
 
 } // namespace tarka::lsp

@@ -2,70 +2,106 @@
 
 #include "AST/DataDescription.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Writing.h"
 
 namespace tarka::lsp {
 
 namespace {
 
-/// A lens that runs \p command with the URI of the document and \p argument.
-llvm::json::Object lensOf(const mlir::lsp::Range &range, const std::string &title,
-                          llvm::StringRef command, llvm::StringRef uri,
-                          llvm::json::Value argument) {
-  return llvm::json::Object{
-      {"range", range},
-      {"command", llvm::json::Object{{"title", title},
-                                     {"command", command},
-                                     {"arguments", llvm::json::Array{uri, std::move(argument)}}}}};
-}
+/// Writes lenses: what is said above a range, with the command that shows more.
+class LensWriter {
+public:
+  LensWriter(Snapshot &of, unsigned number, llvm::json::OStream &stream)
+      : snapshot(of), uri(of.uriOf(number)), out(stream) {}
 
-/// How many places name the procedure; the command shows them.
-void addUsers(llvm::json::Array &lenses, Snapshot &snapshot, SymbolId symbol,
-              const mlir::lsp::Range &range, llvm::StringRef uri) {
-  llvm::json::Array places;
-  for (const Occurrence &occurrence : snapshot.getIndex().occurrencesOf(symbol))
-    if (occurrence.use != Use::Declaration)
-      if (std::optional<llvm::json::Object> place = snapshot.locationOf(occurrence.getPlace()))
-        places.push_back(std::move(*place));
-  const std::size_t count = places.size();
-  const std::string title = count == 0   ? "no uses"
-                            : count == 1 ? "1 use"
-                                         : std::to_string(count) + " uses";
-  lenses.push_back(
-      lensOf(range, title, "tarka.showReferences", uri,
-             llvm::json::Object{{"position", range.start}, {"places", std::move(places)}}));
-}
+  /// How many places name the procedure; the command shows them.
+  void writeUsers(const mlir::lsp::Range &range, SymbolId symbol) {
+    llvm::SmallVector<SourceRange, 16> places;
+    for (const Occurrence &occurrence : snapshot.getIndex().occurrencesOf(symbol))
+      if (occurrence.use != Use::Declaration && !snapshot.pathOf(occurrence.file).empty())
+        places.push_back(occurrence.getPlace());
+    const std::string title = places.empty()       ? "no uses"
+                              : places.size() == 1 ? "1 use"
+                                                   : std::to_string(places.size()) + " uses";
+    write(range, title, "tarka.showReferences", [&] {
+      out.attributeBegin("position");
+      writePosition(out, range.start);
+      out.attributeEnd();
+      out.attributeArray("places", [&] {
+        for (const SourceRange &place : places)
+          writeLocation(out, snapshot, place);
+      });
+    });
+  }
+
+  void writeFlow(const mlir::lsp::Range &range) {
+    write(range, "flow", "tarka.showFlow", [&] {
+      out.attributeBegin("position");
+      writePosition(out, range.start);
+      out.attributeEnd();
+    });
+  }
+
+  void writeLayout(const mlir::lsp::Range &range, const DataDescription &record,
+                   const std::string &name) {
+    write(range, std::to_string(record.getTotalAllocSize()) + " bytes", "tarka.showLayout",
+          [&] { out.attribute("name", name); });
+  }
+
+private:
+  /// The arguments of the command are the document and an object with \p attributes.
+  void write(const mlir::lsp::Range &range, llvm::StringRef title, llvm::StringRef command,
+             llvm::function_ref<void()> attributes) {
+    out.object([&] {
+      writeRange(out, "range", range);
+      out.attributeObject("command", [&] {
+        out.attribute("title", title);
+        out.attribute("command", command);
+        out.attributeArray("arguments", [&] {
+          out.value(uri);
+          out.object(attributes);
+        });
+      });
+    });
+  }
+
+  Snapshot &snapshot;
+  std::string uri;
+  llvm::json::OStream &out;
+};
 
 } // namespace
 
-Answer codeLens(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error codeLens(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
-  if (!file)
-    return nullptr;
-  const std::string uri = snapshot.uriOf(*file);
-  llvm::json::Array lenses;
+  if (!file) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  LensWriter writer(snapshot, *file, out);
+  out.arrayBegin();
   std::uint32_t lastLine = 0;
   for (const Occurrence &occurrence : snapshot.getIndex().inFile(*file)) {
     // A text that is copied twice declares two symbols on a line.
-    if (occurrence.use != Use::Declaration || occurrence.isReplaced || occurrence.line == lastLine)
+    if (occurrence.use != Use::Declaration || occurrence.isReplaced ||
+        occurrence.line == lastLine || snapshot.isEdited(occurrence.getPlace()))
       continue;
     lastLine = occurrence.line;
     const Symbol &symbol = snapshot.getIndex().getSymbol(occurrence.symbol);
     const mlir::lsp::Range range = snapshot.rangeOf(occurrence.getPlace());
     if (symbol.kind == SymbolKind::Paragraph || symbol.kind == SymbolKind::Section) {
-      addUsers(lenses, snapshot, occurrence.symbol, range, uri);
-      lenses.push_back(lensOf(range, "flow", "tarka.showFlow", uri,
-                              llvm::json::Object{{"position", range.start}}));
+      writer.writeUsers(range, occurrence.symbol);
+      writer.writeFlow(range);
     } else if (symbol.kind == SymbolKind::Item && symbol.node) {
       const auto &entry = static_cast<const DataDescription &>(*symbol.node);
       // A record of one item has nothing to lay out.
       if (entry.getType() == DescType::Data && entry.getLevelNum() == 1 && entry.isGroupItem() &&
           !entry.isTooLarge())
-        lenses.push_back(lensOf(range, std::to_string(entry.getTotalAllocSize()) + " bytes",
-                                "tarka.showLayout", uri,
-                                llvm::json::Object{{"name", *symbol.name}}));
+        writer.writeLayout(range, entry, *symbol.name);
     }
   }
-  return lenses;
+  out.arrayEnd();
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -5,6 +5,7 @@
 #include "AST/Scope.h"
 #include "Parse/Keywords.h"
 #include "Parse/SourceFile.h"
+#include "Report/Excerpt.h"
 #include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
 #include "lsp/features/Meanings.h"
@@ -81,7 +82,7 @@ void addWords(llvm::StringRef text, llvm::SmallVectorImpl<std::string> &words) {
 Context contextAt(Snapshot &snapshot, const SourcePoint &point) {
   const bool isFixedForm = snapshot.isFixedForm(point.file);
   const llvm::StringRef line =
-      sliceColumns(snapshot.lineOf(point.file, point.line), 1, point.column - 1);
+      sliceColumns(snapshot.presentLineOf(point.file, point.line), 1, point.column - 1);
   Context context;
   std::size_t begin = line.size();
   while (begin > 0 && isWordCharacter(line[begin - 1]))
@@ -89,7 +90,7 @@ Context contextAt(Snapshot &snapshot, const SourcePoint &point) {
   context.prefix = line.drop_front(begin);
   addWords(programText(line.take_front(begin), isFixedForm), context.words);
   for (unsigned before = 1; before < point.line && before <= maxLines; ++before)
-    addWords(programText(snapshot.lineOf(point.file, point.line - before), isFixedForm),
+    addWords(programText(snapshot.presentLineOf(point.file, point.line - before), isFixedForm),
              context.words);
   return context;
 }
@@ -99,11 +100,8 @@ public:
   Completion(Snapshot &of, const SourcePoint &at)
       : snapshot(of), context(contextAt(of, at)),
         isLower(llvm::any_of(context.prefix, llvm::isLower)) {
-    SourceRange place(at.file, at.line,
-                      at.column -
-                          static_cast<unsigned>(sliceColumns(context.prefix, 1, ~0u - 1).size()),
-                      at.line, at.column - 1);
-    range = snapshot.rangeOf(place);
+    range = snapshot.presentRangeBefore(
+        at, static_cast<unsigned>(columnOfOffset(context.prefix, context.prefix.size())) - 1);
   }
 
   llvm::json::Object make() {
@@ -267,7 +265,7 @@ private:
 } // namespace
 
 Answer completion(Snapshot &snapshot, const Parameters &parameters) {
-  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
+  const std::optional<SourcePoint> point = snapshot.presentPointOf(parameters);
   if (!point)
     return nullptr;
   return Completion(snapshot, *point).make();

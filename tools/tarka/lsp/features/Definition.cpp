@@ -2,6 +2,7 @@
 
 #include "AST/DataDescription.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/ProgramCalls.h"
 
 namespace tarka::lsp {
 
@@ -13,6 +14,16 @@ void addPlace(Snapshot &snapshot, SymbolId symbol, llvm::json::Array &places) {
       snapshot.locationOf(snapshot.getIndex().getSymbol(symbol).place);
   if (place && !llvm::is_contained(places, llvm::json::Value(llvm::json::Object(*place))))
     places.push_back(std::move(*place));
+}
+
+/// Adds the places of the programs of other sources that are called at \p point.
+void addProgram(Snapshot &snapshot, const SourcePoint &point, llvm::json::Array &places) {
+  const std::optional<std::string> name = programNamedAt(snapshot, point);
+  std::optional<llvm::json::Value> programs =
+      name ? snapshot.askWorkspace("programs", llvm::json::Object{{"name", *name}}) : std::nullopt;
+  if (llvm::json::Array *all = programs ? programs->getAsArray() : nullptr)
+    for (llvm::json::Value &program : *all)
+      places.push_back(std::move(*program.getAsObject()->get("location")));
 }
 
 /// What says what kind of thing \p id is: the conditional variable of a condition-name, the table
@@ -35,6 +46,8 @@ Answer definition(Snapshot &snapshot, const Parameters &parameters) {
   llvm::json::Array places;
   for (SymbolId symbol : snapshot.symbolsAt(*point))
     addPlace(snapshot, symbol, places);
+  if (places.empty())
+    addProgram(snapshot, *point, places);
   if (const CopyUse *use = snapshot.copyAt(*point))
     if (std::string uri = snapshot.uriOf(internFileName(use->file)); !uri.empty())
       places.push_back(llvm::json::Object{{"uri", std::move(uri)}, {"range", mlir::lsp::Range()}});

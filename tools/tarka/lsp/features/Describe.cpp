@@ -4,6 +4,8 @@
 #include "AST/DataDescription.h"
 #include "AST/FileDescription.h"
 #include "AST/KindNames.h"
+#include "AST/Scope.h"
+#include "AST/StatementBranch.h"
 #include "Print/LayoutModel.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
@@ -36,10 +38,9 @@ std::string valuesOf(const DataDescription &entry) {
   return text;
 }
 
-/// The entry as it is declared, without what the layout of the source adds.
-std::string declarationOf(const DataDescription &entry) {
-  std::string text = (entry.getLevelNum() < 10 ? "0" : "") + std::to_string(entry.getLevelNum());
-  text += " " + entryName(entry).str();
+/// The name with REDEFINES, PICTURE and USAGE.
+std::string nameAndPicture(const DataDescription &entry) {
+  std::string text = entryName(entry).str();
   if (const DataDescription *object = entry.getRedefineObject())
     text += " REDEFINES " + entryName(*object).str();
   if (const ClausePicture *picture = entry.getPicture())
@@ -47,6 +48,13 @@ std::string declarationOf(const DataDescription &entry) {
   if (const UsageType usage = entry.getUsageType();
       usage != UsageType::None && usage != UsageType::Display && entry.getLevelNum() != 88)
     text += " " + nameOf(usage).str();
+  return text;
+}
+
+/// The entry as it is declared, without what the layout of the source adds.
+std::string declarationOf(const DataDescription &entry) {
+  std::string text = (entry.getLevelNum() < 10 ? "0" : "") + std::to_string(entry.getLevelNum()) +
+                     " " + nameAndPicture(entry);
   if (ClauseOccurs *occurs = entry.getOccurs()) {
     text += " OCCURS ";
     if (occurs->isVariableTable())
@@ -99,6 +107,85 @@ std::string performersOf(Snapshot &snapshot, SymbolId symbol) {
 }
 
 } // namespace
+
+std::vector<std::string> usingItems(const SourceUnit &unit) {
+  std::vector<std::string> items;
+  const ProcedureDivision *division = unit.getProcDivision();
+  if (!division)
+    return items;
+  for (const Parameter *parameter : division->getParameterElements()) {
+    const auto *item = llvm::dyn_cast_if_present<DataIdentifierExpression>(parameter->getExpr());
+    const DataDescription *entry = item ? item->getDataDescription() : nullptr;
+    std::string text = parameter->getType() == ParameterType::Value ? "BY VALUE " : "";
+    if (entry)
+      text += nameAndPicture(*entry) +
+              (entry->isGroupItem() ? ", " + count(entry->getTotalAllocSize(), "byte") : "");
+    else
+      text += item ? operandText(item) : "?";
+    items.push_back(std::move(text));
+  }
+  return items;
+}
+
+int symbolKindOf(const Symbol &symbol) {
+  using Kind = mlir::lsp::SymbolKind;
+  auto number = [](Kind kind) { return static_cast<int>(kind); };
+  switch (symbol.kind) {
+  case SymbolKind::Program:
+    return number(Kind::Module);
+  case SymbolKind::File:
+    return number(Kind::File);
+  case SymbolKind::Section:
+    return number(Kind::Namespace);
+  case SymbolKind::Paragraph:
+    return number(Kind::Function);
+  case SymbolKind::ConditionName:
+    return number(Kind::Boolean);
+  case SymbolKind::IndexName:
+    return number(Kind::Number);
+  case SymbolKind::Report:
+    return number(Kind::Interface);
+  case SymbolKind::SpecialName:
+  case SymbolKind::SpecialRegister:
+    return number(Kind::Constant);
+  case SymbolKind::Item:
+    break;
+  }
+  const auto *entry = static_cast<const DataDescription *>(symbol.node);
+  return number(entry && entry->isGroupItem() ? Kind::Struct : Kind::Field);
+}
+
+SourceUnit *unitAt(Snapshot &snapshot, const SourcePoint &point) {
+  // The last PROGRAM-ID before the place; END PROGRAM is left to those who write it.
+  const OccurrenceIndex &index = snapshot.getIndex();
+  SourceUnit *unit = nullptr;
+  for (const Symbol &symbol : index.getSymbols())
+    if (symbol.kind == SymbolKind::Program && symbol.place.file == point.file &&
+        std::tuple(symbol.place.beginLine, symbol.place.beginColumn) <=
+            std::tuple(point.line, point.column))
+      unit = symbol.unit;
+  const NodeList<SourceUnit> &units = snapshot.getProgram()->getSourceUnitListElements();
+  return unit || units.empty() ? unit : units.front();
+}
+
+std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoint &point,
+                                            llvm::StringRef name) {
+  const ProgramNames programs(*snapshot.getProgram());
+  if (const SourceUnit *unit = programs.find(unitAt(snapshot, point), name))
+    return ProgramSignature{programName(*unit).str(), usingItems(*unit), ""};
+  const std::optional<llvm::json::Value> known =
+      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name.trim().upper()}});
+  const llvm::json::Array *all = known ? known->getAsArray() : nullptr;
+  const llvm::json::Object *first = all && !all->empty() ? all->front().getAsObject() : nullptr;
+  if (!first)
+    return std::nullopt;
+  const llvm::json::Object &item = *first->getObject("item");
+  ProgramSignature signature{
+      item.getString("name").value_or("").str(), {}, item.getString("detail").value_or("").str()};
+  for (const llvm::json::Value &one : *first->getArray("using"))
+    signature.items.push_back(one.getAsString().value_or("").str());
+  return signature;
+}
 
 std::optional<SymbolId> procedureAround(Snapshot &snapshot, const SourceRange &place) {
   // Procedures stand one after the other: the last one that begins before the place.

@@ -5,6 +5,7 @@
 
 #include "lsp/Snapshot.h"
 #include <string>
+#include <vector>
 
 namespace tarka::lsp {
 
@@ -13,6 +14,30 @@ std::string describeInLine(Snapshot &snapshot, SymbolId symbol);
 
 /// The same at length, as Markdown: the declaration, then what is known of it.
 std::string describeAtLength(Snapshot &snapshot, SymbolId symbol);
+
+/// The kind of a symbol by its number in the protocol.
+int symbolKindOf(const Symbol &symbol);
+
+/// The items of USING in the procedure division of \p unit with their pictures: "LK-COUNT PIC S9(4)
+/// COMP"; "BY VALUE" before one that is passed so.
+std::vector<std::string> usingItems(const SourceUnit &unit);
+
+/// What a CALL of a program has to pass.
+struct ProgramSignature {
+  std::string name;
+  /// See usingItems().
+  std::vector<std::string> items;
+  /// The file that the program is in; empty for one of the same source.
+  std::string origin;
+};
+
+/// The signature of the program that a CALL of \p name reaches at \p point; none when it is not
+/// known.
+std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoint &point,
+                                            llvm::StringRef name);
+
+/// The program whose text \p point is in; null for the text of a copybook by itself.
+SourceUnit *unitAt(Snapshot &snapshot, const SourcePoint &point);
 
 /// The procedure that \p place of the procedure division belongs to; none before the first.
 std::optional<SymbolId> procedureAround(Snapshot &snapshot, const SourceRange &place);

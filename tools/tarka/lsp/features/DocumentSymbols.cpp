@@ -2,40 +2,14 @@
 
 #include "AST/DataDescription.h"
 #include "AST/KindNames.h"
+#include "lsp/features/Describe.h"
 #include "lsp/features/Handlers.h"
-#include "mlir/Tools/lsp-server-support/Protocol.h"
+#include "lsp/features/Outline.h"
+#include "lsp/features/Writing.h"
 
 namespace tarka::lsp {
 
 namespace {
-
-using OutlineKind = mlir::lsp::SymbolKind;
-
-OutlineKind kindOf(const Symbol &symbol) {
-  switch (symbol.kind) {
-  case SymbolKind::Program:
-    return OutlineKind::Module;
-  case SymbolKind::File:
-    return OutlineKind::File;
-  case SymbolKind::Section:
-    return OutlineKind::Namespace;
-  case SymbolKind::Paragraph:
-    return OutlineKind::Function;
-  case SymbolKind::ConditionName:
-    return OutlineKind::Boolean;
-  case SymbolKind::IndexName:
-    return OutlineKind::Number;
-  case SymbolKind::Report:
-    return OutlineKind::Interface;
-  case SymbolKind::SpecialName:
-  case SymbolKind::SpecialRegister:
-    return OutlineKind::Constant;
-  case SymbolKind::Item:
-    break;
-  }
-  const auto *entry = static_cast<const DataDescription *>(symbol.node);
-  return entry && entry->isGroupItem() ? OutlineKind::Struct : OutlineKind::Field;
-}
 
 std::string detailOf(const Symbol &symbol) {
   if (symbol.kind != SymbolKind::Item || !symbol.node)
@@ -48,113 +22,39 @@ std::string detailOf(const Symbol &symbol) {
   return text;
 }
 
-/// How deep a symbol stands in the outline, so that one that stands deeper than the one before
-/// belongs to it. A nested program stands beside what the program around it declares.
-unsigned depthOf(const OccurrenceIndex &index, const Symbol &symbol) {
-  constexpr unsigned perProgram = 100;
-  unsigned depth = symbol.kind == SymbolKind::Program ? 1 : perProgram + 1;
-  for (const SourceUnit *unit = symbol.unit->getParent(); unit; unit = unit->getParent())
-    depth += perProgram;
-  switch (symbol.kind) {
-  case SymbolKind::Paragraph:
-    return depth + (&index.getSymbol(symbol.around) == &symbol ? 0 : 1);
-  case SymbolKind::IndexName: // within its table, however deep that is
-    return depth + perProgram / 2;
-  case SymbolKind::Item:
-  case SymbolKind::ConditionName: {
-    const auto *entry = static_cast<const DataDescription *>(symbol.node);
-    // Records are below their file or report.
-    if (entry && (entry->getFileDescription() || entry->getReportDescription()))
-      ++depth;
-    for (entry = entry ? entry->getOwner() : nullptr; entry; entry = entry->getOwner())
-      ++depth;
-    return depth;
-  }
-  default:
-    return depth;
+/// Writes the elements from \p next to \p end, each with those in it.
+void write(llvm::json::OStream &out, Snapshot &snapshot, llvm::ArrayRef<OutlineElement> elements,
+           std::size_t next, std::size_t end) {
+  while (next < end) {
+    const OutlineElement &element = elements[next];
+    const Symbol &symbol = *element.symbol;
+    out.object([&] {
+      out.attribute("name", *symbol.spelling);
+      out.attribute("kind", symbolKindOf(symbol));
+      writeRange(out, "range", snapshot.rangeOf(element.whole));
+      writeRange(out, "selectionRange", snapshot.rangeOf(symbol.place));
+      if (const std::string detail = detailOf(symbol); !detail.empty())
+        out.attribute("detail", detail);
+      if (element.end > next + 1)
+        out.attributeArray("children",
+                           [&] { write(out, snapshot, elements, next + 1, element.end); });
+    });
+    next = element.end;
   }
 }
 
-/// Builds the outline of the symbols of one text in their order.
-class Outline {
-public:
-  Outline(Snapshot &of, unsigned number) : snapshot(of), file(number) {}
-
-  llvm::json::Array make() {
-    llvm::SmallVector<const Symbol *> symbols;
-    for (const Occurrence &occurrence : snapshot.getIndex().inFile(file)) {
-      const Symbol &symbol = snapshot.getIndex().getSymbol(occurrence.symbol);
-      const bool isNew = symbols.empty() || pointOf(*symbols.back()) != pointOf(symbol);
-      if (occurrence.use == Use::Declaration && symbol.place.file == file && isNew &&
-          symbol.place.beginLine == occurrence.line &&
-          symbol.place.beginColumn == occurrence.column)
-        symbols.push_back(&symbol);
-    }
-    llvm::json::Array result;
-    std::size_t next = 0;
-    while (next < symbols.size())
-      result.push_back(element(symbols, next));
-    return result;
-  }
-
-private:
-  static std::pair<unsigned, unsigned> pointOf(const Symbol &symbol) {
-    return {symbol.place.beginLine, symbol.place.beginColumn};
-  }
-
-  /// The element of symbol \p next with all below it; \p next is moved behind them.
-  llvm::json::Object element(llvm::ArrayRef<const Symbol *> symbols, std::size_t &next) {
-    const Symbol &symbol = *symbols[next++];
-    const unsigned depth = depthOf(snapshot.getIndex(), symbol);
-    llvm::json::Array children;
-    SourceRange whole = symbol.place;
-    if (symbol.node && symbol.node->getRange().file == file &&
-        symbol.node->getRange().endLine >= whole.endLine) {
-      whole.endLine = symbol.node->getRange().endLine;
-      whole.endColumn = symbol.node->getRange().endColumn;
-    }
-    while (next < symbols.size() && depthOf(snapshot.getIndex(), *symbols[next]) > depth)
-      children.push_back(element(symbols, next));
-    // What an element covers ends before the next one that is not in it.
-    const bool hasBody = symbol.kind == SymbolKind::Program || symbol.kind == SymbolKind::Section ||
-                         symbol.kind == SymbolKind::Paragraph || !children.empty();
-    if (hasBody) {
-      whole.endLine = next < symbols.size()
-                          ? std::max(symbols[next]->place.beginLine - 1, whole.endLine)
-                          : std::max(lastLine(), whole.endLine);
-      whole.endColumn = columnsOf(whole.endLine);
-    }
-    whole.beginColumn = 1;
-    llvm::json::Object result{{"name", *symbol.spelling},
-                              {"kind", static_cast<int>(kindOf(symbol))},
-                              {"range", snapshot.rangeOf(whole)},
-                              {"selectionRange", snapshot.rangeOf(symbol.place)}};
-    if (std::string detail = detailOf(symbol); !detail.empty())
-      result["detail"] = std::move(detail);
-    if (!children.empty())
-      result["children"] = std::move(children);
-    return result;
-  }
-
-  unsigned lastLine() {
-    const llvm::StringRef text = snapshot.getCompilation().getLines().textOf(file);
-    return static_cast<unsigned>(text.count('\n')) + (text.ends_with("\n") ? 0 : 1);
-  }
-  unsigned columnsOf(unsigned line) {
-    return static_cast<unsigned>(snapshot.lineOf(file, line).size());
-  }
-
-  Snapshot &snapshot;
-  unsigned file;
-};
-
 } // namespace
 
-Answer documentSymbol(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error documentSymbol(Snapshot &snapshot, const Parameters &parameters,
+                           llvm::json::OStream &out) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
-  if (!file)
-    return nullptr;
-  return Outline(snapshot, *file).make();
+  if (!file) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  const std::vector<OutlineElement> elements = outlineOf(snapshot, *file);
+  out.array([&] { write(out, snapshot, elements, 0, elements.size()); });
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -1,32 +1,33 @@
 //===- FoldingRanges.cpp - what can be folded -----------------------------===//
 
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Outline.h"
 #include "lsp/features/Statements.h"
+#include "lsp/features/Writing.h"
 
 namespace tarka::lsp {
 
 namespace {
 
-/// Adds the elements of an outline that take several lines.
-void addOutline(const llvm::json::Array &outline, llvm::json::Array &ranges) {
-  for (const llvm::json::Value &value : outline) {
-    const llvm::json::Object &element = *value.getAsObject();
-    const llvm::json::Object &range = *element.getObject("range");
-    const std::int64_t first = range.getObject("start")->getInteger("line").value_or(0);
-    const std::int64_t last = range.getObject("end")->getInteger("line").value_or(0);
-    if (last > first)
-      ranges.push_back(llvm::json::Object{{"startLine", first}, {"endLine", last}});
-    if (const llvm::json::Array *children = element.getArray("children"))
-      addOutline(*children, ranges);
-  }
+/// Writes the folding range of lines \p first to \p last, from 1, if there are several.
+void writeLines(llvm::json::OStream &out, Snapshot &snapshot, unsigned file, unsigned first,
+                unsigned last, llvm::StringRef kind = "") {
+  const mlir::lsp::Range lines = snapshot.rangeOf(SourceRange(file, first, 1, last, 1));
+  if (lines.start.line < lines.end.line)
+    out.object([&] {
+      out.attribute("startLine", lines.start.line);
+      out.attribute("endLine", lines.end.line);
+      if (!kind.empty())
+        out.attribute("kind", kind);
+    });
 }
 
 bool isComment(llvm::StringRef line) {
   return (line.size() > 6 && (line[6] == '*' || line[6] == '/')) || line.ltrim().starts_with("*>");
 }
 
-/// Adds the comments of several lines.
-void addComments(Snapshot &snapshot, unsigned file, llvm::json::Array &ranges) {
+/// Writes the comments of several lines.
+void writeComments(llvm::json::OStream &out, Snapshot &snapshot, unsigned file) {
   const llvm::StringRef text = snapshot.getCompilation().getLines().textOf(file);
   const unsigned lines = static_cast<unsigned>(text.count('\n')) + 1;
   unsigned first = 0;
@@ -36,33 +37,32 @@ void addComments(Snapshot &snapshot, unsigned file, llvm::json::Array &ranges) {
       first = line;
     if (isPart || first == 0)
       continue;
-    if (line - first > 1)
-      ranges.push_back(
-          llvm::json::Object{{"startLine", first - 1}, {"endLine", line - 2}, {"kind", "comment"}});
+    writeLines(out, snapshot, file, first, line - 1, "comment");
     first = 0;
   }
 }
 
 } // namespace
 
-Answer foldingRange(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error foldingRange(Snapshot &snapshot, const Parameters &parameters,
+                         llvm::json::OStream &out) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
-  if (!file)
-    return nullptr;
-  llvm::json::Array ranges;
-  Answer outline = documentSymbol(snapshot, parameters);
-  if (!outline)
-    return outline.takeError();
-  if (const llvm::json::Array *elements = outline->getAsArray())
-    addOutline(*elements, ranges);
-  forEachStatement(*snapshot.getProgram(), [&](Statement &statement) {
-    const SourceRange &place = statement.getRange();
-    if (place.file == *file && place.endLine > place.beginLine + 1)
-      ranges.push_back(
-          llvm::json::Object{{"startLine", place.beginLine - 1}, {"endLine", place.endLine - 2}});
+  if (!file) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  out.array([&] {
+    for (const OutlineElement &element : outlineOf(snapshot, *file))
+      writeLines(out, snapshot, *file, element.whole.beginLine, element.whole.endLine);
+    forEachStatement(*snapshot.getProgram(), [&](Statement &statement) {
+      // The last line of a statement, which names what ends, stays to be seen.
+      const SourceRange &place = statement.getRange();
+      if (place.file == *file)
+        writeLines(out, snapshot, *file, place.beginLine, place.endLine - 1);
+    });
+    writeComments(out, snapshot, *file);
   });
-  addComments(snapshot, *file, ranges);
-  return ranges;
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -11,6 +11,7 @@
 #include "Print/LayoutModel.h"
 #include "Report/Excerpt.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Writing.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
@@ -38,7 +39,7 @@ public:
       : snapshot(owner), file(fileNumber), step(indentation),
         isFixed(owner.isFixedForm(fileNumber)) {}
 
-  llvm::json::Array edits(unsigned firstLine, unsigned lastLine);
+  void writeEdits(llvm::json::OStream &out, unsigned firstLine, unsigned lastLine);
 
 private:
   void readLines(llvm::StringRef text);
@@ -59,7 +60,7 @@ private:
   void place(const Node &node, unsigned column);
   CodeLine *lineOf(const Node &node);
   unsigned areaB() const { return areaA + 4; }
-  bool addEdits(llvm::json::Array &edits, unsigned number, const CodeLine &line) const;
+  bool writeLine(llvm::json::OStream &out, unsigned number, const CodeLine &line) const;
 
   Snapshot &snapshot;
   unsigned file;
@@ -323,9 +324,9 @@ void Formatter::placeTheRest() {
   }
 }
 
-/// Adds the edits of one line: the blanks before its first word, those before its picture, and
+/// Writes the edits of one line: the blanks before its first word, those before its picture, and
 /// those before the text after column 72. False when the line would become too long.
-bool Formatter::addEdits(llvm::json::Array &edits, unsigned number, const CodeLine &line) const {
+bool Formatter::writeLine(llvm::json::OStream &out, unsigned number, const CodeLine &line) const {
   struct Gap {
     unsigned begin; ///< offset of the first blank
     unsigned end;   ///< offset after the last one
@@ -358,37 +359,37 @@ bool Formatter::addEdits(llvm::json::Array &edits, unsigned number, const CodeLi
     if (gap.end - gap.begin == gap.width)
       continue;
     auto position = [&](unsigned offset) {
-      return llvm::json::Object{
-          {"line", number - 1},
-          {"character", countUnits(line.text.take_front(offset), snapshot.getEncoding())}};
+      return mlir::lsp::Position(
+          static_cast<int>(number) - 1,
+          static_cast<int>(countUnits(line.text.take_front(offset), snapshot.getEncoding())));
     };
-    edits.push_back(llvm::json::Object{
-        {"range", llvm::json::Object{{"start", position(gap.begin)}, {"end", position(gap.end)}}},
-        {"newText", std::string(gap.width, ' ')}});
+    writeEdit(out, {position(gap.begin), position(gap.end)}, std::string(gap.width, ' '));
   }
   return true;
 }
 
-llvm::json::Array Formatter::edits(unsigned firstLine, unsigned lastLine) {
+void Formatter::writeEdits(llvm::json::OStream &out, unsigned firstLine, unsigned lastLine) {
   readLines(snapshot.getCompilation().getLines().textOf(file));
   if (!isFixed && !lines.empty())
     areaA = lines.begin()->second.first;
   placeHeaders();
   forEachUnit(*snapshot.getProgram(), [&](const SourceUnit &one) { placeUnit(one); });
   placeTheRest();
-  llvm::json::Array edits;
-  for (const auto &[number, line] : lines)
-    if (number >= firstLine && number <= lastLine)
-      addEdits(edits, number, line);
-  return edits;
+  out.array([&] {
+    for (const auto &[number, line] : lines)
+      if (number >= firstLine && number <= lastLine)
+        writeLine(out, number, line);
+  });
 }
 
 } // namespace
 
-Answer format(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error format(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
-  if (!file)
-    return nullptr;
+  if (!file) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
   constexpr std::int64_t usual = 4, most = 12;
   std::int64_t indentation = usual;
   if (const llvm::json::Object *options = parameters.getObject("options"))
@@ -406,7 +407,8 @@ Answer format(Snapshot &snapshot, const Parameters &parameters) {
     if (to->column == 1 && last > first)
       --last;
   }
-  return Formatter(snapshot, *file, static_cast<unsigned>(indentation)).edits(first, last);
+  Formatter(snapshot, *file, static_cast<unsigned>(indentation)).writeEdits(out, first, last);
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -16,12 +16,15 @@ using Parameters = llvm::json::Object;
 Answer definition(Snapshot &snapshot, const Parameters &parameters);
 Answer declaration(Snapshot &snapshot, const Parameters &parameters);
 Answer typeDefinition(Snapshot &snapshot, const Parameters &parameters);
-Answer references(Snapshot &snapshot, const Parameters &parameters);
-Answer documentHighlight(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
+llvm::Error documentHighlight(Snapshot &snapshot, const Parameters &parameters,
+                              llvm::json::OStream &out);
 Answer prepareRename(Snapshot &snapshot, const Parameters &parameters);
 Answer rename(Snapshot &snapshot, const Parameters &parameters);
 Answer hover(Snapshot &snapshot, const Parameters &parameters);
 Answer completion(Snapshot &snapshot, const Parameters &parameters);
+/// The operands of CALL of a known program, and of intrinsic functions.
+Answer signatureHelp(Snapshot &snapshot, const Parameters &parameters);
 
 // Calls.
 Answer prepareCallHierarchy(Snapshot &snapshot, const Parameters &parameters);
@@ -29,23 +32,26 @@ Answer incomingCalls(Snapshot &snapshot, const Parameters &parameters);
 Answer outgoingCalls(Snapshot &snapshot, const Parameters &parameters);
 
 // The text as a whole.
-Answer documentSymbol(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error documentSymbol(Snapshot &snapshot, const Parameters &parameters,
+                           llvm::json::OStream &out);
 Answer documentLink(Snapshot &snapshot, const Parameters &parameters);
-Answer foldingRange(Snapshot &snapshot, const Parameters &parameters);
-Answer semanticTokens(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error foldingRange(Snapshot &snapshot, const Parameters &parameters,
+                         llvm::json::OStream &out);
+llvm::Error semanticTokens(Snapshot &snapshot, const Parameters &parameters,
+                           llvm::json::OStream &out);
 Answer selectionRange(Snapshot &snapshot, const Parameters &parameters);
-Answer inlayHint(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error inlayHint(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
 Answer codeAction(Snapshot &snapshot, const Parameters &parameters);
 /// Above procedures who uses them and their flow, above records their size and layout. The command
 /// tarka.showReferences is one of the editor's: it gets the URI, and an object with "position" and
 /// "places", which are Locations.
-Answer codeLens(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error codeLens(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
 
 /// The edits that put the lines of a document, or of a range of it, where they belong: headers and
 /// records in area A, entries by their level, statements by their nesting, PICTURE clauses of a
 /// record below each other. Only blanks change. Sequence numbers, text after column 72, comments,
 /// continued lines and lines with tabs stay, and so does a line that would become too long.
-Answer format(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error format(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
 
 // Commands that show something beside the source. Their parameters have the document and what of it
 // is meant: "position", or "name", a record or a procedure. They give "title"; "kind", which is

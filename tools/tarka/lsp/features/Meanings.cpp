@@ -2,168 +2,54 @@
 
 #include "lsp/features/Meanings.h"
 #include "llvm/ADT/STLExtras.h"
+#include "llvm/ADT/StringExtras.h"
 
 namespace tarka::lsp {
 
 namespace {
 
-// clang-format off
-constexpr WordMeaning table[] = {
-    {"ACCEPT", "Takes data from a device, or the date or time of the system, into an item.",
-     "ACCEPT ${1:item}$0"},
-    {"ADD", "Adds to items, or stores a sum in the items after GIVING.",
-     "ADD ${1:value} TO ${2:item}$0"},
-    {"ALL", "Repeats the literal behind it as often as the other operand is long.",
-     ""},
-    {"ALTER", "Changes the target of a GO TO while the program runs.",
-     ""},
-    {"CALL", "Runs another program and passes it the items after USING.",
-     "CALL '${1:program}' USING ${2:item}$0"},
-    {"CANCEL", "Makes the next CALL of a program find it in its first state.",
-     "CANCEL '${1:program}'$0"},
-    {"CLOSE", "Ends the processing of files.",
-     "CLOSE ${1:file}$0"},
-    {"COMP", "Binary: 2, 4 or 8 bytes for up to 4, 9 or 18 digits.",
-     ""},
-    {"COMP-1", "Floating point, 4 bytes.",
-     ""},
-    {"COMP-2", "Floating point, 8 bytes.",
-     ""},
-    {"COMP-3", "Packed decimal: two digits a byte, the sign in the last half byte.",
-     ""},
-    {"COMP-5", "Binary with the full range of its bytes.",
-     ""},
-    {"COMPUTE", "Stores the value of an arithmetic expression.",
-     "COMPUTE ${1:item} = ${2:expression}$0"},
-    {"CONTINUE", "Does nothing.",
-     "CONTINUE$0"},
-    {"COPY", "Puts the text of a copybook in its place when the program is compiled.",
-     "COPY ${1:copybook}.$0"},
-    {"DELETE", "Removes a record from a file.",
-     "DELETE ${1:file}$0"},
-    {"DISPLAY", "Writes operands to a device, normally the job's output.",
-     "DISPLAY ${1:item}$0"},
-    {"DIVIDE", "Divides, and stores the quotient, with REMAINDER the rest too.",
-     "DIVIDE ${1:divisor} INTO ${2:item}$0"},
-    {"ENTRY", "Gives the program a further point at which it can be called.",
-     "ENTRY '${1:name}'$0"},
-    {"EVALUATE", "Carries out the statements of the first WHEN that holds.",
-     "EVALUATE ${1:subject}\n    WHEN ${2:value}\n        ${3:CONTINUE}\n    WHEN OTHER\n        ${4:CONTINUE}\nEND-EVALUATE$0"},
-    {"EXEC", "Begins a command of an embedded language: CICS, SQL or DLI.",
-     "EXEC ${1|CICS,SQL,DLI|}\n    ${2:command}\nEND-EXEC$0"},
-    {"EXIT", "The common end of a range of procedures; with PROGRAM, PERFORM, PARAGRAPH or SECTION leaves that.",
-     "EXIT$0"},
-    {"GENERATE", "Prints a detail group of a report, or sums it up.",
-     ""},
-    {"GO", "Continues at a paragraph or section.",
-     "GO TO ${1:paragraph}$0"},
-    {"GOBACK", "Returns to the program that called this one, or ends the run.",
-     "GOBACK$0"},
-    {"HIGH-VALUE", "The character with the highest position in the collating sequence.",
-     ""},
-    {"HIGH-VALUES", "The character with the highest position in the collating sequence.",
-     ""},
-    {"IF", "Carries out statements when a condition holds, others after ELSE when it does not.",
-     "IF ${1:condition}\n    ${2:CONTINUE}\nEND-IF$0"},
-    {"INITIALIZE", "Sets items to zero or spaces by their category, or to the values after REPLACING.",
-     "INITIALIZE ${1:item}$0"},
-    {"INITIATE", "Begins a report.",
-     ""},
-    {"INSPECT", "Counts or replaces characters in an item.",
-     "INSPECT ${1:item} REPLACING ALL ${2:this} BY ${3:that}$0"},
-    {"LOW-VALUE", "The character with the lowest position in the collating sequence.",
-     ""},
-    {"LOW-VALUES", "The character with the lowest position in the collating sequence.",
-     ""},
-    {"MERGE", "Combines files that are sorted alike.",
-     "MERGE ${1:file} ON ASCENDING KEY ${2:key} USING ${3:files} GIVING ${4:file}$0"},
-    {"MOVE", "Copies a value to items and converts it to what they are.",
-     "MOVE ${1:value} TO ${2:item}$0"},
-    {"MULTIPLY", "Multiplies, and stores the product.",
-     "MULTIPLY ${1:value} BY ${2:item}$0"},
-    {"NULL", "The address that points nowhere.",
-     ""},
-    {"NULLS", "The address that points nowhere.",
-     ""},
-    {"OCCURS", "Makes a table of the item: it stands there several times.",
-     ""},
-    {"OPEN", "Makes files ready: INPUT, OUTPUT, I-O or EXTEND.",
-     "OPEN ${1|INPUT,OUTPUT,I-O,EXTEND|} ${2:file}$0"},
-    {"PACKED-DECIMAL", "Two digits a byte, the sign in the last half byte.",
-     ""},
-    {"PERFORM", "Carries out procedures, or the statements up to END-PERFORM, once or in a loop.",
-     "PERFORM ${1:paragraph}$0"},
-    {"QUOTE", "The quotation mark.",
-     ""},
-    {"QUOTES", "The quotation mark.",
-     ""},
-    {"READ", "Gets a record of a file.",
-     "READ ${1:file}\n    AT END ${2:CONTINUE}\nEND-READ$0"},
-    {"REDEFINES", "Describes the storage of another item a second time.",
-     ""},
-    {"RELEASE", "Gives a record to a sort.",
-     "RELEASE ${1:record}$0"},
-    {"RENAMES", "Gives a range of items of a record a further name.",
-     ""},
-    {"RETURN", "Gets the next record of a sort or merge.",
-     "RETURN ${1:file}\n    AT END ${2:CONTINUE}\nEND-RETURN$0"},
-    {"RETURN-CODE", "Special register, a binary halfword: what the program returns to its caller or to the job.",
-     ""},
-    {"REWRITE", "Replaces the record that was read last, or the one with the key.",
-     "REWRITE ${1:record}$0"},
-    {"SEARCH", "Looks for an occurrence of a table for which a condition holds; with ALL in a sorted table.",
-     "SEARCH ${1:table}\n    AT END ${2:CONTINUE}\n    WHEN ${3:condition}\n        ${4:CONTINUE}\nEND-SEARCH$0"},
-    {"SET", "Sets indexes, condition-names, pointers and switches.",
-     "SET ${1:name} TO ${2:value}$0"},
-    {"SORT", "Sorts the records of a file.",
-     "SORT ${1:file} ON ASCENDING KEY ${2:key} USING ${3:file} GIVING ${4:file}$0"},
-    {"SPACE", "Blanks, as many as are needed.",
-     ""},
-    {"SPACES", "Blanks, as many as are needed.",
-     ""},
-    {"START", "Positions a file at a key for the READ NEXT that follows.",
-     "START ${1:file} KEY IS >= ${2:key}$0"},
-    {"STOP", "STOP RUN ends the run; with a literal it waits for the operator.",
-     "STOP RUN$0"},
-    {"STRING", "Puts the contents of items together in one.",
-     "STRING ${1:item} DELIMITED BY ${2|SIZE,SPACE|}\n    INTO ${3:item}\nEND-STRING$0"},
-    {"SUBTRACT", "Subtracts from items, or stores a difference in the items after GIVING.",
-     "SUBTRACT ${1:value} FROM ${2:item}$0"},
-    {"SYNCHRONIZED", "Aligns a binary item at the boundary of its size.",
-     ""},
-    {"TALLY", "Special register, five digits binary: a counter for the program's use.",
-     ""},
-    {"TERMINATE", "Ends a report.",
-     ""},
-    {"UNSTRING", "Takes an item apart at delimiters.",
-     "UNSTRING ${1:item} DELIMITED BY ${2:','}\n    INTO ${3:item}\nEND-UNSTRING$0"},
-    {"WRITE", "Puts a record into a file.",
-     "WRITE ${1:record}$0"},
-    {"XML", "XML GENERATE makes a document of a record, XML PARSE reads one.",
-     ""},
-    {"ZERO", "The number 0, or as many zeros as are needed.",
-     ""},
-    {"ZEROES", "The number 0, or as many zeros as are needed.",
-     ""},
-    {"ZEROS", "The number 0, or as many zeros as are needed.",
-     ""},
+constexpr WordMeaning words[] = {
+#define WORD(Word, Meaning, Snippet) {Word, Meaning, Snippet},
+#include "lsp/features/Words.def"
 };
-// clang-format on
+
+constexpr FunctionMeaning functions[] = {
+#define FUNCTION(Name, Arguments, Meaning) {Name, Arguments, Meaning},
+#include "lsp/features/Functions.def"
+};
 
 } // namespace
 
 llvm::ArrayRef<WordMeaning> wordMeanings() {
-  return table;
+  return words;
 }
 
 std::string meaningOf(llvm::StringRef word) {
   const WordMeaning *found =
-      llvm::lower_bound(table, word, [](const WordMeaning &row, llvm::StringRef wanted) {
+      llvm::lower_bound(words, word, [](const WordMeaning &row, llvm::StringRef wanted) {
         return row.word < wanted;
       });
-  if (found == std::end(table) || found->word != word)
+  if (found == std::end(words) || found->word != word)
     return "";
   return "**" + word.str() + "**: " + found->meaning.str();
+}
+
+llvm::SmallVector<llvm::StringRef, 4> FunctionMeaning::argumentList() const {
+  llvm::SmallVector<llvm::StringRef, 4> list;
+  llvm::SplitString(arguments, list);
+  return list;
+}
+
+std::string FunctionMeaning::call() const {
+  return arguments.empty() ? name.str() : (name + " (" + arguments + ")").str();
+}
+
+const FunctionMeaning *functionMeaningOf(llvm::StringRef name) {
+  const FunctionMeaning *found =
+      llvm::lower_bound(functions, name, [](const FunctionMeaning &row, llvm::StringRef wanted) {
+        return row.name < wanted;
+      });
+  return found != std::end(functions) && found->name == name ? found : nullptr;
 }
 
 } // namespace tarka::lsp

@@ -1,6 +1,10 @@
 //===- References.cpp - where a name is used ------------------------------===//
 
+#include "lsp/Uris.h"
 #include "lsp/features/Handlers.h"
+#include "lsp/features/ProgramCalls.h"
+#include "lsp/features/Writing.h"
+#include "llvm/ADT/StringSet.h"
 
 namespace tarka::lsp {
 
@@ -30,37 +34,120 @@ int highlightKind(Use use) {
   llvm_unreachable("not a use");
 }
 
-} // namespace
+/// Writes Locations, each place once.
+class LocationWriter {
+public:
+  LocationWriter(Snapshot &of, llvm::json::OStream &stream) : snapshot(of), out(stream) {}
 
-Answer references(Snapshot &snapshot, const Parameters &parameters) {
-  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
-  if (!point)
-    return nullptr;
-  const llvm::json::Object *context = parameters.getObject("context");
-  const bool withDeclaration = !context || context->getBoolean("includeDeclaration").value_or(true);
-  llvm::json::Array places;
-  if (const CopyUse *asked = snapshot.copyAt(*point))
-    for (const CopyUse &use : snapshot.getCompilation().getExpansion().getCopies())
-      if (use.file == asked->file && use.name == asked->name)
-        if (std::optional<llvm::json::Object> place = snapshot.locationOf(use.place))
-          places.push_back(std::move(*place));
-  for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
-    if (withDeclaration || occurrence.use != Use::Declaration)
-      if (std::optional<llvm::json::Object> place = snapshot.locationOf(occurrence.getPlace()))
-        places.push_back(std::move(*place));
-  return places;
+  void add(const SourceRange &place) {
+    const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
+    if (isNew(snapshot.pathOf(place.file), begin.line, begin.character))
+      writeLocation(out, snapshot, place);
+  }
+  /// A Location of another program.
+  void add(const llvm::json::Object &location) {
+    const llvm::json::Object *range = location.getObject("range");
+    const llvm::json::Object *begin = range ? range->getObject("start") : nullptr;
+    const std::optional<std::string> path = pathOfUri(location.getString("uri").value_or(""));
+    if (begin && path &&
+        isNew(*path, begin->getInteger("line").value_or(0),
+              begin->getInteger("character").value_or(0)))
+      out.value(llvm::json::Object(location));
+  }
+
+private:
+  bool isNew(llvm::StringRef path, std::int64_t line, std::int64_t character) {
+    const std::string place = std::to_string(line) + ":" + std::to_string(character);
+    return known.insert((path + ":" + place).str()).second;
+  }
+
+  Snapshot &snapshot;
+  llvm::json::OStream &out;
+  llvm::StringSet<> known;
+};
+
+/// Adds the places in other programs: those that call the program at \p point, or that use the name
+/// of a copybook.
+void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDeclaration,
+                      LocationWriter &places) {
+  constexpr std::chrono::seconds patience(10);
+  auto ask = [&](llvm::StringRef what, llvm::json::Object parameters) {
+    std::optional<llvm::json::Value> answer =
+        snapshot.askWorkspace(what, std::move(parameters), patience);
+    llvm::json::Array *all = answer ? answer->getAsArray() : nullptr;
+    return all ? std::move(*all) : llvm::json::Array();
+  };
+  if (const std::optional<std::string> name = programNamedAt(snapshot, point)) {
+    if (withDeclaration)
+      for (llvm::json::Value &program : ask("programs", llvm::json::Object{{"name", *name}}))
+        places.add(*program.getAsObject()->getObject("location"));
+    for (const ProgramCall &call : programCalls(snapshot))
+      if (call.program == *name)
+        places.add(call.place);
+    for (llvm::json::Value &call :
+         ask("callers", llvm::json::Object{{"name", *name}, {"except", snapshot.getPath()}}))
+      for (llvm::json::Value &range : *call.getAsObject()->getArray("fromRanges"))
+        places.add(llvm::json::Object{{"uri", *call.getAsObject()->getObject("from")->get("uri")},
+                                      {"range", range}});
+  }
+  for (SymbolId id : snapshot.symbolsAt(point)) {
+    const SourceRange &place = snapshot.getIndex().getSymbol(id).place;
+    const std::string &path = snapshot.pathOf(place.file);
+    if (place.beginLine == 0 || path.empty() || path == snapshot.getPath())
+      continue;
+    const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
+    for (llvm::json::Value &location :
+         ask("uses", llvm::json::Object{{"path", path},
+                                        {"line", begin.line},
+                                        {"character", begin.character},
+                                        {"except", snapshot.getPath()}})) {
+      location.getAsObject()->erase("use");
+      places.add(*location.getAsObject());
+    }
+  }
 }
 
-Answer documentHighlight(Snapshot &snapshot, const Parameters &parameters) {
+} // namespace
+
+llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
-  if (!point)
-    return nullptr;
-  llvm::json::Array highlights;
-  for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
-    if (occurrence.file == point->file)
-      highlights.push_back(llvm::json::Object{{"range", snapshot.rangeOf(occurrence.getPlace())},
-                                              {"kind", highlightKind(occurrence.use)}});
-  return highlights;
+  if (!point) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  const llvm::json::Object *context = parameters.getObject("context");
+  const bool withDeclaration = !context || context->getBoolean("includeDeclaration").value_or(true);
+  out.array([&] {
+    LocationWriter places(snapshot, out);
+    if (const CopyUse *asked = snapshot.copyAt(*point))
+      for (const CopyUse &use : snapshot.getCompilation().getExpansion().getCopies())
+        if (use.file == asked->file && use.name == asked->name)
+          places.add(use.place);
+    for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
+      if ((withDeclaration || occurrence.use != Use::Declaration) &&
+          !snapshot.isEdited(occurrence.getPlace()))
+        places.add(occurrence.getPlace());
+    addOtherPrograms(snapshot, *point, withDeclaration, places);
+  });
+  return llvm::Error::success();
+}
+
+llvm::Error documentHighlight(Snapshot &snapshot, const Parameters &parameters,
+                              llvm::json::OStream &out) {
+  const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
+  if (!point) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
+  out.array([&] {
+    for (const Occurrence &occurrence : occurrencesAt(snapshot, *point))
+      if (occurrence.file == point->file && !snapshot.isEdited(occurrence.getPlace()))
+        out.object([&] {
+          writeRange(out, "range", snapshot.rangeOf(occurrence.getPlace()));
+          out.attribute("kind", highlightKind(occurrence.use));
+        });
+  });
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -1,6 +1,7 @@
 //===- SelectionRanges.cpp - from a word to the program -------------------===//
 
 #include "lsp/features/Handlers.h"
+#include "lsp/features/Outline.h"
 #include "lsp/features/Statements.h"
 
 namespace tarka::lsp {
@@ -17,21 +18,6 @@ bool isWithin(const mlir::lsp::Range &inner, const mlir::lsp::Range &outer) {
   return outer.start <= inner.start && inner.end <= outer.end && !(inner == outer);
 }
 
-/// Adds the elements of an outline that \p position is in, the outermost first.
-void addOutline(const llvm::json::Array &outline, const mlir::lsp::Position &position,
-                std::vector<mlir::lsp::Range> &ranges) {
-  for (const llvm::json::Value &value : outline) {
-    const llvm::json::Object &element = *value.getAsObject();
-    mlir::lsp::Range range;
-    llvm::json::Path::Root root;
-    if (!fromJSON(*element.get("range"), range, root) || !range.contains(position))
-      continue;
-    ranges.push_back(range);
-    if (const llvm::json::Array *children = element.getArray("children"))
-      addOutline(*children, position, ranges);
-  }
-}
-
 } // namespace
 
 Answer selectionRange(Snapshot &snapshot, const Parameters &parameters) {
@@ -39,9 +25,7 @@ Answer selectionRange(Snapshot &snapshot, const Parameters &parameters) {
   const llvm::json::Array *positions = parameters.getArray("positions");
   if (!file || !positions)
     return nullptr;
-  Answer outline = documentSymbol(snapshot, parameters);
-  if (!outline)
-    return outline.takeError();
+  const std::vector<OutlineElement> outline = outlineOf(snapshot, *file);
   llvm::json::Array result;
   for (const llvm::json::Value &value : *positions) {
     mlir::lsp::Position position;
@@ -51,7 +35,9 @@ Answer selectionRange(Snapshot &snapshot, const Parameters &parameters) {
     if (!point || !fromJSON(value, position, root))
       return nullptr;
     std::vector<mlir::lsp::Range> ranges;
-    addOutline(*outline->getAsArray(), position, ranges);
+    for (const OutlineElement &element : outline)
+      if (contains(element.whole, *point))
+        ranges.push_back(snapshot.rangeOf(element.whole));
     forEachStatement(*snapshot.getProgram(), [&](Statement &statement) {
       if (contains(statement.getRange(), *point))
         ranges.push_back(snapshot.rangeOf(statement.getRange()));

@@ -82,10 +82,13 @@ void addOtherWords(Snapshot &snapshot, unsigned file, std::vector<ColoredWord> &
 
 } // namespace
 
-Answer semanticTokens(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error semanticTokens(Snapshot &snapshot, const Parameters &parameters,
+                           llvm::json::OStream &out) {
   const std::optional<unsigned> file = snapshot.fileOf(parameters);
-  if (!file)
-    return nullptr;
+  if (!file) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
   std::vector<ColoredWord> words;
   for (const Occurrence &occurrence : snapshot.getIndex().inFile(*file))
     if (!occurrence.isReplaced) {
@@ -103,24 +106,27 @@ Answer semanticTokens(Snapshot &snapshot, const Parameters &parameters) {
            std::pair(beginOf(right.place), !right.isName);
   });
 
-  llvm::json::Array data;
-  mlir::lsp::Position last(0, 0);
-  const SourceRange *before = nullptr;
-  for (const ColoredWord &word : words) {
-    if (word.place.beginLine != word.place.endLine ||
-        (before && beginOf(*before) == beginOf(word.place)))
-      continue;
-    before = &word.place;
-    const mlir::lsp::Range range = snapshot.rangeOf(word.place);
-    const bool isSameLine = range.start.line == last.line;
-    data.push_back(range.start.line - last.line);
-    data.push_back(isSameLine ? range.start.character - last.character : range.start.character);
-    data.push_back(range.end.character - range.start.character);
-    data.push_back(static_cast<unsigned>(word.type));
-    data.push_back(word.modifiers);
-    last = range.start;
-  }
-  return llvm::json::Object{{"data", std::move(data)}};
+  out.objectBegin();
+  out.attributeArray("data", [&] {
+    mlir::lsp::Position last(0, 0);
+    const SourceRange *before = nullptr;
+    for (const ColoredWord &word : words) {
+      if (word.place.beginLine != word.place.endLine ||
+          (before && beginOf(*before) == beginOf(word.place)) || snapshot.isEdited(word.place))
+        continue;
+      before = &word.place;
+      const mlir::lsp::Range range = snapshot.rangeOf(word.place);
+      const bool isSameLine = range.start.line == last.line;
+      out.value(range.start.line - last.line);
+      out.value(isSameLine ? range.start.character - last.character : range.start.character);
+      out.value(range.end.character - range.start.character);
+      out.value(static_cast<unsigned>(word.type));
+      out.value(word.modifiers);
+      last = range.start;
+    }
+  });
+  out.objectEnd();
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -33,7 +33,7 @@ private:
     for (Paragraph *paragraph : section.getParaElements())
       walk(paragraph->getSentElements());
   }
-  void walk(const std::list<Sentence *> &sentences) {
+  void walk(const NodeList<Sentence> &sentences) {
     for (Sentence *sentence : sentences)
       for (Statement *statement : sentence->getStmtElements())
         walk(*statement);

@@ -1,0 +1,83 @@
+"""Names and calls across the programs of a directory.
+
+usage: workspace.py TARKA DIRECTORY
+"""
+
+import sys
+from pathlib import Path
+
+from client import Client, Failure, slices
+
+tarka, directory = sys.argv[1:3]
+client = Client(tarka, directory)
+client.open("PAY.cbl")
+assert client.wait("PAY.cbl") == [], client.diagnostics
+
+
+def check(what, found, expected):
+    assert found == expected, f"{what}: {found}, expected {expected}"
+
+
+def place(location):
+    path = Path(location["uri"].removeprefix("file://"))
+    line = location["range"]["start"]["line"] + 1
+    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
+
+
+def symbols(query):
+    return [(s["name"], place(s["location"])) for s in client.request("workspace/symbol", {"query": query})]
+
+
+# Symbols of all programs and of copybooks, those with the name first.
+check("programs", symbols("bill")[0], ("BILL", "BILL.cbl:2 BILL"))
+assert ("PRINT-BILL", "PRINT-BILL") in [(n, p.split()[1]) for n, p in symbols("bill")]
+check("a copied name is there once for each program", len(symbols("CURRENCY-CODE")), 1)
+check("letters in their order", symbols("pymny"), [("PAY-MONEY", "MONEY.cpy:1 :P:-MONEY")])
+check("copybooks", symbols("money")[0], ("MONEY.cpy", "MONEY.cpy:1"))
+check("nothing", symbols("nowhere"), [])
+
+# From a call to the program, and back from all who call it: CALL, LINK and XCTL.
+check("definition", [place(l) for l in client.ask("definition", "PAY.cbl", "BILL", 1)], ["BILL.cbl:2 BILL"])
+everywhere = {"context": {"includeDeclaration": True}}
+check(
+    "references of a program",
+    sorted(place(l) for l in client.ask("references", "PAY.cbl", "BILL", 1, **everywhere)),
+    ["BILL.cbl:2 BILL", "MENU.cbl:8 NEXT-PROGRAM", "PAY.cbl:11 'BILL'"],
+)
+help = client.ask("signatureHelp", "PAY.cbl", "PAY-MONEY", 1, "USING")["signatures"][0]
+check("signature", help["label"], "CALL 'BILL' USING BILL-MONEY, 8 bytes")
+
+
+def calls(direction, item):
+    found = client.request(f"callHierarchy/{direction}", {"item": item})
+    return [c["from" if direction == "incomingCalls" else "to"] for c in found]
+
+
+item = client.ask("prepareCallHierarchy", "PAY.cbl", "PAY.", 1)[0]
+check("who calls PAY", [c["name"] for c in calls("incomingCalls", item)], ["CHOOSE"])
+item = client.ask("prepareCallHierarchy", "PAY.cbl", "PAY-ONE", 1)[0]
+bill = calls("outgoingCalls", item)
+check("whom PAY-ONE calls", [c["name"] for c in bill], ["BILL"])
+callers = calls("incomingCalls", bill[0])
+check("who calls BILL", sorted(c["name"] for c in callers), ["CHOOSE", "PAY-ONE"])
+menu = [c for c in callers if c["name"] == "CHOOSE"][0]
+check("whom CHOOSE calls", sorted(c["name"] for c in calls("outgoingCalls", menu)), ["BILL", "PAY"])
+
+# Names of copybooks are used in other programs too.
+check(
+    "references of a copied name",
+    sorted(place(l) for l in client.ask("references", "PAY.cbl", "CURRENCY-CODE", 1, **everywhere)),
+    ["BILL.cbl:8 CURRENCY-CODE", "MONEY.cpy:3 CURRENCY-CODE", "PAY.cbl:10 CURRENCY-CODE"],
+)
+
+# What is saved is read again, and what is deleted is forgotten.
+other = Path(directory, "MENU.cbl")
+other.write_text(other.read_text().replace("CHOOSE", "SELECT-IT"))
+Path(directory, "BILL.cbl").unlink()
+client.notify(
+    "workspace/didChangeWatchedFiles",
+    {"changes": [{"uri": client.uri(n), "type": 2} for n in ("MENU.cbl", "BILL.cbl")]},
+)
+check("saved", [n for n, _ in symbols("select-it")], ["SELECT-IT"])
+check("deleted", [n for n, _ in symbols("print-bill")], [])
+assert client.end() == 0
