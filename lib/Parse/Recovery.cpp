@@ -18,7 +18,6 @@ bool beginsSuppression(DiagnosticId id) {
   case DiagnosticId::PeriodMissing:
   case DiagnosticId::UnknownClause:
   case DiagnosticId::MisspeltClause:
-  case DiagnosticId::ClauseTwice:
   case DiagnosticId::HeaderNotHere:
   case DiagnosticId::NotAStatement:
   case DiagnosticId::MisspeltVerb:
@@ -82,16 +81,26 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   constexpr unsigned near = 2;
   if (isAboutStructure(id))
     return isStructureUncertain();
-  if (id == DiagnosticId::NotAStatement || id == DiagnosticId::UnknownClause)
-    return place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
+  const bool isInLine = place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
+  if (id == DiagnosticId::UnknownClause)
+    return isInLine;
+  // A period within a verb makes a name of its beginning.
+  if (id == DiagnosticId::NotAStatement)
+    return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
   if (id == DiagnosticId::NotSupported && place.file == lastMistake.file &&
       place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
     return true;
   // What an entry is without may be in the line of the mistake.
-  if (id == DiagnosticId::LevelWithoutRecord || id == DiagnosticId::ClauseMissing)
+  if (id == DiagnosticId::LevelWithoutRecord)
     return isBehindMistake(place, near);
-  return canFollowStrayLine(id) && lastIsStrayLine && beginsLine(place) &&
-         isBehindMistake(place, near);
+  if (id == DiagnosticId::ClauseMissing)
+    return lastIsStrayLine && isBehindMistake(place, near);
+  if (!canFollowStrayLine(id) || !beginsLine(place))
+    return false;
+  // A header that is found too late follows the line that it is missing before.
+  if (id == DiagnosticId::PeriodMissing && lastId == DiagnosticId::HeaderMissing)
+    return isBehindMistake(place, 1);
+  return lastIsStrayLine && isBehindMistake(place, near);
 }
 
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
@@ -109,8 +118,10 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
     lastIsStrayLine =
         beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement ||
                               id == DiagnosticId::HeaderMissing);
-    // A misspelt verb is read as what it was meant to be.
-    if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement)
+    // A misspelt verb is read as what it was meant to be, and of parts without their statement
+    // those that belong together are known.
+    if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement &&
+        !isAboutStructure(id))
       tornLine = place.endLine;
   }
   if (!isCascade)

@@ -304,6 +304,7 @@ private:
   unsigned tornLineOfLastSentence = 0;
   /// Where the last mistake was found.
   SourceRange lastMistake;
+  DiagnosticId lastId = DiagnosticId::Expected;
   /// Whether it was a line that does not begin as lines do there.
   bool lastIsStrayLine = false;
   uint8_t strayParts = 0;
