@@ -22,7 +22,7 @@ help:
 	@echo "make docs      regenerate docs/diagnostics.md and the options in docs/commands/"
 	@echo "make install   install below PREFIX (default /usr/local)"
 	@echo "make package   build a Debian package (build/release/tarka_*.deb)"
-	@echo "make vscode    build the extension for VS Code (editors/vscode/tarka-cobol.vsix)"
+	@echo "make vscode    build the extension for VS Code, with the program (editors/vscode/tarka-cobol.vsix)"
 	@echo "make test-vscode  run VS Code in a browser with the extension, and look at the page"
 	@echo "make lint      clang-format and clang-tidy over all sources"
 	@echo "make format    format all sources"
@@ -78,15 +78,16 @@ package: build
 	@cd build/release && rm -f tarka_*.deb && cpack -G DEB >cpack.log || { cat cpack.log; exit 1; }
 	@ls -1 build/release/tarka_*.deb
 
-vscode: setup
+vscode: build
+	@editors/vscode/bundle.sh build/release
 	@cd editors/vscode && npm ci --no-audit --no-fund && npm run check && npm run build && npm run package
 
 # Pictures of what was seen are in build/vscode.
-test-vscode: build vscode
+test-vscode: vscode
 	@command -v chromium >/dev/null || scripts/setup.sh chromium
 	@editors/vscode/test/setup.sh
 	@mkdir -p build/vscode
-	@node editors/vscode/test/run.mjs build/release/tools/tarka/tarka editors/vscode/tarka-cobol.vsix build/vscode
+	@node editors/vscode/test/run.mjs editors/vscode/tarka-cobol.vsix build/vscode
 
 lint: setup
 	@scripts/format.sh

@@ -126,7 +126,7 @@ def nested_programs(depth):
     inner = [line for k in names for line in (
         "IDENTIFICATION DIVISION.", f"PROGRAM-ID. N{k}.", "DATA DIVISION.",
         "WORKING-STORAGE SECTION.", f"01 G-{k} PIC 9 GLOBAL.", "PROCEDURE DIVISION.",
-        f"    ADD 1 TO G-1 G-{k}.", "    EXIT PROGRAM.")]
+        f"    ADD 1 TO G-{max(1, k - 1)} G-{k}.", "    EXIT PROGRAM.")]
     return program(tail=[*inner, *(f"END PROGRAM N{k}." for k in reversed(names)),
                          "END PROGRAM BENCH."])
 
@@ -331,7 +331,7 @@ CONSTRUCTS |= {
     "nested phrases": lambda n: nest(n // 15, "ADD 1 TO A ON SIZE ERROR", "END-ADD"),
     "parentheses": lambda n: program(
         storage(), ["    COMPUTE A =", *["("] * (n // 15), "A", *[")"] * (n // 15), "."]),
-    "nested programs, one in the other": lambda n: nested_programs(n // 15),
+    "nested programs, one in the other": lambda n: nested_programs(n // 5),
     "GLOBAL names": global_names,
     # Reports.
     "groups of a report": lambda n: report_writer(n, lambda count: each(
@@ -387,9 +387,10 @@ def mixed(count):
     return program(
         storage("01 REC.", *each(count, "   05 ITEM-# PIC 9(4).", "      88 COND-# VALUE 1."),
                 "01 TABLES.", *each(count, "   05 TAB-# PIC X OCCURS 5 INDEXED BY IX-#.")),
-        [*each(count, "    IF COND-# PERFORM P-# ELSE MOVE ITEM-# TO A."),
+        [*each(count, "    IF COND-# PERFORM P-# THRU P-#-EXIT ELSE MOVE ITEM-# TO A."),
          "    EVALUATE A", *each(count, "      WHEN # ADD 1 TO A"), "    END-EVALUATE."],
-        tail=each(count, "P-#.", "    IF A = # GO TO P-1.", "    ADD 1 TO ITEM-#."))
+        tail=each(count, "P-#.", "    IF A = # GO TO P-#-EXIT.", "    ADD 1 TO ITEM-#.", "P-#-EXIT.",
+                  "    EXIT."))
 
 
 def faulty(count):

@@ -1,6 +1,6 @@
 // The extension starts `tarka lsp` and shows what its commands answer: text, or a graph.
 
-import { accessSync, constants, existsSync } from 'node:fs';
+import { accessSync, constants, statSync } from 'node:fs';
 import * as path from 'node:path';
 import * as vscode from 'vscode';
 import { LanguageClient, Location, Position, RevealOutputChannelOn } from 'vscode-languageclient/node';
@@ -45,6 +45,7 @@ async function start(context: vscode.ExtensionContext): Promise<void> {
     await reportMissing(settings.get<string>('path', ''));
     return;
   }
+  channel.appendLine(`Starting ${program}`);
   const command = { command: program, args: ['lsp', ...settings.get<string[]>('arguments', [])] };
   client = new LanguageClient('tarka', 'Tarka COBOL', { run: command, debug: command }, {
     documentSelector: [
@@ -71,7 +72,7 @@ function isAnswer(value: unknown): value is Answer {
   return typeof value === 'object' && value !== null && 'content' in value && 'kind' in value;
 }
 
-/** The program of the settings, the one that is packed with the extension, or the one on the PATH. */
+/** The program of the settings, else the one on the PATH, else the one that is packed with the extension. */
 function findProgram(context: vscode.ExtensionContext, configured: string): string | undefined {
   const name = process.platform === 'win32' ? 'tarka.exe' : 'tarka';
   if (configured) {
@@ -79,15 +80,15 @@ function findProgram(context: vscode.ExtensionContext, configured: string): stri
     const resolved = path.resolve(folder, configured.replace('${workspaceFolder}', folder));
     return isProgram(resolved) ? resolved : undefined;
   }
-  const bundled = context.asAbsolutePath(path.join('bin', name));
-  const onPath = (process.env.PATH ?? '').split(path.delimiter).map((folder) => path.join(folder, name));
-  return [bundled, ...onPath].find(isProgram);
+  const folders = (process.env.PATH ?? '').split(path.delimiter).filter(path.isAbsolute);
+  const bundled = context.asAbsolutePath(path.join('dist', 'bin'));
+  return [...folders, bundled].map((folder) => path.join(folder, name)).find(isProgram);
 }
 
 function isProgram(file: string): boolean {
   try {
     accessSync(file, constants.X_OK);
-    return existsSync(file);
+    return statSync(file).isFile();
   } catch {
     return false;
   }
@@ -96,7 +97,7 @@ function isProgram(file: string): boolean {
 async function reportMissing(configured: string): Promise<void> {
   const message = configured
     ? `The program ${configured} (tarka.path) cannot be run.`
-    : 'The program tarka is not on the PATH. Install it, or set tarka.path.';
+    : 'The program tarka is not on the PATH, and this extension comes without it. Install it, or set tarka.path.';
   if ((await vscode.window.showErrorMessage(message, 'Open Settings')) === 'Open Settings')
     await vscode.commands.executeCommand('workbench.action.openSettings', 'tarka.path');
 }

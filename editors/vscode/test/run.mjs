@@ -1,5 +1,6 @@
 // Runs VS Code with the packed extension in a browser and looks at the page: what a user sees of a
-// program with mistakes. usage: node run.mjs PROGRAM-TARKA VSIX [DIRECTORY-FOR-PICTURES]
+// program with mistakes. The extension runs the program that it comes with, unless another one is on the
+// PATH. usage: node run.mjs VSIX [DIRECTORY-FOR-PICTURES]
 import { execFileSync, spawn } from 'node:child_process';
 import { cpSync, mkdirSync, mkdtempSync, rmSync, writeFileSync } from 'node:fs';
 import { createServer } from 'node:net';
@@ -8,7 +9,7 @@ import path from 'node:path';
 import { fileURLToPath } from 'node:url';
 import puppeteer from 'puppeteer-core';
 
-const [tarka, vsix, pictures] = process.argv.slice(2).map((name) => path.resolve(name));
+const [vsix, pictures] = process.argv.slice(2).map((name) => path.resolve(name));
 const here = path.dirname(fileURLToPath(import.meta.url));
 const examples = path.join(here, '../../../examples/update');
 const work = mkdtempSync(path.join(tmpdir(), 'tarka-vscode-'));
@@ -28,7 +29,6 @@ function prepare() {
   cpSync(examples, path.join(work, 'project'), { recursive: true });
   mkdirSync(path.join(work, 'user/User'), { recursive: true });
   const settings = {
-    'tarka.path': tarka,
     'security.workspace.trust.enabled': false,
     'workbench.startupEditor': 'none',
     'workbench.tips.enabled': false,
@@ -76,6 +76,8 @@ class Editor {
     await this.page.keyboard.up('Control');
     await this.page.waitForSelector('.quick-input-widget input', { visible: true });
     await this.page.keyboard.type(`${line}:${column}`);
+    // On a slow machine the list follows the typing.
+    await this.page.waitForFunction((wanted) => document.querySelector('.quick-input-list')?.textContent.includes(wanted), {}, `line ${line} and character ${column}`);
     await this.page.keyboard.press('Enter');
     await this.page.waitForFunction((wanted) => document.querySelector('.statusbar')?.textContent.includes(wanted), {}, `Ln ${line}, Col ${column}`);
   }

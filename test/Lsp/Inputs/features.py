@@ -20,14 +20,15 @@ def check(what, found, expected):
     assert found == expected, f"{what}: {found}, expected {expected}"
 
 
+def place(location):
+    """File:line, with the text that the location covers."""
+    path = Path(location["uri"].removeprefix("file://"))
+    line = location["range"]["start"]["line"] + 1
+    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
+
+
 def places(locations):
-    """File:line of each location, with the text that it covers."""
-    result = []
-    for location in locations or []:
-        path = Path(location["uri"].removeprefix("file://"))
-        line = location["range"]["start"]["line"] + 1
-        result.append(f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip())
-    return result
+    return [place(location) for location in locations or []]
 
 
 def here(line, name):
@@ -121,8 +122,7 @@ check(
     text.replace("WS-COUNT", "WS-ORDER-COUNT", 3)
 )
 for needle, new, after, reason in [
-    ("WS-NAME", "X", "MOVE", "CUSTOMER.cpy:3"),
-    ("AMOUNT OF", "X", None, "TOTALS.cpy:4"),
+    ("WS-NAME", "X", "MOVE", "makes the part WS"),
     ("STATUS-OK", "MOVE", None, "reserved"),
     ("STATUS-OK", "WS-ROW", None, "declared already"),
     ("STATUS-OK", "9-", None, "not a name"),
@@ -151,6 +151,16 @@ check("incoming", [c["from"]["name"] for c in calls], ["BEGIN-ORDERS"])
 item = client.ask("prepareCallHierarchy", program, "BEGIN-ORDERS", 1)[0]
 calls = client.request("callHierarchy/outgoingCalls", {"item": item})
 check("outgoing", [c["to"]["name"] for c in calls], ["FAILED", "SHOW-IT", "SHOW-EXIT", "HELPER"])
+
+# Selections grow: a name, its statement, the statements around it, the paragraph, the section ...
+where = client.at(program, "WS-COUNT", 1, "CALL 'HELPER'")["position"]
+selection = client.about("selectionRange", program, positions=[where])[0]
+grown = []
+while selection:
+    grown.append(slices(text, selection["range"]).strip())
+    selection = selection.get("parent")
+check("selections", [g.split()[0] for g in grown], ["WS-COUNT", "CALL", "IF", "BEGIN-ORDERS.", "MAIN-PART", "PROGRAM-ID."])
+assert all(inner in outer for inner, outer in zip(grown, grown[1:])), grown
 
 # Tokens come in order and cover the words.
 data = client.about("semanticTokens/full", program)["data"]
@@ -185,8 +195,9 @@ begin = text.index("STATUS-OK AND")
 client.change(program, (begin, begin + 9, "STATUS-OKAY"))
 wrong = client.wait(program)[0]
 actions = client.about("codeAction", program, range=wrong["range"], context={"diagnostics": [wrong]})
-check("titles", [a["title"] for a in actions], ["Change to STATUS-OK", "Turn 3310 off for this line"])
-edit = actions[1]["edit"]["changes"][client.uri(program)][0]
+titles = ["Change to STATUS-OK", "Create the item STATUS-OKAY", "Turn 3310 off for this line", "Explain 3310"]
+check("titles", [a["title"] for a in actions], titles)
+edit = actions[2]["edit"]["changes"][client.uri(program)][0]
 row = client.texts[client.path(program)].split("\n")[: edit["range"]["start"]["line"]]
 client.change(program, (len("\n".join(row)) + 1, len("\n".join(row)) + 1, edit["newText"]))
 check("turned off", client.wait(program), [])
@@ -198,6 +209,8 @@ client.open("TOTALS.cpy")
 client.change("TOTALS.cpy", (0, 0, "       01  ORDER-NUMBER PIC X(4) COMP-3.\n"))
 copybook = client.path("TOTALS.cpy")
 client.until(lambda: any("ORDERS.cbl" in d["message"] for d in client.diagnostics.get(copybook, [])))
+related = client.diagnostics[copybook][0]["relatedInformation"]
+check("copied from", [(r["message"], place(r["location"])) for r in related], [("copied here", here(19, "TOTALS"))])
 found = places(client.ask("references", "TOTALS.cpy", "GRAND-TOTALS", 1, **everywhere))
 check("references from a copybook alone", found[0], here(36, "GRAND-TOTALS"))
 assert client.end() == 0

@@ -3,6 +3,7 @@
 usage: session.py TARKA EXAMPLES DIRECTORY [EDITS]
 """
 
+import contextlib
 import json
 import os
 import random
@@ -55,6 +56,12 @@ def compare(client, name):
     assert found == expected, f"{name}: published {found}, reported {expected}"
 
 
+def kill(child):
+    # It may have ended since it was seen.
+    with contextlib.suppress(ProcessLookupError):
+        os.kill(int(child), signal.SIGKILL)
+
+
 def children(client):
     pid = client.process.pid
     return Path(f"/proc/{pid}/task/{pid}/children").read_text().split()
@@ -84,7 +91,7 @@ for _ in range(edits):
 # A worker that dies costs an answer at most; the version after it is analysed.
 for name in ("CUSTUPDX.cbl", "PREMIUMX.cbl"):
     for child in children(client):
-        os.kill(int(child), signal.SIGKILL)
+        kill(child)
     client.change(name, (0, 0, "      *\n"))
     compare(client, name)
 assert client.process.poll() is None

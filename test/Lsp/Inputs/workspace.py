@@ -70,6 +70,52 @@ check(
     ["BILL.cbl:8 CURRENCY-CODE", "MONEY.cpy:3 CURRENCY-CODE", "PAY.cbl:10 CURRENCY-CODE"],
 )
 
+
+
+# A name of a copybook is renamed in all programs that copy it, and REPLACING is taken into account;
+# refused is what would mean something else.
+def rename(needle, new, after=None):
+    try:
+        answer = client.ask("rename", "PAY.cbl", needle, 1, after, newName=new)
+    except Failure as refused:
+        return str(refused)
+    changed = {}
+    for uri, edits in answer["changes"].items():
+        path = Path(uri.removeprefix("file://"))
+        lines = path.read_text().split("\n")
+        for edit in edits:
+            lines[edit["range"]["start"]["line"]] = edit["newText"]
+        changed[path.name] = [new for old, new in zip(path.read_text().split("\n"), lines) if old != new]
+    return changed
+
+
+pay = '           DISPLAY BILL-AMOUNT \' \' CURRENCY-CODE OF BILL-MONEY'
+check(
+    "rename",
+    rename("CURRENCY-CODE", "CURR"),
+    {
+        "BILL.cbl": [pay.replace("CURRENCY-CODE", "CURR")],
+        "MONEY.cpy": ["           05  CURR       PIC X(3)."],
+        "PAY.cbl": ["           MOVE 'EUR' TO CURR"],
+    },
+)
+check(
+    "rename with REPLACING",
+    rename("PAY-AMOUNT", "PAY-SUM"),
+    {
+        "BILL.cbl": [pay.replace("BILL-AMOUNT", "BILL-SUM")],
+        "MONEY.cpy": ["           05  :P:-SUM          PIC S9(7)V99 COMP-3."],
+        "PAY.cbl": ["           MOVE 1 TO PAY-SUM"],
+    },
+)
+for needle, new, reason in [
+    ("PAY-AMOUNT", "SUM-TOTAL", "makes the part PAY"),
+    ("PAY-AMOUNT", "PAY-MONEY", "declared already"),
+    ("CURRENCY-CODE", "BILL-AMOUNT", "BILL.cbl would mean something else"),
+]:
+    refused = rename(needle, new)
+    assert isinstance(refused, str) and reason in refused, f"rename to {new}: {refused}"
+
 # What is saved is read again, and what is deleted is forgotten.
 other = Path(directory, "MENU.cbl")
 other.write_text(other.read_text().replace("CHOOSE", "SELECT-IT"))

@@ -44,6 +44,8 @@ enum class TextNeeded : std::uint8_t {
   Understood,
   /// Its answer changes the text, so it must be about the text as it is.
   Present,
+  /// The same, and it looks at other programs: all texts of the editor must be as they are.
+  All,
 };
 
 /// A request about a document that a snapshot of its program answers.

@@ -18,8 +18,10 @@ namespace tarka::lsp {
 struct Frame {
   enum Kind : std::uint8_t {
     // From the server.
-    Question, ///< a JSON object with "method" and "params"; the number is that of its answer
-    Change,   ///< the parameters of a textDocument/didChange
+    /// A JSON object with "method" and "params", and "names" where there is no answer unless more
+    /// names than that are known. The number is that of the answer.
+    Question,
+    Change, ///< the parameters of a textDocument/didChange
     // From a snapshot.
     Diagnostic,  ///< one diagnostic of the program: see PublishedDiagnostic
     Analysis,    ///< what else the analysis has found, a JSON object; after the diagnostics

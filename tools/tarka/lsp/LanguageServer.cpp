@@ -78,7 +78,7 @@ struct ForwardedRequest {
   /// The program whose snapshots are asked.
   std::string program;
   /// What they are asked, see Frame::Question.
-  std::string question;
+  llvm::json::Object question;
 };
 
 /// A text that is open in the editor.
@@ -149,6 +149,7 @@ private:
   // Requests.
   void ask(const Feature &feature, llvm::json::Value id, llvm::json::Object parameters);
   void executeCommand(const Message &message);
+  bool hasOtherTexts(const ProgramUnit &unit) const;
   void forward(std::shared_ptr<ForwardedRequest> request);
   void finish(const ForwardedRequest &request, llvm::Expected<SnapshotAnswer> answer);
   void cancelRequest(const Message &message);
@@ -785,17 +786,26 @@ void LanguageServer::ask(const Feature &feature, llvm::json::Value id,
   if (document == documents.end())
     return editor.reply(id, "null");
   openRequests.insert(textOf(id));
-  std::string question =
-      textOf(llvm::json::Object{{"method", feature.method}, {"params", std::move(parameters)}});
+  llvm::json::Object question{{"method", feature.method}, {"params", std::move(parameters)}};
   forward(std::make_shared<ForwardedRequest>(
       ForwardedRequest{std::move(id), feature, document->getValue().program, std::move(question)}));
 }
 
-/// Asks the newest snapshot. Where it knows nothing, or where it has lost names because of what is
-/// being typed, the last one that has understood the text is asked.
+/// Whether a text of the editor is another one than at the last analysis of \p unit, which need not
+/// be part of it.
+bool LanguageServer::hasOtherTexts(const ProgramUnit &unit) const {
+  return unit.versions.size() != documents.size() ||
+         llvm::any_of(documents, [&](const auto &document) {
+           return unit.versions.lookup(document.getKey()) != document.getValue().text.getVersion();
+         });
+}
+
+/// Asks the newest snapshot. Where it knows nothing, or has lost names because of what is being
+/// typed, or dies, an earlier one is asked: the last one that has understood the text, or the one
+/// that was ready until now.
 void LanguageServer::forward(std::shared_ptr<ForwardedRequest> request) {
   ProgramUnit &asked = unitOf(request->program);
-  if (asked.isStale)
+  if (asked.isStale || (request->feature.needs == TextNeeded::All && hasOtherTexts(asked)))
     start(asked);
   SnapshotProcess *newest = asked.next ? asked.next.get() : asked.ready.get();
   if (!newest)
@@ -804,20 +814,25 @@ void LanguageServer::forward(std::shared_ptr<ForwardedRequest> request) {
   if (!takesEarlier && newest->isChanged())
     return finish(*request, llvm::make_error<mlir::lsp::LSPError>("the text is not analysed",
                                                                   ErrorCode::ContentModified));
-  newest->ask(request->question, [=, this](llvm::Expected<SnapshotAnswer> answer) {
-    auto unit = units.find(request->program);
-    SnapshotProcess *earlier =
-        takesEarlier && unit != units.end() ? unit->getValue()->understood.get() : nullptr;
-    if (!answer || !earlier || (!answer->isEmpty && !unit->getValue()->hasLostNames()))
-      return finish(*request, std::move(answer));
-    earlier->ask(request->question, [this, request, newer = std::move(*answer)](
-                                        llvm::Expected<SnapshotAnswer> other) mutable {
-      const bool isBetter = other && !other->isEmpty;
-      if (!isBetter)
-        llvm::consumeError(other.takeError());
-      finish(*request, isBetter ? std::move(*other) : std::move(newer));
-    });
-  });
+  newest->ask(textOf(llvm::json::Object(request->question)),
+              [=, this](llvm::Expected<SnapshotAnswer> answer) {
+                auto unit = units.find(request->program);
+                SnapshotProcess *earlier = takesEarlier && unit != units.end()
+                                               ? unit->getValue()->earlierThan(newest)
+                                               : nullptr;
+                if (!earlier || (!answer && !newest->hasFailed()))
+                  return finish(*request, std::move(answer));
+                llvm::json::Object question = request->question;
+                if (answer && !answer->isEmpty)
+                  question["names"] = newest->getReliability()->names;
+                earlier->ask(textOf(std::move(question)),
+                             [this, request, newer = std::move(answer)](
+                                 llvm::Expected<SnapshotAnswer> other) mutable {
+                               const bool isBetter = other && (!other->isEmpty || !newer);
+                               finish(*request, isBetter ? std::move(other) : std::move(newer));
+                               llvm::consumeError(isBetter ? newer.takeError() : other.takeError());
+                             });
+              });
 }
 
 void LanguageServer::finish(const ForwardedRequest &request,

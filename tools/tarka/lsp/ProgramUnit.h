@@ -23,10 +23,9 @@ struct ProgramUnit {
       if (process)
         process->change(parameters);
   }
-  /// Whether a snapshot before the one that answers knows names that this one has lost.
-  bool hasLostNames() const {
-    return understood && ready && ready->getReliability() &&
-           ready->getReliability()->declarations < understood->getReliability()->declarations;
+  /// The snapshot that is asked where \p newest has no answer; null when there is none.
+  SnapshotProcess *earlierThan(const SnapshotProcess *newest) const {
+    return ready && ready.get() != newest ? ready.get() : understood.get();
   }
 
   /// The absolute path.

@@ -70,8 +70,10 @@ Reliability Snapshot::getReliability() {
   if (!getProgram())
     return result;
   result.syntaxErrors = compilation->getFrontEnd().getErrorCount();
-  result.declarations = llvm::count_if(getIndex().getSymbols(),
-                                       [](const Symbol &symbol) { return symbol.place.file != 0; });
+  // Those of text that has changed since are not in the text any more.
+  result.names = llvm::count_if(getIndex().getOccurrences(), [&](const Occurrence &occurrence) {
+    return !isEdited(occurrence.getPlace());
+  });
   return result;
 }
 
@@ -314,8 +316,8 @@ bool report(Snapshot &snapshot, const FrameChannel &server) {
     return false;
   const Reliability reliability = snapshot.getReliability();
   text.clear();
-  os << llvm::json::Value(llvm::json::Object{{"syntaxErrors", reliability.syntaxErrors},
-                                             {"declarations", reliability.declarations}});
+  os << llvm::json::Value(
+      llvm::json::Object{{"syntaxErrors", reliability.syntaxErrors}, {"names", reliability.names}});
   return server.send(Frame::Reliability, text);
 }
 
@@ -324,7 +326,10 @@ bool answer(Snapshot &snapshot, const llvm::json::Object &question, std::uint32_
   const std::optional<llvm::StringRef> method = question.getString("method");
   const llvm::json::Object *parameters = question.getObject("params");
   const Feature *feature = method ? findFeature(*method) : nullptr;
-  if (!feature || !parameters || !snapshot.getProgram())
+  // A later snapshot, which has understood less of its text, knows so many names.
+  const std::optional<std::int64_t> names = question.getInteger("names");
+  if (!feature || !parameters || !snapshot.getProgram() ||
+      (names && snapshot.getReliability().names <= *names))
     return server.send(Frame::EmptyAnswer, "null", number);
   std::string text;
   llvm::raw_string_ostream os(text);

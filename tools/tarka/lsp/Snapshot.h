@@ -45,6 +45,9 @@ struct SourcePoint {
   unsigned column = 0;
 };
 
+/// How long an answer that is needed while something is typed waits for what is not known yet.
+inline constexpr std::chrono::milliseconds patienceWhileTyping(100);
+
 class Snapshot {
 public:
   explicit Snapshot(const SnapshotInput &input);
@@ -54,7 +57,7 @@ public:
   /// - "isIncomplete": a copybook is missing
   /// - "failure": why there is no analysis, where there is none
   llvm::json::Object analyse();
-  /// How much of the program was understood, after the analysis.
+  /// How much of the text as it is now was understood, after the analysis.
   Reliability getReliability();
 
   /// Takes a change of a text, the parameters of a textDocument/didChange. Ranges that are given to
@@ -62,6 +65,7 @@ public:
   /// the program stays that of the text that was analysed.
   void change(const llvm::json::Object &parameters);
 
+  const SnapshotInput &getInput() const { return given; }
   /// The absolute path of the program.
   const std::string &getPath() const { return path; }
   const Request &getRequest() const { return request; }

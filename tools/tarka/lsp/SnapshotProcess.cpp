@@ -120,7 +120,7 @@ void SnapshotProcess::take(Frame message) {
   case Frame::Reliability: {
     const llvm::json::Object facts = parsed();
     reliability = Reliability{facts.getInteger("syntaxErrors").value_or(0),
-                              facts.getInteger("declarations").value_or(0)};
+                              facts.getInteger("names").value_or(0)};
     return;
   }
   default:

@@ -40,8 +40,8 @@ struct SnapshotAnswer {
 /// How much of the text a snapshot has understood.
 struct Reliability {
   std::int64_t syntaxErrors = 0;
-  /// The names that the text declares.
-  std::int64_t declarations = 0;
+  /// The places at which there is a name whose meaning is known.
+  std::int64_t names = 0;
 };
 
 /// A process that analyses one version of a program and then answers questions on it.
@@ -84,6 +84,8 @@ public:
   std::optional<SnapshotAnalysis> takeAnalysis();
   /// None until it is known, which is before any answer arrives.
   const std::optional<Reliability> &getReliability() const { return reliability; }
+  /// Whether it has ended by itself, and owes what it was asked.
+  bool hasFailed() const { return hasEnded; }
   /// Whether it owes something for longer than anything takes.
   bool isOverdue() const;
   /// After serve() has given false, or isOverdue() true: waits for its end, fails what it owes, and

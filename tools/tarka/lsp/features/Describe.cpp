@@ -43,11 +43,8 @@ std::string nameAndPicture(const DataDescription &entry) {
   std::string text = entryName(entry).str();
   if (const DataDescription *object = entry.getRedefineObject())
     text += " REDEFINES " + entryName(*object).str();
-  if (const ClausePicture *picture = entry.getPicture())
-    text += " PIC " + picture->getCharStringWord()->getDisplayName();
-  if (const UsageType usage = entry.getUsageType();
-      usage != UsageType::None && usage != UsageType::Display && entry.getLevelNum() != 88)
-    text += " " + nameOf(usage).str();
+  if (const std::string picture = pictureOf(entry); !picture.empty())
+    text += " " + picture;
   return text;
 }
 
@@ -127,6 +124,48 @@ std::vector<std::string> usingItems(const SourceUnit &unit) {
   return items;
 }
 
+std::string qualifiedName(Snapshot &snapshot, SymbolId id) {
+  const OccurrenceIndex &index = snapshot.getIndex();
+  const Symbol &symbol = index.getSymbol(id);
+  std::string text = *symbol.spelling;
+  const bool isData = symbol.kind == SymbolKind::Item || symbol.kind == SymbolKind::ConditionName;
+  if (!isData || !symbol.node || Scope(symbol.unit).findOnlyOwnItem(symbol.name))
+    return text;
+  // Of each other item that the text can mean, the groups that a further qualifier can be.
+  llvm::SmallVector<const DataDescription *> others;
+  for (const Symbol &other : index.getSymbols())
+    if (other.name == symbol.name && other.unit == symbol.unit && other.node &&
+        other.node != symbol.node &&
+        (other.kind == SymbolKind::Item || other.kind == SymbolKind::ConditionName))
+      others.push_back(static_cast<const DataDescription *>(other.node)->getOwner());
+  const auto *entry = static_cast<const DataDescription *>(symbol.node);
+  while (!others.empty() && (entry = entry->getOwner())) {
+    if (entry->isFiller())
+      continue;
+    const std::string *qualifier = &entry->getDataName()->getWordData();
+    llvm::SmallVector<const DataDescription *> alike;
+    for (const DataDescription *around : others) {
+      while (around && (around->isFiller() || &around->getDataName()->getWordData() != qualifier))
+        around = around->getOwner();
+      if (around)
+        alike.push_back(around->getOwner());
+    }
+    others = std::move(alike);
+    text += " OF " + entry->getDataName()->getDisplayName();
+  }
+  return text;
+}
+
+std::string pictureOf(const DataDescription &entry) {
+  std::string text;
+  if (const ClausePicture *picture = entry.getPicture())
+    text += " PIC " + picture->getCharStringWord()->getDisplayName();
+  if (const UsageType usage = entry.getUsageType();
+      usage != UsageType::None && usage != UsageType::Display && entry.getLevelNum() != 88)
+    text += " " + nameOf(usage).str();
+  return llvm::StringRef(text).ltrim().str();
+}
+
 int symbolKindOf(const Symbol &symbol) {
   using Kind = mlir::lsp::SymbolKind;
   auto number = [](Kind kind) { return static_cast<int>(kind); };
@@ -173,8 +212,8 @@ std::optional<ProgramSignature> signatureOf(Snapshot &snapshot, const SourcePoin
   const ProgramNames programs(*snapshot.getProgram());
   if (const SourceUnit *unit = programs.find(unitAt(snapshot, point), name))
     return ProgramSignature{programName(*unit).str(), usingItems(*unit), ""};
-  const std::optional<llvm::json::Value> known =
-      snapshot.askWorkspace("programs", llvm::json::Object{{"name", name.trim().upper()}});
+  const std::optional<llvm::json::Value> known = snapshot.askWorkspace(
+      "programs", llvm::json::Object{{"name", name.trim().upper()}}, patienceWhileTyping);
   const llvm::json::Array *all = known ? known->getAsArray() : nullptr;
   const llvm::json::Object *first = all && !all->empty() ? all->front().getAsObject() : nullptr;
   if (!first)

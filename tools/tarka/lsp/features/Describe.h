@@ -15,8 +15,15 @@ std::string describeInLine(Snapshot &snapshot, SymbolId symbol);
 /// The same at length, as Markdown: the declaration, then what is known of it.
 std::string describeAtLength(Snapshot &snapshot, SymbolId symbol);
 
+/// The name as a statement refers to it: with as many of the groups that it is in as are needed to
+/// tell it from other items of the name.
+std::string qualifiedName(Snapshot &snapshot, SymbolId symbol);
+
 /// The kind of a symbol by its number in the protocol.
 int symbolKindOf(const Symbol &symbol);
+
+/// The PICTURE and the USAGE of an elementary item: "PIC S9(4) COMP"; empty for a group.
+std::string pictureOf(const DataDescription &entry);
 
 /// The items of USING in the procedure division of \p unit with their pictures: "LK-COUNT PIC S9(4)
 /// COMP"; "BY VALUE" before one that is passed so.

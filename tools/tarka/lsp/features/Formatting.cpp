@@ -181,8 +181,9 @@ void Formatter::placeRecord(DataDescription *record) {
   alignPictures(entries);
 }
 
-/// Puts the pictures of a record into the column that most of them are in already, or into one that
-/// all names leave room for.
+/// Puts the pictures of a record into the column that most of them are in. Where there is none,
+/// they move no further than they must: into the first column that one of them is in and that all
+/// names leave room for, else into the first one behind the names.
 void Formatter::alignPictures(llvm::ArrayRef<CodeLine *> entries) {
   std::map<unsigned, unsigned> count;
   unsigned needed = 0;
@@ -195,9 +196,11 @@ void Formatter::alignPictures(llvm::ArrayRef<CodeLine *> entries) {
       llvm::max_element(count, [](const auto &a, const auto &b) { return a.second < b.second; });
   if (usual == count.end())
     return;
-  const bool isUsual = usual->second > entries.size() / 2 && usual->first > needed;
+  const bool isUsual = usual->second > entries.size() / 2 && usual->first >= needed;
+  const auto fitting = count.lower_bound(needed);
+  const unsigned column = isUsual ? usual->first : fitting != count.end() ? fitting->first : needed;
   for (CodeLine *line : entries)
-    line->wantedPicture = isUsual ? usual->first : std::max(needed + 1, areaB() + 28);
+    line->wantedPicture = column;
 }
 
 void Formatter::placeRecords(const std::list<DataDescription *> &records) {

@@ -20,7 +20,7 @@ llvm::Error references(Snapshot &snapshot, const Parameters &parameters, llvm::j
 llvm::Error documentHighlight(Snapshot &snapshot, const Parameters &parameters,
                               llvm::json::OStream &out);
 Answer prepareRename(Snapshot &snapshot, const Parameters &parameters);
-Answer rename(Snapshot &snapshot, const Parameters &parameters);
+llvm::Error rename(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out);
 Answer hover(Snapshot &snapshot, const Parameters &parameters);
 Answer completion(Snapshot &snapshot, const Parameters &parameters);
 /// The operands of CALL of a known program, and of intrinsic functions.
@@ -34,6 +34,8 @@ Answer outgoingCalls(Snapshot &snapshot, const Parameters &parameters);
 // The text as a whole.
 llvm::Error documentSymbol(Snapshot &snapshot, const Parameters &parameters,
                            llvm::json::OStream &out);
+/// The names by which a symbol is known beyond its source.
+Answer moniker(Snapshot &snapshot, const Parameters &parameters);
 Answer documentLink(Snapshot &snapshot, const Parameters &parameters);
 llvm::Error foldingRange(Snapshot &snapshot, const Parameters &parameters,
                          llvm::json::OStream &out);
@@ -56,8 +58,10 @@ llvm::Error format(Snapshot &snapshot, const Parameters &parameters, llvm::json:
 // Commands that show something beside the source. Their parameters have the document and what of it
 // is meant: "position", or "name", a record or a procedure. They give "title"; "kind", which is
 // "text" or, for a graph in the language of Graphviz, "dot"; "language", which is "cobol" for
-// source and "plaintext" for tables; and "content".
+// source, "plaintext" for tables and "markdown" for explanations; and "content".
 
+/// What there is to say of the diagnostics of "number", as Markdown.
+Answer explain(Snapshot &snapshot, const Parameters &parameters);
 /// The records with their offsets and sizes, or the one of that name.
 Answer showLayout(Snapshot &snapshot, const Parameters &parameters);
 /// The control flow of the procedure that is named or that the position is in; where there is none,

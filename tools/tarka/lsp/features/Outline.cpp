@@ -47,8 +47,10 @@ std::vector<OutlineElement> declarationsIn(Snapshot &snapshot, unsigned file) {
     const SourceRange place = occurrence.getPlace();
     const bool isNew =
         elements.empty() || beginOf(elements.back().symbol->place) != beginOf(symbol.place);
+    // A program without PROGRAM-ID has no name, and an editor accepts no element without one.
     if (occurrence.use == Use::Declaration && symbol.place.file == file && isNew &&
-        beginOf(symbol.place) == beginOf(place) && !snapshot.isEdited(place))
+        beginOf(symbol.place) == beginOf(place) && !symbol.spelling->empty() &&
+        !snapshot.isEdited(place))
       elements.push_back({&symbol, symbol.place, 0});
   }
   return elements;

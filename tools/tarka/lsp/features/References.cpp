@@ -55,6 +55,15 @@ public:
       out.value(llvm::json::Object(location));
   }
 
+  void add(llvm::StringRef path, const mlir::lsp::Range &range) {
+    if (!isNew(path, range.start.line, range.start.character))
+      return;
+    out.object([&] {
+      out.attribute("uri", uriOfPath(path));
+      writeRange(out, "range", range);
+    });
+  }
+
 private:
   bool isNew(llvm::StringRef path, std::int64_t line, std::int64_t character) {
     const std::string place = std::to_string(line) + ":" + std::to_string(character);
@@ -66,11 +75,27 @@ private:
   llvm::StringSet<> known;
 };
 
+/// Adds places that are given as four numbers each: which path, line, begin and end.
+void addUses(const llvm::json::Array &paths, const llvm::json::Array &numbers,
+             LocationWriter &places) {
+  auto number = [&](std::size_t at) {
+    return static_cast<int>(numbers[at].getAsInteger().value_or(0));
+  };
+  for (std::size_t at = 0; at + 3 < numbers.size(); at += 4) {
+    const llvm::StringRef path =
+        paths[static_cast<std::size_t>(number(at))].getAsString().value_or("");
+    const int line = number(at + 1);
+    places.add(path, {mlir::lsp::Position(line, number(at + 2)),
+                      mlir::lsp::Position(line, number(at + 3))});
+  }
+}
+
 /// Adds the places in other programs: those that call the program at \p point, or that use the name
 /// of a copybook.
 void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDeclaration,
                       LocationWriter &places) {
-  constexpr std::chrono::seconds patience(10);
+  // Until all programs are known, other requests wait behind this one.
+  constexpr std::chrono::seconds patience(3);
   auto ask = [&](llvm::StringRef what, llvm::json::Object parameters) {
     std::optional<llvm::json::Value> answer =
         snapshot.askWorkspace(what, std::move(parameters), patience);
@@ -96,14 +121,16 @@ void addOtherPrograms(Snapshot &snapshot, const SourcePoint &point, bool withDec
     if (place.beginLine == 0 || path.empty() || path == snapshot.getPath())
       continue;
     const mlir::lsp::Position begin = snapshot.rangeOf(place).start;
-    for (llvm::json::Value &location :
-         ask("uses", llvm::json::Object{{"path", path},
-                                        {"line", begin.line},
-                                        {"character", begin.character},
-                                        {"except", snapshot.getPath()}})) {
-      location.getAsObject()->erase("use");
-      places.add(*location.getAsObject());
-    }
+    const std::optional<llvm::json::Value> answer =
+        snapshot.askWorkspace("uses",
+                              llvm::json::Object{{"path", path},
+                                                 {"line", begin.line},
+                                                 {"character", begin.character},
+                                                 {"except", snapshot.getPath()}},
+                              patience);
+    const llvm::json::Object *uses = answer ? answer->getAsObject() : nullptr;
+    if (const llvm::json::Array *numbers = uses ? uses->getArray("places") : nullptr)
+      addUses(*uses->getArray("paths"), *numbers, places);
   }
 }
 

@@ -2,8 +2,10 @@
 
 #include "Parse/Keywords.h"
 #include "Report/Fixes.h"
+#include "lsp/features/CopiedNames.h"
 #include "lsp/features/Handlers.h"
-#include "llvm/ADT/MapVector.h"
+#include "lsp/features/Writing.h"
+#include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
 
@@ -19,6 +21,14 @@ std::string placeInWords(Snapshot &snapshot, const SourceRange &place) {
          std::to_string(place.beginLine);
 }
 
+/// Whether the name stands in a copybook.
+bool isCopied(Snapshot &snapshot, SymbolId symbol) {
+  return llvm::any_of(snapshot.getIndex().relatedOccurrences(symbol),
+                      [&](const Occurrence &occurrence) {
+                        return snapshot.pathOf(occurrence.file) != snapshot.getPath();
+                      });
+}
+
 /// The symbol at \p point, if it is certain at which places its name stands.
 llvm::Expected<SymbolId> renamedSymbol(Snapshot &snapshot, const SourcePoint &point) {
   const OccurrenceIndex &index = snapshot.getIndex();
@@ -30,13 +40,13 @@ llvm::Expected<SymbolId> renamedSymbol(Snapshot &snapshot, const SourcePoint &po
     return refuse(*symbol.name + " is supplied by the language");
   if (symbol.kind == SymbolKind::Program)
     return refuse("programs that are not open can call " + *symbol.spelling);
+  const bool isInCopybook = isCopied(snapshot, symbols.front());
   for (const Occurrence &occurrence : index.relatedOccurrences(symbols.front())) {
     const SourceRange place = occurrence.getPlace();
     if (snapshot.pathOf(place.file).empty())
       return refuse(*symbol.spelling + " is used in a copybook that is supplied");
-    if (snapshot.pathOf(place.file) != snapshot.getPath())
-      return refuse(*symbol.spelling + " stands in the copybook " + placeInWords(snapshot, place) +
-                    ", which other programs can copy");
+    if (isInCopybook)
+      continue;
     const llvm::StringRef text = sliceColumns(snapshot.lineOf(place.file, place.beginLine),
                                               place.beginColumn, place.endColumn);
     if (occurrence.isReplaced || place.beginLine != place.endLine ||
@@ -71,6 +81,19 @@ bool isFixedForm(Snapshot &snapshot) {
   return snapshot.getCompilation().getExpansion().getTexts().front().format == SourceFormat::Fixed;
 }
 
+/// A WorkspaceEdit.
+void writeEdits(llvm::json::OStream &out, const FileEdits &files) {
+  out.object([&] {
+    out.attributeObject("changes", [&] {
+      for (const auto &[uri, edits] : files)
+        out.attributeArray(uri, [&, &lines = edits] {
+          for (const LineEdit &edit : lines)
+            writeEdit(out, edit.range, edit.newText);
+        });
+    });
+  });
+}
+
 } // namespace
 
 Answer prepareRename(Snapshot &snapshot, const Parameters &parameters) {
@@ -87,17 +110,27 @@ Answer prepareRename(Snapshot &snapshot, const Parameters &parameters) {
 
 /// In fixed form a line must not become too long, and the text behind column 72 stays there, so
 /// whole lines are replaced.
-Answer rename(Snapshot &snapshot, const Parameters &parameters) {
+llvm::Error rename(Snapshot &snapshot, const Parameters &parameters, llvm::json::OStream &out) {
   const std::optional<SourcePoint> point = snapshot.pointOf(parameters);
   const std::optional<llvm::StringRef> name = parameters.getString("newName");
-  if (!point || !name)
-    return nullptr;
+  if (!point || !name) {
+    out.value(nullptr);
+    return llvm::Error::success();
+  }
   llvm::Expected<SymbolId> symbol = renamedSymbol(snapshot, *point);
   if (!symbol)
     return symbol.takeError();
   const Symbol &old = snapshot.getIndex().getSymbol(*symbol);
   if (const std::string fault = faultOf(snapshot, *name, old); !fault.empty())
     return refuse(fault);
+
+  if (isCopied(snapshot, *symbol)) {
+    llvm::Expected<FileEdits> edits = renameCopied(snapshot, *symbol, *name);
+    if (!edits)
+      return edits.takeError();
+    writeEdits(out, *edits);
+    return llvm::Error::success();
+  }
 
   const unsigned file = point->file;
   FixedSource source(snapshot.getCompilation().getLines().textOf(file), isFixedForm(snapshot));
@@ -110,21 +143,10 @@ Answer rename(Snapshot &snapshot, const Parameters &parameters) {
       lines.push_back(occurrence.line);
   }
   const std::string changed = source.getText();
-  llvm::SmallVector<llvm::StringRef> after;
-  llvm::StringRef(changed).split(after, '\n');
-  llvm::json::Array edits;
-  for (unsigned line : lines) {
-    const llvm::StringRef before = snapshot.lineOf(file, line);
-    const mlir::lsp::Range whole(
-        mlir::lsp::Position(static_cast<int>(line) - 1, 0),
-        mlir::lsp::Position(static_cast<int>(line) - 1,
-                            static_cast<int>(countUnits(before, snapshot.getEncoding()))));
-    edits.push_back(
-        llvm::json::Object{{"range", whole}, {"newText", after[line - 1].rtrim('\r').str()}});
-  }
-  llvm::json::Object changes;
-  changes[snapshot.uriOf(file)] = std::move(edits);
-  return llvm::json::Object{{"changes", std::move(changes)}};
+  writeEdits(out,
+             {{snapshot.uriOf(file), lineEdits(snapshot.getCompilation().getLines().textOf(file),
+                                               changed, lines, snapshot.getEncoding())}});
+  return llvm::Error::success();
 }
 
 } // namespace tarka::lsp

@@ -1,6 +1,7 @@
 //===- Views.cpp - what commands show beside the source -------------------===//
 
 #include "Analyzer/CFGBuilder.h"
+#include "Explain.h"
 #include "Flow/FlowGraph.h"
 #include "Print/PrintExpansion.h"
 #include "Print/PrintGraph.h"
@@ -69,6 +70,14 @@ Answer showLayout(Snapshot &snapshot, const Parameters &parameters) {
   printLayoutText(os, *snapshot.getProgram(), wanted);
   return view("Layout of " + (wanted.record.empty() ? fileNameOf(snapshot) : wanted.record), "text",
               "plaintext", text);
+}
+
+Answer explain(Snapshot &, const Parameters &parameters) {
+  const std::int64_t number = parameters.getInteger("number").value_or(0);
+  const std::string page = explanationPage(static_cast<unsigned>(number));
+  if (page.empty())
+    return refuse("there is no diagnostic " + llvm::Twine(number));
+  return view("Diagnostic " + llvm::Twine(number), "text", "markdown", page);
 }
 
 Answer showFlow(Snapshot &snapshot, const Parameters &parameters) {

@@ -242,11 +242,12 @@ WorkspaceIndex::Answer WorkspaceIndex::symbols(const llvm::json::Object &paramet
 
 WorkspaceIndex::Answer WorkspaceIndex::declarations(const llvm::json::Object &parameters) const {
   llvm::json::Array result;
+  const bool areAll = !parameters.get("name");
   const std::optional<NameId> name = findId(textIn(parameters, "name"));
-  if (name)
+  if (name || areAll)
     for (const auto &[path, program] : programs)
       for (const DeclaredProgram &declared : program.declared)
-        if (declared.name == *name && declared.symbol >= 0)
+        if ((areAll || declared.name == *name) && declared.symbol >= 0)
           result.push_back(llvm::json::Object{
               {"item", itemOf(program, declared.symbol)},
               {"location",
@@ -286,20 +287,26 @@ WorkspaceIndex::Answer WorkspaceIndex::callers(const llvm::json::Object &paramet
   return calls;
 }
 
+/// The places are numbers in one list: a JSON object for each would take kilobytes.
 WorkspaceIndex::Answer WorkspaceIndex::uses(const llvm::json::Object &parameters) const {
-  llvm::json::Array result;
+  llvm::json::Array paths, places;
+  llvm::DenseMap<NameId, std::size_t> numbers;
   const std::optional<NameId> file = findId(textIn(parameters, "path"));
   const std::int64_t line = parameters.getInteger("line").value_or(-1);
   const std::int64_t character = parameters.getInteger("character").value_or(-1);
   for (const auto &[path, program] : programs)
     if (file && path != textIn(parameters, "except"))
-      for (const UseOfCopied &use : program.uses)
-        if (use.file == *file && use.line == line && use.character == character) {
-          llvm::json::Object location = locationOf(use.place);
-          location["use"] = use.use;
-          result.push_back(std::move(location));
-        }
-  return result;
+      for (const UseOfCopied &use : program.uses) {
+        if (use.file != *file || use.line != line || use.character != character)
+          continue;
+        auto [number, isNew] = numbers.try_emplace(use.place.file, paths.size());
+        if (isNew)
+          paths.push_back(nameOf(use.place.file).str());
+        places.push_back(static_cast<std::int64_t>(number->second));
+        for (std::uint32_t value : {use.place.line, use.place.begin, use.place.end})
+          places.push_back(value);
+      }
+  return llvm::json::Object{{"paths", std::move(paths)}, {"places", std::move(places)}};
 }
 
 WorkspaceIndex::Answer WorkspaceIndex::copiers(const llvm::json::Object &parameters) const {
@@ -320,7 +327,15 @@ WorkspaceIndex::Answer WorkspaceIndex::copiers(const llvm::json::Object &paramet
     else if (mayCopy)
       unknown.push_back(path);
   }
+  llvm::json::Array outside;
+  for (const llvm::json::Value &value : paths ? *paths : llvm::json::Array())
+    if (const llvm::StringRef file = value.getAsString().value_or("");
+        llvm::none_of(folders, [&](llvm::StringRef folder) {
+          return file.starts_with((folder.rtrim('/') + "/").str());
+        }))
+      outside.push_back(file);
   return llvm::json::Object{{"programs", llvm::json::Array(copying)},
+                            {"outside", std::move(outside)},
                             {"unknown", llvm::json::Array(unknown)}};
 }
 

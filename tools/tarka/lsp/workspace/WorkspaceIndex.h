@@ -25,6 +25,9 @@ class WorkspaceIndex {
 public:
   using Answer = llvm::json::Value;
 
+  /// \p directories are those whose programs it has.
+  explicit WorkspaceIndex(const std::vector<std::string> &directories) : folders(directories) {}
+
   /// Takes the facts about the program \p path in the place of what was known of it. What is not
   /// JSON counts as a program of which nothing is known.
   void set(const std::string &path, llvm::StringRef facts);
@@ -40,13 +43,15 @@ public:
   ///
   /// - workspace/symbol, callHierarchy/incomingCalls, callHierarchy/outgoingCalls as in the
   /// protocol
-  /// - "programs" of "name": "item" as in a call hierarchy, "using", and "location" of each
+  /// - "programs" of "name", without it all: "item" as in a call hierarchy, "using", and "location"
+  /// of each
   /// - "callers" of "name", not those in "except": calls as in callHierarchy/incomingCalls
   /// - "uses" of the name that is declared at "path", "line" and "character", but not by the
   /// program
-  ///   "except": locations with "use"
-  /// - "copiers" of any of "paths": the paths of the programs, and "unknown", those that may copy
-  ///   one of them
+  ///   "except": "paths", and "places", four numbers for each: which path, line, begin and end
+  /// - "copiers" of any of "paths": "programs", the paths of those that copy one of them;
+  /// "unknown",
+  ///   those that may; "outside", which of the paths are not in the folders
   Answer answer(llvm::StringRef method, const llvm::json::Object &parameters) const;
 
 private:
@@ -117,6 +122,7 @@ private:
   void forItem(const llvm::json::Object &parameters,
                llvm::function_ref<void(const Program &, int symbol)> take) const;
 
+  const std::vector<std::string> &folders;
   llvm::StringMap<NameId> ids;
   std::vector<llvm::StringRef> names;
   /// By path.

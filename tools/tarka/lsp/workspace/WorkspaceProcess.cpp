@@ -126,7 +126,8 @@ Request requestFor(const WorkspaceInput &input) {
 }
 
 WorkspaceProcess::WorkspaceProcess(const WorkspaceInput &given, int channel)
-    : input(given), request(requestFor(given)), events(epoll_create1(EPOLL_CLOEXEC)) {
+    : input(given), request(requestFor(given)), index(given.folders),
+      events(epoll_create1(EPOLL_CLOEXEC)) {
   server.descriptor = channel;
   watch(channel);
   findPrograms();
