@@ -6,13 +6,17 @@
 //
 // A consequence is an error that
 // - repeats another one: the same number and text at the same place;
-// - is found by a check in text that the front end could not read;
-// - says of a name what was said of it before, such as that it is undefined;
+// - is found by a check in text that the front end could not read, or in the line and
+//   sentence of such text;
+// - says of a name what was said of it before, such as that it is undefined, in the
+//   program or in one that is nested in it;
 // - concerns an undefined name where a copybook is missing, unless it is near a
 //   declared one, or where the text that the front end could not read has the
 //   name in a declaration;
 // - concerns an item whose entry, or group, or member has an error itself, or a
-//   file whose SELECT or FD entry has.
+//   file whose SELECT or FD entry has, or is in the line of such an item;
+// - concerns a program, declarative or paragraph whose header, USE or content could
+//   not be read.
 //
 //===----------------------------------------------------------------------===//
 

@@ -140,6 +140,11 @@ void ClauseParser::skipToClause(const ClauseSet &clauses, bool isUnknown) {
   }
 }
 
+bool ClauseParser::isRestOfEntry() {
+  return peek().isFirstOnLine() && peek().isWord() && !peek().isUserWord() && !peek().isVerb() &&
+         recovery.isBehindMistake(here(), 1);
+}
+
 void ClauseParser::skipToEntry(const ClauseSet &clauses) {
   Skipping skipping(*this);
   while (!atEntryBoundary(clauses))

@@ -38,6 +38,9 @@ public:
   /// Skips to a word that begins a clause of \p clauses, to a period or to the next entry. In a
   /// clause that \p isUnknown, words that can stand within other clauses do not count.
   void skipToClause(const ClauseSet &clauses, bool isUnknown = false);
+  /// Whether a line that begins with a reserved word, where an entry should begin, is next to that
+  /// of a mistake: it is the rest of that entry.
+  bool isRestOfEntry();
   /// Skips the next period and what comes before it, or to the next entry.
   void skipToEntry(const ClauseSet &clauses);
   /// Parses clauses with \p parseClause, which returns false on failure, up to and with the period

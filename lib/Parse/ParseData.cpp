@@ -78,7 +78,8 @@ void DataParser::parseDataSection(DataDivision &division, std::bitset<sectionKin
       *llvm::find_if(sections, [&](const SectionInfo &one) { return one.header == header; });
 
   unsigned kind = static_cast<unsigned>(section.storage);
-  if (at(TokenKind::IntegerLiteral) || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
+  const bool isLevel = at(TokenKind::IntegerLiteral) && !peek(1).is(Keyword::Section);
+  if (isLevel || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
     // After a DATA DIVISION in the wrong place the section before it goes on.
     if (!isHeaderDisplaced(Keyword::Data))
       missingHeader(header, section.text);
@@ -151,7 +152,7 @@ public:
   /// where that is a condition-name, an entry that begins with VALUE is another one.
   /// Behind a group without members, an entry has the level of the one after it, \p nextLevel.
   unsigned getAssumedLevel(bool beginsWithValue, unsigned nextLevel) const {
-    if (!item || item->getLevelNum() == 66)
+    if (!item || item->getLevelNum() == 66 || item->getLevelNum() == 77)
       return 1;
     const bool isEmptyGroup =
         !item->getPicture() && !item->getUsage() && item->getChildrenSize() == 0;
@@ -309,7 +310,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       records.add(entry, !construct.hasMistake());
       context.previousEntry = entry->getRange();
     };
-    if (at(TokenKind::IntegerLiteral)) {
+    if (at(TokenKind::IntegerLiteral) && !peek(1).isOneOf(Keyword::Division, Keyword::Section)) {
       if (peek().isFirstOnLine() && !recovery.hasReportedHere())
         recovery.resumeReporting();
       addEntry(/*assumedLevel=*/0);
@@ -331,6 +332,10 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       context.diagnostics.getDamage().add(previous->getRange());
       previous->setRange(
           parseClauses(previous->getRange(), clauses, [&] { return parseDataClause(*previous); }));
+      soundEntries = 0;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(clauses);
       soundEntries = 0;
     } else {
       expected("a level number");

@@ -63,6 +63,7 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
                   : at(Keyword::Dli)                  ? ExecType::Dli
                                                       : ExecType::Other;
   const bool isWrong = type == ExecType::Other && isNoLanguage(peek());
+  const unsigned tornLine = recovery.getTornLine();
   if (isWrong)
     expected("SQL, CICS or DLI");
   context.embeddedLanguages.set(static_cast<unsigned>(type));
@@ -87,6 +88,10 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
   const bool isClosed = accept(Keyword::EndExec);
   if (!isClosed && !at(TokenKind::Period))
     recovery.noteUnknownStatement();
+  if (isClosed)
+    recovery.resetTornLine(tornLine);
+  else
+    recovery.noteSentenceDamage();
   auto *block = make<ExecStatement>(begin, type, text);
   if (isWrong)
     context.diagnostics.getDamage().add(block->getRange());

@@ -334,13 +334,15 @@ static constexpr Keyword specialNamesSynonyms[] = {Keyword::XmlSchema, Keyword::
 
 void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
   SourceRange begin = here();
+  const bool isDisplaced = isHeaderDisplaced(Keyword::SpecialNames);
   if (section.getSpecialNames()) {
-    error(DiagnosticId::HeaderTwice, here(), "SPECIAL-NAMES");
+    if (!isDisplaced)
+      error(DiagnosticId::HeaderTwice, here(), "SPECIAL-NAMES");
   } else {
     section.setSpecialNames(makeAt<ParaSpecialNames>(begin));
   }
   ParaSpecialNames &names = *section.getSpecialNames();
-  if (!isHeaderDisplaced(Keyword::SpecialNames))
+  if (at(Keyword::SpecialNames) || !isDisplaced)
     takeParagraphHeader();
   const ClauseSet clauses{"SPECIAL-NAMES", specialNamesKeywords, specialNamesSynonyms,
                           /*innerWords=*/{}, /*beginsWithName=*/true};

@@ -40,6 +40,9 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
     } else if (atEntryBoundary(fileClauses) || atStrayProcedures()) {
       nameFiles(division);
       return;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(fileClauses);
     } else {
       expected("FD or SD");
       isReported = true;
@@ -121,6 +124,7 @@ void FileSectionParser::nameFiles(DataDivision &division) {
 FileDescription *FileSectionParser::parseFileDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
+  Recovery::ConstructScope construct(recovery);
   FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
   acceptAny(Keyword::Fd, Keyword::Sd);
   Word *name = parseUserWord("a file-name");
@@ -129,6 +133,9 @@ FileDescription *FileSectionParser::parseFileDescription() {
     return nullptr;
   }
   auto *file = makeAt<FileDescription>(begin, type, name);
+  // NAME FD, the words exchanged.
+  if (!peek().isFirstOnLine())
+    acceptAny(Keyword::Fd, Keyword::Sd);
   file->setRange(parseClauses(begin, fileClauses, [&] { return parseFileClause(*file); }));
   return file;
 }

@@ -52,7 +52,8 @@ void FileControlParser::parseFileEntries(InputOutputSection &section) {
       continue;
     }
     // The rest of an entry that was cut in two.
-    if (previousIsWrong && selectClauses.contains(peek().keyword)) {
+    if ((previousIsWrong && selectClauses.contains(peek().keyword)) || isRestOfEntry()) {
+      noteMistake();
       skipToEntry(selectClauses);
       continue;
     }

@@ -6,10 +6,14 @@
 //
 //===----------------------------------------------------------------------===//
 
+#include "AST/Spelling.h"
 #include "Parse/MisspeltWords.h"
 #include "Parse/ParserBase.h"
 
 namespace tarka {
+
+static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
+                                        Keyword::Data, Keyword::Procedure};
 
 //===----------------------------------------------------------------------===//
 // Divisions and programs
@@ -56,8 +60,6 @@ bool ParserBase::atEndProgram() {
 /// The division whose header is next, also where a word of the header is misspelt or missing or its
 /// words are exchanged.
 Keyword ParserBase::divisionAt() {
-  static constexpr Keyword divisions[] = {Keyword::Identification, Keyword::Environment,
-                                          Keyword::Data, Keyword::Procedure};
   Keyword first = peek().keyword;
   if (first == Keyword::Id)
     return peek(1).is(Keyword::Division) ? Keyword::Identification : Keyword::None;
@@ -72,10 +74,18 @@ Keyword ParserBase::divisionAt() {
         peek(1).isOneOf(Keyword::Record, Keyword::Records, Keyword::Is, Keyword::On, Keyword::By);
     bool isHeader = (peek().isInFixedForm() && !isClause) || atMisspeltDivision(1) ||
                     peek(1).is(TokenKind::Period) || atSequence(Keyword::Procedure, Keyword::Using);
+    if (!isHeader && !isClause) {
+      // In free form what follows the line shows that it is a header.
+      constexpr unsigned longest = 4;
+      const unsigned next = nextLineBegin(longest);
+      isHeader = next != 0 && divisionBefore(next) == first;
+    }
     return isHeader ? first : Keyword::None;
   }
   if (!peek().isFirstOnLine())
     return Keyword::None;
+  if (const Keyword torn = tornDivision(); torn != Keyword::None)
+    return torn;
   if (first == Keyword::Division)
     return llvm::is_contained(divisions, peek(1).keyword) ? peek(1).keyword : namelessDivision(1);
   if (!peek(1).is(Keyword::Division) || peek(1).isFirstOnLine())
@@ -84,15 +94,48 @@ Keyword ParserBase::divisionAt() {
   return meant == Keyword::None ? namelessDivision(2) : meant;
 }
 
+/// The division whose name a wrong character tears apart or joins to the word DIVISION.
+Keyword ParserBase::tornDivision() {
+  constexpr unsigned longest = 3;
+  if (!peek().isUserWord() || !peek().isInAreaA())
+    return Keyword::None;
+  unsigned last = 1;
+  while (last < longest && !peek(last).is(Keyword::Division) && !peek(last).isFirstOnLine())
+    ++last;
+  std::string text = peek().text.str();
+  if (peek(last).is(Keyword::Division) && !peek(last).isFirstOnLine()) {
+    for (unsigned n = 1; n < last; ++n)
+      text += ' ' + (peek(n).is(TokenKind::Period) ? std::string() : peek(n).text.str());
+    text += " DIVISION";
+  }
+  for (const Keyword division : divisions) {
+    const std::string header = (textOf(division) + " DIVISION").str();
+    if (spellingDistance(text, header, 2) <= 2)
+      return division;
+  }
+  return Keyword::None;
+}
+
+/// How many tokens on the next line begins; 0 where the line has more than \p limit tokens.
+unsigned ParserBase::nextLineBegin(unsigned limit) {
+  for (unsigned n = 1; n <= limit; ++n)
+    if (peek(n).isFirstOnLine())
+      return n;
+  return 0;
+}
+
 /// Which division begins with the word DIVISION without its name, judged by what follows it, which
 /// is
 /// \p n places on.
 Keyword ParserBase::namelessDivision(unsigned n) {
   if (peek(n).is(Keyword::Using))
     return Keyword::Procedure;
-  if (!peek(n).is(TokenKind::Period))
-    return Keyword::None;
-  switch (peek(n + 1).keyword) {
+  return peek(n).is(TokenKind::Period) ? divisionBefore(n + 1) : Keyword::None;
+}
+
+/// The division that most likely begins before the token \p n places on.
+Keyword ParserBase::divisionBefore(unsigned n) {
+  switch (peek(n).keyword) {
   case Keyword::ProgramId:
     return Keyword::Identification;
   case Keyword::Configuration:
@@ -146,8 +189,12 @@ bool ParserBase::isEntryLine() {
   for (unsigned n = 1; n < maxTokens; ++n) {
     const Token &token = peek(n);
     if (token.isFirstOnLine())
-      return token.is(TokenKind::IntegerLiteral) && token.spelling.size() <= 2;
-    if (token.isOneOf(Keyword::Pic, Keyword::Picture))
+      return (token.is(TokenKind::IntegerLiteral) && token.spelling.size() <= 2) ||
+             (token.isOneOf(Keyword::Linkage, Keyword::LocalStorage, Keyword::WorkingStorage,
+                            Keyword::Report) &&
+              peek(n + 1).is(Keyword::Section));
+    if (token.isOneOf(Keyword::Occurs, Keyword::Pic, Keyword::Picture, Keyword::Redefines,
+                      Keyword::Usage))
       return true;
   }
   return false;
@@ -157,8 +204,9 @@ bool ParserBase::atStrayProcedures() {
   const Token first = peek();
   if (!first.isFirstOnLine() || !context.unit || context.unit->getProcDivision())
     return false;
-  // Not where another word stands in the place of EXEC.
-  if (peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli))
+  // Not where another word stands in the place of EXEC, or in that of the name of a section.
+  if (peek(1).isOneOf(Keyword::Sql, Keyword::Cics, Keyword::Dli) ||
+      (first.isVerb() && peek(1).is(Keyword::Section)))
     return false;
   switch (first.keyword) {
   case Keyword::Accept:
@@ -294,7 +342,8 @@ Keyword ParserBase::dataSectionAt() {
     if (Keyword meant = nearestKeyword(peek().text, headers); meant != Keyword::None)
       return meant;
   }
-  if (!peek().isFirstOnLine())
+  // A period can stand in the place of the name.
+  if (!peek().isFirstOnLine() && !atSequence(Keyword::Section, TokenKind::Period))
     return Keyword::None;
   // A damaged name, perhaps in two parts, is recognised by what the section holds.
   const bool isDivided =
@@ -408,8 +457,14 @@ bool ParserBase::atDeclaratives() {
     return true;
   bool isMisspelt = peek().isUserWord() && peek(1).is(TokenKind::Period) &&
                     nearestKeyword(peek().text, Keyword::Declaratives) != Keyword::None;
-  return isMisspelt || (peek().isUserWord() && peek(1).is(Keyword::Section) &&
-                        peek(2).is(TokenKind::Period) && peek(3).is(Keyword::Use));
+  auto isSectionAt = [this](unsigned n) {
+    return peek(n).isUserWord() && peek(n + 1).is(Keyword::Section) &&
+           peek(n + 2).is(TokenKind::Period) && peek(n + 3).is(Keyword::Use);
+  };
+  // Whatever stands in its place has the line before the first section to itself.
+  constexpr unsigned longest = 2;
+  const unsigned next = peek().isFirstOnLine() ? nextLineBegin(longest) : 0;
+  return isMisspelt || isSectionAt(0) || (next != 0 && isSectionAt(next));
 }
 
 /// END DECLARATIVES, also where the words are not quite these.
@@ -420,6 +475,12 @@ bool ParserBase::atEndOfDeclaratives() {
     return true;
   if (!peek().isFirstOnLine() || !peek().isInAreaA())
     return false;
+  // Nothing else in declaratives has a line of this form.
+  if (context.isInDeclaratives && !peek(1).is(Keyword::Program)) {
+    const bool isAlone = peek(1).is(TokenKind::Period);
+    if (isAlone || (peek(2).is(TokenKind::Period) && peek(3).isFirstOnLine() && !peek(1).isVerb()))
+      return true;
+  }
   // The beginning of the word may be all that is left of it.
   constexpr size_t beginning = 4;
   if (peek(1).isUserWord() && peek(1).text.size() >= beginning &&

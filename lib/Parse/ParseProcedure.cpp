@@ -216,6 +216,7 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
     stream.skip();
     accept(TokenKind::Period);
   }
+  context.isInDeclaratives = true;
   while (!atUnitBoundary() && !atEndDeclaratives()) {
     if (headerKind() == HeaderKind::Section) {
       parseDeclarativeSection(division);
@@ -228,12 +229,12 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
       stream.skip();
     while (!atUnitBoundary() && !atEndDeclaratives() && headerKind() != HeaderKind::Section);
   }
-  if (!atEndDeclaratives()) {
-    if (hasHeader)
-      error(DiagnosticId::DeclarativesWithoutEnd, begin);
-    return;
-  }
-  takeEndDeclaratives();
+  const bool hasEnd = atEndDeclaratives();
+  context.isInDeclaratives = false;
+  if (hasEnd)
+    takeEndDeclaratives();
+  else if (hasHeader)
+    error(DiagnosticId::DeclarativesWithoutEnd, begin);
 }
 
 /// A section and its USE sentence, which the section itself does not hold. A section without USE
@@ -242,19 +243,42 @@ void ProcedureParser::parseDeclarativeSection(ProcedureDivision &division) {
   SourceRange begin = here();
   Section *section = parseSectionHeader();
   UseStatement *use = nullptr;
+  if (atMisspeltUse()) {
+    error(DiagnosticId::MisspeltVerb, here(), describe(peek()), textOf(Keyword::Use));
+    stream.correct(Keyword::Use);
+  }
   if (at(Keyword::Use)) {
     use = parseUse();
     if (use && !at(TokenKind::Period))
       expected("a period");
-    while (!at(TokenKind::Period) && !atStatement() && !atProcedureHeader() && atProcedureBody())
-      stream.skip();
-    accept(TokenKind::Period);
+    skipToEndOfUse(/*isRead=*/use != nullptr);
   }
   do
     parseParagraphs(*section);
   while (at(Keyword::Declaratives) && !atEndDeclaratives() && rejectDeclaratives());
   complete(section);
   division.addDeclaratives(make<Declaratives>(begin, section, use));
+}
+
+/// Skips the rest of a USE sentence. Where it could not be read, any word can stand in it.
+void ProcedureParser::skipToEndOfUse(bool isRead) {
+  auto atEnd = [&] {
+    if (isRead)
+      return at(TokenKind::Period) || atStatement();
+    return (at(TokenKind::Period) && (peek(1).isFirstOnLine() || peek(1).isVerb())) ||
+           (peek().isFirstOnLine() && atStatement());
+  };
+  while (!atEnd() && !atProcedureHeader() && atProcedureBody())
+    stream.skip();
+  accept(TokenKind::Period);
+}
+
+/// Whether a misspelt USE is next, at the beginning of a section of the declaratives.
+bool ProcedureParser::atMisspeltUse() {
+  return !at(Keyword::Use) && !atStatement() &&
+         peek(1).isOneOf(Keyword::After, Keyword::Before, Keyword::Global, Keyword::Standard,
+                         Keyword::For) &&
+         !peek(1).isFirstOnLine();
 }
 
 /// DECLARATIVES within declaratives. Always true, the word is gone.

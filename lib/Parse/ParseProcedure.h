@@ -34,6 +34,8 @@ private:
   void parseDeclarativeSection(ProcedureDivision &division);
   void takeEndDeclaratives();
   bool rejectDeclaratives();
+  bool atMisspeltUse();
+  void skipToEndOfUse(bool isRead);
   UseStatement *parseUse();
   UseStatement *parseUseException(const SourceRange &begin, bool isGlobal);
   UseStatement *parseUseLabel(const SourceRange &begin, bool isGlobal, UseTimingType timing);

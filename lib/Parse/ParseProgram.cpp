@@ -54,7 +54,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       continue;
     }
     if (atEndProgram()) {
-      error(DiagnosticId::EndProgramWithoutProgram, here());
+      if (!context.isNestingUncertain)
+        error(DiagnosticId::EndProgramWithoutProgram, here());
       skipPastPeriod();
       continue;
     }
@@ -116,7 +117,8 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
 
   while (!at(TokenKind::EndOfFile)) {
     if (atEndProgram()) {
-      parseEndProgram(current);
+      if (!parseEndProgram(current))
+        continue;
       break;
     }
     bool anotherProgram = atDivision(Keyword::Identification) || atProgramId();
@@ -170,7 +172,7 @@ void ProgramParser::parseDeclaringDivisions() {
         EnvironmentParser(context).parseEnvironmentDivision();
       else
         DataParser(context).parseDataDivision();
-    } else if (division == Keyword::None && atDataSection()) {
+    } else if (division == Keyword::None && atDataSection() && !atStrayProcedures()) {
       // Where the divisions are exchanged, the header stands further up.
       if (!context.unit->getDataDivision())
         missingHeader(Keyword::Data, "DATA DIVISION");
@@ -181,8 +183,13 @@ void ProgramParser::parseDeclaringDivisions() {
   }
 }
 
-/// END PROGRAM name.
-void ProgramParser::parseEndProgram(SourceUnit *current) {
+/// END PROGRAM name. False where it repeats the END PROGRAM before it, and ends nothing.
+bool ProgramParser::parseEndProgram(SourceUnit *current) {
+  // Next to a mistake, the END PROGRAM of a nested program may be missing.
+  constexpr unsigned near = 2;
+  const bool isLeftOver = recovery.isBehindMistake(here(), near);
+  const SourceRange begin = here();
+  const bool isRepeated = stream.getTaken() == context.lastProgramEnd;
   recovery.resumeReporting();
   if (atSequence(Keyword::End, Keyword::Program)) {
     stream.skip();
@@ -200,8 +207,16 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
   if (at(TokenKind::AlphanumericLiteral) || peek().isWord()) {
     llvm::StringRef name = withoutQuotes(current->getSourceUnitName());
     // A program whose name could not be read has had its message.
-    if (!name.empty() && !withoutQuotes(peek().spelling).equals_insensitive(name))
-      error(DiagnosticId::EndProgramNameDiffers, here(), withoutQuotes(peek().spelling), name);
+    const llvm::StringRef ended = withoutQuotes(peek().spelling);
+    const bool isOther = !name.empty() && !ended.equals_insensitive(name);
+    if (isOther && isRepeated && ended.equals_insensitive(context.lastEndedProgram)) {
+      error(DiagnosticId::EndProgramWithoutProgram, begin);
+      skipPastPeriod();
+      return false;
+    }
+    context.isNestingUncertain |= isOther;
+    if (isOther && !isLeftOver)
+      error(DiagnosticId::EndProgramNameDiffers, here(), ended, name);
     stream.skip();
   } else {
     expected("the name of the program that ends");
@@ -209,13 +224,16 @@ void ProgramParser::parseEndProgram(SourceUnit *current) {
   }
   // At the end of the file nothing can be meant but the end of the program.
   if (at(TokenKind::EndOfFile))
-    return;
+    return true;
   // One message is enough for a line.
   if (!construct.hasMistake())
     expectHeaderPeriod();
   else
     while (!peek().isFirstOnLine() && !accept(TokenKind::Period))
       stream.skip();
+  context.lastEndedProgram = withoutQuotes(current->getSourceUnitName()).str();
+  context.lastProgramEnd = stream.getTaken();
+  return true;
 }
 
 //===----------------------------------------------------------------------===//

@@ -23,7 +23,7 @@ private:
   bool atCommentParagraph();
   bool acceptCommentParagraph(bool skipsEntry);
   bool skipClassOrFunction();
-  void parseEndProgram(SourceUnit *unit);
+  bool parseEndProgram(SourceUnit *unit);
 };
 
 } // namespace tarka

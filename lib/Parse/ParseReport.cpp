@@ -23,13 +23,23 @@ void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
   bool isReported = false;
   while (true) {
-    if (at(Keyword::Rd)) {
+    // Only the word is missing.
+    const bool isWordMissing =
+        peek().isUserWord() && peek().isFirstOnLine() && reportClauses.contains(peek(1).keyword);
+    if (isWordMissing)
+      expected("RD");
+    if (at(Keyword::Rd) || isWordMissing) {
       // The groups of a report that has no name are read, but belong nowhere.
       ReportDescription *report = parseReportDescription();
       if (report)
         division.addReportSection(report);
       parseReportGroups(report);
     } else if (at(TokenKind::IntegerLiteral)) {
+      // Where the header of the section was found too late, the report is before it.
+      if (isHeaderDisplaced(Keyword::Report) && !division.getReportSectionElements().empty()) {
+        parseReportGroups(division.getReportSectionElements().back());
+        continue;
+      }
       if (!isReported)
         error(DiagnosticId::GroupWithoutReport, here());
       isReported = true;
@@ -38,6 +48,9 @@ void ReportParser::parseReportSection(DataDivision &division) {
       continue;
     } else if (atEntryBoundary(reportClauses)) {
       return;
+    } else if (isRestOfEntry()) {
+      noteMistake();
+      skipToEntry(reportClauses);
     } else {
       expected("RD");
       isReported = true;
@@ -78,6 +91,7 @@ DataDescription *ReportParser::parseReportGroupEntry(unsigned assumedLevel) {
 ReportDescription *ReportParser::parseReportDescription() {
   SourceRange begin = here();
   recovery.resumeReporting();
+  Recovery::ConstructScope construct(recovery);
   accept(Keyword::Rd);
   Word *name = parseUserWord("a report-name");
   if (!name) {

@@ -322,7 +322,11 @@ bool StatementParser::rejectWord(StatementList &list) {
   // that was missing.
   const bool isLeftOver =
       !peek().isUserWord() && !at(Keyword::On, Keyword::At) && recovery.isSentenceDamaged();
-  if (isLeftOver || recovery.isDisplaced(peek().keyword)) {
+  // Of a statement that broke off, the next lines can be the rest.
+  const bool isRest = recovery.isRestOfStatement(peek()) &&
+                      !at(Keyword::Cics, Keyword::Sql, Keyword::Dli) &&
+                      (!peek().isUserWord() || suggestKeyword(peek().text, KF_Verb).empty());
+  if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword)) {
     Skipping skipping(*this);
     stream.skip();
     list.lastIsWrong = true;
@@ -331,6 +335,7 @@ bool StatementParser::rejectWord(StatementList &list) {
     return false;
   }
   const SourceRange before = stream.getLastPlace();
+  recovery.noteStray(peek().keyword);
   const Token word = stream.next();
   llvm::StringRef meant = word.isUserWord() ? suggestKeyword(word.text, KF_Verb) : "";
   if (word.isOneOf(Keyword::Cics, Keyword::Sql, Keyword::Dli) && peek().isWord()) {
@@ -446,6 +451,8 @@ void StatementParser::parseExceptionPhrases(NodeList<ExceptionHandler> &handlers
     const Outcome outcome = parseStatements(statements);
     const bool isCutOff = at(TokenKind::Period) && !peek(1).isFirstOnLine() &&
                           !peek(1).is(TokenKind::EndOfFile) && !peek(1).isVerb();
+    if (outcome == Outcome::Absent && at(TokenKind::Period))
+      recovery.noteSentenceDamage();
     if (outcome == Outcome::Failed || (outcome == Outcome::Absent && isCutOff))
       statements.push_back(makePlaceholder(begin));
     handlers.push_back(make<ExceptionHandler>(begin, phrase->type, phrase->isNot, &statements));

@@ -313,7 +313,7 @@ StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, 
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
   if (!accept(Keyword::EndPerform)) {
-    if (isComplete && !recovery.hasUnknownStatement() && !recovery.hasUnmatchedEnd())
+    if (isComplete && recovery.getTornLine() == 0 && !recovery.hasUnmatchedEnd())
       expect(Keyword::EndPerform);
     isComplete = false;
   }

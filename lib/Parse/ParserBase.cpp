@@ -30,7 +30,10 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   damage.add(place);
   if (beginsSuppression(id))
     damage.add(stream.getLastPlace());
-  if (!recovery.shouldReport(id, place) || atUnreplacedTag())
+  // What is left of a clause that was not understood is not a mistake of its own.
+  const bool isLeftOver = recovery.isConstructDamaged() &&
+                          (id == DiagnosticId::UnknownClause || id == DiagnosticId::PhraseApart);
+  if (isLeftOver || !recovery.shouldReport(id, place) || atUnreplacedTag())
     return false;
   const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);
   const bool isWrong = isError(infoOf(id).severity);
@@ -46,6 +49,11 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
     context.diagnostics.report(cut->id, cut->place, cut->text);
   context.lastWrongLine = cutLine;
   return false;
+}
+
+void ParserBase::noteMistake() {
+  stream.getOpenConstructs().noteMistake();
+  context.diagnostics.getDamage().add(here());
 }
 
 /// Whether a mistake is found at a tag such as :TAG:, which is part of a name until COPY REPLACING
@@ -84,7 +92,10 @@ bool ParserBase::expect(Keyword keyword) {
   if (accept(keyword))
     return true;
   recovery.noteMissing(keyword);
-  expected(textOf(keyword));
+  if (recovery.wasStray(keyword))
+    noteMistake();
+  else
+    expected(textOf(keyword));
   // The keyword misspelt is taken for it.
   bool isMisspelt = peek().isUserWord() && nearestKeyword(peek().text, keyword) != Keyword::None &&
                     !isNamed(peek());

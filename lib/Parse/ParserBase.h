@@ -87,6 +87,13 @@ struct ParserContext {
   std::bitset<static_cast<unsigned>(ExecType::Other) + 1> embeddedLanguages;
   /// The parser of their operands; null before the first one.
   std::shared_ptr<EmbeddedScratch> embeddedScratch;
+  bool isInDeclaratives = false;
+  /// An END PROGRAM has named another program than the one that ends with it: others may follow
+  /// that have no program to end.
+  bool isNestingUncertain = false;
+  /// The name of the program that ended last, and how many tokens were taken then.
+  std::string lastEndedProgram;
+  uint64_t lastProgramEnd = 0;
   /// Whether the translator of CICS reads the outermost program.
   bool isTranslated = false;
   /// The header of the procedure division that was read last.
@@ -132,6 +139,9 @@ public:
       context.diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
     return {};
   }
+
+  /// Notes that the next token is not what is needed, because of a mistake that has its message.
+  void noteMistake();
 
   /// The place of the next token.
   SourceRange here() { return peek().place; }
@@ -380,11 +390,14 @@ protected:
 
 private:
   bool isToBeReported(DiagnosticId id, const SourceRange &place);
+  Keyword divisionBefore(unsigned n);
   bool atUnitHeader();
   HeaderKind headerKindOfName();
   bool atEndOfDeclaratives();
   bool atVerbOfTwoWords();
   Keyword namelessDivision(unsigned n);
+  Keyword tornDivision();
+  unsigned nextLineBegin(unsigned limit);
   bool isEntryLine();
   bool atUnreplacedTag();
   bool atDamagedSection();

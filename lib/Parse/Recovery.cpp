@@ -32,17 +32,97 @@ bool beginsSuppression(DiagnosticId id) {
   }
 }
 
+/// Whether \p id says that a part of a statement stands where no statement waits for it.
+static bool isAboutStructure(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::EndWithoutStatement:
+  case DiagnosticId::ElseWithoutIf:
+  case DiagnosticId::WhenWithoutEvaluate:
+  case DiagnosticId::PhraseWithoutStatement:
+    return true;
+  default:
+    return false;
+  }
+}
+
+/// Whether the mistake \p id can come from a line that stands one line too far up or down.
+static bool canFollowStrayLine(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::DeclarativesOutOfPlace:
+  case DiagnosticId::DivisionOutOfOrder:
+  case DiagnosticId::HeaderMissing:
+  case DiagnosticId::PeriodMissing:
+  case DiagnosticId::UseOutsideDeclaratives:
+    return true;
+  default:
+    return false;
+  }
+}
+
+bool Recovery::isBehindMistake(const SourceRange &place, unsigned lines) const {
+  return place.file == lastMistake.file && lastMistake.endLine < place.beginLine &&
+         place.beginLine <= lastMistake.endLine + lines;
+}
+
+bool Recovery::isRestOfStatement(const Token &first) {
+  constexpr unsigned near = 2;
+  return first.isFirstOnLine() && isBehindMistake(first.place, near) && !stream.peek(1).isVerb();
+}
+
+/// Whether the next token is at \p place and begins a line.
+bool Recovery::beginsLine(const SourceRange &place) const {
+  const Token &next = stream.peek();
+  return next.isFirstOnLine() && next.place.beginLine == place.beginLine &&
+         next.place.beginColumn == place.beginColumn;
+}
+
+/// Whether the mistake \p id at \p place is what an earlier one leaves over.
+bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
+  constexpr unsigned near = 2;
+  if (isAboutStructure(id))
+    return isStructureUncertain();
+  const bool isInLine = place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
+  if (id == DiagnosticId::UnknownClause)
+    return isInLine;
+  // A period within a verb makes a name of its beginning.
+  if (id == DiagnosticId::NotAStatement)
+    return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
+  if (id == DiagnosticId::NotSupported && place.file == lastMistake.file &&
+      place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
+    return true;
+  // What an entry is without may be in the line of the mistake.
+  if (id == DiagnosticId::LevelWithoutRecord)
+    return isBehindMistake(place, near);
+  if (id == DiagnosticId::ClauseMissing)
+    return lastIsStrayLine && isBehindMistake(place, near);
+  if (!canFollowStrayLine(id) || !beginsLine(place))
+    return false;
+  // A header that is found too late follows the line that it is missing before.
+  if (id == DiagnosticId::PeriodMissing && lastId == DiagnosticId::HeaderMissing)
+    return isBehindMistake(place, 1);
+  return lastIsStrayLine && isBehindMistake(place, near);
+}
+
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
   const bool isCascade =
-      sentenceIsAbandoned || stream.getTaken() < suppressedUntil || isSuspect() ||
-      isDoubtful(stream.peek()) || source.isDamaged(place) ||
+      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil ||
+      isSuspect() || isDoubtful(stream.peek()) || source.isDamaged(place) ||
       source.isDamaged(stream.getLastPlace()) ||
       (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
+    lastMistake = place;
+    lastIsStrayLine =
+        beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement ||
+                              id == DiagnosticId::HeaderMissing);
+    // A misspelt verb is read as what it was meant to be, and of parts without their statement
+    // those that belong together are known.
+    if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement &&
+        !isAboutStructure(id))
+      tornLine = place.endLine;
   }
   if (!isCascade)
     lastReport = stream.getTaken();

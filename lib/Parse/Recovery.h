@@ -64,11 +64,32 @@ public:
   ///
   /// After a message that leaves open what the next tokens are, mistakes are suppressed until three
   /// tokens were read without one. They are also suppressed in text that the token stream has
-  /// reported as damaged.
+  /// reported as damaged. Some mistakes are what an earlier one leaves over:
+  /// - an ELSE, WHEN, END- word or phrase without its statement, in a sentence with a mistake and
+  /// in
+  ///   the next one: which statement it belongs to is not known there;
+  /// - a word that begins no statement and no clause, in the line of a mistake;
+  /// - a period or header that is missing, or a header out of its place, behind a line that does
+  /// not
+  ///   begin as lines do: the two may be exchanged.
   bool shouldReport(DiagnosticId id, const SourceRange &place);
 
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
+
+  /// Whether a line that begins with \p first, the next token, can be the rest of a statement in
+  /// which there was a mistake: it is close behind that, and holds no statement of its own.
+  bool isRestOfStatement(const Token &first);
+  /// Whether \p place is in one of the \p lines behind the line of the last mistake.
+  bool isBehindMistake(const SourceRange &place, unsigned lines) const;
+  /// Whether the statements around the next token may be others than they seem: there was a mistake
+  /// in the sentence or in the one before it, and not far from here.
+  bool isStructureUncertain() const { return isNear(tornLine) || isNear(tornLineOfLastSentence); }
+  /// The line of the mistake in the sentence that makes the statements around it uncertain; 0 where
+  /// there is none.
+  unsigned getTornLine() const { return tornLine; }
+  /// Sets the line back to \p line: what came since was read to its end in spite of its mistakes.
+  void resetTornLine(unsigned line) { tornLine = line; }
 
   /// Whether the mistake at the next token has been reported: nothing was read since.
   bool hasReportedHere() const { return stream.getTaken() == lastReport; }
@@ -180,9 +201,24 @@ public:
     missingSince = stream.getTaken();
   }
   bool isDisplaced(Keyword keyword) const {
-    constexpr unsigned near = 24;
     return keyword != Keyword::None && keyword == missing &&
-           stream.getTaken() <= missingSince + near;
+           stream.getTaken() <= missingSince + nearTokens;
+  }
+  /// Notes that \p keyword was found out of its place, and tells whether it is missing soon after
+  /// that.
+  void noteStray(Keyword keyword) {
+    stray = keyword;
+    straySince = stream.getTaken();
+  }
+  bool wasStray(Keyword keyword) const {
+    return keyword == stray && stream.getTaken() <= straySince + nearTokens;
+  }
+  /// A mistake was found in the sentence that somebody else reports: the token stream, or the
+  /// checks.
+  void noteSentenceDamage() {
+    sentenceIsDamaged = true;
+    lastMistake = stream.getLastPlace();
+    tornLine = lastMistake.endLine;
   }
   /// Whether a mistake was found in the sentence.
   bool isSentenceDamaged() const { return sentenceIsDamaged; }
@@ -208,6 +244,7 @@ public:
   bool isSentenceAbandoned() const { return sentenceIsAbandoned; }
 
   void endSentence() {
+    tornLineOfLastSentence = std::exchange(tornLine, 0U);
     sentenceIsAbandoned = unknownStatement = sentenceIsDamaged = false;
     strayParts = std::exchange(cutParts, uint8_t(0));
     if (hasEnds)
@@ -221,6 +258,17 @@ public:
   }
 
 private:
+  /// How many tokens a keyword may be out of its place.
+  static constexpr unsigned nearTokens = 24;
+
+  /// How many lines behind a mistake the statements around a token stay uncertain.
+  static constexpr unsigned nearLines = 10;
+  bool isNear(unsigned line) const {
+    return line != 0 && stream.peek().place.beginLine <= line + nearLines;
+  }
+
+  bool isLeftOver(DiagnosticId id, const SourceRange &place) const;
+  bool beginsLine(const SourceRange &place) const;
   void loosenEnds();
   void passEnds();
 
@@ -250,6 +298,15 @@ private:
   bool unmatchedEnd = false;
   bool sentenceIsAbandoned = false;
   bool sentenceIsDamaged = false;
+  /// Whether there was a mistake after which the rest of the sentence may be taken for other
+  /// statements than it is.
+  unsigned tornLine = 0;
+  unsigned tornLineOfLastSentence = 0;
+  /// Where the last mistake was found.
+  SourceRange lastMistake;
+  DiagnosticId lastId = DiagnosticId::Expected;
+  /// Whether it was a line that does not begin as lines do there.
+  bool lastIsStrayLine = false;
   uint8_t strayParts = 0;
   /// What a misplaced period of this sentence and of the one before it have cut off.
   uint8_t cutParts = 0;
@@ -270,6 +327,9 @@ private:
   /// The keyword that was missing last.
   Keyword missing = Keyword::None;
   uint64_t missingSince = 0;
+  /// The keyword that began no statement last.
+  Keyword stray = Keyword::None;
+  uint64_t straySince = 0;
 };
 
 } // namespace tarka

@@ -2,6 +2,7 @@
 
 #include "Report/Consequences.h"
 #include "AST/ExpressionVisitor.h"
+#include "AST/IntrinsicFunctions.h"
 #include "AST/Program.h"
 #include "AST/Scope.h"
 #include "AST/Spelling.h"
@@ -18,12 +19,22 @@ namespace tarka {
 
 namespace {
 
+bool isNameCharacter(char c) {
+  return llvm::isAlnum(c) || c == '-' || c == '_';
+}
+
 /// How many wrong names of files are compared with one another.
 constexpr std::size_t maxFiles = 100;
 /// As far as this a place is extended to the spaces around it.
 constexpr unsigned maxRun = 30;
 /// How many names the message of a missing copybook has.
 constexpr std::size_t maxNames = 5;
+/// With this the names begin that the copybooks of CICS declare.
+constexpr llvm::StringLiteral suppliedPrefix = "DFH";
+
+bool isOfSuppliedText(llvm::StringRef name) {
+  return name.starts_with(suppliedPrefix);
+}
 
 /// The name that the diagnostic is about, without qualifiers.
 llvm::StringRef nameIn(const Diagnostic &diagnostic) {
@@ -54,6 +65,12 @@ bool isSlip(llvm::StringRef name, llvm::StringRef meant) {
     ++different;
   }
   return different == 1;
+}
+
+/// Whether the two names of files, in upper case, may be one: files are few, and their names differ
+/// in more than a character or two.
+bool isNearFileName(llvm::StringRef name, llvm::StringRef other) {
+  return spellingDistance(name, other, spellingTolerance(name)) <= spellingTolerance(name);
 }
 
 /// Collects the entries and files that a diagnostic involves, subscripts included.
@@ -131,6 +148,8 @@ public:
     for (std::size_t i = 0; i < report.size(); ++i) {
       if (isUnreadText(report[i].number))
         unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+      if (isUndefined(report[i].number))
+        nameErrors.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }
@@ -152,11 +171,23 @@ private:
   std::size_t causeOf(std::size_t index);
   std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
+  std::size_t causeOfKind(std::size_t index);
+  std::size_t causeOfProcedures(const Diagnostic &diagnostic);
+  std::size_t causeOfAlteredParagraph(const Diagnostic &diagnostic);
+  std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
+  llvm::StringRef doubledRecordOf(llvm::StringRef name, const SourceUnit *unit) const;
+  std::size_t causeOfOtherName(std::size_t index);
+  std::size_t causeOfLineItems(std::size_t index) const;
+  std::size_t causeOfItemOrFile(const DataDescription *item, std::size_t index) const;
+  std::size_t causeWithin(std::size_t index) const;
+  std::size_t causeOfUndeclared(std::size_t index, const std::string &name);
+  const SourceUnit *reachOf(const Diagnostic &diagnostic, llvm::StringRef name) const;
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
   std::string missingName(const Diagnostic &diagnostic) const;
   std::string keyOf(const Diagnostic &diagnostic, llvm::StringRef name) const;
   bool isName(const Diagnostic &diagnostic) const;
+  bool isHeaderOf(llvm::StringRef name, const SourceRange &place) const;
   std::size_t rootOf(std::size_t index) const;
   void describeCauses();
   void describeCause(std::size_t index, llvm::ArrayRef<std::size_t> consequences);
@@ -175,9 +206,14 @@ private:
   std::vector<std::size_t> reportedFiles;
   /// The errors about embedded text that could not be read, by file and position.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> unreadTexts;
+  /// The errors about data-names that nothing has.
+  std::map<std::pair<unsigned, SourcePosition>, std::size_t> nameErrors;
   llvm::StringMap<std::size_t> namesOfUnknownDevices;
-  /// The records of outer programs of which an item was reported that a nested one does not see.
-  llvm::DenseMap<const DataDescription *, std::size_t> hiddenRecords;
+  /// The errors about procedure-names that nothing has.
+  llvm::StringMap<std::size_t> unknownProcedures;
+  /// The records and files of outer programs of which an item was reported that a nested one does
+  /// not see.
+  llvm::DenseMap<const Node *, std::size_t> hiddenRecords;
 };
 
 /// The diagnostic that number \p index repeats or follows from; none for a cause.
@@ -190,11 +226,17 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
                                 << diagnostic.number << ' ' << diagnostic.getMessage();
   if (auto [same, isNew] = reported.try_emplace(key, index); !isNew)
     return same->second;
+  if (isStrayEnd(diagnostic.number) && diagnostic.text.starts_with("END-PERFORM"))
+    return causeOfStrayEnd(diagnostic);
   if (isOfFrontEnd(diagnostic.number))
     return none;
   if (const std::size_t cause = causeOfFault(index); cause != none)
     return cause;
+  if (const std::size_t cause = damage.inLineOf(place); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
+    return cause;
+  if (const std::size_t cause = causeOfProcedures(diagnostic); cause != none)
     return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
       (isUndefined(diagnostic.number) && isWritten(diagnostic.place)))
@@ -203,9 +245,186 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   if (isAboutMnemonicName(diagnostic.number))
     if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
       return cause;
+  if (isAboutMnemonicName(diagnostic.number) || isAboutClassName(diagnostic.number))
+    if (const std::size_t cause = damage.ofSpecialNames(diagnostic.unit); cause != none)
+      return cause;
   if (const std::size_t cause = causeOfItem(index); cause != none)
     return cause;
-  return causeOfName(index);
+  if (const std::size_t cause = causeOfOtherName(index); cause != none)
+    return cause;
+  if (const std::size_t cause = causeWithin(index); cause != none)
+    return cause;
+  if (isAboutKind(diagnostic.number))
+    return causeOfKind(index);
+  if (const std::size_t cause = causeOfName(index); cause != none)
+    return cause;
+  return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
+}
+
+/// The error about a name within what the diagnostic points at: an operand of a clause or of a
+/// reference.
+std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
+  const SourceRange &place = diagnostics[index].place;
+  const auto first = nameErrors.lower_bound({place.file, beginOf(place)});
+  const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
+  return place.beginLine == place.endLine && first != nameErrors.end() && first->first <= end &&
+                 first->second != index
+             ? first->second
+             : none;
+}
+
+/// The error that says the same of another use of the name.
+std::size_t ConsequenceFinder::causeOfKind(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  const std::string key = std::to_string(diagnostic.number) + ' ' + diagnostic.subject;
+  const auto [first, isNew] = reportedNames.try_emplace({diagnostic.unit, key}, index);
+  return isNew ? none : first->second;
+}
+
+/// Why a check of the procedures does not find the header, the USE sentence or the GO TO that it
+/// needs.
+std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
+  const SourceUnit *unit = diagnostic.unit;
+  const ProcedureDivision *procedures = unit ? unit->getProcDivision() : nullptr;
+  if (isAboutArgument(diagnostic.number))
+    return damage.ofProcedureHeader(unit);
+  if (!procedures)
+    return none;
+  if (isMissingFromCommand(diagnostic.number)) {
+    constexpr unsigned near = 2;
+    SourceRange before = diagnostic.place;
+    before.beginLine = std::max(before.beginLine, near + 1) - near;
+    before.beginColumn = 1;
+    return damage.between(before, diagnostic.place);
+  }
+  if (isInvalidStatement(diagnostic.number))
+    for (const Declaratives *declarative : procedures->getDeclElements())
+      if (const SourceRange &range = declarative->getRange();
+          range.file == diagnostic.place.file && range.beginLine <= diagnostic.place.beginLine &&
+          diagnostic.place.endLine <= range.endLine)
+        if (const std::size_t cause = damage.between(range, diagnostic.place); cause != none)
+          return cause;
+  return isAboutAlteredParagraph(diagnostic.number) ? causeOfAlteredParagraph(diagnostic) : none;
+}
+
+/// Why the paragraph that ALTER changes does not exist, or is not a GO TO alone.
+std::size_t ConsequenceFinder::causeOfAlteredParagraph(const Diagnostic &diagnostic) {
+  const std::string name = llvm::StringRef(diagnostic.subject).upper();
+  if (const auto found = unknownProcedures.find(name); found != unknownProcedures.end())
+    return found->second;
+  ProcedureDivision *procedures = diagnostic.unit->getProcDivision();
+  llvm::SmallVector<Paragraph *, 2> paragraphs(procedures->findParagraphs(name));
+  for (const auto &inSection : procedures->findSectionParagraphs(name))
+    paragraphs.push_back(inSection.paragraph);
+  for (const Paragraph *paragraph : paragraphs) {
+    const SourceRange &range = paragraph->getRange();
+    SourceRange behind = range;
+    behind.endLine = range.endLine + 1;
+    if (const std::size_t cause = damage.between(range, behind); cause != none)
+      return cause;
+    for (const auto &[procedure, index] : unknownProcedures) {
+      const SourceRange &place = diagnostics[index].place;
+      if (place.file == range.file && range.beginLine <= place.beginLine &&
+          place.endLine <= range.endLine)
+        return index;
+    }
+  }
+  return none;
+}
+
+/// The PERFORM whose procedure-name does not exist where an END-PERFORM is left over: it may have
+/// been one with statements of its own.
+std::size_t ConsequenceFinder::causeOfStrayEnd(const Diagnostic &diagnostic) const {
+  constexpr unsigned maxLines = 60;
+  std::size_t nearest = none;
+  for (std::size_t i = 0; i < diagnostics.size(); ++i) {
+    const SourceRange &place = diagnostics[i].place;
+    const bool isBefore = place.file == diagnostic.place.file &&
+                          place.beginLine < diagnostic.place.beginLine &&
+                          diagnostic.place.beginLine <= place.beginLine + maxLines;
+    if (isAboutProcedure(diagnostics[i].number) && isBefore &&
+        sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn)
+            .contains_insensitive("PERFORM "))
+      nearest = i;
+  }
+  return nearest;
+}
+
+/// Why the other name that the diagnostic has, such as that after REDEFINES, is not declared.
+std::size_t ConsequenceFinder::causeOfOtherName(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  const auto *word = dynamic_cast<const Word *>(diagnostic.otherNode);
+  if (!word)
+    return none;
+  const std::string name = llvm::StringRef(word->getWordData()).upper();
+  if (!isUnknown(name, diagnostic.unit))
+    return none;
+  if (const std::size_t cause = causeOfUndeclared(index, name); cause != none)
+    return cause;
+  reportedNames.try_emplace({reachOf(diagnostic, name), "NAME " + name}, index);
+  return none;
+}
+
+/// The error about the undeclared \p name, or about the declaration that may be meant for it.
+std::size_t ConsequenceFinder::causeOfUndeclared(std::size_t index, const std::string &name) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  const std::string key = "NAME " + name;
+  if (const auto first = reportedNames.find({reachOf(diagnostic, name), key});
+      first != reportedNames.end())
+    return first->second;
+  if (const std::size_t copybook = damage.missingCopybookFor(diagnostic); copybook != none)
+    return copybook;
+  return damage.takeLostName(diagnostic, key);
+}
+
+/// Where a name that nothing has means the same: in a program and all that are nested in it.
+const SourceUnit *ConsequenceFinder::reachOf(const Diagnostic &diagnostic,
+                                             llvm::StringRef name) const {
+  const SourceUnit *unit = diagnostic.unit;
+  if (!isAboutProcedure(diagnostic.number) && isUnknown(name, unit))
+    while (unit && unit->getParent())
+      unit = unit->getParent();
+  return unit;
+}
+
+/// The error of \p item or of the file that it is in the record of.
+std::size_t ConsequenceFinder::causeOfItemOrFile(const DataDescription *item,
+                                                 std::size_t index) const {
+  // The entry of an index-name is that of its table.
+  if (item->getIsCompilerMade() && item->getDataName())
+    if (const DataDescription *table = places.entryAt(item->getDataName()->getRange()))
+      item = table;
+  if (const std::size_t cause = damage.of(item, index); cause != none)
+    return cause;
+  while (item->getOwner())
+    item = item->getOwner();
+  const FileDescription *file = item->getFileDescription();
+  return file ? damage.of(file, index) : none;
+}
+
+/// The error of an item or a file that the line of the diagnostic names.
+std::size_t ConsequenceFinder::causeOfLineItems(std::size_t index) const {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (!places.isInProcedures(diagnostic.place))
+    return none;
+  const Scope scope(diagnostic.unit);
+  llvm::StringRef text = lineOf(diagnostic.place.file, diagnostic.place.beginLine);
+  while (!text.empty()) {
+    text = text.drop_until(llvm::isAlnum);
+    const llvm::StringRef word = text.take_while(isNameCharacter);
+    text = text.drop_front(word.size());
+    if (llvm::none_of(word, llvm::isAlpha))
+      continue;
+    const std::string *name = &internString(word.upper());
+    if (const Homonyms items = scope.findItems(name))
+      for (const DataDescription *item : *items.entries)
+        if (const std::size_t cause = causeOfItemOrFile(item, index); cause != none)
+          return cause;
+    for (const FileDescription *file : scope.findFiles(name))
+      if (const std::size_t cause = damage.of(file, index); cause != none && cause != index)
+        return cause;
+  }
+  return none;
 }
 
 /// The error about text within an embedded block at \p place that could not be read.
@@ -225,7 +444,7 @@ std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
     return none;
   const Node *place = diagnostic.node;
   if (const auto *entry = dynamic_cast<const DataDescription *>(place))
-    place = clauseOwner(*entry, diagnostic.number);
+    place = isWrongHierarchy(fault) ? entry->getOwner() : clauseOwner(*entry, diagnostic.number);
   const auto [first, isNew] = faults.try_emplace({place, fault}, index);
   return isNew ? none : first->second;
 }
@@ -305,15 +524,22 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
         cause != none)
       return cause;
 
+  // An entry that qualifies is wrong.
+  for (llvm::StringRef qualifier : llvm::drop_begin(llvm::split(diagnostic.subject, " OF ")))
+    if (const Homonyms items = Scope(diagnostic.unit).findItems(&internString(qualifier.upper())))
+      if (const std::size_t cause = damage.of(items.entries->front(), index); cause != none)
+        return cause;
+
   const std::string key = keyOf(diagnostic, name);
-  const auto first = reportedNames.find({diagnostic.unit, key});
+  const SourceUnit *reach = reachOf(diagnostic, name);
+  const auto first = reportedNames.find({reach, key});
   if (first != reportedNames.end())
     return first->second;
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
     for (const std::size_t cause : reportedFiles)
       if (diagnostics[cause].unit == diagnostic.unit &&
-          (isSlip(name, nameIn(diagnostics[cause])) ||
+          (isNearFileName(name, nameIn(diagnostics[cause]).upper()) ||
            nameIn(diagnostics[cause]).equals_insensitive(diagnostic.suggestion)))
         return cause;
   const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
@@ -324,13 +550,19 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
       if (const std::size_t lost = damage.takeLostName(diagnostic, key); lost != none)
         return lost;
   }
+  if (isProcedure)
+    for (const auto &[position, cause] : unreadTexts)
+      if (isHeaderOf(name, diagnostics[cause].place))
+        return cause;
   // One name that was torn in two.
   if (index > 0 && isAboutName(diagnostics[index - 1].number) &&
       isTornFrom(diagnostics[index - 1], diagnostic))
     return index - 1;
   if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
     return cause;
-  reportedNames[{diagnostic.unit, key}] = index;
+  reportedNames[{reach, key}] = index;
+  if (isProcedure)
+    unknownProcedures.try_emplace(name, index);
   if (isAboutFile(diagnostic.number) && reportedFiles.size() < maxFiles)
     reportedFiles.push_back(index);
   return none;
@@ -367,11 +599,13 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
     if (!items)
       continue;
     const DataDescription *record = items.entries->front();
-    if (const std::size_t cause = damage.of(record, index); cause != none)
+    if (const std::size_t cause = causeOfItemOrFile(record, index); cause != none)
       return cause;
     while (record->getOwner())
       record = record->getOwner();
-    const auto [first, isNew] = hiddenRecords.try_emplace(record, index);
+    const FileDescription *file = record->getFileDescription();
+    const Node *owner = file ? static_cast<const Node *>(file) : record;
+    const auto [first, isNew] = hiddenRecords.try_emplace(owner, index);
     return isNew ? none : first->second;
   }
   return none;
@@ -381,10 +615,40 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
 std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringRef name) const {
   if (isAboutFile(diagnostic.number))
     return "FILE " + name.str();
-  if (name != nameIn(diagnostic).upper())
-    return "QUALIFIER " + name.str();
+  if (isAmbiguous(diagnostic.number))
+    if (const llvm::StringRef record = doubledRecordOf(name, diagnostic.unit); !record.empty())
+      return "TWICE " + record.str();
+  // REPOSITORY lets functions stand without FUNCTION, all of them most of the time.
+  if (findIntrinsicFunction(name) && isUnknown(name, diagnostic.unit))
+    return "FUNCTION";
+  if (!isAboutProcedure(diagnostic.number) && isUnknown(name, diagnostic.unit))
+    return (isOfSuppliedText(name) ? "SUPPLIED " : "NAME ") +
+           (isOfSuppliedText(name) ? name.take_front(suppliedPrefix.size()) : name).str();
   return std::to_string(withoutLanguage(diagnostic.number)) + ' ' +
          llvm::StringRef(diagnostic.subject).upper();
+}
+
+/// The name of the record that is there twice, so that \p name in it is ambiguous; empty where the
+/// entries of that name are in records of several names.
+llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
+                                                   const SourceUnit *unit) const {
+  const Homonyms items = Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
+  if (!items || items.entries->size() < 2)
+    return "";
+  auto recordOf = [](const DataDescription *entry) -> llvm::StringRef {
+    while (entry->getOwner())
+      entry = entry->getOwner();
+    return entry->getDataName() ? entry->getDataName()->getWordData() : llvm::StringRef();
+  };
+  const llvm::StringRef record = recordOf(items.entries->front());
+  const bool isOne = llvm::all_of(
+      *items.entries, [&](const DataDescription *entry) { return recordOf(entry) == record; });
+  return isOne ? record : "";
+}
+
+/// Whether the line of \p place is the header of the paragraph \p name.
+bool ConsequenceFinder::isHeaderOf(llvm::StringRef name, const SourceRange &place) const {
+  return lineOf(place.file, place.beginLine).trim().rtrim('.').equals_insensitive(name);
 }
 
 /// Whether the subject is a name that nothing has, or is declared in an entry of its own.
@@ -392,8 +656,7 @@ bool ConsequenceFinder::isName(const Diagnostic &diagnostic) const {
   if (dynamic_cast<const FileDescription *>(diagnostic.node))
     return true;
   const std::string name = nameIn(diagnostic).upper();
-  return llvm::any_of(name, llvm::isAlpha) &&
-         llvm::all_of(name, [](char c) { return llvm::isAlnum(c) || c == '-' || c == '_'; }) &&
+  return llvm::any_of(name, llvm::isAlpha) && llvm::all_of(name, isNameCharacter) &&
          isUnknown(name, diagnostic.unit);
 }
 
@@ -445,6 +708,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   if (involved.isEmpty() && !places.entryAt(diagnostic.place))
     involved.enter(Scope(diagnostic.unit).findItems(&internString(nameIn(diagnostic).upper())));
   involved.enter(diagnostic.otherNode);
+  if (const auto *other = dynamic_cast<const DataDescription *>(diagnostic.otherNode))
+    if (const std::size_t cause = damage.of(other, index); cause != none)
+      return cause;
   for (const DataDescription *item : involved.getEntries())
     if (const std::size_t cause = damage.of(item, index); cause != none)
       return cause;
@@ -467,6 +733,8 @@ void ConsequenceFinder::remove() {
       causes[i] = causeOfPlace(diagnostics[i]);
       if (causes[i] == none)
         causes[i] = unreadTextIn(diagnostics[i].place);
+      if (causes[i] == none)
+        causes[i] = causeOfLineItems(i);
     }
     if (diagnostics[i].severity != Severity::Error || !diagnostics[i].fix.empty())
       continue;
@@ -503,7 +771,8 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
     if (isRepeated)
       continue;
     // The same name in another place.
-    if (isAboutName(cause.number) && isAboutName(one.number)) {
+    const bool isOneKind = isAboutKind(cause.number) && one.number == cause.number;
+    if ((isAboutName(cause.number) && isAboutName(one.number)) || isOneKind) {
       cause.furtherPlaces.push_back(one.place);
       continue;
     }

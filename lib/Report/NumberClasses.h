@@ -39,9 +39,19 @@ inline bool isWrongShape(int number) {
   return number == 3241 || number == 3242 || number == 3279;
 }
 
-/// An entry that has members has a PICTURE as well.
+/// An entry that has members has a PICTURE or a USAGE of its own as well.
 inline bool isGroupWithPicture(int number) {
-  return number == 3241;
+  return number == 3241 || number == 3279;
+}
+
+/// The front end's message about an entry before which its record is missing.
+inline bool isMissingRecord(int number) {
+  return number == 250;
+}
+
+/// The front end's message about a header that is missing.
+inline bool isMissingHeader(int number) {
+  return number == 231;
 }
 
 inline bool isEmptyGroup(int number) {
@@ -92,6 +102,59 @@ inline int withoutLanguage(int number) {
   default:
     return number;
   }
+}
+
+/// SUPPRESS outside of a declarative for a report group, among others.
+inline bool isInvalidStatement(int number) {
+  return number == 3409;
+}
+
+/// ALTER of a paragraph that is no GO TO alone.
+inline bool isAboutAlteredParagraph(int number) {
+  return number == 3406;
+}
+
+/// An argument that does not fit the parameter of the program called.
+inline bool isAboutArgument(int number) {
+  return number == 3439;
+}
+
+/// What an embedded command lacks, which may be in lines that are not part of it.
+inline bool isMissingFromCommand(int number) {
+  return 5217 <= number && number <= 5219;
+}
+
+/// Numbers that say of every use of a name that what it names is of the wrong kind: the declaration
+/// is wrong, or is there twice.
+inline bool isAboutKind(int number) {
+  return number == 3323 || number == 3529 || number == 3330 || number == 3404 || number == 3405 ||
+         number == 3487 || number == 3507 || number == 3561;
+}
+
+/// A name that several entries have.
+inline bool isAmbiguous(int number) {
+  return number == 3311 || number == 5202;
+}
+
+/// A REDEFINES that does not follow what it redefines.
+inline bool isWrongRedefinition(int number) {
+  return number == 3251;
+}
+
+/// The front end's message about a period that is missing before the next line.
+inline bool isMissingPeriod(int number) {
+  return number == 220;
+}
+
+/// The front end's message about an END- word without its statement.
+inline bool isStrayEnd(int number) {
+  return number == 424;
+}
+
+/// Numbers that say of an item that the entries behind it cannot belong to it: the line with the
+/// name that they belong to may be missing.
+inline bool isMissingLine(int number) {
+  return number == 3241 || number == 3279 || number == 3294 || number == 3295;
 }
 
 /// A data-name that is not declared.
@@ -158,6 +221,8 @@ inline bool isAboutGroupValue(int number) {
 /// errors.
 inline int faultOf(int number) {
   switch (number) {
+  case 3203: // members whose group cannot have them
+    return 3203;
   case 3202: // a clause that level 66 cannot have
   case 3218:
   case 3277:

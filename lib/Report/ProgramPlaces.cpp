@@ -35,6 +35,9 @@ void ProgramPlaces::enterUnit(SourceUnit &unit) {
       enterRecord(record);
     for (DataDescription *record : division->getLinkSectionElements())
       enterRecord(record);
+    for (ReportDescription *report : division->getReportSectionElements())
+      for (DataDescription *group : report->getRecordListElements())
+        enterRecord(group);
   }
   for (SourceUnit *nested : unit.getNestedListElements())
     enterUnit(*nested);
@@ -99,6 +102,11 @@ const ProgramPlaces::UnitPart *ProgramPlaces::unitPartBefore(const SourceRange &
 bool ProgramPlaces::isInProcedures(const SourceRange &place) const {
   const UnitPart *part = unitPartBefore(place);
   return part && part->isProcedures;
+}
+
+const SourceUnit *ProgramPlaces::unitAt(const SourceRange &place) const {
+  const UnitPart *part = unitPartBefore(place);
+  return part ? part->unit : nullptr;
 }
 
 bool ProgramPlaces::isInUnit(const SourceRange &place, const SourceUnit &unit) const {

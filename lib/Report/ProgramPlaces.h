@@ -47,6 +47,8 @@ public:
   /// The SELECT or FD entry that begins last before \p place in its source file; null for none.
   const FilePart *filePartBefore(const SourceRange &place) const;
   bool isInProcedures(const SourceRange &place) const;
+  /// The innermost unit that \p place is in; null where there is none.
+  const SourceUnit *unitAt(const SourceRange &place) const;
   /// Whether \p place is in \p unit, or behind its last word and before any other unit.
   bool isInUnit(const SourceRange &place, const SourceUnit &unit) const;
 

@@ -14,6 +14,8 @@ namespace {
 constexpr unsigned sequenceArea = 6;
 constexpr unsigned areaB = 12;
 constexpr unsigned maxColumn = 72;
+/// A column behind that of any text.
+constexpr unsigned maxLineLength = 1U << 29;
 
 /// \p line without a sequence number and what is behind column 72.
 llvm::StringRef programText(llvm::StringRef line) {
@@ -41,6 +43,16 @@ ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
   for (std::size_t i = 0; i < diagnostics.size(); ++i)
     if (isError(diagnostics[i].severity))
       note(i);
+  noteMissingLines();
+}
+
+/// Notes the errors of items that have the members of another entry, which is missing.
+void ReportDamage::noteMissingLines() {
+  for (const auto &[item, index] : entries)
+    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic &&
+        places.entryAt(diagnostics[index].place) == item)
+      lostNames.push_back(index);
+  llvm::sort(lostNames);
 }
 
 /// Notes what the error makes unreliable.
@@ -54,7 +66,11 @@ void ReportDamage::note(std::size_t index) {
   if (isFileWithoutRecords(diagnostic.number) && fileWithoutRecords == noDiagnostic)
     fileWithoutRecords = index;
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
-  note(item && item->isWritten() ? item : places.entryAt(diagnostic.place), index);
+  if (!item || !item->isWritten())
+    item = places.entryAt(diagnostic.place);
+  note(item, index);
+  if (item && isGroupWithPicture(diagnostic.number))
+    noteRecordBehind(*item, index);
   note(places.fileAt(diagnostic.place), index);
 }
 
@@ -68,6 +84,16 @@ void ReportDamage::note(const DataDescription *entry, std::size_t index) {
   for (const DataDescription *group = entry->getOwner(); group; group = group->getOwner())
     if (!groups.try_emplace(group, index).second)
       break;
+}
+
+/// Members that an elementary entry has were meant for the record behind it, most likely.
+void ReportDamage::noteRecordBehind(const DataDescription &entry, std::size_t index) {
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry.getRange().file);
+  const auto *next = llvm::find_if(ofFile, [&](const DataDescription *one) {
+    return isTopLevel(*one) && beginOf(entry.getRange()) < beginOf(one->getRange());
+  });
+  if (next != ofFile.end())
+    note(*next, index);
 }
 
 void ReportDamage::note(const FileDescription *file, std::size_t index) {
@@ -87,6 +113,11 @@ void ReportDamage::noteText() {
       frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
     if (isAboutCopy(diagnostic.number))
       missingCopybooks.push_back(i);
+    if (isMissingPeriod(diagnostic.number) && diagnostic.place.beginLine > 1) {
+      const llvm::StringRef line = lineOf(diagnostic.place.file, diagnostic.place.beginLine - 1);
+      const llvm::StringRef word = programText(line).rtrim().rsplit(' ').second;
+      wordsWithoutPeriod.emplace_back(word.upper(), i);
+    }
   }
   if (frontEndErrors.empty())
     return;
@@ -133,19 +164,25 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
-  if (!isNameKnown(place)) {
+  // The index-names of a table can be in a line that is missing.
+  const bool isOfIndex = line.contains_insensitive(" INDEXED ") ||
+                         (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
+                          lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
+  if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
     const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
     static constexpr llvm::StringLiteral noNames[] = {
         "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
         "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
-    const bool isReserved = isReservedWord(diagnostics[index].number) &&
+    const bool isReserved = isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
                             !llvm::is_contained(noNames, word) &&
                             !llvm::StringRef(word).starts_with("END-");
     const llvm::StringRef first = programText(line).ltrim().split(' ').first;
-    const bool isOfFile = first.equals_insensitive("SELECT") || first.equals_insensitive("FD") ||
-                          first.equals_insensitive("SD");
+    static constexpr llvm::StringLiteral fileWords[] = {"SELECT",   "FD",       "SD",    "BLOCK",
+                                                        "CODE-SET", "DATA",     "LABEL", "LINAGE",
+                                                        "RECORD",   "RECORDING"};
+    const bool isOfFile = llvm::is_contained(fileWords, first.upper());
     if (!isReserved)
       (isOfFile ? lostFiles : lostNames).push_back(index);
   }
@@ -221,6 +258,14 @@ bool ReportDamage::beginsLine(const SourceRange &place) const {
   return llvm::none_of(programText(before), llvm::isAlnum);
 }
 
+/// Whether a level number alone stands before \p place in its line: an entry, wherever it is.
+bool ReportDamage::isBehindLevel(const SourceRange &place) const {
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1);
+  const llvm::StringRef level = programText(before).trim();
+  return !level.empty() && level.size() <= 2 && llvm::all_of(level, llvm::isDigit);
+}
+
 /// The error of the front end that damage at \p place comes from: the last one that begins before
 /// the end of it, else the next one.
 std::size_t ReportDamage::nearestFrontEndError(const SourceRange &place) const {
@@ -240,6 +285,56 @@ std::size_t ReportDamage::at(const SourceRange &place) const {
                                                                                : cause;
 }
 
+std::size_t ReportDamage::between(const SourceRange &begin, const SourceRange &end) const {
+  for (auto next = frontEndErrors.lower_bound({begin.file, beginOf(begin)});
+       next != frontEndErrors.end() && next->first.first == begin.file &&
+       next->first.second <= SourcePosition(end.endLine, end.endColumn);
+       ++next)
+    if (!isMissingCopybook(diagnostics[next->second].number))
+      return next->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
+  const SourceRange line(place.file, place.beginLine, 1, place.beginLine, maxLineLength);
+  const std::size_t cause = between(line, line);
+  if (cause == noDiagnostic)
+    return noDiagnostic;
+  // Another sentence of the line is a statement of its own.
+  const llvm::StringRef text = sliceColumns(
+      lineOf(place.file, place.beginLine), diagnostics[cause].place.beginColumn, place.beginColumn);
+  return text.contains(". ") ? noDiagnostic : cause;
+}
+
+std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent()) {
+    const EnvironmentDivision *division = unit->getEnvironmentDivision();
+    const ConfigurationSection *section = division ? division->getConfigurationSection() : nullptr;
+    const ParaSpecialNames *names = section ? section->getSpecialNames() : nullptr;
+    if (!names)
+      continue;
+    const SourceRange &range = names->getRange();
+    // The paragraph may have ended too early.
+    const SourceRange end(range.file, range.endLine, 1, range.endLine + 1, maxLineLength);
+    if (const std::size_t cause = between(range, end); cause != noDiagnostic)
+      return cause;
+  }
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
+  for (const auto &[position, index] : frontEndErrors) {
+    const SourceRange &place = diagnostics[index].place;
+    const llvm::StringRef line = programText(lineOf(place.file, place.beginLine));
+    const bool isOfHeader = line.ltrim().upper().starts_with("PROCEDURE") ||
+                            (isMissingHeader(diagnostics[index].number) &&
+                             llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
+    if (isOfHeader && places.unitAt(place) != caller)
+      return index;
+  }
+  return noDiagnostic;
+}
+
 std::size_t ReportDamage::ofOperand(const Node *node) const {
   const auto found = operands.find(node);
   return node && found != operands.end() ? found->second : noDiagnostic;
@@ -251,7 +346,9 @@ std::size_t ReportDamage::withinEntry(const DataDescription *entry, std::size_t 
     if (own == map->end() || own->second == index)
       continue;
     const int number = diagnostics[own->second].number;
-    if (isOfFrontEnd(number) || (map == &entries && isWrongShape(number)) ||
+    if (isOfFrontEnd(number) ||
+        (map == &entries && (isWrongShape(number) || isWrongLevel(number))) ||
+        (isWrongRedefinition(number) && isEmptyGroup(diagnostics[index].number)) ||
         (map == &groups && isWrongLevel(number) && isWrongHierarchy(diagnostics[index].number)))
       return own->second;
   }
@@ -285,16 +382,25 @@ std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) 
   const auto [answer, isNew] = known.try_emplace(name.upper(), noDiagnostic);
   if (isNew)
     for (const SourceRange &place : damagedText.findName(name))
-      if (places.isInProcedures(place) ? isProcedure && beginsLine(place) : !isProcedure) {
+      if (places.isInProcedures(place) ? (isProcedure ? beginsLine(place) : isBehindLevel(place))
+                                       : !isProcedure) {
         answer->second = nearestFrontEndError(place);
         break;
       }
   return answer->second;
 }
 
+/// The name in the key of an undeclared name.
+static llvm::StringRef nameOfKey(llvm::StringRef key) {
+  return key.split(' ').second;
+}
+
 std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::string &key) {
   if (const auto known = foundNames.find(key); known != foundNames.end())
     return known->second;
+  for (const auto &[word, index] : wordsWithoutPeriod)
+    if (const llvm::StringRef name = nameOfKey(key); !name.empty() && word.starts_with(name))
+      return index;
   auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
                : isAboutFile(diagnostic.number)    ? lostFiles
                                                    : lostNames;
@@ -332,7 +438,13 @@ std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) co
   for (const DataDescription *record : file->getRecordDescElements())
     if (const std::size_t cause = of(record, except); cause != noDiagnostic)
       return cause;
-  return noDiagnostic;
+  if (file->getRecordDescSize() != 0)
+    return noDiagnostic;
+  // Its records may have come to another file.
+  constexpr unsigned near = 3;
+  SourceRange behind = file->getRange();
+  behind.endLine = behind.endLine + near;
+  return between(file->getRange(), behind);
 }
 
 std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const {

@@ -31,6 +31,16 @@ public:
 
   /// The error because of which text at \p place is damaged.
   std::size_t at(const SourceRange &place) const;
+  /// The error of the front end in the line and sentence that \p place begins in: what else is
+  /// wrong there is not certain.
+  std::size_t inLineOf(const SourceRange &place) const;
+  /// The first error of the front end from \p begin to \p end, which are in one file.
+  std::size_t between(const SourceRange &begin, const SourceRange &end) const;
+  /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it.
+  std::size_t ofSpecialNames(const SourceUnit *unit) const;
+  /// The error of the front end in the header of the procedure division of another unit than
+  /// \p caller.
+  std::size_t ofProcedureHeader(const SourceUnit *caller) const;
   /// The first error of the operand \p node.
   std::size_t ofOperand(const Node *node) const;
   /// The error of \p entry, of a group that it belongs to, or of what belongs to it, other than
@@ -70,8 +80,11 @@ private:
   void noteLostDeclaration(std::size_t index);
   void noteLostLevel(std::size_t index);
   void noteFilesWithoutRecords();
+  void noteMissingLines();
   bool isNameKnown(const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;
+  bool isBehindLevel(const SourceRange &place) const;
+  void noteRecordBehind(const DataDescription &entry, std::size_t index);
   llvm::StringRef damagedLineBefore(const SourceRange &place) const;
   std::size_t nearestFrontEndError(const SourceRange &place) const;
 
@@ -97,6 +110,9 @@ private:
   std::vector<std::size_t> lostFiles;
   std::vector<std::size_t> lostProcedures;
   llvm::StringMap<std::size_t> foundNames;
+  /// The words behind which a period is missing, in upper case: another character may stand in its
+  /// place.
+  std::vector<std::pair<std::string, std::size_t>> wordsWithoutPeriod;
   /// Answers of ofDeclaration().
   llvm::StringMap<std::size_t> damagedNames;
   llvm::StringMap<std::size_t> damagedProcedures;

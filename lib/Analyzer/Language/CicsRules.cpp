@@ -116,15 +116,18 @@ private:
       return true;
     }
     if (!seen.insert(row).second) {
-      report.report(LanguageRule::CicsOptionRepeated, operand, operand.getName(), name());
+      // One word too many is one mistake, and so is one line.
+      if (withoutArgument != row && !std::exchange(isRepetitive, true))
+        report.report(LanguageRule::CicsOptionRepeated, operand, operand.getName(), name());
       return false;
     }
     if (operand.isWithArgument() && row->argument == CicsArgument::None)
       report.report(LanguageRule::CicsArgumentUnexpected, operand, operand.getName(), name());
     else if (!operand.isWithArgument() && row->argument != CicsArgument::None &&
-             !row->isArgumentOptional)
+             !row->isArgumentOptional) {
       report.report(LanguageRule::CicsArgumentMissing, operand, operand.getName(), name());
-    else
+      withoutArgument = row;
+    } else
       checkArgument(operand, *row);
     return true;
   }
@@ -221,6 +224,9 @@ private:
   LanguageReport &report;
   /// The options that are given.
   llvm::SmallPtrSet<const CicsOptionInfo *, 16> seen;
+  /// The option that was reported last because it has no argument.
+  const CicsOptionInfo *withoutArgument = nullptr;
+  bool isRepetitive = false;
 };
 
 } // namespace

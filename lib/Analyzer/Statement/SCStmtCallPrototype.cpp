@@ -72,7 +72,7 @@ bool checkAgainstParameter(SemanticChecker &checker, Argument &argument, Paramet
     return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
   const DataDescription *expected = entryOfDataIdentifier(*parameter.getExpr());
   if (!isValue && expected && isShorter(*operand, *expected))
-    return checker.report(ErrorCode::CallArgumentParameterMismatch, operand);
+    return checker.report(ErrorCode::CallArgumentParameterMismatch, operand, *expected);
   return true;
 }
 
