@@ -20,7 +20,9 @@ void EditMap::add(std::size_t begin, std::size_t end, std::size_t length) {
   if (first != last) {
     merged.begin = std::min(merged.begin, first->begin);
     merged.laterBegin = std::min(begin, first->laterBegin);
-    merged.end = std::max(merged.end, std::prev(last)->end);
+    // An end within the last hunk is that of the hunk.
+    if (std::prev(last)->laterEnd >= end)
+      merged.end = std::prev(last)->end;
     merged.laterEnd = std::max(end, std::prev(last)->laterEnd);
   }
   const std::size_t growth = length - (end - begin);
