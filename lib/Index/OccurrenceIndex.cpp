@@ -65,7 +65,7 @@ llvm::ArrayRef<Occurrence> OccurrenceIndex::at(unsigned file, unsigned line,
   auto begin = std::prev(end);
   const bool covers = begin->file == file &&
                       std::tuple(begin->line, begin->column) <= std::tuple(line, column) &&
-                      std::tuple(line, column) <= std::tuple(begin->endLine, begin->endColumn + 1);
+                      std::tuple(line, column) <= std::tuple(begin->endLine, begin->endColumn + 1u);
   if (!covers)
     return {};
   while (begin != occurrences.begin() && keyOf(*std::prev(begin)) == keyOf(*begin))

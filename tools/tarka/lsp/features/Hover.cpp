@@ -18,7 +18,7 @@ namespace {
 bool contains(const SourceRange &place, const SourcePoint &point) {
   return place.file == point.file &&
          std::tuple(place.beginLine, place.beginColumn) <= std::tuple(point.line, point.column) &&
-         std::tuple(point.line, point.column) <= std::tuple(place.endLine, place.endColumn + 1);
+         std::tuple(point.line, point.column) <= std::tuple(place.endLine, place.endColumn + 1u);
 }
 
 /// The rules that the diagnostics at the place tell of.
