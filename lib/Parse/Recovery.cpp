@@ -116,8 +116,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
     sentenceIsDamaged = true;
     lastMistake = place;
     lastIsStrayLine =
-        beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement ||
-                              id == DiagnosticId::HeaderMissing);
+        beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement);
+    lastId = id;
     // A misspelt verb is read as what it was meant to be, and of parts without their statement
     // those that belong together are known.
     if (id != DiagnosticId::MisspeltVerb && id != DiagnosticId::OsvsStatement &&
