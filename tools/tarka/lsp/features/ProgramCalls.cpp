@@ -53,7 +53,7 @@ const Expression *programOperand(const Statement &statement) {
 
 bool contains(const SourceRange &place, const SourcePoint &point) {
   return place.file == point.file && place.beginLine == point.line &&
-         place.beginColumn <= point.column && point.column <= place.endColumn + 1;
+         place.beginColumn <= point.column && point.column <= place.endColumn + 1u;
 }
 
 } // namespace
