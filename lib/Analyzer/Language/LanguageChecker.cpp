@@ -67,7 +67,9 @@ public:
 
 private:
   void check(ProcedureDivision &division) {
-    checkParameters(division, report);
+    // Of a damaged source the header of the linkage section may be missing.
+    if (!report.isTreeIncomplete())
+      checkParameters(division, report);
     // What a declarative performs has been copied; it is checked where it is written.
     const NodeList<Section> &renamed = division.getRenameSectionListElements();
     const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());
