@@ -15,7 +15,7 @@ class Failure(Exception):
 class Client:
     """One session. Texts are opened by their paths; positions are (line, character) from 0."""
 
-    def __init__(self, tarka, root, *options, encodings=("utf-16",)):
+    def __init__(self, tarka, root, *options, encodings=("utf-16",), has_folder=True):
         self.root = Path(root).resolve()
         self.process = subprocess.Popen(
             [tarka, "lsp", *options], stdin=subprocess.PIPE, stdout=subprocess.PIPE, cwd=self.root
@@ -33,7 +33,7 @@ class Client:
             "initialize",
             {
                 "processId": os.getpid(),
-                "rootUri": self.root.as_uri(),
+                "rootUri": self.root.as_uri() if has_folder else None,
                 "capabilities": {"general": {"positionEncodings": list(encodings)}},
             },
         )

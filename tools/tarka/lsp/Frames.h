@@ -9,6 +9,8 @@
 #define TARKA_TOOLS_LSP_FRAMES_H
 
 #include "llvm/ADT/StringRef.h"
+#include "llvm/Support/JSON.h"
+#include "llvm/Support/raw_ostream.h"
 #include <cstdint>
 #include <optional>
 #include <string>
@@ -34,6 +36,13 @@ struct Frame {
   std::uint32_t number = 0;
   std::string text;
 };
+
+/// The text of \p value, as messages have it.
+inline std::string textOf(const llvm::json::Value &value) {
+  std::string text;
+  llvm::raw_string_ostream(text) << value;
+  return text;
+}
 
 /// Appends a message to \p bytes, which are to be sent.
 void appendFrame(std::string &bytes, Frame::Kind kind, std::uint32_t number, llvm::StringRef text);

@@ -13,6 +13,7 @@
 #include "lsp/CopybookSearch.h"
 #include "lsp/Document.h"
 #include "lsp/Features.h"
+#include "lsp/Frames.h"
 #include "lsp/ProgramUnit.h"
 #include "lsp/Snapshot.h"
 #include "lsp/SnapshotProcess.h"
@@ -21,6 +22,7 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Path.h"
 #include "llvm/Support/raw_ostream.h"
+#include <cassert>
 #include <csignal>
 #include <fcntl.h>
 #include <list>
@@ -34,12 +36,6 @@ namespace lsp {
 namespace {
 
 using mlir::lsp::ErrorCode;
-
-std::string textOf(llvm::json::Value value) {
-  std::string text;
-  llvm::raw_string_ostream(text) << value;
-  return text;
-}
 
 /// Whether JSON \p text is nested deeper than any message of the protocol, too deep for a parser
 /// that calls itself.
@@ -67,8 +63,15 @@ bool isTooDeep(llvm::StringRef text) {
 /// A message of the editor. One without an id is a notification.
 struct Message {
   std::string method;
+  /// None of a notification.
   std::optional<llvm::json::Value> id;
   llvm::json::Object parameters;
+
+  /// That of a request.
+  const llvm::json::Value &getId() const {
+    assert(id);
+    return *id;
+  }
 };
 
 /// A request that a snapshot answers.
@@ -150,7 +153,7 @@ private:
   void ask(const Feature &feature, llvm::json::Value id, llvm::json::Object parameters);
   void executeCommand(const Message &message);
   bool hasOtherTexts(const ProgramUnit &unit) const;
-  void forward(std::shared_ptr<ForwardedRequest> request);
+  void forward(const std::shared_ptr<ForwardedRequest> &request);
   void finish(const ForwardedRequest &request, llvm::Expected<SnapshotAnswer> answer);
   void cancelRequest(const Message &message);
 
@@ -242,7 +245,7 @@ void LanguageServer::handle(const Message &message) {
   const bool isRequest = message.id.has_value();
   if (isShutDown || isInitialized == (message.method == "initialize")) {
     if (isRequest)
-      editor.fail(*message.id,
+      editor.fail(message.getId(),
                   isShutDown || isInitialized ? ErrorCode::InvalidRequest
                                               : ErrorCode::ServerNotInitialized,
                   isShutDown      ? "the server is shut down"
@@ -273,9 +276,10 @@ void LanguageServer::handle(const Message &message) {
   else if (feature && isWithoutDocument(message))
     askWorkspace(message);
   else if (feature && !feature->isCommand())
-    ask(*feature, *message.id, message.parameters);
+    ask(*feature, message.getId(), message.parameters);
   else if (isRequest)
-    editor.fail(*message.id, ErrorCode::MethodNotFound, "there is no request " + message.method);
+    editor.fail(message.getId(), ErrorCode::MethodNotFound,
+                "there is no request " + message.method);
 }
 
 /// Whether the request goes on from an item of a call hierarchy in a text that is not open.
@@ -315,7 +319,7 @@ void LanguageServer::initialize(const Message &message) {
       commands.push_back(feature.method);
   capabilities["executeCommandProvider"] = llvm::json::Object{{"commands", std::move(commands)}};
   editor.reply(
-      *message.id,
+      message.getId(),
       textOf(llvm::json::Object{
           {"capabilities", std::move(capabilities)},
           {"serverInfo", llvm::json::Object{{"name", "tarka"}, {"version", TARKA_VERSION}}}}));
@@ -326,7 +330,7 @@ void LanguageServer::shutdown(const Message &message) {
   units.clear();
   searches.clear();
   workspace.reset();
-  editor.reply(*message.id, "null");
+  editor.reply(message.getId(), "null");
 }
 
 //===----------------------------------------------------------------------===//
@@ -442,11 +446,11 @@ void LanguageServer::refreshWorkspace(llvm::json::Array paths) {
 /// Passes on a request that concerns all programs.
 void LanguageServer::askWorkspace(const Message &message) {
   if (!workspace)
-    return editor.reply(*message.id, "null");
-  openRequests.insert(textOf(*message.id));
+    return editor.reply(message.getId(), "null");
+  openRequests.insert(textOf(message.getId()));
   workspace->ask(textOf(llvm::json::Object{{"method", message.method},
                                            {"params", llvm::json::Object(message.parameters)}}),
-                 [this, id = *message.id](llvm::Expected<SnapshotAnswer> answer) {
+                 [this, id = message.getId()](llvm::Expected<SnapshotAnswer> answer) {
                    const std::string text = answer ? answer->text : "null";
                    llvm::consumeError(answer.takeError());
                    if (openRequests.erase(textOf(id)))
@@ -586,8 +590,11 @@ void LanguageServer::serve(ProgramUnit &unit) {
 /// does not count.
 void LanguageServer::judge(ProgramUnit &unit) {
   unit.isJudged = true;
-  if (unit.understood &&
-      unit.ready->getReliability()->syntaxErrors <= unit.understood->getReliability()->syntaxErrors)
+  if (!unit.understood)
+    return;
+  const std::optional<Reliability> now = unit.ready->getReliability();
+  const std::optional<Reliability> before = unit.understood->getReliability();
+  if (now && before && now->syntaxErrors <= before->syntaxErrors)
     retire(std::move(unit.understood));
 }
 
@@ -803,7 +810,7 @@ bool LanguageServer::hasOtherTexts(const ProgramUnit &unit) const {
 /// Asks the newest snapshot. Where it knows nothing, or has lost names because of what is being
 /// typed, or dies, an earlier one is asked: the last one that has understood the text, or the one
 /// that was ready until now.
-void LanguageServer::forward(std::shared_ptr<ForwardedRequest> request) {
+void LanguageServer::forward(const std::shared_ptr<ForwardedRequest> &request) {
   ProgramUnit &asked = unitOf(request->program);
   if (asked.isStale || (request->feature.needs == TextNeeded::All && hasOtherTexts(asked)))
     start(asked);
@@ -823,14 +830,16 @@ void LanguageServer::forward(std::shared_ptr<ForwardedRequest> request) {
                 if (!earlier || (!answer && !newest->hasFailed()))
                   return finish(*request, std::move(answer));
                 llvm::json::Object question = request->question;
-                if (answer && !answer->isEmpty)
-                  question["names"] = newest->getReliability()->names;
+                if (const auto reliability = newest->getReliability();
+                    reliability && answer && !answer->isEmpty)
+                  question["names"] = reliability->names;
                 earlier->ask(textOf(std::move(question)),
                              [this, request, newer = std::move(answer)](
                                  llvm::Expected<SnapshotAnswer> other) mutable {
-                               const bool isBetter = other && (!other->isEmpty || !newer);
-                               finish(*request, isBetter ? std::move(other) : std::move(newer));
-                               llvm::consumeError(isBetter ? newer.takeError() : other.takeError());
+                               if (other && (!other->isEmpty || !newer))
+                                 std::swap(newer, other);
+                               finish(*request, std::move(newer));
+                               llvm::consumeError(other.takeError());
                              });
               });
 }
@@ -861,14 +870,14 @@ void LanguageServer::executeCommand(const Message &message) {
   const Feature *feature = name ? findFeature(*name) : nullptr;
   const llvm::json::Array *arguments = message.parameters.getArray("arguments");
   if (!feature || !feature->isCommand() || !arguments || arguments->empty())
-    return editor.fail(*message.id, ErrorCode::InvalidParams,
+    return editor.fail(message.getId(), ErrorCode::InvalidParams,
                        "there is no command " + name.value_or("").str() + " with these arguments");
   llvm::json::Object parameters;
   if (arguments->size() > 1)
     if (const llvm::json::Object *what = (*arguments)[1].getAsObject())
       parameters = *what;
   parameters["textDocument"] = llvm::json::Object{{"uri", arguments->front()}};
-  ask(*feature, *message.id, std::move(parameters));
+  ask(*feature, message.getId(), std::move(parameters));
 }
 
 //===----------------------------------------------------------------------===//

@@ -244,8 +244,10 @@ std::optional<SourcePoint> Snapshot::pointOf(const llvm::json::Object &parameter
 void Snapshot::change(const llvm::json::Object &parameters) {
   const std::optional<std::string> document = documentOf(parameters);
   const llvm::json::Array *changes = parameters.getArray("contentChanges");
-  auto text = document ? given.texts.find(*document) : given.texts.end();
-  if (!changes || text == given.texts.end())
+  if (!document || !changes)
+    return;
+  auto text = given.texts.find(*document);
+  if (text == given.texts.end())
     return;
   auto found = changed.find(*document);
   if (found == changed.end()) {

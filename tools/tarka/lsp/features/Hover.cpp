@@ -160,7 +160,7 @@ std::string describeWord(Snapshot &snapshot, const SourcePoint &point,
   }
   const std::string name = word.upper();
   const FunctionMeaning *function = functionMeaningOf(name);
-  const std::string meaning = meaningOf(name);
+  std::string meaning = meaningOf(name);
   if (function && (before.is("FUNCTION") || meaning.empty()))
     return "```cobol\nFUNCTION " + function->call() + "\n```\n" + function->meaning.str();
   return meaning;

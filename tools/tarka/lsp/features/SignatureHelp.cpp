@@ -74,11 +74,18 @@ private:
   llvm::json::Value functionHelp() {
     const llvm::ArrayRef<LineWord> words = before.words;
     unsigned depth = 0;
-    for (std::size_t at = words.size(); at-- > 0 && words[at].kind != LineWord::Period;) {
+    for (std::size_t end = words.size(); end > 1; --end) {
+      const std::size_t at = end - 1;
+      if (words[at].kind == LineWord::Period)
+        break;
       if (words[at].is(")"))
         ++depth;
-      if (!words[at].is("(") || (depth > 0 && depth-- > 0) || at == 0)
+      if (!words[at].is("("))
         continue;
+      if (depth > 0) {
+        --depth;
+        continue;
+      }
       const FunctionMeaning *function = functionMeaningOf(words[at - 1].upper());
       if (!function || (!(at > 1 && words[at - 2].is("FUNCTION")) && isDeclared(words[at - 1])))
         continue;

@@ -219,8 +219,8 @@ WorkspaceIndex::Answer WorkspaceIndex::symbols(const llvm::json::Object &paramet
       const Place &place = symbol.place;
       const std::pair key(std::uint64_t(place.file) << 32 | place.line,
                           std::uint64_t(symbol.name) << 32 | place.begin);
-      if (fit->second && known.insert(key).second)
-        found.push_back({*fit->second, nameOf(symbol.name), nameOf(place.file), &program, &symbol});
+      if (const std::optional<unsigned> rank = fit->second; rank && known.insert(key).second)
+        found.push_back({*rank, nameOf(symbol.name), nameOf(place.file), &program, &symbol});
     }
   for (const auto &entry : copybooks)
     if (std::optional<unsigned> fit = fitOf(llvm::sys::path::stem(entry.getKey()), query))
@@ -229,7 +229,8 @@ WorkspaceIndex::Answer WorkspaceIndex::symbols(const llvm::json::Object &paramet
   llvm::sort(found, [](const Found &left, const Found &right) { return left.key() < right.key(); });
   llvm::json::Array result;
   for (const Found &one : llvm::ArrayRef(found).take_front(maxSymbols)) {
-    const Place place = one.symbol ? one.symbol->place : Place{*findId(one.file), 0, 0, 0};
+    const Place place =
+        one.symbol ? one.symbol->place : Place{findId(one.file).value_or(0), 0, 0, 0};
     llvm::json::Object object{{"name", one.name.str()}, {"location", locationOf(place)}};
     object["kind"] = one.symbol ? one.symbol->kind : static_cast<int>(mlir::lsp::SymbolKind::File);
     if (one.symbol && one.symbol->program >= 0)

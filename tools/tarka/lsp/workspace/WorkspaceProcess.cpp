@@ -37,12 +37,6 @@ constexpr double maxSeconds = 30;
 /// What is analysed in the background gives way to what the user waits for.
 constexpr int niceness = 10;
 
-std::string textOf(llvm::json::Value value) {
-  std::string text;
-  llvm::raw_string_ostream(text) << value;
-  return text;
-}
-
 /// An abstract socket is in no directory, and ends with the process.
 std::pair<sockaddr_un, socklen_t> addressOf(const std::string &name) {
   sockaddr_un address{};
