@@ -109,6 +109,7 @@ private:
 
 /// The base of a node, of class \p Type, with members that allocate memory outside of the arena,
 /// such as indexes. Its destructor runs at releaseStorage().
+// NOLINTNEXTLINE(bugprone-crtp-constructor-accessibility): the constructors are those of the base.
 template <typename Type, typename Base = Node> class Owning : public Base {
 public:
   using Base::Base;

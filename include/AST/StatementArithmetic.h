@@ -62,7 +62,7 @@ public:
       : StatementOf(at), type(format), operands(addends.take()), toList(receivers.take()),
         givingList(results.take()), toOperand(lastAddend), correspondingExpr(corresponding),
         toRoundExpr(correspondingReceiver) {
-    setSizeErrorHandlers(handlers);
+    setSizeErrorHandlers(std::move(handlers));
   }
 
   TARKA_FIELD(AddStmtType, type, Type)

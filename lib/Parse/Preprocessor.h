@@ -123,7 +123,7 @@ private:
   llvm::ArrayRef<Token> given;
   /// The token that was taken last, then those that were looked at, from the next one up to the
   /// end. They move to the front when there is no more room behind them.
-  std::array<Token, 2 * lookAhead> buffer;
+  std::array<Token, std::size_t(2) * lookAhead> buffer;
   Token *current = buffer.data() + 1;
   Token *end = current;
   /// How many tokens were taken before those in the buffer.

@@ -341,8 +341,7 @@ void WorkspaceProcess::answerQuestions() {
     if (llvm::json::Object *object = result.getAsObject())
       (*object)["isComplete"] = isComplete();
     // An end that is gone is seen when it is read.
-    FrameChannel(question->descriptor)
-        .send(Frame::Answer, textOf(std::move(result)), question->number);
+    FrameChannel(question->descriptor).send(Frame::Answer, textOf(result), question->number);
     question = questions.erase(question);
   }
 }
