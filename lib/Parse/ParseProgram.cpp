@@ -133,7 +133,8 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
       parseSourceUnit(current);
       continue;
     }
-    if (atDivision(Keyword::Procedure) && isHeaderDisplaced(Keyword::Procedure)) {
+    if (current->getProcDivision() && atDivision(Keyword::Procedure) &&
+        isHeaderDisplaced(Keyword::Procedure)) {
       ProcedureParser(context).resumeProcedureDivision(*current->getProcDivision());
       continue;
     }
