@@ -10,6 +10,19 @@ namespace tarka {
 // Cascade suppression
 //===----------------------------------------------------------------------===//
 
+/// Whether \p id says that a part of a statement stands where no statement waits for it.
+static bool isAboutStructure(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::EndWithoutStatement:
+  case DiagnosticId::ElseWithoutIf:
+  case DiagnosticId::WhenWithoutEvaluate:
+  case DiagnosticId::PhraseWithoutStatement:
+    return true;
+  default:
+    return false;
+  }
+}
+
 bool beginsSuppression(DiagnosticId id) {
   switch (id) {
   case DiagnosticId::Expected:
@@ -22,26 +35,9 @@ bool beginsSuppression(DiagnosticId id) {
   case DiagnosticId::NotAStatement:
   case DiagnosticId::MisspeltVerb:
   case DiagnosticId::OsvsStatement:
-  case DiagnosticId::EndWithoutStatement:
-  case DiagnosticId::ElseWithoutIf:
-  case DiagnosticId::WhenWithoutEvaluate:
-  case DiagnosticId::PhraseWithoutStatement:
     return true;
   default:
-    return false;
-  }
-}
-
-/// Whether \p id says that a part of a statement stands where no statement waits for it.
-static bool isAboutStructure(DiagnosticId id) {
-  switch (id) {
-  case DiagnosticId::EndWithoutStatement:
-  case DiagnosticId::ElseWithoutIf:
-  case DiagnosticId::WhenWithoutEvaluate:
-  case DiagnosticId::PhraseWithoutStatement:
-    return true;
-  default:
-    return false;
+    return isAboutStructure(id);
   }
 }
 

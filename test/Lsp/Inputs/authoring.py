@@ -6,17 +6,13 @@ usage: authoring.py TARKA DIRECTORY
 import sys
 from pathlib import Path
 
-from client import Client
+from client import Client, check
 
 tarka, directory = sys.argv[1:3]
 client = Client(tarka, directory)
 program = "WRITING.cbl"
 client.open(program)
 diagnostics = client.wait(program)
-
-
-def check(what, found, expected):
-    assert found == expected, f"{what}: {found}, expected {expected}"
 
 
 def typed(text, at="           GOBACK."):

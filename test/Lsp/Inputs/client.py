@@ -1,8 +1,10 @@
 """A client of tarka lsp that a script drives: it sends what an editor would and waits for answers."""
 
+import contextlib
 import json
 import os
 import queue
+import signal
 import subprocess
 import threading
 from pathlib import Path
@@ -193,3 +195,25 @@ def slices(text, place):
 
 def cut(line, units):
     return line.encode("utf-16-le")[: 2 * units].decode("utf-16-le")
+
+
+def check(what, found, expected):
+    assert found == expected, f"{what}: {found}, expected {expected}"
+
+
+def place(location):
+    """File:line, with the text that the location covers."""
+    path = Path(location["uri"].removeprefix("file://"))
+    line = location["range"]["start"]["line"] + 1
+    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
+
+
+def kill(child):
+    # It may have ended since it was seen.
+    with contextlib.suppress(ProcessLookupError):
+        os.kill(int(child), signal.SIGKILL)
+
+
+def children(client):
+    pid = client.process.pid
+    return Path(f"/proc/{pid}/task/{pid}/children").read_text().split()

@@ -5,17 +5,15 @@ names are where the outline says, and the server does not grow.
 usage: edits.py TARKA EXAMPLES DIRECTORY [EDITS [SEED]]
 """
 
-import contextlib
 import json
 import os
 import random
 import shutil
-import signal
 import subprocess
 import sys
 from pathlib import Path
 
-from client import Client, position, slices
+from client import Client, children, kill, position, slices
 
 tarka, examples, directory = sys.argv[1:4]
 edits = int(sys.argv[4]) if len(sys.argv) > 4 else 300
@@ -34,17 +32,6 @@ MOST_GROWTH = 15
 # A sanitizer keeps what is freed; that is not growth of the server.
 os.environ["ASAN_OPTIONS"] = os.environ.get("ASAN_OPTIONS", "") + ":quarantine_size_mb=1"
 original = {name: (directory / name).read_text() for name in programs}
-
-
-def kill(child):
-    # It may have ended since it was seen.
-    with contextlib.suppress(ProcessLookupError):
-        os.kill(int(child), signal.SIGKILL)
-
-
-def children(client):
-    pid = client.process.pid
-    return Path(f"/proc/{pid}/task/{pid}/children").read_text().split()
 
 
 def resident(client):

@@ -6,7 +6,7 @@ usage: features.py TARKA DIRECTORY
 import sys
 from pathlib import Path
 
-from client import Client, Failure, slices
+from client import Client, Failure, check, place, slices
 
 tarka, directory = sys.argv[1:3]
 client = Client(tarka, directory, "--cics", "--sql")
@@ -14,17 +14,6 @@ program = "ORDERS.cbl"
 client.open(program)
 assert client.wait(program) == [], client.diagnostics
 text = client.texts[client.path(program)]
-
-
-def check(what, found, expected):
-    assert found == expected, f"{what}: {found}, expected {expected}"
-
-
-def place(location):
-    """File:line, with the text that the location covers."""
-    path = Path(location["uri"].removeprefix("file://"))
-    line = location["range"]["start"]["line"] + 1
-    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
 
 
 def places(locations):

@@ -3,17 +3,14 @@
 usage: session.py TARKA EXAMPLES DIRECTORY [EDITS]
 """
 
-import contextlib
 import json
-import os
 import random
 import shutil
-import signal
 import subprocess
 import sys
 from pathlib import Path
 
-from client import Client, Failure
+from client import Client, Failure, children, kill
 
 tarka, examples, directory = sys.argv[1:4]
 edits = int(sys.argv[4]) if len(sys.argv) > 4 else 40
@@ -54,17 +51,6 @@ def compare(client, name):
     Path(client.path(name)).write_text(client.texts[client.path(name)])
     expected, found = reported(name), published(client.wait(name))
     assert found == expected, f"{name}: published {found}, reported {expected}"
-
-
-def kill(child):
-    # It may have ended since it was seen.
-    with contextlib.suppress(ProcessLookupError):
-        os.kill(int(child), signal.SIGKILL)
-
-
-def children(client):
-    pid = client.process.pid
-    return Path(f"/proc/{pid}/task/{pid}/children").read_text().split()
 
 
 client = Client(tarka, directory)

@@ -6,22 +6,12 @@ usage: workspace.py TARKA DIRECTORY
 import sys
 from pathlib import Path
 
-from client import Client, Failure, slices
+from client import Client, Failure, check, place
 
 tarka, directory = sys.argv[1:3]
 client = Client(tarka, directory)
 client.open("PAY.cbl")
 assert client.wait("PAY.cbl") == [], client.diagnostics
-
-
-def check(what, found, expected):
-    assert found == expected, f"{what}: {found}, expected {expected}"
-
-
-def place(location):
-    path = Path(location["uri"].removeprefix("file://"))
-    line = location["range"]["start"]["line"] + 1
-    return f"{path.name}:{line} {slices(path.read_text(), location['range'])}".strip()
 
 
 def symbols(query):
