@@ -49,8 +49,9 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
       Skipping skipping(*this);
-      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId())
+      do
         stream.skip();
+      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId());
       continue;
     }
     if (atEndProgram()) {

@@ -1,0 +1,4 @@
+       IDENT IFICATION DIVISION.
+       PROGRAM-ID. P.
+       PROCEDURE DIVISION.
+           GOBACK.
