@@ -29,8 +29,14 @@ if(CCACHE_PROGRAM AND NOT CMAKE_CXX_COMPILER_LAUNCHER AND NOT TARKA_PRECOMPILE)
   set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE_PROGRAM})
 endif()
 
+# What compiling against the libraries takes, without linking them.
+add_library(tarka_headers INTERFACE)
+target_include_directories(tarka_headers INTERFACE ${PROJECT_SOURCE_DIR}/include)
+target_link_libraries(tarka_headers INTERFACE Tarka::LLVM)
+
 # tarka_add_library(<target> <export name> <sources> [<libraries>...])
-# One shared library of the project, usable from the build tree and from an installed copy.
+# One shared library of the project, usable from the build tree and from an installed copy. The
+# program is linked from its objects.
 function(tarka_add_library target export_name sources)
   add_library(${target} SHARED ${sources})
   add_library(Tarka::${export_name} ALIAS ${target})

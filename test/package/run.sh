@@ -23,7 +23,7 @@ tarka=$work/tree/usr/bin/tarka
 # the tree, and the program runs there with nothing else.
 depends=$(dpkg-deb -f "$package" Depends)
 ldd "$tarka" | sed -n 's/.* => \(\/[^ ]*\) .*/\1/p; s/^\t\(\/lib64[^ ]*\) .*/\1/p' >libraries
-grep -q libtarka libraries || fail "the program does not load its libraries"
+[ -s libraries ] || fail "the libraries that the program loads are not found"
 while read -r library; do
   case $library in "$work"/*) continue ;; esac
   mkdir -p "tree$(dirname "$library")"
