@@ -25,7 +25,7 @@ DataDivision *DataParser::parseDataDivision() {
     expectPeriod();
   }
   std::bitset<sectionKinds> seen;
-  while (!atUnitBoundary() && !atStrayProcedures()) {
+  for (Progress progress(stream); !atUnitBoundary() && !atStrayProcedures(); progress.ensure()) {
     if (accept(TokenKind::Period) || skipEmbeddedBlock())
       continue;
     if (atDataSection()) {
@@ -295,7 +295,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
   constexpr unsigned maxSound = 1;
   unsigned soundEntries = maxSound + 1;
   DataDescription *previous = nullptr;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
     Recovery::ConstructScope construct(recovery);
@@ -310,7 +310,10 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       records.add(entry, !construct.hasMistake());
       context.previousEntry = entry->getRange();
     };
-    if (at(TokenKind::IntegerLiteral) && !peek(1).isOneOf(Keyword::Division, Keyword::Section)) {
+    // A number may stand for the damaged name in a header.
+    const bool isHeader = peek(1).isOneOf(Keyword::Division, Keyword::Section) &&
+                          peek(2).isOneOf(TokenKind::Period, TokenKind::EndOfFile);
+    if (at(TokenKind::IntegerLiteral) && !isHeader) {
       if (peek().isFirstOnLine() && !recovery.hasReportedHere())
         recovery.resumeReporting();
       addEntry(/*assumedLevel=*/0);

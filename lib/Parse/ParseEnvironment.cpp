@@ -30,7 +30,7 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
     context.unit->setEnvironmentDivision(division);
   }
 
-  while (!atUnitBoundary()) {
+  for (Progress progress(stream); !atUnitBoundary(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (peek().isFirstOnLine())
@@ -172,7 +172,8 @@ InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision 
 /// functions are not supported.
 void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
-  while (!atPartHeader() && !accept(TokenKind::Period)) {
+  for (Progress progress(stream); !atPartHeader() && !accept(TokenKind::Period);
+       progress.ensure()) {
     SourceRange begin = here();
     if (at(Keyword::Function)) {
       if (parseRepositoryFunctions())

@@ -19,7 +19,7 @@ static constexpr ClauseSet fileClauses{
 void FileSectionParser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
   bool isReported = false;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     if (at(Keyword::Fd, Keyword::Sd)) {
       parseFile(division);
     } else if (at(TokenKind::IntegerLiteral)) {

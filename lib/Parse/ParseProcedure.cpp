@@ -32,7 +32,7 @@ void ProcedureParser::resumeProcedureDivision(ProcedureDivision &division) {
 
 void ProcedureParser::parseProcedures(ProcedureDivision &division) {
   Section *section = nullptr;
-  while (!atUnitBoundary()) {
+  for (Progress progress(stream); !atUnitBoundary(); progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {
       section = parseSectionHeader();
       division.addSect(section);
@@ -138,7 +138,7 @@ bool ProcedureParser::atProcedureBody() {
 }
 
 template <typename Owner> void ProcedureParser::parseParagraphs(Owner &owner) {
-  while (atProcedureBody()) {
+  for (Progress progress(stream); atProcedureBody(); progress.ensure()) {
     // A period alone is an empty sentence.
     if (accept(TokenKind::Period))
       continue;
@@ -161,7 +161,7 @@ Paragraph *ProcedureParser::parseParagraph() {
   complete(paragraph);
   if (at(Keyword::Note))
     skipNote(/*isWholeParagraph=*/true);
-  while (atProcedureBody()) {
+  for (Progress progress(stream); atProcedureBody(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (headerKind() != HeaderKind::None)
@@ -217,7 +217,7 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
     accept(TokenKind::Period);
   }
   context.isInDeclaratives = true;
-  while (!atUnitBoundary() && !atEndDeclaratives()) {
+  for (Progress progress(stream); !atUnitBoundary() && !atEndDeclaratives(); progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {
       parseDeclarativeSection(division);
       continue;

@@ -40,7 +40,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       program->addSourceUnit(unit);
     return program;
   }
-  while (!at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError()) {
+  for (Progress progress(stream); !at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError();
+       progress.ensure()) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))
       continue;
@@ -49,9 +50,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
       Skipping skipping(*this);
-      do
+      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId())
         stream.skip();
-      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId());
       continue;
     }
     if (atEndProgram()) {
@@ -116,7 +116,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
   const SourceRange header = context.procedureHeader;
 
-  while (!at(TokenKind::EndOfFile)) {
+  for (Progress progress(stream); !at(TokenKind::EndOfFile); progress.ensure()) {
     if (atEndProgram()) {
       if (!parseEndProgram(current))
         continue;
@@ -161,7 +161,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
 /// The environment and the data division. Where they are exchanged or begin twice, that is
 /// reported, and what they declare is read all the same.
 void ProgramParser::parseDeclaringDivisions() {
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     const Keyword division = divisionAt();
     if (division == Keyword::Environment || division == Keyword::Data) {
       const bool isAgain = division == Keyword::Environment

@@ -22,7 +22,7 @@ static constexpr ClauseSet reportClauses{
 void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
   bool isReported = false;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     // Only the word is missing.
     const bool isWordMissing =
         peek().isUserWord() && peek().isFirstOnLine() && reportClauses.contains(peek(1).keyword);

@@ -178,6 +178,23 @@ public:
     return node;
   }
 
+  /// For loops over the constructs of a part of a program: each iteration begins further on than
+  /// the one before it. The branches of such a loop are meant to take tokens; where one takes none
+  /// of damaged text, ensure() at the end of the iteration leaves one out.
+  class Progress {
+  public:
+    explicit Progress(TokenStream &tokens) : stream(tokens) {}
+    void ensure() {
+      if (stream.getTaken() == taken)
+        stream.skip();
+      taken = stream.getTaken();
+    }
+
+  private:
+    TokenStream &stream;
+    uint64_t taken = stream.getTaken();
+  };
+
   /// Marks the tokens taken while it lives as damaged text. It is for loops that skip to a token at
   /// which parsing can resume.
   class Skipping {
