@@ -205,7 +205,8 @@ private:
   void addConditionName(DataDescription *entry) {
     if (item)
       item->addChildren(entry);
-    else if (!parser.isCopybook())
+    else if (!parser.isCopybook() && !std::exchange(hasStrayCondition, true))
+      // One message for the condition-names of an item that is missing.
       parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
   }
 
@@ -284,11 +285,13 @@ private:
   bool isMisplaced = false;
   bool isRenamed = false;
   bool lastIsCondition = false;
+  bool hasStrayCondition = false;
 };
 
 } // namespace
 
-void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
+void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add,
+                              llvm::function_ref<bool()> atEnd) {
   RecordBuilder records(*this, add);
   // How many entries were read since a wrong one: of lines that are exchanged, the end of that
   // entry may follow the next one.
@@ -316,7 +319,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       addEntry(/*assumedLevel=*/0);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(clauses) || atStrayProcedures()) {
+    } else if (atEntryBoundary(clauses) || atStrayProcedures() || (atEnd && atEnd())) {
       return;
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
@@ -358,13 +361,15 @@ void DataParser::reportWithoutRecord(const DataDescription &entry) {
   context.diagnostics.getDamage().add(context.previousEntry);
 }
 
-void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
+void DataParser::parseDataRecords(StorageType storage, AddRecord add,
+                                  llvm::function_ref<bool()> atEnd) {
   parseRecords(
       dataClauses, [this](unsigned level) { return parseDataEntry(level); },
       [&](DataDescription *record) {
         record->setStorageType(storage);
         add(record);
-      });
+      },
+      atEnd);
 }
 
 //===----------------------------------------------------------------------===//

@@ -155,8 +155,10 @@ Outcome StatementParser::parseStatements(NodeList<Statement> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine())
+      if (peek().isFirstOnLine()) {
         recovery.resumeReporting();
+        context.statementColumn = here().beginColumn;
+      }
       const Token verb = peek();
       list.lastVerb = verb.keyword;
       list.lastIsWrong = false;

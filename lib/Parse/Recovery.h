@@ -307,6 +307,7 @@ private:
   DiagnosticId lastId = DiagnosticId::Expected;
   /// Whether it was a line that does not begin as lines do there.
   bool lastIsStrayLine = false;
+  bool lastIsAtVerb = false;
   uint8_t strayParts = 0;
   /// What a misplaced period of this sentence and of the one before it have cut off.
   uint8_t cutParts = 0;

@@ -25,6 +25,8 @@ bool isNameCharacter(char c) {
 
 /// How many wrong names of files are compared with one another.
 constexpr std::size_t maxFiles = 100;
+/// A column behind that of any text.
+constexpr unsigned maxLineLength = 1U << 29;
 /// As far as this a place is extended to the spaces around it.
 constexpr unsigned maxRun = 30;
 /// How many names the message of a missing copybook has.
@@ -125,8 +127,13 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
-/// Of an error about SIGN or VALUE the group that the clause is written for, else \p entry.
+/// Of an error about SIGN, USAGE or VALUE the group that the clause is written for, or the item that
+/// the condition-name belongs to; else \p entry.
 const DataDescription *clauseOwner(const DataDescription &entry, int number) {
+  if (isPictureAgainstUsage(number))
+    return groupWithUsage(entry);
+  if (isAboutConditionType(number))
+    return entry.getCondNameParent() ? entry.getCondNameParent() : &entry;
   auto hasClause = [number](const DataDescription &group) {
     return (isAboutSign(number) && group.getSign()) ||
            (isAboutGroupValue(number) && group.getValue());
@@ -136,6 +143,12 @@ const DataDescription *clauseOwner(const DataDescription &entry, int number) {
     if (hasClause(*group))
       owner = group;
   return owner;
+}
+
+/// How the names of one copybook or record begin: up to the first hyphen. Empty for other names.
+llvm::StringRef familyOf(llvm::StringRef name) {
+  const auto [family, rest] = name.split('-');
+  return rest.empty() || family.size() < 2 ? llvm::StringRef() : family;
 }
 
 /// Decides for each diagnostic whether it follows from another.
@@ -153,6 +166,7 @@ public:
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }
+    countFamilies();
   }
 
   void remove();
@@ -172,6 +186,10 @@ private:
   std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
   std::size_t causeOfKind(std::size_t index);
+  std::size_t causeOfFamily(std::size_t index, llvm::StringRef name);
+  void countFamilies();
+  std::size_t causeOfSearchedTable(const SourceRange &place) const;
+  std::size_t causeOfRecordArea(std::size_t index) const;
   std::size_t causeOfProcedures(const Diagnostic &diagnostic);
   std::size_t causeOfAlteredParagraph(const Diagnostic &diagnostic);
   std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
@@ -209,6 +227,9 @@ private:
   /// The errors about data-names that nothing has.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> nameErrors;
   llvm::StringMap<std::size_t> namesOfUnknownDevices;
+  /// The undeclared names by the family that they belong to, and the first error about each family.
+  llvm::StringMap<llvm::StringSet<>> families;
+  llvm::StringMap<std::size_t> reportedFamilies;
   /// The errors about procedure-names that nothing has.
   llvm::StringMap<std::size_t> unknownProcedures;
   /// The records and files of outer programs of which an item was reported that a nested one does
@@ -236,11 +257,25 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
+  // A parenthesis out of its place makes other operands of the text before it.
+  if (isAboutEmbedded(diagnostic.number) && !isUnreadText(diagnostic.number)) {
+    SourceRange line = place;
+    line.endLine = place.beginLine;
+    line.endColumn = maxLineLength;
+    if (const std::size_t cause = unreadTextIn(line); cause != none)
+      return cause;
+  }
   if (const std::size_t cause = causeOfProcedures(diagnostic); cause != none)
     return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
       (isUndefined(diagnostic.number) && isWritten(diagnostic.place)))
     if (const std::size_t cause = damage.ofFileWithoutRecords(); cause != none)
+      return cause;
+  if (isAboutRecordArea(diagnostic.number))
+    if (const std::size_t cause = causeOfRecordArea(index); cause != none)
+      return cause;
+  if (isAboutSearchedTable(diagnostic.number))
+    if (const std::size_t cause = causeOfSearchedTable(place); cause != none)
       return cause;
   if (isAboutMnemonicName(diagnostic.number))
     if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
@@ -261,6 +296,33 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
 }
 
+/// Why a SEARCH finds no index: the name of the index, which is not declared, stands in it or in the
+/// SET before it.
+std::size_t ConsequenceFinder::causeOfSearchedTable(const SourceRange &place) const {
+  constexpr unsigned near = 3;
+  const unsigned first = std::max(place.beginLine, near + 1) - near;
+  const auto name = nameErrors.lower_bound({place.file, {first, 1}});
+  const bool isNear = name != nameErrors.end() && name->first.first == place.file &&
+                      name->first.second.first <= place.endLine + near;
+  return isNear ? name->second : none;
+}
+
+/// Why a record or a statement does not go with its file: the records of another file are its own
+/// because the entry of that is missing, or the header of the next section is.
+std::size_t ConsequenceFinder::causeOfRecordArea(std::size_t index) const {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (!isInFileSection(diagnostic.number))
+    if (const std::size_t cause = damage.ofUndescribedFile(diagnostic.unit); cause != none)
+      return cause;
+  Involved involved;
+  involved.enter(diagnostic.node);
+  involved.enter(diagnostic.otherNode);
+  for (const DataDescription *item : involved.getEntries())
+    if (const std::size_t cause = causeOfItemOrFile(item, index); cause != none)
+      return cause;
+  return none;
+}
+
 /// The error about a name within what the diagnostic points at: an operand of a clause or of a
 /// reference.
 std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
@@ -271,6 +333,39 @@ std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
                  first->second != index
              ? first->second
              : none;
+}
+
+/// Notes which families of undeclared names are so large that their copybook or record is missing,
+/// most likely, and not each of them wrong: several names, and none that is declared.
+void ConsequenceFinder::countFamilies() {
+  constexpr unsigned fewest = 3;
+  for (const Diagnostic &diagnostic : diagnostics)
+    if (isAboutMissingName(diagnostic.number) && !isAboutProcedure(diagnostic.number) &&
+        !isAboutFile(diagnostic.number))
+      if (const std::string name = missingName(diagnostic); !familyOf(name).empty())
+        families[familyOf(name)].insert(name);
+  llvm::StringSet<> small;
+  for (const auto &family : families)
+    if (family.second.size() < fewest)
+      small.insert(family.getKey());
+  for (const auto &family : small)
+    families.erase(family.getKey());
+  if (families.empty())
+    return;
+  for (const auto &[file, entries] : places.getEntries())
+    for (const DataDescription *entry : entries)
+      if (const Word *name = entry->getDataName())
+        families.erase(familyOf(name->getWordData()));
+}
+
+/// The first error about the family of \p name.
+std::size_t ConsequenceFinder::causeOfFamily(std::size_t index, llvm::StringRef name) {
+  const llvm::StringRef family = familyOf(name);
+  if (family.empty() || !isAboutMissingName(diagnostics[index].number) ||
+      !families.contains(family))
+    return none;
+  const auto [first, isNew] = reportedFamilies.try_emplace(family, index);
+  return isNew ? none : first->second;
 }
 
 /// The error that says the same of another use of the name.
@@ -372,7 +467,7 @@ std::size_t ConsequenceFinder::causeOfUndeclared(std::size_t index, const std::s
   if (const auto first = reportedNames.find({reachOf(diagnostic, name), key});
       first != reportedNames.end())
     return first->second;
-  if (const std::size_t copybook = damage.missingCopybookFor(diagnostic); copybook != none)
+  if (const std::size_t copybook = damage.missingTextFor(diagnostic); copybook != none)
     return copybook;
   return damage.takeLostName(diagnostic, key);
 }
@@ -384,6 +479,16 @@ const SourceUnit *ConsequenceFinder::reachOf(const Diagnostic &diagnostic,
   if (!isAboutProcedure(diagnostic.number) && isUnknown(name, unit))
     while (unit && unit->getParent())
       unit = unit->getParent();
+  // A name that is there twice in an outer program is so in all that see it.
+  if (isAmbiguous(diagnostic.number)) {
+    auto entryFor = [&](const SourceUnit *one) -> const DataDescription * {
+      const Homonyms items = Scope(const_cast<SourceUnit *>(one)).findItems(&internString(name));
+      return items ? items.entries->front() : nullptr;
+    };
+    while (unit && unit->getParent() && entryFor(unit) &&
+           entryFor(unit) == entryFor(unit->getParent()))
+      unit = unit->getParent();
+  }
   return unit;
 }
 
@@ -544,7 +649,7 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
         return cause;
   const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
   if (!isMisspelling) {
-    if (const std::size_t copybook = damage.missingCopybookFor(diagnostic); copybook != none)
+    if (const std::size_t copybook = damage.missingTextFor(diagnostic); copybook != none)
       return copybook;
     if (isAboutMissingName(diagnostic.number))
       if (const std::size_t lost = damage.takeLostName(diagnostic, key); lost != none)
@@ -559,6 +664,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
       isTornFrom(diagnostics[index - 1], diagnostic))
     return index - 1;
   if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
+    return cause;
+  if (const std::size_t cause = causeOfFamily(index, name); cause != none)
     return cause;
   reportedNames[{reach, key}] = index;
   if (isProcedure)
@@ -688,6 +795,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
         return cause;
+    if (isEmptyGroup(diagnostic.number))
+      if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)
+        return cause;
     // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
       if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
@@ -764,6 +874,7 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
   llvm::StringSet<> known;
   const Diagnostic *first = nullptr;
   unsigned count = 0;
+  const std::string nameOfCause = missingName(cause);
   for (const std::size_t consequence : consequences) {
     const Diagnostic &one = diagnostics[consequence];
     const bool isRepeated = one.number == cause.number && one.place.file == cause.place.file &&
@@ -772,7 +883,10 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
       continue;
     // The same name in another place.
     const bool isOneKind = isAboutKind(cause.number) && one.number == cause.number;
-    if ((isAboutName(cause.number) && isAboutName(one.number)) || isOneKind) {
+    const bool isOneName = isAboutName(cause.number) && isAboutName(one.number) &&
+                           !(reportedFamilies.contains(familyOf(nameOfCause)) &&
+                             nameIn(one).upper() != nameOfCause);
+    if (isOneName || isOneKind) {
       cause.furtherPlaces.push_back(one.place);
       continue;
     }
@@ -784,8 +898,11 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
   }
   if (!first)
     return;
+  const std::size_t total = names.size();
+  if (isAboutName(cause.number) && total > 1)
+    cause.text += "; " + std::to_string(total) + " more names that begin with " +
+                  familyOf(nameOfCause).str() + "- are not declared: a COPY may be missing";
   if (isAboutCopy(cause.number) && !names.empty()) {
-    const std::size_t total = names.size();
     names.resize(std::min(total, maxNames));
     cause.text += "; " + std::to_string(total) + (total == 1 ? " name is" : " names are") +
                   " probably undefined because of it: " + llvm::join(names, ", ") +

@@ -24,9 +24,20 @@ llvm::StringRef programText(llvm::StringRef line) {
   return line.take_front(maxColumn).drop_front(isNumbered ? sequenceArea : 0);
 }
 
+bool startsWithDigit(llvm::StringRef text) {
+  return !text.empty() && llvm::isDigit(text.front());
+}
+
 bool isInAreaA(llvm::StringRef line) {
   const std::size_t margin = line.find_first_not_of(' ', sequenceArea);
   return sequenceArea < margin && margin < areaB - 1;
+}
+
+/// The file in whose records \p entry is; null for none.
+const FileDescription *fileOf(const DataDescription *entry) {
+  while (entry && entry->getOwner())
+    entry = entry->getOwner();
+  return entry ? entry->getFileDescription() : nullptr;
 }
 
 bool isTopLevel(const DataDescription &entry) {
@@ -48,11 +59,22 @@ ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
 
 /// Notes the errors of items that have the members of another entry, which is missing.
 void ReportDamage::noteMissingLines() {
-  for (const auto &[item, index] : entries)
-    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic &&
+  for (const auto &[item, index] : entries) {
+    const int number = diagnostics[index].number;
+    const bool isMissing =
+        isMissingLine(number) || (isPictureAgainstUsage(number) && groupWithUsage(*item) != item);
+    if (isMissing && ofEmptyGroupBefore(item) == noDiagnostic &&
         places.entryAt(diagnostics[index].place) == item)
       lostNames.push_back(index);
+  }
   llvm::sort(lostNames);
+}
+
+const DataDescription *groupWithUsage(const DataDescription &entry) {
+  const DataDescription *group = &entry;
+  while (group && !group->getUsage())
+    group = group->getOwner();
+  return group ? group : &entry;
 }
 
 /// Notes what the error makes unreliable.
@@ -71,6 +93,16 @@ void ReportDamage::note(std::size_t index) {
   note(item, index);
   if (item && isGroupWithPicture(diagnostic.number))
     noteRecordBehind(*item, index);
+  if (item && isEmptyGroup(diagnostic.number))
+    missingTexts.push_back({index, item->getRange()});
+  if (isInFileSection(diagnostic.number))
+    if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostic.node))
+      note(fileOf(name->getDataDescription()), index);
+  if (isAboutFile(diagnostic.number))
+    undescribedFiles.try_emplace(diagnostic.unit, index);
+  if (const auto *file = dynamic_cast<const FileDescription *>(diagnostic.node);
+      file && isFileWithoutRecords(diagnostic.number))
+    missingTexts.push_back({index, file->getRange()});
   note(places.fileAt(diagnostic.place), index);
 }
 
@@ -112,7 +144,7 @@ void ReportDamage::noteText() {
     if (diagnostic.place.beginLine != 0)
       frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
     if (isAboutCopy(diagnostic.number))
-      missingCopybooks.push_back(i);
+      missingTexts.push_back({i, diagnostic.place});
     if (isMissingPeriod(diagnostic.number) && diagnostic.place.beginLine > 1) {
       const llvm::StringRef line = lineOf(diagnostic.place.file, diagnostic.place.beginLine - 1);
       const llvm::StringRef word = programText(line).rtrim().rsplit(' ').second;
@@ -133,7 +165,7 @@ void ReportDamage::noteText() {
     for (const SourceRange &place : damagedText.findName(verb))
       if (const std::size_t index = nearestFrontEndError(place);
           beginOf(diagnostics[index].place) <= beginOf(place))
-        missingCopybooks.push_back(index);
+        missingTexts.push_back({index, diagnostics[index].place});
   for (const auto &[position, index] : frontEndErrors)
     if (!isAboutCopy(diagnostics[index].number))
       noteLostDeclaration(index);
@@ -142,10 +174,10 @@ void ReportDamage::noteText() {
 
 /// The records of a file may be in the text that is missing.
 void ReportDamage::noteFilesWithoutRecords() {
-  for (const std::size_t index : missingCopybooks) {
-    const ProgramPlaces::FilePart *part = places.filePartBefore(diagnostics[index].place);
+  for (const MissingText &text : missingTexts) {
+    const ProgramPlaces::FilePart *part = places.filePartBefore(text.place);
     if (part && part->file->getRecordDescSize() == 0)
-      note(part->file, index);
+      note(part->file, text.error);
   }
 }
 
@@ -165,9 +197,8 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
   // The index-names of a table can be in a line that is missing.
-  const bool isOfIndex = line.contains_insensitive(" INDEXED ") ||
-                         (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
-                          lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
+  const bool isOfIndex =
+      line.contains_insensitive(" INDEXED ") || (entryBefore(place) && entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
@@ -188,6 +219,16 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
   }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// The entry that begins last before \p place.
+const DataDescription *ReportDamage::entryBefore(const SourceRange &place) const {
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(place.file);
+  const auto *next = llvm::lower_bound(
+      ofFile, beginOf(place), [](const DataDescription *one, const SourcePosition &position) {
+        return beginOf(one->getRange()) < position;
+      });
+  return next == ofFile.begin() ? nullptr : *std::prev(next);
 }
 
 /// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
@@ -217,7 +258,7 @@ void ReportDamage::noteLostLevel(std::size_t index) {
   llvm::erase_if(words, [](llvm::StringRef word) { return llvm::none_of(word, llvm::isAlnum); });
   if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
       llvm::any_of(words.front(), llvm::isAlpha))
-    missingCopybooks.push_back(index);
+    missingTexts.push_back({index, place});
   const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(place.file);
   const auto *next = llvm::lower_bound(
       ofFile, beginOf(place), [](const DataDescription *one, const SourcePosition &position) {
@@ -326,7 +367,9 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
   for (const auto &[position, index] : frontEndErrors) {
     const SourceRange &place = diagnostics[index].place;
     const llvm::StringRef line = programText(lineOf(place.file, place.beginLine));
-    const bool isOfHeader = line.ltrim().upper().starts_with("PROCEDURE") ||
+    // An entry among the procedures: its line and that of the header are exchanged.
+    const bool isEntry = places.isInProcedures(place) && startsWithDigit(line.ltrim());
+    const bool isOfHeader = line.contains_insensitive("PROCEDURE ") || isEntry ||
                             (isMissingHeader(diagnostics[index].number) &&
                              llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
     if (isOfHeader && places.unitAt(place) != caller)
@@ -364,17 +407,14 @@ std::size_t ReportDamage::ofGroupWithPicture(const DataDescription *entry) const
 }
 
 std::size_t ReportDamage::ofEmptyGroupBefore(const DataDescription *entry) const {
-  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry->getRange().file);
-  const auto *next =
-      llvm::lower_bound(ofFile, beginOf(entry->getRange()),
-                        [](const DataDescription *one, const SourcePosition &position) {
-                          return beginOf(one->getRange()) < position;
-                        });
-  if (next == ofFile.begin())
-    return noDiagnostic;
-  const auto found = entries.find(*std::prev(next));
+  const auto found = entries.find(entryBefore(entry->getRange()));
   const bool isEmpty = found != entries.end() && isEmptyGroup(diagnostics[found->second].number);
   return isEmpty ? found->second : noDiagnostic;
+}
+
+std::size_t ReportDamage::ofGroupWithPictureBefore(const DataDescription *entry) const {
+  const DataDescription *before = entryBefore(entry->getRange());
+  return before ? ofGroupWithPicture(before) : noDiagnostic;
 }
 
 std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) {
@@ -425,6 +465,13 @@ std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size
   return noDiagnostic;
 }
 
+std::size_t ReportDamage::ofUndescribedFile(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent())
+    if (const auto found = undescribedFiles.find(unit); found != undescribedFiles.end())
+      return found->second;
+  return noDiagnostic;
+}
+
 std::size_t ReportDamage::ofCurrencySigns(const SourceUnit *unit) const {
   for (; unit; unit = unit->getParent())
     if (const auto found = currencySigns.find(unit); found != currencySigns.end())
@@ -447,14 +494,13 @@ std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) co
   return between(file->getRange(), behind);
 }
 
-std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const {
-  for (const std::size_t index : missingCopybooks) {
-    const SourceRange &copy = diagnostics[index].place;
-    if (places.isInProcedures(copy) != isAboutProcedure(diagnostic.number))
+std::size_t ReportDamage::missingTextFor(const Diagnostic &diagnostic) const {
+  for (const auto &[index, place] : missingTexts) {
+    if (places.isInProcedures(place) != isAboutProcedure(diagnostic.number))
       continue;
     // Of a copybook within another one it is not known what copies it.
     for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
-      if (copy.file != unit->getRange().file || places.isInUnit(copy, *unit))
+      if (place.file != unit->getRange().file || places.isInUnit(place, *unit))
         return index;
   }
   return noDiagnostic;
