@@ -205,9 +205,8 @@ private:
   void addConditionName(DataDescription *entry) {
     if (item)
       item->addChildren(entry);
-    else if (!parser.isCopybook() && !std::exchange(hasStrayCondition, true))
-      // One message for the condition-names of an item that is missing.
-      parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
+    else if (!parser.isCopybook())
+      parser.rejectCondition(*entry, /*isFirst=*/!std::exchange(hasStrayCondition, true));
   }
 
   /// Level 66 follows the last item of its record.
@@ -358,6 +357,15 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
 /// A subordinate entry without its record: the entry before it may have been meant for the record.
 void DataParser::reportWithoutRecord(const DataDescription &entry) {
   error(DiagnosticId::LevelWithoutRecord, entry.getRange(), entry.getLevelNum());
+  context.diagnostics.getDamage().add(context.previousEntry);
+}
+
+/// A condition-name without its item: its name, and the entry before it, which may stand in the
+/// wrong place, are not as meant. \p isFirst tells whether it is the first one of the item.
+void DataParser::rejectCondition(const DataDescription &entry, bool isFirst) {
+  if (isFirst)
+    error(DiagnosticId::ConditionWithoutItem, entry.getRange());
+  context.diagnostics.getDamage().add(entry.getRange());
   context.diagnostics.getDamage().add(context.previousEntry);
 }
 

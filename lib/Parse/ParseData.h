@@ -40,6 +40,7 @@ public:
   using AddRecord = llvm::function_ref<void(DataDescription *)>;
   /// Reports that \p entry has a level below 01 and no record to belong to.
   void reportWithoutRecord(const DataDescription &entry);
+  void rejectCondition(const DataDescription &entry, bool isFirst);
   /// Parses the entries of data records as long as level numbers follow and passes each complete
   /// record to \p add. Records end where \p atEnd, which may be null, says so, as well.
   void parseDataRecords(StorageType storage, AddRecord add,

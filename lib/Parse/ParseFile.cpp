@@ -74,12 +74,15 @@ std::optional<unsigned> FileSectionParser::nameOfTornEntry() {
 /// The records of a file, which end at its successor also where the FD or SD of that is damaged or
 /// missing: a line begins with a clause that only files have, or has the name of a file.
 void FileSectionParser::parseFileRecords(AddRecord add) {
-  parseDataRecords(StorageType::File, add, [this] {
+  const SourceRange before = context.previousEntry;
+  parseDataRecords(StorageType::File, add, [&] {
     if (at(Keyword::Fd, Keyword::Sd))
       return true;
     const bool isClause =
         fileClauses.contains(peek().keyword) && !dataClauses.contains(peek().keyword);
-    return peek().isFirstOnLine() && (isClause || nameOfTornEntry());
+    // Before the first record, clauses can be the rest of the entry.
+    const bool hasRecord = before.beginLine != context.previousEntry.beginLine;
+    return peek().isFirstOnLine() && hasRecord && (isClause || nameOfTornEntry());
   });
 }
 

@@ -46,7 +46,6 @@ bool beginsSuppression(DiagnosticId id) {
 static bool canBeStrayLine(DiagnosticId id) {
   switch (id) {
   case DiagnosticId::Expected:
-  case DiagnosticId::NotAStatement:
   case DiagnosticId::PeriodMissing:
   case DiagnosticId::ReservedWord:
   case DiagnosticId::UnknownClause:

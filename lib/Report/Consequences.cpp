@@ -145,11 +145,16 @@ const DataDescription *clauseOwner(const DataDescription &entry, int number) {
   return owner;
 }
 
-/// How the names of one copybook or record begin: up to the first hyphen. Empty for other names.
-llvm::StringRef familyOf(llvm::StringRef name) {
-  const auto [family, rest] = name.split('-');
-  return rest.empty() || family.size() < 2 ? llvm::StringRef() : family;
+/// How the names of one copybook or record begin: up to the first hyphen, that included. Empty for
+/// other names.
+llvm::StringRef prefixOf(llvm::StringRef name) {
+  const std::size_t hyphen = name.find('-');
+  return hyphen == llvm::StringRef::npos || hyphen < 2 ? llvm::StringRef()
+                                                       : name.take_front(hyphen + 1);
 }
+
+/// A field of a symbolic map is the name of a field in the map and one of these letters.
+constexpr llvm::StringLiteral mapSuffixes = "ACFHILOPV";
 
 /// Decides for each diagnostic whether it follows from another.
 class ConsequenceFinder {
@@ -175,6 +180,7 @@ private:
   static constexpr std::size_t none = noDiagnostic;
 
   SourceRange runAround(const SourceRange &place) const;
+  bool isTornInTwo(const Diagnostic &diagnostic) const;
   bool isTornFrom(const Diagnostic &left, const Diagnostic &right) const;
   std::size_t causeOfOuterName(std::size_t index, llvm::StringRef name);
   bool isWritten(const SourceRange &place) const;
@@ -188,6 +194,10 @@ private:
   std::size_t causeOfKind(std::size_t index);
   std::size_t causeOfFamily(std::size_t index, llvm::StringRef name);
   void countFamilies();
+  void noteMapNames(llvm::ArrayRef<std::string> names);
+  bool isMapName(llvm::StringRef name) const;
+  llvm::StringRef familyOf(llvm::StringRef name) const;
+  std::string nameOfFamily(llvm::StringRef name) const;
   std::size_t causeOfSearchedTable(const SourceRange &place) const;
   std::size_t causeOfRecordArea(std::size_t index) const;
   std::size_t causeOfProcedures(const Diagnostic &diagnostic);
@@ -230,6 +240,8 @@ private:
   /// The undeclared names by the family that they belong to, and the first error about each family.
   llvm::StringMap<llvm::StringSet<>> families;
   llvm::StringMap<std::size_t> reportedFamilies;
+  static constexpr llvm::StringLiteral mapFamily = "*";
+  bool hasMapNames = false;
   /// The errors about procedure-names that nothing has.
   llvm::StringMap<std::size_t> unknownProcedures;
   /// The records and files of outer programs of which an item was reported that a nested one does
@@ -320,6 +332,9 @@ std::size_t ConsequenceFinder::causeOfRecordArea(std::size_t index) const {
   for (const DataDescription *item : involved.getEntries())
     if (const std::size_t cause = causeOfItemOrFile(item, index); cause != none)
       return cause;
+  for (const FileDescription *file : involved.getFiles())
+    if (const std::size_t cause = damage.of(file, index); cause != none)
+      return cause;
   return none;
 }
 
@@ -335,15 +350,47 @@ std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
              : none;
 }
 
+/// The family of \p name: its prefix, or for one that can be in a symbolic map all such names.
+llvm::StringRef ConsequenceFinder::familyOf(llvm::StringRef name) const {
+  return isMapName(name) ? llvm::StringRef(mapFamily) : prefixOf(name);
+}
+
+std::string ConsequenceFinder::nameOfFamily(llvm::StringRef name) const {
+  return isMapName(name) ? "that look like fields of a map" : ("that begin with " + prefixOf(name)).str();
+}
+
+/// Whether \p name can be that of a field in a symbolic map, and of the undeclared names others can
+/// be fields of the same map.
+bool ConsequenceFinder::isMapName(llvm::StringRef name) const {
+  return hasMapNames && name.size() > 1 && !name.contains('-') && mapSuffixes.contains(name.back());
+}
+
+/// Notes whether two undeclared names differ in the letter at their ends alone, as the fields of a
+/// symbolic map do.
+void ConsequenceFinder::noteMapNames(llvm::ArrayRef<std::string> names) {
+  llvm::StringMap<std::string> stems;
+  for (const std::string &name : names) {
+    const llvm::StringRef text = name;
+    if (text.size() < 2 || text.contains('-') || !mapSuffixes.contains(text.back()))
+      continue;
+    const auto [first, isNew] = stems.try_emplace(text.drop_back(), name);
+    hasMapNames |= !isNew && first->second != name;
+  }
+}
+
 /// Notes which families of undeclared names are so large that their copybook or record is missing,
 /// most likely, and not each of them wrong: several names, and none that is declared.
 void ConsequenceFinder::countFamilies() {
   constexpr unsigned fewest = 3;
+  std::vector<std::string> names;
   for (const Diagnostic &diagnostic : diagnostics)
     if (isAboutMissingName(diagnostic.number) && !isAboutProcedure(diagnostic.number) &&
         !isAboutFile(diagnostic.number))
-      if (const std::string name = missingName(diagnostic); !familyOf(name).empty())
-        families[familyOf(name)].insert(name);
+      names.push_back(missingName(diagnostic));
+  noteMapNames(names);
+  for (const std::string &name : names)
+    if (!familyOf(name).empty())
+      families[familyOf(name)].insert(name);
   llvm::StringSet<> small;
   for (const auto &family : families)
     if (family.second.size() < fewest)
@@ -355,7 +402,7 @@ void ConsequenceFinder::countFamilies() {
   for (const auto &[file, entries] : places.getEntries())
     for (const DataDescription *entry : entries)
       if (const Word *name = entry->getDataName())
-        families.erase(familyOf(name->getWordData()));
+        families.erase(prefixOf(name->getWordData()));
 }
 
 /// The first error about the family of \p name.
@@ -391,6 +438,13 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
     before.beginLine = std::max(before.beginLine, near + 1) - near;
     before.beginColumn = 1;
     return damage.between(before, diagnostic.place);
+  }
+  // The statements of a phrase may stand behind it, with the period that they need before them.
+  if (isAboutPhrase(diagnostic.number)) {
+    constexpr unsigned near = 4;
+    SourceRange behind = diagnostic.place;
+    behind.endLine = behind.endLine + near;
+    return damage.between(diagnostic.place, behind);
   }
   if (isInvalidStatement(diagnostic.number))
     for (const Declaratives *declarative : procedures->getDeclElements())
@@ -548,7 +602,10 @@ std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
   if (fault == 0)
     return none;
   const Node *place = diagnostic.node;
-  if (const auto *entry = dynamic_cast<const DataDescription *>(place))
+  const auto *entry = dynamic_cast<const DataDescription *>(place);
+  if (!entry && isPictureAgainstUsage(diagnostic.number))
+    entry = places.entryAt(diagnostic.place);
+  if (entry)
     place = isWrongHierarchy(fault) ? entry->getOwner() : clauseOwner(*entry, diagnostic.number);
   const auto [first, isNew] = faults.try_emplace({place, fault}, index);
   return isNew ? none : first->second;
@@ -640,6 +697,13 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   const auto first = reportedNames.find({reach, key});
   if (first != reportedNames.end())
     return first->second;
+  // A file of an outer program is not GLOBAL because its entry could not be read.
+  if (isAboutFile(diagnostic.number))
+    for (const SourceUnit *unit = reach; unit; unit = unit->getParent())
+      for (const FileDescription *file :
+           Scope(const_cast<SourceUnit *>(unit)).findFiles(&internString(name)))
+        if (const std::size_t cause = damage.of(file, index); cause != none)
+          return cause;
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
     for (const std::size_t cause : reportedFiles)
@@ -647,7 +711,9 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
           (isNearFileName(name, nameIn(diagnostics[cause]).upper()) ||
            nameIn(diagnostics[cause]).equals_insensitive(diagnostic.suggestion)))
         return cause;
-  const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
+  const bool isMisspelling =
+      (!diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion)) ||
+      isTornInTwo(diagnostic);
   if (!isMisspelling) {
     if (const std::size_t copybook = damage.missingTextFor(diagnostic); copybook != none)
       return copybook;
@@ -673,6 +739,18 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   if (isAboutFile(diagnostic.number) && reportedFiles.size() < maxFiles)
     reportedFiles.push_back(index);
   return none;
+}
+
+/// Whether the name and the word behind it are a declared name with a space in the place of a
+/// hyphen.
+bool ConsequenceFinder::isTornInTwo(const Diagnostic &diagnostic) const {
+  const SourceRange &place = diagnostic.place;
+  const llvm::StringRef line = lineOf(place.file, place.endLine);
+  const llvm::StringRef behind = sliceColumns(line, place.endColumn + 2, maxLineLength);
+  const llvm::StringRef rest = behind.take_while(isNameCharacter);
+  const std::string whole = (nameIn(diagnostic) + "-" + rest).str();
+  return !rest.empty() && sliceColumns(line, place.endColumn + 1, place.endColumn + 1) == " " &&
+         !isUnknown(llvm::StringRef(whole).upper(), diagnostic.unit);
 }
 
 /// Whether one character between the names of the two makes them one. A space may stand in the
@@ -713,6 +791,9 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
     const FileDescription *file = record->getFileDescription();
     const Node *owner = file ? static_cast<const Node *>(file) : record;
     const auto [first, isNew] = hiddenRecords.try_emplace(owner, index);
+    // The record that is GLOBAL may be another one, whose line is missing.
+    if (isNew)
+      damage.addLostName(index);
     return isNew ? none : first->second;
   }
   return none;
@@ -794,6 +875,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
         return cause;
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
+        return cause;
+    if (isWrongHierarchy(diagnostic.number))
+      if (const std::size_t cause = damage.ofDamagedEntryBefore(entry); cause != none)
         return cause;
     if (isEmptyGroup(diagnostic.number))
       if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)
@@ -899,9 +983,13 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
   if (!first)
     return;
   const std::size_t total = names.size();
-  if (isAboutName(cause.number) && total > 1)
-    cause.text += "; " + std::to_string(total) + " more names that begin with " +
-                  familyOf(nameOfCause).str() + "- are not declared: a COPY may be missing";
+  if (isAboutName(cause.number) && total > 1) {
+    cause.notes.push_back({std::to_string(total) + " more names " + nameOfFamily(nameOfCause) +
+                               " are not declared either, first here: the COPY or the record that "
+                               "declares them may be missing; --all shows them",
+                           first->place, first->line});
+    return;
+  }
   if (isAboutCopy(cause.number) && !names.empty()) {
     names.resize(std::min(total, maxNames));
     cause.text += "; " + std::to_string(total) + (total == 1 ? " name is" : " names are") +

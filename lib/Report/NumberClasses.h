@@ -115,6 +115,11 @@ inline bool isAboutAlteredParagraph(int number) {
   return number == 3406;
 }
 
+/// A phrase without statements.
+inline bool isAboutPhrase(int number) {
+  return number == 3471;
+}
+
 /// An argument that does not fit the parameter of the program called.
 inline bool isAboutArgument(int number) {
   return number == 3439;

@@ -40,6 +40,13 @@ const FileDescription *fileOf(const DataDescription *entry) {
   return entry ? entry->getFileDescription() : nullptr;
 }
 
+/// The file that \p node is or names; null for none.
+const FileDescription *fileNamedBy(const Node *node) {
+  if (const auto *name = dynamic_cast<const FileIdentifierExpression *>(node))
+    return name->getFileDescription();
+  return dynamic_cast<const FileDescription *>(node);
+}
+
 bool isTopLevel(const DataDescription &entry) {
   return entry.getLevelNum() == 1 || entry.getLevelNum() == 77;
 }
@@ -68,6 +75,11 @@ void ReportDamage::noteMissingLines() {
       lostNames.push_back(index);
   }
   llvm::sort(lostNames);
+  // A FILE STATUS group of the wrong size may have the members of another record.
+  for (std::size_t i = 0; i < diagnostics.size(); ++i)
+    if (isInFileSection(diagnostics[i].number))
+      if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostics[i].node))
+        note(name->getDataDescription(), i);
 }
 
 const DataDescription *groupWithUsage(const DataDescription &entry) {
@@ -100,7 +112,7 @@ void ReportDamage::note(std::size_t index) {
       note(fileOf(name->getDataDescription()), index);
   if (isAboutFile(diagnostic.number))
     undescribedFiles.try_emplace(diagnostic.unit, index);
-  if (const auto *file = dynamic_cast<const FileDescription *>(diagnostic.node);
+  if (const FileDescription *file = fileNamedBy(diagnostic.node);
       file && isFileWithoutRecords(diagnostic.number))
     missingTexts.push_back({index, file->getRange()});
   note(places.fileAt(diagnostic.place), index);
@@ -160,6 +172,10 @@ void ReportDamage::noteText() {
   for (const auto &[position, part] : places.getFileParts())
     if (const std::size_t cause = at(part.range); cause != noDiagnostic)
       note(part.file, cause);
+  for (const auto &[position, index] : frontEndErrors) {
+    noteFileBefore(index);
+    noteFileBehind(index);
+  }
   // What a damaged COPY would copy is missing as well.
   for (const char *verb : {"COPY", "INCLUDE"})
     for (const SourceRange &place : damagedText.findName(verb))
@@ -170,6 +186,31 @@ void ReportDamage::noteText() {
     if (!isAboutCopy(diagnostics[index].number))
       noteLostDeclaration(index);
   noteFilesWithoutRecords();
+}
+
+/// Behind the entry of a file, the error means that clauses of the entry are in another line, or
+/// that records behind the error belong to something else.
+void ReportDamage::noteFileBefore(std::size_t index) {
+  constexpr unsigned near = 2;
+  const SourceRange &place = diagnostics[index].place;
+  const ProgramPlaces::FilePart *part = places.filePartBefore(place);
+  if (!part || isMissingCopybook(diagnostics[index].number))
+    return;
+  const bool hasRecordBehind =
+      llvm::any_of(part->file->getRecordDescElements(), [&](const DataDescription *record) {
+        return record->getRange().file == place.file && beginOf(place) < beginOf(record->getRange());
+      });
+  if (hasRecordBehind || place.beginLine <= part->range.endLine + near)
+    note(part->file, index);
+}
+
+/// The first line of the entry of a file may have come behind the second one, where the error is.
+void ReportDamage::noteFileBehind(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  const auto next = places.getFileParts().lower_bound({place.file, beginOf(place)});
+  if (next != places.getFileParts().end() && next->first.first == place.file &&
+      next->second.range.beginLine == place.beginLine + 1)
+    note(next->second.file, index);
 }
 
 /// The records of a file may be in the text that is missing.
@@ -190,6 +231,9 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     // Where the period of a header is missing, the next line is wrong.
     if (isInAreaA(line) || isInAreaA(damagedLineBefore(place)))
       lostProcedures.push_back(index);
+    // An entry among the procedures belongs to the last record before them.
+    if (startsWithDigit(line.ltrim()))
+      note(entryBefore(place), index);
     return;
   }
   const DataDescription *entry = places.entryAt(place);
@@ -198,7 +242,10 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                              place.beginColumn <= entry->getRange().endColumn + 1U);
   // The index-names of a table can be in a line that is missing.
   const bool isOfIndex =
-      line.contains_insensitive(" INDEXED ") || (entryBefore(place) && entryBefore(place)->getOccurs());
+      line.contains_insensitive(" INDEXED ") ||
+      (place.beginLine > 1 &&
+       lineOf(place.file, place.beginLine - 1).contains_insensitive(" INDEXED ")) ||
+      (entryBefore(place) && entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
@@ -369,7 +416,8 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
     const llvm::StringRef line = programText(lineOf(place.file, place.beginLine));
     // An entry among the procedures: its line and that of the header are exchanged.
     const bool isEntry = places.isInProcedures(place) && startsWithDigit(line.ltrim());
-    const bool isOfHeader = line.contains_insensitive("PROCEDURE ") || isEntry ||
+    const bool isOfHeader = line.contains_insensitive("PROCEDURE DIVISION") ||
+                            line.ltrim().upper().starts_with("PROCEDURE") || isEntry ||
                             (isMissingHeader(diagnostics[index].number) &&
                              llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
     if (isOfHeader && places.unitAt(place) != caller)
@@ -412,9 +460,19 @@ std::size_t ReportDamage::ofEmptyGroupBefore(const DataDescription *entry) const
   return isEmpty ? found->second : noDiagnostic;
 }
 
+std::size_t ReportDamage::ofDamagedEntryBefore(const DataDescription *entry) const {
+  const DataDescription *before = entryBefore(entry->getRange());
+  return before ? between(before->getRange(), entry->getRange()) : noDiagnostic;
+}
+
 std::size_t ReportDamage::ofGroupWithPictureBefore(const DataDescription *entry) const {
   const DataDescription *before = entryBefore(entry->getRange());
   return before ? ofGroupWithPicture(before) : noDiagnostic;
+}
+
+/// Whether the word at \p place goes on past column 72, as it does where two lines were joined.
+static bool isPastMargin(const SourceRange &place) {
+  return place.beginColumn <= maxColumn && maxColumn <= place.endColumn;
 }
 
 std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) {
@@ -422,8 +480,9 @@ std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) 
   const auto [answer, isNew] = known.try_emplace(name.upper(), noDiagnostic);
   if (isNew)
     for (const SourceRange &place : damagedText.findName(name))
-      if (places.isInProcedures(place) ? (isProcedure ? beginsLine(place) : isBehindLevel(place))
-                                       : !isProcedure) {
+      if (places.isInProcedures(place)
+              ? (isProcedure ? beginsLine(place) || isPastMargin(place) : isBehindLevel(place))
+              : !isProcedure) {
         answer->second = nearestFrontEndError(place);
         break;
       }
@@ -439,7 +498,8 @@ std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::
   if (const auto known = foundNames.find(key); known != foundNames.end())
     return known->second;
   for (const auto &[word, index] : wordsWithoutPeriod)
-    if (const llvm::StringRef name = nameOfKey(key); !name.empty() && word.starts_with(name))
+    if (const llvm::StringRef name = nameOfKey(key);
+        !name.empty() && (word.starts_with(name) || (word.size() > 3 && name.starts_with(word))))
       return index;
   auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
                : isAboutFile(diagnostic.number)    ? lostFiles

@@ -74,9 +74,13 @@ public:
   std::size_t missingTextFor(const Diagnostic &diagnostic) const;
   /// The first error of \p unit about a file without FD or SD entry, or without SELECT entry.
   std::size_t ofUndescribedFile(const SourceUnit *unit) const;
+  /// The error of the front end in or behind the entry before \p entry.
+  std::size_t ofDamagedEntryBefore(const DataDescription *entry) const;
   /// The error of \p entry that explains another wrong entry: a group without members, where the
   /// entry before it has got them.
   std::size_t ofGroupWithPictureBefore(const DataDescription *entry) const;
+  /// Notes that the error \p index can mean that one declaration is missing with its name.
+  void addLostName(std::size_t index) { lostNames.push_back(index); }
   /// The error that leaves a declaration without a name which may be the one that \p diagnostic is
   /// about. Each stands for one name only, which \p key identifies.
   std::size_t takeLostName(const Diagnostic &diagnostic, const std::string &key);
@@ -89,6 +93,8 @@ private:
   void noteLostDeclaration(std::size_t index);
   void noteLostLevel(std::size_t index);
   void noteFilesWithoutRecords();
+  void noteFileBefore(std::size_t index);
+  void noteFileBehind(std::size_t index);
   void noteMissingLines();
   const DataDescription *entryBefore(const SourceRange &place) const;
   bool isNameKnown(const SourceRange &place) const;
