@@ -115,6 +115,9 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   const bool wasLack = lastId == DiagnosticId::Expected || lastId == DiagnosticId::ReservedWord;
   if (isLack && wasLack && lastIsAtVerb == stream.peek().isVerb())
     return false;
+  // Periods can be missing in lines in succession.
+  if (!isLack && lastId == DiagnosticId::PeriodMissing)
+    return false;
   constexpr unsigned nearWithComments = 3;
   // A header that is found too late follows the line that it is missing before.
   if (id == DiagnosticId::PeriodMissing && lastId == DiagnosticId::HeaderMissing)

@@ -699,7 +699,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return first->second;
   // A file of an outer program is not GLOBAL because its entry could not be read.
   if (isAboutFile(diagnostic.number))
-    for (const SourceUnit *unit = reach; unit; unit = unit->getParent())
+    for (const SourceUnit *unit = diagnostic.unit ? diagnostic.unit->getParent() : nullptr; unit;
+         unit = unit->getParent())
       for (const FileDescription *file :
            Scope(const_cast<SourceUnit *>(unit)).findFiles(&internString(name)))
         if (const std::size_t cause = damage.of(file, index); cause != none)

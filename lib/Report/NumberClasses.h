@@ -281,7 +281,7 @@ inline int faultOf(int number) {
     break;
   }
   if (isAboutConditionType(number)) // values of the condition-names of one item
-    return 3294;
+    return number;
   if (isAboutProcedure(number))
     return 3401;
   if (3207 <= number && number <= 3211) // BLANK WHEN ZERO
