@@ -102,11 +102,12 @@ void ReportDamage::note(std::size_t index) {
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
   if (!item || !item->isWritten())
     item = places.entryAt(diagnostic.place);
+  // A group that the front end left empty lacks nothing else.
+  if (item && isEmptyGroup(diagnostic.number) && !entries.contains(item))
+    missingTexts.push_back({index, item->getRange()});
   note(item, index);
   if (item && isGroupWithPicture(diagnostic.number))
     noteRecordBehind(*item, index);
-  if (item && isEmptyGroup(diagnostic.number))
-    missingTexts.push_back({index, item->getRange()});
   if (isInFileSection(diagnostic.number))
     if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostic.node))
       note(fileOf(name->getDataDescription()), index);
@@ -557,6 +558,9 @@ std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) co
 std::size_t ReportDamage::missingTextFor(const Diagnostic &diagnostic) const {
   for (const auto &[index, place] : missingTexts) {
     if (places.isInProcedures(place) != isAboutProcedure(diagnostic.number))
+      continue;
+    // A record or a group has no files.
+    if (isAboutFile(diagnostic.number) && !isOfFrontEnd(diagnostics[index].number))
       continue;
     // Of a copybook within another one it is not known what copies it.
     for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
