@@ -627,7 +627,8 @@ void Lexer::readEmbeddedText(Token &token) {
     if (!nextLine())
       break;
     // What cannot be in any block shows that END-EXEC is missing.
-    isAtProgram = isProgramLine() || (pieces > 0 && embedding.is(Keyword::Cics) && isStatementLine());
+    isAtProgram =
+        isProgramLine() || (pieces > 0 && embedding.is(Keyword::Cics) && isStatementLine());
     if (isAtProgram)
       break;
   }
@@ -687,8 +688,8 @@ bool Lexer::isHeaderLine() const {
   }
 }
 
-/// Whether the line that was just read begins with the verb of a statement that is no command and no
-/// option of CICS either, so that END-EXEC is missing before it.
+/// Whether the line that was just read begins with the verb of a statement that is no command and
+/// no option of CICS either, so that END-EXEC is missing before it.
 bool Lexer::isStatementLine() const {
   const llvm::StringRef text = llvm::StringRef(lines.begin(), lines.end() - lines.begin()).ltrim();
   const llvm::StringRef word = text.take_while(isWordCharacter);

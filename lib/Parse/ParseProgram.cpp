@@ -265,8 +265,7 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
     expectPeriod();
   }
   auto atEnd = [this] {
-    return atUnitBoundary() ||
-           (peek().isFirstOnLine() && (atEnvironmentPart() || atDataSection()));
+    return atUnitBoundary() || (peek().isFirstOnLine() && (atEnvironmentPart() || atDataSection()));
   };
   if (!atEnd()) {
     if (hasProgramId)

@@ -88,8 +88,8 @@ public:
   /// The line of the mistake in the sentence that makes the statements around it uncertain; 0 where
   /// there is none.
   unsigned getTornLine() const { return tornLine; }
-  /// The mistake that was found last is a line that begins with a word of another statement, so that
-  /// the line may stand in the wrong place.
+  /// The mistake that was found last is a line that begins with a word of another statement, so
+  /// that the line may stand in the wrong place.
   void noteStrayLine() {
     lastIsStrayLine = true;
     lastIsAtVerb = false;

@@ -127,8 +127,8 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
-/// Of an error about SIGN, USAGE or VALUE the group that the clause is written for, or the item that
-/// the condition-name belongs to; else \p entry.
+/// Of an error about SIGN, USAGE or VALUE the group that the clause is written for, or the item
+/// that the condition-name belongs to; else \p entry.
 const DataDescription *clauseOwner(const DataDescription &entry, int number) {
   if (isPictureAgainstUsage(number))
     return groupWithUsage(entry);
@@ -308,8 +308,8 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
 }
 
-/// Why a SEARCH finds no index: the name of the index, which is not declared, stands in it or in the
-/// SET before it.
+/// Why a SEARCH finds no index: the name of the index, which is not declared, stands in it or in
+/// the SET before it.
 std::size_t ConsequenceFinder::causeOfSearchedTable(const SourceRange &place) const {
   constexpr unsigned near = 3;
   const unsigned first = std::max(place.beginLine, near + 1) - near;
@@ -356,7 +356,8 @@ llvm::StringRef ConsequenceFinder::familyOf(llvm::StringRef name) const {
 }
 
 std::string ConsequenceFinder::nameOfFamily(llvm::StringRef name) const {
-  return isMapName(name) ? "that look like fields of a map" : ("that begin with " + prefixOf(name)).str();
+  return isMapName(name) ? "that look like fields of a map"
+                         : ("that begin with " + prefixOf(name)).str();
 }
 
 /// Whether \p name can be that of a field in a symbolic map, and of the undeclared names others can
@@ -968,9 +969,9 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
       continue;
     // The same name in another place.
     const bool isOneKind = isAboutKind(cause.number) && one.number == cause.number;
-    const bool isOneName = isAboutName(cause.number) && isAboutName(one.number) &&
-                           !(reportedFamilies.contains(familyOf(nameOfCause)) &&
-                             nameIn(one).upper() != nameOfCause);
+    const bool isOneName =
+        isAboutName(cause.number) && isAboutName(one.number) &&
+        !(reportedFamilies.contains(familyOf(nameOfCause)) && nameIn(one).upper() != nameOfCause);
     if (isOneName || isOneKind) {
       cause.furtherPlaces.push_back(one.place);
       continue;

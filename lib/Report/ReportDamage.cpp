@@ -199,7 +199,8 @@ void ReportDamage::noteFileBefore(std::size_t index) {
     return;
   const bool hasRecordBehind =
       llvm::any_of(part->file->getRecordDescElements(), [&](const DataDescription *record) {
-        return record->getRange().file == place.file && beginOf(place) < beginOf(record->getRange());
+        return record->getRange().file == place.file &&
+               beginOf(place) < beginOf(record->getRange());
       });
   if (hasRecordBehind || place.beginLine <= part->range.endLine + near)
     note(part->file, index);
