@@ -247,7 +247,8 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
       line.contains_insensitive(" INDEXED ") ||
       (place.beginLine > 1 &&
        lineOf(place.file, place.beginLine - 1).contains_insensitive(" INDEXED ")) ||
-      (entryBefore(place) && entryBefore(place)->getOccurs());
+      (isMissingPeriod(diagnostics[index].number) && entryBefore(place) &&
+       entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
