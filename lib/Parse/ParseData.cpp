@@ -206,7 +206,7 @@ private:
     if (item)
       item->addChildren(entry);
     else if (!parser.isCopybook())
-      parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
+      parser.rejectCondition(*entry, /*isFirst=*/!std::exchange(hasStrayCondition, true));
   }
 
   /// Level 66 follows the last item of its record.
@@ -284,11 +284,13 @@ private:
   bool isMisplaced = false;
   bool isRenamed = false;
   bool lastIsCondition = false;
+  bool hasStrayCondition = false;
 };
 
 } // namespace
 
-void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
+void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add,
+                              llvm::function_ref<bool()> atEnd) {
   RecordBuilder records(*this, add);
   // How many entries were read since a wrong one: of lines that are exchanged, the end of that
   // entry may follow the next one.
@@ -319,7 +321,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       addEntry(/*assumedLevel=*/0);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(clauses) || atStrayProcedures()) {
+    } else if (atEntryBoundary(clauses) || atStrayProcedures() || (atEnd && atEnd())) {
       return;
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
@@ -361,13 +363,24 @@ void DataParser::reportWithoutRecord(const DataDescription &entry) {
   context.diagnostics.getDamage().add(context.previousEntry);
 }
 
-void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
+/// A condition-name without its item: its name, and the entry before it, which may stand in the
+/// wrong place, are not as meant. \p isFirst tells whether it is the first one of the item.
+void DataParser::rejectCondition(const DataDescription &entry, bool isFirst) {
+  if (isFirst)
+    error(DiagnosticId::ConditionWithoutItem, entry.getRange());
+  context.diagnostics.getDamage().add(entry.getRange());
+  context.diagnostics.getDamage().add(context.previousEntry);
+}
+
+void DataParser::parseDataRecords(StorageType storage, AddRecord add,
+                                  llvm::function_ref<bool()> atEnd) {
   parseRecords(
       dataClauses, [this](unsigned level) { return parseDataEntry(level); },
       [&](DataDescription *record) {
         record->setStorageType(storage);
         add(record);
-      });
+      },
+      atEnd);
 }
 
 //===----------------------------------------------------------------------===//

@@ -78,8 +78,13 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
     if (item)
       division.setReturning(make<Returning>(begin, item));
   }
-  if (isRead && expect(TokenKind::Period))
+  if (isRead && accept(TokenKind::Period))
     return;
+  // The end of the header may be in the line before it, which was reported.
+  if (isRead && recovery.isBehindMistake(header, 1))
+    return noteMistake();
+  if (isRead)
+    expected(describe(TokenKind::Period));
   // The header was reported; skip the rest of it.
   Skipping skipping(*this);
   while (!at(TokenKind::Period, Keyword::Declaratives) &&
@@ -96,8 +101,10 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
 /// it are not reported as well.
 Word *ProcedureParser::parseHeaderName() {
   recovery.endParagraph();
-  if (peek().isFirstOnLine())
+  if (peek().isFirstOnLine()) {
     recovery.resumeReporting();
+    context.paragraphColumn = here().beginColumn;
+  }
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
     error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);

@@ -155,8 +155,10 @@ Outcome StatementParser::parseStatements(NodeList<Statement> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine())
+      if (peek().isFirstOnLine()) {
         recovery.resumeReporting();
+        context.statementColumn = here().beginColumn;
+      }
       const Token verb = peek();
       list.lastVerb = verb.keyword;
       list.lastIsWrong = false;
@@ -369,9 +371,11 @@ bool StatementParser::rejectWord(StatementList &list) {
       meant = suggestReservedWord(word.text);
     if (!meant.empty())
       error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
-    else if (word.isWord())
+    else if (word.isWord()) {
       error(DiagnosticId::NotAStatement, word.place, describe(word));
-    else
+      if (word.isFirstOnLine() && !word.isUserWord())
+        recovery.noteStrayLine();
+    } else
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();
