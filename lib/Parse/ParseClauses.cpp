@@ -21,11 +21,11 @@ bool ClauseSet::contains(Keyword keyword) const {
 //===----------------------------------------------------------------------===//
 
 bool ClauseParser::atEntryBoundary(const ClauseSet &clauses) {
-  if (atPartHeader())
+  if (atPartHeader() || at(Keyword::Fd, Keyword::Sd, Keyword::Rd))
     return true;
   if (!peek().isFirstOnLine())
     return false;
-  return at(Keyword::Fd, Keyword::Sd, Keyword::Rd, Keyword::Cd, Keyword::Select, Keyword::Exec) ||
+  return at(Keyword::Cd, Keyword::Select, Keyword::Exec) ||
          (clauses.endsAtLevelNumber && atLevelNumber());
 }
 

@@ -21,8 +21,6 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
   bool isReported = false;
   for (Progress progress(stream);; progress.ensure()) {
     if (at(Keyword::Fd, Keyword::Sd)) {
-      if (!peek().isFirstOnLine())
-        expected("a new line");
       parseFile(division);
     } else if (at(TokenKind::IntegerLiteral)) {
       const auto &files = division.getFileSectionElements();

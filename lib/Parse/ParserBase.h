@@ -328,11 +328,12 @@ public:
       return false;
     return name.isInFixedForm() ? name.isInAreaA() : isInParagraphColumn(name);
   }
-  /// Whether \p name, of free form, begins a line in the column of the paragraphs before it, and
-  /// the statements are indented.
+  /// Whether \p name, of free form, begins a line in the column of the paragraphs before it, the
+  /// statements are indented, and no data item has that name: operands can stand anywhere.
   bool isInParagraphColumn(const Token &name) const {
-    return name.isFirstOnLine() && name.place.beginColumn == context.paragraphColumn &&
-           name.place.beginColumn < context.statementColumn;
+    return name.isUserWord() && name.isFirstOnLine() &&
+           name.place.beginColumn == context.paragraphColumn &&
+           name.place.beginColumn < context.statementColumn && !isNamed(name);
   }
   bool atMisspeltSection();
   bool atDeclaratives();
