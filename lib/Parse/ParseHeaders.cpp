@@ -380,8 +380,8 @@ void ParserBase::missingPeriod() {
   error(DiagnosticId::PeriodMissing, place, describe(peek()));
   // It goes after the last token, where that is in the same text.
   const SourceRange &last = stream.getLastPlace();
-  const bool isBefore = std::make_pair(last.endLine, last.endColumn) <
-                        std::make_pair(place.beginLine, place.beginColumn);
+  const bool isBefore = last.endLine < place.beginLine ||
+                        (last.endLine == place.beginLine && last.endColumn < place.beginColumn);
   if (last.file == place.file && last.endLine != 0 && isBefore) {
     SourceRange behind = last;
     behind.beginLine = last.endLine;

@@ -146,10 +146,11 @@ public:
       : diagnostics(report), lineOf(lookup), places(program),
         damage(report, places, damagedText, lookup), causes(report.size(), none) {
     for (std::size_t i = 0; i < report.size(); ++i) {
+      const SourceRange &place = report[i].place;
       if (isUnreadText(report[i].number))
-        unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+        unreadTexts.try_emplace({place.file, beginOf(place)}, i);
       if (isUndefined(report[i].number))
-        nameErrors.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+        nameErrors.try_emplace({place.file, beginOf(place)}, i);
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }
