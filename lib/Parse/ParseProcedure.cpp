@@ -161,14 +161,16 @@ Paragraph *ProcedureParser::parseParagraph() {
   complete(paragraph);
   if (at(Keyword::Note))
     skipNote(/*isWholeParagraph=*/true);
+  llvm::SmallVector<Sentence *, 64> sentences;
   while (atProcedureBody()) {
     if (accept(TokenKind::Period))
       continue;
     if (headerKind() != HeaderKind::None)
       break;
     if (Sentence *sentence = parseSentence())
-      paragraph->addSent(sentence);
+      sentences.push_back(sentence);
   }
+  paragraph->addSents(sentences);
   return complete(paragraph);
 }
 
