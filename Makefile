@@ -17,7 +17,7 @@ help:
 	@echo "make demo      check an example program and print its control-flow graph"
 	@echo "make test      build with GCC, and with Clang under the sanitizers; run every test"
 	@echo "make fuzz      run the fuzzers for FUZZ_TIME seconds (default 3600)"
-	@echo "make fuzz-smoke  run them for a minute, as make test does too"
+	@echo "make fuzz-smoke  run them on some thousand inputs, as make test does too"
 	@echo "make bench     run the measurements"
 	@echo "make docs      regenerate docs/diagnostics.md and the options in docs/commands/"
 	@echo "make install   install below PREFIX (default /usr/local)"

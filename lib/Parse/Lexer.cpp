@@ -627,7 +627,8 @@ void Lexer::readEmbeddedText(Token &token) {
     if (!nextLine())
       break;
     // What cannot be in any block shows that END-EXEC is missing.
-    isAtProgram = isProgramLine();
+    isAtProgram =
+        isProgramLine() || (pieces > 0 && embedding.is(Keyword::Cics) && isStatementLine());
     if (isAtProgram)
       break;
   }
@@ -685,6 +686,18 @@ bool Lexer::isHeaderLine() const {
     // The name of a paragraph, which its period makes one.
     return first.drop_front(word.size()).ltrim(" \t").starts_with(".");
   }
+}
+
+/// Whether the line that was just read begins with the verb of a statement that is no command and
+/// no option of CICS either, so that END-EXEC is missing before it.
+bool Lexer::isStatementLine() const {
+  const llvm::StringRef text = llvm::StringRef(lines.begin(), lines.end() - lines.begin()).ltrim();
+  const llvm::StringRef word = text.take_while(isWordCharacter);
+  static constexpr Keyword verbs[] = {Keyword::Compute, Keyword::Display, Keyword::Evaluate,
+                                      Keyword::Goback,  Keyword::If,      Keyword::Move,
+                                      Keyword::Perform};
+  return llvm::is_contained(verbs, context.words.lookup(word).keyword) &&
+         !text.drop_front(word.size()).ltrim().starts_with("(");
 }
 
 /// Whether the line that was just read can only be of the program, and not of a block that is

@@ -106,6 +106,7 @@ private:
   void reportNotText(const char *first, const char *last);
   bool isHeaderLine() const;
   bool isProgramLine() const;
+  bool isStatementLine() const;
 
   // Directives.
   struct Conditional {

@@ -34,7 +34,8 @@ SourceUnit *CopybookParser::parse(llvm::StringRef name) {
 
 /// The copybook may begin in the middle of any division, and go on with the next one.
 void CopybookParser::parseEntries(SourceUnit &unit) {
-  while (!at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError()) {
+  for (Progress progress(stream); !at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError();
+       progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(TokenKind::IntegerLiteral) || at(Keyword::Fd, Keyword::Sd, Keyword::Rd)) {
@@ -58,12 +59,8 @@ void CopybookParser::parseEntries(SourceUnit &unit) {
     } else if (atDivision(Keyword::Procedure)) {
       unit.setProcDivision(ProcedureParser(context).parseProcedureDivision());
     } else {
-      const uint64_t takenBefore = stream.getTaken();
       unit.setProcDivision(makeAt<ProcedureDivision>(here()));
       ProcedureParser(context).parseProcedures(*unit.getProcDivision());
-      // END PROGRAM and the like end the procedures, and are not for a copybook to judge.
-      if (stream.getTaken() == takenBefore)
-        stream.skip();
     }
   }
 }

@@ -25,7 +25,7 @@ DataDivision *DataParser::parseDataDivision() {
     expectPeriod();
   }
   std::bitset<sectionKinds> seen;
-  while (!atUnitBoundary() && !atStrayProcedures()) {
+  for (Progress progress(stream); !atUnitBoundary() && !atStrayProcedures(); progress.ensure()) {
     if (accept(TokenKind::Period) || skipEmbeddedBlock())
       continue;
     if (atDataSection()) {
@@ -206,7 +206,7 @@ private:
     if (item)
       item->addChildren(entry);
     else if (!parser.isCopybook())
-      parser.error(DiagnosticId::ConditionWithoutItem, entry->getRange());
+      parser.rejectCondition(*entry, /*isFirst=*/!std::exchange(hasStrayCondition, true));
   }
 
   /// Level 66 follows the last item of its record.
@@ -284,18 +284,20 @@ private:
   bool isMisplaced = false;
   bool isRenamed = false;
   bool lastIsCondition = false;
+  bool hasStrayCondition = false;
 };
 
 } // namespace
 
-void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add) {
+void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add,
+                              llvm::function_ref<bool()> atEnd) {
   RecordBuilder records(*this, add);
   // How many entries were read since a wrong one: of lines that are exchanged, the end of that
   // entry may follow the next one.
   constexpr unsigned maxSound = 1;
   unsigned soundEntries = maxSound + 1;
   DataDescription *previous = nullptr;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
     Recovery::ConstructScope construct(recovery);
@@ -310,13 +312,16 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       records.add(entry, !construct.hasMistake());
       context.previousEntry = entry->getRange();
     };
-    if (at(TokenKind::IntegerLiteral) && !peek(1).isOneOf(Keyword::Division, Keyword::Section)) {
+    // A number may stand for the damaged name in a header.
+    const bool isHeader = peek(1).isOneOf(Keyword::Division, Keyword::Section) &&
+                          peek(2).isOneOf(TokenKind::Period, TokenKind::EndOfFile);
+    if (at(TokenKind::IntegerLiteral) && !isHeader) {
       if (peek().isFirstOnLine() && !recovery.hasReportedHere())
         recovery.resumeReporting();
       addEntry(/*assumedLevel=*/0);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(clauses) || atStrayProcedures()) {
+    } else if (atEntryBoundary(clauses) || atStrayProcedures() || (atEnd && atEnd())) {
       return;
     } else if (at(Keyword::EndExec) && context.diagnostics.hasErrors()) {
       // Of a block that was reported.
@@ -358,13 +363,24 @@ void DataParser::reportWithoutRecord(const DataDescription &entry) {
   context.diagnostics.getDamage().add(context.previousEntry);
 }
 
-void DataParser::parseDataRecords(StorageType storage, AddRecord add) {
+/// A condition-name without its item: its name, and the entry before it, which may stand in the
+/// wrong place, are not as meant. \p isFirst tells whether it is the first one of the item.
+void DataParser::rejectCondition(const DataDescription &entry, bool isFirst) {
+  if (isFirst)
+    error(DiagnosticId::ConditionWithoutItem, entry.getRange());
+  context.diagnostics.getDamage().add(entry.getRange());
+  context.diagnostics.getDamage().add(context.previousEntry);
+}
+
+void DataParser::parseDataRecords(StorageType storage, AddRecord add,
+                                  llvm::function_ref<bool()> atEnd) {
   parseRecords(
       dataClauses, [this](unsigned level) { return parseDataEntry(level); },
       [&](DataDescription *record) {
         record->setStorageType(storage);
         add(record);
-      });
+      },
+      atEnd);
 }
 
 //===----------------------------------------------------------------------===//

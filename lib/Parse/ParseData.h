@@ -40,9 +40,11 @@ public:
   using AddRecord = llvm::function_ref<void(DataDescription *)>;
   /// Reports that \p entry has a level below 01 and no record to belong to.
   void reportWithoutRecord(const DataDescription &entry);
+  void rejectCondition(const DataDescription &entry, bool isFirst);
   /// Parses the entries of data records as long as level numbers follow and passes each complete
-  /// record to \p add.
-  void parseDataRecords(StorageType storage, AddRecord add);
+  /// record to \p add. Records end where \p atEnd, which may be null, says so, as well.
+  void parseDataRecords(StorageType storage, AddRecord add,
+                        llvm::function_ref<bool()> atEnd = nullptr);
 
 protected:
   /// Parses one entry. The level number is next, or \p assumedLevel is not 0 and stands for one
@@ -50,7 +52,9 @@ protected:
   using ParseEntry = llvm::function_ref<DataDescription *(unsigned assumedLevel)>;
   /// Parses entries with \p parseEntry as long as level numbers follow, puts them together to
   /// records, and passes each complete record to \p add.
-  void parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add);
+  /// \p atEnd, which may be null, says whether the records end at the next token.
+  void parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, AddRecord add,
+                    llvm::function_ref<bool()> atEnd = nullptr);
   /// The level number that is next, unless \p assumedLevel is not 0. A number written twice counts
   /// once, after a message.
   unsigned parseLevelNumber(unsigned assumedLevel);

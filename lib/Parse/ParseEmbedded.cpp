@@ -82,6 +82,12 @@ ExecStatement *ParserBase::parseEmbeddedBlock() {
     if (!text.empty())
       command = parseCommand(context, type, {text, *peek().embedded});
     stream.skip();
+    if (text.empty() && at(Keyword::EndExec)) {
+      expected("a command");
+      // Among data entries it would copy text, most likely.
+      if (context.unit && !context.unit->getProcDivision())
+        context.diagnostics.getDamage().addLostCopy(here());
+    }
   }
   // The stream has reported an END-EXEC that is missing. Without it the text may have taken the
   // period, and ends of statements, with it.

@@ -22,15 +22,17 @@ static constexpr Keyword environmentHeaders[] = {
 /// looks up there what they declare.
 EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
   SourceRange begin = here();
-  takeDivisionHeader(Keyword::Environment);
-  expectPeriod();
+  if (atDivision(Keyword::Environment)) {
+    takeDivisionHeader(Keyword::Environment);
+    expectPeriod();
+  }
   EnvironmentDivision *division = context.unit->getEnvironmentDivision();
   if (!division) {
     division = makeAt<EnvironmentDivision>(begin);
     context.unit->setEnvironmentDivision(division);
   }
 
-  while (!atUnitBoundary()) {
+  for (Progress progress(stream); !atUnitBoundary(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (peek().isFirstOnLine())
@@ -58,7 +60,10 @@ EnvironmentDivision *EnvironmentParser::parseEnvironmentDivision() {
       continue;
     }
     if (atSpecialNamesClause(*division)) {
-      missingHeader(Keyword::SpecialNames, textOf(Keyword::SpecialNames));
+      // A header that came into the paragraph from further up does not end it.
+      if (!isHeaderDisplaced(Keyword::Configuration))
+        missingHeader(Keyword::SpecialNames, textOf(Keyword::SpecialNames));
+      context.missingHeaders.insert(Keyword::SpecialNames);
       parseSpecialNames(*division->getConfigurationSection());
       continue;
     }
@@ -172,7 +177,8 @@ InputOutputSection &EnvironmentParser::inputOutputSectionOf(EnvironmentDivision 
 /// functions are not supported.
 void EnvironmentParser::parseRepository() {
   takeParagraphHeader();
-  while (!atPartHeader() && !accept(TokenKind::Period)) {
+  for (Progress progress(stream); !atPartHeader() && !accept(TokenKind::Period);
+       progress.ensure()) {
     SourceRange begin = here();
     if (at(Keyword::Function)) {
       if (parseRepositoryFunctions())
@@ -360,7 +366,8 @@ void EnvironmentParser::parseSpecialNames(ConfigurationSection &section) {
 /// Whether a clause of SPECIAL-NAMES is next, of which the header is missing.
 bool EnvironmentParser::atSpecialNamesClause(const EnvironmentDivision &division) {
   if (!peek().isFirstOnLine() || !division.getConfigurationSection() ||
-      division.getConfigurationSection()->getSpecialNames())
+      (division.getConfigurationSection()->getSpecialNames() &&
+       !isHeaderDisplaced(Keyword::Configuration)))
     return false;
   if (at(Keyword::Alphabet, Keyword::Class, Keyword::Currency, Keyword::DecimalPoint,
          Keyword::Symbolic))

@@ -19,15 +19,16 @@ static constexpr ClauseSet fileClauses{
 void FileSectionParser::parseFileSection(DataDivision &division) {
   // One message for records without a file, however many there are.
   bool isReported = false;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     if (at(Keyword::Fd, Keyword::Sd)) {
+      if (!peek().isFirstOnLine())
+        expected("a new line");
       parseFile(division);
     } else if (at(TokenKind::IntegerLiteral)) {
       const auto &files = division.getFileSectionElements();
       if (isHeaderDisplaced(Keyword::File) && !files.empty()) {
         FileDescription *file = files.back();
-        parseDataRecords(StorageType::File,
-                         [file](DataDescription *record) { file->addRecordDesc(record); });
+        parseFileRecords([file](DataDescription *record) { file->addRecordDesc(record); });
         continue;
       }
       if (!isReported)
@@ -46,8 +47,9 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
     } else {
       expected("FD or SD");
       isReported = true;
-      // Only the word is missing.
-      if (peek().isUserWord() && scope().isFileName(peek().getInternedText())) {
+      if (const std::optional<unsigned> name = nameOfTornEntry()) {
+        for (unsigned n = 0; n < *name; ++n)
+          stream.skip();
         parseFile(division);
         continue;
       }
@@ -55,6 +57,33 @@ void FileSectionParser::parseFileSection(DataDivision &division) {
       skipToEntry(fileClauses);
     }
   }
+}
+
+/// Where the name of a file is in a line that begins with it or with another word instead of FD or
+/// SD: how many tokens on.
+std::optional<unsigned> FileSectionParser::nameOfTornEntry() {
+  auto isFileAt = [this](unsigned n) {
+    return peek(n).isUserWord() && scope().isFileName(peek(n).getInternedText());
+  };
+  if (isFileAt(0))
+    return 0;
+  const bool isBehindWord = !peek(1).isFirstOnLine() && isFileAt(1);
+  return isBehindWord ? std::optional(1U) : std::nullopt;
+}
+
+/// The records of a file, which end at its successor also where the FD or SD of that is damaged or
+/// missing: a line begins with a clause that only files have, or has the name of a file.
+void FileSectionParser::parseFileRecords(AddRecord add) {
+  const SourceRange before = context.previousEntry;
+  parseDataRecords(StorageType::File, add, [&] {
+    if (at(Keyword::Fd, Keyword::Sd))
+      return true;
+    const bool isClause =
+        fileClauses.contains(peek().keyword) && !dataClauses.contains(peek().keyword);
+    // Before the first record, clauses can be the rest of the entry.
+    const bool hasRecord = before.beginLine != context.previousEntry.beginLine;
+    return peek().isFirstOnLine() && hasRecord && (isClause || nameOfTornEntry());
+  });
 }
 
 /// A file with its records.
@@ -65,15 +94,13 @@ void FileSectionParser::parseFile(DataDivision &division) {
   if (!file)
     return parseNamelessRecords(from(begin).getRange(), type);
   division.addFileSection(file);
-  parseDataRecords(StorageType::File,
-                   [file](DataDescription *record) { file->addRecordDesc(record); });
+  parseFileRecords([file](DataDescription *record) { file->addRecordDesc(record); });
 }
 
 /// The records of a file whose entry, at \p place, has no name.
 void FileSectionParser::parseNamelessRecords(const SourceRange &place, FileDescType type) {
   NamelessFile file{place, type, {}, /*isWithoutEntry=*/false};
-  parseDataRecords(StorageType::File,
-                   [&](DataDescription *record) { file.records.push_back(record); });
+  parseFileRecords([&](DataDescription *record) { file.records.push_back(record); });
   context.namelessFiles.push_back(std::move(file));
 }
 

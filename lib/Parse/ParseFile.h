@@ -5,6 +5,7 @@
 
 #include "AST/FileDescription.h"
 #include "Parse/ParseData.h"
+#include <optional>
 
 namespace tarka {
 
@@ -17,6 +18,8 @@ public:
 
 private:
   void parseFile(DataDivision &division);
+  std::optional<unsigned> nameOfTornEntry();
+  void parseFileRecords(AddRecord add);
   void parseNamelessRecords(const SourceRange &place, FileDescType type);
   void nameFiles(DataDivision &division);
   FileDescription *parseFileDescription();

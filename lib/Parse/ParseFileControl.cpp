@@ -31,15 +31,18 @@ void FileControlParser::parseFileControl(InputOutputSection &section) {
 void FileControlParser::parseFileEntries(InputOutputSection &section) {
   bool previousIsWrong = false;
   ParaFileControl *previous = nullptr;
-  while (!atPartHeader() && !atDataSection()) {
+  auto addEntry = [&] {
+    Recovery::ConstructScope construct(recovery);
+    previous = parseSelect();
+    if (previous)
+      section.addFileControl(previous);
+    previousIsWrong = construct.hasMistake();
+  };
+  for (Progress progress(stream); !atPartHeader() && !atDataSection(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (at(Keyword::Select)) {
-      Recovery::ConstructScope construct(recovery);
-      previous = parseSelect();
-      if (previous)
-        section.addFileControl(previous);
-      previousIsWrong = construct.hasMistake();
+      addEntry();
       continue;
     }
     // A period within the entry, of which the rest follows in the same line.
@@ -66,6 +69,7 @@ void FileControlParser::parseFileEntries(InputOutputSection &section) {
     }
     if (peek().isUserWord() && nearestKeyword(peek().text, Keyword::Select) != Keyword::None) {
       stream.correct(Keyword::Select);
+      addEntry();
       continue;
     }
     // The clauses of an entry whose first line is not there.

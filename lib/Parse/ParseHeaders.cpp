@@ -209,6 +209,8 @@ bool ParserBase::atStrayProcedures() {
       (first.isVerb() && peek(1).is(Keyword::Section)))
     return false;
   switch (first.keyword) {
+  case Keyword::Declaratives:
+    return peek(1).is(TokenKind::Period);
   case Keyword::Accept:
   case Keyword::Add:
   case Keyword::Call:

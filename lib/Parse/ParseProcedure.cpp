@@ -32,7 +32,7 @@ void ProcedureParser::resumeProcedureDivision(ProcedureDivision &division) {
 
 void ProcedureParser::parseProcedures(ProcedureDivision &division) {
   Section *section = nullptr;
-  while (!atUnitBoundary()) {
+  for (Progress progress(stream); !atUnitBoundary(); progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {
       section = parseSectionHeader();
       division.addSect(section);
@@ -78,8 +78,13 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
     if (item)
       division.setReturning(make<Returning>(begin, item));
   }
-  if (isRead && expect(TokenKind::Period))
+  if (isRead && accept(TokenKind::Period))
     return;
+  // The end of the header may be in the line before it, which was reported.
+  if (isRead && recovery.isBehindMistake(header, 1))
+    return noteMistake();
+  if (isRead)
+    expected(describe(TokenKind::Period));
   // The header was reported; skip the rest of it.
   Skipping skipping(*this);
   while (!at(TokenKind::Period, Keyword::Declaratives) &&
@@ -96,8 +101,10 @@ void ProcedureParser::parseProcedureHeader(ProcedureDivision &division) {
 /// it are not reported as well.
 Word *ProcedureParser::parseHeaderName() {
   recovery.endParagraph();
-  if (peek().isFirstOnLine())
+  if (peek().isFirstOnLine()) {
     recovery.resumeReporting();
+    context.paragraphColumn = here().beginColumn;
+  }
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
     error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
@@ -138,7 +145,7 @@ bool ProcedureParser::atProcedureBody() {
 }
 
 template <typename Owner> void ProcedureParser::parseParagraphs(Owner &owner) {
-  while (atProcedureBody()) {
+  for (Progress progress(stream); atProcedureBody(); progress.ensure()) {
     // A period alone is an empty sentence.
     if (accept(TokenKind::Period))
       continue;
@@ -162,7 +169,7 @@ Paragraph *ProcedureParser::parseParagraph() {
   if (at(Keyword::Note))
     skipNote(/*isWholeParagraph=*/true);
   llvm::SmallVector<Sentence *, 64> sentences;
-  while (atProcedureBody()) {
+  for (Progress progress(stream); atProcedureBody(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (headerKind() != HeaderKind::None)
@@ -219,7 +226,7 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
     accept(TokenKind::Period);
   }
   context.isInDeclaratives = true;
-  while (!atUnitBoundary() && !atEndDeclaratives()) {
+  for (Progress progress(stream); !atUnitBoundary() && !atEndDeclaratives(); progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {
       parseDeclarativeSection(division);
       continue;

@@ -40,7 +40,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
       program->addSourceUnit(unit);
     return program;
   }
-  while (!at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError()) {
+  for (Progress progress(stream); !at(TokenKind::EndOfFile) && !context.diagnostics.hasFatalError();
+       progress.ensure()) {
     // Stray periods between programs say nothing.
     if (accept(TokenKind::Period))
       continue;
@@ -49,9 +50,8 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
     if (!atUnitBoundary()) {
       error(DiagnosticId::ProgramExpected, here(), describe(peek()));
       Skipping skipping(*this);
-      do
+      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId())
         stream.skip();
-      while (!at(TokenKind::EndOfFile) && !atDivision(Keyword::Identification) && !atProgramId());
       continue;
     }
     if (atEndProgram()) {
@@ -116,7 +116,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
     current->setProcDivision(ProcedureParser(context).parseProcedureDivision());
   const SourceRange header = context.procedureHeader;
 
-  while (!at(TokenKind::EndOfFile)) {
+  for (Progress progress(stream); !at(TokenKind::EndOfFile); progress.ensure()) {
     if (atEndProgram()) {
       if (!parseEndProgram(current))
         continue;
@@ -161,7 +161,7 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
 /// The environment and the data division. Where they are exchanged or begin twice, that is
 /// reported, and what they declare is read all the same.
 void ProgramParser::parseDeclaringDivisions() {
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     const Keyword division = divisionAt();
     if (division == Keyword::Environment || division == Keyword::Data) {
       const bool isAgain = division == Keyword::Environment
@@ -174,6 +174,10 @@ void ProgramParser::parseDeclaringDivisions() {
         EnvironmentParser(context).parseEnvironmentDivision();
       else
         DataParser(context).parseDataDivision();
+    } else if (division == Keyword::None && atEnvironmentPart()) {
+      if (!context.unit->getEnvironmentDivision() && !isHeaderDisplaced(Keyword::Environment))
+        missingHeader(Keyword::Environment, "ENVIRONMENT DIVISION");
+      EnvironmentParser(context).parseEnvironmentDivision();
     } else if (division == Keyword::None && atDataSection() && !atStrayProcedures()) {
       // Where the divisions are exchanged, the header stands further up.
       if (!context.unit->getDataDivision())
@@ -245,7 +249,8 @@ bool ProgramParser::parseEndProgram(SourceUnit *current) {
 IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   SourceRange begin = here();
   Recovery::ConstructScope construct(recovery);
-  if (atDivision(Keyword::Identification)) {
+  const bool hasHeader = atDivision(Keyword::Identification);
+  if (hasHeader) {
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
   }
@@ -254,16 +259,49 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   // Where the header of the division is misspelt, the stream does not skip the comment-entries.
   while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
     ;
-  auto atEnd = [this] { return atUnitBoundary() || (peek().isFirstOnLine() && atDataSection()); };
+  // Of PROGRAM-ID and the header before it, the lines are exchanged.
+  if (!hasHeader && atDivision(Keyword::Identification) && !atProgramIdBehindHeader()) {
+    error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+    takeDivisionHeader(Keyword::Identification);
+    expectPeriod();
+  }
+  auto atEnd = [this] {
+    return atUnitBoundary() || (peek().isFirstOnLine() && (atEnvironmentPart() || atDataSection()));
+  };
   if (!atEnd()) {
     if (hasProgramId)
       expected("a division");
     Skipping skipping(*this);
-    for (; !atEnd(); stream.skip())
-      if (at(Keyword::Configuration, Keyword::InputOutput))
-        context.missingHeaders.insert(peek().keyword);
+    while (!atEnd())
+      stream.skip();
   }
   return make<IdentificationDivision>(begin, programId);
+}
+
+/// Whether PROGRAM-ID follows the two words and the period of a division header, which is next.
+bool ProgramParser::atProgramIdBehindHeader() {
+  return peek(peek(2).is(TokenKind::Period) ? 3 : 2).is(Keyword::ProgramId);
+}
+
+/// Whether a section or paragraph of the environment division begins a line, so that the header of
+/// the division is missing.
+bool ProgramParser::atEnvironmentPart() {
+  if (!peek().isFirstOnLine())
+    return false;
+  switch (peek().keyword) {
+  case Keyword::Configuration:
+  case Keyword::InputOutput:
+    return peek(1).is(Keyword::Section);
+  case Keyword::SourceComputer:
+  case Keyword::ObjectComputer:
+  case Keyword::SpecialNames:
+  case Keyword::Repository:
+  case Keyword::FileControl:
+  case Keyword::IOControl:
+    return peek(1).is(TokenKind::Period);
+  default:
+    return false;
+  }
 }
 
 /// PROGRAM-ID [.] program-name [[IS] {COMMON | INITIAL | RECURSIVE}... [PROGRAM]] [.]
@@ -272,6 +310,14 @@ ProgramIdParagraph *ProgramParser::parseProgramId() {
   bool isHeader = accept(Keyword::ProgramId);
   if (!isHeader) {
     expected("PROGRAM-ID");
+    // The header of the next division stands before PROGRAM-ID: it is known, and not missing later.
+    if (const Keyword division = divisionAt();
+        division != Keyword::None && division != Keyword::Procedure && atProgramIdBehindHeader()) {
+      context.missingHeaders.insert(division);
+      takeDivisionHeader(division);
+      expectPeriod();
+      return parseProgramId();
+    }
     // A word in the place of the header is a misspelt PROGRAM-ID.
     isHeader = peek().isWord() && peek(1).is(TokenKind::Period) && !atUnitBoundary() &&
                !atCommentParagraph();

@@ -20,6 +20,8 @@ private:
   IdentificationDivision *parseIdentificationDivision();
   ProgramIdParagraph *parseProgramId();
   Word *parseProgramName(const SourceRange &paragraph);
+  bool atProgramIdBehindHeader();
+  bool atEnvironmentPart();
   bool atCommentParagraph();
   bool acceptCommentParagraph(bool skipsEntry);
   bool skipClassOrFunction();

@@ -22,7 +22,7 @@ static constexpr ClauseSet reportClauses{
 void ReportParser::parseReportSection(DataDivision &division) {
   // One message for groups without a report, however many there are.
   bool isReported = false;
-  while (true) {
+  for (Progress progress(stream);; progress.ensure()) {
     // Only the word is missing.
     const bool isWordMissing =
         peek().isUserWord() && peek().isFirstOnLine() && reportClauses.contains(peek(1).keyword);
@@ -46,7 +46,7 @@ void ReportParser::parseReportSection(DataDivision &division) {
       parseReportGroups(nullptr);
     } else if (accept(TokenKind::Period) || skipEmbeddedBlock()) {
       continue;
-    } else if (atEntryBoundary(reportClauses)) {
+    } else if (atEntryBoundary(reportClauses) || atStrayProcedures()) {
       return;
     } else if (isRestOfEntry()) {
       noteMistake();
@@ -62,7 +62,14 @@ void ReportParser::parseReportSection(DataDivision &division) {
 
 void ReportParser::parseReportGroups(ReportDescription *report) {
   parseRecords(
-      groupClauses, [this](unsigned level) { return parseReportGroupEntry(level); },
+      groupClauses,
+      [&](unsigned level) {
+        DataDescription *entry = parseReportGroupEntry(level);
+        // What belongs to no report is not in the tree.
+        if (entry && !report)
+          context.diagnostics.getDamage().add(entry->getRange());
+        return entry;
+      },
       [&](DataDescription *group) {
         group->setStorageType(StorageType::Report);
         if (report)

@@ -25,7 +25,7 @@
 namespace tarka {
 
 /// A column behind that of any text.
-static constexpr unsigned endOfLine = 1U << 29;
+static constexpr unsigned endOfLine = SourceRange::maxColumn;
 
 /// The words with which statements and phrases of OS/VS COBOL begin. Without its option they are
 /// words like any other.
@@ -155,8 +155,10 @@ Outcome StatementParser::parseStatements(NodeList<Statement> &statements) {
   StatementList list;
   while (!recovery.isSentenceAbandoned()) {
     if (atStatement()) {
-      if (peek().isFirstOnLine())
+      if (peek().isFirstOnLine()) {
         recovery.resumeReporting();
+        context.statementColumn = here().beginColumn;
+      }
       const Token verb = peek();
       list.lastVerb = verb.keyword;
       list.lastIsWrong = false;
@@ -369,9 +371,11 @@ bool StatementParser::rejectWord(StatementList &list) {
       meant = suggestReservedWord(word.text);
     if (!meant.empty())
       error(DiagnosticId::MisspeltVerb, word.place, describe(word), meant);
-    else if (word.isWord())
+    else if (word.isWord()) {
       error(DiagnosticId::NotAStatement, word.place, describe(word));
-    else
+      if (word.isFirstOnLine() && !word.isUserWord())
+        recovery.noteStrayLine();
+    } else
       error(DiagnosticId::Expected, word.place, "a statement", describe(word));
     // A name at the beginning of a line is more likely meant for a verb.
     list.lastIsWrong = !word.isUserWord() || !word.isFirstOnLine();

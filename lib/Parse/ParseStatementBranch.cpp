@@ -184,7 +184,8 @@ StatementResult BranchStatements::parseGoto() {
       return nullptr;
     jump->setDependingName(selector);
   } else if (jump->getProcedureNameListSize() > 1) {
-    return expected("DEPENDING");
+    expect(Keyword::Depending);
+    return nullptr;
   }
   // GO TO without a target, which ALTER sets, ends its sentence; anything else is a wrong target.
   if (jump->getProcedureNameListSize() == 0 && !at(TokenKind::Period) && !atResumption(false))

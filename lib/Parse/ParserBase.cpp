@@ -47,6 +47,7 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
   const std::pair cutLine(cut->place.file, cut->place.beginLine);
   if (context.lastWrongLine != cutLine)
     context.diagnostics.report(cut->id, cut->place, cut->text);
+  damage.add(cut->place);
   context.lastWrongLine = cutLine;
   return false;
 }

@@ -88,6 +88,9 @@ struct ParserContext {
   /// The parser of their operands; null before the first one.
   std::shared_ptr<EmbeddedScratch> embeddedScratch;
   bool isInDeclaratives = false;
+  /// The columns in which the last paragraph and the last statement begin that begin a line.
+  unsigned paragraphColumn = 0;
+  unsigned statementColumn = 0;
   /// An END PROGRAM has named another program than the one that ends with it: others may follow
   /// that have no program to end.
   bool isNestingUncertain = false;
@@ -177,6 +180,23 @@ public:
     node->setRange(from(node->getRange()).getRange());
     return node;
   }
+
+  /// For loops over the constructs of a part of a program: each iteration begins further on than
+  /// the one before it. The branches of such a loop are meant to take tokens; where one takes none
+  /// of damaged text, ensure() at the end of the iteration leaves one out.
+  class Progress {
+  public:
+    explicit Progress(TokenStream &tokens) : stream(tokens) {}
+    void ensure() {
+      if (stream.getTaken() == taken)
+        stream.skip();
+      taken = stream.getTaken();
+    }
+
+  private:
+    TokenStream &stream;
+    uint64_t taken = stream.getTaken();
+  };
 
   /// Marks the tokens taken while it lives as damaged text. It is for loops that skip to a token at
   /// which parsing can resume.
@@ -295,14 +315,24 @@ public:
   /// in area A before a period, and any name before SECTION.
   ///
   /// Where the period of the sentence before it is missing, it must not be taken for an operand of
-  /// that sentence. In free form every line begins in area A, which proves nothing.
+  /// that sentence. In free form every line begins in area A, which proves nothing: there a name
+  /// counts that stands below the names of other paragraphs.
   bool atProcedureHeader() {
     const Token &name = peek();
     if (!name.isUserWord() && !name.is(TokenKind::IntegerLiteral))
       return false;
-    const bool isInAreaA = name.isInAreaA() && name.isInFixedForm();
     const Token &next = peek(1);
-    return next.is(Keyword::Section) || (isInAreaA && next.is(TokenKind::Period));
+    if (next.is(Keyword::Section))
+      return true;
+    if (!next.is(TokenKind::Period))
+      return false;
+    return name.isInFixedForm() ? name.isInAreaA() : isInParagraphColumn(name);
+  }
+  /// Whether \p name, of free form, begins a line in the column of the paragraphs before it, and
+  /// the statements are indented.
+  bool isInParagraphColumn(const Token &name) const {
+    return name.isFirstOnLine() && name.place.beginColumn == context.paragraphColumn &&
+           name.place.beginColumn < context.statementColumn;
   }
   bool atMisspeltSection();
   bool atDeclaratives();

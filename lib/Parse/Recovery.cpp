@@ -41,9 +41,25 @@ bool beginsSuppression(DiagnosticId id) {
   }
 }
 
+/// Whether the mistake \p id, found at the beginning of a line, can mean that the line stands one
+/// line too far up or down.
+static bool canBeStrayLine(DiagnosticId id) {
+  switch (id) {
+  case DiagnosticId::Expected:
+  case DiagnosticId::PeriodMissing:
+  case DiagnosticId::ReservedWord:
+  case DiagnosticId::UnknownClause:
+    return true;
+  default:
+    return false;
+  }
+}
+
 /// Whether the mistake \p id can come from a line that stands one line too far up or down.
 static bool canFollowStrayLine(DiagnosticId id) {
   switch (id) {
+  case DiagnosticId::Expected:
+  case DiagnosticId::ReservedWord:
   case DiagnosticId::DeclarativesOutOfPlace:
   case DiagnosticId::DivisionOutOfOrder:
   case DiagnosticId::HeaderMissing:
@@ -89,14 +105,24 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   // What an entry is without may be in the line of the mistake.
   if (id == DiagnosticId::LevelWithoutRecord)
     return isBehindMistake(place, near);
-  if (id == DiagnosticId::ClauseMissing)
+  if (id == DiagnosticId::ClauseMissing || id == DiagnosticId::DependingMissing)
     return lastIsStrayLine && isBehindMistake(place, near);
   if (!canFollowStrayLine(id) || !beginsLine(place))
     return false;
+  // Where two lines in succession lack something, one of them alone begins with a verb if they are
+  // exchanged.
+  const bool isLack = id == DiagnosticId::Expected || id == DiagnosticId::ReservedWord;
+  const bool wasLack = lastId == DiagnosticId::Expected || lastId == DiagnosticId::ReservedWord;
+  if (isLack && wasLack && lastIsAtVerb == stream.peek().isVerb())
+    return false;
+  // Periods can be missing in lines in succession.
+  if (!isLack && lastId == DiagnosticId::PeriodMissing)
+    return false;
+  constexpr unsigned nearWithComments = 3;
   // A header that is found too late follows the line that it is missing before.
   if (id == DiagnosticId::PeriodMissing && lastId == DiagnosticId::HeaderMissing)
     return isBehindMistake(place, 1);
-  return lastIsStrayLine && isBehindMistake(place, near);
+  return lastIsStrayLine && isBehindMistake(place, nearWithComments);
 }
 
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
@@ -111,8 +137,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
     lastMistake = place;
-    lastIsStrayLine =
-        beginsLine(place) && (id == DiagnosticId::Expected || id == DiagnosticId::NotAStatement);
+    lastIsStrayLine = !isCascade && beginsLine(place) && canBeStrayLine(id);
+    lastIsAtVerb = stream.peek().isVerb();
     lastId = id;
     // A misspelt verb is read as what it was meant to be, and of parts without their statement
     // those that belong together are known.

@@ -88,6 +88,12 @@ public:
   /// The line of the mistake in the sentence that makes the statements around it uncertain; 0 where
   /// there is none.
   unsigned getTornLine() const { return tornLine; }
+  /// The mistake that was found last is a line that begins with a word of another statement, so
+  /// that the line may stand in the wrong place.
+  void noteStrayLine() {
+    lastIsStrayLine = true;
+    lastIsAtVerb = false;
+  }
   /// Sets the line back to \p line: what came since was read to its end in spite of its mistakes.
   void resetTornLine(unsigned line) { tornLine = line; }
 
@@ -307,6 +313,7 @@ private:
   DiagnosticId lastId = DiagnosticId::Expected;
   /// Whether it was a line that does not begin as lines do there.
   bool lastIsStrayLine = false;
+  bool lastIsAtVerb = false;
   uint8_t strayParts = 0;
   /// What a misplaced period of this sentence and of the one before it have cut off.
   uint8_t cutParts = 0;

@@ -25,6 +25,8 @@ bool isNameCharacter(char c) {
 
 /// How many wrong names of files are compared with one another.
 constexpr std::size_t maxFiles = 100;
+/// A column behind that of any text.
+constexpr unsigned maxLineLength = SourceRange::maxColumn;
 /// As far as this a place is extended to the spaces around it.
 constexpr unsigned maxRun = 30;
 /// How many names the message of a missing copybook has.
@@ -125,8 +127,13 @@ private:
   llvm::SmallVector<const FileDescription *, 2> files;
 };
 
-/// Of an error about SIGN or VALUE the group that the clause is written for, else \p entry.
+/// Of an error about SIGN, USAGE or VALUE the group that the clause is written for, or the item
+/// that the condition-name belongs to; else \p entry.
 const DataDescription *clauseOwner(const DataDescription &entry, int number) {
+  if (isPictureAgainstUsage(number))
+    return groupWithUsage(entry);
+  if (isAboutConditionType(number))
+    return entry.getCondNameParent() ? entry.getCondNameParent() : &entry;
   auto hasClause = [number](const DataDescription &group) {
     return (isAboutSign(number) && group.getSign()) ||
            (isAboutGroupValue(number) && group.getValue());
@@ -137,6 +144,17 @@ const DataDescription *clauseOwner(const DataDescription &entry, int number) {
       owner = group;
   return owner;
 }
+
+/// How the names of one copybook or record begin: up to the first hyphen, that included. Empty for
+/// other names.
+llvm::StringRef prefixOf(llvm::StringRef name) {
+  const std::size_t hyphen = name.find('-');
+  return hyphen == llvm::StringRef::npos || hyphen < 2 ? llvm::StringRef()
+                                                       : name.take_front(hyphen + 1);
+}
+
+/// A field of a symbolic map is the name of a field in the map and one of these letters.
+constexpr llvm::StringLiteral mapSuffixes = "ACFHILOPV";
 
 /// Decides for each diagnostic whether it follows from another.
 class ConsequenceFinder {
@@ -154,6 +172,7 @@ public:
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }
+    countFamilies();
   }
 
   void remove();
@@ -162,6 +181,7 @@ private:
   static constexpr std::size_t none = noDiagnostic;
 
   SourceRange runAround(const SourceRange &place) const;
+  bool isTornInTwo(const Diagnostic &diagnostic) const;
   bool isTornFrom(const Diagnostic &left, const Diagnostic &right) const;
   std::size_t causeOfOuterName(std::size_t index, llvm::StringRef name);
   bool isWritten(const SourceRange &place) const;
@@ -173,6 +193,14 @@ private:
   std::size_t causeOfFault(std::size_t index);
   std::size_t causeOfPlace(const Diagnostic &diagnostic) const;
   std::size_t causeOfKind(std::size_t index);
+  std::size_t causeOfFamily(std::size_t index, llvm::StringRef name);
+  void countFamilies();
+  void noteMapNames(llvm::ArrayRef<std::string> names);
+  bool isMapName(llvm::StringRef name) const;
+  llvm::StringRef familyOf(llvm::StringRef name) const;
+  std::string nameOfFamily(llvm::StringRef name) const;
+  std::size_t causeOfSearchedTable(const SourceRange &place) const;
+  std::size_t causeOfRecordArea(std::size_t index) const;
   std::size_t causeOfProcedures(const Diagnostic &diagnostic);
   std::size_t causeOfAlteredParagraph(const Diagnostic &diagnostic);
   std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
@@ -210,6 +238,11 @@ private:
   /// The errors about data-names that nothing has.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> nameErrors;
   llvm::StringMap<std::size_t> namesOfUnknownDevices;
+  /// The undeclared names by the family that they belong to, and the first error about each family.
+  llvm::StringMap<llvm::StringSet<>> families;
+  llvm::StringMap<std::size_t> reportedFamilies;
+  static constexpr llvm::StringLiteral mapFamily = "*";
+  bool hasMapNames = false;
   /// The errors about procedure-names that nothing has.
   llvm::StringMap<std::size_t> unknownProcedures;
   /// The records and files of outer programs of which an item was reported that a nested one does
@@ -237,11 +270,25 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
     return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
+  // A parenthesis out of its place makes other operands of the text before it.
+  if (isAboutEmbedded(diagnostic.number) && !isUnreadText(diagnostic.number)) {
+    SourceRange line = place;
+    line.endLine = place.beginLine;
+    line.endColumn = maxLineLength;
+    if (const std::size_t cause = unreadTextIn(line); cause != none)
+      return cause;
+  }
   if (const std::size_t cause = causeOfProcedures(diagnostic); cause != none)
     return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
       (isUndefined(diagnostic.number) && isWritten(diagnostic.place)))
     if (const std::size_t cause = damage.ofFileWithoutRecords(); cause != none)
+      return cause;
+  if (isAboutRecordArea(diagnostic.number))
+    if (const std::size_t cause = causeOfRecordArea(index); cause != none)
+      return cause;
+  if (isAboutSearchedTable(diagnostic.number))
+    if (const std::size_t cause = causeOfSearchedTable(place); cause != none)
       return cause;
   if (isAboutMnemonicName(diagnostic.number))
     if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
@@ -262,6 +309,36 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
 }
 
+/// Why a SEARCH finds no index: the name of the index, which is not declared, stands in it or in
+/// the SET before it.
+std::size_t ConsequenceFinder::causeOfSearchedTable(const SourceRange &place) const {
+  constexpr unsigned near = 3;
+  const unsigned first = std::max(place.beginLine, near + 1) - near;
+  const auto name = nameErrors.lower_bound({place.file, {first, 1}});
+  const bool isNear = name != nameErrors.end() && name->first.first == place.file &&
+                      name->first.second.first <= place.endLine + near;
+  return isNear ? name->second : none;
+}
+
+/// Why a record or a statement does not go with its file: the records of another file are its own
+/// because the entry of that is missing, or the header of the next section is.
+std::size_t ConsequenceFinder::causeOfRecordArea(std::size_t index) const {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (!isInFileSection(diagnostic.number))
+    if (const std::size_t cause = damage.ofUndescribedFile(diagnostic.unit); cause != none)
+      return cause;
+  Involved involved;
+  involved.enter(diagnostic.node);
+  involved.enter(diagnostic.otherNode);
+  for (const DataDescription *item : involved.getEntries())
+    if (const std::size_t cause = causeOfItemOrFile(item, index); cause != none)
+      return cause;
+  for (const FileDescription *file : involved.getFiles())
+    if (const std::size_t cause = damage.of(file, index); cause != none)
+      return cause;
+  return none;
+}
+
 /// The error about a name within what the diagnostic points at: an operand of a clause or of a
 /// reference.
 std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
@@ -272,6 +349,72 @@ std::size_t ConsequenceFinder::causeWithin(std::size_t index) const {
                  first->second != index
              ? first->second
              : none;
+}
+
+/// The family of \p name: its prefix, or for one that can be in a symbolic map all such names.
+llvm::StringRef ConsequenceFinder::familyOf(llvm::StringRef name) const {
+  return isMapName(name) ? llvm::StringRef(mapFamily) : prefixOf(name);
+}
+
+std::string ConsequenceFinder::nameOfFamily(llvm::StringRef name) const {
+  return isMapName(name) ? "that look like fields of a map"
+                         : ("that begin with " + prefixOf(name)).str();
+}
+
+/// Whether \p name can be that of a field in a symbolic map, and of the undeclared names others can
+/// be fields of the same map.
+bool ConsequenceFinder::isMapName(llvm::StringRef name) const {
+  return hasMapNames && name.size() > 1 && !name.contains('-') && mapSuffixes.contains(name.back());
+}
+
+/// Notes whether two undeclared names differ in the letter at their ends alone, as the fields of a
+/// symbolic map do.
+void ConsequenceFinder::noteMapNames(llvm::ArrayRef<std::string> names) {
+  llvm::StringMap<std::string> stems;
+  for (const std::string &name : names) {
+    const llvm::StringRef text = name;
+    if (text.size() < 2 || text.contains('-') || !mapSuffixes.contains(text.back()))
+      continue;
+    const auto [first, isNew] = stems.try_emplace(text.drop_back(), name);
+    hasMapNames |= !isNew && first->second != name;
+  }
+}
+
+/// Notes which families of undeclared names are so large that their copybook or record is missing,
+/// most likely, and not each of them wrong: several names, and none that is declared.
+void ConsequenceFinder::countFamilies() {
+  constexpr unsigned fewest = 3;
+  std::vector<std::string> names;
+  for (const Diagnostic &diagnostic : diagnostics)
+    if (isAboutMissingName(diagnostic.number) && !isAboutProcedure(diagnostic.number) &&
+        !isAboutFile(diagnostic.number))
+      names.push_back(missingName(diagnostic));
+  noteMapNames(names);
+  for (const std::string &name : names)
+    if (!familyOf(name).empty())
+      families[familyOf(name)].insert(name);
+  llvm::StringSet<> small;
+  for (const auto &family : families)
+    if (family.second.size() < fewest)
+      small.insert(family.getKey());
+  for (const auto &family : small)
+    families.erase(family.getKey());
+  if (families.empty())
+    return;
+  for (const auto &[file, entries] : places.getEntries())
+    for (const DataDescription *entry : entries)
+      if (const Word *name = entry->getDataName())
+        families.erase(prefixOf(name->getWordData()));
+}
+
+/// The first error about the family of \p name.
+std::size_t ConsequenceFinder::causeOfFamily(std::size_t index, llvm::StringRef name) {
+  const llvm::StringRef family = familyOf(name);
+  if (family.empty() || !isAboutMissingName(diagnostics[index].number) ||
+      !families.contains(family))
+    return none;
+  const auto [first, isNew] = reportedFamilies.try_emplace(family, index);
+  return isNew ? none : first->second;
 }
 
 /// The error that says the same of another use of the name.
@@ -297,6 +440,13 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
     before.beginLine = std::max(before.beginLine, near + 1) - near;
     before.beginColumn = 1;
     return damage.between(before, diagnostic.place);
+  }
+  // The statements of a phrase may stand behind it, with the period that they need before them.
+  if (isAboutPhrase(diagnostic.number)) {
+    constexpr unsigned near = 4;
+    SourceRange behind = diagnostic.place;
+    behind.endLine = behind.endLine + near;
+    return damage.between(diagnostic.place, behind);
   }
   if (isInvalidStatement(diagnostic.number))
     for (const Declaratives *declarative : procedures->getDeclElements())
@@ -373,7 +523,7 @@ std::size_t ConsequenceFinder::causeOfUndeclared(std::size_t index, const std::s
   if (const auto first = reportedNames.find({reachOf(diagnostic, name), key});
       first != reportedNames.end())
     return first->second;
-  if (const std::size_t copybook = damage.missingCopybookFor(diagnostic); copybook != none)
+  if (const std::size_t copybook = damage.missingTextFor(diagnostic); copybook != none)
     return copybook;
   return damage.takeLostName(diagnostic, key);
 }
@@ -385,6 +535,16 @@ const SourceUnit *ConsequenceFinder::reachOf(const Diagnostic &diagnostic,
   if (!isAboutProcedure(diagnostic.number) && isUnknown(name, unit))
     while (unit && unit->getParent())
       unit = unit->getParent();
+  // A name that is there twice in an outer program is so in all that see it.
+  if (isAmbiguous(diagnostic.number)) {
+    auto entryFor = [&](const SourceUnit *one) -> const DataDescription * {
+      const Homonyms items = Scope(const_cast<SourceUnit *>(one)).findItems(&internString(name));
+      return items ? items.entries->front() : nullptr;
+    };
+    while (unit && unit->getParent() && entryFor(unit) &&
+           entryFor(unit) == entryFor(unit->getParent()))
+      unit = unit->getParent();
+  }
   return unit;
 }
 
@@ -444,7 +604,10 @@ std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
   if (fault == 0)
     return none;
   const Node *place = diagnostic.node;
-  if (const auto *entry = dynamic_cast<const DataDescription *>(place))
+  const auto *entry = dynamic_cast<const DataDescription *>(place);
+  if (!entry && isPictureAgainstUsage(diagnostic.number))
+    entry = places.entryAt(diagnostic.place);
+  if (entry)
     place = isWrongHierarchy(fault) ? entry->getOwner() : clauseOwner(*entry, diagnostic.number);
   const auto [first, isNew] = faults.try_emplace({place, fault}, index);
   return isNew ? none : first->second;
@@ -536,6 +699,14 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
   const auto first = reportedNames.find({reach, key});
   if (first != reportedNames.end())
     return first->second;
+  // A file of an outer program is not GLOBAL because its entry could not be read.
+  if (isAboutFile(diagnostic.number))
+    for (const SourceUnit *unit = diagnostic.unit ? diagnostic.unit->getParent() : nullptr; unit;
+         unit = unit->getParent())
+      for (const FileDescription *file :
+           Scope(const_cast<SourceUnit *>(unit)).findFiles(&internString(name)))
+        if (const std::size_t cause = damage.of(file, index); cause != none)
+          return cause;
   // Of a file, the SELECT or FD entry or the use is misspelt.
   if (isAboutFile(diagnostic.number))
     for (const std::size_t cause : reportedFiles)
@@ -543,9 +714,11 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
           (isNearFileName(name, nameIn(diagnostics[cause]).upper()) ||
            nameIn(diagnostics[cause]).equals_insensitive(diagnostic.suggestion)))
         return cause;
-  const bool isMisspelling = !diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion);
+  const bool isMisspelling =
+      (!diagnostic.suggestion.empty() && isSlip(name, diagnostic.suggestion)) ||
+      isTornInTwo(diagnostic);
   if (!isMisspelling) {
-    if (const std::size_t copybook = damage.missingCopybookFor(diagnostic); copybook != none)
+    if (const std::size_t copybook = damage.missingTextFor(diagnostic); copybook != none)
       return copybook;
     if (isAboutMissingName(diagnostic.number))
       if (const std::size_t lost = damage.takeLostName(diagnostic, key); lost != none)
@@ -561,12 +734,26 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return index - 1;
   if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
     return cause;
+  if (const std::size_t cause = causeOfFamily(index, name); cause != none)
+    return cause;
   reportedNames[{reach, key}] = index;
   if (isProcedure)
     unknownProcedures.try_emplace(name, index);
   if (isAboutFile(diagnostic.number) && reportedFiles.size() < maxFiles)
     reportedFiles.push_back(index);
   return none;
+}
+
+/// Whether the name and the word behind it are a declared name with a space in the place of a
+/// hyphen.
+bool ConsequenceFinder::isTornInTwo(const Diagnostic &diagnostic) const {
+  const SourceRange &place = diagnostic.place;
+  const llvm::StringRef line = lineOf(place.file, place.endLine);
+  const llvm::StringRef behind = sliceColumns(line, place.endColumn + 2, maxLineLength);
+  const llvm::StringRef rest = behind.take_while(isNameCharacter);
+  const std::string whole = (nameIn(diagnostic) + "-" + rest).str();
+  return !rest.empty() && sliceColumns(line, place.endColumn + 1, place.endColumn + 1) == " " &&
+         !isUnknown(llvm::StringRef(whole).upper(), diagnostic.unit);
 }
 
 /// Whether one character between the names of the two makes them one. A space may stand in the
@@ -607,6 +794,9 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
     const FileDescription *file = record->getFileDescription();
     const Node *owner = file ? static_cast<const Node *>(file) : record;
     const auto [first, isNew] = hiddenRecords.try_emplace(owner, index);
+    // The record that is GLOBAL may be another one, whose line is missing.
+    if (isNew)
+      damage.addLostName(index);
     return isNew ? none : first->second;
   }
   return none;
@@ -689,6 +879,12 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     if (isGroupWithPicture(diagnostic.number))
       if (const std::size_t cause = damage.ofEmptyGroupBefore(entry); cause != none)
         return cause;
+    if (isWrongHierarchy(diagnostic.number))
+      if (const std::size_t cause = damage.ofDamagedEntryBefore(entry); cause != none)
+        return cause;
+    if (isEmptyGroup(diagnostic.number))
+      if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)
+        return cause;
     // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
       if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
@@ -765,6 +961,7 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
   llvm::StringSet<> known;
   const Diagnostic *first = nullptr;
   unsigned count = 0;
+  const std::string nameOfCause = missingName(cause);
   for (const std::size_t consequence : consequences) {
     const Diagnostic &one = diagnostics[consequence];
     const bool isRepeated = one.number == cause.number && one.place.file == cause.place.file &&
@@ -773,7 +970,10 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
       continue;
     // The same name in another place.
     const bool isOneKind = isAboutKind(cause.number) && one.number == cause.number;
-    if ((isAboutName(cause.number) && isAboutName(one.number)) || isOneKind) {
+    const bool isOneName =
+        isAboutName(cause.number) && isAboutName(one.number) &&
+        !(reportedFamilies.contains(familyOf(nameOfCause)) && nameIn(one).upper() != nameOfCause);
+    if (isOneName || isOneKind) {
       cause.furtherPlaces.push_back(one.place);
       continue;
     }
@@ -785,8 +985,15 @@ void ConsequenceFinder::describeCause(std::size_t index, llvm::ArrayRef<std::siz
   }
   if (!first)
     return;
+  const std::size_t total = names.size();
+  if (isAboutName(cause.number) && total > 1) {
+    cause.notes.push_back({std::to_string(total) + " more names " + nameOfFamily(nameOfCause) +
+                               " are not declared either, first here: the COPY or the record that "
+                               "declares them may be missing; --all shows them",
+                           first->place, first->line});
+    return;
+  }
   if (isAboutCopy(cause.number) && !names.empty()) {
-    const std::size_t total = names.size();
     names.resize(std::min(total, maxNames));
     cause.text += "; " + std::to_string(total) + (total == 1 ? " name is" : " names are") +
                   " probably undefined because of it: " + llvm::join(names, ", ") +

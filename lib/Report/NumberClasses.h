@@ -44,9 +44,10 @@ inline bool isGroupWithPicture(int number) {
   return number == 3241 || number == 3279;
 }
 
-/// The front end's message about an entry before which its record is missing.
+/// The front end's messages about an entry before which its record, or the entry of the file or
+/// report that it belongs to, is missing.
 inline bool isMissingRecord(int number) {
-  return number == 250;
+  return 250 <= number && number <= 255;
 }
 
 /// The front end's message about a header that is missing.
@@ -114,6 +115,11 @@ inline bool isAboutAlteredParagraph(int number) {
   return number == 3406;
 }
 
+/// A phrase without statements.
+inline bool isAboutPhrase(int number) {
+  return number == 3471;
+}
+
 /// An argument that does not fit the parameter of the program called.
 inline bool isAboutArgument(int number) {
   return number == 3439;
@@ -151,10 +157,34 @@ inline bool isStrayEnd(int number) {
   return number == 424;
 }
 
-/// Numbers that say of an item that the entries behind it cannot belong to it: the line with the
-/// name that they belong to may be missing.
+/// Numbers that say of an item that the entries behind it cannot belong to it, or of an entry that
+/// it cannot belong to the item before it: the line with the name that they belong to may be
+/// missing.
 inline bool isMissingLine(int number) {
-  return number == 3241 || number == 3279 || number == 3294 || number == 3295;
+  return number == 3203 || number == 3241 || number == 3279 || number == 3294 || number == 3295;
+}
+
+/// A PICTURE that does not fit the USAGE of its item, which may be that of a group.
+inline bool isPictureAgainstUsage(int number) {
+  return number == 3242;
+}
+
+/// A FILE STATUS item in the records of a file: the header of the section that it belongs to may be
+/// missing.
+inline bool isInFileSection(int number) {
+  return number == 3122 || number == 3125;
+}
+
+/// Numbers that say that a file or its organization does not go with a record or with the statement
+/// for it: with the FD or SD entry of another file missing, its records belong to this one.
+inline bool isAboutRecordArea(int number) {
+  return isInFileSection(number) || number == 3550 || number == 3551 || number == 3559 ||
+         number == 3565 || number == 3574 || number == 5026 || number == 5027;
+}
+
+/// SEARCH of a table that has no index, among others.
+inline bool isAboutSearchedTable(int number) {
+  return number == 3492;
 }
 
 /// A data-name that is not declared.
@@ -217,6 +247,11 @@ inline bool isAboutGroupValue(int number) {
   return number == 3282 || number == 3283 || number == 3286;
 }
 
+/// Numbers that say that a condition-name does not have the type of its item.
+inline bool isAboutConditionType(int number) {
+  return number == 3294 || number == 3295;
+}
+
 /// A number for each fault that several checks find at one place, one after the other; 0 for other
 /// errors.
 inline int faultOf(int number) {
@@ -245,6 +280,8 @@ inline int faultOf(int number) {
   default:
     break;
   }
+  if (isAboutConditionType(number)) // values of the condition-names of one item
+    return number;
   if (isAboutProcedure(number))
     return 3401;
   if (3207 <= number && number <= 3211) // BLANK WHEN ZERO
@@ -255,8 +292,8 @@ inline int faultOf(int number) {
     return 3282;
   if (isAboutCurrencySign(number))
     return 3116;
-  // The literals of VALUE. Those of a condition-name have the same place, but are several.
-  return 3284 <= number && number <= 3299 && number != 3294 && number != 3295 ? 3284 : 0;
+  // The literals of VALUE.
+  return 3284 <= number && number <= 3299 ? 3284 : 0;
 }
 
 inline bool isAboutMove(int number) {

@@ -15,7 +15,7 @@ constexpr unsigned sequenceArea = 6;
 constexpr unsigned areaB = 12;
 constexpr unsigned maxColumn = 72;
 /// A column behind that of any text.
-constexpr unsigned maxLineLength = 1U << 29;
+constexpr unsigned maxLineLength = SourceRange::maxColumn;
 
 /// \p line without a sequence number and what is behind column 72.
 llvm::StringRef programText(llvm::StringRef line) {
@@ -24,9 +24,27 @@ llvm::StringRef programText(llvm::StringRef line) {
   return line.take_front(maxColumn).drop_front(isNumbered ? sequenceArea : 0);
 }
 
+bool startsWithDigit(llvm::StringRef text) {
+  return !text.empty() && llvm::isDigit(text.front());
+}
+
 bool isInAreaA(llvm::StringRef line) {
   const std::size_t margin = line.find_first_not_of(' ', sequenceArea);
   return sequenceArea < margin && margin < areaB - 1;
+}
+
+/// The file in whose records \p entry is; null for none.
+const FileDescription *fileOf(const DataDescription *entry) {
+  while (entry && entry->getOwner())
+    entry = entry->getOwner();
+  return entry ? entry->getFileDescription() : nullptr;
+}
+
+/// The file that \p node is or names; null for none.
+const FileDescription *fileNamedBy(const Node *node) {
+  if (const auto *name = dynamic_cast<const FileIdentifierExpression *>(node))
+    return name->getFileDescription();
+  return dynamic_cast<const FileDescription *>(node);
 }
 
 bool isTopLevel(const DataDescription &entry) {
@@ -48,11 +66,27 @@ ReportDamage::ReportDamage(const std::vector<Diagnostic> &report,
 
 /// Notes the errors of items that have the members of another entry, which is missing.
 void ReportDamage::noteMissingLines() {
-  for (const auto &[item, index] : entries)
-    if (isMissingLine(diagnostics[index].number) && ofEmptyGroupBefore(item) == noDiagnostic &&
+  for (const auto &[item, index] : entries) {
+    const int number = diagnostics[index].number;
+    const bool isMissing =
+        isMissingLine(number) || (isPictureAgainstUsage(number) && groupWithUsage(*item) != item);
+    if (isMissing && ofEmptyGroupBefore(item) == noDiagnostic &&
         places.entryAt(diagnostics[index].place) == item)
       lostNames.push_back(index);
+  }
   llvm::sort(lostNames);
+  // A FILE STATUS group of the wrong size may have the members of another record.
+  for (std::size_t i = 0; i < diagnostics.size(); ++i)
+    if (isInFileSection(diagnostics[i].number))
+      if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostics[i].node))
+        note(name->getDataDescription(), i);
+}
+
+const DataDescription *groupWithUsage(const DataDescription &entry) {
+  const DataDescription *group = &entry;
+  while (group && !group->getUsage())
+    group = group->getOwner();
+  return group ? group : &entry;
 }
 
 /// Notes what the error makes unreliable.
@@ -68,9 +102,20 @@ void ReportDamage::note(std::size_t index) {
   const auto *item = dynamic_cast<const DataDescription *>(diagnostic.node);
   if (!item || !item->isWritten())
     item = places.entryAt(diagnostic.place);
+  // A group that the front end left empty lacks nothing else.
+  if (item && isEmptyGroup(diagnostic.number) && !entries.contains(item))
+    missingTexts.push_back({index, item->getRange()});
   note(item, index);
   if (item && isGroupWithPicture(diagnostic.number))
     noteRecordBehind(*item, index);
+  if (isInFileSection(diagnostic.number))
+    if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostic.node))
+      note(fileOf(name->getDataDescription()), index);
+  if (isAboutFile(diagnostic.number))
+    undescribedFiles.try_emplace(diagnostic.unit, index);
+  if (const FileDescription *file = fileNamedBy(diagnostic.node);
+      file && isFileWithoutRecords(diagnostic.number))
+    missingTexts.push_back({index, file->getRange()});
   note(places.fileAt(diagnostic.place), index);
 }
 
@@ -112,7 +157,7 @@ void ReportDamage::noteText() {
     if (diagnostic.place.beginLine != 0)
       frontEndErrors.try_emplace({diagnostic.place.file, beginOf(diagnostic.place)}, i);
     if (isAboutCopy(diagnostic.number))
-      missingCopybooks.push_back(i);
+      missingTexts.push_back({i, diagnostic.place});
     if (isMissingPeriod(diagnostic.number) && diagnostic.place.beginLine > 1) {
       const llvm::StringRef line = lineOf(diagnostic.place.file, diagnostic.place.beginLine - 1);
       const llvm::StringRef word = programText(line).rtrim().rsplit(' ').second;
@@ -128,24 +173,54 @@ void ReportDamage::noteText() {
   for (const auto &[position, part] : places.getFileParts())
     if (const std::size_t cause = at(part.range); cause != noDiagnostic)
       note(part.file, cause);
+  for (const auto &[position, index] : frontEndErrors) {
+    noteFileBefore(index);
+    noteFileBehind(index);
+  }
   // What a damaged COPY would copy is missing as well.
   for (const char *verb : {"COPY", "INCLUDE"})
     for (const SourceRange &place : damagedText.findName(verb))
       if (const std::size_t index = nearestFrontEndError(place);
           beginOf(diagnostics[index].place) <= beginOf(place))
-        missingCopybooks.push_back(index);
+        missingTexts.push_back({index, diagnostics[index].place});
   for (const auto &[position, index] : frontEndErrors)
     if (!isAboutCopy(diagnostics[index].number))
       noteLostDeclaration(index);
   noteFilesWithoutRecords();
 }
 
+/// Behind the entry of a file, the error means that clauses of the entry are in another line, or
+/// that records behind the error belong to something else.
+void ReportDamage::noteFileBefore(std::size_t index) {
+  constexpr unsigned near = 2;
+  const SourceRange &place = diagnostics[index].place;
+  const ProgramPlaces::FilePart *part = places.filePartBefore(place);
+  if (!part || isMissingCopybook(diagnostics[index].number))
+    return;
+  const bool hasRecordBehind =
+      llvm::any_of(part->file->getRecordDescElements(), [&](const DataDescription *record) {
+        return record->getRange().file == place.file &&
+               beginOf(place) < beginOf(record->getRange());
+      });
+  if (hasRecordBehind || place.beginLine <= part->range.endLine + near)
+    note(part->file, index);
+}
+
+/// The first line of the entry of a file may have come behind the second one, where the error is.
+void ReportDamage::noteFileBehind(std::size_t index) {
+  const SourceRange &place = diagnostics[index].place;
+  const auto next = places.getFileParts().lower_bound({place.file, beginOf(place)});
+  if (next != places.getFileParts().end() && next->first.first == place.file &&
+      next->second.range.beginLine == place.beginLine + 1)
+    note(next->second.file, index);
+}
+
 /// The records of a file may be in the text that is missing.
 void ReportDamage::noteFilesWithoutRecords() {
-  for (const std::size_t index : missingCopybooks) {
-    const ProgramPlaces::FilePart *part = places.filePartBefore(diagnostics[index].place);
+  for (const MissingText &text : missingTexts) {
+    const ProgramPlaces::FilePart *part = places.filePartBefore(text.place);
     if (part && part->file->getRecordDescSize() == 0)
-      note(part->file, index);
+      note(part->file, text.error);
   }
 }
 
@@ -158,6 +233,9 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     // Where the period of a header is missing, the next line is wrong.
     if (isInAreaA(line) || isInAreaA(damagedLineBefore(place)))
       lostProcedures.push_back(index);
+    // An entry among the procedures belongs to the last record before them.
+    if (startsWithDigit(line.ltrim()))
+      note(entryBefore(place), index);
     return;
   }
   const DataDescription *entry = places.entryAt(place);
@@ -165,9 +243,12 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
                             (place.beginLine < entry->getRange().endLine ||
                              place.beginColumn <= entry->getRange().endColumn + 1U);
   // The index-names of a table can be in a line that is missing.
-  const bool isOfIndex = line.contains_insensitive(" INDEXED ") ||
-                         (isMissingPeriod(diagnostics[index].number) && place.beginLine > 1 &&
-                          lineOf(place.file, place.beginLine - 1).contains_insensitive(" OCCURS "));
+  const bool isOfIndex =
+      line.contains_insensitive(" INDEXED ") ||
+      (place.beginLine > 1 &&
+       lineOf(place.file, place.beginLine - 1).contains_insensitive(" INDEXED ")) ||
+      (isMissingPeriod(diagnostics[index].number) && entryBefore(place) &&
+       entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
     // A reserved word in the place of a name was meant to be the name, but for a clause and for
     // words that are no names in any language.
@@ -188,6 +269,16 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
   }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// The entry that begins last before \p place.
+const DataDescription *ReportDamage::entryBefore(const SourceRange &place) const {
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(place.file);
+  const auto *next = llvm::lower_bound(
+      ofFile, beginOf(place), [](const DataDescription *one, const SourcePosition &position) {
+        return beginOf(one->getRange()) < position;
+      });
+  return next == ofFile.begin() ? nullptr : *std::prev(next);
 }
 
 /// Whether the entry that the error at \p place concerns is in the tree with its name: the one that
@@ -217,7 +308,7 @@ void ReportDamage::noteLostLevel(std::size_t index) {
   llvm::erase_if(words, [](llvm::StringRef word) { return llvm::none_of(word, llvm::isAlnum); });
   if (words.size() <= 2 && !words.empty() && words.back().ends_with(".") &&
       llvm::any_of(words.front(), llvm::isAlpha))
-    missingCopybooks.push_back(index);
+    missingTexts.push_back({index, place});
   const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(place.file);
   const auto *next = llvm::lower_bound(
       ofFile, beginOf(place), [](const DataDescription *one, const SourcePosition &position) {
@@ -326,7 +417,10 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
   for (const auto &[position, index] : frontEndErrors) {
     const SourceRange &place = diagnostics[index].place;
     const llvm::StringRef line = programText(lineOf(place.file, place.beginLine));
-    const bool isOfHeader = line.ltrim().upper().starts_with("PROCEDURE") ||
+    // An entry among the procedures: its line and that of the header are exchanged.
+    const bool isEntry = places.isInProcedures(place) && startsWithDigit(line.ltrim());
+    const bool isOfHeader = line.contains_insensitive("PROCEDURE DIVISION") ||
+                            line.ltrim().upper().starts_with("PROCEDURE") || isEntry ||
                             (isMissingHeader(diagnostics[index].number) &&
                              llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
     if (isOfHeader && places.unitAt(place) != caller)
@@ -364,17 +458,24 @@ std::size_t ReportDamage::ofGroupWithPicture(const DataDescription *entry) const
 }
 
 std::size_t ReportDamage::ofEmptyGroupBefore(const DataDescription *entry) const {
-  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(entry->getRange().file);
-  const auto *next =
-      llvm::lower_bound(ofFile, beginOf(entry->getRange()),
-                        [](const DataDescription *one, const SourcePosition &position) {
-                          return beginOf(one->getRange()) < position;
-                        });
-  if (next == ofFile.begin())
-    return noDiagnostic;
-  const auto found = entries.find(*std::prev(next));
+  const auto found = entries.find(entryBefore(entry->getRange()));
   const bool isEmpty = found != entries.end() && isEmptyGroup(diagnostics[found->second].number);
   return isEmpty ? found->second : noDiagnostic;
+}
+
+std::size_t ReportDamage::ofDamagedEntryBefore(const DataDescription *entry) const {
+  const DataDescription *before = entryBefore(entry->getRange());
+  return before ? between(before->getRange(), entry->getRange()) : noDiagnostic;
+}
+
+std::size_t ReportDamage::ofGroupWithPictureBefore(const DataDescription *entry) const {
+  const DataDescription *before = entryBefore(entry->getRange());
+  return before ? ofGroupWithPicture(before) : noDiagnostic;
+}
+
+/// Whether the word at \p place goes on past column 72, as it does where two lines were joined.
+static bool isPastMargin(const SourceRange &place) {
+  return place.beginColumn <= maxColumn && maxColumn <= place.endColumn;
 }
 
 std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) {
@@ -382,8 +483,9 @@ std::size_t ReportDamage::ofDeclaration(llvm::StringRef name, bool isProcedure) 
   const auto [answer, isNew] = known.try_emplace(name.upper(), noDiagnostic);
   if (isNew)
     for (const SourceRange &place : damagedText.findName(name))
-      if (places.isInProcedures(place) ? (isProcedure ? beginsLine(place) : isBehindLevel(place))
-                                       : !isProcedure) {
+      if (places.isInProcedures(place)
+              ? (isProcedure ? beginsLine(place) || isPastMargin(place) : isBehindLevel(place))
+              : !isProcedure) {
         answer->second = nearestFrontEndError(place);
         break;
       }
@@ -399,7 +501,8 @@ std::size_t ReportDamage::takeLostName(const Diagnostic &diagnostic, const std::
   if (const auto known = foundNames.find(key); known != foundNames.end())
     return known->second;
   for (const auto &[word, index] : wordsWithoutPeriod)
-    if (const llvm::StringRef name = nameOfKey(key); !name.empty() && word.starts_with(name))
+    if (const llvm::StringRef name = nameOfKey(key);
+        !name.empty() && (word.starts_with(name) || (word.size() > 3 && name.starts_with(word))))
       return index;
   auto &lost = isAboutProcedure(diagnostic.number) ? lostProcedures
                : isAboutFile(diagnostic.number)    ? lostFiles
@@ -421,6 +524,13 @@ std::size_t ReportDamage::of(const DataDescription *entry, std::size_t except) c
 std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size_t except) const {
   for (; entry; entry = entry->getOwner())
     if (const auto found = entries.find(entry); found != entries.end() && found->second != except)
+      return found->second;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofUndescribedFile(const SourceUnit *unit) const {
+  for (; unit; unit = unit->getParent())
+    if (const auto found = undescribedFiles.find(unit); found != undescribedFiles.end())
       return found->second;
   return noDiagnostic;
 }
@@ -447,14 +557,16 @@ std::size_t ReportDamage::of(const FileDescription *file, std::size_t except) co
   return between(file->getRange(), behind);
 }
 
-std::size_t ReportDamage::missingCopybookFor(const Diagnostic &diagnostic) const {
-  for (const std::size_t index : missingCopybooks) {
-    const SourceRange &copy = diagnostics[index].place;
-    if (places.isInProcedures(copy) != isAboutProcedure(diagnostic.number))
+std::size_t ReportDamage::missingTextFor(const Diagnostic &diagnostic) const {
+  for (const auto &[index, place] : missingTexts) {
+    if (places.isInProcedures(place) != isAboutProcedure(diagnostic.number))
+      continue;
+    // A record or a group has no files.
+    if (isAboutFile(diagnostic.number) && !isOfFrontEnd(diagnostics[index].number))
       continue;
     // Of a copybook within another one it is not known what copies it.
     for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
-      if (copy.file != unit->getRange().file || places.isInUnit(copy, *unit))
+      if (place.file != unit->getRange().file || places.isInUnit(place, *unit))
         return index;
   }
   return noDiagnostic;

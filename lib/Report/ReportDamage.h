@@ -22,6 +22,10 @@ namespace tarka {
 /// In the place of the index of a diagnostic: there is none.
 constexpr std::size_t noDiagnostic = ~std::size_t(0);
 
+/// \p entry if it has a USAGE clause, else the nearest group around it that has one; \p entry where
+/// there is none.
+const DataDescription *groupWithUsage(const DataDescription &entry);
+
 /// The errors of a report by what they make unreliable. The functions return the index of the error
 /// that is responsible, or noDiagnostic.
 class ReportDamage {
@@ -64,10 +68,19 @@ public:
   std::size_t ofDeclaration(llvm::StringRef name, bool isProcedure);
   /// The error of a CURRENCY SIGN clause that holds in \p unit.
   std::size_t ofCurrencySigns(const SourceUnit *unit) const;
-  /// The missing copybook that may declare the name that \p diagnostic is about: one that is copied
-  /// among the procedures for the name of a procedure, else one that is copied before them, in the
-  /// unit or one around it.
-  std::size_t missingCopybookFor(const Diagnostic &diagnostic) const;
+  /// The error behind which the text is missing that may declare the name that \p diagnostic is
+  /// about: among the procedures for the name of a procedure, else before them, in the unit or one
+  /// around it.
+  std::size_t missingTextFor(const Diagnostic &diagnostic) const;
+  /// The first error of \p unit about a file without FD or SD entry, or without SELECT entry.
+  std::size_t ofUndescribedFile(const SourceUnit *unit) const;
+  /// The error of the front end in or behind the entry before \p entry.
+  std::size_t ofDamagedEntryBefore(const DataDescription *entry) const;
+  /// The error of \p entry that explains another wrong entry: a group without members, where the
+  /// entry before it has got them.
+  std::size_t ofGroupWithPictureBefore(const DataDescription *entry) const;
+  /// Notes that the error \p index can mean that one declaration is missing with its name.
+  void addLostName(std::size_t index) { lostNames.push_back(index); }
   /// The error that leaves a declaration without a name which may be the one that \p diagnostic is
   /// about. Each stands for one name only, which \p key identifies.
   std::size_t takeLostName(const Diagnostic &diagnostic, const std::string &key);
@@ -80,7 +93,10 @@ private:
   void noteLostDeclaration(std::size_t index);
   void noteLostLevel(std::size_t index);
   void noteFilesWithoutRecords();
+  void noteFileBefore(std::size_t index);
+  void noteFileBehind(std::size_t index);
   void noteMissingLines();
+  const DataDescription *entryBefore(const SourceRange &place) const;
   bool isNameKnown(const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;
   bool isBehindLevel(const SourceRange &place) const;
@@ -102,8 +118,14 @@ private:
   llvm::DenseMap<const Node *, std::size_t> operands;
   llvm::DenseMap<const SourceUnit *, std::size_t> currencySigns;
   std::size_t fileWithoutRecords = noDiagnostic;
-  /// Errors behind which text of unknown content is missing.
-  std::vector<std::size_t> missingCopybooks;
+  /// Errors that mean that text of unknown content is missing, and where: a copybook, the records
+  /// of a file, the members of a group.
+  struct MissingText {
+    std::size_t error;
+    SourceRange place;
+  };
+  std::vector<MissingText> missingTexts;
+  llvm::DenseMap<const SourceUnit *, std::size_t> undescribedFiles;
   /// Errors each of which leaves one declaration without its name, of data, files and procedures,
   /// and the undeclared names that they were taken for.
   std::vector<std::size_t> lostNames;

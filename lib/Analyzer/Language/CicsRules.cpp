@@ -104,13 +104,15 @@ private:
       if (isWordOfCommand(operand.getName()) && !operand.isWithArgument())
         return true;
       llvm::StringRef nearest = info.nearestOption(operand.getName());
-      if (nearest.empty())
+      // Words in succession that are no options are one mistake, such as a statement in the block.
+      if (nearest.empty() && !std::exchange(isInUnknownText, true))
         report.report(LanguageRule::CicsUnknownOption, operand, operand.getName(), name());
-      else
+      else if (!nearest.empty())
         report.report(LanguageRule::CicsMisspeltOption, operand, operand.getName(), name(),
                       nearest);
       return false;
     }
+    isInUnknownText = false;
     if (row == &info.anyOption) {
       checkCondition(operand);
       return true;
@@ -227,6 +229,8 @@ private:
   /// The option that was reported last because it has no argument.
   const CicsOptionInfo *withoutArgument = nullptr;
   bool isRepetitive = false;
+  /// Whether the operand before this one is no option.
+  bool isInUnknownText = false;
 };
 
 } // namespace

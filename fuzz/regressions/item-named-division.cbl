@@ -1,0 +1,8 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. P.
+       DATA DIVISION.
+       WORKING-STORAGE SECTION.
+       05  DIVISION             PIC XX.
+       01  A PIC X.
+       PROCEDURE DIVISION.
+           GOBACK.
