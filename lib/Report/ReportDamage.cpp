@@ -47,6 +47,13 @@ const FileDescription *fileNamedBy(const Node *node) {
   return dynamic_cast<const FileDescription *>(node);
 }
 
+/// Whether \p line begins with a word of a SELECT, FD or SD entry.
+bool isInFileEntry(llvm::StringRef line) {
+  static constexpr llvm::StringLiteral words[] = {
+      "SELECT", "FD", "SD", "BLOCK", "CODE-SET", "DATA", "LABEL", "LINAGE", "RECORD", "RECORDING"};
+  return llvm::is_contained(words, programText(line).ltrim().split(' ').first.upper());
+}
+
 bool isTopLevel(const DataDescription &entry) {
   return entry.getLevelNum() == 1 || entry.getLevelNum() == 77;
 }
@@ -238,6 +245,11 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
       note(entryBefore(place), index);
     return;
   }
+  if (isBeforeData(place)) {
+    if (isInFileEntry(line))
+      lostFiles.push_back(index);
+    return;
+  }
   const DataDescription *entry = places.entryAt(place);
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
@@ -259,16 +271,18 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     const bool isReserved = isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
                             !llvm::is_contained(noNames, word) &&
                             !llvm::StringRef(word).starts_with("END-");
-    const llvm::StringRef first = programText(line).ltrim().split(' ').first;
-    static constexpr llvm::StringLiteral fileWords[] = {"SELECT",   "FD",       "SD",    "BLOCK",
-                                                        "CODE-SET", "DATA",     "LABEL", "LINAGE",
-                                                        "RECORD",   "RECORDING"};
-    const bool isOfFile = llvm::is_contained(fileWords, first.upper());
     if (!isReserved)
-      (isOfFile ? lostFiles : lostNames).push_back(index);
+      (isInFileEntry(line) ? lostFiles : lostNames).push_back(index);
   }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// Whether \p place is before the data division of its unit, where no data is declared.
+bool ReportDamage::isBeforeData(const SourceRange &place) const {
+  const SourceUnit *unit = places.unitAt(place);
+  const DataDivision *data = unit ? unit->getDataDivision() : nullptr;
+  return data && data->getRange().file == place.file && beginOf(place) < beginOf(data->getRange());
 }
 
 /// The entry that begins last before \p place.
