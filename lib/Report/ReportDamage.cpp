@@ -246,7 +246,7 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
     return;
   }
   if (isBeforeData(place)) {
-    if (isInFileEntry(line))
+    if (isInFileEntry(line) && !isNameReserved(index))
       lostFiles.push_back(index);
     return;
   }
@@ -262,20 +262,24 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
       (isMissingPeriod(diagnostics[index].number) && entryBefore(place) &&
        entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
-    // A reserved word in the place of a name was meant to be the name, but for a clause and for
-    // words that are no names in any language.
-    const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
-    static constexpr llvm::StringLiteral noNames[] = {
-        "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
-        "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
-    const bool isReserved = isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
-                            !llvm::is_contained(noNames, word) &&
-                            !llvm::StringRef(word).starts_with("END-");
-    if (!isReserved)
+    if (!isNameReserved(index))
       (isInFileEntry(line) ? lostFiles : lostNames).push_back(index);
   }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// Whether the error is a reserved word that was meant to be a name, and not the beginning of a
+/// clause or a word that is no name in any language.
+bool ReportDamage::isNameReserved(std::size_t index) const {
+  static constexpr llvm::StringLiteral noNames[] = {
+      "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
+      "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
+  const SourceRange &place = diagnostics[index].place;
+  const std::string word =
+      sliceColumns(lineOf(place.file, place.beginLine), place.beginColumn, place.endColumn).upper();
+  return isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
+         !llvm::is_contained(noNames, word) && !llvm::StringRef(word).starts_with("END-");
 }
 
 /// Whether \p place is before the data division of its unit, where no data is declared.
