@@ -497,7 +497,9 @@ bool ParserBase::atEndOfDeclaratives() {
 bool ParserBase::atVerbOfTwoWords() {
   switch (peek().keyword) {
   case Keyword::Next:
-    return peek(1).is(Keyword::Sentence);
+    return peek(1).is(Keyword::Sentence) ||
+           (peek(1).isUserWord() && !peek(1).isFirstOnLine() &&
+            nearestKeyword(peek(1).text, Keyword::Sentence) != Keyword::None);
   case Keyword::Reset:
     return peek(1).is(Keyword::Trace);
   case Keyword::Suppress:
