@@ -297,8 +297,8 @@ private:
   const DataDescription *getSingleRenamed() const;
 
   unsigned levelNum = 0;
-  DescType type = DescType::Data;
-  StorageType storage = StorageType::None;
+  DescType type : 4 = DescType::Data;
+  StorageType storage : 4 = StorageType::None;
   std::uint8_t accessWay = 0;
   bool haveValueFlag : 1 = false;
   bool compilerMade : 1 = false;
@@ -312,6 +312,8 @@ private:
   enum class TableMembership : std::uint8_t { Unknown, Outside, Inside };
   mutable TableMembership tableMembership : 2 = TableMembership::Unknown;
   unsigned sourceOrder = 0;
+  /// The entry's index in the layout of its parent; the layout knows whether it is valid.
+  mutable unsigned layoutIndex = 0;
   Word *dataName = nullptr;
   DataDescription *parent = nullptr;
   std::list<DataDescription *> *children = nullptr;
@@ -326,8 +328,6 @@ private:
   /// The layout of the children; null for an entry without children and until it is needed.
   mutable GroupLayout *layout = nullptr;
   std::int64_t offsetSize = -1;
-  /// The entry's index in the layout of its parent; the layout knows whether it is valid.
-  mutable unsigned layoutIndex = 0;
 };
 
 } // namespace tarka

@@ -127,8 +127,16 @@ private:
   /// Null when there is not exactly one.
   static DataDescription *onlyOf(const Homonyms &homonyms);
 
-  /// Reads the entries that were added since the last lookup.
-  void updateIndex();
+  /// Reads the entries that were added since the last lookup, for most lookups none.
+  void updateIndex() {
+    const std::size_t roots = fileSection.size() + (workSection ? workSection->size() : 0) +
+                              localSection.size() + linkSection.size() + reportSection.size();
+    if (roots != indexedRoots) {
+      indexNewRoots();
+      indexedRoots = roots;
+    }
+  }
+  void indexNewRoots();
   /// Clears the index; the next lookup builds it again.
   void forgetIndex();
   /// Enters \p root and everything below it that is not in the index yet.
@@ -152,6 +160,8 @@ private:
   GrowingIndex<FileDescription, FileDescription *, std::list<FileDescription *>> fileIndex;
   GrowingIndex<ReportDescription, ReportDescription *, std::list<ReportDescription *>> reportIndex;
   unsigned indexedEntries = 0;
+  /// How many records, files and reports the index has read.
+  std::size_t indexedRoots = 0;
   ReadMark<std::list<DataDescription *>> indexedWork;
   ReadMark<std::list<DataDescription *>> indexedLocal;
   ReadMark<std::list<DataDescription *>> indexedLink;

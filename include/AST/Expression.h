@@ -13,6 +13,7 @@
 #include "AST/Kinds.h"
 #include "AST/Names.h"
 #include "llvm/Support/Casting.h"
+#include <algorithm>
 
 namespace tarka {
 
@@ -28,25 +29,29 @@ public:
 
   /// Digit positions and decimal places of the operand, set by the checks; 0 before.
   unsigned getSrcDigitNum() const { return srcDigitNum; }
-  void setSrcDigitNum(unsigned digits) { srcDigitNum = digits; }
+  void setSrcDigitNum(unsigned digits) { srcDigitNum = std::min(digits, maxDigits); }
   unsigned getSrcScale() const { return srcScale; }
-  void setSrcScale(unsigned scale) { srcScale = scale; }
+  void setSrcScale(unsigned scale) { srcScale = std::min(scale, maxDigits); }
 
 protected:
   Expression(const Node *at, ExpressionType type) : Node(at), exprType(type) {}
 
 private:
+  /// No number that is valid comes near it.
+  static constexpr unsigned maxDigits = (1U << 23) - 1;
+
   ExpressionType exprType;
 
 protected:
-  /// A few bytes for the subclasses, which fit beside the kind code.
+  /// Some bits for the subclasses, which fit beside the kind code.
   std::uint8_t subtype = 0;
-  bool flag = false;
+  std::uint64_t flag : 1 = false;
 
 private:
-  unsigned srcDigitNum = 0;
-  unsigned srcScale = 0;
+  std::uint64_t srcDigitNum : 23 = 0;
+  std::uint64_t srcScale : 23 = 0;
 };
+static_assert(sizeof(Expression) == sizeof(Node) + 8);
 
 //===----------------------------------------------------------------------===//
 // Literals
@@ -262,15 +267,19 @@ public:
   /// All but the position may be null.
   DataIdentifierExpression(const Node *at, QualifiedWord *name, SubscriptModifier *subscripts,
                            ReferenceModifier *reference)
-      : IdentifierExpression(at, ExpressionType::DataIdentifier), qualifiedWord(name),
-        subscriptMod(subscripts), referenceMod(reference) {}
+      : IdentifierExpression(at, ExpressionType::DataIdentifier), qualifiedWord(name) {
+    if (subscripts || reference)
+      modifiers = new (allocateForever(sizeof(Modifiers))) Modifiers{subscripts, reference};
+  }
 
   QualifiedWord *getQualifiedWord() const { return qualifiedWord; }
   void setQualifiedWord(QualifiedWord *name) { qualifiedWord = name; }
-  SubscriptModifier *getSubscriptMod() const { return subscriptMod; }
+  SubscriptModifier *getSubscriptMod() const { return modifiers ? modifiers->subscripts : nullptr; }
   DataDescription *getDataDescription() const override { return description; }
   void setDataDescription(DataDescription *bound) { description = bound; }
-  ReferenceModifier *getReferenceMod() const override { return referenceMod; }
+  ReferenceModifier *getReferenceMod() const override {
+    return modifiers ? modifiers->reference : nullptr;
+  }
 
   /// The category of the bound entry; alphanumeric or national when reference-modified.
   DataCategory getDataCategory() const override;
@@ -282,10 +291,15 @@ public:
   }
 
 private:
+  struct Modifiers {
+    SubscriptModifier *subscripts;
+    ReferenceModifier *reference;
+  };
+
   QualifiedWord *qualifiedWord;
   DataDescription *description = nullptr;
-  SubscriptModifier *subscriptMod;
-  ReferenceModifier *referenceMod;
+  /// Null for most identifiers, which have neither.
+  const Modifiers *modifiers = nullptr;
 };
 
 /// A file-name.

@@ -43,21 +43,30 @@ enum class Origin : std::uint8_t {
 
 /// The place of a construct: the physical file, lines and columns from 1, the end inclusive.
 /// All zero for a construct that has no place in the source.
+///
+/// Every node has one, so it takes sixteen bytes.
 struct SourceRange {
+  /// The greatest column; characters further right have it too.
+  static constexpr unsigned maxColumn = (1U << 22) - 1;
+  /// The greatest number of a file.
+  static constexpr unsigned maxFile = (1U << 18) - 1;
+
   SourceRange() = default;
   SourceRange(unsigned number, unsigned firstLine, unsigned firstColumn, unsigned lastLine,
               unsigned lastColumn)
-      : file(number), beginLine(firstLine), beginColumn(firstColumn), endLine(lastLine),
-        endColumn(lastColumn) {}
+      : beginLine(firstLine), endLine(lastLine), beginColumn(firstColumn), endColumn(lastColumn),
+        file(number) {}
 
-  unsigned file = 0;
   unsigned beginLine = 0;
-  unsigned beginColumn = 0;
   unsigned endLine = 0;
-  unsigned endColumn : 30 = 0;
+  // Packed, the fields lie in eight bytes without regard to the boundary between four and four.
+  [[gnu::packed]] unsigned beginColumn : 22 = 0;
+  [[gnu::packed]] unsigned endColumn : 22 = 0;
+  [[gnu::packed]] unsigned file : 18 = 0;
   /// The origin of the node that has this range.
   Origin origin : 2 = Origin::Source;
 };
+static_assert(sizeof(SourceRange) == 16 && alignof(SourceRange) == 4);
 
 /// The root of every tree object. It carries the source position of the construct.
 class Node {

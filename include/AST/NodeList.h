@@ -76,7 +76,7 @@ public:
     }
     Block *last = isBlock() ? block() : nullptr;
     if (!last || last->size == last->capacity)
-      last = grow();
+      last = growTo(std::max<std::size_t>(3, 2 * size()));
     elementsOf(last)[last->size++] = element;
   }
   void push_front(Type *element) {
@@ -84,6 +84,9 @@ public:
     std::rotate(begin(), end() - 1, end());
   }
   template <typename Iterator> void append(Iterator first, Iterator last) {
+    if (const std::size_t all = size() + std::distance(first, last);
+        all > 1 && !(isBlock() && all <= block()->capacity))
+      growTo(isBlock() ? std::max(all, 2 * size()) : all);
     for (; first != last; ++first)
       push_back(*first);
   }
@@ -115,13 +118,11 @@ private:
     return reinterpret_cast<Block *>(reinterpret_cast<std::uintptr_t>(slot) & ~std::uintptr_t(1));
   }
 
-  /// Moves the elements to a block with room for more.
-  Block *grow() {
-    const auto count = static_cast<std::uint32_t>(size());
-    const std::uint32_t capacity = std::max<std::uint32_t>(3, 2 * count);
+  /// Moves the elements to a block with room for \p capacity of them.
+  Block *growTo(std::size_t capacity) {
     auto *larger = static_cast<Block *>(
         allocateForever(sizeof(Block) + capacity * sizeof(Type *), alignof(Type *)));
-    *larger = {count, capacity};
+    *larger = {static_cast<std::uint32_t>(size()), static_cast<std::uint32_t>(capacity)};
     std::copy(begin(), end(), elementsOf(larger));
     slot = reinterpret_cast<Type *>(reinterpret_cast<std::uintptr_t>(larger) | 1);
     return larger;

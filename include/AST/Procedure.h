@@ -42,6 +42,8 @@ public:
 
   /// The sentences of a paragraph; of a section those before its first paragraph.
   TARKA_LIST_ADD(Sentence, sentences, Sent, Sent)
+  /// Appends several sentences, which takes exactly the memory that they need.
+  void addSents(llvm::ArrayRef<Sentence *> list) { sentences.append(list.begin(), list.end()); }
 
   /// Whether a performed range ends here, so that control can return from the end.
   bool isPerformThru() const { return performThru; }

@@ -16,7 +16,8 @@ using RoundedOperand = std::pair<Expression *, Word *>;
 
 /// A receiving operand in the memory of the nodes.
 inline RoundedOperand *makeRoundedOperand(Expression *operand, Word *rounded) {
-  return new (allocateForever(sizeof(RoundedOperand))) RoundedOperand(operand, rounded);
+  return new (allocateForever(sizeof(RoundedOperand), alignof(RoundedOperand)))
+      RoundedOperand(operand, rounded);
 }
 
 /// The base of the arithmetic statements: [[NOT] ON SIZE ERROR statements]...

@@ -31,8 +31,9 @@ public:
   StatementType getType() const { return kind; }
 
   /// Whether the checks have found that the statement's own operands, with all that they are made
-  /// of, name only items outside of tables, unmodified and none of them a condition-name. False
-  /// where the checks have not looked.
+  /// of, name only items outside of tables, unmodified and none of them a condition-name, and that
+  /// they hold no class condition and no division by a constant value. False where the checks have
+  /// not looked.
   bool hasPlainOperands() const { return plainOperands; }
   void setHasPlainOperands(bool plain) { plainOperands = plain; }
 

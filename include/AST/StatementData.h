@@ -92,10 +92,10 @@ public:
 
 private:
   bool corresponding = false;
+  unsigned moveRuleCount = 0;
   Expression *source = nullptr;
   NodeList<IdentifierExpression> targets;
   const MoveRule *moveRules = nullptr;
-  unsigned moveRuleCount = 0;
 };
 
 //===----------------------------------------------------------------------===//

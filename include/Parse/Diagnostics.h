@@ -72,11 +72,23 @@ public:
         addSpellingFix(id, place, firstOf(arguments...), lastOf(arguments...));
   }
 
+  /// Keeps a mistake that is not reported because it follows from another one: a report of all
+  /// findings has it.
+  template <typename... Arguments>
+  void suppress(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
+    const DiagnosticInfo &info = infoOf(id);
+    if (!isSilent && suppressed.size() < maxErrors && place.beginLine != 0)
+      suppressed.push_back(
+          {id, info.severity, place, llvm::formatv(info.text, arguments...).str(), {}});
+  }
+
   /// Adds \p edit as the fix of the latest diagnostic, which is \p id at \p place. Does nothing
   /// when that diagnostic was discarded.
   void addFix(DiagnosticId id, const SourceRange &place, TextEdit edit);
 
   llvm::ArrayRef<DiagnosticEntry> getEntries() const { return entries; }
+  /// What follows from these, in the order in which it was found.
+  llvm::ArrayRef<DiagnosticEntry> getSuppressed() const { return suppressed; }
   bool hasErrors() const { return errorCount != 0; }
   /// The number of errors and fatal errors reported so far.
   unsigned getErrorCount() const { return errorCount; }
@@ -112,6 +124,7 @@ private:
   }
 
   std::vector<DiagnosticEntry> entries;
+  std::vector<DiagnosticEntry> suppressed;
   SourceDamage damage;
   std::vector<CopiedFile> copies;
   unsigned errorCount = 0;

@@ -83,7 +83,7 @@ llvm::ArrayRef<DataDescription *> DataDivision::getVariableTables() {
   return variableTables;
 }
 
-void DataDivision::updateIndex() {
+void DataDivision::indexNewRoots() {
   auto readRecord = [this](DataDescription *record) { indexRecord(record); };
   indexedFiles.readOn(&fileSection, [&](FileDescription *file) {
     file->division = this;
@@ -123,6 +123,7 @@ void DataDivision::forgetIndex() {
   fileAndReportNames.clear();
   variableTables.clear();
   indexedEntries = 0;
+  indexedRoots = 0;
   indexedWork = indexedLocal = indexedLink = {};
   indexedFiles = {};
   indexedReports = {};

@@ -73,11 +73,11 @@ bool ArithmeticExpression::isInteger() const {
 DataCategory DataIdentifierExpression::getDataCategory() const {
   if (!description)
     return DataCategory::Unclassified;
-  return referenceMod ? categoryOfPart(*description) : description->getDataCategory();
+  return getReferenceMod() ? categoryOfPart(*description) : description->getDataCategory();
 }
 
 bool DataIdentifierExpression::isInteger() const {
-  return description && !referenceMod && holdsIntegers(*description);
+  return description && !getReferenceMod() && holdsIntegers(*description);
 }
 
 bool FunctionIdentifierExpression::isInteger() const {

@@ -171,8 +171,11 @@ unsigned internFileName(llvm::StringRef name) {
     shared.fileNumbers[""] = 0;
   }
   auto [entry, isNew] = shared.fileNumbers.try_emplace(name, shared.fileNames.size());
-  if (isNew)
+  if (isNew) {
+    if (entry->second > SourceRange::maxFile)
+      llvm::report_fatal_error("a program has too many files", /*gen_crash_diag=*/false);
     shared.fileNames.push_back(&internString(name));
+  }
   return entry->second;
 }
 

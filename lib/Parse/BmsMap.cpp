@@ -267,7 +267,7 @@ private:
     endMapset();
     wasOutOfPlace = false;
     out.isThere = true;
-    mapset.emplace();
+    mapset = std::make_unique<Mapset>();
     mapset->place = macro.place;
     mapset->name = checkName(macro, "a mapset", maxMapName, "");
     if (!macro.find("TYPE"))
@@ -557,7 +557,7 @@ private:
   SourceDiagnostics &diagnostics;
   SymbolicMap out;
 
-  std::optional<Mapset> mapset;
+  std::unique_ptr<Mapset> mapset; ///< null outside of a mapset
   std::optional<MapWriter> writer;
   std::unique_ptr<BmsMapDefinition> map; ///< the one being read; null between maps
   llvm::StringSet<> names;               ///< of the fields and groups of the map

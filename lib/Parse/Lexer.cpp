@@ -573,8 +573,8 @@ void Lexer::readEmbeddedText(Token &token) {
   auto noteRuns = [&](llvm::StringRef piece, size_t offset) {
     const SourceRange whole = lines.rangeOf(piece.begin(), piece.end() - 1);
     runs.push_back({static_cast<std::uint32_t>(offset), whole.beginLine, whole.beginColumn});
-    const bool isSimple =
-        whole.beginLine == whole.endLine && whole.endColumn - whole.beginColumn + 1 == piece.size();
+    const std::size_t columns = whole.endColumn - whole.beginColumn + 1;
+    const bool isSimple = whole.beginLine == whole.endLine && columns == piece.size();
     if (isSimple || lines.hasControlBytes())
       return;
     // Tabs, characters of several bytes, continued lines.

@@ -250,7 +250,8 @@ void LineReader::take(const PhysicalLine &line, const char *begin, const char *f
   textEnd = end;
   lineStart = line.start;
   lineNumber = line.number;
-  isPlain = line.isPlain;
+  bytesAreColumns = line.isPlain;
+  isPlain = bytesAreColumns && end - lineStart < SourceRange::maxColumn;
   controlBytes = line.controlBytes;
   segments.clear();
 }
@@ -458,7 +459,7 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
   firstText = text + indent;
   textEnd = text + joined.size();
   areaB = text + std::min(areaASize, joined.size());
-  isPlain = false;
+  isPlain = bytesAreColumns = false;
   controlBytes = control;
   currentSegment = 0;
 }
@@ -472,7 +473,7 @@ unsigned LineReader::columnOf(const char *start, const char *at) {
     ColumnCounter counter(tabWidth);
     for (const char *from = start; from < at; ++from)
       counter.pass(*from);
-    return counter.getColumn();
+    return std::min(counter.getColumn(), SourceRange::maxColumn);
   }
   const char *behind = at < fileEnd ? at + 1 : at;
   if (countedLine != start || behind < countedTo) {
@@ -481,7 +482,7 @@ unsigned LineReader::columnOf(const char *start, const char *at) {
   }
   countedColumns += std::count_if(countedTo, behind, [](char c) { return !isContinuationByte(c); });
   countedTo = behind;
-  return std::max(countedColumns, 1u);
+  return std::clamp(countedColumns, 1u, SourceRange::maxColumn);
 }
 
 void LineReader::locate(const char *at, unsigned &line, unsigned &column) {
@@ -503,13 +504,17 @@ void LineReader::locate(const char *at, unsigned &line, unsigned &column) {
 }
 
 SourceRange LineReader::rangeOfUnplain(const char *first, const char *last) {
-  SourceRange range;
-  range.file = fileNumber;
-  locate(first, range.beginLine, range.beginColumn);
-  unsigned endColumn = 0;
-  locate(last, range.endLine, endColumn);
-  range.endColumn = endColumn;
-  return range;
+  if (bytesAreColumns) {
+    auto columnOfByte = [this](const char *at) {
+      return static_cast<unsigned>(
+          std::min<std::ptrdiff_t>(at - lineStart + 1, SourceRange::maxColumn));
+    };
+    return {fileNumber, lineNumber, columnOfByte(first), lineNumber, columnOfByte(last)};
+  }
+  unsigned beginLine = 0, beginColumn = 0, endLine = 0, endColumn = 0;
+  locate(first, beginLine, beginColumn);
+  locate(last, endLine, endColumn);
+  return {fileNumber, beginLine, beginColumn, endLine, endColumn};
 }
 
 } // namespace tarka

@@ -149,7 +149,8 @@ private:
   const char *areaB = nullptr;
   const char *lineStart = nullptr;
   unsigned lineNumber = 0;
-  bool isPlain = true;
+  bool bytesAreColumns = true; ///< no tab, no character of several bytes, not continued
+  bool isPlain = true;         ///< the same, and no column is too great for a place
   bool controlBytes = false;
   /// The pieces of a continued line, empty when it is not continued.
   llvm::SmallVector<Segment, 4> segments;

@@ -382,8 +382,8 @@ void ParserBase::missingPeriod() {
   error(DiagnosticId::PeriodMissing, place, describe(peek()));
   // It goes after the last token, where that is in the same text.
   const SourceRange &last = stream.getLastPlace();
-  const bool isBefore = std::make_pair(last.endLine, last.endColumn) <
-                        std::make_pair(place.beginLine, place.beginColumn);
+  const bool isBefore = last.endLine < place.beginLine ||
+                        (last.endLine == place.beginLine && last.endColumn < place.beginColumn);
   if (last.file == place.file && last.endLine != 0 && isBefore) {
     SourceRange behind = last;
     behind.beginLine = last.endLine;
@@ -497,7 +497,9 @@ bool ParserBase::atEndOfDeclaratives() {
 bool ParserBase::atVerbOfTwoWords() {
   switch (peek().keyword) {
   case Keyword::Next:
-    return peek(1).is(Keyword::Sentence);
+    return peek(1).is(Keyword::Sentence) ||
+           (peek(1).isUserWord() && !peek(1).isFirstOnLine() &&
+            nearestKeyword(peek(1).text, Keyword::Sentence) != Keyword::None);
   case Keyword::Reset:
     return peek(1).is(Keyword::Trace);
   case Keyword::Suppress:

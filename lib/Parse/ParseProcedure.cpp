@@ -168,14 +168,16 @@ Paragraph *ProcedureParser::parseParagraph() {
   complete(paragraph);
   if (at(Keyword::Note))
     skipNote(/*isWholeParagraph=*/true);
+  llvm::SmallVector<Sentence *, 64> sentences;
   for (Progress progress(stream); atProcedureBody(); progress.ensure()) {
     if (accept(TokenKind::Period))
       continue;
     if (headerKind() != HeaderKind::None)
       break;
     if (Sentence *sentence = parseSentence())
-      paragraph->addSent(sentence);
+      sentences.push_back(sentence);
   }
+  paragraph->addSents(sentences);
   return complete(paragraph);
 }
 

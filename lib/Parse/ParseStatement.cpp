@@ -25,7 +25,7 @@
 namespace tarka {
 
 /// A column behind that of any text.
-static constexpr unsigned endOfLine = 1U << 29;
+static constexpr unsigned endOfLine = SourceRange::maxColumn;
 
 /// The words with which statements and phrases of OS/VS COBOL begin. Without its option they are
 /// words like any other.

@@ -308,14 +308,25 @@ StatementResult BranchStatements::parsePerform() {
 StatementResult BranchStatements::parsePerformInline(PerformStatement *perform, bool isComplete) {
   if (!isComplete)
     skipToStatement();
+  // PERFORM PERFORM ...: the second one is too much, unless END-PERFORM shows otherwise.
+  const Token first = peek();
+  const bool isDoubled = first.is(Keyword::Perform) && !first.isFirstOnLine() &&
+                         stream.getLastPlace().endLine == first.place.beginLine &&
+                         perform->getRange().endLine == stream.getLastPlace().endLine &&
+                         perform->getRange().endColumn == stream.getLastPlace().endColumn;
   NodeList<Statement> statements;
   parseStatements(statements);
   for (Statement *statement : statements)
     perform->addInlineStatement(statement);
   // One message is enough for a statement that did not get as far.
   if (!accept(Keyword::EndPerform)) {
-    if (isComplete && recovery.getTornLine() == 0 && !recovery.hasUnmatchedEnd())
-      expect(Keyword::EndPerform);
+    const bool isReported =
+        !isComplete || recovery.getTornLine() != 0 || recovery.hasUnmatchedEnd();
+    if (!isReported && isDoubled)
+      error(DiagnosticId::ReservedWord, first.place, "a procedure-name", first.text);
+    else if (!isReported)
+      expect(Keyword::EndPerform, "END-PERFORM for the PERFORM in line " +
+                                      std::to_string(perform->getRange().beginLine));
     isComplete = false;
   }
   return isComplete ? complete(perform) : StatementResult(Outcome::Discarded);
@@ -390,7 +401,7 @@ StatementResult BranchStatements::parseContinue() {
 StatementResult BranchStatements::parseNextSentence() {
   SourceRange begin = here();
   accept(Keyword::Next);
-  accept(Keyword::Sentence);
+  expect(Keyword::Sentence);
   return make<NextSentenceStatement>(begin);
 }
 

@@ -89,14 +89,14 @@ Failure ParserBase::expected(llvm::StringRef what) {
   return error(DiagnosticId::Expected, place, what, describe(peek()));
 }
 
-bool ParserBase::expect(Keyword keyword) {
+bool ParserBase::expect(Keyword keyword, llvm::StringRef shown) {
   if (accept(keyword))
     return true;
   recovery.noteMissing(keyword);
   if (recovery.wasStray(keyword))
     noteMistake();
   else
-    expected(textOf(keyword));
+    expected(shown.empty() ? textOf(keyword) : shown);
   // The keyword misspelt is taken for it.
   bool isMisspelt = peek().isUserWord() && nearestKeyword(peek().text, keyword) != Keyword::None &&
                     !isNamed(peek());

@@ -130,16 +130,20 @@ public:
   template <typename First, typename... Rest> bool acceptAny(First first, Rest... rest) {
     return accept(first) || (accept(rest) || ...);
   }
-  /// Takes the keyword or token, or reports that it is missing.
-  bool expect(Keyword keyword);
+  /// Takes the keyword or token, or reports that it is missing. In the message, \p shown stands for
+  /// the keyword unless it is empty.
+  bool expect(Keyword keyword, llvm::StringRef shown = "");
   bool expect(TokenKind kind);
   /// Reports that \p what is missing here and what was found instead.
   Failure expected(llvm::StringRef what);
-  /// Reports \p id at \p place with the values of its {0}, {1} ..., unless it is suppressed.
+  /// Reports \p id at \p place with the values of its {0}, {1} ..., or keeps it as a consequence of
+  /// an earlier mistake.
   template <typename... Arguments>
   Failure error(DiagnosticId id, const SourceRange &place, Arguments &&...arguments) {
     if (isToBeReported(id, place))
       context.diagnostics.report(id, place, std::forward<Arguments>(arguments)...);
+    else
+      context.diagnostics.suppress(id, place, std::forward<Arguments>(arguments)...);
     return {};
   }
 
@@ -308,7 +312,8 @@ public:
   /// What begins with the next token where a sentence may begin.
   HeaderKind headerKind() {
     const Token &name = peek();
-    const bool isPossible = name.isWord() ? !name.isVerb() : name.is(TokenKind::IntegerLiteral);
+    const bool isPossible =
+        name.isWord() ? !name.isVerb() || atVerbAsName() : name.is(TokenKind::IntegerLiteral);
     return isPossible ? headerKindOfName() : HeaderKind::None;
   }
   /// Whether the next word begins a paragraph or a section, so that it cannot be an operand: a name
@@ -334,6 +339,15 @@ public:
     return name.isUserWord() && name.isFirstOnLine() &&
            name.place.beginColumn == context.paragraphColumn &&
            name.place.beginColumn < context.statementColumn && !isNamed(name);
+  }
+  /// Whether a verb that needs operands stands in area A before a period: it is meant for the name
+  /// of a paragraph.
+  bool atVerbAsName() {
+    const Token &verb = peek();
+    return verb.isFirstOnLine() && verb.isInAreaA() && verb.isInFixedForm() &&
+           peek(1).is(TokenKind::Period) && peek(2).isFirstOnLine() &&
+           !verb.isOneOf(Keyword::Continue, Keyword::Exit, Keyword::Goback, Keyword::Note,
+                         Keyword::Go, Keyword::Stop, Keyword::Sort, Keyword::Suppress);
   }
   bool atMisspeltSection();
   bool atDeclaratives();

@@ -15,7 +15,7 @@ void SourceDamage::add(const SourceRange &place) {
     return;
   const unsigned lastLine = std::max(place.beginLine, place.endLine);
   for (unsigned line = place.beginLine; line <= lastLine; ++line) {
-    const Columns added = {line == place.beginLine ? place.beginColumn : 1,
+    const Columns added = {line == place.beginLine ? place.beginColumn : 1U,
                            line == place.endLine ? place.endColumn : endOfLine};
     auto &known = lines[{place.file, line}];
     if (llvm::none_of(known, [&](const Columns &columns) {

@@ -69,6 +69,10 @@ std::string describe(const Token &token) {
     return "the end of the file";
   if (token.is(TokenKind::Period))
     return "a period";
+  // The minus of A- B.
+  if (token.is(TokenKind::Minus) && !token.isPrecededBySpace() && !token.isFirstOnLine() &&
+      !token.isJoinedToNext())
+    return "a hyphen at the end of a word";
   // A token of a line of a megabyte is shown by its beginning.
   constexpr std::size_t shown = 60;
   std::string text = ("'" + token.spelling.take_front(shown)).str();

@@ -26,7 +26,7 @@ bool isNameCharacter(char c) {
 /// How many wrong names of files are compared with one another.
 constexpr std::size_t maxFiles = 100;
 /// A column behind that of any text.
-constexpr unsigned maxLineLength = 1U << 29;
+constexpr unsigned maxLineLength = SourceRange::maxColumn;
 /// As far as this a place is extended to the spaces around it.
 constexpr unsigned maxRun = 30;
 /// How many names the message of a missing copybook has.
@@ -46,9 +46,20 @@ llvm::StringRef nameIn(const Diagnostic &diagnostic) {
   return llvm::StringRef(diagnostic.subject).split(" OF ").first;
 }
 
+/// Whether two letters next to each other are exchanged in \p part. It has three letters or more.
+bool isExchange(llvm::StringRef part, llvm::StringRef meant) {
+  if (part.size() != meant.size() || part.size() < 3)
+    return false;
+  std::size_t at = 0;
+  while (at < part.size() && part[at] == meant[at])
+    ++at;
+  return at + 1 < part.size() && part[at] == meant[at + 1] && part[at + 1] == meant[at] &&
+         part.substr(at + 2) == meant.substr(at + 2);
+}
+
 /// Whether \p name could be a slip of the pen for \p meant: one slip within a part between hyphens
-/// that has four letters or more. The names of one record often differ in a short part or a number,
-/// which is no sign of a mistake.
+/// that has four letters or more, or two letters exchanged. The names of one record often differ in
+/// a short part or a number, which is no sign of a mistake.
 bool isSlip(llvm::StringRef name, llvm::StringRef meant) {
   llvm::SmallVector<llvm::StringRef, 8> parts;
   llvm::SmallVector<llvm::StringRef, 8> meantParts;
@@ -61,6 +72,10 @@ bool isSlip(llvm::StringRef name, llvm::StringRef meant) {
     if (part.equals_insensitive(meantPart))
       continue;
     const bool isLong = std::min(part.size(), meantPart.size()) >= 4;
+    if (isExchange(part.upper(), meantPart.upper())) {
+      ++different;
+      continue;
+    }
     if (!isLong || llvm::any_of(part, llvm::isDigit) || llvm::any_of(meantPart, llvm::isDigit) ||
         spellingDistance(part.upper(), meantPart.upper(), 1) > 1)
       return false;
@@ -164,10 +179,11 @@ public:
       : diagnostics(report), lineOf(lookup), places(program),
         damage(report, places, damagedText, lookup), causes(report.size(), none) {
     for (std::size_t i = 0; i < report.size(); ++i) {
+      const SourceRange &place = report[i].place;
       if (isUnreadText(report[i].number))
-        unreadTexts.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+        unreadTexts.try_emplace({place.file, beginOf(place)}, i);
       if (isUndefined(report[i].number))
-        nameErrors.try_emplace({report[i].place.file, beginOf(report[i].place)}, i);
+        nameErrors.try_emplace({place.file, beginOf(place)}, i);
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
     }

@@ -15,7 +15,7 @@ constexpr unsigned sequenceArea = 6;
 constexpr unsigned areaB = 12;
 constexpr unsigned maxColumn = 72;
 /// A column behind that of any text.
-constexpr unsigned maxLineLength = 1U << 29;
+constexpr unsigned maxLineLength = SourceRange::maxColumn;
 
 /// \p line without a sequence number and what is behind column 72.
 llvm::StringRef programText(llvm::StringRef line) {
@@ -45,6 +45,13 @@ const FileDescription *fileNamedBy(const Node *node) {
   if (const auto *name = dynamic_cast<const FileIdentifierExpression *>(node))
     return name->getFileDescription();
   return dynamic_cast<const FileDescription *>(node);
+}
+
+/// Whether \p line begins with a word of a SELECT, FD or SD entry.
+bool isInFileEntry(llvm::StringRef line) {
+  static constexpr llvm::StringLiteral words[] = {
+      "SELECT", "FD", "SD", "BLOCK", "CODE-SET", "DATA", "LABEL", "LINAGE", "RECORD", "RECORDING"};
+  return llvm::is_contained(words, programText(line).ltrim().split(' ').first.upper());
 }
 
 bool isTopLevel(const DataDescription &entry) {
@@ -238,6 +245,11 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
       note(entryBefore(place), index);
     return;
   }
+  if (isBeforeData(place)) {
+    if (isInFileEntry(line) && !isNameReserved(index))
+      lostFiles.push_back(index);
+    return;
+  }
   const DataDescription *entry = places.entryAt(place);
   const bool isLevelKnown = entry && beginOf(entry->getRange()) < beginOf(place) &&
                             (place.beginLine < entry->getRange().endLine ||
@@ -250,25 +262,31 @@ void ReportDamage::noteLostDeclaration(std::size_t index) {
       (isMissingPeriod(diagnostics[index].number) && entryBefore(place) &&
        entryBefore(place)->getOccurs());
   if (!isNameKnown(place) || isOfIndex || isMissingRecord(diagnostics[index].number)) {
-    // A reserved word in the place of a name was meant to be the name, but for a clause and for
-    // words that are no names in any language.
-    const std::string word = sliceColumns(line, place.beginColumn, place.endColumn).upper();
-    static constexpr llvm::StringLiteral noNames[] = {
-        "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
-        "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
-    const bool isReserved = isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
-                            !llvm::is_contained(noNames, word) &&
-                            !llvm::StringRef(word).starts_with("END-");
-    const llvm::StringRef first = programText(line).ltrim().split(' ').first;
-    static constexpr llvm::StringLiteral fileWords[] = {"SELECT",   "FD",       "SD",    "BLOCK",
-                                                        "CODE-SET", "DATA",     "LABEL", "LINAGE",
-                                                        "RECORD",   "RECORDING"};
-    const bool isOfFile = llvm::is_contained(fileWords, first.upper());
-    if (!isReserved)
-      (isOfFile ? lostFiles : lostNames).push_back(index);
+    if (!isNameReserved(index))
+      (isInFileEntry(line) ? lostFiles : lostNames).push_back(index);
   }
   if (!isLevelKnown)
     noteLostLevel(index);
+}
+
+/// Whether the error is a reserved word that was meant to be a name, and not the beginning of a
+/// clause or a word that is no name in any language.
+bool ReportDamage::isNameReserved(std::size_t index) const {
+  static constexpr llvm::StringLiteral noNames[] = {
+      "AND", "ASSIGN", "BY", "ELSE",   "IF",   "IN", "IS",    "MOVE",
+      "NOT", "OF",     "OR", "STATUS", "THEN", "TO", "VALUE", "VALUES"};
+  const SourceRange &place = diagnostics[index].place;
+  const std::string word =
+      sliceColumns(lineOf(place.file, place.beginLine), place.beginColumn, place.endColumn).upper();
+  return isReservedWord(diagnostics[index].number) && !beginsLine(place) &&
+         !llvm::is_contained(noNames, word) && !llvm::StringRef(word).starts_with("END-");
+}
+
+/// Whether \p place is before the data division of its unit, where no data is declared.
+bool ReportDamage::isBeforeData(const SourceRange &place) const {
+  const SourceUnit *unit = places.unitAt(place);
+  const DataDivision *data = unit ? unit->getDataDivision() : nullptr;
+  return data && data->getRange().file == place.file && beginOf(place) < beginOf(data->getRange());
 }
 
 /// The entry that begins last before \p place.

@@ -96,6 +96,8 @@ private:
   void noteFileBefore(std::size_t index);
   void noteFileBehind(std::size_t index);
   void noteMissingLines();
+  bool isNameReserved(std::size_t index) const;
+  bool isBeforeData(const SourceRange &place) const;
   const DataDescription *entryBefore(const SourceRange &place) const;
   bool isNameKnown(const SourceRange &place) const;
   bool beginsLine(const SourceRange &place) const;

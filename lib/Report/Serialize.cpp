@@ -10,13 +10,15 @@ namespace {
 // The members of each structure are named once, in the order in which they are sent; Archive is a
 // Writer or a Reader.
 template <typename Archive> void transfer(Archive &archive, SourceRange &place) {
-  archive.file(place.file);
-  archive.number(place.beginLine);
-  archive.number(place.beginColumn);
-  archive.number(place.endLine);
   // A bit-field cannot be passed by reference.
-  unsigned endColumn = place.endColumn;
+  unsigned file = place.file, beginColumn = place.beginColumn, endColumn = place.endColumn;
+  archive.file(file);
+  archive.number(place.beginLine);
+  archive.number(beginColumn);
+  archive.number(place.endLine);
   archive.number(endColumn);
+  place.file = file;
+  place.beginColumn = beginColumn;
   place.endColumn = endColumn;
 }
 

@@ -26,7 +26,7 @@ public:
     // A file is copied for the first time from one that was opened before it, so this ends.
     SourceRange at = place;
     while (true) {
-      path.emplace_back(at.beginLine, at.beginColumn);
+      path.emplace_back(at.beginLine, static_cast<unsigned>(at.beginColumn));
       const auto copied = files.find(at.file);
       if (at.file == main || copied == files.end())
         break;

@@ -36,8 +36,8 @@ PROCEDURE DIVISION.
     DISPLAY CELLS (0, 0). *> expect: 3528 3528
     DISPLAY ROW-NAME (-1). *> expect: 5001
 
-    *> An item with decimal places is accepted as a numeric item.
-    DISPLAY ROW-NAME (WITH-SCALE) ROW-NAME (ZERO).
+    *> An item with decimal places is accepted as a numeric item, with a warning.
+    DISPLAY ROW-NAME (WITH-SCALE) ROW-NAME (ZERO). *> expect: 5010
     DISPLAY ROW-NAME (1.5). *> expect: 3301
     DISPLAY ROW-NAME (TEXT-ITEM). *> expect: 3301
     DISPLAY ROW-NAME (EDITED). *> expect: 3301

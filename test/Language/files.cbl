@@ -15,6 +15,15 @@
            select i assign to i organization indexed record key i-key.
            select l assign to l.
            select sf assign to sf.
+           select random-1 assign to random-1 organization sequential
+             access random. *> expect: 5032
+           select old-isam assign to old-isam
+             access random record key old-key.
+           select len assign to len.
+           select len-2 assign to len-2.
+           select len-3 assign to len-3.
+           select page-1 assign to page-1.
+           select page-2 assign to page-2.
        data division.
        file section.
        fd f.
@@ -33,6 +42,22 @@
        sd sf.
        1 sf-record.
         2 sk pic x(10).
+       fd random-1 record contains 0 characters.
+       1 random-record pic x.
+       fd old-isam.
+       1 old-record.
+        2 old-key pic x(4).
+       fd len record contains 20 characters.
+       1 len-short pic x(10).
+       1 len-long pic x(21). *> expect: 5037
+       fd len-2 record contains 20 to 10 characters. *> expect: 5036
+       1 len-2-record pic x(15).
+       fd len-3 record contains 20 characters. *> expect: 5038
+       1 len-3-record pic x(19).
+       fd page-1 linage 0. *> expect: 5034
+       1 page-record pic x.
+       fd page-2 linage 10 footing 11. *> expect: 5035
+       1 page-2-record pic x.
        working-storage section.
        1 k pic 9(4).
        1 x pic x(5).
@@ -58,6 +83,7 @@
            read q invalid key display x end-read *> expect: 5027
            read d at end display x end-read
            read d invalid key display x end-read
+           read d at end continue invalid key continue end-read *> expect: 5033
            write f-record at end-of-page display x end-write *> expect: 5024
            write l-record at end-of-page display x end-write
            write l-record after page at end-of-page display x *> expect: 5025

@@ -6,6 +6,7 @@
        1 n pic 99.
          88 n-on value 1.
        1 x pic x(5).
+       1 decimals pic 9v9.
        1 nat pic n(5) usage national.
        1 tab.
         2 e occurs 5 indexed ix iw pic 9.
@@ -26,6 +27,7 @@
            move e(-1) to x *> expect: 5001
            move e(2 + 4) to x *> expect: 5001
            move e(0) to x *> expect: 3528
+           move e(decimals) to x(n:1) *> expect: 5010:19
            move e(ix + 4) to x
            move e(ix + 5) to x *> expect: 5001
            move e(ix - 5) to x

@@ -76,6 +76,8 @@ FileReport Compilation::check() {
   if (showsSummary(request))
     report.lines = lines.textOf(internFileName(file)).count('\n');
   report.diagnostics = collectFindings(file, frontEnd, handler, secondPass, lines);
+  if (request.all)
+    addSuppressed(report.diagnostics, file, frontEnd, lines);
   const bool isComplete = !isFrontEndOnly() && !frontEnd.hasFatalError();
   selectFindings(report.diagnostics, file, isComplete, request.selection, lines);
   if (!request.all)

@@ -242,6 +242,13 @@ std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiag
   return findings;
 }
 
+void addSuppressed(std::vector<Diagnostic> &findings, llvm::StringRef file,
+                   const FrontEndDiagnostics &frontEnd, SourceLines &lines) {
+  FindingCollector collector(file, lines);
+  for (const DiagnosticEntry &entry : frontEnd.getSuppressed())
+    findings.push_back(collector.convert(entry));
+}
+
 void selectFindings(std::vector<Diagnostic> &findings, llvm::StringRef file, bool isComplete,
                     const Selection &selection, SourceLines &lines) {
   SourceSuppressions suppressions(lines);

@@ -26,6 +26,10 @@ std::vector<Diagnostic> collectFindings(llvm::StringRef file, const FrontEndDiag
                                         const ErrorHandler &handler,
                                         llvm::ArrayRef<ErrorEntry> secondPass, SourceLines &lines);
 
+/// Adds the mistakes that the front end did not report because they follow from others.
+void addSuppressed(std::vector<Diagnostic> &findings, llvm::StringRef file,
+                   const FrontEndDiagnostics &frontEnd, SourceLines &lines);
+
 /// Of \p findings those that comments in the source and \p selection leave, with the severity that
 /// they give. Adds warnings for comments of \p file that turn nothing off, when \p isComplete says
 /// that everything was checked.

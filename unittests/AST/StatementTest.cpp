@@ -45,13 +45,14 @@ TEST(StatementTest, FamiliesKnowTheirMembers) {
 }
 
 // A program has a million statements: the kind code, the format and the flags must fit in behind
-// the position.
-TEST(StatementTest, OneByteMembersTakeNoRoom) {
-  EXPECT_EQ(sizeof(ContinueStatement), sizeof(Node));
-  EXPECT_EQ(sizeof(ExitPerformStatement), sizeof(Node) + sizeof(void *));
-  EXPECT_EQ(sizeof(MoveStatement), sizeof(Node) + 4 * sizeof(void *));
-  EXPECT_EQ(sizeof(IfStatement), sizeof(Node) + 3 * sizeof(void *));
-  EXPECT_EQ(sizeof(ReadStatement), sizeof(Node) + 4 * sizeof(void *));
+// the position, in the space of one pointer.
+TEST(StatementTest, SmallMembersShareOneWord) {
+  constexpr std::size_t head = sizeof(Node) + sizeof(void *);
+  EXPECT_EQ(sizeof(ContinueStatement), head);
+  EXPECT_EQ(sizeof(ExitPerformStatement), head + sizeof(void *));
+  EXPECT_EQ(sizeof(MoveStatement), head + 3 * sizeof(void *));
+  EXPECT_EQ(sizeof(IfStatement), head + 3 * sizeof(void *));
+  EXPECT_EQ(sizeof(ReadStatement), head + 4 * sizeof(void *));
 }
 
 TEST(StatementTest, ConstructorsTakeListsAndPosition) {

@@ -3,6 +3,7 @@
 #include "AST/DataDescription.h"
 #include "AST/ExpressionVisitor.h"
 #include "AST/Program.h"
+#include "Analyzer/CheckerState.h"
 #include "Analyzer/CompileOption.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/EnterpriseRules.h"
@@ -324,6 +325,7 @@ bool SemanticChecker::checkSameGroup(DataDescription *left, DataDescription *rig
 //===----------------------------------------------------------------------===//
 
 bool SemanticChecker::semanticCheck(ClassCondition &condition) {
+  state->hasPlainOperands = false;
   bool ok = semanticCheck(*condition.getLeft());
   if (condition.getType() != ClassConditionType::ClassName &&
       condition.getType() != ClassConditionType::NotClassName)

@@ -225,6 +225,8 @@ bool SemanticChecker::semanticCheck(ArithmeticExpression &expression) {
       if (!semanticCheck(*second))
         return false;
       takeOperand(*second);
+      if (link->getOperator() == ArithmeticExprType::Divide && llvm::isa<LiteralExpression>(second))
+        state->hasPlainOperands = false;
     }
     operand1Ok = ok;
   }

@@ -94,7 +94,7 @@ void EmbeddedCheck::check(ExecStatement &block, SourceUnit &unit) {
   checkNames(*command, unit);
   checkLabels(*command, unit);
   // Options have names; what could not be read has none.
-  if (command->getLanguage() != ExecType::Sql && !report.isTreeIncomplete())
+  if (command->getLanguage() != ExecType::Sql)
     if (EmbeddedOperand *unread = command->find(""))
       report.report(LanguageRule::EmbeddedUnexpectedText, *unread, command->getName());
   if (auto *cics = llvm::dyn_cast<CicsCommand>(command))
@@ -121,7 +121,7 @@ void EmbeddedCheck::checkName(DataIdentifierExpression &name, SourceUnit &unit) 
       report.report(LanguageRule::EmbeddedNameNotUnique, name, words.front()->getDisplayName());
     return;
   }
-  if (report.isTreeIncomplete() || isSupplied(words.front()->getWordData()) ||
+  if (isSupplied(words.front()->getWordData()) ||
       !reportedNames.insert({&unit, &words.front()->getWordData()}).second)
     return;
   std::string shown;
@@ -134,7 +134,7 @@ void EmbeddedCheck::checkName(DataIdentifierExpression &name, SourceUnit &unit) 
 /// The procedure-names that HANDLE and WHENEVER name.
 void EmbeddedCheck::checkLabels(EmbeddedCommand &command, SourceUnit &unit) {
   ProcedureDivision *division = unit.getProcDivision();
-  if (!division || report.isTreeIncomplete())
+  if (!division)
     return;
   for (EmbeddedOperand *operand : command.getOperandElements()) {
     Word *label = operand->getWord();

@@ -45,7 +45,85 @@ void checkStatus(const ParaFileControl &entry, LanguageReport &report) {
                   countOf(characters, "character"));
 }
 
+/// Without an ORGANIZATION clause old programs say with the name of the device what the file is.
+void checkAccess(ParaFileControl &entry, LanguageReport &report) {
+  if (entry.getAccess() && entry.getAccess()->getType() != AccessType::Sequential &&
+      entry.getOrganization() && isSequential(entry))
+    report.report(LanguageRule::AccessNotSequential, *entry.getAccess(),
+                  entry.getFileName()->getDisplayName(),
+                  nameOf(entry.getAccess()->getType()).lower());
+}
+
+//===----------------------------------------------------------------------===//
+// FD
+//===----------------------------------------------------------------------===//
+
+/// The value of an integer literal of the source; nothing for an item, and for a length that the
+/// checks have made of the records.
+std::optional<std::int64_t> integerOf(const Expression *operand) {
+  const auto *literal = llvm::dyn_cast_or_null<NumericLiteralExpression>(operand);
+  if (!literal || !literal->isInteger() || literal->getRange().origin != Origin::Source)
+    return std::nullopt;
+  return literal->getIntegerValue();
+}
+
+void checkLinage(const FileDescription &file, LanguageReport &report) {
+  const ClauseLinage *linage = file.getLinage();
+  if (!linage)
+    return;
+  const std::string &name = file.getFileName()->getDisplayName();
+  const std::optional<std::int64_t> lines = integerOf(linage->getNumOfLines());
+  const std::optional<std::int64_t> footing = integerOf(linage->getWithFootingAt());
+  if (lines && *lines < 1)
+    report.report(LanguageRule::LinageTooSmall, *linage->getNumOfLines(), name);
+  else if (footing && (*footing < 1 || (lines && *footing > *lines)))
+    report.report(LanguageRule::FootingOutsidePage, *linage->getWithFootingAt(), name, *footing,
+                  lines ? countOf(*lines, "line") : "lines from 1");
+}
+
+void checkRecordLengths(FileDescription &file, LanguageReport &report) {
+  const ClauseRecord *clause = file.getRecord();
+  if (!clause)
+    return;
+  const std::string &name = file.getFileName()->getDisplayName();
+  const std::optional<std::int64_t> least = integerOf(clause->getMinLength());
+  const std::optional<std::int64_t> most = integerOf(clause->getMaxLength());
+  if (least && most && *least > *most) {
+    report.report(LanguageRule::RecordLengthsReversed, *clause->getMinLength(), name, *least,
+                  *most);
+    return;
+  }
+  // RECORD CONTAINS n gives one length, which stands as the smallest one. With 0 the length is that
+  // of the data set.
+  const bool isFixed = !clause->getIsVarying() && !clause->getMaxLength();
+  const std::optional<std::int64_t> limit = isFixed ? least : most;
+  if (!limit || *limit <= 0)
+    return;
+  std::int64_t longest = 0;
+  for (DataDescription *record : file.getRecordDescElements()) {
+    if (record->isTooLarge() || record->getAllocSize() <= 0)
+      return;
+    longest = std::max(longest, record->getAllocSize());
+    if (record->getAllocSize() > *limit && record->getDataName())
+      report.report(LanguageRule::RecordLongerThanFile, *record->getDataName(),
+                    record->getDataName()->getDisplayName(),
+                    countOf(record->getAllocSize(), "character"), name, *limit);
+  }
+  if (isFixed && longest > 0 && longest < *limit)
+    report.report(LanguageRule::RecordShorterThanFile, *clause->getMinLength(), name,
+                  countOf(longest, "character"), *limit);
+}
+
 } // namespace
+
+void checkFileDescriptions(DataDivision &division, LanguageReport &report) {
+  for (FileDescription *file : division.getFileSectionElements()) {
+    checkLinage(*file, report);
+    // Of a damaged source a record can have lost some of its items.
+    if (!report.isTreeIncomplete())
+      checkRecordLengths(*file, report);
+  }
+}
 
 void checkFileControl(SourceUnit &unit, LanguageReport &report) {
   InputOutputSection *section = unit.getInputOutputSection();
@@ -62,8 +140,10 @@ void checkFileControl(SourceUnit &unit, LanguageReport &report) {
         diagnostic->addNote("first selected here", *known->second->getFileName());
       continue;
     }
-    if (!report.isTreeIncomplete())
+    if (!report.isTreeIncomplete()) {
       checkKeys(*entry, report);
+      checkAccess(*entry, report);
+    }
     checkStatus(*entry, report);
     const bool isDescribed = division && !division->findFiles(name.getWordData()).empty();
     if (!isDescribed && !report.isTreeIncomplete())
@@ -102,6 +182,11 @@ public:
         return phrase->getType() == type;
       });
     };
+    if (has(ExceptionHandlerType::AtEnd) && has(ExceptionHandlerType::InvalidKey)) {
+      report.report(LanguageRule::ReadPhrasesMixed, *statement.getFileName(),
+                    statement.getFileName()->getFileName()->getDisplayName());
+      return;
+    }
     if (statement.isNextRecord())
       checkAccess("READ NEXT", *statement.getFileName(), AccessType::Random);
     // AT END belongs to reading the next record, INVALID KEY to reading by a key.

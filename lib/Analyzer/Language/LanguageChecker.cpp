@@ -50,6 +50,7 @@ public:
     current = &unit;
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision()) {
+      checkFileDescriptions(*division, report);
       checkRecords(*division, report);
       checkVariableTables(*division, report);
       checkReportEntries(*division, report);

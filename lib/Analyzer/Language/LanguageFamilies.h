@@ -3,6 +3,7 @@
 #ifndef TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
 #define TARKA_LIB_ANALYZER_LANGUAGEFAMILIES_H
 
+#include "AST/Condition.h"
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
@@ -10,7 +11,8 @@
 
 namespace tarka {
 
-/// SELECT entries and what statements do with files, FileRules.cpp.
+/// SELECT and FD entries and what statements do with files, FileRules.cpp.
+void checkFileDescriptions(DataDivision &division, LanguageReport &report);
 void checkFileControl(SourceUnit &unit, LanguageReport &report);
 void checkFileStatement(Statement &statement, LanguageReport &report);
 
@@ -19,6 +21,12 @@ void checkRecords(DataDivision &division, LanguageReport &report);
 void checkVariableTables(DataDivision &division, LanguageReport &report);
 void checkReportEntries(DataDivision &division, LanguageReport &report);
 void checkOperands(Statement &statement, LanguageReport &report);
+
+/// Conditions, and the values of a condition-name, ConditionRules.cpp.
+void checkClassCondition(ClassCondition &condition, LanguageReport &report);
+void checkConditionValues(const DataDescription &name, LanguageReport &report);
+/// The ranges after WHEN.
+void checkRanges(const EvaluateStatement &statement, LanguageReport &report);
 
 /// The arguments of a function, FunctionRules.cpp.
 void checkArguments(FunctionIdentifierExpression &function, LanguageReport &report);
@@ -31,6 +39,9 @@ struct StatementContext {
 
 /// USING and RETURNING of a procedure division, StatementRules.cpp.
 void checkParameters(ProcedureDivision &division, LanguageReport &report);
+
+/// What a number is divided by, StatementRules.cpp.
+void checkDivisor(Expression &divisor, LanguageReport &report);
 
 /// Other rules of one statement, StatementRules.cpp.
 void checkStatement(Statement &statement, const StatementContext &context, LanguageReport &report);

@@ -154,6 +154,9 @@ class TableCheck : public ExpressionVisitor<TableCheck> {
 public:
   explicit TableCheck(LanguageReport &languageReport) : report(languageReport) {}
 
+  /// A division by zero is no mistake where ON SIZE ERROR handles it.
+  void setHandlesSizeError(bool handles) { handlesSizeError = handles; }
+
   void check(Expression *operand, OperandPlace where = OperandPlace::Statement) {
     if (!operand)
       return;
@@ -181,8 +184,10 @@ public:
   void visitDataIdentifierExpression(DataIdentifierExpression &identifier) {
     const OperandPlace where = place;
     if (SubscriptModifier *subscripts = identifier.getSubscriptMod())
-      for (Expression *subscript : subscripts->getSubscriptElements())
+      for (Expression *subscript : subscripts->getSubscriptElements()) {
         checkNumber(subscript);
+        checkInteger(*subscript);
+      }
     checkParts(identifier.getReferenceMod());
     const DataDescription *entry = identifier.getDataDescription();
     if (!entry || !identifier.getQualifiedWord())
@@ -211,6 +216,8 @@ public:
     const OperandPlace where = place;
     Expression *first = &expression;
     while (auto *link = llvm::dyn_cast<ArithmeticExpression>(first)) {
+      if (link->getOperator() == ArithmeticExprType::Divide && !handlesSizeError)
+        checkDivisor(*link->getOperand2(), report);
       check(link->getOperand2(), where);
       first = link->getOperand1();
     }
@@ -233,6 +240,7 @@ private:
     } else if (auto *abbreviated = llvm::dyn_cast<AbbrRelationalCondition>(&condition)) {
       check(abbreviated->getRight());
     } else if (auto *ofClass = llvm::dyn_cast<ClassCondition>(&condition)) {
+      checkClassCondition(*ofClass, report);
       check(ofClass->getLeft());
     } else if (auto *sign = llvm::dyn_cast<SignCondition>(&condition)) {
       check(sign->getOperand());
@@ -249,6 +257,15 @@ private:
     check(operand);
     if (auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(operand))
       checkNotConditionName(*identifier);
+  }
+
+  /// Items with decimals pass as subscripts with the checks before this pass, which look for
+  /// numbers only.
+  void checkInteger(Expression &subscript) {
+    if (entryOfDataIdentifier(subscript) && !isConditionName(subscript) &&
+        subscript.getDataCategory() == DataCategory::Numeric && !subscript.isInteger())
+      report.report(LanguageRule::SubscriptNotInteger, subscript,
+                    nameOf(llvm::cast<DataIdentifierExpression>(subscript)));
   }
 
   void checkParts(ReferenceModifier *modifier) {
@@ -357,6 +374,7 @@ private:
 
   LanguageReport &report;
   OperandPlace place = OperandPlace::Statement;
+  bool handlesSizeError = false;
 };
 
 } // namespace
@@ -364,6 +382,10 @@ private:
 void checkRecords(DataDivision &division, LanguageReport &report) {
   constexpr std::int64_t mostBytes = 2'147'483'647;
   auto checkRecord = [&](DataDescription *record) {
+    forEachEntry(record, [&](const DataDescription *entry) {
+      if (isConditionName(*entry))
+        checkConditionValues(*entry, report);
+    });
     // The level numbers 66, 77 and 88 with OCCURS have been reported.
     if (record->getLevelNum() == 1 && record->getOccurs())
       report.report(LanguageRule::OccursOnRecord, *record, displayNameOf(*record));
@@ -416,6 +438,8 @@ void checkOperands(Statement &statement, LanguageReport &report) {
   if (statement.hasPlainOperands())
     return;
   TableCheck check(report);
+  if (const auto *arithmetic = llvm::dyn_cast<ArithmeticStatement>(&statement))
+    check.setHandlesSizeError(arithmetic->getSizeErrorHandlerSize() > 0);
   forEachOperand(
       statement, [&](Expression &operand, OperandRole) { check.check(&operand); },
       [&](Condition &condition, OperandRole) { check.check(&condition); });

@@ -1,0 +1,207 @@
+//===- ConditionRules.cpp - conditions and the values of condition-names --===//
+//
+// What a class condition can test, which values of a condition-name its item never has, and ranges
+// that are empty.
+//
+//===----------------------------------------------------------------------===//
+
+#include "AST/ClausePicture.h"
+#include "AST/Condition.h"
+#include "AST/DataClauses.h"
+#include "AST/KindNames.h"
+#include "AST/StatementBranch.h"
+#include "AST/Usage.h"
+#include "Analyzer/Expression/OperandKinds.h"
+#include "LanguageFamilies.h"
+#include "llvm/ADT/StringExtras.h"
+#include <cstdlib>
+#include <optional>
+
+namespace tarka {
+
+namespace {
+
+const std::string &nameOf(const DataIdentifierExpression &identifier) {
+  return identifier.getQualifiedWord()->getNamesElements().front()->getDisplayName();
+}
+
+//===----------------------------------------------------------------------===//
+// Class conditions
+//===----------------------------------------------------------------------===//
+
+/// Why an elementary item cannot be tested for a class; empty when it can be.
+llvm::StringRef reasonAgainst(ClassConditionType type, const DataDescription &item) {
+  const DataCategory category = item.getDataCategory();
+  const UsageType usage = item.getUsageType();
+  const bool isFloat =
+      category == DataCategory::InternalFloat || category == DataCategory::ExternalFloat;
+  switch (type) {
+  case ClassConditionType::Alphabetic:
+  case ClassConditionType::AlphabeticLower:
+  case ClassConditionType::AlphabeticUpper:
+  case ClassConditionType::NotAlphabetic:
+  case ClassConditionType::NotAlphabeticLower:
+  case ClassConditionType::NotAlphabeticUpper:
+    return category == DataCategory::Numeric || isFloat ? "numeric" : "";
+  case ClassConditionType::Numeric:
+  case ClassConditionType::NotNumeric:
+    if (category == DataCategory::Alphabetic)
+      return "alphabetic";
+    return isFloat ? "a floating-point item" : usage == UsageType::Display1 ? "a DBCS item" : "";
+  case ClassConditionType::Dbcs:
+  case ClassConditionType::Kanji:
+  case ClassConditionType::NotDbcs:
+  case ClassConditionType::NotKanji:
+    return usage == UsageType::Display ? "not a DBCS item" : "";
+  default:
+    return "";
+  }
+}
+
+//===----------------------------------------------------------------------===//
+// The values of condition-names
+//===----------------------------------------------------------------------===//
+
+long double valueOf(const NumericLiteralExpression &literal) {
+  return std::strtold(literal.getData().c_str(), nullptr);
+}
+
+/// Whether both characters are digits, small letters or capital letters: these are in the same
+/// order in every collating sequence.
+bool isSameKind(char left, char right) {
+  return (llvm::isDigit(left) && llvm::isDigit(right)) ||
+         (llvm::isLower(left) && llvm::isLower(right)) ||
+         (llvm::isUpper(left) && llvm::isUpper(right));
+}
+
+/// Whether the range \p low THROUGH \p high holds nothing, whatever the collating sequence is.
+bool isEmptyRange(const Expression &low, const Expression &high) {
+  const auto *lowNumber = llvm::dyn_cast<NumericLiteralExpression>(&low);
+  const auto *highNumber = llvm::dyn_cast<NumericLiteralExpression>(&high);
+  if (lowNumber && highNumber)
+    return valueOf(*lowNumber) > valueOf(*highNumber);
+  const auto *lowText = llvm::dyn_cast<NonNumericLiteralExpression>(&low);
+  const auto *highText = llvm::dyn_cast<NonNumericLiteralExpression>(&high);
+  if (!lowText || !highText ||
+      lowText->getNonNumericLiteralType() != NonNumericLiteralType::Alphanumeric ||
+      highText->getNonNumericLiteralType() != NonNumericLiteralType::Alphanumeric)
+    return false;
+  const llvm::StringRef first = lowText->getData();
+  const llvm::StringRef second = highText->getData();
+  const std::size_t length = std::min(first.size(), second.size());
+  for (std::size_t i = 0; i < length; ++i)
+    if (first[i] != second[i])
+      return isSameKind(first[i], second[i]) && first[i] > second[i];
+  return false;
+}
+
+/// A literal as it is shown in a message.
+std::string shown(const LiteralExpression &literal) {
+  if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&literal))
+    return number->getData();
+  constexpr std::size_t longest = 20;
+  const llvm::StringRef text = llvm::cast<NonNumericLiteralExpression>(literal).getData();
+  return ("\"" + text.take_front(longest) + (text.size() > longest ? "..." : "") + "\"").str();
+}
+
+/// What keeps the numeric \p item from having the value \p number; empty when nothing does.
+std::string obstacleTo(const NumericLiteralExpression &number, const DataDescription &item) {
+  const ClausePicture *picture = item.getPicture();
+  const UsageType usage = item.getUsageType();
+  if (!picture || number.getLiteralType() == NumericLiteralType::FloatingPoint ||
+      (usage != UsageType::Display && usage != UsageType::PackedDecimal &&
+       usage != UsageType::Comp3))
+    return "";
+  if (!picture->isSigned() && valueOf(number) < 0)
+    return "has no sign";
+  // The digits of an item with P do not end at the decimal point.
+  if (picture->getDigitNum() != picture->getStoredDigitNum())
+    return "";
+  auto [whole, fraction] = llvm::StringRef(number.getData()).split('.');
+  whole = whole.ltrim("+-").ltrim('0');
+  fraction = fraction.rtrim('0');
+  const auto wholeDigits = static_cast<std::size_t>(picture->getDigitNum() - picture->getScale());
+  if (whole.size() > wholeDigits)
+    return "has " + countOf(static_cast<std::int64_t>(wholeDigits), "digit") +
+           (picture->getScale() ? " before the decimal point" : "");
+  if (fraction.size() > static_cast<std::size_t>(picture->getScale()))
+    return "has " + (picture->getScale() ? countOf(picture->getScale(), "digit") : "no digits") +
+           " after the decimal point";
+  return "";
+}
+
+/// What keeps \p item, a group or an item of characters, from having the value \p text. Trailing
+/// spaces do not count in a comparison.
+std::string obstacleTo(const NonNumericLiteralExpression &text, const DataDescription &item) {
+  const DataCategory category = item.getDataCategory();
+  const bool isOfCharacters =
+      category == DataCategory::Alphanumeric || category == DataCategory::Alphabetic;
+  const llvm::StringRef characters = llvm::StringRef(text.getData()).rtrim(' ');
+  const bool isComparable =
+      isOfCharacters && item.getAllocSize() > 0 && !item.isTooLarge() &&
+      text.getNonNumericLiteralType() == NonNumericLiteralType::Alphanumeric &&
+      llvm::all_of(characters, [](char c) { return llvm::isASCII(c); });
+  if (!isComparable || static_cast<std::int64_t>(characters.size()) <= item.getAllocSize())
+    return "";
+  return "has " + countOf(item.getAllocSize(), "character");
+}
+
+std::string obstacleTo(const LiteralExpression &value, const DataDescription &item) {
+  if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&value))
+    return item.getDataCategory() == DataCategory::Numeric ? obstacleTo(*number, item) : "";
+  const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&value);
+  return text ? obstacleTo(*text, item) : "";
+}
+
+} // namespace
+
+void checkClassCondition(ClassCondition &condition, LanguageReport &report) {
+  auto *operand = llvm::dyn_cast_or_null<DataIdentifierExpression>(condition.getLeft());
+  const DataDescription *item = operand ? operand->getDataDescription() : nullptr;
+  if (!item || item->hasSubordinateData() || isReferenceModified(*operand) || isUnknown(*operand) ||
+      isConditionName(*item))
+    return;
+  if (const llvm::StringRef reason = reasonAgainst(condition.getClassType(), *item);
+      !reason.empty())
+    report.report(LanguageRule::ClassConditionOperand, *operand, nameOf(*operand), reason,
+                  nameOf(condition.getClassType()));
+}
+
+void checkConditionValues(const DataDescription &name, LanguageReport &report) {
+  const DataDescription *item = name.getCondNameParent();
+  if (!item || !name.getValue() || !name.getDataName())
+    return;
+  const std::string &shownName = name.getDataName()->getDisplayName();
+  for (const PhraseValue *value : name.getValue()->getPhraseValElements()) {
+    LiteralExpression *first = value->getLiteral1();
+    if (!first)
+      continue;
+    if (value->getLiteral2()) {
+      if (isEmptyRange(*first, *value->getLiteral2()))
+        report.report(LanguageRule::RangeEmpty, *first, shownName, shown(*first),
+                      shown(*value->getLiteral2()));
+      continue;
+    }
+    if (const std::string obstacle = obstacleTo(*first, *item); !obstacle.empty())
+      report.report(LanguageRule::ConditionValueImpossible, *first, shownName, shown(*first),
+                    item->getDataName() ? item->getDataName()->getDisplayName() : "FILLER",
+                    obstacle);
+  }
+}
+
+void checkRanges(const EvaluateStatement &statement, LanguageReport &report) {
+  auto check = [&](const EvaluateObject &object) {
+    Expression *low = object.getFrontExpression();
+    Expression *high = object.getRearExpression();
+    if (low && high && isEmptyRange(*low, *high))
+      report.report(LanguageRule::RangeEmpty, *low, "WHEN",
+                    shown(llvm::cast<LiteralExpression>(*low)),
+                    shown(llvm::cast<LiteralExpression>(*high)));
+  };
+  for (const EvaluateCase *group : statement.getWhenCaseListElements())
+    for (const EvaluateWhen *phrase : group->getWhenListElements())
+      for (const EvaluateObject *object : phrase->getWhenObjListElements())
+        check(*object);
+}
+
+} // namespace tarka
