@@ -471,12 +471,8 @@ bool ParserBase::atDeclaratives() {
 
 /// END DECLARATIVES, also where the words are not quite these.
 bool ParserBase::atEndOfDeclaratives() {
-  if (at(Keyword::Declaratives)) {
-    // END may be missing; another header is followed by a section with USE.
-    const bool isHeader = peek(3).is(Keyword::Section) && peek(5).is(Keyword::Use);
-    return peek(1).is(Keyword::End) || (context.isInDeclaratives && peek().isFirstOnLine() &&
-                                        peek(1).is(TokenKind::Period) && !isHeader);
-  }
+  if (at(Keyword::Declaratives))
+    return peek(1).is(Keyword::End);
   if (peek(1).is(Keyword::Declaratives))
     return true;
   if (!peek().isFirstOnLine() || !peek().isInAreaA())

@@ -32,8 +32,7 @@ bool ParserBase::isToBeReported(DiagnosticId id, const SourceRange &place) {
     damage.add(stream.getLastPlace());
   // What is left of a clause that was not understood is not a mistake of its own.
   const bool isLeftOver = recovery.isConstructDamaged() &&
-                          (id == DiagnosticId::UnknownClause || id == DiagnosticId::PhraseApart ||
-                           id == DiagnosticId::ClauseTwice);
+                          (id == DiagnosticId::UnknownClause || id == DiagnosticId::PhraseApart);
   if (isLeftOver || !recovery.shouldReport(id, place) || atUnreplacedTag())
     return false;
   const CutLine *cut = stream.getSourceDiagnostics().findCutLine(stream.getLastPlace(), place);

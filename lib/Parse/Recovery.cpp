@@ -113,9 +113,6 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   if (id == DiagnosticId::ClauseMissing || id == DiagnosticId::DependingMissing)
     return lastIsStrayLine && isBehindMistake(place, near);
   const bool isLack = id == DiagnosticId::Expected || id == DiagnosticId::ReservedWord;
-  // The verb that begins the line stands in the place of another word.
-  if (isLack && isInLine && lastIsStrayLine && lastIsAtVerb)
-    return true;
   if (!canFollowStrayLine(id) || !beginsLine(place))
     return false;
   // Where two lines in succession lack something, one of them alone begins with a verb if they are
