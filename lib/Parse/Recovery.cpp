@@ -97,8 +97,9 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
                                       id != lastId && isBehindMistake(place, nearWithComments));
   const bool isInLine = place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
   if (id == DiagnosticId::UnknownClause)
-    return isInLine || ((lastIsStrayLine || lastId == DiagnosticId::ClauseMissing) &&
-                        isBehindMistake(place, near));
+    return isInLine ||
+           (((lastIsStrayLine && beginsLine(place)) || lastId == DiagnosticId::ClauseMissing) &&
+            isBehindMistake(place, near));
   if (id == DiagnosticId::HeaderTwice)
     return isInLine && beginsLine(place) && place.beginColumn == lastMistake.beginColumn;
   // A period within a verb makes a name of its beginning.
