@@ -100,8 +100,6 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
     return isInLine ||
            (((lastIsStrayLine && beginsLine(place)) || lastId == DiagnosticId::ClauseMissing) &&
             isBehindMistake(place, near));
-  if (id == DiagnosticId::HeaderTwice)
-    return isInLine && beginsLine(place) && place.beginColumn == lastMistake.beginColumn;
   // A period within a verb makes a name of its beginning.
   if (id == DiagnosticId::NotAStatement)
     return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
