@@ -122,6 +122,13 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
         continue;
       break;
     }
+    // The header of the next program, before the end of this one.
+    if (atDivision(Keyword::Identification) && atEndProgramBehindHeader()) {
+      error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+      takeDivisionHeader(Keyword::Identification);
+      expectPeriod();
+      continue;
+    }
     bool anotherProgram = atDivision(Keyword::Identification) || atProgramId();
     if (anotherProgram) {
       // Without END PROGRAM before it, the program that follows is nested in this one; that needs
@@ -256,15 +263,15 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   }
   const bool hasProgramId = at(Keyword::ProgramId);
   ProgramIdParagraph *programId = parseProgramId();
-  // Where the header of the division is misspelt, the stream does not skip the comment-entries.
-  while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
-    ;
   // Of PROGRAM-ID and the header before it, the lines are exchanged.
   if (!hasHeader && atDivision(Keyword::Identification) && !atProgramIdBehindHeader()) {
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
     takeDivisionHeader(Keyword::Identification);
     expectPeriod();
   }
+  // Where the header of the division is misspelt, the stream does not skip the comment-entries.
+  while (acceptCommentParagraph(/*skipsEntry=*/construct.hasMistake()))
+    ;
   auto atEnd = [this] {
     return atUnitBoundary() || (peek().isFirstOnLine() && (atEnvironmentPart() || atDataSection()));
   };
@@ -281,6 +288,11 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
 /// Whether PROGRAM-ID follows the two words and the period of a division header, which is next.
 bool ProgramParser::atProgramIdBehindHeader() {
   return peek(peek(2).is(TokenKind::Period) ? 3 : 2).is(Keyword::ProgramId);
+}
+
+bool ProgramParser::atEndProgramBehindHeader() {
+  const unsigned n = peek(2).is(TokenKind::Period) ? 3 : 2;
+  return peek(n).is(Keyword::End) && peek(n + 1).is(Keyword::Program);
 }
 
 /// Whether a section or paragraph of the environment division begins a line, so that the header of

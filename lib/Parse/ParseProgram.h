@@ -21,6 +21,7 @@ private:
   ProgramIdParagraph *parseProgramId();
   Word *parseProgramName(const SourceRange &paragraph);
   bool atProgramIdBehindHeader();
+  bool atEndProgramBehindHeader();
   bool atEnvironmentPart();
   bool atCommentParagraph();
   bool acceptCommentParagraph(bool skipsEntry);

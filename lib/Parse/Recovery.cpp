@@ -91,11 +91,15 @@ bool Recovery::beginsLine(const SourceRange &place) const {
 /// Whether the mistake \p id at \p place is what an earlier one leaves over.
 bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   constexpr unsigned near = 2;
+  constexpr unsigned nearWithComments = 3;
   if (isAboutStructure(id))
-    return isStructureUncertain();
+    return isStructureUncertain() || (lastId == DiagnosticId::PhraseWithoutStatement &&
+                                      id != lastId && isBehindMistake(place, nearWithComments));
   const bool isInLine = place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
   if (id == DiagnosticId::UnknownClause)
-    return isInLine;
+    return isInLine ||
+           (((lastIsStrayLine && beginsLine(place)) || lastId == DiagnosticId::ClauseMissing) &&
+            isBehindMistake(place, near));
   // A period within a verb makes a name of its beginning.
   if (id == DiagnosticId::NotAStatement)
     return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
@@ -107,18 +111,17 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
     return isBehindMistake(place, near);
   if (id == DiagnosticId::ClauseMissing || id == DiagnosticId::DependingMissing)
     return lastIsStrayLine && isBehindMistake(place, near);
+  const bool isLack = id == DiagnosticId::Expected || id == DiagnosticId::ReservedWord;
   if (!canFollowStrayLine(id) || !beginsLine(place))
     return false;
   // Where two lines in succession lack something, one of them alone begins with a verb if they are
   // exchanged.
-  const bool isLack = id == DiagnosticId::Expected || id == DiagnosticId::ReservedWord;
   const bool wasLack = lastId == DiagnosticId::Expected || lastId == DiagnosticId::ReservedWord;
   if (isLack && wasLack && lastIsAtVerb == stream.peek().isVerb())
     return false;
   // Periods can be missing in lines in succession.
   if (!isLack && lastId == DiagnosticId::PeriodMissing)
     return false;
-  constexpr unsigned nearWithComments = 3;
   // A header that is found too late follows the line that it is missing before.
   if (id == DiagnosticId::PeriodMissing && lastId == DiagnosticId::HeaderMissing)
     return isBehindMistake(place, 1);

@@ -339,9 +339,12 @@ std::size_t ConsequenceFinder::causeOfSearchedTable(const SourceRange &place) co
 /// because the entry of that is missing, or the header of the next section is.
 std::size_t ConsequenceFinder::causeOfRecordArea(std::size_t index) const {
   const Diagnostic &diagnostic = diagnostics[index];
-  if (!isInFileSection(diagnostic.number))
+  if (!isInFileSection(diagnostic.number)) {
     if (const std::size_t cause = damage.ofUndescribedFile(diagnostic.unit); cause != none)
       return cause;
+    if (const std::size_t cause = damage.ofFileWithoutRecords(); cause != none)
+      return cause;
+  }
   Involved involved;
   involved.enter(diagnostic.node);
   involved.enter(diagnostic.otherNode);
@@ -454,7 +457,9 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
     SourceRange before = diagnostic.place;
     before.beginLine = std::max(before.beginLine, near + 1) - near;
     before.beginColumn = 1;
-    return damage.between(before, diagnostic.place);
+    SourceRange behind = diagnostic.place;
+    behind.endLine = behind.endLine + near;
+    return damage.between(before, behind);
   }
   // The statements of a phrase may stand behind it, with the period that they need before them.
   if (isAboutPhrase(diagnostic.number)) {
@@ -470,6 +475,13 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
           diagnostic.place.endLine <= range.endLine)
         if (const std::size_t cause = damage.between(range, diagnostic.place); cause != none)
           return cause;
+  // The end of the declaratives may stand one line too early.
+  if (isInvalidStatement(diagnostic.number)) {
+    SourceRange before = diagnostic.place;
+    before.beginLine = std::max(before.beginLine, 2U) - 1;
+    before.beginColumn = 1;
+    return damage.between(before, diagnostic.place);
+  }
   return isAboutAlteredParagraph(diagnostic.number) ? causeOfAlteredParagraph(diagnostic) : none;
 }
 
@@ -703,6 +715,14 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
         cause != none)
       return cause;
 
+  // A function stands without FUNCTION by the REPOSITORY paragraph, which could not be read.
+  if (findIntrinsicFunction(llvm::StringRef(name).take_while(isNameCharacter)))
+    for (const SourceUnit *unit = diagnostic.unit; unit; unit = unit->getParent())
+      if (const EnvironmentDivision *division = unit->getEnvironmentDivision())
+        if (const std::size_t cause = damage.between(division->getRange(), division->getRange());
+            cause != none)
+          return cause;
+
   // An entry that qualifies is wrong.
   for (llvm::StringRef qualifier : llvm::drop_begin(llvm::split(diagnostic.subject, " OF ")))
     if (const Homonyms items = Scope(diagnostic.unit).findItems(&internString(qualifier.upper())))
@@ -846,6 +866,16 @@ llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
       entry = entry->getOwner();
     return entry->getDataName() ? entry->getDataName()->getWordData() : llvm::StringRef();
   };
+  // Of a copybook that is copied twice, all names are ambiguous.
+  auto placeOf = [](const DataDescription *entry) {
+    return entry->getDataName() ? entry->getDataName()->getRange() : SourceRange();
+  };
+  const SourceRange first = placeOf(items.entries->front());
+  if (llvm::all_of(*items.entries, [&](const DataDescription *entry) {
+        const SourceRange place = placeOf(entry);
+        return place.file == first.file && place.beginLine != 0 && beginOf(place) == beginOf(first);
+      }))
+    return "COPY";
   const llvm::StringRef record = recordOf(items.entries->front());
   const bool isOne = llvm::all_of(
       *items.entries, [&](const DataDescription *entry) { return recordOf(entry) == record; });
@@ -896,6 +926,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
         return cause;
     if (isWrongHierarchy(diagnostic.number))
       if (const std::size_t cause = damage.ofDamagedEntryBefore(entry); cause != none)
+        return cause;
+    if (isEmptyGroup(diagnostic.number))
+      if (const std::size_t cause = damage.ofRecordNear(entry); cause != none)
         return cause;
     if (isEmptyGroup(diagnostic.number))
       if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)

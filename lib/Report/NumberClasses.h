@@ -70,7 +70,8 @@ inline bool isRecordOfNoFile(int number) {
 
 /// Numbers about a mnemonic-name that no device has, and about a name for no device.
 inline bool isAboutMnemonicName(int number) {
-  return number == 3404 || number == 3405 || number == 3487 || number == 3507 || number == 3561;
+  return number == 3118 || number == 3404 || number == 3405 || number == 3487 || number == 3507 ||
+         number == 3561;
 }
 inline bool isUnknownDevice(int number) {
   return number == 3104;

@@ -486,6 +486,16 @@ std::size_t ReportDamage::ofDamagedEntryBefore(const DataDescription *entry) con
   return before ? between(before->getRange(), entry->getRange()) : noDiagnostic;
 }
 
+std::size_t ReportDamage::ofRecordNear(const DataDescription *entry) const {
+  constexpr unsigned near = 3;
+  SourceRange around = entry->getRange();
+  around.beginLine = std::max(around.beginLine, 2U) - 1;
+  around.beginColumn = 1;
+  around.endLine = around.endLine + near;
+  const std::size_t cause = between(around, around);
+  return cause != noDiagnostic && isMissingRecord(diagnostics[cause].number) ? cause : noDiagnostic;
+}
+
 std::size_t ReportDamage::ofGroupWithPictureBefore(const DataDescription *entry) const {
   const DataDescription *before = entryBefore(entry->getRange());
   return before ? ofGroupWithPicture(before) : noDiagnostic;

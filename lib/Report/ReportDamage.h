@@ -74,6 +74,9 @@ public:
   std::size_t missingTextFor(const Diagnostic &diagnostic) const;
   /// The first error of \p unit about a file without FD or SD entry, or without SELECT entry.
   std::size_t ofUndescribedFile(const SourceUnit *unit) const;
+  /// The error of the front end about an entry without its record, next to \p entry, which is a
+  /// group without members: the lines may be exchanged.
+  std::size_t ofRecordNear(const DataDescription *entry) const;
   /// The error of the front end in or behind the entry before \p entry.
   std::size_t ofDamagedEntryBefore(const DataDescription *entry) const;
   /// The error of \p entry that explains another wrong entry: a group without members, where the
