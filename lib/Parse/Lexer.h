@@ -133,6 +133,9 @@ private:
   LineReader lines;
   Scanner scanner;
   llvm::SmallVector<Conditional, 4> conditionals;
+  /// Whether a branch of an IF, of an EVALUATE was reported that nothing begins and nothing has
+  /// ended.
+  bool hasStrayBranch[2] = {false, false};
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;
   Token embedding; ///< the word after EXEC

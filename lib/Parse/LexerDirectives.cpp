@@ -4,6 +4,7 @@
 #include "Parse/Lexer.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
+#include <utility>
 
 namespace tarka {
 
@@ -140,8 +141,11 @@ bool Lexer::belongsToOpen(llvm::StringRef name) {
   bool ofEvaluate = directive == Directive::When || directive == Directive::EndEvaluate;
   if (!conditionals.empty() && conditionals.back().isEvaluate == ofEvaluate)
     return true;
-  context.diagnostics.report(DiagnosticId::DirectiveWithoutStart, placeOfLine(), name,
-                             ofEvaluate ? "EVALUATE" : "IF");
+  // One message for all that belongs to a beginning that is missing.
+  const bool isEnd = directive == Directive::EndIf || directive == Directive::EndEvaluate;
+  if (!std::exchange(hasStrayBranch[ofEvaluate], !isEnd))
+    context.diagnostics.report(DiagnosticId::DirectiveWithoutStart, placeOfLine(), name,
+                               ofEvaluate ? "EVALUATE" : "IF");
   return false;
 }
 

@@ -240,8 +240,12 @@ bool ParserBase::atStrayProcedures() {
     return false;
   if (peek(1).is(TokenKind::Period))
     return peek(2).isFirstOnLine() && (peek(2).isVerb() || peek(2).is(Keyword::Exec));
-  const bool isSection = peek(1).is(Keyword::Section) && peek(2).is(TokenKind::Period);
-  return isSection && (peek(3).isVerb() || (peek(3).isUserWord() && peek(4).is(TokenKind::Period)));
+  if (!peek(1).is(Keyword::Section))
+    return false;
+  const unsigned end = peek(2).is(TokenKind::IntegerLiteral) ? 3 : 2;
+  return peek(end).is(TokenKind::Period) &&
+         (peek(end + 1).isVerb() ||
+          (peek(end + 1).isUserWord() && peek(end + 2).is(TokenKind::Period)));
 }
 
 void ParserBase::missingHeader(Keyword header, llvm::StringRef text) {
@@ -329,6 +333,14 @@ bool ParserBase::atDamagedSection() {
   return at(Keyword::Report) ? content.is(Keyword::Rd) : content.is(TokenKind::IntegerLiteral);
 }
 
+/// Which section of records the one with a damaged name is, most likely: programs have one of each.
+Keyword ParserBase::likelyStorage() const {
+  const DataDivision *division = context.unit ? context.unit->getDataDivision() : nullptr;
+  return division && division->getWorkSectionSize() > 0 && division->getLinkSectionSize() == 0
+             ? Keyword::Linkage
+             : Keyword::WorkingStorage;
+}
+
 /// Where the header is missing, the section is recognized by entries that only it can hold.
 Keyword ParserBase::dataSectionAt() {
   static constexpr Keyword headers[] = {Keyword::File, Keyword::WorkingStorage,
@@ -363,7 +375,7 @@ Keyword ParserBase::dataSectionAt() {
     if (content.is(Keyword::Rd))
       return Keyword::Report;
     if (content.is(TokenKind::IntegerLiteral))
-      return Keyword::WorkingStorage;
+      return likelyStorage();
   }
   if (at(Keyword::Section) && llvm::is_contained(headers, peek(1).keyword))
     return peek(1).keyword;

@@ -394,7 +394,19 @@ bool FileStatements::atTableToSort() {
     return false;
   if (peek(1).isOneOf(Keyword::Of, Keyword::In, TokenKind::LParen))
     return true;
-  return !scope().isFileName(peek().getInternedText()) && isItem(peek().text);
+  if (scope().isFileName(peek().getInternedText()))
+    return false;
+  if (isItem(peek().text))
+    return true;
+  // Of a name that is not declared, the records of a sort file come from files or a procedure.
+  constexpr unsigned longest = 30;
+  for (unsigned n = 1; n < longest; ++n) {
+    if (peek(n).isOneOf(Keyword::Using, Keyword::Input))
+      return false;
+    if (peek(n).isOneOf(TokenKind::Period, TokenKind::EndOfFile) || peek(n).isVerb())
+      return true;
+  }
+  return false;
 }
 
 /// table {[ON] {ASCENDING | DESCENDING} [KEY] [data-name...]}...

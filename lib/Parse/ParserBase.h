@@ -303,6 +303,7 @@ public:
   /// The first word of the header of the section of the data division that is next, also where the
   /// header is misspelt or missing; None where no section is next.
   Keyword dataSectionAt();
+  Keyword likelyStorage() const;
   bool atDataSection() { return dataSectionAt() != Keyword::None; }
   /// Whether a number begins a line and is most likely a level number, before which a period is
   /// missing, and not a number that the clause before it needs.

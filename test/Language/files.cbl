@@ -53,7 +53,7 @@
        fd len-2 record contains 20 to 10 characters. *> expect: 5036
        1 len-2-record pic x(15).
        fd len-3 record contains 20 characters. *> expect: 5038
-       1 len-3-record pic x(19).
+       1 len-3-record pic x(18).
        fd page-1 linage 0. *> expect: 5034
        1 page-record pic x.
        fd page-2 linage 10 footing 11. *> expect: 5035

@@ -169,7 +169,8 @@ void checkClassCondition(ClassCondition &condition, LanguageReport &report) {
 
 void checkConditionValues(const DataDescription &name, LanguageReport &report) {
   const DataDescription *item = name.getCondNameParent();
-  if (!item || !name.getValue() || !name.getDataName())
+  if (!item || !name.getValue() || !name.getDataName() || report.isReported(name) ||
+      report.isReported(*item))
     return;
   const std::string &shownName = name.getDataName()->getDisplayName();
   for (const PhraseValue *value : name.getValue()->getPhraseValElements()) {

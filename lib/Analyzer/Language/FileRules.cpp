@@ -1,6 +1,7 @@
 //===- FileRules.cpp - files and what statements do with them -------------===//
 
 #include "AST/DataDivision.h"
+#include "AST/DataTree.h"
 #include "AST/Environment.h"
 #include "AST/KindNames.h"
 #include "AST/StatementVisitor.h"
@@ -99,6 +100,15 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
   const std::optional<std::int64_t> limit = isFixed ? least : most;
   if (!limit || *limit <= 0)
     return;
+  // An item in a record that was reported may have another length than it is to have.
+  for (DataDescription *record : file.getRecordDescElements()) {
+    bool isReported = false;
+    forEachEntry(record, [&](const DataDescription *item) {
+      isReported = isReported || report.isReported(*item);
+    });
+    if (isReported)
+      return;
+  }
   std::int64_t longest = 0;
   for (DataDescription *record : file.getRecordDescElements()) {
     if (record->isTooLarge() || record->getAllocSize() <= 0)

@@ -68,8 +68,13 @@ void checkArguments(FunctionIdentifierExpression &function, LanguageReport &repo
                   given ? std::to_string(given) : "none");
     return;
   }
+  // The entry of an item may have lost its PICTURE to another mistake.
+  auto isEntryReported = [&](const Expression &argument) {
+    const DataDescription *entry = entryOfDataIdentifier(argument);
+    return entry && report.isReported(*entry);
+  };
   for (auto [number, argument] : llvm::enumerate(arguments))
-    if (info->takesNumber(number) && isText(*argument))
+    if (info->takesNumber(number) && isText(*argument) && !isEntryReported(*argument))
       report.report(LanguageRule::FunctionArgumentNotNumber, *argument, nameOf(*argument),
                     number + 1, name);
 }
