@@ -19,9 +19,6 @@
              access random. *> expect: 5032
            select old-isam assign to old-isam
              access random record key old-key.
-           select len assign to len.
-           select len-2 assign to len-2.
-           select len-3 assign to len-3.
            select page-1 assign to page-1.
            select page-2 assign to page-2.
        data division.
@@ -47,13 +44,6 @@
        fd old-isam.
        1 old-record.
         2 old-key pic x(4).
-       fd len record contains 20 characters.
-       1 len-short pic x(10).
-       1 len-long pic x(21). *> expect: 5037
-       fd len-2 record contains 20 to 10 characters. *> expect: 5036
-       1 len-2-record pic x(15).
-       fd len-3 record contains 20 characters. *> expect: 5038
-       1 len-3-record pic x(18).
        fd page-1 linage 0. *> expect: 5034
        1 page-record pic x.
        fd page-2 linage 10 footing 11. *> expect: 5035

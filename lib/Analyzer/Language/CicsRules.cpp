@@ -209,12 +209,13 @@ private:
   void checkLength(llvm::StringRef length, std::initializer_list<llvm::StringRef> areas) {
     EmbeddedOperand *given = command.find(length);
     const std::optional<std::int64_t> bytes = lengthOf(given ? given->getValue() : nullptr);
-    if (!bytes)
+    // The area may have lost items to another mistake.
+    if (!bytes || report.isTreeIncomplete())
       return;
     for (llvm::StringRef area : areas) {
       EmbeddedOperand *operand = command.find(area);
       const std::optional<std::int64_t> size = sizeOfArea(operand ? operand->getValue() : nullptr);
-      if (size && *size < *bytes)
+      if (size && *size < *bytes && !report.isReported(*wholeItem(operand->getValue())))
         report.report(LanguageRule::CicsLengthBeyondArea, *given,
                       nameOfEntry(*wholeItem(operand->getValue())), countOf(*size, "byte"), *bytes,
                       length);

@@ -1,7 +1,6 @@
 //===- FileRules.cpp - files and what statements do with them -------------===//
 
 #include "AST/DataDivision.h"
-#include "AST/DataTree.h"
 #include "AST/Environment.h"
 #include "AST/KindNames.h"
 #include "AST/StatementVisitor.h"
@@ -100,15 +99,6 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
   const std::optional<std::int64_t> limit = isFixed ? least : most;
   if (!limit || *limit <= 0)
     return;
-  // An item in a record that was reported may have another length than it is to have.
-  for (DataDescription *record : file.getRecordDescElements()) {
-    bool isReported = false;
-    forEachEntry(record, [&](const DataDescription *item) {
-      isReported = isReported || report.isReported(*item);
-    });
-    if (isReported)
-      return;
-  }
   std::int64_t longest = 0;
   for (DataDescription *record : file.getRecordDescElements()) {
     if (record->isTooLarge() || record->getAllocSize() <= 0)
@@ -131,8 +121,8 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
 void checkFileDescriptions(DataDivision &division, LanguageReport &report) {
   for (FileDescription *file : division.getFileSectionElements()) {
     checkLinage(*file, report);
-    // Of a damaged source a record can have lost some of its items.
-    if (!report.isTreeIncomplete())
+    // A mistake that was reported can make a record longer or shorter.
+    if (!report.hasEarlier())
       checkRecordLengths(*file, report);
   }
 }

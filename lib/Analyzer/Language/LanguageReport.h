@@ -23,6 +23,8 @@ public:
 
   /// True when parts of the source may be missing in the tree.
   bool isTreeIncomplete() const { return treeIncomplete; }
+  /// Whether an earlier pass has reported anything.
+  bool hasEarlier() const { return treeIncomplete || !reported.empty(); }
   /// Whether an earlier pass has reported something that begins within \p node.
   bool isReported(const Node &node) const;
 
