@@ -171,7 +171,9 @@ StatementResult BranchStatements::parseGoto() {
     return make<ExitSectionStatement>(begin);
   auto *jump = make<GotoStatement>(begin);
   auto atProcedureName = [&] { return at(TokenKind::IntegerLiteral) || peek().isUserWord(); };
-  while (atProcedureName() && !atProcedureHeader()) {
+  // In free form the first name may stand where the names of paragraphs do.
+  auto canBeHeader = [&] { return peek().isInFixedForm() || jump->getProcedureNameListSize() > 0; };
+  while (atProcedureName() && !(canBeHeader() && atProcedureHeader())) {
     QualifiedWord *name = parseProcedureName();
     if (!name)
       return nullptr;

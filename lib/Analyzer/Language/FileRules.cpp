@@ -97,7 +97,8 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
   // of the data set.
   const bool isFixed = !clause->getIsVarying() && !clause->getMaxLength();
   const std::optional<std::int64_t> limit = isFixed ? least : most;
-  if (!limit || *limit <= 0)
+  // A mistake that was reported can make a record longer or shorter.
+  if (!limit || *limit <= 0 || report.hasEarlier())
     return;
   std::int64_t longest = 0;
   for (DataDescription *record : file.getRecordDescElements()) {
@@ -121,8 +122,7 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
 void checkFileDescriptions(DataDivision &division, LanguageReport &report) {
   for (FileDescription *file : division.getFileSectionElements()) {
     checkLinage(*file, report);
-    // A mistake that was reported can make a record longer or shorter.
-    if (!report.hasEarlier())
+    if (!report.isTreeIncomplete())
       checkRecordLengths(*file, report);
   }
 }
