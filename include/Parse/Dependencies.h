@@ -38,7 +38,8 @@ struct Dependency {
   std::vector<std::string> stems;
 };
 
-/// The BLAKE3 digest of \p bytes in hexadecimal digits.
+/// The 128-bit XXH3 digest of \p bytes in 32 hexadecimal digits. It tells texts apart, and takes a
+/// tenth of the time of a cryptographic one.
 std::string digestOf(llvm::StringRef bytes);
 
 /// Looks at files and directories, at each of them once.

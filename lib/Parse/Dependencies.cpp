@@ -4,8 +4,8 @@
 #include "Parse/SourceFile.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
-#include "llvm/Support/BLAKE3.h"
 #include "llvm/Support/Path.h"
+#include "llvm/Support/xxhash.h"
 
 namespace tarka {
 
@@ -50,9 +50,9 @@ std::string directoryOf(llvm::StringRef name) {
 } // namespace
 
 std::string digestOf(llvm::StringRef bytes) {
-  llvm::BLAKE3 hasher;
-  hasher.update(bytes);
-  return llvm::toHex(hasher.final(), /*LowerCase=*/true);
+  const llvm::XXH128_hash_t hash = llvm::xxh3_128bits(llvm::arrayRefFromStringRef(bytes));
+  return llvm::utohexstr(hash.high64, /*LowerCase=*/true, /*Width=*/16) +
+         llvm::utohexstr(hash.low64, /*LowerCase=*/true, /*Width=*/16);
 }
 
 bool DependencyChecker::isUnchanged(const Dependency &dependency) {

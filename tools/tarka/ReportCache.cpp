@@ -19,10 +19,10 @@ namespace {
 namespace fs = llvm::sys::fs;
 
 /// Entries begin with this; the number rises when what follows is laid out differently.
-constexpr llvm::StringLiteral magic = "tarka report 1\n";
+constexpr llvm::StringLiteral magic = "tarka report 2\n";
 /// LLVM's pruning looks at files with this prefix only.
 constexpr llvm::StringLiteral prefix = "llvmcache-";
-constexpr std::size_t digestSize = 64;
+constexpr std::size_t digestSize = 32;
 
 /// Puts values into a string so that different values give different strings.
 class KeyWriter {
