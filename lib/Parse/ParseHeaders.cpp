@@ -271,13 +271,6 @@ bool ParserBase::atPartHeader() {
     return atUnitBoundary();
   case Keyword::Section:
     return peek().isFirstOnLine();
-  case Keyword::SourceComputer:
-  case Keyword::ObjectComputer:
-  case Keyword::SpecialNames:
-  case Keyword::Repository:
-  case Keyword::FileControl:
-  case Keyword::IOControl:
-    return true;
   case Keyword::Communication:
   case Keyword::Configuration:
   case Keyword::InputOutput:
@@ -294,8 +287,23 @@ bool ParserBase::atPartHeader() {
             peek(1).isOneOf(Keyword::Section, Keyword::Division)) ||
            (peek().isInAreaA() && peek(2).is(Keyword::Section) && atDataSection());
   default:
-    return peek().isFirstOnLine() && peek().isInAreaA() &&
-           peek(1).isOneOf(Keyword::Division, Keyword::Section);
+    return isEnvironmentParagraph(peek().keyword) ||
+           (peek().isFirstOnLine() && peek().isInAreaA() &&
+            peek(1).isOneOf(Keyword::Division, Keyword::Section));
+  }
+}
+
+bool ParserBase::isEnvironmentParagraph(Keyword keyword) {
+  switch (keyword) {
+  case Keyword::SourceComputer:
+  case Keyword::ObjectComputer:
+  case Keyword::SpecialNames:
+  case Keyword::Repository:
+  case Keyword::FileControl:
+  case Keyword::IOControl:
+    return true;
+  default:
+    return false;
   }
 }
 

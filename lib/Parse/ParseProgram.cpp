@@ -70,7 +70,7 @@ Program *ProgramParser::parse(llvm::StringRef inputName) {
 
 /// A class or user-defined function, which is not supported, is skipped up to its END.
 bool ProgramParser::skipClassOrFunction() {
-  unsigned n = !peek(1).is(Keyword::Division) ? 0 : peek(2).is(TokenKind::Period) ? 3 : 2;
+  const unsigned n = peek(1).is(Keyword::Division) ? behindDivisionHeader() : 0;
   const Token header = peek(n);
   if (!header.is(Keyword::ClassId) && !(header.isWord() && header.text == "FUNCTION-ID"))
     return false;
@@ -285,13 +285,18 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   return make<IdentificationDivision>(begin, programId);
 }
 
+/// How many tokens the division header that is next has, the period may be missing.
+unsigned ProgramParser::behindDivisionHeader() {
+  return peek(2).is(TokenKind::Period) ? 3 : 2;
+}
+
 /// Whether PROGRAM-ID follows the two words and the period of a division header, which is next.
 bool ProgramParser::atProgramIdBehindHeader() {
-  return peek(peek(2).is(TokenKind::Period) ? 3 : 2).is(Keyword::ProgramId);
+  return peek(behindDivisionHeader()).is(Keyword::ProgramId);
 }
 
 bool ProgramParser::atEndProgramBehindHeader() {
-  const unsigned n = peek(2).is(TokenKind::Period) ? 3 : 2;
+  const unsigned n = behindDivisionHeader();
   return peek(n).is(Keyword::End) && peek(n + 1).is(Keyword::Program);
 }
 
@@ -300,20 +305,9 @@ bool ProgramParser::atEndProgramBehindHeader() {
 bool ProgramParser::atEnvironmentPart() {
   if (!peek().isFirstOnLine())
     return false;
-  switch (peek().keyword) {
-  case Keyword::Configuration:
-  case Keyword::InputOutput:
+  if (at(Keyword::Configuration, Keyword::InputOutput))
     return peek(1).is(Keyword::Section);
-  case Keyword::SourceComputer:
-  case Keyword::ObjectComputer:
-  case Keyword::SpecialNames:
-  case Keyword::Repository:
-  case Keyword::FileControl:
-  case Keyword::IOControl:
-    return peek(1).is(TokenKind::Period);
-  default:
-    return false;
-  }
+  return isEnvironmentParagraph(peek().keyword) && peek(1).is(TokenKind::Period);
 }
 
 /// PROGRAM-ID [.] program-name [[IS] {COMMON | INITIAL | RECURSIVE}... [PROGRAM]] [.]

@@ -20,6 +20,7 @@ private:
   IdentificationDivision *parseIdentificationDivision();
   ProgramIdParagraph *parseProgramId();
   Word *parseProgramName(const SourceRange &paragraph);
+  unsigned behindDivisionHeader();
   bool atProgramIdBehindHeader();
   bool atEndProgramBehindHeader();
   bool atEnvironmentPart();

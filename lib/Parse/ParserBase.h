@@ -304,6 +304,8 @@ public:
   /// header is misspelt or missing; None where no section is next.
   Keyword dataSectionAt();
   Keyword likelyStorage() const;
+  /// Whether \p keyword names a paragraph of the environment division.
+  static bool isEnvironmentParagraph(Keyword keyword);
   bool atDataSection() { return dataSectionAt() != Keyword::None; }
   /// Whether a number begins a line and is most likely a level number, before which a period is
   /// missing, and not a number that the clause before it needs.
