@@ -107,7 +107,7 @@ Word *ProcedureParser::parseHeaderName() {
   }
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
-    error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
+    rejectDeclaredWord("a procedure-name");
   else if (name.isInFixedForm() && !name.isInAreaA())
     error(DiagnosticId::ProcedureNameInAreaB, here(), name.spelling);
   return takeWord();

@@ -175,6 +175,18 @@ Word *ParserBase::parseUserWord(llvm::StringRef what) {
   return expected(what);
 }
 
+Word *ParserBase::parseDeclaredWord(llvm::StringRef what) {
+  if (peek().isWord() && !peek().isUserWord())
+    return rejectDeclaredWord(what);
+  return parseUserWord(what);
+}
+
+Failure ParserBase::rejectDeclaredWord(llvm::StringRef what) {
+  error(DiagnosticId::ReservedWord, here(), what, peek().spelling);
+  recovery.noteReservedName(peek());
+  return {};
+}
+
 Word *ParserBase::parseProcedureWord() {
   if (at(TokenKind::IntegerLiteral))
     return takeWord();

@@ -128,14 +128,28 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   return lastIsStrayLine && isBehindMistake(place, nearWithComments);
 }
 
+/// Whether what is missing before \p place may be in a copybook that was not found.
+bool Recovery::isInMissingCopybook(DiagnosticId id, const SourceRange &place) const {
+  const bool isLack = id == DiagnosticId::PeriodMissing || id == DiagnosticId::HeaderMissing ||
+                      id == DiagnosticId::Expected || id == DiagnosticId::RecordWithoutFile ||
+                      id == DiagnosticId::GroupWithoutReport;
+  return isLack && stream.getSourceDiagnostics().isCopybookMissing(stream.getLastPlace(), place);
+}
+
+/// Whether the next token is a reserved word that was reported as the name of a declaration.
+bool Recovery::isUseOfReservedName(DiagnosticId id) const {
+  const bool isWrongWord = id == DiagnosticId::ReservedWord || id == DiagnosticId::Expected;
+  return isWrongWord && reservedNames.contains(stream.peek().keyword);
+}
+
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
-  const bool isCascade =
-      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil ||
-      isSuspect() || isDoubtful(stream.peek()) || source.isDamaged(place) ||
-      source.isDamaged(stream.getLastPlace()) ||
-      (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
+  const bool isCascade = isLeftOver(id, place) || sentenceIsAbandoned ||
+                         stream.getTaken() < suppressedUntil || isSuspect() ||
+                         isDoubtful(stream.peek()) || source.isDamaged(place) ||
+                         source.isDamaged(stream.getLastPlace()) ||
+                         isInMissingCopybook(id, place) || isUseOfReservedName(id);
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
     sentenceIsDamaged = true;

@@ -160,6 +160,13 @@ const DataDescription *clauseOwner(const DataDescription &entry, int number) {
   return owner;
 }
 
+/// Whether the USAGE clause of \p entry is that of a group around it, which the checks have handed
+/// down.
+bool hasUsageOfGroup(const DataDescription &entry) {
+  return entry.getOwner() && entry.getUsage() &&
+         beginOf(entry.getUsage()->getRange()) < beginOf(entry.getRange());
+}
+
 /// How the names of one copybook or record begin: up to the first hyphen, that included. Empty for
 /// other names.
 llvm::StringRef prefixOf(llvm::StringRef name) {
@@ -308,11 +315,14 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   if (isAboutMnemonicName(diagnostic.number))
     if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
       return cause;
-  if (isAboutMnemonicName(diagnostic.number) || isAboutClassName(diagnostic.number))
-    if (const std::size_t cause = damage.ofSpecialNames(diagnostic.unit); cause != none)
+  if (isAboutSpecialRegister(diagnostic.number))
+    if (const std::size_t cause = damage.missingTextFor(diagnostic); cause != none)
       return cause;
   if (const std::size_t cause = causeOfItem(index); cause != none)
     return cause;
+  if (dependsOnSpecialNames(diagnostic.number))
+    if (const std::size_t cause = damage.ofSpecialNames(diagnostic.unit); cause != none)
+      return cause;
   if (const std::size_t cause = causeOfOtherName(index); cause != none)
     return cause;
   if (const std::size_t cause = causeWithin(index); cause != none)
@@ -933,6 +943,18 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     if (isEmptyGroup(diagnostic.number))
       if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)
         return cause;
+    if (isAboutMembers(diagnostic.number)) {
+      // An entry that its group cannot have may belong to another one, in the missing text.
+      const bool isOfGroup = isDifferentUsage(diagnostic.number) && entry->getOwner();
+      const DataDescription *known = isOfGroup ? entry->getOwner() : entry;
+      if (entry->getCondNameParent())
+        known = entry->getCondNameParent();
+      if (const std::size_t cause = damage.ofMissingCopybookIn(known); cause != none)
+        return cause;
+    }
+    if (isPictureAgainstUsage(diagnostic.number) && hasUsageOfGroup(*entry))
+      if (const std::size_t cause = damage.ofMissingCopybookIn(entry->getOwner()); cause != none)
+        return cause;
     // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
       if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
@@ -959,9 +981,23 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   for (const DataDescription *item : involved.getEntries())
     if (const std::size_t cause = damage.of(item, index); cause != none)
       return cause;
+  // The members of a group are not all known.
+  for (const DataDescription *item : involved.getEntries()) {
+    const DataDescription *known = item->getCondNameParent() ? item->getCondNameParent() : item;
+    // Tables around an item may be missing as well.
+    while (isAboutSubscripts(diagnostic.number) && known->getOwner())
+      known = known->getOwner();
+    if (known != item || item->isGroupItem())
+      if (const std::size_t cause = damage.ofMissingCopybookIn(known); cause != none)
+        return cause;
+  }
   for (const FileDescription *file : involved.getFiles())
     if (const std::size_t cause = damage.of(file, index); cause != none)
       return cause;
+  if (isAboutRecordArea(diagnostic.number))
+    for (const FileDescription *file : involved.getFiles())
+      if (const std::size_t cause = damage.ofMissingCopybookIn(file); cause != none)
+        return cause;
   return none;
 }
 

@@ -39,9 +39,14 @@ inline bool isWrongShape(int number) {
   return number == 3241 || number == 3242 || number == 3279;
 }
 
+/// The USAGE of an entry is not that of its group.
+inline bool isDifferentUsage(int number) {
+  return number == 3279;
+}
+
 /// An entry that has members has a PICTURE or a USAGE of its own as well.
 inline bool isGroupWithPicture(int number) {
-  return number == 3241 || number == 3279;
+  return number == 3241 || isDifferentUsage(number);
 }
 
 /// The front end's messages about an entry before which its record, or the entry of the file or
@@ -57,6 +62,11 @@ inline bool isMissingHeader(int number) {
 
 inline bool isEmptyGroup(int number) {
   return number == 3575;
+}
+
+/// An entry whose USAGE needs a PICTURE, or members, has none.
+inline bool isWithoutPicture(int number) {
+  return number == 3340;
 }
 
 inline bool isFileWithoutRecords(int number) {
@@ -180,12 +190,17 @@ inline bool isInFileSection(int number) {
 /// for it: with the FD or SD entry of another file missing, its records belong to this one.
 inline bool isAboutRecordArea(int number) {
   return isInFileSection(number) || number == 3550 || number == 3551 || number == 3559 ||
-         number == 3565 || number == 3574 || number == 5026 || number == 5027;
+         number == 3565 || number == 3570 || number == 3574 || number == 5026 || number == 5027;
 }
 
 /// SEARCH of a table that has no index, among others.
 inline bool isAboutSearchedTable(int number) {
   return number == 3492;
+}
+
+/// A special register that no file or statement of the program makes.
+inline bool isAboutSpecialRegister(int number) {
+  return number == 3320;
 }
 
 /// A data-name that is not declared.
@@ -196,6 +211,11 @@ inline bool isUndefined(int number) {
 /// Numbers of references that cannot be understood.
 inline bool isAboutReference(int number) {
   return 3310 <= number && number <= 3316;
+}
+
+/// Numbers that say that an item needs more or fewer subscripts.
+inline bool isAboutSubscripts(int number) {
+  return number == 3316 || number == 5002;
 }
 
 /// Numbers that say that a procedure-name means nothing, or more than one procedure.
@@ -251,6 +271,19 @@ inline bool isAboutGroupValue(int number) {
 /// Numbers that say that a condition-name does not have the type of its item.
 inline bool isAboutConditionType(int number) {
   return number == 3294 || number == 3295;
+}
+
+/// Numbers that say that an entry does not go with the entries that belong to it.
+inline bool isAboutMembers(int number) {
+  return isGroupWithPicture(number) || isWrongHierarchy(number) || isEmptyGroup(number) ||
+         isWithoutPicture(number) || isAboutConditionType(number);
+}
+
+/// Numbers of errors that DECIMAL-POINT IS COMMA, CURRENCY SIGN, or a name that SPECIAL-NAMES
+/// declares, can avoid.
+inline bool dependsOnSpecialNames(int number) {
+  return isAboutMnemonicName(number) || isAboutClassName(number) || isPictureAgainstUsage(number) ||
+         number == 3141 || number == 3293;
 }
 
 /// A number for each fault that several checks find at one place, one after the other; 0 for other

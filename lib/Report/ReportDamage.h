@@ -40,7 +40,8 @@ public:
   std::size_t inLineOf(const SourceRange &place) const;
   /// The first error of the front end from \p begin to \p end, which are in one file.
   std::size_t between(const SourceRange &begin, const SourceRange &end) const;
-  /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it.
+  /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it, or
+  /// of a copybook that is missing in its configuration section.
   std::size_t ofSpecialNames(const SourceUnit *unit) const;
   /// The error of the front end in the header of the procedure division of another unit than
   /// \p caller.
@@ -59,6 +60,11 @@ public:
   /// The error of the entry before \p entry where that is a group without members: its members may
   /// have come to \p entry instead.
   std::size_t ofEmptyGroupBefore(const DataDescription *entry) const;
+  /// The error of a copybook that is missing in the program where members of \p entry, or what
+  /// else belongs to it, may stand.
+  std::size_t ofMissingCopybookIn(const DataDescription *entry) const;
+  /// The error of a copybook that is missing where records of \p file may stand.
+  std::size_t ofMissingCopybookIn(const FileDescription *file) const;
   /// The first file without records among the errors.
   std::size_t ofFileWithoutRecords() const { return fileWithoutRecords; }
   /// The error in \p entry that explains other errors, \p index among them, in the same entry.
