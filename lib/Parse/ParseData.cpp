@@ -241,7 +241,7 @@ private:
     while (!open.empty() && open.back()->getLevelNum() >= level)
       open.pop_back();
     // An elementary item has no members: the group that they belong to is in the missing text.
-    if (isBehindMissingCopybook && !open.empty() && open.back()->getChildrenSize() == 0 &&
+    if (isBehindMissingCopybook && !open.empty() && !open.back()->hasSubordinateData() &&
         (open.back()->getPicture() || open.back()->getUsage()))
       open.clear();
     if (open.empty() && isTextMissing && level > 1 && level < 50) {

@@ -70,12 +70,26 @@ void SourceDiagnostics::reportCutLines() {
   }
 }
 
+/// \p place, or the COPY statement of file number \p file that has copied the text there last.
+SourceRange SourceDiagnostics::placeIn(unsigned file, SourceRange place) const {
+  for (const CopiedFile &copy : llvm::reverse(sink.getCopies()))
+    if (place.file != file && copy.file == place.file)
+      place = copy.statement;
+  return place;
+}
+
 bool SourceDiagnostics::isCopybookMissing(const SourceRange &before,
                                           const SourceRange &after) const {
-  return llvm::any_of(missingCopybooks, [&](const SourceRange &copy) {
-    return copy.file == after.file && copy.endLine <= after.beginLine &&
-           before.endLine <= copy.beginLine;
-  });
+  // They are in the order of the text: what is asked for is among the last ones.
+  for (const SourceRange &copy : llvm::reverse(missingCopybooks)) {
+    const SourceRange last = placeIn(copy.file, before);
+    if (copy.file == last.file && copy.beginLine < last.endLine)
+      return false;
+    const SourceRange next = placeIn(copy.file, after);
+    if (copy.file == next.file && copy.endLine <= next.beginLine)
+      return true;
+  }
+  return false;
 }
 
 } // namespace tarka

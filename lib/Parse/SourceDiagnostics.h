@@ -77,6 +77,7 @@ public:
 
 private:
   void noteDamage(DiagnosticId id, const SourceRange &place);
+  SourceRange placeIn(unsigned file, SourceRange place) const;
 
   FrontEndDiagnostics &sink;
   OpenConstructs constructs;

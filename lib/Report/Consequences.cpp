@@ -510,6 +510,8 @@ std::size_t ConsequenceFinder::causeOfAlteredParagraph(const Diagnostic &diagnos
     behind.endLine = range.endLine + 1;
     if (const std::size_t cause = damage.between(range, behind); cause != none)
       return cause;
+    if (const std::size_t cause = damage.ofMissingCopybookIn(behind); cause != none)
+      return cause;
     for (const auto &[procedure, index] : unknownProcedures) {
       const SourceRange &place = diagnostics[index].place;
       if (place.file == range.file && range.beginLine <= place.beginLine &&
@@ -945,8 +947,9 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
         return cause;
     if (isAboutMembers(diagnostic.number)) {
       // An entry that its group cannot have may belong to another one, in the missing text.
-      const bool isOfGroup = isDifferentUsage(diagnostic.number) && entry->getOwner();
-      const DataDescription *known = isOfGroup ? entry->getOwner() : entry;
+      const bool isOfGroup =
+          isDifferentUsage(diagnostic.number) || isWrongMember(diagnostic.number);
+      const DataDescription *known = isOfGroup && entry->getOwner() ? entry->getOwner() : entry;
       if (entry->getCondNameParent())
         known = entry->getCondNameParent();
       if (const std::size_t cause = damage.ofMissingCopybookIn(known); cause != none)

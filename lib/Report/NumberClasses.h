@@ -254,9 +254,14 @@ inline bool isWrongLevel(int number) {
   return number == 3201 || number == 3205;
 }
 
+/// An entry that its group cannot have.
+inline bool isWrongMember(int number) {
+  return number == 3203;
+}
+
 /// Those that say of a group that it is wrong, which an entry of a wrong level in it can cause.
 inline bool isWrongHierarchy(int number) {
-  return number == 3203 || number == 3208 || number == 3216 || number == 3241;
+  return isWrongMember(number) || number == 3208 || number == 3216 || number == 3241;
 }
 
 inline bool isAboutSign(int number) {

@@ -480,6 +480,14 @@ std::size_t ReportDamage::ofMissingCopybookIn(const DataDescription *entry) cons
   return noDiagnostic;
 }
 
+std::size_t ReportDamage::ofMissingCopybookIn(const SourceRange &range) const {
+  for (const MissingText &text : missingTexts)
+    if (isMissingCopybook(diagnostics[text.error].number) && text.place.file == range.file &&
+        range.beginLine <= text.place.beginLine && text.place.endLine <= range.endLine)
+      return text.error;
+  return noDiagnostic;
+}
+
 std::size_t ReportDamage::ofMissingCopybookIn(const FileDescription *file) const {
   for (const MissingText &text : missingTexts) {
     const ProgramPlaces::FilePart *part = places.filePartBefore(text.place);

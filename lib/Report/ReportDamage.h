@@ -63,6 +63,8 @@ public:
   /// The error of a copybook that is missing in the program where members of \p entry, or what
   /// else belongs to it, may stand.
   std::size_t ofMissingCopybookIn(const DataDescription *entry) const;
+  /// The error of a copybook that is missing within \p range.
+  std::size_t ofMissingCopybookIn(const SourceRange &range) const;
   /// The error of a copybook that is missing where records of \p file may stand.
   std::size_t ofMissingCopybookIn(const FileDescription *file) const;
   /// The first file without records among the errors.
