@@ -416,7 +416,7 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
   Word *name = nullptr;
   if (level == 66 || level == 88) {
     // These are nothing without their names.
-    name = parseDeclaredWord(level == 88 ? "a condition-name" : "a data-name");
+    name = parseDeclaredWord(level == 88 ? "a condition-name" : "a data-name", dataClauses);
     if (!name) {
       skipToEntry(dataClauses);
       return nullptr;
@@ -557,9 +557,9 @@ Word *DataParser::parseEntryName(const ClauseSet &clauses) {
   if (peek().isUserWord())
     return takeWord();
   rejectDeclaredWord("a data-name");
-  stream.skip();
+  Word *reserved = takeWord();
   // The name may follow a superfluous word.
-  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : nullptr;
+  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : reserved;
 }
 
 } // namespace tarka

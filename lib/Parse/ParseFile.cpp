@@ -152,7 +152,7 @@ FileDescription *FileSectionParser::parseFileDescription() {
   Recovery::ConstructScope construct(recovery);
   FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
   acceptAny(Keyword::Fd, Keyword::Sd);
-  Word *name = parseDeclaredWord("a file-name");
+  Word *name = parseDeclaredWord("a file-name", fileClauses);
   if (!name) {
     skipToEntry(fileClauses);
     return nullptr;

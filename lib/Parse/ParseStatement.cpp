@@ -328,7 +328,10 @@ bool StatementParser::rejectWord(StatementList &list) {
   const bool isRest = recovery.isRestOfStatement(peek()) &&
                       !at(Keyword::Cics, Keyword::Sql, Keyword::Dli) &&
                       (!peek().isUserWord() || suggestKeyword(peek().text, KF_Verb).empty());
-  if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword)) {
+  if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword) ||
+      recovery.isReservedName(peek())) {
+    if (recovery.isReservedName(peek()))
+      noteMistake();
     Skipping skipping(*this);
     stream.skip();
     list.lastIsWrong = true;

@@ -175,16 +175,11 @@ Word *ParserBase::parseUserWord(llvm::StringRef what) {
   return expected(what);
 }
 
-Word *ParserBase::parseDeclaredWord(llvm::StringRef what) {
-  if (peek().isWord() && !peek().isUserWord())
-    return rejectDeclaredWord(what);
-  return parseUserWord(what);
-}
-
-Failure ParserBase::rejectDeclaredWord(llvm::StringRef what) {
+void ParserBase::rejectDeclaredWord(llvm::StringRef what) {
+  if (recovery.isReservedNameReported(peek()))
+    recovery.noteReservedName(peek());
   error(DiagnosticId::ReservedWord, here(), what, peek().spelling);
   recovery.noteReservedName(peek());
-  return {};
 }
 
 Word *ParserBase::parseProcedureWord() {

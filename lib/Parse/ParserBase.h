@@ -239,11 +239,9 @@ public:
   /// A user-defined word. \p what describes it in the message: "a data-name". For a reserved word
   /// the message says that it is one.
   Word *parseUserWord(llvm::StringRef what);
-  /// The user-defined word that a declaration gives a meaning. Of a reserved word only the
-  /// declaration is reported, not its uses.
-  Word *parseDeclaredWord(llvm::StringRef what);
-  /// Reports the next token, a reserved word, in the place of a word to be declared.
-  Failure rejectDeclaredWord(llvm::StringRef what);
+  /// Reports the next token, a reserved word, in the place of a word to be declared, but not its
+  /// uses.
+  void rejectDeclaredWord(llvm::StringRef what);
   /// A procedure-name, which may be all digits.
   Word *parseProcedureWord();
   /// name {OF | IN} name ...

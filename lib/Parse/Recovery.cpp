@@ -138,8 +138,9 @@ bool Recovery::isInMissingCopybook(DiagnosticId id, const SourceRange &place) co
 
 /// Whether the next token is a reserved word that was reported as the name of a declaration.
 bool Recovery::isUseOfReservedName(DiagnosticId id) const {
-  const bool isWrongWord = id == DiagnosticId::ReservedWord || id == DiagnosticId::Expected;
-  return isWrongWord && reservedNames.contains(stream.peek().keyword);
+  const bool isWrongWord = id == DiagnosticId::ReservedWord || id == DiagnosticId::Expected ||
+                           id == DiagnosticId::UnknownClause;
+  return isWrongWord && isReservedName(stream.peek());
 }
 
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
@@ -165,6 +166,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   }
   if (!isCascade)
     lastReport = stream.getTaken();
+  if (!isCascade && id == DiagnosticId::ReservedWord && !stream.peek().isVerb())
+    reservedUses.insert(stream.peek().keyword);
   if (isCascade || beginsSuppression(id))
     suppressedUntil = stream.getTaken() + suppressedTokens;
   return !isCascade;

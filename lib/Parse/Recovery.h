@@ -79,10 +79,16 @@ public:
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
 
-  /// The name of a declaration is \p name, a reserved word, which was reported.
+  /// Notes that a declaration has \p name, a reserved word, as its name. One message is enough for
+  /// the declaration and all uses, which may come first.
   void noteReservedName(const Token &name) {
     if (!name.isVerb())
       reservedNames.insert(name.keyword);
+  }
+  bool isReservedName(const Token &word) const { return reservedNames.contains(word.keyword); }
+  /// Whether \p word, which is reserved, was reported in the place of a name.
+  bool isReservedNameReported(const Token &word) const {
+    return isReservedName(word) || reservedUses.contains(word.keyword);
   }
 
   /// Whether a line that begins with \p first, the next token, can be the rest of a statement in
@@ -295,8 +301,10 @@ private:
   /// The number of tokens that were taken when a mistake was reported last.
   uint64_t lastReport = ~uint64_t(0);
 
-  /// The reserved words that declarations have as their names.
+  /// The reserved words that declarations have as their names, and those that were reported in the
+  /// place of any name.
   llvm::SmallSet<Keyword, 4> reservedNames;
+  llvm::SmallSet<Keyword, 4> reservedUses;
 
   llvm::SmallVector<EnclosingStatement, 16> enclosing;
   /// The END- words of all open lists, and where those of the innermost one begin.
