@@ -94,6 +94,9 @@ struct ParserContext {
   /// An END PROGRAM has named another program than the one that ends with it: others may follow
   /// that have no program to end.
   bool isNestingUncertain = false;
+  /// The unit around the one that an END PROGRAM with the name of the former has ended: it ends
+  /// with it. Null at other times.
+  SourceUnit *endedUnit = nullptr;
   /// The name of the program that ended last, and how many tokens were taken then.
   std::string lastEndedProgram;
   uint64_t lastProgramEnd = 0;

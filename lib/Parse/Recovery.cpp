@@ -45,6 +45,7 @@ bool beginsSuppression(DiagnosticId id) {
 /// line too far up or down.
 static bool canBeStrayLine(DiagnosticId id) {
   switch (id) {
+  case DiagnosticId::ClauseTwice:
   case DiagnosticId::Expected:
   case DiagnosticId::PeriodMissing:
   case DiagnosticId::ReservedWord:
@@ -103,6 +104,9 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   // A period within a verb makes a name of its beginning.
   if (id == DiagnosticId::NotAStatement)
     return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
+  // A line that is there twice repeats all its clauses.
+  if (id == DiagnosticId::ClauseTwice && lastId == id && lastIsStrayLine && isInLine)
+    return true;
   if (id == DiagnosticId::NotSupported && place.file == lastMistake.file &&
       place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
     return true;
@@ -155,7 +159,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
     lastMistake = place;
-    lastIsStrayLine = !isCascade && beginsLine(place) && canBeStrayLine(id);
+    if (!isCascade || id != DiagnosticId::ClauseTwice)
+      lastIsStrayLine = !isCascade && beginsLine(place) && canBeStrayLine(id);
     lastIsAtVerb = stream.peek().isVerb();
     lastId = id;
     // A misspelt verb is read as what it was meant to be, and of parts without their statement

@@ -36,9 +36,24 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
 }
 
 bool SourceDiagnostics::isDamaged(const SourceRange &place) const {
-  return damagedFiles.contains(place.file) || llvm::any_of(damage, [&](const SourceRange &one) {
-           return one.file == place.file && one.endLine == place.beginLine;
+  return damagedFiles.contains(place.file) ||
+         llvm::any_of(damage,
+                      [&](const SourceRange &one) {
+                        return one.file == place.file && one.endLine == place.beginLine;
+                      }) ||
+         llvm::any_of(doubts, [&](const Doubt &one) {
+           return one.place.file == place.file && one.place.beginLine <= place.beginLine &&
+                  (one.isOpen || place.beginLine <= one.place.endLine);
          });
+}
+
+void SourceDiagnostics::endDoubt(const SourceRange &place) {
+  const auto doubt =
+      llvm::find_if(llvm::reverse(doubts), [](const Doubt &one) { return one.isOpen; });
+  doubt->place.endLine = place.endLine;
+  doubt->place.endColumn = place.endColumn;
+  doubt->isOpen = false;
+  sink.getDamage().add(doubt->place);
 }
 
 const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,

@@ -24,6 +24,11 @@ inline bool isCutLine(int number) {
   return number == 30;
 }
 
+/// The front end's message about a directive of a conditional that nothing begins.
+inline bool isStrayDirective(int number) {
+  return number == 82;
+}
+
 /// Those after which a whole copybook is missing, but the text around it is as it should be.
 inline bool isMissingCopybook(int number) {
   return 43 <= number && number <= 49;
@@ -144,8 +149,8 @@ inline bool isMissingFromCommand(int number) {
 /// Numbers that say of every use of a name that what it names is of the wrong kind: the declaration
 /// is wrong, or is there twice.
 inline bool isAboutKind(int number) {
-  return number == 3323 || number == 3529 || number == 3330 || number == 3404 || number == 3405 ||
-         number == 3487 || number == 3507 || number == 3561;
+  return number == 3316 || number == 3323 || number == 3529 || number == 3330 ||
+         (isAboutMnemonicName(number) && number != 3118);
 }
 
 /// A name that several entries have.
@@ -191,6 +196,31 @@ inline bool isInFileSection(int number) {
 inline bool isAboutRecordArea(int number) {
   return isInFileSection(number) || number == 3550 || number == 3551 || number == 3559 ||
          number == 3565 || number == 3570 || number == 3574 || number == 5026 || number == 5027;
+}
+
+/// Two paragraphs of one name in a section, and EXIT SECTION outside of sections.
+inline bool isAboutSectionLimits(int number) {
+  return number == 3401 || number == 5013;
+}
+
+/// A record that needs to be in the linkage section and is not.
+inline bool isAboutLinkage(int number) {
+  return number == 3001 || number == 5016 || number == 5044;
+}
+
+/// A record that is longer than those of the sort file.
+inline bool isAboutSortRecord(int number) {
+  return number == 3570;
+}
+
+/// A key that is no key of its file.
+inline bool isAboutKeyOfFile(int number) {
+  return number == 3566;
+}
+
+/// A data-name that is not in the group that qualifies it.
+inline bool isMissingFromScope(int number) {
+  return number == 3312;
 }
 
 /// SEARCH of a table that has no index, among others.

@@ -90,6 +90,10 @@ public:
   /// The error of \p entry that explains another wrong entry: a group without members, where the
   /// entry before it has got them.
   std::size_t ofGroupWithPictureBefore(const DataDescription *entry) const;
+  /// The first error that can mean that the header of a procedure is missing.
+  std::size_t ofLostProcedure() const {
+    return lostProcedures.empty() ? noDiagnostic : lostProcedures.front();
+  }
   /// Notes that the error \p index can mean that one declaration is missing with its name.
   void addLostName(std::size_t index) { lostNames.push_back(index); }
   /// The error that leaves a declaration without a name which may be the one that \p diagnostic is
