@@ -112,7 +112,8 @@ public:
   // Tokens (ParserBase.cpp)
   //===--------------------------------------------------------------------===//
 
-  const Token &peek(unsigned n = 0) { return stream.peek(n); }
+  const Token &peek() { return stream.peek(); }
+  const Token &peek(unsigned n) { return stream.peek(n); }
   template <typename... Kinds> bool at(Kinds... kinds) { return peek().isOneOf(kinds...); }
   /// Whether the next tokens are the given keywords or kinds, in this order.
   template <typename... Kinds> bool atSequence(Kinds... kinds) {
