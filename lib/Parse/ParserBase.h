@@ -400,9 +400,7 @@ public:
   /// The names that the unit being read can see.
   Scope scope() const { return Scope(context.unit); }
   /// Whether the unit can see a data item of that name.
-  bool isItem(llvm::StringRef name) const {
-    return static_cast<bool>(scope().findItems(&internString(name)));
-  }
+  bool isItem(llvm::StringRef name) const { return scope().isItem(&internString(name)); }
   /// Whether the word is a symbolic character that the unit can see.
   bool isSymbolicCharacter(const Token &word) const {
     return context.hasSymbolicCharacters && scope().isSymbolicCharacter(word.getInternedText());
