@@ -31,12 +31,11 @@ LLVM_ATTRIBUTE_ALWAYS_INLINE void prefetch(const Sentence *before, const Sentenc
 /// Calls \p visit for each sentence, and asks for the memory of those that come next meanwhile.
 template <typename Visitor>
 void forEachSentence(const NodeList<Sentence> &sentences, Visitor visit) {
-  constexpr std::size_t ahead = 4;
-  const std::size_t count = sentences.size();
-  for (std::size_t n = 0; n < count; ++n) {
-    if (n + ahead < count)
-      prefetch(sentences[n + ahead - 1], sentences[n + ahead]);
-    visit(sentences[n]);
+  constexpr std::ptrdiff_t ahead = 4;
+  for (auto sentence = sentences.begin(), end = sentences.end(); sentence != end; ++sentence) {
+    if (end - sentence > ahead)
+      prefetch(sentence[ahead - 1], sentence[ahead]);
+    visit(*sentence);
   }
 }
 
