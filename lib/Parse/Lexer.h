@@ -117,15 +117,21 @@ private:
     bool isEvaluate = false;
     bool wasTaken = false;   ///< a branch was read
     bool lastBranch = false; ///< ELSE or WHEN OTHER was seen
+    bool isDoubtful = false; ///< which branch is to be read is not known
   };
-  /// Whether the line that was just read begins with >>.
+  /// Whether the line that was just read begins with >>, or is meant to.
   bool isDirective() const {
-    return *lines.first() == '>' && lines.end() - lines.first() > 1 && lines.first()[1] == '>';
+    return *lines.first() == '>' && lines.end() - lines.first() > 1 &&
+           (lines.first()[1] == '>' || isTornDirective());
   }
+  bool isTornDirective() const;
   bool obeyDirective();
   void obeyConditional(llvm::StringRef name, DirectiveText &text);
   void beginConditional(llvm::StringRef name, DirectiveText &text);
   bool belongsToOpen(llvm::StringRef name);
+  void beginStrayBranch(llvm::StringRef name);
+  void noteDoubt();
+  void endConditional();
   bool takesBranch(llvm::StringRef name, DirectiveText &text);
   void skipBranches();
   void setSourceFormat(DirectiveText &text);
@@ -135,8 +141,7 @@ private:
   LineReader lines;
   Scanner scanner;
   llvm::SmallVector<Conditional, 4> conditionals;
-  /// Whether a branch of an IF, of an EVALUATE was reported that nothing begins and nothing has
-  /// ended.
+  /// Whether a branch of an IF, of an EVALUATE was reported that nothing begins and nothing ends.
   bool hasStrayBranch[2] = {false, false};
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;

@@ -94,6 +94,9 @@ struct ParserContext {
   /// An END PROGRAM has named another program than the one that ends with it: others may follow
   /// that have no program to end.
   bool isNestingUncertain = false;
+  /// The unit around the one that an END PROGRAM with the name of the former has ended: it ends
+  /// with it. Null at other times.
+  SourceUnit *endedUnit = nullptr;
   /// The name of the program that ended last, and how many tokens were taken then.
   std::string lastEndedProgram;
   uint64_t lastProgramEnd = 0;
@@ -240,6 +243,9 @@ public:
   /// A user-defined word. \p what describes it in the message: "a data-name". For a reserved word
   /// the message says that it is one.
   Word *parseUserWord(llvm::StringRef what);
+  /// Reports the next token, a reserved word, in the place of a word to be declared, but not its
+  /// uses.
+  void rejectDeclaredWord(llvm::StringRef what);
   /// A procedure-name, which may be all digits.
   Word *parseProcedureWord();
   /// name {OF | IN} name ...
