@@ -286,7 +286,9 @@ public:
   void visitCloseStatement(CloseStatement &statement) {
     llvm::SmallPtrSet<const FileDescription *, 8> named;
     for (CloseFile *file : statement.getCloseFileListElements()) {
-      checkNamedOnce(*file->getFileName(), named, "CLOSE");
+      // A file has several reels.
+      if (file->getOption() < CloseOption::Reel)
+        checkNamedOnce(*file->getFileName(), named, "CLOSE");
       const FileDescription *description = file->getFileName()->getFileDescription();
       const ParaFileControl *control = description ? controlOf(*description) : nullptr;
       const bool isOfTape =

@@ -56,50 +56,53 @@ public:
 
   void check() {
     for (const PhrsAlphabet *phrase : alphabet.getAlphaListElements()) {
-      add(*phrase->getLiteral(), phrase->getThruLiteral());
+      check(*phrase->getLiteral(), phrase->getThruLiteral());
       for (LiteralExpression *also : phrase->getAlsoListElements())
-        add(*also, nullptr);
+        check(*also, nullptr);
     }
   }
 
 private:
   /// \p last is the end of a range, or null.
-  void add(LiteralExpression &first, const LiteralExpression *last) {
-    if (const unsigned low = ordinalOf(&first)) {
-      const unsigned high = last ? ordinalOf(last) : low;
-      for (unsigned ordinal = std::min(low, high); high && ordinal <= std::max(low, high);
-           ++ordinal)
-        mark(ordinals, ordinal - 1, std::to_string(ordinal), first);
-      return;
-    }
-    const llvm::StringRef text = textOf(&first);
+  void check(LiteralExpression &first, const LiteralExpression *last) {
+    repeated.clear();
+    if (const unsigned ordinal = ordinalOf(&first))
+      addOrdinals(ordinal, last ? ordinalOf(last) : ordinal);
+    else
+      addCharacters(textOf(&first), last);
+    if (!repeated.empty())
+      report.report(LanguageRule::AlphabetCharacterRepeated, first, repeated,
+                    alphabet.getAlphabetName()->getDisplayName());
+  }
+
+  void addOrdinals(unsigned first, unsigned last) {
+    if (last)
+      for (unsigned ordinal = std::min(first, last); ordinal <= std::max(first, last); ++ordinal)
+        add(ordinals, ordinal - 1, std::to_string(ordinal));
+  }
+
+  void addCharacters(llvm::StringRef text, const LiteralExpression *last) {
+    const llvm::StringRef end = textOf(last);
     if (!last) {
       for (const char c : text)
-        markCharacter(c, first);
-      return;
+        addCharacter(c);
+    } else if (text.size() == 1 && end.size() == 1) {
+      const char low = std::min(text.front(), end.front());
+      const char high = std::max(text.front(), end.front());
+      // Elsewhere the characters between the two depend on the character set.
+      const bool isOfOneKind = (llvm::isDigit(low) && llvm::isDigit(high)) ||
+                               (llvm::isUpper(low) && llvm::isUpper(high)) ||
+                               (llvm::isLower(low) && llvm::isLower(high));
+      for (char c = low; isOfOneKind && c <= high; ++c)
+        addCharacter(c);
     }
-    const llvm::StringRef end = textOf(last);
-    if (text.size() != 1 || end.size() != 1)
-      return;
-    const char low = std::min(text.front(), end.front());
-    const char high = std::max(text.front(), end.front());
-    // Elsewhere the characters between the two depend on the character set.
-    const bool isOfOneKind = (llvm::isDigit(low) && llvm::isDigit(high)) ||
-                             (llvm::isUpper(low) && llvm::isUpper(high)) ||
-                             (llvm::isLower(low) && llvm::isLower(high));
-    for (char c = low; isOfOneKind && c <= high; ++c)
-      markCharacter(c, first);
   }
 
-  void markCharacter(char c, LiteralExpression &place) {
-    mark(characters, static_cast<unsigned char>(c), std::string(1, c), place);
-  }
+  void addCharacter(char c) { add(characters, static_cast<unsigned char>(c), std::string(1, c)); }
 
-  void mark(std::bitset<characterCount> &named, unsigned code, llvm::StringRef shown,
-            LiteralExpression &place) {
-    if (named.test(code))
-      report.report(LanguageRule::AlphabetCharacterRepeated, place, shown,
-                    alphabet.getAlphabetName()->getDisplayName());
+  void add(std::bitset<characterCount> &named, unsigned code, std::string shown) {
+    if (named.test(code) && repeated.empty())
+      repeated = std::move(shown);
     named.set(code);
   }
 
@@ -107,6 +110,8 @@ private:
   LanguageReport &report;
   std::bitset<characterCount> ordinals;
   std::bitset<characterCount> characters;
+  /// The first character of the literal being checked that is named before.
+  std::string repeated;
 };
 
 void checkSymbolic(const PhrsSymbolic &phrase, LanguageReport &report) {
