@@ -320,7 +320,8 @@ DirectiveOperand DirectiveText::readPrimary(unsigned depth) {
   } else if (const DirectiveOperand *variable = variables.find(word)) {
     value = *variable;
   } else {
-    if (!failed)
+    // One message for each variable, whether its definition is wrong or it has none.
+    if (!failed && variables.lose(word))
       diagnostics.report(DiagnosticId::UndefinedVariable, place, word);
     failed = true;
   }
@@ -363,12 +364,22 @@ void DirectiveText::readDefinition() {
   if (consume("PARAMETER"))
     return;
   DirectiveOperand value = isAtEnd() ? DirectiveOperand::ofTruth(true) : readOperand();
-  if (failed)
+  if (failed) {
+    variables.lose(name);
     return;
+  }
   const DirectiveOperand *old = variables.find(name);
   if (!consume("OVERRIDE") && old && !(*old == value)) {
     diagnostics.report(DiagnosticId::RedefinedVariable, place, name);
     return;
+  }
+  if (!isAtEnd()) {
+    // Another definition may have come into this line.
+    llvm::SmallVector<llvm::StringRef, 4> words;
+    llvm::SplitString(rest, words, " >");
+    for (llvm::StringRef word : words)
+      variables.lose(word);
+    fail("more follows than belongs to it");
   }
   variables.define(name, std::move(value));
 }

@@ -12,6 +12,7 @@
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringMap.h"
 #include "llvm/ADT/StringRef.h"
+#include "llvm/ADT/StringSet.h"
 #include <optional>
 #include <string>
 #include <utility>
@@ -56,11 +57,14 @@ public:
   void defineDefaults();
   /// Defines IGY-CICS and IGY-SQL.
   void defineLanguages(const ParseOptions &options);
+  /// Notes that the value of \p name is not known because of a mistake. False where that was known.
+  bool lose(llvm::StringRef name) { return lost.insert(name.upper()).second; }
   /// Sets the variable of the compiler's option \p option, if it has one: ARCH(12), DLL, NODYNAM.
   void defineOption(llvm::StringRef option, llvm::StringRef suboptions);
 
 private:
   llvm::StringMap<DirectiveOperand> values;
+  llvm::StringSet<> lost;
 };
 
 /// Reads the text of one directive from left to right. The first fault is reported, then all

@@ -55,8 +55,9 @@ class Lexer {
 public:
   Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain);
 
-  /// Makes the next token. The end of the file repeats itself.
-  void next(Token &token);
+  /// Makes the next token. The end of the file repeats itself. True where the token is an ordinary
+  /// one: not the end of the file, and no keyword that means something to the token stream.
+  bool next(Token &token);
 
   SourceFormat getFormat() const { return lines.getFormat(); }
   /// Where the EXEC SQL INCLUDE stands that was read last, from EXEC to END-EXEC.
@@ -86,6 +87,7 @@ private:
 
   bool nextLine();
   bool readLine();
+  bool scanNextLine(Token &token);
   bool takeSpecial(Token &token);
   bool isOrdinary(const Token &token) const;
   void obeyOptions(llvm::StringRef text);
@@ -115,15 +117,21 @@ private:
     bool isEvaluate = false;
     bool wasTaken = false;   ///< a branch was read
     bool lastBranch = false; ///< ELSE or WHEN OTHER was seen
+    bool isDoubtful = false; ///< which branch is to be read is not known
   };
-  /// Whether the line that was just read begins with >>.
+  /// Whether the line that was just read begins with >>, or is meant to.
   bool isDirective() const {
-    return *lines.first() == '>' && lines.end() - lines.first() > 1 && lines.first()[1] == '>';
+    return *lines.first() == '>' && lines.end() - lines.first() > 1 &&
+           (lines.first()[1] == '>' || isTornDirective());
   }
+  bool isTornDirective() const;
   bool obeyDirective();
   void obeyConditional(llvm::StringRef name, DirectiveText &text);
   void beginConditional(llvm::StringRef name, DirectiveText &text);
   bool belongsToOpen(llvm::StringRef name);
+  void beginStrayBranch(llvm::StringRef name);
+  void noteDoubt();
+  void endConditional();
   bool takesBranch(llvm::StringRef name, DirectiveText &text);
   void skipBranches();
   void setSourceFormat(DirectiveText &text);
@@ -133,8 +141,7 @@ private:
   LineReader lines;
   Scanner scanner;
   llvm::SmallVector<Conditional, 4> conditionals;
-  /// Whether a branch of an IF, of an EVALUATE was reported that nothing begins and nothing has
-  /// ended.
+  /// Whether a branch of an IF, of an EVALUATE was reported that nothing begins and nothing ends.
   bool hasStrayBranch[2] = {false, false};
   State state = State::Plain;
   Keyword previousKeyword = Keyword::None;
@@ -143,6 +150,7 @@ private:
   /// The tokens of an embedded block that were read after EXEC, in reverse order.
   llvm::SmallVector<Token, 3> block;
   bool atLineStart = false;
+  uint8_t lineFlags = 0; ///< of all tokens of the line
   bool inPseudoText = false;
   bool controlByteSeen = false;
   bool isBasis = false;

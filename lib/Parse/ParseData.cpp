@@ -4,6 +4,7 @@
 #include "Parse/Expansion.h"
 #include "Parse/ParseFile.h"
 #include "Parse/ParseReport.h"
+#include "Parse/SourceDiagnostics.h"
 
 namespace tarka {
 
@@ -128,7 +129,7 @@ namespace {
 class RecordBuilder {
 public:
   RecordBuilder(DataParser &theParser, DataParser::AddRecord addRecord)
-      : parser(theParser), give(addRecord) {}
+      : parser(theParser), give(addRecord), isTextMissing(theParser.isCopybook()) {}
   ~RecordBuilder() {
     completeUnsound();
     finish();
@@ -136,9 +137,13 @@ public:
   RecordBuilder(const RecordBuilder &) = delete;
   RecordBuilder &operator=(const RecordBuilder &) = delete;
 
-  /// Takes the next entry; \p isSound says whether it was parsed without a mistake.
-  void add(DataDescription *entry, bool isSound) {
-    place(entry);
+  /// Takes the next entry; \p isSound says whether it was parsed without a mistake, and
+  /// \p isBehindMissingCopybook whether a copybook that was not found stands before it.
+  void add(DataDescription *entry, bool isSound, bool isBehindMissingCopybook) {
+    if (entry->getLevelNum() == 1 || entry->getLevelNum() == 77)
+      isTextMissing = parser.isCopybook();
+    isTextMissing |= isBehindMissingCopybook;
+    place(entry, isBehindMissingCopybook);
     completeUnsound();
     if (!isSound)
       unsound = entry;
@@ -162,7 +167,7 @@ public:
   }
 
 private:
-  void place(DataDescription *entry) {
+  void place(DataDescription *entry, bool isBehindMissingCopybook) {
     lastIsCondition = entry->getLevelNum() == 88;
     switch (entry->getLevelNum()) {
     case 88:
@@ -177,7 +182,7 @@ private:
       begin(entry);
       return;
     default:
-      addSubordinate(entry);
+      addSubordinate(entry, isBehindMissingCopybook);
     }
   }
 
@@ -205,14 +210,14 @@ private:
   void addConditionName(DataDescription *entry) {
     if (item)
       item->addChildren(entry);
-    else if (!parser.isCopybook())
+    else if (!isTextMissing)
       parser.rejectCondition(*entry, /*isFirst=*/!std::exchange(hasStrayCondition, true));
   }
 
   /// Level 66 follows the last item of its record.
   void addRenames(DataDescription *entry) {
     if (!record || record->getLevelNum() == 77) {
-      if (!parser.isCopybook())
+      if (!isTextMissing)
         parser.error(DiagnosticId::RenamesWithoutRecord, entry->getRange());
       return;
     }
@@ -231,12 +236,16 @@ private:
     return item->getLevelNum() + (isElementary ? 0 : 1);
   }
 
-  void addSubordinate(DataDescription *entry) {
+  void addSubordinate(DataDescription *entry, bool isBehindMissingCopybook) {
     unsigned level = levelOf(*entry);
     while (!open.empty() && open.back()->getLevelNum() >= level)
       open.pop_back();
-    if (open.empty() && parser.isCopybook() && level > 1 && level < 50) {
-      // The group that the entries belong to stands before the COPY.
+    // An elementary item has no members: the group that they belong to is in the missing text.
+    if (isBehindMissingCopybook && !open.empty() && !open.back()->hasSubordinateData() &&
+        (open.back()->getPicture() || open.back()->getUsage()))
+      open.clear();
+    if (open.empty() && isTextMissing && level > 1 && level < 50) {
+      // The group is in the copybook that was not found, or stands before the COPY of this one.
       auto *group = ParserBase::makeAt<DataDescription>(entry->getRange());
       group->setLevelNum(1);
       begin(group);
@@ -274,6 +283,9 @@ private:
 
   DataParser &parser;
   DataParser::AddRecord give;
+  /// Whether entries of the record may be in text that is not there: before a copybook that is read
+  /// by itself, or in one that was not found.
+  bool isTextMissing;
   DataDescription *record = nullptr;
   /// The last entry that is not a condition-name.
   DataDescription *item = nullptr;
@@ -300,6 +312,8 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
   for (Progress progress(stream);; progress.ensure()) {
     // What is reported before the first token does not concern the entry.
     SourceRange begin = here();
+    const bool isBehindMissingCopybook =
+        stream.getSourceDiagnostics().isCopybookMissing(stream.getLastPlace(), begin);
     Recovery::ConstructScope construct(recovery);
     auto addEntry = [&](unsigned assumedLevel) {
       DataDescription *entry = parseEntry(assumedLevel);
@@ -309,7 +323,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       previous = entry;
       if (!entry)
         return;
-      records.add(entry, !construct.hasMistake());
+      records.add(entry, !construct.hasMistake(), isBehindMissingCopybook);
       context.previousEntry = entry->getRange();
     };
     // A number may stand for the damaged name in a header.
@@ -402,7 +416,7 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
   Word *name = nullptr;
   if (level == 66 || level == 88) {
     // These are nothing without their names.
-    name = parseUserWord(level == 88 ? "a condition-name" : "a data-name");
+    name = parseDeclaredWord(level == 88 ? "a condition-name" : "a data-name", dataClauses);
     if (!name) {
       skipToEntry(dataClauses);
       return nullptr;
@@ -542,10 +556,10 @@ Word *DataParser::parseEntryName(const ClauseSet &clauses) {
     return nullptr;
   if (peek().isUserWord())
     return takeWord();
-  error(DiagnosticId::ReservedWord, here(), "a data-name", peek().spelling);
-  stream.skip();
+  rejectDeclaredWord("a data-name");
+  Word *reserved = takeWord();
   // The name may follow a superfluous word.
-  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : nullptr;
+  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : reserved;
 }
 
 } // namespace tarka

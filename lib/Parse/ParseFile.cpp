@@ -106,9 +106,19 @@ void FileSectionParser::parseNamelessRecords(const SourceRange &place, FileDescT
 /// which has none, and the other way around, in their order. Otherwise each of them would cost a
 /// message wherever the file is used.
 void FileSectionParser::nameFiles(DataDivision &division) {
-  InputOutputSection *section = context.unit->getInputOutputSection();
-  if (!section)
-    return;
+  auto &files = context.namelessFiles;
+  if (InputOutputSection *section = context.unit->getInputOutputSection())
+    nameFiles(division, *section);
+  // Records that no file is left for: they are known all the same.
+  for (const NamelessFile &file : files)
+    for (DataDescription *record : file.records) {
+      record->setStorageType(StorageType::WorkingStorage);
+      division.addWorkSection(record);
+    }
+  files.clear();
+}
+
+void FileSectionParser::nameFiles(DataDivision &division, InputOutputSection &section) {
   auto &files = context.namelessFiles;
   // Records before the first entry belong to it where it has none: the lines are exchanged.
   if (!files.empty() && !division.getFileSectionElements().empty()) {
@@ -121,7 +131,7 @@ void FileSectionParser::nameFiles(DataDivision &division) {
     }
   }
   std::reverse(files.begin(), files.end());
-  for (ParaFileControl *entry : section->getFileControlListElements()) {
+  for (ParaFileControl *entry : section.getFileControlListElements()) {
     Word *name = entry->getFileName();
     if (files.empty() || !division.findFiles(name->getWordData()).empty())
       continue;
@@ -134,14 +144,14 @@ void FileSectionParser::nameFiles(DataDivision &division) {
   auto &selects = context.namelessSelects;
   std::reverse(selects.begin(), selects.end());
   for (FileDescription *file : division.getFileSectionElements()) {
-    if (selects.empty() || section->findFileControlByName(*file->getFileName()))
+    if (selects.empty() || section.findFileControlByName(*file->getFileName()))
       continue;
     const SourceRange place = selects.pop_back_val();
     auto *entry = makeAt<ParaFileControl>(place, file->getFileName());
     auto *assign = makeAt<ClauseAssign>(place);
     assign->addAssignment(file->getFileName());
     entry->setAssign(assign);
-    section->addFileControl(entry);
+    section.addFileControl(entry);
   }
 }
 
@@ -152,7 +162,7 @@ FileDescription *FileSectionParser::parseFileDescription() {
   Recovery::ConstructScope construct(recovery);
   FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
   acceptAny(Keyword::Fd, Keyword::Sd);
-  Word *name = parseUserWord("a file-name");
+  Word *name = parseDeclaredWord("a file-name", fileClauses);
   if (!name) {
     skipToEntry(fileClauses);
     return nullptr;

@@ -22,6 +22,7 @@ private:
   void parseFileRecords(AddRecord add);
   void parseNamelessRecords(const SourceRange &place, FileDescType type);
   void nameFiles(DataDivision &division);
+  void nameFiles(DataDivision &division, InputOutputSection &section);
   FileDescription *parseFileDescription();
   bool parseFileClause(FileDescription &file);
   ClauseBlock *parseBlock();

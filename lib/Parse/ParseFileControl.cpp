@@ -91,7 +91,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   Recovery::ConstructScope construct(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
-  Word *name = parseUserWord("a file-name");
+  Word *name = parseDeclaredWord("a file-name", selectClauses);
   if (!name) {
     context.namelessSelects.push_back(begin);
     skipToEntry(selectClauses);

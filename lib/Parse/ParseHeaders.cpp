@@ -238,13 +238,18 @@ bool ParserBase::atStrayProcedures() {
   }
   if (!first.isUserWord() || !first.isInAreaA())
     return false;
+  // A header of the procedures, with a statement or the header of the division behind it.
+  const auto isInProcedures = [this](unsigned n) {
+    return peek(n).isVerb() || peek(n).is(Keyword::Exec) ||
+           (peek(n).is(Keyword::Procedure) && peek(n + 1).is(Keyword::Division));
+  };
   if (peek(1).is(TokenKind::Period))
-    return peek(2).isFirstOnLine() && (peek(2).isVerb() || peek(2).is(Keyword::Exec));
+    return peek(2).isFirstOnLine() && isInProcedures(2);
   if (!peek(1).is(Keyword::Section))
     return false;
   const unsigned end = peek(2).is(TokenKind::IntegerLiteral) ? 3 : 2;
   return peek(end).is(TokenKind::Period) &&
-         (peek(end + 1).isVerb() ||
+         (isInProcedures(end + 1) ||
           (peek(end + 1).isUserWord() && peek(end + 2).is(TokenKind::Period)));
 }
 

@@ -32,7 +32,8 @@ void ProcedureParser::resumeProcedureDivision(ProcedureDivision &division) {
 
 void ProcedureParser::parseProcedures(ProcedureDivision &division) {
   Section *section = nullptr;
-  for (Progress progress(stream); !atUnitBoundary(); progress.ensure()) {
+  for (Progress progress(stream); !atUnitBoundary() || takeDisplacedHeader(division);
+       progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {
       section = parseSectionHeader();
       division.addSect(section);
@@ -50,6 +51,16 @@ void ProcedureParser::parseProcedures(ProcedureDivision &division) {
       parseParagraphs(division);
     }
   }
+}
+
+/// Takes the header of the division where it stands one or more lines too late, after it was
+/// reported as missing: what began before it goes on.
+bool ProcedureParser::takeDisplacedHeader(ProcedureDivision &division) {
+  if (!atDivision(Keyword::Procedure) || !isHeaderDisplaced(Keyword::Procedure))
+    return false;
+  context.missingHeaders.erase(Keyword::Procedure);
+  parseProcedureHeader(division);
+  return !atUnitBoundary();
 }
 
 /// PROCEDURE DIVISION [USING parameter...] [RETURNING item].
@@ -107,7 +118,7 @@ Word *ProcedureParser::parseHeaderName() {
   }
   const Token name = peek();
   if (name.isWord() && !name.isUserWord())
-    error(DiagnosticId::ReservedWord, here(), "a procedure-name", name.spelling);
+    rejectDeclaredWord("a procedure-name");
   else if (name.isInFixedForm() && !name.isInAreaA())
     error(DiagnosticId::ProcedureNameInAreaB, here(), name.spelling);
   return takeWord();
@@ -225,6 +236,7 @@ void ProcedureParser::parseDeclaratives(ProcedureDivision &division) {
     stream.skip();
     accept(TokenKind::Period);
   }
+  takeDisplacedHeader(division);
   context.isInDeclaratives = true;
   for (Progress progress(stream); !atUnitBoundary() && !atEndDeclaratives(); progress.ensure()) {
     if (headerKind() == HeaderKind::Section) {

@@ -21,6 +21,7 @@ public:
 
 private:
   void parseProcedureHeader(ProcedureDivision &division);
+  bool takeDisplacedHeader(ProcedureDivision &division);
   Section *parseSectionHeader();
   Word *parseHeaderName();
   /// The paragraphs and sentences up to the next section or the end of the part.

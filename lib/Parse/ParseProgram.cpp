@@ -139,7 +139,11 @@ SourceUnit *ProgramParser::parseSourceUnit(SourceUnit *outer) {
         continue;
       }
       parseSourceUnit(current);
-      continue;
+      if (context.endedUnit == current)
+        context.endedUnit = nullptr;
+      else if (!context.endedUnit)
+        continue;
+      break;
     }
     if (current->getProcDivision() && atDivision(Keyword::Procedure) &&
         isHeaderDisplaced(Keyword::Procedure)) {
@@ -228,6 +232,12 @@ bool ProgramParser::parseEndProgram(SourceUnit *current) {
       return false;
     }
     context.isNestingUncertain |= isOther;
+    // It is the END PROGRAM of this program that is missing where a program around it is named.
+    if (isOther)
+      for (SourceUnit *outer = current->getParent(); outer && !context.endedUnit;
+           outer = outer->getParent())
+        if (ended.equals_insensitive(withoutQuotes(outer->getSourceUnitName())))
+          context.endedUnit = outer;
     if (isOther && !isLeftOver)
       error(DiagnosticId::EndProgramNameDiffers, here(), ended, name);
     stream.skip();
@@ -263,6 +273,12 @@ IdentificationDivision *ProgramParser::parseIdentificationDivision() {
   }
   const bool hasProgramId = at(Keyword::ProgramId);
   ProgramIdParagraph *programId = parseProgramId();
+  // The line of PROGRAM-ID is there twice.
+  while (hasProgramId && atProgramId()) {
+    error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
+    Skipping skipping(*this);
+    parseProgramId();
+  }
   // Of PROGRAM-ID and the header before it, the lines are exchanged.
   if (!hasHeader && atDivision(Keyword::Identification) && !atProgramIdBehindHeader()) {
     error(DiagnosticId::DivisionOutOfOrder, here(), describe(peek()));
@@ -316,6 +332,9 @@ ProgramIdParagraph *ProgramParser::parseProgramId() {
   bool isHeader = accept(Keyword::ProgramId);
   if (!isHeader) {
     expected("PROGRAM-ID");
+    while (accept(TokenKind::Period))
+      if (at(Keyword::ProgramId))
+        return parseProgramId();
     // The header of the next division stands before PROGRAM-ID: it is known, and not missing later.
     if (const Keyword division = divisionAt();
         division != Keyword::None && division != Keyword::Procedure && atProgramIdBehindHeader()) {

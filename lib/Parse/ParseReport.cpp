@@ -100,7 +100,7 @@ ReportDescription *ReportParser::parseReportDescription() {
   recovery.resumeReporting();
   Recovery::ConstructScope construct(recovery);
   accept(Keyword::Rd);
-  Word *name = parseUserWord("a report-name");
+  Word *name = parseDeclaredWord("a report-name", reportClauses);
   if (!name) {
     skipToEntry(reportClauses);
     return nullptr;

@@ -223,10 +223,11 @@ bool StatementParser::endsStatements(StatementList &list) {
     if (recovery.canEndWith(keyword))
       return true;
     if (!recovery.endsStray(verbOfEnd(keyword)) && !recovery.hasUnknownStatement() &&
-        !recovery.isCutOff(keyword)) {
+        !recovery.isCutOff(keyword) && !recovery.isDisplaced(keyword)) {
       error(DiagnosticId::EndWithoutStatement, here(), textOf(keyword),
             textOf(keyword).drop_front(sizeof("END-") - 1));
       recovery.noteUnmatchedEnd();
+      recovery.noteStray(keyword);
     }
     stream.skip();
     return false;
@@ -244,6 +245,7 @@ bool StatementParser::endsStatements(StatementList &list) {
       return true;
     if (recovery.isFirstStray(StrayPart::When))
       error(DiagnosticId::WhenWithoutEvaluate, here());
+    recovery.noteStray(keyword);
     stream.skip();
     skipToStatement();
     return false;
@@ -328,7 +330,10 @@ bool StatementParser::rejectWord(StatementList &list) {
   const bool isRest = recovery.isRestOfStatement(peek()) &&
                       !at(Keyword::Cics, Keyword::Sql, Keyword::Dli) &&
                       (!peek().isUserWord() || suggestKeyword(peek().text, KF_Verb).empty());
-  if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword)) {
+  if (isLeftOver || isRest || recovery.isDisplaced(peek().keyword) ||
+      recovery.isReservedName(peek())) {
+    if (recovery.isReservedName(peek()))
+      noteMistake();
     Skipping skipping(*this);
     stream.skip();
     list.lastIsWrong = true;

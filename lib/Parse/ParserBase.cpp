@@ -175,6 +175,13 @@ Word *ParserBase::parseUserWord(llvm::StringRef what) {
   return expected(what);
 }
 
+void ParserBase::rejectDeclaredWord(llvm::StringRef what) {
+  if (recovery.isReservedNameReported(peek()))
+    recovery.noteReservedName(peek());
+  error(DiagnosticId::ReservedWord, here(), what, peek().spelling);
+  recovery.noteReservedName(peek());
+}
+
 Word *ParserBase::parseProcedureWord() {
   if (at(TokenKind::IntegerLiteral))
     return takeWord();

@@ -94,6 +94,9 @@ struct ParserContext {
   /// An END PROGRAM has named another program than the one that ends with it: others may follow
   /// that have no program to end.
   bool isNestingUncertain = false;
+  /// The unit around the one that an END PROGRAM with the name of the former has ended: it ends
+  /// with it. Null at other times.
+  SourceUnit *endedUnit = nullptr;
   /// The name of the program that ended last, and how many tokens were taken then.
   std::string lastEndedProgram;
   uint64_t lastProgramEnd = 0;
@@ -112,7 +115,8 @@ public:
   // Tokens (ParserBase.cpp)
   //===--------------------------------------------------------------------===//
 
-  const Token &peek(unsigned n = 0) { return stream.peek(n); }
+  const Token &peek() { return stream.peek(); }
+  const Token &peek(unsigned n) { return stream.peek(n); }
   template <typename... Kinds> bool at(Kinds... kinds) { return peek().isOneOf(kinds...); }
   /// Whether the next tokens are the given keywords or kinds, in this order.
   template <typename... Kinds> bool atSequence(Kinds... kinds) {
@@ -239,6 +243,9 @@ public:
   /// A user-defined word. \p what describes it in the message: "a data-name". For a reserved word
   /// the message says that it is one.
   Word *parseUserWord(llvm::StringRef what);
+  /// Reports the next token, a reserved word, in the place of a word to be declared, but not its
+  /// uses.
+  void rejectDeclaredWord(llvm::StringRef what);
   /// A procedure-name, which may be all digits.
   Word *parseProcedureWord();
   /// name {OF | IN} name ...
@@ -399,9 +406,7 @@ public:
   /// The names that the unit being read can see.
   Scope scope() const { return Scope(context.unit); }
   /// Whether the unit can see a data item of that name.
-  bool isItem(llvm::StringRef name) const {
-    return static_cast<bool>(scope().findItems(&internString(name)));
-  }
+  bool isItem(llvm::StringRef name) const { return scope().isItem(&internString(name)); }
   /// Whether the word is a symbolic character that the unit can see.
   bool isSymbolicCharacter(const Token &word) const {
     return context.hasSymbolicCharacters && scope().isSymbolicCharacter(word.getInternedText());

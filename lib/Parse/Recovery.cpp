@@ -45,6 +45,7 @@ bool beginsSuppression(DiagnosticId id) {
 /// line too far up or down.
 static bool canBeStrayLine(DiagnosticId id) {
   switch (id) {
+  case DiagnosticId::ClauseTwice:
   case DiagnosticId::Expected:
   case DiagnosticId::PeriodMissing:
   case DiagnosticId::ReservedWord:
@@ -103,6 +104,9 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   // A period within a verb makes a name of its beginning.
   if (id == DiagnosticId::NotAStatement)
     return isInLine && lastId == DiagnosticId::ProcedureNameInAreaB;
+  // A line that is there twice repeats all its clauses.
+  if (id == DiagnosticId::ClauseTwice && lastId == id && lastIsStrayLine && isInLine)
+    return true;
   if (id == DiagnosticId::NotSupported && place.file == lastMistake.file &&
       place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
     return true;
@@ -128,19 +132,35 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   return lastIsStrayLine && isBehindMistake(place, nearWithComments);
 }
 
+/// Whether what is missing before \p place may be in a copybook that was not found.
+bool Recovery::isInMissingCopybook(DiagnosticId id, const SourceRange &place) const {
+  const bool isLack = id == DiagnosticId::PeriodMissing || id == DiagnosticId::HeaderMissing ||
+                      id == DiagnosticId::Expected || id == DiagnosticId::RecordWithoutFile ||
+                      id == DiagnosticId::GroupWithoutReport;
+  return isLack && stream.getSourceDiagnostics().isCopybookMissing(stream.getLastPlace(), place);
+}
+
+/// Whether the next token is a reserved word that was reported as the name of a declaration.
+bool Recovery::isUseOfReservedName(DiagnosticId id) const {
+  const bool isWrongWord = id == DiagnosticId::ReservedWord || id == DiagnosticId::Expected ||
+                           id == DiagnosticId::UnknownClause;
+  return isWrongWord && isReservedName(stream.peek());
+}
+
 bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   constexpr unsigned suppressedTokens = 3;
   const SourceDiagnostics &source = stream.getSourceDiagnostics();
-  const bool isCascade =
-      isLeftOver(id, place) || sentenceIsAbandoned || stream.getTaken() < suppressedUntil ||
-      isSuspect() || isDoubtful(stream.peek()) || source.isDamaged(place) ||
-      source.isDamaged(stream.getLastPlace()) ||
-      (id == DiagnosticId::PeriodMissing && source.isCopybookMissing(stream.getLastPlace(), place));
+  const bool isCascade = isLeftOver(id, place) || sentenceIsAbandoned ||
+                         stream.getTaken() < suppressedUntil || isSuspect() ||
+                         isDoubtful(stream.peek()) || source.isDamaged(place) ||
+                         source.isDamaged(stream.getLastPlace()) ||
+                         isInMissingCopybook(id, place) || isUseOfReservedName(id);
   if (isCascade || isError(infoOf(id).severity)) {
     constructs.noteMistake();
     sentenceIsDamaged = true;
     lastMistake = place;
-    lastIsStrayLine = !isCascade && beginsLine(place) && canBeStrayLine(id);
+    if (!isCascade || id != DiagnosticId::ClauseTwice)
+      lastIsStrayLine = !isCascade && beginsLine(place) && canBeStrayLine(id);
     lastIsAtVerb = stream.peek().isVerb();
     lastId = id;
     // A misspelt verb is read as what it was meant to be, and of parts without their statement
@@ -151,6 +171,8 @@ bool Recovery::shouldReport(DiagnosticId id, const SourceRange &place) {
   }
   if (!isCascade)
     lastReport = stream.getTaken();
+  if (!isCascade && id == DiagnosticId::ReservedWord && !stream.peek().isVerb())
+    reservedUses.insert(stream.peek().keyword);
   if (isCascade || beginsSuppression(id))
     suppressedUntil = stream.getTaken() + suppressedTokens;
   return !isCascade;

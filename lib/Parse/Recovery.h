@@ -71,11 +71,25 @@ public:
   /// - a word that begins no statement and no clause, in the line of a mistake;
   /// - a period or header that is missing, or a header out of its place, behind a line that does
   /// not
-  ///   begin as lines do: the two may be exchanged.
+  ///   begin as lines do: the two may be exchanged;
+  /// - what is missing where a copybook was not found;
+  /// - each use of a reserved word that a declaration has as its name.
   bool shouldReport(DiagnosticId id, const SourceRange &place);
 
   /// Ends the suppression: the next token begins a construct in a place where one may begin.
   void resumeReporting() { suppressedUntil = 0; }
+
+  /// Notes that a declaration has \p name, a reserved word, as its name. One message is enough for
+  /// the declaration and all uses, which may come first.
+  void noteReservedName(const Token &name) {
+    if (!name.isVerb())
+      reservedNames.insert(name.keyword);
+  }
+  bool isReservedName(const Token &word) const { return reservedNames.contains(word.keyword); }
+  /// Whether \p word, which is reserved, was reported in the place of a name.
+  bool isReservedNameReported(const Token &word) const {
+    return isReservedName(word) || reservedUses.contains(word.keyword);
+  }
 
   /// Whether a line that begins with \p first, the next token, can be the rest of a statement in
   /// which there was a mistake: it is close behind that, and holds no statement of its own.
@@ -274,6 +288,8 @@ private:
   }
 
   bool isLeftOver(DiagnosticId id, const SourceRange &place) const;
+  bool isInMissingCopybook(DiagnosticId id, const SourceRange &place) const;
+  bool isUseOfReservedName(DiagnosticId id) const;
   bool beginsLine(const SourceRange &place) const;
   void loosenEnds();
   void passEnds();
@@ -284,6 +300,11 @@ private:
   uint64_t suppressedUntil = 0;
   /// The number of tokens that were taken when a mistake was reported last.
   uint64_t lastReport = ~uint64_t(0);
+
+  /// The reserved words that declarations have as their names, and those that were reported in the
+  /// place of any name.
+  llvm::SmallSet<Keyword, 4> reservedNames;
+  llvm::SmallSet<Keyword, 4> reservedUses;
 
   llvm::SmallVector<EnclosingStatement, 16> enclosing;
   /// The END- words of all open lists, and where those of the innermost one begin.

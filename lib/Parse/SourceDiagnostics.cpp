@@ -36,9 +36,24 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
 }
 
 bool SourceDiagnostics::isDamaged(const SourceRange &place) const {
-  return damagedFiles.contains(place.file) || llvm::any_of(damage, [&](const SourceRange &one) {
-           return one.file == place.file && one.endLine == place.beginLine;
+  return damagedFiles.contains(place.file) ||
+         llvm::any_of(damage,
+                      [&](const SourceRange &one) {
+                        return one.file == place.file && one.endLine == place.beginLine;
+                      }) ||
+         llvm::any_of(doubts, [&](const Doubt &one) {
+           return one.place.file == place.file && one.place.beginLine <= place.beginLine &&
+                  (one.isOpen || place.beginLine <= one.place.endLine);
          });
+}
+
+void SourceDiagnostics::endDoubt(const SourceRange &place) {
+  const auto doubt =
+      llvm::find_if(llvm::reverse(doubts), [](const Doubt &one) { return one.isOpen; });
+  doubt->place.endLine = place.endLine;
+  doubt->place.endColumn = place.endColumn;
+  doubt->isOpen = false;
+  sink.getDamage().add(doubt->place);
 }
 
 const CutLine *SourceDiagnostics::findCutLine(const SourceRange &last,
@@ -70,12 +85,26 @@ void SourceDiagnostics::reportCutLines() {
   }
 }
 
+/// \p place, or the COPY statement of file number \p file that has copied the text there last.
+SourceRange SourceDiagnostics::placeIn(unsigned file, SourceRange place) const {
+  for (const CopiedFile &copy : llvm::reverse(sink.getCopies()))
+    if (place.file != file && copy.file == place.file)
+      place = copy.statement;
+  return place;
+}
+
 bool SourceDiagnostics::isCopybookMissing(const SourceRange &before,
                                           const SourceRange &after) const {
-  return llvm::any_of(missingCopybooks, [&](const SourceRange &copy) {
-    return copy.file == after.file && copy.endLine <= after.beginLine &&
-           before.endLine <= copy.beginLine;
-  });
+  // They are in the order of the text: what is asked for is among the last ones.
+  for (const SourceRange &copy : llvm::reverse(missingCopybooks)) {
+    const SourceRange last = placeIn(copy.file, before);
+    if (copy.file == last.file && copy.beginLine < last.endLine)
+      return false;
+    const SourceRange next = placeIn(copy.file, after);
+    if (copy.file == next.file && copy.endLine <= next.beginLine)
+      return true;
+  }
+  return false;
 }
 
 } // namespace tarka

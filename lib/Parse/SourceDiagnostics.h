@@ -59,6 +59,10 @@ public:
   void noteDamage(const SourceRange &place) { sink.getDamage().add(place); }
   /// Whether the text at \p place is damaged: a message was reported that ends in its first line.
   bool isDamaged(const SourceRange &place) const;
+  /// Notes that from the line of \p place up to that of the matching endDoubt() text may be read
+  /// that is not meant to be, or the other way around.
+  void beginDoubt(const SourceRange &place) { doubts.push_back({place, /*isOpen=*/true}); }
+  void endDoubt(const SourceRange &place);
   /// Whether a copybook that was not found belongs between \p before and \p after.
   bool isCopybookMissing(const SourceRange &before, const SourceRange &after) const;
 
@@ -77,11 +81,18 @@ public:
 
 private:
   void noteDamage(DiagnosticId id, const SourceRange &place);
+  SourceRange placeIn(unsigned file, SourceRange place) const;
 
   FrontEndDiagnostics &sink;
   OpenConstructs constructs;
   llvm::SmallVector<SourceRange, 0> damage;
   llvm::SmallVector<SourceRange, 0> missingCopybooks;
+  /// The conditionals of which it is not known what of them is to be read.
+  struct Doubt {
+    SourceRange place;
+    bool isOpen;
+  };
+  llvm::SmallVector<Doubt, 0> doubts;
   llvm::SmallVector<CutLine, 0> cutLines;
   llvm::SmallSet<unsigned, 4> damagedFiles;
 };

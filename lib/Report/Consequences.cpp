@@ -160,6 +160,13 @@ const DataDescription *clauseOwner(const DataDescription &entry, int number) {
   return owner;
 }
 
+/// Whether the USAGE clause of \p entry is that of a group around it, which the checks have handed
+/// down.
+bool hasUsageOfGroup(const DataDescription &entry) {
+  return entry.getOwner() && entry.getUsage() &&
+         beginOf(entry.getUsage()->getRange()) < beginOf(entry.getRange());
+}
+
 /// How the names of one copybook or record begin: up to the first hyphen, that included. Empty for
 /// other names.
 llvm::StringRef prefixOf(llvm::StringRef name) {
@@ -182,10 +189,14 @@ public:
       const SourceRange &place = report[i].place;
       if (isUnreadText(report[i].number))
         unreadTexts.try_emplace({place.file, beginOf(place)}, i);
-      if (isUndefined(report[i].number))
+      if (isUndefined(report[i].number) || isAmbiguous(report[i].number))
         nameErrors.try_emplace({place.file, beginOf(place)}, i);
       if (isUnknownDevice(report[i].number))
         noteUnknownDevice(i);
+      if (isStrayDirective(report[i].number))
+        strayDirectives.try_emplace({place.file, place.beginLine}, i);
+      noteMissingProcedure(i);
+      noteSubscripts(i);
     }
     countFamilies();
   }
@@ -214,12 +225,18 @@ private:
   bool isMapName(llvm::StringRef name) const;
   llvm::StringRef familyOf(llvm::StringRef name) const;
   std::string nameOfFamily(llvm::StringRef name) const;
-  std::size_t causeOfSearchedTable(const SourceRange &place) const;
+  std::size_t nameErrorNear(const SourceRange &place) const;
   std::size_t causeOfRecordArea(std::size_t index) const;
   std::size_t causeOfProcedures(const Diagnostic &diagnostic);
   std::size_t causeOfAlteredParagraph(const Diagnostic &diagnostic);
+  std::size_t causeOfSectionLimits(std::size_t index) const;
+  void noteMissingProcedure(std::size_t index);
+  void noteSubscripts(std::size_t index);
+  std::size_t causeOfSubscript(std::size_t index, llvm::StringRef name) const;
+  std::size_t causeOfUse(std::size_t index);
   std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
-  llvm::StringRef doubledRecordOf(llvm::StringRef name, const SourceUnit *unit) const;
+  std::size_t causeOfUnselectedText(const Diagnostic &diagnostic) const;
+  std::string repeatedTextOf(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOfOtherName(std::size_t index);
   std::size_t causeOfLineItems(std::size_t index) const;
   std::size_t causeOfItemOrFile(const DataDescription *item, std::size_t index) const;
@@ -250,9 +267,11 @@ private:
   std::vector<std::size_t> reportedFiles;
   /// The errors about embedded text that could not be read, by file and position.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> unreadTexts;
-  /// The errors about data-names that nothing has.
+  /// The errors about data-names that nothing has, or more than one item.
   std::map<std::pair<unsigned, SourcePosition>, std::size_t> nameErrors;
   llvm::StringMap<std::size_t> namesOfUnknownDevices;
+  /// The directives without the beginning of their conditional, by file and line.
+  std::map<std::pair<unsigned, unsigned>, std::size_t> strayDirectives;
   /// The undeclared names by the family that they belong to, and the first error about each family.
   llvm::StringMap<llvm::StringSet<>> families;
   llvm::StringMap<std::size_t> reportedFamilies;
@@ -260,6 +279,10 @@ private:
   bool hasMapNames = false;
   /// The errors about procedure-names that nothing has.
   llvm::StringMap<std::size_t> unknownProcedures;
+  /// By unit the first error about a procedure-name that nothing has or comes near to.
+  llvm::DenseMap<const SourceUnit *, std::size_t> missingProcedures;
+  /// The words that are subscripts of undeclared tables, and the error about the table.
+  llvm::StringMap<std::size_t> subscriptsOfUnknown;
   /// The records and files of outer programs of which an item was reported that a nested one does
   /// not see.
   llvm::DenseMap<const Node *, std::size_t> hiddenRecords;
@@ -278,7 +301,7 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   if (isStrayEnd(diagnostic.number) && diagnostic.text.starts_with("END-PERFORM"))
     return causeOfStrayEnd(diagnostic);
   if (isOfFrontEnd(diagnostic.number))
-    return none;
+    return causeOfUnselectedText(diagnostic);
   if (const std::size_t cause = causeOfFault(index); cause != none)
     return cause;
   if (const std::size_t cause = damage.inLineOf(place); cause != none)
@@ -295,6 +318,9 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   }
   if (const std::size_t cause = causeOfProcedures(diagnostic); cause != none)
     return cause;
+  if (isAboutSectionLimits(diagnostic.number))
+    if (const std::size_t cause = causeOfSectionLimits(index); cause != none)
+      return cause;
   if (isRecordOfNoFile(diagnostic.number) ||
       (isUndefined(diagnostic.number) && isWritten(diagnostic.place)))
     if (const std::size_t cause = damage.ofFileWithoutRecords(); cause != none)
@@ -302,31 +328,39 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   if (isAboutRecordArea(diagnostic.number))
     if (const std::size_t cause = causeOfRecordArea(index); cause != none)
       return cause;
+  // A SEARCH finds no index because the name of the index, in it or in the SET before it, is not
+  // declared.
   if (isAboutSearchedTable(diagnostic.number))
-    if (const std::size_t cause = causeOfSearchedTable(place); cause != none)
+    if (const std::size_t cause = nameErrorNear(place); cause != none)
       return cause;
   if (isAboutMnemonicName(diagnostic.number))
     if (const std::size_t cause = causeOfMnemonicName(diagnostic); cause != none)
       return cause;
-  if (isAboutMnemonicName(diagnostic.number) || isAboutClassName(diagnostic.number))
-    if (const std::size_t cause = damage.ofSpecialNames(diagnostic.unit); cause != none)
+  if (isAboutSpecialRegister(diagnostic.number))
+    if (const std::size_t cause = damage.missingTextFor(diagnostic); cause != none)
       return cause;
+  if (const std::size_t cause = causeOfUse(index); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfItem(index); cause != none)
     return cause;
+  if (dependsOnSpecialNames(diagnostic.number))
+    if (const std::size_t cause = damage.ofSpecialNames(diagnostic.unit); cause != none)
+      return cause;
   if (const std::size_t cause = causeOfOtherName(index); cause != none)
     return cause;
   if (const std::size_t cause = causeWithin(index); cause != none)
     return cause;
-  if (isAboutKind(diagnostic.number))
-    return causeOfKind(index);
+  if (isAboutKind(diagnostic.number)) {
+    const std::size_t cause = damage.ofDeclaration(nameIn(diagnostic), false);
+    return cause != none ? cause : causeOfKind(index);
+  }
   if (const std::size_t cause = causeOfName(index); cause != none)
     return cause;
   return isAboutName(diagnostic.number) ? none : causeOfLineItems(index);
 }
 
-/// Why a SEARCH finds no index: the name of the index, which is not declared, stands in it or in
-/// the SET before it.
-std::size_t ConsequenceFinder::causeOfSearchedTable(const SourceRange &place) const {
+/// The error about a data-name that means nothing in the lines of \p place or near them.
+std::size_t ConsequenceFinder::nameErrorNear(const SourceRange &place) const {
   constexpr unsigned near = 3;
   const unsigned first = std::max(place.beginLine, near + 1) - near;
   const auto name = nameErrors.lower_bound({place.file, {first, 1}});
@@ -438,7 +472,8 @@ std::size_t ConsequenceFinder::causeOfFamily(std::size_t index, llvm::StringRef 
 /// The error that says the same of another use of the name.
 std::size_t ConsequenceFinder::causeOfKind(std::size_t index) {
   const Diagnostic &diagnostic = diagnostics[index];
-  const std::string key = std::to_string(diagnostic.number) + ' ' + diagnostic.subject;
+  const int number = isAboutMnemonicName(diagnostic.number) ? 0 : diagnostic.number;
+  const std::string key = std::to_string(number) + ' ' + diagnostic.subject;
   const auto [first, isNew] = reportedNames.try_emplace({diagnostic.unit, key}, index);
   return isNew ? none : first->second;
 }
@@ -485,6 +520,21 @@ std::size_t ConsequenceFinder::causeOfProcedures(const Diagnostic &diagnostic) {
   return isAboutAlteredParagraph(diagnostic.number) ? causeOfAlteredParagraph(diagnostic) : none;
 }
 
+/// Notes an error about a procedure-name that nothing has or comes near to: its header is missing.
+void ConsequenceFinder::noteMissingProcedure(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (isAboutProcedure(diagnostic.number) && isAboutMissingName(diagnostic.number) &&
+      !isSlip(nameIn(diagnostic), diagnostic.suggestion))
+    missingProcedures.try_emplace(diagnostic.unit, index);
+}
+
+/// Why a section has two paragraphs of one name, or an EXIT SECTION is in none: the header of a
+/// section is missing, or could not be read.
+std::size_t ConsequenceFinder::causeOfSectionLimits(std::size_t index) const {
+  const auto found = missingProcedures.find(diagnostics[index].unit);
+  return found != missingProcedures.end() ? found->second : damage.ofLostProcedure();
+}
+
 /// Why the paragraph that ALTER changes does not exist, or is not a GO TO alone.
 std::size_t ConsequenceFinder::causeOfAlteredParagraph(const Diagnostic &diagnostic) {
   const std::string name = llvm::StringRef(diagnostic.subject).upper();
@@ -499,6 +549,8 @@ std::size_t ConsequenceFinder::causeOfAlteredParagraph(const Diagnostic &diagnos
     SourceRange behind = range;
     behind.endLine = range.endLine + 1;
     if (const std::size_t cause = damage.between(range, behind); cause != none)
+      return cause;
+    if (const std::size_t cause = damage.ofMissingCopybookIn(behind); cause != none)
       return cause;
     for (const auto &[procedure, index] : unknownProcedures) {
       const SourceRange &place = diagnostics[index].place;
@@ -526,6 +578,17 @@ std::size_t ConsequenceFinder::causeOfStrayEnd(const Diagnostic &diagnostic) con
       nearest = i;
   }
   return nearest;
+}
+
+/// The end of a conditional close behind the error, where nothing begins the conditional: the text
+/// may be meant to be left out.
+std::size_t ConsequenceFinder::causeOfUnselectedText(const Diagnostic &diagnostic) const {
+  constexpr unsigned maxLines = 10;
+  for (const auto &[line, index] : strayDirectives)
+    if (line.first == diagnostic.place.file && diagnostic.place.beginLine < line.second &&
+        line.second <= diagnostic.place.beginLine + maxLines)
+      return index;
+  return none;
 }
 
 /// Why the other name that the diagnostic has, such as that after REDEFINES, is not declared.
@@ -620,6 +683,75 @@ std::size_t ConsequenceFinder::unreadTextIn(const SourceRange &place) const {
   const auto first = unreadTexts.lower_bound({place.file, beginOf(place)});
   const std::pair end(place.file, SourcePosition(place.endLine, place.endColumn));
   return first != unreadTexts.end() && first->first <= end ? first->second : none;
+}
+
+/// Notes the subscripts that an undeclared name has behind it.
+void ConsequenceFinder::noteSubscripts(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (!isUndefined(diagnostic.number) && !isMissingFromScope(diagnostic.number))
+    return;
+  const SourceRange &place = diagnostic.place;
+  llvm::StringRef text =
+      sliceColumns(lineOf(place.file, place.endLine), place.endColumn + 1, maxLineLength).ltrim();
+  if (!text.consume_front("("))
+    return;
+  llvm::SmallVector<llvm::StringRef, 4> words;
+  llvm::SplitString(text.take_until([](char c) { return c == ')' || c == ':'; }), words, " ,+-*/");
+  for (llvm::StringRef word : words)
+    subscriptsOfUnknown.try_emplace(word.upper(), index);
+}
+
+/// The error about an undeclared table that \p name is a subscript of: an index-name is declared in
+/// the entry of its table.
+std::size_t ConsequenceFinder::causeOfSubscript(std::size_t index, llvm::StringRef name) const {
+  const auto found = subscriptsOfUnknown.find(name);
+  return isUndefined(diagnostics[index].number) && found != subscriptsOfUnknown.end()
+             ? found->second
+             : none;
+}
+
+/// The file that the diagnostic involves, where its SELECT entry names keys and no organization, or
+/// no access mode; null for other files.
+static const FileDescription *fileWithoutOrganization(const Diagnostic &diagnostic) {
+  Involved involved;
+  involved.enter(diagnostic.node);
+  involved.enter(diagnostic.otherNode);
+  for (const FileDescription *file : involved.getFiles())
+    if (const ParaFileControl *control = file->getFileControl();
+        control &&
+        (!control->getAccess() ||
+         (!control->getOrganization() && (control->getRecordKey() || control->getRelativeKey()))))
+      return file;
+  return nullptr;
+}
+
+/// The error that says of another statement what this one says, or what also follows from a clause
+/// that is missing: a statement does not go with the organization or access mode that its file has
+/// only because SELECT names none, with the records of a sort file, or with a record that is not in
+/// the linkage section where there is no such section.
+std::size_t ConsequenceFinder::causeOfUse(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  std::string key;
+  if (isAboutLinkage(diagnostic.number)) {
+    const DataDivision *data = diagnostic.unit ? diagnostic.unit->getDataDivision() : nullptr;
+    if (data && llvm::none_of(data->getLinkSectionElements(),
+                              [](const DataDescription *record) { return record->isWritten(); }))
+      key = "LINKAGE";
+  } else if (isAboutRecordArea(diagnostic.number) || isAboutKeyOfFile(diagnostic.number)) {
+    if (const FileDescription *file = fileWithoutOrganization(diagnostic))
+      key = "ORGANIZATION " + file->getFileName()->getDisplayName();
+  } else if (isAboutSortRecord(diagnostic.number)) {
+    // The record of the sort file is the same for all files of the statement.
+    const SourceRange &place = diagnostic.place;
+    const std::size_t name = nameErrorNear(place);
+    if (name != none)
+      return name;
+    key = "SORT " + std::to_string(place.file) + ' ' + std::to_string(place.beginLine);
+  }
+  if (key.empty())
+    return none;
+  const auto [first, isNew] = reportedNames.try_emplace({diagnostic.unit, key}, index);
+  return isNew ? none : first->second;
 }
 
 /// The error that says of the same operand, entry or CURRENCY SIGN clause that it is wrong.
@@ -769,6 +901,8 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return index - 1;
   if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
     return cause;
+  if (const std::size_t cause = causeOfSubscript(index, name); cause != none)
+    return cause;
   if (const std::size_t cause = causeOfFamily(index, name); cause != none)
     return cause;
   reportedNames[{reach, key}] = index;
@@ -842,8 +976,10 @@ std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringR
   if (isAboutFile(diagnostic.number))
     return "FILE " + name.str();
   if (isAmbiguous(diagnostic.number))
-    if (const llvm::StringRef record = doubledRecordOf(name, diagnostic.unit); !record.empty())
-      return "TWICE " + record.str();
+    if (const std::string text = repeatedTextOf(name, diagnostic.unit); !text.empty())
+      return "TWICE " + text;
+  if (isAboutProcedure(diagnostic.number) && isAboutMissingName(diagnostic.number))
+    return "PROCEDURE " + name.str();
   // REPOSITORY lets functions stand without FUNCTION, all of them most of the time.
   if (findIntrinsicFunction(name) && isUnknown(name, diagnostic.unit))
     return "FUNCTION";
@@ -854,10 +990,10 @@ std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringR
          llvm::StringRef(diagnostic.subject).upper();
 }
 
-/// The name of the record that is there twice, so that \p name in it is ambiguous; empty where the
-/// entries of that name are in records of several names.
-llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
-                                                   const SourceUnit *unit) const {
+/// The text that is there twice, so that all names that it declares are ambiguous, \p name among
+/// them: a copybook, a line, or a record, by its name. Empty where the entries of that name have
+/// nothing else in common.
+std::string ConsequenceFinder::repeatedTextOf(llvm::StringRef name, const SourceUnit *unit) const {
   const Homonyms items = Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
   if (!items || items.entries->size() < 2)
     return "";
@@ -866,20 +1002,25 @@ llvm::StringRef ConsequenceFinder::doubledRecordOf(llvm::StringRef name,
       entry = entry->getOwner();
     return entry->getDataName() ? entry->getDataName()->getWordData() : llvm::StringRef();
   };
-  // Of a copybook that is copied twice, all names are ambiguous.
   auto placeOf = [](const DataDescription *entry) {
     return entry->getDataName() ? entry->getDataName()->getRange() : SourceRange();
   };
+  auto all = [&](auto condition) { return llvm::all_of(*items.entries, condition); };
   const SourceRange first = placeOf(items.entries->front());
-  if (llvm::all_of(*items.entries, [&](const DataDescription *entry) {
+  if (all([&](const DataDescription *entry) {
         const SourceRange place = placeOf(entry);
         return place.file == first.file && place.beginLine != 0 && beginOf(place) == beginOf(first);
       }))
     return "COPY";
+  const llvm::StringRef line = lineOf(first.file, first.beginLine).trim();
+  if (all([&](const DataDescription *entry) {
+        const SourceRange place = placeOf(entry);
+        return place.beginLine != 0 && lineOf(place.file, place.beginLine).trim() == line;
+      }))
+    return ("LINE " + line).str();
   const llvm::StringRef record = recordOf(items.entries->front());
-  const bool isOne = llvm::all_of(
-      *items.entries, [&](const DataDescription *entry) { return recordOf(entry) == record; });
-  return isOne ? record : "";
+  return all([&](const DataDescription *entry) { return recordOf(entry) == record; }) ? record.str()
+                                                                                      : "";
 }
 
 /// Whether the line of \p place is the header of the paragraph \p name.
@@ -901,9 +1042,18 @@ bool ConsequenceFinder::isName(const Diagnostic &diagnostic) const {
 std::string ConsequenceFinder::missingName(const Diagnostic &diagnostic) const {
   llvm::SmallVector<llvm::StringRef, 4> names;
   llvm::StringRef(diagnostic.subject).split(names, " OF ");
-  for (llvm::StringRef qualifier : llvm::drop_begin(names))
-    if (std::string name = qualifier.upper(); isUnknown(name, diagnostic.unit))
+  ProcedureDivision *procedures = isAboutProcedure(diagnostic.number) && diagnostic.unit
+                                      ? diagnostic.unit->getProcDivision()
+                                      : nullptr;
+  for (llvm::StringRef qualifier : llvm::drop_begin(names)) {
+    std::string name = qualifier.upper();
+    if (procedures ? procedures->findSections(name).empty() : isUnknown(name, diagnostic.unit))
       return name;
+  }
+  // Of an item that is not unique the message has the name; its operand can be a group around it.
+  if (isAmbiguous(diagnostic.number) && diagnostic.number < 5000)
+    if (const auto [before, name] = llvm::StringRef(diagnostic.text).split('\''); !name.empty())
+      return name.split('\'').first.split(" OF ").first.upper();
   return nameIn(diagnostic).upper();
 }
 
@@ -933,6 +1083,19 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
     if (isEmptyGroup(diagnostic.number))
       if (const std::size_t cause = damage.ofGroupWithPictureBefore(entry); cause != none)
         return cause;
+    if (isAboutMembers(diagnostic.number)) {
+      // An entry that its group cannot have may belong to another one, in the missing text.
+      const bool isOfGroup =
+          isDifferentUsage(diagnostic.number) || isWrongMember(diagnostic.number);
+      const DataDescription *known = isOfGroup && entry->getOwner() ? entry->getOwner() : entry;
+      if (entry->getCondNameParent())
+        known = entry->getCondNameParent();
+      if (const std::size_t cause = damage.ofMissingCopybookIn(known); cause != none)
+        return cause;
+    }
+    if (isPictureAgainstUsage(diagnostic.number) && hasUsageOfGroup(*entry))
+      if (const std::size_t cause = damage.ofMissingCopybookIn(entry->getOwner()); cause != none)
+        return cause;
     // Another condition-name of the variable can be wrong as well.
     if (const DataDescription *variable = entry->getCondNameParent())
       if (const std::size_t cause = damage.ofEntryOrGroup(variable, index); cause != none)
@@ -959,9 +1122,23 @@ std::size_t ConsequenceFinder::causeOfItem(std::size_t index) {
   for (const DataDescription *item : involved.getEntries())
     if (const std::size_t cause = damage.of(item, index); cause != none)
       return cause;
+  // The members of a group are not all known.
+  for (const DataDescription *item : involved.getEntries()) {
+    const DataDescription *known = item->getCondNameParent() ? item->getCondNameParent() : item;
+    // Tables around an item may be missing as well.
+    while (isAboutSubscripts(diagnostic.number) && known->getOwner())
+      known = known->getOwner();
+    if (known != item || item->isGroupItem())
+      if (const std::size_t cause = damage.ofMissingCopybookIn(known); cause != none)
+        return cause;
+  }
   for (const FileDescription *file : involved.getFiles())
     if (const std::size_t cause = damage.of(file, index); cause != none)
       return cause;
+  if (isAboutRecordArea(diagnostic.number))
+    for (const FileDescription *file : involved.getFiles())
+      if (const std::size_t cause = damage.ofMissingCopybookIn(file); cause != none)
+        return cause;
   return none;
 }
 

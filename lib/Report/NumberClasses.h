@@ -24,6 +24,11 @@ inline bool isCutLine(int number) {
   return number == 30;
 }
 
+/// The front end's message about a directive of a conditional that nothing begins.
+inline bool isStrayDirective(int number) {
+  return number == 82;
+}
+
 /// Those after which a whole copybook is missing, but the text around it is as it should be.
 inline bool isMissingCopybook(int number) {
   return 43 <= number && number <= 49;
@@ -39,9 +44,14 @@ inline bool isWrongShape(int number) {
   return number == 3241 || number == 3242 || number == 3279;
 }
 
+/// The USAGE of an entry is not that of its group.
+inline bool isDifferentUsage(int number) {
+  return number == 3279;
+}
+
 /// An entry that has members has a PICTURE or a USAGE of its own as well.
 inline bool isGroupWithPicture(int number) {
-  return number == 3241 || number == 3279;
+  return number == 3241 || isDifferentUsage(number);
 }
 
 /// The front end's messages about an entry before which its record, or the entry of the file or
@@ -57,6 +67,11 @@ inline bool isMissingHeader(int number) {
 
 inline bool isEmptyGroup(int number) {
   return number == 3575;
+}
+
+/// An entry whose USAGE needs a PICTURE, or members, has none.
+inline bool isWithoutPicture(int number) {
+  return number == 3340;
 }
 
 inline bool isFileWithoutRecords(int number) {
@@ -134,8 +149,8 @@ inline bool isMissingFromCommand(int number) {
 /// Numbers that say of every use of a name that what it names is of the wrong kind: the declaration
 /// is wrong, or is there twice.
 inline bool isAboutKind(int number) {
-  return number == 3323 || number == 3529 || number == 3330 || number == 3404 || number == 3405 ||
-         number == 3487 || number == 3507 || number == 3561;
+  return number == 3316 || number == 3323 || number == 3529 || number == 3330 ||
+         (isAboutMnemonicName(number) && number != 3118);
 }
 
 /// A name that several entries have.
@@ -180,12 +195,42 @@ inline bool isInFileSection(int number) {
 /// for it: with the FD or SD entry of another file missing, its records belong to this one.
 inline bool isAboutRecordArea(int number) {
   return isInFileSection(number) || number == 3550 || number == 3551 || number == 3559 ||
-         number == 3565 || number == 3574 || number == 5026 || number == 5027;
+         number == 3565 || number == 3570 || number == 3574 || number == 5026 || number == 5027;
+}
+
+/// Two paragraphs of one name in a section, and EXIT SECTION outside of sections.
+inline bool isAboutSectionLimits(int number) {
+  return number == 3401 || number == 5013;
+}
+
+/// A record that needs to be in the linkage section and is not.
+inline bool isAboutLinkage(int number) {
+  return number == 3001 || number == 5016 || number == 5044;
+}
+
+/// A record that is longer than those of the sort file.
+inline bool isAboutSortRecord(int number) {
+  return number == 3570;
+}
+
+/// A key that is no key of its file.
+inline bool isAboutKeyOfFile(int number) {
+  return number == 3566;
+}
+
+/// A data-name that is not in the group that qualifies it.
+inline bool isMissingFromScope(int number) {
+  return number == 3312;
 }
 
 /// SEARCH of a table that has no index, among others.
 inline bool isAboutSearchedTable(int number) {
   return number == 3492;
+}
+
+/// A special register that no file or statement of the program makes.
+inline bool isAboutSpecialRegister(int number) {
+  return number == 3320;
 }
 
 /// A data-name that is not declared.
@@ -196,6 +241,11 @@ inline bool isUndefined(int number) {
 /// Numbers of references that cannot be understood.
 inline bool isAboutReference(int number) {
   return 3310 <= number && number <= 3316;
+}
+
+/// Numbers that say that an item needs more or fewer subscripts.
+inline bool isAboutSubscripts(int number) {
+  return number == 3316 || number == 5002;
 }
 
 /// Numbers that say that a procedure-name means nothing, or more than one procedure.
@@ -234,9 +284,14 @@ inline bool isWrongLevel(int number) {
   return number == 3201 || number == 3205;
 }
 
+/// An entry that its group cannot have.
+inline bool isWrongMember(int number) {
+  return number == 3203;
+}
+
 /// Those that say of a group that it is wrong, which an entry of a wrong level in it can cause.
 inline bool isWrongHierarchy(int number) {
-  return number == 3203 || number == 3208 || number == 3216 || number == 3241;
+  return isWrongMember(number) || number == 3208 || number == 3216 || number == 3241;
 }
 
 inline bool isAboutSign(int number) {
@@ -251,6 +306,19 @@ inline bool isAboutGroupValue(int number) {
 /// Numbers that say that a condition-name does not have the type of its item.
 inline bool isAboutConditionType(int number) {
   return number == 3294 || number == 3295;
+}
+
+/// Numbers that say that an entry does not go with the entries that belong to it.
+inline bool isAboutMembers(int number) {
+  return isGroupWithPicture(number) || isWrongHierarchy(number) || isEmptyGroup(number) ||
+         isWithoutPicture(number) || isAboutConditionType(number);
+}
+
+/// Numbers of errors that DECIMAL-POINT IS COMMA, CURRENCY SIGN, or a name that SPECIAL-NAMES
+/// declares, can avoid.
+inline bool dependsOnSpecialNames(int number) {
+  return isAboutMnemonicName(number) || isAboutClassName(number) || isPictureAgainstUsage(number) ||
+         number == 3141 || number == 3293;
 }
 
 /// A number for each fault that several checks find at one place, one after the other; 0 for other

@@ -417,6 +417,12 @@ std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
 
 std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
   for (; unit; unit = unit->getParent()) {
+    const InputOutputSection *behind = unit->getInputOutputSection();
+    for (const MissingText &text : missingTexts)
+      if (isMissingCopybook(diagnostics[text.error].number) && places.unitAt(text.place) == unit &&
+          isBeforeData(text.place) &&
+          !(behind && beginOf(behind->getRange()) < beginOf(text.place)))
+        return text.error;
     const EnvironmentDivision *division = unit->getEnvironmentDivision();
     const ConfigurationSection *section = division ? division->getConfigurationSection() : nullptr;
     const ParaSpecialNames *names = section ? section->getSpecialNames() : nullptr;
@@ -443,6 +449,51 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
                              llvm::StringRef(diagnostics[index].text).contains("PROCEDURE"));
     if (isOfHeader && places.unitAt(place) != caller)
       return index;
+  }
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofMissingCopybookIn(const DataDescription *entry) const {
+  if (missingTexts.empty() || !entry->isWritten())
+    return noDiagnostic;
+  const SourceRange &range = entry->getRange();
+  const DataDescription *previous = entryBefore(range);
+  // A group without an entry of its own begins at its first member; the copybook is before that.
+  SourcePosition begin = beginOf(range);
+  const auto &members = entry->getChildrenElements();
+  if (!members.empty() && beginOf(members.front()->getRange()) == begin)
+    begin = previous ? beginOf(previous->getRange()) : SourcePosition();
+  const llvm::ArrayRef<const DataDescription *> ofFile = places.entriesOf(range.file);
+  const auto *next = llvm::upper_bound(
+      ofFile, beginOf(range), [](const SourcePosition &place, const DataDescription *other) {
+        return place < beginOf(other->getRange());
+      });
+  next = std::find_if(next, ofFile.end(), [&](const DataDescription *other) {
+    return other->getLevelNum() <= entry->getLevelNum() || other->getLevelNum() == 77;
+  });
+  for (const MissingText &text : missingTexts)
+    if (isMissingCopybook(diagnostics[text.error].number) && text.place.file == range.file &&
+        begin < beginOf(text.place) && places.unitAt(text.place) == places.unitAt(range) &&
+        !places.isInProcedures(text.place) &&
+        (next == ofFile.end() || beginOf(text.place) < beginOf((*next)->getRange())))
+      return text.error;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofMissingCopybookIn(const SourceRange &range) const {
+  for (const MissingText &text : missingTexts)
+    if (isMissingCopybook(diagnostics[text.error].number) && text.place.file == range.file &&
+        range.beginLine <= text.place.beginLine && text.place.endLine <= range.endLine)
+      return text.error;
+  return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofMissingCopybookIn(const FileDescription *file) const {
+  for (const MissingText &text : missingTexts) {
+    const ProgramPlaces::FilePart *part = places.filePartBefore(text.place);
+    if (part && part->file == file && isMissingCopybook(diagnostics[text.error].number) &&
+        !isBeforeData(text.place) && places.unitAt(text.place) == places.unitAt(part->range))
+      return text.error;
   }
   return noDiagnostic;
 }

@@ -40,7 +40,8 @@ public:
   std::size_t inLineOf(const SourceRange &place) const;
   /// The first error of the front end from \p begin to \p end, which are in one file.
   std::size_t between(const SourceRange &begin, const SourceRange &end) const;
-  /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it.
+  /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it, or
+  /// of a copybook that is missing in its configuration section.
   std::size_t ofSpecialNames(const SourceUnit *unit) const;
   /// The error of the front end in the header of the procedure division of another unit than
   /// \p caller.
@@ -59,6 +60,13 @@ public:
   /// The error of the entry before \p entry where that is a group without members: its members may
   /// have come to \p entry instead.
   std::size_t ofEmptyGroupBefore(const DataDescription *entry) const;
+  /// The error of a copybook that is missing in the program where members of \p entry, or what
+  /// else belongs to it, may stand.
+  std::size_t ofMissingCopybookIn(const DataDescription *entry) const;
+  /// The error of a copybook that is missing within \p range.
+  std::size_t ofMissingCopybookIn(const SourceRange &range) const;
+  /// The error of a copybook that is missing where records of \p file may stand.
+  std::size_t ofMissingCopybookIn(const FileDescription *file) const;
   /// The first file without records among the errors.
   std::size_t ofFileWithoutRecords() const { return fileWithoutRecords; }
   /// The error in \p entry that explains other errors, \p index among them, in the same entry.
@@ -82,6 +90,10 @@ public:
   /// The error of \p entry that explains another wrong entry: a group without members, where the
   /// entry before it has got them.
   std::size_t ofGroupWithPictureBefore(const DataDescription *entry) const;
+  /// The first error that can mean that the header of a procedure is missing.
+  std::size_t ofLostProcedure() const {
+    return lostProcedures.empty() ? noDiagnostic : lostProcedures.front();
+  }
   /// Notes that the error \p index can mean that one declaration is missing with its name.
   void addLostName(std::size_t index) { lostNames.push_back(index); }
   /// The error that leaves a declaration without a name which may be the one that \p diagnostic is

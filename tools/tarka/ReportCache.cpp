@@ -216,25 +216,25 @@ ReportCache::ReportCache(const Request &driverRequest)
   build = key.take();
 }
 
-std::string ReportCache::pathOf(const Request &own, llvm::StringRef file,
-                                llvm::StringRef digest) const {
+std::optional<std::string> ReportCache::pathOf(const Request &own, const std::string &file) const {
+  fs::file_status status;
+  if (fs::status(file, status) || !fs::is_regular_file(status))
+    return std::nullopt;
   KeyWriter key;
   key.add(build);
   addOptions(key, own);
   key.add(file);
-  key.add(digest);
+  key.add(status.getSize());
   llvm::SmallString<128> path(directory);
   llvm::sys::path::append(path, prefix + digestOf(key.take()));
   return std::string(path);
 }
 
 std::optional<std::string> ReportCache::find(const Request &own, const std::string &file) {
-  if (!isOn || !fs::is_regular_file(file))
+  const std::optional<std::string> path = isOn ? pathOf(own, file) : std::nullopt;
+  if (!path)
     return std::nullopt;
-  auto source = llvm::MemoryBuffer::getFile(file);
-  if (!source)
-    return std::nullopt;
-  auto entry = llvm::MemoryBuffer::getFile(pathOf(own, file, digestOf((*source)->getBuffer())));
+  auto entry = llvm::MemoryBuffer::getFile(*path);
   if (!entry)
     return std::nullopt;
   std::vector<Dependency> dependencies;
@@ -251,7 +251,6 @@ std::optional<std::string> ReportCache::find(const Request &own, const std::stri
   if (!report)
     return std::nullopt;
   report->inputs = watchedPaths(dependencies, *fileSystem);
-  report->inputs.push_back(file);
   std::string answer;
   llvm::raw_string_ostream stream(answer);
   serialize(stream, *report);
@@ -262,16 +261,14 @@ void ReportCache::store(const Request &own, const std::string &file,
                         DependencyRecorder &dependencies, llvm::StringRef report) {
   if (!isOn)
     return;
-  std::vector<Dependency> found = dependencies.getDependencies();
-  const auto source = llvm::find_if(found, [&](const Dependency &dependency) {
+  const std::vector<Dependency> found = dependencies.getDependencies();
+  const bool hasSource = llvm::any_of(found, [&](const Dependency &dependency) {
     return dependency.kind == Dependency::Contents && dependency.path == file;
   });
-  if (source == found.end() || !dependencies.isComplete() || !makeDirectory(directory))
+  const std::optional<std::string> path = pathOf(own, file);
+  if (!path || !hasSource || !dependencies.isComplete() || !makeDirectory(directory))
     return;
-  // The key has the contents of the program itself.
-  const std::string digest = source->digest;
-  found.erase(source);
-  OutputFile output(pathOf(own, file, digest));
+  OutputFile output(*path);
   if (!output.stream())
     return;
   *output.stream() << makeEntry(found, report);

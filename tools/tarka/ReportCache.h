@@ -1,9 +1,10 @@
 //===- ReportCache.h - the reports of unchanged programs --------*- C++ -*-===//
 //
 // A report is kept under the digest of what it was asked for: the program's name
-// and contents, the options, and this build of tarka. With it are kept the other
-// things that the compilation found in the file system; the report is used again
-// only while all of them are as they were.
+// and size, the options, and this build of tarka. With it is kept what the
+// compilation found in the file system, the contents of the program among them;
+// the report is used again only while all of this is as it was. So a program is
+// digested only if there is a report that may be its own.
 //
 //===----------------------------------------------------------------------===//
 
@@ -35,8 +36,8 @@ public:
   void prune();
 
 private:
-  /// The path of the entry of \p file with the contents of \p digest.
-  std::string pathOf(const Request &own, llvm::StringRef file, llvm::StringRef digest) const;
+  /// The path of the entry of \p file in its present size; none when it is not a regular file.
+  std::optional<std::string> pathOf(const Request &own, const std::string &file) const;
 
   const Request &request;
   bool isOn;

@@ -4,6 +4,7 @@
 #include "AST/NestedStatements.h"
 #include "AST/Procedure.h"
 #include "AST/Program.h"
+#include "Analyzer/SentenceWalk.h"
 #include "EmbeddedRules.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/STLExtras.h"
@@ -103,9 +104,10 @@ private:
   }
 
   void sentences(const NodeList<Sentence> &list, const StatementContext &context) {
-    for (Sentence *sentence : list)
+    forEachSentence(list, [&](const Sentence *sentence) {
       for (Statement *statement : sentence->getStmtElements())
         check(*statement, context);
+    });
   }
 
   void check(Statement &statement, const StatementContext &context) {
