@@ -77,6 +77,14 @@ public:
     auto found = index.find(name);
     return found == index.end() ? nullptr : onlyOf(found->second);
   }
+  /// The first entry with the interned name \p name; null when there is none. Unlike
+  /// findItemByInternedName() it makes no list, which costs time and memory for a name that one
+  /// entry has.
+  DataDescription *findFirstItemByInternedName(const std::string *name) {
+    updateIndex();
+    auto found = index.find(name);
+    return found == index.end() ? nullptr : firstOf(found->second);
+  }
   /// Those of these entries that are in a group, file or report named \p qualifier, at any depth,
   /// in the same order. Valid until the next lookup.
   llvm::ArrayRef<DataDescription *> findItemByQualifiedName(const std::string &name,
@@ -124,6 +132,8 @@ private:
 
   /// The list, which is made here if need be.
   static std::list<DataDescription *> &listOf(Homonyms &homonyms);
+  /// Null when there is none any more.
+  static DataDescription *firstOf(const Homonyms &homonyms);
   /// Null when there is not exactly one.
   static DataDescription *onlyOf(const Homonyms &homonyms);
 

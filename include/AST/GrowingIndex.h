@@ -72,6 +72,9 @@ public:
 
   /// Valid until the next change.
   llvm::ArrayRef<Entry> find(const std::string &name) const {
+    // Most programs have no declaratives, and many no sections.
+    if (entriesOf.empty())
+      return {};
     auto found = entriesOf.find(&internString(name));
     return found == entriesOf.end() ? llvm::ArrayRef<Entry>() : found->second;
   }

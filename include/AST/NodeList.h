@@ -10,6 +10,7 @@
 #define TARKA_AST_NODELIST_H
 
 #include "AST/Arena.h"
+#include "llvm/Support/Compiler.h"
 #include <algorithm>
 #include <cassert>
 #include <cstddef>
@@ -70,25 +71,26 @@ public:
 
   void push_back(Type *element) {
     // Null is an element too; in the slot it would be none.
-    if (!slot && element) {
+    if (!slot && element)
       slot = element;
-      return;
-    }
-    Block *last = isBlock() ? block() : nullptr;
-    if (!last || last->size == last->capacity)
-      last = growTo(std::max<std::size_t>(3, 2 * size()));
-    elementsOf(last)[last->size++] = element;
+    else
+      addToBlock(element);
   }
   void push_front(Type *element) {
     push_back(element);
     std::rotate(begin(), end() - 1, end());
   }
   template <typename Iterator> void append(Iterator first, Iterator last) {
-    if (const std::size_t all = size() + std::distance(first, last);
-        all > 1 && !(isBlock() && all <= block()->capacity))
-      growTo(isBlock() ? std::max(all, 2 * size()) : all);
-    for (; first != last; ++first)
-      push_back(*first);
+    const std::size_t all = size() + std::distance(first, last);
+    if (all <= 1) {
+      if (first != last)
+        push_back(*first);
+      return;
+    }
+    const bool hasRoom = isBlock() && all <= block()->capacity;
+    Block *target = hasRoom ? block() : growTo(isBlock() ? std::max(all, 2 * size()) : all);
+    std::copy(first, last, elementsOf(target) + target->size);
+    target->size = static_cast<std::uint32_t>(all);
   }
   void pop_back() {
     assert(!empty());
@@ -116,6 +118,13 @@ private:
   bool isBlock() const { return reinterpret_cast<std::uintptr_t>(slot) & 1; }
   Block *block() const {
     return reinterpret_cast<Block *>(reinterpret_cast<std::uintptr_t>(slot) & ~std::uintptr_t(1));
+  }
+
+  LLVM_ATTRIBUTE_NOINLINE void addToBlock(Type *element) {
+    Block *last = isBlock() ? block() : nullptr;
+    if (!last || last->size == last->capacity)
+      last = growTo(std::max<std::size_t>(3, 2 * size()));
+    elementsOf(last)[last->size++] = element;
   }
 
   /// Moves the elements to a block with room for \p capacity of them.

@@ -49,6 +49,8 @@ public:
   /// program around it whose first entry of the name is GLOBAL. Only the first entry decides; its
   /// namesakes in that program remain candidates whether they are GLOBAL or not.
   Homonyms findItems(const std::string *name) const;
+  /// Whether findItems() finds any. To ask costs less than to find.
+  bool isItem(const std::string *name) const { return declarerOf(name) != nullptr; }
   /// The entry of the program itself that alone has the name; null when there is none or another.
   DataDescription *findOnlyOwnItem(const std::string *name) const {
     DataDivision *division = unit ? unit->getDataDivision() : nullptr;
@@ -119,6 +121,8 @@ public:
   void forEachSpecialName(llvm::function_ref<void(const Word *)> visit) const;
 
 private:
+  /// The program of which findItems() gives the entries.
+  const SourceUnit *declarerOf(const std::string *name) const;
   bool isHiddenIn(const SourceUnit *declaring, const std::string *name) const;
   template <typename Clause>
   std::pair<Clause, SourceUnit *> findSpecialName(const std::string *name,

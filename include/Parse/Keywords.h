@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace tarka {
 
@@ -97,19 +98,25 @@ public:
   WordLookup lookup(const Head &head, llvm::StringRef spelling) {
     const uint32_t hash = hashOf(head, spelling);
     const Slot &slot = slots[hash & mask];
-    if (slot.head == head && slot.size == spelling.size() && isShort(spelling))
-      return slot.word;
+    if (slot.head == head && slot.longSpelling == 0 && isShort(spelling))
+      return slot.getWord();
     return find(head, spelling, hash);
   }
 
 private:
-  /// Holds the head itself, so that finding a short word touches one cache line only.
-  struct Slot {
+  /// Holds the head itself, and lies in one cache line: in a large program, finding a short word
+  /// waits for memory once.
+  struct alignas(32) Slot {
+    WordLookup getWord() const { return {interned, isUpperCase, keyword}; }
+
     Head head;
-    const char *longSpelling = nullptr; ///< null for a spelling that is its head
-    WordLookup word{};
-    uint32_t size = 0; ///< 0 for a slot that is free
+    const std::string *interned = nullptr; ///< null in a slot that is free
+    /// The number in longSpellings, from 1; 0 for a spelling that is its head.
+    uint32_t longSpelling = 0;
+    Keyword keyword = Keyword::None;
+    bool isUpperCase = false;
   };
+  static_assert(sizeof(Slot) == 32);
 
   static bool isShort(llvm::StringRef spelling) { return spelling.size() <= sizeof(Head); }
   static uint32_t hashOf(const Head &head, llvm::StringRef spelling) {
@@ -124,12 +131,18 @@ private:
     return (hash ^ hash >> 32) * multiplier >> 32;
   }
   static uint64_t hashTail(uint64_t hash, llvm::StringRef spelling);
+  bool holds(const Slot &slot, const Head &head, llvm::StringRef spelling) const {
+    return slot.head == head &&
+           (slot.longSpelling ? longSpellings[slot.longSpelling - 1] == spelling
+                              : isShort(spelling));
+  }
   WordLookup find(const Head &head, llvm::StringRef spelling, uint32_t hash);
   WordLookup enter(const Head &head, llvm::StringRef spelling, uint32_t hash);
   Slot &freeSlot(uint32_t hash);
   void grow();
 
   std::unique_ptr<Slot[]> slots;
+  std::vector<llvm::StringRef> longSpellings;
   uint32_t mask;
   uint32_t used = 0;
   bool hasOsvsWords;

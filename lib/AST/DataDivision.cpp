@@ -149,6 +149,13 @@ std::list<DataDescription *> &DataDivision::listOf(Homonyms &homonyms) {
   return *llvm::cast<std::list<DataDescription *> *>(homonyms);
 }
 
+DataDescription *DataDivision::firstOf(const Homonyms &homonyms) {
+  if (auto *only = llvm::dyn_cast<DataDescription *>(homonyms))
+    return only;
+  auto *all = llvm::cast<std::list<DataDescription *> *>(homonyms);
+  return all->empty() ? nullptr : all->front();
+}
+
 DataDescription *DataDivision::onlyOf(const Homonyms &homonyms) {
   if (auto *only = llvm::dyn_cast<DataDescription *>(homonyms))
     return only;

@@ -28,25 +28,32 @@ bool isGlobal(const DataDescription &entry) {
   return (file && file->getGlobal()) || (report && report->getGlobal());
 }
 
-/// The entries of the name that the program itself declares.
-static Homonyms itemsOf(const SourceUnit &unit, const std::string *name) {
+/// The first entry of the name that the program itself declares; null when it declares none.
+static DataDescription *firstItemOf(const SourceUnit &unit, const std::string *name) {
   DataDivision *division = unit.getDataDivision();
-  std::list<DataDescription *> *found = division ? division->findItemByInternedName(name) : nullptr;
-  return found && !found->empty() ? Homonyms{division, found} : Homonyms{};
+  return division ? division->findFirstItemByInternedName(name) : nullptr;
 }
 
-/// The entries of the name that \p unit declares and that the asking program can see; \p isOuter
-/// when the asking program is nested in \p unit.
-static Homonyms visibleItemsOf(const SourceUnit &unit, const std::string *name, bool isOuter) {
-  Homonyms found = itemsOf(unit, name);
-  return found && isOuter && !isGlobal(*found.entries->front()) ? Homonyms{} : found;
+/// Whether \p unit declares entries of the name that the asking program can see; \p isOuter when
+/// the asking program is nested in \p unit.
+static bool declaresItem(const SourceUnit &unit, const std::string *name, bool isOuter) {
+  const DataDescription *first = firstItemOf(unit, name);
+  return first && (!isOuter || isGlobal(*first));
+}
+
+const SourceUnit *Scope::declarerOf(const std::string *name) const {
+  const SourceUnit *one = unit;
+  while (one && !declaresItem(*one, name, one != unit))
+    one = one->getParent();
+  return one;
 }
 
 Homonyms Scope::findItems(const std::string *name) const {
-  for (const SourceUnit *one = unit; one; one = one->getParent())
-    if (Homonyms found = visibleItemsOf(*one, name, one != unit))
-      return found;
-  return {};
+  const SourceUnit *declarer = declarerOf(name);
+  if (!declarer)
+    return {};
+  DataDivision *division = declarer->getDataDivision();
+  return {division, division->findItemByInternedName(name)};
 }
 
 DataDescription *Scope::findReferenced(const NodeList<Word> &words) const {
@@ -60,6 +67,8 @@ DataDescription *Scope::findReferenced(const NodeList<Word> &words) const {
 }
 
 bool Scope::isConditionName(const std::string *name) const {
+  if (const DataDescription *only = findOnlyOwnItem(name))
+    return tarka::isConditionName(*only);
   Homonyms found = findItems(name);
   return found && llvm::any_of(*found.entries, [](const DataDescription *entry) {
            return tarka::isConditionName(*entry);
@@ -68,8 +77,8 @@ bool Scope::isConditionName(const std::string *name) const {
 
 DataDescription *Scope::findRegister(const std::string *name) const {
   for (const SourceUnit *one = unit; one; one = one->getParent())
-    if (Homonyms found = itemsOf(*one, name))
-      return found.entries->front();
+    if (DataDescription *found = firstItemOf(*one, name))
+      return found;
   return nullptr;
 }
 
@@ -117,7 +126,7 @@ bool Scope::isFileName(const std::string *name) const {
       return true;
     if (!visibleFilesOf(*one, name, isOuter).empty())
       return true;
-    if (visibleItemsOf(*one, name, isOuter))
+    if (declaresItem(*one, name, isOuter))
       return false;
   }
   return false;
@@ -203,7 +212,7 @@ ClauseSymbolic *Scope::findSymbolicCharacter(const std::string *name) const {
 /// Whether an item of a program between the asking one and \p declaring hides the name.
 bool Scope::isHiddenIn(const SourceUnit *declaring, const std::string *name) const {
   for (const SourceUnit *one = unit; one != declaring; one = one->getParent())
-    if (visibleItemsOf(*one, name, one != unit))
+    if (declaresItem(*one, name, one != unit))
       return true;
   return false;
 }
@@ -223,7 +232,7 @@ bool Scope::isSwitchName(const std::string *name) const {
 //===----------------------------------------------------------------------===//
 
 bool Scope::isDeclared(const std::string *name) const {
-  return findItems(name) || isFileName(name) || findMnemonicName(name) || isSwitchName(name) ||
+  return isItem(name) || isFileName(name) || findMnemonicName(name) || isSwitchName(name) ||
          isSymbolicCharacter(name) || findReport(name);
 }
 
@@ -247,7 +256,7 @@ void Scope::forEachItem(llvm::function_ref<void(DataDescription *)> visit) const
     forEachRecord(*division, [&](DataDescription *record) {
       forEachEntry(record, [&](DataDescription *entry) {
         const Word *name = entry->getDataName();
-        if (name && findItems(&name->getWordData()).division == division)
+        if (name && declarerOf(&name->getWordData()) == one)
           visit(entry);
       });
     });

@@ -10,6 +10,7 @@
 #include "Analyzer/CheckerState.h"
 #include "Analyzer/CurrentUnit.h"
 #include "Analyzer/SemanticChecker.h"
+#include "Analyzer/SentenceWalk.h"
 #include "llvm/Support/SaveAndRestore.h"
 #include <cstdlib>
 
@@ -92,9 +93,10 @@ bool checkUsingItem(SemanticChecker &checker, Expression *item) {
 bool checkSentences(SemanticChecker &checker, const NodeList<Sentence> &sentences,
                     Section *section) {
   bool ok = true;
-  for (Sentence *sentence : sentences)
+  forEachSentence(sentences, [&](Sentence *sentence) {
     if (sentence)
       ok &= checker.semanticCheck(*sentence, section);
+  });
   return ok;
 }
 

@@ -410,7 +410,7 @@ bool IndexBuilder::resolveItem(llvm::ArrayRef<Token> chain) {
   }
   if (!entry && chain.size() == 1)
     entry = scope.findOnlyOwnItem(first.name);
-  if (!entry && scope.findItems(first.name)) {
+  if (!entry && scope.isItem(first.name)) {
     NodeList<Word> names;
     for (const Token &token : chain)
       names.push_back(new Word(token.word->place, token.name, token.name));

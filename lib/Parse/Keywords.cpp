@@ -69,12 +69,9 @@ uint64_t WordTable::hashTail(uint64_t hash, llvm::StringRef spelling) {
 
 /// Finds a word that is long, new or not in the first slot for its \p hash.
 WordLookup WordTable::find(const Head &head, llvm::StringRef spelling, uint32_t hash) {
-  for (uint32_t index = hash & mask; slots[index].size; index = (index + 1) & mask) {
-    const Slot &slot = slots[index];
-    if (slot.head == head && slot.size == spelling.size() &&
-        (isShort(spelling) || llvm::StringRef(slot.longSpelling, slot.size) == spelling))
-      return slot.word;
-  }
+  for (uint32_t index = hash & mask; slots[index].interned; index = (index + 1) & mask)
+    if (holds(slots[index], head, spelling))
+      return slots[index].getWord();
   return enter(head, spelling, hash);
 }
 
@@ -85,18 +82,21 @@ WordLookup WordTable::enter(const Head &head, llvm::StringRef spelling, uint32_t
   const std::string &text = internString(spelling.upper());
   Slot &slot = freeSlot(hash);
   slot.head = head;
-  slot.size = static_cast<uint32_t>(spelling.size());
-  slot.word = {&text, text == spelling, keywordTable().lookup(text)};
-  if (!hasOsvsWords && (flagsOf(slot.word.keyword) & KF_OsvsOnly))
-    slot.word.keyword = Keyword::None;
-  if (!isShort(spelling))
-    slot.longSpelling = (slot.word.isUpperCase ? text : internString(spelling)).data();
-  return slot.word;
+  slot.interned = &text;
+  slot.isUpperCase = text == spelling;
+  slot.keyword = keywordTable().lookup(text);
+  if (!hasOsvsWords && (flagsOf(slot.keyword) & KF_OsvsOnly))
+    slot.keyword = Keyword::None;
+  if (!isShort(spelling)) {
+    longSpellings.push_back(slot.isUpperCase ? text : internString(spelling));
+    slot.longSpelling = static_cast<uint32_t>(longSpellings.size());
+  }
+  return slot.getWord();
 }
 
 WordTable::Slot &WordTable::freeSlot(uint32_t hash) {
   uint32_t index = hash & mask;
-  while (slots[index].size)
+  while (slots[index].interned)
     index = (index + 1) & mask;
   return slots[index];
 }
@@ -107,8 +107,11 @@ void WordTable::grow() {
   mask = mask * 2 + 1;
   slots = std::make_unique<Slot[]>(size_t(mask) + 1);
   for (uint32_t index = 0; index <= oldMask; ++index)
-    if (const Slot &slot = old[index]; slot.size)
-      freeSlot(hashOf(slot.head, {slot.longSpelling, slot.size})) = slot;
+    if (const Slot &slot = old[index]; slot.interned) {
+      const llvm::StringRef spelling =
+          slot.longSpelling ? longSpellings[slot.longSpelling - 1] : llvm::StringRef();
+      freeSlot(hashOf(slot.head, spelling)) = slot;
+    }
 }
 
 } // namespace tarka

@@ -58,10 +58,9 @@ bool reportFault(const SourceFile &file, LexerContext &context) {
 
 LLVM_ATTRIBUTE_ALWAYS_INLINE void Lexer::setPlace(Token &token) {
   token.place = lines.rangeOf(token.spelling.begin(), token.spelling.end() - 1);
-  if (token.place.beginLine != token.place.endLine)
+  token.flags |= lineFlags;
+  if (lines.isContinued() && token.place.beginLine != token.place.endLine)
     token.flags |= Token::Continued;
-  if (lines.getFormat() != SourceFormat::Free)
-    token.flags |= Token::FixedForm;
   if (atLineStart) {
     atLineStart = false;
     token.flags |= Token::FirstOnLine | Token::PrecededBySpace;
@@ -79,6 +78,7 @@ bool Lexer::readLine() {
   if (lines.hasOptionsText())
     obeyOptions(lines.takeOptionsText());
   atLineStart = true;
+  lineFlags = lines.getFormat() == SourceFormat::Free ? 0 : Token::FixedForm;
   scanner.setText(lines.begin(), lines.end(), lines.getReadableEnd());
   return true;
 }
@@ -146,46 +146,45 @@ bool Lexer::nextLine() {
 LLVM_ATTRIBUTE_ALWAYS_INLINE bool Lexer::isOrdinary(const Token &token) const {
   if (context.inIdentificationDivision || state != State::Plain)
     return false;
-  switch (token.kind) {
-  case TokenKind::Word:
+  if (token.isWord())
     return token.is(Keyword::None) ? token.spelling.size() <= maxWordLength
                                    : !(flagsOf(token.keyword) & KF_TokenStream);
-  case TokenKind::AlphanumericLiteral:
-  case TokenKind::Star:
-  case TokenKind::Other:
-    return false;
-  default:
-    return true;
-  }
+  return !token.isOneOf(TokenKind::AlphanumericLiteral, TokenKind::Star, TokenKind::Other);
 }
 
-void Lexer::next(Token &token) {
+bool Lexer::next(Token &token) {
   if (state != State::Plain && takeSpecial(token))
-    return;
-  // A comma at the end of a line stands before the first token of the next one.
-  uint8_t comma = 0;
-  for (;;) {
-    if (!scanner.scan(token)) {
-      comma |= token.flags & Token::AfterComma;
-      if (nextLine()) {
-        if (scanner.getCursor() == lines.begin())
-          scanner.setCursor(lines.first());
-        continue;
-      }
-      token = Token();
-      token.flags = Token::PrecededBySpace | Token::FirstOnLine;
-      token.place = lines.endOfFile();
-      return;
-    }
-    token.flags |= std::exchange(comma, uint8_t(0));
+    return false;
+  do {
+    if (!scanner.scan(token) && !scanNextLine(token))
+      return false;
     setPlace(token);
     if (isOrdinary(token)) {
       previousKeyword = token.keyword;
-      return;
+      return true;
     }
-    if (checkToken(token))
-      return;
+  } while (!checkToken(token));
+  return false;
+}
+
+/// Makes the first token behind the line that is read; false at the end of the file, which is a
+/// complete token.
+bool Lexer::scanNextLine(Token &token) {
+  // A comma at the end of a line stands before the first token of the next one.
+  uint8_t comma = token.flags & Token::AfterComma;
+  while (nextLine()) {
+    if (scanner.getCursor() == lines.begin())
+      scanner.setCursor(lines.first());
+    const bool isFound = scanner.scan(token);
+    token.flags |= comma;
+    if (isFound)
+      return true;
+    comma = token.flags & Token::AfterComma;
   }
+  token = Token();
+  token.flags = Token::PrecededBySpace | Token::FirstOnLine;
+  token.place = lines.endOfFile();
+  return false;
 }
 
 /// Makes the next token where the tokens before it make it a special one; false where it is like
@@ -377,8 +376,10 @@ void Lexer::reportOpenLiteral(const Token &token) {
       cut->isReported = true;
     return;
   }
-  context.diagnostics.report(DiagnosticId::UnclosedLiteral, token.place,
-                             isQuotation ? "quotation mark" : "apostrophe");
+  // A continuation line of it has had a message.
+  if (!context.diagnostics.isMisread(token.place))
+    context.diagnostics.report(DiagnosticId::UnclosedLiteral, token.place,
+                               isQuotation ? "quotation mark" : "apostrophe");
 }
 
 void Lexer::reportNotText(const char *first, const char *last) {

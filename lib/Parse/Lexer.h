@@ -55,8 +55,9 @@ class Lexer {
 public:
   Lexer(const SourceFile &file, SourceFormat format, LexerContext &context, bool isMain);
 
-  /// Makes the next token. The end of the file repeats itself.
-  void next(Token &token);
+  /// Makes the next token. The end of the file repeats itself. True where the token is an ordinary
+  /// one: not the end of the file, and no keyword that means something to the token stream.
+  bool next(Token &token);
 
   SourceFormat getFormat() const { return lines.getFormat(); }
   /// Where the EXEC SQL INCLUDE stands that was read last, from EXEC to END-EXEC.
@@ -86,6 +87,7 @@ private:
 
   bool nextLine();
   bool readLine();
+  bool scanNextLine(Token &token);
   bool takeSpecial(Token &token);
   bool isOrdinary(const Token &token) const;
   void obeyOptions(llvm::StringRef text);
@@ -148,6 +150,7 @@ private:
   /// The tokens of an embedded block that were read after EXEC, in reverse order.
   llvm::SmallVector<Token, 3> block;
   bool atLineStart = false;
+  uint8_t lineFlags = 0; ///< of all tokens of the line
   bool inPseudoText = false;
   bool controlByteSeen = false;
   bool isBasis = false;

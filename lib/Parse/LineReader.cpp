@@ -292,7 +292,7 @@ LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::acceptFixed(const PhysicalLine &li
   take(line, parts.text, first, end);
   areaB = parts.areaB;
   pastMargin = llvm::StringRef(parts.limit, line.end - parts.limit);
-  if (isContinued())
+  if (isContinuedNext())
     joinContinuations(line, parts.limit);
   return true;
 }
@@ -374,7 +374,7 @@ LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::beginsText(const char *at) const {
 }
 
 /// Whether the next line that is neither comment nor blank continues the line just read.
-LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::isContinued() const {
+LLVM_ATTRIBUTE_ALWAYS_INLINE bool LineReader::isContinuedNext() const {
   return position < fileEnd && !beginsText(position) && findContinuation();
 }
 
@@ -450,7 +450,7 @@ void LineReader::joinContinuations(const PhysicalLine &line, const char *limit) 
     append(more, first, end);
     last = more;
     lastLimit = parts.limit;
-  } while (isContinued());
+  } while (isContinuedNext());
 
   // Tokens point into the joined text, so it stays.
   char *text = static_cast<char *>(allocateForever(joined.size(), 1));

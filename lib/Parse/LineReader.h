@@ -62,6 +62,8 @@ public:
   /// The text of the file that was not read yet.
   llvm::StringRef getRest() const { return {position, static_cast<size_t>(fileEnd - position)}; }
 
+  /// Whether the line was put together from more than one of the file.
+  bool isContinued() const { return !segments.empty(); }
   /// Whether the line holds bytes that are not characters.
   bool hasControlBytes() const { return controlBytes; }
 
@@ -114,7 +116,7 @@ private:
   bool acceptFree(const PhysicalLine &line);
   bool acceptIndicator(const PhysicalLine &line, FixedLine &parts);
   bool isOptionsLine(const PhysicalLine &line);
-  bool isContinued() const;
+  bool isContinuedNext() const;
   bool findContinuation() const;
   bool beginsText(const char *at) const;
   void joinContinuations(const PhysicalLine &line, const char *limit);

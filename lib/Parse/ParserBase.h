@@ -115,7 +115,8 @@ public:
   // Tokens (ParserBase.cpp)
   //===--------------------------------------------------------------------===//
 
-  const Token &peek(unsigned n = 0) { return stream.peek(n); }
+  const Token &peek() { return stream.peek(); }
+  const Token &peek(unsigned n) { return stream.peek(n); }
   template <typename... Kinds> bool at(Kinds... kinds) { return peek().isOneOf(kinds...); }
   /// Whether the next tokens are the given keywords or kinds, in this order.
   template <typename... Kinds> bool atSequence(Kinds... kinds) {
@@ -408,9 +409,7 @@ public:
   /// The names that the unit being read can see.
   Scope scope() const { return Scope(context.unit); }
   /// Whether the unit can see a data item of that name.
-  bool isItem(llvm::StringRef name) const {
-    return static_cast<bool>(scope().findItems(&internString(name)));
-  }
+  bool isItem(llvm::StringRef name) const { return scope().isItem(&internString(name)); }
   /// Whether the word is a symbolic character that the unit can see.
   bool isSymbolicCharacter(const Token &word) const {
     return context.hasSymbolicCharacters && scope().isSymbolicCharacter(word.getInternedText());

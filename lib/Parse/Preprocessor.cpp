@@ -25,8 +25,8 @@ public:
 
   void next(Token &token) {
     if (plainText) {
-      plainText->next(token);
-      if (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace))
+      if (plainText->next(token) ||
+          (!token.is(TokenKind::EndOfFile) && !token.isOneOf(Keyword::Copy, Keyword::Replace)))
         return;
       levels.back()->pushBack(token);
     }
@@ -774,22 +774,26 @@ void TokenStream::setTokens(llvm::ArrayRef<Token> tokens) {
   current = end = buffer.data() + 1;
 }
 
+/// Looks at one more token.
+void TokenStream::addToken() {
+  if (end == buffer.end())
+    makeRoom();
+  Token &token = *end++;
+  if (source) {
+    source->next(token);
+  } else if (!given.empty()) {
+    token = given.front();
+    given = given.drop_front();
+  } else {
+    token = Token();
+    token.place = getLastPlace();
+  }
+}
+
 /// Looks at tokens until there are \p wanted of them.
 void TokenStream::fill(unsigned wanted) {
-  if (wanted > buffer.end() - current)
-    makeRoom();
-  for (const Token *last = current + wanted; end < last;) {
-    Token *token = end++;
-    if (source) {
-      source->next(*token);
-    } else if (!given.empty()) {
-      *token = given.front();
-      given = given.drop_front();
-    } else {
-      *token = Token();
-      token->place = getLastPlace();
-    }
-  }
+  while (end < current + wanted)
+    addToken();
 }
 
 /// Moves the tokens to the front of the buffer. There are lookAhead tokens before them at least, so
@@ -824,7 +828,7 @@ void TokenStream::scanEmbedded(llvm::StringRef text, const EmbeddedLines &places
 }
 
 void TokenStream::correct(Keyword meant) {
-  fill(1);
+  peek();
   Token &word = *current;
   word.keyword = meant;
   word.interned = &internString(textOf(meant));

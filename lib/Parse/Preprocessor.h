@@ -52,9 +52,15 @@ public:
   /// Begins anew with \p tokens, which must live until the next ones are set.
   void setTokens(llvm::ArrayRef<Token> tokens);
 
-  /// The token \p n tokens ahead, 0 the next one; the end of the file repeats itself. The reference
-  /// is valid until the next call of a function of the stream.
-  const Token &peek(unsigned n = 0) {
+  /// The next token; the end of the file repeats itself. The reference is valid until the next call
+  /// of a function of the stream.
+  const Token &peek() {
+    if (current == end)
+      addToken();
+    return *current;
+  }
+  /// The token \p n tokens ahead, 0 the next one.
+  const Token &peek(unsigned n) {
     assert(n < lookAhead && "looks too far ahead");
     if (end - current <= static_cast<std::ptrdiff_t>(n))
       fill(n + 1);
@@ -71,7 +77,7 @@ public:
   /// Leaves the next token out.
   void skip() {
     if (current == end)
-      fill(1);
+      addToken();
     ++current;
   }
 
@@ -115,6 +121,7 @@ public:
   OpenConstructs &getOpenConstructs();
 
 private:
+  void addToken();
   void fill(unsigned wanted);
   void makeRoom();
 

@@ -77,10 +77,12 @@ private:
 };
 
 inline void Scanner::finish(Token &token, TokenKind kind, const char *begin) {
+  const llvm::StringRef spelling(begin, cursor - begin);
   token.kind = previous = kind;
   token.keyword = Keyword::None;
   token.interned = nullptr;
-  token.text = token.spelling = llvm::StringRef(begin, cursor - begin);
+  token.spelling = spelling;
+  token.text = spelling;
 }
 
 /// Finishes \p token, the word from \p begin to the cursor, as \p word.
@@ -88,8 +90,9 @@ inline void Scanner::finishWord(Token &token, const char *begin, const WordLooku
   token.kind = previous = TokenKind::Word;
   token.keyword = word.keyword;
   token.interned = word.interned;
-  token.spelling = llvm::StringRef(begin, cursor - begin);
-  token.text = word.isUpperCase ? token.spelling : llvm::StringRef(*word.interned);
+  const llvm::StringRef spelling(begin, cursor - begin);
+  token.spelling = spelling;
+  token.text = word.isUpperCase ? spelling : llvm::StringRef(*word.interned);
 }
 
 /// Makes the word at \p begin if it begins with a letter and ends as most words do. False where the

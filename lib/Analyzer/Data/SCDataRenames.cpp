@@ -28,8 +28,7 @@ public:
     if (!division || entry.getStorageType() != section || !entry.getDataName())
       return false;
     // A name that this program declares is never bound to an entry of another one.
-    const auto *namesakes = division->findItemByName(entry.getDataName()->getWordData());
-    return namesakes && !namesakes->empty();
+    return division->findFirstItemByInternedName(&entry.getDataName()->getWordData());
   }
 
   /// The OCCURS DEPENDING ON tables after \p first and before \p last, in source order; all after

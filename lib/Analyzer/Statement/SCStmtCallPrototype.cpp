@@ -31,8 +31,7 @@ void bindParameters(SemanticChecker &checker, SourceUnit &unit) {
       return;
     // What is wrong with the name is reported by the check of the program itself.
     const Word &name = **identifier->getQualifiedWord()->getNamesBegin();
-    auto *entries = unit.getDataDivision()->findItemByInternedName(&name.getWordData());
-    if (entries && entries->size() == 1)
+    if (unit.getDataDivision()->findOnlyItemByInternedName(&name.getWordData()))
       checker.semanticCheck(*identifier, /*silentIfUndefined=*/true);
   };
   for (Parameter *parameter : unit.getProcDivision()->getParameterElements())

@@ -157,7 +157,7 @@ namespace {
 /// Whether a name written where a file-name belongs is that of a data item.
 bool isDataName(const FileIdentifierExpression &name) {
   DataDivision *division = currentDivision();
-  return division && division->findItemByInternedName(&name.getFileName()->getWordData());
+  return division && division->findFirstItemByInternedName(&name.getFileName()->getWordData());
 }
 
 /// A file of USING or GIVING; \p sortFile is the file that is sorted, or null when its name is

@@ -57,7 +57,7 @@ bool checkAdvancing(SemanticChecker &checker, WriteAdvancing &advancing,
     return checkLineCount(checker, *literal);
   auto *identifier = llvm::cast<IdentifierExpression>(lines);
   if (auto *name = llvm::dyn_cast<DataIdentifierExpression>(identifier)) {
-    if (!currentScope().findItems(
+    if (!currentScope().isItem(
             &name->getQualifiedWord()->getNamesElements().front()->getWordData()))
       return checkAdvancingMnemonic(checker, advancing, *name, file);
     if (!checker.semanticCheck(*name))

@@ -410,7 +410,7 @@ private:
       names.insert(names.begin(), takeCobolName(n));
     }
     while (at(n).isOneOf("OF", "IN") && at(n + 1).kind == SqlTokenKind::Word && context.unit &&
-           Scope(context.unit).findItems(&upper(at(n + 1)))) {
+           Scope(context.unit).isItem(&upper(at(n + 1)))) {
       ++n;
       names.push_back(takeCobolName(n));
     }
