@@ -6,14 +6,11 @@
 *> RUN: not %tarka check --format=gcc %t/words.cbl 2>&1 | FileCheck %s --check-prefixes=ONE,WORDS
 *> RUN: sed '/^special-names/p' %s > %t/doubled.cbl
 *> RUN: not %tarka check --format=gcc %t/doubled.cbl 2>&1 | FileCheck %s --check-prefixes=ONE,DOUBLED
-*> RUN: sed '/^procedure division/d' %s > %t/header.cbl
-*> RUN: not %tarka check --format=gcc %t/header.cbl 2>&1 | FileCheck %s --check-prefixes=ONE,HEADER
 *> ONE: error:
 *> ONE-NOT: error:
 *> LINES: note: lines {{[0-9]+}} and {{[0-9]+}} may be exchanged: in the other order this and 2 more errors are gone; --all shows them
 *> WORDS: note: 'when' and 'true' may be exchanged: in the other order this and 1 more error are gone; --all shows it
 *> DOUBLED: note: line {{[0-9]+}} is line {{[0-9]+}} again: without it this and 1 more error are gone; --all shows it
-*> HEADER: note: the header PROCEDURE DIVISION may be missing before line {{[0-9]+}}: with it
 *> ONE-NOT: error:
 *> A mistake of another kind has a message of its own.
 *> RUN: sed 's/from input-1/from input-2/;s/evaluate true when/evaluate when true/' %s > %t/two.cbl
