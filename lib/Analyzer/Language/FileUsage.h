@@ -12,6 +12,8 @@
 #include "AST/StatementFile.h"
 #include "LanguageReport.h"
 #include "llvm/ADT/MapVector.h"
+#include "llvm/ADT/SmallVector.h"
+#include <utility>
 
 namespace tarka {
 

@@ -4,7 +4,9 @@
 #include "AST/Expression.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/StringExtras.h"
+#include <algorithm>
 #include <bitset>
+#include <string>
 
 namespace tarka {
 

@@ -7,6 +7,7 @@
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/SmallPtrSet.h"
+#include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringSwitch.h"
 #include <bitset>
 
