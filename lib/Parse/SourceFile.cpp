@@ -14,8 +14,6 @@ namespace tarka {
 
 namespace {
 
-constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
-
 /// The offset of the first byte that shows that a file is not text; npos for text. A stray control
 /// byte makes no binary file: one in sixteen, near the beginning, does.
 size_t findBinary(llvm::StringRef text) {
