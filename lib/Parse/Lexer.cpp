@@ -376,8 +376,10 @@ void Lexer::reportOpenLiteral(const Token &token) {
       cut->isReported = true;
     return;
   }
-  context.diagnostics.report(DiagnosticId::UnclosedLiteral, token.place,
-                             isQuotation ? "quotation mark" : "apostrophe");
+  // A continuation line of it has had a message.
+  if (!context.diagnostics.isMisread(token.place))
+    context.diagnostics.report(DiagnosticId::UnclosedLiteral, token.place,
+                               isQuotation ? "quotation mark" : "apostrophe");
 }
 
 void Lexer::reportNotText(const char *first, const char *last) {

@@ -151,7 +151,7 @@ void ClauseParser::skipToClause(const ClauseSet &clauses, bool isUnknown) {
 
 bool ClauseParser::isRestOfEntry() {
   return peek().isFirstOnLine() && peek().isWord() && !peek().isUserWord() && !peek().isVerb() &&
-         recovery.isBehindMistake(here(), 1);
+         (recovery.isBehindMistake(here(), 1) || recovery.isBehindCopiedMistake(here()));
 }
 
 void ClauseParser::skipToEntry(const ClauseSet &clauses) {

@@ -38,6 +38,7 @@ DataDivision *DataParser::parseDataDivision() {
       continue;
     }
     expected("a section of the data division");
+    recovery.noteStrayLine();
     Skipping skipping(*this);
     do
       stream.skip();
@@ -358,6 +359,7 @@ void DataParser::parseRecords(const ClauseSet &clauses, ParseEntry parseEntry, A
       soundEntries = 0;
     } else {
       expected("a level number");
+      recovery.noteStrayLine();
       bool isRecord = peek().isInAreaA() && peek().isInFixedForm();
       if (skipToEntryName(clauses)) {
         const bool beginsWithValue = peek(1).isOneOf(Keyword::Value, Keyword::Values);

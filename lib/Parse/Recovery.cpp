@@ -89,6 +89,19 @@ bool Recovery::beginsLine(const SourceRange &place) const {
          next.place.beginColumn == place.beginColumn;
 }
 
+/// Whether the next token, at which the mistake \p id was found, may be the rest of a word: a
+/// period or comma stands before it without a space.
+bool Recovery::isRestOfWord(DiagnosticId id) const {
+  if (id != DiagnosticId::Expected && id != DiagnosticId::MisspeltVerb &&
+      id != DiagnosticId::NotAStatement)
+    return false;
+  const SourceRange &last = stream.getLastPlace();
+  const Token &next = stream.peek();
+  const unsigned distance = next.isAfterComma() ? 2 : 1;
+  return next.isWord() && last.file == next.place.file && last.endLine == next.place.beginLine &&
+         last.endColumn + distance == next.place.beginColumn;
+}
+
 /// Whether the mistake \p id at \p place is what an earlier one leaves over.
 bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
   constexpr unsigned near = 2;
@@ -97,6 +110,8 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
     return isStructureUncertain() || (lastId == DiagnosticId::PhraseWithoutStatement &&
                                       id != lastId && isBehindMistake(place, nearWithComments));
   const bool isInLine = place.file == lastMistake.file && place.beginLine == lastMistake.endLine;
+  if (isInLine && isRestOfWord(id))
+    return true;
   if (id == DiagnosticId::UnknownClause)
     return isInLine ||
            (((lastIsStrayLine && beginsLine(place)) || lastId == DiagnosticId::ClauseMissing) &&
@@ -111,7 +126,7 @@ bool Recovery::isLeftOver(DiagnosticId id, const SourceRange &place) const {
       place.beginLine == lastMistake.beginLine && place.beginColumn == lastMistake.beginColumn)
     return true;
   // What an entry is without may be in the line of the mistake.
-  if (id == DiagnosticId::LevelWithoutRecord)
+  if (id == DiagnosticId::LevelWithoutRecord || id == DiagnosticId::RecordWithoutFile)
     return isBehindMistake(place, near);
   if (id == DiagnosticId::ClauseMissing || id == DiagnosticId::DependingMissing)
     return lastIsStrayLine && isBehindMistake(place, near);

@@ -96,6 +96,12 @@ public:
   bool isRestOfStatement(const Token &first);
   /// Whether \p place is in one of the \p lines behind the line of the last mistake.
   bool isBehindMistake(const SourceRange &place, unsigned lines) const;
+  /// Whether the last mistake is in a copybook that was copied close before \p place.
+  bool isBehindCopiedMistake(const SourceRange &place) const {
+    constexpr uint64_t maxTokens = 300;
+    return lastMistake.beginLine != 0 && place.file != lastMistake.file &&
+           stream.getTaken() <= lastReport + maxTokens && lastReport <= stream.getTaken();
+  }
   /// Whether the statements around the next token may be others than they seem: there was a mistake
   /// in the sentence or in the one before it, and not far from here.
   bool isStructureUncertain() const { return isNear(tornLine) || isNear(tornLineOfLastSentence); }
@@ -288,6 +294,7 @@ private:
   }
 
   bool isLeftOver(DiagnosticId id, const SourceRange &place) const;
+  bool isRestOfWord(DiagnosticId id) const;
   bool isInMissingCopybook(DiagnosticId id, const SourceRange &place) const;
   bool isUseOfReservedName(DiagnosticId id) const;
   bool beginsLine(const SourceRange &place) const;

@@ -35,12 +35,14 @@ void SourceDiagnostics::noteDamage(DiagnosticId id, const SourceRange &place) {
   }
 }
 
+bool SourceDiagnostics::isMisread(const SourceRange &place) const {
+  return llvm::any_of(damage, [&](const SourceRange &one) {
+    return one.file == place.file && place.beginLine <= one.endLine && one.endLine <= place.endLine;
+  });
+}
+
 bool SourceDiagnostics::isDamaged(const SourceRange &place) const {
-  return damagedFiles.contains(place.file) ||
-         llvm::any_of(damage,
-                      [&](const SourceRange &one) {
-                        return one.file == place.file && one.endLine == place.beginLine;
-                      }) ||
+  return damagedFiles.contains(place.file) || isMisread(place) ||
          llvm::any_of(doubts, [&](const Doubt &one) {
            return one.place.file == place.file && one.place.beginLine <= place.beginLine &&
                   (one.isOpen || place.beginLine <= one.place.endLine);

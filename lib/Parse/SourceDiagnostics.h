@@ -57,7 +57,10 @@ public:
   }
   /// Marks the text at \p place as damaged for later stages; the parser can expect what follows.
   void noteDamage(const SourceRange &place) { sink.getDamage().add(place); }
-  /// Whether the text at \p place is damaged: a message was reported that ends in its first line.
+  /// Whether a message about the text was reported that ends in a line of \p place.
+  bool isMisread(const SourceRange &place) const;
+  /// Whether the text at \p place is damaged: such a message was reported, or it is not known
+  /// whether the text is to be read.
   bool isDamaged(const SourceRange &place) const;
   /// Notes that from the line of \p place up to that of the matching endDoubt() text may be read
   /// that is not meant to be, or the other way around.

@@ -133,7 +133,12 @@ public:
       entries.append(homonyms.entries->begin(), homonyms.entries->end());
   }
 
-  bool isEmpty() const { return entries.empty() && files.empty(); }
+  /// Whether nothing is known of what it involves: a name that means nothing is bound to an entry
+  /// that is not written.
+  bool isEmpty() const {
+    return llvm::none_of(entries, [](const DataDescription *one) { return one->isWritten(); }) &&
+           files.empty();
+  }
   llvm::ArrayRef<const DataDescription *> getEntries() const { return entries; }
   llvm::ArrayRef<const FileDescription *> getFiles() const { return files; }
 
@@ -195,6 +200,7 @@ public:
         noteUnknownDevice(i);
       if (isStrayDirective(report[i].number))
         strayDirectives.try_emplace({place.file, place.beginLine}, i);
+      noteStrayWord(i);
       noteMissingProcedure(i);
       noteSubscripts(i);
     }
@@ -232,7 +238,9 @@ private:
   std::size_t causeOfSectionLimits(std::size_t index) const;
   void noteMissingProcedure(std::size_t index);
   void noteSubscripts(std::size_t index);
-  std::size_t causeOfSubscript(std::size_t index, llvm::StringRef name) const;
+  std::size_t causeOfIndex(std::size_t index, llvm::StringRef name) const;
+  bool isUsedAsIndex(const SourceRange &place) const;
+  void noteStrayWord(std::size_t index);
   std::size_t causeOfUse(std::size_t index);
   std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
   std::size_t causeOfUnselectedText(const Diagnostic &diagnostic) const;
@@ -283,6 +291,10 @@ private:
   llvm::DenseMap<const SourceUnit *, std::size_t> missingProcedures;
   /// The words that are subscripts of undeclared tables, and the error about the table.
   llvm::StringMap<std::size_t> subscriptsOfUnknown;
+  /// By unit the first error about a table that is not declared.
+  llvm::DenseMap<const SourceUnit *, std::size_t> missingTables;
+  /// The words in upper case that begin no statement: names where they are meant to be operands.
+  llvm::StringMap<std::size_t> strayWords;
   /// The records and files of outer programs of which an item was reported that a nested one does
   /// not see.
   llvm::DenseMap<const Node *, std::size_t> hiddenRecords;
@@ -305,6 +317,8 @@ std::size_t ConsequenceFinder::causeOf(std::size_t index) {
   if (const std::size_t cause = causeOfFault(index); cause != none)
     return cause;
   if (const std::size_t cause = damage.inLineOf(place); cause != none)
+    return cause;
+  if (const std::size_t cause = damage.ofCutWord(place); cause != none)
     return cause;
   if (const std::size_t cause = causeOfPlace(diagnostic); cause != none)
     return cause;
@@ -474,7 +488,11 @@ std::size_t ConsequenceFinder::causeOfKind(std::size_t index) {
   const Diagnostic &diagnostic = diagnostics[index];
   const int number = isAboutMnemonicName(diagnostic.number) ? 0 : diagnostic.number;
   const std::string key = std::to_string(number) + ' ' + diagnostic.subject;
-  const auto [first, isNew] = reportedNames.try_emplace({diagnostic.unit, key}, index);
+  // A program has the mnemonic-names of those around it.
+  const SourceUnit *unit = diagnostic.unit;
+  while (number == 0 && unit && unit->getParent())
+    unit = unit->getParent();
+  const auto [first, isNew] = reportedNames.try_emplace({unit, key}, index);
   return isNew ? none : first->second;
 }
 
@@ -685,15 +703,22 @@ std::size_t ConsequenceFinder::unreadTextIn(const SourceRange &place) const {
   return first != unreadTexts.end() && first->first <= end ? first->second : none;
 }
 
-/// Notes the subscripts that an undeclared name has behind it.
+/// Notes an undeclared name that is a table, with its subscripts.
 void ConsequenceFinder::noteSubscripts(std::size_t index) {
   const Diagnostic &diagnostic = diagnostics[index];
   if (!isUndefined(diagnostic.number) && !isMissingFromScope(diagnostic.number))
     return;
   const SourceRange &place = diagnostic.place;
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1).rtrim();
   llvm::StringRef text =
       sliceColumns(lineOf(place.file, place.endLine), place.endColumn + 1, maxLineLength).ltrim();
-  if (!text.consume_front("("))
+  const bool isSearched =
+      before.ends_with_insensitive("SEARCH") || before.ends_with_insensitive("SEARCH ALL");
+  const bool isTable = text.consume_front("(");
+  if ((isSearched || isTable) && !isSlip(nameIn(diagnostic), diagnostic.suggestion))
+    missingTables.try_emplace(diagnostic.unit, index);
+  if (!isTable)
     return;
   llvm::SmallVector<llvm::StringRef, 4> words;
   llvm::SplitString(text.take_until([](char c) { return c == ')' || c == ':'; }), words, " ,+-*/");
@@ -701,12 +726,36 @@ void ConsequenceFinder::noteSubscripts(std::size_t index) {
     subscriptsOfUnknown.try_emplace(word.upper(), index);
 }
 
-/// The error about an undeclared table that \p name is a subscript of: an index-name is declared in
-/// the entry of its table.
-std::size_t ConsequenceFinder::causeOfSubscript(std::size_t index, llvm::StringRef name) const {
-  const auto found = subscriptsOfUnknown.find(name);
-  return isUndefined(diagnostics[index].number) && found != subscriptsOfUnknown.end()
-             ? found->second
+/// Notes a word that begins no statement.
+void ConsequenceFinder::noteStrayWord(std::size_t index) {
+  const Diagnostic &diagnostic = diagnostics[index];
+  const SourceRange &place = diagnostic.place;
+  if (isStrayWord(diagnostic.number) && place.beginLine == place.endLine)
+    strayWords.try_emplace(
+        sliceColumns(lineOf(place.file, place.beginLine), place.beginColumn, place.endColumn)
+            .upper(),
+        index);
+}
+
+/// Whether the name at \p place is a subscript, or what SET or SEARCH changes.
+bool ConsequenceFinder::isUsedAsIndex(const SourceRange &place) const {
+  const llvm::StringRef before =
+      sliceColumns(lineOf(place.file, place.beginLine), 1, place.beginColumn - 1).rtrim();
+  return before.count('(') > before.count(')') || before.ends_with_insensitive(" VARYING") ||
+         before.ends_with_insensitive(" SET");
+}
+
+/// The error about an undeclared table that \p name is an index of, most likely: index-names are
+/// declared in the entry of the table.
+std::size_t ConsequenceFinder::causeOfIndex(std::size_t index, llvm::StringRef name) const {
+  const Diagnostic &diagnostic = diagnostics[index];
+  if (!isUndefined(diagnostic.number))
+    return none;
+  if (const auto found = subscriptsOfUnknown.find(name); found != subscriptsOfUnknown.end())
+    return found->second;
+  const auto table = missingTables.find(diagnostic.unit);
+  return table != missingTables.end() && table->second != index && isUsedAsIndex(diagnostic.place)
+             ? table->second
              : none;
 }
 
@@ -757,8 +806,10 @@ std::size_t ConsequenceFinder::causeOfUse(std::size_t index) {
 /// The error that says of the same operand, entry or CURRENCY SIGN clause that it is wrong.
 std::size_t ConsequenceFinder::causeOfFault(std::size_t index) {
   const Diagnostic &diagnostic = diagnostics[index];
-  if (isAboutCurrencySymbol(diagnostic.number))
-    return damage.ofCurrencySigns(diagnostic.unit);
+  if (isAboutCurrencySymbol(diagnostic.number)) {
+    const std::size_t cause = damage.ofCurrencySigns(diagnostic.unit);
+    return cause != none ? cause : damage.ofSpecialNames(diagnostic.unit);
+  }
   const int fault = faultOf(diagnostic.number);
   if (fault == 0)
     return none;
@@ -842,10 +893,18 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return cause;
   if (!isAbout)
     return none;
-  if (!diagnostic.suggestion.empty())
+  if (!diagnostic.suggestion.empty()) {
     if (const std::size_t cause = damage.ofDeclaration(diagnostic.suggestion, isProcedure);
         cause != none)
       return cause;
+    // The name itself may be what is wrong with the entry of the one that is near.
+    if (const Homonyms items =
+            Scope(diagnostic.unit)
+                .findItems(&internString(llvm::StringRef(diagnostic.suggestion).upper()));
+        items && !isProcedure && isUndefined(diagnostic.number))
+      if (const std::size_t cause = damage.ofEntry(items.entries->front()); cause != none)
+        return cause;
+  }
 
   // A function stands without FUNCTION by the REPOSITORY paragraph, which could not be read.
   if (findIntrinsicFunction(llvm::StringRef(name).take_while(isNameCharacter)))
@@ -901,8 +960,10 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return index - 1;
   if (const std::size_t cause = causeOfOuterName(index, name); cause != none)
     return cause;
-  if (const std::size_t cause = causeOfSubscript(index, name); cause != none)
+  if (const std::size_t cause = causeOfIndex(index, name); cause != none)
     return cause;
+  if (const auto found = strayWords.find(name); found != strayWords.end())
+    return found->second;
   if (const std::size_t cause = causeOfFamily(index, name); cause != none)
     return cause;
   reportedNames[{reach, key}] = index;

@@ -194,8 +194,9 @@ inline bool isInFileSection(int number) {
 /// Numbers that say that a file or its organization does not go with a record or with the statement
 /// for it: with the FD or SD entry of another file missing, its records belong to this one.
 inline bool isAboutRecordArea(int number) {
-  return isInFileSection(number) || number == 3550 || number == 3551 || number == 3559 ||
-         number == 3565 || number == 3570 || number == 3574 || number == 5026 || number == 5027;
+  return isInFileSection(number) || number == 3127 || number == 3550 || number == 3551 ||
+         number == 3559 || number == 3565 || number == 3570 || number == 3574 || number == 5026 ||
+         number == 5027;
 }
 
 /// Two paragraphs of one name in a section, and EXIT SECTION outside of sections.
@@ -211,6 +212,16 @@ inline bool isAboutLinkage(int number) {
 /// A record that is longer than those of the sort file.
 inline bool isAboutSortRecord(int number) {
   return number == 3570;
+}
+
+/// The front end's messages about a word that begins no statement.
+inline bool isStrayWord(int number) {
+  return number == 420 || number == 421;
+}
+
+/// A file that has a SELECT entry only.
+inline bool isSelectOnly(int number) {
+  return number == 5021;
 }
 
 /// A key that is no key of its file.

@@ -118,6 +118,9 @@ void ReportDamage::note(std::size_t index) {
   if (isInFileSection(diagnostic.number))
     if (const auto *name = dynamic_cast<const DataIdentifierExpression *>(diagnostic.node))
       note(fileOf(name->getDataDescription()), index);
+  // It may be the one that an FD entry describes by another name.
+  if (isSelectOnly(diagnostic.number))
+    lostFiles.push_back(index);
   if (isAboutFile(diagnostic.number))
     undescribedFiles.try_emplace(diagnostic.unit, index);
   if (const FileDescription *file = fileNamedBy(diagnostic.node);
@@ -127,8 +130,16 @@ void ReportDamage::note(std::size_t index) {
 }
 
 void ReportDamage::note(const DataDescription *entry, std::size_t index) {
-  if (!entry || !entries.try_emplace(entry, index).second)
+  if (!entry)
     return;
+  // A wrong picture explains what else is wrong with the entry.
+  const auto [first, isNew] = entries.try_emplace(entry, index);
+  if (!isNew) {
+    const int known = diagnostics[first->second].number;
+    if (isWrongShape(diagnostics[index].number) && !isOfFrontEnd(known) && !isWrongShape(known))
+      first->second = index;
+    return;
+  }
   // A wrong value of a condition-name does no harm to its conditional variable.
   if (entry->getLevelNum() == 88 && !isOfFrontEnd(diagnostics[index].number) &&
       !isWrongLevel(diagnostics[index].number))
@@ -415,6 +426,15 @@ std::size_t ReportDamage::inLineOf(const SourceRange &place) const {
   return text.contains(". ") ? noDiagnostic : cause;
 }
 
+std::size_t ReportDamage::ofCutWord(const SourceRange &place) const {
+  if (place.endColumn != maxColumn)
+    return noDiagnostic;
+  const SourceRange line(place.file, place.beginLine, 1, place.beginLine, maxLineLength);
+  const llvm::StringRef behind =
+      sliceColumns(lineOf(place.file, place.beginLine), maxColumn + 1, maxColumn + 1);
+  return behind.trim().empty() ? noDiagnostic : between(line, line);
+}
+
 std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
   for (; unit; unit = unit->getParent()) {
     const InputOutputSection *behind = unit->getInputOutputSection();
@@ -605,6 +625,12 @@ std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size
     if (const auto found = entries.find(entry); found != entries.end() && found->second != except)
       return found->second;
   return noDiagnostic;
+}
+
+std::size_t ReportDamage::ofEntry(const DataDescription *entry) const {
+  const auto found = entries.find(entry);
+  return found != entries.end() && isOfFrontEnd(diagnostics[found->second].number) ? found->second
+                                                                                   : noDiagnostic;
 }
 
 std::size_t ReportDamage::ofUndescribedFile(const SourceUnit *unit) const {

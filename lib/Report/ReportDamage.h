@@ -38,6 +38,9 @@ public:
   /// The error of the front end in the line and sentence that \p place begins in: what else is
   /// wrong there is not certain.
   std::size_t inLineOf(const SourceRange &place) const;
+  /// The error of the front end in the line of \p place, where that is a word cut at column 72: the
+  /// line is one that was joined to it.
+  std::size_t ofCutWord(const SourceRange &place) const;
   /// The first error of the front end from \p begin to \p end, which are in one file.
   std::size_t between(const SourceRange &begin, const SourceRange &end) const;
   /// The error of the front end in the SPECIAL-NAMES paragraph of \p unit or of one around it, or
@@ -55,6 +58,8 @@ public:
   std::size_t ofEntryOrGroup(const DataDescription *entry, std::size_t except) const;
   /// The error of the SELECT or FD entry of \p file, or of its records, other than \p except.
   std::size_t of(const FileDescription *file, std::size_t except) const;
+  /// The error of the front end in \p entry itself.
+  std::size_t ofEntry(const DataDescription *entry) const;
   /// The error of a group around \p entry that has a PICTURE, which members cannot belong to.
   std::size_t ofGroupWithPicture(const DataDescription *entry) const;
   /// The error of the entry before \p entry where that is a group without members: its members may
