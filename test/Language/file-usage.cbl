@@ -69,7 +69,7 @@
            write both-record
            rewrite both-record
            write keyed-record *> expect: 5079
-           delete keyed *> expect: 5079
+           delete keyed
            start keyed
            read keyed next key is k *> expect: 5078
            read keyed next invalid key continue end-read *> expect: 5078

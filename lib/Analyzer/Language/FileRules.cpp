@@ -190,7 +190,7 @@ public:
       : usage(fileUsage), report(languageReport) {}
 
   void visitOpenStatement(OpenStatement &statement) {
-    llvm::SmallPtrSet<const FileDescription *, 8> named;
+    NamedFiles named;
     for (const OpenItem *item : statement.getItemListElements())
       for (const OpenFile *file : item->getFileListElements())
         if (const FileDescription *description = file->getFileName()->getFileDescription()) {
@@ -284,7 +284,7 @@ public:
   }
 
   void visitCloseStatement(CloseStatement &statement) {
-    llvm::SmallPtrSet<const FileDescription *, 8> named;
+    NamedFiles named;
     for (CloseFile *file : statement.getCloseFileListElements()) {
       // A file has several reels.
       if (file->getOption() < CloseOption::Reel)
@@ -343,13 +343,17 @@ private:
     return record ? fileOfItem(*record) : nullptr;
   }
 
-  /// \p named are the files that the statement has named so far.
-  void checkNamedOnce(FileIdentifierExpression &name,
-                      llvm::SmallPtrSetImpl<const FileDescription *> &named, llvm::StringRef verb) {
+  /// The files that a statement has named so far.
+  struct NamedFiles {
+    llvm::SmallPtrSet<const FileDescription *, 8> files;
+    bool isReported = false; ///< of several files that are named again, the first one
+  };
+  void checkNamedOnce(FileIdentifierExpression &name, NamedFiles &named, llvm::StringRef verb) {
     const FileDescription *file = name.getFileDescription();
-    if (file && !named.insert(file).second)
-      report.report(LanguageRule::FileNamedTwice, name, file->getFileName()->getDisplayName(),
-                    verb);
+    if (!file || named.files.insert(file).second || named.isReported)
+      return;
+    named.isReported = true;
+    report.report(LanguageRule::FileNamedTwice, name, file->getFileName()->getDisplayName(), verb);
   }
 
   /// Null where \p file is a sort file or has no SELECT entry.

@@ -51,28 +51,37 @@ void FileUsage::addSort(const FileDescription &file, const SortIO *input, const 
 }
 
 void FileUsage::finish(LanguageReport &report) {
-  // The statement that opens the file may be missing in the tree.
-  if (!report.isTreeIncomplete())
+  // What is wrong elsewhere may be the statement that opens or sorts the file.
+  if (!report.hasEarlier())
     for (const auto &[file, found] : files)
       check(*file, found, report);
   files.clear();
 }
 
+/// Reports the first use that nothing prepares. One message is enough for a file: the same OPEN or
+/// SORT statement is missing for the others, most likely.
 void FileUsage::check(const FileDescription &file, const File &found, LanguageReport &report) {
   const std::string &name = file.getFileName()->getDisplayName();
-  // Other programs open files that they share with this one.
-  const bool isShared = file.getExternal() || file.getGlobal() || found.isPassed;
+  // Other programs open files that they share with this one. Of a file that is not opened at all,
+  // nothing is known.
+  const bool isOpenKnown =
+      !(file.getExternal() || file.getGlobal() || found.isPassed) && found.modes;
   for (const auto &[use, place] : found.uses) {
-    if (use == FileUse::Release && !found.hasInputProcedure)
+    if (use == FileUse::Release && !found.hasInputProcedure) {
       report.report(LanguageRule::SortProcedureMissing, *place, name, "INPUT", "RELEASE");
-    else if (use == FileUse::Return && !found.hasOutputProcedure)
+      return;
+    }
+    if (use == FileUse::Return && !found.hasOutputProcedure) {
       report.report(LanguageRule::SortProcedureMissing, *place, name, "OUTPUT", "RETURN");
-    // Of a file that is not opened at all, nothing is known.
-    if (isShared || found.modes == 0)
-      continue;
-    for (const OpenNeed &need : openNeeds)
-      if (need.use == use && !(need.modes & found.modes))
-        report.report(LanguageRule::FileNeverOpened, *place, name, need.modeNames, need.verb);
+      return;
+    }
+    const auto *need = llvm::find_if(openNeeds, [&, theUse = use](const OpenNeed &one) {
+      return one.use == theUse && !(one.modes & found.modes);
+    });
+    if (isOpenKnown && need != std::end(openNeeds)) {
+      report.report(LanguageRule::FileNeverOpened, *place, name, need->modeNames, need->verb);
+      return;
+    }
   }
 }
 
