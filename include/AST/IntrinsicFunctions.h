@@ -6,6 +6,7 @@
 #include "AST/Kinds.h"
 #include "llvm/ADT/ArrayRef.h"
 #include "llvm/ADT/StringRef.h"
+#include <algorithm>
 #include <cstddef>
 #include <optional>
 
@@ -17,8 +18,9 @@ struct IntrinsicFunction {
   IntrinsicType type;
   /// True when the result is always an integer.
   bool isInteger;
-  /// A letter for each argument: n for one that must be a number, a for others. After an argument
-  /// that may be left out there is "?", after one that may be repeated "+".
+  /// A letter for each argument: n for one that must be a number, i for one that must be an
+  /// integer, a for others. After an argument that may be left out there is "?", after one that may
+  /// be repeated "+".
   llvm::StringLiteral arguments;
 
   std::size_t getLeastArguments() const { return countArguments() - arguments.count('?'); }
@@ -28,17 +30,27 @@ struct IntrinsicFunction {
   }
   /// Whether argument \p number, from 0, must be a number.
   bool takesNumber(std::size_t number) const {
-    for (char argument : arguments)
-      if (argument == 'n' || argument == 'a') {
-        if (number == 0)
-          return argument == 'n';
-        --number;
-      }
-    return arguments.ends_with("n+");
+    return kindOf(number) == 'n' || kindOf(number) == 'i';
   }
+  /// Whether argument \p number, from 0, must be an integer.
+  bool takesInteger(std::size_t number) const { return kindOf(number) == 'i'; }
 
 private:
-  std::size_t countArguments() const { return arguments.count('n') + arguments.count('a'); }
+  static bool isKind(char c) { return c == 'n' || c == 'i' || c == 'a'; }
+  /// The letter of argument \p number, from 0; the last one stands for those that repeat it.
+  char kindOf(std::size_t number) const {
+    char last = 'a';
+    for (char argument : arguments)
+      if (isKind(argument)) {
+        last = argument;
+        if (number-- == 0)
+          return last;
+      }
+    return last;
+  }
+  std::size_t countArguments() const {
+    return static_cast<std::size_t>(std::count_if(arguments.begin(), arguments.end(), isKind));
+  }
 };
 
 /// Every function, sorted by name.

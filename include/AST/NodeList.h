@@ -39,8 +39,8 @@ public:
   NodeList(const NodeList &other) { append(other.begin(), other.end()); }
   NodeList(NodeList &&other) noexcept : slot(std::exchange(other.slot, nullptr)) {}
   NodeList &operator=(const NodeList &other) {
-    NodeList copy(other);
-    swap(copy);
+    if (this != &other)
+      NodeList(other).swap(*this);
     return *this;
   }
   NodeList &operator=(NodeList &&other) noexcept {

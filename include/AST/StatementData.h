@@ -529,6 +529,12 @@ public:
 class SortTableStatement : public StatementOf<StatementType::SortTable, OperandStatement> {
 public:
   explicit SortTableStatement(const Node *at) : StatementOf(at) {}
+
+  /// True with ASCENDING or DESCENDING; without, the KEY phrases of the table say the order.
+  TARKA_FLAG(ordered, Ordered)
+
+private:
+  bool ordered = false;
 };
 
 /// ALLOCATE {source CHARACTERS | part} [RETURNING receiver]

@@ -25,6 +25,9 @@ namespace tarka {
 
 class SourceDamage;
 
+/// The mark by which a text is known to be UTF-8, whatever the encoding of the files is.
+inline constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
+
 /// The text of one file. It stays at its address in memory until the process ends.
 class SourceFile {
 public:

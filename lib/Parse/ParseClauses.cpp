@@ -20,15 +20,6 @@ bool ClauseSet::contains(Keyword keyword) const {
 // Where an entry ends
 //===----------------------------------------------------------------------===//
 
-Word *ClauseParser::parseDeclaredWord(llvm::StringRef what, const ClauseSet &clauses) {
-  if (!peek().isWord() || peek().isUserWord())
-    return parseUserWord(what);
-  const bool isName = recovery.isReservedNameReported(peek()) ||
-                      !(clauses.contains(peek().keyword) || peek().isVerb());
-  rejectDeclaredWord(what);
-  return isName ? takeWord() : nullptr;
-}
-
 bool ClauseParser::atEntryBoundary(const ClauseSet &clauses) {
   if (atPartHeader() || at(Keyword::Fd, Keyword::Sd, Keyword::Rd))
     return true;

@@ -25,9 +25,6 @@ class ClauseParser : public ConditionParser {
 public:
   using ConditionParser::ConditionParser;
 
-  /// The word that an entry of \p clauses declares. A reserved word is reported and taken all the
-  /// same, unless it begins a clause: the name is missing then.
-  Word *parseDeclaredWord(llvm::StringRef what, const ClauseSet &clauses);
   /// Whether something is next that cannot belong to an entry of \p clauses any more: a header, or
   /// the first word or level number of another entry at the beginning of a line.
   bool atEntryBoundary(const ClauseSet &clauses);

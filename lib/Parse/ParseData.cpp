@@ -418,7 +418,7 @@ DataDescription *DataParser::parseDataEntry(unsigned assumedLevel) {
   Word *name = nullptr;
   if (level == 66 || level == 88) {
     // These are nothing without their names.
-    name = parseDeclaredWord(level == 88 ? "a condition-name" : "a data-name", dataClauses);
+    name = parseDeclaredWord(level == 88 ? "a condition-name" : "a data-name");
     if (!name) {
       skipToEntry(dataClauses);
       return nullptr;
@@ -559,9 +559,9 @@ Word *DataParser::parseEntryName(const ClauseSet &clauses) {
   if (peek().isUserWord())
     return takeWord();
   rejectDeclaredWord("a data-name");
-  Word *reserved = takeWord();
+  stream.skip();
   // The name may follow a superfluous word.
-  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : reserved;
+  return peek().keyword == Keyword::None && peek().isWord() ? takeWord() : nullptr;
 }
 
 } // namespace tarka

@@ -162,7 +162,7 @@ FileDescription *FileSectionParser::parseFileDescription() {
   Recovery::ConstructScope construct(recovery);
   FileDescType type = at(Keyword::Sd) ? FileDescType::SortMerge : FileDescType::File;
   acceptAny(Keyword::Fd, Keyword::Sd);
-  Word *name = parseDeclaredWord("a file-name", fileClauses);
+  Word *name = parseDeclaredWord("a file-name");
   if (!name) {
     skipToEntry(fileClauses);
     return nullptr;

@@ -91,7 +91,7 @@ ParaFileControl *FileControlParser::parseSelect() {
   Recovery::ConstructScope construct(recovery);
   accept(Keyword::Select);
   bool isOptional = accept(Keyword::Optional);
-  Word *name = parseDeclaredWord("a file-name", selectClauses);
+  Word *name = parseDeclaredWord("a file-name");
   if (!name) {
     context.namelessSelects.push_back(begin);
     skipToEntry(selectClauses);

@@ -100,7 +100,7 @@ ReportDescription *ReportParser::parseReportDescription() {
   recovery.resumeReporting();
   Recovery::ConstructScope construct(recovery);
   accept(Keyword::Rd);
-  Word *name = parseDeclaredWord("a report-name", reportClauses);
+  Word *name = parseDeclaredWord("a report-name");
   if (!name) {
     skipToEntry(reportClauses);
     return nullptr;

@@ -417,6 +417,7 @@ StatementResult FileStatements::parseSortTable(const SourceRange &begin) {
   if (!table)
     return nullptr;
   sort->addPart(table);
+  sort->setIsOrdered(atSortKey());
   while (atSortKey()) {
     accept(Keyword::On);
     acceptAny(Keyword::Ascending, Keyword::Descending);

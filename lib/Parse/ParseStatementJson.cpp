@@ -33,25 +33,53 @@ bool JsonStatements::parseSuppressions(OperandStatement &statement) {
   return true;
 }
 
-/// CONVERTING {identifier {TO | FROM} [JSON] {BOOLEAN | BOOL} [USING] operand [AND operand]}...
+/// [USING] operand [AND operand]: the values that stand for true and false, or for null.
 ///
-/// The tree has no place for the values that stand for true and false.
-bool JsonStatements::parseConversions() {
+/// The tree has no place for them.
+bool JsonStatements::parseJsonValues() {
+  accept(Keyword::Using);
+  return parseOperand() && (!accept(Keyword::And) || parseOperand());
+}
+
+/// identifier {TO | FROM} [JSON] {BOOLEAN | BOOL | NULL} values, of CONVERTING
+bool JsonStatements::parseConversion() {
+  if (!parseIdentifier())
+    return false;
+  acceptAny(Keyword::To, Keyword::From);
+  accept(Keyword::Json);
+  if (atWord("BOOL"))
+    stream.skip();
+  else if (!accept(Keyword::Boolean) && !accept(Keyword::Null))
+    return expected("BOOLEAN or NULL");
+  return parseJsonValues();
+}
+
+/// identifier [IS] [JSON] NULL values [IN identifier], of INDICATING. A condition-name takes IN and
+/// the identifier as its qualifier.
+bool JsonStatements::parseIndication() {
+  if (!parseIdentifier())
+    return false;
+  accept(Keyword::Is);
+  accept(Keyword::Json);
+  return expect(Keyword::Null) && parseJsonValues() && (!accept(Keyword::In) || parseIdentifier());
+}
+
+/// [JSON] NULL [FOR] {ALL | identifier}, of IGNORING
+bool JsonStatements::parseIgnored() {
+  accept(Keyword::Json);
+  if (!expect(Keyword::Null))
+    return false;
+  accept(Keyword::For);
+  return accept(Keyword::All) || parseIdentifier();
+}
+
+/// The word of a phrase, and what the phrase lists with ALSO between them.
+bool JsonStatements::parseListed(bool (JsonStatements::*parseOne)()) {
   stream.skip();
   do {
-    if (!parseIdentifier())
+    if (!(this->*parseOne)())
       return false;
-    acceptAny(Keyword::To, Keyword::From);
-    accept(Keyword::Json);
-    if (!accept(Keyword::Boolean) && !atWord("BOOL"))
-      return expected(textOf(Keyword::Boolean));
-    if (atWord("BOOL"))
-      stream.skip();
-    accept(Keyword::Using);
-    if (!parseOperand() || (accept(Keyword::And) && !parseOperand()))
-      return false;
-    accept(Keyword::Also);
-  } while (atIdentifier());
+  } while (accept(Keyword::Also));
   return true;
 }
 
@@ -66,12 +94,23 @@ bool JsonStatements::parsePhrases(OperandStatement &statement) {
       isRead = codePage != nullptr;
       if (isRead)
         statement.addSource(codePage);
+      // ENCODING operand FROM CODEPAGE
+      if (isRead && accept(Keyword::From)) {
+        isRead = atWord("CODEPAGE");
+        if (!isRead)
+          return expected("CODEPAGE");
+        stream.skip();
+      }
     } else if (at(Keyword::Name)) {
       isRead = parseNames(statement);
     } else if (at(Keyword::Suppress)) {
       isRead = parseSuppressions(statement);
     } else if (at(Keyword::Converting)) {
-      isRead = parseConversions();
+      isRead = parseListed(&JsonStatements::parseConversion);
+    } else if (atWord("INDICATING")) {
+      isRead = parseListed(&JsonStatements::parseIndication);
+    } else if (at(Keyword::Ignoring)) {
+      isRead = parseListed(&JsonStatements::parseIgnored);
     } else {
       return true;
     }

@@ -20,7 +20,11 @@ private:
   bool parsePhrases(OperandStatement &statement);
   bool parseNames(OperandStatement &statement);
   bool parseSuppressions(OperandStatement &statement);
-  bool parseConversions();
+  bool parseJsonValues();
+  bool parseConversion();
+  bool parseIndication();
+  bool parseIgnored();
+  bool parseListed(bool (JsonStatements::*parseOne)());
 };
 
 } // namespace tarka

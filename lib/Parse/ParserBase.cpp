@@ -175,6 +175,14 @@ Word *ParserBase::parseUserWord(llvm::StringRef what) {
   return expected(what);
 }
 
+Word *ParserBase::parseDeclaredWord(llvm::StringRef what) {
+  if (!peek().isWord() || peek().isUserWord())
+    return parseUserWord(what);
+  const bool isReported = recovery.isReservedNameReported(peek());
+  rejectDeclaredWord(what);
+  return isReported ? takeWord() : nullptr;
+}
+
 void ParserBase::rejectDeclaredWord(llvm::StringRef what) {
   if (recovery.isReservedNameReported(peek()))
     recovery.noteReservedName(peek());

@@ -243,6 +243,9 @@ public:
   /// A user-defined word. \p what describes it in the message: "a data-name". For a reserved word
   /// the message says that it is one.
   Word *parseUserWord(llvm::StringRef what);
+  /// The word that an entry declares. A reserved word is reported, but not its uses; where it was
+  /// reported before, it is taken for the name.
+  Word *parseDeclaredWord(llvm::StringRef what);
   /// Reports the next token, a reserved word, in the place of a word to be declared, but not its
   /// uses.
   void rejectDeclaredWord(llvm::StringRef what);

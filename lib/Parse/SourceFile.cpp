@@ -9,12 +9,11 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/Support/Path.h"
+#include <bit>
 
 namespace tarka {
 
 namespace {
-
-constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
 
 /// The offset of the first byte that shows that a file is not text; npos for text. A stray control
 /// byte makes no binary file: one in sixteen, near the beginning, does.
@@ -50,10 +49,16 @@ llvm::StringRef trimEnd(llvm::StringRef text) {
 
 /// Where the first line of \p text ends: at a LF or CR, or the end of the text.
 size_t findLineEnd(llvm::StringRef text) {
+  auto isEnd = [](char c) { return c == '\n' || c == '\r'; };
   size_t end = 0;
-  while (text.size() - end >= TextChunk::size && !TextChunk(text.data() + end).findUnusual())
-    end += TextChunk::size;
-  while (end < text.size() && text[end] != '\n' && text[end] != '\r')
+  while (text.size() - end >= TextChunk::size) {
+    const unsigned unusual = TextChunk(text.data() + end).findUnusual();
+    end += unusual ? std::countr_zero(unusual) : TextChunk::size;
+    if (unusual && isEnd(text[end]))
+      return end;
+    end += unusual ? 1 : 0;
+  }
+  while (end < text.size() && !isEnd(text[end]))
     ++end;
   return end;
 }
@@ -61,7 +66,13 @@ size_t findLineEnd(llvm::StringRef text) {
 /// Looks at lines for what only one of the two forms has.
 class FormatDetector {
 public:
+  /// \p line goes up to the line's end.
   void look(llvm::StringRef line) {
+    if (beginsPlain(line)) {
+      ++lines;
+      return;
+    }
+    line = trimEnd(line.take_front(1000));
     if (isPlain(line)) {
       ++lines;
       return;
@@ -112,6 +123,26 @@ public:
   bool isDone() const { return directed != SourceFormat::Auto || lines >= 2000; }
 
 private:
+  /// Whether the first characters of \p line, and its length, show that it isPlain(). One that is
+  /// too short for that tells no more about its form.
+  static bool beginsPlain(llvm::StringRef line) {
+    constexpr unsigned toAreaA = (1U << 7) - 1;
+    if (line.size() < TextChunk::size || line.size() > 80)
+      return false;
+    if ((TextChunk(line.data()).findEqual(' ') & toAreaA) != toAreaA)
+      return false;
+    for (; line.size() >= TextChunk::size; line = line.drop_front(TextChunk::size)) {
+      const TextChunk chunk(line.data());
+      const auto word = TextChunk::countFirst(chunk.findEqual(' ') | chunk.findDigits());
+      if (word == TextChunk::size)
+        continue;
+      // CBL and PROCESS are for isPlain() to find.
+      const char first = llvm::toUpper(line[word]);
+      return llvm::isAlpha(first) && first != 'C' && first != 'P';
+    }
+    return false;
+  }
+
   /// Whether \p line is one of the most, which fit both forms: blank up to area A, no longer than
   /// 80 columns, and with a word first that is none of compiler options.
   static bool isPlain(llvm::StringRef line) {
@@ -255,7 +286,7 @@ SourceFormat detectSourceFormat(llvm::StringRef text, SourceFormat otherwise) {
   FormatDetector detector;
   while (!text.empty() && !detector.isDone()) {
     size_t end = findLineEnd(text);
-    detector.look(trimEnd(text.take_front(std::min<size_t>(end, 1000))));
+    detector.look(text.take_front(end));
     text = text.substr(end + 1);
   }
   return detector.decide(otherwise);

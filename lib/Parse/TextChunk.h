@@ -31,6 +31,7 @@ public:
   unsigned findEqual(char c) const { return maskOf(simde_mm_cmpeq_epi8(bytes, filled(c))); }
   /// Control bytes, which include the ends of lines, and bytes outside ASCII.
   unsigned findUnusual() const { return maskOf(simde_mm_cmplt_epi8(bytes, filled(' '))); }
+  unsigned findDigits() const { return maskOf(isInRange(bytes, '9', '9' - '0' + 1)); }
   /// The bytes that words are made of: letters, digits, hyphen and underscore.
   unsigned findWordCharacters() const {
     const simde__m128i letters =

@@ -29,6 +29,11 @@ inline bool isStrayDirective(int number) {
   return number == 82;
 }
 
+/// The front end's messages about text past column 72.
+inline bool isTextPastMargin(int number) {
+  return 29 <= number && number <= 31;
+}
+
 /// Those after which a whole copybook is missing, but the text around it is as it should be.
 inline bool isMissingCopybook(int number) {
   return 43 <= number && number <= 49;

@@ -64,4 +64,33 @@
            evaluate num-x when 1 thru 5 when 9 thru 6 continue *> expect: 5009:46
              when num-x thru 5 when 5 thru num-x when other continue
            end-evaluate
+      *> Values that the item never has; spaces and zeros at the ends do not count.
+           if num-x = 12345 or -1 = num-x *> expect: 5059:23 5059:32
+              or dec = 00001.50 or dec = -1.00 *> expect: 5059:24
+              or num-x < 12345 or bin = 99999 or flt = 123456789.5
+              or num-x(1:2) = 99999
+               continue end-if
+           if c not = "ABCDEF" or alf = "ABCD  " or g = "ABCDE" *> expect: 5059:23 5059:57
+              or c > "ABCDEF" or e (1) = "AB" or c(1:2) = "ABCDEF" *> expect: 5059:42
+               continue end-if
+           perform until num-x = 10000 continue end-perform *> expect: 5059
+      *> WHEN phrases.
+           evaluate c also num-x
+             when "A" also 1 continue
+             when "A" also any continue
+             when "A " also 01.0 continue *> expect: 5058
+             when not "A" also 1 thru 5 continue
+             when not "A" also 1 thru 6 continue
+             when e (1) also 1 when e (2) also 1 continue
+             when not "A" also 1 thru 5 continue *> expect: 5058
+             when "ABCDEFG" also not 99999 continue *> expect: 5059
+           end-evaluate
+           evaluate true
+             when g-1 continue
+             when num-x = 5 or c = "X" when num-x = 5 continue
+             when num-x > 5 continue
+             when num-x = 5 or c = "X" continue
+             when g-1 when num-x = 5 continue *> expect: 5058:14 5058:23
+             when other continue
+           end-evaluate
            stop run.

@@ -7,6 +7,11 @@
        1 x pic x(8).
        1 f comp-2.
        1 p usage pointer.
+       1 unkeyed.
+        2 u pic x(4) occurs 5.
+       1 text-1 pic x(80).
+       1 nat pic n(80) usage national.
+       1 edited pic z(9).
        1 group-1.
         2 e occurs 5 ascending key k indexed by ix.
          3 k pic x.
@@ -42,6 +47,25 @@
                continue end-perform
            perform varying f from 1 by -0.5 until f < 0
                continue end-perform
+           sort u *> expect: 5057
+           sort u descending
+           sort e with duplicates in order
+           json generate text-1 from group-1 count in n
+             name e "e" k "k" group-1 "g" suppress v
+           json generate nat(2:70) from x
+           json generate edited from group-1 *> expect: 5054
+             name unkeyed "u" suppress u when spaces *> expect: 5053:19 5053:40
+           json generate unkeyed from group-1 count in f *> expect: 5055
+           json parse n into group-1 suppress x *> expect: 5054:23 5053:47
+           json parse text-1(1:40) into group-1 name group-1 omitted
+           move x to shift-in xml-code xml-text *> expect: 5056:22 5056:40
+             xml-namespace json-status return-code *> expect: 5056
+           inspect x converting "abca" to "1234" *> expect: 5060
+           inspect x converting "aA1" to x(1:3)
+           accept n from date *> expect: 5061
+           accept n from day-of-week
+           accept x(1:4) from time
+           accept edited from date yyyymmdd
            perform second-one through first-one *> expect: 5048
            perform second-one through third
            perform second-one through main

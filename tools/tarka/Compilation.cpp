@@ -21,11 +21,13 @@
 #include "ProgramRun.h"
 #include "Report/Consequences.h"
 #include "Report/Fixes.h"
+#include "Report/Repairs.h"
 #include "Report/SourceOrder.h"
 #include "ReportCache.h"
 #include "ReportRun.h"
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/Support/Path.h"
+#include "llvm/Support/VirtualFileSystem.h"
 #include "llvm/Support/raw_ostream.h"
 #include "llvm/Support/thread.h"
 
@@ -86,6 +88,9 @@ FileReport Compilation::check() {
     applyFixes(report.diagnostics);
   setFingerprints(report.diagnostics);
   orderBySource(report.diagnostics, internFileName(file), frontEnd.getCopies());
+  const bool isReport = request.command == Command::Check && !recordsExpansion;
+  if (isReport && !request.all && !request.fix)
+    explainByRepairs(report.diagnostics);
   return report;
 }
 
@@ -111,6 +116,80 @@ void Compilation::hideConsequences(std::vector<Diagnostic> &findings) {
   auto findName = [&](llvm::StringRef name) { return damage.findName(name); };
   removeConsequences(findings, *program, {contains, findName},
                      [&](unsigned source, unsigned number) { return lines.line(source, number); });
+}
+
+/// \p request with \p text in the place of what the file has in \p files.
+static Request withText(const Request &request, llvm::StringRef file, llvm::StringRef text,
+                        llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> files) {
+  auto memory = llvm::makeIntrusiveRefCnt<llvm::vfs::InMemoryFileSystem>();
+  auto overlay = llvm::makeIntrusiveRefCnt<llvm::vfs::OverlayFileSystem>(std::move(files));
+  llvm::SmallString<128> path(file);
+  overlay->makeAbsolute(path);
+  // The text was decoded, whatever the encoding of the files is.
+  const std::string mark = request.parse.encoding.empty() ? "" : byteOrderMark.str();
+  memory->addFile(path, 0, llvm::MemoryBuffer::getMemBufferCopy(mark + text.str()));
+  overlay->pushOverlay(memory);
+  Request changed = request;
+  changed.parse.fileSystem = overlay;
+  changed.cache = changed.writeDepfile = false;
+  return changed;
+}
+
+/// All that was found, whatever is selected, without consequences.
+std::vector<Diagnostic> Compilation::collectCauses() {
+  std::vector<Diagnostic> findings = collectFindings(file, frontEnd, handler, secondPass, lines);
+  hideConsequences(findings);
+  return findings;
+}
+
+/// Where a small change of the source leaves only part of \p findings, keeps one of those that are
+/// gone. The work is bounded, because most wrong programs have several mistakes.
+void Compilation::explainByRepairs(std::vector<Diagnostic> &findings) {
+  constexpr std::size_t maxFindings = 30;
+  constexpr std::size_t maxLines = 60000; // of all changed sources together
+  const auto isWrong = [](const Diagnostic &one) { return isError(one.severity); };
+  if (findings.size() < 2 || findings.size() > maxFindings || llvm::none_of(findings, isWrong))
+    return;
+  const unsigned number = internFileName(file);
+  const llvm::StringRef text = lines.textOf(number);
+  const SourceFormat format =
+      request.parse.format == SourceFormat::Auto ? detectSourceFormat(text) : request.parse.format;
+  llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> files = request.parse.fileSystem;
+  if (!files && memory)
+    files = memory;
+  if (!files)
+    files = llvm::vfs::getRealFileSystem();
+
+  // A change must not cause what the user does not want to see, either.
+  const std::vector<Diagnostic> causes = collectCauses();
+  std::size_t linesLeft = maxLines;
+  const std::size_t size = text.count('\n') + 1;
+  const Repair *best = nullptr;
+  std::vector<Diagnostic> leastFindings;
+  std::size_t mostExplained = 1;
+  const std::vector<Repair> repairs =
+      likelyRepairs(text, format == SourceFormat::Fixed, number, findings);
+  for (const Repair &repair : repairs) {
+    if (linesLeft < size)
+      break;
+    linesLeft -= size;
+    const Request changed = withText(request, file, repair.text, files);
+    Compilation trial(changed, file);
+    std::string failure;
+    if (!trial.analyse(failure))
+      continue;
+    std::vector<Diagnostic> remaining = trial.collectCauses();
+    const std::size_t explained = countExplained(causes, remaining);
+    if (explained <= mostExplained)
+      continue;
+    mostExplained = explained;
+    best = &repair;
+    leastFindings = std::move(remaining);
+    if (leastFindings.empty())
+      break;
+  }
+  if (best)
+    explainBy(*best, findings, leastFindings);
 }
 
 /// Makes the changes that are certain, and takes what they correct out of \p findings.

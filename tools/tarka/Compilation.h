@@ -57,6 +57,8 @@ private:
   /// False when the file cannot be read.
   bool analyse(std::string &failure);
   void hideConsequences(std::vector<Diagnostic> &findings);
+  std::vector<Diagnostic> collectCauses();
+  void explainByRepairs(std::vector<Diagnostic> &findings);
   void applyFixes(std::vector<Diagnostic> &findings);
   int printGraph(CommandOutput &output);
   GraphView drawableView(const CFGModule &module) const;

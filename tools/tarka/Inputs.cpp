@@ -18,6 +18,7 @@ constexpr std::size_t maxListDepth = 100;
 
 std::vector<PathPattern> compile(const std::vector<std::string> &texts) {
   std::vector<PathPattern> patterns;
+  patterns.reserve(texts.size());
   for (const std::string &text : texts)
     patterns.push_back(llvm::cantFail(PathPattern::create(text)));
   return patterns;

@@ -178,6 +178,25 @@ std::optional<llvm::StringRef> readEntry(llvm::StringRef bytes,
   return report;
 }
 
+/// Writes \p entry so that it appears whole at \p path or not at all.
+///
+/// An OutputFile is removed by signals, of which LLVM keeps a list that never shrinks: a worker
+/// that stores many reports would go through it for each of them. What a signal leaves over here
+/// has the name of an entry and is pruned as one.
+void writeEntry(const std::string &path, llvm::StringRef entry) {
+  int descriptor = -1;
+  llvm::SmallString<128> temporary;
+  if (fs::createUniqueFile(path + ".%%%%%%", descriptor, temporary))
+    return;
+  llvm::raw_fd_ostream out(descriptor, /*shouldClose=*/true);
+  out << entry;
+  out.close();
+  const bool isWritten = !out.has_error();
+  out.clear_error();
+  if (!isWritten || fs::rename(temporary, path))
+    fs::remove(temporary);
+}
+
 /// Makes the directory, and marks it as one that needs no backup.
 bool makeDirectory(llvm::StringRef directory) {
   if (fs::exists(directory))
@@ -268,11 +287,7 @@ void ReportCache::store(const Request &own, const std::string &file,
   const std::optional<std::string> path = pathOf(own, file);
   if (!path || !hasSource || !dependencies.isComplete() || !makeDirectory(directory))
     return;
-  OutputFile output(*path);
-  if (!output.stream())
-    return;
-  *output.stream() << makeEntry(found, report);
-  output.commit();
+  writeEntry(*path, makeEntry(found, report));
 }
 
 void ReportCache::prune() {

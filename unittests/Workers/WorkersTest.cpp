@@ -137,8 +137,11 @@ TEST(WorkerPool, ResultsBehindARunningWorker) {
   while (pool.getEnded() < 2)
     pool.wait();
   EXPECT_FALSE(pool.take());
-  EXPECT_EQ(pool.takeEnded()->name, "a");
-  EXPECT_EQ(pool.takeEnded()->name, "b");
+  for (const char *name : {"a", "b"}) {
+    const auto ended = pool.takeEnded();
+    ASSERT_TRUE(ended);
+    EXPECT_EQ(ended->name, name);
+  }
   EXPECT_FALSE(pool.takeEnded());
 }
 

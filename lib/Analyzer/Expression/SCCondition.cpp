@@ -1,5 +1,6 @@
 //===- SCCondition.cpp - checks of conditions -----------------------------===//
 
+#include "AST/ClausePicture.h"
 #include "AST/DataDescription.h"
 #include "AST/ExpressionVisitor.h"
 #include "AST/Program.h"
@@ -256,6 +257,20 @@ bool arePointers(const Expression &left, const Expression &right) {
          right.getDataCategory() == DataCategory::Pointer;
 }
 
+/// Whether \p operand is a literal that has more characters or digits than the item \p other.
+bool isLongerThan(const Expression &operand, const Expression &other) {
+  const DataDescription *item = entryOfDataIdentifier(other);
+  if (!item)
+    return false;
+  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&operand))
+    return static_cast<std::int64_t>(text->getData().size()) > item->getAllocSize();
+  const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&operand);
+  const ClausePicture *picture = number ? item->getPicture() : nullptr;
+  return picture && (number->getDigitsNum() > picture->getDigitNum() ||
+                     number->getScale() > picture->getScale() ||
+                     (!number->isPositive() && !picture->isSigned()));
+}
+
 } // namespace
 
 /// A condition-name is a condition on its conditional variable and has no value of its own.
@@ -283,6 +298,8 @@ bool SemanticChecker::checkCompareable(Expression *left, Expression *right,
     return report(ErrorCode::ComparisonInvalid, left, *right);
   if (comparisonOf(*left, *right) == National)
     checkNationalCmpFiguExpr(left, right);
+  if (isLongerThan(*left, *right) || isLongerThan(*right, *left))
+    state->hasPlainOperands = false;
   return ok;
 }
 

@@ -1,7 +1,7 @@
 //===- ConditionRules.cpp - conditions and the values of condition-names --===//
 //
-// What a class condition can test, which values of a condition-name its item never has, and ranges
-// that are empty.
+// What a class condition can test, which values of a condition-name its item never has, comparisons
+// and WHEN phrases that are never true, and ranges that are empty.
 //
 //===----------------------------------------------------------------------===//
 
@@ -14,6 +14,7 @@
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/StringMap.h"
 #include <cstdlib>
 #include <optional>
 
@@ -153,6 +154,154 @@ std::string obstacleTo(const LiteralExpression &value, const DataDescription &it
   return text ? obstacleTo(*text, item) : "";
 }
 
+/// Whether \p item can have the value of \p operand, if that is a literal.
+void checkHeld(Expression &item, Expression &operand, LanguageReport &report) {
+  auto *literal = llvm::dyn_cast<LiteralExpression>(&operand);
+  auto *identifier = llvm::dyn_cast<DataIdentifierExpression>(&item);
+  const DataDescription *entry = identifier ? identifier->getDataDescription() : nullptr;
+  if (!literal || !entry || isConditionName(*entry) || isUnknown(item) ||
+      isReferenceModified(item) || report.isReported(*entry))
+    return;
+  if (const std::string obstacle = obstacleTo(*literal, *entry); !obstacle.empty())
+    report.report(LanguageRule::ValueNeverHeld, operand, nameOf(*identifier), shown(*literal),
+                  obstacle);
+}
+
+//===----------------------------------------------------------------------===//
+// WHEN
+//===----------------------------------------------------------------------===//
+
+/// What \p operand is in a comparison with other operands of the same statement: two operands with
+/// the same text have the same value. Nothing where only the program knows.
+std::optional<std::string> identityOf(const Expression &operand) {
+  if (const auto *number = llvm::dyn_cast<NumericLiteralExpression>(&operand)) {
+    llvm::StringRef digits = number->getData();
+    const bool isNegative = digits.consume_front("-");
+    digits.consume_front("+");
+    digits = digits.ltrim('0');
+    if (digits.contains('.'))
+      digits = digits.rtrim('0').rtrim('.');
+    return (isNegative ? "-" : "+") + digits.str();
+  }
+  // Spaces at the end do not count in a comparison.
+  if (const auto *text = llvm::dyn_cast<NonNumericLiteralExpression>(&operand))
+    return std::to_string(static_cast<int>(text->getNonNumericLiteralType())) + "\"" +
+           llvm::StringRef(text->getData()).rtrim(' ').str() + "\"";
+  const auto *item = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+  if (!item || !item->getDataDescription() || item->getSubscriptMod() || item->getReferenceMod())
+    return std::nullopt;
+  return llvm::formatv("{0}", static_cast<const void *>(item->getDataDescription())).str();
+}
+
+std::optional<std::string> identityOf(const Condition &condition) {
+  if (const auto *name = llvm::dyn_cast<ConditionNameCondition>(&condition))
+    return name->getConditionName() ? identityOf(*name->getConditionName()) : std::nullopt;
+  const auto *relation = llvm::dyn_cast<RelationalCondition>(&condition);
+  if (!relation)
+    return std::nullopt;
+  const std::optional<std::string> left = identityOf(*relation->getLeft());
+  const std::optional<std::string> right = identityOf(*relation->getRight());
+  if (!left || !right)
+    return std::nullopt;
+  return *left + nameOf(relation->getConditionType()).str() + *right;
+}
+
+std::optional<std::string> identityOf(const EvaluateObject &object) {
+  const std::string negation = object.isNot() ? "NOT " : "";
+  switch (object.getType()) {
+  case EvalObjectType::Any:
+  case EvalObjectType::True:
+  case EvalObjectType::False:
+    return nameOf(object.getType()).str();
+  case EvalObjectType::Condition:
+    return object.getCondition() ? identityOf(*object.getCondition()) : std::nullopt;
+  case EvalObjectType::Expression:
+  case EvalObjectType::Range: {
+    std::optional<std::string> low = identityOf(*object.getFrontExpression());
+    if (!low || !object.getRearExpression())
+      return low ? std::optional(negation + *low) : std::nullopt;
+    const std::optional<std::string> high = identityOf(*object.getRearExpression());
+    return high ? std::optional(negation + *low + " THRU " + *high) : std::nullopt;
+  }
+  }
+  return std::nullopt;
+}
+
+/// How an operand, an object and the objects of a WHEN are shown in a message.
+std::string shown(const Expression &operand) {
+  if (const auto *literal = llvm::dyn_cast<LiteralExpression>(&operand))
+    return shown(*literal);
+  const auto *item = llvm::dyn_cast<DataIdentifierExpression>(&operand);
+  return item ? nameOf(*item) : "...";
+}
+
+std::string shown(const EvaluateObject &object) {
+  if (const auto *name = llvm::dyn_cast_or_null<ConditionNameCondition>(object.getCondition()))
+    return shown(*name->getConditionName());
+  if (const auto *relation = llvm::dyn_cast_or_null<RelationalCondition>(object.getCondition()))
+    return shown(*relation->getLeft()) + " " + nameOf(relation->getConditionType()).str() + " " +
+           shown(*relation->getRight());
+  if (!object.getFrontExpression())
+    return nameOf(object.getType()).str();
+  return (object.isNot() ? "NOT " : "") + shown(*object.getFrontExpression()) +
+         (object.getRearExpression() ? " THRU " + shown(*object.getRearExpression()) : "");
+}
+
+std::string shown(const EvaluateWhen &phrase) {
+  std::string text;
+  for (const EvaluateObject *object : phrase.getWhenObjListElements())
+    text += (text.empty() ? "" : " ALSO ") + shown(*object);
+  return text;
+}
+
+/// Checks the WHEN phrases of one EVALUATE in their order.
+class WhenCheck {
+public:
+  explicit WhenCheck(LanguageReport &languageReport) : report(languageReport) {}
+
+  void check(EvaluateWhen &phrase, const EvaluateStatement &statement) {
+    const auto &subjects = statement.getSubjectListElements();
+    auto subject = subjects.begin();
+    for (const EvaluateObject *object : phrase.getWhenObjListElements()) {
+      check(*object, subject == subjects.end() ? nullptr : *subject);
+      if (subject != subjects.end())
+        ++subject;
+    }
+    checkRepeated(phrase);
+  }
+
+private:
+  void check(const EvaluateObject &object, const EvaluateSubject *subject) {
+    Expression *low = object.getFrontExpression();
+    Expression *high = object.getRearExpression();
+    if (low && high && isEmptyRange(*low, *high))
+      report.report(LanguageRule::RangeEmpty, *low, "WHEN",
+                    shown(llvm::cast<LiteralExpression>(*low)),
+                    shown(llvm::cast<LiteralExpression>(*high)));
+    else if (low && !high && !object.isNot() && subject && subject->getExpr())
+      checkHeld(*subject->getExpr(), *low, report);
+  }
+
+  /// The first phrase of two that are equal is chosen always.
+  void checkRepeated(EvaluateWhen &phrase) {
+    std::string identity;
+    for (const EvaluateObject *object : phrase.getWhenObjListElements()) {
+      std::optional<std::string> one = identityOf(*object);
+      if (!one)
+        return;
+      identity += *one + "\n";
+    }
+    auto [first, isNew] = phrases.try_emplace(identity, &phrase);
+    if (isNew)
+      return;
+    if (ErrorEntry *entry = report.report(LanguageRule::WhenRepeated, phrase, shown(phrase)))
+      entry->addNote("first written here", *first->second);
+  }
+
+  LanguageReport &report;
+  llvm::StringMap<EvaluateWhen *> phrases;
+};
+
 } // namespace
 
 void checkClassCondition(ClassCondition &condition, LanguageReport &report) {
@@ -190,19 +339,20 @@ void checkConditionValues(const DataDescription &name, LanguageReport &report) {
   }
 }
 
-void checkRanges(const EvaluateStatement &statement, LanguageReport &report) {
-  auto check = [&](const EvaluateObject &object) {
-    Expression *low = object.getFrontExpression();
-    Expression *high = object.getRearExpression();
-    if (low && high && isEmptyRange(*low, *high))
-      report.report(LanguageRule::RangeEmpty, *low, "WHEN",
-                    shown(llvm::cast<LiteralExpression>(*low)),
-                    shown(llvm::cast<LiteralExpression>(*high)));
-  };
+void checkWhens(EvaluateStatement &statement, LanguageReport &report) {
+  WhenCheck check(report);
   for (const EvaluateCase *group : statement.getWhenCaseListElements())
-    for (const EvaluateWhen *phrase : group->getWhenListElements())
-      for (const EvaluateObject *object : phrase->getWhenObjListElements())
-        check(*object);
+    for (EvaluateWhen *phrase : group->getWhenListElements())
+      if (phrase->getType() == EvalWhenType::When)
+        check.check(*phrase, statement);
+}
+
+void checkEquality(RelationalCondition &condition, LanguageReport &report) {
+  const RelationalConditionType relation = condition.getConditionType();
+  if (relation != RelationalConditionType::Equal && relation != RelationalConditionType::NotEqual)
+    return;
+  checkHeld(*condition.getLeft(), *condition.getRight(), report);
+  checkHeld(*condition.getRight(), *condition.getLeft(), report);
 }
 
 } // namespace tarka

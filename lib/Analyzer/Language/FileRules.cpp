@@ -117,13 +117,38 @@ void checkRecordLengths(FileDescription &file, LanguageReport &report) {
                   countOf(longest, "character"), *limit);
 }
 
+void checkBlock(const FileDescription &file, LanguageReport &report) {
+  const ClauseBlock *block = file.getBlock();
+  if (!block)
+    return;
+  const std::optional<std::int64_t> least = integerOf(block->getMinLength());
+  const std::optional<std::int64_t> most = integerOf(block->getMaxLength());
+  if (least && most && *least > *most)
+    report.report(LanguageRule::BlockLengthsReversed, *block->getMinLength(),
+                  file.getFileName()->getDisplayName(), *least, *most);
+}
+
 } // namespace
 
 void checkFileDescriptions(DataDivision &division, LanguageReport &report) {
   for (FileDescription *file : division.getFileSectionElements()) {
     checkLinage(*file, report);
+    checkBlock(*file, report);
     if (!report.isTreeIncomplete())
       checkRecordLengths(*file, report);
+    // A statement on the file has a message of its own.
+    if (report.hasEarlier())
+      continue;
+    Word &name = *file->getFileName();
+    const FileDescription *first = division.findFiles(name.getWordData()).front();
+    if (first != file) {
+      if (ErrorEntry *diagnostic =
+              report.report(LanguageRule::FileDescribedTwice, name, name.getDisplayName()))
+        diagnostic->addNote("first described here", *first->getFileName());
+    } else if (file->getRecordDescSize() == 0 && !file->getReport()) {
+      report.report(LanguageRule::FileWithoutRecord, name, name.getDisplayName(),
+                    file->getType() == FileDescType::SortMerge ? "SD" : "FD");
+    }
   }
 }
 
@@ -161,9 +186,44 @@ namespace {
 
 class FileStatementCheck : public StatementVisitor<FileStatementCheck> {
 public:
-  explicit FileStatementCheck(LanguageReport &languageReport) : report(languageReport) {}
+  FileStatementCheck(FileUsage &fileUsage, LanguageReport &languageReport)
+      : usage(fileUsage), report(languageReport) {}
+
+  void visitOpenStatement(OpenStatement &statement) {
+    llvm::SmallPtrSet<const FileDescription *, 8> named;
+    for (const OpenItem *item : statement.getItemListElements())
+      for (const OpenFile *file : item->getFileListElements())
+        if (const FileDescription *description = file->getFileName()->getFileDescription()) {
+          usage.addOpen(*description, item->getType());
+          checkNamedOnce(*file->getFileName(), named, "OPEN");
+        }
+  }
+
+  void visitReturnStatement(ReturnStatement &statement) {
+    if (const FileDescription *file = statement.getFileName()->getFileDescription())
+      usage.add(FileUse::Return, *file, *statement.getFileName());
+  }
+
+  void visitReleaseStatement(ReleaseStatement &statement) {
+    if (const FileDescription *file = fileOfRecord(statement.getRecordName()))
+      usage.add(FileUse::Release, *file, *statement.getRecordName());
+  }
+
+  void visitSortStatement(SortStatement &statement) {
+    if (const FileDescription *file = statement.getFileName()->getFileDescription())
+      usage.addSort(*file, statement.getInput(), statement.getOutput());
+  }
+
+  /// The program that gets the file can open it.
+  void visitCallStatement(CallStatement &statement) {
+    for (const Argument *argument : statement.getArgumentListElements())
+      if (const auto *file = llvm::dyn_cast_or_null<FileIdentifierExpression>(argument->getExpr());
+          file && file->getFileDescription())
+        usage.addPassed(*file->getFileDescription());
+  }
 
   void visitStartStatement(StartStatement &statement) {
+    addUse(FileUse::Start, *statement.getFileName());
     // That a key is none of the file is reported at the key.
     if (statement.getKey() && report.isReported(*statement.getKey()))
       return;
@@ -172,13 +232,14 @@ public:
   }
 
   void visitDeleteStatement(DeleteStatement &statement) {
+    addUse(FileUse::Delete, *statement.getFileName());
     if (checkOrganization("DELETE", *statement.getFileName()) &&
         statement.getInvalidKeyHandlerSize() > 0)
       checkAccess("INVALID KEY of DELETE", *statement.getFileName(), AccessType::Sequential);
   }
 
   void visitReadStatement(ReadStatement &statement) {
-    // The checks before this pass set NEXT where the access is sequential or dynamic.
+    addUse(FileUse::Read, *statement.getFileName());
     auto has = [&](ExceptionHandlerType type) {
       return llvm::any_of(statement.getErrorListElements(), [type](const ExceptionHandler *phrase) {
         return phrase->getType() == type;
@@ -189,7 +250,17 @@ public:
                     statement.getFileName()->getFileName()->getDisplayName());
       return;
     }
-    if (statement.isNextRecord())
+    // With sequential access, and with AT END, the checks before this pass set NEXT.
+    const FileDescription *file = statement.getFileName()->getFileDescription();
+    const ParaFileControl *control = file ? controlOf(*file) : nullptr;
+    const bool isNextWritten = statement.isNextRecord() && control && control->getAccess() &&
+                               control->getAccess()->getType() == AccessType::Dynamic &&
+                               (statement.getKeyName() || has(ExceptionHandlerType::InvalidKey));
+    if (isNextWritten)
+      report.report(LanguageRule::ReadNextPhrase, *statement.getFileName(),
+                    statement.getKeyName() ? "KEY" : "INVALID KEY",
+                    file->getFileName()->getDisplayName());
+    else if (statement.isNextRecord())
       checkAccess("READ NEXT", *statement.getFileName(), AccessType::Random);
     // AT END belongs to reading the next record, INVALID KEY to reading by a key.
     else if (has(ExceptionHandlerType::AtEnd))
@@ -199,8 +270,9 @@ public:
   }
 
   void visitRewriteStatement(RewriteStatement &statement) {
-    const DataDescription *record = entryOfDataIdentifier(*statement.getRecordName());
-    const FileDescription *file = record ? fileOfItem(*record) : nullptr;
+    const FileDescription *file = fileOfRecord(statement.getRecordName());
+    if (file)
+      usage.add(FileUse::Rewrite, *file, *statement.getRecordName());
     if (!file || statement.getInvalidKeyHandlerSize() == 0)
       return;
     // A record of a sequential file, or the last one read of a relative one, is not found by a key.
@@ -212,7 +284,11 @@ public:
   }
 
   void visitCloseStatement(CloseStatement &statement) {
+    llvm::SmallPtrSet<const FileDescription *, 8> named;
     for (CloseFile *file : statement.getCloseFileListElements()) {
+      // A file has several reels.
+      if (file->getOption() < CloseOption::Reel)
+        checkNamedOnce(*file->getFileName(), named, "CLOSE");
       const FileDescription *description = file->getFileName()->getFileDescription();
       const ParaFileControl *control = description ? controlOf(*description) : nullptr;
       const bool isOfTape =
@@ -225,13 +301,17 @@ public:
   }
 
   void visitWriteStatement(WriteStatement &statement) {
+    const FileDescription *file = fileOfRecord(statement.getRecordName());
+    if (!file)
+      return;
+    const ParaFileControl *control = controlOf(*file);
+    usage.add(control && isSequential(*control) ? FileUse::Write : FileUse::WriteByKey, *file,
+              *statement.getRecordName());
     auto phrase = llvm::find_if(statement.getExceptionHandlerListElements(),
                                 [](const ExceptionHandler *handler) {
                                   return handler->getType() == ExceptionHandlerType::EndOfPage;
                                 });
-    const DataDescription *record = statement.getRecordName()->getDataDescription();
-    const FileDescription *file = record ? fileOfItem(*record) : nullptr;
-    if (phrase == statement.getExceptionHandlerListElements().end() || !file)
+    if (phrase == statement.getExceptionHandlerListElements().end())
       return;
     if (!file->getLinage() && !report.isTreeIncomplete())
       report.report(LanguageRule::EndOfPageWithoutLinage, **phrase,
@@ -241,6 +321,8 @@ public:
   }
 
   void visitMergeStatement(MergeStatement &statement) {
+    if (const FileDescription *file = statement.getFileName()->getFileDescription())
+      usage.addSort(*file, nullptr, statement.getOutput());
     llvm::SmallPtrSet<const FileDescription *, 8> named;
     for (SortIO *phrase : {statement.getInput(), statement.getOutput()})
       if (phrase)
@@ -251,6 +333,25 @@ public:
   }
 
 private:
+  void addUse(FileUse use, FileIdentifierExpression &name) {
+    if (const FileDescription *file = name.getFileDescription())
+      usage.add(use, *file, name);
+  }
+
+  static const FileDescription *fileOfRecord(const Expression *name) {
+    const DataDescription *record = name ? entryOfDataIdentifier(*name) : nullptr;
+    return record ? fileOfItem(*record) : nullptr;
+  }
+
+  /// \p named are the files that the statement has named so far.
+  void checkNamedOnce(FileIdentifierExpression &name,
+                      llvm::SmallPtrSetImpl<const FileDescription *> &named, llvm::StringRef verb) {
+    const FileDescription *file = name.getFileDescription();
+    if (file && !named.insert(file).second)
+      report.report(LanguageRule::FileNamedTwice, name, file->getFileName()->getDisplayName(),
+                    verb);
+  }
+
   /// Null where \p file is a sort file or has no SELECT entry.
   static const ParaFileControl *controlOf(const FileDescription &file) {
     return file.getType() == FileDescType::File ? file.getFileControl() : nullptr;
@@ -298,13 +399,14 @@ private:
       checkAccess(what, name, *file, forbidden);
   }
 
+  FileUsage &usage;
   LanguageReport &report;
 };
 
 } // namespace
 
-void checkFileStatement(Statement &statement, LanguageReport &report) {
-  FileStatementCheck(report).visit(statement);
+void checkFileStatement(Statement &statement, FileUsage &usage, LanguageReport &report) {
+  FileStatementCheck(usage, report).visit(statement);
 }
 
 } // namespace tarka

@@ -49,6 +49,8 @@ public:
   void check(SourceUnit &unit) {
     report.setUnit(unit);
     current = &unit;
+    if (const ParaSpecialNames *names = unit.getSpecialNames())
+      checkSpecialNames(*names, report);
     checkFileControl(unit, report);
     if (DataDivision *division = unit.getDataDivision()) {
       checkFileDescriptions(*division, report);
@@ -60,6 +62,7 @@ public:
       embedded.check(*block, unit);
     if (ProcedureDivision *division = unit.getProcDivision())
       check(*division);
+    files.finish(report);
     for (SourceUnit *nested : unit.getNestedListElements())
       check(*nested);
   }
@@ -75,9 +78,18 @@ private:
     // What a declarative performs has been copied; it is checked where it is written.
     const NodeList<Section> &renamed = division.getRenameSectionListElements();
     const llvm::SmallPtrSet<const Section *, 4> copies(renamed.begin(), renamed.end());
-    for (Declaratives *declarative : division.getDeclElements())
-      if (!copies.contains(declarative->getSection()))
-        check(*declarative->getSection());
+    bool isUseMissing = true;
+    for (Declaratives *declarative : division.getDeclElements()) {
+      Section &section = *declarative->getSection();
+      if (copies.contains(&section))
+        continue;
+      // A section without USE belongs to the one before it.
+      isUseMissing &= !declarative->getUseStmt();
+      if (isUseMissing && !report.isTreeIncomplete())
+        report.report(LanguageRule::DeclarativeWithoutUse, *section.getSectionName(),
+                      section.getSectionName()->getDisplayName());
+      check(section);
+    }
     sentences(division.getSentElements(), {});
     for (Paragraph *paragraph : division.getParaElements())
       sentences(paragraph->getSentElements(), {.inParagraph = true});
@@ -100,7 +112,7 @@ private:
 
   void check(Statement &statement, const StatementContext &context) {
     checkOperands(statement, report);
-    checkFileStatement(statement, report);
+    checkFileStatement(statement, files, report);
     checkStatement(statement, context, report);
     if (auto *block = llvm::dyn_cast<ExecStatement>(&statement))
       embedded.check(*block, *current);
@@ -114,6 +126,7 @@ private:
 
   LanguageReport &report;
   EmbeddedCheck embedded;
+  FileUsage files;
   SourceUnit *current = nullptr;
 };
 

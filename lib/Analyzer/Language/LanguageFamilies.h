@@ -7,6 +7,7 @@
 #include "AST/Expression.h"
 #include "AST/Program.h"
 #include "AST/Statement.h"
+#include "FileUsage.h"
 #include "LanguageReport.h"
 
 namespace tarka {
@@ -14,7 +15,11 @@ namespace tarka {
 /// SELECT and FD entries and what statements do with files, FileRules.cpp.
 void checkFileDescriptions(DataDivision &division, LanguageReport &report);
 void checkFileControl(SourceUnit &unit, LanguageReport &report);
-void checkFileStatement(Statement &statement, LanguageReport &report);
+/// Adds what \p statement does with files to \p usage.
+void checkFileStatement(Statement &statement, FileUsage &usage, LanguageReport &report);
+
+/// CLASS, ALPHABET and SYMBOLIC CHARACTERS, SpecialNamesRules.cpp.
+void checkSpecialNames(const ParaSpecialNames &paragraph, LanguageReport &report);
 
 /// Subscripts and reference modifiers, TableRules.cpp.
 void checkRecords(DataDivision &division, LanguageReport &report);
@@ -25,8 +30,10 @@ void checkOperands(Statement &statement, LanguageReport &report);
 /// Conditions, and the values of a condition-name, ConditionRules.cpp.
 void checkClassCondition(ClassCondition &condition, LanguageReport &report);
 void checkConditionValues(const DataDescription &name, LanguageReport &report);
-/// The ranges after WHEN.
-void checkRanges(const EvaluateStatement &statement, LanguageReport &report);
+/// What follows WHEN: values, ranges and conditions.
+void checkWhens(EvaluateStatement &statement, LanguageReport &report);
+/// Whether the operands of = and NOT = can be equal.
+void checkEquality(RelationalCondition &condition, LanguageReport &report);
 
 /// The arguments of a function, FunctionRules.cpp.
 void checkArguments(FunctionIdentifierExpression &function, LanguageReport &report);

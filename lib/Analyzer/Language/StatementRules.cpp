@@ -1,10 +1,15 @@
 //===- StatementRules.cpp - parameters, other rules of one statement ------===//
 
+#include "AST/ClausePicture.h"
+#include "AST/KindNames.h"
 #include "AST/Procedure.h"
 #include "AST/StatementVisitor.h"
 #include "Analyzer/Expression/OperandKinds.h"
 #include "LanguageFamilies.h"
 #include "llvm/ADT/SmallPtrSet.h"
+#include "llvm/ADT/StringExtras.h"
+#include "llvm/ADT/StringSwitch.h"
+#include <bitset>
 
 namespace tarka {
 
@@ -25,6 +30,42 @@ bool isZero(const Expression &operand) {
     return llvm::StringRef(number->getData()).find_first_not_of("+-.0") == llvm::StringRef::npos;
   const auto *constant = llvm::dyn_cast<FigurativeLiteralExpression>(&operand);
   return constant && constant->getFigurativeType() == FigurativeType::Zero;
+}
+
+/// Whether \p item is \p group or in it.
+bool isIn(const DataDescription &item, const DataDescription &group) {
+  const DataDescription *around = &item;
+  while (around && around != &group)
+    around = around->getParent();
+  return around;
+}
+
+/// The registers that the XML parser and the compiler set. The entries of registers are supplied.
+bool isReadOnlyRegister(const DataDescription &entry) {
+  return entry.getOrigin() == Origin::Supplied && entry.getDataName() &&
+         llvm::StringSwitch<bool>(entry.getDataName()->getWordData())
+             .Cases("SHIFT-IN", "SHIFT-OUT", "WHEN-COMPILED", true)
+             .Cases("XML-EVENT", "XML-INFORMATION", "XML-TEXT", "XML-NTEXT", true)
+             .Cases("XML-NAMESPACE", "XML-NNAMESPACE", true)
+             .Cases("XML-NAMESPACE-PREFIX", "XML-NNAMESPACE-PREFIX", true)
+             .Default(false);
+}
+
+/// How many digits the system has for ACCEPT.
+int digitsOf(AcceptFromType source) {
+  switch (source) {
+  case AcceptFromType::Date:
+    return 6;
+  case AcceptFromType::DateYyyymmdd:
+  case AcceptFromType::Time:
+    return 8;
+  case AcceptFromType::Day:
+    return 5;
+  case AcceptFromType::DayYyyyddd:
+    return 7;
+  default:
+    return 0;
+  }
 }
 
 class StatementCheck : public StatementVisitor<StatementCheck> {
@@ -49,7 +90,40 @@ public:
       checkDivisor(*divisor, report);
   }
 
-  void visitEvaluateStatement(EvaluateStatement &statement) { checkRanges(statement, report); }
+  void visitEvaluateStatement(EvaluateStatement &statement) { checkWhens(statement, report); }
+
+  /// Characters at the end of an item are often left out, as the hundredths of the time, but digits
+  /// are lost at the front.
+  void visitAcceptStatement(AcceptStatement &statement) {
+    if (!statement.getFromType() || isReferenceModified(*statement.getVariable()))
+      return;
+    const AcceptFromType source = statement.getFromType()->getType();
+    const DataDescription *item = entryOfDataIdentifier(*statement.getVariable());
+    const ClausePicture *picture = item ? item->getPicture() : nullptr;
+    if (!picture || item->getDataCategory() != DataCategory::Numeric)
+      return;
+    const int places = picture->getDigitNum() - picture->getScale();
+    if (places < digitsOf(source))
+      report.report(LanguageRule::AcceptTooShort, *statement.getVariable(), nameOf(*item),
+                    countOf(places, "digit"), nameOf(source), digitsOf(source));
+  }
+
+  void visitInspectStatement(InspectStatement &statement) {
+    if (const ConvertingItem *phrase = statement.getConverting())
+      if (auto *literal = llvm::dyn_cast<NonNumericLiteralExpression>(phrase->getExpr()))
+        checkConverted(*literal);
+  }
+
+  void visitJsonGenerateStatement(JsonGenerateStatement &statement) {
+    checkJsonText(*statement.getReceiverListElements().front());
+    if (statement.getReceiverListSize() > 1)
+      checkJsonCount(*statement.getReceiverListElements().back());
+    checkJsonItems(*statement.getSourceListElements().front(), statement, "JSON GENERATE");
+  }
+  void visitJsonParseStatement(JsonParseStatement &statement) {
+    checkJsonText(*statement.getSourceListElements().front());
+    checkJsonItems(*statement.getReceiverListElements().front(), statement, "JSON PARSE");
+  }
 
   void visitPerformStatement(PerformStatement &statement) {
     if (const PerformProcedure *range = statement.getProcedureName())
@@ -68,16 +142,12 @@ public:
       report.report(LanguageRule::SortOfNoTable, *parts.front(), nameOf(*table));
       return;
     }
-    for (Expression *key : parts) {
-      const DataDescription *entry = entryOfDataIdentifier(*key);
-      if (!entry || isUnknown(*key))
-        continue;
-      const DataDescription *group = entry;
-      while (group && group != table)
-        group = group->getParent();
-      if (!group)
+    if (!statement.isOrdered() && table->getOccurs()->getKeysSize() == 0)
+      report.report(LanguageRule::SortWithoutKey, *parts.front(), nameOf(*table));
+    for (Expression *key : parts)
+      if (const DataDescription *entry = entryOfDataIdentifier(*key);
+          entry && !isUnknown(*key) && !isIn(*entry, *table))
         report.report(LanguageRule::SortKeyOutsideTable, *key, nameOf(*entry), nameOf(*table));
-    }
   }
 
   void visitAllocateStatement(AllocateStatement &statement) {
@@ -117,6 +187,60 @@ private:
       report.report(LanguageRule::PointerNeeded, operand, nameOf(*entry), what);
   }
 
+  void checkConverted(NonNumericLiteralExpression &literal) {
+    if (literal.getNonNumericLiteralType() != NonNumericLiteralType::Alphanumeric)
+      return;
+    std::bitset<256> found;
+    for (const char c : literal.getData()) {
+      // Characters of several bytes have bytes in common.
+      if (!llvm::isASCII(c))
+        return;
+      const auto code = static_cast<unsigned char>(c);
+      if (found.test(code)) {
+        report.report(LanguageRule::ConvertingRepeated, literal, llvm::StringRef(&c, 1));
+        return;
+      }
+      found.set(code);
+    }
+  }
+
+  /// What JSON text is made in or read from.
+  void checkJsonText(Expression &operand) {
+    const DataDescription *entry = entryOfDataIdentifier(operand);
+    if (!entry || isUnknown(operand) || isConditionName(*entry))
+      return;
+    switch (operand.getDataCategory()) {
+    case DataCategory::Numeric:
+    case DataCategory::NumericEdited:
+    case DataCategory::Alphabetic:
+    case DataCategory::AlphanumericEdited:
+    case DataCategory::InternalFloat:
+    case DataCategory::ExternalFloat:
+      report.report(LanguageRule::JsonTextOperand, operand, nameOf(*entry));
+      break;
+    default:
+      break;
+    }
+  }
+
+  void checkJsonCount(Expression &operand) {
+    const DataDescription *entry = entryOfDataIdentifier(operand);
+    if (entry && !isUnknown(operand) && !holdsInteger(operand))
+      report.report(LanguageRule::JsonCountNotInteger, operand, nameOf(*entry));
+  }
+
+  /// NAME and SUPPRESS name items of the one that is converted.
+  void checkJsonItems(Expression &converted, const OperandStatement &statement,
+                      llvm::StringRef what) {
+    const DataDescription *group = entryOfDataIdentifier(converted);
+    if (!group || isUnknown(converted) || !group->getDataName())
+      return;
+    for (Expression *item : statement.getPartListElements())
+      if (const DataDescription *entry = entryOfDataIdentifier(*item);
+          entry && !isUnknown(*item) && !isIn(*entry, *group))
+        report.report(LanguageRule::JsonItemOutside, *item, nameOf(*entry), nameOf(*group), what);
+  }
+
   void checkStep(const PerformVarying &phrase) {
     auto *step = llvm::dyn_cast_or_null<NumericLiteralExpression>(phrase.getByIdentifier());
     const DataDescription *varied = phrase.getVaryingIdentifier()
@@ -152,8 +276,19 @@ private:
   }
 
   void checkReceiver(IdentifierExpression &target) {
+    if (const DataDescription *entry = entryOfDataIdentifier(target)) {
+      if (isReadOnlyRegister(*entry))
+        report.report(LanguageRule::RegisterReadOnly, target, nameOf(*entry));
+      return;
+    }
     auto *special = llvm::dyn_cast<SpecialRegisterIdentifierExpression>(&target);
-    if (!special || special->getType() != SpecialRegisterType::LengthOf)
+    if (!special)
+      return;
+    if (special->getType() >= SpecialRegisterType::XmlEvent &&
+        special->getType() <= SpecialRegisterType::XmlNNamespacePrefix)
+      report.report(LanguageRule::RegisterReadOnly, target,
+                    special->getRegisterWord()->getDisplayName());
+    if (special->getType() != SpecialRegisterType::LengthOf)
       return;
     if (const DataDescription *entry = special->getDataDescription(); entry && entry->getDataName())
       report.report(LanguageRule::LengthOfAsReceiver, target,

@@ -204,6 +204,13 @@ public:
     for (Expression *argument : function.getFunctionArgListElements())
       check(argument, takesTables ? OperandPlace::WholeTable : OperandPlace::FunctionArgument);
     checkParts(function.getReferenceMod());
+    // The two functions that give the date, the time and the distance from Greenwich.
+    constexpr std::int64_t dateLength = 21;
+    const bool isDate = function.getIntrinsicType() == IntrinsicType::CurrentDate ||
+                        function.getIntrinsicType() == IntrinsicType::WhenCompiled;
+    if (isDate && function.getReferenceMod())
+      checkModifier(function, *function.getReferenceMod(),
+                    function.getFunctionName()->getDisplayName(), dateLength);
   }
 
   void visitSpecialRegisterIdentifierExpression(SpecialRegisterIdentifierExpression &special) {
@@ -235,6 +242,7 @@ private:
     if (auto *name = llvm::dyn_cast<ConditionNameCondition>(&condition)) {
       check(static_cast<Expression *>(name->getConditionName()));
     } else if (auto *relation = llvm::dyn_cast<RelationalCondition>(&condition)) {
+      checkEquality(*relation, report);
       check(relation->getLeft());
       check(relation->getRight());
     } else if (auto *abbreviated = llvm::dyn_cast<AbbrRelationalCondition>(&condition)) {
@@ -344,18 +352,25 @@ private:
 
   void checkModifier(DataIdentifierExpression &identifier, const DataDescription &entry) {
     const ReferenceModifier *modifier = identifier.getReferenceMod();
-    if (!modifier || !modifier->getFromExpr() || entry.getStorageType() == StorageType::Report)
+    if (!modifier || entry.getStorageType() == StorageType::Report)
       return;
     const std::int64_t size = entry.getAllocSize();
     if (size <= 0 || entry.isTooLarge() || isUnknown(identifier))
       return;
     // National and DBCS characters take two bytes each.
     const UsageType usage = entry.getUsageType();
-    const std::int64_t characters =
-        usage == UsageType::National || usage == UsageType::Display1 ? size / 2 : size;
-    std::optional<std::int64_t> from = constantOf(*modifier->getFromExpr());
+    const bool isWide = usage == UsageType::National || usage == UsageType::Display1;
+    checkModifier(identifier, *modifier, nameOf(identifier), isWide ? size / 2 : size);
+  }
+
+  /// A part of \p operand, which has \p characters.
+  void checkModifier(Expression &operand, const ReferenceModifier &modifier, llvm::StringRef name,
+                     std::int64_t characters) {
+    if (!modifier.getFromExpr())
+      return;
+    std::optional<std::int64_t> from = constantOf(*modifier.getFromExpr());
     std::optional<std::int64_t> count =
-        modifier->getCountExpr() ? constantOf(*modifier->getCountExpr()) : std::nullopt;
+        modifier.getCountExpr() ? constantOf(*modifier.getCountExpr()) : std::nullopt;
     const bool isBeginOutside = from && (*from < 1 || *from > characters);
     const bool isCountOutside = count && (*count < 1 || *count > characters);
     const bool isEndOutside = from && count && *from + *count - 1 > characters;
@@ -366,10 +381,9 @@ private:
         return std::string();
       return value ? std::to_string(*value) : std::string("...");
     };
-    report.report(LanguageRule::ModifierOutOfRange, identifier,
-                  shown(modifier->getFromExpr(), from) + ":" +
-                      shown(modifier->getCountExpr(), count),
-                  nameOf(identifier), countOf(characters, "character"));
+    report.report(LanguageRule::ModifierOutOfRange, operand,
+                  shown(modifier.getFromExpr(), from) + ":" + shown(modifier.getCountExpr(), count),
+                  name, countOf(characters, "character"));
   }
 
   LanguageReport &report;

@@ -35,7 +35,7 @@
       *> expect@+1: 3119:21-25
            ALPHABET TWICE IS NATIVE
            ALPHABET TWICE IS 'A' ALSO 'B'
-           ALPHABET RANGE IS 'Z' THRU 'A' 'XY' '0' ALSO '1'
+           ALPHABET RANGE IS 'Z' THRU 'A' 'XY' '0' ALSO '1' *> expect: 5072
       *> expect@+1: 3110:36-36 3110:43-43 3109:43-43
            ALPHABET MIX-UP IS 'A', 1 THRU 3
       *> expect@+1: 3111:30-33

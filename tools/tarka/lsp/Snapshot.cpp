@@ -3,6 +3,7 @@
 #include "lsp/Snapshot.h"
 #include "Analyzer/CFGBuilder.h"
 #include "Configuration.h"
+#include "Parse/SourceFile.h"
 #include "Report/Excerpt.h"
 #include "lsp/Features.h"
 #include "lsp/Frames.h"
@@ -18,9 +19,6 @@
 namespace tarka::lsp {
 
 namespace {
-
-/// The mark by which a text is known to be UTF-8, whatever the encoding of the files is.
-constexpr llvm::StringLiteral byteOrderMark = "\xEF\xBB\xBF";
 
 /// The file system with the texts of the editor laid over it.
 llvm::IntrusiveRefCntPtr<llvm::vfs::FileSystem> overlay(const OpenTexts &texts, bool isDecoded) {
