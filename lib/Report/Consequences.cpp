@@ -893,18 +893,10 @@ std::size_t ConsequenceFinder::causeOfName(std::size_t index) {
     return cause;
   if (!isAbout)
     return none;
-  if (!diagnostic.suggestion.empty()) {
+  if (!diagnostic.suggestion.empty())
     if (const std::size_t cause = damage.ofDeclaration(diagnostic.suggestion, isProcedure);
         cause != none)
       return cause;
-    // The name itself may be what is wrong with the entry of the one that is near.
-    if (const Homonyms items =
-            Scope(diagnostic.unit)
-                .findItems(&internString(llvm::StringRef(diagnostic.suggestion).upper()));
-        items && !isProcedure && isUndefined(diagnostic.number))
-      if (const std::size_t cause = damage.ofEntry(items.entries->front()); cause != none)
-        return cause;
-  }
 
   // A function stands without FUNCTION by the REPOSITORY paragraph, which could not be read.
   if (findIntrinsicFunction(llvm::StringRef(name).take_while(isNameCharacter)))

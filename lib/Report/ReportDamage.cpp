@@ -627,12 +627,6 @@ std::size_t ReportDamage::ofEntryOrGroup(const DataDescription *entry, std::size
   return noDiagnostic;
 }
 
-std::size_t ReportDamage::ofEntry(const DataDescription *entry) const {
-  const auto found = entries.find(entry);
-  return found != entries.end() && isOfFrontEnd(diagnostics[found->second].number) ? found->second
-                                                                                   : noDiagnostic;
-}
-
 std::size_t ReportDamage::ofUndescribedFile(const SourceUnit *unit) const {
   for (; unit; unit = unit->getParent())
     if (const auto found = undescribedFiles.find(unit); found != undescribedFiles.end())

@@ -58,8 +58,6 @@ public:
   std::size_t ofEntryOrGroup(const DataDescription *entry, std::size_t except) const;
   /// The error of the SELECT or FD entry of \p file, or of its records, other than \p except.
   std::size_t of(const FileDescription *file, std::size_t except) const;
-  /// The error of the front end in \p entry itself.
-  std::size_t ofEntry(const DataDescription *entry) const;
   /// The error of a group around \p entry that has a PICTURE, which members cannot belong to.
   std::size_t ofGroupWithPicture(const DataDescription *entry) const;
   /// The error of the entry before \p entry where that is a group without members: its members may
