@@ -53,7 +53,8 @@ private:
     return !isComment && !program.trim().empty();
   }
 
-  void insertHeader(const Diagnostic &diagnostic, const SourceRange &first);
+  void insertHeader(llvm::StringRef header, std::size_t index);
+  std::size_t recordLine(llvm::StringRef name) const;
   void exchangeLines(std::size_t first);
   void removeLine(std::size_t index);
   void breakLine(const SourceRange &place);
@@ -85,16 +86,25 @@ private:
   std::vector<Repair> repairs;
 };
 
-/// Inserts the header that \p diagnostic misses, before the line of the \p first error.
-void RepairFinder::insertHeader(const Diagnostic &diagnostic, const SourceRange &first) {
-  const llvm::StringRef header =
-      llvm::StringRef(diagnostic.text).split("the header ").second.split(" is missing").first;
-  const std::size_t index = first.beginLine - 1;
+/// Inserts \p header before the line at \p index.
+void RepairFinder::insertHeader(llvm::StringRef header, std::size_t index) {
   add(replaceLines(index, index,
                    llvm::Twine(std::string(indicatorColumn, ' ')) + header + ".\n" + lines[index]),
       index,
       "the header " + header + " may be missing before line " + llvm::Twine(index + 1) +
           ": with it");
+}
+
+/// The index of the line with the level 01 or 77 entry of \p name; that behind the last line where
+/// none begins with it.
+std::size_t RepairFinder::recordLine(llvm::StringRef name) const {
+  for (const unsigned index : codeLines) {
+    auto [level, rest] = llvm::getToken(programText(lines[index]));
+    const bool isRecord = level == "01" || level == "1" || level == "77";
+    if (isRecord && llvm::getToken(rest, " .").first.equals_insensitive(name))
+      return index;
+  }
+  return lines.size();
 }
 
 /// Exchanges number \p first of the lines with program text and the next one.
@@ -159,8 +169,8 @@ RepairFinder::wordBefore(llvm::StringRef line, std::size_t offset) const {
   return last;
 }
 
-/// Removes the word at \p place, exchanges it with its neighbours, or ends the text before it with
-/// a period.
+/// Removes the word at \p place, divides it at a hyphen, exchanges it with its neighbours, or ends
+/// the text before it with a period.
 void RepairFinder::changeWords(const SourceRange &place) {
   const std::size_t index = place.beginLine - 1;
   const llvm::StringRef whole = lines[index];
@@ -190,6 +200,12 @@ void RepairFinder::changeWords(const SourceRange &place) {
   };
   change(line.take_front(begin) + line.drop_front(end),
          "'" + name + "' may be superfluous: without it");
+  for (std::size_t hyphen = name.find('-');
+       hyphen != llvm::StringRef::npos && llvm::isAlpha(name[0]);
+       hyphen = name.find('-', hyphen + 1))
+    change(line.take_front(begin + hyphen) + " " + line.drop_front(begin + hyphen + 1),
+           "'" + name + "' may be two words: as '" + name.take_front(hyphen) + "' and '" +
+               name.drop_front(hyphen + 1) + "'");
   const auto before = wordBefore(line, begin);
   if (before) {
     exchange(*before, *word);
@@ -216,6 +232,7 @@ void RepairFinder::changeWords(const SourceRange &place) {
 
 std::vector<Repair> RepairFinder::find(llvm::ArrayRef<Diagnostic> diagnostics) {
   llvm::SmallVector<SourceRange, maxAnchors> anchors;
+  std::size_t firstParameter = lines.size();
   for (const Diagnostic &diagnostic : diagnostics) {
     const SourceRange &place = diagnostic.place;
     if (!isFinding(diagnostic) || place.file != file || place.beginLine == 0 ||
@@ -226,8 +243,14 @@ std::vector<Repair> RepairFinder::find(llvm::ArrayRef<Diagnostic> diagnostics) {
     if (isTextPastMargin(diagnostic.number))
       breakLine(place);
     if (isMissingHeader(diagnostic.number))
-      insertHeader(diagnostic, anchors.front());
+      insertHeader(
+          llvm::StringRef(diagnostic.text).split("the header ").second.split(" is missing").first,
+          anchors.front().beginLine - 1);
+    if (isAboutLinkage(diagnostic.number))
+      firstParameter = std::min(firstParameter, recordLine(diagnostic.subject));
   }
+  if (firstParameter < lines.size())
+    insertHeader("LINKAGE SECTION", firstParameter);
   for (const SourceRange &place : anchors) {
     const auto own = llvm::lower_bound(codeLines, place.beginLine - 1);
     const auto at = static_cast<std::size_t>(own - codeLines.begin());

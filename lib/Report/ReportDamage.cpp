@@ -446,11 +446,14 @@ std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
     const EnvironmentDivision *division = unit->getEnvironmentDivision();
     const ConfigurationSection *section = division ? division->getConfigurationSection() : nullptr;
     const ParaSpecialNames *names = section ? section->getSpecialNames() : nullptr;
-    if (!names)
+    // Without the paragraph its header may be what could not be read.
+    if (!names && !division)
       continue;
-    const SourceRange &range = names->getRange();
+    const SourceRange &range = names ? names->getRange() : division->getRange();
     // The paragraph may have ended too early.
-    const SourceRange end(range.file, range.endLine, 1, range.endLine + 1, maxLineLength);
+    SourceRange end(range.file, range.endLine, 1, range.endLine + 1, maxLineLength);
+    if (!names && behind)
+      end = SourceRange(range.file, 1, 1, behind->getRange().beginLine, 1);
     if (const std::size_t cause = between(range, end); cause != noDiagnostic)
       return cause;
   }
