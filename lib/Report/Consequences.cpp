@@ -786,9 +786,6 @@ std::size_t ConsequenceFinder::causeOfUse(std::size_t index) {
     if (data && llvm::none_of(data->getLinkSectionElements(),
                               [](const DataDescription *record) { return record->isWritten(); }))
       key = "LINKAGE";
-  } else if (isAboutRecordArea(diagnostic.number) || isAboutKeyOfFile(diagnostic.number)) {
-    if (const FileDescription *file = fileWithoutOrganization(diagnostic))
-      key = "ORGANIZATION " + file->getFileName()->getDisplayName();
   } else if (isAboutSortRecord(diagnostic.number)) {
     // The record of the sort file is the same for all files of the statement.
     const SourceRange &place = diagnostic.place;
@@ -796,6 +793,9 @@ std::size_t ConsequenceFinder::causeOfUse(std::size_t index) {
     if (name != none)
       return name;
     key = "SORT " + std::to_string(place.file) + ' ' + std::to_string(place.beginLine);
+  } else if (isAboutRecordArea(diagnostic.number) || isAboutKeyOfFile(diagnostic.number)) {
+    if (const FileDescription *file = fileWithoutOrganization(diagnostic))
+      key = "ORGANIZATION " + file->getFileName()->getDisplayName();
   }
   if (key.empty())
     return none;
