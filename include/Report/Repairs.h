@@ -11,6 +11,10 @@
 #define TARKA_REPORT_REPAIRS_H
 
 #include "Report/Diagnostic.h"
+#include "llvm/ADT/ArrayRef.h"
+#include "llvm/ADT/StringRef.h"
+#include <cstddef>
+#include <string>
 #include <vector>
 
 namespace tarka {

@@ -6,7 +6,10 @@
 #include "llvm/ADT/STLExtras.h"
 #include "llvm/ADT/StringExtras.h"
 #include "llvm/ADT/StringMap.h"
+#include "llvm/ADT/Twine.h"
+#include <cstdlib>
 #include <optional>
+#include <tuple>
 
 namespace tarka {
 
@@ -327,8 +330,8 @@ void explainBy(const Repair &repair, std::vector<Diagnostic> &diagnostics,
     return std::tuple(!isError(diagnostics[index].severity), place.file != repair.place.file,
                       std::abs(lines));
   };
-  const std::size_t cause = *llvm::min_element(explained, [&](std::size_t left, std::size_t right) {
-    return distance(left) < distance(right);
+  const std::size_t cause = *llvm::min_element(explained, [&](std::size_t one, std::size_t other) {
+    return distance(one) < distance(other);
   });
   const std::size_t others = explained.size() - 1;
   diagnostics[cause].notes.push_back({repair.description + " this and " + std::to_string(others) +
