@@ -12,7 +12,7 @@ import os
 import sys
 import tempfile
 
-from constructs import COMMANDS, CONSTRUCTS, Case, program, storage
+from constructs import COMMANDS, CONSTRUCTS, Case, fixed, program, storage
 from measure import instructions
 
 
@@ -41,8 +41,12 @@ def main():
             return instructions([arguments.tarka, *(word.replace("FILE", path) for word in case.command)])
 
         def empty(case):
-            return count(Case(program(storage(), ["    ADD 1 TO A."]), case.command)
-                         if isinstance(case, Case) else program(storage(), ["    ADD 1 TO A."]))
+            lines = program(storage(), ["    ADD 1 TO A."])
+            if not isinstance(case, Case):
+                return count(lines)
+            if "--source-format=fixed" in case.command:
+                lines = fixed(lines).lines
+            return count(Case(lines, case.command))
 
         failed = False
         without = {}

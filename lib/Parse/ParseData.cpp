@@ -247,7 +247,10 @@ private:
       open.clear();
     if (open.empty() && isTextMissing && level > 1 && level < 50) {
       // The group is in the copybook that was not found, or stands before the COPY of this one.
-      auto *group = ParserBase::makeAt<DataDescription>(entry->getRange());
+      const SourceRange &place = entry->getRange();
+      DataDescription *group = llvm::isa<ReportDataDescription>(entry)
+                                   ? ParserBase::makeAt<ReportDataDescription>(place)
+                                   : ParserBase::makeAt<DataDescription>(place);
       group->setLevelNum(1);
       begin(group);
     }

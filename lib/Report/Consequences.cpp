@@ -244,7 +244,8 @@ private:
   std::size_t causeOfUse(std::size_t index);
   std::size_t causeOfStrayEnd(const Diagnostic &diagnostic) const;
   std::size_t causeOfUnselectedText(const Diagnostic &diagnostic) const;
-  std::string repeatedTextOf(llvm::StringRef name, const SourceUnit *unit) const;
+  const std::string &repeatedTextOf(llvm::StringRef name, const SourceUnit *unit);
+  std::string findRepeatedText(llvm::StringRef name, const SourceUnit *unit) const;
   std::size_t causeOfOtherName(std::size_t index);
   std::size_t causeOfLineItems(std::size_t index) const;
   std::size_t causeOfItemOrFile(const DataDescription *item, std::size_t index) const;
@@ -254,7 +255,7 @@ private:
   std::size_t causeOfName(std::size_t index);
   std::size_t causeOfItem(std::size_t index);
   std::string missingName(const Diagnostic &diagnostic) const;
-  std::string keyOf(const Diagnostic &diagnostic, llvm::StringRef name) const;
+  std::string keyOf(const Diagnostic &diagnostic, llvm::StringRef name);
   bool isName(const Diagnostic &diagnostic) const;
   bool isHeaderOf(llvm::StringRef name, const SourceRange &place) const;
   std::size_t rootOf(std::size_t index) const;
@@ -295,6 +296,8 @@ private:
   llvm::DenseMap<const SourceUnit *, std::size_t> missingTables;
   /// The words in upper case that begin no statement: names where they are meant to be operands.
   llvm::StringMap<std::size_t> strayWords;
+  /// Answers of repeatedTextOf().
+  std::map<std::pair<const SourceUnit *, std::string>, std::string> repeatedTexts;
   /// The records and files of outer programs of which an item was reported that a nested one does
   /// not see.
   llvm::DenseMap<const Node *, std::size_t> hiddenRecords;
@@ -1025,11 +1028,11 @@ std::size_t ConsequenceFinder::causeOfOuterName(std::size_t index, llvm::StringR
 }
 
 /// Equal for diagnostics that say the same of the same name.
-std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringRef name) const {
+std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringRef name) {
   if (isAboutFile(diagnostic.number))
     return "FILE " + name.str();
   if (isAmbiguous(diagnostic.number))
-    if (const std::string text = repeatedTextOf(name, diagnostic.unit); !text.empty())
+    if (const std::string &text = repeatedTextOf(name, diagnostic.unit); !text.empty())
       return "TWICE " + text;
   if (isAboutProcedure(diagnostic.number) && isAboutMissingName(diagnostic.number))
     return "PROCEDURE " + name.str();
@@ -1046,7 +1049,15 @@ std::string ConsequenceFinder::keyOf(const Diagnostic &diagnostic, llvm::StringR
 /// The text that is there twice, so that all names that it declares are ambiguous, \p name among
 /// them: a copybook, a line, or a record, by its name. Empty where the entries of that name have
 /// nothing else in common.
-std::string ConsequenceFinder::repeatedTextOf(llvm::StringRef name, const SourceUnit *unit) const {
+const std::string &ConsequenceFinder::repeatedTextOf(llvm::StringRef name, const SourceUnit *unit) {
+  const auto [known, isNew] = repeatedTexts.try_emplace({unit, name.str()});
+  if (isNew)
+    known->second = findRepeatedText(name, unit);
+  return known->second;
+}
+
+std::string ConsequenceFinder::findRepeatedText(llvm::StringRef name,
+                                                const SourceUnit *unit) const {
   const Homonyms items = Scope(const_cast<SourceUnit *>(unit)).findItems(&internString(name));
   if (!items || items.entries->size() < 2)
     return "";

@@ -1,0 +1,9 @@
+       IDENTIFICATION DIVISION.
+       PROGRAM-ID. H1.
+       DATA DIVISION.
+       REPORT SECTION.
+       RD  R-1.
+       COPY MISSING1.
+           05  LINE 1 COLUMN 2 PIC X VALUE 'A'.
+       PROCEDURE DIVISION.
+           STOP RUN.
