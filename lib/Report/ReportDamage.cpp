@@ -438,11 +438,12 @@ std::size_t ReportDamage::ofCutWord(const SourceRange &place) const {
 std::size_t ReportDamage::ofSpecialNames(const SourceUnit *unit) const {
   for (; unit; unit = unit->getParent()) {
     const InputOutputSection *behind = unit->getInputOutputSection();
-    for (const MissingText &text : missingTexts)
-      if (isMissingCopybook(diagnostics[text.error].number) && places.unitAt(text.place) == unit &&
-          isBeforeData(text.place) &&
-          !(behind && beginOf(behind->getRange()) < beginOf(text.place)))
-        return text.error;
+    const std::size_t copybook = missingCopybookWhere([&](const SourceRange &place) {
+      return places.unitAt(place) == unit && isBeforeData(place) &&
+             !(behind && beginOf(behind->getRange()) < beginOf(place));
+    });
+    if (copybook != noDiagnostic)
+      return copybook;
     const EnvironmentDivision *division = unit->getEnvironmentDivision();
     const ConfigurationSection *section = division ? division->getConfigurationSection() : nullptr;
     const ParaSpecialNames *names = section ? section->getSpecialNames() : nullptr;
@@ -476,6 +477,15 @@ std::size_t ReportDamage::ofProcedureHeader(const SourceUnit *caller) const {
   return noDiagnostic;
 }
 
+/// The first error of a missing copybook whose place \p isMeant.
+std::size_t
+ReportDamage::missingCopybookWhere(llvm::function_ref<bool(const SourceRange &)> isMeant) const {
+  for (const MissingText &text : missingTexts)
+    if (isMissingCopybook(diagnostics[text.error].number) && isMeant(text.place))
+      return text.error;
+  return noDiagnostic;
+}
+
 std::size_t ReportDamage::ofMissingCopybookIn(const DataDescription *entry) const {
   if (missingTexts.empty() || !entry->isWritten())
     return noDiagnostic;
@@ -494,31 +504,26 @@ std::size_t ReportDamage::ofMissingCopybookIn(const DataDescription *entry) cons
   next = std::find_if(next, ofFile.end(), [&](const DataDescription *other) {
     return other->getLevelNum() <= entry->getLevelNum() || other->getLevelNum() == 77;
   });
-  for (const MissingText &text : missingTexts)
-    if (isMissingCopybook(diagnostics[text.error].number) && text.place.file == range.file &&
-        begin < beginOf(text.place) && places.unitAt(text.place) == places.unitAt(range) &&
-        !places.isInProcedures(text.place) &&
-        (next == ofFile.end() || beginOf(text.place) < beginOf((*next)->getRange())))
-      return text.error;
-  return noDiagnostic;
+  return missingCopybookWhere([&](const SourceRange &place) {
+    return place.file == range.file && begin < beginOf(place) &&
+           places.unitAt(place) == places.unitAt(range) && !places.isInProcedures(place) &&
+           (next == ofFile.end() || beginOf(place) < beginOf((*next)->getRange()));
+  });
 }
 
 std::size_t ReportDamage::ofMissingCopybookIn(const SourceRange &range) const {
-  for (const MissingText &text : missingTexts)
-    if (isMissingCopybook(diagnostics[text.error].number) && text.place.file == range.file &&
-        range.beginLine <= text.place.beginLine && text.place.endLine <= range.endLine)
-      return text.error;
-  return noDiagnostic;
+  return missingCopybookWhere([&](const SourceRange &place) {
+    return place.file == range.file && range.beginLine <= place.beginLine &&
+           place.endLine <= range.endLine;
+  });
 }
 
 std::size_t ReportDamage::ofMissingCopybookIn(const FileDescription *file) const {
-  for (const MissingText &text : missingTexts) {
-    const ProgramPlaces::FilePart *part = places.filePartBefore(text.place);
-    if (part && part->file == file && isMissingCopybook(diagnostics[text.error].number) &&
-        !isBeforeData(text.place) && places.unitAt(text.place) == places.unitAt(part->range))
-      return text.error;
-  }
-  return noDiagnostic;
+  return missingCopybookWhere([&](const SourceRange &place) {
+    const ProgramPlaces::FilePart *part = places.filePartBefore(place);
+    return part && part->file == file && !isBeforeData(place) &&
+           places.unitAt(place) == places.unitAt(part->range);
+  });
 }
 
 std::size_t ReportDamage::ofOperand(const Node *node) const {

@@ -15,6 +15,7 @@
 #include "Report/Consequences.h"
 #include "llvm/ADT/DenseMap.h"
 #include "llvm/ADT/DenseSet.h"
+#include "llvm/ADT/STLFunctionalExtras.h"
 #include "llvm/ADT/StringMap.h"
 
 namespace tarka {
@@ -114,6 +115,7 @@ private:
   void noteFileBefore(std::size_t index);
   void noteFileBehind(std::size_t index);
   void noteMissingLines();
+  std::size_t missingCopybookWhere(llvm::function_ref<bool(const SourceRange &)> isMeant) const;
   bool isNameReserved(std::size_t index) const;
   bool isBeforeData(const SourceRange &place) const;
   const DataDescription *entryBefore(const SourceRange &place) const;
